@@ -1,0 +1,5 @@
+include(GNUInstallDirs)
+
+install(TARGETS tavplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY template dives DESTINATION ${CMAKE_INSTALL_DATADIR}/tav)
+install(FILES docs/tavplan.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

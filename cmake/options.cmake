@@ -1,0 +1,37 @@
+# What every target of the project is compiled with.
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(tav_options INTERFACE)
+target_include_directories(tav_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(tav_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+  -Wcast-align -Woverloaded-virtual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Werror
+  # A fused multiply-add rounds once where two operations round twice: schedules must not depend on the machine.
+  -ffp-contract=off)
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 sees overlapping copies in std::string where there are none (GCC bug 105651).
+  target_compile_options(tav_options INTERFACE -Wno-restrict)
+endif()
+
+if(TAV_SANITIZE)
+  target_compile_options(tav_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tav_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(TAV_TIDY)
+  find_program(CLANG_TIDY clang-tidy REQUIRED)
+  set(CMAKE_CXX_CLANG_TIDY ${CLANG_TIDY} --quiet)
+endif()
+
+# tav_library(NAME DEPENDENCY...): the static library of the current folder, made of all sources in it.
+function(tav_library name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC tav_options ${ARGN})
+endfunction()

@@ -1,0 +1,66 @@
+#include <ostream>
+
+#include "cli/commands.h"
+#include "persist/profile_file.h"
+#include "persist/template_file.h"
+
+namespace tav {
+namespace {
+
+bool IsTemplate(const std::string& file, const std::string& text) {
+  if (file.ends_with(kTemplateExtension)) return true;
+  if (file.ends_with(kProfileExtension)) return false;
+  return text.find("\nStart of Profile") == std::string::npos;
+}
+
+void CheckTemplate(const std::string& text, FormatFaults& faults) {
+  DiveTemplate diveTemplate;
+  const KeyLines keys = ReadTemplateText(diveTemplate, text, faults);
+  ReportTemplateFaults(diveTemplate, keys, 1, faults);
+}
+
+void CheckProfile(const std::string& text, FormatFaults& faults) {
+  const ProfileText profile = ReadProfileText(text, faults);
+  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
+    ReportTemplateFaults(profile.dives[i].Template, profile.lines[i].keys, profile.lines[i].block, faults);
+    const ClassUseractions& actions = profile.dives[i].UserActions;
+    const bool ends = actions.GetLength() > 0 && actions.getaction(actions.GetLength()) == ClassUseractions::kAscent;
+    if (!ends && i + 1 < profile.dives.size()) {
+      faults.Error(profile.lines[i + 1].block, "dive " + std::to_string(i + 2) + " can't be computed: dive " +
+                                                   std::to_string(i + 1) + " does not end with its ascent");
+    }
+  }
+}
+
+/// True when the file can be used.
+bool Check(const std::string& file, std::ostream& out) {
+  const std::string text = ReadTextFile(file);
+  FormatFaults faults(file, FormatFaults::Mode::Collect);
+  if (IsTemplate(file, text)) {
+    CheckTemplate(text, faults);
+  } else {
+    CheckProfile(text, faults);
+  }
+  for (const FormatFault& fault : faults.List()) {
+    out << file << ":" << fault.line << ": " << (fault.error ? "" : "advice: ") << fault.text << "\n";
+  }
+  if (faults.List().empty()) out << file << ": no faults\n";
+  return !faults.HasErrors();
+}
+
+}  // namespace
+
+int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err) {
+  int status = ExitStatus::kFine;
+  for (const std::string& file : files) {
+    try {
+      if (!Check(file, out)) status = ExitStatus::kUnusableInput;
+    } catch (const FileError& error) {
+      err << error.what() << "\n";
+      status = ExitStatus::kUnusableInput;
+    }
+  }
+  return status;
+}
+
+}  // namespace tav

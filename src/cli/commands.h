@@ -1,0 +1,50 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "app/program_folders.h"
+
+/// The commands of tavplan. Each writes its result to `out`, its errors as lines "FILE:LINE: REASON" to `err`, and
+/// returns the exit status.
+namespace tav {
+
+namespace ExitStatus {
+constexpr int kFine = 0;
+constexpr int kDoesNotDecompress = 1;  ///< a stop never clears
+constexpr int kUnusableInput = 2;
+}  // namespace ExitStatus
+
+enum class OutputForm { Slate, Json, Csv };
+
+struct OutputOptions {
+  OutputForm form = OutputForm::Slate;
+  bool vpm = false;
+  bool hybrid = false;
+  std::string phi;  ///< trace file; empty for none
+};
+
+/// Prints the schedules of profile files.
+int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, std::ostream& out,
+                std::ostream& err);
+
+struct NewPlanOptions {
+  std::vector<std::string> legs;  ///< DEPTH:TIME or DEPTH:TIME@GAS
+  std::string gas;                ///< of the legs that name none; empty for Air
+  std::string templateName;       ///< a file, or a name in the template folder; empty for the default
+  std::string output;             ///< profile file to write; empty for none
+};
+
+/// Makes a plan from legs, computes its ascent, prints it and saves it where asked to.
+int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
+               std::ostream& out, std::ostream& err);
+
+/// Lists all faults of templates and profiles, with line numbers.
+int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err);
+
+/// The whole program.
+int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& folders, std::ostream& out,
+               std::ostream& err);
+
+}  // namespace tav

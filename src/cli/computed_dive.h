@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/plan_session.h"
+
+namespace tav {
+
+/// One computed dive, ready for output.
+struct ComputedDive {
+  std::string file;
+  int number = 1;   ///< place in its file, from 1
+  int ofDives = 1;  ///< dives of its file
+  const DocumentState* document = nullptr;
+  const ClassProfile* rows = nullptr;
+  std::vector<std::string> notes;  ///< warnings of the engine
+  std::string model;               ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
+};
+
+/// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.
+std::string DivesJson(const std::vector<ComputedDive>& dives);
+
+/// The dives as CSV, one line a row, with a header.
+std::string DivesCsv(const std::vector<ComputedDive>& dives);
+
+/// A dive as divers write it on a slate: settings, legs and stops, totals, notes.
+std::string DiveSlate(const ComputedDive& dive);
+
+}  // namespace tav

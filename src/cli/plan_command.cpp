@@ -1,0 +1,50 @@
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/plan_output.h"
+
+namespace tav {
+namespace {
+
+/// Reads a profile and refuses one whose templates can't be planned on, with the line to mend.
+ProfileText ReadPlannable(const std::string& file) {
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
+  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
+    const auto found = TemplateFaults(profile.dives[i].Template);
+    if (!found.empty()) {
+      faults.Error(LineOfFault(found.front(), profile.lines[i].keys, profile.lines[i].block), JoinFaults(found));
+    }
+  }
+  return profile;
+}
+
+}  // namespace
+
+int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, std::ostream& out,
+                std::ostream& err) {
+  PlanSession session;
+  std::vector<ComputedDive> dives;
+  int status = ExitStatus::kFine;
+  try {
+    ApplyOptions(options, session);
+  } catch (const FileError& error) {
+    err << error.what() << "\n";
+    return ExitStatus::kUnusableInput;
+  }
+  for (const std::string& file : files) {
+    try {
+      const std::size_t before = dives.size();
+      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
+      if (!Gather(session, file, documents, dives, err)) status = ExitStatus::kUnusableInput;
+      if (dives.size() > before) dives.back().notes = session.Notes().Take();
+    } catch (const std::exception& error) {
+      err << error.what() << "\n";
+      status = ExitStatus::kUnusableInput;
+    }
+  }
+  if (dives.empty()) return status;
+  return std::max(status, Print(dives, options.form, out, err));
+}
+
+}  // namespace tav

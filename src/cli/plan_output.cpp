@@ -1,0 +1,56 @@
+#include "cli/plan_output.h"
+
+#include <ostream>
+
+namespace tav {
+namespace {
+
+std::string ModelName(const ModelChoice& model) {
+  if (model.VPMMode) return "VPM";
+  return model.HybridMode ? "Hybrid of ZH-L16B and VPM" : "ZH-L16B";
+}
+
+}  // namespace
+
+void ApplyOptions(const OutputOptions& options, PlanSession& session) {
+  session.Model() = {options.vpm, options.hybrid};
+  if (!options.phi.empty()) session.Notes().OpenTrace(options.phi);
+}
+
+bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
+            std::vector<ComputedDive>& dives, std::ostream& err) {
+  for (std::size_t i = 0; i < documents.size(); ++i) {
+    const frmWaypointEditor& window = session.Forms()(documents[i]);
+    if (!window.EvaluationFault().empty()) {
+      err << file << ": " << window.EvaluationFault() << "\n";
+      return false;
+    }
+    ComputedDive& dive = dives.emplace_back();
+    dive.file = file;
+    dive.number = static_cast<int>(i) + 1;
+    dive.ofDives = static_cast<int>(documents.size());
+    dive.document = &session.Documents()(documents[i]);
+    dive.rows = &window.InputProfile;
+    dive.model = ModelName(session.Model());
+  }
+  return true;
+}
+
+int Print(const std::vector<ComputedDive>& dives, OutputForm form, std::ostream& out, std::ostream& err) {
+  if (form == OutputForm::Json) out << DivesJson(dives);
+  if (form == OutputForm::Csv) out << DivesCsv(dives);
+  int status = ExitStatus::kFine;
+  for (std::size_t i = 0; i < dives.size(); ++i) {
+    if (form == OutputForm::Slate) {
+      out << (i > 0 ? "\n" : "") << DiveSlate(dives[i]);
+    } else {
+      for (const std::string& note : dives[i].notes) {
+        err << dives[i].file << ": dive " << dives[i].number << ": " << note << "\n";
+      }
+    }
+    if (!dives[i].document->Decompresses) status = ExitStatus::kDoesNotDecompress;
+  }
+  return status;
+}
+
+}  // namespace tav

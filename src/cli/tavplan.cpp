@@ -1,0 +1,113 @@
+#include <CLI/CLI.hpp>
+#include <ostream>
+#include <sstream>
+
+#include "cli/commands.h"
+
+namespace tav {
+namespace {
+
+void AddOutputOptions(CLI::App& command, OutputOptions& options) {
+  auto* json = command.add_flag_callback(
+      "--json", [&options] { options.form = OutputForm::Json; }, "Print every row as JSON");
+  auto* csv = command.add_flag_callback(
+      "--csv", [&options] { options.form = OutputForm::Csv; }, "Print every row as CSV, with a header");
+  json->excludes(csv);
+  auto* vpm = command.add_flag("--vpm", options.vpm, "Use the bubble model (VPM) for the ceiling");
+  auto* hybrid = command.add_flag("--hybrid", options.hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM");
+  vpm->excludes(hybrid);
+  command.add_flag_callback(
+      "--phi", [&options] { options.phi = "phi.log"; },
+      "Write the loads after each segment to phi.log in the current folder");
+}
+
+constexpr const char* kPlanExamples = R"(
+Examples:
+  tavplan plan dives/wreck.tav               the slate of each dive
+  tavplan plan --json a.tav b.tav            every row of both files, for a script
+  tavplan plan --csv a.tav > rows.csv        the same for a spreadsheet
+  tavplan plan --hybrid a.tav                with the deeper of both ceilings
+)";
+
+constexpr const char* kNewExamples = R"(
+Examples:
+  tavplan new --depth 30 --time 25
+  tavplan new --depth 60 --time 25 --gas Tx18/45 -o wreck.tav
+  tavplan new --leg 40:15 --leg 25:20@EAN32 --leg 12:10
+  tavplan new --depth 130 --time 30 --template Imperial
+A gas that is not in the template is made from its name: EAN36, Tx15/60, H85.
+)";
+
+constexpr const char* kCheckExamples = R"(
+Examples:
+  tavplan check my.tpl                       all faults of a template, with line numbers
+  tavplan check dives/*.tav
+)";
+
+constexpr const char* kFooter = R"(
+Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input.
+"tavplan COMMAND --help" gives the options and examples of a command.
+)";
+
+}  // namespace
+
+int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& folders, std::ostream& out,
+               std::ostream& err) {
+  CLI::App app("TAV: decompression planning on the command line", "tavplan");
+  app.set_version_flag("--version", "tavplan " TAV_VERSION);
+  app.require_subcommand(1);
+  app.footer(kFooter);
+  int status = ExitStatus::kFine;
+
+  OutputOptions planOptions;
+  std::vector<std::string> planFiles;
+  CLI::App* plan = app.add_subcommand("plan", "Print the schedule of each dive of profile files");
+  plan->add_option("FILE", planFiles, "Profile files (.tav)")->required();
+  AddOutputOptions(*plan, planOptions);
+  plan->footer(kPlanExamples);
+  plan->callback([&] { status = PlanCommand(planFiles, planOptions, out, err); });
+
+  OutputOptions newOptions;
+  NewPlanOptions newPlan;
+  std::string depth;
+  std::string time;
+  CLI::App* make = app.add_subcommand("new", "Make a plan with its ascent and print it");
+  auto* depthOption = make->add_option("--depth", depth, "Depth of a square dive, in the units of the template");
+  auto* timeOption = make->add_option("--time", time, "Minutes from leaving the surface to leaving that depth");
+  depthOption->needs(timeOption);
+  timeOption->needs(depthOption);
+  auto* legs = make->add_option("--leg", newPlan.legs, "A leg of a multi-level dive: DEPTH:TIME or DEPTH:TIME@GAS");
+  legs->excludes(depthOption);
+  make->add_option("--gas", newPlan.gas, "Gas of the legs that name none; Air if not given");
+  make->add_option("--template", newPlan.templateName, "Template file, or a name in the template folder");
+  make->add_option("-o,--output", newPlan.output, "Profile file to write");
+  AddOutputOptions(*make, newOptions);
+  make->footer(kNewExamples);
+  make->callback([&] {
+    if (!depth.empty()) newPlan.legs = {depth + ":" + time};
+    if (newPlan.legs.empty()) throw CLI::RequiredError("--depth and --time, or --leg");
+    status = NewCommand(newPlan, newOptions, folders, out, err);
+  });
+
+  std::vector<std::string> checkFiles;
+  CLI::App* check = app.add_subcommand("check", "List all faults of templates and profiles");
+  check->add_option("FILE", checkFiles, "Template (.tpl) and profile (.tav) files")->required();
+  check->footer(kCheckExamples);
+  check->callback([&] { status = CheckCommand(checkFiles, out, err); });
+
+  try {
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    app.parse(std::move(reversed));
+  } catch (const CLI::ParseError& error) {
+    // Help and version are "errors" of status 0 to the library; all others are usage errors.
+    std::ostringstream message;
+    const bool help = error.get_exit_code() == 0;
+    app.exit(error, help ? out : message, message);
+    if (help) return ExitStatus::kFine;
+    err << message.str();
+    return ExitStatus::kUnusableInput;
+  }
+  return status;
+}
+
+}  // namespace tav

@@ -1,0 +1,168 @@
+#include "engine/buhlmann.h"
+
+#include <algorithm>
+
+#include "engine/zhl16.h"
+#include "model/altitude.h"
+#include "model/numbers.h"
+
+namespace tav {
+
+ClassBuhlmann::ClassBuhlmann(DocumentStore& store, const ModelChoice& model, EngineObserver& observer)
+    : store_(store), model_(model), observer_(observer), kernels_(BestKernels()), tracing_(observer.WantsTrace()) {}
+
+void ClassBuhlmann::SetUp(std::int16_t documentIndex, bool useC) {
+  document_ = documentIndex;
+  template_ = &store_(documentIndex).Template;
+  const Single unit = template_->Metric ? Single(1.0) : zhl16::kFeetPerMetreOfSeaWater;
+  const Compartments& n2A = useC ? zhl16::kN2A_C : zhl16::kN2A_B;
+  for (std::size_t i = 0; i < kCompartments; ++i) {
+    mValues_.HeA[i] = unit * zhl16::kHeA[i];
+    mValues_.N2A[i] = unit * n2A[i];
+    mValues_.HeB[i] = zhl16::kHeB[i];
+    mValues_.N2B[i] = zhl16::kN2B[i];
+  }
+}
+
+Single ClassBuhlmann::Vapour() const { return template_->Metric ? zhl16::kVapourMetres : zhl16::kVapourFeet; }
+
+void ClassBuhlmann::Init(std::int16_t documentIndex, bool useC) {
+  SetUp(documentIndex, useC);
+  loads_.He = {};
+  if (template_->AdeptedToHeight) {
+    // 33 / 1.01325 feet of sea water to the unit of pressure, not 33: the start load of imperial dives rests on it.
+    const double ambient = template_->Metric ? template_->StartPressure * 10.0
+                                             : template_->StartPressure * zhl16::kFeetPerMetreOfSeaWater * 10.0;
+    const double vapour = template_->Metric ? zhl16::kVapourMetres : zhl16::kVapourFeet;
+    loads_.N2.fill((ambient - vapour) * zhl16::kNitrogenOfAir);
+  } else {
+    loads_.N2.fill(template_->Metric ? (10.13 - zhl16::kVapourMetres) * zhl16::kNitrogenOfAir : 24.603647726305997);
+    TravelToAltitude();
+  }
+}
+
+void ClassBuhlmann::TravelToAltitude() {
+  const int minutes = std::max<int>(template_->TimeToHeight, 1);
+  const int step = std::max<int>(RoundToInt16(minutes / 100.0).value_or(1), 1);
+  for (int i = 0; i <= minutes; i += step) {
+    AltitudeSegment(template_->StartAltitude / minutes * i, minutes / 100.0);
+  }
+}
+
+void ClassBuhlmann::AltitudeSegment(Single altitude, Single time) {
+  const Single ambient = ToDepthUnits(AltitudeToPressure(altitude, template_->Metric));
+  kernels_.LoadConstant(loads_, OpenCircuitInspired(ambient), decay_.For(time));
+}
+
+void ClassBuhlmann::InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,
+                                             const Compartments& heLoads, Single surfaceInterval) {
+  SetUp(documentIndex, useC);
+  loads_ = {heLoads, n2Loads};
+  openCircuit_ = template_->OpenCircuit;
+  ClassProfile sink;
+  result_ = &sink;
+  ConstantSegment(0, surfaceInterval, template_->StartPressure, true);
+  result_ = nullptr;
+  segmentNumber_ = 0;
+  runTime_ = 0;
+  otuTotal_ = 0;
+  cnsTotal_ = 0;
+}
+
+void ClassBuhlmann::LoadCompartments(const ClassProfile& userProfile, ClassProfile& segmentedProfile) {
+  result_ = &segmentedProfile;
+  segmentedProfile.clear();
+  segmentedProfile.Row(0) = userProfile.Row(0);
+  openCircuit_ = template_->OpenCircuit;
+  previousDepth_ = 0;
+  LoadRows(userProfile, 1);
+}
+
+void ClassBuhlmann::LoadMore(const ClassProfile& userProfile, ClassProfile& segmentedProfile) {
+  // A replay from the start would meet the same rows and warn of them again, in the same order.
+  for (std::size_t i = 0; i < warningCount_; ++i) Announce(warnings_[i]);
+  const std::int16_t last = segmentedProfile.GetLength();
+  segmentedProfile.SetEndUserProfile(last, false);
+  LoadRows(userProfile, static_cast<std::int16_t>(last + 1));
+}
+
+void ClassBuhlmann::LoadRows(const ClassProfile& userProfile, std::int16_t first) {
+  for (int i = first; i <= userProfile.GetLength(); ++i) {
+    const Waypoint& row = userProfile.Row(static_cast<std::int16_t>(i));
+    currentMix_ = FindBlendIndex(row.GasMixName, *template_);
+    status_ = row.Status;
+    if (row.Rate != 0) {
+      RateSegment(previousDepth_, row.Depth, row.Rate, template_->StartPressure, {row.DoShow, true, false});
+    } else {
+      ConstantSegment(row.Depth, row.SegmentTime, template_->StartPressure, row.DoShow);
+    }
+    previousDepth_ = row.Depth;
+  }
+  result_->SetEndUserProfile(result_->GetLength(), true);
+}
+
+void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco,
+                                  bool forceOC) {
+  result_ = &segmentedProfile;
+  const Waypoint& start = userProfile.Row(0);
+  Waypoint& resultStart = segmentedProfile.Row(0);
+  resultStart.PPO2 = template_->StartPressure * start.GasMixO2 / 100;
+  resultStart.CNS = start.CNS;
+  resultStart.OTU = start.OTU;
+  cnsTotal_ = start.CNS;
+  otuTotal_ = start.OTU;
+  openCircuit_ = template_->OpenCircuit;
+  previousDepth_ = 0;
+  Single maximumDepth = 0;
+  for (int i = 1; i <= userProfile.GetLength(); ++i) {
+    const Waypoint& row = userProfile.Row(static_cast<std::int16_t>(i));
+    currentMix_ = row.MixNumber;
+    status_ = row.Status;
+    if (row.Rate != 0) {
+      RateSegment(previousDepth_, row.Depth, row.Rate, template_->StartPressure, {row.DoShow, true, true});
+    } else {
+      ConstantSegment(row.Depth, row.SegmentTime, template_->StartPressure, true);
+    }
+    previousDepth_ = row.Depth;
+    maximumDepth = MaxSingle(maximumDepth, row.Depth);
+  }
+  segmentedProfile.SetEndUserProfile(segmentedProfile.GetLength(), true);
+  openCircuit_ = forceOC || template_->OpenCircuit;
+  if (runDeco) Ascend(userProfile.getDepth(userProfile.GetLength()), maximumDepth);
+  SaveEndState();
+}
+
+void ClassBuhlmann::SaveEndState() {
+  DocumentState& document = store_(document_);
+  document.HeCompartments = loads_.He;
+  document.N2Compartments = loads_.N2;
+  document.TotalOTU = otuTotal_;
+  document.TotalCNS = cnsTotal_;
+  document.Decompresses = decompresses_;
+}
+
+Single ClassBuhlmann::PercentCompartLoad(Compartments& loads) const {
+  return kernels_.MValueFractions(loads_, mValues_, ToDepthUnits(template_->EndPressure), loads);
+}
+
+Single ClassBuhlmann::Dadjust(Single depth) const {
+  if (!template_->DepthAdjust || decoPhase_ || depth == 0) return depth;
+  return depth * 1.03 + (template_->Metric ? 1.0 : 3.3);
+}
+
+Inspired ClassBuhlmann::OpenCircuitInspired(Single ambient) const {
+  const double dry = ambient - Vapour();
+  return {dry * Mix().He / 100, dry * Mix().N2 / 100};
+}
+
+Inspired ClassBuhlmann::RebreatherInspired(Single ambient, Single setpoint) const {
+  // The inert gases share what the setpoint leaves, in the proportion that the diluent has between them.
+  const double inert = Mix().N2 + Mix().He;
+  if (inert == 0) return {};
+  const double oxygen = std::min<double>(ToDepthUnits(setpoint), ambient);
+  const double vapour = template_->Metric ? zhl16::kVapourMetres : zhl16::kVapourFeet;
+  const double dry = std::max(ambient - oxygen - vapour, 0.0);
+  return {dry * (Mix().He / inert), dry * (Mix().N2 / inert)};
+}
+
+}  // namespace tav

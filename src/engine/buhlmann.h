@@ -1,0 +1,168 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/decay_factors.h"
+#include "engine/model_choice.h"
+#include "engine/observer.h"
+#include "model/document_store.h"
+#include "model/profile.h"
+
+namespace tav {
+
+/// One run of the decompression engine: ZH-L16 with gradient factors, VPM or the hybrid of both, on open circuit or a
+/// constant-PPO2 rebreather.
+///
+/// Life of an object: created, started once with Init or InitAfterSurfaceInterval, driven by LoadCompartments or
+/// StartBuhlmann, dropped. It reads the template of its document and never changes it. The template must have no
+/// TemplateFaults and the rows no PlanFaults; the callers see to it.
+///
+/// All pressures inside are in depth units of the template: metres of sea water (bar * 10) or feet (atmospheres * 33).
+/// Throws std::length_error when the dive has more rows than a profile holds.
+class ClassBuhlmann {
+ public:
+  /// `store` and `observer` must outlive the object.
+  ClassBuhlmann(DocumentStore& store, const ModelChoice& model, EngineObserver& observer);
+
+  /// Start state of a repetitive dive: the loads of the dive before, after `surfaceInterval` minutes at the surface on
+  /// Blends(0) in the template's breathing mode. `useC` takes the C coefficients; the program always uses B.
+  void InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,
+                                const Compartments& heLoads, Single surfaceInterval);
+
+  /// Start state of a first dive: saturated at the start altitude, or come there from sea level.
+  void Init(std::int16_t documentIndex, bool useC);
+
+  /// Replays the rows of a plan, without an ascent. Row 0 of the plan becomes row 0 of the result. The document's end
+  /// state stays as it is.
+  void LoadCompartments(const ClassProfile& userProfile, ClassProfile& segmentedProfile);
+
+  /// Continues the last LoadCompartments of this object with the rows that the plan has gained since; the result must
+  /// hold what that call left. The outcome is the same as that of a replay of all rows by a new object, without its
+  /// cost.
+  void LoadMore(const ClassProfile& userProfile, ClassProfile& segmentedProfile);
+
+  /// Replays the plan and, if runDeco is set, appends the ascent. `segmentedProfile` comes cleared. forceOC runs the
+  /// ascent of a rebreather plan on open circuit. The end state goes to the document: loads, CNS and OTU totals, and
+  /// whether the plan decompresses.
+  void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC);
+
+  /// Loads as fractions of their M-values at the surface of `EndPressure`, whatever the depth. Returns the largest.
+  Single PercentCompartLoad(Compartments& loads) const;
+
+  /// The depth that loads the compartments: with `DepthAdjust`, 3 % and 1 m (3.3 ft) deeper, but for the surface and
+  /// the ascent.
+  [[nodiscard]] Single Dadjust(Single depth) const;
+
+  /// The present loads; for tests and traces.
+  [[nodiscard]] const Loads& CurrentLoads() const { return loads_; }
+
+ private:
+  /// How a ramp is breathed: the setpoint in force matters on a rebreather, the breathing rate on open circuit.
+  struct RampKind {
+    bool doShow = true;
+    bool useSetpoint = true;  ///< `Setpoint`, else `DecoSetpoint`
+    bool useDecoRMV = false;  ///< `DecoRMV`, else `RMV`
+  };
+
+  /// What a segment adds to its row.
+  struct Doses {
+    Single gasUsed;
+    Single ppo2;
+    Single cns;
+    Single otu;
+    Single end;
+  };
+
+  /// A warning shows once a run; what it said is kept, so that a run continued by LoadMore can say it again.
+  struct Warning {
+    enum class Kind { None, END, PPO2High, PPO2Low };
+    Kind kind = Kind::None;
+    Single value;
+    Single limit;
+  };
+
+  /// How a stop waits: breathed pressures, waiting step in minutes, and what to report if it never clears.
+  struct StopWait {
+    Inspired inspired;
+    Single step;
+    const char* reason = "";
+  };
+
+  // Start state (buhlmann.cpp).
+  void SetUp(std::int16_t documentIndex, bool useC);
+  void AltitudeSegment(Single altitude, Single time);
+  void TravelToAltitude();
+
+  // Replay (buhlmann.cpp).
+  void LoadRows(const ClassProfile& userProfile, std::int16_t first);
+  void SaveEndState();
+
+  // Segments (buhlmann_segments.cpp).
+  void ConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow);
+  void OCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow);
+  void CCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow);
+  void RateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
+  void OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
+  void CCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
+  void WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow);
+  void Warn(const Doses& doses, bool isStop);
+  void WarnOnce(const Warning& warning);
+  void Announce(const Warning& warning);
+  void Trace(bool constantPPO2, bool constantDepth, Single from, Single to, Single rate, bool setpointAboveStart);
+
+  // Ascent (buhlmann_ascent.cpp).
+  void Ascend(Single currentDepth, Single maximumDepth);
+  [[nodiscard]] Single FirstCandidate(Single currentDepth) const;
+  [[nodiscard]] Single NextCandidate(Single stop) const;
+  Single Ceiling();
+  [[nodiscard]] Single MaxMValueAt(Single depth) const;
+  void AscendByRates(Single from, Single to, Single surfacePressure, const RampKind& kind);
+  [[nodiscard]] std::int16_t DecoGasAt(Single depth) const;
+  void ChangeToDecoGas(Single depth);
+  void DecoStop(Single depth, Single nextStop, Single surfacePressure);
+  void OCDecoStop(Single depth, Single nextStop, Single surfacePressure);
+  void CCDecoStop(Single depth, Single nextStop, Single surfacePressure);
+  Single Wait(Single depth, Single nextStop, const StopWait& wait);
+
+  // Gas in use.
+  [[nodiscard]] const GasMix& Mix() const { return template_->Blends.at(static_cast<std::size_t>(currentMix_)); }
+  [[nodiscard]] Single FractionO2() const { return Mix().O2 / 100; }
+  [[nodiscard]] Inspired OpenCircuitInspired(Single ambient) const;
+  [[nodiscard]] Inspired RebreatherInspired(Single ambient, Single setpoint) const;
+  [[nodiscard]] double ToDepthUnits(double pressure) const { return pressure * DepthPerPressure(template_->Metric); }
+  [[nodiscard]] Single Vapour() const;
+
+  DocumentStore& store_;
+  ModelChoice model_;
+  EngineObserver& observer_;
+  const CompartmentKernels& kernels_;
+  bool tracing_;
+
+  std::int16_t document_ = 0;
+  const DiveTemplate* template_ = nullptr;
+  MValueCoefficients mValues_;
+  DecayFactors decay_;
+  Loads loads_;
+
+  ClassProfile* result_ = nullptr;
+  std::int16_t segmentNumber_ = 0;
+  Single segmentTime_;
+  Single runTime_;
+  std::int16_t currentMix_ = 0;
+  bool openCircuit_ = true;
+  Single previousDepth_;
+  std::int16_t status_ = 0;
+  Single maximumMValue_;
+  Single gradientFactor_ = 1.0;
+  bool decoPhase_ = false;
+  Single vpmGradient_;
+  std::int16_t modelMarker_ = ModelMarker::kNone;
+  Single otuTotal_;
+  Single cnsTotal_;
+  bool decompresses_ = true;
+
+  std::array<Warning, 3> warnings_;  // in the order in which they were shown
+  std::size_t warningCount_ = 0;
+};
+
+}  // namespace tav

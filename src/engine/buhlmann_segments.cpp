@@ -1,0 +1,206 @@
+#include "engine/breathing_gas.h"
+#include "engine/buhlmann.h"
+#include "engine/oxygen_dose.h"
+#include "model/numbers.h"
+
+namespace tav {
+
+void ClassBuhlmann::ConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
+  if (openCircuit_) {
+    OCConstantSegment(depth, time, surfacePressure, doShow);
+  } else {
+    CCConstantSegment(depth, time, surfacePressure, doShow);
+  }
+}
+
+void ClassBuhlmann::RateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind) {
+  if (openCircuit_) {
+    OCRateSegment(from, to, rate, surfacePressure, kind);
+  } else {
+    CCRateSegment(from, to, rate, surfacePressure, kind);
+  }
+}
+
+void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
+  const bool metric = template_->Metric;
+  const Single adjusted = Dadjust(depth);
+  segmentTime_ = time;
+  runTime_ += time;
+  const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
+  kernels_.LoadConstant(loads_, OpenCircuitInspired(ambient), decay_.For(time));
+  if (tracing_) Trace(false, true, adjusted, adjusted, 0, false);
+
+  const Single fO2 = FractionO2();
+  const Doses doses{GasUsedAtDepth(adjusted, time, template_->RMV, surfacePressure, metric),
+                    PPO2AtDepth(adjusted, surfacePressure, fO2, metric),
+                    CNSAtDepth(adjusted, time, fO2, surfacePressure, metric),
+                    OTUAtDepth(adjusted, time, fO2, surfacePressure, metric),
+                    EquivalentDepthOC(metric, adjusted, Mix().N2, Mix().He, template_->O2Narcotic, *template_)};
+  WriteSegmentRow(depth, 0, doses, false, doShow);
+}
+
+void ClassBuhlmann::CCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
+  const bool metric = template_->Metric;
+  const Single adjusted = Dadjust(depth);
+  segmentTime_ = time;
+  runTime_ += time;
+  const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
+  kernels_.LoadConstant(loads_, RebreatherInspired(ambient, template_->Setpoint), decay_.For(time));
+  if (tracing_) Trace(true, true, adjusted, adjusted, 0, false);
+
+  const Single setpoint = template_->Setpoint;
+  const Doses doses{
+      0, setpoint, CNSForPPO2(setpoint, time, metric), OTUForPPO2(setpoint, time, metric),
+      EquivalentDepthCC(metric, setpoint, adjusted, Mix().He, Mix().N2, template_->O2Narcotic, *template_)};
+  WriteSegmentRow(depth, 0, doses, false, doShow);
+}
+
+void ClassBuhlmann::OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind) {
+  const bool metric = template_->Metric;
+  const Single start = Dadjust(from);
+  const Single end = Dadjust(to);
+  const Single time = (end - start) / rate;
+  segmentTime_ = time;
+  runTime_ += time;
+
+  const Single fO2 = FractionO2();
+  const Single rmv = kind.useDecoRMV ? template_->DecoRMV : template_->RMV;
+  const Doses doses{GasUsedOnRamp(start, end, rate, rmv, surfacePressure, metric),
+                    PPO2AtDepth(end, surfacePressure, fO2, metric),
+                    CNSOnRamp(start, end, rate, fO2, surfacePressure, metric),
+                    OTUOnRamp(start, end, rate, fO2, surfacePressure, metric),
+                    EquivalentDepthOC(metric, to, Mix().N2, Mix().He, template_->O2Narcotic, *template_)};
+
+  const Single ambient = ToDepthUnits(surfacePressure) + start;
+  const Inspired change{Mix().He * rate / 100, Mix().N2 * rate / 100};
+  kernels_.LoadRamp(loads_, OpenCircuitInspired(ambient), change, time, RateConstants(), decay_.For(time));
+  if (tracing_) Trace(false, false, start, end, rate, false);
+  WriteSegmentRow(to, rate, doses, false, kind.doShow);
+}
+
+void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind) {
+  const bool metric = template_->Metric;
+  const double surface = ToDepthUnits(surfacePressure);
+  Single start = Dadjust(from);
+  const Single end = Dadjust(to);
+  segmentTime_ = (end - start) / rate;
+  runTime_ += segmentTime_;
+
+  Single setpoint = kind.useSetpoint ? template_->Setpoint : template_->DecoSetpoint;
+  Single ambient = surface + start;
+  Single time = segmentTime_;
+  Doses doses;
+  const bool setpointAboveStart = !(ToDepthUnits(setpoint) < ambient);
+  bool reachesSetpoint = true;
+  if (setpointAboveStart) {
+    // Above the depth at which the ambient pressure equals the setpoint the loop holds pure oxygen, and no inert gas
+    // is breathed. A ramp that stays there, as every ascent from there does, is oxygen to its end.
+    const Single setpointDepth = ToDepthUnits(setpoint) - surface;
+    reachesSetpoint = rate > 0 && end > setpointDepth;
+    const Single oxygenTime = reachesSetpoint ? Single((setpointDepth - from) / rate) : segmentTime_;
+    kernels_.LoadDecay(loads_, decay_.For(oxygenTime));
+    setpoint = template_->Setpoint;
+    doses.cns = CNSForPPO2(setpoint, oxygenTime, metric);
+    doses.otu = OTUForPPO2(setpoint, oxygenTime, metric);
+    start = setpointDepth;
+    ambient = surface + start;
+    time = (end - start) / rate;
+  }
+  if (reachesSetpoint) {
+    const double oxygen = ToDepthUnits(setpoint);
+    const Single inert = Mix().N2 + Mix().He;
+    const Single shareN2 = inert == 0 ? 0.0 : double{Mix().N2} / inert;
+    const Single shareHe = inert == 0 ? 0.0 : double{Mix().He} / inert;
+    const Single dry = ambient - oxygen - Vapour();
+    kernels_.LoadRamp(loads_, {dry * shareHe, dry * shareN2}, {shareHe * rate, shareN2 * rate}, time, RateConstants(),
+                      decay_.For(time));
+    doses.cns += CNSForPPO2(setpoint, time, metric);
+    doses.otu += OTUForPPO2(setpoint, time, metric);
+  }
+  doses.ppo2 = setpoint;
+  doses.end = EquivalentDepthCC(metric, setpoint, to, Mix().He, Mix().N2, template_->O2Narcotic, *template_);
+  if (tracing_) Trace(true, false, Dadjust(from), end, rate, setpointAboveStart);
+  WriteSegmentRow(to, rate, doses, false, kind.doShow);
+}
+
+void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow) {
+  Warn(doses, isStop);
+  ++segmentNumber_;
+  result_->NewWayPoint();
+  Waypoint& row = result_->Row(result_->GetLength());
+  row.SegmentNumber = segmentNumber_;
+  row.Depth = depth;
+  row.SegmentTime = segmentTime_;
+  row.Rate = rate;
+  row.RunTime = runTime_;
+  row.MixNumber = currentMix_;
+  row.GasMixName = Mix().Name;
+  row.GasMixO2 = Mix().O2;
+  row.GasMixN2 = Mix().N2;
+  row.GasMixHe = Mix().He;
+  if (isStop) {
+    row.StopDepth = depth;
+    row.StopTime = RoundMinutes(segmentTime_);
+  }
+  row.N2Compartments = loads_.N2;
+  row.HeCompartments = loads_.He;
+  PercentCompartLoad(row.PercentCompartments);
+  row.Status = status_;
+  row.GasUsed = doses.gasUsed;
+  row.PPO2 = doses.ppo2;
+  row.CNS = doses.cns;
+  row.OTU = doses.otu;
+  otuTotal_ += doses.otu;
+  cnsTotal_ += doses.cns;
+  row.TotalCNS = cnsTotal_;
+  row.TotalOTU = otuTotal_;
+  row.MaxMValue = maximumMValue_;
+  row.GF = gradientFactor_;
+  row.DoShow = doShow;
+  row.Ceiling = Ceiling();
+  row.END = doses.end;
+  row.ModelControl = modelMarker_;
+}
+
+void ClassBuhlmann::Warn(const Doses& doses, bool isStop) {
+  using Kind = Warning::Kind;
+  if (template_->MaxEnd && doses.end > template_->MaximalEND) {
+    WarnOnce({Kind::END, doses.end, template_->MaximalEND});
+  }
+  const Single ppo2 = RoundSingle(doses.ppo2, 2);
+  const Single highest = isStop ? template_->DecoPPO2 : template_->MaxPPO2;
+  if (template_->PPO2High && ppo2 > highest) WarnOnce({Kind::PPO2High, doses.ppo2, highest});
+  if (template_->PPO2Low && ppo2 < template_->MinPPO2) WarnOnce({Kind::PPO2Low, doses.ppo2, template_->MinPPO2});
+}
+
+void ClassBuhlmann::WarnOnce(const Warning& warning) {
+  for (std::size_t i = 0; i < warningCount_; ++i) {
+    if (warnings_[i].kind == warning.kind) return;
+  }
+  warnings_[warningCount_++] = warning;
+  Announce(warning);
+}
+
+void ClassBuhlmann::Announce(const Warning& warning) {
+  const bool metric = template_->Metric;
+  switch (warning.kind) {
+    case Warning::Kind::None:
+      break;
+    case Warning::Kind::END:
+      observer_.WarnEND(warning.value, warning.limit, metric);
+      break;
+    case Warning::Kind::PPO2High:
+      observer_.WarnPPO2High(warning.value, warning.limit, metric);
+      break;
+    case Warning::Kind::PPO2Low:
+      observer_.WarnPPO2Low(warning.value, warning.limit, metric);
+      break;
+  }
+}
+
+void ClassBuhlmann::Trace(bool constantPPO2, bool constantDepth, Single from, Single to, Single rate,
+                          bool setpointAboveStart) {
+  observer_.Trace({constantPPO2, constantDepth, setpointAboveStart, from, to, segmentTime_, rate, &loads_});
+}
+
+}  // namespace tav

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <string>
+
+#include "model/single.h"
+
+/// Partial pressure filling: what to put into a cylinder that holds one gas so that it ends up with another. Two
+/// independent results: an ideal one (air on top of oxygen and helium), and one by the van der Waals equation.
+namespace tav {
+
+/// Shares of oxygen, helium and nitrogen, percent or fractions as said.
+struct MixShares {
+  Single O2;
+  Single He;
+  Single N2;
+};
+
+/// Molar densities, mol per litre of cylinder.
+struct MolesAdded {
+  Single O2;
+  Single Air;
+  Single He;
+};
+
+/// The van der Waals coefficients a and b of a mix, from fractions. The form is 1 / (sum of x / sqrt(a))^2.
+Single MixCoefficientA(Single o2, Single n2, Single he);
+Single MixCoefficientB(Single o2, Single n2, Single he);
+
+/// Molar density in mol/l at p bar and t kelvin: the real root of a b n^3 - a n^2 + (R t + b p) n - p = 0 by Cardano's
+/// formula. 0 at a pressure of 0.
+Single DensityFromPressure(Single a, Single b, Single p, Single t);
+
+/// Pressure in bar of n mol/l at t kelvin: n R t / (1 - n b) - a n^2.
+Single PressureFromDensity(Single n, Single t, Single a, Single b);
+
+/// What to add, from fractions and densities. Air is taken as 20.8 % oxygen and 79.2 % nitrogen.
+MolesAdded MolesToAdd(const MixShares& desired, const MixShares& current, Single desiredDensity, Single currentDensity);
+
+/// A fill as the user states it: percentages and pressures, in bar, or in psi when not metric.
+struct FillRequest {
+  MixShares current;
+  Single currentFill;
+  MixShares desired;
+  Single desiredFill;
+  bool metric = true;
+};
+
+/// The two results as the labels show them, one decimal, in bar or psi. The van der Waals block fills helium first,
+/// then oxygen, then air: IdealTopHe is the absolute pressure after the helium.
+struct FillResult {
+  std::string AirTopO2;  ///< empty when air can't reach the mix
+  std::string AirTopHe;
+  std::string AirTopAir;
+  std::string IdealTopO2;
+  std::string IdealTopHe;
+  std::string IdealTopN2;
+  Single AirO2;  ///< percent times bar, for the report
+  Single Heneed;
+  Single Air;
+  bool AirImpossible = false;
+};
+
+/// psi per unit of pressure in imperial fills.
+constexpr double kPsiPerBar = 14.7;
+
+/// Works out both results. Any numbers are accepted; what can't be reached is told by the result.
+FillResult Recalculate(const FillRequest& request);
+
+/// The rules of a percentage field: text that is empty counts as 0, a value outside 0 to 100 becomes 0 and the field is
+/// to show "0". Nitrogen is what is left, below 0 when the two exceed 100.
+struct PercentageFields {
+  MixShares mix;
+  bool o2Reset = false;  ///< the field is to show "0"
+  bool heReset = false;
+  bool over100 = false;  ///< nitrogen came out below 0: a message
+};
+PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText);
+
+/// The rule of a pressure field: a negative value becomes 0.
+Single FillOrZero(Single value);
+
+}  // namespace tav

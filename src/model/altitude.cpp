@@ -1,0 +1,28 @@
+#include "model/altitude.h"
+
+#include <cmath>
+
+#include "model/numbers.h"
+
+namespace tav {
+namespace {
+
+constexpr double kDecayPerMetre = -0.000116;
+constexpr double kSeaLevelPascal = 101325;
+constexpr double kPascalPerBar = 100000;
+
+}  // namespace
+
+Single AltitudeToPressure(Single altitude, bool Metric) {
+  if (Metric) return std::exp(altitude * kDecayPerMetre) * kSeaLevelPascal / kPascalPerBar;
+  return std::exp(altitude * kDecayPerMetre / 3.2808);
+}
+
+std::optional<std::int16_t> PressureToAltitude(Single pressure, bool Metric) {
+  if (!(pressure > 0)) return std::nullopt;
+  const double bar = pressure * (Metric ? 1.0 : 1.01325);
+  const double metres = std::log(bar * kPascalPerBar / kSeaLevelPascal) / kDecayPerMetre;
+  return RoundToInt16(Metric ? metres : metres / 0.3048);
+}
+
+}  // namespace tav

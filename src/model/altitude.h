@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "model/single.h"
+
+/// The isothermal barometric formula, p = 1.01325 bar * exp(-0.000116 / m * altitude), and its inverse. It follows the
+/// standard atmosphere (ISO 2533) within 2 % up to 4,000 m.
+namespace tav {
+
+/// Surface pressure in bar at an altitude in metres, or in atmospheres at an altitude in feet.
+Single AltitudeToPressure(Single altitude, bool Metric);
+
+/// Altitude in whole metres or feet (halves to even) of a surface pressure in bar or atmospheres; nothing for a
+/// pressure of 0 or less or an altitude that does not fit 16 bits.
+std::optional<std::int16_t> PressureToAltitude(Single pressure, bool Metric);
+
+}  // namespace tav

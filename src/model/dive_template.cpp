@@ -1,0 +1,57 @@
+#include "model/dive_template.h"
+
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+/// Assigns unless the source is empty; the list in place survives an empty source.
+template <class List>
+void CopyList(const List& source, const List& before, List& destination) {
+  destination = source.empty() ? before : source;
+}
+
+}  // namespace
+
+GasMix AirMix() { return {"Air", 21, 79, 0}; }
+
+void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination) {
+  if (&source == &destination) return;
+  const DiveTemplate before = destination;
+  destination = source;
+  CopyList(source.ChangeGasMixes, before.ChangeGasMixes, destination.ChangeGasMixes);
+  CopyList(source.AscendRates, before.AscendRates, destination.AscendRates);
+  CopyList(source.DescendRates, before.DescendRates, destination.DescendRates);
+  CopyList(source.Blends, before.Blends, destination.Blends);
+}
+
+std::int16_t FindBlendIndex(std::string_view name, const DiveTemplate& diveTemplate) {
+  for (std::size_t i = 0; i < diveTemplate.Blends.size(); ++i) {
+    if (diveTemplate.Blends[i].Name == name) return static_cast<std::int16_t>(i);
+  }
+  return 0;
+}
+
+std::string BlendNameFault(std::string_view name) {
+  if (TrimBlanks(name).empty()) return "a gas needs a name";
+  if (TrimBlanks(name) != name) return "the name of a gas must not begin or end with a blank";
+  if (name.find_first_of(":,\r\n") != std::string_view::npos) {
+    return R"(the name of a gas must not hold ":", "," or a line break)";
+  }
+  return {};
+}
+
+void ResolveGasChanges(DiveTemplate& diveTemplate) {
+  const auto sevenDigits = [](Single value) { return Single(ParseLenient(FormatPlain(value))); };
+  for (GasChange& change : diveTemplate.ChangeGasMixes) {
+    for (auto blend = diveTemplate.Blends.rbegin(); blend != diveTemplate.Blends.rend(); ++blend) {
+      if (blend->Name != change.Name) continue;
+      change.He = sevenDigits(blend->He);
+      change.N2 = sevenDigits(blend->N2);
+      change.O2 = sevenDigits(blend->O2);
+      break;
+    }
+  }
+}
+
+}  // namespace tav

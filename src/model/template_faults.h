@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/user_actions.h"
+
+namespace tav {
+
+/// Why a record can't be planned on. `key` is the key of the field in a template block, so that a reader can name the
+/// line, `occurrence` tells which of several lines of that key, from 0, or is -1; `text` is a sentence without its full
+/// stop.
+struct TemplateFault {
+  std::string key;
+  std::string text;
+  int occurrence = -1;
+};
+
+/// Every reason for which the engine would fail, loop or give a wrong number on this template: a number that is not
+/// finite; a step between stops below 0.1; a negative last stop; a pressure of 0 or less; a rate table without an
+/// entry at the surface, out of order or with a rate of 0 or less; a gas without content or with a percentage outside
+/// 0 to 100; a negative gradient factor; a rebreather without a setpoint. Empty for a sound template.
+std::vector<TemplateFault> TemplateFaults(const DiveTemplate& diveTemplate);
+
+/// The longest leg and the deepest depth that a plan may hold, far beyond any dive: minutes and depth units.
+constexpr double kMaximumLegTime = 100000;
+constexpr double kMaximumDepth = 10000;
+
+/// The longest surface interval, minutes (a year and a half).
+constexpr double kMaximumSurfaceInterval = 1000000;
+
+/// Why a leg can't be planned: a negative or too large time or depth, a gas that the template does not have. Empty for
+/// a sound leg, and for every ascent command.
+std::string LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate);
+
+/// The faults of all legs, each with the number of its action: "action 3: ...".
+std::vector<std::string> PlanFaults(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
+
+/// "a; b; c"
+std::string JoinFaults(const std::vector<TemplateFault>& faults);
+std::string JoinFaults(const std::vector<std::string>& faults);
+
+}  // namespace tav

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "persist/text_file.h"
+
+namespace tav {
+
+/// One thing that is wrong with a file.
+struct FormatFault {
+  int line = 0;        ///< from 1
+  bool error = false;  ///< the file can't be used; else advice: it can, but says something odd
+  std::string text;
+};
+
+/// What a reader finds wrong. Opening a file stops at the first error, checking it collects all.
+class FormatFaults {
+ public:
+  enum class Mode { StopAtFirstError, Collect };
+
+  FormatFaults(std::filesystem::path file, Mode mode) : file_(std::move(file)), mode_(mode) {}
+
+  /// The file can't be used. Throws FileError unless all faults are collected.
+  void Error(int line, const std::string& text) {
+    if (mode_ == Mode::StopAtFirstError) throw FileError(file_, line, text);
+    Add({line, true, text});
+  }
+
+  void Advise(int line, const std::string& text) { Add({line, false, text}); }
+
+  [[nodiscard]] const std::vector<FormatFault>& List() const { return list_; }
+  [[nodiscard]] bool HasErrors() const { return errors_ > 0; }
+
+ private:
+  /// A million faulty lines need no million messages.
+  static constexpr std::size_t kMost = 1000;
+
+  void Add(FormatFault fault) {
+    if (fault.error) ++errors_;
+    if (list_.size() < kMost) list_.push_back(std::move(fault));
+  }
+
+  std::filesystem::path file_;
+  Mode mode_;
+  std::vector<FormatFault> list_;
+  std::size_t errors_ = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,164 @@
+#include "persist/profile_file.h"
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "model/template_faults.h"
+#include "model/tokenizer.h"
+#include "persist/line_reader.h"
+
+namespace tav {
+namespace {
+
+constexpr std::string_view kStartOfProfile = "Start of Profile";
+constexpr std::string_view kEndOfProfile = "End of Profile";
+constexpr std::size_t kMostDives = std::numeric_limits<std::int16_t>::max() - 1;
+
+std::string Quoted(std::string_view text) { return "\"" + std::string(text.substr(0, 60)) + "\""; }
+
+class Reader {
+ public:
+  Reader(std::string_view text, FormatFaults& faults) : lines_(text), faults_(faults) {}
+
+  ProfileText Run() {
+    do {
+      if (profile_.dives.size() == kMostDives) {
+        faults_.Error(lines_.LineNumber() + 1, "a series holds at most 32,766 dives");
+        break;
+      }
+      if (!ReadDive()) break;
+    } while (!lines_.SkipBlankLines());
+    return std::move(profile_);
+  }
+
+ private:
+  void Error(const std::string& text) { faults_.Error(lines_.LineNumber(), text); }
+
+  /// False when the text is not even a dive record, so that reading on makes no sense.
+  bool ReadDive() {
+    LineReader first = lines_;
+    if (first.Next() != "Start Template Block") {
+      faults_.Error(lines_.LineNumber() + 1, "a dive begins with the line \"Start Template Block\"");
+      return false;
+    }
+    DiveRecord& dive = profile_.dives.emplace_back();
+    DiveRecordLines& where = profile_.lines.emplace_back();
+    where.block = lines_.LineNumber() + 1;
+    where.keys = ReadTemplateBlock(dive.Template, lines_, faults_);
+    if (lines_.Next() != kStartOfProfile) {
+      Error("the line \"" + std::string(kStartOfProfile) + "\" is missing");
+      return false;
+    }
+    ReadSurfaceInterval(dive);
+    return ReadActions(dive, where);
+  }
+
+  void ReadSurfaceInterval(DiveRecord& dive) {
+    const std::string_view line = lines_.Next().value_or("");
+    const std::size_t equals = line.find('=');
+    if (TrimBlanks(line.substr(0, equals)) != "SurfTime" || equals == std::string_view::npos) {
+      Error("\"SurfTime = \" and a number of minutes must follow \"" + std::string(kStartOfProfile) + "\"");
+      return;
+    }
+    const auto minutes = ParseStrict(line.substr(equals + 1));
+    if (!minutes || !(*minutes >= 0 && *minutes <= kMaximumSurfaceInterval)) {
+      Error("\"SurfTime\" must be a number of minutes from 0 to 1000000, not " + Quoted(line.substr(equals + 1)));
+      return;
+    }
+    dive.SurfaceInterval = *minutes;
+    if (profile_.dives.size() == 1 && dive.SurfaceInterval != 0) {
+      faults_.Advise(lines_.LineNumber(), "\"SurfTime\" of a first dive has no effect");
+    }
+  }
+
+  bool ReadActions(DiveRecord& dive, DiveRecordLines& where) {
+    while (const auto line = lines_.Next()) {
+      if (ClassTokenizer::hastokens(*line, ",")) {
+        if (!ReadAction(*line, dive)) return false;
+        where.actions.push_back(lines_.LineNumber());
+      } else if (*line == kEndOfProfile) {
+        return true;
+      } else if (!TrimBlanks(*line).empty()) {
+        faults_.Advise(lines_.LineNumber(), Quoted(*line) + " is not an action and is ignored");
+      }
+    }
+    Error("the file ends before \"" + std::string(kEndOfProfile) + "\"");
+    return false;
+  }
+
+  /// False when the list is full.
+  bool ReadAction(std::string_view line, DiveRecord& dive) {
+    ClassUseractions& actions = dive.UserActions;
+    if (actions.GetLength() == std::numeric_limits<std::int16_t>::max()) {
+      Error("a dive holds at most 32,767 actions");
+      return false;
+    }
+    if (ClassTokenizer::tokenCount(line, ",") != 5 || !line.ends_with(',')) {
+      faults_.Advise(lines_.LineNumber(), "an action is four numbers, each followed by \",\"");
+    }
+    // A line with fewer fields gives its last one again for those that are missing.
+    const Single depth = Number(ClassTokenizer::nextToken(line, ","), "depth");
+    const Single time = Number(ClassTokenizer::nextToken(line, ","), "time");
+    const std::int16_t mix = Integer(ClassTokenizer::nextToken(line, ","), "mix number");
+    const bool isAscent = Integer(ClassTokenizer::nextToken(line, ","), "action") != 0;
+    if (!isAscent) {
+      const std::string fault = LegFault(time, depth, mix, dive.Template);
+      if (!fault.empty()) Error(fault);
+    }
+    actions.NewAction();
+    const std::int16_t last = actions.GetLength();
+    actions.setuser(last, depth, time, mix);
+    if (isAscent) actions.setdeco(last);
+    return true;
+  }
+
+  Single Number(std::string_view text, const std::string& what) {
+    const auto number = ParseStrict(text);
+    if (number && std::fabs(*number) <= static_cast<double>(std::numeric_limits<float>::max())) return *number;
+    Error("the " + what + " of an action must be a number, not " + Quoted(text));
+    return 0;
+  }
+
+  std::int16_t Integer(std::string_view text, const std::string& what) {
+    const auto number = ParseStrict(text);
+    const auto integer = number ? RoundToInt16(*number) : std::nullopt;
+    if (!integer) Error("the " + what + " of an action must be a whole number, not " + Quoted(text));
+    return integer.value_or(0);
+  }
+
+  LineReader lines_;
+  FormatFaults& faults_;
+  ProfileText profile_;
+};
+
+}  // namespace
+
+std::string WriteDiveRecord(const DiveTemplate& diveTemplate, Single surfaceInterval, const ClassUseractions& actions) {
+  std::string text = WriteTemplateBlock(diveTemplate);
+  (text += kStartOfProfile) += "\r\n";
+  text += "SurfTime = " + FormatPlain(surfaceInterval) + "\r\n";
+  for (int n = 1; n <= actions.GetLength(); ++n) {
+    const auto i = static_cast<std::int16_t>(n);
+    text += FormatPlain(actions.getDepth(i)) + "," + FormatPlain(actions.gettime(i)) + "," +
+            std::to_string(actions.getmixnumber(i)) + "," + std::to_string(actions.getaction(i)) + ",\r\n";
+  }
+  return (text += kEndOfProfile) += "\r\n";
+}
+
+ProfileText ReadProfileText(std::string_view text, FormatFaults& faults) { return Reader(text, faults).Run(); }
+
+ProfileText ReadProfileFile(const std::filesystem::path& file) {
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  return ReadProfileText(ReadTextFile(file), faults);
+}
+
+void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults) {
+  for (const TemplateFault& fault : TemplateFaults(diveTemplate)) {
+    faults.Error(LineOfFault(fault, keys, blockLine), fault.text);
+  }
+}
+
+}  // namespace tav

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/single.h"
+#include "model/user_actions.h"
+#include "persist/format_faults.h"
+#include "persist/template_block.h"
+
+namespace tav {
+
+/// Extension of profile files.
+constexpr std::string_view kProfileExtension = ".tav";
+
+/// One dive of a profile file: the settings and what the user asked for. Results are computed anew.
+struct DiveRecord {
+  DiveTemplate Template;
+  Single SurfaceInterval;  ///< minutes ahead of this dive
+  ClassUseractions UserActions;
+};
+
+/// Where the parts of a record stand in its file, for messages.
+struct DiveRecordLines {
+  int block = 0;             ///< "Start Template Block"
+  KeyLines keys;             ///< of the block
+  std::vector<int> actions;  ///< of each action; element 0 is action 1
+};
+
+struct ProfileText {
+  std::vector<DiveRecord> dives;
+  std::vector<DiveRecordLines> lines;  ///< one for each dive
+};
+
+/// The text of one dive record: template block, "Start of Profile", surface interval, actions, "End of Profile".
+std::string WriteDiveRecord(const DiveTemplate& diveTemplate, Single surfaceInterval, const ClassUseractions& actions);
+
+/// Reads all dive records of a text; blank lines after the last are tolerated. Errors, beside those of the block: no
+/// dive at all, more than 32,766 dives or 32,767 actions, a missing marker, a number that is none or does not fit, a
+/// leg that can't be planned (LegFault), a surface interval outside 0 to 1,000,000 minutes.
+ProfileText ReadProfileText(std::string_view text, FormatFaults& faults);
+
+/// Reads a profile file. Throws FileError at the first fault; nothing is returned of a broken file.
+ProfileText ReadProfileFile(const std::filesystem::path& file);
+
+/// The faults of the templates themselves (TemplateFaults), with their lines. A profile with such a fault opens, but
+/// can't be computed.
+void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults);
+
+}  // namespace tav

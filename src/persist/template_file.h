@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "model/dive_template.h"
+#include "persist/format_faults.h"
+#include "persist/template_block.h"
+
+namespace tav {
+
+/// Extension of template files.
+constexpr std::string_view kTemplateExtension = ".tpl";
+
+/// Reads a template file: one block. On any fault the record stays as it is and FileError tells file, line and reason.
+/// On success `Templatename` is that of the block, or the file's name where the block has none, `TemplateFolder` is the
+/// file's folder with its trailing separator, and `TemplateChanged` is cleared.
+void LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& file);
+
+/// Writes a file with one block, whole or not at all. Throws FileError.
+void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file);
+
+/// Reads a template from text, collecting or throwing as `faults` says. Returns the lines of its keys.
+KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, FormatFaults& faults);
+
+/// The template that is shipped as "Default.tpl", from within the program: what it falls back on when that file is
+/// missing or broken.
+DiveTemplate ShippedDefaultTemplate();
+
+}  // namespace tav

@@ -1,0 +1,180 @@
+#include "persist/text_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace tav {
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
+
+std::string ErrorText(int error) { return std::generic_category().message(error); }
+
+/// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { Close(); }
+
+  [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }
+  [[nodiscard]] int Get() const { return fd_; }
+  /// Closes now; false when the system reports a late write error.
+  bool Close() {
+    if (fd_ < 0) return true;
+    const int fd = fd_;
+    fd_ = -1;
+    return ::close(fd) == 0;
+  }
+
+ private:
+  int fd_;
+};
+
+/// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
+std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
+  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
+  const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0U) == 0x80U; };
+  const unsigned lead = byte(at);
+  if (lead < 0x80) return 1;
+  if (lead >= 0xC2 && lead <= 0xDF) return continues(at + 1) ? 2 : 0;
+  if (lead >= 0xE0 && lead <= 0xEF) {
+    if (!continues(at + 1) || !continues(at + 2)) return 0;
+    if (lead == 0xE0 && byte(at + 1) < 0xA0) return 0;  // overlong
+    if (lead == 0xED && byte(at + 1) > 0x9F) return 0;  // surrogate
+    return 3;
+  }
+  if (lead >= 0xF0 && lead <= 0xF4) {
+    if (!continues(at + 1) || !continues(at + 2) || !continues(at + 3)) return 0;
+    if (lead == 0xF0 && byte(at + 1) < 0x90) return 0;
+    if (lead == 0xF4 && byte(at + 1) > 0x8F) return 0;
+    return 4;
+  }
+  return 0;
+}
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = Utf8Sequence(text, at);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
+}
+
+void AppendUtf8(std::string& text, unsigned codePoint) {
+  if (codePoint < 0x80) {
+    text += static_cast<char>(codePoint);
+  } else if (codePoint < 0x800) {
+    text += static_cast<char>(0xC0U | codePoint >> 6U);
+    text += static_cast<char>(0x80U | (codePoint & 0x3FU));
+  } else {
+    text += static_cast<char>(0xE0U | codePoint >> 12U);
+    text += static_cast<char>(0x80U | (codePoint >> 6U & 0x3FU));
+    text += static_cast<char>(0x80U | (codePoint & 0x3FU));
+  }
+}
+
+// Windows-1252 from 0x80 to 0x9F; the rest is Latin-1. The five unassigned bytes stand for themselves.
+constexpr std::array<unsigned, 32> kWindows1252 = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                                   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(fd, text.data(), text.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    }
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+}  // namespace
+
+FileError::FileError(const std::filesystem::path& file, int line, const std::string& reason)
+    : std::runtime_error(file.string() + (line > 0 ? ":" + std::to_string(line) : "") + ": " + reason),
+      reason_(reason),
+      line_(line) {}
+
+std::string ToUtf8(std::string text) {
+  if (IsUtf8(text)) return text;
+  std::string utf8;
+  utf8.reserve(text.size() * 2);
+  for (const char c : text) {
+    const unsigned byte = static_cast<unsigned char>(c);
+    AppendUtf8(utf8, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80] : byte);
+  }
+  return utf8;
+}
+
+std::string ReadTextFile(const std::filesystem::path& file) {
+  Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!fd.IsOpen()) throw FileError(file, 0, "can't be opened: " + ErrorText(errno));
+  std::string text;
+  std::array<char, 65536> buffer{};
+  while (true) {
+    const ssize_t got = ::read(fd.Get(), buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) throw FileError(file, 0, "can't be read: " + ErrorText(errno));
+    if (got == 0) break;
+    text.append(buffer.data(), static_cast<std::size_t>(got));
+    if (text.size() > kLargestFile) throw FileError(file, 0, "is larger than 64 MiB, which no plan is");
+  }
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+  return ToUtf8(std::move(text));
+}
+
+void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path target = fs::weakly_canonical(file, error);
+  if (error) target = file;
+  if (fs::is_directory(target, error)) throw FileError(file, 0, "is a folder");
+
+  // A file that is there but must not be written stays, although its folder would allow the rename.
+  struct stat old {};
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  if (exists && ::access(target.c_str(), W_OK) != 0) {
+    throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+  }
+  if (exists && !S_ISREG(old.st_mode)) {  // a pipe or a terminal has nothing to lose
+    Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!device.IsOpen()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    WriteAll(device.Get(), text, file);
+    return;
+  }
+
+  std::string beside = target.string() + ".XXXXXX";
+  Descriptor fd(::mkstemp(beside.data()));
+  if (!fd.IsOpen()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+  try {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    if (::fchmod(fd.Get(), exists ? old.st_mode & 07777U : 0666U & ~mask) != 0) {
+      throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    }
+    WriteAll(fd.Get(), text, file);
+    if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    if (::rename(beside.c_str(), target.c_str()) != 0) {
+      throw FileError(file, 0, "can't be replaced: " + ErrorText(errno));
+    }
+  } catch (...) {
+    ::unlink(beside.c_str());
+    throw;
+  }
+  // The rename itself reaches the disk with the folder.
+  Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) ::fsync(folder.Get());
+}
+
+}  // namespace tav

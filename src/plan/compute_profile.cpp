@@ -1,0 +1,75 @@
+#include "plan/compute_profile.h"
+
+#include <stdexcept>
+
+#include "model/template_faults.h"
+
+namespace tav {
+
+/// Starts and drives the engine of one run.
+class EngineDoor {
+ public:
+  EngineDoor(const PlanServices& services, const EngineRun& run) : services_(services), run_(run) {}
+
+  void Replay(const ClassProfile& userProfile, ClassProfile& segmentedProfile, ReplayMemory* memory) const {
+    // A trace shows every segment of every replay.
+    const bool remembers = memory != nullptr && !services_.observer.WantsTrace();
+    if (remembers && memory->engine_) {
+      memory->engine_->LoadMore(userProfile, segmentedProfile);
+      return;
+    }
+    auto engine = Start();
+    engine->LoadCompartments(userProfile, segmentedProfile);
+    if (remembers) memory->engine_ = std::move(engine);
+  }
+
+  void Ascend(const ClassProfile& userProfile, ClassProfile& segmentedProfile) const {
+    segmentedProfile.clear();
+    Start()->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC);
+  }
+
+ private:
+  [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
+    auto engine = std::make_unique<ClassBuhlmann>(services_.documents, services_.model, services_.observer);
+    if (run_.previousDocument == -1) {
+      engine->Init(run_.document, false);
+    } else {
+      const DocumentState& previous = services_.documents(run_.previousDocument);
+      engine->InitAfterSurfaceInterval(run_.document, false, previous.N2Compartments, previous.HeCompartments,
+                                       services_.documents(run_.document).SurfaceInterval);
+    }
+    return engine;
+  }
+
+  const PlanServices& services_;
+  const EngineRun& run_;
+};
+
+std::string ComputeProfile(const PlanServices& services, const EngineRun& run, const ClassProfile& userProfile,
+                           ClassProfile& segmentedProfile, ReplayMemory* memory) {
+  const auto faults = TemplateFaults(services.documents(run.document).Template);
+  if (!faults.empty()) {
+    segmentedProfile.clear();
+    return JoinFaults(faults);
+  }
+  constexpr int kRunning = 5006;
+  constexpr int kIdle = 5005;
+  services.display.ShowStatus(kRunning);
+  std::string fault;
+  try {
+    const EngineDoor door(services, run);
+    if (run.loadOnly) {
+      door.Replay(userProfile, segmentedProfile, memory);
+    } else {
+      door.Ascend(userProfile, segmentedProfile);
+    }
+  } catch (const std::length_error& error) {
+    segmentedProfile.clear();
+    if (memory != nullptr) memory->Forget();
+    fault = error.what();
+  }
+  services.display.ShowStatus(kIdle);
+  return fault;
+}
+
+}  // namespace tav

@@ -1,0 +1,61 @@
+#include "plan/document_forms.h"
+
+#include "engine/oxygen_dose.h"
+#include "plan/captions.h"
+
+namespace tav {
+
+frmWaypointEditor& DocumentForms::operator()(std::int16_t document) {
+  const auto index = static_cast<std::size_t>(document);
+  if (index >= forms_.size()) forms_.resize(index + 1);
+  if (!forms_[index]) forms_[index] = std::make_unique<frmWaypointEditor>(*this, document);
+  return *forms_[index];
+}
+
+std::int16_t DocumentForms::NewDocument() {
+  const std::int16_t number = services_.documents.AllocateDocumentSlot();
+  services_.documents(number) = {};
+  (*this)(number).Form_Load();
+  return number;
+}
+
+std::int16_t DocumentForms::LoadNewDoc() {
+  const std::int16_t number = NewDocument();
+  DocumentState& document = services_.documents(number);
+  CopyDiveTemplate(services_.documents(DocumentStore::DefaultDocument).Template, document.Template);
+  document.TemplateTitle = document.Template.Templatename;
+  document.ProfileName = UntitledName(services_.texts, number);
+  frmWaypointEditor& window = (*this)(number);
+  window.SetTemplate();
+  window.setNullWaypoint();
+  services_.display.ShowCaption(number, DocumentCaption(services_.texts, document));
+  window.setPrevNext(-1, -1);
+  services_.display.EnableSurfaceInterval(false);
+  return number;
+}
+
+std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval) {
+  const std::int16_t number = NewDocument();
+  DocumentState& document = services_.documents(number);
+  const DocumentState& before = services_.documents(previous);
+  CopyDiveTemplate(before.Template, document.Template);
+  document.TemplateTitle = before.Template.Templatename;
+  document.ProfileName = before.ProfileName;
+  document.ProfileFolder = before.ProfileFolder;
+  document.SurfaceInterval = surfaceInterval;
+  document.StartCNS = CNSAfterSurfaceInterval(before.TotalCNS, surfaceInterval);
+  document.StartOTU = before.TotalOTU;
+  document.TotalCNS = document.StartCNS;
+  document.TotalOTU = document.StartOTU;
+  document.PreviousDocument = previous;
+  frmWaypointEditor& window = (*this)(number);
+  window.SetTemplate();
+  window.setPrevNext(previous, -1);
+  window.setNullWaypoint();
+  (*this)(previous).setNext(number);
+  return number;
+}
+
+void DocumentForms::Unload(std::int16_t document) { services_.documents(document).SlotFree = true; }
+
+}  // namespace tav

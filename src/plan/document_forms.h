@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "plan/plan_services.h"
+#include "plan/waypoint_editor.h"
+
+namespace tav {
+
+/// The document windows, indexed as the document store. A closed document keeps its window object until its slot is
+/// used again.
+class DocumentForms {
+ public:
+  explicit DocumentForms(const PlanServices& services) : services_(services) {}
+
+  /// The window of a document; made when it is first asked for.
+  frmWaypointEditor& operator()(std::int16_t document);
+
+  /// A document number for a new window, with a fresh record and a window at its start values.
+  std::int16_t NewDocument();
+
+  /// Opens a new empty plan with the settings of the default document, and returns its number.
+  std::int16_t LoadNewDoc();
+
+  /// Adds a repetitive dive behind `previous`, which must be the last of its series, after a surface interval in
+  /// minutes. The new plan is empty and has a copy of the template. Returns its number.
+  std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval);
+
+  /// The slot of a closed window may be used again.
+  void Unload(std::int16_t document);
+
+  [[nodiscard]] const PlanServices& Services() const { return services_; }
+
+ private:
+  PlanServices services_;
+  std::vector<std::unique_ptr<frmWaypointEditor>> forms_;
+};
+
+}  // namespace tav

@@ -1,0 +1,77 @@
+#include "plan/profile_commands.h"
+
+#include "engine/oxygen_dose.h"
+#include "model/path_text.h"
+#include "plan/captions.h"
+
+namespace tav {
+
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file) {
+  return OpenProfile(forms, file, ReadProfileFile(file));
+}
+
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file,
+                                      const ProfileText& profile) {
+  const PlanServices& services = forms.Services();
+  std::vector<std::int16_t> opened;
+  Single carriedOTU = 0;
+  Single carriedCNS = 0;
+  for (const DiveRecord& dive : profile.dives) {
+    const std::int16_t number = forms.NewDocument();
+    DocumentState& document = services.documents(number);
+    document.Template = dive.Template;
+    document.ProfileName = SplitPath(file.string(), PathPart::FileName);
+    document.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
+    document.TemplateTitle = document.ProfileName;
+    document.SurfaceInterval = dive.SurfaceInterval;
+    document.StartOTU = carriedOTU;
+    document.StartCNS = CNSAfterSurfaceInterval(carriedCNS, dive.SurfaceInterval);
+    document.TotalOTU = document.StartOTU;
+    document.TotalCNS = document.StartCNS;
+    services.display.ShowCaption(number, DocumentCaption(services.texts, document));
+
+    frmWaypointEditor& window = forms(number);
+    window.SetTemplate();
+    window.UserActions = dive.UserActions;
+    window.DiveNumber = static_cast<std::int16_t>(opened.size());
+    if (!opened.empty()) {
+      document.PreviousDocument = opened.back();
+      window.PrevProfile = opened.back();
+      forms(opened.back()).NextProfile = number;
+      services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
+    }
+    window.ReEvaluateUserEnteredWaypoints();
+    carriedCNS = document.TotalCNS;
+    carriedOTU = document.TotalOTU;
+    opened.push_back(number);
+  }
+  return opened;
+}
+
+std::string ProfileFileText(DocumentForms& forms, std::int16_t document) {
+  const PlanServices& services = forms.Services();
+  std::string text;
+  for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
+    const DocumentState& dive = services.documents(n);
+    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, forms(n).UserActions);
+  }
+  return text;
+}
+
+void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file) {
+  const PlanServices& services = forms.Services();
+  WriteTextFile(file, ProfileFileText(forms, document));
+  for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
+    DocumentState& dive = services.documents(n);
+    dive.ProfileName = SplitPath(file.string(), PathPart::FileName);
+    dive.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (dive.ProfileFolder.empty()) dive.ProfileFolder = "./";
+    dive.Modified = false;
+    services.display.ShowCaption(n, forms(n).PrevProfile == -1
+                                        ? DocumentCaption(services.texts, dive)
+                                        : RepetitiveCaption(services.texts, dive, forms(n).DiveNumber));
+  }
+}
+
+}  // namespace tav

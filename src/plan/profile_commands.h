@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+#include "persist/profile_file.h"
+#include "plan/document_forms.h"
+
+namespace tav {
+
+/// Opens a profile file: each dive becomes a document, linked into a series and computed. Returns their numbers in
+/// order. Throws FileError when the file can't be read or is broken; then no document is added and none is changed.
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file);
+
+/// The same for a profile that has been read already.
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file,
+                                      const ProfileText& profile);
+
+/// The series of a document as the text of a profile file.
+std::string ProfileFileText(DocumentForms& forms, std::int16_t document);
+
+/// Saves the whole series of a document, whole or not at all; then its dives bear the name of the file and are not
+/// modified any more. Throws FileError; then nothing has changed.
+void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file);
+
+}  // namespace tav

@@ -1,0 +1,269 @@
+#include "plan/waypoint_editor.h"
+
+#include <stdexcept>
+
+#include "model/template_faults.h"
+#include "plan/captions.h"
+#include "plan/document_forms.h"
+#include "plan/leg_expansion.h"
+
+namespace tav {
+namespace {
+
+// Texts by number.
+constexpr int kUnsavedName = 3057;
+constexpr int kUnsavedQuestion = 3058;
+constexpr int kUnsavedTitle = 3059;
+constexpr int kAboveCeiling = 3061;
+
+}  // namespace
+
+frmWaypointEditor::frmWaypointEditor(DocumentForms& forms, std::int16_t documentNumber)
+    : forms_(forms), documentNumber_(documentNumber) {}
+
+const PlanServices& frmWaypointEditor::Services() const { return forms_.Services(); }
+
+DocumentState& frmWaypointEditor::Document() { return Services().documents(documentNumber_); }
+
+void frmWaypointEditor::Form_Load() {
+  DiveNumber = 1;
+  PrevProfile = -1;
+  NextProfile = -1;
+  InputProfile.Class_Initialize();
+  resultProfile_.Class_Initialize();
+  savedProfile_.Class_Initialize();
+  UserActions.clear();
+  currentRunTime_ = 0;
+  editState_ = EditState::Empty;
+  evaluationFault_.clear();
+  setNullWaypoint();
+  Services().display.EnableProfileCommands(false, false);
+}
+
+void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
+
+void frmWaypointEditor::setNullWaypoint() {
+  const DocumentState& document = Document();
+  Waypoint& start = InputProfile.Row(0);
+  start.PPO2 = document.Template.EndPressure * start.GasMixO2 / 100;
+  start.CNS = PrevProfile != -1 ? document.StartCNS : Single(0);
+  start.OTU = PrevProfile != -1 ? document.StartOTU : Single(0);
+}
+
+void frmWaypointEditor::SaveUserEnteredWaypoints(Single duration, Single depth, std::int16_t mix, bool isAscent) {
+  UserActions.NewAction();
+  const std::int16_t last = UserActions.GetLength();
+  UserActions.setuser(last, depth, duration, mix);
+  if (isAscent) UserActions.setdeco(last);
+}
+
+EngineRun frmWaypointEditor::Run(bool loadOnly) const { return {documentNumber_, PrevProfile, loadOnly, false}; }
+
+void frmWaypointEditor::SetFault(const std::string& fault) {
+  evaluationFault_ = fault;
+  Services().display.ShowEvaluationFault(documentNumber_, fault);
+}
+
+std::string frmWaypointEditor::PreviousDiveFault() const {
+  if (PrevProfile == -1 || forms_(PrevProfile).State() == EditState::Ascent) return {};
+  // A later dive starts from the loads at the end of the one before: without an ascent there are none.
+  return "dive " + std::to_string(DiveNumber) + " is not computed: the ascent of dive " +
+         std::to_string(forms_(PrevProfile).DiveNumber) + ", the dive before it, is missing";
+}
+
+void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
+  Evaluate();
+  SurfStartDeco();
+}
+
+void frmWaypointEditor::Evaluate() {
+  InputProfile.clear();
+  setNullWaypoint();
+  if (PrevProfile != -1) Services().display.ShowRepetitiveIcon(documentNumber_);
+  Document().Decompresses = true;
+  editState_ = EditState::Empty;
+  std::string fault = PreviousDiveFault();
+  if (fault.empty()) fault = JoinFaults(PlanFaults(UserActions, Document().Template));
+  SetFault(fault);
+
+  Single endTime = 0;
+  Single startTime = 0;
+  Single startDepth = 0;
+  ReplayMemory memory;
+  for (int n = 1; n <= UserActions.GetLength() && evaluationFault_.empty(); ++n) {
+    const auto action = static_cast<std::int16_t>(n);
+    if (UserActions.getaction(action) == ClassUseractions::kLeg) {
+      if (!EvaluateLeg(action, endTime, startTime, startDepth, memory)) break;
+      editState_ = EditState::Legs;
+    } else {
+      if (!EvaluateAscent(endTime, startTime, startDepth)) break;
+      editState_ = EditState::Ascent;
+      memory.Forget();
+    }
+  }
+  if (!evaluationFault_.empty()) {
+    InputProfile.clear();
+    editState_ = EditState::Empty;
+  }
+  currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
+  EnableCommandsByState();
+  Services().display.EnableClearAscent(editState_ == EditState::Ascent);
+  Services().display.RedrawProfile(documentNumber_);
+}
+
+bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth,
+                                    ReplayMemory& memory) {
+  endTime += UserActions.gettime(action);
+  Leg leg{startTime, startDepth, endTime, UserActions.getDepth(action), UserActions.getmixnumber(action)};
+  const std::int16_t known = InputProfile.GetLength();
+  try {
+    GetSegmentedProfile(leg, Document().Template, InputProfile);
+  } catch (const std::exception& error) {
+    SetFault(error.what());
+    return false;
+  }
+  endTime = leg.endTime;
+  startTime = endTime;
+  startDepth = UserActions.getDepth(action);
+  const bool continued = memory.Remembers();
+  const std::string fault = ComputeProfile(Services(), Run(true), InputProfile, resultProfile_, &memory);
+  if (!fault.empty()) SetFault(fault);
+  // A continued replay has left the rows before this leg as they were, but for the mark of the last one.
+  InputProfile.CopyFrom(resultProfile_, continued ? known : std::int16_t{0});
+  return fault.empty();
+}
+
+bool frmWaypointEditor::EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth) {
+  const std::string fault = ComputeProfile(Services(), Run(false), InputProfile, resultProfile_);
+  if (!fault.empty()) {
+    SetFault(fault);
+    return false;
+  }
+  InputProfile.Copy(resultProfile_);
+  const std::int16_t last = InputProfile.GetLength();
+  endTime = InputProfile.GetRunTime(last);
+  startTime = endTime;
+  startDepth = InputProfile.getDepth(last);
+  return true;
+}
+
+bool frmWaypointEditor::StartDeco() {
+  const PlanServices& services = Services();
+  try {
+    UserActions.NewAction();
+  } catch (const std::length_error& error) {
+    services.boxes.Show(error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    return false;
+  }
+  UserActions.setdeco(UserActions.GetLength());
+  services.display.ShowHourglass(true);
+  savedProfile_.Copy(InputProfile);
+  Document().Decompresses = true;
+  std::string fault = evaluationFault_;
+  if (fault.empty()) fault = ComputeProfile(services, Run(false), InputProfile, resultProfile_);
+  if (!fault.empty()) {
+    UserActions.DeleteLast();
+    services.display.ShowHourglass(false);
+    services.boxes.Show(fault, "", BoxIcon::Stop, BoxButtons::OK);
+    return false;
+  }
+  Document().Modified = true;
+  InputProfile.Copy(resultProfile_);
+  resultProfile_.clear();
+  currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
+  services.display.EnableClearAscent(true);
+  editState_ = EditState::Ascent;
+  services.display.EnableSurfaceInterval(NextProfile == -1);
+  UpdateSurfProfiles();
+  services.display.RedrawProfile(documentNumber_);
+  services.display.ShowHourglass(false);
+  SurfStartDeco();
+  return true;
+}
+
+bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix) {
+  const PlanServices& services = Services();
+  std::string refusal = LegFault(segmentTime, depth, mix, Document().Template);
+  if (depth < InputProfile.GetCeiling(InputProfile.GetLength())) refusal = services.texts.GetResString(kAboveCeiling);
+  if (refusal.empty()) {
+    try {
+      SaveUserEnteredWaypoints(segmentTime, depth, mix, false);
+    } catch (const std::length_error& error) {
+      refusal = error.what();
+    }
+  }
+  if (!refusal.empty()) {
+    services.boxes.Show(refusal, "", BoxIcon::Stop, BoxButtons::OK);
+    return false;
+  }
+  Document().Modified = true;
+  ReEvaluateUserEnteredWaypoints();
+  return true;
+}
+
+void frmWaypointEditor::mnucleardecopoints() {
+  Document().Modified = true;
+  if (editState_ != EditState::Ascent) return;
+  editState_ = EditState::Legs;
+  InputProfile.Copy(savedProfile_);
+  UserActions.DeleteLast();
+  ReEvaluateUserEnteredWaypoints();
+  DisableSurfaceInterval();
+}
+
+void frmWaypointEditor::mnuclearlastwaypoint() {
+  Document().Modified = true;
+  UserActions.DeleteLast();
+  DisableSurfaceInterval();
+  ReEvaluateUserEnteredWaypoints();
+}
+
+void frmWaypointEditor::mnuclearallwaypoints() {
+  Document().Modified = true;
+  InputProfile.clear();
+  UserActions.clear();
+  ReEvaluateUserEnteredWaypoints();
+  DisableSurfaceInterval();
+}
+
+void frmWaypointEditor::DisableSurfaceInterval() { Services().display.EnableSurfaceInterval(false); }
+
+void frmWaypointEditor::EnableCommandsByState() {
+  const bool anything = editState_ != EditState::Empty;
+  Services().display.EnableProfileCommands(editState_ == EditState::Legs, anything);
+}
+
+void frmWaypointEditor::Form_Activate() {
+  const PlanServices& services = Services();
+  services.display.ShowBreathingMode(Document().Template.OpenCircuit);
+  EnableCommandsByState();
+  services.display.EnableClearAscent(editState_ == EditState::Ascent);
+  services.display.EnableSurfaceInterval(NextProfile == -1 && editState_ == EditState::Ascent);
+  if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
+}
+
+bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs) {
+  const PlanServices& services = Services();
+  DocumentState& document = Document();
+  if (PrevProfile == -1 && document.Modified) {
+    const TextSource& texts = services.texts;
+    const std::string question = texts.GetResString(kUnsavedName) + DocumentCaption(texts, document) + "]?\r\n" +
+                                 texts.GetResString(kUnsavedQuestion);
+    const BoxAnswer answer =
+        services.boxes.Show(question, texts.GetResString(kUnsavedTitle), BoxIcon::Exclamation, BoxButtons::YesNoCancel);
+    if (answer == BoxAnswer::Cancel) return false;
+    // A save that failed or was given up must not cost the plan.
+    if (answer == BoxAnswer::Yes && !saveAs()) return false;
+  }
+  if (document.Modified) {
+    document.TotalCNS = 0;
+    document.TotalOTU = 0;
+    document.SurfaceInterval = 0;
+    document.N2Compartments = {};
+    document.HeCompartments = {};
+  }
+  if (closedByUser) SurfDeleteProfile();
+  return true;
+}
+
+}  // namespace tav

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "model/profile.h"
+#include "model/user_actions.h"
+#include "plan/compute_profile.h"
+#include "plan/plan_services.h"
+
+namespace tav {
+
+class DocumentForms;
+
+/// How far a plan has come.
+enum class EditState : std::int16_t {
+  Empty = 0,   ///< no user waypoint
+  Legs = 1,    ///< user waypoints; the last action is a leg
+  Ascent = 2,  ///< the ascent has been computed
+};
+
+/// A document window: one open dive plan, apart from its drawing.
+///
+/// The plan is held twice: `UserActions` is what the user asked for, `InputProfile` what comes out when those actions
+/// are expanded by the rate tables of the template and run through the engine. `InputProfile` is never edited in place:
+/// every change edits the actions or the template and ends in ReEvaluateUserEnteredWaypoints.
+class frmWaypointEditor {
+ public:
+  frmWaypointEditor(DocumentForms& forms, std::int16_t documentNumber);
+  frmWaypointEditor(const frmWaypointEditor&) = delete;
+  frmWaypointEditor& operator=(const frmWaypointEditor&) = delete;
+
+  std::int16_t DiveNumber = 1;  ///< place in the series
+  ClassProfile InputProfile;    ///< the profile shown
+  ClassUseractions UserActions;
+  std::int16_t PrevProfile = -1;  ///< document of the dive before, -1 for none
+  std::int16_t NextProfile = -1;  ///< document of the dive after, -1 for none
+
+  [[nodiscard]] std::int16_t Tag() const { return documentNumber_; }
+  [[nodiscard]] EditState State() const { return editState_; }
+  [[nodiscard]] Single CurrentRunTime() const { return currentRunTime_; }
+  /// Why the plan could not be computed, empty when it could. The rows are then those of an empty plan.
+  [[nodiscard]] const std::string& EvaluationFault() const { return evaluationFault_; }
+
+  /// Puts the window back to its start values, for a slot that is used again.
+  void Form_Load();
+  void SetTemplate();
+  /// Fills the computed fields of row 0: PPO2, and the oxygen doses of a repetitive dive.
+  void setNullWaypoint();
+  /// Appends an action: a leg (minutes, depth, mix number) or an ascent command. Throws std::length_error when full.
+  void SaveUserEnteredWaypoints(Single duration, Single depth, std::int16_t mix, bool isAscent);
+  /// Rebuilds the rows from the actions, then those of all later dives of the series.
+  void ReEvaluateUserEnteredWaypoints();
+  /// The user's ascent command. False when the plan can't be computed: a box has said why, and nothing has changed.
+  bool StartDeco();
+  /// A waypoint as the user confirmed it. False when it lies above the ceiling or can't be planned: a box has said so.
+  bool AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix);
+
+  void mnucleardecopoints();
+  void mnuclearlastwaypoint();
+  void mnuclearallwaypoints();
+
+  /// Brings the main window in line with this document.
+  void Form_Activate();
+  /// Asks about unsaved changes, once for a series, from its first dive. False calls the close off. `saveAs` saves the
+  /// series under a name that the user gives and tells whether it did.
+  bool Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs);
+
+  // Series (waypoint_editor_series.cpp).
+  void setPrevNext(std::int16_t previous, std::int16_t next);
+  void setPrev(std::int16_t previous);
+  void setNext(std::int16_t next);
+  /// Sets `DiveNumber` and, on a repetitive dive, the caption.
+  void UpdateSurfProfiles();
+  /// Re-evaluates the later dives of the series, in order.
+  void SurfStartDeco();
+  /// Takes this dive out of its series: the first takes all others with it.
+  void SurfDeleteProfile();
+  [[nodiscard]] std::int16_t getFirstProfile() const;
+  [[nodiscard]] std::int16_t getLastProfile() const;
+
+ private:
+  void Evaluate();
+  bool EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth, ReplayMemory& memory);
+  bool EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth);
+  [[nodiscard]] std::string PreviousDiveFault() const;
+  [[nodiscard]] EngineRun Run(bool loadOnly) const;
+  void SetFault(const std::string& fault);
+  void EnableCommandsByState();
+  void DisableSurfaceInterval();
+  DocumentState& Document();
+  [[nodiscard]] const PlanServices& Services() const;
+
+  DocumentForms& forms_;
+  std::int16_t documentNumber_;
+  EditState editState_ = EditState::Empty;
+  ClassProfile resultProfile_;
+  ClassProfile savedProfile_;
+  Single currentRunTime_;
+  std::string evaluationFault_;
+};
+
+}  // namespace tav

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace tav {
+
+/// The texts of the user interface, by number. Without a language table every text is its placeholder.
+class TextSource {
+ public:
+  TextSource() = default;
+  TextSource(const TextSource&) = delete;
+  TextSource& operator=(const TextSource&) = delete;
+  virtual ~TextSource() = default;
+
+  /// The text of an ID; "*StringID 1234*" for one that has none, so that a gap shows on the screen and is no error.
+  [[nodiscard]] virtual std::string GetResString(int id) const { return "*StringID " + std::to_string(id) + "*"; }
+};
+
+}  // namespace tav
