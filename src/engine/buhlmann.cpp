@@ -51,7 +51,7 @@ void ClassBuhlmann::TravelToAltitude() {
 
 void ClassBuhlmann::AltitudeSegment(Single altitude, Single time) {
   const Single ambient = ToDepthUnits(AltitudeToPressure(altitude, template_->Metric));
-  kernels_.LoadConstant(loads_, OpenCircuitInspired(ambient), decay_.For(time));
+  kernels_.LoadConstant(ChangingLoads(), OpenCircuitInspired(ambient), decay_.For(time));
 }
 
 void ClassBuhlmann::InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,

@@ -115,6 +115,12 @@ class ClassBuhlmann {
   [[nodiscard]] Single FirstCandidate(Single currentDepth) const;
   [[nodiscard]] Single NextCandidate(Single stop) const;
   Single Ceiling();
+  void SetGradientFactor(Single factor);
+  /// The loads, for a loading that is about to change them: the ceiling known so far no longer holds.
+  Loads& ChangingLoads() {
+    ceilingKnown_ = false;
+    return loads_;
+  }
   [[nodiscard]] Single MaxMValueAt(Single depth) const;
   void AscendByRates(Single from, Single to, Single surfacePressure, const RampKind& kind);
   [[nodiscard]] std::int16_t DecoGasAt(Single depth) const;
@@ -157,6 +163,8 @@ class ClassBuhlmann {
   bool decoPhase_ = false;
   Single vpmGradient_;
   std::int16_t modelMarker_ = ModelMarker::kNone;
+  bool ceilingKnown_ = false;  // a stop and the row written for it ask for the same ceiling
+  Single ceiling_;
   Single otuTotal_;
   Single cnsTotal_;
   bool decompresses_ = true;

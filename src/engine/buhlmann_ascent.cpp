@@ -26,24 +26,26 @@ Single NextWholeMinute(Single runTime) {
 }  // namespace
 
 Single ClassBuhlmann::Ceiling() {
+  if (ceilingKnown_) return ceiling_;
   const double surface = ToDepthUnits(template_->EndPressure);
-  const auto vpmCeiling = [&]() -> Single {
-    return std::fmax(kernels_.LargestLoad(loads_) - vpmGradient_ - surface, 0.0);
-  };
-  const auto zhl16Ceiling = [&]() -> Single {
-    return kernels_.DeepestCeiling(loads_, mValues_, gradientFactor_, surface);
-  };
-  if (model_.VPMMode) {
-    modelMarker_ = ModelMarker::kVPM;
-    return vpmCeiling();
+  if (!model_.VPMMode) {
+    ceiling_ = kernels_.DeepestCeiling(loads_, mValues_, gradientFactor_, surface);
+    modelMarker_ = ModelMarker::kZHL16;
   }
-  const Single z = zhl16Ceiling();
-  modelMarker_ = ModelMarker::kZHL16;
-  if (!model_.HybridMode) return z;
-  const Single w = vpmCeiling();
-  if (w <= z) return z;
-  modelMarker_ = ModelMarker::kVPM;
-  return w;
+  if (model_.VPMMode || model_.HybridMode) {
+    const Single bubbles = std::fmax(kernels_.LargestLoad(loads_) - vpmGradient_ - surface, 0.0);
+    if (model_.VPMMode || bubbles > ceiling_) {
+      ceiling_ = bubbles;
+      modelMarker_ = ModelMarker::kVPM;
+    }
+  }
+  ceilingKnown_ = true;
+  return ceiling_;
+}
+
+void ClassBuhlmann::SetGradientFactor(Single factor) {
+  gradientFactor_ = factor;
+  ceilingKnown_ = false;
 }
 
 Single ClassBuhlmann::MaxMValueAt(Single depth) const {
@@ -73,7 +75,8 @@ void ClassBuhlmann::Ascend(Single currentDepth, Single maximumDepth) {
   vpm.VPMStart(maximumDepth);
   vpmGradient_ = vpm.GetGradF();
   decoPhase_ = true;
-  if (template_->UseGF) gradientFactor_ = template_->GFLow;
+  ceilingKnown_ = false;
+  if (template_->UseGF) SetGradientFactor(template_->GFLow);
 
   // Free ascent: as long as the ceiling allows the next candidate.
   Single stop = FirstCandidate(currentDepth);
@@ -95,7 +98,7 @@ void ClassBuhlmann::Ascend(Single currentDepth, Single maximumDepth) {
   if (template_->OCDeco) openCircuit_ = true;
   while (true) {
     // The diver waits for the next stop, so the factor in force is the one of that depth.
-    if (template_->UseGF) gradientFactor_ = slope * nextStop + template_->GFHigh;
+    if (template_->UseGF) SetGradientFactor(slope * nextStop + template_->GFHigh);
     ChangeToDecoGas(thisStop);
     status_ = RowStatus::kStop;
     DecoStop(thisStop, nextStop, surfacePressure);
@@ -152,7 +155,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
   const Single end = NextWholeMinute(runTime_);
   Single waited = end - runTime_;
   runTime_ = end;
-  kernels_.LoadConstant(loads_, wait.inspired, decay_.For(waited));
+  kernels_.LoadConstant(ChangingLoads(), wait.inspired, decay_.For(waited));
   const CompartmentPair& stepFactors = decay_.For(wait.step);
   while (Ceiling() > nextStop) {
     if (waited >= kLongestStop) {
@@ -162,7 +165,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
     }
     waited += wait.step;
     runTime_ += wait.step;
-    kernels_.LoadConstant(loads_, wait.inspired, stepFactors);
+    kernels_.LoadConstant(ChangingLoads(), wait.inspired, stepFactors);
   }
   return waited;
 }

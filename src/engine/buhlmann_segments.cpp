@@ -27,7 +27,7 @@ void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfaceP
   segmentTime_ = time;
   runTime_ += time;
   const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
-  kernels_.LoadConstant(loads_, OpenCircuitInspired(ambient), decay_.For(time));
+  kernels_.LoadConstant(ChangingLoads(), OpenCircuitInspired(ambient), decay_.For(time));
   if (tracing_) Trace(false, true, adjusted, adjusted, 0, false);
 
   const Single fO2 = FractionO2();
@@ -45,7 +45,7 @@ void ClassBuhlmann::CCConstantSegment(Single depth, Single time, Single surfaceP
   segmentTime_ = time;
   runTime_ += time;
   const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
-  kernels_.LoadConstant(loads_, RebreatherInspired(ambient, template_->Setpoint), decay_.For(time));
+  kernels_.LoadConstant(ChangingLoads(), RebreatherInspired(ambient, template_->Setpoint), decay_.For(time));
   if (tracing_) Trace(true, true, adjusted, adjusted, 0, false);
 
   const Single setpoint = template_->Setpoint;
@@ -73,7 +73,7 @@ void ClassBuhlmann::OCRateSegment(Single from, Single to, Single rate, Single su
 
   const Single ambient = ToDepthUnits(surfacePressure) + start;
   const Inspired change{Mix().He * rate / 100, Mix().N2 * rate / 100};
-  kernels_.LoadRamp(loads_, OpenCircuitInspired(ambient), change, time, RateConstants(), decay_.For(time));
+  kernels_.LoadRamp(ChangingLoads(), OpenCircuitInspired(ambient), change, time, RateConstants(), decay_.For(time));
   if (tracing_) Trace(false, false, start, end, rate, false);
   WriteSegmentRow(to, rate, doses, false, kind.doShow);
 }
@@ -98,7 +98,7 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
     const Single setpointDepth = ToDepthUnits(setpoint) - surface;
     reachesSetpoint = rate > 0 && end > setpointDepth;
     const Single oxygenTime = reachesSetpoint ? Single((setpointDepth - from) / rate) : segmentTime_;
-    kernels_.LoadDecay(loads_, decay_.For(oxygenTime));
+    kernels_.LoadDecay(ChangingLoads(), decay_.For(oxygenTime));
     setpoint = template_->Setpoint;
     doses.cns = CNSForPPO2(setpoint, oxygenTime, metric);
     doses.otu = OTUForPPO2(setpoint, oxygenTime, metric);
@@ -112,8 +112,8 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
     const Single shareN2 = inert == 0 ? 0.0 : double{Mix().N2} / inert;
     const Single shareHe = inert == 0 ? 0.0 : double{Mix().He} / inert;
     const Single dry = ambient - oxygen - Vapour();
-    kernels_.LoadRamp(loads_, {dry * shareHe, dry * shareN2}, {shareHe * rate, shareN2 * rate}, time, RateConstants(),
-                      decay_.For(time));
+    kernels_.LoadRamp(ChangingLoads(), {dry * shareHe, dry * shareN2}, {shareHe * rate, shareN2 * rate}, time,
+                      RateConstants(), decay_.For(time));
     doses.cns += CNSForPPO2(setpoint, time, metric);
     doses.otu += OTUForPPO2(setpoint, time, metric);
   }

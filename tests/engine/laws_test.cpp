@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+#include <random>
+
+#include "persist/profile_file.h"
+#include "support/plan_fixture.h"
+
+// What holds for every plan, tried on thousands of them. A failing plan is printed as a file that can be opened.
+
+namespace tav {
+namespace {
+
+struct RandomPlan {
+  DiveTemplate settings;
+  ClassUseractions actions;
+};
+
+RandomPlan MakePlan(std::mt19937& random) {
+  const auto pick = [&](auto... values) {
+    const double list[] = {static_cast<double>(values)...};
+    return list[random() % sizeof...(values)];
+  };
+  RandomPlan plan;
+  plan.settings = ShippedDefaultTemplate();
+  DiveTemplate& t = plan.settings;
+  t.PPO2High = t.PPO2Low = t.MaxEnd = false;
+  t.OpenCircuit = random() % 3 != 0;
+  t.OCDeco = random() % 4 == 0;
+  t.Setpoint = pick(1.0, 1.2, 1.3, 1.4);
+  t.DecoSetpoint = pick(1.2, 1.3, 1.5);
+  t.GFHigh = pick(0.7, 0.8, 0.85, 0.95, 1.0);
+  t.GFLow = pick(0.1, 0.2, 0.3, 0.5, 0.7);
+  t.StepSize = pick(2, 3, 5);
+  t.LastStop = pick(3, 4, 6);
+  t.StartPressure = pick(0.75, 0.9, 1.01325);
+  t.EndPressure = pick(0.7, 0.9, 1.01325);
+  t.DepthAdjust = random() % 8 == 0;
+  if (random() % 3 == 0) t.ChangeGasMixes.clear();
+  const int legs = 1 + static_cast<int>(random() % 4);
+  for (int i = 0; i < legs; ++i) {
+    plan.actions.NewAction();
+    const double depth = 10 + static_cast<int>(random() % 600) / 10.0;
+    const double time = 5 + static_cast<int>(random() % 250) / 10.0;
+    plan.actions.setuser(plan.actions.GetLength(), depth, time, static_cast<std::int16_t>(random() % 8));
+  }
+  plan.actions.NewAction();
+  plan.actions.setdeco(plan.actions.GetLength());
+  return plan;
+}
+
+class Laws : public testing::Test {
+ protected:
+  /// Computes a plan in a fresh document and returns its window.
+  frmWaypointEditor& Compute(const RandomPlan& plan) {
+    plans_.emplace_back(std::make_unique<test::Plans>());
+    frmWaypointEditor& window = plans_.back()->New([&](DiveTemplate& t) { t = plan.settings; });
+    window.UserActions = plan.actions;
+    window.ReEvaluateUserEnteredWaypoints();
+    EXPECT_EQ(window.EvaluationFault(), "");
+    return window;
+  }
+  void TearDown() override { plans_.clear(); }
+  void Reset() { plans_.clear(); }
+
+  static std::string File(const RandomPlan& plan) { return WriteDiveRecord(plan.settings, 0, plan.actions); }
+
+  /// Minutes from leaving the bottom to the surface, and the stops among them.
+  struct Ascent {
+    double minutes = 0;
+    int stops = 0;
+  };
+  static Ascent AscentOf(const frmWaypointEditor& window) {
+    const ClassProfile& rows = window.InputProfile;
+    const std::int16_t bottom = LastUserRow(rows);
+    Ascent ascent{rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(bottom), 0};
+    for (std::int16_t i = bottom; i <= rows.GetLength(); ++i) ascent.stops += rows.GetStatus(i) == RowStatus::kStop;
+    return ascent;
+  }
+
+ private:
+  std::vector<std::unique_ptr<test::Plans>> plans_;
+};
+
+TEST_F(Laws, EveryAscentGoesUpInTimeOrderBelowItsCeilingToTheSurface) {
+  std::mt19937 random(1);
+  for (int n = 0; n < 2000; ++n) {
+    const RandomPlan plan = MakePlan(random);
+    const ClassProfile& rows = Compute(plan).InputProfile;
+    ASSERT_EQ(double{rows.getDepth(rows.GetLength())}, 0) << File(plan);
+    for (std::int16_t i = static_cast<std::int16_t>(LastUserRow(rows) + 1); i <= rows.GetLength(); ++i) {
+      const std::int16_t before = static_cast<std::int16_t>(i - 1);
+      ASSERT_GE(rows.GetRunTime(i), rows.GetRunTime(before)) << File(plan);
+      ASSERT_LE(rows.getDepth(i), rows.getDepth(before)) << File(plan);
+      ASSERT_GE(rows.getTotalCNS(i), rows.getTotalCNS(before)) << File(plan);
+      // A stop that did not hit its limit has cleared: its ceiling lies at or above the depth that the diver moves to.
+      if (rows.GetStatus(i) != RowStatus::kStop) continue;
+      double next = rows.getDepth(i);
+      for (auto j = static_cast<std::int16_t>(i + 1); j <= rows.GetLength() && rows.GetRate(j) != 0; ++j) {
+        next = rows.getDepth(j);
+      }
+      ASSERT_TRUE(rows.GetCeiling(i) <= next || rows.GetSegmentTime(i) >= 5999) << File(plan);
+    }
+    Reset();
+  }
+}
+
+// The rounding of each stop to whole minutes may take up to a minute of it.
+TEST_F(Laws, ALongerBottomTimeDoesNotShortenTheAscent) {
+  std::mt19937 random(2);
+  for (int n = 0; n < 2000; ++n) {
+    RandomPlan plan = MakePlan(random);
+    // A square dive: on a later, shallower leg a longer stay can be decompression itself.
+    while (plan.actions.GetLength() > 1) plan.actions.DeleteLast();
+    plan.actions.NewAction();
+    plan.actions.setdeco(2);
+    const Ascent shorter = AscentOf(Compute(plan));
+    plan.actions.setuser(1, plan.actions.getDepth(1), plan.actions.gettime(1) + 5, plan.actions.getmixnumber(1));
+    const Ascent longer = AscentOf(Compute(plan));
+    ASSERT_GE(longer.minutes + 1 + longer.stops, shorter.minutes) << File(plan);
+    Reset();
+  }
+}
+
+TEST_F(Laws, LowerGradientFactorsDoNotShortenTheAscent) {
+  std::mt19937 random(3);
+  for (int n = 0; n < 2000; ++n) {
+    RandomPlan plan = MakePlan(random);
+    plan.settings.UseGF = true;
+    const Ascent liberal = AscentOf(Compute(plan));
+    plan.settings.GFHigh = plan.settings.GFHigh - 0.1;
+    plan.settings.GFLow = plan.settings.GFLow * 0.8;
+    const Ascent strict = AscentOf(Compute(plan));
+    ASSERT_GE(strict.minutes + 1 + strict.stops, liberal.minutes) << File(plan);
+    Reset();
+  }
+}
+
+TEST_F(Laws, ALevelLegMayBeCutInTwo) {
+  std::mt19937 random(4);
+  for (int n = 0; n < 1000; ++n) {
+    const RandomPlan plan = MakePlan(random);
+    RandomPlan cut = plan;
+    cut.actions.clear();
+    RandomPlan whole = cut;
+    // The legs without the ascent: what counts is the state at the end.
+    for (std::int16_t i = 1; i < plan.actions.GetLength(); ++i) {
+      const Single depth = plan.actions.getDepth(i);
+      const double time = plan.actions.gettime(i) + 10;
+      const std::int16_t mix = plan.actions.getmixnumber(i);
+      for (const double part : {time - 4, 4.0}) {
+        cut.actions.NewAction();
+        cut.actions.setuser(cut.actions.GetLength(), depth, part, mix);
+      }
+      whole.actions.NewAction();
+      whole.actions.setuser(whole.actions.GetLength(), depth, time, mix);
+    }
+    const Waypoint a = Compute(whole).InputProfile.Row(Compute(whole).InputProfile.GetLength());
+    const Waypoint b = Compute(cut).InputProfile.Row(Compute(cut).InputProfile.GetLength());
+    ASSERT_NEAR(a.RunTime, b.RunTime, 1e-3) << File(whole);
+    for (std::size_t i = 0; i < kCompartments; ++i) {
+      ASSERT_NEAR(a.PercentCompartments[i], b.PercentCompartments[i], 2e-5) << File(whole);
+    }
+    ASSERT_NEAR(a.TotalCNS, b.TotalCNS, 1e-4) << File(whole);
+    Reset();
+  }
+}
+
+}  // namespace
+}  // namespace tav

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/model_choice.h"
+#include "engine/observer.h"
+#include "persist/template_file.h"
+#include "plan/document_forms.h"
+
+namespace tav::test {
+
+/// Boxes that are kept and answered from a script, in order; Cancel when the script is used up.
+struct ScriptedBoxes : MessageBoxes {
+  BoxAnswer Show(const std::string& text, const std::string& /*title*/, BoxIcon /*icon*/, BoxButtons buttons) override {
+    shown.push_back(text);
+    if (answers.empty()) return buttons == BoxButtons::OK ? BoxAnswer::OK : BoxAnswer::Cancel;
+    const BoxAnswer answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  }
+  std::vector<std::string> shown;
+  std::vector<BoxAnswer> answers;
+};
+
+/// Documents and all they work with, without a window. Element 0 holds the shipped default template.
+struct Plans {
+  Plans() { documents(0).Template = ShippedDefaultTemplate(); }
+  Plans(const Plans&) = delete;
+  Plans& operator=(const Plans&) = delete;
+
+  /// A new document with the default template, changed by `change`.
+  template <class Change>
+  frmWaypointEditor& New(Change change) {
+    const std::int16_t number = forms.LoadNewDoc();
+    change(documents(number).Template);
+    return forms(number);
+  }
+  frmWaypointEditor& New() {
+    return New([](DiveTemplate&) {});
+  }
+
+  DocumentStore documents;
+  ModelChoice model;
+  EngineObserver observer;
+  EditorDisplay display;
+  ScriptedBoxes boxes;
+  TextSource texts;
+  DocumentForms forms{{documents, model, observer, display, boxes, texts}};
+};
+
+}  // namespace tav::test
