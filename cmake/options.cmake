@@ -24,11 +24,6 @@ if(TAV_SANITIZE)
   target_link_options(tav_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-if(TAV_TIDY)
-  find_program(CLANG_TIDY clang-tidy REQUIRED)
-  set(CMAKE_CXX_CLANG_TIDY ${CLANG_TIDY} --quiet)
-endif()
-
 # tav_library(NAME DEPENDENCY...): the static library of the current folder, made of all sources in it.
 function(tav_library name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)

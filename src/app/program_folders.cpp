@@ -37,9 +37,9 @@ fs::path ProgramFolders::Find(const fs::path& name) const {
 }
 
 fs::path ProgramFolders::ToWrite(const fs::path& name) const {
-  const fs::path inProgram = programFolder_ / name;
+  fs::path inProgram = programFolder_ / name;
   if (::access(inProgram.parent_path().c_str(), W_OK) == 0) return inProgram;
-  const fs::path inUser = userFolder_ / name;
+  fs::path inUser = userFolder_ / name;
   std::error_code error;
   fs::create_directories(inUser.parent_path(), error);
   return inUser;

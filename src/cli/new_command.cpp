@@ -45,8 +45,7 @@ std::optional<GasMix> MixOfName(const std::string& name) {
 
 /// The number of a gas in the template's list; a gas that only its name tells is added.
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
-  const std::int16_t found = FindBlendIndex(name, diveTemplate);
-  if (found != 0 || name == "Air") return found;
+  if (const auto found = FindBlend(name, diveTemplate)) return *found;
   const auto mix = MixOfName(name);
   if (!mix) {
     std::string known;
@@ -110,8 +109,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
     window.ReEvaluateUserEnteredWaypoints();
     std::vector<ComputedDive> dives;
-    if (!Gather(session, title, {number}, dives, err)) return ExitStatus::kUnusableInput;
-    dives.back().notes = session.Notes().Take();
+    if (!Gather(session, title, {number}, {session.Notes().Take()}, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
     return Print(dives, options.form, out, err);
   } catch (const OptionError& error) {

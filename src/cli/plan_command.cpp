@@ -34,10 +34,10 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
   }
   for (const std::string& file : files) {
     try {
-      const std::size_t before = dives.size();
-      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
-      if (!Gather(session, file, documents, dives, err)) status = ExitStatus::kUnusableInput;
-      if (dives.size() > before) dives.back().notes = session.Notes().Take();
+      std::vector<std::vector<std::string>> notes;
+      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file),
+                                         [&](std::int16_t) { notes.push_back(session.Notes().Take()); });
+      if (!Gather(session, file, documents, notes, dives, err)) status = ExitStatus::kUnusableInput;
     } catch (const std::exception& error) {
       err << error.what() << "\n";
       status = ExitStatus::kUnusableInput;

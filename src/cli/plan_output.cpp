@@ -18,7 +18,7 @@ void ApplyOptions(const OutputOptions& options, PlanSession& session) {
 }
 
 bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
-            std::vector<ComputedDive>& dives, std::ostream& err) {
+            const std::vector<std::vector<std::string>>& notes, std::vector<ComputedDive>& dives, std::ostream& err) {
   for (std::size_t i = 0; i < documents.size(); ++i) {
     const frmWaypointEditor& window = session.Forms()(documents[i]);
     if (!window.EvaluationFault().empty()) {
@@ -31,6 +31,7 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.ofDives = static_cast<int>(documents.size());
     dive.document = &session.Documents()(documents[i]);
     dive.rows = &window.InputProfile;
+    dive.notes = notes[i];
     dive.model = ModelName(session.Model());
   }
   return true;

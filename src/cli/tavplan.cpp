@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
 #include <ostream>
-#include <sstream>
 
 #include "cli/commands.h"
 
@@ -100,11 +99,8 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
     app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
     // Help and version are "errors" of status 0 to the library; all others are usage errors.
-    std::ostringstream message;
-    const bool help = error.get_exit_code() == 0;
-    app.exit(error, help ? out : message, message);
-    if (help) return ExitStatus::kFine;
-    err << message.str();
+    if (error.get_exit_code() == 0) return app.exit(error, out, err);
+    err << "tavplan: " << error.what() << " (\"tavplan --help\" tells the usage)\n";
     return ExitStatus::kUnusableInput;
   }
   return status;

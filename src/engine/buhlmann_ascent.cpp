@@ -131,9 +131,7 @@ void ClassBuhlmann::AscendByRates(Single from, Single to, Single surfacePressure
 std::int16_t ClassBuhlmann::DecoGasAt(Single depth) const {
   for (const GasChange& change : template_->ChangeGasMixes) {
     if (depth > change.Depth) continue;
-    for (std::size_t i = 0; i < template_->Blends.size(); ++i) {
-      if (template_->Blends[i].Name == change.Name) return static_cast<std::int16_t>(i);
-    }
+    if (const auto mix = FindBlend(change.Name, *template_)) return *mix;
   }
   return -1;
 }

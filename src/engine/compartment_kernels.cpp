@@ -33,8 +33,8 @@ const CompartmentKernels* WideKernels() {
 }
 
 const CompartmentKernels& BestKernels() {
-  static const CompartmentKernels& best = WideKernels() != nullptr ? *WideKernels() : PortableKernels();
-  return best;
+  static const CompartmentKernels* const wide = WideKernels();
+  return wide != nullptr ? *wide : PortableKernels();
 }
 
 }  // namespace tav

@@ -1,5 +1,7 @@
 #include "model/dive_template.h"
 
+#include <algorithm>
+
 #include "model/number_text.h"
 
 namespace tav {
@@ -25,11 +27,15 @@ void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination) {
   CopyList(source.Blends, before.Blends, destination.Blends);
 }
 
+std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate) {
+  const auto& blends = diveTemplate.Blends;
+  const auto found = std::find_if(blends.begin(), blends.end(), [&](const GasMix& mix) { return mix.Name == name; });
+  if (found == blends.end()) return std::nullopt;
+  return static_cast<std::int16_t>(found - blends.begin());
+}
+
 std::int16_t FindBlendIndex(std::string_view name, const DiveTemplate& diveTemplate) {
-  for (std::size_t i = 0; i < diveTemplate.Blends.size(); ++i) {
-    if (diveTemplate.Blends[i].Name == name) return static_cast<std::int16_t>(i);
-  }
-  return 0;
+  return FindBlend(name, diveTemplate).value_or(0);
 }
 
 std::string BlendNameFault(std::string_view name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -82,6 +83,9 @@ GasMix AirMix();
 /// Copies every field. An empty rate table, gas list or list of gas changes in `source` leaves that list of
 /// `destination` as it was.
 void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination);
+
+/// Index of the first blend with exactly that name, if there is one.
+std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate);
 
 /// Index of the first blend with exactly that name, or 0, which is Air.
 std::int16_t FindBlendIndex(std::string_view name, const DiveTemplate& diveTemplate);

@@ -19,9 +19,9 @@ struct Decimal {
 
 Decimal SignificantDigits(double magnitude) {
   std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
-                                 kSignificantDigits - 1)
-                       .ptr;
+  const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                                        std::chars_format::scientific, kSignificantDigits - 1)
+                              .ptr;
   const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   const std::size_t e = text.find('e');
   Decimal decimal;
@@ -131,9 +131,9 @@ std::string FormatFixed(double value, int decimals) {
   double rounded = RoundHalfAway(value, decimals);
   if (rounded == 0) rounded = 0;  // no "-0.0"
   std::array<char, 400> buffer{};
-  const auto end =
+  const char* const end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded, std::chars_format::fixed, decimals).ptr;
-  return {buffer.data(), end};
+  return std::string(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
 }
 
 std::string FormatFixed(Single value, int decimals) {
@@ -143,7 +143,7 @@ std::string FormatFixed(Single value, int decimals) {
 
 std::string FormatZeroFilled(int value, int width) {
   std::string digits = std::to_string(std::abs(value));
-  const std::size_t wanted = static_cast<std::size_t>(width);
+  const auto wanted = static_cast<std::size_t>(width);
   if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), '0');
   return value < 0 ? "-" + digits : digits;
 }

@@ -46,7 +46,7 @@ void ClassProfile::CopyFrom(const ClassProfile& source, std::int16_t firstRow) {
 }
 
 void ClassProfile::CutAfter(std::int16_t lastRow) {
-  const std::size_t size = static_cast<std::size_t>(lastRow + 1);
+  const auto size = static_cast<std::size_t>(lastRow + 1);
   if (size < rows_.size()) rows_.resize(size);
 }
 

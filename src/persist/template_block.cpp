@@ -207,7 +207,7 @@ class Reader {
     });
     ResolveGasChanges(template_);
     for (const GasChange& change : template_.ChangeGasMixes) {
-      if (FindBlendIndex(change.Name, template_) == 0 && change.Name != "Air") {
+      if (!FindBlend(change.Name, template_)) {
         Advise("names the gas " + Quoted(change.Name) + ", which is not in the list; the entry is passed over");
       }
     }
@@ -239,7 +239,8 @@ class Writer {
 
 }  // namespace
 
-std::string WriteTemplateBlock(const DiveTemplate& t) {
+std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
+  const DiveTemplate& t = diveTemplate;
   Writer out;
   out.Line("Start Template Block");
   out.Line("# Constant PPO2 settings");

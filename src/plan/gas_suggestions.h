@@ -20,10 +20,10 @@ struct MixFractions {
 Single RoundDown(Single x);
 
 /// Nothing when no mix of oxygen and nitrogen keeps the END.
-std::optional<MixFractions> SuggestNitrox(Single depth, const DiveTemplate& diveTemplate);
+std::optional<MixFractions> SuggestNitrox(Single depth, const DiveTemplate& t);
 /// Nothing when no mix of oxygen and helium keeps the END.
-std::optional<MixFractions> SuggestHeliox(Single depth, const DiveTemplate& diveTemplate);
+std::optional<MixFractions> SuggestHeliox(Single depth, const DiveTemplate& t);
 /// A trimix is always offered.
-MixFractions SuggestTrimix(Single depth, const DiveTemplate& diveTemplate);
+MixFractions SuggestTrimix(Single depth, const DiveTemplate& t);
 
 }  // namespace tav

@@ -11,7 +11,7 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
 }
 
 std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file,
-                                      const ProfileText& profile) {
+                                      const ProfileText& profile, const std::function<void(std::int16_t)>& computed) {
   const PlanServices& services = forms.Services();
   std::vector<std::int16_t> opened;
   Single carriedOTU = 0;
@@ -45,6 +45,7 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     carriedCNS = document.TotalCNS;
     carriedOTU = document.TotalOTU;
     opened.push_back(number);
+    if (computed) computed(number);
   }
   return opened;
 }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "persist/profile_file.h"
@@ -13,9 +15,10 @@ namespace tav {
 /// order. Throws FileError when the file can't be read or is broken; then no document is added and none is changed.
 std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file);
 
-/// The same for a profile that has been read already.
+/// The same for a profile that has been read already. `computed` is called after each dive, with its document.
 std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file,
-                                      const ProfileText& profile);
+                                      const ProfileText& profile,
+                                      const std::function<void(std::int16_t)>& computed = nullptr);
 
 /// The series of a document as the text of a profile file.
 std::string ProfileFileText(DocumentForms& forms, std::int16_t document);

@@ -74,7 +74,7 @@ TEST(OxygenDose, OfARampIsTheIntegralAlongIt) {
 
 // Two depths so close that their pressures are the same 32-bit number must not give 0 / 0.
 TEST(OxygenDose, OfTheShortestRampIsFinite) {
-  const double to = std::nextafter(30.0F, 31.0F);
+  const double to = static_cast<double>(std::nextafter(30.0F, 31.0F));
   EXPECT_TRUE(std::isfinite(OTUOnRamp(30, to, 18, 0.5, 1, true)));
   EXPECT_TRUE(std::isfinite(CNSOnRamp(30, to, 18, 0.5, 1, true)));
 }

@@ -1,0 +1,41 @@
+# Installs what the project needs on a Debian machine, once. Sourced by ./run, ./test and .ci/run.
+# setup PACKAGE... installs those that are missing, quietly; root or sudo is needed only then.
+
+setup() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local sudo=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install: ${missing[*]}" >&2; return 1; }
+    sudo=(sudo)
+  fi
+  echo "Installing ${missing[*]} ..." >&2
+  local log
+  log=$(mktemp)
+  if ! { "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+         "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"; } \
+       >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  rm -f "$log"
+}
+
+build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
+
+# build PRESET [TARGET...] configures and builds; what it prints is shown only when it fails.
+build() {
+  local preset=$1 log
+  shift
+  log=$(mktemp)
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  rm -f "$log"
+}
