@@ -288,7 +288,8 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
   std::string changes = "Change Gas Mixes=";
   for (const GasChange& change : t.ChangeGasMixes) changes += FormatPadded(change.Depth) + ":" + change.Name + ",";
   out.Line(changes);
-  out.Line("Templatename=" + t.Templatename);
+  // A value that reads as the end marker would end the block early; behind a blank it is a name like any other.
+  out.Line((t.Templatename == kEndMarker ? "Templatename= " : "Templatename=") + t.Templatename);
   out.Line(kEndMarker);
   return out.Take();
 }

@@ -83,6 +83,8 @@ void frmWaypointEditor::Evaluate() {
   Document().Decompresses = true;
   editState_ = EditState::Empty;
   std::string fault = PreviousDiveFault();
+  // Legs are expanded by the rate tables before the engine sees them: a table without entries would be no table.
+  if (fault.empty() && UserActions.GetLength() > 0) fault = JoinFaults(TemplateFaults(Document().Template));
   if (fault.empty()) fault = JoinFaults(PlanFaults(UserActions, Document().Template));
   SetFault(fault);
 

@@ -1,0 +1,71 @@
+#include <cmath>
+
+#include "fuzz_support.h"
+#include "model/template_faults.h"
+#include "plan/profile_commands.h"
+#include "support/plan_fixture.h"
+
+using namespace tav;
+
+namespace {
+
+std::string Write(const ProfileText& profile) {
+  std::string text;
+  for (const DiveRecord& dive : profile.dives) {
+    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
+  }
+  return text;
+}
+
+/// Few and short dives: one case is to take milliseconds.
+bool IsSmall(const ProfileText& profile) {
+  if (profile.dives.size() > 3) return false;
+  for (const auto& [diveTemplate, interval, actions] : profile.dives) {
+    if (actions.GetLength() > 6) return false;
+    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+      if (actions.getDepth(i) > 40 * diveTemplate.StepSize) return false;
+    }
+  }
+  return true;
+}
+
+/// Run times never go back, and every number that a reader sees is one.
+void RequireSoundRows(const ClassProfile& rows) {
+  for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
+    const Waypoint& row = rows.Row(i);
+    fuzz::Require(row.RunTime >= rows.GetRunTime(static_cast<std::int16_t>(i - 1)), "run times do not go back");
+    fuzz::Require(std::isfinite(row.SegmentTime) && row.SegmentTime >= 0, "a segment has a length");
+    fuzz::Require(std::isfinite(row.Depth) && row.Depth >= 0, "a row has a depth");
+  }
+}
+
+void Evaluate(const ProfileText& profile) {
+  test::Plans plans;
+  for (const std::int16_t number : OpenProfile(plans.forms, "input.tav", profile)) {
+    const frmWaypointEditor& dive = plans.forms(number);
+    const bool faulty = !TemplateFaults(plans.documents(number).Template).empty();
+    fuzz::Require(!faulty || dive.UserActions.GetLength() == 0 || !dive.EvaluationFault().empty(),
+                  "a faulty template is not computed");
+    RequireSoundRows(dive.InputProfile);
+  }
+}
+
+}  // namespace
+
+// Any text gives dives or an error; what was read is written and read again unchanged, and can be computed or not with
+// a reason.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text = ToUtf8(std::string(fuzz::Text(data, size)));
+  const auto read = [](std::string_view from) {
+    return fuzz::ReadBothWays([&](FormatFaults& faults) { return ReadProfileText(from, faults); });
+  };
+  const auto profile = read(text);
+  if (!profile) return 0;
+  fuzz::Require(!profile->dives.empty() && profile->dives.size() == profile->lines.size(), "a profile has dives");
+  const std::string written = Write(*profile);
+  const auto again = read(written);
+  fuzz::Require(again.has_value(), "a written profile opens");
+  fuzz::Require(Write(*again) == written, "a profile is written as it was read");
+  if (IsSmall(*profile)) Evaluate(*profile);
+  return 0;
+}
