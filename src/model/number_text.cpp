@@ -109,7 +109,13 @@ double RoundHalfAway(double value, int decimals) {
   const double scale = std::pow(10.0, decimals);
   const double scaled = std::fabs(value) * scale;
   if (scaled >= 1e15) return value;
-  return std::copysign(std::floor(scaled + 0.5) / scale, value);
+  // 100.49999999999999 is what is left of 100.5: its 15 digits say so.
+  std::array<char, 32> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), scaled, std::chars_format::scientific, 14).ptr;
+  double decimal = 0;
+  std::from_chars(digits.data(), end, decimal);
+  return std::copysign(std::floor(decimal + 0.5) / scale, value);
 }
 
 }  // namespace

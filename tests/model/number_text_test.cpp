@@ -1,0 +1,148 @@
+#include "model/number_text.h"
+
+#include <cmath>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+#include "model/numbers.h"
+
+namespace tav {
+namespace {
+
+struct WrittenNumber {
+  double value;
+  const char* plain;
+  const char* padded;
+};
+
+TEST(NumberText, HasSevenDigitsAndTheExponentFormOutside) {
+  const WrittenNumber numbers[] = {{0, "0", " 0"},
+                                   {-0.0, "0", " 0"},
+                                   {10, "10", " 10"},
+                                   {1.3, "1.3", " 1.3"},
+                                   {0.5, "0.5", " .5"},
+                                   {-0.25, "-0.25", "-.25"},
+                                   {-1, "-1", "-1"},
+                                   {100.0 / 3, "33.33333", " 33.33333"},
+                                   {1234567.8, "1234568", " 1234568"},
+                                   {9999999, "9999999", " 9999999"},
+                                   {1e7, "1E+07", " 1E+07"},
+                                   {-1.5e8, "-1.5E+08", "-1.5E+08"},
+                                   {3.4028234e38, "3.402823E+38", " 3.402823E+38"},
+                                   {0.0001, "0.0001", " .0001"},
+                                   {1e-7, "0.0000001", " .0000001"},
+                                   {1e-8, "1E-08", " 1E-08"},
+                                   {0.01234567, "1.234567E-02", " 1.234567E-02"}};
+  for (const WrittenNumber& number : numbers) {
+    EXPECT_EQ(FormatPlain(number.value), number.plain);
+    EXPECT_EQ(FormatPadded(number.value), number.padded);
+  }
+}
+
+// Reading what was written may lose digits beyond the seventh, but only once: the text does not change any more.
+TEST(NumberText, OfAnyNumberIsReadBackToTheSameText) {
+  std::mt19937 random(1);
+  for (int n = 0; n < 50000; ++n) {
+    const auto bits = static_cast<std::uint32_t>(random());
+    float any = 0;
+    std::memcpy(&any, &bits, sizeof any);
+    if (!std::isfinite(any)) continue;
+    const Single value = static_cast<double>(any);
+    const Single again = ParseLenient(FormatPadded(value));
+    ASSERT_EQ(FormatPadded(again), FormatPadded(value));
+    ASSERT_NEAR(again, value, std::max(std::fabs(value) * 6e-7, 1e-44));
+    ASSERT_EQ(ParseLenient(FormatPlain(value)), ParseLenient(FormatPadded(value)));
+  }
+}
+
+TEST(NumberText, WithFixedDecimalsRoundsHalfAwayFromZero) {
+  EXPECT_EQ(FormatFixed(Single(0.35), 1), "0.4");  // 0.349999994 in 32 bits
+  EXPECT_EQ(FormatFixed(Single(1.005), 2), "1.01");
+  EXPECT_EQ(FormatFixed(1.005, 2), "1.01");  // 1.00499999999999989 in 64 bits
+  EXPECT_EQ(FormatFixed(2.5, 0), "3");
+  EXPECT_EQ(FormatFixed(-2.5, 0), "-3");
+  EXPECT_EQ(FormatFixed(2.4999, 0), "2");
+  EXPECT_EQ(FormatFixed(-0.04, 1), "0.0");
+  EXPECT_EQ(FormatFixed(1.0, 2), "1.00");
+  EXPECT_EQ(FormatFixed(12345678.9, 1), "12345678.9");
+  EXPECT_EQ(FormatFixed(1e22, 1), "10000000000000000000000.0");
+  EXPECT_EQ(FormatZeroFilled(42, 6), "000042");
+  EXPECT_EQ(FormatZeroFilled(1234567, 6), "1234567");
+}
+
+struct ReadNumber {
+  std::string text;
+  double lenient;
+  bool strict;  // the strict reading takes it too, with the same value
+};
+
+TEST(NumberText, IsReadByItsNumericPrefixOrStrictlyAsAWhole) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const ReadNumber numbers[] = {{"12.5", 12.5, true},
+                                {" \t7 ", 7, true},
+                                {"+3", 3, true},
+                                {"-.5", -0.5, true},
+                                {"5.", 5, true},
+                                {"-2.5e-1", -0.25, true},
+                                {"1E+08", 1e8, true},
+                                {"1e400", kInfinity, true},
+                                {"-1e400", -kInfinity, true},
+                                {"1e-400", 0, true},
+                                {std::string(400, '9'), kInfinity, true},
+                                {"0." + std::string(400, '0') + "1", 0, true},
+                                {std::string(400, '0') + "1", 1, true},
+                                {"", 0, false},
+                                {" ", 0, false},
+                                {"word", 0, false},
+                                {"inf", 0, false},
+                                {"nan", 0, false},
+                                {"-", 0, false},
+                                {".", 0, false},
+                                {"- 5", 0, false},
+                                {"0x10", 0, false},
+                                {"12 bar", 12, false},
+                                {"1,5", 1, false},
+                                {"1.2.3", 1.2, false},
+                                {"3e", 3, false},
+                                {"3e+", 3, false},
+                                {"3 4", 3, false}};
+  for (const ReadNumber& number : numbers) {
+    SCOPED_TRACE(number.text);
+    EXPECT_EQ(ParseLenient(number.text), number.lenient);
+    EXPECT_EQ(IsNumber(number.text), number.strict);
+    EXPECT_EQ(ParseStrict(number.text), number.strict ? std::optional(number.lenient) : std::nullopt);
+  }
+}
+
+TEST(NumberText, OfADialogHasTheSeparatorsOfTheUser) {
+  EXPECT_EQ(ParseLocaleNumber("1.234,5", {",", "."}), Single(1234.5));
+  EXPECT_EQ(ParseLocaleNumber("1,234.5", {".", ","}), Single(1234.5));
+  EXPECT_EQ(ParseLocaleNumber("1\u00A0234,5", {",", "\u00A0"}), Single(1234.5));
+  EXPECT_EQ(ParseLocaleNumber("12.5", {"", ""}), Single(12.5));
+  EXPECT_EQ(ParseLocaleNumber("none", {".", ","}), Single(0));
+}
+
+TEST(ReplaceAll, GoesLeftToRightAndPastWhatItPutIn) {
+  EXPECT_EQ(ReplaceAll("aaa", "aa", "a"), "aa");
+  EXPECT_EQ(ReplaceAll("a.b.", ".", ".."), "a..b..");
+  EXPECT_EQ(ReplaceAll("ab", "", "x"), "ab");
+}
+
+TEST(Numbers, RoundInTheSenseOfTheirUse) {
+  EXPECT_EQ(RoundToInt16(2.5), 2);
+  EXPECT_EQ(RoundToInt16(3.5), 4);
+  EXPECT_EQ(RoundToInt16(-2.5), -2);
+  EXPECT_EQ(RoundToInt16(32767.4), 32767);
+  EXPECT_EQ(RoundToInt16(32767.5), std::nullopt);
+  EXPECT_EQ(RoundToInt16(-32769), std::nullopt);
+  EXPECT_EQ(RoundToInt16(std::nan("")), std::nullopt);
+  EXPECT_EQ(FormatMinutes(0), "0 hrs :0 min");
+  EXPECT_EQ(FormatMinutes(125.4), "2 hrs :5 min");
+  EXPECT_EQ(FormatMinutes(62.5), "1 hrs :2 min");
+  EXPECT_EQ(FormatMinutes(1499), "24 hrs :59 min");
+}
+
+}  // namespace
+}  // namespace tav
