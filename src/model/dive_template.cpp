@@ -1,6 +1,7 @@
 #include "model/dive_template.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "model/number_text.h"
 
@@ -47,17 +48,22 @@ std::string BlendNameFault(std::string_view name) {
   return {};
 }
 
-void ResolveGasChanges(DiveTemplate& diveTemplate) {
+std::vector<std::string> ResolveGasChanges(DiveTemplate& diveTemplate) {
   const auto sevenDigits = [](Single value) { return Single(ParseLenient(FormatPlain(value))); };
+  std::unordered_map<std::string_view, const GasMix*> blendOf;
+  for (const GasMix& blend : diveTemplate.Blends) blendOf[blend.Name] = &blend;
+  std::vector<std::string> unknown;
   for (GasChange& change : diveTemplate.ChangeGasMixes) {
-    for (auto blend = diveTemplate.Blends.rbegin(); blend != diveTemplate.Blends.rend(); ++blend) {
-      if (blend->Name != change.Name) continue;
-      change.He = sevenDigits(blend->He);
-      change.N2 = sevenDigits(blend->N2);
-      change.O2 = sevenDigits(blend->O2);
-      break;
+    const auto blend = blendOf.find(change.Name);
+    if (blend == blendOf.end()) {
+      unknown.push_back(change.Name);
+      continue;
     }
+    change.He = sevenDigits(blend->second->He);
+    change.N2 = sevenDigits(blend->second->N2);
+    change.O2 = sevenDigits(blend->second->O2);
   }
+  return unknown;
 }
 
 }  // namespace tav

@@ -95,8 +95,8 @@ std::int16_t FindBlendIndex(std::string_view name, const DiveTemplate& diveTempl
 std::string BlendNameFault(std::string_view name);
 
 /// Fills O2, N2 and He of each gas change from the blend of its name, each rounded to 7 digits; of two blends with one
-/// name the last counts. A name without a blend keeps what it has.
-void ResolveGasChanges(DiveTemplate& diveTemplate);
+/// name the last counts. A change to a name without a blend keeps what it has; these names are returned.
+std::vector<std::string> ResolveGasChanges(DiveTemplate& diveTemplate);
 
 /// Depth units per unit of pressure: 10 m per bar, 33 ft per atmosphere.
 inline double DepthPerPressure(bool Metric) { return Metric ? 10.0 : 33.0; }

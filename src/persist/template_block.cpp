@@ -205,11 +205,8 @@ class Reader {
       if (!number) Error("must give a depth before \":\", not " + Quoted(depth));
       change = {std::string(name), 0, 0, 0, Fitting(number.value_or(0), depth)};
     });
-    ResolveGasChanges(template_);
-    for (const GasChange& change : template_.ChangeGasMixes) {
-      if (!FindBlend(change.Name, template_)) {
-        Advise("names the gas " + Quoted(change.Name) + ", which is not in the list; the entry is passed over");
-      }
+    for (const std::string& name : ResolveGasChanges(template_)) {
+      Advise("names the gas " + Quoted(name) + ", which is not in the list; the entry is passed over");
     }
   }
 

@@ -56,7 +56,7 @@ TEST(GasChanges, TakeTheLastBlendOfTheirNameInSevenDigits) {
   DiveTemplate t = Sound();
   t.Blends.push_back({"EAN50", 100.0 / 3, 200.0 / 3, 0});
   t.ChangeGasMixes = {{"EAN50", 1, 2, 3, 21}, {"unknown", 1, 2, 3, 6}};
-  ResolveGasChanges(t);
+  EXPECT_THAT(ResolveGasChanges(t), testing::ElementsAre("unknown"));
   EXPECT_EQ(t.ChangeGasMixes[0].O2, Single(33.33333));
   EXPECT_EQ(t.ChangeGasMixes[0].N2, Single(66.66666));
   EXPECT_EQ(t.ChangeGasMixes[0].He, Single(0));

@@ -1,0 +1,203 @@
+#include "persist/template_block.h"
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <sstream>
+
+#include "persist/template_file.h"
+#include "support/random_records.h"
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+using testing::HasSubstr;
+
+std::string FileText(const std::filesystem::path& file) {
+  std::stringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+std::string Block(const std::string& lines) { return "Start Template Block\n" + lines + "\nEnd Template Block\n"; }
+
+DiveTemplate Read(const std::string& text, DiveTemplate diveTemplate = {}) {
+  FormatFaults faults("x.tpl", FormatFaults::Mode::StopAtFirstError);
+  ReadTemplateText(diveTemplate, text, faults);
+  return diveTemplate;
+}
+
+std::string Advice(const std::string& text) {
+  FormatFaults faults("x.tpl", FormatFaults::Mode::Collect);
+  DiveTemplate diveTemplate;
+  ReadTemplateText(diveTemplate, text, faults);
+  std::string all;
+  for (const FormatFault& fault : faults.List()) {
+    all += std::to_string(fault.line) + (fault.error ? " error: " : " advice: ") + fault.text + "\n";
+  }
+  return all;
+}
+
+TEST(TemplateBlock, OfTheShippedFilesIsWrittenAsItStandsThere) {
+  for (const char* name : {"Default.tpl", "Imperial.tpl"}) {
+    const auto file = std::filesystem::path(TAV_SOURCE_DIR) / "template" / name;
+    DiveTemplate diveTemplate;
+    LoadTemplateFile(diveTemplate, file);
+    EXPECT_EQ(WriteTemplateBlock(diveTemplate), FileText(file));
+    EXPECT_TRUE(TemplateFaults(diveTemplate).empty());
+    EXPECT_EQ(Advice(FileText(file)), "");
+  }
+  EXPECT_EQ(WriteTemplateBlock(ShippedDefaultTemplate()),
+            FileText(std::filesystem::path(TAV_SOURCE_DIR) / "template/Default.tpl"));
+}
+
+TEST(TemplateBlock, OfAnyRecordComesBackAsItWas) {
+  std::mt19937 random(1);
+  for (int n = 0; n < 1000; ++n) {
+    const std::string written = WriteTemplateBlock(test::RandomTemplate(random));
+    DiveTemplate again = Read(written);
+    again.CeilingOverride = written.find("CeilingOverride= 1") != std::string::npos;  // written, but never read
+    ASSERT_EQ(WriteTemplateBlock(again), written);
+  }
+}
+
+struct KeyCase {
+  const char* lines;
+  std::function<bool(const DiveTemplate&)> holds;
+  const char* advice = "";
+};
+
+TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
+  const KeyCase cases[] = {
+      {"RMV= 20", [](const auto& t) { return t.RMV == 20 && t.DecoRMV == 20; }},
+      {"RMV=20\nDecoRMV=0", [](const auto& t) { return t.DecoRMV == 20; }},
+      {"RMV=20\nDecoRMV=15", [](const auto& t) { return t.DecoRMV == 15; }},
+      {"RMV=lots", [](const auto& t) { return t.RMV == 0; }, "2 advice: \"RMV\" should be a number, not \"lots\""},
+      {"RMV=20 l/min", [](const auto& t) { return t.RMV == 20; }, "it is taken as 20"},
+      {"  RMV \t=\t 7 \t", [](const auto& t) { return t.RMV == 7; }},
+      {"RMV=1\nRMV=2", [](const auto& t) { return t.RMV == 2; }, "3 advice: \"RMV\" stands twice"},
+      {"OCDeco=1", [](const auto& t) { return t.OCDeco; }},
+      {"OCDeco= 1.0", [](const auto& t) { return t.OCDeco; }},
+      {"OCDeco=2", [](const auto& t) { return !t.OCDeco; }, "should be 0 or 1"},
+      {"metric=1", [](const auto& t) { return !t.Metric; }, "\"metric\" is not a key"},
+      {"# Metric=1", [](const auto& t) { return !t.Metric; }},
+      {" # note", [](const auto& t) { return !t.Metric; }, "\"# note\" is not a key"},
+      {"CeilingOverride= 1", [](const auto& t) { return !t.CeilingOverride; }},
+      {"TimeToHeight=2.5", [](const auto& t) { return t.TimeToHeight == 2; }},
+      {"GF=0,.8,.3", [](const auto& t) { return !t.UseGF && t.GFHigh == Single(.8) && t.GFLow == Single(.3); }},
+      {"GF=1,.3,.8", [](const auto& t) { return t.UseGF; }, "the high one stands first"},
+      {"Templatename= my=own ", [](const auto& t) { return t.Templatename == "my=own"; }},
+      {"AscendRates=0:3,6:9,30:10,\nAscendRates= 0:3, 6: 9,",
+       [](const auto& t) { return t.AscendRates.size() == 2 && t.AscendRates[1].Rate == 9; }, "stands twice"},
+      {"AscendRates=0:3,6:9", [](const auto& t) { return t.AscendRates.size() == 1; }, "which is ignored"},
+      {"DescendRates=18,", [](const auto& t) { return t.DescendRates[0].Depth == 18; }, "without \":\""},
+      {"DescendRates=", [](const auto& t) { return t.DescendRates.empty(); }},
+      {"Blends Available=Air: 20.9/ 79.1/ 0/",
+       [](const auto& t) { return t.Blends.size() == 2 && t.Blends[0].O2 == 21 && t.Blends[1].O2 == Single(20.9); }},
+      {"Blends Available=a: 10/ 20/", [](const auto& t) { return t.Blends[1].N2 == 20; }, "should give O2/N2/He/"},
+      {"Blends Available=a: 10/ 20/ 30/", [](const auto& t) { return t.Blends[1].He == 30; }, "60 % in all"},
+      {"Change Gas Mixes=6:O,\nBlends Available=O: 100/ 0/ 0/",
+       [](const auto& t) { return t.ChangeGasMixes[0].O2 == 0; }, "2 advice: \"Change Gas Mixes\" names the gas \"O\""},
+      {"Blends Available=O: 99/ 1/ 0/\nBlends Available=O: 98/ 2/ 0/\nChange Gas Mixes=6:O,21:Air,",
+       [](const auto& t) { return t.ChangeGasMixes[0].O2 == 98 && t.ChangeGasMixes[1].N2 == 79; }}};
+  for (const KeyCase& known : cases) {
+    SCOPED_TRACE(known.lines);
+    const std::string text = Block(known.lines);
+    EXPECT_TRUE(known.holds(Read(text)));
+    const std::string advice = Advice(text);
+    EXPECT_THAT(advice, HasSubstr(known.advice));
+    EXPECT_EQ(advice.empty(), std::string(known.advice).empty()) << advice;
+  }
+}
+
+TEST(TemplateBlock, WithoutKeysLeavesTheRecordButForItsGases) {
+  DiveTemplate before = ShippedDefaultTemplate();
+  before.DecoRMV = 0;
+  const DiveTemplate after = Read(Block("# nothing"), before);
+  EXPECT_EQ(after.Blends.size(), 1U);
+  EXPECT_EQ(after.DecoRMV, before.RMV);
+  EXPECT_EQ(after.AscendRates.size(), before.AscendRates.size());
+  EXPECT_EQ(after.Templatename, before.Templatename);
+}
+
+TEST(TemplateBlock, EndsAtItsMarkerAlone) {
+  EXPECT_EQ(Read("Start Template Block\nRMV=1\nTemplatename=End Template Block\nRMV=2\n").RMV, Single(1));
+  EXPECT_EQ(Read("Start Template Block\nTemplatename= End Template Block\nRMV=2\nEnd Template Block").RMV, Single(2));
+  DiveTemplate named;
+  named.Templatename = "End Template Block";
+  EXPECT_EQ(Read(WriteTemplateBlock(named)).Templatename, named.Templatename);
+  EXPECT_THAT(Advice(Block("RMV=1") + "\r\n \nmore"), HasSubstr("6 advice: what follows the end"));
+}
+
+struct FaultCase {
+  std::string text;
+  int line;
+  const char* reason;
+};
+
+TEST(TemplateBlock, RefusesWhatItCannotReadAndNamesTheLine) {
+  std::string many = "AscendRates=";
+  for (int i = 0; i < 40000; ++i) many += "1:1,";
+  std::string gases;
+  for (int i = 0; i < 40000; ++i) gases += "Blends Available=a: 100/ 0/ 0/\n";
+  const FaultCase cases[] = {{"", 1, "a template begins with"},
+                             {" Start Template Block\nEnd Template Block", 1, "a template begins with"},
+                             {"Start Template Block", 1, "the file ends before \"End Template Block\""},
+                             {"Start Template Block\nRMV=1\nEnd Template Block \n", 3, "the file ends before"},
+                             {Block("RMV=1\nMetric="), 3, "\"Metric\" must be 0 or 1, not \"\""},
+                             {Block("Metric=yes"), 2, "\"Metric\" must be 0 or 1, not \"yes\""},
+                             {Block("Metric=1 0"), 2, "\"Metric\" must be 0 or 1"},
+                             {Block("GF=,.8,.3"), 2, "\"GF\" must be 0 or 1"},
+                             {Block("RMV=1e39"), 2, "\"RMV\" holds the number \"1e39\", which is too large"},
+                             {Block("AscendRates=0:1e400,"), 2, "too large"},
+                             {Block("Blends Available=a: 1e39/"), 2, "too large"},
+                             {Block("TimeToHeight=32768"), 2, "must fit 16 bits"},
+                             {Block("Change Gas Mixes=deep:Air,"), 2, "must give a depth before \":\""},
+                             {Block("Change Gas Mixes=1e39:Air,"), 2, "too large"},
+                             {Block(many), 2, "more than 32,767 entries"},
+                             {Block(gases), 32769, "more than 32,767 times"}};
+  for (const FaultCase& fault : cases) {
+    SCOPED_TRACE(fault.text.substr(0, 80));
+    try {
+      Read(fault.text);
+      ADD_FAILURE() << "was read";
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.Line(), fault.line);
+      EXPECT_THAT(error.what(), HasSubstr("x.tpl:" + std::to_string(fault.line) + ": "));
+      EXPECT_THAT(error.Reason(), HasSubstr(fault.reason));
+    }
+  }
+}
+
+TEST(TemplateFile, IsLoadedAsAWholeOrNotAtAll) {
+  const test::ScratchFolder folder;
+  const auto file = folder.Path() / "cold.tpl";
+  WriteTextFile(file, Block("RMV=25"));
+  DiveTemplate record = ShippedDefaultTemplate();
+  record.TemplateChanged = true;
+  LoadTemplateFile(record, file);
+  EXPECT_EQ(record.RMV, Single(25));
+  EXPECT_EQ(record.Templatename, "cold.tpl");
+  EXPECT_EQ(record.TemplateFolder, folder.Path().string() + "/");
+  EXPECT_FALSE(record.TemplateChanged);
+
+  WriteTextFile(file, Block("RMV=30\nMetric=?"));
+  EXPECT_THROW(LoadTemplateFile(record, file), FileError);
+  EXPECT_EQ(record.RMV, Single(25));
+  SaveTemplateFile(record, file);
+  EXPECT_EQ(FileText(file), WriteTemplateBlock(record));
+}
+
+TEST(LineOfFault, IsThatOfTheKeyOrOfTheBlock) {
+  const KeyLines lines = {{"RMV", {4, 9}}, {"Blends Available", {11, 12, 13}}};
+  EXPECT_EQ(LineOfFault({"RMV", "", -1}, lines, 1), 9);
+  EXPECT_EQ(LineOfFault({"Blends Available", "", 1}, lines, 1), 12);
+  EXPECT_EQ(LineOfFault({"StepSize", "", -1}, lines, 1), 1);
+}
+
+}  // namespace
+}  // namespace tav

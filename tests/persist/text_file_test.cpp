@@ -1,0 +1,148 @@
+#include "persist/text_file.h"
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+void PutBytes(const fs::path& file, const std::string& bytes) { std::ofstream(file, std::ios::binary) << bytes; }
+
+std::size_t FilesIn(const fs::path& folder) {
+  return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+/// Runs in a process of its own, which may give up rights or be killed.
+pid_t Fork(const std::function<int()>& run) {
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(run());
+  return child;
+}
+
+int ExitCode(pid_t child) {
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(ReadTextFile, TakesWhatIsNotUtf8AsWindows1252) {
+  const std::pair<const char*, const char*> texts[] = {{"H\xF6hle 40 \x80", "H\u00F6hle 40 \u20AC"},
+                                                       {"H\u00F6hle", "H\u00F6hle"},
+                                                       {"\xEF\xBB\xBFH\u00F6hle", "H\u00F6hle"},
+                                                       {"\U0001F3CA", "\U0001F3CA"},
+                                                       {"\x93"
+                                                        "a\x94\x81",
+                                                        "\u201Ca\u201D\u0081"},
+                                                       {"\xC0\xAF", "\u00C0\u00AF"},            // overlong
+                                                       {"\xED\xA0\x80", "\u00ED\u00A0\u20AC"},  // surrogate
+                                                       {"\xF4\x90\x80\x80", "\u00F4\u0090\u20AC\u20AC"},
+                                                       {"cut \xE2\x82", "cut \u00E2\u201A"},
+                                                       {"", ""}};
+  const test::ScratchFolder folder;
+  for (const auto& [bytes, text] : texts) {
+    PutBytes(folder.Path() / "a", bytes);
+    EXPECT_EQ(ReadTextFile(folder.Path() / "a"), text);
+  }
+}
+
+TEST(ReadTextFile, TellsWhyItCannot) {
+  const test::ScratchFolder folder;
+  const auto reason = [](const fs::path& file) -> std::string {
+    try {
+      ReadTextFile(file);
+    } catch (const FileError& error) {
+      return error.what();
+    }
+    return "read";
+  };
+  EXPECT_EQ(reason("/none.tav"), "/none.tav: can't be opened: No such file or directory");
+  EXPECT_EQ(reason("/"), "/: can't be read: Is a directory");
+  PutBytes(folder.Path() / "huge", "");
+  fs::resize_file(folder.Path() / "huge", 65U * 1024 * 1024);
+  EXPECT_THAT(reason(folder.Path() / "huge"), HasSubstr("is larger than 64 MiB"));
+}
+
+TEST(WriteTextFile, ReplacesTheFileBehindALinkAndKeepsItsPermissions) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "plan.tav";
+  const fs::path link = folder.Path() / "link.tav";
+  WriteTextFile(file, "old");
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::create_symlink("plan.tav", link);
+  WriteTextFile(link, "new");
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(ReadTextFile(file), "new");
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
+TEST(WriteTextFile, LeavesTheOldFileWhenItIsRefused) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "plan.tav";
+  WriteTextFile(file, "old");
+  ::chmod(folder.Path().c_str(), 0555);
+  const auto refused = [&](const std::string& text) {
+    try {
+      WriteTextFile(file, text);
+      return 1;
+    } catch (const FileError&) {
+      return 0;
+    }
+  };
+  EXPECT_EQ(ExitCode(Fork([&] {
+              if (::geteuid() == 0 && ::setuid(65534) != 0) return 2;
+              return refused("new");
+            })),
+            0)
+      << "in a folder that can't be written";
+  ::chmod(folder.Path().c_str(), 0755);
+  EXPECT_EQ(ExitCode(Fork([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              const rlimit limit{4096, 4096};
+              if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 2;
+              return refused(std::string(5000, 'x'));
+            })),
+            0)
+      << "on a disk that is full";
+  EXPECT_EQ(ReadTextFile(file), "old");
+  EXPECT_EQ(FilesIn(folder.Path()), 1U);
+  EXPECT_THROW(WriteTextFile(folder.Path(), "new"), FileError);
+  EXPECT_THROW(WriteTextFile(folder.Path() / "none" / "plan.tav", "new"), FileError);
+  EXPECT_THROW(WriteTextFile("/dev/full", "new"), FileError);
+}
+
+TEST(WriteTextFile, KilledAtAnyInstantLeavesOneOfBothTexts) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "plan.tav";
+  const std::string texts[] = {std::string(300000, 'a'), std::string(200000, 'b')};
+  WriteTextFile(file, texts[0]);
+  for (int n = 0; n < 40; ++n) {
+    const pid_t writer = Fork([&] {
+      for (std::size_t i = 0;; ++i) WriteTextFile(file, texts[i % 2]);
+      return 0;
+    });
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + n * 311 % 7000));
+    ::kill(writer, SIGKILL);
+    EXPECT_EQ(ExitCode(writer), -1);
+    const std::string text = ReadTextFile(file);
+    ASSERT_TRUE(text == texts[0] || text == texts[1]) << text.size() << " bytes";
+  }
+}
+
+}  // namespace
+}  // namespace tav
