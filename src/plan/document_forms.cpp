@@ -16,6 +16,7 @@ std::int16_t DocumentForms::NewDocument() {
   const std::int16_t number = services_.documents.AllocateDocumentSlot();
   services_.documents(number) = {};
   (*this)(number).Form_Load();
+  services_.display.OpenWindow(number);
   return number;
 }
 

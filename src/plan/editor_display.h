@@ -14,6 +14,8 @@ class EditorDisplay {
   EditorDisplay& operator=(const EditorDisplay&) = delete;
   virtual ~EditorDisplay() = default;
 
+  /// A new document wants a window; it becomes the active one.
+  virtual void OpenWindow(std::int16_t /*document*/) {}
   virtual void ShowCaption(std::int16_t /*document*/, const std::string& /*caption*/) {}
   virtual void ShowRepetitiveIcon(std::int16_t /*document*/) {}
   /// The template of the window is another one, or has changed: lay out, units of the axes.

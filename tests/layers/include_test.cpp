@@ -13,11 +13,14 @@ namespace fs = std::filesystem;
 const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"model", {}},
     {"engine", {"model"}},
-    {"platform", {}},
+    {"platform", {"model"}},
     {"persist", {"engine", "model"}},
     {"plan", {"persist", "platform", "engine", "model"}},
     {"mixer", {"model"}},
-    {"app", {"plan", "mixer", "persist", "platform", "engine", "model"}},
+    {"graph", {"plan", "platform", "engine", "model"}},
+    {"dialogs", {"plan", "persist", "platform", "engine", "model"}},
+    {"app", {"dialogs", "graph", "plan", "mixer", "persist", "platform", "engine", "model"}},
+    {"desktop", {"app", "dialogs", "graph", "plan", "persist", "platform", "engine", "model"}},
     {"cli", {"app", "plan", "mixer", "persist", "platform", "engine", "model"}},
 };
 

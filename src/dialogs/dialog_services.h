@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "plan/document_forms.h"
+#include "platform/platform.h"
+
+namespace tav {
+
+/// What the dialogs of a plan work with. All of it outlives them.
+struct DialogServices {
+  DocumentForms& forms;
+  Platform platform;
+  const TextSource& texts;
+  bool veryHighGF = false;               ///< gradient factors up to 1.2 are accepted
+  std::function<void()> applyToProfile;  ///< the main window's ApplyToProfile
+
+  [[nodiscard]] DocumentStore& Documents() const { return forms.Services().documents; }
+  /// The document of the active window.
+  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const { return platform.documentWindows.ActiveDocument(); }
+  /// The same, or the default document when no window is active.
+  [[nodiscard]] std::int16_t ActiveOrDefault() const {
+    return ActiveDocument().value_or(DocumentStore::DefaultDocument);
+  }
+};
+
+}  // namespace tav

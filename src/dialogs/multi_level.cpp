@@ -1,0 +1,55 @@
+#include "dialogs/multi_level.h"
+
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+constexpr int kTitle = 3080;
+constexpr int kHours = 3081;
+constexpr int kMinutes = 3082;
+constexpr int kCancel = 1609;
+constexpr int kOK = 1610;
+constexpr int kHoursFault = 3027;
+constexpr int kMinutesFault = 3028;
+
+}  // namespace
+
+frmMultiLevel::frmMultiLevel(const DialogServices& services) : DialogForm("frmMultiLevel", services) {
+  Command1.Cancel = true;
+  Command1.Click = [this] { Unload(); };
+  Command2.Default = true;
+  Command2.Click = [this] { Command2_Click(); };
+}
+
+void frmMultiLevel::Form_Load() {
+  Localize();
+  Caption = T(kTitle);
+  Frame1.Caption = T(kTitle);
+  Label1.Caption = T(kHours);
+  Label2.Caption = T(kMinutes);
+  Command1.Caption = T(kCancel);
+  Command2.Caption = T(kOK);
+  tbHours.Text = "0";
+  tbMinutes.Text = "0";
+  tbHours.SelectAll();
+}
+
+void frmMultiLevel::Command2_Click() {
+  // Text that is no number counts as out of range.
+  if (!IsNumber(tbHours.Text.Get()) || Number(tbHours.Text) > 24 || Number(tbHours.Text) < 0) {
+    Box(T(kHoursFault), T(kTitle), BoxIcon::Stop);
+    tbHours.SelectAll();
+    return;
+  }
+  if (!IsNumber(tbMinutes.Text.Get()) || Number(tbMinutes.Text) > 59 || Number(tbMinutes.Text) < 0) {
+    Box(T(kMinutesFault), T(kTitle), BoxIcon::Stop);
+    tbMinutes.SelectAll();
+    return;
+  }
+  const Single interval = 60 * Number(tbHours.Text) + Number(tbMinutes.Text);
+  if (const auto active = services_.ActiveDocument()) services_.forms.AddRepetitiveDive(*active, interval);
+  Unload();
+}
+
+}  // namespace tav

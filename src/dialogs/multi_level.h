@@ -1,0 +1,26 @@
+#pragma once
+
+#include "dialogs/dialog_form.h"
+
+namespace tav {
+
+/// Adds a repetitive dive after a surface interval of hours and minutes.
+class frmMultiLevel : public DialogForm {
+ public:
+  explicit frmMultiLevel(const DialogServices& services);
+
+  Frame Frame1{*this, "Frame1"};
+  Label Label1{*this, "Label1"};
+  TextBox tbHours{*this, "tbHours"};
+  Label Label2{*this, "Label2"};
+  TextBox tbMinutes{*this, "tbMinutes"};
+  Button Command1{*this, "Command1"};  ///< cancel
+  Button Command2{*this, "Command2"};  ///< OK
+
+  void Command2_Click();
+
+ protected:
+  void Form_Load() override;
+};
+
+}  // namespace tav

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/controls.h"
+
+/// The colours of the profile graph.
+namespace tav::graph {
+
+constexpr Colour kBackground = RGB(128, 120, 128);
+constexpr Colour kWhite = RGB(255, 255, 255);
+constexpr Colour kGrey = RGB(128, 128, 128);
+constexpr Colour kYellow = RGB(255, 255, 0);
+constexpr Colour kGreen = RGB(0, 255, 0);
+constexpr Colour kBlue = RGB(0, 0, 255);
+constexpr Colour kOrange = RGB(255, 128, 64);
+
+/// The colour of a row by its `Status`.
+Colour OfStatus(std::int16_t status);
+
+}  // namespace tav::graph

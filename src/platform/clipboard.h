@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace tav {
+
+class Clipboard {
+ public:
+  Clipboard() = default;
+  Clipboard(const Clipboard&) = delete;
+  Clipboard& operator=(const Clipboard&) = delete;
+  virtual ~Clipboard() = default;
+
+  virtual void SetText(const std::string& text) = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,289 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/property.h"
+
+/// The controls of a window as plain records. A dialog is a class with its controls as members under their own names
+/// and its events as methods; it knows no widget. A binder ties each record to the widget of the same name:
+///
+/// - code sets a property, the record calls `Changed`, the widget follows;
+/// - the user acts, the widget calls `Press`, `Type`, `Select`, ... of the record, and the record fires its event.
+///
+/// Setting a property by code fires no event. Tests call the same operations as the widgets do.
+namespace tav {
+
+class Form;
+
+/// red + 256 * green + 65536 * blue
+using Colour = std::int32_t;
+constexpr Colour RGB(int red, int green, int blue) { return red + 256 * green + 65536 * blue; }
+constexpr Colour kBlack = RGB(0, 0, 0);
+constexpr Colour kRed = RGB(255, 0, 0);
+
+using Event = std::function<void()>;
+
+class Control {
+ public:
+  Control(Form& form, std::string name);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  [[nodiscard]] const std::string& Name() const { return name_; }
+
+  /// Set by the view: brings the widget in line with the record.
+  std::function<void()> Changed;
+  /// Set by the view: gives the widget the focus.
+  std::function<void()> FocusWanted;
+
+  Property<std::string> Caption{Changed};
+  Property<std::string> ToolTipText{Changed};
+  Property<bool> Enabled{Changed, true};
+  Property<bool> Visible{Changed, true};
+  Property<bool> Bold{Changed};
+  /// The colour of the text; -1 leaves it to the system.
+  Property<Colour> ForeColor{Changed, -1};
+  /// A string ID in decimal: LocalizeForm puts its text into the caption.
+  std::string Tag;
+
+  void SetFocus() const {
+    if (FocusWanted) FocusWanted();
+  }
+
+ protected:
+  static void Fire(const Event& event) {
+    if (event) event();
+  }
+  [[nodiscard]] bool CanAct() const { return Enabled && Visible; }
+
+ private:
+  std::string name_;
+};
+
+class Label : public Control {
+ public:
+  using Control::Control;
+};
+
+/// A box around other controls. Hidden or disabled, it takes them along. `MouseMove` fires when the pointer moves over
+/// it or anything in it.
+class Frame : public Control {
+ public:
+  using Control::Control;
+  Event MouseMove;
+  void MoveMouse() const { Fire(MouseMove); }
+};
+
+class Button : public Control {
+ public:
+  using Control::Control;
+  Event Click;
+  bool Default = false;  ///< Return presses it
+  bool Cancel = false;   ///< Escape presses it
+  /// The user's click; nothing on a button that is disabled or hidden.
+  void Press() const {
+    if (CanAct()) Fire(Click);
+  }
+};
+
+class CheckBox : public Control {
+ public:
+  using Control::Control;
+  Property<bool> Value{Changed};
+  Event Click;
+  void Set(bool value) {
+    if (!CanAct()) return;
+    Value = value;
+    Fire(Click);
+  }
+};
+
+/// One of several; the group is that of the frame around it. The form that holds them clears the others.
+class OptionButton : public Control {
+ public:
+  using Control::Control;
+  Property<bool> Value{Changed};
+  Event Click;
+  void Choose() {
+    if (!CanAct()) return;
+    Value = true;
+    Fire(Click);
+  }
+};
+
+class TextBox : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Text{Changed};
+  Property<bool> Locked{Changed};  ///< shows, but takes no typing
+  Event Change;                    ///< the user has changed the text
+  Event KeyReturn;  ///< Return was pressed; a box that has this event keeps Return from the default button
+  Event GotFocus;
+  Event LostFocus;
+  /// Set by the view: selects the whole text.
+  std::function<void()> SelectWanted;
+
+  /// The whole text after a key of the user.
+  void Type(std::string text) {
+    if (!CanAct() || Locked) return;
+    Text = std::move(text);
+    Fire(Change);
+  }
+  void PressReturn() const { Fire(KeyReturn); }
+  void Enter() const { Fire(GotFocus); }
+  void Leave() const { Fire(LostFocus); }
+  void SelectAll() const {
+    SetFocus();
+    if (SelectWanted) SelectWanted();
+  }
+};
+
+class ComboBox : public Control {
+ public:
+  using Control::Control;
+  Property<std::vector<std::string>> Items{Changed};
+  Property<int> ListIndex{Changed, -1};
+  Event Click;  ///< the user has chosen an entry
+  void Select(int index) {
+    if (!CanAct() || index < 0 || index >= static_cast<int>(Items.Get().size())) return;
+    ListIndex = index;
+    Fire(Click);
+  }
+  /// The chosen entry; empty when there is none.
+  [[nodiscard]] std::string Text() const {
+    const int index = ListIndex;
+    return index < 0 || index >= static_cast<int>(Items.Get().size()) ? ""
+                                                                      : Items.Get()[static_cast<std::size_t>(index)];
+  }
+};
+
+/// Two arrows beside a field. Arrow keys up and down in the field of its name in `Buddy` do the same.
+class SpinButton : public Control {
+ public:
+  using Control::Control;
+  std::string Buddy;  ///< name of the text box that it steps
+  Event UpClick;
+  Event DownClick;
+  void Up() const {
+    if (CanAct()) Fire(UpClick);
+  }
+  void Down() const {
+    if (CanAct()) Fire(DownClick);
+  }
+};
+
+class ProgressBar : public Control {
+ public:
+  using Control::Control;
+  Property<int> Maximum{Changed, 100};
+  Property<int> Value{Changed};
+};
+
+/// A list of which one item is chosen.
+class ListView : public Control {
+ public:
+  using Control::Control;
+  Property<std::vector<std::string>> Items{Changed};
+  Property<int> SelectedItem{Changed, -1};  ///< from 0
+  Event ItemClick;
+  void Select(int index) {
+    if (!CanAct() || index < 0 || index >= static_cast<int>(Items.Get().size())) return;
+    SelectedItem = index;
+    Fire(ItemClick);
+  }
+};
+
+/// Text of several lines that the user can read, scroll and select.
+class TextView : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Text{Changed};
+};
+
+/// A picture by the name of its asset ("tav").
+class Picture : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Image{Changed};
+};
+
+struct GridCell {
+  std::string text;
+  Colour colour = -1;
+  bool bold = false;
+  bool italic = false;
+  friend bool operator==(const GridCell&, const GridCell&) = default;
+};
+
+/// A table; row 0 is the header. `Select` marks a cell; a cell is edited in place when `EditorOf` allows it, and the
+/// outcome goes to `Commit`.
+class Grid : public Control {
+ public:
+  using Control::Control;
+
+  /// What opens over a cell: nothing, an edit box, or a list of these entries.
+  struct Editor {
+    enum class Kind { None, Text, List } kind = Kind::None;
+    std::vector<std::string> entries;
+  };
+
+  Property<std::vector<std::vector<GridCell>>> Cells{Changed};
+  std::function<Editor(int row, int column)> EditorOf;
+  std::function<void(int row, int column, const std::string& text)> Commit;
+  Event Click;    ///< a cell was clicked or reached by key: SelectedRow, SelectedColumn
+  Event RowMenu;  ///< the menu button: show the pop-up that the form has for the grid
+  int SelectedRow = 0;
+  int SelectedColumn = 0;
+
+  [[nodiscard]] int Rows() const { return static_cast<int>(Cells.Get().size()); }
+  [[nodiscard]] int Columns() const { return Rows() == 0 ? 0 : static_cast<int>(Cells.Get().front().size()); }
+  /// Empty text outside the table.
+  [[nodiscard]] std::string Text(int row, int column) const;
+  void SetText(int row, int column, const std::string& text);
+  void AddRow(const std::vector<std::string>& texts);
+  void RemoveRow(int row);
+  /// All rows, header first.
+  void SetRows(const std::vector<std::vector<std::string>>& rows);
+
+  void Select(int row, int column) {
+    SelectedRow = row;
+    SelectedColumn = column;
+    Fire(Click);
+  }
+  void OpenMenu() const { Fire(RowMenu); }
+  /// The user's edit of a cell, as far as EditorOf allows it.
+  void Edit(int row, int column, const std::string& text) const {
+    if (CanAct() && EditorOf && Commit && EditorOf(row, column).kind != Editor::Kind::None) Commit(row, column, text);
+  }
+};
+
+/// An entry of a menu. Its `Caption` holds a string ID until LocalizeForm has run.
+class MenuItem : public Control {
+ public:
+  using Control::Control;
+  Property<bool> Checked{Changed};
+  std::string Shortcut;  ///< "Ctrl+N"; empty for none
+  Event Click;
+  void Choose() const {
+    if (CanAct()) Fire(Click);
+  }
+};
+
+/// A button of a tool bar.
+class ToolButton : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Image{Changed};  ///< name of its icon
+  Event Click;
+  void Press() const {
+    if (CanAct()) Fire(Click);
+  }
+};
+
+}  // namespace tav

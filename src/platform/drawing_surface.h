@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "platform/controls.h"
+
+namespace tav {
+
+/// Something to draw on. Lengths are in drawing units of 1/1440 inch, the origin is the top left corner, y runs down.
+/// What lies outside is cut off. Drawing shows at the next event pause.
+class DrawingSurface {
+ public:
+  enum class LineStyle { Solid, Dotted };
+
+  DrawingSurface() = default;
+  DrawingSurface(const DrawingSurface&) = delete;
+  DrawingSurface& operator=(const DrawingSurface&) = delete;
+  virtual ~DrawingSurface() = default;
+
+  [[nodiscard]] virtual double Width() const = 0;
+  [[nodiscard]] virtual double Height() const = 0;
+
+  virtual void Clear(Colour background) = 0;
+  virtual void Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style = LineStyle::Solid) = 0;
+  virtual void FilledBox(double x0, double y0, double x1, double y1, Colour colour) = 0;
+  virtual void Box(double x0, double y0, double x1, double y1, Colour colour) = 0;
+  virtual void FilledCircle(double x, double y, double radius, Colour colour) = 0;
+  virtual void Circle(double x, double y, double radius, Colour colour) = 0;
+  /// Text with its top left corner at (x, y).
+  virtual void Text(double x, double y, const std::string& text, Colour colour, bool bold = false) = 0;
+  [[nodiscard]] virtual double TextWidth(const std::string& text, bool bold = false) const = 0;
+  [[nodiscard]] virtual double TextHeight(bool bold = false) const = 0;
+  /// In exclusive-or mode a second stroke at the same place erases the first.
+  virtual void SetExclusiveOr(bool on) = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace tav {
+
+/// What a file dialog shows.
+struct FileDialogRequest {
+  std::string title;
+  std::string filter;            ///< "Dive plans (*.tav);;All files (*)"
+  std::filesystem::path folder;  ///< where it starts; empty leaves it to the platform
+  std::string fileName;          ///< what stands in the name field, a name or a whole path
+  std::string extension;         ///< added to a name to save that has none: ".tav"
+};
+
+/// The common dialogs that ask for a file. An empty path means that the user gave up.
+class FileDialogs {
+ public:
+  FileDialogs() = default;
+  FileDialogs(const FileDialogs&) = delete;
+  FileDialogs& operator=(const FileDialogs&) = delete;
+  virtual ~FileDialogs() = default;
+
+  virtual std::filesystem::path Open(const FileDialogRequest& request) = 0;
+  /// Asks before a file that exists is chosen.
+  virtual std::filesystem::path Save(const FileDialogRequest& request) = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls.h"
+
+namespace tav {
+
+/// A window with its controls. Life: `Load` runs the load step, the view shows it, `Unload` ends it.
+class Form {
+ public:
+  explicit Form(std::string name) : name_(std::move(name)) {}
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+  virtual ~Form() = default;
+
+  [[nodiscard]] const std::string& Name() const { return name_; }
+  [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
+  /// nullptr when there is none of that name.
+  [[nodiscard]] Control* Find(std::string_view name) const;
+  [[nodiscard]] bool IsLoaded() const { return loaded_; }
+
+  /// Set by the view: brings the window in line with the record.
+  std::function<void()> Changed;
+  /// Set by the view: the window is to go away.
+  std::function<void()> CloseWanted;
+
+  Property<std::string> Caption{Changed};
+  /// A string ID in decimal: LocalizeForm puts its text into the caption.
+  std::string Tag;
+
+  void Load() {
+    loaded_ = true;
+    Form_Load();
+  }
+  /// Ends the window, unless the form refuses. The user's own close control says byUser.
+  bool Unload(bool byUser = false);
+
+ protected:
+  virtual void Form_Load() = 0;
+  virtual bool Form_QueryUnload(bool /*byUser*/) { return true; }
+  virtual void Form_Unload() {}
+
+ private:
+  friend class Control;
+
+  std::string name_;
+  std::vector<Control*> controls_;
+  bool loaded_ = false;
+};
+
+}  // namespace tav

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace tav {
+
+/// The pointer and the events of the screen as a whole.
+class Screen {
+ public:
+  Screen() = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  virtual ~Screen() = default;
+
+  /// The pointer over all windows: hourglass or default.
+  virtual void ShowHourglass(bool on) = 0;
+  /// Handles the events that are pending.
+  virtual void DoEvents() = 0;
+  /// Seconds since some fixed moment, for Delay.
+  [[nodiscard]] virtual double Timer() const = 0;
+};
+
+}  // namespace tav

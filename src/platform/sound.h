@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tav {
+
+class Sound {
+ public:
+  Sound() = default;
+  Sound(const Sound&) = delete;
+  Sound& operator=(const Sound&) = delete;
+  virtual ~Sound() = default;
+
+  /// Starts playing and returns at once. A file that can't be played is passed over in silence.
+  virtual void Play(const std::filesystem::path& file) = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/form.h"
+
+namespace tav {
+
+/// Shows forms on the screen.
+class Windows {
+ public:
+  Windows() = default;
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
+  virtual ~Windows() = default;
+
+  /// Loads the form, shows it over the program and returns when it has been unloaded. A form that unloads itself while
+  /// it loads is not shown.
+  virtual void ShowModal(Form& form) = 0;
+  /// Loads the form and shows it beside the program; it lives until it is unloaded.
+  virtual void Show(const std::shared_ptr<Form>& form) = 0;
+  /// Opens a pop-up of these items of a form at the pointer.
+  virtual void PopupMenu(const std::vector<MenuItem*>& items) = 0;
+};
+
+}  // namespace tav
