@@ -109,7 +109,6 @@ void frmWaypointEditor::Evaluate() {
   }
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
   EnableCommandsByState();
-  Services().display.EnableClearAscent(editState_ == EditState::Ascent);
   Services().display.RedrawProfile(documentNumber_);
 }
 
@@ -173,7 +172,6 @@ bool frmWaypointEditor::StartDeco() {
   InputProfile.Copy(resultProfile_);
   resultProfile_.clear();
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
-  services.display.EnableClearAscent(true);
   editState_ = EditState::Ascent;
   services.display.EnableSurfaceInterval(NextProfile == -1);
   UpdateSurfProfiles();
@@ -233,13 +231,13 @@ void frmWaypointEditor::DisableSurfaceInterval() { Services().display.EnableSurf
 void frmWaypointEditor::EnableCommandsByState() {
   const bool anything = editState_ != EditState::Empty;
   Services().display.EnableProfileCommands(editState_ == EditState::Legs, anything);
+  Services().display.EnableClearAscent(editState_ == EditState::Ascent);
 }
 
 void frmWaypointEditor::Form_Activate() {
   const PlanServices& services = Services();
   services.display.ShowBreathingMode(Document().Template.OpenCircuit);
   EnableCommandsByState();
-  services.display.EnableClearAscent(editState_ == EditState::Ascent);
   services.display.EnableSurfaceInterval(NextProfile == -1 && editState_ == EditState::Ascent);
   if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
 }

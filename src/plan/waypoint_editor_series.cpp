@@ -32,6 +32,8 @@ void frmWaypointEditor::UpdateSurfProfiles() {
 void frmWaypointEditor::SurfStartDeco() {
   // Each dive starts from the fresh end state of the one before. A loop, so that a long series needs no deep stack.
   for (std::int16_t next = NextProfile; next != -1; next = forms_(next).NextProfile) forms_(next).Evaluate();
+  // The main window has the commands of the dive that was changed, not those of the last one computed.
+  EnableCommandsByState();
 }
 
 void frmWaypointEditor::SurfDeleteProfile() {

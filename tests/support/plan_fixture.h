@@ -23,6 +23,30 @@ struct ScriptedBoxes : MessageBoxes {
   std::vector<BoxAnswer> answers;
 };
 
+/// What the windows were told, as lines: "caption 2: text".
+struct RecordedDisplay : EditorDisplay {
+  void ShowCaption(std::int16_t document, const std::string& caption) override { Add("caption", document, caption); }
+  void ShowEvaluationFault(std::int16_t document, const std::string& fault) override { Add("fault", document, fault); }
+  void RedrawProfile(std::int16_t document) override { Add("redraw", document, ""); }
+  void CloseWindow(std::int16_t document) override { Add("close", document, ""); }
+  void EnableProfileCommands(bool enableAscent, bool enableInformation) override {
+    ascent = enableAscent;
+    information = enableInformation;
+  }
+  void EnableClearAscent(bool enable) override { clearAscent = enable; }
+  void EnableSurfaceInterval(bool enable) override { surfaceInterval = enable; }
+
+  void Add(const std::string& what, std::int16_t document, const std::string& text) {
+    told.push_back(what + " " + std::to_string(document) + ": " + text);
+  }
+
+  std::vector<std::string> told;
+  bool ascent = false;
+  bool information = false;
+  bool clearAscent = false;
+  bool surfaceInterval = false;
+};
+
 /// Documents and all they work with, without a window. Element 0 holds the shipped default template.
 struct Plans {
   Plans() { documents(0).Template = ShippedDefaultTemplate(); }
@@ -43,7 +67,7 @@ struct Plans {
   DocumentStore documents;
   ModelChoice model;
   EngineObserver observer;
-  EditorDisplay display;
+  RecordedDisplay display;
   ScriptedBoxes boxes;
   TextSource texts;
   DocumentForms forms{{documents, model, observer, display, boxes, texts}};
