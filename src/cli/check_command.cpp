@@ -23,13 +23,8 @@ void CheckProfile(const std::string& text, FormatFaults& faults) {
   const ProfileText profile = ReadProfileText(text, faults);
   for (std::size_t i = 0; i < profile.dives.size(); ++i) {
     ReportTemplateFaults(profile.dives[i].Template, profile.lines[i].keys, profile.lines[i].block, faults);
-    const ClassUseractions& actions = profile.dives[i].UserActions;
-    const bool ends = actions.GetLength() > 0 && actions.getaction(actions.GetLength()) == ClassUseractions::kAscent;
-    if (!ends && i + 1 < profile.dives.size()) {
-      faults.Error(profile.lines[i + 1].block, "dive " + std::to_string(i + 2) + " can't be computed: dive " +
-                                                   std::to_string(i + 1) + " does not end with its ascent");
-    }
   }
+  ReportSeriesFaults(profile, faults);
 }
 
 /// True when the file can be used.

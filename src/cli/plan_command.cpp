@@ -6,7 +6,7 @@
 namespace tav {
 namespace {
 
-/// Reads a profile and refuses one whose templates can't be planned on, with the line to mend.
+/// Reads a profile and refuses one that can't be planned, with the line to mend.
 ProfileText ReadPlannable(const std::string& file) {
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
   ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
@@ -16,6 +16,7 @@ ProfileText ReadPlannable(const std::string& file) {
       faults.Error(LineOfFault(found.front(), profile.lines[i].keys, profile.lines[i].block), JoinFaults(found));
     }
   }
+  ReportSeriesFaults(profile, faults);
   return profile;
 }
 

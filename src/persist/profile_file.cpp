@@ -161,4 +161,13 @@ void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys
   }
 }
 
+void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults) {
+  for (std::size_t i = 1; i < profile.dives.size(); ++i) {
+    const ClassUseractions& before = profile.dives[i - 1].UserActions;
+    if (before.GetLength() > 0 && before.getaction(before.GetLength()) == ClassUseractions::kAscent) continue;
+    faults.Error(profile.lines[i].block, "dive " + std::to_string(i + 1) + " can't be computed: dive " +
+                                             std::to_string(i) + " does not end with its ascent");
+  }
+}
+
 }  // namespace tav

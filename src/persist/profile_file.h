@@ -50,4 +50,7 @@ ProfileText ReadProfileFile(const std::filesystem::path& file);
 /// can't be computed.
 void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults);
 
+/// A dive that does not end with its ascent leaves no loads for the dive behind it: an error at that dive.
+void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults);
+
 }  // namespace tav

@@ -1,0 +1,79 @@
+#include "app/start_up.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/command_line.h"
+#include "persist/template_file.h"
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(CommandLine, IsSplitAtBlanksUpToTheMostArguments) {
+  EXPECT_THAT(GetCommandLine(""), IsEmpty());
+  EXPECT_THAT(GetCommandLine(" \t "), IsEmpty());
+  EXPECT_THAT(GetCommandLine("/vpm \t  /phi\t"), ElementsAre("/vpm", "/phi"));
+  EXPECT_THAT(GetCommandLine("a b c  d", 3), ElementsAre("a", "b", "c"));
+  EXPECT_EQ(GetCommandLine("1 2 3 4 5 6 7 8 9 10 11").back(), "10");
+}
+
+TEST(CommandLine, TurnsOnWhatIsNamedExactly) {
+  const Switches all = ParseCommandLine({"/vpm", "/hybrid", "/VeryHighGF", "/phi", "/phi"});
+  EXPECT_TRUE(all.SwitchVPM && all.SwitchHybrid && all.VeryHighGF && all.PhiLogOn);
+  const Switches none = ParseCommandLine({"/VPM", "/hybrid/phi", "/veryhighgf", "-phi", "plan.tav"});
+  EXPECT_FALSE(none.SwitchVPM || none.SwitchHybrid || none.VeryHighGF || none.PhiLogOn);
+}
+
+class StartUp : public testing::Test {
+ protected:
+  StartUp() {
+    fs::create_directories(Shipped().parent_path());
+    WriteTextFile(Shipped(), WriteTemplateBlock(ShippedDefaultTemplate()));
+  }
+  [[nodiscard]] fs::path Shipped() const { return scratch_.Path() / "program/template/Default.tpl"; }
+  [[nodiscard]] fs::path Own() const { return scratch_.Path() / "user/template/Default.tpl"; }
+  std::string Init() { return InitDocuments(documents_, folders_); }
+  [[nodiscard]] const DiveTemplate& Default() const { return documents_(DocumentStore::DefaultDocument).Template; }
+
+  test::ScratchFolder scratch_;
+  ProgramFolders folders_{scratch_.Path() / "program", scratch_.Path() / "user"};
+  DocumentStore documents_;
+};
+
+TEST_F(StartUp, TakesTheUsersDefaultsBeforeTheShippedOnes) {
+  EXPECT_EQ(Init(), "");
+  EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
+  EXPECT_EQ(documents_(0).TemplateTitle, "Default");
+  fs::create_directories(Own().parent_path());
+  WriteTextFile(Own(), "Start Template Block\nRMV=33\nTemplatename=Mine.tpl\nEnd Template Block\n");
+  EXPECT_EQ(Init(), "");
+  EXPECT_EQ(Default().RMV, Single(33));
+  EXPECT_EQ(Default().Templatename, "Mine.tpl");
+  EXPECT_EQ(Default().StepSize, Single(3)) << "what the file leaves out is as shipped";
+  EXPECT_TRUE(TemplateFaults(Default()).empty());
+}
+
+TEST_F(StartUp, FallsBackOnBuiltInDefaultsAndSaysWhy) {
+  WriteTextFile(Shipped(), "Start Template Block\nRMV=33\nMetric=?\nEnd Template Block\n");
+  EXPECT_THAT(Init(), HasSubstr("Default.tpl:3: \"Metric\" must be 0 or 1"));
+  EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
+  fs::remove(Shipped());
+  EXPECT_THAT(Init(), HasSubstr("Default.tpl: can't be opened: No such file"));
+  EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
+}
+
+TEST_F(StartUp, WritesBesideTheProgramOnlyWhereItMay) {
+  EXPECT_EQ(folders_.ToWrite("template/My.tpl"), Shipped().parent_path() / "My.tpl");
+  // A folder that is not there can't be written either, for any user.
+  EXPECT_EQ(folders_.ToWrite("logs/phi.log"), scratch_.Path() / "user/logs/phi.log");
+  EXPECT_TRUE(fs::is_directory(scratch_.Path() / "user/logs"));
+}
+
+}  // namespace
+}  // namespace tav

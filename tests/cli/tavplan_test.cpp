@@ -1,0 +1,246 @@
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "model/number_text.h"
+#include "persist/profile_file.h"
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const fs::path kRoot = TAV_SOURCE_DIR;
+
+std::string Dive(const char* name) { return (kRoot / "dives" / name).string(); }
+std::string KnownDive(const char* name) { return (kRoot / "tests/data/vectors" / name).string(); }
+
+class Tavplan : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& arguments) {
+    out_.str("");
+    err_.str("");
+    return RunTavplan(arguments, {kRoot, scratch_.Path() / "user"}, out_, err_);
+  }
+  [[nodiscard]] std::string Out() const { return out_.str(); }
+  [[nodiscard]] std::string Err() const { return err_.str(); }
+
+  /// A copy of a shipped dive with `find` replaced.
+  std::string Changed(const char* dive, const std::string& find, const std::string& replacement) {
+    const std::string text = ReadTextFile(Dive(dive));
+    EXPECT_THAT(text, HasSubstr(find));
+    const fs::path file = scratch_.Path() / "changed.tav";
+    WriteTextFile(file, ReplaceAll(text, find, replacement));
+    return file.string();
+  }
+
+  test::ScratchFolder scratch_;
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+TEST_F(Tavplan, PrintsTheSlateOfADive) {
+  EXPECT_EQ(Run({"plan", Dive("air-no-stop.tav")}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), Dive("air-no-stop.tav") + R"(
+ZH-L16B, GF 30/85, open circuit, sea level, stops every 3 m, last 3 m
+
+            Depth   Time    Run  Gas   PPO2
+                m    min    min         bar
+  descent      18      1      1  Air   0.59
+  level        18     19     20  Air   0.59
+  stop          6      1     22  Air   0.34
+  stop          3      1     24  Air   0.28
+  surface       0            25  Air   0.21
+
+  Run time 25 min, stops 2 min, CNS 3 %, OTU 4
+  Gas Air 1240 l
+)");
+  EXPECT_EQ(Err(), "");
+  EXPECT_EQ(Run({"plan", Dive("lake-series.tav")}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), AllOf(HasSubstr(", dive 1 of 2\n"), HasSubstr(", dive 2 of 2 after 120 min at the surface\n"),
+                           HasSubstr("1600 m (0.842 bar) (not adapted)")));
+}
+
+void ExpectSame(const json& computed, const json& expected, const std::string& where) {
+  if (expected.is_number_float()) {
+    const double value = expected.get<double>();
+    EXPECT_NEAR(computed.get<double>(), value, std::max(2e-3, 2e-4 * std::fabs(value))) << where;
+  } else if (expected.is_structured()) {
+    ASSERT_EQ(computed.size(), expected.size()) << where;
+    for (const auto& [key, item] : expected.items()) {
+      const auto found = computed.is_array() ? computed.at(std::stoul(key)) : computed.value(key, json());
+      ExpectSame(found, item, where + "/" + key);
+    }
+  } else {
+    EXPECT_EQ(computed, expected) << where;
+  }
+}
+
+TEST_F(Tavplan, PrintsEveryRowAsJsonInTheFormOfTheKnownDives) {
+  for (const char* name : {"series-ccr", "ascent-then-on"}) {
+    EXPECT_EQ(Run({"plan", "--json", KnownDive((std::string(name) + ".tav").c_str())}), ExitStatus::kFine);
+    const std::string expected = KnownDive((std::string(name) + ".expected.json").c_str());
+    ExpectSame(json::parse(Out()), json::parse(std::ifstream(expected)), name);
+  }
+}
+
+TEST_F(Tavplan, PrintsEveryRowAsCsvWithAHeader) {
+  EXPECT_EQ(Run({"plan", "--csv", Dive("lake-series.tav"), Dive("wreck.tav")}), ExitStatus::kFine);
+  const std::string csv = Out();
+  Run({"plan", "--json", Dive("lake-series.tav"), Dive("wreck.tav")});
+  const json dives = json::parse(Out())["dives"];
+  std::istringstream lines(csv);
+  std::string line;
+  ASSERT_TRUE(std::getline(lines, line));
+  EXPECT_THAT(line, StartsWith("file,dive,row,depth,segment_time,run_time,rate,status,mix,"));
+  const auto columns = std::count(line.begin(), line.end(), ',');
+  for (std::size_t d = 0; d < dives.size(); ++d) {
+    for (std::size_t r = 0; r < dives[d]["rows"].size(); ++r) {
+      ASSERT_TRUE(std::getline(lines, line));
+      EXPECT_EQ(std::count(line.begin(), line.end(), ','), columns) << line;
+      const json& row = dives[d]["rows"][r];
+      std::vector<std::string> fields;
+      std::istringstream rest(line);
+      for (std::string field; std::getline(rest, field, ',');) fields.push_back(field);
+      EXPECT_EQ(fields[1], d == 1 ? "2" : "1");
+      EXPECT_EQ(fields[2], std::to_string(r));
+      EXPECT_EQ(ParseLenient(fields[3]), row["depth"].get<double>());
+      EXPECT_EQ(fields[8], row["mix"]);
+      EXPECT_EQ(ParseLenient(fields.back()), row["percent_compartments"].back().get<double>());
+    }
+  }
+  EXPECT_FALSE(std::getline(lines, line));
+}
+
+TEST_F(Tavplan, QuotesCsvFieldsThatHoldACommaOrAQuote) {
+  const fs::path file = scratch_.Path() / "a \"b\", c.tav";
+  fs::copy_file(Dive("air-no-stop.tav"), file);
+  EXPECT_EQ(Run({"plan", "--csv", file.string()}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr("\n\"" + scratch_.Path().string() + "/a \"\"b\"\", c.tav\",1,0,0,"));
+}
+
+TEST_F(Tavplan, ChoosesTheModel) {
+  const std::pair<const char*, std::string> models[] = {{"--vpm", "VPM"}, {"--hybrid", "Hybrid of ZH-L16B and VPM"}};
+  for (const auto& [option, name] : models) {
+    EXPECT_EQ(Run({"plan", option, Dive("wreck.tav")}), ExitStatus::kFine);
+    EXPECT_THAT(Out(), HasSubstr("\n" + name + ", "));
+  }
+}
+
+TEST_F(Tavplan, WritesTheTraceWhenAsked) {
+  const fs::path before = fs::current_path();
+  fs::current_path(scratch_.Path());
+  EXPECT_EQ(Run({"plan", Dive("air-no-stop.tav")}), ExitStatus::kFine);
+  EXPECT_FALSE(fs::exists("phi.log"));
+  EXPECT_EQ(Run({"plan", "--phi", Dive("air-no-stop.tav")}), ExitStatus::kFine);
+  fs::current_path(before);
+  const std::string trace = ReadTextFile(scratch_.Path() / "phi.log");
+  EXPECT_THAT(trace,
+              StartsWith("\"                 \tSDepth\tFDepth\tSTime\tRate\"\r\n\"OC ascent/descent\t0\t18\t1\t18\t"));
+  EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n') % 20, 0);
+}
+
+struct Refusal {
+  std::vector<std::string> arguments;
+  std::string error;
+};
+
+TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
+  const std::string broken = Changed("wreck.tav", "Metric=1", "Metric=m");
+  const std::string unsound = (scratch_.Path() / "unsound.tav").string();
+  WriteTextFile(unsound, ReplaceAll(ReadTextFile(Dive("wreck.tav")), "StepSize= 3", "StepSize= 0"));
+  const std::string series = (scratch_.Path() / "series.tav").string();
+  WriteTextFile(series, ReplaceAll(ReadTextFile(Dive("lake-series.tav")), "-1,-1,0,1,\r\n", ""));
+  const Refusal refusals[] = {
+      {{"plan", broken}, broken + ":30: \"Metric\" must be 0 or 1, not \"m\"\n"},
+      {{"plan", unsound}, unsound + ":28: the distance between stops is 0, it must be at least 0.1\n"},
+      {{"plan", series}, series + ":53: dive 2 can't be computed: dive 1 does not end with its ascent\n"},
+      {{"plan", "/none.tav"}, "/none.tav: can't be opened: No such file or directory\n"},
+      {{"new", "--depth", "30", "--time", "x"}, "tavplan new: time: \"x\" is not a number\n"},
+      {{"new", "--leg", "10"}, "tavplan new: leg \"10\" must be DEPTH:TIME or DEPTH:TIME@GAS\n"},
+      {{"new", "--leg", "-5:10"}, "tavplan new: a leg to depth -5, outside 0 to 10000\n"},
+      {{"new", "--leg", "30:20@EAN200"}, "tavplan new: gas \"EAN200\" is unknown; "},
+      {{"new", "--leg", "30:20", "--template", "None"}, "None: can't be opened: "},
+      {{"new", "--leg", "30:20", "-o", "/none/a.tav"}, "/none/a.tav: can't be written: "},
+      {{"new"}, "tavplan: --depth and --time, or --leg is required"},
+      {{"new", "--depth", "30"}, "tavplan: --depth requires --time"},
+      {{"plan", "--json", "--csv", broken}, "tavplan: --json excludes --csv"},
+      {{"plan", "--vpm", "--hybrid", broken}, "tavplan: --"},
+      {{"plan"}, "tavplan: FILE is required"},
+      {{"dive"}, "tavplan: "},
+      {{}, "tavplan: A subcommand is required"}};
+  for (const Refusal& refusal : refusals) {
+    EXPECT_EQ(Run(refusal.arguments), ExitStatus::kUnusableInput) << refusal.error;
+    const std::string error = Err();
+    EXPECT_THAT(error, StartsWith(refusal.error));
+    EXPECT_EQ(std::count(error.begin(), error.end(), '\n'), 1) << error;
+    EXPECT_EQ(Out(), "");
+  }
+  EXPECT_EQ(Run({"plan", broken, Dive("wreck.tav")}), ExitStatus::kUnusableInput);
+  EXPECT_THAT(Out(), StartsWith(Dive("wreck.tav"))) << "the others are printed";
+}
+
+TEST_F(Tavplan, TellsAPlanThatDoesNotDecompress) {
+  // On air at 9 m the tissues never come down to what 5 % of the gradient allow at the surface.
+  const std::string text = ReadTextFile(Dive("air-deco.tav"));
+  std::string deep = Changed("air-deco.tav", "LastStop= 3", "LastStop= 9");
+  deep = ReplaceAll(ReadTextFile(deep), text.substr(text.find("GF="), 12), "GF=1, .05, .05\r\n#");
+  deep = ReplaceAll(deep, "Change Gas Mixes=", "# ");
+  const std::string file = (scratch_.Path() / "deep.tav").string();
+  WriteTextFile(file, deep);
+  EXPECT_EQ(Run({"plan", file}), ExitStatus::kDoesNotDecompress) << Out() << Err();
+  EXPECT_THAT(Out(), HasSubstr("! THIS PLAN DOES NOT DECOMPRESS: the stop at depth 9 on Air does not clear"));
+  EXPECT_EQ(Run({"plan", "--csv", file}), ExitStatus::kDoesNotDecompress);
+  EXPECT_THAT(Err(), HasSubstr(file + ": dive 1: THIS PLAN DOES NOT DECOMPRESS"));
+}
+
+TEST_F(Tavplan, ListsAllFaultsOfTheCheckedFiles) {
+  EXPECT_EQ(Run({"check", Dive("wreck.tav"), (kRoot / "template/Imperial.tpl").string()}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), Dive("wreck.tav") + ": no faults\n" + (kRoot / "template/Imperial.tpl").string() + ": no faults\n");
+  const std::string file = (scratch_.Path() / "my.tpl").string();
+  WriteTextFile(file, "Start Template Block\nMetric=m\nStepSize=0\nRMV=1 l\nOCDeco=\nEnd Template Block\n");
+  EXPECT_EQ(Run({"check", file, "/none.tpl"}), ExitStatus::kUnusableInput);
+  for (const char* fault : {":2: \"Metric\" must be 0 or 1", ":5: \"OCDeco\" must be", ":4: advice: \"RMV\" should be",
+                            ":3: the distance between stops is 0", ":1: there is no ascent rate"}) {
+    EXPECT_THAT(Out(), HasSubstr(file + fault));
+  }
+  EXPECT_EQ(Err(), "/none.tpl: can't be opened: No such file or directory\n");
+  EXPECT_EQ(Run({"check", Changed("wreck.tav", "SurfTime = 0", "SurfTime = 5")}), ExitStatus::kFine) << "advice alone";
+  EXPECT_THAT(Out(), HasSubstr("advice: \"SurfTime\" of a first dive"));
+}
+
+TEST_F(Tavplan, MakesAndSavesAPlanFromLegs) {
+  const std::string file = (scratch_.Path() / "new.tav").string();
+  EXPECT_EQ(Run({"new", "--leg", "40:15", "--leg", "25:20@EAN36", "--gas", "Tx18/45", "-o", file}), ExitStatus::kFine);
+  const std::string slate = Out();
+  EXPECT_THAT(slate, AllOf(StartsWith(file + "\n"), HasSubstr("  level        25   18.3     35  EAN36")));
+  const DiveRecord dive = ReadProfileFile(file).dives.at(0);
+  EXPECT_EQ(dive.UserActions.GetLength(), 3);
+  EXPECT_EQ(dive.Template.Blends.at(static_cast<std::size_t>(dive.UserActions.getmixnumber(2))).O2, Single(36));
+  EXPECT_EQ(Run({"plan", file}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), slate);
+  EXPECT_EQ(Run({"new", "--depth", "130", "--time", "30", "--template", "Imperial"}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), AllOf(StartsWith("New plan\n"), HasSubstr("stops every 10 ft"), HasSubstr(" cu ft")));
+}
+
+TEST_F(Tavplan, TellsItsUsageAndVersion) {
+  EXPECT_EQ(Run({"--version"}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), StartsWith("tavplan "));
+  for (const char* command : {"plan", "new", "check"}) {
+    EXPECT_EQ(Run({command, "--help"}), ExitStatus::kFine);
+    EXPECT_THAT(Out(), HasSubstr("Examples:\n  tavplan " + std::string(command)));
+  }
+}
+
+}  // namespace
+}  // namespace tav

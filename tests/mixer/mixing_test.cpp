@@ -1,0 +1,127 @@
+#include "mixer/mixing.h"
+
+#include <cmath>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <random>
+
+namespace tav {
+namespace {
+
+using nlohmann::json;
+
+constexpr double kRoomTemperature = 293;
+
+json Known(const char* name) {
+  return json::parse(std::ifstream(TAV_SOURCE_DIR "/tests/data/vectors/units.json"))[name];
+}
+
+MixShares Mix(const json& o2AndHe) {
+  const double o2 = o2AndHe[0].get<double>();
+  const double he = o2AndHe[1].get<double>();
+  return {o2, he, 100 - o2 - he};
+}
+
+TEST(VanDerWaals, GivesTheKnownCoefficientsAndDensities) {
+  const json coefficients = Known("mix_coefficients");
+  const json densities = Known("density_from_pressure");
+  ASSERT_FALSE(coefficients.empty() || densities.empty());
+  for (const json& known : coefficients) {
+    const auto value = [&](std::size_t i) { return known[i].get<double>(); };
+    EXPECT_NEAR(MixCoefficientA(value(0), value(1), value(2)), value(3), 1e-6);
+    EXPECT_NEAR(MixCoefficientB(value(0), value(1), value(2)), value(4), 1e-7);
+  }
+  for (const json& known : densities) {
+    const auto value = [&](std::size_t i) { return known[i].get<double>(); };
+    const Single density = DensityFromPressure(value(0), value(1), value(2), kRoomTemperature);
+    EXPECT_NEAR(density, value(3), 2e-4 * value(3)) << known;
+  }
+}
+
+// 32-bit steps inside the root keep the two apart by no more than a thousandth; helium and oxygen lie far apart.
+TEST(VanDerWaals, PressureAndDensityAreEachOthersInverse) {
+  for (const auto& [o2, he] : {std::pair(0.21, 0.0), {1.0, 0.0}, {0.18, 0.45}, {0.1, 0.7}, {0.05, 0.95}}) {
+    const Single a = MixCoefficientA(o2, 1 - o2 - he, he);
+    const Single b = MixCoefficientB(o2, 1 - o2 - he, he);
+    for (const double bar : {1.0, 10.0, 50.0, 200.0, 300.0}) {
+      const Single density = DensityFromPressure(a, b, bar, kRoomTemperature);
+      EXPECT_NEAR(PressureFromDensity(density, kRoomTemperature, a, b), bar, std::max(0.02, 1e-3 * bar))
+          << o2 << " oxygen, " << he << " helium";
+    }
+  }
+  EXPECT_EQ(DensityFromPressure(1.4, 0.037, 0, kRoomTemperature), Single(0));
+}
+
+TEST(Fill, IsTheKnownOne) {
+  const json fills = Known("fills");
+  ASSERT_FALSE(fills.empty());
+  for (const json& known : fills) {
+    SCOPED_TRACE(known.dump());
+    const FillResult result =
+        Recalculate({Mix(known["current"]), known["current_fill"].get<double>(), Mix(known["desired"]),
+                     known["desired_fill"].get<double>(), known["metric"].get<bool>()});
+    EXPECT_EQ(result.AirTopO2, known["air_top_o2"]);
+    EXPECT_EQ(result.AirTopHe, known["air_top_he"]);
+    EXPECT_EQ(result.AirTopAir, known["air_top_air"]);
+    EXPECT_EQ(result.IdealTopO2, known["ideal_top_o2"]);
+    EXPECT_EQ(result.IdealTopHe, known["ideal_top_he"]);
+    EXPECT_EQ(result.IdealTopN2, known["ideal_top_n2"]);
+    EXPECT_EQ(result.AirImpossible, known["air_impossible"]);
+  }
+}
+
+// What the ideal block tells to fill gives the desired gas: Dalton's law.
+TEST(Fill, WithIdealGasesMixesTheDesiredGasOrSaysThatItCannot) {
+  std::mt19937 random(6);
+  int possible = 0;
+  for (int n = 0; n < 5000; ++n) {
+    const auto mix = [&]() -> MixShares {
+      const double o2 = static_cast<double>(random() % 101);
+      const double he = static_cast<double>(random() % 101);  // the two may exceed 100: nitrogen is then below 0
+      return {o2, he, 100 - o2 - he};
+    };
+    const FillRequest request{mix(), static_cast<double>(random() % 301), mix(), static_cast<double>(random() % 301)};
+    const FillResult result = Recalculate(request);
+    for (const std::string& label : {result.AirTopO2, result.AirTopHe, result.AirTopAir, result.IdealTopO2,
+                                     result.IdealTopHe, result.IdealTopN2}) {
+      ASSERT_EQ(label.find_first_not_of("-.0123456789"), std::string::npos) << label;
+    }
+    if (result.AirImpossible) continue;
+    ++possible;
+    const auto& [current, currentFill, desired, desiredFill, metric] = request;
+    EXPECT_NEAR(current.O2 * currentFill + result.AirO2 + 0.21 * result.Air, desired.O2 * desiredFill, 0.05);
+    EXPECT_NEAR(current.He * currentFill + result.Heneed, desired.He * desiredFill, 0.05);
+    EXPECT_NEAR(current.N2 * currentFill + 0.79 * result.Air, desired.N2 * desiredFill, 0.05);
+  }
+  EXPECT_GT(possible, 100);
+}
+
+struct FieldCase {
+  const char* o2;
+  const char* he;
+  double n2;
+  bool o2Reset;
+  bool heReset;
+  bool over100;
+};
+
+TEST(PercentageFields, TakeZeroToAHundredAndLeaveTheRestToNitrogen) {
+  const FieldCase cases[] = {{"21", "35", 44, false, false, false},  {"", "", 100, false, false, false},
+                             {"100.0", "0", 0, false, false, false}, {"100.1", "0", 100, true, false, false},
+                             {"-1", "101", 100, true, true, false},  {"60", "50", -10, false, false, true},
+                             {"32%", "x", 68, false, false, false}};
+  for (const FieldCase& known : cases) {
+    SCOPED_TRACE(std::string(known.o2) + " " + known.he);
+    const PercentageFields fields = UpdateMix(known.o2, known.he);
+    EXPECT_EQ(fields.mix.N2, Single(known.n2));
+    EXPECT_EQ(fields.o2Reset, known.o2Reset);
+    EXPECT_EQ(fields.heReset, known.heReset);
+    EXPECT_EQ(fields.over100, known.over100);
+  }
+  EXPECT_EQ(FillOrZero(-5), Single(0));
+  EXPECT_EQ(FillOrZero(200), Single(200));
+}
+
+}  // namespace
+}  // namespace tav
