@@ -25,7 +25,11 @@ setup() {
   rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev)
+build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+  qt6-base-dev qt6-svg-dev qt6-tools-dev libgl-dev fonts-liberation2)
+
+# What the tests of the real window need beside that.
+screen_packages=(xvfb xdotool openbox imagemagick x11-utils)
 
 # build PRESET [TARGET...] configures and builds; what it prints is shown only when it fails.
 build() {

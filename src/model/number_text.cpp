@@ -111,7 +111,7 @@ double RoundHalfAway(double value, int decimals) {
   if (scaled >= 1e15) return value;
   // 100.49999999999999 is what is left of 100.5: its 15 digits say so.
   std::array<char, 32> digits{};
-  const auto end =
+  const char* const end =
       std::to_chars(digits.data(), digits.data() + digits.size(), scaled, std::chars_format::scientific, 14).ptr;
   double decimal = 0;
   std::from_chars(digits.data(), end, decimal);
@@ -139,7 +139,7 @@ std::string FormatFixed(double value, int decimals) {
   std::array<char, 400> buffer{};
   const char* const end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded, std::chars_format::fixed, decimals).ptr;
-  return std::string(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
 std::string FormatFixed(Single value, int decimals) {

@@ -32,6 +32,7 @@ std::int16_t DocumentForms::LoadNewDoc() {
   services_.display.ShowCaption(number, DocumentCaption(services_.texts, document));
   window.setPrevNext(-1, -1);
   services_.display.EnableSurfaceInterval(false);
+  services_.display.RedrawProfile(number);
   return number;
 }
 
@@ -54,7 +55,18 @@ std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surf
   window.setPrevNext(previous, -1);
   window.setNullWaypoint();
   (*this)(previous).setNext(number);
+  // The new dive itself has no changes yet, but its series has.
+  services_.documents(window.getFirstProfile()).Modified = true;
+  services_.display.RedrawProfile(number);
   return number;
+}
+
+void DocumentForms::ShowCaption(std::int16_t document) {
+  const DocumentState& state = services_.documents(document);
+  const frmWaypointEditor& window = (*this)(document);
+  services_.display.ShowCaption(document, window.PrevProfile == -1
+                                              ? DocumentCaption(services_.texts, state)
+                                              : RepetitiveCaption(services_.texts, state, window.DiveNumber));
 }
 
 void DocumentForms::Unload(std::int16_t document) { services_.documents(document).SlotFree = true; }

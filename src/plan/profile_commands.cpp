@@ -69,9 +69,7 @@ void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesys
     dive.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
     if (dive.ProfileFolder.empty()) dive.ProfileFolder = "./";
     dive.Modified = false;
-    services.display.ShowCaption(n, forms(n).PrevProfile == -1
-                                        ? DocumentCaption(services.texts, dive)
-                                        : RepetitiveCaption(services.texts, dive, forms(n).DiveNumber));
+    forms.ShowCaption(n);
   }
 }
 

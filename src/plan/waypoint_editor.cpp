@@ -168,7 +168,7 @@ bool frmWaypointEditor::StartDeco() {
     services.boxes.Show(fault, "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
-  Document().Modified = true;
+  MarkModified();
   InputProfile.Copy(resultProfile_);
   resultProfile_.clear();
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
@@ -196,13 +196,13 @@ bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::i
     services.boxes.Show(refusal, "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
-  Document().Modified = true;
+  MarkModified();
   ReEvaluateUserEnteredWaypoints();
   return true;
 }
 
 void frmWaypointEditor::mnucleardecopoints() {
-  Document().Modified = true;
+  MarkModified();
   if (editState_ != EditState::Ascent) return;
   editState_ = EditState::Legs;
   InputProfile.Copy(savedProfile_);
@@ -212,14 +212,14 @@ void frmWaypointEditor::mnucleardecopoints() {
 }
 
 void frmWaypointEditor::mnuclearlastwaypoint() {
-  Document().Modified = true;
+  MarkModified();
   UserActions.DeleteLast();
   DisableSurfaceInterval();
   ReEvaluateUserEnteredWaypoints();
 }
 
 void frmWaypointEditor::mnuclearallwaypoints() {
-  Document().Modified = true;
+  MarkModified();
   InputProfile.clear();
   UserActions.clear();
   ReEvaluateUserEnteredWaypoints();
@@ -242,19 +242,25 @@ void frmWaypointEditor::Form_Activate() {
   if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
 }
 
-bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs) {
+void frmWaypointEditor::MarkModified() {
+  Document().Modified = true;
+  Services().documents(getFirstProfile()).Modified = true;
+}
+
+bool frmWaypointEditor::ConfirmClose(const std::function<bool()>& saveAs) {
   const PlanServices& services = Services();
+  if (PrevProfile != -1 || !Document().Modified) return true;
+  const TextSource& texts = services.texts;
+  const std::string question = texts.GetResString(kUnsavedName) + DocumentCaption(texts, Document()) + "]?\r\n" +
+                               texts.GetResString(kUnsavedQuestion);
+  const BoxAnswer answer =
+      services.boxes.Show(question, texts.GetResString(kUnsavedTitle), BoxIcon::Exclamation, BoxButtons::YesNoCancel);
+  // A save that failed or was given up must not cost the plan.
+  return answer == BoxAnswer::No || (answer == BoxAnswer::Yes && saveAs());
+}
+
+void frmWaypointEditor::LeaveDocument(bool closedByUser) {
   DocumentState& document = Document();
-  if (PrevProfile == -1 && document.Modified) {
-    const TextSource& texts = services.texts;
-    const std::string question = texts.GetResString(kUnsavedName) + DocumentCaption(texts, document) + "]?\r\n" +
-                                 texts.GetResString(kUnsavedQuestion);
-    const BoxAnswer answer =
-        services.boxes.Show(question, texts.GetResString(kUnsavedTitle), BoxIcon::Exclamation, BoxButtons::YesNoCancel);
-    if (answer == BoxAnswer::Cancel) return false;
-    // A save that failed or was given up must not cost the plan.
-    if (answer == BoxAnswer::Yes && !saveAs()) return false;
-  }
   if (document.Modified) {
     document.TotalCNS = 0;
     document.TotalOTU = 0;
@@ -263,6 +269,11 @@ bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<
     document.HeCompartments = {};
   }
   if (closedByUser) SurfDeleteProfile();
+}
+
+bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs) {
+  if (!ConfirmClose(saveAs)) return false;
+  LeaveDocument(closedByUser);
   return true;
 }
 

@@ -57,6 +57,9 @@ class frmWaypointEditor {
   /// A waypoint as the user confirmed it. False when it lies above the ceiling or can't be planned: a box has said so.
   bool AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix);
 
+  /// The plan has unsaved changes; so has the first dive of its series, which asks for all of it.
+  void MarkModified();
+
   void mnucleardecopoints();
   void mnuclearlastwaypoint();
   void mnuclearallwaypoints();
@@ -65,6 +68,11 @@ class frmWaypointEditor {
   void Form_Activate();
   /// Asks about unsaved changes, once for a series, from its first dive. False calls the close off. `saveAs` saves the
   /// series under a name that the user gives and tells whether it did.
+  bool ConfirmClose(const std::function<bool()>& saveAs);
+  /// What a close that goes ahead does: carried values of a changed plan are cleared, and a dive that the user closes
+  /// leaves its series.
+  void LeaveDocument(bool closedByUser);
+  /// Both, for a single window.
   bool Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs);
 
   // Series (waypoint_editor_series.cpp).

@@ -6,7 +6,11 @@
 
 namespace tav {
 
-Control::Control(Form& form, std::string name) : name_(std::move(name)) { form.controls_.push_back(this); }
+Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
+  form_.controls_.push_back(this);
+}
+
+Control::~Control() { std::erase(form_.controls_, this); }
 
 Control* Form::Find(std::string_view name) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(), [&](auto* c) { return c->Name() == name; });

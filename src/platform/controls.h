@@ -33,7 +33,7 @@ class Control {
   Control(Form& form, std::string name);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
-  virtual ~Control() = default;
+  virtual ~Control();
 
   [[nodiscard]] const std::string& Name() const { return name_; }
 
@@ -57,12 +57,14 @@ class Control {
   }
 
  protected:
+  /// The event works on a copy of its own: what it does may end this control.
   static void Fire(const Event& event) {
-    if (event) event();
+    if (const Event act = event) act();
   }
   [[nodiscard]] bool CanAct() const { return Enabled && Visible; }
 
  private:
+  Form& form_;
   std::string name_;
 };
 

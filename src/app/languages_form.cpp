@@ -1,0 +1,59 @@
+#include "app/languages_form.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "app/language_table.h"
+#include "persist/text_file.h"
+#include "platform/localize_form.h"
+
+namespace tav {
+
+frmLanguages::frmLanguages(const Platform& platform, const TextSource& texts, std::filesystem::path folder)
+    : Form("frmLanguages"), platform_(platform), texts_(texts), folder_(std::move(folder)) {
+  Command1.Default = true;
+  Command1.Click = [this] { Command1_Click(); };
+  Command2.Cancel = true;
+  Command2.Click = [this] { Unload(); };
+}
+
+void frmLanguages::Form_Load() {
+  LocalizeForm(*this, texts_);
+  Caption = texts_.GetResString(1038);
+  Command1.Caption = texts_.GetResString(1210);
+  Command2.Caption = texts_.GetResString(1215);
+  Frame1.Caption = texts_.GetResString(6172);
+  Label1.Caption = texts_.GetResString(6173);
+
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with("TAV_") && name.ends_with(".dll")) files_.push_back(name);
+  }
+  std::sort(files_.begin(), files_.end());
+
+  std::string current = platform_.settings.ReadSetting("", "Language");
+  if (current.empty()) current = kDefaultLanguage;
+  std::vector<std::string> names;
+  std::erase_if(files_, [&](const std::string& file) {
+    try {
+      names.push_back(LanguageTable::Read(folder_ / file).GetResString(LanguageTable::kLanguageName));
+      return false;
+    } catch (const FileError& fault) {
+      platform_.boxes.Show("Language DLL " + (folder_ / file).string() + " not found\r\n" + fault.what(), "",
+                           BoxIcon::None, BoxButtons::OK);
+      return true;
+    }
+  });
+  Option1.Items = names;
+  const auto chosen = std::find(files_.begin(), files_.end(), current);
+  Option1.SelectedItem = chosen == files_.end() ? -1 : static_cast<int>(chosen - files_.begin());
+}
+
+void frmLanguages::Command1_Click() {
+  const int chosen = Option1.SelectedItem;
+  if (chosen >= 0) platform_.settings.WriteSetting("", "Language", files_.at(static_cast<std::size_t>(chosen)));
+  Unload();
+}
+
+}  // namespace tav

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/form.h"
+#include "platform/platform.h"
+#include "platform/text_source.h"
+
+namespace tav {
+
+/// Chooses the language of the next start: one entry for each table in the language folder.
+class frmLanguages : public Form {
+ public:
+  frmLanguages(const Platform& platform, const TextSource& texts, std::filesystem::path folder);
+
+  Label Label1{*this, "Label1"};
+  Frame Frame1{*this, "Frame1"};
+  ListView Option1{*this, "Option1"};  ///< the languages by their own names; a list, so that any number fits
+  Button Command1{*this, "Command1"};  ///< OK
+  Button Command2{*this, "Command2"};  ///< cancel
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void Command1_Click();
+
+  Platform platform_;
+  const TextSource& texts_;
+  std::filesystem::path folder_;
+  std::vector<std::string> files_;
+};
+
+}  // namespace tav

@@ -1,0 +1,72 @@
+// The dialogs that the main window opens on a plan.
+
+#include "app/main_form.h"
+#include "dialogs/conservatism.h"
+#include "dialogs/edit_template.h"
+#include "dialogs/multi_level.h"
+#include "dialogs/waypoint_form.h"
+
+namespace tav {
+
+DialogServices frmMain::Dialogs() {
+  return {services_.forms, services_.platform, services_.texts, services_.switches.VeryHighGF,
+          [this] { ApplyToProfile(); }};
+}
+
+void frmMain::ShowConservatism_Click() {
+  frmConservatism dialog(Dialogs());
+  services_.platform.windows.ShowModal(dialog);
+  SyncCommands();
+}
+
+void frmMain::ShowMultiLevel() { services_.platform.windows.Show(std::make_shared<frmMultiLevel>(Dialogs())); }
+
+void frmMain::EditTemplateOfActive() {
+  EditTemplate(Dialogs());
+  SyncCommands();
+}
+
+void frmMain::AddWaypoint() {
+  const auto active = Active();
+  if (!active) return;
+  const ClassProfile& rows = services_.forms(*active).InputProfile;
+  EnterWaypoint(rows.getDepth(rows.GetLength()), 0);
+}
+
+void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
+  const auto active = Active();
+  if (!active) return;
+  frmWaypointEditor& editor = services_.forms(*active);
+  const ClassProfile& rows = editor.InputProfile;
+  ClassProfile dialogProfile;
+  Waypoint& row = dialogProfile.Row(0);
+  row.Depth = depth;
+  row.SegmentTime = segmentTime;
+  row.MixNumber = rows.getmixnumber(rows.GetLength());
+  frmWaypointForm dialog(Dialogs());
+  dialog.data(dialogProfile, -1);
+  services_.platform.windows.ShowModal(dialog);
+  constexpr double kCancelled = -100.0;
+  if (row.Depth != kCancelled) editor.AddUserWaypoint(row.Depth, row.SegmentTime, row.MixNumber);
+  SyncCommands();
+}
+
+void frmMain::ViewRow(std::int16_t row) {
+  const auto active = Active();
+  if (!active) return;
+  const Waypoint& shown = services_.forms(*active).InputProfile.Row(row);
+  ClassProfile dialogProfile;
+  Waypoint& copy = dialogProfile.Row(0);
+  copy.Depth = shown.Depth;
+  copy.SegmentTime = shown.RunTime;
+  copy.GasMixName = shown.GasMixName;
+  copy.GasMixO2 = shown.GasMixO2;
+  copy.GasMixN2 = shown.GasMixN2;
+  copy.GasMixHe = shown.GasMixHe;
+  copy.MixNumber = shown.MixNumber;
+  frmWaypointForm dialog(Dialogs());
+  dialog.data(dialogProfile, 0);
+  services_.platform.windows.ShowModal(dialog);
+}
+
+}  // namespace tav

@@ -1,0 +1,249 @@
+// The file commands of the main window, and what keeps plans from being lost.
+
+#include <cstdlib>
+
+#include "app/main_form.h"
+#include "model/path_text.h"
+#include "persist/template_file.h"
+#include "plan/captions.h"
+#include "plan/profile_commands.h"
+
+namespace tav {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kOpenTitle = 2303;
+constexpr int kSaveTitle = 2305;
+constexpr int kProfileFilter = 2306;
+constexpr int kTemplateFilter = 2307;
+constexpr int kLoadTemplateTitle = 2308;
+constexpr int kSaveTemplateTitle = 2301;
+constexpr int kSaveTemplateQuestion = 2300;
+constexpr int kNotOpened = 7022;
+constexpr int kNotSaved = 7023;
+constexpr int kRecovered = 7008;
+constexpr int kOfferRecovery = 7007;
+
+}  // namespace
+
+fs::path frmMain::StartFolder() const { return lastFolder_.empty() ? services_.folders.ProgramFolder() : lastFolder_; }
+
+void frmMain::OpenProfileCommand() {
+  const fs::path file = services_.platform.files.Open({T(kOpenTitle), T(kProfileFilter), StartFolder(), "", ""});
+  if (!file.empty()) OpenFile(file);
+}
+
+bool frmMain::OpenFile(const fs::path& file) {
+  if (file.extension() == kTemplateExtension) {
+    LoadTemplateFrom(file);
+    return true;
+  }
+  try {
+    services_.platform.screen.ShowHourglass(true);
+    OpenProfile(services_.forms, file);
+    services_.platform.screen.ShowHourglass(false);
+  } catch (const std::exception& error) {
+    services_.platform.screen.ShowHourglass(false);
+    services_.recent.Remove(file);
+    FillRecent();
+    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    return false;
+  }
+  lastFolder_ = file.parent_path();
+  services_.recent.Add(file);
+  FillRecent();
+  DocumentActivated();
+  return true;
+}
+
+bool frmMain::SaveProfileCommand(bool saveAs) {
+  const auto active = Active();
+  return active && SaveDocument(*active, saveAs);
+}
+
+bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
+  const std::int16_t first = services_.forms(document).getFirstProfile();
+  const DocumentState& dive = Document(first);
+  if (!saveAs && !dive.ProfileFolder.empty()) return SaveSeries(first, fs::path(dive.ProfileFolder) / dive.ProfileName);
+  const fs::path folder = dive.ProfileFolder.empty() ? StartFolder() : fs::path(dive.ProfileFolder);
+  const fs::path file = services_.platform.files.Save(
+      {T(kSaveTitle), T(kProfileFilter), folder, dive.ProfileName, std::string(kProfileExtension)});
+  return !file.empty() && SaveSeries(first, file);
+}
+
+bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
+  try {
+    SaveProfile(services_.forms, document, file);
+  } catch (const std::exception& error) {
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    return false;
+  }
+  lastFolder_ = file.parent_path();
+  services_.recovery.Drop(document);
+  services_.recent.Add(file);
+  FillRecent();
+  SyncCommands();
+  return true;
+}
+
+void frmMain::LoadTemplateCommand() {
+  const fs::path file = services_.platform.files.Open(
+      {T(kLoadTemplateTitle), T(kTemplateFilter), services_.folders.ProgramFolder() / "template", "", ""});
+  if (!file.empty()) LoadTemplateFrom(file);
+}
+
+void frmMain::LoadTemplateFrom(const fs::path& file) {
+  const auto active = Active();
+  DiveTemplate loaded;
+  try {
+    LoadTemplateFile(loaded, file);
+  } catch (const FileError& error) {
+    services_.platform.boxes.Show(file.string() + "\r\nis not a valid template file, ignored\r\n" + error.what(), "",
+                                  BoxIcon::Stop, BoxButtons::OK);
+    return;
+  }
+  if (!active) {
+    CopyDiveTemplate(loaded, Document(DocumentStore::DefaultDocument).Template);
+    return;
+  }
+  DocumentState& document = Document(*active);
+  CopyDiveTemplate(loaded, document.Template);
+  document.Template.Templatename = SplitPath(file.string(), PathPart::FileName);
+  document.TemplateTitle = document.Template.Templatename;
+  services_.forms.ShowCaption(*active);
+  services_.forms(*active).SetTemplate();
+  services_.platform.screen.ShowHourglass(true);
+  ApplyToProfile();
+  services_.platform.screen.ShowHourglass(false);
+  SyncCommands();
+}
+
+void frmMain::SaveTemplateCommand() {
+  DiveTemplate& diveTemplate = Document(Active().value_or(DocumentStore::DefaultDocument)).Template;
+  if (!diveTemplate.TemplateChanged) return;
+  const TextSource& texts = services_.texts;
+  if (services_.platform.boxes.Show(texts.GetResString(kSaveTemplateQuestion), "", BoxIcon::Question,
+                                    BoxButtons::OKCancel) != BoxAnswer::OK) {
+    return;
+  }
+  fs::path folder = diveTemplate.TemplateFolder;
+  if (folder.empty()) folder = services_.folders.ToWrite("template/Default.tpl").parent_path();
+  const fs::path file = services_.platform.files.Save(
+      {T(kSaveTemplateTitle), T(kTemplateFilter), folder, diveTemplate.Templatename, std::string(kTemplateExtension)});
+  if (file.empty()) return;
+  try {
+    DiveTemplate named = diveTemplate;
+    named.Templatename = SplitPath(file.string(), PathPart::FileName);
+    SaveTemplateFile(named, file);
+    diveTemplate.Templatename = named.Templatename;
+    diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+  } catch (const std::exception& error) {
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    return;
+  }
+  if (const auto active = Active()) services_.forms.ShowCaption(*active);
+}
+
+bool frmMain::CloseDocument(std::int16_t document) {
+  frmWaypointEditor& editor = services_.forms(document);
+  if (!editor.Form_QueryUnload(true, [&] { return SaveDocument(document, true); })) return false;
+  EndDocument(document);
+  DocumentActivated();
+  return true;
+}
+
+void frmMain::EndDocument(std::int16_t document) {
+  services_.recovery.Drop(document);
+  services_.history.Forget(document);
+  services_.forms.Unload(document);
+  services_.platform.documentWindows.RemoveWindow(document);
+}
+
+std::vector<std::int16_t> frmMain::OpenDocuments() const {
+  std::vector<std::int16_t> open;
+  const DocumentStore& documents = services_.forms.Services().documents;
+  for (std::int16_t n = 1; n <= documents.UpperBound(); ++n) {
+    if (!documents(n).SlotFree) open.push_back(n);
+  }
+  return open;
+}
+
+bool frmMain::Form_QueryUnload(bool /*byUser*/) {
+  // All questions first: a Cancel leaves every plan open.
+  for (const std::int16_t document : OpenDocuments()) {
+    if (!services_.forms(document).ConfirmClose([&] { return SaveDocument(document, true); })) return false;
+  }
+  return true;
+}
+
+void frmMain::Form_Unload() {
+  for (const std::int16_t document : OpenDocuments()) {
+    services_.forms(document).LeaveDocument(false);
+    EndDocument(document);
+  }
+  if (services_.view.IsMinimised()) return;
+  const Placement place = services_.view.PlaceNow();
+  SettingsStore& settings = services_.platform.settings;
+  settings.WriteSetting("Settings", "MainLeft", std::to_string(place.left));
+  settings.WriteSetting("Settings", "MainTop", std::to_string(place.top));
+  settings.WriteSetting("Settings", "MainWidth", std::to_string(place.width));
+  settings.WriteSetting("Settings", "MainHeight", std::to_string(place.height));
+}
+
+void frmMain::KeepRecovery() {
+  for (const std::int16_t document : OpenDocuments()) {
+    if (services_.forms(document).PrevProfile != -1) continue;  // the first dive keeps the whole series
+    const DocumentState& dive = Document(document);
+    if (dive.Modified) {
+      services_.recovery.Keep(document, ProfileFileText(services_.forms, document),
+                              fs::path(dive.ProfileFolder) / dive.ProfileName);
+    } else {
+      services_.recovery.Drop(document);
+    }
+  }
+}
+
+void frmMain::OfferRecovery() {
+  const auto copies = services_.recovery.Orphans();
+  if (copies.empty()) return;
+  std::string question = T(kOfferRecovery) + "\r\n";
+  for (const Recovery::Copy& copy : copies) question += "\r\n" + copy.original.string();
+  const BoxAnswer answer =
+      services_.platform.boxes.Show(question, T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
+  if (answer == BoxAnswer::Cancel) return;  // they are offered again at the next start
+  for (const Recovery::Copy& copy : copies) {
+    if (answer == BoxAnswer::Yes) {
+      try {
+        const auto opened = OpenProfile(services_.forms, copy.file);
+        // The plan has its own name again, but no file until the user saves it.
+        for (const std::int16_t document : opened) {
+          Document(document).ProfileName = copy.original.filename().string();
+          Document(document).ProfileFolder.clear();
+          Document(document).Modified = document == opened.front();
+          services_.forms.ShowCaption(document);
+        }
+        KeepRecovery();
+      } catch (const std::exception& error) {
+        services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+        continue;
+      }
+    }
+    Recovery::Remove(copy);
+  }
+  DocumentActivated();
+}
+
+void frmMain::ExportGraph(bool svg) {
+  const auto active = Active();
+  if (!active) return;
+  const std::string extension = svg ? ".svg" : ".png";
+  const fs::path name = fs::path(Document(*active).ProfileName).replace_extension(extension);
+  const fs::path file = services_.platform.files.Save(
+      {T(svg ? 7006 : 7005), T(svg ? 7027 : 7026), StartFolder(), name.string(), extension});
+  if (!file.empty() && !services_.view.ExportGraph(*active, file.string(), svg)) {
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + file.string(), "", BoxIcon::Stop, BoxButtons::OK);
+  }
+}
+
+}  // namespace tav

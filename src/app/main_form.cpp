@@ -1,0 +1,236 @@
+#include "app/main_form.h"
+
+#include "app/information_boxes.h"
+#include "app/languages_form.h"
+#include "platform/localize_form.h"
+
+namespace tav {
+namespace {
+
+constexpr int kIdle = 5005;
+constexpr int kOpenCircuit = 1107;
+constexpr int kConstPPO = 1108;
+constexpr int kNoHelpFile = 1065;
+
+}  // namespace
+
+frmMain::frmMain(const MainServices& services) : Form("frmMain"), services_(services) {
+  BuildMenu();
+  BuildToolBar();
+  Wire();
+}
+
+void frmMain::Form_Load() {
+  LocalizeForm(*this, services_.texts);
+  Caption = "TAV";
+  FillRecent();
+  sbStatusBar.Caption = T(kIdle);
+  LoadNewDoc();
+}
+
+void frmMain::LoadNewDoc() {
+  LocalizeForm(*this, services_.texts);
+  services_.forms.LoadNewDoc();
+  SyncCommands();
+}
+
+void frmMain::SetOpenCircuit(bool apply) { SetBreathingMode(true, apply); }
+
+void frmMain::SetConstPPO(bool apply) { SetBreathingMode(false, apply); }
+
+void frmMain::SetBreathingMode(bool openCircuit, bool apply) {
+  ToolButton& button = Tool(9);
+  button.Image = openCircuit ? "opencircuit" : "constppo2";
+  button.ToolTipText = T(openCircuit ? kOpenCircuit : kConstPPO);
+  // The menu names the mode that a click would give.
+  mnuOC.Caption = T(openCircuit ? kConstPPO : kOpenCircuit);
+  OpenCircuitMode = openCircuit;
+  if (apply) ApplyToProfile();
+}
+
+void frmMain::ApplyToProfile() {
+  const auto active = Active();
+  if (!active) return;
+  DiveTemplate& diveTemplate = Document(*active).Template;
+  diveTemplate.OpenCircuit = OpenCircuitMode;
+  diveTemplate.TemplateChanged = true;
+  services_.forms(*active).MarkModified();
+  services_.forms(*active).ReEvaluateUserEnteredWaypoints();
+}
+
+void frmMain::mnuVPM_Click() {
+  const bool on = !mnuVPM.Checked;
+  mnuVPM.Checked = on;
+  services_.model.VPMMode = on;
+  mnuBulhmannB.Checked = !on;
+  mnuBulhmannC.Checked = false;
+  if (on) {
+    mnuHybrid.Checked = false;
+    services_.model.HybridMode = false;
+  }
+}
+
+void frmMain::mnuHybrid_Click() {
+  const bool on = !mnuHybrid.Checked;
+  mnuHybrid.Checked = on;
+  services_.model.HybridMode = on;
+  if (on && mnuVPM.Checked) {
+    mnuVPM.Checked = false;
+    services_.model.VPMMode = false;
+    mnuBulhmannB.Checked = true;
+    mnuBulhmannC.Checked = false;
+  }
+}
+
+void frmMain::StartAscent() {
+  const auto active = Active();
+  if (!active) return;
+  services_.forms(*active).StartDeco();
+  SyncCommands();
+}
+
+void frmMain::PopupGraphMenu() {
+  services_.platform.windows.PopupMenu({&mnuPopupAddWaypoint, &popup0, &mnucleardecopoints, &popup1,
+                                        &mnuclearlastwaypoint, &mnuclearallwaypoints, &popup2, &mnuResetZoom,
+                                        &mnuExportPng, &mnuExportSvg});
+}
+
+void frmMain::ShowHelp(HelpViewer::Page page) {
+  if (services_.language.helpFile.empty()) {
+    services_.platform.boxes.Show(T(kNoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
+    return;
+  }
+  try {
+    services_.platform.help.ShowHelp(services_.language.helpFile, page);
+  } catch (const std::exception& error) {
+    services_.platform.boxes.Show(error.what(), "", BoxIcon::None, BoxButtons::OK);
+  }
+}
+
+void frmMain::SyncCommands() {
+  const auto active = Active();
+  EditState state = EditState::Empty;
+  bool last = false;
+  if (active) {
+    const frmWaypointEditor& editor = services_.forms(*active);
+    state = editor.State();
+    last = editor.NextProfile == -1;
+    SetBreathingMode(Document(*active).Template.OpenCircuit, false);
+    services_.platform.documentWindows.SetModified(*active, Document(editor.getFirstProfile()).Modified);
+  }
+  const bool ascent = state == EditState::Legs;
+  // A command without a window behind it can't be chosen.
+  const bool information = state != EditState::Empty && mnuDiveInformation.Click != nullptr;
+  const bool surface = last && state == EditState::Ascent;
+  Tool(6).Enabled = ascent;
+  mnuStartAscent.Enabled = ascent;
+  Tool(7).Enabled = information;
+  mnuDiveInformation.Enabled = information;
+  Tool(16).Enabled = surface;
+  mnuSurface.Enabled = surface;
+  mnucleardecopoints.Enabled = state == EditState::Ascent;
+  const bool anything = active && services_.forms(*active).UserActions.GetLength() > 0;
+  mnuclearlastwaypoint.Enabled = anything;
+  mnuclearallwaypoints.Enabled = anything;
+  mnuUndo.Enabled = active && services_.history.CanUndo(*active);
+  mnuRedo.Enabled = active && services_.history.CanRedo(*active);
+  for (MenuItem* item : {&mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuOC}) {
+    item->Enabled = active.has_value();
+  }
+}
+
+void frmMain::DocumentActivated() {
+  if (const auto active = Active()) services_.forms(*active).Form_Activate();
+  SyncCommands();
+}
+
+void frmMain::Wire() {
+  WirePlanCommands();
+  WireWindowCommands();
+}
+
+void frmMain::WirePlanCommands() {
+  const auto onActive = [this](void (frmWaypointEditor::*command)()) {
+    return [this, command] {
+      if (const auto active = Active()) (services_.forms(*active).*command)();
+      SyncCommands();
+    };
+  };
+  mnuUndo.Click = [this] {
+    if (const auto active = Active()) services_.history.Undo(*active);
+    DocumentActivated();
+  };
+  mnuRedo.Click = [this] {
+    if (const auto active = Active()) services_.history.Redo(*active);
+    DocumentActivated();
+  };
+  mnuAddWaypoint.Click = mnuPopupAddWaypoint.Click = [this] { AddWaypoint(); };
+  mnuBulhmannB.Click = [this] {
+    mnuBulhmannB.Checked = true;
+    mnuBulhmannC.Checked = false;
+  };
+  mnuBulhmannC.Click = [this] {
+    mnuBulhmannC.Checked = true;
+    mnuBulhmannB.Checked = false;
+  };
+  mnuVPM.Click = [this] { mnuVPM_Click(); };
+  mnuHybrid.Click = [this] { mnuHybrid_Click(); };
+  mnuConservatism.Click = ShowConservatism.Click = Tool(5).Click = [this] { ShowConservatism_Click(); };
+  mnuOC.Click = Tool(9).Click = [this] { SetBreathingMode(!OpenCircuitMode, true); };
+  mnuStartAscent.Click = Tool(6).Click = [this] { StartAscent(); };
+  mnuSurface.Click = Tool(16).Click = [this] { ShowMultiLevel(); };
+  mnucleardecopoints.Click = onActive(&frmWaypointEditor::mnucleardecopoints);
+  mnuclearlastwaypoint.Click = onActive(&frmWaypointEditor::mnuclearlastwaypoint);
+  mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
+  mnuTemplate.Click = Tool(11).Click = [this] { EditTemplateOfActive(); };
+}
+
+void frmMain::WireWindowCommands() {
+  mnuNewProfile.Click = Tool(1).Click = [this] { LoadNewDoc(); };
+  mnuOpen.Click = Tool(2).Click = [this] { OpenProfileCommand(); };
+  mnuClearRecent.Click = [this] {
+    services_.recent.Clear();
+    FillRecent();
+  };
+  mnuClose.Click = [this] {
+    if (const auto active = Active()) CloseDocument(*active);
+  };
+  mnuLoadTemplate.Click = [this] { LoadTemplateCommand(); };
+  mnuSaveTemplate.Click = [this] { SaveTemplateCommand(); };
+  mnuSaveProfile.Click = Tool(3).Click = [this] { SaveProfileCommand(false); };
+  mnuSaveProfileAs.Click = [this] { SaveProfileCommand(true); };
+  mnuExit.Click = [this] { Form::Unload(true); };
+  mnuLanguages.Click = [this] {
+    services_.platform.windows.Show(std::make_shared<frmLanguages>(
+        services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));
+  };
+  const auto arrange = [this](DocumentWindows::Arrangement how) {
+    return [this, how] { services_.platform.documentWindows.Arrange(how); };
+  };
+  mnuWindowCascade.Click = arrange(DocumentWindows::Arrangement::Cascade);
+  mnuWindowTileHorizontal.Click = arrange(DocumentWindows::Arrangement::TileHorizontal);
+  mnuWindowTileVertical.Click = arrange(DocumentWindows::Arrangement::TileVertical);
+  mnuWindowArrangeIcons.Click = arrange(DocumentWindows::Arrangement::Icons);
+  mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
+  mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
+  mnuHelpAbout.Click = [this] {
+    frmAbout box(services_.texts, [this] { ShowHelp(HelpViewer::Page::Contents); });
+    services_.platform.windows.ShowModal(box);
+  };
+  mnuContributors.Click = [this] {
+    frmContributers box(services_.texts);
+    services_.platform.windows.ShowModal(box);
+  };
+  mnuSystemInformation.Click = [this] {
+    frmSystemInformation box(services_.platform, services_.texts,
+                             SystemInformation(services_.folders, services_.language, services_.systemInformation));
+    services_.platform.windows.ShowModal(box);
+  };
+  mnuResetZoom.Click = [this] {
+    if (const auto active = Active()) services_.view.ResetZoom(*active);
+  };
+  mnuExportPng.Click = [this] { ExportGraph(false); };
+  mnuExportSvg.Click = [this] { ExportGraph(true); };
+}
+
+}  // namespace tav

@@ -1,0 +1,174 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/main_services.h"
+#include "platform/form.h"
+
+namespace tav {
+
+/// The main window: menu, tool bar, status bar, and what each command does. It holds no plan of its own; a command acts
+/// on the active document window, and does nothing when there is none.
+class frmMain : public Form {
+ public:
+  explicit frmMain(const MainServices& services);
+
+  MenuItem mnuFile{*this, "mnuFile"};
+  MenuItem mnuNewProfile{*this, "mnuNewProfile"};
+  MenuItem mnuOpen{*this, "mnuOpen"};
+  MenuItem mnuRecent{*this, "mnuRecent"};
+  MenuItem mnuClearRecent{*this, "mnuClearRecent"};
+  MenuItem mnuClose{*this, "mnuClose"};
+  MenuItem mnuFileBar1{*this, "mnuFileBar1"};
+  MenuItem mnuLoadTemplate{*this, "mnuLoadTemplate"};
+  MenuItem mnuSaveTemplate{*this, "mnuSaveTemplate"};
+  MenuItem mnuFileBar2{*this, "mnuFileBar2"};
+  MenuItem mnuSaveProfile{*this, "mnuSaveProfile"};
+  MenuItem mnuSaveProfileAs{*this, "mnuSaveProfileAs"};
+  MenuItem mnuFuleBar3{*this, "mnuFuleBar3"};
+  MenuItem mnuTemplate{*this, "mnuTemplate"};
+  MenuItem mnuFileBar4{*this, "mnuFileBar4"};
+  MenuItem mnuExit{*this, "mnuExit"};
+  MenuItem mnuEdit{*this, "mnuEdit"};
+  MenuItem mnuUndo{*this, "mnuUndo"};
+  MenuItem mnuRedo{*this, "mnuRedo"};
+  MenuItem mnuEditBar1{*this, "mnuEditBar1"};
+  MenuItem mnuAddWaypoint{*this, "mnuAddWaypoint"};
+  MenuItem mnuDefault{*this, "mnuDefault"};
+  MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
+  MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
+  MenuItem mnuBulhmannC{*this, "mnuBulhmannC"};
+  MenuItem mnualgsep{*this, "mnualgsep"};
+  MenuItem mnuVPM{*this, "mnuVPM"};
+  MenuItem mnuHybrid{*this, "mnuHybrid"};
+  MenuItem mnusep{*this, "mnusep"};
+  MenuItem mnuConservatism{*this, "mnuConservatism"};
+  MenuItem mnuOC{*this, "mnuOC"};
+  MenuItem mnuStartAscent{*this, "mnuStartAscent"};
+  MenuItem mnuspe10{*this, "mnuspe10"};
+  MenuItem mnuSurface{*this, "mnuSurface"};
+  MenuItem mnulangsep{*this, "mnulangsep"};
+  MenuItem mnuLanguages{*this, "mnuLanguages"};
+  MenuItem mnuReport{*this, "mnuReport"};
+  MenuItem mnuDiveInformation{*this, "mnuDiveInformation"};
+  MenuItem mnuGeneralReport{*this, "mnuGeneralReport"};
+  MenuItem mnuBailoutReport{*this, "mnuBailoutReport"};
+  MenuItem mnuGenerateTables{*this, "mnuGenerateTables"};
+  MenuItem mnuTools{*this, "mnuTools"};
+  MenuItem mnuMixer{*this, "mnuMixer"};
+  MenuItem mnuWindow{*this, "mnuWindow"};
+  MenuItem mnuWindowCascade{*this, "mnuWindowCascade"};
+  MenuItem mnuWindowTileHorizontal{*this, "mnuWindowTileHorizontal"};
+  MenuItem mnuWindowTileVertical{*this, "mnuWindowTileVertical"};
+  MenuItem mnuWindowArrangeIcons{*this, "mnuWindowArrangeIcons"};
+  MenuItem mnuHelp{*this, "mnuHelp"};
+  MenuItem mnuHelpContents{*this, "mnuHelpContents"};
+  MenuItem mnuHelpSearch{*this, "mnuHelpSearch"};
+  MenuItem mmmabout1{*this, "mmmabout1"};
+  MenuItem mnuSystemInformation{*this, "mnuSystemInformation"};
+  MenuItem mnuContributors{*this, "mnuContributors"};
+  MenuItem mnuHelpAbout{*this, "mnuHelpAbout"};
+  // The pop-up of the graph, and a key of its own for the conservatism dialog.
+  MenuItem mnuPopupAddWaypoint{*this, "mnuPopupAddWaypoint"};
+  MenuItem popup0{*this, "popup0"};
+  MenuItem mnucleardecopoints{*this, "mnucleardecopoints"};
+  MenuItem popup1{*this, "popup1"};
+  MenuItem mnuclearlastwaypoint{*this, "mnuclearlastwaypoint"};
+  MenuItem mnuclearallwaypoints{*this, "mnuclearallwaypoints"};
+  MenuItem popup2{*this, "popup2"};
+  MenuItem mnuResetZoom{*this, "mnuResetZoom"};
+  MenuItem mnuExportPng{*this, "mnuExportPng"};
+  MenuItem mnuExportSvg{*this, "mnuExportSvg"};
+  MenuItem ShowConservatism{*this, "ShowConservatism"};
+
+  Label sbStatusBar{*this, "sbStatusBar"};
+
+  bool OpenCircuitMode = true;  ///< the breathing mode that the tool bar shows
+
+  /// The menu bar with all that hangs below it, in order; recent files in their place.
+  [[nodiscard]] std::vector<MenuEntry> Menu() const;
+  /// The tool bar: position 1 is element 0; a separator is a nullptr.
+  [[nodiscard]] const std::vector<ToolButton*>& ToolBar() const { return toolBar_; }
+  [[nodiscard]] ToolButton& Tool(std::size_t position) const { return *toolBar_.at(position - 1); }
+
+  // Commands that others call, too.
+  void LoadNewDoc();
+  void SetOpenCircuit(bool apply);
+  void SetConstPPO(bool apply);
+  void ApplyToProfile();
+  void ShowConservatism_Click();
+  void ShowMultiLevel();
+  void EditTemplateOfActive();
+  void StartAscent();
+  void AddWaypoint();
+  /// The dialog for a waypoint of the active plan, with depth (depth units) and time (minutes) set; then the plan
+  /// takes it.
+  void EnterWaypoint(Single depth, Single segmentTime);
+  /// Shows a row of the active plan in the waypoint dialog.
+  void ViewRow(std::int16_t row);
+  void PopupGraphMenu();
+
+  // Files (main_files.cpp).
+  void OpenProfileCommand();
+  bool SaveProfileCommand(bool saveAs);
+  void LoadTemplateCommand();
+  void SaveTemplateCommand();
+  /// Opens a plan, or loads a template into the active plan, by the file's extension. Says what is wrong.
+  bool OpenFile(const std::filesystem::path& file);
+  /// Closes a document window as its close control does. False when the user called it off.
+  bool CloseDocument(std::int16_t document);
+  /// Keeps copies of all plans with unsaved changes.
+  void KeepRecovery();
+  /// Offers the plans that a process lost which has ended.
+  void OfferRecovery();
+
+  /// Brings menu, tool bar and window in line with the active document.
+  void SyncCommands();
+  /// The window of a document has become the active one.
+  void DocumentActivated();
+
+ protected:
+  void Form_Load() override;
+  bool Form_QueryUnload(bool byUser) override;
+  void Form_Unload() override;
+
+ private:
+  void BuildMenu();
+  void BuildToolBar();
+  void Wire();
+  void WirePlanCommands();
+  void WireWindowCommands();
+  void FillRecent();
+  void SetBreathingMode(bool openCircuit, bool apply);
+  void mnuVPM_Click();
+  void mnuHybrid_Click();
+  void ShowHelp(HelpViewer::Page page);
+  void ExportGraph(bool svg);
+  void LoadTemplateFrom(const std::filesystem::path& file);
+  bool SaveDocument(std::int16_t document, bool saveAs);
+  bool SaveSeries(std::int16_t document, const std::filesystem::path& file);
+  [[nodiscard]] std::filesystem::path StartFolder() const;
+  [[nodiscard]] DialogServices Dialogs();
+  [[nodiscard]] std::optional<std::int16_t> Active() const {
+    return services_.platform.documentWindows.ActiveDocument();
+  }
+  [[nodiscard]] DocumentState& Document(std::int16_t document) const {
+    return services_.forms.Services().documents(document);
+  }
+  [[nodiscard]] std::string T(int id) const { return services_.texts.GetResString(id); }
+  [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const;
+  void EndDocument(std::int16_t document);
+
+  MainServices services_;
+  std::vector<MenuEntry> menu_;
+  std::vector<std::unique_ptr<ToolButton>> toolButtons_;
+  std::vector<ToolButton*> toolBar_;
+  std::vector<std::unique_ptr<MenuItem>> recentItems_;
+  std::filesystem::path lastFolder_;
+};
+
+}  // namespace tav

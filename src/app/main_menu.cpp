@@ -1,0 +1,177 @@
+// What stands in the menus and on the tool bar of the main window, and in which order.
+
+#include "app/main_form.h"
+
+namespace tav {
+namespace {
+
+struct MenuRow {
+  MenuItem frmMain::*item;
+  int level;
+  const char* caption;  // a string ID; "-" for a rule
+  const char* shortcut;
+};
+
+constexpr const char* kRule = "-";
+
+constexpr MenuRow kMenu[] = {
+    {&frmMain::mnuFile, 0, "1000", ""},
+    {&frmMain::mnuNewProfile, 1, "1001", "Ctrl+N"},
+    {&frmMain::mnuOpen, 1, "1002", "Ctrl+O"},
+    {&frmMain::mnuRecent, 1, "7000", ""},
+    {&frmMain::mnuClearRecent, 2, "7038", ""},
+    {&frmMain::mnuClose, 1, "1003", "Ctrl+W"},
+    {&frmMain::mnuFileBar1, 1, kRule, ""},
+    {&frmMain::mnuLoadTemplate, 1, "1004", ""},
+    {&frmMain::mnuSaveTemplate, 1, "1005", "Ctrl+Y"},
+    {&frmMain::mnuFileBar2, 1, kRule, ""},
+    {&frmMain::mnuSaveProfile, 1, "1006", "Ctrl+S"},
+    {&frmMain::mnuSaveProfileAs, 1, "1007", "Ctrl+L"},
+    {&frmMain::mnuFuleBar3, 1, kRule, ""},
+    {&frmMain::mnuTemplate, 1, "1008", "Ctrl+T"},
+    {&frmMain::mnuFileBar4, 1, kRule, ""},
+    {&frmMain::mnuExit, 1, "1011", "Ctrl+Q"},
+    {&frmMain::mnuEdit, 0, "7003", ""},
+    {&frmMain::mnuUndo, 1, "7001", "Ctrl+Z"},
+    {&frmMain::mnuRedo, 1, "7002", "Ctrl+Shift+Z"},
+    {&frmMain::mnuEditBar1, 1, kRule, ""},
+    {&frmMain::mnuAddWaypoint, 1, "7004", "Ins"},
+    {&frmMain::mnuDefault, 0, "1020", ""},
+    {&frmMain::mnuAlgorithm, 1, "1021", ""},
+    {&frmMain::mnuBulhmannB, 2, "1022", ""},
+    {&frmMain::mnuBulhmannC, 2, "1023", ""},
+    {&frmMain::mnualgsep, 2, kRule, ""},
+    {&frmMain::mnuVPM, 2, "1025", ""},
+    {&frmMain::mnuHybrid, 2, "1026", ""},
+    {&frmMain::mnusep, 1, kRule, ""},
+    {&frmMain::mnuConservatism, 1, "1024", "Ctrl+R"},
+    {&frmMain::mnuOC, 1, "1107", "F4"},
+    {&frmMain::mnuStartAscent, 1, "1105", "F8"},
+    {&frmMain::mnuspe10, 1, kRule, ""},
+    {&frmMain::mnuSurface, 1, "3029", "Ctrl+G"},
+    {&frmMain::mnulangsep, 1, kRule, ""},
+    {&frmMain::mnuLanguages, 1, "1038", ""},
+    {&frmMain::mnuReport, 0, "1030", ""},
+    {&frmMain::mnuDiveInformation, 1, "1106", "Ctrl+F"},
+    {&frmMain::mnuGeneralReport, 1, "1031", "Ctrl+I"},
+    {&frmMain::mnuBailoutReport, 1, "1032", "Ctrl+B"},
+    {&frmMain::mnuGenerateTables, 1, "1033", "Ctrl+E"},
+    {&frmMain::mnuTools, 0, "1035", ""},
+    {&frmMain::mnuMixer, 1, "6318", "Ctrl+M"},
+    {&frmMain::mnuWindow, 0, "1040", ""},
+    {&frmMain::mnuWindowCascade, 1, "1041", ""},
+    {&frmMain::mnuWindowTileHorizontal, 1, "1042", "F6"},
+    {&frmMain::mnuWindowTileVertical, 1, "1043", "Shift+F6"},
+    {&frmMain::mnuWindowArrangeIcons, 1, "1044", ""},
+    {&frmMain::mnuHelp, 0, "1050", ""},
+    {&frmMain::mnuHelpContents, 1, "1051", "F1"},
+    {&frmMain::mnuHelpSearch, 1, "1052", ""},
+    {&frmMain::mmmabout1, 1, kRule, ""},
+    {&frmMain::mnuSystemInformation, 1, "7012", ""},
+    {&frmMain::mnuContributors, 1, "7013", ""},
+    {&frmMain::mnuHelpAbout, 1, "1053", ""},
+};
+
+// Items that hang in no menu: the pop-up of the graph, and the second key of the conservatism dialog.
+constexpr MenuRow kHidden[] = {
+    {&frmMain::mnuPopupAddWaypoint, 0, "7004", ""},
+    {&frmMain::popup0, 0, kRule, ""},
+    {&frmMain::mnucleardecopoints, 0, "1054", ""},
+    {&frmMain::popup1, 0, kRule, ""},
+    {&frmMain::mnuclearlastwaypoint, 0, "1055", ""},
+    {&frmMain::mnuclearallwaypoints, 0, "1056", ""},
+    {&frmMain::popup2, 0, kRule, ""},
+    {&frmMain::mnuResetZoom, 0, "7025", ""},
+    {&frmMain::mnuExportPng, 0, "7005", ""},
+    {&frmMain::mnuExportSvg, 0, "7006", ""},
+    {&frmMain::ShowConservatism, 0, "1071", "Shift+F1"},
+};
+
+struct ToolRow {
+  const char* key;  // empty for a separator
+  const char* image;
+  const char* toolTip;  // a string ID, or a literal
+};
+
+constexpr ToolRow kToolBar[] = {
+    {"New", "new", "1100"},
+    {"Open", "open", "1101"},
+    {"Save", "save", "1102"},
+    {"", "", ""},
+    {"Conservatism", "conservatism", "1104"},
+    {"Ascent", "ascent", "1105"},
+    {"AscentInfo", "ascentinfo", "1106"},
+    {"", "", ""},
+    {"OpenCircuit", "opencircuit", "1107"},
+    {"", "", ""},
+    {"Template", "template", "1111"},
+    {"", "", ""},
+    {"Report", "report", "1109"},
+    {"Bailout", "bailout", "1110"},
+    {"TableExpert", "tableexpert", "1112"},
+    {"Multilevel", "multilevel", "6333"},
+    {"", "", ""},
+    {"Mixer", "mixer", "Partial Pressure Mixer"},
+};
+
+}  // namespace
+
+void frmMain::BuildMenu() {
+  const auto fill = [this](const MenuRow& row) -> MenuItem& {
+    MenuItem& item = this->*row.item;
+    item.Caption = row.caption;
+    item.Shortcut = row.shortcut;
+    return item;
+  };
+  for (const MenuRow& row : kMenu) menu_.push_back({&fill(row), row.level});
+  for (const MenuRow& row : kHidden) fill(row);
+
+  mnuBulhmannB.Checked = true;
+  mnualgsep.Visible = services_.switches.SwitchVPM || services_.switches.SwitchHybrid;
+  mnuVPM.Visible = mnuVPM.Enabled = services_.switches.SwitchVPM;
+  mnuHybrid.Visible = mnuHybrid.Enabled = services_.switches.SwitchHybrid;
+  // Their windows do not exist.
+  for (MenuItem* item : {&mnuDiveInformation, &mnuGeneralReport, &mnuBailoutReport, &mnuGenerateTables, &mnuMixer}) {
+    item->Enabled = false;
+  }
+}
+
+void frmMain::BuildToolBar() {
+  for (const ToolRow& row : kToolBar) {
+    if (*row.key == '\0') {
+      toolBar_.push_back(nullptr);
+      continue;
+    }
+    toolButtons_.push_back(std::make_unique<ToolButton>(*this, row.key));
+    ToolButton& button = *toolButtons_.back();
+    button.Image = row.image;
+    button.ToolTipText = row.toolTip;
+    toolBar_.push_back(&button);
+  }
+  for (const std::size_t position : {7U, 13U, 14U, 15U, 18U}) Tool(position).Enabled = false;
+}
+
+std::vector<MenuEntry> frmMain::Menu() const {
+  std::vector<MenuEntry> menu;
+  for (const MenuEntry& entry : menu_) {
+    if (entry.item == &mnuClearRecent) {
+      for (const auto& recent : recentItems_) menu.push_back({recent.get(), 2});
+    }
+    menu.push_back(entry);
+  }
+  return menu;
+}
+
+void frmMain::FillRecent() {
+  recentItems_.clear();
+  for (const std::filesystem::path& file : services_.recent.List()) {
+    auto item = std::make_unique<MenuItem>(*this, "recent");
+    item->Caption = file.string();
+    item->Click = [this, file] { OpenFile(file); };
+    recentItems_.push_back(std::move(item));
+  }
+  mnuRecent.Enabled = !recentItems_.empty();
+  services_.view.MenuChanged();
+}
+
+}  // namespace tav

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "app/command_line.h"
+#include "app/language_table.h"
+#include "app/main_view.h"
+#include "app/program_folders.h"
+#include "app/recent_files.h"
+#include "app/recovery.h"
+#include "dialogs/dialog_services.h"
+#include "engine/model_choice.h"
+#include "plan/undo_history.h"
+
+namespace tav {
+
+/// What the main window works with. All of it outlives it.
+struct MainServices {
+  DocumentForms& forms;
+  Platform platform;
+  const TextSource& texts;
+  ModelChoice& model;
+  const ProgramFolders& folders;
+  const Switches& switches;
+  const Language& language;
+  UndoHistory& history;
+  RecentFiles& recent;
+  const Recovery& recovery;
+  MainView& view;
+  std::string systemInformation;  ///< of the window system, lines of text
+};
+
+}  // namespace tav

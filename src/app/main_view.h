@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/controls.h"
+
+namespace tav {
+
+/// An entry of the menu as it is shown: level 0 is the menu bar; a rule has the caption "-".
+struct MenuEntry {
+  MenuItem* item = nullptr;
+  int level = 0;
+};
+
+/// Place of the main window in drawing units (1440 to the inch).
+struct Placement {
+  int left = 1000;
+  int top = 1000;
+  int width = 6500;
+  int height = 6500;
+};
+
+class frmMain;
+
+/// The main window on the screen, for what its records can't say.
+class MainView {
+ public:
+  MainView() = default;
+  MainView(const MainView&) = delete;
+  MainView& operator=(const MainView&) = delete;
+  virtual ~MainView() = default;
+
+  /// Ties the window to its form, before the form loads.
+  virtual void Attach(frmMain& form) = 0;
+  /// Moves the window; the view clamps it to the screens that are there.
+  virtual void Place(const Placement& placement) = 0;
+  /// Where the window is, or would be when it is not maximised.
+  [[nodiscard]] virtual Placement PlaceNow() const = 0;
+  [[nodiscard]] virtual bool IsMinimised() const = 0;
+  virtual void ShowWindow() = 0;
+  /// The entries of the menus have changed: recent files.
+  virtual void MenuChanged() = 0;
+  /// The child window of a document: its graph.
+  virtual void ResetZoom(std::int16_t document) = 0;
+  /// Writes a picture of the graph; false when that failed.
+  virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,168 @@
+#include "app/program.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+#include "app/start_up.h"
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "persist/profile_file.h"
+#include "persist/template_file.h"
+#include "persist/text_file.h"
+
+namespace tav {
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A number of a setting, or the default when there is none that can be used.
+int Twips(const SettingsStore& settings, const std::string& name, int otherwise) {
+  const auto number = ParseStrict(settings.ReadSetting("Settings", name));
+  constexpr double kMost = 1000000;
+  return number && *number > -kMost && *number < kMost ? static_cast<int>(*number) : otherwise;
+}
+
+}  // namespace
+
+fs::path RecoveryFolder() {
+  const char* config = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): the program has one thread
+  if (config != nullptr && *config != '\0') return fs::path(config) / "TAV";
+  const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
+  return fs::path(home == nullptr ? "." : home) / ".config" / "TAV";
+}
+
+Program::Program(const Platform& platform, MainView& view, ProgramFolders folders, std::string systemInformation)
+    : platform_(platform),
+      view_(view),
+      folders_(std::move(folders)),
+      systemInformation_(std::move(systemInformation)),
+      warnings_(platform_.boxes, texts_),
+      display_(*this),
+      forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
+      history_(forms_),
+      recent_(platform_.settings),
+      recovery_(RecoveryFolder(), ::getpid()) {}
+
+Program::~Program() = default;
+
+bool Program::LoadLanguageOfUser() {
+  std::string name = platform_.settings.ReadSetting("", "Language");
+  if (name.empty()) name = kDefaultLanguage;
+  language_ = LoadLanguage(folders_.ProgramFolder(), name, texts_, platform_.boxes);
+  return language_.loaded;
+}
+
+void Program::ReadCommandLine(const std::vector<std::string>& arguments) {
+  constexpr std::size_t kMostSwitches = 10;
+  std::vector<std::string> words = arguments;
+  if (words.size() > kMostSwitches) words.resize(kMostSwitches);
+  switches_ = ParseCommandLine(words);
+  if (!switches_.PhiLogOn) return;
+  try {
+    warnings_.OpenTrace(folders_.ToWrite("phi.log"));
+  } catch (const FileError& error) {
+    platform_.boxes.Show(error.what(), "", BoxIcon::Exclamation, BoxButtons::OK);
+  }
+}
+
+void Program::Delay(double seconds) {
+  const double start = platform_.screen.Timer();
+  while (platform_.screen.Timer() - start < seconds) platform_.screen.DoEvents();
+}
+
+bool Program::Main(const std::vector<std::string>& arguments) {
+  if (!LoadLanguageOfUser()) return false;
+  const std::string fault = InitDocuments(documents_, folders_);
+  if (!fault.empty()) {
+    platform_.boxes.Show(fault + "\r\nis not a valid template file, ignored", "", BoxIcon::Stop, BoxButtons::OK);
+  }
+  ReadCommandLine(arguments);
+
+  const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));
+  platform_.windows.Show(splash);
+  Delay(1);
+  frmLiability notice(platform_, texts_);
+  mainForm_ = std::make_unique<frmMain>(MainServices{forms_, platform_, texts_, model_, folders_, switches_, language_,
+                                                     history_, recent_, recovery_, view_, systemInformation_});
+  view_.Attach(*mainForm_);
+  const SettingsStore& settings = platform_.settings;
+  const Placement usual;
+  view_.Place({Twips(settings, "MainLeft", usual.left), Twips(settings, "MainTop", usual.top),
+               Twips(settings, "MainWidth", usual.width), Twips(settings, "MainHeight", usual.height)});
+  mainForm_->Load();
+  splash->Unload();
+  platform_.windows.ShowModal(notice);
+  if (!notice.Agreed()) {
+    mainForm_->Unload();
+    return false;
+  }
+  view_.ShowWindow();
+  platform_.screen.ShowHourglass(false);
+  mainForm_->SyncCommands();
+  mainForm_->OfferRecovery();
+  for (const std::string& argument : arguments) {
+    std::error_code error;
+    const fs::path word(argument);
+    const bool named = word.extension() == kProfileExtension || word.extension() == kTemplateExtension;
+    if (named || fs::is_regular_file(word, error)) mainForm_->OpenFile(word);
+  }
+  return true;
+}
+
+void Program::Display::OpenWindow(std::int16_t document) { program_.platform_.documentWindows.OpenWindow(document); }
+
+void Program::Display::ShowCaption(std::int16_t document, const std::string& caption) {
+  program_.platform_.documentWindows.SetCaption(document, caption);
+}
+
+void Program::Display::ShowRepetitiveIcon(std::int16_t document) {
+  program_.platform_.documentWindows.SetRepetitiveIcon(document);
+}
+
+void Program::Display::ShowTemplate(std::int16_t document) {
+  program_.platform_.documentWindows.TemplateChanged(document);
+}
+
+void Program::Display::RedrawProfile(std::int16_t document) {
+  program_.platform_.documentWindows.Redraw(document);
+  program_.history_.Record(document);
+  constexpr int kDoesNotDecompress = 7020;
+  const frmWaypointEditor& editor = program_.forms_(document);
+  if (!editor.EvaluationFault().empty()) {
+    ShowEvaluationFault(document, editor.EvaluationFault());
+  } else {
+    const bool decompresses = program_.documents_(document).Decompresses;
+    ShowEvaluationFault(document, decompresses ? "" : program_.texts_.GetResString(kDoesNotDecompress));
+  }
+  Sync();
+}
+
+void Program::Display::ShowEvaluationFault(std::int16_t document, const std::string& fault) {
+  program_.platform_.documentWindows.ShowNotice(document, fault);
+}
+
+void Program::Display::CloseWindow(std::int16_t document) {
+  program_.recovery_.Drop(document);
+  program_.history_.Forget(document);
+  program_.platform_.documentWindows.RemoveWindow(document);
+}
+
+// The commands follow the active document, and a series evaluates others, too: what a document says of itself is
+// worked out anew for the active one.
+void Program::Display::EnableProfileCommands(bool /*enableAscent*/, bool /*enableInformation*/) { Sync(); }
+void Program::Display::EnableClearAscent(bool /*enable*/) { Sync(); }
+void Program::Display::EnableSurfaceInterval(bool /*enable*/) { Sync(); }
+
+void Program::Display::Sync() {
+  if (program_.mainForm_) program_.mainForm_->SyncCommands();
+}
+
+void Program::Display::ShowStatus(int textId) {
+  if (program_.mainForm_) program_.mainForm_->sbStatusBar.Caption = program_.texts_.GetResString(textId);
+}
+
+void Program::Display::ShowHourglass(bool on) { program_.platform_.screen.ShowHourglass(on); }
+
+}  // namespace tav

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/engine_warnings.h"
+#include "app/main_form.h"
+#include "app/start_forms.h"
+
+namespace tav {
+
+/// The program from its entry point to the first empty document: owns the documents and all that works on them.
+class Program {
+ public:
+  Program(const Platform& platform, MainView& view, ProgramFolders folders, std::string systemInformation);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
+
+  /// Starts: language, documents, switches, splash, main window with its first document, notice. `arguments` are those
+  /// of the command line; a file among them is opened. False when the program is to end: no language, or the notice
+  /// was refused.
+  bool Main(const std::vector<std::string>& arguments);
+
+  [[nodiscard]] bool HasMainForm() const { return mainForm_ != nullptr; }
+  [[nodiscard]] frmMain& MainForm() { return *mainForm_; }
+  [[nodiscard]] DocumentForms& Forms() { return forms_; }
+  [[nodiscard]] const TextSource& Texts() const { return texts_; }
+  [[nodiscard]] const Switches& GivenSwitches() const { return switches_; }
+
+ private:
+  /// Passes on what the documents want shown.
+  class Display : public EditorDisplay {
+   public:
+    explicit Display(Program& program) : program_(program) {}
+    void OpenWindow(std::int16_t document) override;
+    void ShowCaption(std::int16_t document, const std::string& caption) override;
+    void ShowRepetitiveIcon(std::int16_t document) override;
+    void ShowTemplate(std::int16_t document) override;
+    void RedrawProfile(std::int16_t document) override;
+    void ShowEvaluationFault(std::int16_t document, const std::string& fault) override;
+    void CloseWindow(std::int16_t document) override;
+    void EnableProfileCommands(bool enableAscent, bool enableInformation) override;
+    void EnableClearAscent(bool enable) override;
+    void EnableSurfaceInterval(bool enable) override;
+    void ShowStatus(int textId) override;
+    void ShowHourglass(bool on) override;
+
+   private:
+    void Sync();
+    Program& program_;
+  };
+
+  bool LoadLanguageOfUser();
+  void ReadCommandLine(const std::vector<std::string>& arguments);
+  /// Waits, and lets pending events run.
+  void Delay(double seconds);
+
+  Platform platform_;
+  MainView& view_;
+  ProgramFolders folders_;
+  std::string systemInformation_;
+  LanguageTable texts_;
+  Language language_;
+  Switches switches_;
+  DocumentStore documents_;
+  ModelChoice model_;
+  EngineWarnings warnings_;
+  Display display_;
+  DocumentForms forms_;
+  UndoHistory history_;
+  RecentFiles recent_;
+  Recovery recovery_;
+  std::unique_ptr<frmMain> mainForm_;
+};
+
+/// The folder for copies of unsaved plans: beside the settings of the user.
+std::filesystem::path RecoveryFolder();
+
+}  // namespace tav

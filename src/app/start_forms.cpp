@@ -1,0 +1,59 @@
+#include "app/start_forms.h"
+
+#include <utility>
+
+#include "platform/localize_form.h"
+
+namespace tav {
+
+bool SoundIsOn(const SettingsStore& settings) {
+  const std::string sound = settings.ReadSetting("", "Sound");
+  return sound.empty() || sound == "On";
+}
+
+frmSplash::frmSplash(const Platform& platform, std::filesystem::path soundFile)
+    : Form("frmSplash"), platform_(platform), soundFile_(std::move(soundFile)) {}
+
+void frmSplash::Form_Load() {
+  Caption = "TAV";
+  Picture1.Image = "splash";
+  if (SoundIsOn(platform_.settings)) platform_.sound.Play(soundFile_);
+}
+
+frmLiability::frmLiability(const Platform& platform, const TextSource& texts)
+    : Form("frmLiability"), platform_(platform), texts_(texts) {
+  cbAgree.Click = [this] {
+    agreed_ = true;
+    Unload();
+  };
+  cbNoAgree.Cancel = true;
+  cbNoAgree.Click = [this] { Unload(); };
+  cbSoundOff.ToolTipText = "To disable the sound";
+  cbSoundOff.Click = [this] { SetSound(false); };
+  cbSoundOn.ToolTipText = "To enable the sound";
+  cbSoundOn.Click = [this] { SetSound(true); };
+}
+
+void frmLiability::Form_Load() {
+  LocalizeForm(*this, texts_);
+  Caption = texts_.GetResString(2500);
+  Label1.Caption = texts_.GetResString(2503) + "\r\n" + texts_.GetResString(2504);
+  cbAgree.Caption = texts_.GetResString(2502);
+  cbNoAgree.Caption = texts_.GetResString(2501);
+  cbSoundOff.Caption = texts_.GetResString(7040);
+  cbSoundOn.Caption = texts_.GetResString(7041);
+  ShowSoundButtons(SoundIsOn(platform_.settings));
+}
+
+void frmLiability::SetSound(bool on) {
+  platform_.settings.WriteSetting("", "Sound", on ? "On" : "Off");
+  ShowSoundButtons(on);
+}
+
+void frmLiability::ShowSoundButtons(bool soundOn) {
+  // The button that shows is the one that would change the present state.
+  cbSoundOff.Visible = soundOn;
+  cbSoundOn.Visible = !soundOn;
+}
+
+}  // namespace tav

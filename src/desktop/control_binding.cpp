@@ -1,0 +1,215 @@
+#include "desktop/control_binding.h"
+
+#include <QtWidgets>
+#include <stdexcept>
+
+#include "desktop/form_binder.h"
+#include "desktop/grid_binding.h"
+#include "desktop/icons.h"
+#include "desktop/spin_arrows.h"
+#include "platform/form.h"
+
+namespace tav {
+namespace {
+
+/// Calls functions on events of a widget.
+class EventHook : public QObject {
+ public:
+  EventHook(QWidget& widget, std::function<bool(QEvent*)> act) : QObject(&widget), act_(std::move(act)) {
+    widget.installEventFilter(this);
+  }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override { return act_(event); }
+
+ private:
+  std::function<bool(QEvent*)> act_;
+};
+
+template <class W>
+W& As(const Control& control, QWidget& widget) {
+  auto* right = qobject_cast<W*>(&widget);
+  if (right == nullptr) throw std::runtime_error("the widget " + control.Name() + " is of the wrong kind");
+  return *right;
+}
+
+void ShowCommon(const Control& control, QWidget& widget) {
+  widget.setEnabled(control.Enabled);
+  if (widget.isVisibleTo(widget.parentWidget()) != control.Visible) widget.setVisible(control.Visible);
+  widget.setToolTip(ToQt(control.ToolTipText));
+  QFont font = widget.font();
+  if (font.bold() != control.Bold) {
+    font.setBold(control.Bold);
+    widget.setFont(font);
+  }
+  QPalette palette;
+  if (control.ForeColor >= 0) {
+    const int colour = control.ForeColor;
+    palette.setColor(QPalette::WindowText, QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255));
+    palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
+  }
+  widget.setPalette(palette);
+}
+
+/// A caption as a label shows it: "&" stands for itself unless the label leads to a field.
+template <class C, class Show>
+void Follow(C& control, QWidget& widget, Show show) {
+  const auto refresh = [&control, &widget, show] {
+    ShowCommon(control, widget);
+    show();
+  };
+  control.Changed = refresh;
+  control.FocusWanted = [&widget] { widget.setFocus(Qt::OtherFocusReason); };
+  QObject::connect(&widget, &QObject::destroyed, [&control] {
+    control.Changed = nullptr;
+    control.FocusWanted = nullptr;
+  });
+  refresh();
+}
+
+void Bind(TextBox& box, QLineEdit& edit) {
+  Follow(box, edit, [&box, &edit] {
+    edit.setReadOnly(box.Locked);
+    if (edit.text() != ToQt(box.Text)) edit.setText(ToQt(box.Text));
+  });
+  box.SelectWanted = [&edit] { edit.selectAll(); };
+  QObject::connect(&edit, &QObject::destroyed, [&box] { box.SelectWanted = nullptr; });
+  QObject::connect(&edit, &QLineEdit::textEdited, [&box](const QString& text) { box.Type(FromQt(text)); });
+  new EventHook(edit, [&box](QEvent* event) {
+    if (event->type() == QEvent::FocusIn) box.Enter();
+    if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+      box.Leave();
+    }
+    if (event->type() != QEvent::KeyPress || !box.KeyReturn) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    box.PressReturn();
+    return true;
+  });
+}
+
+void Bind(ComboBox& box, QComboBox& combo) {
+  Follow(box, combo, [&box, &combo] {
+    const QSignalBlocker quiet(&combo);
+    QStringList items;
+    for (const std::string& item : box.Items.Get()) items << ToQt(item);
+    QStringList shown;
+    for (int i = 0; i < combo.count(); ++i) shown << combo.itemText(i);
+    if (shown != items) {
+      combo.clear();
+      combo.addItems(items);
+    }
+    combo.setCurrentIndex(box.ListIndex);
+  });
+  QObject::connect(&combo, &QComboBox::activated, [&box](int index) { box.Select(index); });
+}
+
+void Bind(ListView& view, QListWidget& list) {
+  Follow(view, list, [&view, &list] {
+    const QSignalBlocker quiet(&list);
+    if (list.count() != static_cast<int>(view.Items.Get().size())) {
+      list.clear();
+      for (const std::string& item : view.Items.Get()) list.addItem(ToQt(item));
+    }
+    list.setCurrentRow(view.SelectedItem);
+  });
+  QObject::connect(&list, &QListWidget::currentRowChanged, [&view](int row) { view.Select(row); });
+}
+
+void Bind(Frame& frame, QGroupBox& box) {
+  Follow(frame, box, [&frame, &box] { box.setTitle(ToQt(frame.Caption)); });
+  if (!frame.MouseMove) return;
+  // Moving over a field in the frame counts, too.
+  QList<QWidget*> watched = box.findChildren<QWidget*>();
+  watched << &box;
+  for (QWidget* widget : watched) {
+    widget->setMouseTracking(true);
+    new EventHook(*widget, [&frame](QEvent* event) {
+      if (event->type() == QEvent::MouseMove || event->type() == QEvent::Enter) frame.MoveMouse();
+      return false;
+    });
+  }
+}
+
+void Bind(Button& button, QPushButton& widget) {
+  Follow(button, widget, [&button, &widget] { widget.setText(ToQt(button.Caption)); });
+  widget.setAutoDefault(button.Default);
+  widget.setDefault(button.Default);
+  // The record outlives the click only if nothing ends the form before Press returns; the event works on a copy.
+  QObject::connect(&widget, &QPushButton::clicked, [&button] { button.Press(); });
+}
+
+}  // namespace
+
+void BindControl(Control& control, QWidget& widget) {
+  if (auto* frame = dynamic_cast<Frame*>(&control)) {
+    Bind(*frame, As<QGroupBox>(control, widget));
+  } else if (auto* label = dynamic_cast<Label*>(&control)) {
+    auto& view = As<QLabel>(control, widget);
+    Follow(*label, view, [label, &view] { view.setText(ToQt(label->Caption)); });
+  } else if (auto* picture = dynamic_cast<Picture*>(&control)) {
+    auto& view = As<QLabel>(control, widget);
+    Follow(*picture, view, [picture, &view] {
+      view.setPixmap(IconNamed(picture->Image).pixmap(view.maximumSize(), view.devicePixelRatioF()));
+    });
+  } else if (auto* button = dynamic_cast<Button*>(&control)) {
+    Bind(*button, As<QPushButton>(control, widget));
+  } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {
+    auto& view = As<QCheckBox>(control, widget);
+    Follow(*check, view, [check, &view] {
+      view.setText(ToQt(check->Caption));
+      view.setChecked(check->Value);
+    });
+    QObject::connect(&view, &QCheckBox::clicked, [check](bool on) { check->Set(on); });
+  } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+    auto& view = As<QRadioButton>(control, widget);
+    Follow(*option, view, [option, &view] {
+      view.setText(ToQt(option->Caption));
+      view.setAutoExclusive(false);
+      view.setChecked(option->Value);
+      view.setAutoExclusive(true);
+    });
+    QObject::connect(&view, &QRadioButton::clicked, [option] { option->Choose(); });
+  } else if (auto* text = dynamic_cast<TextBox*>(&control)) {
+    Bind(*text, As<QLineEdit>(control, widget));
+  } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    Bind(*combo, As<QComboBox>(control, widget));
+  } else if (auto* spin = dynamic_cast<SpinButton*>(&control)) {
+    auto& view = As<SpinArrows>(control, widget);
+    Follow(*spin, view, [] {});
+    QObject::connect(&view, &SpinArrows::Up, [spin] { spin->Up(); });
+    QObject::connect(&view, &SpinArrows::Down, [spin] { spin->Down(); });
+  } else if (auto* progress = dynamic_cast<ProgressBar*>(&control)) {
+    auto& view = As<QProgressBar>(control, widget);
+    Follow(*progress, view, [progress, &view] {
+      view.setMaximum(progress->Maximum);
+      view.setValue(progress->Value);
+    });
+  } else if (auto* list = dynamic_cast<ListView*>(&control)) {
+    Bind(*list, As<QListWidget>(control, widget));
+  } else if (auto* textView = dynamic_cast<TextView*>(&control)) {
+    auto& view = As<QPlainTextEdit>(control, widget);
+    view.setReadOnly(true);
+    Follow(*textView, view, [textView, &view] { view.setPlainText(ToQt(textView->Text)); });
+  } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    auto& view = As<QTableWidget>(control, widget);
+    BindGrid(*grid, view);
+    Follow(*grid, view, [grid, &view] { ShowGrid(*grid, view); });
+  }
+}
+
+void BindSpinKeys(Form& form, QWidget& window) {
+  for (Control* control : form.Controls()) {
+    auto* spin = dynamic_cast<SpinButton*>(control);
+    if (spin == nullptr || spin->Buddy.empty()) continue;
+    auto* edit = window.findChild<QLineEdit*>(ToQt(spin->Buddy));
+    if (edit == nullptr) continue;
+    new EventHook(*edit, [spin](QEvent* event) {
+      if (event->type() != QEvent::KeyPress) return false;
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Up) spin->Up();
+      if (key == Qt::Key_Down) spin->Down();
+      return key == Qt::Key_Up || key == Qt::Key_Down;
+    });
+  }
+}
+
+}  // namespace tav

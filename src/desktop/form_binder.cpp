@@ -1,0 +1,154 @@
+#include "desktop/form_binder.h"
+
+#include <QFile>
+#include <QUiLoader>
+#include <QtWidgets>
+#include <map>
+#include <set>
+#include <stdexcept>
+
+#include "desktop/control_binding.h"
+#include "desktop/spin_arrows.h"
+#include "platform/form.h"
+
+namespace tav {
+namespace {
+
+/// Knows the program's own widgets beside those of Qt.
+class Loader : public QUiLoader {
+ public:
+  QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+    if (className == QLatin1String("QDialog")) {
+      // The window is the program's own; a dialog within it would take Escape for itself.
+      auto* content = new QWidget(parent);
+      content->setObjectName(name);
+      return content;
+    }
+    if (className != QLatin1String("SpinArrows")) return QUiLoader::createWidget(className, parent, name);
+    auto* arrows = new SpinArrows(parent);
+    arrows->setObjectName(name);
+    return arrows;
+  }
+};
+
+/// Gives each button, check box and labelled field that has none a letter to reach it by: the first of its text that is
+/// still free.
+void AssignMnemonics(QDialog& dialog) {
+  std::set<QChar> taken;
+  const auto mnemonic = [](const QString& text) {
+    const auto at = text.indexOf(QLatin1Char('&'));
+    return at < 0 || at + 1 >= text.size() || text[at + 1] == QLatin1Char('&') ? QChar() : text[at + 1].toLower();
+  };
+  const auto assign = [&](const QString& text) {
+    if (text.contains(QLatin1Char('&'))) return text;
+    for (int i = 0; i < text.size(); ++i) {
+      if (!text[i].isLetter() || taken.contains(text[i].toLower())) continue;
+      taken.insert(text[i].toLower());
+      return text.left(i) + QLatin1Char('&') + text.mid(i);
+    }
+    return text;
+  };
+  const auto buttons = dialog.findChildren<QAbstractButton*>();
+  for (const auto* button : buttons) taken.insert(mnemonic(button->text()));
+  for (auto* button : buttons) {
+    if (qobject_cast<QToolButton*>(button) == nullptr) button->setText(assign(button->text()));
+  }
+  for (auto* label : dialog.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) label->setText(assign(label->text()));
+  }
+}
+
+/// A dialog whose close control asks the form.
+class FormDialog : public QDialog {
+ public:
+  FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(&form) {
+    form.Changed = [this] { setWindowTitle(ToQt(form_->Caption)); };
+    form.CloseWanted = [this] {
+      form_ = nullptr;
+      hide();
+      QDialog::done(0);
+    };
+  }
+
+  void reject() override {
+    // Escape is the cancel button's, where there is one.
+    if (form_ == nullptr) return;
+    for (Control* control : form_->Controls()) {
+      auto* button = dynamic_cast<Button*>(control);
+      if (button != nullptr && button->Cancel && button->Enabled && button->Visible) {
+        button->Press();
+        return;
+      }
+    }
+    form_->Unload(true);
+  }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();
+    reject();
+  }
+  void showEvent(QShowEvent* event) override {
+    if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));
+    AssignMnemonics(*this);
+    QDialog::showEvent(event);
+  }
+
+ private:
+  Form* form_;
+};
+
+bool ShowsText(const QWidget* widget) {
+  return qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QGroupBox*>(widget) != nullptr ||
+         qobject_cast<const QAbstractButton*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
+         qobject_cast<const QComboBox*>(widget) != nullptr ||
+         qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+         qobject_cast<const QPlainTextEdit*>(widget) != nullptr || qobject_cast<const SpinArrows*>(widget) != nullptr;
+}
+
+}  // namespace
+
+QString ToQt(const std::string& text) { return QString::fromStdString(text); }
+
+std::string FromQt(const QString& text) { return text.toStdString(); }
+
+std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
+  QFile file(QStringLiteral(":/forms/") + ToQt(form.Name()) + QStringLiteral(".ui"));
+  if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the form " + form.Name() + " has no window");
+  auto dialog = std::make_unique<FormDialog>(form, parent);
+  Loader loader;
+  // The file describes a dialog; it becomes the content of the one that asks the form before it closes.
+  QWidget* designed = loader.load(&file, dialog.get());
+  if (designed == nullptr) throw std::runtime_error(form.Name() + ": " + FromQt(loader.errorString()));
+  auto* layout = new QVBoxLayout(dialog.get());
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(designed);
+  dialog->setObjectName(ToQt(form.Name()));
+  dialog->resize(designed->size());
+  dialog->setWindowTitle(ToQt(form.Caption));
+  for (Control* control : form.Controls()) {
+    if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
+  }
+  BindSpinKeys(form, *designed);
+  return dialog;
+}
+
+std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog) {
+  std::vector<std::string> faults;
+  for (const Control* control : form.Controls()) {
+    const bool hasNoWidget = dynamic_cast<const MenuItem*>(control) != nullptr;
+    if (!hasNoWidget && dialog.findChild<QWidget*>(ToQt(control->Name())) == nullptr) {
+      faults.push_back(form.Name() + ": the control " + control->Name() + " has no widget");
+    }
+  }
+  for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || !ShowsText(widget)) continue;
+    if (form.Find(FromQt(name)) == nullptr && qobject_cast<const QDialog*>(widget) == nullptr) {
+      faults.push_back(form.Name() + ": the widget " + FromQt(name) + " has no control");
+    }
+  }
+  return faults;
+}
+
+}  // namespace tav

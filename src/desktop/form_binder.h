@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QDialog;
+class QWidget;
+
+namespace tav {
+
+class Form;
+
+QString ToQt(const std::string& text);
+std::string FromQt(const QString& text);
+
+/// Makes the dialog of a form from its "forms/NAME.ui" and ties every control to the widget of its name: what code sets
+/// shows, what the user does reaches the form. The form must outlive the dialog's use; when the form ends, the dialog
+/// closes. Throws std::runtime_error when there is no such file.
+std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent);
+
+/// What does not fit between a form and its dialog: a control without a widget, a widget that can show text or take
+/// input without a control. Empty when all is well.
+std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog);
+
+}  // namespace tav

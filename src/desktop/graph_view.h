@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "desktop/qt_surface.h"
+#include "graph/graph_layout.h"
+#include "graph/profile_graph.h"
+
+class QLabel;
+class QScrollBar;
+
+namespace tav {
+
+class Program;
+class SurfaceWidget;
+
+/// The window of a plan: the graph with its axes, the compartment bars, and what the mouse does on them.
+class GraphView : public QWidget, public GraphWindow {
+  Q_OBJECT
+ public:
+  /// What the view hands on to the main window.
+  struct Actions {
+    std::function<void(Single depth, Single segmentTime)> newWaypoint;
+    std::function<void(std::int16_t row)> viewRow;
+    std::function<void()> popup;
+  };
+
+  GraphView(DocumentForms& forms, std::int16_t document, Actions actions);
+
+  void Redraw();
+  /// Units or texts of the axes may have changed.
+  void TemplateChanged();
+  /// A line of text over the plot; empty takes it away.
+  void ShowNotice(const QString& text);
+  void ResetZoom();
+  /// The whole graph as a picture. False when the file could not be written.
+  bool ExportPng(const QString& file);
+  bool ExportSvg(const QString& file);
+
+  // GraphWindow
+  void ShowReadOut(double x, double y, const std::string& text) override;
+  void HideReadOut() override;
+  void ShowCeiling(const std::string& text, Colour colour) override;
+  void ShowCross(bool cross) override;
+  void ShowPopup() override { actions_.popup(); }
+  void NewWaypoint(Single depth, Single segmentTime) override { actions_.newWaypoint(depth, segmentTime); }
+  void ViewRow(std::int16_t row) override { actions_.viewRow(row); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void LayOut();
+  void ScrollTo(int value);
+  void GridMouse(QEvent* event);
+  void Zoom(double factor, double atPixel);
+  void Compose(QPainter& painter, double width, double height);
+
+  DocumentForms& forms_;
+  std::int16_t document_;
+  Actions actions_;
+  ProfileGraph graph_;
+  double zoom_ = 1;
+  SurfaceWidget* container_;
+  QWidget* axisContainer_;
+  SurfaceWidget* grid_;
+  SurfaceWidget* bars_;
+  QScrollBar* scrollBar_;
+  QLabel* time_;
+  QLabel* depth_;
+  QLabel* ceiling_;
+  QLabel* ceilingNumber_;
+  QLabel* readOut_;
+  QLabel* notice_;
+};
+
+/// The graph of a document of the program.
+GraphView* MakeGraphView(Program& program, std::int16_t document);
+
+}  // namespace tav

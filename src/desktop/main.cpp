@@ -1,0 +1,65 @@
+#include <QApplication>
+#include <QLocale>
+#include <QScreen>
+#include <QSysInfo>
+#include <QTimer>
+
+#include "app/program.h"
+#include "desktop/form_binder.h"
+#include "desktop/graph_view.h"
+#include "desktop/main_window.h"
+#include "desktop/qt_services.h"
+
+namespace {
+
+std::string WindowSystemInformation() {
+  const QSize screen = QGuiApplication::primaryScreen()->size();
+  const QString text =
+      QStringLiteral("%1\nQt %2, %3, %4 x %5 at %6\n")
+          .arg(QSysInfo::prettyProductName(), QString::fromLatin1(qVersion()), QGuiApplication::platformName())
+          .arg(screen.width())
+          .arg(screen.height())
+          .arg(QGuiApplication::primaryScreen()->devicePixelRatio());
+  return tav::FromQt(text);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("TAV"));
+  QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
+  QApplication::setQuitOnLastWindowClosed(false);
+  application.setAttribute(Qt::AA_DontShowIconsInMenus);
+
+  tav::MainWindow window;
+  tav::QtBoxes boxes;
+  tav::QtFiles files;
+  tav::QtWindows windows(window);
+  tav::QtSettings settings;
+  tav::QtScreen screen;
+  tav::QtSound sound;
+  tav::QtHelp help(window);
+  tav::QtClipboard clipboard;
+  const QLocale locale;
+  const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};
+  const tav::Platform platform{boxes, files, windows, window, settings, screen, sound, help, clipboard, separators};
+
+  tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
+  help.SetTexts(program.Texts());
+  window.makeGraph = [&](std::int16_t document) { return tav::MakeGraphView(program, document); };
+  std::vector<std::string> arguments;
+  for (const QString& argument : QApplication::arguments().mid(1)) arguments.push_back(tav::FromQt(argument));
+
+  // Within the event loop, so that what the start shows is handled like everything else.
+  QTimer::singleShot(0, [&] {
+    if (!program.Main(arguments)) QApplication::exit(0);
+  });
+  QTimer recovery;
+  QObject::connect(&recovery, &QTimer::timeout, [&] {
+    if (program.HasMainForm()) program.MainForm().KeepRecovery();
+  });
+  constexpr int kEveryMilliseconds = 30000;
+  recovery.start(kEveryMilliseconds);
+  return QApplication::exec();
+}

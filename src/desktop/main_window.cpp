@@ -1,0 +1,274 @@
+#include "desktop/main_window.h"
+
+#include <QtWidgets>
+
+#include "desktop/form_binder.h"
+#include "desktop/graph_view.h"
+#include "desktop/icons.h"
+#include "desktop/qt_services.h"
+#include "desktop/qt_surface.h"
+
+namespace tav {
+namespace {
+
+int ToPixels(int units) { return static_cast<int>(units / kUnitsPerPixel); }
+int ToUnits(int pixels) { return static_cast<int>(pixels * kUnitsPerPixel); }
+
+}  // namespace
+
+MainWindow::MainWindow() : area_(new QMdiArea) {
+  area_->setBackground(palette().color(QPalette::Dark));
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setCentralWidget(area_);
+  setWindowIcon(IconNamed("tav"));
+  setAcceptDrops(true);
+  connect(area_, &QMdiArea::subWindowActivated, this, &MainWindow::SubWindowActivated);
+}
+
+MainWindow::~MainWindow() { area_->disconnect(this); }
+
+void MainWindow::Attach(frmMain& form) {
+  form_ = &form;
+  form.Changed = [this] { setWindowTitle(ToQt(form_->Caption) + QStringLiteral("[*]")); };
+  form.CloseWanted = [this] { QApplication::quit(); };
+  BuildMenu();
+  BuildToolBar();
+  auto* status = new QLabel;
+  statusBar()->addWidget(status, 1);
+  form.sbStatusBar.Changed = [this, status] { status->setText(ToQt(form_->sbStatusBar.Caption)); };
+}
+
+void MainWindow::BuildMenu() {
+  menuBar()->clear();
+  std::map<int, QMenu*> menus;
+  const auto menu = form_->Menu();
+  for (std::size_t i = 0; i < menu.size(); ++i) {
+    MenuItem& item = *menu[i].item;
+    const int level = menu[i].level;
+    const bool opens = level == 0 || (i + 1 < menu.size() && menu[i + 1].level > level);
+    QAction* action = nullptr;
+    if (opens) {
+      QMenu* child = level == 0 ? menuBar()->addMenu(QString()) : menus[level - 1]->addMenu(QString());
+      menus[level] = child;
+      action = child->menuAction();
+    } else {
+      action = menus[level - 1]->addAction(QString());
+    }
+    action->setObjectName(ToQt(item.Name()));
+    item.Changed = [&item, action] { FillAction(item, *action); };
+    FillAction(item, *action);
+    connect(action, &QObject::destroyed, [&item] { item.Changed = nullptr; });
+    if (!opens) connect(action, &QAction::triggered, this, [&item] { item.Choose(); });
+  }
+  // A command of no menu, for its key alone.
+  static const QString conservatism = QStringLiteral("ShowConservatism");
+  if (findChild<QAction*>(conservatism) == nullptr) {
+    auto* action = new QAction(this);
+    action->setObjectName(conservatism);
+    FillAction(form_->ShowConservatism, *action);
+    connect(action, &QAction::triggered, this, [this] { form_->ShowConservatism.Choose(); });
+    addAction(action);
+  }
+}
+
+void MainWindow::MenuChanged() {
+  // Not at once: the entry that caused it may still be at work.
+  QTimer::singleShot(0, this, [this] {
+    if (form_ != nullptr) BuildMenu();
+  });
+}
+
+void MainWindow::BuildToolBar() {
+  toolBar_ = addToolBar(QStringLiteral("TAV"));
+  toolBar_->setObjectName(QStringLiteral("tbToolBar"));
+  toolBar_->setMovable(false);
+  toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
+  toolBar_->setIconSize(QSize(24, 24));
+  for (ToolButton* button : form_->ToolBar()) {
+    if (button == nullptr) {
+      toolBar_->addSeparator();
+      continue;
+    }
+    auto* action = toolBar_->addAction(QString());
+    action->setObjectName(ToQt(button->Name()));
+    button->Changed = [button, action] {
+      action->setIcon(IconNamed(button->Image));
+      action->setToolTip(ToQt(button->ToolTipText));
+      action->setText(ToQt(button->ToolTipText));  // what a screen reader says
+      action->setEnabled(button->Enabled);
+    };
+    button->Changed();
+    connect(action, &QAction::triggered, this, [button] { button->Press(); });
+  }
+}
+
+void MainWindow::Place(const Placement& placement) {
+  // The tool bar and a readable graph need this much, as far as the screen has it.
+  constexpr QSize kSmallest(1000, 700);
+  QRect wanted(ToPixels(placement.left), ToPixels(placement.top), ToPixels(placement.width),
+               ToPixels(placement.height));
+  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  setMinimumSize(QSize(480, 360).boundedTo(room.size()));
+  wanted.setSize(wanted.size().expandedTo(kSmallest).boundedTo(room.size()));
+  wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
+  wanted.moveTop(std::clamp(wanted.top(), room.top(), room.bottom() + 1 - wanted.height()));
+  setGeometry(wanted);
+}
+
+Placement MainWindow::PlaceNow() const {
+  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  return {ToUnits(place.left()), ToUnits(place.top()), ToUnits(place.width()), ToUnits(place.height())};
+}
+
+MainWindow::Child* MainWindow::Find(std::int16_t document) {
+  const auto found = children_.find(document);
+  return found == children_.end() ? nullptr : &found->second;
+}
+
+void MainWindow::OpenWindow(std::int16_t document) {
+  Child child;
+  child.graph = makeGraph(document);
+  child.window = new QMdiSubWindow;
+  child.window->setWidget(child.graph);
+  child.window->setAttribute(Qt::WA_DeleteOnClose, false);
+  child.window->setWindowIcon(IconNamed("document"));
+  child.window->installEventFilter(this);
+  child.window->setProperty("document", document);
+  area_->addSubWindow(child.window);
+  children_[document] = child;
+  if (children_.size() == 1) {
+    child.window->showMaximized();
+  } else {
+    child.window->resize(area_->width() * 4 / 5, area_->height() * 4 / 5);
+    child.window->show();
+  }
+  ActivateWindow(document);
+}
+
+void MainWindow::RemoveWindow(std::int16_t document) {
+  Child* child = Find(document);
+  if (child == nullptr) return;
+  QMdiSubWindow* window = child->window;
+  children_.erase(document);
+  if (active_ == document) active_.reset();
+  window->removeEventFilter(this);
+  area_->removeSubWindow(window);
+  window->deleteLater();  // its own close control may be what brought us here
+  SubWindowActivated(area_->currentSubWindow());
+}
+
+void MainWindow::ActivateWindow(std::int16_t document) {
+  Child* child = Find(document);
+  if (child == nullptr) return;
+  active_ = document;
+  area_->setActiveSubWindow(child->window);
+  if (form_ != nullptr) form_->DocumentActivated();
+}
+
+void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
+  // Another program's window in front takes nothing from the document that commands act on.
+  if (window == nullptr) window = area_->currentSubWindow();
+  const QVariant document = window == nullptr ? QVariant() : window->property("document");
+  const auto number = document.isValid() ? std::optional(static_cast<std::int16_t>(document.toInt())) : std::nullopt;
+  if (number && Find(*number) == nullptr) return;
+  if (number == active_) return;
+  active_ = number;
+  if (form_ != nullptr) form_->DocumentActivated();
+}
+
+void MainWindow::Arrange(Arrangement arrangement) {
+  const auto windows = area_->subWindowList();
+  for (QMdiSubWindow* window : windows) {
+    if (window->isMaximized() || (arrangement != Arrangement::Icons && window->isMinimized())) window->showNormal();
+  }
+  const QSize room = area_->viewport()->size();
+  const int count = static_cast<int>(windows.size());
+  switch (arrangement) {
+    case Arrangement::Cascade:
+      area_->cascadeSubWindows();
+      break;
+    case Arrangement::TileHorizontal:
+    case Arrangement::TileVertical:
+      // Horizontal tiles are as wide as the window and lie one above the other.
+      for (int i = 0; i < count; ++i) {
+        const bool rows = arrangement == Arrangement::TileHorizontal;
+        const int size = (rows ? room.height() : room.width()) / count;
+        windows[i]->setGeometry(rows ? QRect(0, i * size, room.width(), size)
+                                     : QRect(i * size, 0, size, room.height()));
+      }
+      break;
+    case Arrangement::Icons: {
+      int x = 0;
+      for (QMdiSubWindow* window : windows) {
+        if (!window->isMinimized()) continue;
+        window->move(x, room.height() - window->height());
+        x += window->width();
+      }
+      break;
+    }
+  }
+}
+
+void MainWindow::SetCaption(std::int16_t document, const std::string& caption) {
+  if (Child* child = Find(document)) child->window->setWindowTitle(ToQt(caption) + QStringLiteral("[*]"));
+}
+
+void MainWindow::SetModified(std::int16_t document, bool modified) {
+  if (Child* child = Find(document)) child->window->setWindowModified(modified);
+}
+
+void MainWindow::SetRepetitiveIcon(std::int16_t document) {
+  if (Child* child = Find(document)) child->window->setWindowIcon(IconNamed("repetitive"));
+}
+
+void MainWindow::TemplateChanged(std::int16_t document) {
+  if (Child* child = Find(document)) child->graph->TemplateChanged();
+}
+
+void MainWindow::Redraw(std::int16_t document) {
+  if (Child* child = Find(document)) child->graph->Redraw();
+}
+
+void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
+  if (Child* child = Find(document)) child->graph->ShowNotice(ToQt(text));
+}
+
+void MainWindow::ResetZoom(std::int16_t document) {
+  if (Child* child = Find(document)) child->graph->ResetZoom();
+}
+
+bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {
+  Child* child = Find(document);
+  if (child == nullptr) return false;
+  return svg ? child->graph->ExportSvg(ToQt(file)) : child->graph->ExportPng(ToQt(file));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (form_ == nullptr || form_->Unload(true)) event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile() && form_ != nullptr) form_->OpenFile(FromQt(url.toLocalFile()));
+  }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  auto* window = qobject_cast<QMdiSubWindow*>(watched);
+  if (window == nullptr || event->type() != QEvent::Close || form_ == nullptr || !form_->IsLoaded()) {
+    return QMainWindow::eventFilter(watched, event);
+  }
+  event->ignore();
+  form_->CloseDocument(static_cast<std::int16_t>(window->property("document").toInt()));
+  return true;
+}
+
+}  // namespace tav

@@ -1,0 +1,214 @@
+#include "desktop/qt_services.h"
+
+#include <QtWidgets>
+
+#include "desktop/form_binder.h"
+#include "desktop/help_window.h"
+
+#ifdef TAV_SOUND
+#include <QSoundEffect>
+#endif
+
+namespace tav {
+namespace {
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Stop:
+      return QMessageBox::Critical;
+    case BoxIcon::Exclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::Information:
+      return QMessageBox::Information;
+    case BoxIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::OKCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxButtons::OK:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+std::filesystem::path PathOf(const QString& file) { return std::filesystem::path(FromQt(file)); }
+
+/// Where a dialog starts: a whole path in the name field wins over the folder.
+QString StartOf(const FileDialogRequest& request) {
+  const std::filesystem::path name(request.fileName);
+  return ToQt((name.is_absolute() || request.folder.empty() ? name : request.folder / name).string());
+}
+
+/// The hourglass gives way while the user is asked something.
+class PointerBreak {
+ public:
+  PointerBreak() : had_(QApplication::overrideCursor() != nullptr) {
+    if (had_) QApplication::changeOverrideCursor(Qt::ArrowCursor);
+  }
+  PointerBreak(const PointerBreak&) = delete;
+  PointerBreak& operator=(const PointerBreak&) = delete;
+  ~PointerBreak() {
+    if (had_ && QApplication::overrideCursor() != nullptr) QApplication::changeOverrideCursor(Qt::WaitCursor);
+  }
+
+ private:
+  bool had_;
+};
+
+}  // namespace
+
+BoxAnswer QtBoxes::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
+  const PointerBreak pointer;
+  QString lines = ToQt(text);
+  lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  QMessageBox box(IconOf(icon), title.empty() ? QStringLiteral("TAV") : ToQt(title), lines, ButtonsOf(buttons),
+                  QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  switch (box.exec()) {
+    case QMessageBox::Ok:
+      return BoxAnswer::OK;
+    case QMessageBox::Yes:
+      return BoxAnswer::Yes;
+    case QMessageBox::No:
+      return BoxAnswer::No;
+    default:
+      return buttons == BoxButtons::OK ? BoxAnswer::OK : BoxAnswer::Cancel;
+  }
+}
+
+std::filesystem::path QtFiles::Open(const FileDialogRequest& request) {
+  const PointerBreak pointer;
+  return PathOf(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(request.title), StartOf(request),
+                                             ToQt(request.filter)));
+}
+
+std::filesystem::path QtFiles::Save(const FileDialogRequest& request) {
+  const PointerBreak pointer;
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(request.title), ToQt(request.folder.string()),
+                     ToQt(request.filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(ToQt(request.extension));
+  dialog.selectFile(StartOf(request));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return PathOf(dialog.selectedFiles().constFirst());
+}
+
+void QtWindows::ShowModal(Form& form) {
+  const PointerBreak pointer;
+  QWidget* parent = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : &owner_;
+  const auto dialog = MakeDialog(form, parent);
+  form.Load();
+  if (form.IsLoaded()) {
+    dialog->setModal(true);
+    dialog->exec();
+  }
+  form.Unload(true);
+  form.Changed = nullptr;
+  form.CloseWanted = nullptr;
+}
+
+void QtWindows::Show(const std::shared_ptr<Form>& form) {
+  QDialog* dialog = MakeDialog(*form, &owner_).release();
+  if (form->Name() == "frmSplash") {
+    dialog->setParent(nullptr);
+    dialog->setWindowFlags(Qt::SplashScreen | Qt::WindowStaysOnTopHint);
+  }
+  // The dialog carries the form: when it is deleted, after all events under way, so is the form.
+  QObject::connect(dialog, &QDialog::finished, dialog, &QObject::deleteLater);
+  QObject::connect(dialog, &QObject::destroyed, [form] {
+    form->Changed = nullptr;
+    form->CloseWanted = nullptr;
+  });
+  form->Load();
+  if (form->IsLoaded()) {
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+  } else {
+    dialog->deleteLater();
+  }
+}
+
+void FillAction(const MenuItem& item, QAction& action) {
+  if (item.Caption.Get() == "-") {
+    action.setSeparator(true);
+  } else {
+    action.setText(ToQt(item.Caption));
+    // "Ins" and its like act through the key of the window, once.
+    if (!item.Shortcut.empty()) action.setShortcut(QKeySequence::fromString(ToQt(item.Shortcut)));
+    action.setCheckable(item.Checked);
+    action.setChecked(item.Checked);
+  }
+  action.setEnabled(item.Enabled);
+  action.setVisible(item.Visible);
+}
+
+void QtWindows::PopupMenu(const std::vector<MenuItem*>& items) {
+  QMenu menu(&owner_);
+  MenuItem* chosen = nullptr;
+  for (MenuItem* item : items) {
+    auto* action = menu.addAction(QString());
+    FillAction(*item, *action);
+    QObject::connect(action, &QAction::triggered, [&chosen, item] { chosen = item; });
+  }
+  menu.exec(QCursor::pos());
+  if (chosen != nullptr) chosen->Choose();
+}
+
+std::string QtSettings::ReadSetting(const std::string& section, const std::string& name) const {
+  constexpr std::size_t kLongest = 255;
+  const QString key = section.empty() ? ToQt(name) : ToQt(section + "/" + name);
+  std::string value = FromQt(settings_.value(key).toString());
+  return value.size() > kLongest ? "" : value;
+}
+
+void QtSettings::WriteSetting(const std::string& section, const std::string& name, const std::string& value) {
+  settings_.setValue(section.empty() ? ToQt(name) : ToQt(section + "/" + name), ToQt(value));
+  settings_.sync();
+}
+
+void QtScreen::ShowHourglass(bool on) {
+  if (on == hourglass_) return;
+  hourglass_ = on;
+  if (on) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void QtScreen::DoEvents() {
+  constexpr int kMilliseconds = 20;
+  QTimer::singleShot(kMilliseconds, [] {});  // so that waiting for events ends
+  QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void QtSound::Play(const std::filesystem::path& file) {
+#ifdef TAV_SOUND
+  if (!std::filesystem::exists(file)) return;
+  auto* effect = new QSoundEffect(QApplication::instance());
+  effect->setSource(QUrl::fromLocalFile(ToQt(file.string())));
+  effect->play();
+#else
+  static_cast<void>(file);
+#endif
+}
+
+void QtClipboard::SetText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+void QtHelp::ShowHelp(const std::filesystem::path& file, Page page) {
+  auto* window = owner_.findChild<HelpWindow*>();
+  if (window == nullptr) window = new HelpWindow(file, *texts_, &owner_);
+  window->Open(page == Page::Search);
+}
+
+}  // namespace tav

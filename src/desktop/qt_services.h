@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QSettings>
+#include <memory>
+
+#include "platform/platform.h"
+#include "platform/text_source.h"
+
+class QWidget;
+
+namespace tav {
+
+/// Message boxes of Qt, over the window that is active.
+class QtBoxes : public MessageBoxes {
+ public:
+  BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
+};
+
+/// The file dialogs of the desktop.
+class QtFiles : public FileDialogs {
+ public:
+  std::filesystem::path Open(const FileDialogRequest& request) override;
+  std::filesystem::path Save(const FileDialogRequest& request) override;
+};
+
+/// Forms as dialogs over the main window.
+class QtWindows : public Windows {
+ public:
+  explicit QtWindows(QWidget& owner) : owner_(owner) {}
+  void ShowModal(Form& form) override;
+  void Show(const std::shared_ptr<Form>& form) override;
+  void PopupMenu(const std::vector<MenuItem*>& items) override;
+
+ private:
+  QWidget& owner_;
+};
+
+/// An INI file of the user.
+class QtSettings : public SettingsStore {
+ public:
+  QtSettings() : settings_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("TAV"), QStringLiteral("TAV")) {}
+  [[nodiscard]] std::string ReadSetting(const std::string& section, const std::string& name) const override;
+  void WriteSetting(const std::string& section, const std::string& name, const std::string& value) override;
+
+ private:
+  QSettings settings_;
+};
+
+class QtScreen : public Screen {
+ public:
+  QtScreen() { clock_.start(); }
+  void ShowHourglass(bool on) override;
+  void DoEvents() override;
+  [[nodiscard]] double Timer() const override { return static_cast<double>(clock_.elapsed()) / 1000.0; }
+
+ private:
+  QElapsedTimer clock_;
+  bool hourglass_ = false;
+};
+
+/// Plays WAV files where Qt Multimedia is installed, else nothing.
+class QtSound : public Sound {
+ public:
+  void Play(const std::filesystem::path& file) override;
+};
+
+class QtClipboard : public Clipboard {
+ public:
+  void SetText(const std::string& text) override;
+};
+
+/// The help in a window of its own.
+class QtHelp : public HelpViewer {
+ public:
+  explicit QtHelp(QWidget& owner) : owner_(owner) {}
+  void ShowHelp(const std::filesystem::path& file, Page page) override;
+  /// Known once the language is.
+  void SetTexts(const TextSource& texts) { texts_ = &texts; }
+
+ private:
+  QWidget& owner_;
+  const TextSource* texts_ = nullptr;
+};
+
+/// A caption of a menu item: its text, and the short cut where the item has one.
+void FillAction(const MenuItem& item, class QAction& action);
+
+}  // namespace tav

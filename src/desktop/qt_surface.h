@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QFont>
+#include <QImage>
+#include <QPainter>
+
+#include "platform/drawing_surface.h"
+
+namespace tav {
+
+constexpr double kUnitsPerPixel = 15;  ///< 1440 drawing units and 96 pixels to the inch
+
+/// Draws with a painter; the size is in drawing units.
+class PainterSurface : public DrawingSurface {
+ public:
+  PainterSurface(QPainter& painter, double width, double height);
+
+  [[nodiscard]] double Width() const override { return width_; }
+  [[nodiscard]] double Height() const override { return height_; }
+  void Clear(Colour background) override;
+  void Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style) override;
+  void FilledBox(double x0, double y0, double x1, double y1, Colour colour) override;
+  void Box(double x0, double y0, double x1, double y1, Colour colour) override;
+  void FilledCircle(double x, double y, double radius, Colour colour) override;
+  void Circle(double x, double y, double radius, Colour colour) override;
+  void Text(double x, double y, const std::string& text, Colour colour, bool bold) override;
+  [[nodiscard]] double TextWidth(const std::string& text, bool bold) const override;
+  [[nodiscard]] double TextHeight(bool bold) const override;
+  void SetExclusiveOr(bool on) override;
+
+  /// Where something was drawn since the last call, in pixels.
+  QRect TakeTouched();
+
+ private:
+  void Touch(double x0, double y0, double x1, double y1);
+  [[nodiscard]] QFont Font(bool bold) const;
+
+  QPainter& painter_;
+  double width_;
+  double height_;
+  bool exclusiveOr_ = false;
+  QRectF touched_;
+};
+
+/// A surface that keeps what is drawn on it as an image.
+class ImageSurface {
+ public:
+  /// Makes the image anew, empty, when size (pixels) or scale differ.
+  void Resize(QSize size, double scale);
+  [[nodiscard]] const QImage& Image() const { return image_; }
+  /// The surface to draw on; valid until the next Resize.
+  [[nodiscard]] PainterSurface& Surface() { return *surface_; }
+
+  ImageSurface() = default;
+  ImageSurface(const ImageSurface&) = delete;
+  ImageSurface& operator=(const ImageSurface&) = delete;
+  ~ImageSurface();
+
+ private:
+  QImage image_;
+  std::unique_ptr<QPainter> painter_;
+  std::unique_ptr<PainterSurface> surface_;
+};
+
+}  // namespace tav

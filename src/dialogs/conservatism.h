@@ -1,0 +1,35 @@
+#pragma once
+
+#include "dialogs/dialog_form.h"
+
+namespace tav {
+
+/// Gradient factors and the depth adjustment of a plan.
+class frmConservatism : public DialogForm {
+ public:
+  explicit frmConservatism(const DialogServices& services);
+
+  CheckBox Check1{*this, "Check1"};  ///< gradient factors are on
+  Label Label1{*this, "Label1"};
+  TextBox Text1{*this, "Text1"};  ///< low factor, at the first stop
+  Label Label2{*this, "Label2"};
+  TextBox Text2{*this, "Text2"};     ///< high factor, at the surface
+  CheckBox Check2{*this, "Check2"};  ///< depths are adjusted
+  Label Label3{*this, "Label3"};
+  Label Label4{*this, "Label4"};
+  Button cbOK{*this, "cbOK"};
+  Button cbCancel{*this, "cbCancel"};
+
+  void cbOK_Click();
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void fillGradient();
+  [[nodiscard]] bool ConfirmHighFactor(Single low, Single high) const;
+
+  std::int16_t documentIndex_ = 0;
+};
+
+}  // namespace tav

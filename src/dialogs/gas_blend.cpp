@@ -1,0 +1,115 @@
+#include "dialogs/gas_blend.h"
+
+#include <algorithm>
+
+#include "model/number_text.h"
+#include "model/numbers.h"
+
+namespace tav {
+namespace {
+
+constexpr int kTitle = 1229;
+constexpr int kBlendName = 1228;
+constexpr int kNameMissing = 1230;
+constexpr int kNameHelp = 1231;
+
+}  // namespace
+
+frmGasBlend::frmGasBlend(const DialogServices& services) : DialogForm("frmGasBlend", services) {
+  tbO2.KeyReturn = tbO2.LostFocus = [this] { updateO2(); };
+  tbHe.KeyReturn = tbHe.LostFocus = [this] { updateHe(); };
+  tbN2.Locked = true;
+  UDO2.Buddy = "tbO2";
+  UDO2.UpClick = [this] { Step(tbO2, 1); };
+  UDO2.DownClick = [this] { Step(tbO2, -1); };
+  UDHe.Buddy = "tbHe";
+  UDHe.UpClick = [this] { Step(tbHe, 1); };
+  UDHe.DownClick = [this] { Step(tbHe, -1); };
+  cbOK.Default = true;
+  cbOK.Click = [this] { cbOK_Click(); };
+  cbCancel.Cancel = true;
+  cbCancel.Click = [this] { Unload(); };
+}
+
+void frmGasBlend::Form_Load() {
+  Localize();
+  Caption = T(kTitle);
+  lbBlendName.Caption = T(kBlendName);
+  lbO2.Caption = "%  O2";
+  lbN2.Caption = "% N2";
+  lbHe.Caption = "% He";
+  cbOK.Caption = T(1210);
+  cbCancel.Caption = T(1215);
+  ShowAll();
+  tbBlendName.SetFocus();
+}
+
+void frmGasBlend::ShowAll() {
+  tbO2.Text = std::to_string(o2_);
+  tbN2.Text = std::to_string(n2_);
+  tbHe.Text = std::to_string(he_);
+}
+
+int frmGasBlend::Percentage(const TextBox& field) const {
+  if (!IsNumber(field.Text.Get())) return -1;
+  return RoundToInt16(ParseLenient(FormatFixed(Number(field.Text), 0))).value_or(std::int16_t{-1});
+}
+
+void frmGasBlend::updateO2() {
+  o2_ = Percentage(tbO2);
+  if (o2_ < 1 || o2_ > 100) {
+    o2_ = 100 - n2_ - he_;
+  } else {
+    n2_ = 100 - o2_ - he_;
+    if (n2_ < 0) {
+      n2_ = 0;
+      he_ = 100 - o2_;
+    }
+  }
+  ShowAll();
+}
+
+void frmGasBlend::updateHe() {
+  he_ = std::max(0, Percentage(tbHe));
+  n2_ = 100 - o2_ - he_;
+  if (n2_ < 0) {
+    n2_ = 0;
+    he_ = 100 - o2_;
+  }
+  ShowAll();
+}
+
+void frmGasBlend::Step(TextBox& field, int by) {
+  field.Text = std::to_string(std::max(0, Percentage(field) + by));
+  if (&field == &tbO2) {
+    updateO2();
+  } else {
+    updateHe();
+  }
+}
+
+void frmGasBlend::cbOK_Click() {
+  const std::string& name = tbBlendName.Text.Get();
+  if (name.empty()) {
+    Box(T(kNameMissing) + "\r\n" + T(kNameHelp), T(kTitle), BoxIcon::Exclamation);
+    tbBlendName.SetFocus();
+    return;
+  }
+  // The file format separates by these characters: such a name would not come back.
+  if (const std::string fault = BlendNameFault(name); !fault.empty()) {
+    Box(fault, T(kTitle), BoxIcon::Exclamation);
+    tbBlendName.SelectAll();
+    return;
+  }
+  updateO2();
+  updateHe();
+  DiveTemplate& t = TemplateOf(documentIndex_);
+  if (!FindBlend(name, t)) {
+    t.Blends.push_back({name, o2_, n2_, he_});
+    t.TemplateChanged = true;
+    services_.Documents()(documentIndex_).Modified = true;
+  }
+  Unload();
+}
+
+}  // namespace tav

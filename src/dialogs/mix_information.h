@@ -1,0 +1,26 @@
+#pragma once
+
+#include "model/dive_template.h"
+#include "plan/gas_suggestions.h"
+
+namespace tav {
+
+/// What the panel of the waypoint dialog tells of a mix at a depth.
+struct MixInformation {
+  enum class Kind { Nitrox, Trimix, Heliox };
+
+  bool possible = true;  ///< false: no mix of this kind keeps the limits
+  bool narcotic = true;  ///< false: nothing in the mix is narcotic, and there is no END
+  Single END;            ///< depth units, 0 or more
+  Single PPO2;           ///< bar or atmospheres
+  bool endTooDeep = false;
+  bool ppo2TooHigh = false;
+};
+
+/// END and PPO2 of a mix (fractions) at a depth, with the pressures of the template: PPO2 = (S + d) O2 / k, and
+/// END = (S + d) N2 / 0.79 - S, or with narcotic oxygen (S + d) (O2 + N2) - S, where S is the surface pressure in depth
+/// units and k those to the bar or atmosphere. `edited`: the user has typed the mix, so that it is never impossible.
+MixInformation InformationOf(MixInformation::Kind kind, const MixFractions& mix, Single depth, const DiveTemplate& t,
+                             bool edited);
+
+}  // namespace tav

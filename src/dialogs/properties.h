@@ -1,0 +1,189 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dialogs/dialog_form.h"
+
+namespace tav {
+
+/// All settings of a template, in eight frames of which one is seen. The fields stand as text in the units shown; the
+/// record is touched by OK alone, but for a gas that is added and for "already adapted", which count at once.
+class frmProperties : public DialogForm {
+ public:
+  explicit frmProperties(const DialogServices& services);
+
+  Label Label23{*this, "Label23"};
+  ListView ListView1{*this, "ListView1"};
+  // Rates.
+  Frame Frame13{*this, "Frame13"};
+  Frame Frame7{*this, "Frame7"};
+  Grid fgDescend{*this, "fgDescend"};
+  Frame Frame6{*this, "Frame6"};
+  Grid fgAscend{*this, "fgAscend"};
+  // Decompression.
+  Frame Frame15{*this, "Frame15"};
+  Frame Frame5{*this, "Frame5"};
+  Label Label7{*this, "Label7"};
+  TextBox tbStepSize{*this, "tbStepSize"};
+  Label Label15{*this, "Label15"};
+  TextBox tbLastStop{*this, "tbLastStop"};
+  Frame Frame16{*this, "Frame16"};
+  Label Label20{*this, "Label20"};
+  TextBox Text7{*this, "Text7"};  ///< deco PPO2
+  Label Label17{*this, "Label17"};
+  Label Label21{*this, "Label21"};
+  TextBox Text8{*this, "Text8"};  ///< deco RMV
+  Label Label22{*this, "Label22"};
+  Frame Frame3{*this, "Frame3"};
+  CheckBox cbAutoDecoGas{*this, "cbAutoDecoGas"};
+  Grid fgGasChange{*this, "fgGasChange"};
+  // Units.
+  Frame Frame2{*this, "Frame2"};
+  OptionButton Option1_1{*this, "Option1_1"};  ///< metric
+  OptionButton Option1_0{*this, "Option1_0"};  ///< imperial
+  // Gases.
+  Frame Frame4{*this, "Frame4"};
+  Grid FgGas{*this, "FgGas"};
+  Button cbCustomBlend{*this, "cbCustomBlend"};
+  // Altitude.
+  Frame Frame1{*this, "Frame1"};
+  Frame Frame12{*this, "Frame12"};
+  TextBox Text2{*this, "Text2"};  ///< start altitude
+  Label Label11{*this, "Label11"};
+  TextBox Text4{*this, "Text4"};  ///< its pressure
+  Label Label13{*this, "Label13"};
+  CheckBox Check1{*this, "Check1"};
+  Label Label10{*this, "Label10"};
+  TextBox Text1{*this, "Text1"};  ///< time to altitude
+  Label Label12{*this, "Label12"};
+  Frame Frame11{*this, "Frame11"};
+  TextBox Text5{*this, "Text5"};  ///< end altitude
+  Label Label18{*this, "Label18"};
+  Label Label14{*this, "Label14"};
+  TextBox Text3{*this, "Text3"};  ///< its pressure
+  Label Label16{*this, "Label16"};
+  // Rebreather.
+  Frame Frame8{*this, "Frame8"};
+  Label Label1{*this, "Label1"};
+  TextBox SetPoint{*this, "SetPoint"};
+  Label lBarAta{*this, "lBarAta"};
+  Label Label19{*this, "Label19"};
+  TextBox Text6{*this, "Text6"};  ///< deco setpoint
+  Label Label5{*this, "Label5"};
+  CheckBox Check2{*this, "Check2"};
+  // Limits.
+  Frame Frame14{*this, "Frame14"};
+  Frame Frame17{*this, "Frame17"};
+  Label Label3{*this, "Label3"};
+  TextBox tbMinPPO{*this, "tbMinPPO"};
+  Label Label6{*this, "Label6"};
+  Label Label4{*this, "Label4"};
+  TextBox tbMaxPPO{*this, "tbMaxPPO"};
+  Label lbMaxPPOUnit{*this, "lbMaxPPOUnit"};
+  Frame Frame18{*this, "Frame18"};
+  Label lbRMV{*this, "lbRMV"};
+  TextBox tbRMV{*this, "tbRMV"};
+  Label Label2{*this, "Label2"};
+  Frame Frame19{*this, "Frame19"};
+  CheckBox cbONarcotic{*this, "cbONarcotic"};
+  Label Label8{*this, "Label8"};
+  TextBox tbMaximalEND{*this, "tbMaximalEND"};
+  Label Label9{*this, "Label9"};
+  // Warnings.
+  Frame Frame9{*this, "Frame9"};
+  CheckBox cbWarnPPOLow{*this, "cbWarnPPOLow"};
+  CheckBox cbWarnPPOHigh{*this, "cbWarnPPOHigh"};
+  CheckBox cbWarnMaxEND{*this, "cbWarnMaxEND"};
+
+  Button cbDefault{*this, "cbDefault"};
+  Button cbOK{*this, "cbOK"};
+  Button cbCancel{*this, "cbCancel"};
+  MenuItem AddRow{*this, "AddRow"};
+  MenuItem DelRow{*this, "DelRow"};
+
+  /// The user left by OK: false; by anything else: true.
+  [[nodiscard]] bool Cancelled() const { return cancelled_; }
+
+  /// What stands for a depth or a rate that has not been given yet.
+  static constexpr double kNotGiven = 1000000;
+
+  /// A value at or below `low` becomes `lowValue`, then one at or above `high` becomes `highValue`; the result as text
+  /// with so many decimals.
+  static std::string Between(Single& value, Single low, Single high, Single lowValue, Single highValue, int decimals);
+  /// Only digits and "."; a text without any becomes "10", a blank one the mark of a value not given.
+  static std::string PurgeNumericInput(const std::string& text);
+
+  void SetDocument(std::int16_t index);
+  void Option1_Click(int index);
+  void cbAutoDecoGas_Click();
+  void cbDefault_Click();
+  void cbOK_Click();
+
+ protected:
+  void Form_Load() override;
+  void Form_Unload() override {}
+
+ private:
+  // properties.cpp
+  void Wire();
+  void SetCaptions();
+  void InitFrames();
+  void InitConstPPOFrame();
+  void InitAltitudeFrame();
+  void InitGasAvailableFrame();
+  void InitGasSettingsFrame();
+  void InitDecoStepsFrame();
+  void InitUnitsFrame();
+  void InitWarningsFrame();
+  void ShowFrame(int index);
+  void ShowUnitLabels();
+  void ShowAdapted();
+  void Check1_Click();
+  void SetTitle();
+
+  // properties_fields.cpp
+  void Validate(TextBox& field);
+  [[nodiscard]] bool Metric() const { return unitsAreMetric_; }
+  [[nodiscard]] Single Rounded(const TextBox& field, int places) const;
+  [[nodiscard]] Single Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown);
+  void StoreFields(DiveTemplate& t);
+  void StoreGrids(DiveTemplate& t) const;
+  [[nodiscard]] std::string MissingValue() const;
+
+  // properties_units.cpp
+  void ConvertFields(bool toImperial);
+  void ConvertGrid(Grid& grid, bool toImperial, bool bothColumns, bool rounded);
+  void ShowPressures();
+
+  // properties_grids.cpp
+  void WireGrids();
+  void FillRates(Grid& grid, const std::vector<RateEntry>& rates, int depthHead) const;
+  void InitDecoGasFrame();
+  [[nodiscard]] double GetPercentO2(const std::string& name) const;
+  [[nodiscard]] Single DepthOfPPO2(Single ppo2, const std::string& gas) const;
+  void ShowAutoDepths();
+  void saveDecoGasSettings();
+  void loadDecoGasSettings();
+  void CommitNumber(Grid& grid, int row, int column, const std::string& text);
+  void OpenRowMenu(Grid& grid);
+  void AddRow_Click();
+  void DelRow_Click();
+  void DeleteBlend(int row);
+  void Refuse(int text) const;
+
+  [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
+
+  struct DecoDepth {
+    std::string metric;
+    std::string imperial;
+  };
+
+  bool cancelled_ = true;
+  std::int16_t documentIndex_ = 0;
+  bool unitsAreMetric_ = true;
+  std::vector<DecoDepth> decoGasSettings_;
+  Grid* menuGrid_ = nullptr;
+};
+
+}  // namespace tav

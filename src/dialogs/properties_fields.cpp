@@ -1,0 +1,166 @@
+// The fields of the template dialog: what is refused on leaving one, and what OK stores.
+
+#include <cctype>
+#include <cmath>
+
+#include "dialogs/properties.h"
+#include "model/altitude.h"
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "model/template_faults.h"
+
+namespace tav {
+
+std::string frmProperties::Between(Single& value, Single low, Single high, Single lowValue, Single highValue,
+                                   int decimals) {
+  if (value <= low) value = lowValue;
+  if (value >= high) value = highValue;
+  return FormatFixed(value, decimals);
+}
+
+std::string frmProperties::PurgeNumericInput(const std::string& text) {
+  if (TrimBlanks(text).empty()) return FormatPlain(kNotGiven);
+  std::string kept;
+  for (const char c : text) {
+    if (std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '.') kept += c;
+  }
+  return kept.empty() ? "10" : kept;
+}
+
+void frmProperties::Validate(TextBox& field) {
+  const std::string plain = ReplaceAll(field.Text.Get(), services_.platform.separators.decimal, ".");
+  const auto number = ParseStrict(plain);
+  if (number && *number > 0) return;
+  struct Rule {
+    const TextBox* field;
+    int message;
+    const char* metric;
+    const char* metricUnit;
+    const char* imperial;
+    const char* imperialUnit;
+  };
+  const std::string bar = " " + T(1220);
+  const std::string ata = " " + T(1221);
+  const Rule rules[] = {{&tbStepSize, 3046, "3", "", "10", ""},
+                        {&tbLastStop, 3047, "3", "", "10", ""},
+                        {&Text7, 3048, "1.0", bar.c_str(), "1.0", ata.c_str()},
+                        {&tbRMV, 3049, "20", " L/Min", "0.6", " CuFt"},
+                        {&Text8, 3049, "20", " L/Min", "0.6", " CuFt"},
+                        {&tbMinPPO, 3050, "0.16", " Bar", "0.16", " Ata"},
+                        {&tbMaxPPO, 3051, "1.4", " Bar", "1.4", " Ata"},
+                        {&tbMaximalEND, 3052, "30", " Meters", "100", " Feet"},
+                        {&Text2, 3053, "1", " Meters", "1", " Feet"},
+                        {&Text5, 3053, "1", " Meters", "1", " Feet"},
+                        {&Text1, 3054, "1", " Minutes", "1", " Minutes"},
+                        {&SetPoint, 3055, "1.4", " Bar", "1.4", " Ata"},
+                        {&Text6, 3056, "1.4", " Bar", "1.4", " Ata"}};
+  for (const Rule& rule : rules) {
+    if (rule.field != &field) continue;
+    const std::string value = Metric() ? rule.metric : rule.imperial;
+    field.Text = value;
+    if (&field == &Text2 || &field == &Text5) ShowPressures();
+    if (&field == &Text7 && cbAutoDecoGas.Value) ShowAutoDepths();
+    Box(T(rule.message) + value + (Metric() ? rule.metricUnit : rule.imperialUnit), Caption, BoxIcon::Exclamation);
+  }
+}
+
+Single frmProperties::Rounded(const TextBox& field, int places) const {
+  return RoundSingle(Number(field.Text), places);
+}
+
+Single frmProperties::Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown) {
+  Single value = Rounded(field, 2);
+  field.Text = Between(value, low, high, lowValue, highValue, shown);
+  return value;
+}
+
+void frmProperties::StoreGrids(DiveTemplate& t) const {
+  const auto whole = [this](const Grid& grid, int row, int column) {
+    return RoundSingle(Number(grid.Text(row, column)), 0);
+  };
+  const auto rates = [&](const Grid& grid) {
+    std::vector<RateEntry> table;
+    for (int row = 1; row < grid.Rows(); ++row) {
+      table.push_back({0, 0, whole(grid, row, 1), whole(grid, row, 0)});
+    }
+    return table;
+  };
+  t.DescendRates = rates(fgDescend);
+  t.AscendRates = rates(fgAscend);
+  t.Blends.assign(1, AirMix());
+  for (int row = 2; row < FgGas.Rows(); ++row) {
+    t.Blends.push_back({FgGas.Text(row, 0), whole(FgGas, row, 1), whole(FgGas, row, 3), whole(FgGas, row, 2)});
+  }
+  t.ChangeGasMixes.clear();
+  for (int row = 1; row < fgGasChange.Rows(); ++row) {
+    t.ChangeGasMixes.push_back({fgGasChange.Text(row, 1), 0, 0, 0, whole(fgGasChange, row, 0)});
+  }
+  ResolveGasChanges(t);
+}
+
+void frmProperties::StoreFields(DiveTemplate& t) {
+  t.StepSize = Rounded(tbStepSize, 0);
+  t.LastStop = Rounded(tbLastStop, 0);
+  t.Metric = Option1_1.Value;
+  StoreGrids(t);
+  t.Setpoint = Rounded(SetPoint, 3);
+  t.DecoSetpoint = Rounded(Text6, 3);
+  t.RMV = Stored(tbRMV, 0, 200, 1, 200, 1);
+  t.DecoRMV = Stored(Text8, 0, 200, 1, 200, 1);
+  t.MinPPO2 = Stored(tbMinPPO, 0, 3, 0.16, 2, 2);
+  t.MaxPPO2 = Stored(tbMaxPPO, 0, 3, 1.6, 3, 2);
+  t.MaximalEND = Stored(tbMaximalEND, 0, 500, 1.6, 500, 2);
+  t.DecoPPO2 = Stored(Text7, 0, 500, 1.6, 500, 2);
+  t.CeilingOverride = false;
+  t.AdeptedToHeight = Check1.Value;
+  t.OCDeco = Check2.Value;
+  t.O2Narcotic = cbONarcotic.Value;
+  t.AutoDecoGas = cbAutoDecoGas.Value;
+  t.PPO2Low = cbWarnPPOLow.Value;
+  t.PPO2High = cbWarnPPOHigh.Value;
+  t.MaxEnd = cbWarnMaxEND.Value;
+  t.StartAltitude = Rounded(Text2, 0);
+  t.EndAltitude = Rounded(Text5, 0);
+  const Single minutes = Rounded(Text1, 0);
+  t.TimeToHeight = minutes <= 0 ? std::int16_t{1} : RoundToInt16(minutes).value_or(std::int16_t{1});
+  t.StartPressure = AltitudeToPressure(t.StartAltitude, t.Metric);
+  t.EndPressure = AltitudeToPressure(t.EndAltitude, t.Metric);
+}
+
+std::string frmProperties::MissingValue() const {
+  const std::pair<const Grid*, const Frame*> grids[] = {
+      {&fgDescend, &Frame7}, {&fgAscend, &Frame6}, {&fgGasChange, &Frame3}};
+  for (const auto& [grid, frame] : grids) {
+    for (int row = 1; row < grid->Rows(); ++row) {
+      for (int column = 0; column < grid->Columns(); ++column) {
+        const bool number = grid != &fgGasChange || column == 0;
+        if (number && Number(grid->Text(row, column)) == kNotGiven) {
+          constexpr int kNotGivenText = 7050;
+          return frame->Caption.Get() + ", " + std::to_string(row) + ": " + T(kNotGivenText);
+        }
+      }
+    }
+  }
+  return {};
+}
+
+void frmProperties::cbOK_Click() {
+  std::string fault = MissingValue();
+  DiveTemplate t = Template();
+  if (fault.empty()) {
+    StoreFields(t);
+    fault = JoinFaults(TemplateFaults(t));
+  }
+  if (!fault.empty()) {
+    Box(fault, T(1600), BoxIcon::Stop);
+    return;
+  }
+  t.TemplateChanged = true;
+  Template() = std::move(t);
+  services_.Documents()(documentIndex_).Modified = documentIndex_ != DocumentStore::DefaultDocument;
+  if (services_.applyToProfile) services_.applyToProfile();
+  cancelled_ = false;
+  Unload();
+}
+
+}  // namespace tav

@@ -1,0 +1,184 @@
+// The tables of the template dialog: editing, rows, and the depths at which gases are changed.
+
+#include "dialogs/properties.h"
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+constexpr double kFeetPerMetre = 3.2808;
+constexpr double kMetresPerFoot = 0.3048;
+constexpr int kTitle = 1600;
+constexpr int kRowStays = 1654;
+constexpr int kDepthStays = 1655;
+constexpr int kPlanUsesGases = 3044;
+constexpr int kOnlyGasChange = 3045;
+
+}  // namespace
+
+void frmProperties::WireGrids() {
+  using Kind = Grid::Editor::Kind;
+  for (Grid* grid : {&fgDescend, &fgAscend}) {
+    grid->EditorOf = [](int row, int) { return Grid::Editor{row > 0 ? Kind::Text : Kind::None, {}}; };
+    grid->Commit = [this, grid](int row, int column, const std::string& text) {
+      CommitNumber(*grid, row, column, text);
+    };
+    grid->RowMenu = [this, grid] { OpenRowMenu(*grid); };
+  }
+  fgGasChange.EditorOf = [this](int row, int column) {
+    if (row < 1 || (column == 0 && cbAutoDecoGas.Value)) return Grid::Editor{};
+    if (column == 0) return Grid::Editor{Kind::Text, {}};
+    Grid::Editor names{Kind::List, {}};
+    for (int i = 1; i < FgGas.Rows(); ++i) names.entries.push_back(FgGas.Text(i, 0));
+    return names;
+  };
+  fgGasChange.Commit = [this](int row, int column, const std::string& text) {
+    if (column == 0) {
+      CommitNumber(fgGasChange, row, column, text);
+      return;
+    }
+    fgGasChange.SetText(row, column, text);
+    if (cbAutoDecoGas.Value) ShowAutoDepths();
+  };
+  fgGasChange.RowMenu = [this] { OpenRowMenu(fgGasChange); };
+  FgGas.RowMenu = [this] { OpenRowMenu(FgGas); };
+  AddRow.Click = [this] { AddRow_Click(); };
+  DelRow.Click = [this] { DelRow_Click(); };
+}
+
+void frmProperties::FillRates(Grid& grid, const std::vector<RateEntry>& rates, int depthHead) const {
+  std::vector<std::vector<std::string>> rows{{T(depthHead), T(1624)}};
+  for (const RateEntry& entry : rates) rows.push_back({FormatFixed(entry.Depth, 0), FormatFixed(entry.Rate, 0)});
+  grid.SetRows(rows);
+}
+
+void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::string& text) {
+  const std::string number = PurgeNumericInput(text);
+  // The tables of rates begin at the surface.
+  if (&grid != &fgGasChange && row == 1 && column == 0 && number != "0") {
+    Refuse(kDepthStays);
+    return;
+  }
+  grid.SetText(row, column, number);
+}
+
+void frmProperties::Refuse(int text) const { Box(T(text), T(kTitle), BoxIcon::Exclamation); }
+
+double frmProperties::GetPercentO2(const std::string& name) const {
+  for (int row = 1; row < FgGas.Rows(); ++row) {
+    if (FgGas.Text(row, 0) == name) return Number(FgGas.Text(row, 1));
+  }
+  return -1;
+}
+
+Single frmProperties::DepthOfPPO2(Single ppo2, const std::string& gas) const {
+  const double o2 = GetPercentO2(gas);
+  if (o2 <= 0) return 0;  // a gas that is not there, or has no oxygen, is changed to at no depth
+  return (ppo2 / o2 * 100 - Template().EndPressure) * 10;
+}
+
+void frmProperties::InitDecoGasFrame() {
+  const DiveTemplate& t = Template();
+  std::vector<std::vector<std::string>> rows{{T(1621), T(1622)}};
+  for (const GasChange& change : t.ChangeGasMixes) {
+    const double units = Metric() ? 1.0 : 1.013;
+    const Single depth = !t.AutoDecoGas && change.Depth != 0
+                             ? change.Depth
+                             : Single(DepthOfPPO2(Number(tbMaxPPO.Text), change.Name) * units);
+    rows.push_back({FormatFixed(depth, 0), change.Name});
+  }
+  fgGasChange.SetRows(rows);
+  cbAutoDecoGas.Value = t.AutoDecoGas;
+  if (t.AutoDecoGas) {
+    saveDecoGasSettings();
+    ShowAutoDepths();
+  }
+}
+
+void frmProperties::cbAutoDecoGas_Click() {
+  if (cbAutoDecoGas.Value) {
+    saveDecoGasSettings();
+    ShowAutoDepths();
+  } else {
+    loadDecoGasSettings();
+  }
+}
+
+void frmProperties::ShowAutoDepths() {
+  const double factor = Metric() ? 1.0 : kFeetPerMetre;
+  for (int row = 1; row < fgGasChange.Rows(); ++row) {
+    const Single depth = DepthOfPPO2(Number(Text7.Text), fgGasChange.Text(row, 1));
+    fgGasChange.SetText(row, 0, FormatFixed(Single(factor * depth), 0));
+  }
+}
+
+void frmProperties::saveDecoGasSettings() {
+  decoGasSettings_.clear();
+  for (int row = 1; row < fgGasChange.Rows(); ++row) {
+    const std::string text = fgGasChange.Text(row, 0);
+    const Single depth = Number(text);
+    const auto scaled = [&](double factor) {
+      return text.empty() ? "0" : FormatFixed(depth == kNotGiven ? depth : Single(depth * factor), 0);
+    };
+    decoGasSettings_.push_back({scaled(Metric() ? 1 : kMetresPerFoot), scaled(Metric() ? kFeetPerMetre : 1)});
+  }
+}
+
+void frmProperties::loadDecoGasSettings() {
+  for (int row = 1; row < fgGasChange.Rows(); ++row) {
+    const auto index = static_cast<std::size_t>(row - 1);
+    if (index >= decoGasSettings_.size()) break;
+    fgGasChange.SetText(row, 0, Metric() ? decoGasSettings_[index].metric : decoGasSettings_[index].imperial);
+  }
+}
+
+void frmProperties::OpenRowMenu(Grid& grid) {
+  menuGrid_ = &grid;
+  AddRow.Visible = &grid != &FgGas;
+  services_.platform.windows.PopupMenu({&AddRow, &DelRow});
+}
+
+void frmProperties::AddRow_Click() {
+  if (menuGrid_ == nullptr) return;
+  const std::string notGiven = FormatFixed(Single(kNotGiven), 0);
+  menuGrid_->AddRow({notGiven, menuGrid_ == &fgGasChange ? FgGas.Text(1, 0) : notGiven});
+  if (menuGrid_ == &fgGasChange && cbAutoDecoGas.Value) ShowAutoDepths();
+}
+
+void frmProperties::DelRow_Click() {
+  if (menuGrid_ == nullptr) return;
+  const int row = menuGrid_->SelectedRow;
+  if (menuGrid_ == &FgGas) {
+    DeleteBlend(row);
+  } else if (row >= 2) {
+    menuGrid_->RemoveRow(row);
+  } else {
+    Refuse(kRowStays);
+  }
+}
+
+void frmProperties::DeleteBlend(int row) {
+  const auto active = services_.ActiveDocument();
+  // The numbers of the gases stand in the plan.
+  if (active && services_.forms(*active).InputProfile.GetLength() != 0) {
+    Refuse(kPlanUsesGases);
+    return;
+  }
+  if (row < 2) {
+    Refuse(kRowStays);
+    return;
+  }
+  const std::string name = FgGas.Text(row, 0);
+  for (int change = 1; change < fgGasChange.Rows(); ++change) {
+    if (fgGasChange.Text(change, 1) != name) continue;
+    if (change == 1 && fgGasChange.Rows() == 2) {
+      Refuse(kOnlyGasChange);
+      return;
+    }
+    fgGasChange.RemoveRow(change);
+    break;
+  }
+  FgGas.RemoveRow(row);
+}
+
+}  // namespace tav

@@ -1,0 +1,213 @@
+#include "dialogs/waypoint_form.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+std::string KeepOnly(const std::string& text, const char* others) {
+  std::string kept;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(kept), [others](char c) {
+    return std::isdigit(static_cast<unsigned char>(c)) != 0 || std::string_view(others).find(c) != std::string::npos;
+  });
+  return kept;
+}
+
+}  // namespace
+
+std::string frmWaypointForm::NumericInput(const std::string& text) { return KeepOnly(text, ""); }
+
+std::string frmWaypointForm::AlphaNumericInput(const std::string& text) { return KeepOnly(text, ".,"); }
+
+frmWaypointForm::frmWaypointForm(const DialogServices& services) : DialogForm("frmWaypointForm", services) { Wire(); }
+
+void frmWaypointForm::Wire() {
+  tbDepth.Change = [this] { DepthTyped(); };
+  tbDepth.KeyReturn = [this] {
+    Suggest();
+    cbOK.Press();
+  };
+  tbTime.Change = [this] { tbTime.Text = AlphaNumericInput(tbTime.Text); };
+  udDepthSpin.Buddy = "tbDepth";
+  udDepthSpin.UpClick = [this] { Step(tbDepth, 1); };
+  udDepthSpin.DownClick = [this] { Step(tbDepth, -1); };
+  udTimeSpin.Buddy = "tbTime";
+  udTimeSpin.UpClick = [this] { Step(tbTime, 1); };
+  udTimeSpin.DownClick = [this] { Step(tbTime, -1); };
+  Combo1.Click = [this] { Combo1_Click(); };
+  for (TextBox* box : {&tbO2, &tbN2, &tbHe, &Text5}) box->Locked = true;
+
+  for (TextBox* field : {&Text1, &Text2}) WireSuggestion(Kind::Nitrox, *field, cbNitroxAdd);
+  for (TextBox* field : {&Text6, &Text4}) WireSuggestion(Kind::Trimix, *field, cbTrimixAdd);
+  for (TextBox* field : {&Text9, &Text7}) WireSuggestion(Kind::Heliox, *field, cbHelioxAdd);
+  Frame4.MouseMove = [this] { ShowInfo(Kind::Nitrox, false); };
+  Frame5.MouseMove = [this] { ShowInfo(Kind::Trimix, false); };
+  Frame6.MouseMove = [this] { ShowInfo(Kind::Heliox, false); };
+  Frame1.MouseMove = [this] { HideInfo(); };
+  Frame2.MouseMove = [this] { HideInfo(); };
+
+  cbNitroxAdd.Click = [this] { AddMix("EAN" + Text1.Text.Get(), Number(Text1.Text), Number(Text2.Text), 0); };
+  cbHelioxAdd.Click = [this] { AddMix("H" + Text7.Text.Get(), Number(Text9.Text), 0, Number(Text7.Text)); };
+  cbTrimixAdd.Click = [this] {
+    AddMix("Tx" + Text6.Text.Get() + "/" + Text4.Text.Get(), Number(Text6.Text), Number(Text5.Text),
+           Number(Text4.Text));
+  };
+  cbOK.Default = true;
+  cbOK.Click = [this] { cbOK_Click(); };
+  cbCancel.Cancel = true;
+  cbCancel.Click = [this] { cbCancel_Click(); };
+}
+
+void frmWaypointForm::WireSuggestion(Kind kind, TextBox& field, Button& add) {
+  field.GotFocus = [&field, &add] {
+    if (field.Locked) return;
+    field.Text = "";
+    add.Visible = false;
+  };
+  field.Change = [this, kind, &field, &add] { Overtyped(kind, field, add); };
+  // Left empty, the field shows what was suggested again.
+  field.LostFocus = [this, &field] {
+    if (field.Text.Get().empty()) Suggest();
+  };
+}
+
+void frmWaypointForm::data(ClassProfile& profile, std::int16_t entry) {
+  profile_ = &profile;
+  row_ = profile.GetLength();
+  viewer_ = entry == 0;
+}
+
+void frmWaypointForm::Form_Load() {
+  Localize();
+  documentIndex_ = services_.ActiveOrDefault();
+  SetCaptions();
+  FillCombo();
+  if (Row().Depth < 0) Row().Depth = 0;
+  tbDepth.Text = FormatFixed(Row().Depth, 0);
+  tbTime.Text = FormatFixed(Row().SegmentTime, 0);
+  HideInfo();
+  if (viewer_) {
+    ShowAsViewer();
+  } else {
+    if (Number(tbTime.Text) <= 0) tbTime.Text = "0";
+    Combo1.ListIndex = Row().MixNumber;
+    Combo1_Click();
+    tbDepth.SelectAll();
+  }
+  Suggest();
+}
+
+void frmWaypointForm::SetCaptions() {
+  const bool metric = Template().Metric;
+  Caption = T(1800);
+  Label3.Caption = T(1801);
+  Label2.Caption = T(1802);
+  Label5.Caption = T(1232);
+  lbDepthUnit.Caption = T(metric ? 1219 : 1216);
+  Frame2.Caption = T(1803);
+  Frame3.Caption = T(3067);
+  Frame4.Caption = "Nitrox";
+  Frame5.Caption = "Trimix";
+  Frame6.Caption = "Heliox";
+  for (Label* label : {&lbO2, &lbNitroxO2, &lbTrimixO2, &lbHelioxO2}) label->Caption = "% O2";
+  for (Label* label : {&lbN2, &lbNitroxN2, &lbTrimixN2}) label->Caption = "% N2";
+  for (Label* label : {&lbHe, &lbTrimixHe, &lbHelioxHe}) label->Caption = "% He";
+  for (Button* button : {&cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
+    button->Caption = std::string(TrimBlanks(T(3068)));
+  }
+  cbOK.Caption = T(1210);
+  cbCancel.Caption = T(1215);
+}
+
+void frmWaypointForm::ShowAsViewer() {
+  Combo1.ListIndex = FindBlendIndex(Row().GasMixName, Template());
+  const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(Combo1.ListIndex.Get()));
+  tbO2.Text = FormatPlain(mix.O2);
+  tbN2.Text = FormatPlain(mix.N2);
+  tbHe.Text = FormatPlain(mix.He);
+  tbDepth.Text = FormatFixed(Row().Depth, 1);
+  tbTime.Text = FormatFixed(Row().SegmentTime, 1);
+  for (Control* control : std::initializer_list<Control*>{&tbDepth, &tbTime, &Combo1, &cbOK, &udDepthSpin, &udTimeSpin,
+                                                          &cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
+    control->Enabled = false;
+  }
+  for (TextBox* box : {&Text1, &Text2, &Text4, &Text6, &Text7, &Text9}) box->Locked = true;
+  cbCancel.SetFocus();
+}
+
+void frmWaypointForm::FillCombo() {
+  std::vector<std::string> names;
+  for (const GasMix& mix : Template().Blends) names.push_back(mix.Name);
+  Combo1.Items = names;
+}
+
+void frmWaypointForm::Combo1_Click() {
+  const int index = Combo1.ListIndex;
+  if (index < 0) return;
+  const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));
+  Row().GasMixName = mix.Name;
+  Row().MixNumber = static_cast<std::int16_t>(index);
+  tbO2.Text = FormatPlain(mix.O2);
+  tbN2.Text = FormatPlain(mix.N2);
+  tbHe.Text = FormatPlain(mix.He);
+}
+
+void frmWaypointForm::DepthTyped() {
+  const std::string& text = tbDepth.Text.Get();
+  const bool hasSign = !text.empty() && (text.front() == '-' || text.front() == '+');
+  if (!hasSign) tbDepth.Text = AlphaNumericInput(text);
+  Suggest();
+}
+
+void frmWaypointForm::Step(TextBox& field, int by) {
+  // An empty field counts as the number from which the step leads to 2 or 1.
+  const double value = field.Text.Get().empty() ? (by > 0 ? 1 : 2) : double{Number(field.Text)};
+  field.Text = FormatFixed(std::max(0.0, value + by), 0);
+  if (&field == &tbDepth) Suggest();
+}
+
+std::optional<Single> frmWaypointForm::Entered(const TextBox& field) const {
+  const std::string plain = ReplaceAll(field.Text.Get(), services_.platform.separators.decimal, ".");
+  const auto number = ParseStrict(plain);
+  if (!number) return std::nullopt;
+  return Single(*number);
+}
+
+void frmWaypointForm::cbOK_Click() {
+  // A field without a number counts as an empty one.
+  const auto depth = Entered(tbDepth);
+  const auto time = Entered(tbTime);
+  if (!depth || !time || *depth < 0) {
+    Box(T(6164), Caption, BoxIcon::Stop);
+    (depth && *depth >= 0 ? tbTime : tbDepth).SelectAll();
+    return;
+  }
+  Row().Depth = *depth;
+  const bool metric = Template().Metric;
+  const double deepest = metric ? 500 : 1600;
+  if (*depth > deepest) {
+    Box(T(metric ? 3062 : 3063), Caption, BoxIcon::Stop);
+    Row().Depth = deepest;
+  }
+  Row().SegmentTime = *time;
+  const auto index = static_cast<std::int16_t>(Combo1.ListIndex.Get());
+  const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));
+  Row().GasMixName = mix.Name;
+  Row().MixNumber = index;
+  Row().GasMixO2 = mix.O2;
+  Row().GasMixN2 = mix.N2;
+  Row().GasMixHe = mix.He;
+  accepted_ = true;
+  Unload();
+}
+
+void frmWaypointForm::cbCancel_Click() { Unload(); }
+
+void frmWaypointForm::Form_Unload() {
+  if (!accepted_) Row().Depth = kCancelled;
+}
+
+}  // namespace tav

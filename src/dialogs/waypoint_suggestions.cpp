@@ -1,0 +1,122 @@
+// The suggestions of the waypoint dialog: what it offers, how the user changes it, and what the panel tells of it.
+
+#include <algorithm>
+
+#include "dialogs/waypoint_form.h"
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100), 0); }
+
+Single Clamped(double fraction, double most) { return std::clamp(fraction, 0.0, most); }
+
+constexpr double kMostOfASecondGas = 0.99;
+
+}  // namespace
+
+void frmWaypointForm::Suggest() {
+  ShowNitrox();
+  ShowTrimix();
+  ShowHeliox();
+}
+
+void frmWaypointForm::ShowNitrox() {
+  const auto mix = SuggestNitrox(Depth(), Template());
+  nitrox_ = mix.value_or(MixFractions{});
+  Text1.Text = mix ? Percent(mix->O2) : "n/a";
+  Text2.Text = mix ? Percent(mix->N2) : "n/a";
+  cbNitroxAdd.Visible = mix.has_value();
+}
+
+void frmWaypointForm::ShowHeliox() {
+  const auto mix = SuggestHeliox(Depth(), Template());
+  heliox_ = mix.value_or(MixFractions{});
+  Text9.Text = mix ? Percent(mix->O2) : "n/a";
+  Text7.Text = mix ? Percent(mix->He) : "n/a";
+  cbHelioxAdd.Visible = mix.has_value();
+}
+
+void frmWaypointForm::ShowTrimix() {
+  trimix_ = SuggestTrimix(Depth(), Template());
+  Text6.Text = Percent(trimix_.O2);
+  Text5.Text = Percent(trimix_.N2);
+  Text4.Text = Percent(trimix_.He);
+  cbTrimixAdd.Visible = true;
+}
+
+void frmWaypointForm::Overtyped(Kind kind, TextBox& field, Button& add) {
+  field.Text = NumericInput(field.Text);
+  if (field.Text.Get().empty()) {
+    add.Visible = false;
+    return;
+  }
+  const double typed = Number(field.Text) / 100;
+  if (kind == Kind::Trimix) {
+    const Single o2 = Clamped(Number(Text6.Text) / 100, 1.0);
+    const Single he = Clamped(Number(Text4.Text) / 100, 1.0);
+    trimix_ = o2 + he < 1 ? MixFractions{o2, 1 - o2 - he, he} : MixFractions{o2, 0, 1 - o2};
+    Text6.Text = Percent(trimix_.O2);
+    Text5.Text = Percent(trimix_.N2);
+    Text4.Text = Percent(trimix_.He);
+  } else {
+    const bool oxygen = &field == &Text1 || &field == &Text9;
+    const Single o2 = oxygen ? Clamped(typed, 1.0) : Single(1 - Clamped(typed, kMostOfASecondGas));
+    const Single other = 1 - o2;
+    if (kind == Kind::Nitrox) {
+      nitrox_ = {o2, other, 0};
+      Text1.Text = Percent(o2);
+      Text2.Text = Percent(other);
+    } else {
+      heliox_ = {o2, 0, other};
+      Text9.Text = Percent(o2);
+      Text7.Text = Percent(other);
+    }
+  }
+  add.Visible = true;
+  ShowInfo(kind, true);
+}
+
+void frmWaypointForm::AddMix(const std::string& name, Single o2, Single n2, Single he) {
+  DiveTemplate& t = Template();
+  auto index = FindBlend(name, t);
+  if (!index) {
+    t.Blends.push_back({name, o2, n2, he});
+    t.TemplateChanged = true;
+    services_.Documents()(documentIndex_).Modified = true;
+    index = static_cast<std::int16_t>(t.Blends.size() - 1);
+  }
+  FillCombo();
+  Combo1.ListIndex = *index;
+  Combo1_Click();
+}
+
+void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
+  const DiveTemplate& t = Template();
+  const MixFractions& mix = kind == Kind::Nitrox ? nitrox_ : kind == Kind::Trimix ? trimix_ : heliox_;
+  const MixInformation told = InformationOf(kind, mix, Depth(), t, edited);
+  const std::string heading = T(kind == Kind::Nitrox ? 3064 : kind == Kind::Trimix ? 3065 : 3066);
+  for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = true;
+  // A heliox that can't be offered has no oxygen share to tell of.
+  const bool offered = kind != Kind::Heliox || heliox_.O2 > 0;
+  if (!told.possible || !offered) {
+    Text10.Caption = heading + "\r\n Gas N/A";
+    Text11.Caption = "";
+    Text12.Caption = "";
+    return;
+  }
+  Text10.Caption = heading + "\r\n" + Percent(mix.O2) + "/" + Percent(mix.He) + "/" + Percent(mix.N2) + "\r\n";
+  Text11.Caption = "    " + T(6044) + ":  " +
+                   (told.narcotic ? FormatFixed(told.END, 1) + (t.Metric ? "m" : "ft") : std::string("INF "));
+  Text11.ForeColor = told.endTooDeep ? kRed : kBlack;
+  Text12.Caption = T(6041) + ":  " + FormatFixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") +
+                   (t.O2Narcotic ? "\r\n" + T(6045) : "");
+  Text12.ForeColor = told.ppo2TooHigh ? kRed : kBlack;
+}
+
+void frmWaypointForm::HideInfo() {
+  for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = false;
+}
+
+}  // namespace tav

@@ -1,0 +1,156 @@
+#include "graph/profile_graph.h"
+
+#include <cmath>
+
+#include "graph/compartment_bars.h"
+#include "graph/graph_colours.h"
+#include "graph/leg_preview.h"
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+constexpr int kCompartmentTitle = 1308;
+constexpr int kDepthLetters = 1502;
+constexpr int kMetres = 1222;
+constexpr int kFeet = 1223;
+constexpr int kTipDepth = 7028;
+constexpr int kTipRunTime = 7029;
+constexpr int kTipGas = 7030;
+constexpr int kTipPPO2 = 7031;
+constexpr int kTipCeiling = 7032;
+
+/// Draws in exclusive-or mode while it lives.
+class ExclusiveOr {
+ public:
+  explicit ExclusiveOr(DrawingSurface& surface) : surface_(surface) { surface_.SetExclusiveOr(true); }
+  ExclusiveOr(const ExclusiveOr&) = delete;
+  ExclusiveOr& operator=(const ExclusiveOr&) = delete;
+  ~ExclusiveOr() { surface_.SetExclusiveOr(false); }
+
+ private:
+  DrawingSurface& surface_;
+};
+
+}  // namespace
+
+void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars) {
+  const ClassProfile& rows = Editor().InputProfile;
+  ProfilePlot plot(container, grid);
+  plot.Redraw(rows);
+  scale_ = plot.Scale();
+  scale_.TransformRates(Template());
+  const Waypoint& last = rows.Row(rows.GetLength());
+  lastPoint_ = scale_.WorldToScreen(last.RunTime, -last.Depth);
+  dragPoint_ = lastPoint_;
+  ShowCompartmentLoad(bars, last.PercentCompartments, T(kCompartmentTitle));
+  ShowLastCeiling();
+}
+
+void ProfileGraph::ShowLastCeiling() {
+  const ClassProfile& rows = Editor().InputProfile;
+  if (rows.GetLength() == 0) {
+    window_.ShowCeiling("0", kBlack);
+    return;
+  }
+  const Single ceiling = rows.GetCeiling(rows.GetLength());
+  window_.ShowCeiling(FormatFixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow);
+}
+
+std::optional<std::int16_t> ProfileGraph::RowAt(Single x, Single y) const {
+  const WorldPoint at = scale_.ScreenToWorld(x, y);
+  const ClassProfile& rows = Editor().InputProfile;
+  for (int i = 0; i <= rows.GetLength(); ++i) {
+    const Waypoint& row = rows.Row(static_cast<std::int16_t>(i));
+    if (std::fabs(row.RunTime - at.time) <= 0.5 && std::fabs(row.Depth + at.y) <= 0.5) {
+      return static_cast<std::int16_t>(i);
+    }
+  }
+  return std::nullopt;
+}
+
+void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& /*grid*/) {
+  Editor().MarkModified();
+  if (right) {
+    window_.ShowPopup();
+    return;
+  }
+  if (const auto row = RowAt(x, y)) {
+    window_.ViewRow(*row);
+    return;
+  }
+  dragging_ = true;
+  UpdateReadOut({x, y});
+}
+
+void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid) {
+  if (!scale_.InsidePlot(x + 3, y + 50)) {
+    window_.ShowCross(false);
+    return;
+  }
+  window_.ShowCross(x + 887 < visibleWidth);
+  if (!dragging_) return;
+  const ExclusiveOr mode(grid);
+  DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
+  dragPoint_ = {x, y};
+  DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
+  UpdateReadOut(dragPoint_);
+}
+
+void ProfileGraph::UpdateReadOut(ScreenPoint at) {
+  const WorldPoint world = scale_.ScreenToWorld(at.x, at.y);
+  const Single depth = world.y > 0 ? 0.0 : -world.y;
+  window_.ShowReadOut(
+      at.x + 50, at.y + 50,
+      FormatFixed(depth, 1) + (Template().Metric ? " m. " : " ft. ") + FormatFixed(world.time, 1) + " Min.");
+}
+
+void ProfileGraph::MouseUp(DrawingSurface& grid) {
+  if (!dragging_) return;
+  dragging_ = false;
+  window_.HideReadOut();
+  {
+    const ExclusiveOr mode(grid);
+    DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
+  }
+  const ScreenPoint released = dragPoint_;
+  dragPoint_ = lastPoint_;
+  if (released == lastPoint_) return;  // pressed and let go: nothing was drawn
+  const WorldPoint world = scale_.ScreenToWorld(released.x, released.y);
+  window_.NewWaypoint(-world.y, world.time - Editor().CurrentRunTime());
+}
+
+std::string ProfileGraph::TipAt(Single x, Single y) const {
+  constexpr double kNear = 130;
+  const ClassProfile& rows = Editor().InputProfile;
+  const Waypoint* nearest = nullptr;
+  double least = kNear;
+  for (int i = 1; i <= rows.GetLength(); ++i) {
+    const Waypoint& row = rows.Row(static_cast<std::int16_t>(i));
+    const ScreenPoint at = scale_.WorldToScreen(row.RunTime, -row.Depth);
+    const double distance = std::hypot(at.x - x, at.y - y);
+    if (distance < least) {
+      least = distance;
+      nearest = &row;
+    }
+  }
+  if (nearest == nullptr) return {};
+  const std::string pressure = Template().Metric ? " bar" : " ata";
+  return T(kTipDepth) + ": " + FormatFixed(nearest->Depth, 1) + LengthUnit() + "\n" + T(kTipRunTime) + ": " +
+         FormatFixed(nearest->RunTime, 1) + " min\n" + T(kTipGas) + ": " + nearest->GasMixName + "\n" + T(kTipPPO2) +
+         ": " + FormatFixed(nearest->PPO2, 2) + pressure + "\n" + T(kTipCeiling) + ": " +
+         FormatFixed(nearest->Ceiling, 1) + LengthUnit();
+}
+
+std::string ProfileGraph::DepthTitle() const {
+  std::string title;
+  for (const char letter : T(kDepthLetters)) {
+    // Letters of more than one byte stay together.
+    const bool continues = (static_cast<unsigned char>(letter) & 0xC0U) == 0x80U;
+    if (!title.empty() && !continues) title += "\n";
+    title += letter;
+  }
+  return title + "\n" + T(Template().Metric ? kMetres : kFeet);
+}
+
+}  // namespace tav

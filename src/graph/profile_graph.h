@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "graph/profile_plot.h"
+#include "plan/document_forms.h"
+
+namespace tav {
+
+/// What the graph asks of its window. Positions are in drawing units of the plot.
+class GraphWindow {
+ public:
+  GraphWindow() = default;
+  GraphWindow(const GraphWindow&) = delete;
+  GraphWindow& operator=(const GraphWindow&) = delete;
+  virtual ~GraphWindow() = default;
+
+  /// The read-out of a drag, with its top left corner there.
+  virtual void ShowReadOut(double x, double y, const std::string& text) = 0;
+  virtual void HideReadOut() = 0;
+  virtual void ShowCeiling(const std::string& text, Colour colour) = 0;
+  virtual void ShowCross(bool cross) = 0;
+  virtual void ShowPopup() = 0;
+  /// A drag has ended: a waypoint at that depth, that many minutes after the last row.
+  virtual void NewWaypoint(Single depth, Single segmentTime) = 0;
+  /// A row was clicked.
+  virtual void ViewRow(std::int16_t row) = 0;
+};
+
+/// The graph of one document: what it draws and what the mouse does on it.
+class ProfileGraph {
+ public:
+  ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window)
+      : forms_(forms), document_(document), window_(window) {}
+
+  /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
+  void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars);
+
+  void MouseDown(bool right, Single x, Single y, DrawingSurface& grid);
+  /// `visibleWidth` is that of the window: the pointer is a cross within it.
+  void MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid);
+  void MouseUp(DrawingSurface& grid);
+  [[nodiscard]] bool Dragging() const { return dragging_; }
+
+  /// The row that a click there means: within half a minute and half a depth unit.
+  [[nodiscard]] std::optional<std::int16_t> RowAt(Single x, Single y) const;
+  /// What to tell of the row nearest to a point, if one is near.
+  [[nodiscard]] std::string TipAt(Single x, Single y) const;
+  /// The letters of the depth axis' title, one below the other, and the unit.
+  [[nodiscard]] std::string DepthTitle() const;
+
+ private:
+  void ShowLastCeiling();
+  void UpdateReadOut(ScreenPoint at);
+  [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
+  [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
+  [[nodiscard]] std::string T(int id) const { return forms_.Services().texts.GetResString(id); }
+  [[nodiscard]] std::string LengthUnit() const { return Template().Metric ? " m" : " ft"; }
+
+  DocumentForms& forms_;
+  std::int16_t document_;
+  GraphWindow& window_;
+  GraphScale scale_;
+  ScreenPoint lastPoint_;  ///< of the last row
+  ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot
+  bool dragging_ = false;
+};
+
+}  // namespace tav

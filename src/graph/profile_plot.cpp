@@ -1,0 +1,121 @@
+#include "graph/profile_plot.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph/graph_colours.h"
+#include "model/number_text.h"
+#include "model/numbers.h"
+
+namespace tav {
+namespace {
+
+constexpr double kPlotLeft = 800;  // of the plot within its container
+constexpr double kPlotTop = 300;
+constexpr double kRadius = 50;
+constexpr double kSmallest = 60;
+
+Single Largest(const ClassProfile& profile, Single Waypoint::*field) {
+  Single largest = kSmallest;
+  for (int i = 0; i <= profile.GetLength(); ++i) {
+    largest = MaxSingle(largest, profile.Row(static_cast<std::int16_t>(i)).*field);
+  }
+  return largest;
+}
+
+int Whole(double value) { return static_cast<int>(std::nearbyint(value)); }
+
+}  // namespace
+
+Single LargestDepth(const ClassProfile& profile) { return Largest(profile, &Waypoint::Depth); }
+Single LargestTime(const ClassProfile& profile) { return Largest(profile, &Waypoint::RunTime); }
+
+void ProfilePlot::Redraw(const ClassProfile& profile) {
+  container_.Clear(graph::kBackground);
+  grid_.Clear(graph::kBackground);
+  scale_.SetPlot(grid_.Width(), grid_.Height());
+  scale_.SetWorld(0, 3 * LargestTime(profile), 0, -2 * LargestDepth(profile));
+  grid_.FilledBox(scale_.PlotLeft, scale_.PlotTop, scale_.PlotRight, scale_.PlotBottom, kBlack);
+  Xaxis();
+  Yaxis();
+  PrevPlotTime_ = 0;
+  PrevPlotY_ = 0;
+  for (int i = 0; i <= profile.GetLength(); ++i) {
+    PlotWayPoint(profile, static_cast<std::int16_t>(i), i == profile.GetLength());
+  }
+}
+
+void ProfilePlot::Xaxis() {
+  constexpr int kSteps = 30;
+  const int step = std::max(2, Whole(scale_.WorldRight / kSteps));
+  const int last = Whole(scale_.WorldRight - step);
+  for (int v = Whole(scale_.WorldLeft + step); v <= last; v += step) {
+    const double x = scale_.WorldToScreen(v, 0).x;
+    grid_.Line(x, scale_.PlotBottom, x, scale_.PlotTop - 100, graph::kGrey);
+    const std::string number = FormatFixed(v, 0);
+    grid_.Text(x - grid_.TextWidth(number) / 2, scale_.PlotTop - 100 - grid_.TextHeight(), number, kBlack);
+  }
+}
+
+void ProfilePlot::Yaxis() {
+  constexpr int kSteps = 15;
+  const int step = std::max(1, Whole((scale_.WorldTop - scale_.WorldBottom) / kSteps));
+  const double top = scale_.WorldToScreen(0, scale_.WorldTop).y;
+  const double axis = scale_.PlotLeft + kPlotLeft;
+  container_.Line(axis - 20, top + kPlotTop, axis - 20, container_.Height(), graph::kWhite);
+  grid_.Line(scale_.PlotLeft, top, scale_.PlotRight, top, graph::kWhite);
+  const int last = Whole(-scale_.WorldBottom - step);
+  for (int d = Whole(scale_.WorldTop + step); d <= last; d += step) {
+    const double y = scale_.WorldToScreen(0, -d).y;
+    grid_.Line(scale_.PlotLeft, y, scale_.PlotRight, y, graph::kGrey, DrawingSurface::LineStyle::Dotted);
+    grid_.Line(scale_.PlotLeft - 100, y, scale_.PlotLeft, y, graph::kGrey);
+    const std::string number = FormatFixed(d, 0);
+    container_.Text(axis - 200 - container_.TextWidth(number), y + kPlotTop - container_.TextHeight() / 2, number,
+                    kBlack);
+    container_.Line(axis - 100, y + kPlotTop, axis, y + kPlotTop, graph::kWhite);
+  }
+}
+
+void ProfilePlot::PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast) {
+  const Waypoint& point = profile.Row(row);
+  const Single y = -point.Depth;
+  const ScreenPoint at = scale_.WorldToScreen(point.RunTime, y);
+  const ScreenPoint before = scale_.WorldToScreen(PrevPlotTime_, PrevPlotY_);
+  grid_.Line(before.x, before.y, at.x, at.y, graph::kWhite);
+  if (point.DoShow) grid_.FilledCircle(at.x, at.y, kRadius, graph::OfStatus(point.Status));
+  if (!isLast) PlotGasChanges(profile, row, at);
+  PrevPlotTime_ = point.RunTime;
+  PrevPlotY_ = y;
+}
+
+void ProfilePlot::PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at) {
+  const auto nameOf = [&](int i) { return profile.Row(static_cast<std::int16_t>(i)).GasMixName; };
+  if (row == 0) {
+    PlotGasUsed(at, nameOf(1), LabelPlace::DownRight);
+  } else if (profile.Row(row).DoShow) {
+    if (nameOf(row + 1) != nameOf(row)) PlotGasUsed(at, nameOf(row + 1), LabelPlace::DownRight);
+  } else if (nameOf(row) != nameOf(row - 1)) {
+    constexpr double kRoomAtTheLeft = 1000;
+    grid_.Circle(at.x, at.y, kRadius, graph::kOrange);
+    PlotGasUsed(at, nameOf(row), at.x >= kRoomAtTheLeft ? LabelPlace::UpLeft : LabelPlace::DownRight);
+  }
+}
+
+void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place) {
+  const double width = grid_.TextWidth(text, true);
+  const double height = grid_.TextHeight(true);
+  const double x = at.x;
+  const double y = at.y;
+  if (place == LabelPlace::UpLeft) {
+    const double left = x - 500 - width - 40;
+    grid_.Line(x - 40, y - 70, x - 500, y - 250, kBlack);
+    grid_.Text(left, y - 250 - height, text, graph::kYellow, true);
+    grid_.Line(x - 500, y - 250, left, y - 250, kBlack);
+  } else {
+    grid_.Line(x + 70, y + 70, x + 500, y + 200, kBlack);
+    grid_.Text(x + 500, y + 200 - height, text, graph::kYellow, true);
+    grid_.Line(x + 500, y + 200, x + 500 + width + 40, y + 200, kBlack);
+  }
+}
+
+}  // namespace tav

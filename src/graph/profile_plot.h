@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "graph/graph_scale.h"
+#include "model/profile.h"
+#include "platform/drawing_surface.h"
+
+namespace tav {
+
+/// The greatest depth and run time of any row, at least 60.
+Single LargestDepth(const ClassProfile& profile);
+Single LargestTime(const ClassProfile& profile);
+
+/// Draws a plan as depth against run time: axes, rows, gas labels.
+class ProfilePlot {
+ public:
+  /// The plot goes on `grid`, the numbers of the depth axis on `container`, in which the plot lies 800 units from the
+  /// left and 300 from the top.
+  ProfilePlot(DrawingSurface& container, DrawingSurface& grid) : container_(container), grid_(grid) {}
+
+  /// Clears both surfaces and draws everything. The scale that results holds until the next call.
+  void Redraw(const ClassProfile& profile);
+  [[nodiscard]] const GraphScale& Scale() const { return scale_; }
+
+ private:
+  void Xaxis();
+  void Yaxis();
+  void PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast);
+  void PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at);
+  enum class LabelPlace { UpLeft, DownRight };
+  void PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place);
+
+  DrawingSurface& container_;
+  DrawingSurface& grid_;
+  GraphScale scale_;
+  Single PrevPlotTime_;
+  Single PrevPlotY_;
+};
+
+}  // namespace tav

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/user_actions.h"
+
+namespace tav {
+
+class DocumentForms;
+
+/// The states that a plan went through: actions and template, as far back as the document was opened. A state is taken
+/// whenever the plan has been drawn anew; one that is the same as the last does not count.
+class UndoHistory {
+ public:
+  explicit UndoHistory(DocumentForms& forms) : forms_(forms) {}
+
+  /// Takes the present state of a document.
+  void Record(std::int16_t document);
+  /// Forgets a document that has been closed.
+  void Forget(std::int16_t document) { histories_.erase(document); }
+
+  [[nodiscard]] bool CanUndo(std::int16_t document) const;
+  [[nodiscard]] bool CanRedo(std::int16_t document) const;
+  /// Puts the state before, or after, in force and computes the plan anew.
+  void Undo(std::int16_t document);
+  void Redo(std::int16_t document);
+
+ private:
+  struct State {
+    DiveTemplate diveTemplate;
+    ClassUseractions actions;
+    std::string text;  ///< both as a file would hold them, to tell states apart
+  };
+  struct History {
+    std::vector<State> states;
+    std::size_t present = 0;
+  };
+
+  void PutInForce(std::int16_t document, const State& state);
+
+  DocumentForms& forms_;
+  std::map<std::int16_t, History> histories_;
+  bool restoring_ = false;
+};
+
+}  // namespace tav

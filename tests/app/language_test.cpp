@@ -1,0 +1,147 @@
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <regex>
+#include <set>
+
+#include "app/error_report.h"
+#include "app/language_table.h"
+#include "app/languages_form.h"
+#include "persist/text_file.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kSource = TAV_SOURCE_DIR;
+
+void WriteFile(const fs::path& file, const std::string& text) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file) << text;
+}
+
+TEST(LanguageTable, ReadsEscapesAndKeepsBlanks) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "TAV_xx.dll";
+  WriteFile(file, "# comment\n\n1\t a\\tb\\r\\nc\\\\n \n999\tTest\n");
+  const LanguageTable table = LanguageTable::Read(file);
+  EXPECT_EQ(table.GetResString(1), " a\tb\r\nc\\n ");
+  EXPECT_EQ(table.GetResString(1234), "*StringID 1234*");
+  WriteFile(file, "1\tgood\nno number\n");
+  try {
+    LanguageTable::Read(file);
+    FAIL() << "a line without a number was accepted";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.Line(), 2);
+  }
+}
+
+TEST(LoadLanguage, FallsBackOnEnglishAndEndsWithoutIt) {
+  const test::ScratchFolder folder;
+  WriteFile(folder.Path() / "lang/TAV_uk.dll", "1\tone\n");
+  WriteFile(folder.Path() / "lang/TAV_uk.hlp", "help");
+  WriteFile(folder.Path() / "lang/TAV_de.hlp", "Hilfe");
+  struct {
+    std::string name;
+    bool loaded;
+    std::size_t boxes;
+    std::string help;
+  } const cases[] = {{"TAV_uk.dll", true, 0, "TAV_uk.hlp"},
+                     {"TAV_de.dll", true, 1, "TAV_de.hlp"},
+                     {"TAV_fr.dll", true, 1, "TAV_uk.hlp"},
+                     {"x", true, 1, "TAV_uk.hlp"}};
+  for (const auto& each : cases) {
+    HeadlessPlatform platform;
+    LanguageTable table;
+    const Language language = LoadLanguage(folder.Path(), each.name, table, platform.Services().boxes);
+    EXPECT_EQ(language.loaded, each.loaded) << each.name;
+    EXPECT_EQ(platform.boxes.size(), each.boxes) << each.name;
+    EXPECT_EQ(language.helpFile.filename(), each.help) << each.name;
+    EXPECT_EQ(table.GetResString(1), "one");
+  }
+  HeadlessPlatform platform;
+  LanguageTable table;
+  EXPECT_FALSE(LoadLanguage(folder.Path() / "lang", "TAV_uk.dll", table, platform.Services().boxes).loaded);
+  EXPECT_EQ(platform.boxes.size(), 2U);
+}
+
+/// Every number that stands in the code as the ID of a text has a text: arguments of T and GetResString, and the
+/// constants and tables of IDs.
+TEST(English, HasATextForEveryNumberInTheCode) {
+  const LanguageTable english = LanguageTable::Read(kSource / "lang/TAV_uk.dll");
+  const std::regex direct(R"((?:GetResString|\bT|\bWarn)\(([^;]*?)\))");
+  const std::regex constant(R"(constexpr int k\w+ = (\d{3,4});)");
+  const std::regex quoted(R"("(\d{4})\")");
+  const std::regex number(R"(\b(\d{4})\b)");
+  std::set<int> ids;
+  for (const auto& entry : fs::recursive_directory_iterator(kSource / "src")) {
+    const std::string folder = fs::relative(entry.path(), kSource / "src").begin()->string();
+    if (!std::set<std::string>{"app", "dialogs", "graph", "plan", "desktop"}.contains(folder)) continue;
+    if (entry.path().extension() != ".cpp") continue;
+    const std::string text = ReadTextFile(entry.path());
+    const auto collect = [&](const std::regex& pattern, bool within) {
+      for (std::sregex_iterator it(text.begin(), text.end(), pattern), end; it != end; ++it) {
+        const std::string found = (*it)[1].str();
+        if (!within) {
+          ids.insert(std::stoi(found));
+          continue;
+        }
+        for (std::sregex_iterator inner(found.begin(), found.end(), number); inner != end; ++inner) {
+          ids.insert(std::stoi((*inner)[1].str()));
+        }
+      }
+    };
+    collect(direct, true);
+    if (folder != "desktop") collect(constant, false);
+    collect(quoted, false);
+  }
+  EXPECT_GT(ids.size(), 100U);
+  for (const int id : ids) {
+    EXPECT_TRUE(id < 999 || id > 7100 || english.Has(id)) << "text " << id << " is missing";
+  }
+}
+
+TEST(LanguageDialog, ListsEveryTableAndStoresTheChoice) {
+  const test::ScratchFolder folder;
+  WriteFile(folder.Path() / "TAV_uk.dll", "999\tEnglish\n");
+  WriteFile(folder.Path() / "TAV_nl.dll", "999\tNederlands\n");
+  WriteFile(folder.Path() / "other.dll", "999\tOther\n");
+  HeadlessPlatform platform;
+  const TextSource texts;
+  frmLanguages dialog(platform, texts, folder.Path());
+  dialog.Load();
+  EXPECT_EQ(dialog.Option1.Items.Get(), (std::vector<std::string>{"Nederlands", "English"}));
+  EXPECT_EQ(dialog.Option1.SelectedItem, 1);
+  dialog.Option1.Select(0);
+  dialog.Command1.Press();
+  EXPECT_FALSE(dialog.IsLoaded());
+  EXPECT_EQ((platform.settings[{"", "Language"}]), "TAV_nl.dll");
+}
+
+TEST(ErrorReport, NamesNumberSourceAndDescription) {
+  HeadlessPlatform platform;
+  ReportRunTimeError({}, platform.Services().boxes);
+  EXPECT_TRUE(platform.boxes.empty());
+  ReportRunTimeError({13, "X", "type mismatch"}, platform.Services().boxes);
+  EXPECT_EQ(platform.LastBox().text,
+            "Error #  13 was generated by X\rtype mismatch\r\nPlease contact author with this information");
+  EXPECT_EQ(platform.LastBox().title, "Error");
+}
+
+TEST(EngineWarnings, JoinTextsValuesAndLimits) {
+  HeadlessPlatform platform;
+  const TextSource numbers;  // every text is its number
+  EngineWarnings warnings(platform.Services().boxes, numbers);
+  warnings.WarnEND(35.4, 30, true);
+  EXPECT_EQ(platform.LastBox().text, "*StringID 2400*35*StringID 2401*30*StringID 2402*");
+  EXPECT_EQ(platform.LastBox().title, "*StringID 6160*");
+  warnings.WarnPPO2High(1.614, 1.4, false);
+  EXPECT_EQ(platform.LastBox().text, "*StringID 2406*1.61*StringID 2409*1.40*StringID 2412*");
+  warnings.WarnPPO2Low(0.15, 0.18, true);
+  EXPECT_EQ(platform.LastBox().text, "*StringID 2406*0.15*StringID 2410*0.18*StringID 2408*");
+}
+
+}  // namespace
+}  // namespace tav

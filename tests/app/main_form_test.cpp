@@ -1,0 +1,289 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::HeadlessProgram;
+
+TEST(Start, OpensAnEmptyPlanBeforeTheNoticeAndShowsTheWindowAfterIt) {
+  HeadlessProgram p;
+  bool open = false;
+  p.platform.onModal.emplace_back([&](Form& form) {
+    auto& notice = dynamic_cast<frmLiability&>(form);
+    open = p.platform.documentWindows.size() == 1 && !p.view.shown;
+    EXPECT_TRUE(notice.cbSoundOff.Visible);
+    EXPECT_FALSE(notice.cbSoundOn.Visible);
+    notice.cbSoundOff.Press();
+    EXPECT_TRUE(notice.cbSoundOn.Visible);
+    notice.cbAgree.Press();
+  });
+  EXPECT_TRUE(p.program.Main({}));
+  EXPECT_TRUE(open);
+  EXPECT_TRUE(p.view.shown);
+  EXPECT_EQ(p.platform.sounds.size(), 1U);
+  EXPECT_EQ(p.platform.documentWindows.at(1).caption, "Plan 1 [Default.tpl]");
+  EXPECT_EQ((p.platform.settings[{"", "Sound"}]), "Off");
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST(Start, EndsWithoutAQuestionWhenTheNoticeIsRefused) {
+  HeadlessProgram p;
+  p.platform.onModal.emplace_back([](Form& form) { dynamic_cast<frmLiability&>(form).cbNoAgree.Press(); });
+  EXPECT_FALSE(p.program.Main({}));
+  EXPECT_FALSE(p.view.shown);
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST(Start, SwitchesShowTheirModels) {
+  struct {
+    std::vector<std::string> arguments;
+    bool vpm, hybrid, separator;
+  } const cases[] = {{{}, false, false, false},
+                     {{"/vpm"}, true, false, true},
+                     {{"/hybrid", "/hybrid"}, false, true, true},
+                     {{"/VPM"}, false, false, false},
+                     {{"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "/vpm"}, false, false, false}};
+  for (const auto& each : cases) {
+    HeadlessProgram p;
+    ASSERT_TRUE(p.Start(each.arguments));
+    EXPECT_EQ(p.Main().mnuVPM.Visible, each.vpm);
+    EXPECT_EQ(p.Main().mnuHybrid.Visible, each.hybrid);
+    EXPECT_EQ(p.Main().mnualgsep.Visible, each.separator);
+  }
+}
+
+TEST(Start, OpensTheFilesThatAreNamedAndReportsThoseThatAreNot) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("trimix-100.tav").string(), "missing.tav"}));
+  EXPECT_EQ(p.platform.documentWindows.size(), 2U);
+  EXPECT_EQ(p.platform.boxes.size(), 1U);
+  EXPECT_EQ(p.Document().ProfileName, "trimix-100.tav");
+}
+
+TEST(MainMenu, EveryEntryHasATextAndAUniqueKey) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  std::vector<std::string> keys;
+  for (const MenuEntry& entry : p.Main().Menu()) {
+    EXPECT_FALSE(entry.item->Caption.Get().empty()) << entry.item->Name();
+    EXPECT_EQ(entry.item->Caption.Get().find("*StringID"), std::string::npos) << entry.item->Name();
+    if (!entry.item->Shortcut.empty()) keys.push_back(entry.item->Shortcut);
+  }
+  std::sort(keys.begin(), keys.end());
+  EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end());
+  EXPECT_EQ(p.Main().ToolBar().size(), 18U);
+  EXPECT_EQ(p.Main().Tool(9).Name(), "OpenCircuit");
+  EXPECT_EQ(p.Main().Tool(16).Name(), "Multilevel");
+}
+
+TEST(Models, MarksAndFlagsExcludeEachOther) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({"/vpm", "/hybrid"}));
+  frmMain& main = p.Main();
+  const auto marks = [&] {
+    return std::vector<bool>{main.mnuBulhmannB.Checked, main.mnuBulhmannC.Checked, main.mnuVPM.Checked,
+                             main.mnuHybrid.Checked};
+  };
+  main.mnuVPM.Choose();
+  EXPECT_EQ(marks(), (std::vector<bool>{false, false, true, false}));
+  EXPECT_TRUE(p.program.Forms().Services().model.VPMMode);
+  main.mnuHybrid.Choose();
+  EXPECT_EQ(marks(), (std::vector<bool>{true, false, false, true}));
+  EXPECT_FALSE(p.program.Forms().Services().model.VPMMode);
+  EXPECT_TRUE(p.program.Forms().Services().model.HybridMode);
+  main.mnuBulhmannC.Choose();
+  EXPECT_EQ(marks(), (std::vector<bool>{false, true, false, true}));
+  main.mnuHybrid.Choose();
+  EXPECT_FALSE(p.program.Forms().Services().model.HybridMode);
+}
+
+TEST(BreathingMode, TwiceGivesTheStartAgainAndFollowsTheActiveDocument) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& main = p.Main();
+  const std::string caption = main.mnuOC.Caption;
+  main.mnuOC.Choose();
+  EXPECT_FALSE(p.Document().Template.OpenCircuit);
+  EXPECT_EQ(main.Tool(9).Image.Get(), "constppo2");
+  EXPECT_NE(main.mnuOC.Caption.Get(), caption);
+  main.mnuNewProfile.Choose();
+  EXPECT_TRUE(main.OpenCircuitMode);
+  p.Document().Modified = false;
+  p.Document(1).Modified = false;
+  p.platform.Activate(1);
+  EXPECT_FALSE(main.OpenCircuitMode);
+  EXPECT_FALSE(p.Document(1).Modified || p.Document(2).Modified) << "switching windows changes no plan";
+  main.mnuOC.Choose();
+  EXPECT_EQ(main.mnuOC.Caption.Get(), caption);
+}
+
+TEST(Commands, FollowThePlan) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& main = p.Main();
+  const auto states = [&] {
+    return std::vector<bool>{main.mnuStartAscent.Enabled, main.Tool(6).Enabled, main.mnuSurface.Enabled,
+                             main.mnucleardecopoints.Enabled, main.mnuUndo.Enabled};
+  };
+  EXPECT_EQ(states(), (std::vector<bool>{false, false, false, false, false}));
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
+  EXPECT_EQ(states(), (std::vector<bool>{true, true, false, false, true}));
+  main.mnuStartAscent.Choose();
+  EXPECT_EQ(states(), (std::vector<bool>{false, false, true, true, true}));
+  main.mnucleardecopoints.Choose();
+  EXPECT_EQ(states(), (std::vector<bool>{true, true, false, false, true}));
+  EXPECT_FALSE(main.mnuDiveInformation.Enabled) << "there is no window behind it";
+}
+
+TEST(Undo, GoesBackToTheOpenedPlanAndForwardAgain) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& main = p.Main();
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
+  main.mnuStartAscent.Choose();
+  const ClassProfile dived = p.Editor().InputProfile;
+  p.Document().Template.GFLow = 0.2;
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  main.mnuUndo.Choose();
+  EXPECT_EQ(double{p.Document().Template.GFLow}, double{Single(0.3)});
+  ASSERT_EQ(p.Editor().InputProfile.GetLength(), dived.GetLength());
+  EXPECT_EQ(double{p.Editor().InputProfile.GetRunTime(dived.GetLength())}, double{dived.GetRunTime(dived.GetLength())});
+  main.mnuUndo.Choose();
+  main.mnuUndo.Choose();
+  EXPECT_EQ(p.Editor().UserActions.GetLength(), 0);
+  EXPECT_FALSE(main.mnuUndo.Enabled);
+  for (int i = 0; i < 3; ++i) main.mnuRedo.Choose();
+  EXPECT_EQ(double{p.Document().Template.GFLow}, double{Single(0.2)});
+  EXPECT_EQ(p.Editor().UserActions.GetLength(), 2);
+  EXPECT_FALSE(main.mnuRedo.Enabled);
+}
+
+TEST(Files, SaveAsksForANameOnceAndKeepsTheWindowWhenItFails) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& main = p.Main();
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
+  EXPECT_FALSE(main.SaveProfileCommand(false)) << "the dialog was given up";
+  p.platform.filesChosen.emplace_back("/nowhere/at/all/plan.tav");
+  EXPECT_FALSE(main.SaveProfileCommand(false));
+  EXPECT_EQ(p.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_TRUE(p.Document().Modified);
+  const auto file = p.folder.Path() / "plan.tav";
+  p.platform.filesChosen.push_back(file);
+  EXPECT_TRUE(main.SaveProfileCommand(false));
+  EXPECT_FALSE(p.Document().Modified);
+  EXPECT_TRUE(main.SaveProfileCommand(false));
+  EXPECT_EQ(p.platform.fileDialogs.size(), 3U) << "a plan that has a file is saved without a question";
+  EXPECT_EQ(p.platform.documentWindows.at(1).caption, "plan.tav [Default.tpl]");
+
+  HeadlessProgram again;
+  ASSERT_TRUE(again.Start({file.string()}));
+  EXPECT_EQ(again.Editor().UserActions, p.Editor().UserActions);
+}
+
+TEST(Files, ABrokenPlanAddsNoWindow) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto file = p.folder.Path() / "broken.tav";
+  std::ofstream(file) << test::FileText(HeadlessProgram::Dive("wreck.tav")).substr(0, 700);
+  p.platform.filesChosen.push_back(file);
+  p.Main().mnuOpen.Choose();
+  EXPECT_EQ(p.platform.documentWindows.size(), 1U);
+  EXPECT_NE(p.platform.LastBox().text.find(file.string() + ":"), std::string::npos) << p.platform.LastBox().text;
+}
+
+TEST(Files, RecentPlansAreInTheMenuNewestFirst) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("wreck.tav").string(), HeadlessProgram::Dive("nitrox.tav").string()}));
+  std::vector<MenuItem*> recent;
+  for (const MenuEntry& entry : p.Main().Menu()) {
+    if (entry.item->Name() == "recent") recent.push_back(entry.item);
+  }
+  ASSERT_EQ(recent.size(), 2U);
+  EXPECT_EQ(recent[0]->Caption.Get(), HeadlessProgram::Dive("nitrox.tav").string());
+  recent[1]->Choose();
+  EXPECT_EQ(p.Document().ProfileName, "wreck.tav");
+  p.Main().mnuClearRecent.Choose();
+  EXPECT_FALSE(p.Main().mnuRecent.Enabled);
+}
+
+TEST(Templates, LoadingOneWithoutAPlanSetsWhatNewPlansBeginWith) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Main().CloseDocument(1));
+  const auto imperial = std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl";
+  p.platform.filesChosen.push_back(imperial);
+  p.Main().mnuLoadTemplate.Choose();
+  EXPECT_FALSE(p.Document(0).Template.Metric);
+  p.Main().mnuNewProfile.Choose();
+  EXPECT_EQ(p.Active(), 1) << "the slot is used again";
+  EXPECT_FALSE(p.Document().Template.Metric);
+}
+
+TEST(Templates, ABrokenOneLeavesThePlanAlone) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto file = p.folder.Path() / "broken.tpl";
+  std::ofstream(file) << "Start Template Block\r\nMetric=perhaps\r\nEnd Template Block\r\n";
+  p.platform.filesChosen.push_back(file);
+  p.Main().mnuLoadTemplate.Choose();
+  EXPECT_NE(p.platform.LastBox().text.find("is not a valid template file, ignored"), std::string::npos);
+  EXPECT_TRUE(p.Document().Template.Metric);
+  EXPECT_FALSE(p.Document().Modified);
+}
+
+TEST(Closing, AsksOncePerSeriesAndCancelKeepsEverything) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("lake-series.tav").string()}));
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(5, 10, 0)) << "a leg behind the ascent of the second dive";
+  p.platform.answers = {BoxAnswer::Cancel};
+  EXPECT_FALSE(p.Main().Unload(true));
+  EXPECT_EQ(p.platform.boxes.size(), 1U);
+  EXPECT_EQ(p.platform.documentWindows.size(), 3U);
+  p.platform.answers = {BoxAnswer::No};
+  EXPECT_TRUE(p.Main().Unload(true));
+  EXPECT_EQ(p.platform.boxes.size(), 2U);
+  EXPECT_TRUE(p.platform.documentWindows.empty());
+  EXPECT_TRUE((p.platform.settings.contains({"Settings", "MainLeft"})));
+}
+
+TEST(Recovery, APlanLostWithItsProcessIsOfferedAtTheNextStart) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(42.3, 20, 0));
+  p.Main().KeepRecovery();
+  const auto folder = RecoveryFolder();
+  const auto kept = std::distance(std::filesystem::directory_iterator(folder), {});
+  EXPECT_EQ(kept, 2);
+  // As if another process had written it, one that cannot run: numbers end far below.
+  for (const char* extension : {".tav", ".path"}) {
+    const std::string own = "recovery-" + std::to_string(::getpid()) + "-1";
+    std::filesystem::rename(folder / (own + extension), folder / (std::string("recovery-99999999-1") + extension));
+  }
+  p.platform.answers = {BoxAnswer::Yes};
+  p.Main().OfferRecovery();
+  EXPECT_EQ(p.platform.documentWindows.size(), 2U);
+  EXPECT_EQ(double{p.Editor().UserActions.getDepth(1)}, double{Single(42.3)});
+  EXPECT_TRUE(p.Document().Modified);
+  EXPECT_TRUE(p.Document().ProfileFolder.empty()) << "it has no file before the user gives it one";
+  p.platform.filesChosen.push_back(p.folder.Path() / "saved.tav");
+  EXPECT_TRUE(p.Main().SaveProfileCommand(false));
+  p.Document(1).Modified = false;
+  p.Main().KeepRecovery();
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 0) << "saved plans leave no copies";
+}
+
+TEST(Help, OpensTheGuideOfTheLanguage) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  p.Main().mnuHelpSearch.Choose();
+  ASSERT_EQ(p.platform.helpShown.size(), 1U);
+  EXPECT_EQ(p.platform.helpShown[0].first.filename(), "TAV_uk.hlp");
+  EXPECT_EQ(p.platform.helpShown[0].second, HelpViewer::Page::Search);
+}
+
+}  // namespace
+}  // namespace tav

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "platform/headless/headless_platform.h"
+#include "support/scratch_folder.h"
+
+namespace tav::test {
+
+/// The main window of a program without a screen.
+struct HeadlessMainView : MainView {
+  void Attach(frmMain& form) override { attached = &form; }
+  void Place(const Placement& placement) override { place = placement; }
+  [[nodiscard]] Placement PlaceNow() const override { return place; }
+  [[nodiscard]] bool IsMinimised() const override { return minimised; }
+  void ShowWindow() override { shown = true; }
+  void MenuChanged() override {}
+  void ResetZoom(std::int16_t /*document*/) override {}
+  bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
+    exported = file;
+    return true;
+  }
+
+  frmMain* attached = nullptr;
+  Placement place;
+  bool minimised = false;
+  bool shown = false;
+  std::string exported;
+};
+
+/// The whole program on the headless platform, with the shipped data and a user's folder of its own.
+struct HeadlessProgram {
+  HeadlessProgram() {
+    platform.onActivate = [this](std::int16_t) {
+      if (program.HasMainForm()) program.MainForm().DocumentActivated();
+    };
+  }
+
+  /// Starts it, and agrees to the notice.
+  bool Start(const std::vector<std::string>& arguments = {}) {
+    platform.onModal.emplace_back([](Form& form) { dynamic_cast<frmLiability&>(form).cbAgree.Press(); });
+    return program.Main(arguments);
+  }
+
+  frmMain& Main() { return program.MainForm(); }
+  std::int16_t Active() { return platform.Services().documentWindows.ActiveDocument().value_or(-1); }
+  frmWaypointEditor& Editor() { return program.Forms()(Active()); }
+  DocumentState& Document(std::int16_t n) { return program.Forms().Services().documents(n); }
+  DocumentState& Document() { return Document(Active()); }
+  static std::filesystem::path Dive(const std::string& name) {
+    return std::filesystem::path(TAV_SOURCE_DIR) / "dives" / name;
+  }
+
+  /// Copies for recovery lie beside the settings; set before the program asks where that is.
+  struct SettingsFolder {
+    explicit SettingsFolder(const std::filesystem::path& path) {
+      ::setenv("XDG_CONFIG_HOME", path.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+    }
+  };
+
+  ScratchFolder folder;
+  SettingsFolder settingsFolder{folder.Path() / "config"};
+  HeadlessPlatform platform;
+  HeadlessMainView view;
+  Program program{platform, view, ProgramFolders(TAV_SOURCE_DIR, folder.Path() / "data"), "no window system\n"};
+};
+
+inline std::string FileText(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace tav::test
