@@ -8,7 +8,6 @@
 #include "desktop/form_binder.h"
 #include "desktop/surface_widget.h"
 #include "graph/graph_colours.h"
-#include "graph/offset_surface.h"
 
 namespace tav {
 namespace {
@@ -81,7 +80,9 @@ void GraphView::TemplateChanged() {
   const TextSource& texts = forms_.Services().texts;
   time_->setText(ToQt(texts.GetResString(kTimeTitle)));
   ceiling_->setText(ToQt(texts.GetResString(kCeilingTitle)));
-  depth_->setText(ToQt(graph_.DepthTitle()));
+  QStringList letters;
+  for (const std::string& letter : graph_.DepthLetters()) letters << ToQt(letter);
+  depth_->setText(letters.join(QLatin1Char('\n')));
   LayOut();
 }
 
@@ -236,29 +237,14 @@ void GraphView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void GraphView::Compose(QPainter& painter, double width, double height) {
-  // The plot as wide as the picture, so that nothing has to be scrolled; the bars below it.
-  PainterSurface whole(painter, width, height);
-  whole.Clear(graph::kBackground);
-  const double plotHeight = 3 * height / 4;
-  OffsetSurface container(whole, 0, 0, width, plotHeight);
-  OffsetSurface grid(whole, 800, 300, width - 800, plotHeight - 300);
-  OffsetSurface bars(whole, 0, plotHeight + 100, width - 100, height / 4 - 200);
-  ProfileGraph picture(forms_, document_, *this);
-  picture.RedrawProfile(container, grid, bars);
-  const TextSource& texts = forms_.Services().texts;
-  whole.Text(width / 2, 40, texts.GetResString(kTimeTitle), kBlack, false);
-  whole.Text(150, 40, texts.GetResString(kCeilingTitle) + " " + FromQt(ceilingNumber_->text()), kBlack, false);
-  Redraw();  // the drawing fields of the rates are those of the screen again
-}
-
 bool GraphView::ExportPng(const QString& file) {
   constexpr double kScale = 2;
   QImage image(size() * kScale, QImage::Format_RGB32);
   image.setDevicePixelRatio(kScale);
   {
     QPainter painter(&image);
-    Compose(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    PainterSurface surface(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    graph_.DrawPicture(surface);
   }
   QSaveFile out(file);
   return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
@@ -273,7 +259,8 @@ bool GraphView::ExportSvg(const QString& file) {
   generator.setViewBox(rect());
   {
     QPainter painter(&generator);
-    Compose(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    PainterSurface surface(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    graph_.DrawPicture(surface);
   }
   return out.commit();
 }

@@ -57,7 +57,6 @@ class GraphView : public QWidget, public GraphWindow {
   void ScrollTo(int value);
   void GridMouse(QEvent* event);
   void Zoom(double factor, double atPixel);
-  void Compose(QPainter& painter, double width, double height);
 
   DocumentForms& forms_;
   std::int16_t document_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graph/profile_plot.h"
+
 namespace tav {
 
 struct GraphRect {
@@ -25,7 +27,7 @@ struct GraphLayout {
 inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeight, double timeZoom) {
   GraphLayout layout;
   layout.mainContainer = {0, 0, width > 20 ? width - 20 : width, 3 * height / 4};
-  layout.axisContainer = {800, 300, width, height};
+  layout.axisContainer = {kPlotPlaceX, kPlotPlaceY, width, height};
   // The bars begin where the scroll bar ends, so that their title is not covered.
   layout.compartments = {0, 3 * height / 4 - 45, width - 100, height / 4 - 300};
   layout.grid = {0, 0, 2 * width * timeZoom, height};
@@ -35,5 +37,9 @@ inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeig
   layout.smallChange = layout.grid.width / 10;
   return layout;
 }
+
+/// Where the scroll bar must stand after the plot became `factor` times as wide, for the point at `x` of the plot, so
+/// far scrolled by `scroll`, to stay where it is on the screen.
+inline double ScrollKeeping(double x, double scroll, double factor) { return x * factor - (x - scroll); }
 
 }  // namespace tav

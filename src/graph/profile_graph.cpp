@@ -5,13 +5,16 @@
 #include "graph/compartment_bars.h"
 #include "graph/graph_colours.h"
 #include "graph/leg_preview.h"
+#include "graph/offset_surface.h"
 #include "model/number_text.h"
 
 namespace tav {
 namespace {
 
 constexpr int kCompartmentTitle = 1308;
-constexpr int kDepthLetters = 1502;
+constexpr int kTimeTitle = 1501;
+constexpr int kDepthTitle = 1502;
+constexpr int kCeilingTitle = 1503;
 constexpr int kMetres = 1222;
 constexpr int kFeet = 1223;
 constexpr int kTipDepth = 7028;
@@ -44,17 +47,40 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   lastPoint_ = scale_.WorldToScreen(last.RunTime, -last.Depth);
   dragPoint_ = lastPoint_;
   ShowCompartmentLoad(bars, last.PercentCompartments, T(kCompartmentTitle));
-  ShowLastCeiling();
+  const CeilingText ceiling = LastCeiling();
+  window_.ShowCeiling(ceiling.text, ceiling.colour);
 }
 
-void ProfileGraph::ShowLastCeiling() {
+ProfileGraph::CeilingText ProfileGraph::LastCeiling() const {
   const ClassProfile& rows = Editor().InputProfile;
-  if (rows.GetLength() == 0) {
-    window_.ShowCeiling("0", kBlack);
-    return;
-  }
+  if (rows.GetLength() == 0) return {"0", kBlack};
   const Single ceiling = rows.GetCeiling(rows.GetLength());
-  window_.ShowCeiling(FormatFixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow);
+  return {FormatFixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow};
+}
+
+void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
+  constexpr double kMargin = 100;
+  const double width = picture.Width();
+  const double barsTop = 0.75 * picture.Height();
+  picture.Clear(graph::kBackground);
+  OffsetSurface container(picture, 0, 0, width, barsTop);
+  OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, barsTop - kPlotPlaceY);
+  OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
+  const ClassProfile& rows = Editor().InputProfile;
+  ProfilePlot(container, grid).Redraw(rows);
+  ShowCompartmentLoad(bars, rows.Row(rows.GetLength()).PercentCompartments, T(kCompartmentTitle));
+
+  const std::string ceilingTitle = T(kCeilingTitle) + " ";
+  const CeilingText ceiling = LastCeiling();
+  picture.Text(kMargin, kMargin, ceilingTitle, kBlack);
+  picture.Text(kMargin + picture.TextWidth(ceilingTitle), kMargin, ceiling.text, ceiling.colour, true);
+  picture.Text(width / 2, kMargin, T(kTimeTitle), kBlack);
+  const std::vector<std::string> letters = DepthLetters();
+  double y = (barsTop - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
+  for (const std::string& letter : letters) {
+    picture.Text(2 * kMargin - picture.TextWidth(letter) / 2, y, letter, kBlack);
+    y += picture.TextHeight();
+  }
 }
 
 std::optional<std::int16_t> ProfileGraph::RowAt(Single x, Single y) const {
@@ -69,9 +95,10 @@ std::optional<std::int16_t> ProfileGraph::RowAt(Single x, Single y) const {
   return std::nullopt;
 }
 
-void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& /*grid*/) {
+void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& grid) {
   Editor().MarkModified();
   if (right) {
+    CancelDrag(grid);
     window_.ShowPopup();
     return;
   }
@@ -97,27 +124,33 @@ void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSur
   UpdateReadOut(dragPoint_);
 }
 
+WorldPoint ProfileGraph::BelowSurface(ScreenPoint at) const {
+  WorldPoint world = scale_.ScreenToWorld(at.x, at.y);
+  if (world.y > 0) world.y = 0;
+  return world;
+}
+
 void ProfileGraph::UpdateReadOut(ScreenPoint at) {
-  const WorldPoint world = scale_.ScreenToWorld(at.x, at.y);
-  const Single depth = world.y > 0 ? 0.0 : -world.y;
+  const WorldPoint world = BelowSurface(at);
   window_.ShowReadOut(
       at.x + 50, at.y + 50,
-      FormatFixed(depth, 1) + (Template().Metric ? " m. " : " ft. ") + FormatFixed(world.time, 1) + " Min.");
+      FormatFixed(-world.y, 1) + (Template().Metric ? " m. " : " ft. ") + FormatFixed(world.time, 1) + " Min.");
 }
 
 void ProfileGraph::MouseUp(DrawingSurface& grid) {
   if (!dragging_) return;
+  const WorldPoint released = BelowSurface(dragPoint_);
+  CancelDrag(grid);
+  window_.NewWaypoint(-released.y, released.time - Editor().CurrentRunTime());
+}
+
+void ProfileGraph::CancelDrag(DrawingSurface& grid) {
+  if (!dragging_) return;
   dragging_ = false;
   window_.HideReadOut();
-  {
-    const ExclusiveOr mode(grid);
-    DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
-  }
-  const ScreenPoint released = dragPoint_;
+  const ExclusiveOr mode(grid);
+  DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
   dragPoint_ = lastPoint_;
-  if (released == lastPoint_) return;  // pressed and let go: nothing was drawn
-  const WorldPoint world = scale_.ScreenToWorld(released.x, released.y);
-  window_.NewWaypoint(-world.y, world.time - Editor().CurrentRunTime());
 }
 
 std::string ProfileGraph::TipAt(Single x, Single y) const {
@@ -142,15 +175,16 @@ std::string ProfileGraph::TipAt(Single x, Single y) const {
          FormatFixed(nearest->Ceiling, 1) + LengthUnit();
 }
 
-std::string ProfileGraph::DepthTitle() const {
-  std::string title;
-  for (const char letter : T(kDepthLetters)) {
-    // Letters of more than one byte stay together.
-    const bool continues = (static_cast<unsigned char>(letter) & 0xC0U) == 0x80U;
-    if (!title.empty() && !continues) title += "\n";
-    title += letter;
+std::vector<std::string> ProfileGraph::DepthLetters() const {
+  std::vector<std::string> letters;
+  for (const char byte : T(kDepthTitle)) {
+    // The bytes of one UTF-8 letter stay together.
+    const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+    if (letters.empty() || !continues) letters.emplace_back();
+    letters.back() += byte;
   }
-  return title + "\n" + T(Template().Metric ? kMetres : kFeet);
+  letters.push_back(T(Template().Metric ? kMetres : kFeet));
+  return letters;
 }
 
 }  // namespace tav

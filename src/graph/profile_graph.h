@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "graph/profile_plot.h"
 #include "plan/document_forms.h"
@@ -23,7 +24,8 @@ class GraphWindow {
   virtual void ShowCeiling(const std::string& text, Colour colour) = 0;
   virtual void ShowCross(bool cross) = 0;
   virtual void ShowPopup() = 0;
-  /// A drag has ended: a waypoint at that depth, that many minutes after the last row.
+  /// A drag has ended: a waypoint at that depth, 0 or more, that many minutes after the last row. The minutes are below
+  /// 0 when the drag went to the left of it.
   virtual void NewWaypoint(Single depth, Single segmentTime) = 0;
   /// A row was clicked.
   virtual void ViewRow(std::int16_t row) = 0;
@@ -38,22 +40,36 @@ class ProfileGraph {
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
   void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars);
 
+  /// Draws all of the plan on one surface, with the titles, for a picture: the plot is as wide as there is room, and
+  /// nothing is scrolled or cut off. Changes nothing else.
+  void DrawPicture(DrawingSurface& picture) const;
+
+  /// The right button opens the menu, and ends a drag that is under way.
   void MouseDown(bool right, Single x, Single y, DrawingSurface& grid);
   /// `visibleWidth` is that of the window: the pointer is a cross within it.
   void MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid);
+  /// Ends a drag with a new waypoint at its last position inside the plot.
   void MouseUp(DrawingSurface& grid);
+  /// Ends a drag without a waypoint.
+  void CancelDrag(DrawingSurface& grid);
   [[nodiscard]] bool Dragging() const { return dragging_; }
 
   /// The row that a click there means: within half a minute and half a depth unit.
   [[nodiscard]] std::optional<std::int16_t> RowAt(Single x, Single y) const;
   /// What to tell of the row nearest to a point, if one is near.
   [[nodiscard]] std::string TipAt(Single x, Single y) const;
-  /// The letters of the depth axis' title, one below the other, and the unit.
-  [[nodiscard]] std::string DepthTitle() const;
+  /// The title of the depth axis, to be written downwards: its letters, then the unit.
+  [[nodiscard]] std::vector<std::string> DepthLetters() const;
 
  private:
-  void ShowLastCeiling();
+  struct CeilingText {
+    std::string text;
+    Colour colour = kBlack;
+  };
+  [[nodiscard]] CeilingText LastCeiling() const;
   void UpdateReadOut(ScreenPoint at);
+  /// What a point of a drag means; above the surface it means the surface.
+  [[nodiscard]] WorldPoint BelowSurface(ScreenPoint at) const;
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
   [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
   [[nodiscard]] std::string T(int id) const { return forms_.Services().texts.GetResString(id); }

@@ -10,8 +10,6 @@
 namespace tav {
 namespace {
 
-constexpr double kPlotLeft = 800;  // of the plot within its container
-constexpr double kPlotTop = 300;
 constexpr double kRadius = 50;
 constexpr double kSmallest = 60;
 
@@ -53,7 +51,7 @@ void ProfilePlot::Xaxis() {
     const double x = scale_.WorldToScreen(v, 0).x;
     grid_.Line(x, scale_.PlotBottom, x, scale_.PlotTop - 100, graph::kGrey);
     const std::string number = FormatFixed(v, 0);
-    grid_.Text(x - grid_.TextWidth(number) / 2, scale_.PlotTop - 100 - grid_.TextHeight(), number, kBlack);
+    grid_.Text(x - grid_.TextWidth(number) / 2, scale_.PlotTop - 200, number, kBlack);
   }
 }
 
@@ -61,8 +59,8 @@ void ProfilePlot::Yaxis() {
   constexpr int kSteps = 15;
   const int step = std::max(1, Whole((scale_.WorldTop - scale_.WorldBottom) / kSteps));
   const double top = scale_.WorldToScreen(0, scale_.WorldTop).y;
-  const double axis = scale_.PlotLeft + kPlotLeft;
-  container_.Line(axis - 20, top + kPlotTop, axis - 20, container_.Height(), graph::kWhite);
+  const double axis = scale_.PlotLeft + kPlotPlaceX;
+  container_.Line(axis - 20, top + kPlotPlaceY, axis - 20, container_.Height(), graph::kWhite);
   grid_.Line(scale_.PlotLeft, top, scale_.PlotRight, top, graph::kWhite);
   const int last = Whole(-scale_.WorldBottom - step);
   for (int d = Whole(scale_.WorldTop + step); d <= last; d += step) {
@@ -70,9 +68,9 @@ void ProfilePlot::Yaxis() {
     grid_.Line(scale_.PlotLeft, y, scale_.PlotRight, y, graph::kGrey, DrawingSurface::LineStyle::Dotted);
     grid_.Line(scale_.PlotLeft - 100, y, scale_.PlotLeft, y, graph::kGrey);
     const std::string number = FormatFixed(d, 0);
-    container_.Text(axis - 200 - container_.TextWidth(number), y + kPlotTop - container_.TextHeight() / 2, number,
+    container_.Text(axis - 200 - container_.TextWidth(number), y + kPlotPlaceY - container_.TextHeight() / 2, number,
                     kBlack);
-    container_.Line(axis - 100, y + kPlotTop, axis, y + kPlotTop, graph::kWhite);
+    container_.Line(axis - 100, y + kPlotPlaceY, axis, y + kPlotPlaceY, graph::kWhite);
   }
 }
 
@@ -80,10 +78,10 @@ void ProfilePlot::PlotWayPoint(const ClassProfile& profile, std::int16_t row, bo
   const Waypoint& point = profile.Row(row);
   const Single y = -point.Depth;
   const ScreenPoint at = scale_.WorldToScreen(point.RunTime, y);
-  const ScreenPoint before = scale_.WorldToScreen(PrevPlotTime_, PrevPlotY_);
-  grid_.Line(before.x, before.y, at.x, at.y, graph::kWhite);
   if (point.DoShow) grid_.FilledCircle(at.x, at.y, kRadius, graph::OfStatus(point.Status));
   if (!isLast) PlotGasChanges(profile, row, at);
+  const ScreenPoint before = scale_.WorldToScreen(PrevPlotTime_, PrevPlotY_);
+  grid_.Line(before.x, before.y, at.x, at.y, graph::kWhite);
   PrevPlotTime_ = point.RunTime;
   PrevPlotY_ = y;
 }

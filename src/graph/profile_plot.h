@@ -8,6 +8,10 @@
 
 namespace tav {
 
+/// Where the plot lies within its container.
+constexpr double kPlotPlaceX = 800;
+constexpr double kPlotPlaceY = 300;
+
 /// The greatest depth and run time of any row, at least 60.
 Single LargestDepth(const ClassProfile& profile);
 Single LargestTime(const ClassProfile& profile);
