@@ -54,8 +54,11 @@ void frmContributers::Form_Load() {
   cbOK.Caption = texts_.GetResString(1210);
 }
 
-frmSystemInformation::frmSystemInformation(const Platform& platform, const TextSource& texts, std::string information)
-    : Form("frmSystemInformation"), platform_(platform), texts_(texts), information_(std::move(information)) {
+frmSystemInformation::frmSystemInformation(Platform platform, const TextSource& texts, std::string information)
+    : Form("frmSystemInformation"),
+      platform_(std::move(platform)),
+      texts_(texts),
+      information_(std::move(information)) {
   cbCopy.Click = [this] { platform_.clipboard.SetText(information_); };
   cbOK.Default = true;
   cbOK.Cancel = true;

@@ -52,7 +52,7 @@ class frmContributers : public Form {
 
 class frmSystemInformation : public Form {
  public:
-  frmSystemInformation(const Platform& platform, const TextSource& texts, std::string information);
+  frmSystemInformation(Platform platform, const TextSource& texts, std::string information);
 
   TextView tvInformation{*this, "tvInformation"};
   Button cbCopy{*this, "cbCopy"};

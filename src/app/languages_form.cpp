@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 #include "app/language_table.h"
 #include "persist/text_file.h"
@@ -9,8 +10,8 @@
 
 namespace tav {
 
-frmLanguages::frmLanguages(const Platform& platform, const TextSource& texts, std::filesystem::path folder)
-    : Form("frmLanguages"), platform_(platform), texts_(texts), folder_(std::move(folder)) {
+frmLanguages::frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder)
+    : Form("frmLanguages"), platform_(std::move(platform)), texts_(texts), folder_(std::move(folder)) {
   Command1.Default = true;
   Command1.Click = [this] { Command1_Click(); };
   Command2.Cancel = true;

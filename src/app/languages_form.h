@@ -15,7 +15,7 @@ namespace tav {
 /// Chooses the language of the next start: one entry for each table in the language folder.
 class frmLanguages : public Form {
  public:
-  frmLanguages(const Platform& platform, const TextSource& texts, std::filesystem::path folder);
+  frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder);
 
   Label Label1{*this, "Label1"};
   Frame Frame1{*this, "Frame1"};

@@ -1,5 +1,7 @@
 #include "app/main_form.h"
 
+#include <utility>
+
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "platform/localize_form.h"
@@ -14,7 +16,7 @@ constexpr int kNoHelpFile = 1065;
 
 }  // namespace
 
-frmMain::frmMain(const MainServices& services) : Form("frmMain"), services_(services) {
+frmMain::frmMain(MainServices services) : Form("frmMain"), services_(std::move(services)) {
   BuildMenu();
   BuildToolBar();
   Wire();

@@ -15,7 +15,7 @@ namespace tav {
 /// on the active document window, and does nothing when there is none.
 class frmMain : public Form {
  public:
-  explicit frmMain(const MainServices& services);
+  explicit frmMain(MainServices services);
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNewProfile{*this, "mnuNewProfile"};

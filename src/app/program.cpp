@@ -33,8 +33,8 @@ fs::path RecoveryFolder() {
   return fs::path(home == nullptr ? "." : home) / ".config" / "TAV";
 }
 
-Program::Program(const Platform& platform, MainView& view, ProgramFolders folders, std::string systemInformation)
-    : platform_(platform),
+Program::Program(Platform platform, MainView& view, ProgramFolders folders, std::string systemInformation)
+    : platform_(std::move(platform)),
       view_(view),
       folders_(std::move(folders)),
       systemInformation_(std::move(systemInformation)),

@@ -13,7 +13,7 @@ namespace tav {
 /// The program from its entry point to the first empty document: owns the documents and all that works on them.
 class Program {
  public:
-  Program(const Platform& platform, MainView& view, ProgramFolders folders, std::string systemInformation);
+  Program(Platform platform, MainView& view, ProgramFolders folders, std::string systemInformation);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
   ~Program();

@@ -11,8 +11,8 @@ bool SoundIsOn(const SettingsStore& settings) {
   return sound.empty() || sound == "On";
 }
 
-frmSplash::frmSplash(const Platform& platform, std::filesystem::path soundFile)
-    : Form("frmSplash"), platform_(platform), soundFile_(std::move(soundFile)) {}
+frmSplash::frmSplash(Platform platform, std::filesystem::path soundFile)
+    : Form("frmSplash"), platform_(std::move(platform)), soundFile_(std::move(soundFile)) {}
 
 void frmSplash::Form_Load() {
   Caption = "TAV";
@@ -20,8 +20,8 @@ void frmSplash::Form_Load() {
   if (SoundIsOn(platform_.settings)) platform_.sound.Play(soundFile_);
 }
 
-frmLiability::frmLiability(const Platform& platform, const TextSource& texts)
-    : Form("frmLiability"), platform_(platform), texts_(texts) {
+frmLiability::frmLiability(Platform platform, const TextSource& texts)
+    : Form("frmLiability"), platform_(std::move(platform)), texts_(texts) {
   cbAgree.Click = [this] {
     agreed_ = true;
     Unload();

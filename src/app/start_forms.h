@@ -12,7 +12,7 @@ namespace tav {
 /// The picture shown while the program starts, with its sound.
 class frmSplash : public Form {
  public:
-  frmSplash(const Platform& platform, std::filesystem::path soundFile);
+  frmSplash(Platform platform, std::filesystem::path soundFile);
   Picture Picture1{*this, "Picture1"};
 
  protected:
@@ -26,7 +26,7 @@ class frmSplash : public Form {
 /// The notice that the user must agree to at every start, with the switch for the sound of the next one.
 class frmLiability : public Form {
  public:
-  frmLiability(const Platform& platform, const TextSource& texts);
+  frmLiability(Platform platform, const TextSource& texts);
 
   Label Label1{*this, "Label1"};
   Button cbAgree{*this, "cbAgree"};

@@ -134,15 +134,20 @@ void MainWindow::OpenWindow(std::int16_t document) {
   child.window = new QMdiSubWindow;
   child.window->setWidget(child.graph);
   child.window->setAttribute(Qt::WA_DeleteOnClose, false);
+  // Ctrl+W is the command of the menu; two of them would cancel each other.
+  for (QAction* action : child.window->systemMenu()->actions()) action->setShortcut({});
   child.window->setWindowIcon(IconNamed("document"));
   child.window->installEventFilter(this);
   child.window->setProperty("document", document);
   area_->addSubWindow(child.window);
   children_[document] = child;
-  if (children_.size() == 1) {
+  // A new plan is seen as the one before it is: all over the area, or as a window in it.
+  const QMdiSubWindow* current = area_->currentSubWindow();
+  const bool maximised = children_.size() == 1 || (current != nullptr && current->isMaximized());
+  child.window->resize(area_->size() * 4 / 5);
+  if (maximised) {
     child.window->showMaximized();
   } else {
-    child.window->resize(area_->width() * 4 / 5, area_->height() * 4 / 5);
     child.window->show();
   }
   ActivateWindow(document);
@@ -155,8 +160,11 @@ void MainWindow::RemoveWindow(std::int16_t document) {
   children_.erase(document);
   if (active_ == document) active_.reset();
   window->removeEventFilter(this);
+  const bool maximised = window->isMaximized();
   area_->removeSubWindow(window);
   window->deleteLater();  // its own close control may be what brought us here
+  QMdiSubWindow* next = area_->currentSubWindow();
+  if (maximised && next != nullptr) next->showMaximized();
   SubWindowActivated(area_->currentSubWindow());
 }
 

@@ -65,7 +65,7 @@ void frmConservatism::cbOK_Click() {
   Unload();
 }
 
-bool frmConservatism::ConfirmHighFactor(Single low, Single high) const {
+bool frmConservatism::ConfirmHighFactor(Single low, Single high) {
   constexpr double kLowBelow = 0.4;
   if (!services_.veryHighGF || !Check1.Value || !(high > 1.0 && low <= Single(kLowBelow))) return true;
   const std::string question = T(3006) + "\r" + T(3007) + "\r" + T(3008) + "\r" + T(3009) + FormatPlain(1) + T(3010);

@@ -27,7 +27,7 @@ class frmConservatism : public DialogForm {
 
  private:
   void fillGradient();
-  [[nodiscard]] bool ConfirmHighFactor(Single low, Single high) const;
+  [[nodiscard]] bool ConfirmHighFactor(Single low, Single high);
 
   std::int16_t documentIndex_ = 0;
 };

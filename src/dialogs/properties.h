@@ -170,7 +170,7 @@ class frmProperties : public DialogForm {
   void AddRow_Click();
   void DelRow_Click();
   void DeleteBlend(int row);
-  void Refuse(int text) const;
+  void Refuse(int text);
 
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
 

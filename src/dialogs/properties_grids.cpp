@@ -62,7 +62,7 @@ void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::str
   grid.SetText(row, column, number);
 }
 
-void frmProperties::Refuse(int text) const { Box(T(text), T(kTitle), BoxIcon::Exclamation); }
+void frmProperties::Refuse(int text) { Box(T(text), T(kTitle), BoxIcon::Exclamation); }
 
 double frmProperties::GetPercentO2(const std::string& name) const {
   for (int row = 1; row < FgGas.Rows(); ++row) {

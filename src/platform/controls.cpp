@@ -27,6 +27,12 @@ bool Form::Unload(bool byUser) {
   return true;
 }
 
+void TextBox::Type(const std::string& text) {
+  if (!CanAct() || Locked) return;
+  Text = text;
+  Fire(Change);
+}
+
 std::string Grid::Text(int row, int column) const {
   if (row < 0 || row >= Rows() || column < 0 || column >= Columns()) return {};
   return Cells.Get()[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].text;

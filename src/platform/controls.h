@@ -132,11 +132,7 @@ class TextBox : public Control {
   std::function<void()> SelectWanted;
 
   /// The whole text after a key of the user.
-  void Type(std::string text) {
-    if (!CanAct() || Locked) return;
-    Text = std::move(text);
-    Fire(Change);
-  }
+  void Type(const std::string& text);
   void PressReturn() const { Fire(KeyReturn); }
   void Enter() const { Fire(GotFocus); }
   void Leave() const { Fire(LostFocus); }

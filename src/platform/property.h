@@ -20,7 +20,10 @@ class Property {
     if (changed_) changed_();
     return *this;
   }
-  Property& operator=(const Property& other) { return *this = T(other.value_); }
+  Property& operator=(const Property& other) {
+    *this = T(other.value_);
+    return *this;
+  }
 
   [[nodiscard]] const T& Get() const { return value_; }
   operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): reads like the value itself

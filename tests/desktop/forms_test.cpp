@@ -1,0 +1,170 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "app/information_boxes.h"
+#include "app/languages_form.h"
+#include "app/start_forms.h"
+#include "desktop/form_binder.h"
+#include "desktop/graph_view.h"
+#include "dialogs/conservatism.h"
+#include "dialogs/gas_blend.h"
+#include "dialogs/multi_level.h"
+#include "dialogs/properties.h"
+#include "dialogs/waypoint_form.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::HeadlessProgram;
+
+/// Every form of the program, on a plan with waypoints.
+struct Forms {
+  Forms() {
+    program.Start();
+    program.Editor().AddUserWaypoint(42.3, 25, 0);
+    const DialogServices services{
+        program.program.Forms(), program.platform.Services(), program.program.Texts(), false, {}};
+    const Platform platform = program.platform.Services();
+    const TextSource& texts = program.program.Texts();
+    auto waypoint = std::make_unique<frmWaypointForm>(services);
+    waypoint->data(profile, -1);
+    forms.push_back(std::move(waypoint));
+    forms.push_back(std::make_unique<frmConservatism>(services));
+    forms.push_back(std::make_unique<frmProperties>(services));
+    forms.push_back(std::make_unique<frmGasBlend>(services));
+    forms.push_back(std::make_unique<frmMultiLevel>(services));
+    forms.push_back(std::make_unique<frmLanguages>(platform, texts, std::filesystem::path(TAV_SOURCE_DIR) / "lang"));
+    forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
+    forms.push_back(std::make_unique<frmLiability>(platform, texts));
+    forms.push_back(std::make_unique<frmAbout>(texts, [] {}));
+    forms.push_back(std::make_unique<frmContributers>(texts));
+    forms.push_back(std::make_unique<frmSystemInformation>(platform, texts, "information"));
+  }
+
+  HeadlessProgram program;
+  ClassProfile profile;
+  std::vector<std::unique_ptr<Form>> forms;
+};
+
+/// What a widget needs for its text, and what it has.
+std::string ClippedText(const QWidget& widget) {
+  if (widget.isHidden() || !widget.isVisible()) return {};
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  if (label != nullptr && label->pixmap().isNull() && !label->wordWrap() &&
+      label->width() < label->sizeHint().width()) {
+    return FromQt(label->text());
+  }
+  const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  if (button != nullptr && !button->text().isEmpty() && button->width() < button->minimumSizeHint().width()) {
+    return FromQt(button->text());
+  }
+  return {};
+}
+
+TEST(Windows, EachControlHasItsWidgetAndEachTextItsRoom) {
+  Forms all;
+  for (const auto& form : all.forms) {
+    SCOPED_TRACE(form->Name());
+    const auto dialog = MakeDialog(*form, nullptr);
+    form->Load();
+    for (const std::string& fault : BindingFaults(*form, *dialog)) ADD_FAILURE() << fault;
+    dialog->show();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(dialog->windowTitle().isEmpty());
+    EXPECT_LE(dialog->width(), 1000);
+    for (const QWidget* widget : dialog->findChildren<QWidget*>()) {
+      EXPECT_EQ(ClippedText(*widget), "") << FromQt(widget->objectName());
+      const auto* label = qobject_cast<const QLabel*>(widget);
+      EXPECT_FALSE(label != nullptr && label->text().contains(QStringLiteral("*StringID")))
+          << FromQt(widget->objectName());
+    }
+    form->Unload();
+    EXPECT_FALSE(dialog->isVisible());
+  }
+}
+
+TEST(Windows, WhatTheUserDoesReachesTheForm) {
+  Forms all;
+  auto& form = dynamic_cast<frmConservatism&>(*all.forms[1]);
+  const auto dialog = MakeDialog(form, nullptr);
+  form.Load();
+  dialog->show();
+  auto* low = dialog->findChild<QLineEdit*>(QStringLiteral("Text1"));
+  low->selectAll();
+  QTest::keyClicks(low, QStringLiteral("0.20"));
+  EXPECT_EQ(form.Text1.Text.Get(), "0.20");
+  QTest::keyClick(dialog->findChild<QCheckBox*>(QStringLiteral("Check1")), Qt::Key_Space);
+  EXPECT_FALSE(form.Check1.Value || low->isEnabled());
+  QTest::keyClick(dialog.get(), Qt::Key_Escape);
+  EXPECT_FALSE(form.IsLoaded() || dialog->isVisible());
+}
+
+TEST(Windows, AGridIsEditedInPlace) {
+  Forms all;
+  auto& form = dynamic_cast<frmProperties&>(*all.forms[2]);
+  const auto dialog = MakeDialog(form, nullptr);
+  form.Load();
+  dialog->show();
+  auto* table = dialog->findChild<QTableWidget*>(QStringLiteral("fgAscend"));
+  table->setCurrentCell(1, 1);
+  table->edit(table->currentIndex());
+  auto* editor = table->findChild<QLineEdit*>();
+  ASSERT_NE(editor, nullptr);
+  QTest::keyClicks(editor, QStringLiteral("12"));
+  QTest::keyClick(editor, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(form.fgAscend.Text(2, 1), "12");
+}
+
+TEST(GraphWindow, ADragAsksForItsWaypoint) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  Single depth = -1;
+  Single time = -1;
+  GraphView view(p.program.Forms(), p.Active(),
+                 {[&](Single d, Single t) {
+                    depth = d;
+                    time = t;
+                  },
+                  [](std::int16_t) {}, [] {}});
+  view.resize(1000, 700);
+  view.show();
+  QCoreApplication::processEvents();
+  QWidget* grid = nullptr;
+  for (QWidget* widget : view.findChildren<QWidget*>()) {
+    if (widget->hasMouseTracking()) grid = widget;
+  }
+  ASSERT_NE(grid, nullptr);
+  const QImage before = grid->grab().toImage();
+  QTest::mousePress(grid, Qt::LeftButton, Qt::NoModifier, QPoint(30, 120));
+  QTest::mouseMove(grid, QPoint(200, 200));
+  EXPECT_NE(grid->grab().toImage(), before) << "the preview shows";
+  QTest::mouseRelease(grid, Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
+  EXPECT_GT(depth, 20);
+  EXPECT_GT(time, 10);
+  EXPECT_EQ(grid->grab().toImage(), before) << "and is gone again";
+  const auto file = p.folder.Path() / "graph.svg";
+  EXPECT_TRUE(view.ExportSvg(ToQt(file.string())));
+  EXPECT_NE(test::FileText(file).find("<svg"), std::string::npos);
+  EXPECT_FALSE(view.ExportPng(QStringLiteral("/nowhere/at/all.png")));
+}
+
+}  // namespace
+}  // namespace tav
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,268 @@
+#include <gtest/gtest.h>
+
+#include "dialogs/conservatism.h"
+#include "dialogs/gas_blend.h"
+#include "dialogs/multi_level.h"
+#include "dialogs/waypoint_form.h"
+#include "support/dialog_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::Dialogs;
+
+TEST(Conservatism, TakesAPairOnlyWithinTheLimitAndLowBelowHigh) {
+  struct {
+    std::string low, high;
+    bool veryHigh;
+    bool taken;
+    int boxes;
+    BoxAnswer answer;
+  } const cases[] = {
+      {"0.3", "0.8", false, true, 0, BoxAnswer::OK},     {"0.80", "0.80", false, false, 1, BoxAnswer::OK},
+      {"0.3", "1.1", false, false, 1, BoxAnswer::OK},    {"0.3", "1.1", true, true, 1, BoxAnswer::OK},
+      {"0.3", "1.1", true, false, 1, BoxAnswer::Cancel}, {"0.5", "1.1", true, true, 0, BoxAnswer::OK},
+      {"0.5", "1.21", true, false, 1, BoxAnswer::OK},    {"", "0.8", false, false, 1, BoxAnswer::OK},
+      {"low", "0.8", false, false, 1, BoxAnswer::OK}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.low + " " + each.high);
+    Dialogs d;
+    d.Open();
+    d.platform.answers = {each.answer};
+    frmConservatism dialog(d.Services(each.veryHigh));
+    dialog.Load();
+    dialog.Text1.Type(each.low);
+    dialog.Text2.Type(each.high);
+    dialog.cbOK.Press();
+    EXPECT_EQ(!dialog.IsLoaded(), each.taken);
+    EXPECT_EQ(static_cast<int>(d.platform.boxes.size()), each.boxes);
+    EXPECT_EQ(d.Document().Template.TemplateChanged, each.taken);
+    EXPECT_EQ(d.Document().Modified, each.taken);
+  }
+}
+
+TEST(Conservatism, AppliesToThePlanAndKeepsTheCheckOfARefusal) {
+  Dialogs d;
+  frmWaypointEditor& editor = d.Open();
+  ASSERT_TRUE(editor.AddUserWaypoint(40, 30, 0));
+  ASSERT_TRUE(editor.StartDeco());
+  const Single before = editor.CurrentRunTime();
+  frmConservatism dialog(d.Services());
+  dialog.Load();
+  dialog.Text1.Type("0.20");
+  dialog.Text2.Type("0.70");
+  dialog.cbOK.Press();
+  EXPECT_GT(editor.CurrentRunTime(), before);
+
+  frmConservatism refused(d.Services());
+  refused.Load();
+  refused.Check1.Set(false);
+  EXPECT_FALSE(refused.Text1.Enabled);
+  refused.Check1.Set(true);
+  refused.Text1.Type("0.9");
+  refused.Check1.Set(false);
+  refused.cbOK.Press();
+  EXPECT_TRUE(refused.IsLoaded());
+  EXPECT_FALSE(d.Document().Template.UseGF);
+}
+
+TEST(GasBlend, KeepsTheSumAt100) {
+  Dialogs d;
+  d.Open();
+  frmGasBlend dialog(d.Services());
+  dialog.SetTemplate(d.Active());
+  dialog.Load();
+  struct {
+    TextBox& field;
+    std::string typed, o2, n2, he;
+  } const steps[] = {{dialog.tbO2, "32", "32", "68", "0"},   {dialog.tbHe, "70", "32", "0", "68"},
+                     {dialog.tbO2, "101", "32", "0", "68"},  {dialog.tbO2, "0", "32", "0", "68"},
+                     {dialog.tbO2, "word", "32", "0", "68"}, {dialog.tbHe, "word", "32", "68", "0"},
+                     {dialog.tbHe, "45", "32", "23", "45"},  {dialog.tbO2, "18", "18", "37", "45"}};
+  for (const auto& step : steps) {
+    step.field.Type(step.typed);
+    step.field.Leave();
+    EXPECT_EQ(dialog.tbO2.Text.Get() + "/" + dialog.tbN2.Text.Get() + "/" + dialog.tbHe.Text.Get(),
+              step.o2 + "/" + step.n2 + "/" + step.he)
+        << step.typed;
+  }
+  dialog.UDHe.Down();
+  EXPECT_EQ(dialog.tbHe.Text.Get(), "44");
+}
+
+TEST(GasBlend, AddsANameOnceAndRefusesWhatTheFileCannotHold) {
+  struct {
+    std::string name;
+    std::size_t boxes;
+    std::size_t added;
+  } const cases[] = {{"", 1, 0}, {"Air", 0, 0}, {"My mix", 0, 1}, {"a:b", 1, 0}, {"a,b", 1, 0}};
+  for (const auto& each : cases) {
+    Dialogs d;
+    d.Open();
+    const std::size_t before = d.Document().Template.Blends.size();
+    frmGasBlend dialog(d.Services());
+    dialog.SetTemplate(d.Active());
+    dialog.Load();
+    dialog.tbBlendName.Type(each.name);
+    dialog.cbOK.Press();
+    EXPECT_EQ(dialog.IsLoaded(), each.boxes > 0) << each.name;
+    EXPECT_EQ(d.platform.boxes.size(), each.boxes) << each.name;
+    EXPECT_EQ(d.Document().Template.Blends.size() - before, each.added) << each.name;
+  }
+}
+
+TEST(SurfaceInterval, RefusesWhatIsOutOfRange) {
+  struct {
+    std::string hours, minutes;
+    double interval;  // -1: refused
+  } const cases[] = {{"1", "30", 90}, {"0", "0", 0},    {"24", "59", 1499}, {"25", "0", -1}, {"1", "60", -1},
+                     {"1", "-1", -1}, {"one", "0", -1}, {"1", "", -1},      {"-1", "0", -1}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.hours + ":" + each.minutes);
+    Dialogs d;
+    frmWaypointEditor& editor = d.Open();
+    ASSERT_TRUE(editor.AddUserWaypoint(30, 20, 0));
+    ASSERT_TRUE(editor.StartDeco());
+    frmMultiLevel dialog(d.Services());
+    dialog.Load();
+    dialog.tbHours.Type(each.hours);
+    dialog.tbMinutes.Type(each.minutes);
+    dialog.Command2.Press();
+    EXPECT_EQ(dialog.IsLoaded(), each.interval < 0);
+    EXPECT_EQ(d.platform.boxes.size(), each.interval < 0 ? 1U : 0U);
+    EXPECT_EQ(editor.NextProfile != -1, each.interval >= 0);
+    if (editor.NextProfile == -1) continue;
+    EXPECT_EQ(double{d.Document(editor.NextProfile).SurfaceInterval}, each.interval);
+  }
+}
+
+struct Waypoints : testing::Test {
+  Waypoints() { d.Open(); }
+  /// A dialog on a new row at that depth.
+  frmWaypointForm& New(double depth = 0, double time = 0) {
+    profile.Row(0).Depth = depth;
+    profile.Row(0).SegmentTime = time;
+    form = std::make_unique<frmWaypointForm>(d.Services());
+    form->data(profile, -1);
+    form->Load();
+    return *form;
+  }
+  Dialogs d;
+  ClassProfile profile;
+  std::unique_ptr<frmWaypointForm> form;
+};
+
+TEST_F(Waypoints, TheRowTakesWhatWasEntered) {
+  frmWaypointForm& f = New();
+  f.tbDepth.Type("42.3");
+  f.tbTime.Type("25");
+  f.Combo1.Select(FindBlendIndex("EAN32", d.Document().Template));
+  f.cbOK.Press();
+  EXPECT_FALSE(f.IsLoaded());
+  const Waypoint& row = profile.Row(0);
+  EXPECT_EQ(double{row.Depth}, double{Single(42.3)});
+  EXPECT_EQ(double{row.SegmentTime}, 25);
+  EXPECT_EQ(row.GasMixName, "EAN32");
+  EXPECT_EQ(double{row.GasMixN2}, 68);
+}
+
+TEST_F(Waypoints, WhatIsNoNumberIsRefusedAndTooDeepIsCut) {
+  struct {
+    std::string depth, time;
+    bool stays;
+    double stored;
+  } const cases[] = {{"", "5", true, 0},   {"10", "", true, 0},      {"+", "5", true, 0},      {",", "5", true, 0},
+                     {"-3", "5", true, 0}, {"500", "5", false, 500}, {"501", "5", false, 500}, {"12", "5", false, 12}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.depth + "/" + each.time);
+    frmWaypointForm& f = New();
+    f.tbDepth.Type(each.depth);
+    f.tbTime.Type(each.time);
+    f.cbOK.Press();
+    EXPECT_EQ(f.IsLoaded(), each.stays);
+    EXPECT_TRUE(each.stays || profile.Row(0).Depth == each.stored);
+  }
+}
+
+TEST_F(Waypoints, CancelMarksTheRowAndAMadeMixStays) {
+  frmWaypointForm& f = New(30);
+  const std::size_t before = d.Document().Template.Blends.size();
+  f.tbDepth.Type("20");
+  const std::string name = "EAN" + f.Text1.Text.Get();
+  f.cbNitroxAdd.Press();
+  f.cbNitroxAdd.Press();
+  EXPECT_EQ(d.Document().Template.Blends.size(), before + 1);
+  EXPECT_EQ(d.Document().Template.Blends.back().Name, name);
+  EXPECT_EQ(f.Combo1.Text(), name);
+  f.cbCancel.Press();
+  EXPECT_EQ(double{profile.Row(0).Depth}, -100);
+  EXPECT_EQ(d.Document().Template.Blends.size(), before + 1);
+}
+
+TEST_F(Waypoints, OvertypingASuggestionKeepsTheRestConsistent) {
+  frmWaypointForm& f = New(30);
+  f.Text1.Enter();
+  EXPECT_FALSE(f.cbNitroxAdd.Visible);
+  f.Text1.Type("36x");
+  EXPECT_EQ(f.Text1.Text.Get() + "/" + f.Text2.Text.Get(), "36/64");
+  EXPECT_TRUE(f.cbNitroxAdd.Visible);
+  f.Text6.Type("18");
+  f.Text4.Type("45");
+  EXPECT_EQ(f.Text6.Text.Get() + "/" + f.Text4.Text.Get() + "/" + f.Text5.Text.Get(), "18/45/37");
+  f.Text4.Type("90");
+  EXPECT_EQ(f.Text6.Text.Get() + "/" + f.Text4.Text.Get() + "/" + f.Text5.Text.Get(), "18/82/0");
+  f.Text7.Type("120");
+  EXPECT_EQ(f.Text9.Text.Get() + "/" + f.Text7.Text.Get(), "1/99");
+}
+
+TEST_F(Waypoints, TheArrowsStepFromAnEmptyField) {
+  frmWaypointForm& f = New();
+  f.tbTime.Type("");
+  f.udTimeSpin.Up();
+  EXPECT_EQ(f.tbTime.Text.Get(), "2");
+  f.tbTime.Type("");
+  f.udTimeSpin.Down();
+  EXPECT_EQ(f.tbTime.Text.Get(), "1");
+  f.udTimeSpin.Down();
+  f.udTimeSpin.Down();
+  EXPECT_EQ(f.tbTime.Text.Get(), "0");
+}
+
+TEST_F(Waypoints, AViewerChangesNothing) {
+  profile.Row(0).Depth = 21.4;
+  profile.Row(0).GasMixName = "EAN50";
+  frmWaypointForm viewer(d.Services());
+  viewer.data(profile, 0);
+  viewer.Load();
+  EXPECT_EQ(viewer.tbDepth.Text.Get(), "21.4");
+  EXPECT_EQ(viewer.Combo1.Text(), "EAN50");
+  viewer.tbDepth.Type("50");
+  viewer.cbOK.Press();
+  EXPECT_TRUE(viewer.IsLoaded());
+  EXPECT_EQ(viewer.tbDepth.Text.Get(), "21.4");
+  EXPECT_FALSE(d.Document().Modified);
+}
+
+TEST(MixInformation, TellsEndAndPPO2WithTheirLimits) {
+  DiveTemplate t;
+  t.Metric = true;
+  t.StartPressure = 1;
+  t.MaximalEND = 30;
+  t.MaxPPO2 = 1.4;
+  using Kind = MixInformation::Kind;
+  // At 50 m, 6 bar: Tx21/35 has 0.44 N2: END 60 * 0.44 / 0.79 - 10 = 23.4; PPO2 1.26.
+  const auto trimix = InformationOf(Kind::Trimix, {0.21, 0.44, 0.35}, 50, t, false);
+  EXPECT_NEAR(trimix.END, 23.418, 0.001);
+  EXPECT_NEAR(trimix.PPO2, 1.26, 1e-5);
+  EXPECT_FALSE(trimix.endTooDeep || trimix.ppo2TooHigh);
+  EXPECT_FALSE(InformationOf(Kind::Heliox, {0.21, 0, 0.79}, 50, t, false).narcotic);
+  EXPECT_TRUE(InformationOf(Kind::Trimix, {0.3, 0.7, 0}, 50, t, false).ppo2TooHigh);
+  t.O2Narcotic = true;
+  EXPECT_NEAR(InformationOf(Kind::Trimix, {0.21, 0.44, 0.35}, 50, t, false).END, 29.0, 0.001);
+  EXPECT_FALSE(InformationOf(Kind::Nitrox, {0.28, 0.72, 0}, 50, t, false).possible);
+  EXPECT_NEAR(InformationOf(Kind::Nitrox, {0.28, 0.72, 0}, 50, t, true).END, 50, 0.001);
+  EXPECT_EQ(double{InformationOf(Kind::Heliox, {0.05, 0, 0.95}, 10, t, false).END}, 0) << "never negative";
+}
+
+}  // namespace
+}  // namespace tav

@@ -1,0 +1,237 @@
+#include "dialogs/properties.h"
+
+#include <gtest/gtest.h>
+
+#include "support/dialog_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::Dialogs;
+
+struct Properties : testing::Test {
+  Properties() { d.Open(); }
+  frmProperties& Show() {
+    form = std::make_unique<frmProperties>(d.Services());
+    form->Load();
+    return *form;
+  }
+  DiveTemplate& Template() { return d.Document().Template; }
+  Dialogs d;
+  std::unique_ptr<frmProperties> form;
+};
+
+TEST_F(Properties, OKWithoutAChangeKeepsEveryValue) {
+  const DiveTemplate before = Template();
+  Show().cbOK.Press();
+  ASSERT_FALSE(form->IsLoaded());
+  const DiveTemplate& after = Template();
+  EXPECT_FALSE(form->Cancelled());
+  EXPECT_TRUE(after.TemplateChanged);
+  EXPECT_EQ(d.applied, 1);
+  for (const auto field :
+       {&DiveTemplate::StepSize, &DiveTemplate::LastStop, &DiveTemplate::Setpoint, &DiveTemplate::DecoSetpoint,
+        &DiveTemplate::RMV, &DiveTemplate::DecoRMV, &DiveTemplate::MinPPO2, &DiveTemplate::MaxPPO2,
+        &DiveTemplate::DecoPPO2, &DiveTemplate::MaximalEND, &DiveTemplate::StartAltitude, &DiveTemplate::StartPressure,
+        &DiveTemplate::EndPressure, &DiveTemplate::GFLow, &DiveTemplate::GFHigh}) {
+    EXPECT_EQ(double{after.*field}, double{before.*field});
+  }
+  ASSERT_EQ(after.Blends.size(), before.Blends.size());
+  for (std::size_t i = 0; i < before.Blends.size(); ++i) {
+    EXPECT_EQ(after.Blends[i].Name, before.Blends[i].Name);
+    EXPECT_EQ(double{after.Blends[i].He}, double{before.Blends[i].He});
+    EXPECT_EQ(double{after.Blends[i].N2}, double{before.Blends[i].N2});
+  }
+  ASSERT_EQ(after.ChangeGasMixes.size(), before.ChangeGasMixes.size());
+  EXPECT_EQ(double{after.ChangeGasMixes[0].Depth}, double{before.ChangeGasMixes[0].Depth});
+  EXPECT_EQ(double{after.ChangeGasMixes[0].O2}, double{before.ChangeGasMixes[0].O2});
+  EXPECT_EQ(after.AscendRates.size(), before.AscendRates.size());
+  EXPECT_EQ(double{after.AscendRates[1].Rate}, double{before.AscendRates[1].Rate});
+}
+
+TEST_F(Properties, CancelChangesNothingButWhatCountsAtOnce) {
+  frmProperties& f = Show();
+  f.tbStepSize.Type("5");
+  f.Check1.Set(false);
+  EXPECT_TRUE(f.Text1.Visible);
+  f.cbCancel.Press();
+  EXPECT_TRUE(f.Cancelled());
+  EXPECT_EQ(double{Template().StepSize}, 3);
+  EXPECT_FALSE(Template().AdeptedToHeight);
+}
+
+TEST_F(Properties, LimitsAreAppliedAtOK) {
+  struct {
+    TextBox frmProperties::*box;
+    Single DiveTemplate::*field;
+    std::string typed;
+    double stored;
+  } const cases[] = {{&frmProperties::tbMinPPO, &DiveTemplate::MinPPO2, "3.5", 2},
+                     {&frmProperties::tbMaxPPO, &DiveTemplate::MaxPPO2, "3.5", 3},
+                     {&frmProperties::tbRMV, &DiveTemplate::RMV, "250", 200},
+                     {&frmProperties::Text8, &DiveTemplate::DecoRMV, "14.256", 14.26},
+                     {&frmProperties::tbMaximalEND, &DiveTemplate::MaximalEND, "600", 500},
+                     {&frmProperties::tbStepSize, &DiveTemplate::StepSize, "4.6", 5}};
+  for (const auto& each : cases) {
+    frmProperties& f = Show();
+    (f.*each.box).Type(each.typed);
+    f.cbOK.Press();
+    EXPECT_EQ(double{Template().*each.field}, double{Single(each.stored)}) << each.typed;
+  }
+  Single zero = 0;
+  EXPECT_EQ(frmProperties::Between(zero, 0, 200, 1, 200, 1), "1.0");
+}
+
+TEST_F(Properties, AFieldLeftWithoutANumberIsResetWithAWarning) {
+  frmProperties& f = Show();
+  for (const char* typed : {"", "word", "0", "-2"}) {
+    f.tbRMV.Type(typed);
+    f.tbRMV.Leave();
+    EXPECT_EQ(f.tbRMV.Text.Get(), "20") << typed;
+  }
+  EXPECT_EQ(d.platform.boxes.size(), 4U);
+  EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Exclamation);
+  f.Option1_0.Choose();
+  f.tbRMV.Type("");
+  f.tbRMV.Leave();
+  EXPECT_EQ(f.tbRMV.Text.Get(), "0.6");
+}
+
+TEST_F(Properties, TheUnitSwitchConvertsWhatIsShownAndBack) {
+  frmProperties& f = Show();
+  f.fgAscend.Edit(2, 1, "10");
+  f.tbStepSize.Type("4");
+  f.Text2.Type("1000");
+  f.Option1_0.Choose();
+  EXPECT_EQ(f.tbStepSize.Text.Get(), "13");
+  EXPECT_EQ(f.tbLastStop.Text.Get(), "10");
+  EXPECT_EQ(f.fgAscend.Text(2, 1), "33");
+  EXPECT_EQ(f.fgGasChange.Text(f.fgGasChange.Text(1, 1) == "Oxygen" ? 1 : 2, 0), "20");
+  EXPECT_EQ(f.tbRMV.Text.Get(), "0.7");
+  EXPECT_EQ(f.Text2.Text.Get(), "3281");
+  EXPECT_EQ(f.Text4.Text.Get(), "0.890");
+  f.Option1_0.Choose();
+  EXPECT_EQ(f.tbStepSize.Text.Get(), "13") << "the option in force does nothing";
+  f.Option1_1.Choose();
+  EXPECT_EQ(f.tbStepSize.Text.Get(), "4");
+  EXPECT_EQ(f.tbLastStop.Text.Get(), "3");
+  EXPECT_EQ(f.fgAscend.Text(2, 1), "10");
+}
+
+TEST_F(Properties, ImperialIsStoredAsSuch) {
+  frmProperties& f = Show();
+  f.Option1_0.Choose();
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_FALSE(Template().Metric);
+  EXPECT_EQ(double{Template().StartPressure}, 1.0);
+  EXPECT_EQ(double{Template().StepSize}, 10);
+}
+
+TEST_F(Properties, ARowNotGivenYetKeepsItsMarkAndIsRefused) {
+  frmProperties& f = Show();
+  f.fgDescend.Select(1, 0);
+  f.fgDescend.OpenMenu();
+  f.AddRow.Choose();
+  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  f.Option1_0.Choose();
+  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  f.cbOK.Press();
+  EXPECT_TRUE(f.IsLoaded());
+  EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_TRUE(Template().Metric) << "nothing is stored";
+  f.fgDescend.Edit(2, 0, "66 ft");
+  f.fgDescend.Edit(2, 1, "30");
+  f.cbOK.Press();
+  EXPECT_FALSE(f.IsLoaded());
+  ASSERT_EQ(Template().DescendRates.size(), 2U);
+  EXPECT_EQ(double{Template().DescendRates[1].Depth}, 66);
+}
+
+TEST_F(Properties, WhatCanNotBePlannedOnIsNotStored) {
+  frmProperties& f = Show();
+  f.fgAscend.Edit(1, 1, "0");
+  f.cbOK.Press();
+  EXPECT_TRUE(f.IsLoaded());
+  EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_EQ(double{Template().AscendRates[0].Rate}, 3);
+}
+
+TEST_F(Properties, FirstRowsStay) {
+  frmProperties& f = Show();
+  f.fgAscend.Edit(1, 0, "3");
+  EXPECT_EQ(f.fgAscend.Text(1, 0), "0");
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  for (Grid* grid : {&f.fgDescend, &f.fgAscend, &f.fgGasChange, &f.FgGas}) {
+    const int rows = grid->Rows();
+    grid->Select(1, 0);
+    grid->OpenMenu();
+    f.DelRow.Choose();
+    EXPECT_EQ(grid->Rows(), rows) << grid->Name();
+  }
+  EXPECT_EQ(d.platform.boxes.size(), 5U);
+  f.fgAscend.Select(2, 0);
+  f.fgAscend.OpenMenu();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.fgAscend.Rows(), 2);
+}
+
+TEST_F(Properties, AGasGoesWithItsChangeUnlessThePlanOrTheLastChangeNeedsIt) {
+  frmProperties& f = Show();
+  const auto remove = [&](const std::string& name) {
+    for (int row = 1; row < f.FgGas.Rows(); ++row) {
+      if (f.FgGas.Text(row, 0) == name) f.FgGas.Select(row, 0);
+    }
+    f.FgGas.OpenMenu();
+    f.DelRow.Choose();
+  };
+  EXPECT_FALSE(f.AddRow.Visible && f.FgGas.Rows() == 0);
+  const int gases = f.FgGas.Rows();
+  remove("EAN50");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1);
+  EXPECT_EQ(f.fgGasChange.Rows(), 2);
+  remove("Oxygen");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the only gas change names it";
+  ASSERT_TRUE(d.forms(d.Active()).AddUserWaypoint(30, 20, 0));
+  remove("EAN32");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the plan holds numbers of gases";
+}
+
+TEST_F(Properties, AutomaticDepthsFollowTheDecoPPO2) {
+  frmProperties& f = Show();
+  const std::string before = f.fgGasChange.Text(1, 0);
+  f.cbAutoDecoGas.Set(true);
+  // 1.6 bar of EAN50 is 3.2 bar of ambient pressure, 1.6 of oxygen 1.6: (p - 1.01325) * 10 metres.
+  const auto row = [&](const std::string& gas) { return f.fgGasChange.Text(1, 1) == gas ? 1 : 2; };
+  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "22");
+  EXPECT_EQ(f.fgGasChange.Text(row("Oxygen"), 0), "6");
+  f.Text7.Type("1.4");
+  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "18");
+  f.Option1_0.Choose();
+  f.fgGasChange.Edit(1, 0, "3");
+  EXPECT_NE(f.fgGasChange.Text(1, 0), "3") << "the depths are not typed while they are automatic";
+  f.Option1_1.Choose();
+  f.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), before);
+}
+
+TEST_F(Properties, TheDefaultTemplateIsEditedInPlaceOfThePlans) {
+  frmProperties& f = Show();
+  f.cbDefault.Press();
+  f.tbStepSize.Type("6");
+  f.tbLastStop.Type("6");
+  f.cbOK.Press();
+  EXPECT_EQ(double{d.Document(0).Template.StepSize}, 6);
+  EXPECT_TRUE(d.Document(0).Template.TemplateChanged);
+  EXPECT_EQ(double{Template().StepSize}, 3);
+}
+
+TEST(PurgeNumericInput, KeepsDigitsAndPoints) {
+  EXPECT_EQ(frmProperties::PurgeNumericInput("18 m/min"), "18");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("word"), "10");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("  "), "1000000");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("-4.5"), "4.5");
+}
+
+}  // namespace
+}  // namespace tav
