@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "dialogs/dialog_services.h"
+#include "model/number_text.h"
 #include "platform/localize_form.h"
 
 namespace tav {
@@ -18,10 +20,28 @@ class DialogForm : public Form {
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return services_.platform.boxes.Show(text, title, icon, buttons);
   }
-  /// The number in a text as the user writes numbers; 0 for a text that is none. The fields show a point in every
-  /// locale, so what is a number with a point is taken as it stands: "0.30" is not 30 where points group thousands.
+  /// The number in a text as the user writes numbers; 0 for a text that is none. What is a number with a point is taken
+  /// as it stands in every locale: "0.30" is not 30 where points group thousands.
   [[nodiscard]] Single Number(const std::string& text) const {
     return IsNumber(text) ? Single(ParseLenient(text)) : ParseLocaleNumber(text, services_.platform.separators);
+  }
+  /// The same; nothing for a text that is no number.
+  [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const {
+    if (const auto number = ParseStrict(text)) return number;
+    const LocaleSeparators& separators = services_.platform.separators;
+    return ParseStrict(ReplaceAll(ReplaceAll(text, separators.thousand, ""), separators.decimal, "."));
+  }
+  /// Number text with the user's decimal separator; `Number` reads it back.
+  [[nodiscard]] std::string Written(const std::string& number) const {
+    const std::string& decimal = services_.platform.separators.decimal;
+    return decimal.empty() ? number : ReplaceAll(number, ".", decimal);
+  }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
+  [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }
+  /// The template of a document has changed, and with it the plan.
+  void MarkChanged(std::int16_t document) const {
+    TemplateOf(document).TemplateChanged = true;
+    if (document != DocumentStore::DefaultDocument) services_.forms(document).MarkModified();
   }
   [[nodiscard]] DiveTemplate& TemplateOf(std::int16_t document) const {
     return services_.Documents()(document).Template;

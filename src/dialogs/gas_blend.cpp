@@ -12,6 +12,7 @@ constexpr int kTitle = 1229;
 constexpr int kBlendName = 1228;
 constexpr int kNameMissing = 1230;
 constexpr int kNameHelp = 1231;
+constexpr int kNameFault = 7051;
 
 }  // namespace
 
@@ -51,8 +52,9 @@ void frmGasBlend::ShowAll() {
 }
 
 int frmGasBlend::Percentage(const TextBox& field) const {
-  if (!IsNumber(field.Text.Get())) return -1;
-  return RoundToInt16(ParseLenient(FormatFixed(Number(field.Text), 0))).value_or(std::int16_t{-1});
+  const auto number = NumberIn(field.Text);
+  if (!number) return -1;
+  return RoundToInt16(ParseLenient(FormatFixed(*number, 0))).value_or(std::int16_t{-1});
 }
 
 void frmGasBlend::updateO2() {
@@ -96,8 +98,8 @@ void frmGasBlend::cbOK_Click() {
     return;
   }
   // The file format separates by these characters: such a name would not come back.
-  if (const std::string fault = BlendNameFault(name); !fault.empty()) {
-    Box(fault, T(kTitle), BoxIcon::Exclamation);
+  if (!BlendNameFault(name).empty()) {
+    Box(T(kNameFault), T(kTitle), BoxIcon::Exclamation);
     tbBlendName.SelectAll();
     return;
   }
@@ -106,8 +108,7 @@ void frmGasBlend::cbOK_Click() {
   DiveTemplate& t = TemplateOf(documentIndex_);
   if (!FindBlend(name, t)) {
     t.Blends.push_back({name, o2_, n2_, he_});
-    t.TemplateChanged = true;
-    services_.Documents()(documentIndex_).Modified = true;
+    MarkChanged(documentIndex_);
   }
   Unload();
 }

@@ -3,8 +3,6 @@
 #include <utility>
 
 #include "dialogs/gas_blend.h"
-#include "model/altitude.h"
-#include "model/number_text.h"
 
 namespace tav {
 
@@ -14,16 +12,11 @@ frmProperties::frmProperties(const DialogServices& services) : DialogForm("frmPr
 }
 
 void frmProperties::Wire() {
-  for (TextBox* field : {&tbStepSize, &tbLastStop, &Text7, &Text8, &tbRMV, &tbMinPPO, &tbMaxPPO, &tbMaximalEND, &Text2,
-                         &Text5, &Text1, &SetPoint, &Text6}) {
-    field->LostFocus = [this, field] { Validate(*field); };
-  }
+  for (TextBox* field : NumberFields()) field->LostFocus = [this, field] { Validate(*field); };
   Text4.Locked = true;
   Text3.Locked = true;
   Text2.Change = Text5.Change = [this] { ShowPressures(); };
-  Text7.Change = [this] {
-    if (!Text7.Text.Get().empty() && cbAutoDecoGas.Value) ShowAutoDepths();
-  };
+  Text7.Change = [this] { ShowAutoDepths(); };
   ListView1.ItemClick = [this] { ShowFrame(ListView1.SelectedItem); };
   Option1_0.Click = [this] { Option1_Click(0); };
   Option1_1.Click = [this] { Option1_Click(1); };
@@ -59,19 +52,39 @@ void frmProperties::Form_Load() {
   ShowFrame(0);
 }
 
+void frmProperties::Form_Unload() {
+  // OK computes the plan anew in any case; Cancel leaves this one change, which the plan must follow.
+  if (!cancelled_ || !adaptedDocument_ || *adaptedDocument_ == DocumentStore::DefaultDocument) return;
+  services_.forms(*adaptedDocument_).ReEvaluateUserEnteredWaypoints();
+}
+
 void frmProperties::SetTitle() { Caption = T(1600) + T(1653) + services_.Documents()(documentIndex_).TemplateTitle; }
 
 void frmProperties::SetCaptions() {
-  const std::pair<Control*, int> captions[] = {
-      {&Label23, 5003},       {&Frame13, 3069},      {&Frame7, 1603},        {&Frame6, 1604},   {&Frame15, 3070},
-      {&Frame5, 1605},        {&Label7, 1643},       {&Label15, 1644},       {&Frame16, 3071},  {&Label20, 3072},
-      {&Label21, 3073},       {&Frame3, 1606},       {&cbAutoDecoGas, 1652}, {&Frame2, 1602},   {&Option1_1, 1631},
-      {&Option1_0, 1632},     {&Frame4, 1607},       {&cbCustomBlend, 1611}, {&Frame1, 1645},   {&Frame12, 1646},
-      {&Check1, 1647},        {&Label10, 5004},      {&Label12, 3042},       {&Frame11, 1648},  {&Label14, 3043},
-      {&Frame8, 1650},        {&Label1, 1651},       {&Label19, 3074},       {&Check2, 3075},   {&Frame14, 3076},
-      {&Frame17, 3077},       {&Label3, 1639},       {&Label4, 1640},        {&Frame18, 3079},  {&lbRMV, 1638},
-      {&Frame19, 3078},       {&cbONarcotic, 1642},  {&Label8, 1641},        {&Frame9, 1633},   {&cbWarnPPOLow, 1634},
-      {&cbWarnPPOHigh, 1635}, {&cbWarnMaxEND, 1636}, {&cbOK, 1610},          {&cbCancel, 1609}, {&cbDefault, 1608}};
+  const std::pair<Control*, int> captions[] = {{&Label23, 5003},         {&Frame13, 3069},
+                                               {&Frame7, 1603},          {&Frame6, 1604},
+                                               {&Frame15, 3070},         {&Frame5, 1605},
+                                               {&Label7, 1643},          {&Label15, 1644},
+                                               {&Frame16, 3071},         {&Label20, 3072},
+                                               {&Label21, 3073},         {&Frame3, 1606},
+                                               {&cbAutoDecoGas, 1652},   {&Frame2, 1602},
+                                               {&Option1_1, 1631},       {&Option1_0, 1632},
+                                               {&Frame4, 1607},          {&cbCustomBlend, 1611},
+                                               {&Frame1, 1645},          {&Frame12, 1646},
+                                               {&lbStartAltitude, 1645}, {&lbStartPressure, 3043},
+                                               {&lbEndAltitude, 1645},   {&Check1, 1647},
+                                               {&Label10, 5004},         {&Label12, 3042},
+                                               {&Frame11, 1648},         {&Label14, 3043},
+                                               {&Frame8, 1650},          {&Label1, 1651},
+                                               {&Label19, 3074},         {&Check2, 3075},
+                                               {&Frame14, 3076},         {&Frame17, 3077},
+                                               {&Label3, 1639},          {&Label4, 1640},
+                                               {&Frame18, 3079},         {&lbRMV, 1638},
+                                               {&Frame19, 3078},         {&cbONarcotic, 1642},
+                                               {&Label8, 1641},          {&Frame9, 1633},
+                                               {&cbWarnPPOLow, 1634},    {&cbWarnPPOHigh, 1635},
+                                               {&cbWarnMaxEND, 1636},    {&cbOK, 1610},
+                                               {&cbCancel, 1609},        {&cbDefault, 1608}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
 }
 
@@ -79,7 +92,7 @@ void frmProperties::ShowUnitLabels() {
   const bool metric = Metric();
   for (Label* label : {&Label2, &Label22}) label->Caption = T(metric ? 1628 : 1627);
   for (Label* label : {&Label5, &Label6, &lBarAta, &Label17, &lbMaxPPOUnit}) label->Caption = T(metric ? 1629 : 1630);
-  Label9.Caption = T(metric ? 1619 : 1620);
+  for (Label* label : {&Label9, &lbStepUnit, &lbLastStopUnit}) label->Caption = T(metric ? 1619 : 1620);
   for (Label* label : {&Label11, &Label18}) label->Caption = T(metric ? 1219 : 1216);
   for (Label* label : {&Label13, &Label16}) label->Caption = T(metric ? 1220 : 1221);
 }
@@ -106,8 +119,8 @@ void frmProperties::InitFrames() {
 
 void frmProperties::InitConstPPOFrame() {
   const DiveTemplate& t = Template();
-  SetPoint.Text = FormatPlain(t.Setpoint);
-  Text6.Text = FormatPlain(t.DecoSetpoint);
+  SetPoint.Text = Plain(t.Setpoint);
+  Text6.Text = Plain(t.DecoSetpoint);
   Check2.Value = t.OCDeco;
   for (Control* control : std::initializer_list<Control*>{&SetPoint, &Text6, &Check2}) {
     control->Enabled = !t.OpenCircuit;
@@ -116,9 +129,9 @@ void frmProperties::InitConstPPOFrame() {
 
 void frmProperties::InitAltitudeFrame() {
   const DiveTemplate& t = Template();
-  Text2.Text = FormatFixed(t.StartAltitude, 0);
-  Text5.Text = FormatFixed(t.EndAltitude, 0);
-  Text1.Text = FormatFixed(Single(t.TimeToHeight), 0);
+  Text2.Text = Fixed(t.StartAltitude, 0);
+  Text5.Text = Fixed(t.EndAltitude, 0);
+  Text1.Text = Fixed(Single(t.TimeToHeight), 0);
   Check1.Value = t.AdeptedToHeight;
   ShowPressures();
   ShowAdapted();
@@ -133,32 +146,34 @@ void frmProperties::ShowAdapted() {
 void frmProperties::Check1_Click() {
   // Counts at once, also when the dialog is cancelled in the end.
   Template().AdeptedToHeight = Check1.Value;
+  MarkChanged(documentIndex_);
+  adaptedDocument_ = documentIndex_;
   ShowAdapted();
 }
 
 void frmProperties::InitGasAvailableFrame() {
   std::vector<std::vector<std::string>> rows{{T(1618), "% O2", "% He", "% N2"}};
   for (const GasMix& mix : Template().Blends) {
-    rows.push_back({mix.Name, FormatPlain(mix.O2), FormatPlain(mix.He), FormatPlain(mix.N2)});
+    rows.push_back({mix.Name, Plain(mix.O2), Plain(mix.He), Plain(mix.N2)});
   }
   FgGas.SetRows(rows);
 }
 
 void frmProperties::InitGasSettingsFrame() {
   const DiveTemplate& t = Template();
-  tbMinPPO.Text = FormatFixed(t.MinPPO2, 2);
-  tbMaxPPO.Text = FormatFixed(t.MaxPPO2, 2);
-  tbRMV.Text = FormatPlain(t.RMV);
-  tbMaximalEND.Text = FormatFixed(t.MaximalEND, 0);
+  tbMinPPO.Text = Fixed(t.MinPPO2, 2);
+  tbMaxPPO.Text = Fixed(t.MaxPPO2, 2);
+  tbRMV.Text = Plain(t.RMV);
+  tbMaximalEND.Text = Fixed(t.MaximalEND, 0);
   cbONarcotic.Value = t.O2Narcotic;
 }
 
 void frmProperties::InitDecoStepsFrame() {
   const DiveTemplate& t = Template();
-  tbStepSize.Text = FormatFixed(t.StepSize, 0);
-  tbLastStop.Text = FormatFixed(t.LastStop, 0);
-  Text7.Text = FormatFixed(t.DecoPPO2, 2);
-  Text8.Text = FormatPlain(t.DecoRMV);
+  tbStepSize.Text = Fixed(t.StepSize, 0);
+  tbLastStop.Text = Fixed(t.LastStop, 0);
+  Text7.Text = Fixed(t.DecoPPO2, 2);
+  Text8.Text = Plain(t.DecoRMV);
 }
 
 void frmProperties::InitUnitsFrame() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,8 +28,10 @@ class frmProperties : public DialogForm {
   Frame Frame5{*this, "Frame5"};
   Label Label7{*this, "Label7"};
   TextBox tbStepSize{*this, "tbStepSize"};
+  Label lbStepUnit{*this, "lbStepUnit"};
   Label Label15{*this, "Label15"};
   TextBox tbLastStop{*this, "tbLastStop"};
+  Label lbLastStopUnit{*this, "lbLastStopUnit"};
   Frame Frame16{*this, "Frame16"};
   Label Label20{*this, "Label20"};
   TextBox Text7{*this, "Text7"};  ///< deco PPO2
@@ -49,8 +53,10 @@ class frmProperties : public DialogForm {
   // Altitude.
   Frame Frame1{*this, "Frame1"};
   Frame Frame12{*this, "Frame12"};
+  Label lbStartAltitude{*this, "lbStartAltitude"};
   TextBox Text2{*this, "Text2"};  ///< start altitude
   Label Label11{*this, "Label11"};
+  Label lbStartPressure{*this, "lbStartPressure"};
   TextBox Text4{*this, "Text4"};  ///< its pressure
   Label Label13{*this, "Label13"};
   CheckBox Check1{*this, "Check1"};
@@ -58,6 +64,7 @@ class frmProperties : public DialogForm {
   TextBox Text1{*this, "Text1"};  ///< time to altitude
   Label Label12{*this, "Label12"};
   Frame Frame11{*this, "Frame11"};
+  Label lbEndAltitude{*this, "lbEndAltitude"};
   TextBox Text5{*this, "Text5"};  ///< end altitude
   Label Label18{*this, "Label18"};
   Label Label14{*this, "Label14"};
@@ -111,8 +118,11 @@ class frmProperties : public DialogForm {
   /// A value at or below `low` becomes `lowValue`, then one at or above `high` becomes `highValue`; the result as text
   /// with so many decimals.
   static std::string Between(Single& value, Single low, Single high, Single lowValue, Single highValue, int decimals);
-  /// Only digits and "."; a text without any becomes "10", a blank one the mark of a value not given.
-  static std::string PurgeNumericInput(const std::string& text);
+  /// Only digits and the decimal separator, for which "." may stand, too; a text without any becomes "10", a blank one
+  /// the mark of a value not given.
+  static std::string PurgeNumericInput(const std::string& text, const std::string& decimal = ".");
+  /// O2 in percent of the gas of that name in the list of gases; -1 when there is none.
+  [[nodiscard]] double GetPercentO2(const std::string& name) const;
 
   void SetDocument(std::int16_t index);
   void Option1_Click(int index);
@@ -122,7 +132,7 @@ class frmProperties : public DialogForm {
 
  protected:
   void Form_Load() override;
-  void Form_Unload() override {}
+  void Form_Unload() override;
 
  private:
   // properties.cpp
@@ -143,6 +153,7 @@ class frmProperties : public DialogForm {
   void SetTitle();
 
   // properties_fields.cpp
+  std::array<TextBox*, 13> NumberFields();
   void Validate(TextBox& field);
   [[nodiscard]] bool Metric() const { return unitsAreMetric_; }
   [[nodiscard]] Single Rounded(const TextBox& field, int places) const;
@@ -160,7 +171,6 @@ class frmProperties : public DialogForm {
   void WireGrids();
   void FillRates(Grid& grid, const std::vector<RateEntry>& rates, int depthHead) const;
   void InitDecoGasFrame();
-  [[nodiscard]] double GetPercentO2(const std::string& name) const;
   [[nodiscard]] Single DepthOfPPO2(Single ppo2, const std::string& gas) const;
   void ShowAutoDepths();
   void saveDecoGasSettings();
@@ -169,11 +179,16 @@ class frmProperties : public DialogForm {
   void OpenRowMenu(Grid& grid);
   void AddRow_Click();
   void DelRow_Click();
+  void RemoveRow(Grid& grid, int row);
   void DeleteBlend(int row);
   void Refuse(int text);
 
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
 
+  static constexpr double kFeetPerMetre = 3.2808;
+  static constexpr double kMetresPerFoot = 0.3048;
+
+  /// A depth at which a gas is changed, as the user typed it.
   struct DecoDepth {
     std::string metric;
     std::string imperial;
@@ -184,6 +199,7 @@ class frmProperties : public DialogForm {
   bool unitsAreMetric_ = true;
   std::vector<DecoDepth> decoGasSettings_;
   Grid* menuGrid_ = nullptr;
+  std::optional<std::int16_t> adaptedDocument_;  ///< the document whose "already adapted" was clicked
 };
 
 }  // namespace tav

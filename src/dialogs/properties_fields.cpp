@@ -1,7 +1,8 @@
 // The fields of the template dialog: what is refused on leaving one, and what OK stores.
 
+#include <algorithm>
 #include <cctype>
-#include <cmath>
+#include <cstdint>
 
 #include "dialogs/properties.h"
 #include "model/altitude.h"
@@ -18,19 +19,25 @@ std::string frmProperties::Between(Single& value, Single low, Single high, Singl
   return FormatFixed(value, decimals);
 }
 
-std::string frmProperties::PurgeNumericInput(const std::string& text) {
+std::string frmProperties::PurgeNumericInput(const std::string& text, const std::string& decimal) {
   if (TrimBlanks(text).empty()) return FormatPlain(kNotGiven);
   std::string kept;
-  for (const char c : text) {
-    if (std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '.') kept += c;
+  // The key of a number pad gives "." in any country.
+  for (const char c : ReplaceAll(text, decimal, ".")) {
+    if (std::isdigit(static_cast<unsigned char>(c)) != 0) kept += c;
+    if (c == '.') kept += decimal;
   }
   return kept.empty() ? "10" : kept;
 }
 
+std::array<TextBox*, 13> frmProperties::NumberFields() {
+  return {&tbStepSize,   &tbLastStop, &Text7, &Text8, &tbRMV,    &tbMinPPO, &tbMaxPPO,
+          &tbMaximalEND, &Text2,      &Text5, &Text1, &SetPoint, &Text6};
+}
+
 void frmProperties::Validate(TextBox& field) {
-  const std::string plain = ReplaceAll(field.Text.Get(), services_.platform.separators.decimal, ".");
-  const auto number = ParseStrict(plain);
-  if (number && *number > 0) return;
+  // A field loses the focus, too, when the dialog goes away.
+  if (!IsLoaded() || NumberIn(field.Text).value_or(0) > 0) return;
   struct Rule {
     const TextBox* field;
     int message;
@@ -56,10 +63,10 @@ void frmProperties::Validate(TextBox& field) {
                         {&Text6, 3056, "1.4", " Bar", "1.4", " Ata"}};
   for (const Rule& rule : rules) {
     if (rule.field != &field) continue;
-    const std::string value = Metric() ? rule.metric : rule.imperial;
+    const std::string value = Written(Metric() ? rule.metric : rule.imperial);
     field.Text = value;
     if (&field == &Text2 || &field == &Text5) ShowPressures();
-    if (&field == &Text7 && cbAutoDecoGas.Value) ShowAutoDepths();
+    if (&field == &Text7) ShowAutoDepths();
     Box(T(rule.message) + value + (Metric() ? rule.metricUnit : rule.imperialUnit), Caption, BoxIcon::Exclamation);
   }
 }
@@ -70,7 +77,7 @@ Single frmProperties::Rounded(const TextBox& field, int places) const {
 
 Single frmProperties::Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown) {
   Single value = Rounded(field, 2);
-  field.Text = Between(value, low, high, lowValue, highValue, shown);
+  field.Text = Written(Between(value, low, high, lowValue, highValue, shown));
   return value;
 }
 
@@ -121,8 +128,7 @@ void frmProperties::StoreFields(DiveTemplate& t) {
   t.MaxEnd = cbWarnMaxEND.Value;
   t.StartAltitude = Rounded(Text2, 0);
   t.EndAltitude = Rounded(Text5, 0);
-  const Single minutes = Rounded(Text1, 0);
-  t.TimeToHeight = minutes <= 0 ? std::int16_t{1} : RoundToInt16(minutes).value_or(std::int16_t{1});
+  t.TimeToHeight = static_cast<std::int16_t>(std::clamp<double>(Rounded(Text1, 0), 1, INT16_MAX));
   t.StartPressure = AltitudeToPressure(t.StartAltitude, t.Metric);
   t.EndPressure = AltitudeToPressure(t.EndAltitude, t.Metric);
 }
@@ -145,6 +151,10 @@ std::string frmProperties::MissingValue() const {
 }
 
 void frmProperties::cbOK_Click() {
+  // Return presses OK without leaving the field.
+  for (TextBox* field : NumberFields()) {
+    if (!NumberIn(field->Text)) Validate(*field);
+  }
   std::string fault = MissingValue();
   DiveTemplate t = Template();
   if (fault.empty()) {
@@ -155,10 +165,10 @@ void frmProperties::cbOK_Click() {
     Box(fault, T(1600), BoxIcon::Stop);
     return;
   }
-  t.TemplateChanged = true;
   Template() = std::move(t);
-  services_.Documents()(documentIndex_).Modified = documentIndex_ != DocumentStore::DefaultDocument;
-  if (services_.applyToProfile) services_.applyToProfile();
+  MarkChanged(documentIndex_);
+  // The default template is no part of the plan in the active window.
+  if (documentIndex_ == services_.ActiveOrDefault() && services_.applyToProfile) services_.applyToProfile();
   cancelled_ = false;
   Unload();
 }

@@ -1,13 +1,13 @@
 // The tables of the template dialog: editing, rows, and the depths at which gases are changed.
 
+#include <algorithm>
+
 #include "dialogs/properties.h"
 #include "model/number_text.h"
 
 namespace tav {
 namespace {
 
-constexpr double kFeetPerMetre = 3.2808;
-constexpr double kMetresPerFoot = 0.3048;
 constexpr int kTitle = 1600;
 constexpr int kRowStays = 1654;
 constexpr int kDepthStays = 1655;
@@ -26,7 +26,7 @@ void frmProperties::WireGrids() {
     grid->RowMenu = [this, grid] { OpenRowMenu(*grid); };
   }
   fgGasChange.EditorOf = [this](int row, int column) {
-    if (row < 1 || (column == 0 && cbAutoDecoGas.Value)) return Grid::Editor{};
+    if (row < 1 || cbAutoDecoGas.Value) return Grid::Editor{};
     if (column == 0) return Grid::Editor{Kind::Text, {}};
     Grid::Editor names{Kind::List, {}};
     for (int i = 1; i < FgGas.Rows(); ++i) names.entries.push_back(FgGas.Text(i, 0));
@@ -38,9 +38,16 @@ void frmProperties::WireGrids() {
       return;
     }
     fgGasChange.SetText(row, column, text);
-    if (cbAutoDecoGas.Value) ShowAutoDepths();
   };
   fgGasChange.RowMenu = [this] { OpenRowMenu(fgGasChange); };
+  // Air, the first row, is what it is, and names are keys of legs and gas changes.
+  FgGas.EditorOf = [](int row, int column) {
+    return Grid::Editor{row > 1 && column > 0 ? Kind::Text : Kind::None, {}};
+  };
+  FgGas.Commit = [this](int row, int column, const std::string& text) {
+    CommitNumber(FgGas, row, column, text);
+    ShowAutoDepths();
+  };
   FgGas.RowMenu = [this] { OpenRowMenu(FgGas); };
   AddRow.Click = [this] { AddRow_Click(); };
   DelRow.Click = [this] { DelRow_Click(); };
@@ -53,7 +60,7 @@ void frmProperties::FillRates(Grid& grid, const std::vector<RateEntry>& rates, i
 }
 
 void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::string& text) {
-  const std::string number = PurgeNumericInput(text);
+  const std::string number = PurgeNumericInput(text, Written("."));
   // The tables of rates begin at the surface.
   if (&grid != &fgGasChange && row == 1 && column == 0 && number != "0") {
     Refuse(kDepthStays);
@@ -79,20 +86,18 @@ Single frmProperties::DepthOfPPO2(Single ppo2, const std::string& gas) const {
 
 void frmProperties::InitDecoGasFrame() {
   const DiveTemplate& t = Template();
+  // Feet: an atmosphere is 10.13 m.
+  const double units = Metric() ? 1.0 : 1.013 * kFeetPerMetre;
   std::vector<std::vector<std::string>> rows{{T(1621), T(1622)}};
   for (const GasChange& change : t.ChangeGasMixes) {
-    const double units = Metric() ? 1.0 : 1.013;
-    const Single depth = !t.AutoDecoGas && change.Depth != 0
-                             ? change.Depth
-                             : Single(DepthOfPPO2(Number(tbMaxPPO.Text), change.Name) * units);
+    const Single depth =
+        change.Depth != 0 ? change.Depth : Single(DepthOfPPO2(Number(tbMaxPPO.Text), change.Name) * units);
     rows.push_back({FormatFixed(depth, 0), change.Name});
   }
   fgGasChange.SetRows(rows);
+  decoGasSettings_.clear();
   cbAutoDecoGas.Value = t.AutoDecoGas;
-  if (t.AutoDecoGas) {
-    saveDecoGasSettings();
-    ShowAutoDepths();
-  }
+  if (t.AutoDecoGas) cbAutoDecoGas_Click();
 }
 
 void frmProperties::cbAutoDecoGas_Click() {
@@ -105,6 +110,7 @@ void frmProperties::cbAutoDecoGas_Click() {
 }
 
 void frmProperties::ShowAutoDepths() {
+  if (!cbAutoDecoGas.Value || !NumberIn(Text7.Text)) return;
   const double factor = Metric() ? 1.0 : kFeetPerMetre;
   for (int row = 1; row < fgGasChange.Rows(); ++row) {
     const Single depth = DepthOfPPO2(Number(Text7.Text), fgGasChange.Text(row, 1));
@@ -135,6 +141,10 @@ void frmProperties::loadDecoGasSettings() {
 void frmProperties::OpenRowMenu(Grid& grid) {
   menuGrid_ = &grid;
   AddRow.Visible = &grid != &FgGas;
+  // Depths that follow from the gases are not to be edited.
+  const bool editable = &grid != &fgGasChange || !cbAutoDecoGas.Value;
+  AddRow.Enabled = editable;
+  DelRow.Enabled = editable;
   services_.platform.windows.PopupMenu({&AddRow, &DelRow});
 }
 
@@ -142,7 +152,16 @@ void frmProperties::AddRow_Click() {
   if (menuGrid_ == nullptr) return;
   const std::string notGiven = FormatFixed(Single(kNotGiven), 0);
   menuGrid_->AddRow({notGiven, menuGrid_ == &fgGasChange ? FgGas.Text(1, 0) : notGiven});
-  if (menuGrid_ == &fgGasChange && cbAutoDecoGas.Value) ShowAutoDepths();
+}
+
+void frmProperties::RemoveRow(Grid& grid, int row) {
+  grid.RemoveRow(row);
+  grid.SelectedRow = std::min(grid.SelectedRow, grid.Rows() - 1);
+  // A depth that is kept belongs to the gas of its row.
+  const auto kept = static_cast<std::size_t>(row - 1);
+  if (&grid == &fgGasChange && kept < decoGasSettings_.size()) {
+    decoGasSettings_.erase(decoGasSettings_.begin() + row - 1);
+  }
 }
 
 void frmProperties::DelRow_Click() {
@@ -151,7 +170,7 @@ void frmProperties::DelRow_Click() {
   if (menuGrid_ == &FgGas) {
     DeleteBlend(row);
   } else if (row >= 2) {
-    menuGrid_->RemoveRow(row);
+    RemoveRow(*menuGrid_, row);
   } else {
     Refuse(kRowStays);
   }
@@ -159,10 +178,13 @@ void frmProperties::DelRow_Click() {
 
 void frmProperties::DeleteBlend(int row) {
   const auto active = services_.ActiveDocument();
-  // The numbers of the gases stand in the plan.
-  if (active && services_.forms(*active).InputProfile.GetLength() != 0) {
-    Refuse(kPlanUsesGases);
-    return;
+  if (active) {
+    // Legs hold the numbers of their gases, also those of a plan that can't be computed and shows no rows.
+    const frmWaypointEditor& plan = services_.forms(*active);
+    if (plan.InputProfile.GetLength() != 0 || plan.UserActions.GetLength() != 0) {
+      Refuse(kPlanUsesGases);
+      return;
+    }
   }
   if (row < 2) {
     Refuse(kRowStays);
@@ -175,10 +197,10 @@ void frmProperties::DeleteBlend(int row) {
       Refuse(kOnlyGasChange);
       return;
     }
-    fgGasChange.RemoveRow(change);
+    RemoveRow(fgGasChange, change);
     break;
   }
-  FgGas.RemoveRow(row);
+  RemoveRow(FgGas, row);
 }
 
 }  // namespace tav

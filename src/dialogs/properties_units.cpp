@@ -10,8 +10,6 @@
 namespace tav {
 namespace {
 
-constexpr double kFeetPerMetre = 3.2808;
-constexpr double kMetresPerFoot = 0.3048;
 constexpr double kAtmospheresPerBar = 0.9887;
 constexpr double kBarPerAtmosphere = 1.01325;
 constexpr double kCubicFeetPerLitre = 0.0353157;
@@ -34,12 +32,12 @@ void frmProperties::ConvertFields(bool toImperial) {
   const double pressure = toImperial ? kAtmospheresPerBar : kBarPerAtmosphere;
   const double volume = toImperial ? kCubicFeetPerLitre : kLitresPerCubicFoot;
   const auto scale = [this](TextBox& field, double factor, int decimals) {
-    field.Text = FormatFixed(Single(Number(field.Text) * factor), decimals);
+    field.Text = Fixed(Number(field.Text) * factor, decimals);
   };
   const auto scaleBetween = [this](TextBox& field, double factor, double high, double lowValue, double highValue,
                                    int decimals) {
     Single value = Rounded(field, 2) * factor;
-    field.Text = Between(value, 0, high, lowValue, highValue, decimals);
+    field.Text = Written(Between(value, 0, high, lowValue, highValue, decimals));
   };
   scale(tbStepSize, length, 0);
   scale(tbLastStop, length, 0);
@@ -80,8 +78,8 @@ void frmProperties::ConvertGrid(Grid& grid, bool toImperial, bool bothColumns, b
 }
 
 void frmProperties::ShowPressures() {
-  Text4.Text = FormatFixed(AltitudeToPressure(Rounded(Text2, 0), Metric()), 3);
-  Text3.Text = FormatFixed(AltitudeToPressure(Rounded(Text5, 0), Metric()), 3);
+  Text4.Text = Fixed(AltitudeToPressure(Rounded(Text2, 0), Metric()), 3);
+  Text3.Text = Fixed(AltitudeToPressure(Rounded(Text5, 0), Metric()), 3);
 }
 
 }  // namespace tav

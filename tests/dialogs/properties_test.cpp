@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/gas_blend.h"
 #include "support/dialog_fixture.h"
 
 namespace tav {
@@ -224,6 +225,171 @@ TEST_F(Properties, TheDefaultTemplateIsEditedInPlaceOfThePlans) {
   EXPECT_EQ(double{d.Document(0).Template.StepSize}, 6);
   EXPECT_TRUE(d.Document(0).Template.TemplateChanged);
   EXPECT_EQ(double{Template().StepSize}, 3);
+  EXPECT_EQ(d.applied, 0) << "the plan in the active window has nothing to do with it";
+}
+
+TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
+  d.platform.separators = {",", "."};
+  Template().RMV = 17.5;
+  Template().StartAltitude = 1200;
+  frmProperties& f = Show();
+  EXPECT_EQ(f.tbMaxPPO.Text.Get(), "1,40");
+  EXPECT_EQ(f.Text4.Text.Get(), "0,882");
+  f.tbMinPPO.Type("none");
+  f.tbMinPPO.Leave();
+  f.Option1_0.Choose();
+  f.Option1_1.Choose();
+  f.fgAscend.Edit(1, 1, "2,6");
+  f.fgAscend.Edit(2, 1, "8.6");
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_EQ(double{Template().MaxPPO2}, double{Single(1.4)});
+  EXPECT_EQ(double{Template().MinPPO2}, double{Single(0.16)});
+  EXPECT_EQ(double{Template().Setpoint}, double{Single(1.31)}) << "rounded to 2 decimals on the way there and back";
+  EXPECT_EQ(double{Template().RMV}, 17) << "0.6 cubic feet";
+  EXPECT_EQ(double{Template().AscendRates[0].Rate}, 3);
+  EXPECT_EQ(double{Template().AscendRates[1].Rate}, 9);
+}
+
+TEST_F(Properties, OKResetsAFieldThatHoldsNoNumber) {
+  frmProperties& f = Show();
+  f.tbLastStop.Type("");
+  f.tbStepSize.Type("x");
+  f.Text1.Text = "90000";
+  f.cbOK.Press();
+  EXPECT_EQ(d.platform.boxes.size(), 2U);
+  EXPECT_EQ(double{Template().LastStop}, 3);
+  EXPECT_EQ(double{Template().StepSize}, 3);
+  EXPECT_EQ(double{Template().StartAltitude}, 0) << "an altitude that was not visited stays at sea level";
+  EXPECT_EQ(Template().TimeToHeight, 32767);
+}
+
+TEST_F(Properties, AFieldOfADialogThatHasGoneWarnsNoMore) {
+  frmProperties& f = Show();
+  f.Text2.Enter();
+  f.cbCancel.Press();
+  f.Text2.Leave();
+  EXPECT_TRUE(d.platform.boxes.empty());
+}
+
+TEST_F(Properties, PercentagesAreEditedButNotThoseOfAirNorNames) {
+  frmProperties& f = Show();
+  f.cbAutoDecoGas.Set(true);
+  const int row = FindBlendIndex("EAN50", Template()) + 1;
+  f.FgGas.Edit(1, 1, "30");
+  f.FgGas.Edit(row, 0, "a:b");
+  f.FgGas.Edit(row, 1, "40 %");
+  f.FgGas.Edit(row, 3, "60");
+  const int change = f.fgGasChange.Text(1, 1) == "EAN50" ? 1 : 2;
+  EXPECT_EQ(f.fgGasChange.Text(change, 0), "30") << "1.6 bar of 40 %";
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_EQ(double{Template().Blends[0].O2}, 21);
+  const GasMix& mix = Template().Blends[static_cast<std::size_t>(row - 1)];
+  EXPECT_EQ(mix.Name, "EAN50");
+  EXPECT_EQ(double{mix.O2}, 40);
+  EXPECT_EQ(double{Template().ChangeGasMixes[static_cast<std::size_t>(change - 1)].N2}, 60);
+
+  Show().FgGas.Edit(row, 1, "140");
+  form->cbOK.Press();
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_EQ(double{Template().Blends[static_cast<std::size_t>(row - 1)].O2}, 40);
+}
+
+TEST_F(Properties, DepthsThatAreKeptStayWithTheirGases) {
+  Template().ChangeGasMixes = {{"EAN32", 0, 0, 0, 33}, {"EAN50", 0, 0, 0, 21}, {"Oxygen", 0, 0, 0, 5}};
+  frmProperties& f = Show();
+  f.cbAutoDecoGas.Set(true);
+  f.fgGasChange.OpenMenu();
+  EXPECT_FALSE(f.AddRow.Enabled || f.DelRow.Enabled) << "depths that follow from the gases are read only";
+  f.FgGas.Select(FindBlendIndex("EAN50", Template()) + 1, 0);
+  f.FgGas.OpenMenu();
+  EXPECT_FALSE(f.AddRow.Visible);
+  f.DelRow.Choose();
+  f.Option1_0.Choose();
+  f.cbAutoDecoGas.Set(false);
+  ASSERT_EQ(f.fgGasChange.Rows(), 3);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "108");
+  EXPECT_EQ(f.fgGasChange.Text(2, 1), "Oxygen");
+  EXPECT_EQ(f.fgGasChange.Text(2, 0), "16");
+}
+
+TEST_F(Properties, ATemplateWithAutomaticDepthsKeepsThoseOfTheFile) {
+  Template().ChangeGasMixes = {{"EAN50", 0, 0, 0, 20}, {"Oxygen", 0, 0, 0, 0}};
+  Template().AutoDecoGas = true;
+  frmProperties& f = Show();
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "22") << "1.6 bar";
+  f.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "20");
+  EXPECT_EQ(f.fgGasChange.Text(2, 0), "4") << "a depth of 0 is replaced by that of the highest PPO2, 1.4 bar";
+}
+
+TEST_F(Properties, TheRowMenuFollowsTheSelectionAfterARemoval) {
+  frmProperties& f = Show();
+  f.fgAscend.Select(1, 0);
+  f.fgAscend.OpenMenu();
+  f.AddRow.Choose();
+  f.fgAscend.Select(3, 0);
+  f.DelRow.Choose();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.fgAscend.Rows(), 2) << "the row that moved into place is the selected one";
+}
+
+TEST_F(Properties, GasesOfAPlanThatCanNotBeComputedStay) {
+  frmWaypointEditor& editor = d.forms(d.Active());
+  ASSERT_TRUE(editor.AddUserWaypoint(30, 20, FindBlendIndex("EAN32", Template())));
+  Template().StepSize = 0;
+  editor.ReEvaluateUserEnteredWaypoints();
+  ASSERT_EQ(editor.InputProfile.GetLength(), 0);
+  frmProperties& f = Show();
+  const int gases = f.FgGas.Rows();
+  f.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
+  f.FgGas.OpenMenu();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.FgGas.Rows(), gases);
+}
+
+TEST_F(Properties, WhatCountsAtOnceReachesThePlanAndItsSeries) {
+  Template().StartAltitude = Template().EndAltitude = 3000;
+  Template().StartPressure = Template().EndPressure = 0.71;
+  Template().TimeToHeight = 60;
+  frmWaypointEditor& first = d.forms(d.Active());
+  ASSERT_TRUE(first.AddUserWaypoint(40, 30, 0));
+  ASSERT_TRUE(first.StartDeco());
+  const Single adapted = first.CurrentRunTime();
+  d.Document().Modified = false;
+  Show().Check1.Set(false);
+  EXPECT_TRUE(d.Document().Modified);
+  form->cbCancel.Press();
+  EXPECT_GT(first.CurrentRunTime(), adapted) << "who has just come up from the sea carries more nitrogen";
+
+  const std::int16_t firstDive = d.Active();
+  const std::int16_t second = d.forms.AddRepetitiveDive(firstDive, 120);
+  d.platform.Services().documentWindows.OpenWindow(second);
+  d.Document(firstDive).Modified = false;
+  Show().cbOK.Press();
+  EXPECT_TRUE(d.Document(second).Modified);
+  EXPECT_TRUE(d.Document(firstDive).Modified) << "the first dive asks for its series";
+}
+
+TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
+  frmProperties& f = Show();
+  d.platform.onModal.emplace_back([](Form& shown) {
+    auto& blend = dynamic_cast<frmGasBlend&>(shown);
+    blend.tbBlendName.Type("Deep");
+    blend.tbO2.Type("12");
+    blend.tbO2.Leave();
+    blend.tbHe.Type("60");
+    blend.tbHe.Leave();
+    blend.cbOK.Press();
+  });
+  f.cbCustomBlend.Press();
+  const int last = f.FgGas.Rows() - 1;
+  EXPECT_EQ(f.FgGas.Text(last, 0) + f.FgGas.Text(last, 1) + f.FgGas.Text(last, 2) + f.FgGas.Text(last, 3),
+            "Deep126028");
+  EXPECT_EQ(f.fgGasChange.EditorOf(1, 1).entries.back(), "Deep");
+  f.cbCancel.Press();
+  EXPECT_EQ(Template().Blends.back().Name, "Deep");
 }
 
 TEST(PurgeNumericInput, KeepsDigitsAndPoints) {
