@@ -1,5 +1,9 @@
 include(GNUInstallDirs)
 
 install(TARGETS tavplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY template dives DESTINATION ${CMAKE_INSTALL_DATADIR}/tav)
+install(DIRECTORY template dives lang DESTINATION ${CMAKE_INSTALL_DATADIR}/tav)
 install(FILES docs/tavplan.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+if(TAV_DESKTOP)
+  install(TARGETS tav RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES assets/Tav.wav DESTINATION ${CMAKE_INSTALL_DATADIR}/tav)
+endif()

@@ -111,7 +111,7 @@ drag() {
   xdotool mouseup 1
   focus "New Stop Data"
 }
-drag 120 200 330 320 drag
+drag 120 170 330 205 drag
 keys Tab
 shot waypoint
 keys ctrl+a
@@ -119,7 +119,7 @@ type_text 20
 keys Return
 await "the waypoint dialog stays" gone "New Stop Data"
 focus "^TAV"
-drag 500 260 620 260
+drag 500 190 620 200
 keys ctrl+a
 type_text 18
 keys Tab ctrl+a
