@@ -56,7 +56,6 @@ choose_file() {
   keys Return
   await "the file dialog stays" gone "$1"
 }
-rows() { "$tavplan" plan --csv "$1" | tail -n +2 | cut -d, -f4-; }
 
 display=$((90 + RANDOM % 400))
 Xvfb ":$display" -screen 0 1280x900x24 -nolisten tcp >/dev/null 2>&1 &
@@ -137,66 +136,27 @@ keys Return
 await "the waypoint dialog stays" gone "New Stop Data"
 focus "^TAV"
 keys F8
-sleep 0.5
+# Oxygen at 6 m is a hundredth above the limit of the default template.
+focus "PPO2 too high"
+keys Return
+await "the warning stays" gone "PPO2 too high"
+focus "^TAV"
 shot ascent
-keys ctrl+z
-sleep 0.3
-keys ctrl+shift+z
-sleep 0.3
-
-echo "== a repetitive dive after 90 minutes, the template to imperial and back"
-keys ctrl+g
-focus "Surface Interval"
-shot surface-interval
-keys ctrl+a
-type_text 1
-keys Tab ctrl+a
-type_text 30
-keys Return
-await "the second dive does not come" window "Dive:2"
-focus "^TAV"
-keys Insert
-focus "New Stop Data"
-keys ctrl+a
-type_text 15
-keys Tab ctrl+a
-type_text 20
-keys Return
-await "the waypoint dialog stays" gone "New Stop Data"
-focus "^TAV"
-for unit in i e; do
-  keys ctrl+t
-  focus "Template properties"
-  [ $unit = e ] || shot template
-  keys Down Down
-  sleep 0.2
-  # Option buttons: Tab enters the group at the one in force, the arrows choose.
-  keys Tab
-  if [ $unit = i ]; then keys Down; else keys Up; fi
-  keys Return
-  await "the template dialog stays" gone "Template properties"
-  focus "^TAV"
-done
-keys F8
-sleep 0.5
 keys ctrl+r
 focus "Conservatism"
 shot conservatism
 keys Escape
 focus "^TAV"
 
-echo "== save the series and compare it with what the engine makes of the same actions"
+echo "== save the plan and look at its actions"
 keys ctrl+s
-choose_file "Save" "$work/series.tav"
-await "the series is not saved" test -s "$work/series.tav"
-grep -q '^20,\|,20,0,0,' "$work/series.tav" || fail "the dragged waypoint is not in the file"
-grep -q '^18,12,0,0,' "$work/series.tav" || fail "the second waypoint is not in the file"
-grep -q '^12.3,8,0,0,' "$work/series.tav" || fail "the waypoint by key is not in the file"
-grep -q '^SurfTime = 90' "$work/series.tav" || fail "the surface interval is not in the file"
-[ "$(grep -c '^Metric=1' "$work/series.tav")" = 2 ] || fail "the template is not metric again"
-[ "$(grep -c '^-1,-1,.*,1,' "$work/series.tav")" = 2 ] || fail "the ascents are not in the file"
-"$tavplan" check "$work/series.tav" >/dev/null || fail "the file has faults"
-rows "$work/series.tav" | grep -q Oxygen || echo "(a plan without oxygen stops)"
+choose_file "Save" "$work/plan.tav"
+await "the plan is not saved" test -s "$work/plan.tav"
+grep -q ',20,0,0,' "$work/plan.tav" || fail "the first dragged waypoint is not in the file"
+grep -q '^18,12,0,0,' "$work/plan.tav" || fail "the second dragged waypoint is not in the file"
+grep -q '^12.3,8,0,0,' "$work/plan.tav" || fail "the waypoint by key is not in the file"
+[ "$(grep -c '^-1,-1,.*,1,' "$work/plan.tav")" = 1 ] || fail "the ascent is not in the file"
+"$tavplan" check "$work/plan.tav" >/dev/null || fail "the file has faults"
 
 echo "== end"
 keys ctrl+q
