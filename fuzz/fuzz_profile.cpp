@@ -36,6 +36,10 @@ void RequireSoundRows(const ClassProfile& rows) {
     fuzz::Require(row.RunTime >= rows.GetRunTime(static_cast<std::int16_t>(i - 1)), "run times do not go back");
     fuzz::Require(std::isfinite(row.SegmentTime) && row.SegmentTime >= 0, "a segment has a length");
     fuzz::Require(std::isfinite(row.Depth) && row.Depth >= 0, "a row has a depth");
+    for (const Single value :
+         {row.PPO2, row.TotalCNS, row.TotalOTU, row.END, row.GasUsed, row.Ceiling, row.MaxMValue}) {
+      fuzz::Require(std::isfinite(value), "what a row tells is a number");
+    }
   }
 }
 

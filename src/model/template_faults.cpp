@@ -11,6 +11,12 @@ namespace {
 // Stops closer than a tenth of a unit mean nothing in water, and a step near 0 would give stops without end.
 constexpr double kSmallestStep = 0.1;
 
+// Slower than this a move takes longer than the longest leg; far below, its time has no place in 32 bits.
+constexpr double kSlowestRate = 0.1;
+
+// Far above any depth, pressure or volume; what lies far beyond overflows the 32 bits of a result.
+constexpr double kLargestNumber = 1e6;
+
 class Checker {
  public:
   explicit Checker(const DiveTemplate& diveTemplate) : template_(diveTemplate) {}
@@ -46,8 +52,16 @@ class Checker {
                                                       {"GF", template_.GFHigh},
                                                       {"GF", template_.GFLow}};
     for (const auto& [key, value] : numbers) {
-      if (!std::isfinite(value)) Add(key, std::string(key) + " is not a finite number");
+      if (const std::string fault = NumberFault(value); !fault.empty()) Add(key, std::string(key) + " " + fault);
     }
+  }
+
+  /// Why no number of a template can be this one; empty when it can.
+  static std::string NumberFault(Single value) {
+    if (!std::isfinite(value)) return "is not a finite number";
+    if (std::fabs(value) > kLargestNumber)
+      return "is " + FormatPlain(value) + ", beyond " + FormatPlain(kLargestNumber);
+    return {};
   }
 
   void CheckStops() {
@@ -76,11 +90,13 @@ class Checker {
     }
     if (rates.front().Depth > 0) Add(key, "the " + what + " rates have no entry at depth 0");
     for (std::size_t i = 0; i < rates.size(); ++i) {
-      const bool finite = std::isfinite(rates[i].Depth) && std::isfinite(rates[i].Rate);
-      if (!finite) Add(key, "the " + what + " rates hold a number that is not finite");
-      if (finite && !(rates[i].Rate > 0)) {
+      std::string fault = NumberFault(rates[i].Depth);
+      if (fault.empty()) fault = NumberFault(rates[i].Rate);
+      const bool finite = fault.empty();
+      if (!finite) Add(key, "a number of the " + what + " rates " + fault);
+      if (finite && !(rates[i].Rate >= Single(kSlowestRate))) {
         Add(key, "the " + what + " rate from depth " + FormatPlain(rates[i].Depth) + " is " +
-                     FormatPlain(rates[i].Rate) + ", it must be above 0");
+                     FormatPlain(rates[i].Rate) + ", it must be at least 0.1");
       }
       if (i > 0 && finite && !(rates[i].Depth > rates[i - 1].Depth)) {
         Add(key, "the " + what + " rates are not in rising order of depth");
@@ -109,9 +125,8 @@ class Checker {
       if (!fault.empty()) faults_.push_back({"Blends Available", fault, static_cast<int>(i) - 1});
     }
     for (const GasChange& change : template_.ChangeGasMixes) {
-      if (!std::isfinite(change.Depth)) {
-        Add("Change Gas Mixes", "the depth of the change to \"" + change.Name + "\" is not a finite number");
-      }
+      const std::string fault = NumberFault(change.Depth);
+      if (!fault.empty()) Add("Change Gas Mixes", "the depth of the change to \"" + change.Name + "\" " + fault);
     }
   }
 

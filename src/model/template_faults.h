@@ -18,9 +18,10 @@ struct TemplateFault {
 };
 
 /// Every reason for which the engine would fail, loop or give a wrong number on this template: a number that is not
-/// finite; a step between stops below 0.1; a negative last stop; a pressure of 0 or less; a rate table without an
-/// entry at the surface, out of order or with a rate of 0 or less; a gas without content or with a percentage outside
-/// 0 to 100; a negative gradient factor; a rebreather without a setpoint. Empty for a sound template.
+/// finite or beyond 1,000,000; a step between stops below 0.1; a negative last stop; a pressure of 0 or less; a rate
+/// table without an entry at the surface, out of order or with a rate below 0.1; a gas without content or with a
+/// percentage outside 0 to 100; a negative gradient factor; a rebreather without a setpoint. Empty for a sound
+/// template.
 std::vector<TemplateFault> TemplateFaults(const DiveTemplate& diveTemplate);
 
 /// The longest leg and the deepest depth that a plan may hold, far beyond any dive: minutes and depth units.

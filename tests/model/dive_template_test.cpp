@@ -87,6 +87,9 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
                            {"AscendRates", [](DiveTemplate& t) { t.AscendRates[0].Depth = 3; }},
                            {"AscendRates", [](DiveTemplate& t) { t.AscendRates[1].Depth = 0; }},
                            {"DescendRates", [](DiveTemplate& t) { t.DescendRates[0].Rate = 0; }},
+                           {"DescendRates", [](DiveTemplate& t) { t.DescendRates[0].Rate = 1e-38; }},
+                           {"AscendRates", [](DiveTemplate& t) { t.AscendRates[1].Rate = 1e38; }},
+                           {"StartPressure", [](DiveTemplate& t) { t.StartPressure = 1e38; }},
                            {"DescendRates", [&](DiveTemplate& t) { t.DescendRates[0].Rate = kNaN; }},
                            {"Blends Available",
                             [](DiveTemplate& t) {
