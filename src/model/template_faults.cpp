@@ -93,7 +93,7 @@ class Checker {
       std::string fault = NumberFault(rates[i].Depth);
       if (fault.empty()) fault = NumberFault(rates[i].Rate);
       const bool finite = fault.empty();
-      if (!finite) Add(key, "a number of the " + what + " rates " + fault);
+      if (!finite) Add(key, fault.insert(0, "a number of the " + what + " rates "));
       if (finite && !(rates[i].Rate >= Single(kSlowestRate))) {
         Add(key, "the " + what + " rate from depth " + FormatPlain(rates[i].Depth) + " is " +
                      FormatPlain(rates[i].Rate) + ", it must be at least 0.1");
