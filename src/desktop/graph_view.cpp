@@ -15,6 +15,7 @@ namespace {
 constexpr int kTimeTitle = 1501;
 constexpr int kCeilingTitle = 1503;
 constexpr double kLargestZoom = 12;
+constexpr double kZoomStep = 1.25;
 
 int Pixels(double units) { return static_cast<int>(units / kUnitsPerPixel); }
 
@@ -29,6 +30,7 @@ QLabel* Caption(QWidget* parent, Colour colour) {
   QPalette palette = label->palette();
   palette.setColor(QPalette::WindowText, ColourOf(colour));
   label->setPalette(palette);
+  label->setFont(SurfaceFont(false));
   return label;
 }
 
@@ -40,8 +42,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       actions_(std::move(actions)),
       graph_(forms, document, *this),
       container_(new SurfaceWidget(this)),
-      axisContainer_(new QWidget(container_)),
-      grid_(new SurfaceWidget(axisContainer_)),
+      grid_(new SurfaceWidget(container_)),
       bars_(new SurfaceWidget(this)),
       scrollBar_(new QScrollBar(Qt::Horizontal, this)),
       time_(Caption(container_, kBlack)),
@@ -60,9 +61,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   grid_->setMouseTracking(true);
   grid_->installEventFilter(this);
   depth_->setAlignment(Qt::AlignHCenter);
-  QFont bold = ceilingNumber_->font();
-  bold.setBold(true);
-  ceilingNumber_->setFont(bold);
+  ceilingNumber_->setFont(SurfaceFont(true));
   ceilingNumber_->setObjectName(QStringLiteral("lbCeilingNumber"));
   readOut_->setObjectName(QStringLiteral("Text1"));
   readOut_->setStyleSheet(QStringLiteral("background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px"));
@@ -72,7 +71,9 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   notice_->setStyleSheet(QStringLiteral("background: #b00020; color: white; font-weight: bold; padding: 6px"));
   notice_->setWordWrap(true);
   notice_->hide();
-  connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::ScrollTo);
+  scrollBar_->setFocusPolicy(Qt::NoFocus);  // the keys of the view move it
+  connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::Redraw);
+  for (SurfaceWidget* surface : {container_, grid_, bars_}) surface->RedrawWanted = [this] { Redraw(); };
   TemplateChanged();
 }
 
@@ -84,37 +85,40 @@ void GraphView::TemplateChanged() {
   for (const std::string& letter : graph_.DepthLetters()) letters << ToQt(letter);
   depth_->setText(letters.join(QLatin1Char('\n')));
   LayOut();
+  scrollBar_->setValue(0);
 }
 
 void GraphView::LayOut() {
   const GraphLayout layout = LayOutGraph(width() * kUnitsPerPixel, height() * kUnitsPerPixel,
                                          scrollBar_->sizeHint().height() * kUnitsPerPixel, zoom_);
   container_->setGeometry(PixelRect(layout.mainContainer));
-  axisContainer_->setGeometry(PixelRect(layout.axisContainer));
   bars_->setGeometry(PixelRect(layout.compartments));
   scrollBar_->setGeometry(PixelRect(layout.scrollBar));
-  grid_->resize(Pixels(layout.grid.width), Pixels(layout.grid.height));
+  // What the container and the scroll bar leave of the plot.
+  const QRect view = PixelRect(layout.axisContainer);
+  grid_->setGeometry(view.x(), view.y(), container_->width() - view.x(), scrollBar_->y() - view.y());
+  plot_ = PixelRect(layout.grid).size();
   scrollBar_->setRange(0, Pixels(layout.scrollMaximum));
   scrollBar_->setPageStep(Pixels(layout.largeChange));
   scrollBar_->setSingleStep(Pixels(layout.smallChange));
-  ScrollTo(scrollBar_->value());
 
-  const int line = fontMetrics().height();
+  const int top = Pixels(100);
   time_->adjustSize();
-  time_->move(container_->width() / 2, Pixels(100) - line / 4);
+  time_->move(container_->width() / 2, top);
   ceiling_->adjustSize();
-  ceiling_->move(Pixels(150), Pixels(100) - line / 4);
+  ceiling_->move(Pixels(150), top);
   ceilingNumber_->adjustSize();
-  ceilingNumber_->move(ceiling_->x() + ceiling_->width() + fontMetrics().horizontalAdvance(QLatin1Char(' ')),
-                       ceiling_->y());
+  ceilingNumber_->move(ceiling_->geometry().right() + fontMetrics().horizontalAdvance(QLatin1Char(' ')), top);
   depth_->adjustSize();
-  depth_->move(Pixels(60), std::max(2 * line, (container_->height() - depth_->height()) / 2));
-  notice_->setGeometry(0, 0, width(), notice_->heightForWidth(width()));
+  depth_->move(1, grid_->y() + std::max(0, (grid_->height() - depth_->height()) / 2));
+  const int noticeHeight = notice_->heightForWidth(width());
+  notice_->setGeometry(0, scrollBar_->y() - noticeHeight, width(), noticeHeight);
   notice_->raise();
 }
 
 void GraphView::Redraw() {
-  graph_.RedrawProfile(container_->Surface(), grid_->Surface(), bars_->Surface());
+  grid_->ShowPart(plot_, scrollBar_->value());
+  graph_.RedrawProfile(container_->Surface(), grid_->Surface(), bars_->Surface(), zoom_);
   container_->Flush();
   grid_->Flush();
   bars_->Flush();
@@ -123,10 +127,9 @@ void GraphView::Redraw() {
 void GraphView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   LayOut();
+  scrollBar_->setValue(0);
   Redraw();
 }
-
-void GraphView::ScrollTo(int value) { grid_->move(-value, 0); }
 
 void GraphView::ShowNotice(const QString& text) {
   notice_->setText(text);
@@ -137,7 +140,9 @@ void GraphView::ShowNotice(const QString& text) {
 void GraphView::ShowReadOut(double x, double y, const std::string& text) {
   readOut_->setText(ToQt(text));
   readOut_->adjustSize();
-  readOut_->move(Pixels(x), Pixels(y));
+  // Never out of sight, near the right edge and above the scroll bar.
+  readOut_->move(std::min(Pixels(x) - scrollBar_->value(), grid_->width() - readOut_->width()),
+                 std::min(Pixels(y), grid_->height() - readOut_->height()));
   readOut_->show();
 }
 
@@ -153,6 +158,15 @@ void GraphView::ShowCeiling(const std::string& text, Colour colour) {
 
 void GraphView::ShowCross(bool cross) { grid_->setCursor(cross ? Qt::CrossCursor : Qt::ArrowCursor); }
 
+void GraphView::NewWaypoint(Single depth, Single segmentTime) {
+  grid_->Flush();  // the preview goes before a dialog comes
+  actions_.newWaypoint(depth, segmentTime);
+}
+
+ScreenPoint GraphView::OnPlot(QPointF position) const {
+  return {(position.x() + scrollBar_->value()) * kUnitsPerPixel, position.y() * kUnitsPerPixel};
+}
+
 bool GraphView::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
@@ -164,15 +178,16 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
       auto* wheel = static_cast<QWheelEvent*>(event);
       if ((wheel->modifiers() & Qt::ControlModifier) == 0) {
         scrollBar_->event(event);
-        return true;
+      } else {
+        constexpr double kNotch = 120;
+        Zoom(std::pow(kZoomStep, wheel->angleDelta().y() / kNotch), wheel->position().x());
       }
-      Zoom(wheel->angleDelta().y() > 0 ? 1.25 : 0.8, wheel->position().x());
       return true;
     }
     case QEvent::ToolTip: {
       auto* help = static_cast<QHelpEvent*>(event);
-      const std::string tip = graph_.TipAt(help->pos().x() * kUnitsPerPixel, help->pos().y() * kUnitsPerPixel);
-      QToolTip::showText(help->globalPos(), ToQt(tip), grid_);
+      const ScreenPoint at = OnPlot(help->pos());
+      QToolTip::showText(help->globalPos(), ToQt(graph_.TipAt(at.x, at.y)), grid_);
       return true;
     }
     default:
@@ -182,40 +197,40 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
 
 void GraphView::GridMouse(QEvent* event) {
   auto* mouse = static_cast<QMouseEvent*>(event);
-  const Single x = mouse->position().x() * kUnitsPerPixel;
-  const Single y = mouse->position().y() * kUnitsPerPixel;
+  const ScreenPoint at = OnPlot(mouse->position());
   if (event->type() == QEvent::MouseMove) {
-    graph_.MouseMove(x, y, (width() + scrollBar_->value()) * kUnitsPerPixel, grid_->Surface());
+    graph_.MouseMove(at.x, at.y, (width() + scrollBar_->value()) * kUnitsPerPixel, grid_->Surface());
     grid_->Flush();
   } else if (event->type() == QEvent::MouseButtonRelease) {
     if (mouse->button() == Qt::LeftButton) graph_.MouseUp(grid_->Surface());
-    grid_->Flush();
   } else if (mouse->button() == Qt::LeftButton || mouse->button() == Qt::RightButton) {
     setFocus(Qt::MouseFocusReason);
-    graph_.MouseDown(mouse->button() == Qt::RightButton, x, y, grid_->Surface());
+    graph_.MouseDown(mouse->button() == Qt::RightButton, at.x, at.y, grid_->Surface());
   }
 }
 
 void GraphView::Zoom(double factor, double atPixel) {
   const double zoom = std::clamp(zoom_ * factor, 1.0, kLargestZoom);
   if (zoom == zoom_) return;
-  // What lies under the pointer stays there.
-  const double seen = atPixel - scrollBar_->value();
-  const double moved = atPixel * zoom / zoom_;
+  const double scroll = scrollBar_->value();
+  const double kept = ScrollKeeping(atPixel + scroll, scroll, zoom / zoom_);
   zoom_ = zoom;
+  const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
-  scrollBar_->setValue(static_cast<int>(moved - seen));
+  scrollBar_->setValue(static_cast<int>(std::lround(kept)));
   Redraw();
 }
 
 void GraphView::ResetZoom() {
   zoom_ = 1;
+  const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
   scrollBar_->setValue(0);
   Redraw();
 }
 
 void GraphView::keyPressEvent(QKeyEvent* event) {
+  const double middle = grid_->width() / 2.0;
   switch (event->key()) {
     case Qt::Key_Left:
       scrollBar_->triggerAction(QAbstractSlider::SliderSingleStepSub);
@@ -223,27 +238,55 @@ void GraphView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
       scrollBar_->triggerAction(QAbstractSlider::SliderSingleStepAdd);
       break;
+    case Qt::Key_PageUp:
+      scrollBar_->triggerAction(QAbstractSlider::SliderPageStepSub);
+      break;
+    case Qt::Key_PageDown:
+      scrollBar_->triggerAction(QAbstractSlider::SliderPageStepAdd);
+      break;
     case Qt::Key_Home:
       scrollBar_->setValue(0);
       break;
     case Qt::Key_End:
       scrollBar_->setValue(scrollBar_->maximum());
       break;
-    case Qt::Key_Menu:
-      actions_.popup();
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      Zoom(kZoomStep, middle);
+      break;
+    case Qt::Key_Minus:
+      Zoom(1 / kZoomStep, middle);
+      break;
+    case Qt::Key_0:
+      ResetZoom();
+      break;
+    case Qt::Key_Escape:
+      graph_.CancelDrag(grid_->Surface());
+      grid_->Flush();
       break;
     default:
       QWidget::keyPressEvent(event);
   }
 }
 
+void GraphView::contextMenuEvent(QContextMenuEvent* event) {
+  // The right button has opened the menu when it went down.
+  if (event->reason() == QContextMenuEvent::Keyboard) ShowPopup();
+}
+
+QSize GraphView::PictureSize() const {
+  constexpr QSize kReadable(1000, 700);
+  return size().expandedTo(kReadable);
+}
+
 bool GraphView::ExportPng(const QString& file) {
   constexpr double kScale = 2;
-  QImage image(size() * kScale, QImage::Format_RGB32);
+  const QSize size = PictureSize();
+  QImage image(size * kScale, QImage::Format_RGB32);
   image.setDevicePixelRatio(kScale);
   {
     QPainter painter(&image);
-    PainterSurface surface(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
     graph_.DrawPicture(surface);
   }
   QSaveFile out(file);
@@ -255,11 +298,15 @@ bool GraphView::ExportSvg(const QString& file) {
   if (!out.open(QIODevice::WriteOnly)) return false;
   QSvgGenerator generator;
   generator.setOutputDevice(&out);
-  generator.setSize(size());
-  generator.setViewBox(rect());
+  const QSize size = PictureSize();
+  constexpr int kPixelsPerInch = 96;
+  generator.setResolution(kPixelsPerInch);
+  generator.setSize(size);
+  generator.setViewBox(QRect(QPoint(0, 0), size));
+  generator.setTitle(accessibleName());
   {
     QPainter painter(&generator);
-    PainterSurface surface(painter, width() * kUnitsPerPixel, height() * kUnitsPerPixel);
+    PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
     graph_.DrawPicture(surface);
   }
   return out.commit();

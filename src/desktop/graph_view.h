@@ -44,27 +44,30 @@ class GraphView : public QWidget, public GraphWindow {
   void ShowCeiling(const std::string& text, Colour colour) override;
   void ShowCross(bool cross) override;
   void ShowPopup() override { actions_.popup(); }
-  void NewWaypoint(Single depth, Single segmentTime) override { actions_.newWaypoint(depth, segmentTime); }
+  void NewWaypoint(Single depth, Single segmentTime) override;
   void ViewRow(std::int16_t row) override { actions_.viewRow(row); }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void LayOut();
-  void ScrollTo(int value);
+  [[nodiscard]] ScreenPoint OnPlot(QPointF position) const;
   void GridMouse(QEvent* event);
+  /// Stretches the time; what lies at that pixel of the view of the plot stays there.
   void Zoom(double factor, double atPixel);
+  [[nodiscard]] QSize PictureSize() const;
 
   DocumentForms& forms_;
   std::int16_t document_;
   Actions actions_;
   ProfileGraph graph_;
   double zoom_ = 1;
+  QSize plot_;  ///< pixels, of which the grid shows a part
   SurfaceWidget* container_;
-  QWidget* axisContainer_;
   SurfaceWidget* grid_;
   SurfaceWidget* bars_;
   QScrollBar* scrollBar_;

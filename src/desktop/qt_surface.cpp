@@ -1,6 +1,8 @@
 #include "desktop/qt_surface.h"
 
 #include <QFontMetricsF>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/form_binder.h"
 
@@ -13,16 +15,21 @@ QColor ColourOf(Colour colour) { return {colour & 255, colour >> 8 & 255, colour
 
 }  // namespace
 
-PainterSurface::PainterSurface(QPainter& painter, double width, double height)
-    : painter_(painter), width_(width), height_(height) {}
-
-QFont PainterSurface::Font(bool bold) const {
-  constexpr int kPixelSize = 11;
-  QFont font(QStringLiteral("Liberation Sans"));
+QFont SurfaceFont(bool bold) {
+  constexpr int kPixelSize = 12;
+  QFont font;
+  font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(kPixelSize);
   font.setBold(bold);
   return font;
+}
+
+PainterSurface::PainterSurface(QPainter& painter, double width, double height)
+    : painter_(painter), width_(width), height_(height) {
+  // Whole pixels of the device, so that all lines look alike at a scale like 1.5.
+  const double scale = painter.device()->devicePixelRatioF();
+  penWidth_ = std::max(1.0, std::floor(scale)) / scale;
 }
 
 void PainterSurface::Touch(double x0, double y0, double x1, double y1) {
@@ -41,7 +48,7 @@ QRect PainterSurface::TakeTouched() {
 void PainterSurface::Clear(Colour background) { FilledBox(0, 0, width_, height_, background); }
 
 void PainterSurface::Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style) {
-  QPen pen(ColourOf(colour), 1, style == LineStyle::Dotted ? Qt::DotLine : Qt::SolidLine, Qt::FlatCap);
+  QPen pen(ColourOf(colour), penWidth_, style == LineStyle::Dotted ? Qt::DotLine : Qt::SolidLine, Qt::FlatCap);
   painter_.setPen(pen);
   // Rules stay crisp; slopes are smooth, but for those that are to be erased to the pixel.
   const bool slope = x0 != x1 && y0 != y1;
@@ -59,7 +66,7 @@ void PainterSurface::FilledBox(double x0, double y0, double x1, double y1, Colou
 
 void PainterSurface::Box(double x0, double y0, double x1, double y1, Colour colour) {
   painter_.setRenderHint(QPainter::Antialiasing, false);
-  painter_.setPen(QPen(ColourOf(colour), 1));
+  painter_.setPen(QPen(ColourOf(colour), penWidth_));
   painter_.setBrush(Qt::NoBrush);
   painter_.drawRect(QRectF(QPointF(Pixels(x0), Pixels(y0)), QPointF(Pixels(x1), Pixels(y1))).normalized());
   Touch(x0, y0, x1, y1);
@@ -75,7 +82,7 @@ void PainterSurface::FilledCircle(double x, double y, double radius, Colour colo
 
 void PainterSurface::Circle(double x, double y, double radius, Colour colour) {
   painter_.setRenderHint(QPainter::Antialiasing, !exclusiveOr_);
-  painter_.setPen(QPen(ColourOf(colour), 1));
+  painter_.setPen(QPen(ColourOf(colour), penWidth_));
   painter_.setBrush(Qt::NoBrush);
   painter_.drawEllipse(QPointF(Pixels(x), Pixels(y)), Pixels(radius), Pixels(radius));
   Touch(x - radius, y - radius, x + radius, y + radius);
@@ -103,17 +110,27 @@ ImageSurface::~ImageSurface() {
   if (painter_) painter_->end();
 }
 
-void ImageSurface::Resize(QSize size, double scale) {
-  size = size.expandedTo(QSize(1, 1));
-  const QSize device = size * scale;
-  if (surface_ && image_.size() == device && image_.devicePixelRatio() == scale) return;
+bool ImageSurface::Fits(QSize size, double scale) const {
+  return surface_ && image_.size() == size.expandedTo(QSize(1, 1)) * scale && image_.devicePixelRatio() == scale;
+}
+
+void ImageSurface::Show(QSize size, double scale, QSize whole, int scroll) {
+  const bool fits = Fits(size, scale);
+  if (fits && whole == whole_ && scroll == scroll_) return;
+  whole_ = whole;
+  scroll_ = scroll;
   surface_.reset();
-  if (painter_) painter_->end();
-  image_ = QImage(device, QImage::Format_RGB32);
-  image_.setDevicePixelRatio(scale);
-  image_.fill(Qt::gray);
-  painter_ = std::make_unique<QPainter>(&image_);
-  surface_ = std::make_unique<PainterSurface>(*painter_, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
+  if (!fits) {
+    if (painter_) painter_->end();
+    image_ = QImage(size.expandedTo(QSize(1, 1)) * scale, QImage::Format_RGB32);
+    image_.setDevicePixelRatio(scale);
+    image_.fill(Qt::gray);
+    painter_ = std::make_unique<QPainter>(&image_);
+  }
+  painter_->resetTransform();
+  painter_->translate(-scroll, 0);
+  surface_ =
+      std::make_unique<PainterSurface>(*painter_, whole.width() * kUnitsPerPixel, whole.height() * kUnitsPerPixel);
 }
 
 }  // namespace tav

@@ -3,12 +3,16 @@
 #include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <memory>
 
 #include "platform/drawing_surface.h"
 
 namespace tav {
 
 constexpr double kUnitsPerPixel = 15;  ///< 1440 drawing units and 96 pixels to the inch
+
+/// The font of all that is drawn: 12 pixels high.
+QFont SurfaceFont(bool bold);
 
 /// Draws with a painter; the size is in drawing units.
 class PainterSurface : public DrawingSurface {
@@ -33,22 +37,28 @@ class PainterSurface : public DrawingSurface {
 
  private:
   void Touch(double x0, double y0, double x1, double y1);
-  [[nodiscard]] QFont Font(bool bold) const;
+  [[nodiscard]] const QFont& Font(bool bold) const { return bold ? bold_ : plain_; }
 
   QPainter& painter_;
   double width_;
   double height_;
+  QFont plain_ = SurfaceFont(false);
+  QFont bold_ = SurfaceFont(true);
+  double penWidth_ = 1;
   bool exclusiveOr_ = false;
   QRectF touched_;
 };
 
-/// A surface that keeps what is drawn on it as an image.
+/// A surface that keeps what is drawn on it, or on a part of it, as an image.
 class ImageSurface {
  public:
-  /// Makes the image anew, empty, when size (pixels) or scale differ.
-  void Resize(QSize size, double scale);
+  /// Whether the image has that size (pixels) at that scale.
+  [[nodiscard]] bool Fits(QSize size, double scale) const;
+  /// The image is to show the part from `scroll` on of a surface of the size `whole`, in pixels. Makes the image anew,
+  /// empty, when it does not fit.
+  void Show(QSize size, double scale, QSize whole, int scroll);
   [[nodiscard]] const QImage& Image() const { return image_; }
-  /// The surface to draw on; valid until the next Resize.
+  /// The surface to draw on; valid until the next Show.
   [[nodiscard]] PainterSurface& Surface() { return *surface_; }
 
   ImageSurface() = default;
@@ -60,6 +70,8 @@ class ImageSurface {
   QImage image_;
   std::unique_ptr<QPainter> painter_;
   std::unique_ptr<PainterSurface> surface_;
+  QSize whole_;
+  int scroll_ = 0;
 };
 
 }  // namespace tav

@@ -37,10 +37,11 @@ class ExclusiveOr {
 
 }  // namespace
 
-void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars) {
+void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars,
+                                 double timeZoom) {
   const ClassProfile& rows = Editor().InputProfile;
   ProfilePlot plot(container, grid);
-  plot.Redraw(rows);
+  plot.Redraw(rows, ProfilePlot::kRoomToGrow, timeZoom);
   scale_ = plot.Scale();
   scale_.TransformRates(Template());
   const Waypoint& last = rows.Row(rows.GetLength());
@@ -67,7 +68,7 @@ void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
   OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, barsTop - kPlotPlaceY);
   OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
   const ClassProfile& rows = Editor().InputProfile;
-  ProfilePlot(container, grid).Redraw(rows);
+  ProfilePlot(container, grid).Redraw(rows, ProfilePlot::kJustThePlan);
   ShowCompartmentLoad(bars, rows.Row(rows.GetLength()).PercentCompartments, T(kCompartmentTitle));
 
   const std::string ceilingTitle = T(kCeilingTitle) + " ";
@@ -78,7 +79,7 @@ void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
   const std::vector<std::string> letters = DepthLetters();
   double y = (barsTop - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
   for (const std::string& letter : letters) {
-    picture.Text(2 * kMargin - picture.TextWidth(letter) / 2, y, letter, kBlack);
+    picture.Text(1.5 * kMargin - picture.TextWidth(letter) / 2, y, letter, kBlack);
     y += picture.TextHeight();
   }
 }

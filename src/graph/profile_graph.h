@@ -38,9 +38,9 @@ class ProfileGraph {
       : forms_(forms), document_(document), window_(window) {}
 
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
-  void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars);
+  void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, double timeZoom = 1);
 
-  /// Draws all of the plan on one surface, with the titles, for a picture: the plot is as wide as there is room, and
+  /// Draws all of the plan on one surface, with the titles, for a picture: the plan fills the plot, and
   /// nothing is scrolled or cut off. Changes nothing else.
   void DrawPicture(DrawingSurface& picture) const;
 

@@ -28,13 +28,13 @@ int Whole(double value) { return static_cast<int>(std::nearbyint(value)); }
 Single LargestDepth(const ClassProfile& profile) { return Largest(profile, &Waypoint::Depth); }
 Single LargestTime(const ClassProfile& profile) { return Largest(profile, &Waypoint::RunTime); }
 
-void ProfilePlot::Redraw(const ClassProfile& profile) {
+void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZoom) {
   container_.Clear(graph::kBackground);
   grid_.Clear(graph::kBackground);
   scale_.SetPlot(grid_.Width(), grid_.Height());
-  scale_.SetWorld(0, 3 * LargestTime(profile), 0, -2 * LargestDepth(profile));
+  scale_.SetWorld(0, reach.time * LargestTime(profile), 0, -reach.depth * LargestDepth(profile));
   grid_.FilledBox(scale_.PlotLeft, scale_.PlotTop, scale_.PlotRight, scale_.PlotBottom, kBlack);
-  Xaxis();
+  Xaxis(timeZoom);
   Yaxis();
   PrevPlotTime_ = 0;
   PrevPlotY_ = 0;
@@ -43,9 +43,9 @@ void ProfilePlot::Redraw(const ClassProfile& profile) {
   }
 }
 
-void ProfilePlot::Xaxis() {
+void ProfilePlot::Xaxis(double timeZoom) {
   constexpr int kSteps = 30;
-  const int step = std::max(2, Whole(scale_.WorldRight / kSteps));
+  const int step = std::max(2, Whole(scale_.WorldRight / (kSteps * timeZoom)));
   const int last = Whole(scale_.WorldRight - step);
   for (int v = Whole(scale_.WorldLeft + step); v <= last; v += step) {
     const double x = scale_.WorldToScreen(v, 0).x;
@@ -100,6 +100,7 @@ void ProfilePlot::PlotGasChanges(const ClassProfile& profile, std::int16_t row, 
 }
 
 void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place) {
+  // The lines come first: they touch the tails of letters.
   const double width = grid_.TextWidth(text, true);
   const double height = grid_.TextHeight(true);
   const double x = at.x;
@@ -107,12 +108,12 @@ void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlac
   if (place == LabelPlace::UpLeft) {
     const double left = x - 500 - width - 40;
     grid_.Line(x - 40, y - 70, x - 500, y - 250, kBlack);
-    grid_.Text(left, y - 250 - height, text, graph::kYellow, true);
     grid_.Line(x - 500, y - 250, left, y - 250, kBlack);
+    grid_.Text(left, y - 250 - height, text, graph::kYellow, true);
   } else {
     grid_.Line(x + 70, y + 70, x + 500, y + 200, kBlack);
-    grid_.Text(x + 500, y + 200 - height, text, graph::kYellow, true);
     grid_.Line(x + 500, y + 200, x + 500 + width + 40, y + 200, kBlack);
+    grid_.Text(x + 500, y + 200 - height, text, graph::kYellow, true);
   }
 }
 

@@ -23,12 +23,21 @@ class ProfilePlot {
   /// left and 300 from the top.
   ProfilePlot(DrawingSurface& container, DrawingSurface& grid) : container_(container), grid_(grid) {}
 
-  /// Clears both surfaces and draws everything. The scale that results holds until the next call.
-  void Redraw(const ClassProfile& profile);
+  /// How far the world of the plot reaches: multiples of the greatest run time and depth, before rounding outwards.
+  struct Reach {
+    double time;
+    double depth;
+  };
+  static constexpr Reach kRoomToGrow{3, 2};       ///< for a plan that is being made
+  static constexpr Reach kJustThePlan{1.2, 1.1};  ///< for a picture of one that is done
+
+  /// Clears both surfaces and draws everything. The scale that results holds until the next call. On a plot whose time
+  /// is stretched by `timeZoom` the times are told in finer steps.
+  void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1);
   [[nodiscard]] const GraphScale& Scale() const { return scale_; }
 
  private:
-  void Xaxis();
+  void Xaxis(double timeZoom);
   void Yaxis();
   void PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast);
   void PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at);

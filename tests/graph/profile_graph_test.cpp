@@ -290,7 +290,7 @@ TEST_F(Graph, APictureShowsAllOfTheGraphAndChangesNothing) {
   EXPECT_EQ(window.ceiling, "untouched");
   EXPECT_EQ(plans.documents(document).Template.DescendRates[0].DrawRate, before.DescendRates[0].DrawRate);
   const auto shown = picture.Texts();
-  for (const char* text : {"*StringID 1308*", "*StringID 1501*", "*StringID 1503* ", "\xC3\xA4", "(m)", "180", "117"}) {
+  for (const char* text : {"*StringID 1308*", "*StringID 1501*", "*StringID 1503* ", "\xC3\xA4", "(m)", "75", "65"}) {
     EXPECT_THAT(shown, Contains(text));
   }
   for (const auto& stroke : picture.strokes) {

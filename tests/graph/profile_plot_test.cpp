@@ -32,7 +32,7 @@ class ProfilePlotTest : public testing::Test {
     row.Status = status;
     return row;
   }
-  void Draw() { plot.Redraw(profile); }
+  void Draw() { plot.Redraw(profile, ProfilePlot::kRoomToGrow); }
   [[nodiscard]] std::vector<Stroke> Labels() const {
     std::vector<Stroke> labels = grid.Of(Kind::Text);
     std::erase_if(labels, [](const Stroke& text) { return text.colour != graph::kYellow; });
@@ -81,6 +81,13 @@ TEST_F(ProfilePlotTest, AxesOfAnEmptyPlan) {
   EXPECT_EQ(grid.Of(Kind::Dotted).size(), 13U);
   EXPECT_THAT(container.strokes, Contains(Stroke{Kind::Line, 780, 850, 780, 7500, graph::kWhite, ""}));
   EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 0, 550, 19000, 550, graph::kWhite, ""}));
+}
+
+TEST_F(ProfilePlotTest, StretchedTimeIsToldInFinerStepsOfAtLeastTwoMinutes) {
+  for (const auto& [zoom, second] : {std::pair{1.0, "12"}, {1.6, "8"}, {3.0, "4"}, {12.0, "4"}}) {
+    plot.Redraw(profile, ProfilePlot::kRoomToGrow, zoom);
+    EXPECT_EQ(grid.Texts()[1], second) << zoom;
+  }
 }
 
 TEST_F(ProfilePlotTest, RowsAreJoinedAndMarkedByTheirKind) {
