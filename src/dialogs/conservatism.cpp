@@ -28,8 +28,8 @@ void frmConservatism::Form_Load() {
   const DiveTemplate& t = TemplateOf(documentIndex_);
   Check1.Value = t.UseGF;
   Check2.Value = t.DepthAdjust;
-  Text1.Text = FormatFixed(t.GFLow, 2);
-  Text2.Text = FormatFixed(t.GFHigh, 2);
+  Text1.Text = Fixed(t.GFLow, 2);
+  Text2.Text = Fixed(t.GFHigh, 2);
   fillGradient();
 }
 
@@ -47,7 +47,7 @@ void frmConservatism::cbOK_Click() {
   const Single limit = services_.veryHighGF ? 1.2 : 1.0;
   const bool valid = low > 0 && low <= limit && high > 0 && high <= limit && low < high;
   if (!valid) {
-    Box(T(3004) + FormatPlain(limit) + T(3005), Caption, BoxIcon::Stop);
+    Box(T(3004) + Plain(limit) + T(3005), Caption, BoxIcon::Stop);
     return;
   }
   if (!ConfirmHighFactor(low, high)) {

@@ -26,10 +26,7 @@ frmWaypointForm::frmWaypointForm(const DialogServices& services) : DialogForm("f
 
 void frmWaypointForm::Wire() {
   tbDepth.Change = [this] { DepthTyped(); };
-  tbDepth.KeyReturn = [this] {
-    Suggest();
-    cbOK.Press();
-  };
+  tbDepth.KeyReturn = [this] { Suggest(); };
   tbTime.Change = [this] { tbTime.Text = AlphaNumericInput(tbTime.Text); };
   udDepthSpin.Buddy = "tbDepth";
   udDepthSpin.UpClick = [this] { Step(tbDepth, 1); };
@@ -68,9 +65,9 @@ void frmWaypointForm::WireSuggestion(Kind kind, TextBox& field, Button& add) {
     add.Visible = false;
   };
   field.Change = [this, kind, &field, &add] { Overtyped(kind, field, add); };
-  // Left empty, the field shows what was suggested again.
-  field.LostFocus = [this, &field] {
-    if (field.Text.Get().empty()) Suggest();
+  // Left empty, the field shows again what stood in it.
+  field.LostFocus = [this, kind, &field] {
+    if (field.Text.Get().empty()) ShowMix(kind);
   };
 }
 
@@ -125,11 +122,11 @@ void frmWaypointForm::SetCaptions() {
 void frmWaypointForm::ShowAsViewer() {
   Combo1.ListIndex = FindBlendIndex(Row().GasMixName, Template());
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(Combo1.ListIndex.Get()));
-  tbO2.Text = FormatPlain(mix.O2);
-  tbN2.Text = FormatPlain(mix.N2);
-  tbHe.Text = FormatPlain(mix.He);
-  tbDepth.Text = FormatFixed(Row().Depth, 1);
-  tbTime.Text = FormatFixed(Row().SegmentTime, 1);
+  tbO2.Text = Plain(mix.O2);
+  tbN2.Text = Plain(mix.N2);
+  tbHe.Text = Plain(mix.He);
+  tbDepth.Text = Fixed(Row().Depth, 1);
+  tbTime.Text = Fixed(Row().SegmentTime, 1);
   for (Control* control : std::initializer_list<Control*>{&tbDepth, &tbTime, &Combo1, &cbOK, &udDepthSpin, &udTimeSpin,
                                                           &cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
     control->Enabled = false;
@@ -150,9 +147,9 @@ void frmWaypointForm::Combo1_Click() {
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));
   Row().GasMixName = mix.Name;
   Row().MixNumber = static_cast<std::int16_t>(index);
-  tbO2.Text = FormatPlain(mix.O2);
-  tbN2.Text = FormatPlain(mix.N2);
-  tbHe.Text = FormatPlain(mix.He);
+  tbO2.Text = Plain(mix.O2);
+  tbN2.Text = Plain(mix.N2);
+  tbHe.Text = Plain(mix.He);
 }
 
 void frmWaypointForm::DepthTyped() {

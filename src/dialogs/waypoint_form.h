@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dialogs/dialog_form.h"
@@ -86,9 +87,9 @@ class frmWaypointForm : public DialogForm {
   void DepthTyped();
   void Step(TextBox& field, int by);
   void Suggest();
-  void ShowNitrox();
-  void ShowTrimix();
-  void ShowHeliox();
+  void ShowMix(Kind kind);
+  void ShowPair(const std::optional<MixFractions>& mix, Single MixFractions::*other, TextBox& o2, TextBox& rest,
+                Button& add);
   void Overtyped(Kind kind, TextBox& field, Button& add);
   void AddMix(const std::string& name, Single o2, Single n2, Single he);
   void ShowInfo(Kind kind, bool edited);
@@ -103,9 +104,9 @@ class frmWaypointForm : public DialogForm {
   std::int16_t documentIndex_ = 0;
   bool viewer_ = false;
   bool accepted_ = false;
-  MixFractions nitrox_;
+  std::optional<MixFractions> nitrox_;  ///< as suggested or typed; nothing when no such mix keeps the limits
   MixFractions trimix_;
-  MixFractions heliox_;
+  std::optional<MixFractions> heliox_;
 };
 
 }  // namespace tav

@@ -17,33 +17,34 @@ constexpr double kMostOfASecondGas = 0.99;
 }  // namespace
 
 void frmWaypointForm::Suggest() {
-  ShowNitrox();
-  ShowTrimix();
-  ShowHeliox();
-}
-
-void frmWaypointForm::ShowNitrox() {
-  const auto mix = SuggestNitrox(Depth(), Template());
-  nitrox_ = mix.value_or(MixFractions{});
-  Text1.Text = mix ? Percent(mix->O2) : "n/a";
-  Text2.Text = mix ? Percent(mix->N2) : "n/a";
-  cbNitroxAdd.Visible = mix.has_value();
-}
-
-void frmWaypointForm::ShowHeliox() {
-  const auto mix = SuggestHeliox(Depth(), Template());
-  heliox_ = mix.value_or(MixFractions{});
-  Text9.Text = mix ? Percent(mix->O2) : "n/a";
-  Text7.Text = mix ? Percent(mix->He) : "n/a";
-  cbHelioxAdd.Visible = mix.has_value();
-}
-
-void frmWaypointForm::ShowTrimix() {
+  nitrox_ = SuggestNitrox(Depth(), Template());
   trimix_ = SuggestTrimix(Depth(), Template());
-  Text6.Text = Percent(trimix_.O2);
-  Text5.Text = Percent(trimix_.N2);
-  Text4.Text = Percent(trimix_.He);
-  cbTrimixAdd.Visible = true;
+  heliox_ = SuggestHeliox(Depth(), Template());
+  for (const Kind kind : {Kind::Nitrox, Kind::Trimix, Kind::Heliox}) ShowMix(kind);
+}
+
+void frmWaypointForm::ShowMix(Kind kind) {
+  switch (kind) {
+    case Kind::Nitrox:
+      ShowPair(nitrox_, &MixFractions::N2, Text1, Text2, cbNitroxAdd);
+      break;
+    case Kind::Heliox:
+      ShowPair(heliox_, &MixFractions::He, Text9, Text7, cbHelioxAdd);
+      break;
+    case Kind::Trimix:
+      Text6.Text = Percent(trimix_.O2);
+      Text5.Text = Percent(trimix_.N2);
+      Text4.Text = Percent(trimix_.He);
+      cbTrimixAdd.Visible = true;
+      break;
+  }
+}
+
+void frmWaypointForm::ShowPair(const std::optional<MixFractions>& mix, Single MixFractions::*other, TextBox& o2,
+                               TextBox& rest, Button& add) {
+  o2.Text = mix ? Percent(mix->O2) : "n/a";
+  rest.Text = mix ? Percent((*mix).*other) : "n/a";
+  add.Visible = mix.has_value();
 }
 
 void frmWaypointForm::Overtyped(Kind kind, TextBox& field, Button& add) {
@@ -57,24 +58,16 @@ void frmWaypointForm::Overtyped(Kind kind, TextBox& field, Button& add) {
     const Single o2 = Clamped(Number(Text6.Text) / 100, 1.0);
     const Single he = Clamped(Number(Text4.Text) / 100, 1.0);
     trimix_ = o2 + he < 1 ? MixFractions{o2, 1 - o2 - he, he} : MixFractions{o2, 0, 1 - o2};
-    Text6.Text = Percent(trimix_.O2);
-    Text5.Text = Percent(trimix_.N2);
-    Text4.Text = Percent(trimix_.He);
   } else {
     const bool oxygen = &field == &Text1 || &field == &Text9;
     const Single o2 = oxygen ? Clamped(typed, 1.0) : Single(1 - Clamped(typed, kMostOfASecondGas));
-    const Single other = 1 - o2;
     if (kind == Kind::Nitrox) {
-      nitrox_ = {o2, other, 0};
-      Text1.Text = Percent(o2);
-      Text2.Text = Percent(other);
+      nitrox_ = MixFractions{o2, 1 - o2, 0};
     } else {
-      heliox_ = {o2, 0, other};
-      Text9.Text = Percent(o2);
-      Text7.Text = Percent(other);
+      heliox_ = MixFractions{o2, 0, 1 - o2};
     }
   }
-  add.Visible = true;
+  ShowMix(kind);
   ShowInfo(kind, true);
 }
 
@@ -83,8 +76,7 @@ void frmWaypointForm::AddMix(const std::string& name, Single o2, Single n2, Sing
   auto index = FindBlend(name, t);
   if (!index) {
     t.Blends.push_back({name, o2, n2, he});
-    t.TemplateChanged = true;
-    services_.Documents()(documentIndex_).Modified = true;
+    MarkChanged(documentIndex_);
     index = static_cast<std::int16_t>(t.Blends.size() - 1);
   }
   FillCombo();
@@ -94,24 +86,23 @@ void frmWaypointForm::AddMix(const std::string& name, Single o2, Single n2, Sing
 
 void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   const DiveTemplate& t = Template();
-  const MixFractions& mix = kind == Kind::Nitrox ? nitrox_ : kind == Kind::Trimix ? trimix_ : heliox_;
+  const std::optional<MixFractions> shown = kind == Kind::Nitrox ? nitrox_ : kind == Kind::Heliox ? heliox_ : trimix_;
+  const MixFractions mix = shown.value_or(MixFractions{});
   const MixInformation told = InformationOf(kind, mix, Depth(), t, edited);
   const std::string heading = T(kind == Kind::Nitrox ? 3064 : kind == Kind::Trimix ? 3065 : 3066);
   for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = true;
-  // A heliox that can't be offered has no oxygen share to tell of.
-  const bool offered = kind != Kind::Heliox || heliox_.O2 > 0;
-  if (!told.possible || !offered) {
+  if (!shown || !told.possible) {
     Text10.Caption = heading + "\r\n Gas N/A";
     Text11.Caption = "";
     Text12.Caption = "";
     return;
   }
   Text10.Caption = heading + "\r\n" + Percent(mix.O2) + "/" + Percent(mix.He) + "/" + Percent(mix.N2) + "\r\n";
-  Text11.Caption = "    " + T(6044) + ":  " +
-                   (told.narcotic ? FormatFixed(told.END, 1) + (t.Metric ? "m" : "ft") : std::string("INF "));
+  Text11.Caption =
+      "    " + T(6044) + ":  " + (told.narcotic ? Fixed(told.END, 1) + (t.Metric ? "m" : "ft") : std::string("INF "));
   Text11.ForeColor = told.endTooDeep ? kRed : kBlack;
-  Text12.Caption = T(6041) + ":  " + FormatFixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") +
-                   (t.O2Narcotic ? "\r\n" + T(6045) : "");
+  Text12.Caption =
+      T(6041) + ":  " + Fixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") + (t.O2Narcotic ? "\r\n" + T(6045) : "");
   Text12.ForeColor = told.ppo2TooHigh ? kRed : kBlack;
 }
 

@@ -1,0 +1,173 @@
+#include "dialogs/waypoint_form.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "dialogs/conservatism.h"
+#include "support/dialog_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::Dialogs;
+
+/// The dialog on a new row of a plan at sea level, PPO2 up to 1.4 and END down to 30 m, oxygen not narcotic.
+struct WaypointForm : testing::Test {
+  WaypointForm() {
+    d.Open();
+    Template().O2Narcotic = false;
+    Template().StartPressure = 1;
+    Template().MaxPPO2 = 1.4;
+    Template().MaximalEND = 30;
+  }
+  frmWaypointForm& At(double depth) {
+    profile.Row(0).Depth = depth;
+    form = std::make_unique<frmWaypointForm>(d.Services());
+    form->data(profile, -1);
+    form->Load();
+    return *form;
+  }
+  DiveTemplate& Template() { return d.Document().Template; }
+  static std::string Nitrox(const frmWaypointForm& f) { return f.Text1.Text.Get() + "/" + f.Text2.Text.Get(); }
+  static std::string Panel(const frmWaypointForm& f) {
+    return f.Text10.Caption.Get() + "|" + f.Text11.Caption.Get() + "|" + f.Text12.Caption.Get();
+  }
+  Dialogs d;
+  ClassProfile profile;
+  std::unique_ptr<frmWaypointForm> form;
+};
+
+TEST_F(WaypointForm, EachButtonMakesTheMixOfItsFieldsAndSelectsIt) {
+  // At 40 m, 5 bar: O2 1.4 / 5 = 0.28; nitrogen at most 40 / 50 * 0.79 = 0.63; nitrox would hold 0.72.
+  struct {
+    double depth;
+    Button frmWaypointForm::*add;
+    std::string name;  // empty: not offered
+    double o2, n2, he;
+  } const cases[] = {{30, &frmWaypointForm::cbNitroxAdd, "EAN35", 35, 65, 0},
+                     {0, &frmWaypointForm::cbNitroxAdd, "EAN100", 100, 0, 0},
+                     {40, &frmWaypointForm::cbNitroxAdd, "", 0, 0, 0},
+                     {40, &frmWaypointForm::cbTrimixAdd, "Tx28/9", 28, 63, 9},
+                     {40, &frmWaypointForm::cbHelioxAdd, "H72", 28, 0, 72}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(std::to_string(each.depth) + " " + each.name);
+    frmWaypointForm& f = At(each.depth);
+    const std::size_t before = Template().Blends.size();
+    EXPECT_EQ((f.*each.add).Visible.Get(), !each.name.empty());
+    (f.*each.add).Press();
+    ASSERT_EQ(Template().Blends.size(), before + (each.name.empty() ? 0 : 1));
+    if (each.name.empty()) {
+      EXPECT_EQ(Nitrox(f), "n/a/n/a");
+      continue;
+    }
+    const GasMix& made = Template().Blends.back();
+    EXPECT_EQ(made.Name, each.name);
+    EXPECT_EQ((std::array{double{made.O2}, double{made.N2}, double{made.He}}), (std::array{each.o2, each.n2, each.he}));
+    EXPECT_EQ(profile.Row(0).GasMixName, each.name);
+    EXPECT_EQ(profile.Row(0).MixNumber, static_cast<std::int16_t>(before));
+  }
+}
+
+TEST_F(WaypointForm, AMixMadeOnALaterDiveAsksToSaveTheSeries) {
+  frmWaypointEditor& first = d.forms(d.Active());
+  ASSERT_TRUE(first.AddUserWaypoint(30, 20, 0));
+  ASSERT_TRUE(first.StartDeco());
+  d.platform.Activate(d.forms.AddRepetitiveDive(first.Tag(), 60));
+  d.Document(first.Tag()).Modified = false;
+  At(30).cbNitroxAdd.Press();
+  EXPECT_TRUE(d.Document().Modified);
+  EXPECT_TRUE(Template().TemplateChanged);
+  EXPECT_TRUE(d.Document(first.Tag()).Modified);
+}
+
+TEST_F(WaypointForm, ThePanelTellsOfTheMixUnderThePointer) {
+  const std::string end = "|    *StringID 6044*:  ";
+  const std::string ppo2 = "|*StringID 6041*:  ";
+  struct {
+    double depth;
+    bool o2Narcotic;
+    Frame frmWaypointForm::*frame;
+    std::string panel;
+  } const cases[] = {
+      {30, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n35/0/65\r\n" + end + "22.9m" + ppo2 + "1.40 bar"},
+      {40, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n Gas N/A||"},
+      {40, false, &frmWaypointForm::Frame5, "*StringID 3065*\r\n28/9/63\r\n" + end + "29.9m" + ppo2 + "1.40 bar"},
+      {40, false, &frmWaypointForm::Frame6, "*StringID 3066*\r\n28/72/0\r\n" + end + "INF " + ppo2 + "1.40 bar"},
+      {40, true, &frmWaypointForm::Frame6,
+       "*StringID 3066*\r\n28/72/0\r\n" + end + "4.0m" + ppo2 + "1.40 bar\r\n*StringID 6045*"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.panel);
+    Template().O2Narcotic = each.o2Narcotic;
+    frmWaypointForm& f = At(each.depth);
+    EXPECT_FALSE(f.Text10.Visible);
+    (f.*each.frame).MoveMouse();
+    EXPECT_EQ(Panel(f), each.panel);
+    EXPECT_TRUE(f.Text10.Visible && f.Text11.Visible && f.Text12.Visible);
+    f.Frame1.MoveMouse();
+    EXPECT_FALSE(f.Text10.Visible || f.Text11.Visible || f.Text12.Visible);
+  }
+  // 50 % in 40 m: PPO2 2.5; a typed nitrox with narcotic oxygen has the END of the depth.
+  frmWaypointForm& f = At(40);
+  f.Text1.Type("50");
+  EXPECT_EQ(f.Text12.ForeColor.Get(), kRed);
+  f.Text1.Type("21");
+  EXPECT_EQ(Panel(f), "*StringID 3064*\r\n21/0/79\r\n" + end + "40.0m" + ppo2 + "1.05 bar\r\n*StringID 6045*");
+  EXPECT_EQ(f.Text11.ForeColor.Get(), kRed);
+  EXPECT_EQ(f.Text12.ForeColor.Get(), kBlack);
+}
+
+TEST_F(WaypointForm, AFieldLeftEmptyShowsItsMixAgainAndNoOtherChanges) {
+  frmWaypointForm& f = At(30);
+  f.Text1.Type("28");
+  f.Text9.Enter();
+  EXPECT_EQ(f.Text9.Text.Get(), "");
+  f.Text9.Leave();
+  EXPECT_EQ(f.Text9.Text.Get() + "/" + f.Text7.Text.Get(), "35/65");
+  EXPECT_TRUE(f.cbHelioxAdd.Visible);
+  f.Text2.Enter();
+  f.Text2.Leave();
+  EXPECT_EQ(Nitrox(f), "28/72");
+  f.tbDepth.PressReturn();
+  EXPECT_TRUE(f.IsLoaded());
+  EXPECT_EQ(Nitrox(f), "35/65");
+}
+
+TEST_F(WaypointForm, TypingKeepsOnlyWhatANumberNeeds) {
+  frmWaypointForm& f = At(10);
+  const std::pair<std::string, std::string> depths[] = {{"4a2.3", "42.3"}, {"x", ""}, {"-3", "-3"}, {"+12m", "+12m"}};
+  for (const auto& [typed, kept] : depths) {
+    f.tbDepth.Type(typed);
+    EXPECT_EQ(f.tbDepth.Text.Get(), kept);
+  }
+  f.tbTime.Type("-2,5 min");
+  EXPECT_EQ(f.tbTime.Text.Get(), "2,5");
+}
+
+// Number pads give a point where people write a comma.
+TEST_F(WaypointForm, PointAndCommaBothStandAheadOfDecimalsWhereTheCommaIsTheSeparator) {
+  d.platform.separators = {",", "."};
+  for (const std::string depth : {"30.5", "30,5"}) {
+    frmWaypointForm& f = At(0);
+    f.tbDepth.Type(depth);
+    EXPECT_EQ(Nitrox(f), "34/66") << depth;
+    f.tbTime.Type("12");
+    f.cbOK.Press();
+    EXPECT_EQ(double{profile.Row(0).Depth}, 30.5) << depth;
+  }
+  frmConservatism unchanged(d.Services());
+  unchanged.Load();
+  EXPECT_EQ(unchanged.Text1.Text.Get(), "0,30");
+  unchanged.cbOK.Press();
+  EXPECT_FALSE(unchanged.IsLoaded());
+  EXPECT_EQ(Template().GFLow, Single(0.3));
+}
+
+TEST_F(WaypointForm, AWindowClosedByTheUserIsACancel) {
+  frmWaypointForm& f = At(30);
+  f.Unload(true);
+  EXPECT_EQ(double{profile.Row(0).Depth}, frmWaypointForm::kCancelled);
+}
+
+}  // namespace
+}  // namespace tav
