@@ -1,6 +1,7 @@
 #include "desktop/main_window.h"
 
 #include <QtWidgets>
+#include <algorithm>
 
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
@@ -56,10 +57,18 @@ void MainWindow::BuildMenu() {
       action = menus[level - 1]->addAction(QString());
     }
     action->setObjectName(ToQt(item.Name()));
-    item.Changed = [&item, action] { FillAction(item, *action); };
+    // Either may end first: a recent file goes before its action, and at the end of the program the form before the
+    // menu.
+    item.Changed = [&item, shown = QPointer<QAction>(action)] {
+      if (shown != nullptr) FillAction(item, *shown);
+    };
     FillAction(item, *action);
-    connect(action, &QObject::destroyed, [&item] { item.Changed = nullptr; });
-    if (!opens) connect(action, &QAction::triggered, this, [&item] { item.Choose(); });
+    if (!opens) {
+      connect(action, &QAction::triggered, this, [this, chosen = &item] {
+        const auto& there = form_->Controls();
+        if (std::find(there.begin(), there.end(), chosen) != there.end()) chosen->Choose();
+      });
+    }
   }
   // A command of no menu, for its key alone.
   static const QString conservatism = QStringLiteral("ShowConservatism");

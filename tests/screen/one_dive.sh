@@ -161,7 +161,11 @@ grep -q '^12.3,8,0,0,' "$work/plan.tav" || fail "the waypoint by key is not in t
 echo "== end"
 keys ctrl+q
 for _ in $(seq 100); do
-  kill -0 "$program" 2>/dev/null || { echo "passed"; exit 0; }
+  if ! kill -0 "$program" 2>/dev/null; then
+    wait "$program" || fail "the program ended with status $?"
+    echo "passed"
+    exit 0
+  fi
   sleep 0.1
 done
 fail "the program does not end"
