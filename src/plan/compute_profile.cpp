@@ -2,9 +2,24 @@
 
 #include <stdexcept>
 
+#include "engine/zhl16.h"
 #include "model/template_faults.h"
 
 namespace tav {
+namespace {
+
+/// Loads of a dive in the depth units of the dive after it: each dive of a series has a template, and units, of its
+/// own.
+Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
+  if (areMetric == metric) return loads;
+  Compartments converted = loads;
+  for (Single& load : converted) {
+    load = metric ? load / zhl16::kFeetPerMetreOfSeaWater : load * zhl16::kFeetPerMetreOfSeaWater;
+  }
+  return converted;
+}
+
+}  // namespace
 
 /// Starts and drives the engine of one run.
 class EngineDoor {
@@ -35,8 +50,12 @@ class EngineDoor {
       engine->Init(run_.document, false);
     } else {
       const DocumentState& previous = services_.documents(run_.previousDocument);
-      engine->InitAfterSurfaceInterval(run_.document, false, previous.N2Compartments, previous.HeCompartments,
-                                       services_.documents(run_.document).SurfaceInterval);
+      const DocumentState& document = services_.documents(run_.document);
+      const auto carried = [&](const Compartments& loads) {
+        return InUnits(loads, previous.Template.Metric, document.Template.Metric);
+      };
+      engine->InitAfterSurfaceInterval(run_.document, false, carried(previous.N2Compartments),
+                                       carried(previous.HeCompartments), document.SurfaceInterval);
     }
     return engine;
   }

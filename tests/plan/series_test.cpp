@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "persist/template_file.h"
 #include "plan/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
@@ -89,6 +90,18 @@ TEST_F(Series, WithoutAnIntervalIsOneLongDive) {
     for (std::size_t c = 0; c < kCompartments; ++c) {
       EXPECT_NEAR(apart.GetPercentCompartments(i)[c], whole.GetPercentCompartments(same)[c], 1e-6);
     }
+  }
+}
+
+// Loads are pressures in the depth units of a dive; the next dive may have other units.
+TEST_F(Series, CarriesTheLoadsOverIntoOtherUnits) {
+  const ClassProfile metres = Dived(After(third_, 60), 30.48, 20).InputProfile;
+  third_.NextProfile = -1;
+  frmWaypointEditor& fourth = After(third_, 60);
+  LoadTemplateFile(Document(fourth).Template, std::string(TAV_SOURCE_DIR) + "/template/Imperial.tpl");
+  const ClassProfile& feet = Dived(fourth, 100, 20).InputProfile;
+  for (std::size_t c = 0; c < kCompartments; ++c) {
+    EXPECT_NEAR(feet.GetPercentCompartments(2)[c], metres.GetPercentCompartments(2)[c], 0.02) << c;
   }
 }
 
