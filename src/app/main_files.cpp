@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "app/main_form.h"
+#include "dialogs/unit_change.h"
 #include "model/path_text.h"
 #include "persist/template_file.h"
 #include "plan/captions.h"
@@ -108,11 +109,13 @@ void frmMain::LoadTemplateFrom(const fs::path& file) {
     return;
   }
   DocumentState& document = Document(*active);
+  const bool wasMetric = document.Template.Metric;
   CopyDiveTemplate(loaded, document.Template);
   document.Template.Templatename = SplitPath(file.string(), PathPart::FileName);
   document.TemplateTitle = document.Template.Templatename;
   services_.forms.ShowCaption(*active);
   services_.forms(*active).SetTemplate();
+  OfferToConvertDepths(Dialogs(), *active, wasMetric);
   services_.platform.screen.ShowHourglass(true);
   ApplyToProfile();
   services_.platform.screen.ShowHourglass(false);

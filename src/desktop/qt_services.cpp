@@ -32,6 +32,8 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::OKCancel:
       return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
     case BoxButtons::YesNoCancel:
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case BoxButtons::OK:
@@ -81,7 +83,7 @@ BoxAnswer QtBoxes::Show(const std::string& text, const std::string& title, BoxIc
     case QMessageBox::No:
       return BoxAnswer::No;
     default:
-      return buttons == BoxButtons::OK ? BoxAnswer::OK : BoxAnswer::Cancel;
+      return DismissedAnswer(buttons);
   }
 }
 

@@ -9,8 +9,8 @@ void EditTemplate(const DialogServices& services) {
   services.platform.windows.ShowModal(dialog);
   const auto active = services.ActiveDocument();
   if (!active || dialog.Cancelled()) return;
+  // OK has computed the plan; once more would only show its warnings again.
   services.forms(*active).SetTemplate();
-  services.forms(*active).ReEvaluateUserEnteredWaypoints();
 }
 
 }  // namespace tav

@@ -185,9 +185,6 @@ class frmProperties : public DialogForm {
 
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
 
-  static constexpr double kFeetPerMetre = 3.2808;
-  static constexpr double kMetresPerFoot = 0.3048;
-
   /// A depth at which a gas is changed, as the user typed it.
   struct DecoDepth {
     std::string metric;

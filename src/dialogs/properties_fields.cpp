@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "dialogs/properties.h"
+#include "dialogs/unit_change.h"
 #include "model/altitude.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
@@ -165,10 +166,14 @@ void frmProperties::cbOK_Click() {
     Box(fault, T(1600), BoxIcon::Stop);
     return;
   }
+  const bool wasMetric = Template().Metric;
   Template() = std::move(t);
   MarkChanged(documentIndex_);
   // The default template is no part of the plan in the active window.
-  if (documentIndex_ == services_.ActiveOrDefault() && services_.applyToProfile) services_.applyToProfile();
+  if (documentIndex_ == services_.ActiveOrDefault()) {
+    if (documentIndex_ != DocumentStore::DefaultDocument) OfferToConvertDepths(services_, documentIndex_, wasMetric);
+    if (services_.applyToProfile) services_.applyToProfile();
+  }
   cancelled_ = false;
   Unload();
 }

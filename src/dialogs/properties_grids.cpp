@@ -4,6 +4,7 @@
 
 #include "dialogs/properties.h"
 #include "model/number_text.h"
+#include "model/units.h"
 
 namespace tav {
 namespace {

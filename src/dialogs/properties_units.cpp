@@ -6,6 +6,7 @@
 #include "model/altitude.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/units.h"
 
 namespace tav {
 namespace {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "model/numbers.h"
+#include "model/units.h"
 
 namespace tav {
 namespace {
@@ -15,14 +16,14 @@ constexpr double kPascalPerBar = 100000;
 
 Single AltitudeToPressure(Single altitude, bool Metric) {
   if (Metric) return std::exp(altitude * kDecayPerMetre) * kSeaLevelPascal / kPascalPerBar;
-  return std::exp(altitude * kDecayPerMetre / 3.2808);
+  return std::exp(altitude * kDecayPerMetre / kFeetPerMetre);
 }
 
 std::optional<std::int16_t> PressureToAltitude(Single pressure, bool Metric) {
   if (!(pressure > 0)) return std::nullopt;
   const double bar = pressure * (Metric ? 1.0 : 1.01325);
   const double metres = std::log(bar * kPascalPerBar / kSeaLevelPascal) / kDecayPerMetre;
-  return RoundToInt16(Metric ? metres : metres / 0.3048);
+  return RoundToInt16(Metric ? metres : metres / kMetresPerFoot);
 }
 
 }  // namespace tav

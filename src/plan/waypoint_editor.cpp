@@ -2,7 +2,9 @@
 
 #include <stdexcept>
 
+#include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/units.h"
 #include "plan/captions.h"
 #include "plan/document_forms.h"
 #include "plan/leg_expansion.h"
@@ -55,6 +57,16 @@ void frmWaypointEditor::SaveUserEnteredWaypoints(Single duration, Single depth, 
   const std::int16_t last = UserActions.GetLength();
   UserActions.setuser(last, depth, duration, mix);
   if (isAscent) UserActions.setdeco(last);
+}
+
+void frmWaypointEditor::ConvertDepths(bool toMetres) {
+  const double factor = toMetres ? kMetresPerFoot : kFeetPerMetre;
+  for (int i = 1; i <= UserActions.GetLength(); ++i) {
+    const auto action = static_cast<std::int16_t>(i);
+    if (UserActions.getaction(action) != ClassUseractions::kLeg) continue;
+    UserActions.setuser(action, RoundSingle(UserActions.getDepth(action) * factor, 1), UserActions.gettime(action),
+                        UserActions.getmixnumber(action));
+  }
 }
 
 EngineRun frmWaypointEditor::Run(bool loadOnly) const { return {documentNumber_, PrevProfile, loadOnly, false}; }

@@ -5,8 +5,14 @@
 namespace tav {
 
 enum class BoxIcon { None, Stop, Exclamation, Question, Information };
-enum class BoxButtons { OK, OKCancel, YesNoCancel };
+enum class BoxButtons { OK, OKCancel, YesNo, YesNoCancel };
 enum class BoxAnswer { OK, Cancel, Yes, No };
+
+/// What it means to close a box without a button: the way out that changes nothing.
+constexpr BoxAnswer DismissedAnswer(BoxButtons buttons) {
+  if (buttons == BoxButtons::OK) return BoxAnswer::OK;
+  return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
+}
 
 /// Modal message boxes.
 class MessageBoxes {
@@ -16,8 +22,7 @@ class MessageBoxes {
   MessageBoxes& operator=(const MessageBoxes&) = delete;
   virtual ~MessageBoxes() = default;
 
-  /// Shows a box and waits for the user's answer. A box closed without a button answers Cancel, or OK where there is
-  /// no other button.
+  /// Shows a box and waits for the user's answer. A box closed without a button answers DismissedAnswer.
   virtual BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) = 0;
 };
 

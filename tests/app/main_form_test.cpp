@@ -223,6 +223,21 @@ TEST(Templates, LoadingOneWithoutAPlanSetsWhatNewPlansBeginWith) {
   EXPECT_FALSE(p.Document().Template.Metric);
 }
 
+TEST(Templates, OneInOtherUnitsCanTakeTheWaypointsAlong) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
+  p.platform.filesChosen.push_back(std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl");
+  p.platform.answers = {BoxAnswer::Yes};
+  p.Main().mnuLoadTemplate.Choose();
+  EXPECT_FALSE(p.Document().Template.Metric);
+  const ClassProfile& rows = p.Editor().InputProfile;
+  EXPECT_EQ(double{rows.getDepth(rows.GetLength())}, double{Single(98.4)});
+  p.Main().mnuUndo.Choose();
+  EXPECT_TRUE(p.Document().Template.Metric);
+  EXPECT_EQ(double{p.Editor().UserActions.getDepth(1)}, 30) << "both go back in one step";
+}
+
 TEST(Templates, ABrokenOneLeavesThePlanAlone) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());

@@ -14,7 +14,7 @@ namespace tav::test {
 struct ScriptedBoxes : MessageBoxes {
   BoxAnswer Show(const std::string& text, const std::string& /*title*/, BoxIcon /*icon*/, BoxButtons buttons) override {
     shown.push_back(text);
-    if (answers.empty()) return buttons == BoxButtons::OK ? BoxAnswer::OK : BoxAnswer::Cancel;
+    if (answers.empty()) return DismissedAnswer(buttons);
     const BoxAnswer answer = answers.front();
     answers.erase(answers.begin());
     return answer;

@@ -15,7 +15,7 @@ T TakeFirst(std::deque<T>& queue, T otherwise) {
 
 BoxAnswer HeadlessPlatform::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
   boxes.push_back({text, title, icon, buttons});
-  return TakeFirst(answers, buttons == BoxButtons::OK ? BoxAnswer::OK : BoxAnswer::Cancel);
+  return TakeFirst(answers, DismissedAnswer(buttons));
 }
 
 std::filesystem::path HeadlessPlatform::Choose(const FileDialogRequest& request) {

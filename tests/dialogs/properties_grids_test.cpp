@@ -1,0 +1,190 @@
+#include "dialogs/gas_blend.h"
+#include "dialogs/properties_fixture.h"
+
+namespace tav {
+namespace {
+
+TEST_F(Properties, ARowNotGivenYetKeepsItsMarkAndIsRefused) {
+  frmProperties& f = Show();
+  f.fgDescend.Select(1, 0);
+  f.fgDescend.OpenMenu();
+  f.AddRow.Choose();
+  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  f.Option1_0.Choose();
+  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  f.cbOK.Press();
+  EXPECT_TRUE(f.IsLoaded());
+  EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_TRUE(Template().Metric) << "nothing is stored";
+  f.fgDescend.Edit(2, 0, "66 ft");
+  f.fgDescend.Edit(2, 1, "30");
+  f.cbOK.Press();
+  EXPECT_FALSE(f.IsLoaded());
+  ASSERT_EQ(Template().DescendRates.size(), 2U);
+  EXPECT_EQ(double{Template().DescendRates[1].Depth}, 66);
+}
+
+TEST_F(Properties, FirstRowsStay) {
+  frmProperties& f = Show();
+  f.fgAscend.Edit(1, 0, "3");
+  EXPECT_EQ(f.fgAscend.Text(1, 0), "0");
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  for (Grid* grid : {&f.fgDescend, &f.fgAscend, &f.fgGasChange, &f.FgGas}) {
+    const int rows = grid->Rows();
+    grid->Select(1, 0);
+    grid->OpenMenu();
+    f.DelRow.Choose();
+    EXPECT_EQ(grid->Rows(), rows) << grid->Name();
+  }
+  EXPECT_EQ(d.platform.boxes.size(), 5U);
+  f.fgAscend.Select(2, 0);
+  f.fgAscend.OpenMenu();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.fgAscend.Rows(), 2);
+}
+
+TEST_F(Properties, AGasGoesWithItsChangeUnlessThePlanOrTheLastChangeNeedsIt) {
+  frmProperties& f = Show();
+  const auto remove = [&](const std::string& name) {
+    for (int row = 1; row < f.FgGas.Rows(); ++row) {
+      if (f.FgGas.Text(row, 0) == name) f.FgGas.Select(row, 0);
+    }
+    f.FgGas.OpenMenu();
+    f.DelRow.Choose();
+  };
+  EXPECT_FALSE(f.AddRow.Visible && f.FgGas.Rows() == 0);
+  const int gases = f.FgGas.Rows();
+  remove("EAN50");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1);
+  EXPECT_EQ(f.fgGasChange.Rows(), 2);
+  remove("Oxygen");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the only gas change names it";
+  ASSERT_TRUE(d.forms(d.Active()).AddUserWaypoint(30, 20, 0));
+  remove("EAN32");
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the plan holds numbers of gases";
+}
+
+TEST_F(Properties, AutomaticDepthsFollowTheDecoPPO2) {
+  frmProperties& f = Show();
+  const std::string before = f.fgGasChange.Text(1, 0);
+  f.cbAutoDecoGas.Set(true);
+  // 1.6 bar of EAN50 is 3.2 bar of ambient pressure, 1.6 of oxygen 1.6: (p - 1.01325) * 10 metres.
+  const auto row = [&](const std::string& gas) { return f.fgGasChange.Text(1, 1) == gas ? 1 : 2; };
+  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "22");
+  EXPECT_EQ(f.fgGasChange.Text(row("Oxygen"), 0), "6");
+  f.Text7.Type("1.4");
+  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "18");
+  f.Option1_0.Choose();
+  f.fgGasChange.Edit(1, 0, "3");
+  EXPECT_NE(f.fgGasChange.Text(1, 0), "3") << "the depths are not typed while they are automatic";
+  f.Option1_1.Choose();
+  f.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), before);
+}
+
+TEST_F(Properties, PercentagesAreEditedButNotThoseOfAirNorNames) {
+  frmProperties& f = Show();
+  f.cbAutoDecoGas.Set(true);
+  const int row = FindBlendIndex("EAN50", Template()) + 1;
+  f.FgGas.Edit(1, 1, "30");
+  f.FgGas.Edit(row, 0, "a:b");
+  f.FgGas.Edit(row, 1, "40 %");
+  f.FgGas.Edit(row, 3, "60");
+  const int change = f.fgGasChange.Text(1, 1) == "EAN50" ? 1 : 2;
+  EXPECT_EQ(f.fgGasChange.Text(change, 0), "30") << "1.6 bar of 40 %";
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_EQ(double{Template().Blends[0].O2}, 21);
+  const GasMix& mix = Template().Blends[static_cast<std::size_t>(row - 1)];
+  EXPECT_EQ(mix.Name, "EAN50");
+  EXPECT_EQ(double{mix.O2}, 40);
+  EXPECT_EQ(double{Template().ChangeGasMixes[static_cast<std::size_t>(change - 1)].N2}, 60);
+
+  Show().FgGas.Edit(row, 1, "140");
+  form->cbOK.Press();
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_EQ(double{Template().Blends[static_cast<std::size_t>(row - 1)].O2}, 40);
+}
+
+TEST_F(Properties, DepthsThatAreKeptStayWithTheirGases) {
+  Template().ChangeGasMixes = {{"EAN32", 0, 0, 0, 33}, {"EAN50", 0, 0, 0, 21}, {"Oxygen", 0, 0, 0, 5}};
+  frmProperties& f = Show();
+  f.cbAutoDecoGas.Set(true);
+  f.fgGasChange.OpenMenu();
+  EXPECT_FALSE(f.AddRow.Enabled || f.DelRow.Enabled) << "depths that follow from the gases are read only";
+  f.FgGas.Select(FindBlendIndex("EAN50", Template()) + 1, 0);
+  f.FgGas.OpenMenu();
+  EXPECT_FALSE(f.AddRow.Visible);
+  f.DelRow.Choose();
+  f.Option1_0.Choose();
+  f.cbAutoDecoGas.Set(false);
+  ASSERT_EQ(f.fgGasChange.Rows(), 3);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "108");
+  EXPECT_EQ(f.fgGasChange.Text(2, 1), "Oxygen");
+  EXPECT_EQ(f.fgGasChange.Text(2, 0), "16");
+}
+
+TEST_F(Properties, ATemplateWithAutomaticDepthsKeepsThoseOfTheFile) {
+  Template().ChangeGasMixes = {{"EAN50", 0, 0, 0, 20}, {"Oxygen", 0, 0, 0, 0}};
+  Template().AutoDecoGas = true;
+  frmProperties& f = Show();
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "22") << "1.6 bar";
+  f.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "20");
+  EXPECT_EQ(f.fgGasChange.Text(2, 0), "4") << "a depth of 0 is replaced by that of the highest PPO2, 1.4 bar";
+}
+
+TEST_F(Properties, TheRowMenuFollowsTheSelectionAfterARemoval) {
+  frmProperties& f = Show();
+  f.fgAscend.Select(1, 0);
+  f.fgAscend.OpenMenu();
+  f.AddRow.Choose();
+  f.fgAscend.Select(3, 0);
+  f.DelRow.Choose();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.fgAscend.Rows(), 2) << "the row that moved into place is the selected one";
+}
+
+TEST_F(Properties, GasesOfAPlanThatCanNotBeComputedStay) {
+  frmWaypointEditor& editor = d.forms(d.Active());
+  ASSERT_TRUE(editor.AddUserWaypoint(30, 20, FindBlendIndex("EAN32", Template())));
+  Template().StepSize = 0;
+  editor.ReEvaluateUserEnteredWaypoints();
+  ASSERT_EQ(editor.InputProfile.GetLength(), 0);
+  frmProperties& f = Show();
+  const int gases = f.FgGas.Rows();
+  f.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
+  f.FgGas.OpenMenu();
+  f.DelRow.Choose();
+  EXPECT_EQ(f.FgGas.Rows(), gases);
+}
+
+TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
+  frmProperties& f = Show();
+  d.platform.onModal.emplace_back([](Form& shown) {
+    auto& blend = dynamic_cast<frmGasBlend&>(shown);
+    blend.tbBlendName.Type("Deep");
+    blend.tbO2.Type("12");
+    blend.tbO2.Leave();
+    blend.tbHe.Type("60");
+    blend.tbHe.Leave();
+    blend.cbOK.Press();
+  });
+  f.cbCustomBlend.Press();
+  const int last = f.FgGas.Rows() - 1;
+  EXPECT_EQ(f.FgGas.Text(last, 0) + f.FgGas.Text(last, 1) + f.FgGas.Text(last, 2) + f.FgGas.Text(last, 3),
+            "Deep126028");
+  EXPECT_EQ(f.fgGasChange.EditorOf(1, 1).entries.back(), "Deep");
+  f.cbCancel.Press();
+  EXPECT_EQ(Template().Blends.back().Name, "Deep");
+}
+
+TEST(PurgeNumericInput, KeepsDigitsAndPoints) {
+  EXPECT_EQ(frmProperties::PurgeNumericInput("18 m/min"), "18");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("word"), "10");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("  "), "1000000");
+  EXPECT_EQ(frmProperties::PurgeNumericInput("-4.5"), "4.5");
+}
+
+}  // namespace
+}  // namespace tav
