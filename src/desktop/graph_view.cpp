@@ -122,6 +122,7 @@ void GraphView::Redraw() {
   container_->Flush();
   grid_->Flush();
   bars_->Flush();
+  setAccessibleDescription(ToQt(graph_.Description()));
 }
 
 void GraphView::resizeEvent(QResizeEvent* event) {
@@ -284,6 +285,7 @@ bool GraphView::ExportPng(const QString& file) {
   const QSize size = PictureSize();
   QImage image(size * kScale, QImage::Format_RGB32);
   image.setDevicePixelRatio(kScale);
+  image.setText(QStringLiteral("Description"), accessibleDescription());
   {
     QPainter painter(&image);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
@@ -304,6 +306,7 @@ bool GraphView::ExportSvg(const QString& file) {
   generator.setSize(size);
   generator.setViewBox(QRect(QPoint(0, 0), size));
   generator.setTitle(accessibleName());
+  generator.setDescription(accessibleDescription());
   {
     QPainter painter(&generator);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);

@@ -31,7 +31,7 @@ MainWindow::~MainWindow() { area_->disconnect(this); }
 
 void MainWindow::Attach(frmMain& form) {
   form_ = &form;
-  form.Changed = [this] { setWindowTitle(ToQt(form_->Caption) + QStringLiteral("[*]")); };
+  form.Changed = [this] { setWindowTitle(ToQt(form_->Caption)); };
   form.CloseWanted = [this] { QApplication::quit(); };
   BuildMenu();
   BuildToolBar();

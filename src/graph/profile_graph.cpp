@@ -168,12 +168,29 @@ std::string ProfileGraph::TipAt(Single x, Single y) const {
       nearest = &row;
     }
   }
-  if (nearest == nullptr) return {};
+  return nearest == nullptr ? std::string() : FiguresOf(*nearest, "\n");
+}
+
+std::string ProfileGraph::Description() const {
+  std::string text;
+  const ClassProfile& rows = Editor().InputProfile;
+  for (int i = 1; i <= rows.GetLength(); ++i) text += FiguresOf(rows.Row(static_cast<std::int16_t>(i)), ", ") + "\n";
+  return text;
+}
+
+std::string ProfileGraph::FiguresOf(const Waypoint& row, std::string_view between) const {
   const std::string pressure = Template().Metric ? " bar" : " ata";
-  return T(kTipDepth) + ": " + FormatFixed(nearest->Depth, 1) + LengthUnit() + "\n" + T(kTipRunTime) + ": " +
-         FormatFixed(nearest->RunTime, 1) + " min\n" + T(kTipGas) + ": " + nearest->GasMixName + "\n" + T(kTipPPO2) +
-         ": " + FormatFixed(nearest->PPO2, 2) + pressure + "\n" + T(kTipCeiling) + ": " +
-         FormatFixed(nearest->Ceiling, 1) + LengthUnit();
+  std::string text;
+  const auto add = [&](int title, const std::string& figure) {
+    if (!text.empty()) text += between;
+    text += T(title) + ": " + figure;
+  };
+  add(kTipDepth, FormatFixed(row.Depth, 1) + LengthUnit());
+  add(kTipRunTime, FormatFixed(row.RunTime, 1) + " min");
+  add(kTipGas, row.GasMixName);
+  add(kTipPPO2, FormatFixed(row.PPO2, 2) + pressure);
+  add(kTipCeiling, FormatFixed(row.Ceiling, 1) + LengthUnit());
+  return text;
 }
 
 std::vector<std::string> ProfileGraph::DepthLetters() const {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "graph/profile_plot.h"
@@ -58,6 +59,8 @@ class ProfileGraph {
   [[nodiscard]] std::optional<std::int16_t> RowAt(Single x, Single y) const;
   /// What to tell of the row nearest to a point, if one is near.
   [[nodiscard]] std::string TipAt(Single x, Single y) const;
+  /// The plan in words, a line a row: for those who cannot see the picture, and for what reads an exported one.
+  [[nodiscard]] std::string Description() const;
   /// The title of the depth axis, to be written downwards: its letters, then the unit.
   [[nodiscard]] std::vector<std::string> DepthLetters() const;
 
@@ -67,6 +70,8 @@ class ProfileGraph {
     Colour colour = kBlack;
   };
   [[nodiscard]] CeilingText LastCeiling() const;
+  /// What is told of a row, with that text between the figures.
+  [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
   void UpdateReadOut(ScreenPoint at);
   /// What a point of a drag means; above the surface it means the surface.
   [[nodiscard]] WorldPoint BelowSurface(ScreenPoint at) const;

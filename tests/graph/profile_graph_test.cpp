@@ -1,5 +1,6 @@
 #include "graph/profile_graph.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -275,6 +276,10 @@ TEST_F(Graph, TheTipTellsOfTheNearestRow) {
             "*StringID 7028*: 36.0 m\n*StringID 7029*: 3.0 min\n*StringID 7030*: Air\n*StringID 7031*: 0.97 bar\n"
             "*StringID 7032*: 0.0 m");
   EXPECT_THAT(graph.TipAt(X(2.1), Y(36)), HasSubstr("2.0 min"));
+  EXPECT_THAT(graph.Description(), testing::EndsWith("*StringID 7028*: 36.0 m, *StringID 7029*: 3.0 min, "
+                                                     "*StringID 7030*: Air, *StringID 7031*: 0.97 bar, "
+                                                     "*StringID 7032*: 0.0 m\n"));
+  EXPECT_EQ(std::ranges::count(graph.Description(), '\n'), editor.InputProfile.GetLength());
 }
 
 TEST_F(Graph, TheDepthTitleRunsDownwardsLetterByLetter) {
