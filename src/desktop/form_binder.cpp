@@ -136,8 +136,8 @@ std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
 std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog) {
   std::vector<std::string> faults;
   for (const Control* control : form.Controls()) {
-    const bool hasNoWidget = dynamic_cast<const MenuItem*>(control) != nullptr;
-    if (!hasNoWidget && dialog.findChild<QWidget*>(ToQt(control->Name())) == nullptr) {
+    const bool missing = dialog.findChild<QWidget*>(ToQt(control->Name())) == nullptr;
+    if (missing && dynamic_cast<const MenuItem*>(control) == nullptr) {
       faults.push_back(form.Name() + ": the control " + control->Name() + " has no widget");
     }
   }

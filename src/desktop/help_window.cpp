@@ -94,7 +94,7 @@ void HelpWindow::FillContents(const QString& html) {
 void HelpWindow::Search(const QString& words) {
   constexpr int kShortest = 2;
   constexpr int kMost = 200;
-  constexpr int kAround = 35;
+  constexpr qsizetype kAround = 35;
   found_->clear();
   if (words.trimmed().size() < kShortest) return;
   const QString text = page_->document()->toPlainText();

@@ -24,7 +24,7 @@ class HelpWindow : public QMainWindow {
   void Open(bool search);
 
  private:
-  QString T(int id) const;
+  [[nodiscard]] QString T(int id) const;
   void FillContents(const QString& html);
   void Search(const QString& words);
 

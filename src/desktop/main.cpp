@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("TAV"));
   QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);
-  application.setAttribute(Qt::AA_DontShowIconsInMenus);
+  QApplication::setAttribute(Qt::AA_DontShowIconsInMenus);
 
   tav::MainWindow window;
   tav::QtBoxes boxes;

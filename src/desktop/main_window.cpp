@@ -32,7 +32,7 @@ MainWindow::~MainWindow() { area_->disconnect(this); }
 void MainWindow::Attach(frmMain& form) {
   form_ = &form;
   form.Changed = [this] { setWindowTitle(ToQt(form_->Caption)); };
-  form.CloseWanted = [this] { QApplication::quit(); };
+  form.CloseWanted = [] { QApplication::quit(); };
   BuildMenu();
   BuildToolBar();
   auto* status = new QLabel;

@@ -42,7 +42,7 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
   return QMessageBox::Ok;
 }
 
-std::filesystem::path PathOf(const QString& file) { return std::filesystem::path(FromQt(file)); }
+std::filesystem::path PathOf(const QString& file) { return {FromQt(file)}; }
 
 /// Where a dialog starts: a whole path in the name field wins over the folder.
 QString StartOf(const FileDialogRequest& request) {
