@@ -103,6 +103,7 @@ void frmWaypointForm::SetCaptions() {
   Label3.Caption = T(1801);
   Label2.Caption = T(1802);
   Label5.Caption = T(1232);
+  lbInformation.Caption = T(7054);
   lbDepthUnit.Caption = T(metric ? 1219 : 1216);
   Frame2.Caption = T(1803);
   Frame3.Caption = T(3067);

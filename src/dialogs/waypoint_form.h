@@ -54,7 +54,8 @@ class frmWaypointForm : public DialogForm {
   Label lbHelioxHe{*this, "lbHelioxHe"};
   TextBox Text7{*this, "Text7"};
   Button cbHelioxAdd{*this, "cbHelioxAdd"};
-  Frame Frame1{*this, "Frame1"};  ///< the information panel
+  Frame Frame1{*this, "Frame1"};                ///< the information panel
+  Label lbInformation{*this, "lbInformation"};  ///< what the panel is for, while it shows no mix
   Label Text10{*this, "Text10"};
   Label Text11{*this, "Text11"};
   Label Text12{*this, "Text12"};
@@ -94,6 +95,7 @@ class frmWaypointForm : public DialogForm {
   void AddMix(const std::string& name, Single o2, Single n2, Single he);
   void ShowInfo(Kind kind, bool edited);
   void HideInfo();
+  void ShowInfoLines(bool shown);
   [[nodiscard]] std::optional<Single> Entered(const TextBox& field) const;
   [[nodiscard]] Single Depth() const { return Number(tbDepth.Text); }
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }

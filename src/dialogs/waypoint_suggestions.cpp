@@ -90,7 +90,7 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   const MixFractions mix = shown.value_or(MixFractions{});
   const MixInformation told = InformationOf(kind, mix, Depth(), t, edited);
   const std::string heading = T(kind == Kind::Nitrox ? 3064 : kind == Kind::Trimix ? 3065 : 3066);
-  for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = true;
+  ShowInfoLines(true);
   if (!shown || !told.possible) {
     Text10.Caption = heading + "\r\n Gas N/A";
     Text11.Caption = "";
@@ -106,8 +106,11 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   Text12.ForeColor = told.ppo2TooHigh ? kRed : kBlack;
 }
 
-void frmWaypointForm::HideInfo() {
-  for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = false;
+void frmWaypointForm::HideInfo() { ShowInfoLines(false); }
+
+void frmWaypointForm::ShowInfoLines(bool shown) {
+  lbInformation.Visible = !shown;
+  for (Label* line : {&Text10, &Text11, &Text12}) line->Visible = shown;
 }
 
 }  // namespace tav

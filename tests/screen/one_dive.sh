@@ -1,83 +1,12 @@
 #!/usr/bin/env bash
 # One dive from the start of the program to its file, on a real screen with a real mouse and keyboard.
 #   one_dive.sh TAV TAVPLAN [FOLDER for screenshots]
-# Needs Xvfb, openbox, xdotool, xprop and, for screenshots, ImageMagick's import.
 set -euo pipefail
 tav=$1
 tavplan=$2
 shots=${3:-}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-work=$(mktemp -d)
-pids=()
-
-finish() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap finish EXIT
-fail() {
-  echo "FAILED: $*" >&2
-  import -window root /tmp/tav-screen-failure.png 2>/dev/null || true
-  exit 1
-}
-
-# waits until a command succeeds, at most 20 seconds
-await() {
-  local what=$1
-  shift
-  for _ in $(seq 200); do
-    "$@" >/dev/null 2>&1 && return 0
-    sleep 0.1
-  done
-  fail "$what"
-}
-window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1 | grep .; }
-gone() { ! window "$1"; }
-focus() {
-  local id
-  await "the window \"$1\" does not come" window "$1"
-  id=$(window "$1")
-  xdotool windowactivate --sync "$id" 2>/dev/null || xdotool windowfocus --sync "$id"
-  sleep 0.3
-}
-shot() {
-  [ -n "$shots" ] || return 0
-  sleep 0.5
-  import -window root "$shots/$1.png"
-}
-keys() { xdotool key --delay 40 "$@"; }
-type_text() { xdotool type --delay 15 "$1"; }
-# types a path into the file dialog that is open
-choose_file() {
-  focus "$1"
-  keys ctrl+a
-  type_text "$2"
-  keys Return
-  await "the file dialog stays" gone "$1"
-}
-
-display=$((90 + RANDOM % 400))
-Xvfb ":$display" -screen 0 1280x900x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=($!)
-export DISPLAY=":$display" HOME=$work XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
-export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
-await "the screen does not start" xdotool getmouselocation
-openbox >/dev/null 2>&1 &
-pids+=($!)
-sleep 0.5
-
-start() {
-  "$tav" "$@" >"$work/out" 2>&1 &
-  program=$!
-  pids+=("$program")
-  focus "Before you use TAV"
-  [ "${first:-yes}" = yes ] && shot notice
-  first=no
-  keys alt+i
-  await "the main window does not come" window "^TAV"
-  focus "^TAV"
-}
+source "$here/tests/screen/screen.sh"
 
 echo "== open the trimix plan, save it under a new name, close and open it again"
 start
@@ -117,7 +46,7 @@ waypoint() {
     type_text "$1"
   fi
   keys Tab
-  [ -z "${3:-}" ] || shot "$3"
+  [ -z "${3:-}" ] || shot "$3" "New Stop Data"
   keys ctrl+a
   type_text "$2"
   keys Return
@@ -145,10 +74,10 @@ save_again() {
 units() {
   keys ctrl+t
   focus "Template properties"
-  [ -z "${2:-}" ] || shot "$2"
+  [ -z "${2:-}" ] || shot "$2" "Template properties"
   keys Down Down "$1" alt+k
   focus "^Units$"
-  [ -z "${2:-}" ] || shot units
+  [ -z "${2:-}" ] || shot units "^Units$"
   keys alt+y
   await "the question stays" gone "^Units$"
   confirm_warning
@@ -175,7 +104,7 @@ ascend
 shot ascent
 keys ctrl+r
 focus "Conservatism"
-shot conservatism
+shot conservatism "^Conservatism$"
 keys Escape
 focus "^TAV"
 
@@ -197,7 +126,7 @@ focus "^Surface Interval$"
 type_text 1
 keys Tab
 type_text 30
-shot surface-interval
+shot surface-interval "^Surface Interval$"
 keys Return
 await "the interval dialog stays" gone "^Surface Interval$"
 await "the second dive has no window" window "plan.tav Dive:2"

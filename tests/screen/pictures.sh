@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Pictures of the windows, to be looked at: at another scale too, which the test of one dive can't have.
+#   pictures.sh TAV FOLDER
+#   QT_SCALE_FACTOR=2 screen=2560x1800 pictures.sh TAV FOLDER
+set -euo pipefail
+tav=$1
+shots=$2
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+source "$here/tests/screen/screen.sh"
+
+# opens a window by keys, takes its picture under a name, and closes it by Escape
+picture() {
+  local name=$1 title=$2
+  shift 2
+  focus "^TAV"
+  keys "$@"
+  focus "$title"
+  shot "$name" "$title"
+  keys Escape
+  await "$title stays" gone "$title"
+}
+
+xdotool mousemove 2 2
+start "$here/dives/trimix-100.tav"
+await "the plan is not open" window "trimix-100.tav"
+shot graph
+picture waypoint "New Stop Data" Insert
+picture conservatism "^Conservatism$" ctrl+r
+picture surface-interval "^Surface Interval$" ctrl+g
+picture languages "^Language" alt+d Up Return
+picture help "^Help" F1
+picture about "^About" alt+h Up Return
+picture system-information "^System" alt+h Up Up Up Return
+picture contributors "^Contributors" alt+h Up Up Return
+
+keys ctrl+t
+focus "Template properties"
+for frame in rates decompression units gases altitude rebreather gas-settings warnings; do
+  shot "template-$frame" "Template properties"
+  keys Down
+done
+keys Home Down Down Down alt+c
+focus "^Custom"
+shot gas-blend "^Custom"
+keys Escape Escape
+await "the template dialog stays" gone "Template properties"
+
+focus "^TAV"
+keys ctrl+w
+await "the plan does not close" gone "trimix-100.tav"
+keys ctrl+w ctrl+o
+choose_file "Open" "$here/dives/lake-series.tav"
+await "the series is not open" window "lake-series.tav"
+keys F6
+shot series

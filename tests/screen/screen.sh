@@ -1,0 +1,75 @@
+# A screen of its own with a window manager, and what a person does on it. Sourced by the scripts of this folder, which
+# set: tav, the program; shots, the folder for screenshots or nothing; screen, its size in pixels if not 1280x900.
+# Needs Xvfb, openbox, xdotool, xprop and, for screenshots, ImageMagick's import.
+work=$(mktemp -d)
+pids=()
+
+finish() {
+  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$work"
+}
+trap finish EXIT
+fail() {
+  echo "FAILED: $*" >&2
+  import -window root /tmp/tav-screen-failure.png 2>/dev/null || true
+  exit 1
+}
+
+# waits until a command succeeds, at most 20 seconds
+await() {
+  local what=$1
+  shift
+  for _ in $(seq 200); do
+    "$@" >/dev/null 2>&1 && return 0
+    sleep 0.1
+  done
+  fail "$what"
+}
+window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1 | grep .; }
+gone() { ! window "$1"; }
+focus() {
+  local id
+  await "the window \"$1\" does not come" window "$1"
+  id=$(window "$1")
+  xdotool windowactivate --sync "$id" 2>/dev/null || xdotool windowfocus --sync "$id"
+  sleep 0.3
+}
+# takes a picture of a window with its frame: of the main window, unless another one is named
+shot() {
+  [ -n "$shots" ] || return 0
+  sleep 0.5
+  import -frame -window "$(window "${2:-^TAV}")" -strip "$shots/$1.png"
+}
+keys() { xdotool key --delay 40 "$@"; }
+type_text() { xdotool type --delay 15 "$1"; }
+# types a path into the file dialog that is open
+choose_file() {
+  focus "$1"
+  keys ctrl+a
+  type_text "$2"
+  keys Return
+  await "the file dialog stays" gone "$1"
+}
+
+display=$((90 + RANDOM % 400))
+Xvfb ":$display" -screen 0 "${screen:-1280x900}x24" -nolisten tcp >/dev/null 2>&1 &
+pids+=($!)
+export DISPLAY=":$display" HOME=$work XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
+export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+await "the screen does not start" xdotool getmouselocation
+openbox >/dev/null 2>&1 &
+pids+=($!)
+sleep 0.5
+
+start() {
+  "$tav" "$@" >"$work/out" 2>&1 &
+  program=$!
+  pids+=("$program")
+  focus "Before you use TAV"
+  [ "${first:-yes}" = yes ] && shot notice "Before you use TAV"
+  first=no
+  keys alt+i
+  await "the main window does not come" window "^TAV"
+  focus "^TAV"
+}
