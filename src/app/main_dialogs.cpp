@@ -54,16 +54,10 @@ void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
 void frmMain::ViewRow(std::int16_t row) {
   const auto active = Active();
   if (!active) return;
-  const Waypoint& shown = services_.forms(*active).InputProfile.Row(row);
   ClassProfile dialogProfile;
-  Waypoint& copy = dialogProfile.Row(0);
-  copy.Depth = shown.Depth;
-  copy.SegmentTime = shown.RunTime;
-  copy.GasMixName = shown.GasMixName;
-  copy.GasMixO2 = shown.GasMixO2;
-  copy.GasMixN2 = shown.GasMixN2;
-  copy.GasMixHe = shown.GasMixHe;
-  copy.MixNumber = shown.MixNumber;
+  Waypoint& shown = dialogProfile.Row(0);
+  shown = services_.forms(*active).InputProfile.Row(row);
+  shown.SegmentTime = shown.RunTime;  // the dialog shows when the row ends, not how long it takes
   frmWaypointForm dialog(Dialogs());
   dialog.data(dialogProfile, 0);
   services_.platform.windows.ShowModal(dialog);

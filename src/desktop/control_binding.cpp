@@ -15,12 +15,17 @@ namespace {
 /// Calls functions on events of a widget.
 class EventHook : public QObject {
  public:
-  EventHook(QWidget& widget, std::function<bool(QEvent*)> act) : QObject(&widget), act_(std::move(act)) {
+  EventHook(QWidget& widget, std::function<bool(QEvent*)> act)
+      : QObject(&widget), kind_(widget.metaObject()), act_(std::move(act)) {
     widget.installEventFilter(this);
   }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override { return act_(event); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // A field that has the focus loses it while it is destroyed, when no more than a QWidget is left of it.
+    return watched->metaObject() == kind_ && act_(event);
+  }
 
  private:
+  const QMetaObject* kind_;
   std::function<bool(QEvent*)> act_;
 };
 

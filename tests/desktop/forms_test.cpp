@@ -109,6 +109,22 @@ TEST(Windows, WhatTheUserDoesReachesTheForm) {
   EXPECT_FALSE(form.IsLoaded() || dialog->isVisible());
 }
 
+TEST(Windows, AFieldIsNotLeftWhenItIsDestroyed) {
+  Forms all;
+  auto& form = dynamic_cast<frmWaypointForm&>(*all.forms[0]);
+  const auto dialog = MakeDialog(form, nullptr);
+  form.Load();
+  dialog->show();
+  auto* field = dialog->findChild<QLineEdit*>(QStringLiteral("Text1"));
+  dialog->activateWindow();
+  field->setFocus();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(field->hasFocus());
+  ASSERT_EQ(form.Text1.Text.Get(), "") << "it is cleared to be overtyped";
+  delete field;  // as its window does when it goes
+  EXPECT_EQ(form.Text1.Text.Get(), "");
+}
+
 TEST(Windows, AGridIsEditedInPlace) {
   Forms all;
   auto& form = dynamic_cast<frmProperties&>(*all.forms[2]);
