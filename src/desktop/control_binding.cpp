@@ -6,6 +6,7 @@
 #include "desktop/form_binder.h"
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
+#include "desktop/qt_surface.h"
 #include "desktop/spin_arrows.h"
 #include "platform/form.h"
 
@@ -47,8 +48,7 @@ void ShowCommon(const Control& control, QWidget& widget) {
   }
   QPalette palette;
   if (control.ForeColor >= 0) {
-    const int colour = control.ForeColor;
-    palette.setColor(QPalette::WindowText, QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255));
+    palette.setColor(QPalette::WindowText, ColourOf(control.ForeColor));
     palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
   }
   widget.setPalette(palette);

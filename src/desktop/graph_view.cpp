@@ -23,8 +23,6 @@ QRect PixelRect(const GraphRect& rect) {
   return {Pixels(rect.left), Pixels(rect.top), Pixels(rect.width), Pixels(rect.height)};
 }
 
-QColor ColourOf(Colour colour) { return {colour & 255, colour >> 8 & 255, colour >> 16 & 255}; }
-
 QLabel* Caption(QWidget* parent, Colour colour) {
   auto* label = new QLabel(parent);
   QPalette palette = label->palette();

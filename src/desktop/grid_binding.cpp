@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "desktop/form_binder.h"
+#include "desktop/qt_surface.h"
 #include "platform/controls.h"
 
 namespace tav {
@@ -119,7 +120,7 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
       font.setItalic(cell.italic);
       item->setFont(font);
       if (cell.colour >= 0) {
-        item->setForeground(QColor(cell.colour & 255, cell.colour >> 8 & 255, cell.colour >> 16 & 255));
+        item->setForeground(ColourOf(cell.colour));
       } else {
         item->setData(Qt::ForegroundRole, QVariant());
       }

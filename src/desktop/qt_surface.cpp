@@ -11,9 +11,9 @@ namespace {
 
 double Pixels(double units) { return units / kUnitsPerPixel; }
 
-QColor ColourOf(Colour colour) { return {colour & 255, colour >> 8 & 255, colour >> 16 & 255}; }
-
 }  // namespace
+
+QColor ColourOf(Colour colour) { return {colour & 255, colour >> 8 & 255, colour >> 16 & 255}; }
 
 QFont SurfaceFont(bool bold) {
   constexpr int kPixelSize = 12;

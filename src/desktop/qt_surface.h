@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QImage>
 #include <QPainter>
@@ -10,6 +11,9 @@
 namespace tav {
 
 constexpr double kUnitsPerPixel = 15;  ///< 1440 drawing units and 96 pixels to the inch
+
+/// Colours are red + 256 x green + 65536 x blue.
+QColor ColourOf(Colour colour);
 
 /// The font of all that is drawn: 12 pixels high.
 QFont SurfaceFont(bool bold);

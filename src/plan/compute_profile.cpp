@@ -8,8 +8,7 @@
 namespace tav {
 namespace {
 
-/// Loads of a dive in the depth units of the dive after it: each dive of a series has a template, and units, of its
-/// own.
+/// Loads of a dive in the depth units of the dive after it: each dive of a series has units of its own.
 Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
   if (areMetric == metric) return loads;
   Compartments converted = loads;

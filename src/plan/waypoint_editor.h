@@ -50,8 +50,7 @@ class frmWaypointEditor {
   void setNullWaypoint();
   /// Appends an action: a leg (minutes, depth, mix number) or an ascent command. Throws std::length_error when full.
   void SaveUserEnteredWaypoints(Single duration, Single depth, std::int16_t mix, bool isAscent);
-  /// Turns the depths of all legs from the other unit system into metres or feet, to a tenth. The rows stay as they
-  /// are.
+  /// Turns the depths of all legs from the other unit system into metres or feet, to a tenth. Leaves the rows alone.
   void ConvertDepths(bool toMetres);
   /// Rebuilds the rows from the actions, then those of all later dives of the series.
   void ReEvaluateUserEnteredWaypoints();

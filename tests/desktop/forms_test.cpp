@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
@@ -169,9 +170,22 @@ TEST(GraphWindow, ADragAsksForItsWaypoint) {
   EXPECT_GT(depth, 20);
   EXPECT_GT(time, 10);
   EXPECT_EQ(grid->grab().toImage(), before) << "and is gone again";
-  const auto file = p.folder.Path() / "graph.svg";
-  EXPECT_TRUE(view.ExportSvg(ToQt(file.string())));
-  EXPECT_NE(test::FileText(file).find("<svg"), std::string::npos);
+}
+
+TEST(GraphWindow, APictureAndAScreenReaderHaveThePlanInWords) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  ASSERT_TRUE(p.Editor().AddUserWaypoint(42.3, 25, 0));
+  GraphView view(p.program.Forms(), p.Active(), {[](Single, Single) {}, [](std::int16_t) {}, [] {}});
+  view.Redraw();
+  const QString words = QStringLiteral("Depth: 42.3 m, Run time: 25.0 min, Gas: Air, PPO2: 1.10 bar");
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(&view)->text(QAccessible::Description).contains(words));
+  const auto svg = p.folder.Path() / "graph.svg";
+  EXPECT_TRUE(view.ExportSvg(ToQt(svg.string())));
+  EXPECT_NE(test::FileText(svg).find(FromQt(words)), std::string::npos);
+  const QString png = ToQt((p.folder.Path() / "graph.png").string());
+  EXPECT_TRUE(view.ExportPng(png));
+  EXPECT_TRUE(QImage(png).text(QStringLiteral("Description")).contains(words));
   EXPECT_FALSE(view.ExportPng(QStringLiteral("/nowhere/at/all.png")));
 }
 

@@ -1,6 +1,6 @@
 # A screen of its own with a window manager, and what a person does on it. Sourced by the scripts of this folder, which
 # set: tav, the program; shots, the folder for screenshots or nothing; screen, its size in pixels if not 1280x900.
-# Needs Xvfb, openbox, xdotool, xprop and, for screenshots, ImageMagick's import.
+# Needs Xvfb, openbox, xdotool and, for screenshots, ImageMagick's import.
 work=$(mktemp -d)
 pids=()
 
