@@ -8,6 +8,7 @@
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/main_window.h"
+#include "desktop/qt_printer.h"
 #include "desktop/qt_services.h"
 
 namespace {
@@ -41,9 +42,13 @@ int main(int argc, char** argv) {
   tav::QtSound sound;
   tav::QtHelp help(window);
   tav::QtClipboard clipboard;
+  tav::QtPrinter printer;
+  tav::QtMeasure measure;
+  tav::QtEnvironment environment;
   const QLocale locale;
   const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};
-  const tav::Platform platform{boxes, files, windows, window, settings, screen, sound, help, clipboard, separators};
+  const tav::Platform platform{boxes, files,     windows, window,  settings,    screen,    sound,
+                               help,  clipboard, printer, measure, environment, separators};
 
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
   help.SetTexts(program.Texts());

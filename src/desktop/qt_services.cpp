@@ -1,9 +1,12 @@
 #include "desktop/qt_services.h"
 
 #include <QtWidgets>
+#include <pwd.h>
+#include <unistd.h>
 
 #include "desktop/form_binder.h"
 #include "desktop/help_window.h"
+#include "desktop/qt_surface.h"
 
 #ifdef TAV_SOUND
 #include <QSoundEffect>
@@ -206,6 +209,30 @@ void QtSound::Play(const std::filesystem::path& file) {
 }
 
 void QtClipboard::SetText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
+
+double QtMeasure::TextWidth(const std::string& text, const TextFont& font) const {
+  constexpr int kEm = 1000;  // pixels, so that their rounding is lost in the size
+  constexpr double kUnitsPerPoint = 20;
+  QFont large = PageFont(font, kEm, QImage(1, 1, QImage::Format_RGB32));
+  large.setPixelSize(kEm);
+  return QFontMetricsF(large).horizontalAdvance(ToQt(text)) / kEm * font.points * kUnitsPerPoint;
+}
+
+std::string QtEnvironment::UserName() const {
+  const passwd* user = ::getpwuid(::geteuid());  // NOLINT(concurrency-mt-unsafe): there is one thread
+  return user == nullptr || user->pw_name == nullptr ? std::string() : user->pw_name;
+}
+
+std::string QtEnvironment::Today() const {
+  return FromQt(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat));
+}
+
+std::filesystem::path QtEnvironment::TemporaryFolder() const { return PathOf(QDir::tempPath()); }
+
+std::string QtEnvironment::Logo() const {
+  QFile file(QStringLiteral(":/icons/logo.svg"));
+  return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
 
 void QtHelp::ShowHelp(const std::filesystem::path& file, Page page) {
   auto* window = owner_.findChild<HelpWindow*>();

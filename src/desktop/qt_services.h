@@ -70,6 +70,20 @@ class QtClipboard : public Clipboard {
   void SetText(const std::string& text) override;
 };
 
+/// Text widths from the outlines of the fonts.
+class QtMeasure : public TextMeasure {
+ public:
+  [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override;
+};
+
+class QtEnvironment : public Environment {
+ public:
+  [[nodiscard]] std::string UserName() const override;
+  [[nodiscard]] std::string Today() const override;
+  [[nodiscard]] std::filesystem::path TemporaryFolder() const override;
+  [[nodiscard]] std::string Logo() const override;
+};
+
 /// The help in a window of its own.
 class QtHelp : public HelpViewer {
  public:

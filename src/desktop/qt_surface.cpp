@@ -1,17 +1,14 @@
 #include "desktop/qt_surface.h"
 
+#include <QFile>
 #include <QFontMetricsF>
+#include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/form_binder.h"
 
 namespace tav {
-namespace {
-
-double Pixels(double units) { return units / kUnitsPerPixel; }
-
-}  // namespace
 
 QColor ColourOf(Colour colour) { return {colour & 255, colour >> 8 & 255, colour >> 16 & 255}; }
 
@@ -25,8 +22,23 @@ QFont SurfaceFont(bool bold) {
   return font;
 }
 
-PainterSurface::PainterSurface(QPainter& painter, double width, double height)
-    : painter_(painter), width_(width), height_(height) {
+QFont PageFont(const TextFont& font, double pixels, const QPaintDevice& device) {
+  QFont made;
+  // Liberation Sans has the widths of Arial, and is on every machine that shows the pages.
+  const QString name = ToQt(font.name);
+  made.setFamilies(name == QLatin1String("Arial") ? QStringList{QStringLiteral("Liberation Sans"), name}
+                                                  : QStringList{name, QStringLiteral("Liberation Sans")});
+  made.setStyleHint(QFont::SansSerif);
+  made.setHintingPreference(QFont::PreferNoHinting);
+  constexpr double kPointsPerInch = 72;
+  constexpr double kSmallest = 0.1;
+  made.setPointSizeF(std::max(kSmallest, pixels * kPointsPerInch / device.logicalDpiY()));
+  made.setBold(font.bold);
+  return made;
+}
+
+PainterSurface::PainterSurface(QPainter& painter, double width, double height, double unitsPerPixel)
+    : painter_(painter), width_(width), height_(height), unitsPerPixel_(unitsPerPixel) {
   // Whole pixels of the device, so that all lines look alike at a scale like 1.5.
   const double scale = painter.device()->devicePixelRatioF();
   penWidth_ = std::max(1.0, std::floor(scale)) / scale;
@@ -96,10 +108,48 @@ void PainterSurface::Text(double x, double y, const std::string& text, Colour co
 }
 
 double PainterSurface::TextWidth(const std::string& text, bool bold) const {
-  return QFontMetricsF(Font(bold)).horizontalAdvance(ToQt(text)) * kUnitsPerPixel;
+  return QFontMetricsF(Font(bold)).horizontalAdvance(ToQt(text)) * unitsPerPixel_;
 }
 
-double PainterSurface::TextHeight(bool bold) const { return QFontMetricsF(Font(bold)).height() * kUnitsPerPixel; }
+double PainterSurface::TextHeight(bool bold) const { return QFontMetricsF(Font(bold)).height() * unitsPerPixel_; }
+
+void PainterSurface::PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
+                              double angle) {
+  const QFont drawn = PageFont(font, font.points * pixelsPerPoint_, *painter_.device());
+  painter_.save();
+  painter_.setRenderHint(QPainter::TextAntialiasing, true);
+  painter_.setPen(ColourOf(colour));
+  painter_.setFont(drawn);
+  painter_.translate(Pixels(x), Pixels(y));
+  if (angle != 0) painter_.rotate(-angle);
+  painter_.drawText(QPointF(0, QFontMetricsF(drawn, painter_.device()).ascent()), ToQt(text));
+  painter_.restore();
+}
+
+double PainterSurface::PageTextWidth(const std::string& text, const TextFont& font) const {
+  const QFont drawn = PageFont(font, font.points * pixelsPerPoint_, *painter_.device());
+  return QFontMetricsF(drawn, painter_.device()).horizontalAdvance(ToQt(text)) * unitsPerPixel_;
+}
+
+bool PainterSurface::Picture(const std::filesystem::path& file, double x, double y, double width, double height) {
+  QFile in(ToQt(file.string()));
+  constexpr qint64 kLargest = 16 * 1024 * 1024;
+  if (!in.open(QIODevice::ReadOnly) || in.size() > kLargest) return false;
+  const QByteArray bytes = in.readAll();
+  const QRectF place(Pixels(x), Pixels(y), width / unitsPerPixel_, height / unitsPerPixel_);
+  if (bytes.contains("<svg")) {
+    QSvgRenderer drawing;
+    if (!drawing.load(bytes)) return false;
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    drawing.render(&painter_, place);
+    return true;
+  }
+  const QImage image = QImage::fromData(bytes);
+  if (image.isNull()) return false;
+  painter_.setRenderHint(QPainter::SmoothPixmapTransform, true);
+  painter_.drawImage(place, image);
+  return true;
+}
 
 void PainterSurface::SetExclusiveOr(bool on) {
   exclusiveOr_ = on;

@@ -18,10 +18,14 @@ QColor ColourOf(Colour colour);
 /// The font of all that is drawn: 12 pixels high.
 QFont SurfaceFont(bool bold);
 
+/// A font at a size in points of 1/96 inch pixels: `pixels` high on a device of any resolution, without hinting, so
+/// that text has the same proportions at every zoom.
+QFont PageFont(const TextFont& font, double pixels, const QPaintDevice& device);
+
 /// Draws with a painter; the size is in drawing units.
 class PainterSurface : public DrawingSurface {
  public:
-  PainterSurface(QPainter& painter, double width, double height);
+  PainterSurface(QPainter& painter, double width, double height, double unitsPerPixel = kUnitsPerPixel);
 
   [[nodiscard]] double Width() const override { return width_; }
   [[nodiscard]] double Height() const override { return height_; }
@@ -34,18 +38,30 @@ class PainterSurface : public DrawingSurface {
   void Text(double x, double y, const std::string& text, Colour colour, bool bold) override;
   [[nodiscard]] double TextWidth(const std::string& text, bool bold) const override;
   [[nodiscard]] double TextHeight(bool bold) const override;
+  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
+                double angle) override;
+  [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override;
+  bool Picture(const std::filesystem::path& file, double x, double y, double width, double height) override;
   void SetExclusiveOr(bool on) override;
+
+  /// Of rules and outlines, in pixels; at first one pixel of the device.
+  void SetPenWidth(double pixels) { penWidth_ = pixels; }
+  /// Pixels to the point of a page font; at first 96 pixels to the inch.
+  void SetPixelsPerPoint(double pixels) { pixelsPerPoint_ = pixels; }
 
   /// Where something was drawn since the last call, in pixels.
   QRect TakeTouched();
 
  private:
   void Touch(double x0, double y0, double x1, double y1);
+  [[nodiscard]] double Pixels(double units) const { return units / unitsPerPixel_; }
   [[nodiscard]] const QFont& Font(bool bold) const { return bold ? bold_ : plain_; }
 
   QPainter& painter_;
   double width_;
   double height_;
+  double unitsPerPixel_;
+  double pixelsPerPoint_ = 96.0 / 72.0;
   QFont plain_ = SurfaceFont(false);
   QFont bold_ = SurfaceFont(true);
   double penWidth_ = 1;

@@ -35,6 +35,16 @@ class OffsetSurface : public DrawingSurface {
     return whole_.TextWidth(text, bold);
   }
   [[nodiscard]] double TextHeight(bool bold) const override { return whole_.TextHeight(bold); }
+  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
+                double angle) override {
+    whole_.PageText(left_ + x, top_ + y, text, font, colour, angle);
+  }
+  [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override {
+    return whole_.PageTextWidth(text, font);
+  }
+  bool Picture(const std::filesystem::path& file, double x, double y, double width, double height) override {
+    return whole_.Picture(file, left_ + x, top_ + y, width, height);
+  }
   void SetExclusiveOr(bool on) override { whole_.SetExclusiveOr(on); }
 
  private:

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "platform/controls.h"
+#include "platform/text_font.h"
 
 namespace tav {
 
-/// Something to draw on. Lengths are in drawing units of 1/1440 inch, the origin is the top left corner, y runs down.
-/// What lies outside is cut off. Drawing shows at the next event pause.
+/// Something to draw on. Lengths are in drawing units, at first 1/1440 inch (the maker of a surface may scale them);
+/// the origin is the top left corner, y runs down. What lies outside is cut off. Drawing shows at the next event pause.
 class DrawingSurface {
  public:
   enum class LineStyle { Solid, Dotted };
@@ -30,6 +32,15 @@ class DrawingSurface {
   virtual void Text(double x, double y, const std::string& text, Colour colour, bool bold = false) = 0;
   [[nodiscard]] virtual double TextWidth(const std::string& text, bool bold = false) const = 0;
   [[nodiscard]] virtual double TextHeight(bool bold = false) const = 0;
+
+  // Pages. The points of a font are those of the surface itself, whatever its units are scaled to.
+  /// Text with its top left corner at (x, y), turned by `angle` degrees counter-clockwise around that corner.
+  virtual void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
+                        double angle) = 0;
+  [[nodiscard]] virtual double PageTextWidth(const std::string& text, const TextFont& font) const = 0;
+  /// A picture file, stretched into a box. False when it can't be read; then nothing is drawn.
+  virtual bool Picture(const std::filesystem::path& file, double x, double y, double width, double height) = 0;
+
   /// In exclusive-or mode a second stroke at the same place erases the first.
   virtual void SetExclusiveOr(bool on) = 0;
 };

@@ -3,12 +3,15 @@
 #include "model/number_text.h"
 #include "platform/clipboard.h"
 #include "platform/document_windows.h"
+#include "platform/environment.h"
 #include "platform/file_dialogs.h"
 #include "platform/help_viewer.h"
 #include "platform/message_boxes.h"
+#include "platform/printer.h"
 #include "platform/screen.h"
 #include "platform/settings_store.h"
 #include "platform/sound.h"
+#include "platform/text_font.h"
 #include "platform/windows.h"
 
 namespace tav {
@@ -24,6 +27,9 @@ struct Platform {
   Sound& sound;
   HelpViewer& help;
   Clipboard& clipboard;
+  Printer& printer;
+  TextMeasure& measure;
+  Environment& environment;
   LocaleSeparators separators;  ///< of the user's locale
 };
 

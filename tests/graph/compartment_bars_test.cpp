@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "graph/graph_colours.h"
-#include "recording_surface.h"
+#include "platform/headless/recording_surface.h"
 
 namespace tav {
 namespace {
-
-using test::RecordingSurface;
 
 // Columns from y 250 to y 850: a third, the surfacing limit, is 200 high.
 class CompartmentBars : public testing::Test {

@@ -4,12 +4,11 @@
 
 #include "graph/graph_colours.h"
 #include "plan/leg_expansion.h"
-#include "recording_surface.h"
+#include "platform/headless/recording_surface.h"
 
 namespace tav {
 namespace {
 
-using test::RecordingSurface;
 using Kind = RecordingSurface::Kind;
 
 struct Case {

@@ -7,12 +7,11 @@
 #include "../support/plan_fixture.h"
 #include "graph/graph_colours.h"
 #include "model/number_text.h"
-#include "recording_surface.h"
+#include "platform/headless/recording_surface.h"
 
 namespace tav {
 namespace {
 
-using test::RecordingSurface;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;

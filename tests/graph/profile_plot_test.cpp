@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "graph/graph_colours.h"
-#include "recording_surface.h"
+#include "platform/headless/recording_surface.h"
 
 namespace tav {
 namespace {
 
-using test::RecordingSurface;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;

@@ -16,12 +16,13 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"platform", {"model"}},
     {"persist", {"engine", "model"}},
     {"plan", {"persist", "platform", "engine", "model"}},
-    {"mixer", {"model"}},
+    {"report", {"plan", "persist", "platform", "engine", "model"}},
+    {"mixer", {"report", "plan", "platform", "model"}},
     {"graph", {"plan", "platform", "engine", "model"}},
-    {"dialogs", {"plan", "persist", "platform", "engine", "model"}},
-    {"app", {"dialogs", "graph", "plan", "mixer", "persist", "platform", "engine", "model"}},
-    {"desktop", {"app", "dialogs", "graph", "plan", "persist", "platform", "engine", "model"}},
-    {"cli", {"app", "plan", "mixer", "persist", "platform", "engine", "model"}},
+    {"dialogs", {"report", "plan", "persist", "platform", "engine", "model"}},
+    {"app", {"dialogs", "graph", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
+    {"desktop", {"app", "dialogs", "graph", "report", "plan", "persist", "platform", "engine", "model"}},
+    {"cli", {"app", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
 };
 
 TEST(Layers, IncludesPointDownwards) {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/headless/headless_printer.h"
 #include "platform/platform.h"
 
 /// A window system without windows, for tests and for machines without a display: boxes are recorded and answered from
@@ -31,7 +32,9 @@ class HeadlessPlatform : private MessageBoxes,
                          private Screen,
                          private Sound,
                          private HelpViewer,
-                         private Clipboard {
+                         private Clipboard,
+                         private TextMeasure,
+                         private Environment {
  public:
   HeadlessPlatform() = default;
   HeadlessPlatform(const HeadlessPlatform&) = delete;
@@ -39,7 +42,9 @@ class HeadlessPlatform : private MessageBoxes,
   ~HeadlessPlatform() override = default;
 
   operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
-  Platform Services() { return {*this, *this, *this, *this, *this, *this, *this, *this, *this, separators}; }
+  Platform Services() {
+    return {*this, *this, *this, *this, *this, *this, *this, *this, *this, printer, *this, *this, separators};
+  }
 
   // What has happened.
   std::vector<ShownBox> boxes;
@@ -62,6 +67,7 @@ class HeadlessPlatform : private MessageBoxes,
   };
   std::map<std::int16_t, Window> documentWindows;
   std::vector<DocumentWindows::Arrangement> arrangements;
+  HeadlessPrinter printer;
 
   // What is to happen.
   std::deque<BoxAnswer> answers;                   ///< of the next boxes; Cancel (or OK alone) when used up
@@ -69,6 +75,7 @@ class HeadlessPlatform : private MessageBoxes,
   std::deque<std::function<void(Form&)>> onModal;  ///< acts for the user in the next modal forms
   std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
   LocaleSeparators separators;
+  std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();
 
   void Activate(std::int16_t document) { ActivateWindow(document); }
 
@@ -101,6 +108,14 @@ class HeadlessPlatform : private MessageBoxes,
     helpShown.emplace_back(file, page);
   }
   void SetText(const std::string& text) override { clipboardText = text; }
+  /// Half an em for each byte.
+  [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override {
+    return font.points * 10 * static_cast<double>(text.size());
+  }
+  [[nodiscard]] std::string UserName() const override { return "diver"; }
+  [[nodiscard]] std::string Today() const override { return "2026-05-01"; }
+  [[nodiscard]] std::filesystem::path TemporaryFolder() const override { return temporaryFolder; }
+  [[nodiscard]] std::string Logo() const override { return "<svg/>"; }
 
   Window* Find(std::int16_t document);
 

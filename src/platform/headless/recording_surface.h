@@ -1,23 +1,25 @@
 #pragma once
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "platform/drawing_surface.h"
 
-namespace tav::test {
+namespace tav {
 
 /// Keeps what is drawn, in order. Strokes in exclusive-or mode go to a list of their own, from which the second of two
 /// equal ones takes the first away. A letter is 100 units wide, a line of text 180 high.
 class RecordingSurface : public DrawingSurface {
  public:
-  enum class Kind { Line, Dotted, FilledBox, Box, FilledCircle, Circle, Text };
+  enum class Kind { Line, Dotted, FilledBox, Box, FilledCircle, Circle, Text, PageText, Picture };
   struct Stroke {
     Kind kind;
     double x0, y0, x1, y1;  ///< of a circle: centre, radius, 0; of a text: its place, 0, 0
     Colour colour;
-    std::string text;
+    std::string text;    ///< of a picture: its file
+    TextFont font = {};  ///< of a page text
     friend bool operator==(const Stroke&, const Stroke&) = default;
   };
 
@@ -51,6 +53,20 @@ class RecordingSurface : public DrawingSurface {
     return 100.0 * static_cast<double>(text.size());
   }
   [[nodiscard]] double TextHeight(bool /*bold*/) const override { return 180; }
+  /// The angle stands in x1.
+  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
+                double angle) override {
+    Draw({Kind::PageText, x, y, angle, 0, colour, text, font});
+  }
+  /// Half an em for each byte, in units of 1/1440 inch.
+  [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override {
+    return font.points * 10 * static_cast<double>(text.size());
+  }
+  bool Picture(const std::filesystem::path& file, double x, double y, double width, double height) override {
+    if (!std::filesystem::exists(file)) return false;
+    Draw({Kind::Picture, x, y, x + width, y + height, kBlack, file.string()});
+    return true;
+  }
   void SetExclusiveOr(bool on) override { exclusiveOr_ = on; }
 
   [[nodiscard]] std::vector<Stroke> Of(Kind kind) const {
@@ -61,7 +77,9 @@ class RecordingSurface : public DrawingSurface {
   }
   [[nodiscard]] std::vector<std::string> Texts() const {
     std::vector<std::string> found;
-    for (const Stroke& stroke : Of(Kind::Text)) found.push_back(stroke.text);
+    for (const Stroke& stroke : strokes) {
+      if (stroke.kind == Kind::Text || stroke.kind == Kind::PageText) found.push_back(stroke.text);
+    }
     return found;
   }
 
@@ -87,4 +105,4 @@ class RecordingSurface : public DrawingSurface {
   bool exclusiveOr_ = false;
 };
 
-}  // namespace tav::test
+}  // namespace tav

@@ -1,0 +1,135 @@
+#include "desktop/qt_printer.h"
+
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPageSetupDialog>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QtWidgets>
+#include <stdexcept>
+
+#include "desktop/form_binder.h"
+#include "desktop/qt_surface.h"
+#include "persist/text_file.h"
+#include "report/page_units.h"
+#include "report/pdf_labels.h"
+
+namespace tav {
+namespace {
+
+constexpr double kCmPerInch = 2.54;
+constexpr double kPointsPerInch = 72;
+
+QPageLayout LandscapeA4() {
+  return {QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(), QPageLayout::Point};
+}
+
+/// Sheets on a device that makes a new page on command.
+template <class Device>
+class SheetJob : public PrintJob {
+ public:
+  explicit SheetJob(Device& device) : device_(device) {
+    if (!painter_.begin(&device_)) throw std::runtime_error("the printer can't be used");
+    MakeSurface();
+  }
+
+  [[nodiscard]] DrawingSurface& Sheet() override { return *surface_; }
+  void NewSheet() override {
+    if (!device_.newPage()) throw std::runtime_error("the printer failed");
+    MakeSurface();
+  }
+
+ protected:
+  void End() {
+    if (painter_.isActive() && !painter_.end()) throw std::runtime_error("the printer failed");
+  }
+
+ private:
+  void MakeSurface() {
+    constexpr double kHairLine = 0.6;  // points
+    const double dotsPerInch = device_.logicalDpiX();
+    surface_.emplace(painter_, page::kWidth, page::kHeight, page::kUnitsPerCm * kCmPerInch / dotsPerInch);
+    surface_->SetPixelsPerPoint(dotsPerInch / kPointsPerInch);
+    surface_->SetPenWidth(kHairLine * dotsPerInch / kPointsPerInch);
+  }
+
+  Device& device_;
+  QPainter painter_;
+  std::optional<PainterSurface> surface_;
+};
+
+class PaperJob : public SheetJob<QPrinter> {
+ public:
+  using SheetJob::SheetJob;
+  void EndDoc() override { End(); }
+};
+
+/// The device of a PDF, apart from its job so that it outlives the painter.
+struct PdfDevice {
+  QBuffer bytes;
+  QPdfWriter writer{&bytes};
+};
+
+class PdfJob : private PdfDevice, public SheetJob<QPdfWriter> {
+ public:
+  PdfJob(std::filesystem::path file, const std::string& title)
+      : SheetJob<QPdfWriter>(Prepared(*this, title)), file_(std::move(file)) {}
+
+  void EndDoc() override {
+    End();
+    try {
+      WriteTextFile(file_, WithPageLabels(bytes.data().toStdString()));
+    } catch (const FileError& error) {
+      throw std::runtime_error(error.what());
+    }
+  }
+
+ private:
+  static QPdfWriter& Prepared(PdfDevice& device, const std::string& title) {
+    constexpr int kDotsPerInch = 1200;
+    device.bytes.open(QIODevice::WriteOnly);
+    device.writer.setTitle(ToQt(title));
+    device.writer.setCreator(QStringLiteral("TAV"));
+    device.writer.setResolution(kDotsPerInch);
+    device.writer.setPageLayout(LandscapeA4());
+    return device.writer;
+  }
+
+  std::filesystem::path file_;
+};
+
+}  // namespace
+
+bool QtPrinter::HasPrinter() const { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+
+QPrinter& QtPrinter::Device() {
+  if (!device_) {
+    device_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    device_->setPageLayout(LandscapeA4());
+    device_->setFullPage(true);
+  }
+  return *device_;
+}
+
+void QtPrinter::SetUp() {
+  QPageSetupDialog dialog(&Device(), QApplication::activeWindow());
+  dialog.exec();
+}
+
+std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title) {
+  QPrinter& device = Device();
+  device.setDocName(ToQt(title));
+  QPrintDialog dialog(&device, QApplication::activeWindow());
+  // The range of pages has been chosen already.
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+  if (dialog.exec() != QDialog::Accepted) return nullptr;
+  return std::make_unique<PaperJob>(device);
+}
+
+std::unique_ptr<PrintJob> QtPrinter::StartPdf(const std::filesystem::path& file, const std::string& title) {
+  return std::make_unique<PdfJob>(file, title);
+}
+
+}  // namespace tav

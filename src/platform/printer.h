@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "platform/drawing_surface.h"
+
+namespace tav {
+
+/// A print job under way: pages that go out when it ends. Dropped without EndDoc it prints what was drawn so far, too.
+class PrintJob {
+ public:
+  PrintJob() = default;
+  PrintJob(const PrintJob&) = delete;
+  PrintJob& operator=(const PrintJob&) = delete;
+  virtual ~PrintJob() = default;
+
+  /// The sheet in hand, a landscape A4 page of which (0, 0) is the corner of the paper. Lengths in 1/567 cm.
+  [[nodiscard]] virtual DrawingSurface& Sheet() = 0;
+  /// Ejects the sheet and begins the next. Throws std::runtime_error when the printer fails.
+  virtual void NewSheet() = 0;
+  /// Sends the job. Throws std::runtime_error when that fails.
+  virtual void EndDoc() = 0;
+};
+
+/// Paper, and files that look like paper.
+class Printer {
+ public:
+  Printer() = default;
+  Printer(const Printer&) = delete;
+  Printer& operator=(const Printer&) = delete;
+  virtual ~Printer() = default;
+
+  /// The system's dialogs. False when no printer is installed, or when the user gave up.
+  [[nodiscard]] virtual bool HasPrinter() const = 0;
+  /// Paper and printer for the jobs to come.
+  virtual void SetUp() = 0;
+  /// A job on the chosen printer, after the system's own print dialog; nullptr when the user gave up. Throws
+  /// std::runtime_error when the printer can't be used.
+  virtual std::unique_ptr<PrintJob> Start(const std::string& title) = 0;
+  /// A PDF file, landscape A4 with embedded fonts. The file appears, or changes, only with EndDoc.
+  virtual std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) = 0;
+};
+
+}  // namespace tav

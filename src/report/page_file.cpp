@@ -1,0 +1,65 @@
+#include "report/page_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace tav {
+
+void PageFile::Begin(const std::filesystem::path& file) {
+  path_ = file;
+  out_.close();
+  out_.clear();
+  pending_.clear();
+  written_ = 0;
+  starts_.clear();
+  ends_.clear();
+  fault_.clear();
+  errno = 0;
+  out_.open(path_, std::ios::binary | std::ios::trunc);
+  if (!out_) Blame(path_);
+}
+
+void PageFile::Append(std::string_view line) {
+  const auto at = pending_.size();
+  pending_ += line;
+  // A line break would make an argument two lines, and all that follows would be read as something else.
+  std::replace_if(
+      pending_.begin() + static_cast<std::ptrdiff_t>(at), pending_.end(), [](char c) { return c == '\r' || c == '\n'; },
+      ' ');
+  pending_ += "\r\n";
+  if (line == kEndPage && ends_.size() < starts_.size()) {
+    ends_.resize(starts_.size() - 1, written_);
+    ends_.push_back(written_);
+  }
+  written_ += line.size() + 2;
+  if (line == kStartPage) starts_.push_back(written_);
+}
+
+void PageFile::Flush() {
+  errno = 0;
+  out_.write(pending_.data(), static_cast<std::streamsize>(pending_.size()));
+  out_.flush();
+  pending_.clear();
+  if (!out_) Blame(path_);
+}
+
+void PageFile::Blame(const std::filesystem::path& file) {
+  if (!fault_.empty()) return;
+  fault_ = file.string() + ": " + (errno != 0 ? std::strerror(errno) : "the file can't be written");
+}
+
+std::string PageFile::Page(int number) const {
+  if (number < 1 || number > Pages()) return {};
+  const auto index = static_cast<std::size_t>(number - 1);
+  const std::uint64_t start = starts_[index];
+  const std::uint64_t end = index < ends_.size() ? ends_[index] : written_;
+  std::ifstream in(path_, std::ios::binary);
+  in.seekg(static_cast<std::streamoff>(start));
+  std::string text(static_cast<std::size_t>(end - start), '\0');
+  in.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(std::max<std::streamsize>(0, in.gcount())));
+  return text;
+}
+
+}  // namespace tav
