@@ -3,10 +3,10 @@
 #include <QtWidgets>
 #include <stdexcept>
 
-#include "desktop/form_binder.h"
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
 #include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
 #include "desktop/spin_arrows.h"
 #include "platform/form.h"
 

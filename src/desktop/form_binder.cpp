@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "desktop/control_binding.h"
+#include "desktop/qt_text.h"
 #include "desktop/spin_arrows.h"
 #include "platform/form.h"
 
@@ -107,10 +108,6 @@ bool ShowsText(const QWidget* widget) {
 }
 
 }  // namespace
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
-
-std::string FromQt(const QString& text) { return text.toStdString(); }
 
 std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
   QFile file(QStringLiteral(":/forms/") + ToQt(form.Name()) + QStringLiteral(".ui"));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,9 +10,6 @@ class QWidget;
 namespace tav {
 
 class Form;
-
-QString ToQt(const std::string& text);
-std::string FromQt(const QString& text);
 
 /// Makes the dialog of a form from its "forms/NAME.ui" and ties every control to the widget of its name: what code sets
 /// shows, what the user does reaches the form. The form must outlive the dialog's use; when the form ends, the dialog

@@ -5,7 +5,7 @@
 #include <QtWidgets>
 
 #include "app/program.h"
-#include "desktop/form_binder.h"
+#include "desktop/qt_text.h"
 #include "desktop/surface_widget.h"
 #include "graph/graph_colours.h"
 

@@ -2,8 +2,8 @@
 
 #include <QtWidgets>
 
-#include "desktop/form_binder.h"
 #include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
 #include "platform/controls.h"
 
 namespace tav {

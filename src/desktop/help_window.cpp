@@ -2,7 +2,7 @@
 
 #include <QtWidgets>
 
-#include "desktop/form_binder.h"
+#include "desktop/qt_text.h"
 #include "persist/text_file.h"
 
 namespace tav {

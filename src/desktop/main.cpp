@@ -5,11 +5,11 @@
 #include <QTimer>
 
 #include "app/program.h"
-#include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_printer.h"
 #include "desktop/qt_services.h"
+#include "desktop/qt_text.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <QtWidgets>
 #include <algorithm>
 
-#include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/icons.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
 
 namespace tav {
 namespace {

@@ -9,8 +9,8 @@
 #include <QtWidgets>
 #include <stdexcept>
 
-#include "desktop/form_binder.h"
 #include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
 #include "persist/text_file.h"
 #include "report/page_units.h"
 #include "report/pdf_labels.h"

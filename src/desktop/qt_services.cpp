@@ -7,6 +7,7 @@
 #include "desktop/form_binder.h"
 #include "desktop/help_window.h"
 #include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
 
 #ifdef TAV_SOUND
 #include <QSoundEffect>

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "desktop/form_binder.h"
+#include "desktop/qt_text.h"
 
 namespace tav {
 

@@ -16,6 +16,7 @@
 #include "app/start_forms.h"
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
+#include "desktop/qt_text.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/gas_blend.h"
 #include "dialogs/multi_level.h"
