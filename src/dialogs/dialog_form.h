@@ -20,18 +20,13 @@ class DialogForm : public Form {
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return services_.platform.boxes.Show(text, title, icon, buttons);
   }
-  /// The number in a text as the user writes numbers; 0 for a text that is none. What is a number with a point is taken
-  /// as it stands in every locale: "0.30" is not 30 where points group thousands.
-  [[nodiscard]] Single Number(const std::string& text) const {
-    return IsNumber(text) ? Single(ParseLenient(text)) : ParseLocaleNumber(text, services_.platform.separators);
-  }
-  /// The same; nothing for a text that is no number.
+  /// The number in a text as the user writes numbers; nothing for a text that is none.
   [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const {
-    if (const auto number = ParseStrict(text)) return number;
-    const LocaleSeparators& separators = services_.platform.separators;
-    return ParseStrict(ReplaceAll(ReplaceAll(text, separators.thousand, ""), separators.decimal, "."));
+    return ParseLocaleNumber(text, services_.platform.separators);
   }
-  /// Number text with the user's decimal separator; `Number` reads it back.
+  /// The same as it is stored; 0 for a text that is no number.
+  [[nodiscard]] Single Number(const std::string& text) const { return NumberIn(text).value_or(0); }
+  /// Number text with the user's decimal separator; `NumberIn` reads it back.
   [[nodiscard]] std::string Written(const std::string& number) const {
     const std::string& decimal = services_.platform.separators.decimal;
     return decimal.empty() ? number : ReplaceAll(number, ".", decimal);

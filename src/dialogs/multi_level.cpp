@@ -1,7 +1,5 @@
 #include "dialogs/multi_level.h"
 
-#include "model/number_text.h"
-
 namespace tav {
 namespace {
 
@@ -37,17 +35,19 @@ void frmMultiLevel::Form_Load() {
 
 void frmMultiLevel::Command2_Click() {
   // Text that is no number counts as out of range.
-  if (!IsNumber(tbHours.Text.Get()) || Number(tbHours.Text) > 24 || Number(tbHours.Text) < 0) {
+  const auto hours = NumberIn(tbHours.Text);
+  if (!hours || *hours > 24 || *hours < 0) {
     Box(T(kHoursFault), T(kTitle), BoxIcon::Stop);
     tbHours.SelectAll();
     return;
   }
-  if (!IsNumber(tbMinutes.Text.Get()) || Number(tbMinutes.Text) > 59 || Number(tbMinutes.Text) < 0) {
+  const auto minutes = NumberIn(tbMinutes.Text);
+  if (!minutes || *minutes > 59 || *minutes < 0) {
     Box(T(kMinutesFault), T(kTitle), BoxIcon::Stop);
     tbMinutes.SelectAll();
     return;
   }
-  const Single interval = 60 * Number(tbHours.Text) + Number(tbMinutes.Text);
+  const Single interval = 60 * *hours + *minutes;
   if (const auto active = services_.ActiveDocument()) services_.forms.AddRepetitiveDive(*active, interval);
   Unload();
 }

@@ -118,9 +118,9 @@ class frmProperties : public DialogForm {
   /// A value at or below `low` becomes `lowValue`, then one at or above `high` becomes `highValue`; the result as text
   /// with so many decimals.
   static std::string Between(Single& value, Single low, Single high, Single lowValue, Single highValue, int decimals);
-  /// Only digits and the decimal separator, for which "." may stand, too; a text without any becomes "10", a blank one
-  /// the mark of a value not given.
-  static std::string PurgeNumericInput(const std::string& text, const std::string& decimal = ".");
+  /// What a cell shows of a typed text: the number that is left when all but digits and separators are taken out, in
+  /// plain form; what is left, if that is no number; "10" if nothing is left; a blank text stays a value not given.
+  static std::string PurgeNumericInput(const std::string& text, const LocaleSeparators& separators);
   /// O2 in percent of the gas of that name in the list of gases; -1 when there is none.
   [[nodiscard]] double GetPercentO2(const std::string& name) const;
 

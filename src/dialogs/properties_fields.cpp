@@ -20,15 +20,15 @@ std::string frmProperties::Between(Single& value, Single low, Single high, Singl
   return FormatFixed(value, decimals);
 }
 
-std::string frmProperties::PurgeNumericInput(const std::string& text, const std::string& decimal) {
+std::string frmProperties::PurgeNumericInput(const std::string& text, const LocaleSeparators& separators) {
   if (TrimBlanks(text).empty()) return FormatPlain(kNotGiven);
   std::string kept;
-  // The key of a number pad gives "." in any country.
-  for (const char c : ReplaceAll(text, decimal, ".")) {
-    if (std::isdigit(static_cast<unsigned char>(c)) != 0) kept += c;
-    if (c == '.') kept += decimal;
-  }
-  return kept.empty() ? "10" : kept;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
+               [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '.' || c == ','; });
+  const bool digits = std::any_of(kept.begin(), kept.end(), [](char c) { return c != '.' && c != ','; });
+  if (!digits) return "10";
+  const auto number = ParseLocaleNumber(kept, separators);
+  return number ? ReplaceAll(FormatPlain(*number), ".", separators.decimal) : kept;
 }
 
 std::array<TextBox*, 13> frmProperties::NumberFields() {

@@ -61,7 +61,7 @@ void frmProperties::FillRates(Grid& grid, const std::vector<RateEntry>& rates, i
 }
 
 void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::string& text) {
-  const std::string number = PurgeNumericInput(text, Written("."));
+  const std::string number = PurgeNumericInput(text, services_.platform.separators);
   // The tables of rates begin at the surface.
   if (&grid != &fgGasChange && row == 1 && column == 0 && number != "0") {
     Refuse(kDepthStays);

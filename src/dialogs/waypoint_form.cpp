@@ -167,17 +167,10 @@ void frmWaypointForm::Step(TextBox& field, int by) {
   if (&field == &tbDepth) Suggest();
 }
 
-std::optional<Single> frmWaypointForm::Entered(const TextBox& field) const {
-  const std::string plain = ReplaceAll(field.Text.Get(), services_.platform.separators.decimal, ".");
-  const auto number = ParseStrict(plain);
-  if (!number) return std::nullopt;
-  return Single(*number);
-}
-
 void frmWaypointForm::cbOK_Click() {
   // A field without a number counts as an empty one.
-  const auto depth = Entered(tbDepth);
-  const auto time = Entered(tbTime);
+  const auto depth = NumberIn(tbDepth.Text);
+  const auto time = NumberIn(tbTime.Text);
   if (!depth || !time || *depth < 0) {
     Box(T(6164), Caption, BoxIcon::Stop);
     (depth && *depth >= 0 ? tbTime : tbDepth).SelectAll();

@@ -96,7 +96,6 @@ class frmWaypointForm : public DialogForm {
   void ShowInfo(Kind kind, bool edited);
   void HideInfo();
   void ShowInfoLines(bool shown);
-  [[nodiscard]] std::optional<Single> Entered(const TextBox& field) const;
   [[nodiscard]] Single Depth() const { return Number(tbDepth.Text); }
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
   [[nodiscard]] Waypoint& Row() const { return profile_->Row(row_); }

@@ -142,11 +142,12 @@ FillResult Recalculate(const FillRequest& request) {
   return result;
 }
 
-PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText) {
-  const auto percentage = [](const std::string& text, bool& reset) -> Single {
-    const Single value = ParseLenient(text);
-    reset = !(value >= 0 && value <= 100);
-    return reset ? Single(0) : value;
+PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText, const LocaleSeparators& separators) {
+  const auto percentage = [&](const std::string& text, bool& reset) -> Single {
+    if (TrimBlanks(text).empty()) return 0;
+    const auto value = ParseLocaleNumber(text, separators);
+    reset = !(value && *value >= 0 && *value <= 100);
+    return reset ? Single(0) : Single(*value);
   };
   PercentageFields fields;
   fields.mix.O2 = percentage(o2Text, fields.o2Reset);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "model/number_text.h"
 #include "model/single.h"
 
 /// Partial pressure filling: what to put into a cylinder that holds one gas so that it ends up with another. Two
@@ -66,15 +67,16 @@ constexpr double kPsiPerBar = 14.7;
 /// Works out both results. Any numbers are accepted; what can't be reached is told by the result.
 FillResult Recalculate(const FillRequest& request);
 
-/// The rules of a percentage field: text that is empty counts as 0, a value outside 0 to 100 becomes 0 and the field is
-/// to show "0". Nitrogen is what is left, below 0 when the two exceed 100.
+/// The rules of a percentage field, in the user's number text: text that is empty counts as 0, text that is no number
+/// and a value outside 0 to 100 become 0, and the field is to show "0". Nitrogen is what is left, below 0 when the two
+/// exceed 100.
 struct PercentageFields {
   MixShares mix;
   bool o2Reset = false;  ///< the field is to show "0"
   bool heReset = false;
   bool over100 = false;  ///< nitrogen came out below 0: a message
 };
-PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText);
+PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText, const LocaleSeparators& separators);
 
 /// The rule of a pressure field: a negative value becomes 0.
 Single FillOrZero(Single value);

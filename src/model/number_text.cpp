@@ -104,6 +104,32 @@ double NumberValue(std::string_view number) {
   return negative ? -value : value;
 }
 
+/// Special blanks and apostrophes that group digits, as the ones of the keyboard where those of the user are such.
+std::string AsTyped(std::string_view text, std::string_view thousand) {
+  std::string typed(text);
+  const auto put = [&](std::string_view key, std::initializer_list<std::string_view> others) {
+    if (std::find(others.begin(), others.end(), thousand) != others.end()) typed = ReplaceAll(typed, key, thousand);
+  };
+  put(" ", {"\u00A0", "\u202F", "\u2009"});
+  put("'", {"\u2019"});
+  return typed;
+}
+
+/// The digits ahead of the decimal separator, without separators if these group all of them; else as they stand.
+std::string WithoutGrouping(const std::string& whole, const std::string& thousand) {
+  constexpr std::size_t kGroup = 3;
+  const std::size_t first = thousand.empty() ? std::string::npos : whole.find(thousand);
+  if (first == std::string::npos || first < 1 || first > kGroup || whole.front() == '0') return whole;
+  std::string digits = whole.substr(0, first);
+  for (std::size_t at = first; at < whole.size(); at += thousand.size() + kGroup) {
+    if (whole.compare(at, thousand.size(), thousand) != 0) return whole;
+    const std::string group = whole.substr(std::min(at + thousand.size(), whole.size()), kGroup);
+    if (group.size() < kGroup) return whole;
+    digits += group;
+  }
+  return std::all_of(digits.begin(), digits.end(), IsDigit) ? digits : whole;
+}
+
 /// Half away from zero on the decimal expansion of a double of 15 digits: 2.5 gives 3, 1.005 with two places 1.01.
 double RoundHalfAway(double value, int decimals) {
   const double scale = std::pow(10.0, decimals);
@@ -176,9 +202,19 @@ std::optional<double> ParseStrict(std::string_view text) {
   return NumberValue(TrimBlanks(text));
 }
 
-Single ParseLocaleNumber(std::string_view text, const LocaleSeparators& separators) {
-  const std::string plain = ReplaceAll(text, separators.thousand, "");
-  return ParseLenient(ReplaceAll(plain, separators.decimal, "."));
+std::optional<double> ParseLocaleNumber(std::string_view text, const LocaleSeparators& separators) {
+  const std::string typed = AsTyped(TrimBlanks(text), separators.thousand);
+  const std::size_t sign = typed.find_first_not_of("+-");
+  if (sign == std::string::npos) return std::nullopt;
+  std::string whole = typed.substr(sign);
+  std::string rest;
+  // A point that groups is no decimal point, and may well be the only separator of the text.
+  const std::size_t end = separators.decimal.empty() ? std::string::npos : whole.find(separators.decimal);
+  if (end != std::string::npos) {
+    rest = "." + whole.substr(end + separators.decimal.size());
+    whole.resize(end);
+  }
+  return ParseStrict(typed.substr(0, sign) + WithoutGrouping(whole, separators.thousand) + rest);
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {

@@ -43,8 +43,11 @@ bool IsNumber(std::string_view text);
 /// The strict reading: the whole text must be a number, blanks around it allowed; nothing otherwise.
 std::optional<double> ParseStrict(std::string_view text);
 
-/// The reading of dialogs: thousands separators removed, the decimal separator taken as a point, then lenient.
-Single ParseLocaleNumber(std::string_view text, const LocaleSeparators& separators);
+/// The reading of dialogs: the whole text must be a number as the user writes it; nothing otherwise. A thousands
+/// separator counts as one only where it groups three digits behind one to three that do not begin with 0, so that
+/// "1.500" is 1500 where points group, and "1.5" and "0.500" have a decimal point everywhere: the key of a number pad
+/// gives one in any country. Where the separator is a special blank or apostrophe, that of the keyboard does as well.
+std::optional<double> ParseLocaleNumber(std::string_view text, const LocaleSeparators& separators);
 
 /// text with every occurrence of `find` replaced, left to right; an empty `find` replaces nothing.
 std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement);

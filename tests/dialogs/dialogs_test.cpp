@@ -115,11 +115,13 @@ TEST(SurfaceInterval, RefusesWhatIsOutOfRange) {
   struct {
     std::string hours, minutes;
     double interval;  // -1: refused
-  } const cases[] = {{"1", "30", 90}, {"0", "0", 0},    {"24", "59", 1499}, {"25", "0", -1}, {"1", "60", -1},
-                     {"1", "-1", -1}, {"one", "0", -1}, {"1", "", -1},      {"-1", "0", -1}};
+  } const cases[] = {{"1", "30", 90}, {"1,5", "0", 90},   {"1.5", "0", 90}, {"1.500", "0", -1},
+                     {"0", "0", 0},   {"24", "59", 1499}, {"25", "0", -1},  {"1", "60", -1},
+                     {"1", "-1", -1}, {"one", "0", -1},   {"1", "", -1},    {"-1", "0", -1}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.hours + ":" + each.minutes);
     Dialogs d;
+    d.platform.separators = {",", "."};
     frmWaypointEditor& editor = d.Open();
     ASSERT_TRUE(editor.AddUserWaypoint(30, 20, 0));
     ASSERT_TRUE(editor.StartDeco());

@@ -113,6 +113,7 @@ TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
   f.Option1_1.Choose();
   f.fgAscend.Edit(1, 1, "2,6");
   f.fgAscend.Edit(2, 1, "8.6");
+  f.Text2.Type("1.500");
   f.cbOK.Press();
   ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
   EXPECT_EQ(double{Template().MaxPPO2}, double{Single(1.4)});
@@ -121,6 +122,7 @@ TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
   EXPECT_EQ(double{Template().RMV}, 17) << "0.6 cubic feet";
   EXPECT_EQ(double{Template().AscendRates[0].Rate}, 3);
   EXPECT_EQ(double{Template().AscendRates[1].Rate}, 9);
+  EXPECT_EQ(double{Template().StartAltitude}, 1500) << "the point groups three digits";
 }
 
 TEST_F(Properties, OKResetsAFieldThatHoldsNoNumber) {

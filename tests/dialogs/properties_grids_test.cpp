@@ -179,11 +179,19 @@ TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
   EXPECT_EQ(Template().Blends.back().Name, "Deep");
 }
 
-TEST(PurgeNumericInput, KeepsDigitsAndPoints) {
-  EXPECT_EQ(frmProperties::PurgeNumericInput("18 m/min"), "18");
-  EXPECT_EQ(frmProperties::PurgeNumericInput("word"), "10");
-  EXPECT_EQ(frmProperties::PurgeNumericInput("  "), "1000000");
-  EXPECT_EQ(frmProperties::PurgeNumericInput("-4.5"), "4.5");
+TEST(PurgeNumericInput, KeepsTheNumberOfATypedText) {
+  const LocaleSeparators english{".", ","};
+  const LocaleSeparators german{",", "."};
+  struct {
+    std::string typed;
+    LocaleSeparators separators;
+    std::string kept;
+  } const cases[] = {{"18 m/min", english, "18"}, {"word", english, "10"},    {"  ", english, "1000000"},
+                     {"-4.5", english, "4.5"},    {"1,500", english, "1500"}, {"1,5", english, "1,5"},
+                     {"1.500", german, "1500"},   {"2.6", german, "2,6"},     {"2,6", german, "2,6"}};
+  for (const auto& each : cases) {
+    EXPECT_EQ(frmProperties::PurgeNumericInput(each.typed, each.separators), each.kept) << each.typed;
+  }
 }
 
 }  // namespace

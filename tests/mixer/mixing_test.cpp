@@ -110,10 +110,10 @@ TEST(PercentageFields, TakeZeroToAHundredAndLeaveTheRestToNitrogen) {
   const FieldCase cases[] = {{"21", "35", 44, false, false, false},  {"", "", 100, false, false, false},
                              {"100.0", "0", 0, false, false, false}, {"100.1", "0", 100, true, false, false},
                              {"-1", "101", 100, true, true, false},  {"60", "50", -10, false, false, true},
-                             {"32%", "x", 68, false, false, false}};
+                             {"32%", "x", 100, true, true, false},   {"20,5", "35.5", 44, false, false, false}};
   for (const FieldCase& known : cases) {
     SCOPED_TRACE(std::string(known.o2) + " " + known.he);
-    const PercentageFields fields = UpdateMix(known.o2, known.he);
+    const PercentageFields fields = UpdateMix(known.o2, known.he, {",", "."});
     EXPECT_EQ(fields.mix.N2, Single(known.n2));
     EXPECT_EQ(fields.o2Reset, known.o2Reset);
     EXPECT_EQ(fields.heReset, known.heReset);

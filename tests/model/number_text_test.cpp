@@ -117,11 +117,52 @@ TEST(NumberText, IsReadByItsNumericPrefixOrStrictlyAsAWhole) {
 }
 
 TEST(NumberText, OfADialogHasTheSeparatorsOfTheUser) {
-  EXPECT_EQ(ParseLocaleNumber("1.234,5", {",", "."}), Single(1234.5));
-  EXPECT_EQ(ParseLocaleNumber("1,234.5", {".", ","}), Single(1234.5));
-  EXPECT_EQ(ParseLocaleNumber("1\u00A0234,5", {",", "\u00A0"}), Single(1234.5));
-  EXPECT_EQ(ParseLocaleNumber("12.5", {"", ""}), Single(12.5));
-  EXPECT_EQ(ParseLocaleNumber("none", {".", ","}), Single(0));
+  const LocaleSeparators german{",", "."};
+  const LocaleSeparators english{".", ","};
+  const LocaleSeparators french{",", "\u202F"};
+  const LocaleSeparators swiss{".", "\u2019"};
+  const LocaleSeparators none{"", ""};
+  constexpr std::optional<double> kNone;
+  struct {
+    std::string text;
+    LocaleSeparators separators;
+    std::optional<double> number;
+  } const cases[] = {{"1.500", german, 1500},
+                     {"1.500,5", german, 1500.5},
+                     {"-12.345.678", german, -12345678},
+                     {" 1,500 ", german, 1.5},
+                     {"1.5", german, 1.5},
+                     {"20,5", german, 20.5},
+                     {"0.300", german, 0.3},
+                     {"1500.5", german, 1500.5},
+                     {"1.500,", german, 1500},
+                     {",5", german, 0.5},
+                     {"1.50.000", german, kNone},
+                     {"1.500.00", german, kNone},
+                     {"1,5.300", german, kNone},
+                     {"1,500.5", german, kNone},
+                     {".500", german, 0.5},
+                     {"1.2e3", german, 1200},
+                     {"1,500", english, 1500},
+                     {"1,234.5", english, 1234.5},
+                     {"1.500", english, 1.5},
+                     {"1,5", english, kNone},
+                     {"1,500,", english, kNone},
+                     {"1\u202F234,5", french, 1234.5},
+                     {"1 234,5", french, 1234.5},
+                     {"12 34", french, kNone},
+                     {"1.500", french, 1.5},
+                     {"1'234.5", swiss, 1234.5},
+                     {"12.5", none, 12.5},
+                     {"1,500", none, kNone},
+                     {"12 m", german, kNone},
+                     {"", german, kNone},
+                     {"-", german, kNone},
+                     {"+", german, kNone}};
+  for (const auto& each : cases) {
+    EXPECT_EQ(ParseLocaleNumber(each.text, each.separators), each.number)
+        << each.text << " with " << each.separators.decimal << " and " << each.separators.thousand;
+  }
 }
 
 TEST(ReplaceAll, GoesLeftToRightAndPastWhatItPutIn) {
