@@ -9,30 +9,97 @@
 namespace tav {
 namespace {
 
+/// The list of a cell. It shows its entries at once, and only an entry that is chosen from them counts: keys and wheel
+/// steps that would choose unseen do nothing but look for an entry.
+class CellList : public QComboBox {
+ public:
+  CellList(QWidget* parent, std::function<void()> closed) : QComboBox(parent), closed_(std::move(closed)) {
+    connect(this, &QComboBox::activated, this, [this] { chosen_ = true; });
+  }
+  [[nodiscard]] bool Chosen() const { return chosen_; }
+
+  void hidePopup() override {
+    QComboBox::hidePopup();
+    // A choice is told after the list has gone.
+    QTimer::singleShot(0, this, [this] { closed_(); });
+  }
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QComboBox::showEvent(event);
+    QTimer::singleShot(0, this, [this] {
+      showPopup();
+      if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
+    });
+  }
+  void keyPressEvent(QKeyEvent* event) override { typed_ += event->text(); }
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+ private:
+  std::function<void()> closed_;
+  QString typed_;
+  bool chosen_ = false;
+};
+
+bool IsWithin(const QWidget& editor, const QWidget* widget) {
+  while (widget != nullptr && widget != &editor) widget = widget->parentWidget();
+  return widget != nullptr;
+}
+
+/// Calls a function ahead of every act elsewhere that need not take the focus: a key of a button or a menu, a press of
+/// the mouse outside of a widget.
+class OutsideWatch : public QObject {
+ public:
+  OutsideWatch(QWidget& inside, std::function<void()> act) : QObject(&inside), inside_(inside), act_(std::move(act)) {
+    QApplication::instance()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const bool key = event->type() == QEvent::Shortcut;
+    const auto* widget = qobject_cast<QWidget*>(object);
+    if (key || (event->type() == QEvent::MouseButtonPress && widget != nullptr && !IsWithin(inside_, widget))) act_();
+    return false;
+  }
+
+ private:
+  const QWidget& inside_;
+  std::function<void()> act_;
+};
+
 /// Edits cells by the rules of the grid. Row 0 of the grid is the header, so table row r is grid row r + 1.
+///
+/// A cell that is open for typing is stored by whatever leaves it but Escape. The focus tells only a part of that: the
+/// key of a button or of a menu and a press on a tool bar act without taking the focus, so they are seen to here, ahead
+/// of what they do.
 class GridDelegate : public QStyledItemDelegate {
  public:
   GridDelegate(Grid& grid, QTableWidget& table) : QStyledItemDelegate(&table), grid_(grid), table_(table) {}
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    if (!grid_.EditorOf) return nullptr;
-    const Grid::Editor editor = grid_.EditorOf(index.row() + 1, index.column());
+    const Grid::Editor editor = EditorAt(index.row(), index.column());
     if (editor.kind == Grid::Editor::Kind::None) return nullptr;
-    if (editor.kind == Grid::Editor::Kind::Text) return QStyledItemDelegate::createEditor(parent, option, index);
-    auto* list = new QComboBox(parent);
-    for (const std::string& entry : editor.entries) list->addItem(ToQt(entry));
-    connect(list, &QComboBox::activated, this, [this, list] {
-      auto* self = const_cast<GridDelegate*>(this);
-      Q_EMIT self->commitData(list);
-      Q_EMIT self->closeEditor(list);
-    });
-    return list;
+    auto* self = const_cast<GridDelegate*>(this);
+    QWidget* widget = nullptr;
+    if (editor.kind == Grid::Editor::Kind::Text) {
+      widget = QStyledItemDelegate::createEditor(parent, option, index);
+    } else {
+      auto* list = new CellList(parent, [self] { self->Leave(); });
+      for (const std::string& entry : editor.entries) list->addItem(ToQt(entry));
+      widget = list;
+    }
+    new OutsideWatch(*widget, [self] { self->Leave(); });
+    self->open_ = widget;
+    return widget;
+  }
+
+  void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
+    const_cast<GridDelegate*>(this)->open_ = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
   }
 
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
     const QString text = index.data(Qt::DisplayRole).toString();
     if (auto* list = qobject_cast<QComboBox*>(editor)) {
-      list->setCurrentIndex(std::max(0, list->findText(text)));
+      list->setCurrentIndex(list->findText(text));
     } else if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
       edit->setText(text);
       edit->selectAll();
@@ -40,33 +107,80 @@ class GridDelegate : public QStyledItemDelegate {
   }
 
   void setModelData(QWidget* editor, QAbstractItemModel* /*model*/, const QModelIndex& index) const override {
-    auto* list = qobject_cast<QComboBox*>(editor);
-    auto* edit = qobject_cast<QLineEdit*>(editor);
-    const QString text = list != nullptr ? list->currentText() : edit != nullptr ? edit->text() : QString();
-    grid_.Edit(index.row() + 1, index.column(), FromQt(text));
+    const auto* list = dynamic_cast<CellList*>(editor);
+    const auto* edit = qobject_cast<QLineEdit*>(editor);
+    if (list != nullptr && list->Chosen()) grid_.Edit(index.row() + 1, index.column(), FromQt(list->currentText()));
+    if (edit != nullptr) grid_.Edit(index.row() + 1, index.column(), FromQt(edit->text()));
     ShowGrid(grid_, table_);
   }
 
- protected:
   bool eventFilter(QObject* object, QEvent* event) override {
-    auto* edit = qobject_cast<QLineEdit*>(object);
-    if (edit != nullptr && event->type() == QEvent::KeyPress) {
-      const int key = static_cast<QKeyEvent*>(event)->key();
-      const int step = key == Qt::Key_Up ? -1 : key == Qt::Key_Down ? 1 : 0;
-      if (step != 0) {
-        Q_EMIT commitData(edit);
-        Q_EMIT closeEditor(edit);
-        const int row = std::clamp(table_.currentRow() + step, 0, table_.rowCount() - 1);
-        table_.setCurrentCell(row, table_.currentColumn());
-        return true;
-      }
+    // A message about what was typed takes the focus; that leaves the cell no second time.
+    if (leaving_ || object != open_) return false;
+    if (event->type() == QEvent::FocusOut) {
+      // A menu of the field itself leaves nothing.
+      if (!IsWithin(*open_, QApplication::focusWidget()) || !open_->isActiveWindow()) Leave();
+      return false;
     }
+    const bool typing = qobject_cast<QLineEdit*>(open_) != nullptr;
+    if (typing && event->type() == QEvent::KeyPress && LeavesByKey(*static_cast<QKeyEvent*>(event))) return true;
     return QStyledItemDelegate::eventFilter(object, event);
   }
 
  private:
+  [[nodiscard]] Grid::Editor EditorAt(int row, int column) const {
+    return grid_.EditorOf ? grid_.EditorOf(row + 1, column) : Grid::Editor{};
+  }
+
+  /// Stores what the open cell holds and closes it.
+  void Leave() {
+    if (open_ == nullptr || leaving_) return;
+    leaving_ = true;
+    Q_EMIT commitData(open_);
+    if (open_ != nullptr) Q_EMIT closeEditor(open_);
+    leaving_ = false;
+  }
+
+  bool LeavesByKey(const QKeyEvent& event) {
+    switch (event.key()) {
+      case Qt::Key_Return:
+      case Qt::Key_Enter:
+        Leave();
+        return true;
+      case Qt::Key_Up:
+      case Qt::Key_Down: {
+        const int row = table_.currentRow() + (event.key() == Qt::Key_Up ? -1 : 1);
+        Leave();
+        table_.setCurrentCell(std::clamp(row, 0, table_.rowCount() - 1), table_.currentColumn());
+        return true;
+      }
+      case Qt::Key_Tab:
+      case Qt::Key_Backtab:
+        MoveOn(event.key() == Qt::Key_Tab ? 1 : -1);
+        return true;
+      default:
+        return false;
+    }
+  }
+
+  /// Stores the open cell and opens the next one in reading order that takes typing; behind the last one the focus
+  /// stays on the table.
+  void MoveOn(int step) {
+    Leave();
+    const int columns = table_.columnCount();
+    int at = table_.currentRow() * columns + table_.currentColumn() + step;
+    for (; at >= 0 && at < table_.rowCount() * columns; at += step) {
+      if (EditorAt(at / columns, at % columns).kind != Grid::Editor::Kind::Text) continue;
+      table_.setCurrentCell(at / columns, at % columns);
+      table_.edit(table_.currentIndex());
+      return;
+    }
+  }
+
   Grid& grid_;
   QTableWidget& table_;
+  QPointer<QWidget> open_;
+  bool leaving_ = false;
 };
 
 }  // namespace

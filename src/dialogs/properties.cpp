@@ -157,6 +157,7 @@ void frmProperties::InitGasAvailableFrame() {
     rows.push_back({mix.Name, Plain(mix.O2), Plain(mix.He), Plain(mix.N2)});
   }
   FgGas.SetRows(rows);
+  for (int row = 1; row < FgGas.Rows(); ++row) MarkGas(row);
 }
 
 void frmProperties::InitGasSettingsFrame() {

@@ -160,7 +160,6 @@ class frmProperties : public DialogForm {
   [[nodiscard]] Single Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown);
   void StoreFields(DiveTemplate& t);
   void StoreGrids(DiveTemplate& t) const;
-  [[nodiscard]] std::string MissingValue() const;
 
   // properties_units.cpp
   void ConvertFields(bool toImperial);
@@ -176,6 +175,12 @@ class frmProperties : public DialogForm {
   void saveDecoGasSettings();
   void loadDecoGasSettings();
   void CommitNumber(Grid& grid, int row, int column, const std::string& text);
+  /// What the shares of a gas come to, in percent.
+  [[nodiscard]] Single SharesOf(int row) const;
+  void MarkGas(int row);
+  /// Why a row, or the first row of all tables that has a fault, can't be stored; empty when all can.
+  [[nodiscard]] std::string CellFault(const Grid& grid, int row) const;
+  [[nodiscard]] std::string GridFault() const;
   void OpenRowMenu(Grid& grid);
   void AddRow_Click();
   void DelRow_Click();
@@ -190,6 +195,10 @@ class frmProperties : public DialogForm {
     std::string metric;
     std::string imperial;
   };
+
+  static constexpr int kOxygen = 1;  ///< columns of the table of gases
+  static constexpr int kHelium = 2;
+  static constexpr int kNitrogen = 3;
 
   bool cancelled_ = true;
   std::int16_t documentIndex_ = 0;

@@ -97,7 +97,9 @@ void frmProperties::StoreGrids(DiveTemplate& t) const {
   t.AscendRates = rates(fgAscend);
   t.Blends.assign(1, AirMix());
   for (int row = 2; row < FgGas.Rows(); ++row) {
-    t.Blends.push_back({FgGas.Text(row, 0), whole(FgGas, row, 1), whole(FgGas, row, 3), whole(FgGas, row, 2)});
+    const Single o2 = whole(FgGas, row, kOxygen);
+    const Single he = whole(FgGas, row, kHelium);
+    t.Blends.push_back({FgGas.Text(row, 0), o2, 100 - o2 - he, he});
   }
   t.ChangeGasMixes.clear();
   for (int row = 1; row < fgGasChange.Rows(); ++row) {
@@ -134,29 +136,12 @@ void frmProperties::StoreFields(DiveTemplate& t) {
   t.EndPressure = AltitudeToPressure(t.EndAltitude, t.Metric);
 }
 
-std::string frmProperties::MissingValue() const {
-  const std::pair<const Grid*, const Frame*> grids[] = {
-      {&fgDescend, &Frame7}, {&fgAscend, &Frame6}, {&fgGasChange, &Frame3}};
-  for (const auto& [grid, frame] : grids) {
-    for (int row = 1; row < grid->Rows(); ++row) {
-      for (int column = 0; column < grid->Columns(); ++column) {
-        const bool number = grid != &fgGasChange || column == 0;
-        if (number && Number(grid->Text(row, column)) == kNotGiven) {
-          constexpr int kNotGivenText = 7050;
-          return frame->Caption.Get() + ", " + std::to_string(row) + ": " + T(kNotGivenText);
-        }
-      }
-    }
-  }
-  return {};
-}
-
 void frmProperties::cbOK_Click() {
   // Return presses OK without leaving the field.
   for (TextBox* field : NumberFields()) {
     if (!NumberIn(field->Text)) Validate(*field);
   }
-  std::string fault = MissingValue();
+  std::string fault = GridFault();
   DiveTemplate t = Template();
   if (fault.empty()) {
     StoreFields(t);

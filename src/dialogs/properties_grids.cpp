@@ -4,6 +4,7 @@
 
 #include "dialogs/properties.h"
 #include "model/number_text.h"
+#include "model/numbers.h"
 #include "model/units.h"
 
 namespace tav {
@@ -14,6 +15,9 @@ constexpr int kRowStays = 1654;
 constexpr int kDepthStays = 1655;
 constexpr int kPlanUsesGases = 3044;
 constexpr int kOnlyGasChange = 3045;
+constexpr int kNotGivenText = 7050;
+constexpr int kNot100Percent = 7150;
+constexpr int kNoNumber = 7151;
 
 }  // namespace
 
@@ -41,12 +45,14 @@ void frmProperties::WireGrids() {
     fgGasChange.SetText(row, column, text);
   };
   fgGasChange.RowMenu = [this] { OpenRowMenu(fgGasChange); };
-  // Air, the first row, is what it is, and names are keys of legs and gas changes.
+  // Air, the first row, is what it is, names are keys of legs and gas changes, and nitrogen is the rest.
   FgGas.EditorOf = [](int row, int column) {
-    return Grid::Editor{row > 1 && column > 0 ? Kind::Text : Kind::None, {}};
+    return Grid::Editor{row > 1 && (column == kOxygen || column == kHelium) ? Kind::Text : Kind::None, {}};
   };
   FgGas.Commit = [this](int row, int column, const std::string& text) {
     CommitNumber(FgGas, row, column, text);
+    FgGas.SetText(row, kNitrogen, Plain(100 - Number(FgGas.Text(row, kOxygen)) - Number(FgGas.Text(row, kHelium))));
+    MarkGas(row);
     ShowAutoDepths();
   };
   FgGas.RowMenu = [this] { OpenRowMenu(FgGas); };
@@ -68,13 +74,51 @@ void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::str
     return;
   }
   grid.SetText(row, column, number);
+  grid.SetColour(row, column, NumberIn(number) ? -1 : kRed);
+}
+
+Single frmProperties::SharesOf(int row) const {
+  const double withHelium = Number(FgGas.Text(row, kOxygen)) + Number(FgGas.Text(row, kHelium));
+  return std::max(withHelium, withHelium + Number(FgGas.Text(row, kNitrogen)));
+}
+
+void frmProperties::MarkGas(int row) {
+  const bool whole = RoundSingle(SharesOf(row), 0) == 100;
+  for (const int column : {kOxygen, kHelium, kNitrogen}) {
+    FgGas.SetColour(row, column, whole && NumberIn(FgGas.Text(row, column)) ? -1 : kRed);
+  }
+}
+
+std::string frmProperties::CellFault(const Grid& grid, int row) const {
+  for (int column = 0; column < grid.Columns(); ++column) {
+    const bool number = &grid == &FgGas ? column >= kOxygen : &grid != &fgGasChange || column == 0;
+    if (!number) continue;
+    const auto value = NumberIn(grid.Text(row, column));
+    if (!value) return T(kNoNumber) + grid.Text(row, column);
+    if (*value == kNotGiven) return T(kNotGivenText);
+  }
+  if (&grid == &FgGas && RoundSingle(SharesOf(row), 0) != 100)
+    return T(kNot100Percent) + Fixed(SharesOf(row), 0) + " %";
+  return {};
+}
+
+std::string frmProperties::GridFault() const {
+  const std::pair<const Grid*, const Frame*> grids[] = {
+      {&fgDescend, &Frame7}, {&fgAscend, &Frame6}, {&fgGasChange, &Frame3}, {&FgGas, &Frame4}};
+  for (const auto& [grid, frame] : grids) {
+    for (int row = 1; row < grid->Rows(); ++row) {
+      const std::string fault = CellFault(*grid, row);
+      if (!fault.empty()) return frame->Caption.Get() + ", " + std::to_string(row) + ": " + fault;
+    }
+  }
+  return {};
 }
 
 void frmProperties::Refuse(int text) { Box(T(text), T(kTitle), BoxIcon::Exclamation); }
 
 double frmProperties::GetPercentO2(const std::string& name) const {
   for (int row = 1; row < FgGas.Rows(); ++row) {
-    if (FgGas.Text(row, 0) == name) return Number(FgGas.Text(row, 1));
+    if (FgGas.Text(row, 0) == name) return Number(FgGas.Text(row, kOxygen));
   }
   return -1;
 }

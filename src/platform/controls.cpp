@@ -19,6 +19,12 @@ void Grid::SetText(int row, int column, const std::string& text) {
   Cells = cells;
 }
 
+void Grid::SetColour(int row, int column, Colour colour) {
+  auto cells = Cells.Get();
+  cells.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)).colour = colour;
+  Cells = cells;
+}
+
 void Grid::AddRow(const std::vector<std::string>& texts) {
   auto cells = Cells.Get();
   auto& row = cells.emplace_back();

@@ -244,6 +244,8 @@ class Grid : public Control {
   /// Empty text outside the table.
   [[nodiscard]] std::string Text(int row, int column) const;
   void SetText(int row, int column, const std::string& text);
+  /// The colour of the text of a cell; -1 leaves it to the system.
+  void SetColour(int row, int column, Colour colour);
   void AddRow(const std::vector<std::string>& texts);
   void RemoveRow(int row);
   /// All rows, header first.

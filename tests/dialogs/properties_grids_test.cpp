@@ -89,7 +89,6 @@ TEST_F(Properties, PercentagesAreEditedButNotThoseOfAirNorNames) {
   f.FgGas.Edit(1, 1, "30");
   f.FgGas.Edit(row, 0, "a:b");
   f.FgGas.Edit(row, 1, "40 %");
-  f.FgGas.Edit(row, 3, "60");
   const int change = f.fgGasChange.Text(1, 1) == "EAN50" ? 1 : 2;
   EXPECT_EQ(f.fgGasChange.Text(change, 0), "30") << "1.6 bar of 40 %";
   f.cbOK.Press();
@@ -99,11 +98,40 @@ TEST_F(Properties, PercentagesAreEditedButNotThoseOfAirNorNames) {
   EXPECT_EQ(mix.Name, "EAN50");
   EXPECT_EQ(double{mix.O2}, 40);
   EXPECT_EQ(double{Template().ChangeGasMixes[static_cast<std::size_t>(change - 1)].N2}, 60);
+}
 
-  Show().FgGas.Edit(row, 1, "140");
+TEST_F(Properties, AMixIsAHundredPercent) {
+  struct {
+    std::string o2, he, n2, refusal;
+  } const cases[] = {{"36", "0", "64", ""},
+                     {"20", "50", "30", ""},
+                     {"36", "68", "-4", "*StringID 7150*104 %"},
+                     {"140", "0", "-40", "*StringID 7150*140 %"},
+                     {"36,0", "1.2.3", "64", "*StringID 7151*36,0"}};
+  const int row = FindBlendIndex("EAN32", Template()) + 1;
+  const std::string place = "*StringID 1607*, " + std::to_string(row) + ": ";
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.o2 + " " + each.he);
+    const GasMix before = Template().Blends[static_cast<std::size_t>(row - 1)];
+    frmProperties& f = Show();
+    f.FgGas.Edit(row, 1, each.o2);
+    f.FgGas.Edit(row, 2, each.he);
+    f.FgGas.Edit(row, 3, "12");
+    const bool refused = !each.refusal.empty();
+    EXPECT_TRUE(refused || f.FgGas.Text(row, 3) == each.n2);
+    EXPECT_EQ(f.FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, refused ? kRed : -1);
+    f.cbOK.Press();
+    EXPECT_EQ(f.IsLoaded(), refused);
+    const GasMix& after = Template().Blends[static_cast<std::size_t>(row - 1)];
+    EXPECT_EQ(double{after.N2}, refused ? double{before.N2} : std::stod(each.n2));
+    EXPECT_EQ(refused ? d.platform.LastBox().text : "", refused ? place + each.refusal : "");
+  }
+  // A file may hold such a gas.
+  Template().Blends[static_cast<std::size_t>(row - 1)] = {"EAN32", 36, 68, 0};
+  Show();
+  EXPECT_EQ(form->FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, kRed);
   form->cbOK.Press();
-  EXPECT_TRUE(form->IsLoaded());
-  EXPECT_EQ(double{Template().Blends[static_cast<std::size_t>(row - 1)].O2}, 40);
+  EXPECT_EQ(d.platform.LastBox().text, place + "*StringID 7150*104 %");
 }
 
 TEST_F(Properties, DepthsThatAreKeptStayWithTheirGases) {
