@@ -112,18 +112,17 @@ void frmMain::ShowHelp(HelpViewer::Page page) {
 void frmMain::SyncCommands() {
   const auto active = Active();
   EditState state = EditState::Empty;
-  bool last = false;
+  bool surface = false;
   if (active) {
     const frmWaypointEditor& editor = services_.forms(*active);
     state = editor.State();
-    last = editor.NextProfile == -1;
+    surface = editor.CanBeFollowed();
     SetBreathingMode(Document(*active).Template.OpenCircuit, false);
     services_.platform.documentWindows.SetModified(*active, Document(editor.getFirstProfile()).Modified);
   }
   const bool ascent = state == EditState::Legs;
   // A command without a window behind it can't be chosen.
   const bool information = state != EditState::Empty && mnuDiveInformation.Click != nullptr;
-  const bool surface = last && state == EditState::Ascent;
   Tool(6).Enabled = ascent;
   mnuStartAscent.Enabled = ascent;
   Tool(7).Enabled = information;

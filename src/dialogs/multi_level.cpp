@@ -10,10 +10,13 @@ constexpr int kCancel = 1609;
 constexpr int kOK = 1610;
 constexpr int kHoursFault = 3027;
 constexpr int kMinutesFault = 3028;
+constexpr int kCannotAdd = 7100;
 
 }  // namespace
 
-frmMultiLevel::frmMultiLevel(const DialogServices& services) : DialogForm("frmMultiLevel", services) {
+frmMultiLevel::frmMultiLevel(const DialogServices& services)
+    : DialogForm("frmMultiLevel", services), dive_(services.ActiveDocument()) {
+  if (dive_) opening_ = services.forms(*dive_).Opening();
   Command1.Cancel = true;
   Command1.Click = [this] { Unload(); };
   Command2.Default = true;
@@ -48,8 +51,21 @@ void frmMultiLevel::Command2_Click() {
     return;
   }
   const Single interval = 60 * *hours + *minutes;
-  if (const auto active = services_.ActiveDocument()) services_.forms.AddRepetitiveDive(*active, interval);
+  if (!dive_) {
+    Unload();
+    return;
+  }
+  if (!CanAdd()) {
+    Box(T(kCannotAdd), T(kTitle), BoxIcon::Stop);
+    return;
+  }
+  services_.forms.AddRepetitiveDive(*dive_, interval);
   Unload();
+}
+
+bool frmMultiLevel::CanAdd() const {
+  const frmWaypointEditor& editor = services_.forms(*dive_);
+  return !services_.Documents()(*dive_).SlotFree && editor.Opening() == opening_ && editor.CanBeFollowed();
 }
 
 }  // namespace tav

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "dialogs/dialog_form.h"
 
 namespace tav {
 
-/// Adds a repetitive dive after a surface interval of hours and minutes.
+/// Adds a repetitive dive after a surface interval of hours and minutes, behind the dive that was active when the
+/// dialog opened. It stays open beside the plans: by the time of OK that dive may be closed, changed or followed by
+/// another one; then a message says so, and nothing is added.
 class frmMultiLevel : public DialogForm {
  public:
   explicit frmMultiLevel(const DialogServices& services);
@@ -21,6 +26,12 @@ class frmMultiLevel : public DialogForm {
 
  protected:
   void Form_Load() override;
+
+ private:
+  [[nodiscard]] bool CanAdd() const;
+
+  std::optional<std::int16_t> dive_;
+  int opening_ = 0;  ///< of the dive's window: its number may have gone to another plan
 };
 
 }  // namespace tav

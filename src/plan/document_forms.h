@@ -25,7 +25,7 @@ class DocumentForms {
   /// Opens a new empty plan with the settings of the default document, and returns its number.
   std::int16_t LoadNewDoc();
 
-  /// Adds a repetitive dive behind `previous`, which must be the last of its series, after a surface interval in
+  /// Adds a repetitive dive behind `previous`, which must be one that CanBeFollowed, after a surface interval in
   /// minutes. The new plan is empty and has a copy of the template. Returns its number.
   std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval);
 

@@ -37,6 +37,7 @@ void frmWaypointEditor::Form_Load() {
   UserActions.clear();
   currentRunTime_ = 0;
   editState_ = EditState::Empty;
+  ++opening_;
   evaluationFault_.clear();
   setNullWaypoint();
   Services().display.EnableProfileCommands(false, false);
@@ -185,7 +186,7 @@ bool frmWaypointEditor::StartDeco() {
   resultProfile_.clear();
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
   editState_ = EditState::Ascent;
-  services.display.EnableSurfaceInterval(NextProfile == -1);
+  services.display.EnableSurfaceInterval(CanBeFollowed());
   UpdateSurfProfiles();
   services.display.RedrawProfile(documentNumber_);
   services.display.ShowHourglass(false);
@@ -250,7 +251,7 @@ void frmWaypointEditor::Form_Activate() {
   const PlanServices& services = Services();
   services.display.ShowBreathingMode(Document().Template.OpenCircuit);
   EnableCommandsByState();
-  services.display.EnableSurfaceInterval(NextProfile == -1 && editState_ == EditState::Ascent);
+  services.display.EnableSurfaceInterval(CanBeFollowed());
   if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
 }
 

@@ -39,6 +39,10 @@ class frmWaypointEditor {
 
   [[nodiscard]] std::int16_t Tag() const { return documentNumber_; }
   [[nodiscard]] EditState State() const { return editState_; }
+  /// A repetitive dive can follow: this one is the last of its series, and its ascent is computed.
+  [[nodiscard]] bool CanBeFollowed() const { return NextProfile == -1 && editState_ == EditState::Ascent; }
+  /// Counts the plans that this window has held, one after another: tells whether it still holds the same.
+  [[nodiscard]] int Opening() const { return opening_; }
   [[nodiscard]] Single CurrentRunTime() const { return currentRunTime_; }
   /// Why the plan could not be computed, empty when it could. The rows are then those of an empty plan.
   [[nodiscard]] const std::string& EvaluationFault() const { return evaluationFault_; }
@@ -105,6 +109,7 @@ class frmWaypointEditor {
   DocumentForms& forms_;
   std::int16_t documentNumber_;
   EditState editState_ = EditState::Empty;
+  int opening_ = 0;
   ClassProfile resultProfile_;
   ClassProfile savedProfile_;
   Single currentRunTime_;
