@@ -96,7 +96,8 @@ void frmMain::LoadTemplateCommand() {
 
 void frmMain::LoadTemplateFrom(const fs::path& file) {
   const auto active = Active();
-  DiveTemplate loaded;
+  // The file may tell a part of the settings only; the others stay.
+  DiveTemplate loaded = Document(active.value_or(DocumentStore::DefaultDocument)).Template;
   try {
     LoadTemplateFile(loaded, file);
   } catch (const FileError& error) {

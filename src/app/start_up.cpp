@@ -8,10 +8,11 @@ std::string InitDocuments(DocumentStore& documents, const ProgramFolders& folder
   DocumentState& standard = documents(DocumentStore::DefaultDocument);
   standard.Modified = false;
   standard.TemplateTitle = "Default";
-  standard.Template = ShippedDefaultTemplate();
+  standard.Template = {};
   try {
-    LoadTemplateFile(standard.Template, folders.Find("template/Default.tpl"));
+    LoadPlannableTemplate(standard.Template, folders.Find("template/Default.tpl"));
   } catch (const FileError& error) {
+    standard.Template = ShippedDefaultTemplate();
     return error.what();
   }
   return {};

@@ -79,15 +79,6 @@ std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders
   return std::filesystem::exists(found, error) ? found : std::filesystem::path(name);
 }
 
-/// Refuses a template that can't be planned on, with the line to mend.
-void LoadPlannable(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  LoadTemplateFile(diveTemplate, file);
-  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
-  DiveTemplate again;
-  const KeyLines keys = ReadTemplateText(again, ReadTextFile(file), faults);
-  ReportTemplateFaults(diveTemplate, keys, 1, faults);
-}
-
 }  // namespace
 
 int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
@@ -99,7 +90,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     const std::string fault = InitDocuments(session.Documents(), folders);
     DiveTemplate& standard = session.Documents()(DocumentStore::DefaultDocument).Template;
     if (!plan.templateName.empty()) {
-      LoadPlannable(standard, TemplateFile(plan.templateName, folders));
+      LoadPlannableTemplate(standard, TemplateFile(plan.templateName, folders));
     } else if (!fault.empty()) {
       err << fault << "; the built-in settings stand in\n";
     }

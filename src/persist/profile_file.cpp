@@ -155,12 +155,6 @@ ProfileText ReadProfileFile(const std::filesystem::path& file) {
   return ReadProfileText(ReadTextFile(file), faults);
 }
 
-void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults) {
-  for (const TemplateFault& fault : TemplateFaults(diveTemplate)) {
-    faults.Error(LineOfFault(fault, keys, blockLine), fault.text);
-  }
-}
-
 void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults) {
   for (std::size_t i = 1; i < profile.dives.size(); ++i) {
     const ClassUseractions& before = profile.dives[i - 1].UserActions;

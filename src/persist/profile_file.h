@@ -46,10 +46,6 @@ ProfileText ReadProfileText(std::string_view text, FormatFaults& faults);
 /// Reads a profile file. Throws FileError at the first fault; nothing is returned of a broken file.
 ProfileText ReadProfileFile(const std::filesystem::path& file);
 
-/// The faults of the templates themselves (TemplateFaults), with their lines. A profile with such a fault opens, but
-/// can't be computed.
-void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults);
-
 /// A dive that does not end with its ascent leaves no loads for the dive behind it: an error at that dive.
 void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults);
 

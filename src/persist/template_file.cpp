@@ -5,6 +5,20 @@
 #include "persist/line_reader.h"
 
 namespace tav {
+namespace {
+
+void Load(DiveTemplate& diveTemplate, const std::filesystem::path& file, bool plannable) {
+  DiveTemplate read = diveTemplate;
+  read.Templatename = SplitPath(file.string(), PathPart::FileName);
+  read.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  const KeyLines keys = ReadTemplateText(read, ReadTextFile(file), faults);
+  if (plannable) ReportTemplateFaults(read, keys, 1, faults);
+  read.TemplateChanged = false;
+  diveTemplate = std::move(read);
+}
+
+}  // namespace
 
 KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, FormatFaults& faults) {
   LineReader lines(text);
@@ -19,14 +33,18 @@ KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, For
   return keys;
 }
 
+void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults) {
+  for (const TemplateFault& fault : TemplateFaults(diveTemplate)) {
+    faults.Error(LineOfFault(fault, keys, blockLine), fault.text);
+  }
+}
+
 void LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  DiveTemplate read = diveTemplate;
-  read.Templatename = SplitPath(file.string(), PathPart::FileName);
-  read.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
-  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
-  ReadTemplateText(read, ReadTextFile(file), faults);
-  read.TemplateChanged = false;
-  diveTemplate = std::move(read);
+  Load(diveTemplate, file, false);
+}
+
+void LoadPlannableTemplate(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
+  Load(diveTemplate, file, true);
 }
 
 void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {

@@ -18,11 +18,18 @@ constexpr std::string_view kTemplateExtension = ".tpl";
 /// file's folder with its trailing separator, and `TemplateChanged` is cleared.
 void LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& file);
 
+/// The same, and a template that can't be planned on is a fault, too.
+void LoadPlannableTemplate(DiveTemplate& diveTemplate, const std::filesystem::path& file);
+
 /// Writes a file with one block, whole or not at all. Throws FileError.
 void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file);
 
 /// Reads a template from text, collecting or throwing as `faults` says. Returns the lines of its keys.
 KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, FormatFaults& faults);
+
+/// The faults of the template itself (TemplateFaults), with their lines. A profile with such a fault opens, but can't
+/// be computed.
+void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults);
 
 /// The template that is shipped as "Default.tpl", from within the program: what it falls back on when that file is
 /// missing or broken.

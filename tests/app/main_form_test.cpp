@@ -223,6 +223,25 @@ TEST(Templates, LoadingOneWithoutAPlanSetsWhatNewPlansBeginWith) {
   EXPECT_FALSE(p.Document().Template.Metric);
 }
 
+TEST(Templates, OneThatTellsAPartChangesNothingElse) {
+  for (const bool planOpen : {true, false}) {
+    SCOPED_TRACE(planOpen);
+    HeadlessProgram p;
+    ASSERT_TRUE(p.Start());
+    if (!planOpen) p.Main().CloseDocument(1);
+    const auto file = p.folder.Path() / "part.tpl";
+    std::ofstream(file) << "Start Template Block\nRMV=33\nBlends Available=EAN32: 32/ 68/ 0/\nEnd Template Block\n";
+    p.platform.filesChosen.push_back(file);
+    p.Main().mnuLoadTemplate.Choose();
+    const DiveTemplate& t = p.Document(planOpen ? 1 : 0).Template;
+    EXPECT_EQ(double{t.RMV}, 33);
+    EXPECT_EQ(double{t.DecoRMV}, 15);
+    EXPECT_EQ(double{t.StepSize}, 3);
+    EXPECT_TRUE(t.Metric && t.OpenCircuit);
+    EXPECT_EQ(t.Blends.size(), 2U) << "the list of gases is always that of the file";
+  }
+}
+
 TEST(Templates, OneInOtherUnitsCanTakeTheWaypointsAlong) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());

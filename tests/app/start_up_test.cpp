@@ -51,17 +51,25 @@ TEST_F(StartUp, TakesTheUsersDefaultsBeforeTheShippedOnes) {
   EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
   EXPECT_EQ(documents_(0).TemplateTitle, "Default");
   fs::create_directories(Own().parent_path());
-  WriteTextFile(Own(), "Start Template Block\nRMV=33\nTemplatename=Mine.tpl\nEnd Template Block\n");
+  // From before there was a breathing rate of its own for the decompression; and without gas changes.
+  WriteTextFile(Own(),
+                "Start Template Block\nRMV= .7\nStepSize= 10\nStartPressure= 1\nEndPressure= 1\nOpen Circuit=1\n"
+                "AscendRates= 0: 30,\nDescendRates= 0: 60,\nTemplatename=Mine.tpl\nEnd Template Block\n");
   EXPECT_EQ(Init(), "");
-  EXPECT_EQ(Default().RMV, Single(33));
+  EXPECT_EQ(Default().RMV, Single(0.7));
+  EXPECT_EQ(Default().DecoRMV, Single(0.7));
+  EXPECT_THAT(Default().ChangeGasMixes, IsEmpty());
+  EXPECT_EQ(Default().Blends.size(), 1U);
+  EXPECT_FALSE(Default().Metric) << "nothing of a metric file is mixed into it";
   EXPECT_EQ(Default().Templatename, "Mine.tpl");
-  EXPECT_EQ(Default().StepSize, Single(3)) << "what the file leaves out is as shipped";
-  EXPECT_TRUE(TemplateFaults(Default()).empty());
 }
 
 TEST_F(StartUp, FallsBackOnBuiltInDefaultsAndSaysWhy) {
   WriteTextFile(Shipped(), "Start Template Block\nRMV=33\nMetric=?\nEnd Template Block\n");
   EXPECT_THAT(Init(), HasSubstr("Default.tpl:3: \"Metric\" must be 0 or 1"));
+  EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
+  WriteTextFile(Shipped(), "Start Template Block\nRMV=33\nStepSize=0\nEnd Template Block\n");
+  EXPECT_THAT(Init(), HasSubstr("Default.tpl:3: the distance between stops is 0"));
   EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
   fs::remove(Shipped());
   EXPECT_THAT(Init(), HasSubstr("Default.tpl: can't be opened: No such file"));
