@@ -69,10 +69,17 @@ void ClassBuhlmann::InitAfterSurfaceInterval(std::int16_t documentIndex, bool us
   cnsTotal_ = 0;
 }
 
+void ClassBuhlmann::FillStartRow(const Waypoint& start, Waypoint& result) const {
+  result.PPO2 = template_->StartPressure * start.GasMixO2 / 100;
+  result.CNS = start.CNS;
+  result.OTU = start.OTU;
+}
+
 void ClassBuhlmann::LoadCompartments(const ClassProfile& userProfile, ClassProfile& segmentedProfile) {
   result_ = &segmentedProfile;
   segmentedProfile.clear();
   segmentedProfile.Row(0) = userProfile.Row(0);
+  FillStartRow(userProfile.Row(0), segmentedProfile.Row(0));
   openCircuit_ = template_->OpenCircuit;
   previousDepth_ = 0;
   LoadRows(userProfile, 1);
@@ -105,10 +112,7 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
                                   bool forceOC) {
   result_ = &segmentedProfile;
   const Waypoint& start = userProfile.Row(0);
-  Waypoint& resultStart = segmentedProfile.Row(0);
-  resultStart.PPO2 = template_->StartPressure * start.GasMixO2 / 100;
-  resultStart.CNS = start.CNS;
-  resultStart.OTU = start.OTU;
+  FillStartRow(start, segmentedProfile.Row(0));
   cnsTotal_ = start.CNS;
   otuTotal_ = start.OTU;
   openCircuit_ = template_->OpenCircuit;

@@ -94,6 +94,8 @@ class ClassBuhlmann {
   void TravelToAltitude();
 
   // Replay (buhlmann.cpp).
+  /// Row 0 of a result: at the surface that the dive starts from, with the doses that it starts with.
+  void FillStartRow(const Waypoint& start, Waypoint& result) const;
   void LoadRows(const ClassProfile& userProfile, std::int16_t first);
   void SaveEndState();
 

@@ -74,7 +74,9 @@ void VanDerWaalsFill(const FillRequest& request, double currentBar, double desir
   const MixShares& x = state.mix;
   const Single withOxygen = density + added.O2;
   Single pressure = 0;
-  if (withOxygen > 0) {
+  // Below 0 where more oxygen would have to come out than there is gas: the figure then tells how far it is from
+  // possible. Nothing at all in the cylinder has no shares to reckon with.
+  if (withOxygen != 0) {
     const RealGas gas(Normalised(x.O2 * density + added.O2, x.He * density, x.N2 * density));
     pressure = gas.Pressure(withOxygen);
   }

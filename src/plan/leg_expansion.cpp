@@ -29,7 +29,8 @@ class Expansion {
       if (leg_.targetDepth < bands.front().Depth) leg_.targetDepth = bands.front().Depth;
       Move(band->Depth, depth_ - band->Depth, -band->Rate, RowStatus::kAscentBand);
     }
-    // The move ended on the shallowest limit, which is the target; what is left of the leg is spent there.
+    // The move ended on the shallowest limit, which is the target. No level row follows: what is left of the leg's time
+    // is not spent.
     FinishNotBefore(time_);
   }
 

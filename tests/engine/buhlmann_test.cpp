@@ -65,6 +65,23 @@ struct Bench {
   ClassProfile result;
 };
 
+TEST(StartRow, IsAtTheSurfaceThatTheDiveStartsFrom) {
+  Bench bench;
+  bench.Template().StartPressure = 0.8;
+  bench.Template().EndPressure = 1.0;
+  bench.Square(30, 20);
+  bench.plan.Row(0).PPO2 = 0.5;
+  bench.plan.Row(0).CNS = 12;
+  ClassBuhlmann replay(bench.documents, bench.model, bench.listener);
+  replay.Init(0, false);
+  replay.LoadCompartments(bench.plan, bench.result);
+  EXPECT_NEAR(bench.result.GetPPO2(0), 0.8 * 0.21, 1e-6);
+  EXPECT_EQ(bench.result.getCNS(0), Single(12));
+  bench.Run();
+  EXPECT_NEAR(bench.result.GetPPO2(0), 0.8 * 0.21, 1e-6);
+  EXPECT_EQ(bench.result.getCNS(0), Single(12));
+}
+
 TEST(StartState, IsSaturatedAtTheSurfacePressure) {
   Bench bench;
   bench.Template().StartPressure = 1.0;

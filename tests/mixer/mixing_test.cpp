@@ -71,6 +71,24 @@ TEST(Fill, IsTheKnownOne) {
   }
 }
 
+// Nitrogen beyond that of air takes away more oxygen than there is. Reckoned apart from the program, with the density
+// found by bisection.
+TEST(Fill, TellsHowMuchOxygenWouldHaveToComeOut) {
+  const MixShares air{21, 0, 79};
+  const MixShares lean{10, 0, 90};
+  struct {
+    double currentBar;
+    const char* oxygen;
+    const char* top;
+  } const cases[] = {{0, "-28.4", "228.4"}, {1, "-28.4", "226.4"}, {10, "-27.9", "207.9"}};
+  for (const auto& known : cases) {
+    const FillResult result = Recalculate({air, known.currentBar, lean, 200});
+    EXPECT_EQ(result.IdealTopO2, known.oxygen) << known.currentBar;
+    EXPECT_EQ(result.IdealTopN2, known.top) << known.currentBar;
+    EXPECT_TRUE(result.AirImpossible);
+  }
+}
+
 // What the ideal block tells to fill gives the desired gas: Dalton's law.
 TEST(Fill, WithIdealGasesMixesTheDesiredGasOrSaysThatItCannot) {
   std::mt19937 random(6);

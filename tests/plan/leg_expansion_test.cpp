@@ -50,6 +50,7 @@ TEST(LegExpansion, CutsAMoveAtTheLimitsOfTheRateTables) {
        6},
       {"up to a limit", 15, 6, 2, {{6, 1, -9, kUp}, {6, 0, -3, kLeg}, {6, 1, 0, kLeg}}, 2},
       {"up to the surface", 15, 0, 1, {{6, 1, -9, kUp}, {0, 2, -3, kUp}}, 3},
+      {"up to the surface with time to spare", 15, 0, 10, {{6, 1, -9, kUp}, {0, 2, -3, kUp}}, 10},
       {"up to above the surface", 3, -5, 1, {{0, 1, -3, kUp}}, 1},
       {"up too short", 6, 3, 0.25, {{3, 1, -3, kLeg}, {3, 0, 0, kLeg}}, 1}};
   DiveTemplate t;
