@@ -30,7 +30,10 @@ bool Runs(int process) { return ::kill(process, 0) == 0 || errno == EPERM; }
 
 }  // namespace
 
-Recovery::Recovery(fs::path folder, int process) : folder_(std::move(folder)), process_(process) {}
+Recovery::Recovery(fs::path folder, int process) : folder_(std::move(folder)), process_(process) {
+  // Copies bear the number of their process, so no later save would come by to do it.
+  RemoveUnfinishedSaves(folder_, "");
+}
 
 fs::path Recovery::File(std::int16_t document) const {
   return folder_ / (std::string(kPrefix) + std::to_string(process_) + "-" + std::to_string(document) + ".tav");

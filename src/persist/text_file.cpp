@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -12,6 +13,10 @@ namespace tav {
 namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
+
+// The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
+constexpr std::string_view kUnfinished = ".saving-";
+constexpr std::string_view kRandom = "XXXXXX";
 
 std::string ErrorText(int error) { return std::generic_category().message(error); }
 
@@ -98,6 +103,20 @@ void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) 
   }
 }
 
+/// Makes a new file beside the target, opens and locks it. The lock ends with the process, whatever ends that: it tells
+/// a file that is being written from one that has been left. Returns -1 when it can't be made.
+int OpenUnfinished(const std::filesystem::path& target, std::string& name) {
+  while (true) {
+    (name = target.string()).append(kUnfinished).append(kRandom);
+    const int fd = ::mkostemp(name.data(), O_CLOEXEC);
+    if (fd < 0) return fd;
+    ::flock(fd, LOCK_EX);
+    struct stat made {};
+    if (::fstat(fd, &made) != 0 || made.st_nlink > 0) return fd;
+    ::close(fd);  // another save has taken it for a left one, before it was locked
+  }
+}
+
 }  // namespace
 
 FileError::FileError(const std::filesystem::path& file, int line, const std::string& reason)
@@ -154,9 +173,11 @@ void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
     return;
   }
 
-  std::string beside = target.string() + ".XXXXXX";
-  Descriptor fd(::mkstemp(beside.data()));
+  RemoveUnfinishedSaves(target.parent_path(), target.filename().string());
+  std::string beside;
+  Descriptor fd(OpenUnfinished(target, beside));
   if (!fd.IsOpen()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+  const Descriptor lock(::fcntl(fd.Get(), F_DUPFD_CLOEXEC, 0));  // holds it until the file has its name
   try {
     const mode_t mask = ::umask(0);
     ::umask(mask);
@@ -175,6 +196,19 @@ void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
   // The rename itself reaches the disk with the folder.
   Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.IsOpen()) ::fsync(folder.Get());
+}
+
+void RemoveUnfinishedSaves(const std::filesystem::path& folder, std::string_view name) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string found = entry->path().filename().string();
+    const std::size_t mark = found.rfind(kUnfinished);
+    if (mark == std::string::npos || found.size() != mark + kUnfinished.size() + kRandom.size()) continue;
+    if (!name.empty() && found.substr(0, mark) != name) continue;
+    const Descriptor fd(::open(entry->path().c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (fd.IsOpen() && ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0) ::unlink(entry->path().c_str());
+  }
 }
 
 }  // namespace tav

@@ -27,8 +27,13 @@ std::string ReadTextFile(const std::filesystem::path& file);
 
 /// Writes a file as a whole. After a crash, a full disk or a refusal at any instant the file holds either all of its
 /// old text or all of the new one: the text goes to a new file beside it, is flushed to the disk and renamed over it.
-/// A link is followed, and the permissions of a file that exists are kept. Throws FileError.
+/// A link is followed, and the permissions of a file that exists are kept. What earlier saves of this file left behind
+/// because their process was killed is removed. Throws FileError.
 void WriteTextFile(const std::filesystem::path& file, std::string_view text);
+
+/// Removes from a folder what WriteTextFile left there when its process was killed: of the file of that name, or of all
+/// with an empty name. What a running process is writing stays.
+void RemoveUnfinishedSaves(const std::filesystem::path& folder, std::string_view name);
 
 /// `text` itself when it is valid UTF-8, else its bytes read as Windows-1252.
 std::string ToUtf8(std::string text);

@@ -144,5 +144,54 @@ TEST(WriteTextFile, KilledAtAnyInstantLeavesOneOfBothTexts) {
   }
 }
 
+TEST(WriteTextFile, TakesAwayWhatKilledSavesLeftAndNothingElse) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "plan.tav";
+  const auto left = [&] { return FilesIn(folder.Path()); };
+  for (int n = 0; n < 200 && left() < 3; ++n) {
+    const pid_t writer = Fork([&] {
+      while (true) WriteTextFile(folder.Path() / ("plan" + std::to_string(n) + ".tav"), std::string(1000000, 'a'));
+      return 0;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(3));
+    ::kill(writer, SIGKILL);
+    ExitCode(writer);
+    fs::remove(folder.Path() / ("plan" + std::to_string(n) + ".tav"));
+    // All of one name, whoever left them.
+    for (const auto& entry : fs::directory_iterator(folder.Path())) {
+      const std::string name = entry.path().filename().string();
+      if (!name.starts_with("plan.tav"))
+        fs::rename(entry, folder.Path() / ("plan.tav" + name.substr(name.find(".tav") + 4)));
+    }
+  }
+  ASSERT_EQ(left(), 3U) << "kills while writing leave files";
+  for (const char* name : {"plan.tav.backup", "other.tav.saving-aB3xYz"}) PutBytes(folder.Path() / name, "mine");
+  WriteTextFile(file, "new");
+  EXPECT_EQ(left(), 3U);
+  EXPECT_EQ(ReadTextFile(file), "new");
+  RemoveUnfinishedSaves(folder.Path(), "");
+  EXPECT_EQ(left(), 2U);
+  EXPECT_TRUE(fs::exists(folder.Path() / "plan.tav.backup"));
+}
+
+TEST(WriteTextFile, TwoProcessesAtOnceDoNotDisturbEachOther) {
+  const test::ScratchFolder folder;
+  const fs::path file = folder.Path() / "plan.tav";
+  const auto saves = [&] {
+    for (int n = 0; n < 60; ++n) WriteTextFile(file, std::string(1000, 'a'));
+    return 0;
+  };
+  const pid_t other = Fork([&] {
+    try {
+      return saves();
+    } catch (const FileError&) {
+      return 1;
+    }
+  });
+  EXPECT_NO_THROW(saves());
+  EXPECT_EQ(ExitCode(other), 0);
+  EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
 }  // namespace
 }  // namespace tav
