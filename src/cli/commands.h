@@ -43,6 +43,16 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
 /// Lists all faults of templates and profiles, with line numbers.
 int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err);
 
+struct MixOptions {
+  std::string have;       ///< O2/HE@PRESSURE, the cylinder as it is
+  std::string want;       ///< the same, as it shall be
+  bool imperial = false;  ///< pressures in psi, not in bar
+  bool json = false;
+};
+
+/// Prints what to fill into a cylinder: both results of the mixer and the list to fill by.
+int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err);
+
 /// The whole program.
 int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& folders, std::ostream& out,
                std::ostream& err);

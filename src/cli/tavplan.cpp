@@ -43,6 +43,14 @@ Examples:
   tavplan check dives/*.tav
 )";
 
+constexpr const char* kMixExamples = R"(
+Examples:
+  tavplan mix --have 21/0@1 --want 32/0@200             EAN32 into an empty cylinder
+  tavplan mix --have 21/35@80 --want 18/45@220          topping up trimix
+  tavplan mix --have 21/0@14.7 --want 32/0@3000 --imperial
+An empty cylinder holds air at 1 bar (14.7 psi): pressures are absolute.
+)";
+
 constexpr const char* kFooter = R"(
 Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input.
 "tavplan COMMAND --help" gives the options and examples of a command.
@@ -93,6 +101,15 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   check->add_option("FILE", checkFiles, "Template (.tpl) and profile (.tav) files")->required();
   check->footer(kCheckExamples);
   check->callback([&] { status = CheckCommand(checkFiles, out, err); });
+
+  MixOptions mixOptions;
+  CLI::App* mix = app.add_subcommand("mix", "Print what to fill into a cylinder to make a mix");
+  mix->add_option("--have", mixOptions.have, "What is in the cylinder: O2/HE@PRESSURE, in percent and bar")->required();
+  mix->add_option("--want", mixOptions.want, "What shall be in it: O2/HE@PRESSURE")->required();
+  mix->add_flag("--imperial", mixOptions.imperial, "Pressures are in psi");
+  mix->add_flag("--json", mixOptions.json, "Print the figures as JSON");
+  mix->footer(kMixExamples);
+  mix->callback([&] { status = MixCommand(mixOptions, folders, out, err); });
 
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

@@ -15,14 +15,9 @@ constexpr double kAHelium = 0.034551825;
 constexpr double kBOxygen = 0.0318;
 constexpr double kBNitrogen = 0.0391;
 constexpr double kBHelium = 0.0237;
-constexpr double kGasConstant = 0.0831451;  // l bar / (mol K)
-constexpr double kTemperature = 293.0;      // K, of the filled cylinder
 
-// Air of the ideal and of the real fill.
-constexpr double kIdealO2 = 0.21;
-constexpr double kIdealN2 = 0.79;
-constexpr double kRealO2 = 0.208;
-constexpr double kRealN2 = 0.792;
+// Amounts below this, in percent times bar, are what rounding to 32 bits leaves of nothing.
+constexpr double kNothing = 0.01;
 
 Single Reciprocal(double o2, double n2, double he, double ofO2, double ofN2, double ofHe) {
   return 1 / (o2 * o2 / ofO2 + n2 * n2 / ofN2 + he * he / ofHe + 2 * o2 * n2 / std::sqrt(ofO2 * ofN2) +
@@ -44,8 +39,8 @@ struct RealGas {
         a(MixCoefficientA(fractions.O2, fractions.N2, fractions.He)),
         b(MixCoefficientB(fractions.O2, fractions.N2, fractions.He)) {}
 
-  [[nodiscard]] Single Density(Single bar) const { return DensityFromPressure(a, b, bar, kTemperature); }
-  [[nodiscard]] Single Pressure(Single density) const { return PressureFromDensity(density, kTemperature, a, b); }
+  [[nodiscard]] Single Density(Single bar) const { return DensityFromPressure(a, b, bar, kFillTemperature); }
+  [[nodiscard]] Single Pressure(Single density) const { return PressureFromDensity(density, kFillTemperature, a, b); }
 
   MixShares mix;
   Single a;
@@ -112,8 +107,8 @@ Single PressureFromDensity(Single n, Single t, Single a, Single b) {
 
 MolesAdded MolesToAdd(const MixShares& desired, const MixShares& current, Single desiredDensity,
                       Single currentDensity) {
-  const double air = (desired.N2 * desiredDensity - current.N2 * currentDensity) / kRealN2;
-  return {(desired.O2 * desiredDensity - current.O2 * currentDensity) - air * kRealO2, air,
+  const double air = (desired.N2 * desiredDensity - current.N2 * currentDensity) / kRealAirN2;
+  return {(desired.O2 * desiredDensity - current.O2 * currentDensity) - air * kRealAirO2, air,
           desired.He * desiredDensity - current.He * currentDensity};
 }
 
@@ -125,11 +120,12 @@ FillResult Recalculate(const FillRequest& request) {
     return desired * desiredBar - current * currentBar;
   };
   FillResult result;
+  const auto orNothing = [](Single amount) -> Single { return std::fabs(amount) < kNothing ? Single(0) : amount; };
   const Single o2 = need(request.desired.O2, request.current.O2);
   const Single n2 = need(request.desired.N2, request.current.N2);
-  result.Heneed = need(request.desired.He, request.current.He);
-  result.AirO2 = o2 - n2 * kIdealO2 / kIdealN2;
-  result.Air = n2 / kIdealN2;
+  result.Heneed = orNothing(need(request.desired.He, request.current.He));
+  result.AirO2 = orNothing(o2 - n2 * kIdealAirO2 / kIdealAirN2);
+  result.Air = orNothing(n2 / kIdealAirN2);
   VanDerWaalsFill(request, currentBar, desiredBar, scale, result);
   result.AirImpossible = result.AirO2 < 0 || result.Air < 0 || result.Heneed < 0;
   if (result.Air >= 0 && result.Heneed >= 0) {

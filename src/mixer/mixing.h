@@ -9,6 +9,15 @@
 /// independent results: an ideal one (air on top of oxygen and helium), and one by the van der Waals equation.
 namespace tav {
 
+inline constexpr double kGasConstant = 0.0831451;  ///< l bar / (mol K)
+inline constexpr double kFillTemperature = 293.0;  ///< K, of the filled cylinder
+
+// Air as each of the two results takes it. The list to fill by takes the air of its own result.
+inline constexpr double kIdealAirO2 = 0.21;
+inline constexpr double kIdealAirN2 = 0.79;
+inline constexpr double kRealAirO2 = 0.208;
+inline constexpr double kRealAirN2 = 0.792;
+
 /// Shares of oxygen, helium and nitrogen, percent or fractions as said.
 struct MixShares {
   Single O2;

@@ -177,6 +177,19 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
       {{"plan", "--json", "--csv", broken}, "tavplan: --json excludes --csv"},
       {{"plan", "--vpm", "--hybrid", broken}, "tavplan: --"},
       {{"plan"}, "tavplan: FILE is required"},
+      {{"mix", "--have", "21/0@1"}, "tavplan: --want is required"},
+      {{"mix", "--have", "21/0@1", "--want", "32@200"}, "tavplan mix: --want \"32@200\": must be O2/HE@PRESSURE, "},
+      {{"mix", "--have", "21/@1", "--want", "32/0@200"},
+       "tavplan mix: --have \"21/@1\": helium \"\" is not a number\n"},
+      {{"mix", "--have", "60/50@1", "--want", "32/0@200"},
+       "tavplan mix: --have \"60/50@1\": oxygen and helium together"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@3000"},
+       "tavplan mix: --want \"32/0@3000\": pressure 3000 is outside 0 to 1000\n"},
+      {{"mix", "--have", "21/0@-1", "--want", "32/0@200"},
+       "tavplan mix: --have \"21/0@-1\": pressure -1 is outside 0 to 1000\n"},
+      {{"mix", "--have", "nan/0@1", "--want", "32/0@0"},
+       "tavplan mix: --have \"nan/0@1\": oxygen \"nan\" is not a number\n"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@0"}, "tavplan mix: --want \"32/0@0\": the pressure is 0\n"},
       {{"dive"}, "tavplan: "},
       {{}, "tavplan: A subcommand is required"}};
   for (const Refusal& refusal : refusals) {
@@ -233,10 +246,76 @@ TEST_F(Tavplan, MakesAndSavesAPlanFromLegs) {
   EXPECT_THAT(Out(), AllOf(StartsWith("New plan\n"), HasSubstr("stops every 10 ft"), HasSubstr(" cu ft")));
 }
 
+TEST_F(Tavplan, TellsAFillInFiguresForAScript) {
+  for (const json& known : json::parse(std::ifstream(kRoot / "tests/data/vectors/units.json"))["fills"]) {
+    const auto fill = [&](const char* mix, const char* pressure) {
+      return known[mix][0].dump() + "/" + known[mix][1].dump() + "@" + known[pressure].dump();
+    };
+    std::vector<std::string> arguments{
+        "mix", "--json", "--have", fill("current", "current_fill"), "--want", fill("desired", "desired_fill")};
+    if (!known["metric"]) arguments.emplace_back("--imperial");
+    SCOPED_TRACE(known.dump());
+    EXPECT_EQ(Run(arguments), ExitStatus::kFine) << Err();
+    const json told = json::parse(Out());
+    const auto expect = [&](const json& number, const char* label) {
+      const std::string text = known[label];
+      EXPECT_EQ(number, text.empty() ? json() : json(ParseLenient(text))) << label;
+    };
+    expect(told["air_top"]["oxygen"], "air_top_o2");
+    expect(told["air_top"]["helium"], "air_top_he");
+    expect(told["air_top"]["air"], "air_top_air");
+    expect(told["van_der_waals"]["oxygen"], "ideal_top_o2");
+    expect(told["van_der_waals"]["helium"], "ideal_top_he");
+    expect(told["van_der_waals"]["air"], "ideal_top_n2");
+    EXPECT_EQ(told["air_top"]["possible"], !known["air_impossible"].get<bool>());
+  }
+  Run({"mix", "--json", "--have", "21/0@1", "--want", "18/45@200"});
+  EXPECT_EQ(json::parse(Out())["fill_to"], json::parse(R"([{"gas": "helium", "to": 80.5}, {"gas": "oxygen", "to": 96.7},
+                                                           {"gas": "air", "to": 200.0}])"));
+  Run({"mix", "--json", "--have", "21/0@200", "--want", "80/0@205"});
+  EXPECT_EQ(json::parse(Out())["fill_to"], json::array());
+}
+
+TEST_F(Tavplan, TellsAFillInWords) {
+  EXPECT_EQ(Run({"mix", "--have", "21/0@14.7", "--want", "32/0@2940", "--imperial"}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), R"(21/0@14.7 psi -> 32/0@2940 psi
+
+                                     O2             He            Air
+  Air Top (psi)                   409.4            0.0         2515.9
+  van der Waals (psi)             418.9              0         2491.7
+
+  Gas                     Fill to (psi) If ideal (psi)
+  Start                            14.7           14.7
+  Oxygen                            430            420
+  Air                              2940           2940
+
+  The list gives 31.9 % O2, 0.0 % He; MOD 111 ft at PPO2 1.4, 132 ft at 1.6. If the gases were ideal it would give 32.0 % O2, 0.0 % He: a real fill may be as far off. Analyse it.
+  Pressures are absolute: an empty cylinder holds 14.7 psi of air. A gauge that shows 0 for it reads 14.7 psi less.
+)");
+  const struct {
+    const char* have;
+    const char* want;
+    const char* words;
+  } cases[] = {
+      {"50/0@150", "32/0@200",
+       "! Would have to come out: Oxygen. Drain the cylinder to 75 bar first, then the fill works.\n"},
+      {"32/0@200", "32/0@100", "! Would have to come out: Oxygen, Nitrogen. Drain the cylinder to 100 bar first, then"},
+      {"21/0@1", "99.9/0@200",
+       "! Would have to come out: Nitrogen. The cylinder would have to be evacuated to 0.2 bar"},
+      {"21/0@1", "10/50@200", "! Would have to come out: Oxygen. Draining does not help: the air on top brings more"},
+      {"21/0@1", "25/25@10",
+       "! Oxygen is off by +7.5 %: the gauge is too coarse for this fill. Helium is off by -4.9 %"},
+      {"32/0@150", "32/0@150", "! There is nothing to add.\n"}};
+  for (const auto& each : cases) {
+    EXPECT_EQ(Run({"mix", "--have", each.have, "--want", each.want}), ExitStatus::kFine);
+    EXPECT_THAT(Out(), HasSubstr(each.words));
+  }
+}
+
 TEST_F(Tavplan, TellsItsUsageAndVersion) {
   EXPECT_EQ(Run({"--version"}), ExitStatus::kFine);
   EXPECT_THAT(Out(), StartsWith("tavplan "));
-  for (const char* command : {"plan", "new", "check"}) {
+  for (const char* command : {"plan", "new", "check", "mix"}) {
     EXPECT_EQ(Run({command, "--help"}), ExitStatus::kFine);
     EXPECT_THAT(Out(), HasSubstr("Examples:\n  tavplan " + std::string(command)));
   }

@@ -115,6 +115,15 @@ TEST(Fill, WithIdealGasesMixesTheDesiredGasOrSaysThatItCannot) {
   EXPECT_GT(possible, 100);
 }
 
+// What rounding to 32 bits leaves of nothing keeps no fill from being possible.
+TEST(Fill, TopsUpAMixWithWhatItIsMadeOf) {
+  for (const double have : {0.0, 1.0, 14.7, 60.5, 199.0, 200.0, 1000.0, 2345.6}) {
+    for (const bool metric : {true, false}) {
+      EXPECT_FALSE(Recalculate({{21, 0, 79}, have, {21, 0, 79}, 3000, metric}).AirImpossible) << have;
+    }
+  }
+}
+
 struct FieldCase {
   const char* o2;
   const char* he;

@@ -1,0 +1,148 @@
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <stdexcept>
+
+#include "app/language_table.h"
+#include "cli/commands.h"
+#include "mixer/fill_words.h"
+#include "model/number_text.h"
+#include "persist/text_file.h"
+
+namespace tav {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+class MixError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct Fill {
+  MixShares mix;
+  Single pressure;
+};
+
+/// O2/HE@PRESSURE
+Fill ParseFill(const std::string& option, const std::string& text, bool metric) {
+  const std::string place = option + " \"" + text + "\": ";
+  const std::size_t slash = text.find('/');
+  const std::size_t at = text.find('@');
+  if (slash == std::string::npos || at == std::string::npos || at < slash) {
+    throw MixError(place + "must be O2/HE@PRESSURE, such as 32/0@200");
+  }
+  const auto number = [&](const std::string& part, const char* what, double most) {
+    const auto value = ParseStrict(part);
+    if (!value) throw MixError(place + what + " \"" + part + "\" is not a number");
+    if (!(*value >= 0 && *value <= most)) {
+      throw MixError(place + what + " " + part + " is outside 0 to " + FormatPlain(most));
+    }
+    return *value;
+  };
+  const double o2 = number(text.substr(0, slash), "oxygen", 100);
+  const double he = number(text.substr(slash + 1, at - slash - 1), "helium", 100);
+  if (o2 + he > 100) throw MixError(place + "oxygen and helium together are more than 100 %");
+  return {{o2, he, 100 - o2 - he}, number(text.substr(at + 1), "pressure", HighestFill(metric))};
+}
+
+FillRequest ParseRequest(const MixOptions& options) {
+  const Fill have = ParseFill("--have", options.have, !options.imperial);
+  const Fill want = ParseFill("--want", options.want, !options.imperial);
+  if (want.pressure == 0) throw MixError("--want \"" + options.want + "\": the pressure is 0");
+  return {have.mix, have.pressure, want.mix, want.pressure, !options.imperial};
+}
+
+/// A label as a number; null for one that shows nothing.
+Json Shown(const std::string& label) { return label.empty() ? Json() : Json(ParseLenient(label)); }
+
+const char* KeyOf(FillGas gas) {
+  switch (gas) {
+    case FillGas::Helium:
+      return "helium";
+    case FillGas::Oxygen:
+      return "oxygen";
+    case FillGas::Air:
+      break;
+  }
+  return "air";
+}
+
+constexpr double kFine = 0.1;  // what "fill_to" and the first column are rounded to
+
+Json MixJson(const FillRequest& request) {
+  const FillResult result = Recalculate(request);
+  Json fillTo = Json::array();
+  for (const FillStep& step : GaugeListOf(request, kFine).steps) {
+    fillTo.push_back({{"gas", KeyOf(step.gas)}, {"to", Shown(FormatFixed(step.to, 1))}});
+  }
+  return {
+      {"air_top",
+       {{"possible", !result.AirImpossible},
+        {"oxygen", Shown(result.AirTopO2)},
+        {"helium", Shown(result.AirTopHe)},
+        {"air", Shown(result.AirTopAir)}}},
+      {"van_der_waals",
+       {{"oxygen", Shown(result.IdealTopO2)}, {"helium", Shown(result.IdealTopHe)}, {"air", Shown(result.IdealTopN2)}}},
+      {"fill_to", fillTo}};
+}
+
+std::string Cell(const std::string& text, std::size_t width, bool left) {
+  const std::string blanks(text.size() < width ? width - text.size() : 0, ' ');
+  return left ? text + blanks : blanks + text;
+}
+
+/// A table: the first column to the left, the others to the right.
+void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream& out) {
+  constexpr std::size_t kFirst = 22;
+  constexpr std::size_t kOther = 15;
+  for (const auto& row : rows) {
+    std::string line = "  ";
+    for (std::size_t i = 0; i < row.size(); ++i) line += Cell(row[i], i == 0 ? kFirst : kOther, i == 0);
+    out << line << "\n";
+  }
+  out << "\n";
+}
+
+void PrintSentence(const std::string& sentence, const char* mark, std::ostream& out) {
+  if (!sentence.empty()) out << "  " << mark << sentence << "\n";
+}
+
+void PrintMix(const MixOptions& options, const FillRequest& request, const TextSource& texts, std::ostream& out) {
+  const FillResult result = Recalculate(request);
+  const FillWords words(texts, {".", ""}, request.metric);
+  out << options.have << " " << words.Unit() << " -> " << options.want << " " << words.Unit() << "\n\n";
+  const auto orDash = [](const std::string& label) { return label.empty() ? "-" : label; };
+  PrintTable(
+      {{"", texts.GetResString(6402), texts.GetResString(6404), texts.GetResString(6405)},
+       {texts.GetResString(6313) + " (" + words.Unit() + ")", orDash(result.AirTopO2), orDash(result.AirTopHe),
+        orDash(result.AirTopAir)},
+       {texts.GetResString(6312) + " (" + words.Unit() + ")", result.IdealTopO2, result.IdealTopHe, result.IdealTopN2}},
+      out);
+  const GaugeList list = GaugeListOf(request, GaugeMark(request.metric));
+  if (list.Possible()) PrintTable(words.Rows(request, list, std::nullopt), out);
+  PrintSentence(words.Hindrance(request, list), "! ", out);
+  PrintSentence(words.Misses(request, list), "! ", out);
+  PrintSentence(words.Outcome(list), "", out);
+  PrintSentence(words.AboutPressures(), "", out);
+}
+
+}  // namespace
+
+int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err) {
+  try {
+    const FillRequest request = ParseRequest(options);
+    if (options.json) {
+      out << MixJson(request).dump(2) << "\n";
+    } else {
+      const auto texts = LanguageTable::Read(folders.ProgramFolder() / kLanguageFolder / kDefaultLanguage);
+      PrintMix(options, request, texts, out);
+    }
+    return ExitStatus::kFine;
+  } catch (const MixError& error) {
+    err << "tavplan mix: " << error.what() << "\n";
+  } catch (const FileError& error) {
+    err << error.what() << "\n";
+  }
+  return ExitStatus::kUnusableInput;
+}
+
+}  // namespace tav
