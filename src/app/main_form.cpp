@@ -121,8 +121,7 @@ void frmMain::SyncCommands() {
     services_.platform.documentWindows.SetModified(*active, Document(editor.getFirstProfile()).Modified);
   }
   const bool ascent = state == EditState::Legs;
-  // A command without a window behind it can't be chosen.
-  const bool information = state != EditState::Empty && mnuDiveInformation.Click != nullptr;
+  const bool information = state != EditState::Empty;
   Tool(6).Enabled = ascent;
   mnuStartAscent.Enabled = ascent;
   Tool(7).Enabled = information;
@@ -135,9 +134,10 @@ void frmMain::SyncCommands() {
   mnuclearallwaypoints.Enabled = anything;
   mnuUndo.Enabled = active && services_.history.CanUndo(*active);
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
-  for (MenuItem* item : {&mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuOC}) {
+  for (MenuItem* item : {&mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuOC, &mnuGeneralReport}) {
     item->Enabled = active.has_value();
   }
+  Tool(13).Enabled = active.has_value();
 }
 
 void frmMain::DocumentActivated() {
@@ -183,6 +183,8 @@ void frmMain::WirePlanCommands() {
   mnucleardecopoints.Click = onActive(&frmWaypointEditor::mnucleardecopoints);
   mnuclearlastwaypoint.Click = onActive(&frmWaypointEditor::mnuclearlastwaypoint);
   mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
+  mnuDiveInformation.Click = Tool(7).Click = [this] { ShowDiveInformation(); };
+  mnuGeneralReport.Click = Tool(13).Click = [this] { ShowGeneralReport(); };
   mnuTemplate.Click = Tool(11).Click = [this] { EditTemplateOfActive(); };
 }
 

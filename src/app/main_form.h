@@ -8,6 +8,7 @@
 
 #include "app/main_services.h"
 #include "platform/form.h"
+#include "report/model_marks.h"
 
 namespace tav {
 
@@ -112,6 +113,10 @@ class frmMain : public Form {
   void ViewRow(std::int16_t row);
   void PopupGraphMenu();
 
+  // Results and reports (main_reports.cpp).
+  void ShowDiveInformation();
+  void ShowGeneralReport();
+
   // Files (main_files.cpp).
   void OpenProfileCommand();
   bool SaveProfileCommand(bool saveAs);
@@ -153,6 +158,8 @@ class frmMain : public Form {
   bool SaveSeries(std::int16_t document, const std::filesystem::path& file);
   [[nodiscard]] std::filesystem::path StartFolder() const;
   [[nodiscard]] DialogServices Dialogs();
+  /// The names that windows and reports give the model.
+  [[nodiscard]] ModelMarks Marks() const;
   [[nodiscard]] std::optional<std::int16_t> Active() const {
     return services_.platform.documentWindows.ActiveDocument();
   }

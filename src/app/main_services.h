@@ -12,6 +12,7 @@
 #include "dialogs/dialog_services.h"
 #include "engine/model_choice.h"
 #include "plan/undo_history.h"
+#include "report/print_preview.h"
 
 namespace tav {
 
@@ -28,6 +29,7 @@ struct MainServices {
   RecentFiles& recent;
   const Recovery& recovery;
   MainView& view;
+  PrintPreview& report;
   std::string systemInformation;  ///< of the window system, lines of text
 };
 

@@ -43,7 +43,8 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
-      recovery_(RecoveryFolder(), ::getpid()) {}
+      recovery_(RecoveryFolder(), ::getpid()),
+      report_(platform_, texts_) {}
 
 Program::~Program() = default;
 
@@ -85,7 +86,7 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   Delay(1);
   frmLiability notice(platform_, texts_);
   mainForm_ = std::make_unique<frmMain>(MainServices{forms_, platform_, texts_, model_, folders_, switches_, language_,
-                                                     history_, recent_, recovery_, view_, systemInformation_});
+                                                     history_, recent_, recovery_, view_, report_, systemInformation_});
   view_.Attach(*mainForm_);
   const SettingsStore& settings = platform_.settings;
   const Placement usual;

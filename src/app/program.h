@@ -7,6 +7,7 @@
 #include "app/engine_warnings.h"
 #include "app/main_form.h"
 #include "app/start_forms.h"
+#include "report/preview_form.h"
 
 namespace tav {
 
@@ -72,6 +73,8 @@ class Program {
   UndoHistory history_;
   RecentFiles recent_;
   Recovery recovery_;
+  PrintPreview report_;
+  PreviewWindows preview_{report_, platform_};
   std::unique_ptr<frmMain> mainForm_;
 };
 

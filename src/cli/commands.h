@@ -40,6 +40,17 @@ struct NewPlanOptions {
 int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
                std::ostream& out, std::ostream& err);
 
+struct ReportOptions {
+  std::string file;
+  std::string pdf;
+  int dive = 0;  ///< from 1; 0 for all
+  bool vpm = false;
+  bool hybrid = false;
+};
+
+/// Writes the long report of a profile file as a PDF.
+int ReportCommand(const ReportOptions& options, const ProgramFolders& folders, std::ostream& err);
+
 /// Lists all faults of templates and profiles, with line numbers.
 int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err);
 

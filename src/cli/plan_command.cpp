@@ -2,26 +2,9 @@
 
 #include "cli/commands.h"
 #include "cli/plan_output.h"
+#include "cli/plannable_file.h"
 
 namespace tav {
-namespace {
-
-/// Reads a profile and refuses one that can't be planned, with the line to mend.
-ProfileText ReadPlannable(const std::string& file) {
-  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
-  ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
-  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
-    const auto found = TemplateFaults(profile.dives[i].Template);
-    if (!found.empty()) {
-      faults.Error(LineOfFault(found.front(), profile.lines[i].keys, profile.lines[i].block), JoinFaults(found));
-    }
-  }
-  ReportSeriesFaults(profile, faults);
-  return profile;
-}
-
-}  // namespace
-
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, std::ostream& out,
                 std::ostream& err) {
   PlanSession session;

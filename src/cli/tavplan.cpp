@@ -6,15 +6,18 @@
 namespace tav {
 namespace {
 
+void AddModelOptions(CLI::App& command, bool& vpm, bool& hybrid) {
+  auto* first = command.add_flag("--vpm", vpm, "Use the bubble model (VPM) for the ceiling");
+  first->excludes(command.add_flag("--hybrid", hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM"));
+}
+
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
   auto* json = command.add_flag_callback(
       "--json", [&options] { options.form = OutputForm::Json; }, "Print every row as JSON");
   auto* csv = command.add_flag_callback(
       "--csv", [&options] { options.form = OutputForm::Csv; }, "Print every row as CSV, with a header");
   json->excludes(csv);
-  auto* vpm = command.add_flag("--vpm", options.vpm, "Use the bubble model (VPM) for the ceiling");
-  auto* hybrid = command.add_flag("--hybrid", options.hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM");
-  vpm->excludes(hybrid);
+  AddModelOptions(command, options.vpm, options.hybrid);
   command.add_flag_callback(
       "--phi", [&options] { options.phi = "phi.log"; },
       "Write the loads after each segment to phi.log in the current folder");
@@ -35,6 +38,13 @@ Examples:
   tavplan new --leg 40:15 --leg 25:20@EAN32 --leg 12:10
   tavplan new --depth 130 --time 30 --template Imperial
 A gas that is not in the template is made from its name: EAN36, Tx15/60, H85.
+)";
+
+constexpr const char* kReportExamples = R"(
+Examples:
+  tavplan report dives/trimix-100.tav --pdf plan.pdf
+  tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
+The PDF is drawn by tav, the desktop program; no display is needed.
 )";
 
 constexpr const char* kCheckExamples = R"(
@@ -95,6 +105,15 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
     if (newPlan.legs.empty()) throw CLI::RequiredError("--depth and --time, or --leg");
     status = NewCommand(newPlan, newOptions, folders, out, err);
   });
+
+  ReportOptions reportOptions;
+  CLI::App* report = app.add_subcommand("report", "Write the long report of a profile file as a PDF");
+  report->add_option("FILE", reportOptions.file, "Profile file (.tav)")->required();
+  report->add_option("--pdf", reportOptions.pdf, "The file to write")->required();
+  report->add_option("--dive", reportOptions.dive, "One dive of a series, from 1; all if not given");
+  AddModelOptions(*report, reportOptions.vpm, reportOptions.hybrid);
+  report->footer(kReportExamples);
+  report->callback([&] { status = ReportCommand(reportOptions, folders, err); });
 
   std::vector<std::string> checkFiles;
   CLI::App* check = app.add_subcommand("check", "List all faults of templates and profiles");

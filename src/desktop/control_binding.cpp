@@ -5,8 +5,10 @@
 
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
+#include "desktop/page_area.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "desktop/result_grid_binding.h"
 #include "desktop/spin_arrows.h"
 #include "platform/form.h"
 
@@ -119,6 +121,21 @@ void Bind(ListView& view, QListWidget& list) {
   QObject::connect(&list, &QListWidget::currentRowChanged, [&view](int row) { view.Select(row); });
 }
 
+void Bind(TabStrip& strip, QTabBar& bar) {
+  Follow(strip, bar, [&strip, &bar] {
+    const QSignalBlocker quiet(&bar);
+    const auto& tabs = strip.Tabs.Get();
+    while (bar.count() > static_cast<int>(tabs.size())) bar.removeTab(bar.count() - 1);
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+      const int at = static_cast<int>(i);
+      if (at == bar.count()) bar.addTab(QString());
+      bar.setTabText(at, ToQt(tabs[i]));
+    }
+    bar.setCurrentIndex(strip.SelectedItem);
+  });
+  QObject::connect(&bar, &QTabBar::currentChanged, [&strip](int index) { strip.Select(index); });
+}
+
 void Bind(Frame& frame, QGroupBox& box) {
   Follow(frame, box, [&frame, &box] { box.setTitle(ToQt(frame.Caption)); });
   if (!frame.MouseMove) return;
@@ -194,6 +211,12 @@ void BindControl(Control& control, QWidget& widget) {
     auto& view = As<QPlainTextEdit>(control, widget);
     view.setReadOnly(true);
     Follow(*textView, view, [textView, &view] { view.setPlainText(ToQt(textView->Text)); });
+  } else if (auto* tabs = dynamic_cast<TabStrip*>(&control)) {
+    Bind(*tabs, As<QTabBar>(control, widget));
+  } else if (auto* page = dynamic_cast<PageView*>(&control)) {
+    As<PageArea>(control, widget).Bind(*page);
+  } else if (auto* results = dynamic_cast<ResultGrid*>(&control)) {
+    BindResultGrid(*results, As<QTableWidget>(control, widget));
   } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
     auto& view = As<QTableWidget>(control, widget);
     BindGrid(*grid, view);

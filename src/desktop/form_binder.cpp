@@ -8,6 +8,8 @@
 #include <stdexcept>
 
 #include "desktop/control_binding.h"
+#include "desktop/page_area.h"
+#include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "desktop/spin_arrows.h"
 #include "platform/form.h"
@@ -25,10 +27,13 @@ class Loader : public QUiLoader {
       content->setObjectName(name);
       return content;
     }
-    if (className != QLatin1String("SpinArrows")) return QUiLoader::createWidget(className, parent, name);
-    auto* arrows = new SpinArrows(parent);
-    arrows->setObjectName(name);
-    return arrows;
+    QWidget* own = nullptr;
+    if (className == QLatin1String("SpinArrows")) own = new SpinArrows(parent);
+    if (className == QLatin1String("PageArea")) own = new PageArea(parent);
+    if (className == QLatin1String("QTabBar")) own = new QTabBar(parent);
+    if (own == nullptr) return QUiLoader::createWidget(className, parent, name);
+    own->setObjectName(name);
+    return own;
   }
 };
 
@@ -63,12 +68,18 @@ void AssignMnemonics(QDialog& dialog) {
 class FormDialog : public QDialog {
  public:
   FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(&form) {
-    form.Changed = [this] { setWindowTitle(ToQt(form_->Caption)); };
+    form.Changed = [this] { ShowForm(); };
     form.CloseWanted = [this] {
       form_ = nullptr;
       hide();
       QDialog::done(0);
     };
+  }
+
+  void ShowForm() {
+    setWindowTitle(ToQt(form_->Caption));
+    const QSize wanted = QSize(form_->Width, form_->Height) / kUnitsPerPixel;
+    if (!following_ && !wanted.isEmpty() && wanted != size()) resize(wanted);
   }
 
   void reject() override {
@@ -85,6 +96,20 @@ class FormDialog : public QDialog {
   }
 
  protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QDialog::resizeEvent(event);
+    if (form_ == nullptr || form_->Width == 0 || isMaximized()) return;
+    const QSize units = size() * kUnitsPerPixel;
+    following_ = true;
+    form_->Width = units.width();
+    form_->Height = units.height();
+    following_ = false;
+  }
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    if (form_ == nullptr || !form_->ContextMenu) return;
+    event->accept();
+    form_->ContextMenu();
+  }
   void closeEvent(QCloseEvent* event) override {
     event->ignore();
     reject();
@@ -97,6 +122,7 @@ class FormDialog : public QDialog {
 
  private:
   Form* form_;
+  bool following_ = false;  ///< the record takes the size of the window, not the reverse
 };
 
 bool ShowsText(const QWidget* widget) {
@@ -123,6 +149,7 @@ std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
   dialog->setObjectName(ToQt(form.Name()));
   dialog->resize(designed->size());
   dialog->setWindowTitle(ToQt(form.Caption));
+  if (form.RemembersPlace) dialog->setWindowFlag(Qt::WindowMaximizeButtonHint);
   for (Control* control : form.Controls()) {
     if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
   }

@@ -10,6 +10,8 @@
 #include "desktop/qt_printer.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
+#include "desktop/silent_pdf.h"
+#include "platform/arial_measure.h"
 
 namespace {
 
@@ -27,6 +29,7 @@ std::string WindowSystemInformation() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (tav::WantsSilentPdf(argc, argv)) return tav::SilentPdf(argc, argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("TAV"));
   QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
@@ -36,14 +39,14 @@ int main(int argc, char** argv) {
   tav::MainWindow window;
   tav::QtBoxes boxes;
   tav::QtFiles files;
-  tav::QtWindows windows(window);
   tav::QtSettings settings;
+  tav::QtWindows windows(window, settings);
   tav::QtScreen screen;
   tav::QtSound sound;
   tav::QtHelp help(window);
   tav::QtClipboard clipboard;
   tav::QtPrinter printer;
-  tav::QtMeasure measure;
+  tav::ArialMeasure measure;
   tav::QtEnvironment environment;
   const QLocale locale;
   const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};

@@ -108,14 +108,35 @@ std::filesystem::path QtFiles::Save(const FileDialogRequest& request) {
   return PathOf(dialog.selectedFiles().constFirst());
 }
 
+void QtWindows::RestorePlace(const Form& form, QWidget& window) const {
+  if (!form.RemembersPlace) return;
+  const QStringList numbers = ToQt(settings_.ReadSetting("Windows", form.Name())).split(QLatin1Char(','));
+  if (numbers.size() != 4) return;
+  const QRect place(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt());
+  const QScreen* screen = QGuiApplication::screenAt(place.center());
+  if (screen == nullptr || place.isEmpty()) return;
+  window.resize(place.size().boundedTo(screen->availableSize()));
+  window.move(place.topLeft());
+}
+
+void QtWindows::KeepPlace(const Form& form, const QWidget& window) {
+  if (!form.RemembersPlace) return;
+  const QRect place(window.pos(), window.size());
+  settings_.WriteSetting(
+      "Windows", form.Name(),
+      FromQt(QStringLiteral("%1,%2,%3,%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())));
+}
+
 void QtWindows::ShowModal(Form& form) {
   const PointerBreak pointer;
   QWidget* parent = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : &owner_;
   const auto dialog = MakeDialog(form, parent);
   form.Load();
   if (form.IsLoaded()) {
+    RestorePlace(form, *dialog);
     dialog->setModal(true);
     dialog->exec();
+    KeepPlace(form, *dialog);
   }
   form.Unload(true);
   form.Changed = nullptr;
@@ -136,6 +157,8 @@ void QtWindows::Show(const std::shared_ptr<Form>& form) {
   });
   form->Load();
   if (form->IsLoaded()) {
+    RestorePlace(*form, *dialog);
+    QObject::connect(dialog, &QDialog::finished, [this, form, dialog] { KeepPlace(*form, *dialog); });
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
@@ -192,6 +215,11 @@ void QtScreen::ShowHourglass(bool on) {
   }
 }
 
+Screen::Room QtScreen::AvailableRoom() const {
+  const QSize room = QGuiApplication::primaryScreen()->availableSize() * kUnitsPerPixel;
+  return {room.width(), room.height()};
+}
+
 void QtScreen::DoEvents() {
   constexpr int kMilliseconds = 20;
   QTimer::singleShot(kMilliseconds, [] {});  // so that waiting for events ends
@@ -210,14 +238,6 @@ void QtSound::Play(const std::filesystem::path& file) {
 }
 
 void QtClipboard::SetText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
-
-double QtMeasure::TextWidth(const std::string& text, const TextFont& font) const {
-  constexpr int kEm = 1000;  // pixels, so that their rounding is lost in the size
-  constexpr double kUnitsPerPoint = 20;
-  QFont large = PageFont(font, kEm, QImage(1, 1, QImage::Format_RGB32));
-  large.setPixelSize(kEm);
-  return QFontMetricsF(large).horizontalAdvance(ToQt(text)) / kEm * font.points * kUnitsPerPoint;
-}
 
 std::string QtEnvironment::UserName() const {
   const passwd* user = ::getpwuid(::geteuid());  // NOLINT(concurrency-mt-unsafe): there is one thread

@@ -27,13 +27,17 @@ class QtFiles : public FileDialogs {
 /// Forms as dialogs over the main window.
 class QtWindows : public Windows {
  public:
-  explicit QtWindows(QWidget& owner) : owner_(owner) {}
+  QtWindows(QWidget& owner, SettingsStore& settings) : owner_(owner), settings_(settings) {}
   void ShowModal(Form& form) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void PopupMenu(const std::vector<MenuItem*>& items) override;
 
  private:
+  void RestorePlace(const Form& form, QWidget& window) const;
+  void KeepPlace(const Form& form, const QWidget& window);
+
   QWidget& owner_;
+  SettingsStore& settings_;
 };
 
 /// An INI file of the user.
@@ -51,6 +55,7 @@ class QtScreen : public Screen {
  public:
   QtScreen() { clock_.start(); }
   void ShowHourglass(bool on) override;
+  [[nodiscard]] Room AvailableRoom() const override;
   void DoEvents() override;
   [[nodiscard]] double Timer() const override { return static_cast<double>(clock_.elapsed()) / 1000.0; }
 
@@ -68,12 +73,6 @@ class QtSound : public Sound {
 class QtClipboard : public Clipboard {
  public:
   void SetText(const std::string& text) override;
-};
-
-/// Text widths from the outlines of the fonts.
-class QtMeasure : public TextMeasure {
- public:
-  [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override;
 };
 
 class QtEnvironment : public Environment {

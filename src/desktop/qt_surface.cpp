@@ -30,6 +30,7 @@ QFont PageFont(const TextFont& font, double pixels, const QPaintDevice& device) 
                                                   : QStringList{name, QStringLiteral("Liberation Sans")});
   made.setStyleHint(QFont::SansSerif);
   made.setHintingPreference(QFont::PreferNoHinting);
+  made.setKerning(false);  // widths are the sums of the letters
   constexpr double kPointsPerInch = 72;
   constexpr double kSmallest = 0.1;
   made.setPointSizeF(std::max(kSmallest, pixels * kPointsPerInch / device.logicalDpiY()));

@@ -29,7 +29,9 @@ class DocumentForms {
   /// minutes. The new plan is empty and has a copy of the template. Returns its number.
   std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval);
 
-  /// Gives the window of a document the caption of its place in its series.
+  /// The caption of a document by its place in its series.
+  [[nodiscard]] std::string CaptionOf(std::int16_t document);
+  /// Gives the window of a document that caption.
   void ShowCaption(std::int16_t document);
 
   /// The slot of a closed window may be used again.

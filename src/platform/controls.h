@@ -18,6 +18,7 @@
 /// Setting a property by code fires no event. Tests call the same operations as the widgets do.
 namespace tav {
 
+class DrawingSurface;
 class Form;
 
 /// red + 256 * green + 65536 * blue
@@ -261,6 +262,59 @@ class Grid : public Control {
   void Edit(int row, int column, const std::string& text) const {
     if (CanAct() && EditorOf && Commit && EditorOf(row, column).kind != Editor::Kind::None) Commit(row, column, text);
   }
+};
+
+/// A table that is read, not written: cells can be selected and copied, columns keep the width that the user gives
+/// them. Row 0 is the header, unless `HasHeader` is false.
+class ResultGrid : public Control {
+ public:
+  using Control::Control;
+
+  Property<std::vector<std::vector<GridCell>>> Cells{Changed};
+  /// Widths of the columns in pixels, as the user gave them; empty leaves them to their contents. To be set ahead of
+  /// the cells.
+  std::vector<int> ColumnWidths;
+  /// Columns of text stand at the left, all others at the right.
+  std::vector<int> TextColumns;
+  bool HasHeader = true;
+  Event Click;          ///< the user has reached a cell
+  int SelectedRow = 0;  ///< as in `Cells`
+
+  void Select(int row) {
+    SelectedRow = row;
+    Fire(Click);
+  }
+};
+
+/// Tabs of which one is chosen; what they show is up to the form.
+class TabStrip : public Control {
+ public:
+  using Control::Control;
+  Property<std::vector<std::string>> Tabs{Changed};
+  Property<int> SelectedItem{Changed};  ///< from 0
+  Event Click;
+  void Select(int index) {
+    if (!CanAct() || index < 0 || index >= static_cast<int>(Tabs.Get().size())) return;
+    SelectedItem = index;
+    Fire(Click);
+  }
+};
+
+/// A landscape A4 page in a view that scrolls; the form draws it.
+class PageView : public Control {
+ public:
+  using Control::Control;
+
+  /// Draws the page on a surface whose lengths are 1/567 cm; fonts are to be scaled by the second argument.
+  std::function<void(DrawingSurface& page, double ZoomScale)> Draw;
+  /// 1.0 shows the page in its real size.
+  Property<double> Zoom{Changed, 1.0};
+  /// Changes with every page that is to be drawn.
+  Property<int> Page{Changed};
+
+  enum class Wish { ZoomIn, ZoomOut, First, Previous, Next, Last };
+  /// A key or a wheel that asks for something.
+  std::function<void(Wish wish)> Wished;
 };
 
 /// An entry of a menu. Its `Caption` holds a string ID until LocalizeForm has run.

@@ -29,6 +29,13 @@ class Form {
   std::function<void()> CloseWanted;
 
   Property<std::string> Caption{Changed};
+  /// Size in 1/1440 inch; 0 leaves it to the design. The view keeps them as the user changes the window.
+  Property<int> Width{Changed};
+  Property<int> Height{Changed};
+  /// The view puts the window where it was when it was last closed.
+  bool RemembersPlace = false;
+  /// The user asked for the menu of the window, at no control that has one of its own.
+  std::function<void()> ContextMenu;
   /// A string ID in decimal: LocalizeForm puts its text into the caption.
   std::string Tag;
 

@@ -12,6 +12,12 @@ class Screen {
 
   /// The pointer over all windows: hourglass or default.
   virtual void ShowHourglass(bool on) = 0;
+  struct Room {
+    int width = 0;  ///< 1/1440 inch
+    int height = 0;
+  };
+  /// What windows can take of the screen.
+  [[nodiscard]] virtual Room AvailableRoom() const = 0;
   /// Handles the events that are pending.
   virtual void DoEvents() = 0;
   /// Seconds since some fixed moment, for Delay.

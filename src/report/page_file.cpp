@@ -20,6 +20,19 @@ void PageFile::Begin(const std::filesystem::path& file) {
   if (!out_) Blame(path_);
 }
 
+bool PageFile::Open(const std::filesystem::path& file) {
+  path_ = file;
+  written_ = 0;
+  starts_.clear();
+  ends_.clear();
+  std::ifstream in(file, std::ios::binary);
+  for (std::string line; std::getline(in, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    Index(line);
+  }
+  return in.eof();
+}
+
 void PageFile::Append(std::string_view line) {
   const auto at = pending_.size();
   pending_ += line;
@@ -28,6 +41,10 @@ void PageFile::Append(std::string_view line) {
       pending_.begin() + static_cast<std::ptrdiff_t>(at), pending_.end(), [](char c) { return c == '\r' || c == '\n'; },
       ' ');
   pending_ += "\r\n";
+  Index(line);
+}
+
+void PageFile::Index(std::string_view line) {
   if (line == kEndPage && ends_.size() < starts_.size()) {
     ends_.resize(starts_.size() - 1, written_);
     ends_.push_back(written_);

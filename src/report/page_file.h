@@ -24,6 +24,8 @@ class PageFile {
 
   /// Empties the file, or makes it.
   void Begin(const std::filesystem::path& file);
+  /// Takes a file that has been written already, for reading. False when it can't be read.
+  bool Open(const std::filesystem::path& file);
   /// Appends one line; a line break in it becomes a blank. It is in the file after the next Flush.
   void Append(std::string_view line);
   void Flush();
@@ -39,6 +41,8 @@ class PageFile {
   void Blame(const std::filesystem::path& file);
 
  private:
+  void Index(std::string_view line);
+
   std::filesystem::path path_;
   std::ofstream out_;
   std::string pending_;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <system_error>
+#include <utility>
 
 #include "report/page_units.h"
 
@@ -17,7 +18,8 @@ const std::string kArial = "Arial";
 
 }  // namespace
 
-PrintPreview::PrintPreview(Platform platform, const TextSource& texts) : platform_(platform), texts_(texts) {}
+PrintPreview::PrintPreview(PageServices services, const TextSource& texts)
+    : services_(std::move(services)), texts_(texts) {}
 
 PrintPreview::~PrintPreview() {
   std::error_code error;
@@ -26,7 +28,7 @@ PrintPreview::~PrintPreview() {
 
 void PrintPreview::MakeFolder() {
   std::error_code error;
-  fs::path parent = platform_.environment.TemporaryFolder();
+  fs::path parent = services_.environment.TemporaryFolder();
   if (!fs::is_directory(parent, error)) parent = fs::current_path(error);
   // mkdtemp makes a folder of a new name that is the user's alone.
   std::string name = (parent / "tav-XXXXXX").string();
@@ -40,6 +42,7 @@ void PrintPreview::InitPreview() {
   // Pictures of earlier reports are of no use any more.
   for (const auto& entry : fs::directory_iterator(tempPath_, error)) fs::remove(entry.path(), error);
   pictures_ = 0;
+  documentName.clear();
   file_.Begin(tempPath_ / "_$$_TEMP.TMP");
 }
 
@@ -89,7 +92,7 @@ void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string&
 void PrintPreview::EndReport(const std::string& caption) {
   if (!file_.Fault().empty()) {
     constexpr int kNotWritten = 7200;
-    platform_.boxes.Show(texts_.GetResString(kNotWritten) + "\r\n" + file_.Fault(), caption, BoxIcon::Stop,
+    services_.boxes.Show(texts_.GetResString(kNotWritten) + "\r\n" + file_.Fault(), caption, BoxIcon::Stop,
                          BoxButtons::OK);
     return;
   }
@@ -97,7 +100,7 @@ void PrintPreview::EndReport(const std::string& caption) {
 }
 
 std::string PrintPreview::Written(Single value) const {
-  return ReplaceAll(FormatPlain(value), ".", platform_.separators.decimal);
+  return ReplaceAll(FormatPlain(value), ".", services_.separators.decimal);
 }
 
 std::string PrintPreview::Units(Single cm) const { return Written(cm * page::kUnitsPerCm); }
@@ -120,10 +123,10 @@ void PrintPreview::PrintTextRight(Single x, Single y, const std::string& text, c
 
 void PrintPreview::PrintInCen(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize,
                               int bold) {
-  const double width = platform_.measure.TextWidth(text, TextFont());
+  const double width = services_.measure.TextWidth(text, TextFont());
   const Single left = x * page::kUnitsPerCm - std::floor(width / 2);
   if (left < 0) {
-    platform_.boxes.Show(texts_.GetResString(kTooWide), "PrintInCen", BoxIcon::Stop, BoxButtons::OK);
+    services_.boxes.Show(texts_.GetResString(kTooWide), "PrintInCen", BoxIcon::Stop, BoxButtons::OK);
     return;
   }
   Text("#txt_c", left, y, text, fontName, fontSize, bold);

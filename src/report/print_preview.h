@@ -30,6 +30,14 @@ class PreviewWindow {
   virtual void ShowPreview(const std::string& /*caption*/) {}
 };
 
+/// What the writer works with. All of it outlives it.
+struct PageServices {
+  MessageBoxes& boxes;
+  const TextMeasure& measure;
+  const Environment& environment;
+  LocaleSeparators separators;
+};
+
 /// Writes reports as page description files. Report code calls the operations and draws nothing; PagePlayer replays the
 /// pages on a screen or on paper.
 ///
@@ -38,8 +46,10 @@ class PreviewWindow {
 /// one of the two footers. A file that can't be written is told once, by EndReport.
 class PrintPreview {
  public:
-  /// `platform` and `texts` outlive the writer.
-  PrintPreview(Platform platform, const TextSource& texts);
+  PrintPreview(PageServices services, const TextSource& texts);
+  PrintPreview(const Platform& platform, const TextSource& texts)
+      : PrintPreview(PageServices{platform.boxes, platform.measure, platform.environment, platform.separators}, texts) {
+  }
   PrintPreview(const PrintPreview&) = delete;
   PrintPreview& operator=(const PrintPreview&) = delete;
   /// Removes the scratch folder.
@@ -47,6 +57,9 @@ class PrintPreview {
 
   /// The window that shows the pages; nullptr for none. It outlives the writer or is taken away first.
   PreviewWindow* window = nullptr;
+
+  /// The name of what is reported, for titles and file names; empty at the start of each report.
+  std::string documentName;
 
   // File and pages.
   /// Empties the file and closes the window of the report before. Every report calls it first.
@@ -82,7 +95,7 @@ class PrintPreview {
   /// The scratch folder, readable by the user alone; empty until the first report.
   [[nodiscard]] const std::filesystem::path& TempPath() const { return tempPath_; }
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
-  [[nodiscard]] const Platform& Services() const { return platform_; }
+  [[nodiscard]] const PageServices& Services() const { return services_; }
 
  private:
   void Text(std::string_view keyword, Single left, Single y, const std::string& text, const std::string& fontName,
@@ -94,7 +107,7 @@ class PrintPreview {
   [[nodiscard]] std::string Units(Single cm) const;
   void MakeFolder();
 
-  Platform platform_;
+  PageServices services_;
   const TextSource& texts_;
   std::filesystem::path tempPath_;
   PageFile file_;

@@ -101,6 +101,7 @@ class HeadlessPlatform : private MessageBoxes,
   [[nodiscard]] std::string ReadSetting(const std::string& section, const std::string& name) const override;
   void WriteSetting(const std::string& section, const std::string& name, const std::string& value) override;
   void ShowHourglass(bool on) override { hourglass = on; }
+  [[nodiscard]] Room AvailableRoom() const override { return {28800, 16200}; }
   void DoEvents() override {}
   [[nodiscard]] double Timer() const override { return seconds_++; }  // every look at the clock takes a second
   void Play(const std::filesystem::path& file) override { sounds.push_back(file); }

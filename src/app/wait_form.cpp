@@ -1,0 +1,15 @@
+#include "app/wait_form.h"
+
+namespace tav {
+
+frmWait::frmWait(Platform platform, const TextSource& texts) : Form("frmWait"), platform_(platform), texts_(texts) {}
+
+void frmWait::Form_Load() {
+  Caption = texts_.GetResString(1066);
+  Label1.Caption = texts_.GetResString(1067);
+  platform_.screen.ShowHourglass(true);
+}
+
+void frmWait::Form_Unload() { platform_.screen.ShowHourglass(false); }
+
+}  // namespace tav

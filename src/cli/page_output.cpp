@@ -1,0 +1,116 @@
+#include "cli/page_output.h"
+
+#include <array>
+#include <ctime>
+#include <fcntl.h>
+#include <pwd.h>
+#include <spawn.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "persist/text_file.h"
+
+extern char** environ;
+
+namespace tav {
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The desktop program: beside this one, else on the search path.
+std::string DesktopProgram() {
+  std::error_code error;
+  const fs::path beside = fs::read_symlink("/proc/self/exe", error).parent_path() / "tav";
+  return fs::exists(beside, error) ? beside.string() : "tav";
+}
+
+struct Ended {
+  int status = -1;     ///< -1 when it could not be started
+  std::string errors;  ///< what it wrote to its error output
+};
+
+/// Runs a program and waits for it.
+Ended Run(const std::string& program, std::vector<std::string> arguments) {
+  std::vector<char*> words;
+  for (std::string& argument : arguments) words.push_back(argument.data());
+  words.push_back(nullptr);
+  std::array<int, 2> ends{};
+  Ended ended;
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return ended;
+  posix_spawn_file_actions_t actions;
+  ::posix_spawn_file_actions_init(&actions);
+  ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
+  pid_t child = 0;
+  const bool started = ::posix_spawnp(&child, program.c_str(), &actions, nullptr, words.data(), environ) == 0;
+  ::posix_spawn_file_actions_destroy(&actions);
+  ::close(ends[1]);
+  if (started) {
+    std::array<char, 4096> part{};
+    for (ssize_t got = 0; (got = ::read(ends[0], part.data(), part.size())) > 0;) {
+      ended.errors.append(part.data(), static_cast<std::size_t>(got));
+    }
+    int status = 0;
+    if (::waitpid(child, &status, 0) == child && WIFEXITED(status)) ended.status = WEXITSTATUS(status);
+  }
+  ::close(ends[0]);
+  return ended;
+}
+
+/// The line in which the desktop program told why it failed.
+std::string ReasonIn(const std::string& errors) {
+  const std::string start = "tav: ";
+  const std::size_t at = errors.rfind(start);
+  if (at == std::string::npos) return "the PDF was not written";
+  const std::size_t from = at + start.size();
+  return errors.substr(from, errors.find('\n', from) - from);
+}
+
+}  // namespace
+
+std::string PageOutput::Machine::UserName() const {
+  const passwd* user = ::getpwuid(::geteuid());  // NOLINT(concurrency-mt-unsafe): there is one thread
+  return user == nullptr || user->pw_name == nullptr ? std::string() : user->pw_name;
+}
+
+std::string PageOutput::Machine::Today() const {
+  const std::time_t now = std::time(nullptr);
+  const std::tm* local = std::localtime(&now);  // NOLINT(concurrency-mt-unsafe)
+  std::array<char, sizeof "2026-01-31"> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%d", local);
+  return text.data();
+}
+
+fs::path PageOutput::Machine::TemporaryFolder() const {
+  std::error_code error;
+  return fs::temp_directory_path(error);
+}
+
+std::string PageOutput::Machine::Logo() const {
+  try {
+    return ReadTextFile(logo_);
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
+    : out_(std::move(out)),
+      texts_(LanguageTable::Read(folders.ProgramFolder() / kLanguageFolder / kDefaultLanguage)),
+      machine_(folders.ProgramFolder() / "logo.svg"),
+      pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {}
+
+void PageOutput::WritePdf(const std::string& title) const {
+  if (!boxes_.first.empty()) throw FileError(pages_.Pages().Path(), 0, boxes_.first);
+  const std::string& fault = pages_.Pages().Fault();
+  if (!fault.empty()) throw FileError(out_, 0, fault);
+  const Ended ended = Run(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
+                                             fs::absolute(out_).string(), "--title", title});
+  constexpr int kNotFound = 127;
+  if (ended.status == -1 || ended.status == kNotFound) {
+    throw FileError(out_, 0, "a PDF is drawn by the desktop program, tav, which could not be started");
+  }
+  if (ended.status != 0) throw std::runtime_error(ReasonIn(ended.errors));
+}
+
+}  // namespace tav

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "app/language_table.h"
+#include "app/program_folders.h"
+#include "platform/arial_measure.h"
+#include "report/print_preview.h"
+
+namespace tav {
+
+/// Reports of tavplan: the pages are written here, and drawn into a PDF by the desktop program, which needs no display
+/// for that. So tavplan itself starts without a window system.
+class PageOutput {
+ public:
+  /// `out` is the PDF to be written. Throws FileError when the texts of the reports can't be read.
+  PageOutput(const ProgramFolders& folders, std::filesystem::path out);
+
+  [[nodiscard]] PrintPreview& Pages() { return pages_; }
+  /// Draws what has been written. Throws std::runtime_error, whose text is one line that names the file.
+  void WritePdf(const std::string& title) const;
+
+ private:
+  struct KeptBoxes : MessageBoxes {
+    BoxAnswer Show(const std::string& text, const std::string&, BoxIcon, BoxButtons buttons) override {
+      if (first.empty()) first = text;
+      return DismissedAnswer(buttons);
+    }
+    std::string first;
+  };
+  class Machine : public Environment {
+   public:
+    explicit Machine(std::filesystem::path logo) : logo_(std::move(logo)) {}
+    [[nodiscard]] std::string UserName() const override;
+    [[nodiscard]] std::string Today() const override;
+    [[nodiscard]] std::filesystem::path TemporaryFolder() const override;
+    [[nodiscard]] std::string Logo() const override;
+
+   private:
+    std::filesystem::path logo_;
+  };
+
+  std::filesystem::path out_;
+  LanguageTable texts_;
+  KeptBoxes boxes_;
+  ArialMeasure measure_;
+  Machine machine_;
+  PrintPreview pages_;
+};
+
+}  // namespace tav

@@ -1,0 +1,125 @@
+#include "desktop/result_grid_binding.h"
+
+#include <QtWidgets>
+#include <algorithm>
+
+#include "desktop/qt_surface.h"
+#include "desktop/qt_text.h"
+#include "platform/controls.h"
+
+namespace tav {
+namespace {
+
+/// The selected cells as lines, with tabs between the columns; a gap in the selection stays empty.
+QString SelectedText(const QTableWidget& table) {
+  QString text;
+  const auto ranges = table.selectedRanges();
+  if (ranges.isEmpty()) return text;
+  int top = table.rowCount();
+  int bottom = -1;
+  int left = table.columnCount();
+  int right = -1;
+  for (const QTableWidgetSelectionRange& range : ranges) {
+    top = std::min(top, range.topRow());
+    bottom = std::max(bottom, range.bottomRow());
+    left = std::min(left, range.leftColumn());
+    right = std::max(right, range.rightColumn());
+  }
+  for (int row = top; row <= bottom; ++row) {
+    QStringList cells;
+    for (int column = left; column <= right; ++column) {
+      const auto* item = table.item(row, column);
+      cells << (item != nullptr && item->isSelected() ? item->text().trimmed() : QString());
+    }
+    text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+  }
+  return text;
+}
+
+void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
+  item.setText(ToQt(cell.text));
+  item.setTextAlignment(Qt::AlignVCenter | (atLeft ? Qt::AlignLeft : Qt::AlignRight));
+  QFont font;
+  font.setBold(cell.bold);
+  font.setItalic(cell.italic);
+  item.setData(Qt::FontRole, cell.bold || cell.italic ? QVariant(font) : QVariant());
+  item.setData(Qt::ForegroundRole, cell.colour >= 0 ? QVariant(ColourOf(cell.colour)) : QVariant());
+}
+
+void Show(const ResultGrid& grid, QTableWidget& table) {
+  const QSignalBlocker quiet(&table);
+  const QSignalBlocker quietHeader(table.horizontalHeader());
+  const auto& cells = grid.Cells.Get();
+  const std::size_t header = grid.HasHeader && !cells.empty() ? 1 : 0;
+  const int columns = cells.empty() ? 0 : static_cast<int>(cells.front().size());
+  table.setColumnCount(columns);
+  table.setRowCount(static_cast<int>(cells.size() - header));
+  table.horizontalHeader()->setVisible(grid.HasHeader);
+  const auto atLeft = [&grid](int column) {
+    const auto& left = grid.TextColumns;
+    return std::find(left.begin(), left.end(), column) != left.end();
+  };
+  for (int column = 0; column < columns; ++column) {
+    for (std::size_t row = 0; row < cells.size(); ++row) {
+      const int shown = static_cast<int>(row) - static_cast<int>(header);
+      QTableWidgetItem* item = shown < 0 ? table.horizontalHeaderItem(column) : table.item(shown, column);
+      if (item == nullptr) {
+        item = new QTableWidgetItem;
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        if (shown < 0) {
+          table.setHorizontalHeaderItem(column, item);
+        } else {
+          table.setItem(shown, column, item);
+        }
+      }
+      ShowCell(*item, cells[row][static_cast<std::size_t>(column)], atLeft(column));
+    }
+  }
+  const auto& widths = grid.ColumnWidths;
+  for (int column = 0; column < columns; ++column) {
+    const auto at = static_cast<std::size_t>(column);
+    if (at < widths.size() && widths[at] > 0) {
+      table.setColumnWidth(column, widths[at]);
+    } else {
+      table.resizeColumnToContents(column);
+    }
+  }
+}
+
+}  // namespace
+
+void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
+  table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table.setSelectionMode(QAbstractItemView::ExtendedSelection);
+  table.setAlternatingRowColors(true);
+  table.setTabKeyNavigation(false);
+  table.setWordWrap(false);
+  table.verticalHeader()->hide();
+  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
+  table.horizontalHeader()->setHighlightSections(false);
+  table.horizontalHeader()->setMinimumSectionSize(16);
+  auto* copy = new QShortcut(QKeySequence::Copy, &table);
+  copy->setContext(Qt::WidgetShortcut);
+  QObject::connect(copy, &QShortcut::activated, [&table] { QApplication::clipboard()->setText(SelectedText(table)); });
+  QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int, int, int) {
+    if (row >= 0) grid.Select(row + (grid.HasHeader ? 1 : 0));
+  });
+  QObject::connect(table.horizontalHeader(), &QHeaderView::sectionResized, [&grid, &table](int, int, int) {
+    std::vector<int> widths;
+    for (int column = 0; column < table.columnCount(); ++column) widths.push_back(table.columnWidth(column));
+    grid.ColumnWidths = std::move(widths);
+  });
+  grid.Changed = [&grid, &table] {
+    table.setEnabled(grid.Enabled);
+    table.setVisible(grid.Visible);
+    Show(grid, table);
+  };
+  grid.FocusWanted = [&table] { table.setFocus(); };
+  QObject::connect(&table, &QObject::destroyed, [&grid] {
+    grid.Changed = nullptr;
+    grid.FocusWanted = nullptr;
+  });
+  grid.Changed();
+}
+
+}  // namespace tav

@@ -1,0 +1,46 @@
+#include "desktop/silent_pdf.h"
+
+#include <QGuiApplication>
+#include <QtGlobal>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "desktop/qt_printer.h"
+#include "report/page_player.h"
+
+namespace tav {
+namespace {
+
+constexpr int kArguments = 7;
+
+int Fail(const std::string& reason) {
+  std::fprintf(stderr, "tav: %s\n", reason.c_str());
+  constexpr int kUnusable = 2;
+  return kUnusable;
+}
+
+}  // namespace
+
+bool WantsSilentPdf(int argc, char** argv) { return argc > 1 && std::string_view(argv[1]) == "--pages"; }
+
+int SilentPdf(int argc, char** argv) {
+  if (argc != kArguments || std::string_view(argv[3]) != "--pdf" || std::string_view(argv[5]) != "--title") {
+    return Fail("--pages FILE --pdf OUT --title TITLE is how a page file becomes a PDF");
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  PageFile pages;
+  if (!pages.Open(argv[2])) return Fail(std::string(argv[2]) + ": the file can't be read");
+  try {
+    QtPrinter printer;
+    PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
+                                 {[](int) {}, [] { return false; }});
+  } catch (const std::runtime_error& error) {
+    return Fail(error.what());
+  }
+  return 0;
+}
+
+}  // namespace tav

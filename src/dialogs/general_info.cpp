@@ -1,0 +1,164 @@
+#include "dialogs/general_info.h"
+
+#include "model/numbers.h"
+#include "report/information_text.h"
+
+namespace tav {
+namespace {
+
+const std::string kSection = "Information";
+
+/// Column widths as the settings keep them: "60,72,...".
+std::vector<int> WidthsIn(std::string_view text) {
+  std::vector<int> widths;
+  while (!text.empty()) {
+    const std::size_t comma = text.find(',');
+    widths.push_back(static_cast<int>(ParseLenient(text.substr(0, comma))));
+    text.remove_prefix(comma == std::string_view::npos ? text.size() : comma + 1);
+  }
+  return widths;
+}
+
+std::string WidthsText(const std::vector<int>& widths) {
+  std::string text;
+  for (const int width : widths) text += (text.empty() ? "" : ",") + std::to_string(width);
+  return text;
+}
+
+}  // namespace
+
+frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelMarks& marks)
+    : DialogForm("frmGeneralInfo", services), marks_(marks) {
+  RemembersPlace = true;
+  TabStrip1.Click = [this] { TabStrip1_Click(); };
+  Command1.Cancel = true;
+  Command1.Click = [this] { Unload(); };
+  GeneralInfo.Click = cbCopy.Click = [this] { GeneralInfo_Click(); };
+  ContextMenu = [this] { services_.platform.windows.PopupMenu({&GeneralInfo}); };
+  constexpr int kStatusColumn = 12;
+  constexpr int kModelColumn = 13;
+  fginfo.TextColumns = {kStatusColumn, kModelColumn};
+  fgGasConsumption.TextColumns = {0};
+  fgSummary.HasHeader = false;
+  fgSummary.TextColumns = {0, 2};
+}
+
+std::optional<std::int16_t> frmGeneralInfo::FirstDive() const {
+  const auto active = services_.ActiveDocument();
+  if (!active) return std::nullopt;
+  return services_.forms(*active).getFirstProfile();
+}
+
+std::int16_t frmGeneralInfo::getNumberofSeries() const {
+  const auto first = FirstDive();
+  if (!first) return -1;
+  std::int16_t count = 0;
+  for (std::int16_t dive = *first; dive != -1; dive = services_.forms(dive).NextProfile) ++count;
+  return count;
+}
+
+void frmGeneralInfo::Form_Load() { setthefirstprofile(); }
+
+void frmGeneralInfo::setthefirstprofile() {
+  const auto first = FirstDive();
+  if (!first) return;
+  SetUpControls();
+  setInfo(*first, false);
+}
+
+void frmGeneralInfo::SetUpControls() {
+  const auto first = FirstDive();
+  Caption = T(2100) + ": " + services_.Documents()(*first).ProfileName;
+  const std::int16_t dives = getNumberofSeries();
+  TabStrip1.Visible = dives > 1;
+  std::vector<std::string> tabs{T(3012)};
+  for (int i = 2; i <= dives; ++i) tabs.push_back(T(3013) + std::to_string(i));
+  TabStrip1.Tabs = tabs;
+  TabStrip1.SelectedItem = 0;
+  const std::pair<Control*, int> captions[] = {
+      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},  {&Label4, 2128},  {&Frame3, 2131},
+      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},  {&Label8, 2136},  {&Label9, 2137},
+      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135}, {&Label13, 2140}, {&Label14, 2139},
+      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},  {&Label16, 3011}, {&Command1, 2210},
+      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbNotice, 7020}};
+  for (const auto& [control, text] : captions) control->Caption = T(text);
+  for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14}) {
+    head->Bold = true;
+  }
+  for (ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary}) {
+    grid->ColumnWidths = WidthsIn(services_.platform.settings.ReadSetting(kSection, grid->Name()));
+  }
+}
+
+void frmGeneralInfo::Form_Unload() {
+  for (const ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary}) {
+    services_.platform.settings.WriteSetting(kSection, grid->Name(), WidthsText(grid->ColumnWidths));
+  }
+}
+
+void frmGeneralInfo::TabStrip1_Click() {
+  auto dive = FirstDive();
+  if (!dive) return;
+  for (int k = 0; k < TabStrip1.SelectedItem; ++k) {
+    const std::int16_t next = services_.forms(*dive).NextProfile;
+    if (next == -1) break;
+    dive = next;
+  }
+  setInfo(*dive, true);
+}
+
+void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
+  dive_ = dive;
+  const DocumentState& document = services_.Documents()(dive);
+  // The first dive has no interval before it.
+  const bool interval = showInterval && services_.forms(dive).PrevProfile != -1;
+  Label16.Visible = Label17.Visible = interval;
+  Label16.Caption = T(3016);
+  Label17.Caption = interval ? FormatMinutes(document.SurfaceInterval) : "";
+  lbNotice.Visible = !document.Decompresses;
+  lbNotice.ForeColor = kRed;
+  lbNotice.Bold = true;
+
+  const DiveInformation information(services_.forms(dive).InputProfile, document.Template, marks_, services_.texts,
+                                    services_.platform.separators);
+  fginfo.Cells = information.Profile();
+  fgDecoStop.Cells = information.DecoStops();
+  fgGasConsumption.Cells = information.Gas();
+  fgSummary.Cells = information.Summary();
+  ShowBlock(information.Info());
+}
+
+void frmGeneralInfo::ShowBlock(const DiveInformation::Block& block) {
+  const std::pair<Label*, const std::string*> texts[] = {{&lbModel, &block.model},
+                                                         {&lbDepthConservatism, &block.depthConservatism},
+                                                         {&lbGFConservatism, &block.gfConservatism},
+                                                         {&lbHiGFValue, &block.highGF},
+                                                         {&lbLoGFValue, &block.lowGF},
+                                                         {&lbUnits, &block.units},
+                                                         {&lbAFrom, &block.startAltitude},
+                                                         {&lbATo, &block.endAltitude},
+                                                         {&lbStartPres, &block.startPressure},
+                                                         {&lbStopPres, &block.endPressure},
+                                                         {&lbStep, &block.stepSize},
+                                                         {&lbLastStep, &block.lastStop},
+                                                         {&lbAparatus, &block.apparatus},
+                                                         {&Label15, &block.o2Narcotic}};
+  for (const auto& [label, text] : texts) label->Caption = *text;
+  for (Label* label : {&lbHiGF, &lbHiGFValue, &lbLoGF, &lbLoGFValue}) label->Visible = block.showsGF;
+  lbHiGFValue.ForeColor = block.highGFAboveOne ? kRed : -1;
+}
+
+void frmGeneralInfo::GeneralInfo_Click() {
+  if (dive_ == -1) return;
+  const DocumentState& document = services_.Documents()(dive_);
+  const DiveInformation information(services_.forms(dive_).InputProfile, document.Template, marks_, services_.texts,
+                                    services_.platform.separators);
+  services_.platform.clipboard.SetText(
+      InformationText({services_.forms.CaptionOf(dive_), Label17.Caption, information.Info(), fginfo.Cells,
+                       fgDecoStop.Cells, fgGasConsumption.Cells},
+                      services_.texts));
+  constexpr int kDone = 7216;
+  Box(T(kDone), "", BoxIcon::None);
+}
+
+}  // namespace tav

@@ -1,0 +1,26 @@
+#include "dialogs/report_selection.h"
+
+namespace tav {
+
+frmReportSelection::frmReportSelection(const TextSource& texts) : Form("frmReportSelection"), texts_(texts) {
+  Command1.Default = true;
+  Command1.Click = [this] {
+    confirmed_ = true;
+    Unload();
+  };
+  Command2.Cancel = true;
+  Command2.Click = [this] { Unload(); };
+  Option1.Click = [this] { Option2.Value = false; };
+  Option2.Click = [this] { Option1.Value = false; };
+}
+
+void frmReportSelection::Form_Load() {
+  Caption = texts_.GetResString(7217);
+  Option1.Caption = texts_.GetResString(7218);
+  Option2.Caption = texts_.GetResString(7219);
+  Command1.Caption = texts_.GetResString(1210);
+  Command2.Caption = texts_.GetResString(1215);
+  Option1.Value = true;
+}
+
+}  // namespace tav

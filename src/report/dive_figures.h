@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/number_text.h"
+#include "model/profile.h"
+#include "report/model_marks.h"
+
+/// What windows and reports tell of a computed dive: sums over its rows, and the texts of single figures. Each is
+/// worked out here, so that no two outputs differ.
+namespace tav {
+
+/// What was breathed of one gas of the template.
+struct GasTotal {
+  std::string Name;
+  Single O2;     ///< percent
+  Single He;     ///< percent
+  Single total;  ///< litres or cubic feet at surface pressure
+};
+
+/// One element for each blend with a total that is not 0, in the order of `Blends`. A name that stands there twice gets
+/// what its rows used in both.
+std::vector<GasTotal> GasTotals(const ClassProfile& profile, const DiveTemplate& diveTemplate);
+
+/// Sums and extremes over the rows of a dive.
+struct DiveFigures {
+  Single runTime;   ///< minutes
+  Single stopTime;  ///< minutes, of the rows with a stop depth
+  Single CNS;       ///< a fraction
+  Single OTU;
+  Single highestPPO2;
+  Single lowestPPO2;       ///< of all rows
+  Single lowestPPO2Below;  ///< of all rows but the start row
+  Single highestEND;
+  Single deepest;
+};
+DiveFigures FiguresOf(const ClassProfile& profile);
+
+/// The texts for kinds of row, by number.
+struct StatusTexts {
+  int first = 0;              ///< of status 0; those of 1 to 5 follow
+  std::optional<int> hidden;  ///< of the pieces of an ascent that are of no interest
+  int ascent = 0;
+  int descent = 0;
+};
+/// The number of the text for the kind of a row; nothing for a row without one.
+std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts);
+
+/// Which model set the ceiling of a row; nothing when none did.
+std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelMarks& marks);
+
+/// Number text with the user's decimal separator.
+class NumberTexts {
+ public:
+  explicit NumberTexts(LocaleSeparators separators) : separators_(std::move(separators)) {}
+
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Local(FormatFixed(value, decimals)); }
+  [[nodiscard]] std::string Plain(Single value) const { return Local(FormatPlain(value)); }
+
+ private:
+  [[nodiscard]] std::string Local(const std::string& number) const {
+    return separators_.decimal.empty() ? number : ReplaceAll(number, ".", separators_.decimal);
+  }
+  LocaleSeparators separators_;
+};
+
+}  // namespace tav

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "report/information.h"
+
+namespace tav {
+
+/// What the information window shows, for a text of it.
+struct ShownInformation {
+  std::string planCaption;      ///< of the window of the plan
+  std::string surfaceInterval;  ///< empty on a dive that stands alone
+  DiveInformation::Block info;
+  DiveInformation::Table profile;
+  DiveInformation::Table decoStops;
+  DiveInformation::Table gas;
+};
+
+/// The information of a dive as plain text of 80 columns, with CR LF at the ends of lines.
+std::string InformationText(const ShownInformation& shown, const TextSource& texts);
+
+}  // namespace tav

@@ -1,0 +1,134 @@
+#include "report/long_report.h"
+
+#include "report/page_units.h"
+
+namespace tav {
+namespace {
+
+constexpr Colour kHeadGrey = RGB(160, 160, 160);
+constexpr Colour kLightBand = RGB(220, 220, 220);
+constexpr Colour kWhite = RGB(255, 255, 255);
+const std::string kArial = "Arial";
+
+}  // namespace
+
+GeneralReport::GeneralReport(PrintPreview& out, const ModelMarks& marks, std::function<void(const std::string&)> step)
+    : out_(out), marks_(marks), numbers_(out.Services().separators), step_(std::move(step)) {}
+
+void GeneralReport::Step(int textId) {
+  if (step_) step_(T(6000) + " " + std::to_string(ReportPage_) + " " + T(textId));
+}
+
+void GeneralReport::InitLongReport() {
+  out_.InitPreview();
+  ReportPage_ = 1;
+  Step(6001);
+}
+
+void GeneralReport::LongReport(const Dive& dive) {
+  dive_ = &dive;
+  Step(6002);
+  ReportHeader();
+  SectionY_ = 4.0;
+  PrintInfoHeader();
+  for (int i = 0; i < 2; ++i) {
+    SectionY_ += 0.5;
+    constexpr double kPageEnd = 18.5;
+    if (SectionY_ <= kPageEnd) continue;
+    SectionY_ = 1.5;
+    NewPage();
+    ProfileHead();
+  }
+  TableY_ = SectionY_;
+  ProfileTable();
+
+  NewPage();
+  TableY_ = 5.0;
+  DecoY_ = TableY_;
+  DecoHead(DecoTable::Bottom);
+  DecoRows(DecoTable::Bottom, 6014);
+  DecoHead(DecoTable::Stops);
+  DecoRows(DecoTable::Stops, 6015);
+
+  NewPage();
+  PrintDiveInfoHeader();
+  GasTable();
+  ReportFooter();
+  dive_ = nullptr;
+}
+
+void GeneralReport::ShowLongReport() {
+  Step(6017);
+  out_.EndReport(T(6018));
+}
+
+void GeneralReport::ReportHeader() {
+  const bool warn = Template().GFHigh > 1.0 && Template().UseGF;
+  out_.PrintHeader(T(6081), T(warn ? 6082 : 6084), T(6083) + out_.Services().environment.Today());
+  if (dive_->decompresses) return;
+  constexpr int kDoesNotDecompress = 7020;
+  out_.SetForeColor(kRed);
+  Left(1.9, 3.1, T(kDoesNotDecompress), 12, true);
+  out_.SetForeColor(kBlack);
+}
+
+void GeneralReport::ReportFooter() {
+  out_.PrintFooter(T(6085) + out_.Services().environment.UserName(), T(6086), T(6087),
+                   T(6000) + std::to_string(ReportPage_));
+  ++ReportPage_;
+}
+
+void GeneralReport::NewPage() {
+  ReportFooter();
+  ReportHeader();
+}
+
+void GeneralReport::Left(Single x, Single y, const std::string& text, int size, bool bold) {
+  out_.PrintTextLeft(x, y, text, kArial, size, bold ? 1 : 0);
+}
+
+void GeneralReport::Right(Single x, Single y, const std::string& text, bool bold) {
+  out_.PrintTextRight(x, y, text, kArial, 10, bold ? 1 : 0);
+}
+
+void GeneralReport::InWhite(const std::function<void()>& write) {
+  out_.SetForeColor(kWhite);
+  write();
+  out_.SetForeColor(kBlack);
+}
+
+void GeneralReport::TitleBand(Single y, Single height, int title, Single titleX) {
+  out_.PrintFilledBox(1.9, y, 27.1, y + height, kHeadGrey);
+  Outline(y, y + height);
+  Left(titleX, y, T(title), 18, true);
+}
+
+void GeneralReport::RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes) {
+  constexpr double kRow = 0.5;
+  constexpr double kSeparator = 0.03;
+  if (index % 2 == 0) out_.PrintFilledBox(1.9, y, 27.1, y + kRow, kLightBand);
+  for (const auto& [from, to] : blackBoxes) {
+    out_.PrintFilledBox(from, y, to, y + kRow, kBlack);
+    out_.PrintFilledBox(from, y + kRow - kSeparator, to, y + kRow, kWhite);
+  }
+}
+
+std::string GeneralReport::Fitted(const std::string& text, double cm) const {
+  const TextFont font{kArial, 10, false};
+  const auto fits = [&](const std::string& part) {
+    return out_.Services().measure.TextWidth(part, font) <= cm * page::kUnitsPerCm;
+  };
+  if (fits(text)) return text;
+  std::string part = text;
+  while (!part.empty() && !fits(part + "\u2026")) {
+    // A letter of several bytes goes as a whole.
+    do {
+      const bool continuation = (static_cast<unsigned char>(part.back()) & 0xC0U) == 0x80U;
+      part.pop_back();
+      if (!continuation) break;
+    } while (!part.empty());
+  }
+  return part + "\u2026";
+}
+
+}  // namespace tav

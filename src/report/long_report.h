@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/profile.h"
+#include "report/dive_figures.h"
+#include "report/print_preview.h"
+
+namespace tav {
+
+/// The long report: settings, every row, bottom segments, stops, summary and gas of one dive, or of each dive of a
+/// series in turn, on landscape pages.
+class GeneralReport {
+ public:
+  /// One dive as the report takes it.
+  struct Dive {
+    const ClassProfile& profile;
+    DiveTemplate& diveTemplate;  ///< `EndAltitude` becomes that of `EndPressure`
+    bool showSeries = false;     ///< a band tells number and surface interval
+    int diveNumber = 1;
+    Single surfaceInterval;  ///< minutes
+    bool decompresses = true;
+  };
+
+  /// `step` is told how far the report is, as a text for the wait window.
+  GeneralReport(PrintPreview& out, const ModelMarks& marks, std::function<void(const std::string&)> step);
+
+  void InitLongReport();
+  /// Appends all pages of one dive.
+  void LongReport(const Dive& dive);
+  /// Shows the report.
+  void ShowLongReport();
+
+ private:
+  // long_report.cpp: pages, and the parts that texts are made of.
+  void Step(int textId);
+  void ReportHeader();
+  void ReportFooter();
+  void NewPage();
+  [[nodiscard]] std::string T(int id) const { return out_.Texts().GetResString(id); }
+  void Left(Single x, Single y, const std::string& text, int size = 10, bool bold = false);
+  void Right(Single x, Single y, const std::string& text, bool bold = false);
+  void InWhite(const std::function<void()>& write);
+  void TitleBand(Single y, Single height, int title, Single titleX);
+  /// A row of a table: the light band of every second one, then the black boxes behind the white figures.
+  void RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes);
+  void Outline(Single top, Single bottom) { out_.PrintBoxOutline(1.9, top, 27.1, bottom); }
+  /// The text, cut short where it would run into the next column.
+  [[nodiscard]] std::string Fitted(const std::string& text, double cm) const;
+
+  // report_settings.cpp
+  void PrintInfoHeader();
+  void SeriesBand();
+  void SettingsTable();
+  void PrintDiveInfoHeader();
+  void GasTable();
+  void GasHead();
+
+  // report_tables.cpp
+  void ProfileHead();
+  void ProfileTable();
+  void ProfileRow(std::int16_t row);
+  void PrintCellRight(int cell, Single y, const std::string& text, bool bold = false);
+  void PrintCellLeft(int cell, Single y, const std::string& text, bool bold = false);
+  enum class DecoTable { Bottom, Stops };
+  void DecoHead(DecoTable table);
+  void DecoRows(DecoTable table, int step);
+  void DecoRow(DecoTable table, const Waypoint& row);
+
+  [[nodiscard]] const ClassProfile& Profile() const { return dive_->profile; }
+  [[nodiscard]] DiveTemplate& Template() const { return dive_->diveTemplate; }
+
+  PrintPreview& out_;
+  ModelMarks marks_;
+  NumberTexts numbers_;
+  std::function<void(const std::string&)> step_;
+  int ReportPage_ = 1;
+  Single SectionY_;  ///< the write positions of settings and gas, profile table, and the two stop tables
+  Single TableY_;
+  Single DecoY_;
+  Single TableTop_;  ///< top of the table that is open on the page
+  const Dive* dive_ = nullptr;
+};
+
+}  // namespace tav
