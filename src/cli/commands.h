@@ -44,12 +44,33 @@ struct ReportOptions {
   std::string file;
   std::string pdf;
   int dive = 0;  ///< from 1; 0 for all
-  bool vpm = false;
-  bool hybrid = false;
 };
 
 /// Writes the long report of a profile file as a PDF.
-int ReportCommand(const ReportOptions& options, const ProgramFolders& folders, std::ostream& err);
+int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
+                  std::ostream& err);
+
+struct BailoutOptions {
+  std::string file;
+  std::string dive;            ///< number from 1; empty for the last
+  std::string interval = "5";  ///< minutes
+};
+
+/// Prints the ascents from regular moments of a plan on open circuit, once for the loss of each deco gas and once with
+/// all of them.
+int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, std::ostream& out, std::ostream& err);
+
+struct TablesOptions {
+  std::string templateName;    ///< a file, or a name in the template folder; empty for the default
+  std::string gas;             ///< of the dives
+  std::string depths;          ///< FROM:TO:STEP
+  std::string times;           ///< FROM:TO:STEP, minutes
+  bool descentCounts = false;  ///< the time counts from leaving the surface, else from the bottom
+};
+
+/// Prints deco tables: square dives on a grid of depths and bottom times.
+int TablesCommand(const TablesOptions& tables, const OutputOptions& options, const ProgramFolders& folders,
+                  std::ostream& out, std::ostream& err);
 
 /// Lists all faults of templates and profiles, with line numbers.
 int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err);

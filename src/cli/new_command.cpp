@@ -1,61 +1,13 @@
-#include <optional>
 #include <ostream>
 
 #include "app/start_up.h"
 #include "cli/commands.h"
+#include "cli/plan_input.h"
 #include "cli/plan_output.h"
-#include "model/number_text.h"
 #include "model/template_faults.h"
-#include "persist/template_file.h"
 
 namespace tav {
 namespace {
-
-/// An option that can't be used.
-class OptionError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
-Single NumberOf(const std::string& text, const std::string& option) {
-  const auto number = ParseStrict(text);
-  if (!number) throw OptionError(option + ": \"" + text + "\" is not a number");
-  return *number;
-}
-
-/// The percentages that a usual name of a gas tells: EAN32, Tx18/45, H85, Oxygen.
-std::optional<GasMix> MixOfName(const std::string& name) {
-  const auto number = [&](std::size_t from, std::size_t count = std::string::npos) {
-    return ParseStrict(std::string_view(name).substr(from, count));
-  };
-  if (name == "Oxygen") return GasMix{name, 100, 0, 0};
-  if (name.starts_with("EAN")) {
-    if (const auto o2 = number(3); o2 && *o2 > 0 && *o2 <= 100) return GasMix{name, *o2, 100 - *o2, 0};
-  }
-  if (name.starts_with("H")) {
-    if (const auto he = number(1); he && *he > 0 && *he < 100) return GasMix{name, 100 - *he, 0, *he};
-  }
-  const std::size_t slash = name.find('/');
-  if (name.starts_with("Tx") && slash != std::string::npos) {
-    const auto o2 = number(2, slash - 2);
-    const auto he = number(slash + 1);
-    if (o2 && he && *o2 > 0 && *he >= 0 && *o2 + *he <= 100) return GasMix{name, *o2, 100 - *o2 - *he, *he};
-  }
-  return std::nullopt;
-}
-
-/// The number of a gas in the template's list; a gas that only its name tells is added.
-std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
-  if (const auto found = FindBlend(name, diveTemplate)) return *found;
-  const auto mix = MixOfName(name);
-  if (!mix) {
-    std::string known;
-    for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
-    throw OptionError("gas \"" + name + "\" is unknown; the template has " + known +
-                      ", and EAN.., Tx../.. and H.. tell their own content");
-  }
-  diveTemplate.Blends.push_back(*mix);
-  return static_cast<std::int16_t>(diveTemplate.Blends.size() - 1);
-}
 
 void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveTemplate, frmWaypointEditor& window) {
   const std::size_t at = text.find('@');
@@ -71,14 +23,6 @@ void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveT
   window.SaveUserEnteredWaypoints(time, depth, mix, false);
 }
 
-std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders& folders) {
-  std::error_code error;
-  if (std::filesystem::exists(name, error)) return name;
-  const std::string fileName = name.ends_with(kTemplateExtension) ? name : name + std::string(kTemplateExtension);
-  const auto found = folders.Find(std::filesystem::path("template") / fileName);
-  return std::filesystem::exists(found, error) ? found : std::filesystem::path(name);
-}
-
 }  // namespace
 
 int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
@@ -90,7 +34,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     const std::string fault = InitDocuments(session.Documents(), folders);
     DiveTemplate& standard = session.Documents()(DocumentStore::DefaultDocument).Template;
     if (!plan.templateName.empty()) {
-      LoadPlannableTemplate(standard, TemplateFile(plan.templateName, folders));
+      LoadPlannable(standard, plan.templateName, folders);
     } else if (!fault.empty()) {
       err << fault << "; the built-in settings stand in\n";
     }

@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "cli/commands.h"
+#include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "cli/plannable_file.h"
 

@@ -10,28 +10,29 @@
 
 namespace tav {
 
-int ReportCommand(const ReportOptions& options, const ProgramFolders& folders, std::ostream& err) {
+int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
+                  std::ostream& err) {
   try {
     PlanSession session;
     session.Model() = {options.vpm, options.hybrid};
-    const auto documents = OpenProfile(session.Forms(), options.file, ReadPlannable(options.file));
+    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
     const int dives = static_cast<int>(documents.size());
-    if (options.dive < 0 || options.dive > dives) {
+    if (report.dive < 0 || report.dive > dives) {
       throw FileError(
-          options.file, 0,
-          "--dive " + std::to_string(options.dive) + " is not among its " + std::to_string(dives) + " dives");
+          report.file, 0,
+          "--dive " + std::to_string(report.dive) + " is not among its " + std::to_string(dives) + " dives");
     }
     bool decompress = true;
     for (const std::int16_t document : documents) {
       const std::string& fault = session.Forms()(document).EvaluationFault();
-      if (!fault.empty()) throw FileError(options.file, 0, fault);
+      if (!fault.empty()) throw FileError(report.file, 0, fault);
       decompress = decompress && session.Documents()(document).Decompresses;
     }
-    PageOutput output(folders, options.pdf);
-    GeneralReport report(output.Pages(), {!options.vpm, false, options.hybrid, options.vpm}, nullptr);
-    const std::int16_t chosen = documents[static_cast<std::size_t>(std::max(0, options.dive - 1))];
-    WriteLongReport(report, session.Forms(), chosen, options.dive == 0 && dives > 1);
-    output.WritePdf(std::filesystem::path(options.file).stem().string());
+    PageOutput output(folders, report.pdf);
+    GeneralReport pages(output.Pages(), {!options.vpm, false, options.hybrid, options.vpm}, nullptr);
+    const std::int16_t chosen = documents[static_cast<std::size_t>(std::max(0, report.dive - 1))];
+    WriteLongReport(pages, session.Forms(), chosen, report.dive == 0 && dives > 1);
+    output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
     err << error.what() << "\n";

@@ -6,18 +6,22 @@
 namespace tav {
 namespace {
 
-void AddModelOptions(CLI::App& command, bool& vpm, bool& hybrid) {
-  auto* first = command.add_flag("--vpm", vpm, "Use the bubble model (VPM) for the ceiling");
-  first->excludes(command.add_flag("--hybrid", hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM"));
+CLI::Option* AddJson(CLI::App& command, OutputOptions& options) {
+  return command.add_flag_callback(
+      "--json", [&options] { options.form = OutputForm::Json; }, "Print every row as JSON");
+}
+
+void AddModelOptions(CLI::App& command, OutputOptions& options) {
+  auto* vpm = command.add_flag("--vpm", options.vpm, "Use the bubble model (VPM) for the ceiling");
+  auto* hybrid = command.add_flag("--hybrid", options.hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM");
+  vpm->excludes(hybrid);
 }
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
-  auto* json = command.add_flag_callback(
-      "--json", [&options] { options.form = OutputForm::Json; }, "Print every row as JSON");
-  auto* csv = command.add_flag_callback(
-      "--csv", [&options] { options.form = OutputForm::Csv; }, "Print every row as CSV, with a header");
-  json->excludes(csv);
-  AddModelOptions(command, options.vpm, options.hybrid);
+  CLI::Option* json = AddJson(command, options);
+  json->excludes(command.add_flag_callback(
+      "--csv", [&options] { options.form = OutputForm::Csv; }, "Print every row as CSV, with a header"));
+  AddModelOptions(command, options);
   command.add_flag_callback(
       "--phi", [&options] { options.phi = "phi.log"; },
       "Write the loads after each segment to phi.log in the current folder");
@@ -45,6 +49,18 @@ Examples:
   tavplan report dives/trimix-100.tav --pdf plan.pdf
   tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
 The PDF is drawn by tav, the desktop program; no display is needed.
+)";
+
+constexpr const char* kBailoutExamples = R"(
+Examples:
+  tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
+  tavplan bailout --interval 1 --json a.tav  from every minute, for a script
+)";
+
+constexpr const char* kTablesExamples = R"(
+Examples:
+  tavplan tables --gas Air --depths 9:54:3 --times 5:45:5
+  tavplan tables --gas EAN32 --depths 60:130:10 --times 10:60:10 --template Imperial
 )";
 
 constexpr const char* kCheckExamples = R"(
@@ -106,14 +122,39 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
     status = NewCommand(newPlan, newOptions, folders, out, err);
   });
 
-  ReportOptions reportOptions;
+  ReportOptions reportDive;
+  OutputOptions reportOptions;
   CLI::App* report = app.add_subcommand("report", "Write the long report of a profile file as a PDF");
-  report->add_option("FILE", reportOptions.file, "Profile file (.tav)")->required();
-  report->add_option("--pdf", reportOptions.pdf, "The file to write")->required();
-  report->add_option("--dive", reportOptions.dive, "One dive of a series, from 1; all if not given");
-  AddModelOptions(*report, reportOptions.vpm, reportOptions.hybrid);
+  report->add_option("FILE", reportDive.file, "Profile file (.tav)")->required();
+  report->add_option("--pdf", reportDive.pdf, "The file to write")->required();
+  report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given");
+  AddModelOptions(*report, reportOptions);
   report->footer(kReportExamples);
-  report->callback([&] { status = ReportCommand(reportOptions, folders, err); });
+  report->callback([&] { status = ReportCommand(reportDive, reportOptions, folders, err); });
+
+  OutputOptions bailoutOptions;
+  BailoutOptions bailoutPlan;
+  CLI::App* bailout = app.add_subcommand("bailout", "Print the ascents from any moment of a plan, gases lost in turn");
+  bailout->add_option("FILE", bailoutPlan.file, "Profile file (.tav)")->required();
+  bailout->add_option("--dive", bailoutPlan.dive, "Number of the dive, from 1; the last if not given");
+  bailout->add_option("--interval", bailoutPlan.interval, "Minutes between two moments; 5 if not given");
+  AddJson(*bailout, bailoutOptions);
+  AddModelOptions(*bailout, bailoutOptions);
+  bailout->footer(kBailoutExamples);
+  bailout->callback([&] { status = BailoutCommand(bailoutPlan, bailoutOptions, out, err); });
+
+  OutputOptions tablesOptions;
+  TablesOptions tableSet;
+  CLI::App* tables = app.add_subcommand("tables", "Print deco tables for depths and bottom times on one gas");
+  tables->add_option("--template", tableSet.templateName, "Template file, or a name in the template folder");
+  tables->add_option("--gas", tableSet.gas, "Gas of the dives")->required();
+  tables->add_option("--depths", tableSet.depths, "FROM:TO:STEP in the units of the template")->required();
+  tables->add_option("--times", tableSet.times, "FROM:TO:STEP in minutes")->required();
+  tables->add_flag("--descent-counts", tableSet.descentCounts, "Bottom times count from leaving the surface");
+  AddJson(*tables, tablesOptions);
+  AddModelOptions(*tables, tablesOptions);
+  tables->footer(kTablesExamples);
+  tables->callback([&] { status = TablesCommand(tableSet, tablesOptions, folders, out, err); });
 
   std::vector<std::string> checkFiles;
   CLI::App* check = app.add_subcommand("check", "List all faults of templates and profiles");

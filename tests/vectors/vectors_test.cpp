@@ -17,7 +17,9 @@ using nlohmann::json;
 std::vector<fs::path> Dives() {
   std::vector<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(TAV_SOURCE_DIR) / "tests/data/vectors")) {
-    if (entry.path().extension() == ".tav") files.push_back(entry.path());
+    // The plans of bail-out tables have results of another kind.
+    const bool bailout = entry.path().parent_path().filename() == "bailout";
+    if (entry.path().extension() == ".tav" && !bailout) files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());
   return files;

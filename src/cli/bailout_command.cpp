@@ -1,0 +1,66 @@
+#include <cmath>
+#include <optional>
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/plan_input.h"
+#include "cli/plan_output.h"
+#include "cli/table_output.h"
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "plan/bailout_cuts.h"
+
+namespace tav {
+namespace {
+
+std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents) {
+  if (text.empty()) return documents.back();
+  const Single number = NumberOf(text, "--dive");
+  if (number != std::floor(number) || number < 1 || number > static_cast<double>(documents.size())) {
+    throw OptionError("--dive: \"" + text + "\" is not one of the dives 1 to " + std::to_string(documents.size()));
+  }
+  return documents[static_cast<std::size_t>(number) - 1];
+}
+
+Single ChosenInterval(const std::string& text) {
+  const Single interval = RoundSingle(NumberOf(text, "--interval"), 0);
+  if (!(interval >= 0 && interval <= BailoutCuts::kLongestInterval)) {
+    throw OptionError("--interval: \"" + text + "\" is outside 0 to " + std::to_string(BailoutCuts::kLongestInterval) +
+                      " minutes");
+  }
+  return interval;
+}
+
+}  // namespace
+
+int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, std::ostream& out, std::ostream& err) {
+  PlanSession session;
+  try {
+    ApplyOptions(options, session);
+    const Single interval = ChosenInterval(bailout.interval);
+    const auto documents = OpenProfile(session.Forms(), bailout.file, ReadPlannable(bailout.file));
+    const std::int16_t document = ChosenDive(bailout.dive, documents);
+    const BailoutCuts cuts(session.Forms(), document, interval);
+    if (!cuts.Fault().empty()) throw FileError(bailout.file, 0, cuts.Fault());
+
+    const bool json = options.form == OutputForm::Json;
+    TableOutput output(out, json);
+    output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
+                 bailout.file + ", bail-out on open circuit every " + FormatPlain(cuts.Interval()) +
+                     " min\nColumns are the minute at which the ascent begins, cells minutes of stop.\n");
+    for (int i = 0; i < cuts.Scenarios(); ++i) {
+      const auto scenario = cuts.Compute(i, [](int, int) { return true; });
+      const std::optional<std::string>& lost = scenario->lost;
+      output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}}, lost ? *lost + " lost" : "With all gases");
+    }
+    output.End();
+    return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
+  } catch (const OptionError& error) {
+    err << "tavplan bailout: " << error.what() << "\n";
+  } catch (const std::exception& error) {
+    err << error.what() << "\n";
+  }
+  return ExitStatus::kUnusableInput;
+}
+
+}  // namespace tav

@@ -1,0 +1,79 @@
+#include "cli/plan_input.h"
+
+#include <optional>
+
+#include "model/number_text.h"
+#include "model/template_faults.h"
+#include "persist/template_file.h"
+
+namespace tav {
+namespace {
+
+/// The percentages that a usual name of a gas tells: EAN32, Tx18/45, H85, Oxygen.
+std::optional<GasMix> MixOfName(const std::string& name) {
+  const auto number = [&](std::size_t from, std::size_t count = std::string::npos) {
+    return ParseStrict(std::string_view(name).substr(from, count));
+  };
+  if (name == "Oxygen") return GasMix{name, 100, 0, 0};
+  if (name.starts_with("EAN")) {
+    if (const auto o2 = number(3); o2 && *o2 > 0 && *o2 <= 100) return GasMix{name, *o2, 100 - *o2, 0};
+  }
+  if (name.starts_with("H")) {
+    if (const auto he = number(1); he && *he > 0 && *he < 100) return GasMix{name, 100 - *he, 0, *he};
+  }
+  const std::size_t slash = name.find('/');
+  if (name.starts_with("Tx") && slash != std::string::npos) {
+    const auto o2 = number(2, slash - 2);
+    const auto he = number(slash + 1);
+    if (o2 && he && *o2 > 0 && *he >= 0 && *o2 + *he <= 100) return GasMix{name, *o2, 100 - *o2 - *he, *he};
+  }
+  return std::nullopt;
+}
+
+std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders& folders) {
+  std::error_code error;
+  if (std::filesystem::exists(name, error)) return name;
+  const std::string fileName = name.ends_with(kTemplateExtension) ? name : name + std::string(kTemplateExtension);
+  const auto found = folders.Find(std::filesystem::path("template") / fileName);
+  return std::filesystem::exists(found, error) ? found : std::filesystem::path(name);
+}
+
+}  // namespace
+
+Single NumberOf(const std::string& text, const std::string& option) {
+  const auto number = ParseStrict(text);
+  if (!number) throw OptionError(option + ": \"" + text + "\" is not a number");
+  return *number;
+}
+
+ProfileText ReadPlannable(const std::string& file) {
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
+  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
+    const auto found = TemplateFaults(profile.dives[i].Template);
+    if (!found.empty()) {
+      faults.Error(LineOfFault(found.front(), profile.lines[i].keys, profile.lines[i].block), JoinFaults(found));
+    }
+  }
+  ReportSeriesFaults(profile, faults);
+  return profile;
+}
+
+void LoadPlannable(DiveTemplate& diveTemplate, const std::string& name, const ProgramFolders& folders) {
+  LoadPlannableTemplate(diveTemplate, TemplateFile(name, folders));
+}
+
+std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
+  if (const auto found = FindBlend(name, diveTemplate)) return *found;
+  const auto mix = MixOfName(name);
+  if (!mix) {
+    std::string known;
+    for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
+    throw OptionError("gas \"" + name + "\" is unknown; the template has " + known +
+                      ", and EAN.., Tx../.. and H.. tell their own content");
+  }
+  diveTemplate.Blends.push_back(*mix);
+  return static_cast<std::int16_t>(diveTemplate.Blends.size() - 1);
+}
+
+}  // namespace tav

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include "app/program_folders.h"
+#include "model/dive_template.h"
+#include "persist/profile_file.h"
+
+namespace tav {
+
+/// An option that can't be used.
+class OptionError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The number of an option. Throws OptionError, which names the option, for a text that is none.
+Single NumberOf(const std::string& text, const std::string& option);
+
+/// Reads a profile and refuses one that can't be planned. Throws FileError with the line to mend.
+ProfileText ReadPlannable(const std::string& file);
+
+/// Reads the template that an option names, a file or a name in the template folder, and refuses one that can't be
+/// planned on. Throws FileError with the line to mend.
+void LoadPlannable(DiveTemplate& diveTemplate, const std::string& name, const ProgramFolders& folders);
+
+/// The number of a gas in the template's list; a gas that only its name tells (EAN36, Tx15/60, H85) is added. Throws
+/// OptionError for a name that says nothing.
+std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate);
+
+}  // namespace tav

@@ -1,0 +1,133 @@
+#include "cli/table_output.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "model/number_text.h"
+#include "report/table_remarks.h"
+
+namespace tav {
+namespace {
+
+constexpr std::size_t kLineWidth = 100;
+constexpr std::size_t kHeadWidth = 16;  // mix and depth
+constexpr std::size_t kCellWidth = 6;
+
+std::string Right(const std::string& text, std::size_t width) {
+  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
+}
+
+std::string Left(const std::string& text, std::size_t width) {
+  return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
+}
+
+/// A text in lines of the terminal's width, broken at blanks; the later ones are indented.
+std::string Wrapped(const std::string& text, std::size_t indent) {
+  std::string lines;
+  std::string rest = text;
+  while (rest.size() > kLineWidth) {
+    std::size_t blank = rest.rfind(' ', kLineWidth);
+    if (blank == std::string::npos || blank <= indent) blank = rest.find(' ', kLineWidth);
+    if (blank == std::string::npos) break;
+    lines += rest.substr(0, blank) + "\n";
+    rest = std::string(indent, ' ') + rest.substr(blank + 1);
+  }
+  return lines + rest + "\n";
+}
+
+Json RemarksJson(const std::vector<StopRemark>& remarks) {
+  Json list = Json::array();
+  for (const StopRemark& remark : remarks) list.push_back({remark.head, remark.depth, remark.what});
+  return list;
+}
+
+Json CellsJson(const TableCells& cells) {
+  Json rows = Json::array();
+  for (const auto& row : cells) {
+    Json texts{row[TableColumn::kMix], row[TableColumn::kDepth]};
+    for (std::size_t column = TableColumn::kFirstDive; column < row.size(); ++column) texts.push_back(row[column]);
+    rows.push_back(std::move(texts));
+  }
+  return rows;
+}
+
+}  // namespace
+
+void TableOutput::Begin(const Json& head, const std::string& listName, const std::string& heading) {
+  if (!json_) {
+    out_ << heading;
+    return;
+  }
+  std::string text = Written(head);
+  text.pop_back();  // its closing brace
+  out_ << text << ",\"" << listName << "\":[";
+}
+
+void TableOutput::End() {
+  if (json_) out_ << "]}\n";
+}
+
+void TableOutput::Print(const TableDives& dives, const Json& members, const std::string& title) {
+  const SmallTable table = MakeSmallTable(dives, "Depth");
+  for (const TableDive& dive : dives.dives) decompresses_ = decompresses_ && dive.decompresses;
+  if (json_) {
+    PrintJson(dives, table, members);
+  } else {
+    PrintText(dives, table, title);
+  }
+  first_ = false;
+}
+
+void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table, const Json& members) {
+  const TablePlace place = slots_.PlaceTable(table.Width(), table.Height());
+  Json json = members;
+  Json& list = json[dives.bailout ? "cuts" : "dives"] = Json::array();
+  for (std::size_t i = 1; i < dives.dives.size(); ++i) {
+    const TableDive& dive = dives.dives[i];
+    Json entry;
+    if (dives.bailout) {
+      entry = {{"run_time", Digits(dive.head)}, {"depth", Digits(dive.depth)}};
+    } else {
+      entry = {{"time", Digits(dive.head)}};
+    }
+    entry["decompresses"] = dive.decompresses;
+    entry["rows"] = RowsJson(dive.profile);
+    list.push_back(std::move(entry));
+  }
+  json["cells"] = CellsJson(table.cells);
+  json["totals"] = table.totals;
+  json["left_out"] = RemarksJson(table.left_out);
+  json["other_gas"] = RemarksJson(table.other_gas);
+  json["place"] = {{"page", place.page}, {"x", Digits(place.x)}, {"y", Digits(place.y)}};
+  out_ << (first_ ? "" : ",") << Written(json);
+}
+
+void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, const std::string& title) {
+  out_ << "\n" << title << "\n";
+  const std::size_t columns = table.totals.size();
+  constexpr std::size_t kAtOnce = (kLineWidth - kHeadWidth) / kCellWidth;
+  std::size_t from = 0;
+  do {  // a table without a dive has its rows all the same
+    const std::size_t to = std::min(from + kAtOnce, columns);
+    const auto line = [&](const std::string& head, const auto& textOf) {
+      std::string text = head;
+      for (std::size_t column = from; column < to; ++column) text += Right(textOf(column), kCellWidth);
+      out_ << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
+    };
+    if (from > 0) out_ << "\n";
+    for (const auto& row : table.cells) {
+      line("  " + Left(row[TableColumn::kMix], kHeadWidth - 9) + Right(row[TableColumn::kDepth], 7),
+           [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
+    }
+    line(Left("  Run time", kHeadWidth), [&](std::size_t column) { return table.totals[column]; });
+    from = to;
+  } while (from < columns);
+  RemarkWords words;
+  words.unit = dives.diveTemplate.Metric ? "m" : "ft";
+  for (const std::string& remark : TableRemarks(table, words)) out_ << Wrapped("  ! " + remark, 4);
+  for (const TableDive& dive : dives.dives) {
+    if (!dive.decompresses) out_ << "  ! Column " << FormatFixed(dive.head, 0) << ": DOES NOT DECOMPRESS\n";
+  }
+}
+
+}  // namespace tav

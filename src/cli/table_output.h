@@ -1,0 +1,39 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "cli/row_json.h"
+#include "plan/table_dives.h"
+#include "report/small_tables.h"
+#include "report/table_slots.h"
+
+namespace tav {
+
+/// Prints small tables one after the other, as JSON or in words for a terminal, so that a large set is never held in
+/// memory as a whole.
+class TableOutput {
+ public:
+  TableOutput(std::ostream& out, bool json) : out_(out), json_(json) {}
+
+  /// Opens the output: the members of the JSON ahead of the list of that name, or a heading.
+  void Begin(const Json& head, const std::string& listName, const std::string& heading);
+  /// One table. `members` are those ahead of its dives.
+  void Print(const TableDives& dives, const Json& members, const std::string& title);
+  void End();
+
+  /// A dive of the tables so far does not decompress.
+  [[nodiscard]] bool Decompresses() const { return decompresses_; }
+
+ private:
+  void PrintJson(const TableDives& dives, const SmallTable& table, const Json& members);
+  void PrintText(const TableDives& dives, const SmallTable& table, const std::string& title);
+
+  std::ostream& out_;
+  bool json_;
+  bool first_ = true;
+  bool decompresses_ = true;
+  TableSlots slots_;
+};
+
+}  // namespace tav

@@ -1,0 +1,108 @@
+#include <ostream>
+
+#include "app/start_up.h"
+#include "cli/commands.h"
+#include "cli/plan_input.h"
+#include "cli/plan_output.h"
+#include "cli/table_output.h"
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "plan/square_dives.h"
+
+namespace tav {
+namespace {
+
+struct Axis {
+  Single from, to, step;
+};
+
+/// "FROM:TO:STEP" in whole numbers; what has decimals is rounded, and `err` told.
+Axis AxisOf(const std::string& text, const std::string& option, std::ostream& err) {
+  const std::size_t first = text.find(':');
+  const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
+  if (second == std::string::npos) throw OptionError(option + ": \"" + text + "\" must be FROM:TO:STEP");
+  const auto number = [&](std::size_t from, std::size_t to) {
+    const Single value = NumberOf(text.substr(from, to - from), option);
+    const Single whole = RoundSingle(value, 0);
+    if (whole != value) {
+      err << "tavplan tables: " << option << ": " << FormatPlain(value) << " is taken as " << FormatPlain(whole)
+          << ", tables have whole numbers\n";
+    }
+    return whole;
+  };
+  return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
+}
+
+/// What is wrong with the axes, in the words of the options.
+std::string Words(AxesFault fault) {
+  switch (fault) {
+    case AxesFault::None:
+      return "";
+    case AxesFault::StartDepthBeyondEnd:
+      return "--depths: the first depth is deeper than the last";
+    case AxesFault::DepthStepNotPositive:
+      return "--depths: the step must be above 0";
+    case AxesFault::StartTimeBeyondEnd:
+      return "--times: the first time is later than the last";
+    case AxesFault::TimeStepNotPositive:
+      return "--times: the step must be above 0";
+    case AxesFault::StartTimeNegative:
+      return "--times: the first time must not be below 0";
+    case AxesFault::EndTimeNegative:
+      return "--times: the last time must not be below 0";
+    case AxesFault::StartDepthNegative:
+      return "--depths: the first depth must not be below 0";
+    case AxesFault::EndDepthNegative:
+      return "--depths: the last depth must not be below 0";
+    case AxesFault::OutOfReach:
+      return "a depth above 10,000 or a time above 100,000 can't be planned";
+    case AxesFault::TooManyDives:
+      break;
+  }
+  return "these axes ask for more than " + std::to_string(kMostSquareDives) + " dives";
+}
+
+}  // namespace
+
+int TablesCommand(const TablesOptions& tables, const OutputOptions& options, const ProgramFolders& folders,
+                  std::ostream& out, std::ostream& err) {
+  PlanSession session;
+  try {
+    ApplyOptions(options, session);
+    const std::string fault = InitDocuments(session.Documents(), folders);
+    DiveTemplate& settings = session.Documents()(DocumentStore::DefaultDocument).Template;
+    if (!tables.templateName.empty()) {
+      LoadPlannable(settings, tables.templateName, folders);
+    } else if (!fault.empty()) {
+      err << fault << "; the built-in settings stand in\n";
+    }
+    const std::int16_t mix = MixNumber(tables.gas, settings);
+    const Axis depths = AxisOf(tables.depths, "--depths", err);
+    const Axis times = AxisOf(tables.times, "--times", err);
+    const TableAxes axes{depths.from, depths.to, depths.step, times.from, times.to, times.step};
+    const AxesFault axesFault = FindAxesFault(axes);
+    if (axesFault != AxesFault::None) throw OptionError(Words(axesFault));
+
+    SquareDives dives(session.Forms().Services(), DocumentStore::DefaultDocument, mix, !tables.descentCounts, axes);
+    if (!dives.Fault().empty()) throw OptionError(dives.Fault());
+    const std::string unit = settings.Metric ? " m" : " ft";
+    TableOutput output(out, options.form == OutputForm::Json);
+    output.Begin({{"gas", tables.gas}}, "tables",
+                 "Deco tables on " + tables.gas +
+                     "\nColumns are bottom times in minutes, cells minutes of stop; the time of the descent " +
+                     (tables.descentCounts ? "is part of the bottom time.\n" : "is left out.\n"));
+    while (const auto table = dives.Next([](int, int) { return true; })) {
+      const Single depth = table->dives.back().depth;
+      output.Print(*table, {{"depth", Digits(depth)}}, FormatPlain(depth) + unit);
+    }
+    output.End();
+    return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
+  } catch (const OptionError& error) {
+    err << "tavplan tables: " << error.what() << "\n";
+  } catch (const std::exception& error) {
+    err << error.what() << "\n";
+  }
+  return ExitStatus::kUnusableInput;
+}
+
+}  // namespace tav

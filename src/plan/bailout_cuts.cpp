@@ -1,0 +1,97 @@
+#include "plan/bailout_cuts.h"
+
+#include "model/number_text.h"
+#include "plan/scratch_run.h"
+
+namespace tav {
+
+Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
+  const Waypoint& end = profile.Row(row);
+  if (end.Rate == 0) return end.Depth;
+  return (time - end.RunTime + end.SegmentTime) * end.Rate + end.Depth - end.SegmentTime * end.Rate;
+}
+
+DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
+  DiveTemplate copy = source;
+  std::vector<GasChange>& changes = copy.ChangeGasMixes;
+  if (index < 0 || index >= static_cast<int>(changes.size())) return copy;
+  changes.erase(changes.begin() + index);
+  if (changes.empty()) changes.emplace_back();
+  return copy;
+}
+
+BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single interval)
+    : services_(forms.Services()),
+      document_(services_.documents(document)),
+      plan_(forms(document).InputProfile),
+      interval_(interval == 0 ? Single(1) : interval),
+      fault_(forms(document).EvaluationFault()) {
+  const std::int16_t previous = forms(document).PrevProfile;
+  if (previous != -1) previous_ = services_.documents(previous);
+  if (fault_.empty() && plan_.GetLength() == 0) fault_ = "the plan has no legs";
+  if (fault_.empty()) fault_ = SizeFault();
+}
+
+std::string BailoutCuts::SizeFault() const {
+  const std::string tooMany = "an interval of " + FormatPlain(interval_) + " min cuts this plan too often, ";
+  if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
+    return tooMany + "more than " + std::to_string(kMostCuts) + " times";
+  }
+  std::size_t rows = 0;
+  for (const Moment& moment : Moments()) rows += static_cast<std::size_t>(moment.row);
+  return rows > kMostRows ? tooMany + "into more than " + std::to_string(kMostRows) + " rows" : "";
+}
+
+std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
+  std::vector<Moment> moments;
+  const std::int16_t last = plan_.GetLength();
+  const Single end = plan_.GetRunTime(last);
+  std::int16_t row = 1;
+  for (Single time = interval_; time <= end; time += interval_) {
+    while (plan_.GetRunTime(row) < time) ++row;
+    moments.push_back({time, row, false});
+  }
+  const bool endIsCut = !moments.empty() && moments.back().time == end;
+  if (!endIsCut && plan_.getDepth(last) != 0) moments.push_back({end, last, true});
+  return moments;
+}
+
+ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
+  ClassProfile cut;
+  cut.CopyUntil(plan_, moment.row);
+  if (moment.atEnd) return cut;
+  Waypoint& row = cut.Row(moment.row);
+  row.Depth = CreateNewWay(plan_, moment.time, moment.row);
+  row.RunTime = moment.time;
+  row.StopDepth = 0;
+  row.StopTime = 0;
+  row.Status = RowStatus::kLeg;
+  row.SegmentTime = moment.time - plan_.GetRunTime(static_cast<std::int16_t>(moment.row - 1));
+  return cut;
+}
+
+std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
+  TableDives result{DropGasChange(document_.Template, scenario), {}, true};
+  if (scenario < Scenarios() - 1) {
+    result.lost = document_.Template.ChangeGasMixes[static_cast<std::size_t>(scenario)].Name;
+  }
+  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  run.Template() = result.diveTemplate;
+  const std::vector<Moment> moments = Moments();
+  result.dives.resize(1 + moments.size());
+  result.dives.front().profile = plan_;
+  int done = 0;
+  const auto proceed = [&] { return progress(done, static_cast<int>(moments.size())); };
+  for (const Moment& moment : moments) {
+    const ClassProfile cut = PlanUntil(moment);
+    TableDive& dive = result.dives[static_cast<std::size_t>(done) + 1];
+    dive.head = moment.time;
+    dive.depth = cut.getDepth(moment.row);
+    if (!run.Compute(cut, true, dive, proceed)) return std::nullopt;
+    ++done;
+    if (!proceed()) return std::nullopt;
+  }
+  return result;
+}
+
+}  // namespace tav

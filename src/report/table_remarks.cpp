@@ -1,0 +1,105 @@
+#include "report/table_remarks.h"
+
+#include <algorithm>
+
+namespace tav {
+namespace {
+
+/// The remark of one column, or the same one of several.
+struct Remark {
+  std::string text;
+  std::vector<std::size_t> columns;  ///< dives from 0, rising
+};
+
+class Remarks {
+ public:
+  Remarks(const SmallTable& table, const RemarkWords& words) : table_(table), words_(words) {}
+
+  std::vector<std::string> Lines() {
+    for (std::size_t dive = 0; dive < table_.totals.size(); ++dive) {
+      Add(dive, AlsoStops(dive));
+      Add(dive, OtherGases(dive));
+      Add(dive, LowPPO2(dive));
+    }
+    std::vector<std::string> lines;
+    for (const Remark& remark : remarks_) lines.push_back(ColumnsOf(remark) + ": " + remark.text);
+    return lines;
+  }
+
+ private:
+  [[nodiscard]] const std::string& Head(std::size_t dive) const {
+    return table_.cells[0][TableColumn::kFirstDive + dive];
+  }
+
+  void Add(std::size_t dive, const std::string& text) {
+    if (text.empty()) return;
+    const auto same = std::find_if(remarks_.begin(), remarks_.end(), [&](const Remark& r) { return r.text == text; });
+    if (same == remarks_.end()) {
+      remarks_.push_back({text, {dive}});
+    } else if (same->columns.back() != dive) {
+      same->columns.push_back(dive);
+    }
+  }
+
+  [[nodiscard]] std::string AlsoStops(std::size_t dive) const {
+    std::string text;
+    for (const StopRemark& stop : table_.left_out) {
+      if (stop.dive != dive) continue;
+      text += text.empty() ? words_.alsoStop + " " : ", ";
+      text += stop.depth + " " + words_.unit + " " + stop.what + " " + words_.minutes;
+    }
+    return text;
+  }
+
+  [[nodiscard]] std::string OtherGases(std::size_t dive) const {
+    std::string text;
+    std::string mix;
+    for (const StopRemark& stop : table_.other_gas) {
+      if (stop.dive != dive) continue;
+      if (stop.what == mix) {
+        text += ", ";
+      } else {
+        text += (text.empty() ? "" : "; ") + words_.breathe + " " + stop.what + " " + words_.at + " ";
+        mix = stop.what;
+      }
+      text += stop.depth + " " + words_.unit;
+    }
+    return text;
+  }
+
+  [[nodiscard]] std::string LowPPO2(std::size_t dive) const {
+    std::string text;
+    for (const StopRemark& stop : table_.low_ppo2) {
+      if (stop.dive != dive) continue;
+      text += text.empty() ? words_.lowPPO2 + " " + words_.at + " " : ", ";
+      text += stop.depth + " " + words_.unit;
+    }
+    return text;
+  }
+
+  /// "Column 12", "Columns 6 to 39, 45".
+  [[nodiscard]] std::string ColumnsOf(const Remark& remark) const {
+    const std::vector<std::size_t>& columns = remark.columns;
+    std::string text = columns.size() == 1 ? words_.column : words_.columns;
+    for (std::size_t first = 0; first < columns.size();) {
+      std::size_t last = first;
+      while (last + 1 < columns.size() && columns[last + 1] == columns[last] + 1) ++last;
+      text += (first == 0 ? " " : ", ") + Head(columns[first]);
+      if (last > first) text += (last > first + 1 ? " " + words_.to + " " : ", ") + Head(columns[last]);
+      first = last + 1;
+    }
+    return text;
+  }
+
+  const SmallTable& table_;
+  const RemarkWords& words_;
+  std::vector<Remark> remarks_;
+};
+
+}  // namespace
+
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words) {
+  return Remarks(table, words).Lines();
+}
+
+}  // namespace tav

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/small_tables.h"
+
+namespace tav {
+
+/// The words of the remarks, so that a window and a terminal can each have their own.
+struct RemarkWords {
+  std::string column = "Column";
+  std::string columns = "Columns";
+  std::string to = "to";  ///< between the first and the last head of neighbouring columns
+  std::string alsoStop = "stop also at";
+  std::string minutes = "min";
+  std::string breathe = "breathe";
+  std::string at = "at";
+  std::string lowPPO2 = "PPO2 too low to breathe";
+  std::string unit = "m";
+};
+
+/// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
+/// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m".
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words);
+
+}  // namespace tav

@@ -1,0 +1,177 @@
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/commands.h"
+
+namespace tav {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Not;
+
+const fs::path kRoot = TAV_SOURCE_DIR;
+
+struct Output {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+Output Tavplan(const std::vector<std::string>& arguments) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = RunTavplan(arguments, {kRoot, kRoot / "build/no-user"}, out, err);
+  return {status, out.str(), err.str()};
+}
+
+std::vector<fs::path> Known() {
+  std::vector<fs::path> files;
+  for (const char* folder : {"bailout", "tables"}) {
+    for (const auto& entry : fs::directory_iterator(kRoot / "tests/data/vectors" / folder)) {
+      if (entry.path().extension() == ".args") files.push_back(entry.path());
+    }
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+std::string Name(const testing::TestParamInfo<fs::path>& info) {
+  std::string name = info.param.parent_path().filename().string() + "_" + info.param.stem().string();
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+/// Texts, flags and counts exact, depths and times to 0.001, places to 0.002 cm; what is not known may be more.
+void ExpectKnown(const json& computed, const json& known, const std::string& where) {
+  if (known.is_number()) {
+    const bool place = where.find("/place/") != std::string::npos;
+    ASSERT_NEAR(computed.get<double>(), known.get<double>(), place ? 0.002 : 0.001) << where;
+  } else if (known.is_structured()) {
+    if (known.is_array()) {
+      ASSERT_EQ(computed.size(), known.size()) << where;
+    }
+    for (const auto& [key, item] : known.items()) {
+      const json found = computed.is_array() ? computed.at(std::stoul(key)) : computed.value(key, json());
+      ASSERT_NO_FATAL_FAILURE(ExpectKnown(found, item, where + "/" + key));
+    }
+  } else {
+    ASSERT_EQ(computed, known) << where;
+  }
+}
+
+class KnownTables : public testing::TestWithParam<fs::path> {};
+
+TEST_P(KnownTables, AreComputedAsKnown) {
+  const bool bailout = GetParam().parent_path().filename() == "bailout";
+  fs::path file = GetParam();
+  std::vector<std::string> arguments =
+      bailout ? std::vector<std::string>{"bailout", file.replace_extension(".tav").string()}
+              : std::vector<std::string>{"tables", "--template", file.replace_extension(".tpl").string()};
+  std::ifstream switches(GetParam());
+  for (std::string word; switches >> word;) arguments.push_back(word);
+  arguments.emplace_back("--json");
+  const Output output = Tavplan(arguments);
+  ASSERT_EQ(output.status, ExitStatus::kFine) << output.err;
+  EXPECT_EQ(output.err, "");
+  const json known = json::parse(std::ifstream(file.replace_extension(".expected.json")));
+  ExpectKnown(json::parse(output.out), known, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(, KnownTables, testing::ValuesIn(Known()), Name);
+
+// --- The commands themselves.
+
+const std::string kTrimix = (kRoot / "dives/trimix-100.tav").string();
+const std::string kSeries = (kRoot / "dives/lake-series.tav").string();
+
+TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string line;
+  };
+  const auto tables = [](const std::string& depths, const std::string& times) {
+    return std::vector<std::string>{"tables", "--gas", "Air", "--depths=" + depths, "--times=" + times};
+  };
+  for (const Case& c : {
+           Case{tables("54:9:3", "5:45:5"), "--depths: the first depth is deeper"},
+           Case{tables("9:54:0", "5:45:5"), "--depths: the step"},
+           Case{tables("9:54:3", "45:5:5"), "--times: the first time is later"},
+           Case{tables("9:54:3", "5:45:-1"), "--times: the step"},
+           Case{tables("9:54:3", "-5:45:5"), "--times: the first time must"},
+           Case{tables("-9:54:3", "5:45:5"), "--depths: the first depth must"},
+           Case{tables("9:deep:3", "5:45:5"), "\"deep\" is not a number"},
+           Case{tables("9:54", "5:45:5"), "FROM:TO:STEP"},
+           Case{tables("9:54:3:1", "5:45:5"), "is not a number"},
+           Case{tables("1:1000:1", "1:1000:1"), "more than 10000 dives"},
+           Case{tables("9:54:3", "5:1e9:5"), "can't be planned"},
+           Case{{"tables", "--gas", "Helium", "--depths=9:9:1", "--times=5:5:5"}, "\"Helium\" is unknown"},
+           Case{{"tables", "--gas", "Air", "--depths=9:9:1"}, "--times"},
+           Case{{"tables", "--gas", "Air", "--depths=9:9:1", "--times=5:5:5", "--template", "none"}, "none"},
+           Case{{"bailout", kTrimix, "--interval=100"}, "outside 0 to 99"},
+           Case{{"bailout", kTrimix, "--interval=-1"}, "outside 0 to 99"},
+           Case{{"bailout", kTrimix, "--interval=often"}, "\"often\" is not a number"},
+           Case{{"bailout", kSeries, "--dive=3"}, "dives 1 to 2"},
+           Case{{"bailout", kSeries, "--dive=1.5"}, "dives 1 to 2"},
+           Case{{"bailout", "no-such.tav"}, "no-such.tav"},
+       }) {
+    const Output output = Tavplan(c.arguments);
+    EXPECT_EQ(output.status, ExitStatus::kUnusableInput) << c.line;
+    EXPECT_EQ(output.out, "") << c.line;
+    EXPECT_THAT(output.err, HasSubstr(c.line));
+    EXPECT_EQ(std::count(output.err.begin(), output.err.end(), '\n'), 1) << output.err;
+  }
+}
+
+TEST(TablesOfTavplan, TheLastDiveAndFiveMinutesAreMeantWhereNothingIsSaid) {
+  const json last = json::parse(Tavplan({"bailout", kSeries, "--json"}).out);
+  EXPECT_EQ(last, json::parse(Tavplan({"bailout", kSeries, "--json", "--dive", "2", "--interval", "5"}).out));
+  EXPECT_NE(last, json::parse(Tavplan({"bailout", kSeries, "--json", "--dive", "1"}).out));
+  EXPECT_EQ(json::parse(Tavplan({"bailout", kSeries, "--json", "--interval", "0"}).out)["interval"], 1.0);
+}
+
+TEST(TablesOfTavplan, ReadInATerminalOf100Columns) {
+  const Output output = Tavplan({"bailout", kTrimix, "--interval", "2"});
+  EXPECT_EQ(output.status, ExitStatus::kFine);
+  std::istringstream lines(output.out);
+  std::size_t widest = 0;
+  for (std::string line; std::getline(lines, line);) widest = std::max(widest, line.size());
+  EXPECT_LE(widest, 100U);
+  EXPECT_GT(widest, 80U);
+  EXPECT_THAT(output.out, HasSubstr("\nEAN50 lost\n"));
+  EXPECT_THAT(output.out, HasSubstr(": breathe 21/35 at "));
+  EXPECT_THAT(output.out, HasSubstr("\nWith all gases\n"));
+
+  EXPECT_EQ(Tavplan({"tables", "--gas", "EAN32", "--depths", "30:33:3", "--times", "20:40:10"}).out,
+            R"(Deco tables on EAN32
+Columns are bottom times in minutes, cells minutes of stop; the time of the descent is left out.
+
+30 m
+  Mix      Depth    20    30    40
+  32/0        30
+  50/0        21
+  50/0        12                 1
+  50/0         9     1     1     1
+  100/0        6     1     1     1
+  100/0        3     1     1     2
+  Run time          27    37    49
+
+33 m
+  Mix      Depth    20    30    40
+  32/0        33
+  50/0        21
+  50/0        12           1     1
+  50/0         9     1     1     1
+  100/0        6     1     1     3
+  100/0        3     1     2     3
+  Run time          27    39    52
+)");
+}
+
+}  // namespace
+}  // namespace tav
