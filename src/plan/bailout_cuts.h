@@ -25,7 +25,7 @@ class BailoutCuts {
   /// The longest interval, minutes.
   static constexpr int kLongestInterval = 99;
   /// Cuts of one scenario, far beyond what a sheet of paper takes.
-  static constexpr int kMostCuts = 1000;
+  static constexpr int kMostCuts = 10000;
   /// Rows that the cuts of one scenario take from the plan together; they are kept until the scenario is printed.
   static constexpr std::size_t kMostRows = 500000;
 

@@ -118,15 +118,15 @@ TEST_F(Bailout, EachScenarioLacksOneEntryAndTheLastNone) {
 
 TEST_F(Bailout, SaysWhyThereCanBeNoRun) {
   EXPECT_THAT(BailoutCuts(plans_.forms, plans_.New().Tag(), 5).Fault(), HasSubstr("no legs"));
-  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 2000}}).Tag(), 1).Fault(), HasSubstr("1 min"));
-  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 2000}}).Tag(), 2).Fault(), IsEmpty());
+  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 1).Fault(), HasSubstr("1 min"));
+  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 2).Fault(), IsEmpty());
   frmWaypointEditor& window = Plan({{30, 10}});
   plans_.documents(window.Tag()).Template.StepSize = 0;
   window.ReEvaluateUserEnteredWaypoints();
   EXPECT_THAT(BailoutCuts(plans_.forms, window.Tag(), 5).Fault(), HasSubstr("distance between stops"));
-  // A thousand rows in each of a thousand cuts.
+  // A million rows in two thousand cuts.
   frmWaypointEditor& many = plans_.New();
-  for (int i = 0; i < 1000; ++i) many.SaveUserEnteredWaypoints(1, 10, 0, false);
+  for (int i = 0; i < 2000; ++i) many.SaveUserEnteredWaypoints(1, 10, 0, false);
   many.ReEvaluateUserEnteredWaypoints();
   EXPECT_THAT(BailoutCuts(plans_.forms, many.Tag(), 1).Fault(), HasSubstr("rows"));
 }
