@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <ostream>
 
-#include "model/number_text.h"
 #include "report/table_remarks.h"
 
 namespace tav {
@@ -124,10 +123,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
   } while (from < columns);
   RemarkWords words;
   words.unit = dives.diveTemplate.Metric ? "m" : "ft";
-  for (const std::string& remark : TableRemarks(table, words)) out_ << Wrapped("  ! " + remark, 4);
-  for (const TableDive& dive : dives.dives) {
-    if (!dive.decompresses) out_ << "  ! Column " << FormatFixed(dive.head, 0) << ": DOES NOT DECOMPRESS\n";
-  }
+  for (const std::string& remark : TableRemarks(table, words, false)) out_ << Wrapped("  ! " + remark, 4);
 }
 
 }  // namespace tav

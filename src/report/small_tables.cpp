@@ -36,6 +36,9 @@ class Builder {
     for (std::size_t dive = 1; dive < profiles_.dives.size(); ++dive) {
       const ClassProfile& profile = profiles_.dives[dive].profile;
       table_.totals.push_back(Whole(profile.GetRunTime(profile.GetLength())));
+      if (!profiles_.dives[dive].decompresses) {
+        table_.no_decompression.push_back({dive - 1, table_.cells[0][dive + 2], "", ""});
+      }
     }
     return std::move(table_);
   }
@@ -84,6 +87,7 @@ class Builder {
       if (found == -1 || told[static_cast<std::size_t>(found)] != &stop) continue;
       auto& row = table_.cells[static_cast<std::size_t>(found)];
       row[dive + 2] = Whole(stop.StopTime);
+      if (found == 1) Remark(table_.bottom, dive, stop, Whole(stop.StopTime));
       if (MixLabel(stop) != row[TableColumn::kMix]) Remark(table_.other_gas, dive, stop, MixLabel(stop));
     }
   }

@@ -37,7 +37,9 @@ struct SmallTable {
   std::vector<std::string> totals;    ///< run time of each dive
   std::vector<StopRemark> left_out;   ///< stops without a row, and such that a later one has replaced: minutes
   std::vector<StopRemark> other_gas;  ///< stops on another gas than the label of their row: mix label
+  std::vector<StopRemark> bottom;     ///< stops in row 1, which paper does not show: minutes
   std::vector<StopRemark> low_ppo2;   ///< stops at a PPO2 below `MinPPO2`, a gas that does not keep one awake: PPO2
+  std::vector<StopRemark> no_decompression;  ///< dives with a stop that never clears; its depth and gas are not told
 
   [[nodiscard]] int Dives() const { return static_cast<int>(totals.size()); }
   /// The last row in use.

@@ -13,13 +13,17 @@ struct Remark {
 
 class Remarks {
  public:
-  Remarks(const SmallTable& table, const RemarkWords& words) : table_(table), words_(words) {}
+  Remarks(const SmallTable& table, const RemarkWords& words, bool onPaper)
+      : table_(table), words_(words), onPaper_(onPaper) {}
 
   std::vector<std::string> Lines() {
     for (std::size_t dive = 0; dive < table_.totals.size(); ++dive) {
       Add(dive, AlsoStops(dive));
       Add(dive, OtherGases(dive));
       Add(dive, LowPPO2(dive));
+      for (const StopRemark& never : table_.no_decompression) {
+        if (never.dive == dive) Add(dive, words_.noDecompression);
+      }
     }
     std::vector<std::string> lines;
     for (const Remark& remark : remarks_) lines.push_back(ColumnsOf(remark) + ": " + remark.text);
@@ -42,8 +46,10 @@ class Remarks {
   }
 
   [[nodiscard]] std::string AlsoStops(std::size_t dive) const {
+    std::vector<StopRemark> stops = onPaper_ ? table_.bottom : std::vector<StopRemark>();
+    stops.insert(stops.end(), table_.left_out.begin(), table_.left_out.end());
     std::string text;
-    for (const StopRemark& stop : table_.left_out) {
+    for (const StopRemark& stop : stops) {
       if (stop.dive != dive) continue;
       text += text.empty() ? words_.alsoStop + " " : ", ";
       text += stop.depth + " " + words_.unit + " " + stop.what + " " + words_.minutes;
@@ -93,13 +99,14 @@ class Remarks {
 
   const SmallTable& table_;
   const RemarkWords& words_;
+  bool onPaper_;
   std::vector<Remark> remarks_;
 };
 
 }  // namespace
 
-std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words) {
-  return Remarks(table, words).Lines();
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper) {
+  return Remarks(table, words, onPaper).Lines();
 }
 
 }  // namespace tav

@@ -17,11 +17,13 @@ struct RemarkWords {
   std::string breathe = "breathe";
   std::string at = "at";
   std::string lowPPO2 = "PPO2 too low to breathe";
+  std::string noDecompression = "DOES NOT DECOMPRESS";
   std::string unit = "m";
 };
 
 /// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
-/// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m".
-std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words);
+/// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m". On paper row 1, the bottom, has no cells, and what stands
+/// in them is told, too.
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper);
 
 }  // namespace tav

@@ -104,7 +104,7 @@ TEST(SmallTables, WhatTheTableDropsOrLabelsWithAnotherGasIsTold) {
   EXPECT_EQ(table.cells[3], (std::vector<std::string>{"50/0", "9", "", "3", "5", "1"}));
   EXPECT_THAT(Told(table.left_out), ElementsAre("10 12 2", "20 9 4"));
   EXPECT_THAT(Told(table.other_gas), ElementsAre("10 9 21/0"));
-  EXPECT_THAT(TableRemarks(table, {}),
+  EXPECT_THAT(TableRemarks(table, {}, false),
               ElementsAre("Column 10: stop also at 12 m 2 min", "Column 10: breathe 21/0 at 9 m",
                           "Column 20: stop also at 9 m 4 min"));
 }
@@ -124,7 +124,7 @@ TEST(SmallTables, ColumnsWithOneRemarkShareALine) {
   table.low_ppo2.push_back({0, "5", "3", "0.10"});
   RemarkWords feet;
   feet.unit = "ft";
-  EXPECT_THAT(TableRemarks(table, feet),
+  EXPECT_THAT(TableRemarks(table, feet, true),
               ElementsAre("Columns 5, 10, 20 to 30: breathe 50/0 at 6 ft", "Column 5: PPO2 too low to breathe at 3 ft",
                           "Column 35: breathe 21/0 at 9 ft; breathe 50/0 at 6 ft"));
 }

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "plan/table_dives.h"
+
+namespace tav {
+
+/// A line of a card: a depth that the diver comes to.
+struct CardRow {
+  std::string depth;
+  std::string stop;     ///< minutes; empty where the diver does not wait
+  std::string runTime;  ///< minutes since the start of the dive, at the end of the stop or on arrival
+  std::string gas;
+  bool gasChanges = false;
+  bool lowPPO2 = false;  ///< the gas is below `MinPPO2` here
+};
+
+/// One gas of an ascent.
+struct CardGas {
+  std::string mix;
+  std::string volume;  ///< litres, or cubic feet with a decimal
+};
+
+/// The whole ascent from one moment of a plan.
+struct AscentCard {
+  std::string moment;  ///< minute of the dive
+  std::string depth;   ///< where it begins
+  bool decompresses = true;
+  std::vector<CardRow> rows;
+  std::vector<CardGas> needed;  ///< in the order in which they are breathed
+};
+
+/// The cards of a scenario, one for each cut under water.
+///
+/// The replay of a cut within the ascent of the plan counts the short first minute of each earlier stop whole and so
+/// runs late; a card counts from its own moment.
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts);
+
+}  // namespace tav

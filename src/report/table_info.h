@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "model/dive_template.h"
+#include "report/print_preview.h"
+
+namespace tav {
+
+/// What stands in the column left of the tables.
+struct TableInfo {
+  DiveTemplate diveTemplate;  ///< what the tables were computed on
+  bool bailout = false;
+  std::string caption;  ///< of a bail-out: the window's caption; what follows the first " [" is left out
+};
+
+/// Prints the information column of a page of small tables: title, logo, plan, printed by whom and when, limits, rates.
+void PrintTableInfo(PrintPreview& writer, const TableInfo& info);
+
+}  // namespace tav

@@ -1,0 +1,220 @@
+#include "report/table_print.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "report/page_units.h"
+#include "report/table_remarks.h"
+#include "report/wrapped_text.h"
+
+namespace tav {
+namespace {
+
+constexpr int kAllGases = 7311;
+constexpr int kLost = 7310;
+constexpr int kWhole = 7312;
+constexpr int kNumber = 7323;
+constexpr int kMetres = 6027;
+constexpr int kFeet = 6029;
+
+// cm
+constexpr double kSheetRight = 29.4;  // what printers reach of a page of 29.7 by 21.0
+constexpr double kSheetBottom = 20.7;
+constexpr double kLineHeight = 0.27;
+constexpr int kRemarkSize = 6;
+const std::string kArial = "Arial";
+
+/// Where the remarks of a table may stand.
+struct Room {
+  double left;
+  double width;
+  double bottom;
+};
+
+Room RoomOf(const SmallTable& table, const TablePlace& place) {
+  using Slots = TableSlots;
+  const double lowerRow = Slots::kTop + Slots::kCellHeight;
+  const bool upper = place.y < lowerRow;
+  const double bottom = upper ? lowerRow - 0.1 : lowerRow + Slots::kCellHeight + 0.4;
+  if (table.Width() > Slots::kColumns * Slots::kCellWidth) return {0.5, 28.5, bottom};
+  if (table.Width() > 2 * Slots::kCellWidth) return {Slots::kLeft + 0.3, 21.6, bottom};
+  // A tall table has the cell below, too.
+  const bool both = upper && table.Height() + 2.0 > Slots::kCellHeight;
+  const int column = static_cast<int>((place.x - Slots::kLeft) / Slots::kCellWidth);
+  const double left = Slots::kLeft + column * Slots::kCellWidth + 0.25;
+  const double width =
+      table.Width() > Slots::kCellWidth && !both ? 2 * Slots::kCellWidth - 0.5 : Slots::kCellWidth - 0.5;
+  return {left, width, both ? lowerRow + Slots::kCellHeight + 0.4 : bottom};
+}
+
+/// Columns and rows of a table, the heads included.
+SmallTable Part(const SmallTable& table, std::size_t firstDive, std::size_t endDive, std::size_t firstRow,
+                std::size_t endRow) {
+  SmallTable part;
+  const auto slice = [&](const std::vector<std::string>& row) {
+    std::vector<std::string> cells(row.begin(), row.begin() + TableColumn::kFirstDive);
+    const auto dives = row.begin() + TableColumn::kFirstDive;
+    cells.insert(cells.end(), dives + static_cast<std::ptrdiff_t>(firstDive),
+                 dives + static_cast<std::ptrdiff_t>(endDive));
+    return cells;
+  };
+  part.cells.push_back(slice(table.cells[0]));
+  for (std::size_t row = firstRow; row < endRow; ++row) part.cells.push_back(slice(table.cells[row]));
+  part.totals.assign(table.totals.begin() + static_cast<std::ptrdiff_t>(firstDive),
+                     table.totals.begin() + static_cast<std::ptrdiff_t>(endDive));
+  return part;
+}
+
+}  // namespace
+
+TablePrintModule::TablePrintModule(PrintPreview& writer, std::string caption, BailoutParts parts)
+    : writer_(writer), caption_(std::move(caption)), parts_(parts), pages_(writer) {}
+
+void TablePrintModule::PrintTableSet(const TableDives& profiles) {
+  if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
+  if (profiles.bailout && parts_.cards) {
+    const std::string title = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
+    cards_.push_back({title, MakeAscentCards(profiles), {profiles.diveTemplate, true, caption_}});
+  }
+}
+
+void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
+  constexpr int kDepthHead = 1702;
+  Printed printed;
+  const DiveTemplate& settings = profiles.diveTemplate;
+  if (profiles.bailout) {
+    printed.name = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
+  } else {
+    printed.name = FormatPlain(profiles.dives.back().depth) + " " + T(settings.Metric ? kMetres : kFeet);
+  }
+  printed.title = TableTitle(profiles, writer_.Texts());
+  printed.table = MakeSmallTable(profiles, T(kDepthHead));
+  printed.info = {settings, profiles.bailout, caption_};
+  const int pageBefore = pages_.Page();
+  printed.place = pages_.PlaceTable(printed.table.Width(), printed.table.Height(), printed.info);
+  if (pages_.Page() != pageBefore) onPage_.clear();
+  DrawTable(writer_, printed.table, printed.place, printed.title);
+  if (profiles.bailout) {
+    writer_.PrintTextLeft(printed.place.x + 0.1, printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
+  }
+
+  const TableFrame frame(printed.table, printed.place);
+  printed.right = frame.Right();
+  printed.bottom = frame.End();
+  const bool leavesSheet = printed.right > kSheetRight || printed.bottom > kSheetBottom;
+  if (!PrintRemarks(printed) || leavesSheet) PrintAgain(printed);
+  for (Printed& other : onPage_) {
+    const bool apart = printed.place.x >= other.right || other.place.x >= printed.right ||
+                       printed.place.y >= other.bottom || other.place.y >= printed.bottom;
+    if (apart) continue;
+    PrintAgain(other);
+    PrintAgain(printed);
+  }
+  onPage_.push_back(std::move(printed));
+}
+
+std::vector<std::string> TablePrintModule::Remarks(const Printed& printed, bool onPaper) const {
+  RemarkWords words;
+  words.column = T(7302);
+  words.columns = T(7303);
+  words.to = T(7304);
+  words.alsoStop = T(7305);
+  words.minutes = T(7306);
+  words.breathe = T(7307);
+  words.at = T(7308);
+  words.lowPPO2 = T(7309);
+  words.noDecompression = T(7322);
+  words.unit = T(printed.info.diveTemplate.Metric ? kMetres : kFeet);
+  return TableRemarks(printed.table, words, onPaper);
+}
+
+bool TablePrintModule::PrintRemarks(Printed& printed) {
+  const Room room = RoomOf(printed.table, printed.place);
+  const TextFont font{kArial, kRemarkSize, true};
+  double y = printed.bottom + 0.06;
+  bool whole = true;
+  writer_.SetForeColor(kRed);
+  for (const std::string& remark : Remarks(printed, true)) {
+    for (const std::string& line : WrappedText(remark, room.width, font, writer_.Services().measure)) {
+      whole = whole && y + kLineHeight <= room.bottom;
+      if (!whole) continue;
+      writer_.PrintTextLeft(room.left, y, line, kArial, kRemarkSize, 1);
+      y += kLineHeight;
+      printed.bottom = y;
+      printed.right = std::max(printed.right, room.left + room.width);
+    }
+  }
+  writer_.SetForeColor(kBlack);
+  return whole;
+}
+
+void TablePrintModule::PrintAgain(Printed& printed) {
+  if (printed.number != 0) return;
+  printed.number = ++numbers_;
+  double x = printed.place.x + 0.1;
+  if (printed.info.bailout) {
+    x += writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
+  }
+  writer_.SetForeColor(kRed);
+  writer_.PrintTextLeft(x, printed.place.y - 0.28, T(kWhole) + " " + std::to_string(printed.number), kArial,
+                        kRemarkSize, 1);
+  writer_.SetForeColor(kBlack);
+  again_.push_back(printed);
+}
+
+void TablePrintModule::PrintWhole(const Printed& printed) {
+  constexpr std::size_t kColumns = 36;
+  constexpr std::size_t kRows = 30;
+  constexpr TablePlace kPlace{0, 6.3, 1.9};
+  constexpr double kNoteHeight = 0.4;
+  constexpr int kNoteSize = 8;
+  const auto startPage = [&] {
+    pages_.StartWholePage(printed.info);
+    writer_.PrintTextLeft(kPlace.x, 1.0, T(kNumber) + " " + std::to_string(printed.number) + ": " + printed.name,
+                          kArial, 12, 1);
+  };
+  const std::size_t dives = printed.table.totals.size();
+  const std::size_t rows = printed.table.cells.size();
+  double y = kPlace.y;
+  std::size_t dive = 0;
+  do {
+    const std::size_t endDive = std::min(dive + kColumns, dives);
+    for (std::size_t row = 1; row < rows; row += kRows) {
+      startPage();
+      const SmallTable part = Part(printed.table, dive, endDive, row, std::min(row + kRows, rows));
+      DrawTable(writer_, part, kPlace, printed.title, 1);
+      y = TableFrame(part, kPlace).End() + 0.2;
+    }
+    dive = endDive;
+  } while (dive < dives);
+  const TextFont font{kArial, kNoteSize, true};
+  for (const std::string& remark : Remarks(printed, false)) {
+    for (const std::string& line : WrappedText(remark, 21.5, font, writer_.Services().measure)) {
+      if (y + kNoteHeight > kSheetBottom) {
+        startPage();
+        y = kPlace.y;
+      }
+      writer_.SetForeColor(kRed);
+      writer_.PrintTextLeft(kPlace.x, y, line, kArial, kNoteSize, 1);
+      writer_.SetForeColor(kBlack);
+      y += kNoteHeight;
+    }
+  }
+}
+
+void TablePrintModule::EndTableOutput(const std::function<bool()>& proceed) {
+  const auto ended = [&] { return proceed && !proceed(); };
+  for (const Printed& printed : again_) {
+    PrintWhole(printed);
+    if (ended()) return;
+  }
+  for (const CardSet& set : cards_) {
+    for (const AscentCard& card : set.cards) {
+      PrintCard(writer_, pages_, set, card);
+      if (ended()) return;
+    }
+  }
+  pages_.EndTableOutput();
+}
+
+}  // namespace tav
