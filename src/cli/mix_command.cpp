@@ -41,7 +41,7 @@ Fill ParseFill(const std::string& option, const std::string& text, bool metric) 
   const double o2 = number(text.substr(0, slash), "oxygen", 100);
   const double he = number(text.substr(slash + 1, at - slash - 1), "helium", 100);
   if (o2 + he > 100) throw MixError(place + "oxygen and helium together are more than 100 %");
-  return {{o2, he, 100 - o2 - he}, number(text.substr(at + 1), "pressure", HighestFill(metric))};
+  return {MixOf(o2, he), number(text.substr(at + 1), "pressure", HighestFill(metric))};
 }
 
 FillRequest ParseRequest(const MixOptions& options) {
@@ -122,6 +122,7 @@ void PrintMix(const MixOptions& options, const FillRequest& request, const TextS
   PrintSentence(words.Hindrance(request, list), "! ", out);
   PrintSentence(words.Misses(request, list), "! ", out);
   PrintSentence(words.Outcome(list), "", out);
+  PrintSentence(words.IfIdeal(list), "", out);
   PrintSentence(words.AboutPressures(), "", out);
 }
 

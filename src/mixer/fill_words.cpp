@@ -55,35 +55,39 @@ std::string FillWords::T(int id, const std::vector<std::string>& arguments) cons
   return text;
 }
 
-std::string FillWords::Number(Single value, int decimals) const {
-  const std::string text = FormatFixed(value, decimals);
-  return decimal_.empty() ? text : ReplaceAll(text, ".", decimal_);
+std::string FillWords::Written(const std::string& number) const {
+  return decimal_.empty() ? number : ReplaceAll(number, ".", decimal_);
 }
+
+std::string FillWords::Number(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
 
 std::string FillWords::Unit() const { return T(metric_ ? kBar : kPsi); }
 
+std::vector<std::string> FillWords::Heads(bool amount) const {
+  std::vector<std::string> heads{T(kGas), T(kFillTo, {Unit()}), T(kIdealFillTo, {Unit()})};
+  if (amount) heads.push_back(T(kAmount, {T(metric_ ? kLitres : kCubicFeet)}));
+  return heads;
+}
+
 std::vector<std::vector<std::string>> FillWords::Rows(const FillRequest& request, const GaugeList& list,
                                                       const std::optional<CylinderSize>& cylinder) const {
-  const std::string start = ReplaceAll(FormatPlain(request.currentFill), ".", decimal_.empty() ? "." : decimal_);
-  std::vector<std::vector<std::string>> rows{{T(kGas), T(kFillTo, {Unit()}), T(kIdealFillTo, {Unit()})},
-                                             {T(kStart), start, start}};
+  const std::string start = Written(FormatPlain(request.currentFill));
+  std::vector<std::vector<std::string>> rows{Heads(cylinder.has_value()), {T(kStart), start, start}};
+  rows.back().resize(rows.front().size());
   const auto ideal = IdealSteps(request, GaugeMark(metric_));
-  const auto stepOf = [](const std::vector<FillStep>& steps, FillGas gas) {
-    return std::ranges::find(steps, gas, &FillStep::gas);
+  const auto stepOf = [](const std::vector<FillStep>& steps, FillGas gas) -> const FillStep* {
+    const auto found = std::ranges::find(steps, gas, &FillStep::gas);
+    return found == steps.end() ? nullptr : &*found;
   };
+  const auto to = [this](const FillStep* step) { return step == nullptr ? "-" : Number(step->to, 0); };
   for (const FillGas gas : kFillOrder) {
-    const auto real = stepOf(list.steps, gas);
-    const auto other = stepOf(ideal, gas);
-    if (real == list.steps.end() && other == ideal.end()) continue;
-    rows.push_back({NameOf(gas, texts_), real == list.steps.end() ? "-" : Number(real->to, 0),
-                    other == ideal.end() ? "-" : Number(other->to, 0)});
+    const FillStep* real = stepOf(list.steps, gas);
+    const FillStep* other = stepOf(ideal, gas);
+    if (real == nullptr && other == nullptr) continue;
+    rows.push_back({NameOf(gas, texts_), to(real), to(other)});
     if (!cylinder) continue;
-    const double amount = real == list.steps.end() ? 0 : real->added * cylinder->FreeGasPerBar(metric_);
+    const double amount = real == nullptr ? 0 : real->added * cylinder->FreeGasPerBar(metric_);
     rows.back().push_back(Number(amount, metric_ ? 0 : 1));
-  }
-  if (cylinder) {
-    rows[0].push_back(T(kAmount, {T(metric_ ? kLitres : kCubicFeet)}));
-    rows[1].emplace_back();
   }
   return rows;
 }
@@ -111,10 +115,13 @@ std::string FillWords::Depth(Single percentO2, double ppo2) const {
 
 std::string FillWords::Outcome(const GaugeList& list) const {
   if (list.steps.empty()) return "";
-  const auto percent = [this](Single value) { return Number(value, 1); };
-  return T(kOutcome, {percent(list.comesOut.O2), percent(list.comesOut.He), Depth(list.comesOut.O2, 1.4),
-                      Depth(list.comesOut.O2, 1.6), Number(1.4, 1), Number(1.6, 1)}) +
-         " " + T(kIfIdeal, {percent(list.ifIdeal.O2), percent(list.ifIdeal.He)});
+  return T(kOutcome, {Number(list.comesOut.O2, 1), Number(list.comesOut.He, 1), Depth(list.comesOut.O2, 1.4),
+                      Depth(list.comesOut.O2, 1.6), Number(1.4, 1), Number(1.6, 1)});
+}
+
+std::string FillWords::IfIdeal(const GaugeList& list) const {
+  if (list.steps.empty()) return "";
+  return T(kIfIdeal, {Number(list.ifIdeal.O2, 1), Number(list.ifIdeal.He, 1)});
 }
 
 std::string FillWords::Misses(const FillRequest& request, const GaugeList& list) const {

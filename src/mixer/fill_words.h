@@ -29,14 +29,17 @@ class FillWords {
   FillWords(const TextSource& texts, const LocaleSeparators& separators, bool metric)
       : texts_(texts), decimal_(separators.decimal), metric_(metric) {}
 
-  /// The list as rows of a table, the heads first: gas, pressure to fill to, the same for ideal gases, amount. The last
-  /// column is left out without a cylinder size.
+  /// The heads of the list: gas, pressure to fill to, the same for ideal gases, and the amount when asked for.
+  [[nodiscard]] std::vector<std::string> Heads(bool amount) const;
+  /// The list as rows of a table, the heads first. Amounts are told with a cylinder size alone.
   [[nodiscard]] std::vector<std::vector<std::string>> Rows(const FillRequest& request, const GaugeList& list,
                                                            const std::optional<CylinderSize>& cylinder) const;
   /// What keeps the fill from being possible and what helps; that there is nothing to fill; else empty.
   [[nodiscard]] std::string Hindrance(const FillRequest& request, const GaugeList& list) const;
-  /// The mix that the list gives, with its MOD, and how far a real fill may be off; empty for an empty list.
+  /// The mix that the list gives, with its MOD; empty for an empty list.
   [[nodiscard]] std::string Outcome(const GaugeList& list) const;
+  /// What it would give if the gases were ideal: so far may a real fill be off; empty for an empty list.
+  [[nodiscard]] std::string IfIdeal(const GaugeList& list) const;
   /// What misses the wanted mix; empty when nothing does.
   [[nodiscard]] std::string Misses(const FillRequest& request, const GaugeList& list) const;
   /// That pressures are absolute, and what a gauge reads.
@@ -48,6 +51,7 @@ class FillWords {
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
   /// The text of an ID with "%1", "%2", ... replaced.
   [[nodiscard]] std::string T(int id, const std::vector<std::string>& arguments) const;
+  [[nodiscard]] std::string Written(const std::string& number) const;
   [[nodiscard]] std::string Number(Single value, int decimals) const;
   [[nodiscard]] std::string Depth(Single percentO2, double ppo2) const;
 

@@ -82,6 +82,11 @@ void VanDerWaalsFill(const FillRequest& request, double currentBar, double desir
 
 }  // namespace
 
+MixShares MixOf(Single o2, Single he) {
+  constexpr double kFinest = 1e4;
+  return {o2, he, std::round((100 - o2 - he) * kFinest) / kFinest};
+}
+
 Single MixCoefficientA(Single o2, Single n2, Single he) {
   return Reciprocal(o2, n2, he, kAOxygen, kANitrogen, kAHelium);
 }
@@ -148,13 +153,10 @@ PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText,
     return reset ? Single(0) : Single(*value);
   };
   PercentageFields fields;
-  fields.mix.O2 = percentage(o2Text, fields.o2Reset);
-  fields.mix.He = percentage(heText, fields.heReset);
-  fields.mix.N2 = 100 - fields.mix.O2 - fields.mix.He;
+  const Single o2 = percentage(o2Text, fields.o2Reset);
+  fields.mix = MixOf(o2, percentage(heText, fields.heReset));
   fields.over100 = fields.mix.N2 < 0;
   return fields;
 }
-
-Single FillOrZero(Single value) { return std::max<double>(value, 0.0); }
 
 }  // namespace tav

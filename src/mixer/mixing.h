@@ -25,6 +25,9 @@ struct MixShares {
   Single N2;
 };
 
+/// Percentages with nitrogen as the rest, free of what rounding to 32 bits leaves: 33.3 and 66.7 leave 0.
+MixShares MixOf(Single o2, Single he);
+
 /// Molar densities, mol per litre of cylinder.
 struct MolesAdded {
   Single O2;
@@ -86,8 +89,5 @@ struct PercentageFields {
   bool over100 = false;  ///< nitrogen came out below 0: a message
 };
 PercentageFields UpdateMix(const std::string& o2Text, const std::string& heText, const LocaleSeparators& separators);
-
-/// The rule of a pressure field: a negative value becomes 0.
-Single FillOrZero(Single value);
 
 }  // namespace tav

@@ -1,0 +1,139 @@
+#include "mixer/mix_report.h"
+
+#include <utility>
+#include <vector>
+
+namespace tav {
+namespace {
+
+const std::string kArial = "Arial";
+constexpr int kTitleSize = 18;
+constexpr int kTextSize = 10;
+constexpr double kRow = 0.5;  // cm
+
+/// Writes the sheet; lengths in cm.
+class Sheet {
+ public:
+  Sheet(const MixReport& report, PrintPreview& writer)
+      : report_(report),
+        writer_(writer),
+        words_(writer.Texts(), writer.Services().separators, report.request.metric),
+        list_(GaugeListOf(report.request, GaugeMark(report.request.metric))) {}
+
+  void Write() {
+    const FillRequest& request = report_.request;
+    Cylinder(2.0, T(6304), request.currentFill, request.current);
+    Cylinder(15.0, T(6305), request.desiredFill, request.desired);
+    ToAdd();
+    List();
+    Sentences();
+    Analysis();
+  }
+
+ private:
+  [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
+  [[nodiscard]] std::string Number(Single value) const {
+    return ReplaceAll(FormatFixed(value, 1), ".", writer_.Services().separators.decimal);
+  }
+  [[nodiscard]] std::string Pressure(Single value) const { return Number(value) + " " + words_.Unit(); }
+  void Text(double x, double y, const std::string& text, int size = kTextSize, int bold = 0) {
+    writer_.PrintTextLeft(x, y, text, kArial, size, bold);
+  }
+
+  void Block(double x, double y, const std::string& title, double top, double bottom,
+             const std::vector<std::pair<std::string, std::string>>& rows) {
+    constexpr double kWidth = 5.0;
+    constexpr double kLabel = 0.5;
+    constexpr double kValue = 2.5;
+    Text(x, y, title, kTitleSize);
+    writer_.PrintBoxOutline(x, top, x + kWidth, bottom);
+    double row = top;
+    for (const auto& [label, value] : rows) {
+      Text(x + kLabel, row, label);
+      Text(x + kValue, row, value);
+      row += kRow;
+    }
+  }
+
+  void Cylinder(double x, const std::string& title, Single fill, const MixShares& mix) {
+    Block(x, 5.0, title, 6.0, 8.0,
+          {{T(3043), Pressure(fill)},
+           {T(6402), Number(mix.O2) + "%"},
+           {T(6404), Number(mix.He) + "%"},
+           {T(6403), Number(mix.N2) + "%"}});
+  }
+
+  void ToAdd() {
+    const auto shown = [this](Single percentBar) {
+      return Pressure(percentBar / 100 * (report_.request.metric ? 1.0 : kPsiPerBar));
+    };
+    const FillResult& result = report_.result;
+    Block(2.0, 12.0, T(6401), 13.5, 15.0,
+          {{T(6402), shown(result.AirO2)}, {T(6404), shown(result.Heneed)}, {T(6405), shown(result.Air)}});
+  }
+
+  void List() {
+    constexpr double kLeft = 9.0;
+    constexpr double kRight = 28.0;
+    constexpr double kColumns[] = {14.0, 18.5, 23.0};  // right edges
+    constexpr double kTop = 10.0;
+    Text(kLeft, 9.0, T(7400), kTitleSize);
+    double y = kTop;
+    for (const auto& row : words_.Rows(report_.request, list_, report_.cylinder)) {
+      const int bold = y == kTop ? 1 : 0;
+      Text(kLeft, y, row.front(), kTextSize, bold);
+      for (std::size_t i = 1; i < row.size(); ++i) {
+        writer_.PrintTextRight(kColumns[i - 1], y, row[i], kArial, kTextSize, bold);
+      }
+      y += kRow;
+      if (bold != 0) writer_.PrintBoxOutline(kLeft, y - 0.05, kRight, y - 0.05);
+    }
+  }
+
+  void Sentences() {
+    constexpr double kLeft = 9.0;
+    double y = 12.9;
+    for (const std::string& sentence : {words_.Hindrance(report_.request, list_), words_.Misses(report_.request, list_),
+                                        words_.Outcome(list_), words_.IfIdeal(list_), words_.AboutPressures()}) {
+      if (sentence.empty()) continue;
+      constexpr int kSmall = 9;
+      Text(kLeft, y, sentence, kSmall);
+      y += 0.45;
+    }
+  }
+
+  void Analysis() {
+    constexpr double kTop = 16.2;
+    constexpr double kRule = 16.6;
+    Text(2.0, kTop, T(7440), kTextSize, 1);
+    const struct {
+      int label;
+      double x;
+      double from;
+      double to;
+    } blanks[] = {{7441, 5.0, 6.2, 8.5}, {7442, 9.0, 10.2, 12.5}, {7443, 13.0, 14.5, 18.5}, {7444, 19.0, 20.6, 28.0}};
+    for (const auto& blank : blanks) {
+      Text(blank.x, kTop, T(blank.label));
+      writer_.PrintBoxOutline(blank.from, kRule, blank.to, kRule);
+    }
+  }
+
+  const MixReport& report_;
+  PrintPreview& writer_;
+  FillWords words_;
+  GaugeList list_;
+};
+
+}  // namespace
+
+void PrintMixReport(const MixReport& report, PrintPreview& writer) {
+  const auto text = [&writer](int id) { return writer.Texts().GetResString(id); };
+  const Environment& environment = writer.Services().environment;
+  writer.InitPreview();
+  writer.PrintHeader(text(6318), text(6319), text(6320) + environment.Today());
+  Sheet(report, writer).Write();
+  writer.PrintFooter(text(6085) + environment.UserName(), text(6086), text(6087), text(6000) + "1");
+  writer.EndReport(text(1036));
+}
+
+}  // namespace tav
