@@ -9,8 +9,12 @@
 namespace tav {
 
 DialogServices frmMain::Dialogs() {
-  return {services_.forms, services_.platform, services_.texts, services_.switches.VeryHighGF,
-          [this] { ApplyToProfile(); }};
+  return {services_.forms,
+          services_.platform,
+          services_.texts,
+          services_.switches.VeryHighGF,
+          [this] { ApplyToProfile(); },
+          [this](Single o2, Single he) { ShowMixer().setmix(o2, he); }};
 }
 
 void frmMain::ShowConservatism_Click() {
@@ -24,6 +28,19 @@ void frmMain::ShowMultiLevel() { services_.platform.windows.Show(std::make_share
 void frmMain::EditTemplateOfActive() {
   EditTemplate(Dialogs());
   SyncCommands();
+}
+
+frmPartialMix& frmMain::ShowMixer() {
+  auto mixer = mixer_.lock();
+  if (mixer && mixer->IsLoaded()) {
+    mixer->BringToFront();
+    return *mixer;
+  }
+  const std::int16_t document = Active().value_or(DocumentStore::DefaultDocument);
+  mixer = std::make_shared<frmPartialMix>(services_.report, Document(document).Template);
+  mixer_ = mixer;
+  services_.platform.windows.Show(mixer);
+  return *mixer;
 }
 
 void frmMain::AddWaypoint() {

@@ -203,6 +203,7 @@ void frmMain::WireWindowCommands() {
   mnuSaveProfile.Click = Tool(3).Click = [this] { SaveProfileCommand(false); };
   mnuSaveProfileAs.Click = [this] { SaveProfileCommand(true); };
   mnuExit.Click = [this] { Form::Unload(true); };
+  mnuMixer.Click = Tool(18).Click = [this] { ShowMixer(); };
   mnuLanguages.Click = [this] {
     services_.platform.windows.Show(std::make_shared<frmLanguages>(
         services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/main_services.h"
+#include "mixer/partial_mix_form.h"
 #include "platform/form.h"
 #include "report/model_marks.h"
 
@@ -104,6 +105,8 @@ class frmMain : public Form {
   void ShowConservatism_Click();
   void ShowMultiLevel();
   void EditTemplateOfActive();
+  /// Opens the gas mixer, or brings it to the front.
+  frmPartialMix& ShowMixer();
   void StartAscent();
   void AddWaypoint();
   /// The dialog for a waypoint of the active plan, with depth (depth units) and time (minutes) set; then the plan
@@ -176,6 +179,7 @@ class frmMain : public Form {
   std::vector<ToolButton*> toolBar_;
   std::vector<std::unique_ptr<MenuItem>> recentItems_;
   std::filesystem::path lastFolder_;
+  std::weak_ptr<frmPartialMix> mixer_;
 };
 
 }  // namespace tav

@@ -131,7 +131,7 @@ void frmMain::BuildMenu() {
   mnuVPM.Visible = mnuVPM.Enabled = services_.switches.SwitchVPM;
   mnuHybrid.Visible = mnuHybrid.Enabled = services_.switches.SwitchHybrid;
   // Their windows do not exist.
-  for (MenuItem* item : {&mnuBailoutReport, &mnuGenerateTables, &mnuMixer}) {
+  for (MenuItem* item : {&mnuBailoutReport, &mnuGenerateTables}) {
     item->Enabled = false;
   }
 }
@@ -148,7 +148,7 @@ void frmMain::BuildToolBar() {
     button.ToolTipText = row.toolTip;
     toolBar_.push_back(&button);
   }
-  for (const std::size_t position : {14U, 15U, 18U}) Tool(position).Enabled = false;
+  for (const std::size_t position : {14U, 15U}) Tool(position).Enabled = false;
 }
 
 std::vector<MenuEntry> frmMain::Menu() const {

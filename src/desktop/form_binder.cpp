@@ -69,6 +69,14 @@ class FormDialog : public QDialog {
  public:
   FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(&form) {
     form.Changed = [this] { ShowForm(); };
+    form.FrontWanted = [this] {
+      QWidget* modal = QApplication::activeModalWidget();
+      // Only what belongs to the modal window can be used while that is open.
+      if (modal != nullptr && modal != this && !modal->isAncestorOf(this)) setParent(modal, windowFlags());
+      show();
+      raise();
+      activateWindow();
+    };
     form.CloseWanted = [this] {
       form_ = nullptr;
       hide();

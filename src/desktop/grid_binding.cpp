@@ -196,10 +196,7 @@ void BindGrid(Grid& grid, QTableWidget& table) {
   table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   table.setContextMenuPolicy(Qt::CustomContextMenu);
   QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int column, int, int) {
-    if (row >= 0) {
-      grid.SelectedRow = row + 1;
-      grid.SelectedColumn = column;
-    }
+    if (row >= 0) grid.Select(row + 1, column);
   });
   QObject::connect(&table, &QTableWidget::cellClicked, [&grid](int row, int column) { grid.Select(row + 1, column); });
   QObject::connect(&table, &QTableWidget::customContextMenuRequested, [&grid, &table](const QPoint& at) {

@@ -139,8 +139,15 @@ void QtWindows::ShowModal(Form& form) {
     KeepPlace(form, *dialog);
   }
   form.Unload(true);
+  // Windows that were opened beside it stay.
+  for (auto* beside : dialog->findChildren<QDialog*>(Qt::FindDirectChildrenOnly)) {
+    const bool shown = beside->isVisible();
+    beside->setParent(parent, beside->windowFlags());
+    beside->setVisible(shown);
+  }
   form.Changed = nullptr;
   form.CloseWanted = nullptr;
+  form.FrontWanted = nullptr;
 }
 
 void QtWindows::Show(const std::shared_ptr<Form>& form) {
@@ -154,14 +161,13 @@ void QtWindows::Show(const std::shared_ptr<Form>& form) {
   QObject::connect(dialog, &QObject::destroyed, [form] {
     form->Changed = nullptr;
     form->CloseWanted = nullptr;
+    form->FrontWanted = nullptr;
   });
   form->Load();
   if (form->IsLoaded()) {
     RestorePlace(*form, *dialog);
     QObject::connect(dialog, &QDialog::finished, [this, form, dialog] { KeepPlace(*form, *dialog); });
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
+    form->BringToFront();
   } else {
     dialog->deleteLater();
   }

@@ -16,6 +16,8 @@ struct DialogServices {
   const TextSource& texts;
   bool veryHighGF = false;               ///< gradient factors up to 1.2 are accepted
   std::function<void()> applyToProfile;  ///< the main window's ApplyToProfile
+  /// Opens the gas mixer with a desired mix, in percent.
+  std::function<void(Single o2, Single he)> openMixer = {};
 
   [[nodiscard]] DocumentStore& Documents() const { return forms.Services().documents; }
   /// The document of the active window.

@@ -50,6 +50,7 @@ class frmProperties : public DialogForm {
   Frame Frame4{*this, "Frame4"};
   Grid FgGas{*this, "FgGas"};
   Button cbCustomBlend{*this, "cbCustomBlend"};
+  Button Command1{*this, "Command1"};  ///< the mixer, for the gas that was chosen last
   // Altitude.
   Frame Frame1{*this, "Frame1"};
   Frame Frame12{*this, "Frame12"};
@@ -181,6 +182,7 @@ class frmProperties : public DialogForm {
   /// Why a row, or the first row of all tables that has a fault, can't be stored; empty when all can.
   [[nodiscard]] std::string CellFault(const Grid& grid, int row) const;
   [[nodiscard]] std::string GridFault() const;
+  void FgGas_MouseDown();
   void OpenRowMenu(Grid& grid);
   void AddRow_Click();
   void DelRow_Click();
@@ -202,6 +204,8 @@ class frmProperties : public DialogForm {
 
   bool cancelled_ = true;
   std::int16_t documentIndex_ = 0;
+  double MixerO2_ = 0;
+  double MixerHe_ = 0;
   bool unitsAreMetric_ = true;
   std::vector<DecoDepth> decoGasSettings_;
   Grid* menuGrid_ = nullptr;

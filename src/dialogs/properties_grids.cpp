@@ -54,8 +54,10 @@ void frmProperties::WireGrids() {
     FgGas.SetText(row, kNitrogen, Plain(100 - Number(FgGas.Text(row, kOxygen)) - Number(FgGas.Text(row, kHelium))));
     MarkGas(row);
     ShowAutoDepths();
+    FgGas_MouseDown();
   };
   FgGas.RowMenu = [this] { OpenRowMenu(FgGas); };
+  FgGas.Click = [this] { FgGas_MouseDown(); };
   AddRow.Click = [this] { AddRow_Click(); };
   DelRow.Click = [this] { DelRow_Click(); };
 }
@@ -181,6 +183,13 @@ void frmProperties::loadDecoGasSettings() {
     if (index >= decoGasSettings_.size()) break;
     fgGasChange.SetText(row, 0, Metric() ? decoGasSettings_[index].metric : decoGasSettings_[index].imperial);
   }
+}
+
+void frmProperties::FgGas_MouseDown() {
+  if (FgGas.SelectedRow < 1 || FgGas.SelectedRow >= FgGas.Rows()) return;
+  Command1.Visible = true;
+  MixerO2_ = Number(FgGas.Text(FgGas.SelectedRow, kOxygen));
+  MixerHe_ = Number(FgGas.Text(FgGas.SelectedRow, kHelium));
 }
 
 void frmProperties::OpenRowMenu(Grid& grid) {

@@ -27,6 +27,8 @@ class Form {
   std::function<void()> Changed;
   /// Set by the view: the window is to go away.
   std::function<void()> CloseWanted;
+  /// Set by the view: the window is to come to the front, also of a modal one.
+  std::function<void()> FrontWanted;
 
   Property<std::string> Caption{Changed};
   /// Size in 1/1440 inch; 0 leaves it to the design. The view keeps them as the user changes the window.
@@ -42,6 +44,9 @@ class Form {
   void Load() {
     loaded_ = true;
     Form_Load();
+  }
+  void BringToFront() const {
+    if (FrontWanted) FrontWanted();
   }
   /// Ends the window, unless the form refuses. The user's own close control says byUser.
   bool Unload(bool byUser = false);

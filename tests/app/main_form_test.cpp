@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "dialogs/properties.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -53,6 +54,40 @@ TEST(Start, SwitchesShowTheirModels) {
     EXPECT_EQ(p.Main().mnuHybrid.Visible, each.hybrid);
     EXPECT_EQ(p.Main().mnualgsep.Visible, each.separator);
   }
+}
+
+TEST(GasMixer, OpensOnceFromTheMenuTheToolBarAndTheTemplateDialog) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  p.Document().Template.Metric = false;
+  const auto mixers = [&] {
+    std::vector<frmPartialMix*> open;
+    for (const auto& form : p.platform.modeless) {
+      if (auto* mixer = dynamic_cast<frmPartialMix*>(form.get())) open.push_back(mixer);
+    }
+    return open;
+  };
+  p.Main().mnuMixer.Choose();
+  ASSERT_EQ(mixers().size(), 1U);
+  frmPartialMix& mixer = *mixers().front();
+  EXPECT_EQ(mixer.DesFill.Text.Get(), "2940");
+  int front = 0;
+  mixer.FrontWanted = [&] { ++front; };
+  p.Main().Tool(18).Press();
+  p.platform.onModal.emplace_back([](Form& form) {
+    auto& dialog = dynamic_cast<frmProperties&>(form);
+    dialog.FgGas.Select(1, 0);
+    dialog.Command1.Press();
+  });
+  p.Main().mnuTemplate.Choose();
+  EXPECT_EQ(mixers().size(), 1U);
+  EXPECT_EQ(front, 2);
+  EXPECT_EQ(mixer.DesO2.Text.Get() + "/" + mixer.DesHe.Text.Get() + "/" + mixer.DesN2.Text.Get(), "21/0/79");
+  mixer.Command2.Press();
+  EXPECT_EQ(mixers().size(), 0U);
+  p.Main().mnuMixer.Choose();
+  ASSERT_EQ(mixers().size(), 1U);
+  EXPECT_EQ(mixers().front()->DesO2.Text.Get(), "21") << "as it was left";
 }
 
 TEST(Start, OpensTheFilesThatAreNamedAndReportsThoseThatAreNot) {

@@ -22,6 +22,7 @@
 #include "dialogs/multi_level.h"
 #include "dialogs/properties.h"
 #include "dialogs/waypoint_form.h"
+#include "mixer/partial_mix_form.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -45,6 +46,7 @@ struct Forms {
     forms.push_back(std::make_unique<frmProperties>(services));
     forms.push_back(std::make_unique<frmGasBlend>(services));
     forms.push_back(std::make_unique<frmMultiLevel>(services));
+    forms.push_back(std::make_unique<frmPartialMix>(reports, program.Document().Template));
     forms.push_back(std::make_unique<frmLanguages>(platform, texts, std::filesystem::path(TAV_SOURCE_DIR) / "lang"));
     forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
     forms.push_back(std::make_unique<frmLiability>(platform, texts));
@@ -55,6 +57,7 @@ struct Forms {
 
   HeadlessProgram program;
   ClassProfile profile;
+  PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;
 };
 

@@ -64,6 +64,21 @@ TEST_F(Properties, AGasGoesWithItsChangeUnlessThePlanOrTheLastChangeNeedsIt) {
   EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the plan holds numbers of gases";
 }
 
+TEST_F(Properties, HandsTheChosenGasToTheMixerAsTheListShowsIt) {
+  std::vector<std::pair<double, double>> handed;
+  DialogServices services = d.Services();
+  services.openMixer = [&](Single o2, Single he) { handed.emplace_back(o2, he); };
+  frmProperties f(services);
+  f.Load();
+  EXPECT_FALSE(f.Command1.Visible);
+  const int row = FindBlendIndex("Tx18/45", Template()) + 1;
+  f.FgGas.Select(row, 0);
+  f.Command1.Press();
+  f.FgGas.Edit(row, 1, "20");
+  f.Command1.Press();
+  EXPECT_EQ(handed, (std::vector<std::pair<double, double>>{{18, 45}, {20, 45}}));
+}
+
 TEST_F(Properties, AutomaticDepthsFollowTheDecoPPO2) {
   frmProperties& f = Show();
   const std::string before = f.fgGasChange.Text(1, 0);
