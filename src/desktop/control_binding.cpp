@@ -72,6 +72,15 @@ void Follow(C& control, QWidget& widget, Show show) {
   refresh();
 }
 
+/// A caption in place of a text that may have a letter to reach it by: the letter stays, if the caption has it.
+QString KeepingMnemonic(const std::string& caption, const QString& before) {
+  QString text = ToQt(caption);
+  const auto at = before.indexOf(QLatin1Char('&'));
+  if (at < 0 || at + 1 >= before.size() || text.contains(QLatin1Char('&'))) return text;
+  const auto letter = text.indexOf(before[at + 1], 0, Qt::CaseInsensitive);
+  return letter < 0 ? text : text.insert(letter, QLatin1Char('&'));
+}
+
 void Bind(TextBox& box, QLineEdit& edit) {
   Follow(box, edit, [&box, &edit] {
     edit.setReadOnly(box.Locked);
@@ -152,7 +161,7 @@ void Bind(Frame& frame, QGroupBox& box) {
 }
 
 void Bind(Button& button, QPushButton& widget) {
-  Follow(button, widget, [&button, &widget] { widget.setText(ToQt(button.Caption)); });
+  Follow(button, widget, [&button, &widget] { widget.setText(KeepingMnemonic(button.Caption, widget.text())); });
   widget.setAutoDefault(button.Default);
   widget.setDefault(button.Default);
   // The record outlives the click only if nothing ends the form before Press returns; the event works on a copy.
@@ -166,7 +175,9 @@ void BindControl(Control& control, QWidget& widget) {
     Bind(*frame, As<QGroupBox>(control, widget));
   } else if (auto* label = dynamic_cast<Label*>(&control)) {
     auto& view = As<QLabel>(control, widget);
-    Follow(*label, view, [label, &view] { view.setText(ToQt(label->Caption)); });
+    Follow(*label, view, [label, &view] {
+      view.setText(KeepingMnemonic(label->Caption, view.buddy() == nullptr ? QString() : view.text()));
+    });
   } else if (auto* picture = dynamic_cast<Picture*>(&control)) {
     auto& view = As<QLabel>(control, widget);
     Follow(*picture, view, [picture, &view] {
@@ -177,14 +188,14 @@ void BindControl(Control& control, QWidget& widget) {
   } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {
     auto& view = As<QCheckBox>(control, widget);
     Follow(*check, view, [check, &view] {
-      view.setText(ToQt(check->Caption));
+      view.setText(KeepingMnemonic(check->Caption, view.text()));
       view.setChecked(check->Value);
     });
     QObject::connect(&view, &QCheckBox::clicked, [check](bool on) { check->Set(on); });
   } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
     auto& view = As<QRadioButton>(control, widget);
     Follow(*option, view, [option, &view] {
-      view.setText(ToQt(option->Caption));
+      view.setText(KeepingMnemonic(option->Caption, view.text()));
       view.setAutoExclusive(false);
       view.setChecked(option->Value);
       view.setAutoExclusive(true);

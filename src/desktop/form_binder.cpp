@@ -56,6 +56,9 @@ void AssignMnemonics(QDialog& dialog) {
   };
   const auto buttons = dialog.findChildren<QAbstractButton*>();
   for (const auto* button : buttons) taken.insert(mnemonic(button->text()));
+  for (const auto* label : dialog.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) taken.insert(mnemonic(label->text()));
+  }
   for (auto* button : buttons) {
     if (qobject_cast<QToolButton*>(button) == nullptr) button->setText(assign(button->text()));
   }

@@ -74,25 +74,26 @@ class Sheet {
 
   void List() {
     constexpr double kLeft = 9.0;
-    constexpr double kRight = 28.0;
-    constexpr double kColumns[] = {14.0, 18.5, 23.0};  // right edges
-    constexpr double kTop = 10.0;
+    constexpr double kColumns[] = {15.0, 20.5, 26.0};  // right edges
+    constexpr int kSize = 12;                          // to be read at arm's length
+    constexpr double kListRow = 0.6;
+    constexpr double kTop = 9.9;
     Text(kLeft, 9.0, T(7400), kTitleSize);
     double y = kTop;
     for (const auto& row : words_.Rows(report_.request, list_, report_.cylinder)) {
       const int bold = y == kTop ? 1 : 0;
-      Text(kLeft, y, row.front(), kTextSize, bold);
+      Text(kLeft, y, row.front(), kSize, bold);
       for (std::size_t i = 1; i < row.size(); ++i) {
-        writer_.PrintTextRight(kColumns[i - 1], y, row[i], kArial, kTextSize, bold);
+        writer_.PrintTextRight(kColumns[i - 1], y, row[i], kArial, kSize, bold);
       }
-      y += kRow;
-      if (bold != 0) writer_.PrintBoxOutline(kLeft, y - 0.05, kRight, y - 0.05);
+      y += kListRow;
+      if (bold != 0) writer_.PrintBoxOutline(kLeft, y - 0.05, kColumns[row.size() - 2], y - 0.05);
     }
   }
 
   void Sentences() {
     constexpr double kLeft = 9.0;
-    double y = 12.9;
+    double y = 13.2;
     for (const std::string& sentence : {words_.Hindrance(report_.request, list_), words_.Misses(report_.request, list_),
                                         words_.Outcome(list_), words_.IfIdeal(list_), words_.AboutPressures()}) {
       if (sentence.empty()) continue;

@@ -1,5 +1,6 @@
 #include "mixer/partial_mix_form.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -16,6 +17,12 @@ constexpr int kNoFill = 7427;
 constexpr int kTooMuch = 7428;
 
 const std::string kSection = "Mix";
+
+/// A line that takes no room when there is nothing to say.
+void Say(Label& line, const std::string& text) {
+  line.Caption = text;
+  line.Visible = !text.empty();
+}
 
 }  // namespace
 
@@ -76,7 +83,8 @@ void frmPartialMix::Form_Load() {
   std::vector<std::string> names;
   for (const GasMix& mix : template_.Blends) names.push_back(mix.Name);
   Combo1.Items = names;
-  Combo1.ListIndex = names.empty() ? -1 : 0;
+  ShowBlend();
+  if (Combo1.ListIndex == -1 && !names.empty()) Combo1.ListIndex = 0;
   Recalculate();
   loading_ = false;
 }
@@ -170,7 +178,16 @@ void frmPartialMix::MixTyped(const Cylinder& cylinder, const TextBox& typed, con
 
 void frmPartialMix::UpdateCurrentMix(const TextBox& typed) { MixTyped(current_, typed, T(kOver100)); }
 
+void frmPartialMix::ShowBlend() {
+  const auto o2 = NumberIn(DesO2.Text);
+  const auto he = NumberIn(DesHe.Text);
+  const auto& blends = template_.Blends;
+  const auto found = std::ranges::find_if(blends, [&](const GasMix& mix) { return o2 == mix.O2 && he == mix.He; });
+  Combo1.ListIndex = found == blends.end() ? -1 : static_cast<int>(found - blends.begin());
+}
+
 void frmPartialMix::UpdateDesiredMix(const TextBox& typed) {
+  ShowBlend();
   MixTyped(desired_, typed, "Percentage is larger then 100%");
 }
 
@@ -231,20 +248,19 @@ void frmPartialMix::ShowFillList() {
   const FillRequest& request = report_->request;
   const GaugeList list = GaugeListOf(request, GaugeMark(request.metric));
   fgFill.SetRows(words_.Rows(request, list, size));
-  lbHindrance.Caption = words_.Hindrance(request, list);
+  Say(lbHindrance, words_.Hindrance(request, list));
   lbHindrance.ForeColor = list.Possible() ? -1 : kRed;
-  lbMisses.Caption = words_.Misses(request, list);
-  lbOutcome.Caption = words_.Outcome(list) + " " + words_.IfIdeal(list);
+  Say(lbMisses, words_.Misses(request, list));
+  Say(lbOutcome, words_.Outcome(list));
+  Say(lbIfIdeal, words_.IfIdeal(list));
 }
 
 void frmPartialMix::ClearResults(const std::string& why) {
   report_.reset();
-  for (Label* label :
-       {&AirTopO2, &AirTopHe, &AirTopAir, &IdealTopO2, &IdealTopHe, &IdealTopN2, &lbMisses, &lbOutcome}) {
-    label->Caption = "";
-  }
+  for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir, &IdealTopO2, &IdealTopHe, &IdealTopN2}) label->Caption = "";
+  for (Label* label : {&lbMisses, &lbOutcome, &lbIfIdeal}) Say(*label, "");
   fgFill.SetRows({words_.Heads(false)});
-  lbHindrance.Caption = why;
+  Say(lbHindrance, why);
   lbHindrance.ForeColor = kRed;
   Command1.Caption = T(kPrint);
   Command1.Enabled = false;

@@ -78,7 +78,8 @@ class frmPartialMix : public TextForm {
   Grid fgFill{*this, "fgFill"};
   Label lbHindrance{*this, "lbHindrance"};  ///< what is missing, or keeps the fill from being possible
   Label lbMisses{*this, "lbMisses"};        ///< how far the list misses the mix
-  Label lbOutcome{*this, "lbOutcome"};      ///< the mix that the list gives, and how far it may be off
+  Label lbOutcome{*this, "lbOutcome"};      ///< the mix that the list gives
+  Label lbIfIdeal{*this, "lbIfIdeal"};      ///< how far a real fill may be off
   Label lbPressures{*this, "lbPressures"};
 
   Button Command1{*this, "Command1"};  ///< print
@@ -115,6 +116,8 @@ class frmPartialMix : public TextForm {
   bool ApplyMixRules(const Cylinder& cylinder);
   void ShowMix(const Cylinder& cylinder, const std::string& o2, const std::string& he);
   void UseEmptyCylinder();
+  /// The list of gases names the one that the fields hold.
+  void ShowBlend();
   void UpdateCurrentMix(const TextBox& typed);
   void UpdateDesiredMix(const TextBox& typed);
   void Recalculate();

@@ -291,7 +291,7 @@ TEST_F(Tavplan, TellsAFillInWords) {
 
   The list gives 31.9 % O2, 0.0 % He; MOD 111 ft at PPO2 1.4, 132 ft at 1.6.
   If the gases were ideal it would give 32.0 % O2, 0.0 % He: a real fill may be as far off. Analyse it.
-  Pressures are absolute: an empty cylinder holds 14.7 psi of air. A gauge that shows 0 for it reads 14.7 psi less.
+  Absolute pressures: an empty cylinder holds 14.7 psi of air. A gauge that shows 0 for it reads 14.7 psi less.
 )");
   const struct {
     const char* have;
