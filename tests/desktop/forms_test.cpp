@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -16,6 +17,7 @@
 #include "app/start_forms.h"
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
+#include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/gas_blend.h"
@@ -112,6 +114,45 @@ TEST(Windows, WhatTheUserDoesReachesTheForm) {
   EXPECT_FALSE(form.Check1.Value || low->isEnabled());
   QTest::keyClick(dialog.get(), Qt::Key_Escape);
   EXPECT_FALSE(form.IsLoaded() || dialog->isVisible());
+}
+
+TEST(Windows, OneThatWasOpenedBesideAModalOneCanBeUsedAndStaysWhenThatCloses) {
+  Forms all;
+  QWidget owner;
+  owner.show();
+  QtWindows qt(owner);
+  Windows& windows = qt;
+  const auto mixer = std::make_shared<frmPartialMix>(all.reports, all.program.Document().Template);
+  Form& modal = *all.forms[3];
+  QTimer::singleShot(0, &owner, [&] {
+    windows.Show(mixer);
+    const QWidget* inFront = QApplication::activeModalWidget();
+    ASSERT_NE(inFront, nullptr);
+    EXPECT_NE(inFront->findChild<QDialog*>(QStringLiteral("frmPartialMix")), nullptr);
+    modal.Unload();
+  });
+  windows.ShowModal(modal);
+  auto* dialog = owner.findChild<QDialog*>(QStringLiteral("frmPartialMix"));
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_TRUE(mixer->IsLoaded());
+  mixer->Command2.Press();
+  EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST(Windows, AButtonKeepsItsLetterWhenItsCaptionIsSetAgain) {
+  Forms all;
+  frmPartialMix mixer(all.reports, all.program.Document().Template);
+  const auto dialog = MakeDialog(mixer, nullptr);
+  mixer.Load();
+  dialog->show();
+  auto* print = dialog->findChild<QPushButton*>(QStringLiteral("Command1"));
+  const QString before = print->text();
+  EXPECT_TRUE(before.contains(QLatin1Char('&')));
+  mixer.setmix(100, 0);
+  EXPECT_EQ(print->text().remove(QLatin1Char('&')), QStringLiteral("Not possible"));
+  mixer.setmix(32, 0);
+  EXPECT_EQ(print->text(), before);
 }
 
 TEST(Windows, AFieldIsNotLeftWhenItIsDestroyed) {

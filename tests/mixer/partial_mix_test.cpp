@@ -4,6 +4,7 @@
 #include "app/language_table.h"
 #include "mixer/partial_mix_form.h"
 #include "persist/template_file.h"
+#include "persist/text_file.h"
 #include "platform/headless/headless_platform.h"
 #include "report/page_player.h"
 #include "support/scratch_folder.h"
@@ -116,6 +117,32 @@ TEST_F(Mixer, TellsAmountsInCubicFeetOfARatedCylinder) {
   EXPECT_NEAR(oxygen, 80.0 * (430 - 14.7) / 3000, 1.0);
   f.tbRated.Type("");
   EXPECT_EQ(f.fgFill.Columns(), 3);
+}
+
+// The guide shows what the program tells.
+TEST_F(Mixer, FillsTheExamplesOfTheGuide) {
+  const std::string guide = ReadTextFile(TAV_SOURCE_DIR "/lang/TAV_uk.hlp");
+  const struct {
+    const char* chapter;
+    FillRequest request;
+    std::optional<CylinderSize> cylinder;
+  } examples[] = {{"mixer-nitrox", {MixOf(21, 0), 1, MixOf(32, 0), 200}, {}},
+                  {"mixer-trimix", {MixOf(21, 0), 1, MixOf(18, 45), 200}, CylinderSize{12, 0}},
+                  {"mixer-topping-up", {MixOf(18, 45), 70, MixOf(21, 35), 220}, {}}};
+  const FillWords words(English(), {}, true);
+  for (const auto& each : examples) {
+    const std::size_t from = guide.find(std::string("name=\"") + each.chapter);
+    ASSERT_NE(from, std::string::npos) << each.chapter;
+    const std::string chapter = guide.substr(from, guide.find("<h2>", from) - from);
+    const GaugeList list = GaugeListOf(each.request, 1);
+    const auto rows = words.Rows(each.request, list, each.cylinder);
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+      std::string row = "<tr><td>" + rows[i][0] + "</td>";
+      for (std::size_t j = 1; j < rows[i].size(); ++j) row += "<td align=\"right\">" + rows[i][j] + "</td>";
+      EXPECT_THAT(chapter, HasSubstr(row + "</tr>"));
+    }
+    EXPECT_THAT(chapter, HasSubstr("gives " + FormatFixed(list.comesOut.O2, 1) + " % oxygen"));
+  }
 }
 
 struct FieldCase {

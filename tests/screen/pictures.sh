@@ -33,6 +33,19 @@ picture about "^About" alt+h Up Return
 picture system-information "^System" alt+h Up Up Up Return
 picture contributors "^Contributors" alt+h Up Up Return
 
+keys ctrl+m
+focus "^Gas Mixer"
+keys Tab Tab Tab Tab Tab Tab Tab
+type_text 18
+keys Tab
+type_text 45
+keys Tab Tab
+type_text 12
+shot mixer "^Gas Mixer"
+keys Escape
+await "the mixer stays" gone "^Gas Mixer"
+
+focus "^TAV"
 keys ctrl+t
 focus "Template properties"
 for frame in rates decompression units gases altitude rebreather gas-settings warnings; do
