@@ -1,7 +1,6 @@
 #include "mixer/gauge_list.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "model/altitude.h"
@@ -21,7 +20,7 @@ double Rounded(double value, double mark) { return mark > 0 ? std::round(value /
 double PerBar(const FillRequest& request) { return request.metric ? 1.0 : kPsiPerBar; }
 
 /// mol per litre of each gas to add, in the order of filling.
-using Amounts = std::array<double, std::size(kFillOrder)>;
+using Amounts = std::vector<double>;
 
 Amounts AmountsToAdd(const Contents& wanted, const Contents& current) {
   const double air = (wanted.N2 - current.N2) / kRealAirN2;
