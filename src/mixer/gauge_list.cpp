@@ -50,6 +50,20 @@ KeptShare ShareToKeep(const Amounts& whenEmpty, const Amounts& now) {
   return share;
 }
 
+/// The most that a cylinder may hold for ideal gases to be possible, in the units of the request; nothing when no
+/// pressure will do.
+std::optional<double> MostForIdealGases(FillRequest request) {
+  const auto amounts = [](const FillRequest& fill) {
+    const FillResult result = Recalculate(fill);
+    return Amounts{result.Heneed, result.AirO2, result.Air};
+  };
+  const Amounts now = amounts(request);
+  const double fill = request.currentFill;
+  request.currentFill = 0;
+  const KeptShare share = ShareToKeep(amounts(request), now);
+  return share.least > share.most ? std::nullopt : std::optional(share.most * fill);
+}
+
 void SayWhatMustComeOut(const FillRequest& request, const Contents& wanted, const Contents& current,
                         const Amounts& amounts, double mark, GaugeList& list) {
   for (std::size_t i = 0; i < amounts.size(); ++i) {
@@ -60,12 +74,15 @@ void SayWhatMustComeOut(const FillRequest& request, const Contents& wanted, cons
   const auto pressure = [&](double kept) {
     return PressureOf({kept * current.O2, kept * current.He, kept * current.N2}) * PerBar(request);
   };
-  const double most = pressure(share.most);
+  // The sheet tells the amounts for ideal gases, too: both have to be possible where both can be.
+  const double least = pressure(share.least);
+  double most = pressure(share.most);
+  if (const auto ideal = MostForIdealGases(request); ideal && *ideal >= least) most = std::min(most, *ideal);
   const auto downTo = [most](double step) { return step > 0 ? std::floor(most / step) * step : most; };
   // As a gauge shows it, unless that is a vacuum or drains too much.
   constexpr double kFine = 0.1;
   const double marked = downTo(mark);
-  list.drainTo = marked >= std::max(PerBar(request), pressure(share.least)) ? marked : downTo(mark > 0 ? kFine : 0);
+  list.drainTo = marked >= std::max(PerBar(request), least) ? marked : downTo(mark > 0 ? kFine : 0);
 }
 
 /// What the steps really give, filled gas by gas until the gauge shows each pressure.

@@ -19,11 +19,13 @@ struct FillStep {
 struct GaugeList {
   std::vector<FillStep> steps;  ///< in order of filling; none when the fill is impossible or there is nothing to do
   std::vector<FillGas> mustComeOut;  ///< gases of which the cylinder, or the air, has too much; air stands for nitrogen
-  std::optional<Single> drainTo;     ///< what to drain the cylinder to so that the fill works, rounded down
-  MixShares comesOut;                ///< percent: the mix that the list gives as it stands, worked out backwards
-  MixShares ifIdeal;                 ///< percent: what it would give if the gases were ideal
-  bool oxygenOff = false;            ///< `comesOut` misses the wanted oxygen by more than 0.5 %
-  bool heliumOff = false;            ///< or the wanted helium by more than 1 %
+  /// What to drain the cylinder to so that the fill works, for real gases and where it can be for ideal ones, too;
+  /// rounded down.
+  std::optional<Single> drainTo;
+  MixShares comesOut;      ///< percent: the mix that the list gives as it stands, worked out backwards
+  MixShares ifIdeal;       ///< percent: what it would give if the gases were ideal
+  bool oxygenOff = false;  ///< `comesOut` misses the wanted oxygen by more than 0.5 %
+  bool heliumOff = false;  ///< or the wanted helium by more than 1 %
 
   [[nodiscard]] bool Possible() const { return mustComeOut.empty(); }
 };
