@@ -37,7 +37,7 @@ frmPartialMix& frmMain::ShowMixer() {
     return *mixer;
   }
   const std::int16_t document = Active().value_or(DocumentStore::DefaultDocument);
-  mixer = std::make_shared<frmPartialMix>(services_.report, Document(document).Template);
+  mixer = std::make_shared<frmPartialMix>(services_.platform, services_.report, Document(document).Template);
   mixer_ = mixer;
   services_.platform.windows.Show(mixer);
   return *mixer;

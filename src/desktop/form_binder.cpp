@@ -179,6 +179,7 @@ std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog) 
   for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
     const QString name = widget->objectName();
     if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || !ShowsText(widget)) continue;
+    if (qobject_cast<const QTabBar*>(widget->parentWidget()) != nullptr) continue;  // its scroll buttons
     if (form.Find(FromQt(name)) == nullptr && qobject_cast<const QDialog*>(widget) == nullptr) {
       faults.push_back(form.Name() + ": the widget " + FromQt(name) + " has no control");
     }

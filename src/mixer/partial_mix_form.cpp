@@ -26,11 +26,11 @@ void Say(Label& line, const std::string& text) {
 
 }  // namespace
 
-frmPartialMix::frmPartialMix(PrintPreview& writer, DiveTemplate diveTemplate)
-    : TextForm("frmPartialMix", writer.Services(), writer.Texts()),
+frmPartialMix::frmPartialMix(Platform platform, PrintPreview& writer, DiveTemplate diveTemplate)
+    : TextForm("frmPartialMix", std::move(platform), writer.Texts()),
       writer_(writer),
       template_(std::move(diveTemplate)),
-      words_(writer.Texts(), writer.Services().separators, template_.Metric) {
+      words_(writer.Texts(), platform_.separators, template_.Metric) {
   Wire();
 }
 

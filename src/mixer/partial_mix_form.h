@@ -19,7 +19,7 @@ namespace tav {
 class frmPartialMix : public TextForm {
  public:
   /// `diveTemplate` gives unit and gases, and is copied. The writer takes the sheet, and outlives the window.
-  frmPartialMix(PrintPreview& writer, DiveTemplate diveTemplate);
+  frmPartialMix(Platform platform, PrintPreview& writer, DiveTemplate diveTemplate);
 
   Frame Frame1{*this, "Frame1"};  ///< the current cylinder
   CheckBox Check1{*this, "Check1"};

@@ -15,16 +15,21 @@
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "app/start_forms.h"
+#include "app/wait_form.h"
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/gas_blend.h"
+#include "dialogs/general_info.h"
 #include "dialogs/multi_level.h"
 #include "dialogs/properties.h"
+#include "dialogs/report_selection.h"
 #include "dialogs/waypoint_form.h"
 #include "mixer/partial_mix_form.h"
+#include "report/preview_form.h"
+#include "report/print_form.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -48,7 +53,13 @@ struct Forms {
     forms.push_back(std::make_unique<frmProperties>(services));
     forms.push_back(std::make_unique<frmGasBlend>(services));
     forms.push_back(std::make_unique<frmMultiLevel>(services));
-    forms.push_back(std::make_unique<frmPartialMix>(reports, program.Document().Template));
+    forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
+    forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
+    forms.push_back(std::make_unique<frmReportSelection>(texts));
+    forms.push_back(std::make_unique<frmWait>(platform, texts));
+    forms.push_back(std::make_unique<PrintPrev>(reports, platform));
+    forms.back()->Caption = "General report";
+    forms.push_back(std::make_unique<PrintPrint>(reports, platform, "plan"));
     forms.push_back(std::make_unique<frmLanguages>(platform, texts, std::filesystem::path(TAV_SOURCE_DIR) / "lang"));
     forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
     forms.push_back(std::make_unique<frmLiability>(platform, texts));
@@ -88,7 +99,7 @@ TEST(Windows, EachControlHasItsWidgetAndEachTextItsRoom) {
     dialog->show();
     QCoreApplication::processEvents();
     EXPECT_FALSE(dialog->windowTitle().isEmpty());
-    EXPECT_LE(dialog->width(), 1000);
+    EXPECT_LE(dialog->minimumSizeHint().width(), 1000);
     for (const QWidget* widget : dialog->findChildren<QWidget*>()) {
       EXPECT_EQ(ClippedText(*widget), "") << FromQt(widget->objectName());
       const auto* label = qobject_cast<const QLabel*>(widget);
@@ -120,9 +131,10 @@ TEST(Windows, OneThatWasOpenedBesideAModalOneCanBeUsedAndStaysWhenThatCloses) {
   Forms all;
   QWidget owner;
   owner.show();
-  QtWindows qt(owner);
+  QtWindows qt(owner, all.program.platform.Services().settings);
   Windows& windows = qt;
-  const auto mixer = std::make_shared<frmPartialMix>(all.reports, all.program.Document().Template);
+  const auto mixer =
+      std::make_shared<frmPartialMix>(all.program.platform, all.reports, all.program.Document().Template);
   Form& modal = *all.forms[3];
   QTimer::singleShot(0, &owner, [&] {
     windows.Show(mixer);
@@ -142,7 +154,7 @@ TEST(Windows, OneThatWasOpenedBesideAModalOneCanBeUsedAndStaysWhenThatCloses) {
 
 TEST(Windows, AButtonKeepsItsLetterWhenItsCaptionIsSetAgain) {
   Forms all;
-  frmPartialMix mixer(all.reports, all.program.Document().Template);
+  frmPartialMix mixer(all.program.platform, all.reports, all.program.Document().Template);
   const auto dialog = MakeDialog(mixer, nullptr);
   mixer.Load();
   dialog->show();

@@ -38,7 +38,7 @@ class Mixer : public testing::Test {
   frmPartialMix& Open(bool metric = true) {
     form.reset();
     writer = std::make_unique<PrintPreview>(platform, English());
-    form = std::make_unique<frmPartialMix>(*writer, InUnits(metric));
+    form = std::make_unique<frmPartialMix>(platform, *writer, InUnits(metric));
     form->Load();
     return *form;
   }
