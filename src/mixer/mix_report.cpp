@@ -131,6 +131,7 @@ void PrintMixReport(const MixReport& report, PrintPreview& writer) {
   const auto text = [&writer](int id) { return writer.Texts().GetResString(id); };
   const Environment& environment = writer.Services().environment;
   writer.InitPreview();
+  writer.documentName = text(6319);
   writer.PrintHeader(text(6318), text(6319), text(6320) + environment.Today());
   Sheet(report, writer).Write();
   writer.PrintFooter(text(6085) + environment.UserName(), text(6086), text(6087), text(6000) + "1");
