@@ -42,8 +42,13 @@ type_text 45
 keys Tab Tab
 type_text 12
 shot mixer "^Gas Mixer"
+keys alt+p
+focus "^Gas mixer report"
+shot fill-sheet "^Gas mixer report"
 keys Escape
-await "the mixer stays" gone "^Gas Mixer"
+focus "^Gas Mixer - "
+keys Escape
+await "the mixer stays" gone "^Gas Mixer - "
 
 focus "^TAV"
 keys ctrl+t
