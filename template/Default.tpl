@@ -9,7 +9,7 @@ O2Narcotic=1
 MinPPO2= .18
 Maximal END= 30
 MaxPPO2= 1.4
-DecoPPO2= 1.6
+DecoPPO2= 1.62
 # Altitude settings
 AdeptedToHeight=1
 TimeToHeight= 100

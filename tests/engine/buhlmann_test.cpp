@@ -321,6 +321,20 @@ TEST(Warnings, ShowOnceARunAndStopsHaveTheirOwnLimit) {
 }
 
 // At 60 m the nitrogen of air alone forbids 30 m with hardly any over-pressure allowed: waiting never helps.
+TEST(Warnings, LeaveTheShippedGasesAloneAtTheirOwnStops) {
+  for (const char* name : {"Default.tpl", "Imperial.tpl"}) {
+    SCOPED_TRACE(name);
+    Bench bench;
+    LoadTemplateFile(bench.Template(), std::filesystem::path(TAV_SOURCE_DIR) / "template" / name);
+    bench.Template().MaxEnd = false;
+    bench.Template().MaxPPO2 = 3;  // moves are judged by it, and the first one from 21 m passes the shipped 1.4
+    bench.Square(bench.Template().Metric ? 40 : 130, 40);
+    bench.Run();
+    EXPECT_EQ(bench.Last().GasMixName, "Oxygen");
+    EXPECT_EQ(bench.listener.said, std::vector<std::string>());
+  }
+}
+
 TEST(StopLimit, EndsAStopThatNeverClears) {
   Bench bench;
   bench.Template().ChangeGasMixes.clear();
