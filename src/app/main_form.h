@@ -40,6 +40,10 @@ class frmMain : public Form {
   MenuItem mnuRedo{*this, "mnuRedo"};
   MenuItem mnuEditBar1{*this, "mnuEditBar1"};
   MenuItem mnuAddWaypoint{*this, "mnuAddWaypoint"};
+  MenuItem mnuEditBar2{*this, "mnuEditBar2"};
+  MenuItem mnucleardecopoints{*this, "mnucleardecopoints"};
+  MenuItem mnuclearlastwaypoint{*this, "mnuclearlastwaypoint"};
+  MenuItem mnuclearallwaypoints{*this, "mnuclearallwaypoints"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -74,13 +78,10 @@ class frmMain : public Form {
   MenuItem mnuSystemInformation{*this, "mnuSystemInformation"};
   MenuItem mnuContributors{*this, "mnuContributors"};
   MenuItem mnuHelpAbout{*this, "mnuHelpAbout"};
-  // The pop-up of the graph, and a key of its own for the conservatism dialog.
+  // The pop-up of the graph, which has the clear commands, too, and a key of its own for the conservatism dialog.
   MenuItem mnuPopupAddWaypoint{*this, "mnuPopupAddWaypoint"};
   MenuItem popup0{*this, "popup0"};
-  MenuItem mnucleardecopoints{*this, "mnucleardecopoints"};
   MenuItem popup1{*this, "popup1"};
-  MenuItem mnuclearlastwaypoint{*this, "mnuclearlastwaypoint"};
-  MenuItem mnuclearallwaypoints{*this, "mnuclearallwaypoints"};
   MenuItem popup2{*this, "popup2"};
   MenuItem mnuResetZoom{*this, "mnuResetZoom"};
   MenuItem mnuExportPng{*this, "mnuExportPng"};

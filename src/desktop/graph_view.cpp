@@ -95,7 +95,7 @@ void GraphView::LayOut() {
   // What the container and the scroll bar leave of the plot.
   const QRect view = PixelRect(layout.axisContainer);
   grid_->setGeometry(view.x(), view.y(), container_->width() - view.x(), scrollBar_->y() - view.y());
-  plot_ = PixelRect(layout.grid).size();
+  plot_ = {Pixels(layout.grid.width), grid_->height()};
   scrollBar_->setRange(0, Pixels(layout.scrollMaximum));
   scrollBar_->setPageStep(Pixels(layout.largeChange));
   scrollBar_->setSingleStep(Pixels(layout.smallChange));
@@ -205,6 +205,7 @@ void GraphView::GridMouse(QEvent* event) {
   } else if (mouse->button() == Qt::LeftButton || mouse->button() == Qt::RightButton) {
     setFocus(Qt::MouseFocusReason);
     graph_.MouseDown(mouse->button() == Qt::RightButton, at.x, at.y, grid_->Surface());
+    if (graph_.Dragging()) grid_->Flush();
   }
 }
 
@@ -258,6 +259,10 @@ void GraphView::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_0:
       ResetZoom();
+      break;
+    case Qt::Key_F10:
+      if (event->modifiers() != Qt::ShiftModifier) return QWidget::keyPressEvent(event);
+      ShowPopup();
       break;
     case Qt::Key_Escape:
       graph_.CancelDrag(grid_->Surface());

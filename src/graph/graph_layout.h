@@ -30,8 +30,10 @@ inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeig
   layout.axisContainer = {kPlotPlaceX, kPlotPlaceY, width, height};
   // The bars begin where the scroll bar ends, so that their title is not covered.
   layout.compartments = {0, 3 * height / 4 - 45, width - 100, height / 4 - 300};
-  layout.grid = {0, 0, 2 * width * timeZoom, height};
   layout.scrollBar = {0, 3 * height / 4 - scrollBarHeight - 45, width > 60 ? width - 60 : 0, scrollBarHeight};
+  // As high as what is seen of it, so that all of its depths can be dragged to.
+  const double seen = layout.scrollBar.top - layout.axisContainer.top;
+  layout.grid = {0, 0, 2 * width * timeZoom, seen > 0 ? seen : 0};
   layout.scrollMaximum = layout.grid.width - layout.axisContainer.width + 870;
   layout.largeChange = layout.grid.width / 5;
   layout.smallChange = layout.grid.width / 10;

@@ -1,5 +1,6 @@
 #include "graph/graph_scale.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tav {
@@ -46,6 +47,11 @@ WorldPoint GraphScale::ScreenToWorld(Single x, Single y) const {
 
 bool GraphScale::InsidePlot(Single x, Single y) const {
   return PlotLeft <= x && x <= PlotRight && PlotTop <= y && y <= PlotBottom;
+}
+
+ScreenPoint GraphScale::OntoPlot(ScreenPoint at) const {
+  const auto between = [](double value, double low, double high) { return std::max(low, std::min(value, high)); };
+  return {between(at.x, PlotLeft, PlotRight), between(at.y, PlotTop, PlotBottom)};
 }
 
 Single GraphScale::Drate(Single rate) const {

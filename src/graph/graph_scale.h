@@ -39,6 +39,8 @@ class GraphScale {
   /// Rounded down to a tenth of a minute and of a depth unit. Since y is negative, a depth rounds deeper.
   [[nodiscard]] WorldPoint ScreenToWorld(Single x, Single y) const;
   [[nodiscard]] bool InsidePlot(Single x, Single y) const;
+  /// The point itself, or the nearest one of the plot.
+  [[nodiscard]] ScreenPoint OntoPlot(ScreenPoint at) const;
 
   /// Slope of a rate (depth units per minute) on the plot: x per y, negative for a positive rate.
   [[nodiscard]] Single Drate(Single rate) const;

@@ -1,5 +1,6 @@
 #include "graph/profile_graph.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "graph/compartment_bars.h"
@@ -22,6 +23,7 @@ constexpr int kTipRunTime = 7029;
 constexpr int kTipGas = 7030;
 constexpr int kTipPPO2 = 7031;
 constexpr int kTipCeiling = 7032;
+constexpr int kHint = 7101;
 
 /// Draws in exclusive-or mode while it lives.
 class ExclusiveOr {
@@ -47,9 +49,16 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const Waypoint& last = rows.Row(rows.GetLength());
   lastPoint_ = scale_.WorldToScreen(last.RunTime, -last.Depth);
   dragPoint_ = lastPoint_;
+  if (Editor().UserActions.GetLength() == 0) ShowHint(container.Width() - kPlotPlaceX, grid);
   ShowCompartmentLoad(bars, last.PercentCompartments, T(kCompartmentTitle));
   const CeilingText ceiling = LastCeiling();
   window_.ShowCeiling(ceiling.text, ceiling.colour);
+}
+
+void ProfileGraph::ShowHint(double visibleWidth, DrawingSurface& grid) const {
+  const std::string hint = T(kHint);
+  const double y = scale_.PlotTop + (scale_.PlotBottom - scale_.PlotTop) / 3;
+  grid.Text(std::max(0.0, (visibleWidth - grid.TextWidth(hint)) / 2), y, hint, graph::kGrey);
 }
 
 ProfileGraph::CeilingText ProfileGraph::LastCeiling() const {
@@ -108,7 +117,7 @@ void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& gri
     return;
   }
   dragging_ = true;
-  UpdateReadOut({x, y});
+  DragTo(scale_.OntoPlot({x, y}), grid);
 }
 
 void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid) {
@@ -117,10 +126,13 @@ void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSur
     return;
   }
   window_.ShowCross(x + 887 < visibleWidth);
-  if (!dragging_) return;
+  if (dragging_) DragTo({x, y}, grid);
+}
+
+void ProfileGraph::DragTo(ScreenPoint at, DrawingSurface& grid) {
   const ExclusiveOr mode(grid);
   DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
-  dragPoint_ = {x, y};
+  dragPoint_ = at;
   DrawSegmentedLine(grid, Template(), lastPoint_, dragPoint_);
   UpdateReadOut(dragPoint_);
 }

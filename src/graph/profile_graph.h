@@ -45,7 +45,8 @@ class ProfileGraph {
   /// nothing is scrolled or cut off. Changes nothing else.
   void DrawPicture(DrawingSurface& picture) const;
 
-  /// The right button opens the menu, and ends a drag that is under way.
+  /// The left button shows the row under it, or starts a drag from the last row to that point, or to the nearest one of
+  /// the plot. The right button opens the menu, and ends a drag that is under way.
   void MouseDown(bool right, Single x, Single y, DrawingSurface& grid);
   /// `visibleWidth` is that of the window: the pointer is a cross within it.
   void MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid);
@@ -73,6 +74,9 @@ class ProfileGraph {
   /// What is told of a row, with that text between the figures.
   [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
   void UpdateReadOut(ScreenPoint at);
+  void DragTo(ScreenPoint at, DrawingSurface& grid);
+  /// What to do on a plan that is still empty.
+  void ShowHint(double visibleWidth, DrawingSurface& grid) const;
   /// What a point of a drag means; above the surface it means the surface.
   [[nodiscard]] WorldPoint BelowSurface(ScreenPoint at) const;
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }

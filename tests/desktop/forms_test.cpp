@@ -205,12 +205,13 @@ TEST(GraphWindow, ADragAsksForItsWaypoint) {
   ASSERT_TRUE(p.Start());
   Single depth = -1;
   Single time = -1;
+  int popups = 0;
   GraphView view(p.program.Forms(), p.Active(),
                  {[&](Single d, Single t) {
                     depth = d;
                     time = t;
                   },
-                  [](std::int16_t) {}, [] {}});
+                  [](std::int16_t) {}, [&] { ++popups; }});
   view.resize(1000, 700);
   view.show();
   QCoreApplication::processEvents();
@@ -221,12 +222,17 @@ TEST(GraphWindow, ADragAsksForItsWaypoint) {
   ASSERT_NE(grid, nullptr);
   const QImage before = grid->grab().toImage();
   QTest::mousePress(grid, Qt::LeftButton, Qt::NoModifier, QPoint(30, 120));
+  EXPECT_NE(grid->grab().toImage(), before) << "a click without a drag shows its leg, too";
   QTest::mouseMove(grid, QPoint(200, 200));
   EXPECT_NE(grid->grab().toImage(), before) << "the preview shows";
   QTest::mouseRelease(grid, Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
   EXPECT_GT(depth, 20);
   EXPECT_GT(time, 10);
   EXPECT_EQ(grid->grab().toImage(), before) << "and is gone again";
+  QTest::keyClick(&view, Qt::Key_F10);
+  EXPECT_EQ(popups, 0);
+  QTest::keyClick(&view, Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_EQ(popups, 1);
 }
 
 TEST(GraphWindow, APictureAndAScreenReaderHaveThePlanInWords) {

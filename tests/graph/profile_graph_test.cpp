@@ -156,13 +156,34 @@ TEST_F(Graph, ADragGivesAWaypointAfterTheLastRow) {
   EXPECT_THAT(window.waypoints, SizeIs(1));
 }
 
-TEST_F(Graph, APressWithoutAMoveMeansTheLastRow) {
+TEST_F(Graph, AClickGivesAWaypointUnderThePointer) {
   AddLeg(36, 10);
-  Press(30, 20);
-  Release();
-  ASSERT_THAT(window.waypoints, SizeIs(1));
-  EXPECT_NEAR(window.waypoints[0].first, 36, 0.11);
-  EXPECT_NEAR(window.waypoints[0].second, 0, 0.11);
+  const auto plot = grid.strokes;
+  const struct {
+    double atTime, atDepth, depth, minutes;
+  } cases[] = {{30, 20, 20, 20}, {30, -3, 0, 20}, {30, 135, 130, 20}, {195, 20, 20, 180}};
+  for (const auto& known : cases) {
+    SCOPED_TRACE(testing::Message() << known.atTime << " min, " << known.atDepth << " m");
+    Press(known.atTime, known.atDepth);
+    EXPECT_THAT(grid.inverted, testing::Not(IsEmpty())) << "the leg shows";
+    Release();
+    ASSERT_FALSE(window.waypoints.empty());
+    EXPECT_NEAR(window.waypoints.back().first, known.depth, 0.11);
+    EXPECT_NEAR(window.waypoints.back().second, known.minutes, 0.11);
+    EXPECT_EQ(grid.strokes, plot);
+    EXPECT_THAT(grid.inverted, IsEmpty());
+  }
+}
+
+TEST_F(Graph, AnEmptyPlanTellsHowToBegin) {
+  const std::string hint = "*StringID 7101*";
+  EXPECT_THAT(grid.Texts(), Contains(hint));
+  EXPECT_LT(std::ranges::find(grid.strokes, hint, &RecordingSurface::Stroke::text)->x0, 9200) << "in sight";
+  AddLeg(36, 10);
+  EXPECT_THAT(grid.Texts(), testing::Not(Contains(hint)));
+  editor.mnuclearlastwaypoint();
+  graph.RedrawProfile(container, grid, bars);
+  EXPECT_THAT(grid.Texts(), Contains(hint));
 }
 
 TEST_F(Graph, AReleaseOutsideKeepsTheLastPointInside) {

@@ -90,7 +90,7 @@ shows_the_rows_of() {
     awk -F, -v dive="$1" -f "$here/tests/screen/same_rows.awk" - "$work/graph.svg" ||
     fail "the graph does not show what the engine computes"
 }
-drag 120 170 330 205 drag
+drag 120 140 330 158 drag
 waypoint "" 20 waypoint
 drag 500 190 620 200
 waypoint 18 12
