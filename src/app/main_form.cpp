@@ -13,6 +13,7 @@ constexpr int kIdle = 5005;
 constexpr int kOpenCircuit = 1107;
 constexpr int kConstPPO = 1108;
 constexpr int kNoHelpFile = 1065;
+constexpr const char* kFitPlan = "FitPlan";  // the setting
 
 }  // namespace
 
@@ -27,6 +28,7 @@ void frmMain::Form_Load() {
   Caption = "TAV";
   FillRecent();
   sbStatusBar.Caption = T(kIdle);
+  FitPlan(services_.platform.settings.ReadSetting("Settings", kFitPlan) == "On");
   LoadNewDoc();
 }
 
@@ -48,6 +50,12 @@ void frmMain::SetBreathingMode(bool openCircuit, bool apply) {
   mnuOC.Caption = T(openCircuit ? kConstPPO : kOpenCircuit);
   OpenCircuitMode = openCircuit;
   if (apply) ApplyToProfile();
+}
+
+void frmMain::FitPlan(bool fit) {
+  mnuFitPlan.Checked = fit;
+  Tool(20).Checked = fit;
+  services_.view.FitPlan(fit);
 }
 
 void frmMain::ApplyToProfile() {
@@ -94,7 +102,7 @@ void frmMain::StartAscent() {
 void frmMain::PopupGraphMenu() {
   services_.platform.windows.PopupMenu({&mnuPopupAddWaypoint, &popup0, &mnucleardecopoints, &popup1,
                                         &mnuclearlastwaypoint, &mnuclearallwaypoints, &popup2, &mnuResetZoom,
-                                        &mnuExportPng, &mnuExportSvg});
+                                        &mnuFitPlan, &mnuExportPng, &mnuExportSvg});
 }
 
 void frmMain::ShowHelp(HelpViewer::Page page) {
@@ -215,6 +223,10 @@ void frmMain::WireWindowCommands() {
   mnuWindowTileHorizontal.Click = arrange(DocumentWindows::Arrangement::TileHorizontal);
   mnuWindowTileVertical.Click = arrange(DocumentWindows::Arrangement::TileVertical);
   mnuWindowArrangeIcons.Click = arrange(DocumentWindows::Arrangement::Icons);
+  mnuFitPlan.Click = Tool(20).Click = [this] {
+    FitPlan(!mnuFitPlan.Checked);
+    services_.platform.settings.WriteSetting("Settings", kFitPlan, mnuFitPlan.Checked ? "On" : "Off");
+  };
   mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
   mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
   mnuHelpAbout.Click = [this] {

@@ -71,6 +71,8 @@ class frmMain : public Form {
   MenuItem mnuWindowTileHorizontal{*this, "mnuWindowTileHorizontal"};
   MenuItem mnuWindowTileVertical{*this, "mnuWindowTileVertical"};
   MenuItem mnuWindowArrangeIcons{*this, "mnuWindowArrangeIcons"};
+  MenuItem mnuWindowBar1{*this, "mnuWindowBar1"};
+  MenuItem mnuFitPlan{*this, "mnuFitPlan"};
   MenuItem mnuHelp{*this, "mnuHelp"};
   MenuItem mnuHelpContents{*this, "mnuHelpContents"};
   MenuItem mnuHelpSearch{*this, "mnuHelpSearch"};
@@ -152,6 +154,7 @@ class frmMain : public Form {
   void WirePlanCommands();
   void WireWindowCommands();
   void FillRecent();
+  void FitPlan(bool fit);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
   void mnuHybrid_Click();

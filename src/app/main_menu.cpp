@@ -67,6 +67,8 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuWindowTileHorizontal, 1, "1042", "F6"},
     {&frmMain::mnuWindowTileVertical, 1, "1043", "Shift+F6"},
     {&frmMain::mnuWindowArrangeIcons, 1, "1044", ""},
+    {&frmMain::mnuWindowBar1, 1, kRule, ""},
+    {&frmMain::mnuFitPlan, 1, "7102", "F9"},
     {&frmMain::mnuHelp, 0, "1050", ""},
     {&frmMain::mnuHelpContents, 1, "1051", "F1"},
     {&frmMain::mnuHelpSearch, 1, "1052", ""},
@@ -113,6 +115,8 @@ constexpr ToolRow kToolBar[] = {
     {"Multilevel", "multilevel", "6333"},
     {"", "", ""},
     {"Mixer", "mixer", "Partial Pressure Mixer"},
+    {"", "", ""},
+    {"FitPlan", "fit", "7103"},
 };
 
 }  // namespace

@@ -43,6 +43,8 @@ class MainView {
   virtual void MenuChanged() = 0;
   /// The child window of a document: its graph.
   virtual void ResetZoom(std::int16_t document) = 0;
+  /// In all graphs, those to come too, the plan fills the window, or has room to grow.
+  virtual void FitPlan(bool fit) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

@@ -88,9 +88,10 @@ void GraphView::TemplateChanged() {
 
 void GraphView::LayOut() {
   const GraphLayout layout = LayOutGraph(width() * kUnitsPerPixel, height() * kUnitsPerPixel,
-                                         scrollBar_->sizeHint().height() * kUnitsPerPixel, zoom_);
+                                         scrollBar_->sizeHint().height() * kUnitsPerPixel, shown_);
   container_->setGeometry(PixelRect(layout.mainContainer));
   bars_->setGeometry(PixelRect(layout.compartments));
+  bars_->setVisible(bars_->height() > 0);
   scrollBar_->setGeometry(PixelRect(layout.scrollBar));
   // What the container and the scroll bar leave of the plot.
   const QRect view = PixelRect(layout.axisContainer);
@@ -116,7 +117,7 @@ void GraphView::LayOut() {
 
 void GraphView::Redraw() {
   grid_->ShowPart(plot_, scrollBar_->value());
-  graph_.RedrawProfile(container_->Surface(), grid_->Surface(), bars_->Surface(), zoom_);
+  graph_.RedrawProfile(container_->Surface(), grid_->Surface(), bars_->Surface(), shown_);
   container_->Flush();
   grid_->Flush();
   bars_->Flush();
@@ -210,24 +211,28 @@ void GraphView::GridMouse(QEvent* event) {
 }
 
 void GraphView::Zoom(double factor, double atPixel) {
-  const double zoom = std::clamp(zoom_ * factor, 1.0, kLargestZoom);
-  if (zoom == zoom_) return;
+  const double zoom = std::clamp(shown_.timeZoom * factor, 1.0, kLargestZoom);
+  if (zoom == shown_.timeZoom) return;
   const double scroll = scrollBar_->value();
-  const double kept = ScrollKeeping(atPixel + scroll, scroll, zoom / zoom_);
-  zoom_ = zoom;
+  const double kept = ScrollKeeping(atPixel + scroll, scroll, zoom / shown_.timeZoom);
+  shown_.timeZoom = zoom;
   const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
   scrollBar_->setValue(static_cast<int>(std::lround(kept)));
   Redraw();
 }
 
-void GraphView::ResetZoom() {
-  zoom_ = 1;
+void GraphView::Show(const PlotView& shown) {
+  shown_ = shown;
   const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
   scrollBar_->setValue(0);
   Redraw();
 }
+
+void GraphView::ResetZoom() { Show({1, shown_.fitPlan}); }
+
+void GraphView::FitPlan(bool fit) { Show({1, fit}); }
 
 void GraphView::keyPressEvent(QKeyEvent* event) {
   const double middle = grid_->width() / 2.0;

@@ -34,6 +34,8 @@ class GraphView : public QWidget, public GraphWindow {
   /// A line of text over the plot; empty takes it away.
   void ShowNotice(const QString& text);
   void ResetZoom();
+  /// Whether the plan fills the window, or has room to grow.
+  void FitPlan(bool fit);
   /// The whole graph as a picture. False when the file could not be written.
   bool ExportPng(const QString& file);
   bool ExportSvg(const QString& file);
@@ -55,6 +57,7 @@ class GraphView : public QWidget, public GraphWindow {
 
  private:
   void LayOut();
+  void Show(const PlotView& shown);
   [[nodiscard]] ScreenPoint OnPlot(QPointF position) const;
   void GridMouse(QEvent* event);
   /// Stretches the time; what lies at that pixel of the view of the plot stays there.
@@ -65,7 +68,7 @@ class GraphView : public QWidget, public GraphWindow {
   std::int16_t document_;
   Actions actions_;
   ProfileGraph graph_;
-  double zoom_ = 1;
+  PlotView shown_;
   QSize plot_;  ///< pixels, of which the grid shows a part
   SurfaceWidget* container_;
   SurfaceWidget* grid_;

@@ -64,9 +64,14 @@ void MainWindow::BuildMenu() {
     };
     FillAction(item, *action);
     if (!opens) {
-      connect(action, &QAction::triggered, this, [this, chosen = &item] {
-        const auto& there = form_->Controls();
-        if (std::find(there.begin(), there.end(), chosen) != there.end()) chosen->Choose();
+      connect(action, &QAction::triggered, this, [this, chosen = &item, shown = QPointer<QAction>(action)] {
+        const auto isThere = [&] {
+          const auto& there = form_->Controls();
+          return std::find(there.begin(), there.end(), chosen) != there.end();
+        };
+        if (isThere()) chosen->Choose();
+        // A click has taken the mark of a marked entry away, whatever the command has made of it.
+        if (shown != nullptr && isThere()) FillAction(*chosen, *shown);
       });
     }
   }
@@ -106,9 +111,14 @@ void MainWindow::BuildToolBar() {
       action->setToolTip(ToQt(button->ToolTipText));
       action->setText(ToQt(button->ToolTipText));  // what a screen reader says
       action->setEnabled(button->Enabled);
+      action->setCheckable(button->Checked);
+      action->setChecked(button->Checked);
     };
     button->Changed();
-    connect(action, &QAction::triggered, this, [button] { button->Press(); });
+    connect(action, &QAction::triggered, this, [button] {
+      button->Press();
+      button->Changed();
+    });
   }
 }
 
@@ -140,6 +150,7 @@ MainWindow::Child* MainWindow::Find(std::int16_t document) {
 void MainWindow::OpenWindow(std::int16_t document) {
   Child child;
   child.graph = makeGraph(document);
+  child.graph->FitPlan(fitPlan_);
   child.window = new QMdiSubWindow;
   child.window->setWidget(child.graph);
   child.window->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -255,6 +266,11 @@ void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
 
 void MainWindow::ResetZoom(std::int16_t document) {
   if (Child* child = Find(document)) child->graph->ResetZoom();
+}
+
+void MainWindow::FitPlan(bool fit) {
+  fitPlan_ = fit;
+  for (auto& [document, child] : children_) child.graph->FitPlan(fit);
 }
 
 bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {

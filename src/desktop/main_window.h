@@ -33,6 +33,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void ShowWindow() override { show(); }
   void MenuChanged() override;
   void ResetZoom(std::int16_t document) override;
+  void FitPlan(bool fit) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
   // DocumentWindows
@@ -70,6 +71,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   frmMain* form_ = nullptr;
   std::map<std::int16_t, Child> children_;
   std::optional<std::int16_t> active_;
+  bool fitPlan_ = false;
 };
 
 }  // namespace tav

@@ -20,6 +20,7 @@ void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, con
   const double width = surface.Width();
   const double column = width / 20;
   const double bottom = height - kBottom;
+  const double roomForNumber = width / kCompartments - 80;  // a narrow window shows the bars alone
   const double unit = (height - kTop - kBottom) / 3;
   surface.Clear(graph::kBackground);
   surface.Text(width / 2 - 510, 0, title, kBlack, true);
@@ -37,8 +38,11 @@ void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, con
     band(std::min(load, 2.0) - 1, graph::kOrange);
     band(std::min(load, 3.0) - 2, kRed);
     surface.Box(x, kTop, x + column, bottom, kBlack);
-    surface.Text(x + 80, height - kNumberUp, FormatFixed(Single(load * 100), 0), kBlack);
-    surface.Text((column + 2 * x - 300) / 2 + 100, height - 250, std::to_string(k + 1), kBlack);
+    const auto number = [&](double left, double top, const std::string& text) {
+      if (surface.TextWidth(text) <= roomForNumber) surface.Text(left, top, text, kBlack);
+    };
+    number(x + 80, height - kNumberUp, FormatFixed(Single(load * 100), 0));
+    number((column + 2 * x - 300) / 2 + 100, height - 250, std::to_string(k + 1));
   }
 }
 

@@ -16,25 +16,31 @@ struct GraphLayout {
   GraphRect mainContainer;  ///< axis labels, and the clipped plot within
   GraphRect axisContainer;  ///< within mainContainer: what is seen of the plot
   GraphRect grid;           ///< within axisContainer: the plot, scrolled to the left
-  GraphRect compartments;
+  GraphRect compartments;   ///< no height in a window that is too low for them
   GraphRect scrollBar;
   double scrollMaximum = 0;
   double largeChange = 0;
   double smallChange = 0;
 };
 
-/// The layout of a window of that size, with a scroll bar of that height. `timeZoom` of 1 or more stretches the time.
-inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeight, double timeZoom) {
+/// The layout of a window of that size, with a scroll bar of that height.
+inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeight, const PlotView& view) {
+  constexpr double kLowestBars = 1200;  // with less, nobody reads a load off them
+  const double forBars = height / 4 - 300;
+  const bool bars = forBars >= kLowestBars;
+  const double plotHeight = bars ? 3 * height / 4 : height;
   GraphLayout layout;
-  layout.mainContainer = {0, 0, width > 20 ? width - 20 : width, 3 * height / 4};
+  layout.mainContainer = {0, 0, width > 20 ? width - 20 : width, plotHeight};
   layout.axisContainer = {kPlotPlaceX, kPlotPlaceY, width, height};
   // The bars begin where the scroll bar ends, so that their title is not covered.
-  layout.compartments = {0, 3 * height / 4 - 45, width - 100, height / 4 - 300};
-  layout.scrollBar = {0, 3 * height / 4 - scrollBarHeight - 45, width > 60 ? width - 60 : 0, scrollBarHeight};
+  layout.compartments = {0, plotHeight - 45, width - 100, bars ? forBars : 0};
+  layout.scrollBar = {0, plotHeight - scrollBarHeight - (bars ? 45 : 0), width > 60 ? width - 60 : 0, scrollBarHeight};
   // As high as what is seen of it, so that all of its depths can be dragged to.
   const double seen = layout.scrollBar.top - layout.axisContainer.top;
-  layout.grid = {0, 0, 2 * width * timeZoom, seen > 0 ? seen : 0};
-  layout.scrollMaximum = layout.grid.width - layout.axisContainer.width + 870;
+  // A plan that fills the window needs no more than what is seen.
+  const double seenWidth = layout.mainContainer.width > kPlotPlaceX ? layout.mainContainer.width - kPlotPlaceX : 0;
+  layout.grid = {0, 0, (view.fitPlan ? seenWidth : 2 * width) * view.timeZoom, seen > 0 ? seen : 0};
+  layout.scrollMaximum = layout.grid.width - (view.fitPlan ? seenWidth : layout.axisContainer.width - 870);
   layout.largeChange = layout.grid.width / 5;
   layout.smallChange = layout.grid.width / 10;
   return layout;

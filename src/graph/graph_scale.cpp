@@ -18,7 +18,9 @@ Single RoundUpToStep(Single value, int step) {
 
 void GraphScale::SetPlot(Single width, Single height) {
   constexpr double kMargin = 0.055;
-  PlotTop = kMargin * height;
+  constexpr double kNumbers = 200;
+  // In a low window the numbers of the time axis still need their room.
+  PlotTop = std::max(kMargin * height, std::min(kNumbers, height / 2));
   PlotBottom = height - PlotTop;
   PlotLeft = 0;
   PlotRight = width;

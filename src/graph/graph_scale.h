@@ -29,7 +29,7 @@ class GraphScale {
   Single PlotLeft, PlotRight, PlotTop, PlotBottom;      ///< drawing units
   Single WorldLeft, WorldRight, WorldTop, WorldBottom;  ///< minutes; depths as negative numbers
 
-  /// The plot on a surface of that size: 5.5 % of the height is left free above and below.
+  /// The plot on a surface of that size: 5.5 % of the height, and 200 units at least, is left free above and below.
   void SetPlot(Single width, Single height);
   /// The world box, rounded outwards to tens.
   void SetWorld(Single left, Single right, Single top, Single bottom);

@@ -40,10 +40,11 @@ class ExclusiveOr {
 }  // namespace
 
 void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars,
-                                 double timeZoom) {
+                                 const PlotView& view) {
   const ClassProfile& rows = Editor().InputProfile;
   ProfilePlot plot(container, grid);
-  plot.Redraw(rows, ProfilePlot::kRoomToGrow, timeZoom);
+  const bool fit = view.fitPlan && rows.GetLength() > 0;
+  plot.Redraw(rows, fit ? ProfilePlot::kFitted : ProfilePlot::kRoomToGrow, view.timeZoom);
   scale_ = plot.Scale();
   scale_.TransformRates(Template());
   const Waypoint& last = rows.Row(rows.GetLength());

@@ -39,7 +39,7 @@ class ProfileGraph {
       : forms_(forms), document_(document), window_(window) {}
 
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
-  void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, double timeZoom = 1);
+  void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, const PlotView& view = {});
 
   /// Draws all of the plan on one surface, with the titles, for a picture: the plan fills the plot, and
   /// nothing is scrolled or cut off. Changes nothing else.

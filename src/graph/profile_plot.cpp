@@ -11,10 +11,10 @@ namespace tav {
 namespace {
 
 constexpr double kRadius = 50;
-constexpr double kSmallest = 60;
+constexpr double kGap = 100;  // between two numbers of an axis
 
-Single Largest(const ClassProfile& profile, Single Waypoint::*field) {
-  Single largest = kSmallest;
+Single Largest(const ClassProfile& profile, Single Waypoint::*field, Single least) {
+  Single largest = least;
   for (int i = 0; i <= profile.GetLength(); ++i) {
     largest = MaxSingle(largest, profile.Row(static_cast<std::int16_t>(i)).*field);
   }
@@ -23,16 +23,22 @@ Single Largest(const ClassProfile& profile, Single Waypoint::*field) {
 
 int Whole(double value) { return static_cast<int>(std::nearbyint(value)); }
 
+/// Of how many marks of an axis one has a number, for numbers of that size to lie apart.
+int MarksPerNumber(double size, double markDistance) {
+  return markDistance > 0 ? std::max(1, static_cast<int>(std::ceil((size + kGap) / markDistance))) : 1;
+}
+
 }  // namespace
 
-Single LargestDepth(const ClassProfile& profile) { return Largest(profile, &Waypoint::Depth); }
-Single LargestTime(const ClassProfile& profile) { return Largest(profile, &Waypoint::RunTime); }
+Single LargestDepth(const ClassProfile& profile, Single least) { return Largest(profile, &Waypoint::Depth, least); }
+Single LargestTime(const ClassProfile& profile, Single least) { return Largest(profile, &Waypoint::RunTime, least); }
 
 void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZoom) {
   container_.Clear(graph::kBackground);
   grid_.Clear(graph::kBackground);
   scale_.SetPlot(grid_.Width(), grid_.Height());
-  scale_.SetWorld(0, reach.time * LargestTime(profile), 0, -reach.depth * LargestDepth(profile));
+  scale_.SetWorld(0, reach.time * LargestTime(profile, reach.least), 0,
+                  -reach.depth * LargestDepth(profile, reach.least));
   grid_.FilledBox(scale_.PlotLeft, scale_.PlotTop, scale_.PlotRight, scale_.PlotBottom, kBlack);
   Xaxis(timeZoom);
   Yaxis();
@@ -47,9 +53,13 @@ void ProfilePlot::Xaxis(double timeZoom) {
   constexpr int kSteps = 30;
   const int step = std::max(2, Whole(scale_.WorldRight / (kSteps * timeZoom)));
   const int last = Whole(scale_.WorldRight - step);
+  const double distance = scale_.WorldToScreen(step, 0).x - scale_.WorldToScreen(0, 0).x;
+  const int each = MarksPerNumber(grid_.TextWidth(FormatFixed(last, 0)), distance);
+  int mark = 0;
   for (int v = Whole(scale_.WorldLeft + step); v <= last; v += step) {
     const double x = scale_.WorldToScreen(v, 0).x;
     grid_.Line(x, scale_.PlotBottom, x, scale_.PlotTop - 100, graph::kGrey);
+    if (++mark % each != 0) continue;
     const std::string number = FormatFixed(v, 0);
     grid_.Text(x - grid_.TextWidth(number) / 2, scale_.PlotTop - 200, number, kBlack);
   }
@@ -63,14 +73,17 @@ void ProfilePlot::Yaxis() {
   container_.Line(axis - 20, top + kPlotPlaceY, axis - 20, container_.Height(), graph::kWhite);
   grid_.Line(scale_.PlotLeft, top, scale_.PlotRight, top, graph::kWhite);
   const int last = Whole(-scale_.WorldBottom - step);
+  const int each = MarksPerNumber(container_.TextHeight(), scale_.WorldToScreen(0, -step).y - top);
+  int mark = 0;
   for (int d = Whole(scale_.WorldTop + step); d <= last; d += step) {
     const double y = scale_.WorldToScreen(0, -d).y;
     grid_.Line(scale_.PlotLeft, y, scale_.PlotRight, y, graph::kGrey, DrawingSurface::LineStyle::Dotted);
     grid_.Line(scale_.PlotLeft - 100, y, scale_.PlotLeft, y, graph::kGrey);
+    container_.Line(axis - 100, y + kPlotPlaceY, axis, y + kPlotPlaceY, graph::kWhite);
+    if (++mark % each != 0) continue;
     const std::string number = FormatFixed(d, 0);
     container_.Text(axis - 200 - container_.TextWidth(number), y + kPlotPlaceY - container_.TextHeight() / 2, number,
                     kBlack);
-    container_.Line(axis - 100, y + kPlotPlaceY, axis, y + kPlotPlaceY, graph::kWhite);
   }
 }
 

@@ -12,9 +12,15 @@ namespace tav {
 constexpr double kPlotPlaceX = 800;
 constexpr double kPlotPlaceY = 300;
 
-/// The greatest depth and run time of any row, at least 60.
-Single LargestDepth(const ClassProfile& profile);
-Single LargestTime(const ClassProfile& profile);
+/// The greatest depth and run time of any row, at least that much.
+Single LargestDepth(const ClassProfile& profile, Single least);
+Single LargestTime(const ClassProfile& profile, Single least);
+
+/// What of the world the plot of a document window shows.
+struct PlotView {
+  double timeZoom = 1;   ///< 1 or more stretches the time
+  bool fitPlan = false;  ///< the plan fills the window; else there is room for it to grow
+};
 
 /// Draws a plan as depth against run time: axes, rows, gas labels.
 class ProfilePlot {
@@ -23,16 +29,20 @@ class ProfilePlot {
   /// left and 300 from the top.
   ProfilePlot(DrawingSurface& container, DrawingSurface& grid) : container_(container), grid_(grid) {}
 
-  /// How far the world of the plot reaches: multiples of the greatest run time and depth, before rounding outwards.
+  /// How far the world of the plot reaches: multiples of the greatest run time and depth of any row, at
+  /// least of `least`, before rounding outwards.
   struct Reach {
     double time;
     double depth;
+    double least;
   };
-  static constexpr Reach kRoomToGrow{3, 2};       ///< for a plan that is being made
-  static constexpr Reach kJustThePlan{1.2, 1.1};  ///< for a picture of one that is done
+  static constexpr Reach kRoomToGrow{3, 2, 60};       ///< for a plan that is being made
+  static constexpr Reach kJustThePlan{1.2, 1.1, 60};  ///< for a picture of one that is done
+  static constexpr Reach kFitted{1.1, 1, 10};         ///< for a window that the plan is to fill
 
   /// Clears both surfaces and draws everything. The scale that results holds until the next call. On a plot whose time
-  /// is stretched by `timeZoom` the times are told in finer steps.
+  /// is stretched by `timeZoom` the times are told in finer steps. Where the numbers of an axis have no room, every
+  /// second, third, ... stands.
   void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1);
   [[nodiscard]] const GraphScale& Scale() const { return scale_; }
 

@@ -334,6 +334,7 @@ class ToolButton : public Control {
  public:
   using Control::Control;
   Property<std::string> Image{Changed};  ///< name of its icon
+  Property<bool> Checked{Changed};       ///< shown as pressed
   Event Click;
   void Press() const {
     if (CanAct()) Fire(Click);

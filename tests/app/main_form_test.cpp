@@ -109,9 +109,9 @@ TEST(MainMenu, EveryEntryHasATextAndAUniqueKey) {
   }
   std::sort(keys.begin(), keys.end());
   EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end());
-  EXPECT_EQ(p.Main().ToolBar().size(), 18U);
   EXPECT_EQ(p.Main().Tool(9).Name(), "OpenCircuit");
   EXPECT_EQ(p.Main().Tool(16).Name(), "Multilevel");
+  EXPECT_EQ(p.Main().Tool(20).Name(), "FitPlan");
 }
 
 TEST(Models, MarksAndFlagsExcludeEachOther) {
@@ -172,6 +172,20 @@ TEST(Commands, FollowThePlan) {
   EXPECT_EQ(states(), (std::vector<bool>{false, false, true, true, true, true, true}));
   main.mnucleardecopoints.Choose();
   EXPECT_EQ(states(), (std::vector<bool>{true, true, false, false, true, true, true}));
+}
+
+TEST(FitPlan, IsKeptFromOneStartToTheNext) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_FALSE(p.view.fitPlan);
+  p.Main().Tool(20).Press();
+  EXPECT_TRUE(p.view.fitPlan && p.Main().mnuFitPlan.Checked);
+  HeadlessProgram later;
+  later.platform.settings = p.platform.settings;
+  ASSERT_TRUE(later.Start());
+  EXPECT_TRUE(later.view.fitPlan && later.Main().Tool(20).Checked);
+  later.Main().mnuFitPlan.Choose();
+  EXPECT_FALSE(later.view.fitPlan || later.Main().Tool(20).Checked);
 }
 
 TEST(Undo, GoesBackToTheOpenedPlanAndForwardAgain) {

@@ -68,6 +68,18 @@ TEST_F(CompartmentBars, BandsShowThirdsAndTheNumberThePercent) {
   }
 }
 
+TEST_F(CompartmentBars, NumbersThatWouldRunIntoEachOtherAreLeftOut) {
+  RecordingSurface narrow(5600, 1150);  // 350 for a column and its gap
+  Compartments loads{};
+  loads[0] = 1;  // "100" is 300 wide
+  loads[1] = 0.9;
+  ShowCompartmentLoad(narrow, loads, "Title");
+  const auto texts = narrow.Texts();
+  EXPECT_EQ(std::count(texts.begin(), texts.end(), "100"), 0);
+  EXPECT_EQ(std::count(texts.begin(), texts.end(), "90"), 1);
+  EXPECT_EQ(std::count(texts.begin(), texts.end(), "16"), 1);
+}
+
 TEST_F(CompartmentBars, EveryColumnIsOutlinedAfterItsBands) {
   Draw(2.5);
   const auto& strokes = surface.strokes;

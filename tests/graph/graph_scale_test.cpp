@@ -29,6 +29,15 @@ GraphScale EmptyPlan() {
   return scale;  // 100 units to the minute, 8900 units to 130 of depth, from y 550
 }
 
+TEST(GraphScale, ALowPlotKeepsRoomForTheNumbersAboveIt) {
+  GraphScale scale;
+  for (const auto& [height, top] : {std::pair{2000.0, 200.0}, {4000.0, 220.0}, {300.0, 150.0}, {0.0, 0.0}}) {
+    scale.SetPlot(9000, height);
+    EXPECT_EQ(scale.PlotTop, Single(top)) << height;
+    EXPECT_EQ(scale.PlotBottom, Single(height - top)) << height;
+  }
+}
+
 TEST(GraphScale, PlacesRunTimeAndDepth) {
   const GraphScale scale = EmptyPlan();
   EXPECT_EQ(scale.WorldToScreen(0, 0), (ScreenPoint{0, 550}));
@@ -78,7 +87,7 @@ TEST(GraphScale, RatesBecomeSlopesAndLimitsBecomePlaces) {
 }
 
 TEST(GraphLayout, ThePlotIsTwiceAsWideAsTheWindowAndScrollsToItsEnd) {
-  const GraphLayout layout = LayOutGraph(15000, 10500, 240, 1);
+  const GraphLayout layout = LayOutGraph(15000, 10500, 240, {});
   EXPECT_EQ(layout.mainContainer.width, 14980);
   EXPECT_EQ(layout.mainContainer.height, 7875);
   EXPECT_EQ(layout.grid.width, 30000);
@@ -96,16 +105,33 @@ TEST(GraphLayout, ThePlotIsTwiceAsWideAsTheWindowAndScrollsToItsEnd) {
 }
 
 TEST(GraphLayout, ATinyWindowHasNoNegativeWidths) {
-  const GraphLayout layout = LayOutGraph(20, 300, 240, 1);
+  const GraphLayout layout = LayOutGraph(20, 300, 240, {});
   EXPECT_EQ(layout.mainContainer.width, 20);
   EXPECT_EQ(layout.scrollBar.width, 0);
   EXPECT_EQ(layout.grid.height, 0);
 }
 
+TEST(GraphLayout, APlanThatFillsTheWindowNeedsNoScrolling) {
+  const GraphLayout layout = LayOutGraph(15000, 10500, 240, {1, true});
+  EXPECT_EQ(layout.grid.width, layout.mainContainer.width - layout.axisContainer.left);
+  EXPECT_EQ(layout.scrollMaximum, 0);
+  const GraphLayout zoomed = LayOutGraph(15000, 10500, 240, {3, true});
+  EXPECT_EQ(zoomed.grid.width - zoomed.scrollMaximum, layout.grid.width) << "its end can be scrolled to";
+}
+
+TEST(GraphLayout, InALowWindowTheBarsGiveWayToThePlot) {
+  const GraphLayout high = LayOutGraph(9600, 6000, 240, {});
+  EXPECT_EQ(high.compartments.height, 1200);
+  const GraphLayout low = LayOutGraph(9600, 5900, 240, {});
+  EXPECT_EQ(low.compartments.height, 0);
+  EXPECT_EQ(low.scrollBar.top + low.scrollBar.height, 5900);
+  EXPECT_GT(low.grid.height, high.grid.height);
+}
+
 TEST(GraphLayout, ZoomStretchesTheTimeAndKeepsThePlaceUnderThePointer) {
-  const GraphLayout layout = LayOutGraph(15000, 10500, 240, 4);
+  const GraphLayout layout = LayOutGraph(15000, 10500, 240, {4});
   EXPECT_EQ(layout.grid.width, 120000);
-  EXPECT_EQ(layout.grid.height, LayOutGraph(15000, 10500, 240, 1).grid.height);
+  EXPECT_EQ(layout.grid.height, LayOutGraph(15000, 10500, 240, {}).grid.height);
   EXPECT_EQ(layout.scrollMaximum, 105870);
   // 5000 on the plot, seen at 2000: at twice the width the same minute is at 10000 and still seen at 2000.
   EXPECT_EQ(10000 - ScrollKeeping(5000, 3000, 2), 2000);

@@ -175,6 +175,15 @@ TEST_F(Graph, AClickGivesAWaypointUnderThePointer) {
   }
 }
 
+TEST_F(Graph, OnlyAPlanThatIsThereFillsTheWindow) {
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  EXPECT_THAT(grid.Texts(), Contains("180")) << "an empty plan has room to grow";
+  AddLeg(36, 20);
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  EXPECT_THAT(grid.Texts(), Contains("28"));
+  EXPECT_THAT(grid.Texts(), testing::Not(Contains("30")));
+}
+
 TEST_F(Graph, AnEmptyPlanTellsHowToBegin) {
   const std::string hint = "*StringID 7101*";
   EXPECT_THAT(grid.Texts(), Contains(hint));

@@ -84,8 +84,41 @@ TEST_F(ProfilePlotTest, AxesOfAnEmptyPlan) {
 
 TEST_F(ProfilePlotTest, StretchedTimeIsToldInFinerStepsOfAtLeastTwoMinutes) {
   for (const auto& [zoom, second] : {std::pair{1.0, "12"}, {1.6, "8"}, {3.0, "4"}, {12.0, "4"}}) {
-    plot.Redraw(profile, ProfilePlot::kRoomToGrow, zoom);
-    EXPECT_EQ(grid.Texts()[1], second) << zoom;
+    RecordingSurface stretched(19000 * zoom, 10000);
+    ProfilePlot(container, stretched).Redraw(profile, ProfilePlot::kRoomToGrow, zoom);
+    EXPECT_EQ(stretched.Texts()[1], second) << zoom;
+  }
+}
+
+TEST_F(ProfilePlotTest, NumbersThinOutBeforeTheyTouch) {
+  for (const auto& [width, height] :
+       {std::pair{19000.0, 10000.0}, {9000.0, 3000.0}, {4000.0, 1500.0}, {1000.0, 800.0}}) {
+    SCOPED_TRACE(width);
+    RecordingSurface small(width, height);
+    RecordingSurface around(width / 2, height + 300);
+    ProfilePlot(around, small).Redraw(profile, ProfilePlot::kRoomToGrow);
+    const auto times = small.Of(Kind::Text);
+    ASSERT_FALSE(times.empty());
+    for (std::size_t i = 1; i < times.size(); ++i) {
+      EXPECT_GT(times[i].x0, times[i - 1].x0 + small.TextWidth(times[i - 1].text, false));
+    }
+    const auto depths = around.Of(Kind::Text);
+    ASSERT_FALSE(depths.empty());
+    for (std::size_t i = 1; i < depths.size(); ++i) EXPECT_GT(depths[i].y0, depths[i - 1].y0 + 180);
+    EXPECT_EQ(small.Of(Kind::Dotted).size(), 13U) << "the lines stay";
+  }
+}
+
+TEST_F(ProfilePlotTest, AFittedPlanFillsThePlot) {
+  const struct {
+    double time, depth, right, bottom;
+  } cases[] = {{20, 12, 30, -30}, {100, 60, 120, -70}, {5, 3, 20, -20}};
+  for (const auto& known : cases) {
+    profile.clear();
+    Add(known.time, known.depth);
+    plot.Redraw(profile, ProfilePlot::kFitted);
+    EXPECT_EQ(plot.Scale().WorldRight, known.right);
+    EXPECT_EQ(plot.Scale().WorldBottom, known.bottom);
   }
 }
 

@@ -22,6 +22,7 @@ struct HeadlessMainView : MainView {
   void ShowWindow() override { shown = true; }
   void MenuChanged() override {}
   void ResetZoom(std::int16_t /*document*/) override {}
+  void FitPlan(bool fit) override { fitPlan = fit; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -31,6 +32,7 @@ struct HeadlessMainView : MainView {
   Placement place;
   bool minimised = false;
   bool shown = false;
+  bool fitPlan = false;
   std::string exported;
 };
 
