@@ -142,10 +142,13 @@ void frmMain::SyncCommands() {
   mnuclearallwaypoints.Enabled = anything;
   mnuUndo.Enabled = active && services_.history.CanUndo(*active);
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
-  for (MenuItem* item : {&mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuOC, &mnuGeneralReport}) {
-    item->Enabled = active.has_value();
+  // Settings can be edited, loaded and saved without a plan: they are then those of new plans.
+  for (Control* command : std::initializer_list<Control*>{
+           &mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC,
+           &mnuWindowCascade, &mnuWindowTileHorizontal, &mnuWindowTileVertical, &mnuWindowArrangeIcons, &mnuResetZoom,
+           &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &Tool(3), &Tool(9), &Tool(13)}) {
+    command->Enabled = active.has_value();
   }
-  Tool(13).Enabled = active.has_value();
 }
 
 void frmMain::DocumentActivated() {

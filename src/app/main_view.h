@@ -13,12 +13,13 @@ struct MenuEntry {
   int level = 0;
 };
 
-/// Place of the main window in drawing units (1440 to the inch).
+/// Place of the main window in drawing units (1440 to the inch). That of the very first start has room for the tool bar
+/// and a readable graph: 1000 x 700 pixels.
 struct Placement {
   int left = 1000;
   int top = 1000;
-  int width = 6500;
-  int height = 6500;
+  int width = 15000;
+  int height = 10500;
 };
 
 class frmMain;

@@ -124,6 +124,7 @@ void Program::Display::ShowRepetitiveIcon(std::int16_t document) {
 
 void Program::Display::ShowTemplate(std::int16_t document) {
   program_.platform_.documentWindows.TemplateChanged(document);
+  Sync();  // a message may come before the plan is computed
 }
 
 void Program::Display::RedrawProfile(std::int16_t document) {

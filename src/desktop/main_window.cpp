@@ -31,7 +31,7 @@ MainWindow::~MainWindow() { area_->disconnect(this); }
 
 void MainWindow::Attach(frmMain& form) {
   form_ = &form;
-  form.Changed = [this] { setWindowTitle(ToQt(form_->Caption)); };
+  form.Changed = [this] { ShowTitle(); };
   form.CloseWanted = [] { QApplication::quit(); };
   BuildMenu();
   BuildToolBar();
@@ -42,6 +42,7 @@ void MainWindow::Attach(frmMain& form) {
 
 void MainWindow::BuildMenu() {
   menuBar()->clear();
+  for (QMenu* old : menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) old->deleteLater();
   std::map<int, QMenu*> menus;
   const auto menu = form_->Menu();
   for (std::size_t i = 0; i < menu.size(); ++i) {
@@ -123,15 +124,13 @@ void MainWindow::BuildToolBar() {
 }
 
 void MainWindow::Place(const Placement& placement) {
-  // The tool bar and a readable graph need this much, as far as the screen has it.
-  constexpr QSize kSmallest(1000, 700);
   QRect wanted(ToPixels(placement.left), ToPixels(placement.top), ToPixels(placement.width),
                ToPixels(placement.height));
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
   const QRect room = screen->availableGeometry();
   setMinimumSize(QSize(480, 360).boundedTo(room.size()));
-  wanted.setSize(wanted.size().expandedTo(kSmallest).boundedTo(room.size()));
+  wanted.setSize(wanted.size().expandedTo(minimumSize()).boundedTo(room.size()));
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
   wanted.moveTop(std::clamp(wanted.top(), room.top(), room.bottom() + 1 - wanted.height()));
   setGeometry(wanted);
@@ -186,6 +185,7 @@ void MainWindow::RemoveWindow(std::int16_t document) {
   QMdiSubWindow* next = area_->currentSubWindow();
   if (maximised && next != nullptr) next->showMaximized();
   SubWindowActivated(area_->currentSubWindow());
+  ShowTitle();
 }
 
 void MainWindow::ActivateWindow(std::int16_t document) {
@@ -193,6 +193,7 @@ void MainWindow::ActivateWindow(std::int16_t document) {
   if (child == nullptr) return;
   active_ = document;
   area_->setActiveSubWindow(child->window);
+  ShowTitle();
   if (form_ != nullptr) form_->DocumentActivated();
 }
 
@@ -204,6 +205,7 @@ void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
   if (number && Find(*number) == nullptr) return;
   if (number == active_) return;
   active_ = number;
+  ShowTitle();
   if (form_ != nullptr) form_->DocumentActivated();
 }
 
@@ -242,10 +244,31 @@ void MainWindow::Arrange(Arrangement arrangement) {
 
 void MainWindow::SetCaption(std::int16_t document, const std::string& caption) {
   if (Child* child = Find(document)) child->window->setWindowTitle(ToQt(caption) + QStringLiteral("[*]"));
+  ShowTitle();
 }
 
 void MainWindow::SetModified(std::int16_t document, bool modified) {
   if (Child* child = Find(document)) child->window->setWindowModified(modified);
+  ShowTitle();
+}
+
+void MainWindow::ShowTitle() {
+  if (form_ == nullptr || showingTitle_) return;
+  const Child* front = active_ ? Find(*active_) : nullptr;
+  const QString name = ToQt(form_->Caption);
+  const QString title = front == nullptr ? name : QStringLiteral("%1 - [%2]").arg(name, front->window->windowTitle());
+  showingTitle_ = true;
+  if (windowTitle() != title) setWindowTitle(title);
+  setWindowModified(front != nullptr && front->window->isWindowModified());
+  showingTitle_ = false;
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A child window that is maximised or restored writes a title of its own over it.
+  if (event->type() == QEvent::WindowTitleChange && !showingTitle_) {
+    QMetaObject::invokeMethod(this, &MainWindow::ShowTitle, Qt::QueuedConnection);
+  }
+  return QMainWindow::event(event);
 }
 
 void MainWindow::SetRepetitiveIcon(std::int16_t document) {

@@ -53,6 +53,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -64,6 +65,8 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void BuildMenu();
   void BuildToolBar();
   Child* Find(std::int16_t document);
+  /// The name of the program, and that of the plan in front with its unsaved mark.
+  void ShowTitle();
   void SubWindowActivated(QMdiSubWindow* window);
 
   QMdiArea* area_;
@@ -72,6 +75,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   std::map<std::int16_t, Child> children_;
   std::optional<std::int16_t> active_;
   bool fitPlan_ = false;
+  bool showingTitle_ = false;
 };
 
 }  // namespace tav

@@ -55,6 +55,7 @@ std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surf
   window.setPrevNext(previous, -1);
   window.setNullWaypoint();
   (*this)(previous).setNext(number);
+  services_.display.ShowRepetitiveIcon(number);
   // The new dive itself has no changes yet, but its series has.
   services_.documents(window.getFirstProfile()).Modified = true;
   services_.display.RedrawProfile(number);

@@ -155,6 +155,55 @@ TEST(BreathingMode, TwiceGivesTheStartAgainAndFollowsTheActiveDocument) {
   EXPECT_EQ(main.mnuOC.Caption.Get(), caption);
 }
 
+TEST(BreathingMode, IsThatOfThePlanWhileAMessageStandsDuringItsOpening) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(60, 20, 0));
+  const auto file = p.folder.Path() / "deep-air.tav";
+  p.platform.filesChosen.push_back(file);
+  ASSERT_TRUE(p.Main().SaveProfileCommand(false));
+  HeadlessProgram again;
+  ASSERT_TRUE(again.Start());
+  int looked = 0;
+  again.platform.onBox = [&](const ShownBox&) {
+    EXPECT_EQ(again.Main().Tool(9).Image.Get(), "opencircuit");
+    ++looked;
+  };
+  EXPECT_TRUE(again.Main().OpenFile(file));
+  EXPECT_GT(looked, 0);
+}
+
+TEST(Series, ANewDiveShowsItsIconAtOnce) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(20, 20, 0));
+  p.Main().mnuStartAscent.Choose();
+  const std::int16_t second = p.program.Forms().AddRepetitiveDive(1, 60);
+  EXPECT_TRUE(p.platform.documentWindows.at(second).repetitive);
+  EXPECT_FALSE(p.platform.documentWindows.at(1).repetitive);
+}
+
+TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(20, 20, 0));
+  p.Document().Modified = false;
+  EXPECT_TRUE(p.Main().CloseDocument(1));
+  const std::vector<std::string> usable = {
+      "mnuNewProfile", "mnuOpen",         "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
+      "mnuExit",       "mnuBulhmannB",    "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
+      "mnuFitPlan",    "mnuHelpContents", "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
+      "mnuHelpAbout"};
+  for (const MenuEntry& entry : p.Main().Menu()) {
+    if (entry.item->Click == nullptr || !entry.item->Visible) continue;
+    const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
+    EXPECT_EQ(entry.item->Enabled.Get(), expected || entry.item->Name() == "mnuClearRecent") << entry.item->Name();
+  }
+  for (const std::size_t position : {3U, 6U, 7U, 9U, 16U}) EXPECT_FALSE(p.Main().Tool(position).Enabled) << position;
+  p.Main().mnuNewProfile.Choose();
+  EXPECT_TRUE(p.Main().mnuSaveProfile.Enabled && p.Main().Tool(3).Enabled && p.Main().mnuWindowCascade.Enabled);
+}
+
 TEST(Commands, FollowThePlan) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());

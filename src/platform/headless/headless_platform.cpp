@@ -15,6 +15,7 @@ T TakeFirst(std::deque<T>& queue, T otherwise) {
 
 BoxAnswer HeadlessPlatform::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
   boxes.push_back({text, title, icon, buttons});
+  if (onBox) onBox(boxes.back());
   return TakeFirst(answers, DismissedAnswer(buttons));
 }
 

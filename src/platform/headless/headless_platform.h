@@ -42,8 +42,10 @@ class HeadlessPlatform : private MessageBoxes,
   ~HeadlessPlatform() override = default;
 
   operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
-  Platform Services() {
-    return {*this, *this, *this, *this, *this, *this, *this, *this, *this, printer, *this, *this, separators};
+  Platform Services() { return Services(*this); }
+  /// The same with document windows of another kind.
+  Platform Services(DocumentWindows& windows) {
+    return {*this, *this, *this, windows, *this, *this, *this, *this, *this, printer, *this, *this, separators};
   }
 
   // What has happened.
@@ -73,6 +75,7 @@ class HeadlessPlatform : private MessageBoxes,
   std::deque<BoxAnswer> answers;                   ///< of the next boxes; Cancel (or OK alone) when used up
   std::deque<std::filesystem::path> filesChosen;   ///< of the next file dialogs; empty gives up
   std::deque<std::function<void(Form&)>> onModal;  ///< acts for the user in the next modal forms
+  std::function<void(const ShownBox&)> onBox;      ///< looks around while a box stands
   std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
   LocaleSeparators separators;
   std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();

@@ -1,0 +1,94 @@
+#include "desktop/main_window.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <gtest/gtest.h>
+
+#include "desktop/graph_view.h"
+#include "desktop/qt_text.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+/// The program in its real main window; its boxes, files and settings are the headless ones.
+struct WindowedProgram {
+  bool Start() {
+    window.makeGraph = [this](std::int16_t document) { return MakeGraphView(program, document); };
+    headless.platform.onModal.emplace_back([](Form& form) { dynamic_cast<frmLiability&>(form).cbAgree.Press(); });
+    const bool started = program.Main({});
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return started;
+  }
+  QAction* Action(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
+  [[nodiscard]] std::string Title() const {
+    return FromQt(window.windowTitle()) + (window.isWindowModified() ? " modified" : "");
+  }
+
+  test::HeadlessProgram headless;  // for its folders
+  MainWindow window;
+  Program program{headless.platform.Services(window), window,
+                  ProgramFolders(TAV_SOURCE_DIR, headless.folder.Path() / "data"), ""};
+};
+
+TEST(MainWindow, ATableThatIsMarkedKeepsItsMarkWhenItIsChosenAgain) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  QAction* b = p.Action("mnuBulhmannB");
+  QAction* c = p.Action("mnuBulhmannC");
+  ASSERT_TRUE(b != nullptr && c != nullptr);
+  for (QAction* chosen : {b, b, c, c, b}) {
+    chosen->trigger();
+    EXPECT_EQ(b->isChecked(), chosen == b);
+    EXPECT_EQ(c->isChecked(), chosen == c);
+  }
+  QAction* fit = p.Action("FitPlan");
+  for (const bool on : {true, false, true}) {
+    fit->trigger();
+    EXPECT_EQ(fit->isChecked(), on);
+    EXPECT_EQ(p.Action("mnuFitPlan")->isChecked(), on);
+  }
+}
+
+TEST(MainWindow, NamesThePlanInFrontHoweverItIsShown) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_EQ(p.Title(), "TAV - [Plan 1 [Default.tpl][*]]") << "from the first moment";
+  ASSERT_TRUE(p.program.Forms()(1).AddUserWaypoint(20, 20, 0));
+  EXPECT_EQ(p.Title(), "TAV - [Plan 1 [Default.tpl][*]] modified");
+  p.program.MainForm().mnuNewProfile.Choose();
+  auto* area = p.window.findChild<QMdiArea*>();
+  for (const bool maximised : {true, false, true}) {
+    for (QMdiSubWindow* window : area->subWindowList()) maximised ? window->showMaximized() : window->showNormal();
+    for (const std::int16_t document : {std::int16_t{1}, std::int16_t{2}}) {
+      p.window.ActivateWindow(document);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(p.Title(),
+                document == 1 ? "TAV - [Plan 1 [Default.tpl][*]] modified" : "TAV - [Plan 2 [Default.tpl][*]]")
+          << maximised;
+    }
+  }
+  p.program.MainForm().CloseDocument(2);
+  p.headless.platform.answers = {BoxAnswer::No};
+  p.program.MainForm().CloseDocument(1);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(p.Title(), "TAV");
+}
+
+TEST(MainWindow, ComesBackInTheSizeThatItHad) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  for (const Placement& place : {Placement{1500, 1200, 9000, 7500}, {0, 0, 11250, 9000}}) {
+    p.window.Place(place);
+    EXPECT_EQ(p.window.PlaceNow().width, place.width);
+    EXPECT_EQ(p.window.PlaceNow().height, place.height);
+  }
+  p.window.Place({0, 0, 100, 100});
+  EXPECT_GE(p.window.width(), 480) << "what nobody could use";
+}
+
+}  // namespace
+}  // namespace tav
