@@ -26,12 +26,27 @@ constexpr int kNotSaved = 7023;
 constexpr int kRecovered = 7008;
 constexpr int kOfferRecovery = 7007;
 
+// Settings: the folders used last.
+constexpr const char* kPlanFolder = "PlanFolder";
+constexpr const char* kTemplateFolder = "TemplateFolder";
+
 }  // namespace
 
-fs::path frmMain::StartFolder() const { return lastFolder_.empty() ? services_.folders.ProgramFolder() : lastFolder_; }
+fs::path frmMain::FolderUsedLast(const char* setting) const {
+  const fs::path folder = services_.platform.settings.ReadSetting("Settings", setting);
+  std::error_code error;
+  return fs::is_directory(folder, error) ? folder : fs::path();
+}
+
+void frmMain::KeepFolder(const char* setting, const fs::path& file) {
+  std::error_code error;
+  const fs::path whole = fs::absolute(file, error);
+  services_.platform.settings.WriteSetting("Settings", setting, whole.parent_path().string());
+}
 
 void frmMain::OpenProfileCommand() {
-  const fs::path file = services_.platform.files.Open({T(kOpenTitle), T(kProfileFilter), StartFolder(), "", ""});
+  const fs::path file =
+      services_.platform.files.Open({T(kOpenTitle), T(kProfileFilter), FolderUsedLast(kPlanFolder), "", "", {}});
   if (!file.empty()) OpenFile(file);
 }
 
@@ -51,7 +66,7 @@ bool frmMain::OpenFile(const fs::path& file) {
     services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
-  lastFolder_ = file.parent_path();
+  KeepFolder(kPlanFolder, file);
   services_.recent.Add(file);
   FillRecent();
   DocumentActivated();
@@ -67,9 +82,9 @@ bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
   const std::int16_t first = services_.forms(document).getFirstProfile();
   const DocumentState& dive = Document(first);
   if (!saveAs && !dive.ProfileFolder.empty()) return SaveSeries(first, fs::path(dive.ProfileFolder) / dive.ProfileName);
-  const fs::path folder = dive.ProfileFolder.empty() ? StartFolder() : fs::path(dive.ProfileFolder);
+  const fs::path folder = dive.ProfileFolder.empty() ? FolderUsedLast(kPlanFolder) : fs::path(dive.ProfileFolder);
   const fs::path file = services_.platform.files.Save(
-      {T(kSaveTitle), T(kProfileFilter), folder, dive.ProfileName, std::string(kProfileExtension)});
+      {T(kSaveTitle), T(kProfileFilter), folder, dive.ProfileName, std::string(kProfileExtension), {}});
   return !file.empty() && SaveSeries(first, file);
 }
 
@@ -80,7 +95,7 @@ bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
-  lastFolder_ = file.parent_path();
+  KeepFolder(kPlanFolder, file);
   services_.recovery.Drop(document);
   services_.recent.Add(file);
   FillRecent();
@@ -89,8 +104,13 @@ bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
 }
 
 void frmMain::LoadTemplateCommand() {
-  const fs::path file = services_.platform.files.Open(
-      {T(kLoadTemplateTitle), T(kTemplateFilter), services_.folders.ProgramFolder() / "template", "", ""});
+  const fs::path file =
+      services_.platform.files.Open({T(kLoadTemplateTitle),
+                                     T(kTemplateFilter),
+                                     FolderUsedLast(kTemplateFolder),
+                                     "",
+                                     "",
+                                     {services_.folders.OwnTemplates(), services_.folders.ShippedTemplates()}});
   if (!file.empty()) LoadTemplateFrom(file);
 }
 
@@ -105,6 +125,7 @@ void frmMain::LoadTemplateFrom(const fs::path& file) {
                                   BoxIcon::Stop, BoxButtons::OK);
     return;
   }
+  KeepFolder(kTemplateFolder, file);
   if (!active) {
     CopyDiveTemplate(loaded, Document(DocumentStore::DefaultDocument).Template);
     return;
@@ -131,10 +152,19 @@ void frmMain::SaveTemplateCommand() {
                                     BoxButtons::OKCancel) != BoxAnswer::OK) {
     return;
   }
-  fs::path folder = diveTemplate.TemplateFolder;
-  if (folder.empty()) folder = services_.folders.ToWrite("template/Default.tpl").parent_path();
-  const fs::path file = services_.platform.files.Save(
-      {T(kSaveTemplateTitle), T(kTemplateFilter), folder, diveTemplate.Templatename, std::string(kTemplateExtension)});
+  // One that came with the program becomes one of the user's own, which is found before it.
+  const ProgramFolders& folders = services_.folders;
+  const bool shipped = fs::path(diveTemplate.TemplateFolder).lexically_normal() == folders.ShippedTemplates() / "";
+  const fs::path folder =
+      shipped || diveTemplate.TemplateFolder.empty() ? folders.OwnTemplates() : fs::path(diveTemplate.TemplateFolder);
+  std::error_code ignored;  // the dialog then starts above it
+  fs::create_directories(folder, ignored);
+  const fs::path file = services_.platform.files.Save({T(kSaveTemplateTitle),
+                                                       T(kTemplateFilter),
+                                                       folder,
+                                                       diveTemplate.Templatename,
+                                                       std::string(kTemplateExtension),
+                                                       {folders.OwnTemplates()}});
   if (file.empty()) return;
   try {
     DiveTemplate named = diveTemplate;
@@ -142,6 +172,7 @@ void frmMain::SaveTemplateCommand() {
     SaveTemplateFile(named, file);
     diveTemplate.Templatename = named.Templatename;
     diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    KeepFolder(kTemplateFolder, file);
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
     return;
@@ -244,8 +275,10 @@ void frmMain::ExportGraph(bool svg) {
   const std::string extension = svg ? ".svg" : ".png";
   const fs::path name = fs::path(Document(*active).ProfileName).replace_extension(extension);
   const fs::path file = services_.platform.files.Save(
-      {T(svg ? 7006 : 7005), T(svg ? 7027 : 7026), StartFolder(), name.string(), extension});
-  if (!file.empty() && !services_.view.ExportGraph(*active, file.string(), svg)) {
+      {T(svg ? 7006 : 7005), T(svg ? 7027 : 7026), FolderUsedLast(kPlanFolder), name.string(), extension, {}});
+  if (file.empty()) return;
+  KeepFolder(kPlanFolder, file);
+  if (!services_.view.ExportGraph(*active, file.string(), svg)) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + file.string(), "", BoxIcon::Stop, BoxButtons::OK);
   }
 }

@@ -163,7 +163,10 @@ class frmMain : public Form {
   void LoadTemplateFrom(const std::filesystem::path& file);
   bool SaveDocument(std::int16_t document, bool saveAs);
   bool SaveSeries(std::int16_t document, const std::filesystem::path& file);
-  [[nodiscard]] std::filesystem::path StartFolder() const;
+  /// Where a file dialog starts, for plans and pictures or for templates: in the folder used last; empty, which is the
+  /// user's documents, at first and when that folder is gone.
+  [[nodiscard]] std::filesystem::path FolderUsedLast(const char* setting) const;
+  void KeepFolder(const char* setting, const std::filesystem::path& file);
   [[nodiscard]] DialogServices Dialogs();
   /// The names that windows and reports give the model.
   [[nodiscard]] ModelMarks Marks() const;
@@ -182,7 +185,6 @@ class frmMain : public Form {
   std::vector<std::unique_ptr<ToolButton>> toolButtons_;
   std::vector<ToolButton*> toolBar_;
   std::vector<std::unique_ptr<MenuItem>> recentItems_;
-  std::filesystem::path lastFolder_;
   std::weak_ptr<frmPartialMix> mixer_;
 };
 

@@ -26,6 +26,10 @@ class ProgramFolders {
   /// folders are made.
   [[nodiscard]] std::filesystem::path ToWrite(const std::filesystem::path& name) const;
 
+  /// The templates that come with the program, and those of the user, which are found before them.
+  [[nodiscard]] std::filesystem::path ShippedTemplates() const { return programFolder_ / "template"; }
+  [[nodiscard]] std::filesystem::path OwnTemplates() const { return userFolder_ / "template"; }
+
  private:
   std::filesystem::path programFolder_;
   std::filesystem::path userFolder_;

@@ -22,6 +22,7 @@ void frmSplash::Form_Load() {
 
 frmLiability::frmLiability(Platform platform, const TextSource& texts)
     : Form("frmLiability"), platform_(std::move(platform)), texts_(texts) {
+  cbAgree.Default = true;
   cbAgree.Click = [this] {
     agreed_ = true;
     Unload();
@@ -43,6 +44,7 @@ void frmLiability::Form_Load() {
   cbSoundOff.Caption = texts_.GetResString(7040);
   cbSoundOn.Caption = texts_.GetResString(7041);
   ShowSoundButtons(SoundIsOn(platform_.settings));
+  cbAgree.SetFocus();
 }
 
 void frmLiability::SetSound(bool on) {

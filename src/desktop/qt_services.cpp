@@ -46,12 +46,29 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
   return QMessageBox::Ok;
 }
 
-std::filesystem::path PathOf(const QString& file) { return {FromQt(file)}; }
+/// Where a dialog starts: in its folder, or in the user's documents.
+QString FolderOf(const FileDialogRequest& request) {
+  if (!request.folder.empty()) return ToQt(request.folder.string());
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QFileInfo::exists(documents) ? documents : QDir::homePath();
+}
 
-/// Where a dialog starts: a whole path in the name field wins over the folder.
-QString StartOf(const FileDialogRequest& request) {
-  const std::filesystem::path name(request.fileName);
-  return ToQt((name.is_absolute() || request.folder.empty() ? name : request.folder / name).string());
+/// A file dialog of the desktop; the answer, or nothing.
+std::filesystem::path Ask(const FileDialogRequest& request, bool save) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(request.title), FolderOf(request), ToQt(request.filter));
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setDefaultSuffix(ToQt(request.extension));
+  const QList<QUrl> usual = dialog.sidebarUrls();
+  QList<QUrl> places = usual;
+  for (const auto& place : request.places) {
+    if (std::filesystem::is_directory(place)) places << QUrl::fromLocalFile(ToQt(place.string()));
+  }
+  dialog.setSidebarUrls(places);
+  if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
+  const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  dialog.setSidebarUrls(usual);  // Qt keeps them for all programs
+  return chosen ? std::filesystem::path(FromQt(dialog.selectedFiles().constFirst())) : std::filesystem::path();
 }
 
 /// The hourglass gives way while the user is asked something.
@@ -93,19 +110,12 @@ BoxAnswer QtBoxes::Show(const std::string& text, const std::string& title, BoxIc
 
 std::filesystem::path QtFiles::Open(const FileDialogRequest& request) {
   const PointerBreak pointer;
-  return PathOf(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(request.title), StartOf(request),
-                                             ToQt(request.filter)));
+  return Ask(request, false);
 }
 
 std::filesystem::path QtFiles::Save(const FileDialogRequest& request) {
   const PointerBreak pointer;
-  QFileDialog dialog(QApplication::activeWindow(), ToQt(request.title), ToQt(request.folder.string()),
-                     ToQt(request.filter));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(ToQt(request.extension));
-  dialog.selectFile(StartOf(request));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-  return PathOf(dialog.selectedFiles().constFirst());
+  return Ask(request, true);
 }
 
 void QtWindows::RestorePlace(const Form& form, QWidget& window) const {
@@ -254,7 +264,7 @@ std::string QtEnvironment::Today() const {
   return FromQt(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat));
 }
 
-std::filesystem::path QtEnvironment::TemporaryFolder() const { return PathOf(QDir::tempPath()); }
+std::filesystem::path QtEnvironment::TemporaryFolder() const { return FromQt(QDir::tempPath()); }
 
 std::string QtEnvironment::Logo() const {
   QFile file(QStringLiteral(":/icons/logo.svg"));

@@ -2,16 +2,18 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tav {
 
 /// What a file dialog shows.
 struct FileDialogRequest {
   std::string title;
-  std::string filter;            ///< "Dive plans (*.tav);;All files (*)"
-  std::filesystem::path folder;  ///< where it starts; empty leaves it to the platform
-  std::string fileName;          ///< what stands in the name field, a name or a whole path
-  std::string extension;         ///< added to a name to save that has none: ".tav"
+  std::string filter;                         ///< "Dive plans (*.tav);;All files (*)"
+  std::filesystem::path folder;               ///< where it starts; empty: the user's documents
+  std::string fileName;                       ///< what stands in the name field, a name or a whole path
+  std::string extension;                      ///< added to a name to save that has none: ".tav"
+  std::vector<std::filesystem::path> places;  ///< other folders to go to at once, where the platform can show them
 };
 
 /// The common dialogs that ask for a file. An empty path means that the user gave up.

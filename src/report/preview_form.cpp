@@ -133,7 +133,7 @@ std::string PrintPrev::Title() const {
 void PrintPrev::SavePdf() {
   const std::string name = report_.documentName.empty() ? Caption.Get() : report_.documentName;
   const std::filesystem::path file =
-      platform_.files.Save({T(7212), T(7213), {}, std::filesystem::path(name).stem().string() + ".pdf", ".pdf"});
+      platform_.files.Save({T(7212), T(7213), {}, std::filesystem::path(name).stem().string() + ".pdf", ".pdf", {}});
   if (file.empty()) return;
   platform_.screen.ShowHourglass(true);
   std::string fault;

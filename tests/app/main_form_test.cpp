@@ -193,7 +193,7 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
       "mnuNewProfile", "mnuOpen",         "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
       "mnuExit",       "mnuBulhmannB",    "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
       "mnuFitPlan",    "mnuHelpContents", "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout"};
+      "mnuHelpAbout",  "mnuMixer"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
@@ -281,6 +281,60 @@ TEST(Files, SaveAsksForANameOnceAndKeepsTheWindowWhenItFails) {
   HeadlessProgram again;
   ASSERT_TRUE(again.Start({file.string()}));
   EXPECT_EQ(again.Editor().UserActions, p.Editor().UserActions);
+}
+
+TEST(Files, DialogsStartInTheFolderUsedLastAndAtFirstInTheDocuments) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto asked = [](HeadlessProgram& program) {
+    std::vector<std::filesystem::path> folders;
+    program.platform.fileDialogs.clear();
+    for (MenuItem* item : {&program.Main().mnuOpen, &program.Main().mnuSaveProfileAs, &program.Main().mnuExportPng,
+                           &program.Main().mnuLoadTemplate}) {
+      item->Choose();
+      folders.push_back(program.platform.fileDialogs.back().folder);
+    }
+    return folders;
+  };
+  using Folders = std::vector<std::filesystem::path>;
+  EXPECT_EQ(asked(p), Folders(4)) << "no folder: the documents";
+
+  const auto plans = p.folder.Path() / "plans";
+  const auto templates = p.folder.Path() / "templates";
+  std::filesystem::create_directory(plans);
+  std::filesystem::create_directory(templates);
+  std::filesystem::copy(HeadlessProgram::Dive("wreck.tav"), plans);
+  std::filesystem::copy(std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl", templates);
+  EXPECT_TRUE(p.Main().OpenFile(plans / "wreck.tav"));
+  EXPECT_TRUE(p.Main().OpenFile(templates / "Imperial.tpl"));
+  p.Main().mnuNewProfile.Choose();
+  EXPECT_EQ(asked(p), (Folders{plans, plans, plans, templates}));
+
+  HeadlessProgram later;
+  later.platform.settings = p.platform.settings;
+  ASSERT_TRUE(later.Start());
+  EXPECT_EQ(asked(later), (Folders{plans, plans, plans, templates}));
+  std::filesystem::remove_all(plans);
+  EXPECT_EQ(asked(later), (Folders{"", "", "", templates})) << "a folder that is gone";
+}
+
+TEST(Templates, AShippedOneIsSavedAmongTheUsersOwn) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  p.Document().Template.TemplateChanged = true;
+  p.platform.answers = {BoxAnswer::OK};
+  p.Main().mnuSaveTemplate.Choose();
+  ASSERT_EQ(p.platform.fileDialogs.size(), 1U);
+  EXPECT_EQ(p.platform.fileDialogs[0].folder, p.folder.Path() / "data/template");
+  EXPECT_TRUE(std::filesystem::is_directory(p.platform.fileDialogs[0].folder));
+  const auto mine = p.folder.Path() / "mine";
+  std::filesystem::create_directory(mine);
+  p.platform.answers = {BoxAnswer::OK};
+  p.platform.filesChosen.push_back(mine / "Cave.tpl");
+  p.Main().mnuSaveTemplate.Choose();
+  p.platform.answers = {BoxAnswer::OK};
+  p.Main().mnuSaveTemplate.Choose();
+  EXPECT_EQ(p.platform.fileDialogs.back().folder, mine / "");
 }
 
 TEST(Files, ABrokenPlanAddsNoWindow) {

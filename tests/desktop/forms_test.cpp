@@ -68,6 +68,14 @@ struct Forms {
     forms.push_back(std::make_unique<frmSystemInformation>(platform, texts, "information"));
   }
 
+  template <class F>
+  F& Of() const {
+    for (const auto& form : forms) {
+      if (auto* found = dynamic_cast<F*>(form.get())) return *found;
+    }
+    throw std::logic_error("no form of that kind");
+  }
+
   HeadlessProgram program;
   ClassProfile profile;
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
@@ -113,7 +121,7 @@ TEST(Windows, EachControlHasItsWidgetAndEachTextItsRoom) {
 
 TEST(Windows, WhatTheUserDoesReachesTheForm) {
   Forms all;
-  auto& form = dynamic_cast<frmConservatism&>(*all.forms[1]);
+  auto& form = all.Of<frmConservatism>();
   const auto dialog = MakeDialog(form, nullptr);
   form.Load();
   dialog->show();
@@ -135,7 +143,7 @@ TEST(Windows, OneThatWasOpenedBesideAModalOneCanBeUsedAndStaysWhenThatCloses) {
   Windows& windows = qt;
   const auto mixer =
       std::make_shared<frmPartialMix>(all.program.platform, all.reports, all.program.Document().Template);
-  Form& modal = *all.forms[3];
+  Form& modal = all.Of<frmGasBlend>();
   QTimer::singleShot(0, &owner, [&] {
     windows.Show(mixer);
     const QWidget* inFront = QApplication::activeModalWidget();
@@ -167,9 +175,23 @@ TEST(Windows, AButtonKeepsItsLetterWhenItsCaptionIsSetAgain) {
   EXPECT_EQ(print->text(), before);
 }
 
+TEST(Windows, ReturnAgreesToTheNotice) {
+  Forms all;
+  auto& notice = all.Of<frmLiability>();
+  const auto dialog = MakeDialog(notice, nullptr);
+  notice.Load();
+  dialog->show();
+  dialog->activateWindow();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(dialog->findChild<QPushButton*>(QStringLiteral("cbAgree"))->hasFocus());
+  QTest::keyClick(dialog.get(), Qt::Key_Return);
+  EXPECT_TRUE(notice.Agreed());
+  EXPECT_FALSE(notice.IsLoaded());
+}
+
 TEST(Windows, AFieldIsNotLeftWhenItIsDestroyed) {
   Forms all;
-  auto& form = dynamic_cast<frmWaypointForm&>(*all.forms[0]);
+  auto& form = all.Of<frmWaypointForm>();
   const auto dialog = MakeDialog(form, nullptr);
   form.Load();
   dialog->show();
@@ -185,7 +207,7 @@ TEST(Windows, AFieldIsNotLeftWhenItIsDestroyed) {
 
 TEST(Windows, AGridIsEditedInPlace) {
   Forms all;
-  auto& form = dynamic_cast<frmProperties&>(*all.forms[2]);
+  auto& form = all.Of<frmProperties>();
   const auto dialog = MakeDialog(form, nullptr);
   form.Load();
   dialog->show();
