@@ -1,33 +1,49 @@
 #include "app/engine_warnings.h"
 
-#include "model/number_text.h"
-
 namespace tav {
+namespace {
 
-void EngineWarnings::Warn(int textBefore, const std::string& value, int textBetween, const std::string& limit,
-                          int textAfter, int title) {
-  if (silent) return;
-  boxes_.Show(texts_.GetResString(textBefore) + value + texts_.GetResString(textBetween) + limit +
-                  texts_.GetResString(textAfter),
-              texts_.GetResString(title), BoxIcon::Exclamation, BoxButtons::OK);
+constexpr int kDoesNotDecompress = 7020;
+constexpr int kDepth = 7028;
+constexpr int kGas = 7030;
+
+}  // namespace
+
+void EngineWarnings::Warn(const LimitWarning& warning, const Words& words) {
+  Show(warning.document,
+       texts_.GetResString(words.before) + Fixed(warning.value, words.decimals) + texts_.GetResString(words.between) +
+           Fixed(warning.limit, words.decimals) + texts_.GetResString(words.after) + "\r\n" +
+           Place(warning.depth, warning.gas, warning.metric),
+       texts_.GetResString(words.title));
 }
 
-void EngineWarnings::WarnEND(Single end, Single limit, bool Metric) {
-  Warn(2400, FormatFixed(end, 0), Metric ? 2401 : 2403, FormatFixed(limit, 0), Metric ? 2402 : 2404, 6160);
+void EngineWarnings::Show(std::int16_t document, const std::string& text, const std::string& title) {
+  if (!silent && memory_.IsNews(document, text, returning()))
+    boxes_.Show(text, title, BoxIcon::Exclamation, BoxButtons::OK);
 }
 
-void EngineWarnings::WarnPPO2High(Single ppo2, Single limit, bool Metric) {
-  Warn(2406, FormatFixed(ppo2, 2), Metric ? 2407 : 2409, FormatFixed(limit, 2), Metric ? 2408 : 2412, 6161);
+std::string EngineWarnings::Place(Single depth, const std::string& gas, bool metric) const {
+  return texts_.GetResString(kDepth) + ": " + Fixed(depth, 1) + (metric ? " m" : " ft") + ", " +
+         texts_.GetResString(kGas) + ": " + gas;
 }
 
-void EngineWarnings::WarnPPO2Low(Single ppo2, Single limit, bool Metric) {
-  Warn(2406, FormatFixed(ppo2, 2), Metric ? 2410 : 2411, FormatFixed(limit, 2), Metric ? 2408 : 2412, 6162);
+void EngineWarnings::WarnEND(const LimitWarning& warning) {
+  Warn(warning, warning.metric ? Words{2400, 2401, 2402, 0, 6160} : Words{2400, 2403, 2404, 0, 6160});
+}
+
+void EngineWarnings::WarnPPO2High(const LimitWarning& warning) {
+  Warn(warning, warning.metric ? Words{2406, 2407, 2408, 2, 6161} : Words{2406, 2409, 2412, 2, 6161});
+}
+
+void EngineWarnings::WarnPPO2Low(const LimitWarning& warning) {
+  Warn(warning, warning.metric ? Words{2406, 2410, 2408, 2, 6162} : Words{2406, 2411, 2412, 2, 6162});
 }
 
 void EngineWarnings::StopHitLimit(const StopLimit& stop) {
-  constexpr int kDoesNotDecompress = 7020;
-  if (silent) return;
-  boxes_.Show(texts_.GetResString(kDoesNotDecompress) + "\r\n" + stop.reason, "", BoxIcon::Exclamation, BoxButtons::OK);
+  Show(stop.document,
+       texts_.GetResString(kDoesNotDecompress) + "\r\n" + stop.reason + "\r\n" +
+           Place(stop.depth, stop.gas, stop.metric),
+       "");
 }
 
 }  // namespace tav

@@ -1,24 +1,31 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
+#include "app/warning_memory.h"
 #include "engine/observer.h"
+#include "model/number_text.h"
 #include "persist/phi_log.h"
 #include "platform/message_boxes.h"
 #include "platform/text_source.h"
 
 namespace tav {
 
-/// What the engine says during a run of the desktop program: warnings as boxes, the trace to its file.
+/// What the engine says during a run of the desktop program: warnings as boxes, each once for a plan until what it
+/// warns of changes; the trace to its file.
 class EngineWarnings : public EngineObserver {
  public:
-  EngineWarnings(MessageBoxes& boxes, const TextSource& texts) : boxes_(boxes), texts_(texts) {}
+  EngineWarnings(MessageBoxes& boxes, const TextSource& texts, const DocumentStore& documents,
+                 LocaleSeparators separators)
+      : boxes_(boxes), texts_(texts), separators_(std::move(separators)), memory_(documents) {}
 
-  void WarnEND(Single end, Single limit, bool Metric) override;
-  void WarnPPO2High(Single ppo2, Single limit, bool Metric) override;
-  void WarnPPO2Low(Single ppo2, Single limit, bool Metric) override;
+  void WarnEND(const LimitWarning& warning) override;
+  void WarnPPO2High(const LimitWarning& warning) override;
+  void WarnPPO2Low(const LimitWarning& warning) override;
   /// The first stop that hit its limit since the notice was last taken.
   void StopHitLimit(const StopLimit& stop) override;
   [[nodiscard]] bool WantsTrace() const override { return trace_.has_value(); }
@@ -29,13 +36,32 @@ class EngineWarnings : public EngineObserver {
 
   /// Boxes are held back while plans are computed that the user did not ask to see, and by tests.
   bool silent = false;
+  /// Set by the program: whether a run returns to an earlier state of its plan.
+  std::function<bool()> returning = [] { return false; };
+
+  [[nodiscard]] WarningMemory& Memory() { return memory_; }
 
  private:
-  void Warn(int textBefore, const std::string& value, int textBetween, const std::string& limit, int textAfter,
-            int title);
+  /// The texts before and after the limit, and the number of decimals of both values.
+  struct Words {
+    int before;
+    int between;
+    int after;
+    int decimals;
+    int title;
+  };
+  void Warn(const LimitWarning& warning, const Words& words);
+  void Show(std::int16_t document, const std::string& text, const std::string& title);
+  /// Where it is: depth and gas.
+  [[nodiscard]] std::string Place(Single depth, const std::string& gas, bool metric) const;
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const {
+    return WriteLocaleNumber(FormatFixed(value, decimals), separators_);
+  }
 
   MessageBoxes& boxes_;
   const TextSource& texts_;
+  LocaleSeparators separators_;
+  WarningMemory memory_;
   std::optional<PhiLog> trace_;
 };
 

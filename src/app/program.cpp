@@ -38,13 +38,15 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       view_(view),
       folders_(std::move(folders)),
       systemInformation_(std::move(systemInformation)),
-      warnings_(platform_.boxes, texts_),
+      warnings_(platform_.boxes, texts_, documents_, platform_.separators),
       display_(*this),
       forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
       recovery_(RecoveryFolder(), ::getpid()),
-      report_(platform_, texts_) {}
+      report_(platform_, texts_) {
+  warnings_.returning = [this] { return history_.Restoring(); };
+}
 
 Program::~Program() = default;
 
@@ -112,7 +114,10 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   return true;
 }
 
-void Program::Display::OpenWindow(std::int16_t document) { program_.platform_.documentWindows.OpenWindow(document); }
+void Program::Display::OpenWindow(std::int16_t document) {
+  program_.warnings_.Memory().PlanOpened(document);
+  program_.platform_.documentWindows.OpenWindow(document);
+}
 
 void Program::Display::ShowCaption(std::int16_t document, const std::string& caption) {
   program_.platform_.documentWindows.SetCaption(document, caption);
@@ -130,6 +135,7 @@ void Program::Display::ShowTemplate(std::int16_t document) {
 void Program::Display::RedrawProfile(std::int16_t document) {
   program_.platform_.documentWindows.Redraw(document);
   program_.history_.Record(document);
+  program_.warnings_.Memory().EvaluationEnded(document);
   constexpr int kDoesNotDecompress = 7020;
   const frmWaypointEditor& editor = program_.forms_(document);
   if (!editor.EvaluationFault().empty()) {

@@ -28,6 +28,7 @@ class Program {
   [[nodiscard]] frmMain& MainForm() { return *mainForm_; }
   [[nodiscard]] DocumentForms& Forms() { return forms_; }
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
+  [[nodiscard]] const LocaleSeparators& Separators() const { return platform_.separators; }
   [[nodiscard]] const Switches& GivenSwitches() const { return switches_; }
 
  private:

@@ -13,19 +13,22 @@ void RunNotes::Note(const std::string& text) {
 
 std::vector<std::string> RunNotes::Take() { return std::exchange(notes_, {}); }
 
-void RunNotes::WarnEND(Single end, Single limit, bool Metric) {
-  const std::string unit = Metric ? " m" : " ft";
-  Note("END " + FormatFixed(end, 0) + unit + " is above the limit of " + FormatFixed(limit, 0) + unit);
+void RunNotes::WarnEND(const LimitWarning& warning) {
+  const std::string unit = warning.metric ? " m" : " ft";
+  Note("END " + FormatFixed(warning.value, 0) + unit + " is above the limit of " + FormatFixed(warning.limit, 0) +
+       unit);
 }
 
-void RunNotes::WarnPPO2High(Single ppo2, Single limit, bool Metric) {
-  const std::string unit = Metric ? " bar" : " atm";
-  Note("PPO2 " + FormatFixed(ppo2, 2) + unit + " is above the limit of " + FormatFixed(limit, 2) + unit);
+void RunNotes::WarnPPO2High(const LimitWarning& warning) {
+  const std::string unit = warning.metric ? " bar" : " atm";
+  Note("PPO2 " + FormatFixed(warning.value, 2) + unit + " is above the limit of " + FormatFixed(warning.limit, 2) +
+       unit);
 }
 
-void RunNotes::WarnPPO2Low(Single ppo2, Single limit, bool Metric) {
-  const std::string unit = Metric ? " bar" : " atm";
-  Note("PPO2 " + FormatFixed(ppo2, 2) + unit + " is below the limit of " + FormatFixed(limit, 2) + unit);
+void RunNotes::WarnPPO2Low(const LimitWarning& warning) {
+  const std::string unit = warning.metric ? " bar" : " atm";
+  Note("PPO2 " + FormatFixed(warning.value, 2) + unit + " is below the limit of " + FormatFixed(warning.limit, 2) +
+       unit);
 }
 
 void RunNotes::StopHitLimit(const StopLimit& stop) {

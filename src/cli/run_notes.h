@@ -12,9 +12,9 @@ namespace tav {
 /// Collects what the engine has to say about a dive: each warning once, however often the dive is replayed.
 class RunNotes : public EngineObserver {
  public:
-  void WarnEND(Single end, Single limit, bool Metric) override;
-  void WarnPPO2High(Single ppo2, Single limit, bool Metric) override;
-  void WarnPPO2Low(Single ppo2, Single limit, bool Metric) override;
+  void WarnEND(const LimitWarning& warning) override;
+  void WarnPPO2High(const LimitWarning& warning) override;
+  void WarnPPO2Low(const LimitWarning& warning) override;
   void StopHitLimit(const StopLimit& stop) override;
   [[nodiscard]] bool WantsTrace() const override { return trace_.has_value(); }
   void Trace(const TraceSegment& segment) override { trace_->Write(segment); }

@@ -34,11 +34,11 @@ QLabel* Caption(QWidget* parent, Colour colour) {
 
 }  // namespace
 
-GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions actions)
+GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators)
     : forms_(forms),
       document_(document),
       actions_(std::move(actions)),
-      graph_(forms, document, *this),
+      graph_(forms, document, *this, std::move(separators)),
       container_(new SurfaceWidget(this)),
       grid_(new SurfaceWidget(container_)),
       bars_(new SurfaceWidget(this)),
@@ -327,7 +327,8 @@ GraphView* MakeGraphView(Program& program, std::int16_t document) {
   return new GraphView(program.Forms(), document,
                        {[&program](Single depth, Single time) { program.MainForm().EnterWaypoint(depth, time); },
                         [&program](std::int16_t row) { program.MainForm().ViewRow(row); },
-                        [&program] { program.MainForm().PopupGraphMenu(); }});
+                        [&program] { program.MainForm().PopupGraphMenu(); }},
+                       program.Separators());
 }
 
 }  // namespace tav

@@ -26,7 +26,7 @@ class GraphView : public QWidget, public GraphWindow {
     std::function<void()> popup;
   };
 
-  GraphView(DocumentForms& forms, std::int16_t document, Actions actions);
+  GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators = {});
 
   void Redraw();
   /// Units or texts of the axes may have changed.

@@ -77,8 +77,7 @@ class ClassBuhlmann {
   struct Warning {
     enum class Kind { None, END, PPO2High, PPO2Low };
     Kind kind = Kind::None;
-    Single value;
-    Single limit;
+    LimitWarning told;
   };
 
   /// How a stop waits: breathed pressures, waiting step in minutes, and what to report if it never clears.
@@ -107,7 +106,7 @@ class ClassBuhlmann {
   void OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void CCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow);
-  void Warn(const Doses& doses, bool isStop);
+  void Warn(Single depth, const Doses& doses, bool isStop);
   void WarnOnce(const Warning& warning);
   void Announce(const Warning& warning);
   void Trace(bool constantPPO2, bool constantDepth, Single from, Single to, Single rate, bool setpointAboveStart);

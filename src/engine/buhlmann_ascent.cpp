@@ -158,7 +158,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
   while (Ceiling() > nextStop) {
     if (waited >= kLongestStop) {
       decompresses_ = false;
-      observer_.StopHitLimit({depth, Mix().Name, wait.reason});
+      observer_.StopHitLimit({document_, template_->Metric, depth, Mix().Name, wait.reason});
       break;
     }
     waited += wait.step;

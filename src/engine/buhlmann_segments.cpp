@@ -124,7 +124,7 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
 }
 
 void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow) {
-  Warn(doses, isStop);
+  Warn(depth, doses, isStop);
   ++segmentNumber_;
   result_->NewWayPoint();
   Waypoint& row = result_->Row(result_->GetLength());
@@ -162,15 +162,16 @@ void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& dose
   row.ModelControl = modelMarker_;
 }
 
-void ClassBuhlmann::Warn(const Doses& doses, bool isStop) {
+void ClassBuhlmann::Warn(Single depth, const Doses& doses, bool isStop) {
   using Kind = Warning::Kind;
-  if (template_->MaxEnd && doses.end > template_->MaximalEND) {
-    WarnOnce({Kind::END, doses.end, template_->MaximalEND});
-  }
+  const auto warn = [&](Kind kind, Single value, Single limit) {
+    WarnOnce({kind, {document_, value, limit, depth, Mix().Name, template_->Metric}});
+  };
+  if (template_->MaxEnd && doses.end > template_->MaximalEND) warn(Kind::END, doses.end, template_->MaximalEND);
   const Single ppo2 = RoundSingle(doses.ppo2, 2);
   const Single highest = isStop ? template_->DecoPPO2 : template_->MaxPPO2;
-  if (template_->PPO2High && ppo2 > highest) WarnOnce({Kind::PPO2High, doses.ppo2, highest});
-  if (template_->PPO2Low && ppo2 < template_->MinPPO2) WarnOnce({Kind::PPO2Low, doses.ppo2, template_->MinPPO2});
+  if (template_->PPO2High && ppo2 > highest) warn(Kind::PPO2High, doses.ppo2, highest);
+  if (template_->PPO2Low && ppo2 < template_->MinPPO2) warn(Kind::PPO2Low, doses.ppo2, template_->MinPPO2);
 }
 
 void ClassBuhlmann::WarnOnce(const Warning& warning) {
@@ -182,18 +183,17 @@ void ClassBuhlmann::WarnOnce(const Warning& warning) {
 }
 
 void ClassBuhlmann::Announce(const Warning& warning) {
-  const bool metric = template_->Metric;
   switch (warning.kind) {
     case Warning::Kind::None:
       break;
     case Warning::Kind::END:
-      observer_.WarnEND(warning.value, warning.limit, metric);
+      observer_.WarnEND(warning.told);
       break;
     case Warning::Kind::PPO2High:
-      observer_.WarnPPO2High(warning.value, warning.limit, metric);
+      observer_.WarnPPO2High(warning.told);
       break;
     case Warning::Kind::PPO2Low:
-      observer_.WarnPPO2Low(warning.value, warning.limit, metric);
+      observer_.WarnPPO2Low(warning.told);
       break;
   }
 }

@@ -20,8 +20,20 @@ struct TraceSegment {
   const Loads* loads = nullptr;  ///< at the end of the segment; valid during the call
 };
 
+/// A row that passes a limit of its template.
+struct LimitWarning {
+  std::int16_t document = 0;
+  Single value;  ///< END in depth units, or PPO2
+  Single limit;
+  Single depth;     ///< of the row
+  std::string gas;  ///< breathed there
+  bool metric = true;
+};
+
 /// A stop that hit its limit of time without clearing.
 struct StopLimit {
+  std::int16_t document = 0;
+  bool metric = true;
   Single depth;
   std::string gas;
   std::string reason;
@@ -35,12 +47,12 @@ class EngineObserver {
   EngineObserver& operator=(const EngineObserver&) = delete;
   virtual ~EngineObserver() = default;
 
-  /// The END in depth units is above the limit; at most once in a run.
-  virtual void WarnEND(Single /*end*/, Single /*limit*/, bool /*Metric*/) {}
+  /// The END is above the limit; at most once in a run, for the first row where it is.
+  virtual void WarnEND(const LimitWarning& /*warning*/) {}
   /// The PPO2, rounded to two places, is above the limit; at most once in a run.
-  virtual void WarnPPO2High(Single /*ppo2*/, Single /*limit*/, bool /*Metric*/) {}
+  virtual void WarnPPO2High(const LimitWarning& /*warning*/) {}
   /// The PPO2, rounded to two places, is below the limit; at most once in a run.
-  virtual void WarnPPO2Low(Single /*ppo2*/, Single /*limit*/, bool /*Metric*/) {}
+  virtual void WarnPPO2Low(const LimitWarning& /*warning*/) {}
   /// A stop ended because it reached its limit: this plan does not decompress.
   virtual void StopHitLimit(const StopLimit& /*stop*/) {}
 

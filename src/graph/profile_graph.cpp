@@ -7,7 +7,6 @@
 #include "graph/graph_colours.h"
 #include "graph/leg_preview.h"
 #include "graph/offset_surface.h"
-#include "model/number_text.h"
 
 namespace tav {
 namespace {
@@ -66,7 +65,7 @@ ProfileGraph::CeilingText ProfileGraph::LastCeiling() const {
   const ClassProfile& rows = Editor().InputProfile;
   if (rows.GetLength() == 0) return {"0", kBlack};
   const Single ceiling = rows.GetCeiling(rows.GetLength());
-  return {FormatFixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow};
+  return {Fixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow};
 }
 
 void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
@@ -146,9 +145,8 @@ WorldPoint ProfileGraph::BelowSurface(ScreenPoint at) const {
 
 void ProfileGraph::UpdateReadOut(ScreenPoint at) {
   const WorldPoint world = BelowSurface(at);
-  window_.ShowReadOut(
-      at.x + 50, at.y + 50,
-      FormatFixed(-world.y, 1) + (Template().Metric ? " m. " : " ft. ") + FormatFixed(world.time, 1) + " Min.");
+  window_.ShowReadOut(at.x + 50, at.y + 50,
+                      Fixed(-world.y, 1) + (Template().Metric ? " m. " : " ft. ") + Fixed(world.time, 1) + " Min.");
 }
 
 void ProfileGraph::MouseUp(DrawingSurface& grid) {
@@ -198,11 +196,11 @@ std::string ProfileGraph::FiguresOf(const Waypoint& row, std::string_view betwee
     if (!text.empty()) text += between;
     text += T(title) + ": " + figure;
   };
-  add(kTipDepth, FormatFixed(row.Depth, 1) + LengthUnit());
-  add(kTipRunTime, FormatFixed(row.RunTime, 1) + " min");
+  add(kTipDepth, Fixed(row.Depth, 1) + LengthUnit());
+  add(kTipRunTime, Fixed(row.RunTime, 1) + " min");
   add(kTipGas, row.GasMixName);
-  add(kTipPPO2, FormatFixed(row.PPO2, 2) + pressure);
-  add(kTipCeiling, FormatFixed(row.Ceiling, 1) + LengthUnit());
+  add(kTipPPO2, Fixed(row.PPO2, 2) + pressure);
+  add(kTipCeiling, Fixed(row.Ceiling, 1) + LengthUnit());
   return text;
 }
 

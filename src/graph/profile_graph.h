@@ -4,9 +4,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "graph/profile_plot.h"
+#include "model/number_text.h"
 #include "plan/document_forms.h"
 
 namespace tav {
@@ -35,8 +37,8 @@ class GraphWindow {
 /// The graph of one document: what it draws and what the mouse does on it.
 class ProfileGraph {
  public:
-  ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window)
-      : forms_(forms), document_(document), window_(window) {}
+  ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window, LocaleSeparators separators = {})
+      : forms_(forms), document_(document), window_(window), separators_(std::move(separators)) {}
 
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
   void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, const PlotView& view = {});
@@ -82,11 +84,15 @@ class ProfileGraph {
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
   [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
   [[nodiscard]] std::string T(int id) const { return forms_.Services().texts.GetResString(id); }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const {
+    return WriteLocaleNumber(FormatFixed(value, decimals), separators_);
+  }
   [[nodiscard]] std::string LengthUnit() const { return Template().Metric ? " m" : " ft"; }
 
   DocumentForms& forms_;
   std::int16_t document_;
   GraphWindow& window_;
+  LocaleSeparators separators_;  ///< of all numbers in words
   GraphScale scale_;
   ScreenPoint lastPoint_;  ///< of the last row
   ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot

@@ -33,7 +33,7 @@ class Sheet {
  private:
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
   [[nodiscard]] std::string Number(Single value) const {
-    return ReplaceAll(FormatFixed(value, 1), ".", writer_.Services().separators.decimal);
+    return WriteLocaleNumber(FormatFixed(value, 1), writer_.Services().separators);
   }
   [[nodiscard]] std::string Pressure(Single value) const { return Number(value) + " " + words_.Unit(); }
   void Text(double x, double y, const std::string& text, int size = kTextSize, int bold = 0) {

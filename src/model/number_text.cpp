@@ -217,6 +217,10 @@ std::optional<double> ParseLocaleNumber(std::string_view text, const LocaleSepar
   return ParseStrict(typed.substr(0, sign) + WithoutGrouping(whole, separators.thousand) + rest);
 }
 
+std::string WriteLocaleNumber(std::string_view number, const LocaleSeparators& separators) {
+  return separators.decimal.empty() ? std::string(number) : ReplaceAll(number, ".", separators.decimal);
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
   if (find.empty()) return std::string(text);
   std::string result;

@@ -49,6 +49,9 @@ std::optional<double> ParseStrict(std::string_view text);
 /// gives one in any country. Where the separator is a special blank or apostrophe, that of the keyboard does as well.
 std::optional<double> ParseLocaleNumber(std::string_view text, const LocaleSeparators& separators);
 
+/// A number text of this header with the user's decimal separator; ParseLocaleNumber reads it back.
+std::string WriteLocaleNumber(std::string_view number, const LocaleSeparators& separators);
+
 /// text with every occurrence of `find` replaced, left to right; an empty `find` replaces nothing.
 std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement);
 

@@ -24,6 +24,8 @@ class UndoHistory {
 
   [[nodiscard]] bool CanUndo(std::int16_t document) const;
   [[nodiscard]] bool CanRedo(std::int16_t document) const;
+  /// A state is being put in force again.
+  [[nodiscard]] bool Restoring() const { return restoring_; }
   /// Puts the state before, or after, in force and computes the plan anew.
   void Undo(std::int16_t document);
   void Redo(std::int16_t document);

@@ -30,8 +30,7 @@ class TextForm : public Form {
   [[nodiscard]] Single Number(const std::string& text) const { return NumberIn(text).value_or(0); }
   /// Number text with the user's decimal separator; `NumberIn` reads it back.
   [[nodiscard]] std::string Written(const std::string& number) const {
-    const std::string& decimal = platform_.separators.decimal;
-    return decimal.empty() ? number : ReplaceAll(number, ".", decimal);
+    return WriteLocaleNumber(number, platform_.separators);
   }
   [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
   [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }

@@ -63,7 +63,7 @@ class NumberTexts {
 
  private:
   [[nodiscard]] std::string Local(const std::string& number) const {
-    return separators_.decimal.empty() ? number : ReplaceAll(number, ".", separators_.decimal);
+    return WriteLocaleNumber(number, separators_);
   }
   LocaleSeparators separators_;
 };

@@ -100,7 +100,7 @@ void PrintPreview::EndReport(const std::string& caption) {
 }
 
 std::string PrintPreview::Written(Single value) const {
-  return ReplaceAll(FormatPlain(value), ".", services_.separators.decimal);
+  return WriteLocaleNumber(FormatPlain(value), services_.separators);
 }
 
 std::string PrintPreview::Units(Single cm) const { return Written(cm * page::kUnitsPerCm); }

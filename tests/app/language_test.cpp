@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <fstream>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
 #include <set>
@@ -130,17 +131,25 @@ TEST(ErrorReport, NamesNumberSourceAndDescription) {
   EXPECT_EQ(platform.LastBox().title, "Error");
 }
 
-TEST(EngineWarnings, JoinTextsValuesAndLimits) {
+TEST(EngineWarnings, TellValueLimitAndPlaceAsTheUserWritesNumbers) {
   HeadlessPlatform platform;
   const TextSource numbers;  // every text is its number
-  EngineWarnings warnings(platform.Services().boxes, numbers);
-  warnings.WarnEND(35.4, 30, true);
-  EXPECT_EQ(platform.LastBox().text, "*StringID 2400*35*StringID 2401*30*StringID 2402*");
+  const DocumentStore documents;
+  EngineWarnings warnings(platform.Services().boxes, numbers, documents, {",", "."});
+  warnings.WarnEND({0, 35.4, 30, 42.3, "Air", true});
+  EXPECT_EQ(platform.LastBox().text,
+            "*StringID 2400*35*StringID 2401*30*StringID 2402*\r\n*StringID 7028*: 42,3 m, *StringID 7030*: Air");
   EXPECT_EQ(platform.LastBox().title, "*StringID 6160*");
-  warnings.WarnPPO2High(1.614, 1.4, false);
-  EXPECT_EQ(platform.LastBox().text, "*StringID 2406*1.61*StringID 2409*1.40*StringID 2412*");
-  warnings.WarnPPO2Low(0.15, 0.18, true);
-  EXPECT_EQ(platform.LastBox().text, "*StringID 2406*0.15*StringID 2410*0.18*StringID 2408*");
+  warnings.WarnPPO2High({0, 1.614, 1.4, 20, "Oxygen", false});
+  EXPECT_EQ(
+      platform.LastBox().text,
+      "*StringID 2406*1,61*StringID 2409*1,40*StringID 2412*\r\n*StringID 7028*: 20,0 ft, *StringID 7030*: Oxygen");
+  warnings.WarnPPO2Low({0, 0.15, 0.18, 0, "Tx10/70", true});
+  EXPECT_EQ(
+      platform.LastBox().text,
+      "*StringID 2406*0,15*StringID 2410*0,18*StringID 2408*\r\n*StringID 7028*: 0,0 m, *StringID 7030*: Tx10/70");
+  warnings.StopHitLimit({0, true, 57, "Air", "the gas keeps the ceiling below the next stop"});
+  EXPECT_THAT(platform.LastBox().text, testing::EndsWith("*StringID 7028*: 57,0 m, *StringID 7030*: Air"));
 }
 
 }  // namespace

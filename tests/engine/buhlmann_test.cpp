@@ -10,9 +10,9 @@ namespace {
 
 /// Counts and keeps what a run says.
 struct Listener : EngineObserver {
-  void WarnEND(Single end, Single, bool) override { said.push_back("END " + std::to_string(std::lround(end))); }
-  void WarnPPO2High(Single, Single limit, bool) override { said.push_back("high " + std::to_string(limit)); }
-  void WarnPPO2Low(Single, Single limit, bool) override { said.push_back("low " + std::to_string(limit)); }
+  void WarnEND(const LimitWarning& w) override { said.push_back("END " + std::to_string(std::lround(w.value))); }
+  void WarnPPO2High(const LimitWarning& w) override { said.push_back("high " + std::to_string(w.limit)); }
+  void WarnPPO2Low(const LimitWarning& w) override { said.push_back("low " + std::to_string(w.limit)); }
   void StopHitLimit(const StopLimit& stop) override { stuck.push_back(stop); }
   std::vector<std::string> said;
   std::vector<StopLimit> stuck;

@@ -311,6 +311,17 @@ TEST_F(Graph, TheTipTellsOfTheNearestRow) {
   EXPECT_EQ(std::ranges::count(graph.Description(), '\n'), editor.InputProfile.GetLength());
 }
 
+TEST_F(Graph, NumbersInWordsHaveTheUsersSeparator) {
+  ProfileGraph german(forms, document, window, {",", "."});
+  ASSERT_TRUE(editor.AddUserWaypoint(36.5, 20, 0));
+  german.RedrawProfile(container, grid, bars);
+  EXPECT_THAT(window.ceiling, HasSubstr(","));
+  EXPECT_THAT(german.TipAt(X(20), Y(36.5)), HasSubstr("*StringID 7028*: 36,5 m\n"));
+  EXPECT_THAT(german.Description(), HasSubstr("0,98 bar"));
+  german.MouseDown(false, X(30), Y(20), grid);
+  EXPECT_EQ(window.readOut, "20,0 m. 30,0 Min.");
+}
+
 TEST_F(Graph, TheDepthTitleRunsDownwardsLetterByLetter) {
   EXPECT_THAT(graph.DepthLetters(), testing::ElementsAre("T", "\xC3\xA4", "(m)"));
 }

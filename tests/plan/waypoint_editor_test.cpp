@@ -153,9 +153,9 @@ TEST_F(Editor, KeepsThePlanWhenAnAscentCannotBeComputed) {
 /// Wants the trace, so that each action is replayed from the start, and keeps the warnings.
 struct Listener : EngineObserver {
   explicit Listener(bool trace) : traces(trace) {}
-  void WarnEND(Single end, Single, bool) override { warnings.push_back("END " + FormatPlain(end)); }
-  void WarnPPO2High(Single ppo2, Single, bool) override { warnings.push_back("high " + FormatPlain(ppo2)); }
-  void WarnPPO2Low(Single ppo2, Single, bool) override { warnings.push_back("low " + FormatPlain(ppo2)); }
+  void WarnEND(const LimitWarning& w) override { warnings.push_back("END " + FormatPlain(w.value)); }
+  void WarnPPO2High(const LimitWarning& w) override { warnings.push_back("high " + FormatPlain(w.value)); }
+  void WarnPPO2Low(const LimitWarning& w) override { warnings.push_back("low " + FormatPlain(w.value)); }
   [[nodiscard]] bool WantsTrace() const override { return traces; }
   bool traces;
   std::vector<std::string> warnings;
