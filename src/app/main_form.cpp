@@ -149,6 +149,7 @@ void frmMain::SyncCommands() {
            &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &Tool(3), &Tool(9), &Tool(13)}) {
     command->Enabled = active.has_value();
   }
+  ListPlans();
 }
 
 void frmMain::DocumentActivated() {

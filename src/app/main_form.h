@@ -73,6 +73,7 @@ class frmMain : public Form {
   MenuItem mnuWindowArrangeIcons{*this, "mnuWindowArrangeIcons"};
   MenuItem mnuWindowBar1{*this, "mnuWindowBar1"};
   MenuItem mnuFitPlan{*this, "mnuFitPlan"};
+  MenuItem mnuWindowBar2{*this, "mnuWindowBar2"};
   MenuItem mnuHelp{*this, "mnuHelp"};
   MenuItem mnuHelpContents{*this, "mnuHelpContents"};
   MenuItem mnuHelpSearch{*this, "mnuHelpSearch"};
@@ -94,7 +95,7 @@ class frmMain : public Form {
 
   bool OpenCircuitMode = true;  ///< the breathing mode that the tool bar shows
 
-  /// The menu bar with all that hangs below it, in order; recent files in their place.
+  /// The menu bar with all that hangs below it, in order; recent files and open plans in their places.
   [[nodiscard]] std::vector<MenuEntry> Menu() const;
   /// The tool bar: position 1 is element 0; a separator is a nullptr.
   [[nodiscard]] const std::vector<ToolButton*>& ToolBar() const { return toolBar_; }
@@ -154,6 +155,7 @@ class frmMain : public Form {
   void WirePlanCommands();
   void WireWindowCommands();
   void FillRecent();
+  void ListPlans();
   void FitPlan(bool fit);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
@@ -186,6 +188,13 @@ class frmMain : public Form {
   std::vector<ToolButton*> toolBar_;
   std::vector<std::unique_ptr<MenuItem>> recentItems_;
   std::weak_ptr<frmPartialMix> mixer_;
+  struct PlanItem {
+    std::int16_t document;
+    std::string caption;
+    friend bool operator==(const PlanItem&, const PlanItem&) = default;
+  };
+  std::vector<PlanItem> plans_;                       ///< open, as the menu lists them
+  std::vector<std::unique_ptr<MenuItem>> planItems_;  ///< their entries
 };
 
 }  // namespace tav

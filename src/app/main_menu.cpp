@@ -1,6 +1,7 @@
 // What stands in the menus and on the tool bar of the main window, and in which order.
 
 #include "app/main_form.h"
+#include "model/number_text.h"
 
 namespace tav {
 namespace {
@@ -69,6 +70,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuWindowArrangeIcons, 1, "1044", ""},
     {&frmMain::mnuWindowBar1, 1, kRule, ""},
     {&frmMain::mnuFitPlan, 1, "7102", "F9"},
+    {&frmMain::mnuWindowBar2, 1, kRule, ""},
     {&frmMain::mnuHelp, 0, "1050", ""},
     {&frmMain::mnuHelpContents, 1, "1051", "F1"},
     {&frmMain::mnuHelpSearch, 1, "1052", ""},
@@ -163,6 +165,9 @@ std::vector<MenuEntry> frmMain::Menu() const {
       for (const auto& recent : recentItems_) menu.push_back({recent.get(), 2});
     }
     menu.push_back(entry);
+    if (entry.item == &mnuWindowBar2) {
+      for (const auto& plan : planItems_) menu.push_back({plan.get(), 1});
+    }
   }
   return menu;
 }
@@ -177,6 +182,28 @@ void frmMain::FillRecent() {
   }
   mnuRecent.Enabled = !recentItems_.empty();
   services_.view.MenuChanged();
+}
+
+void frmMain::ListPlans() {
+  std::vector<PlanItem> plans;
+  for (const std::int16_t document : OpenDocuments()) plans.push_back({document, services_.forms.Caption(document)});
+  if (plans != plans_) {
+    plans_ = std::move(plans);
+    planItems_.clear();
+    for (const PlanItem& plan : plans_) {
+      constexpr std::size_t kDigits = 9;
+      const std::size_t number = planItems_.size() + 1;
+      const std::string caption = ReplaceAll(plan.caption, "&", "&&");
+      auto item = std::make_unique<MenuItem>(*this, "plan");
+      item->Caption = number <= kDigits ? "&" + std::to_string(number) + " " + caption : caption;
+      item->Click = [this, document = plan.document] { services_.platform.documentWindows.ActivateWindow(document); };
+      planItems_.push_back(std::move(item));
+    }
+    mnuWindowBar2.Visible = !plans_.empty();
+    services_.view.MenuChanged();
+  }
+  const auto active = Active();
+  for (std::size_t i = 0; i < plans_.size(); ++i) planItems_[i]->Checked = active == plans_[i].document;
 }
 
 }  // namespace tav

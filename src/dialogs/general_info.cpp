@@ -154,7 +154,7 @@ void frmGeneralInfo::GeneralInfo_Click() {
   const DiveInformation information(services_.forms(dive_).InputProfile, document.Template, marks_, services_.texts,
                                     services_.platform.separators);
   services_.platform.clipboard.SetText(
-      InformationText({services_.forms.CaptionOf(dive_), Label17.Caption, information.Info(), fginfo.Cells,
+      InformationText({services_.forms.Caption(dive_), Label17.Caption, information.Info(), fginfo.Cells,
                        fgDecoStop.Cells, fgGasConsumption.Cells},
                       services_.texts));
   constexpr int kDone = 7216;

@@ -62,14 +62,14 @@ std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surf
   return number;
 }
 
-std::string DocumentForms::CaptionOf(std::int16_t document) {
+std::string DocumentForms::Caption(std::int16_t document) {
   const DocumentState& state = services_.documents(document);
   const frmWaypointEditor& window = (*this)(document);
   return window.PrevProfile == -1 ? DocumentCaption(services_.texts, state)
                                   : RepetitiveCaption(services_.texts, state, window.DiveNumber);
 }
 
-void DocumentForms::ShowCaption(std::int16_t document) { services_.display.ShowCaption(document, CaptionOf(document)); }
+void DocumentForms::ShowCaption(std::int16_t document) { services_.display.ShowCaption(document, Caption(document)); }
 
 void DocumentForms::Unload(std::int16_t document) { services_.documents(document).SlotFree = true; }
 

@@ -30,8 +30,8 @@ class DocumentForms {
   std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval);
 
   /// The caption of a document by its place in its series.
-  [[nodiscard]] std::string CaptionOf(std::int16_t document);
-  /// Gives the window of a document that caption.
+  [[nodiscard]] std::string Caption(std::int16_t document);
+  /// Gives the window of a document its caption.
   void ShowCaption(std::int16_t document);
 
   /// The slot of a closed window may be used again.

@@ -31,9 +31,9 @@ class ScratchRun {
   class Listener : public EngineObserver {
    public:
     explicit Listener(EngineObserver& observer) : observer_(observer) {}
-    void WarnEND(Single end, Single limit, bool Metric) override { observer_.WarnEND(end, limit, Metric); }
-    void WarnPPO2High(Single ppo2, Single limit, bool Metric) override { observer_.WarnPPO2High(ppo2, limit, Metric); }
-    void WarnPPO2Low(Single ppo2, Single limit, bool Metric) override { observer_.WarnPPO2Low(ppo2, limit, Metric); }
+    void WarnEND(const LimitWarning& warning) override { observer_.WarnEND(warning); }
+    void WarnPPO2High(const LimitWarning& warning) override { observer_.WarnPPO2High(warning); }
+    void WarnPPO2Low(const LimitWarning& warning) override { observer_.WarnPPO2Low(warning); }
     void StopHitLimit(const StopLimit& stop) override;
     [[nodiscard]] bool WantsTrace() const override { return observer_.WantsTrace(); }
     void Trace(const TraceSegment& segment) override { observer_.Trace(segment); }

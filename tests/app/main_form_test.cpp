@@ -407,6 +407,34 @@ TEST(Files, RecentPlansAreInTheMenuNewestFirst) {
   EXPECT_FALSE(p.Main().mnuRecent.Enabled);
 }
 
+TEST(WindowMenu, ListsTheOpenPlansAndLeadsToThem) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("lake-series.tav").string()}));
+  const auto plans = [&] {
+    std::vector<std::string> captions;
+    for (const MenuEntry& entry : p.Main().Menu()) {
+      if (entry.item->Name() == "plan")
+        captions.push_back((entry.item->Checked ? "* " : "") + entry.item->Caption.Get());
+    }
+    return captions;
+  };
+  using Captions = std::vector<std::string>;
+  EXPECT_EQ(plans(), (Captions{"&1 Plan 1 [Default.tpl]", "&2 lake-series.tav [Default.tpl]",
+                               "* &3 lake-series.tav Dive:1 [Default.tpl] Surface Interval: 2 hrs :0 min"}));
+  for (const MenuEntry& entry : p.Main().Menu()) {
+    if (entry.item->Name() == "plan" && entry.item->Caption.Get().starts_with("&2")) entry.item->Choose();
+  }
+  EXPECT_EQ(p.Active(), 2);
+  p.platform.filesChosen.push_back(p.folder.Path() / "R&D.tav");
+  EXPECT_TRUE(p.Main().SaveProfileCommand(true));
+  EXPECT_EQ(plans()[1], "* &2 R&&D.tav [Default.tpl]");
+  EXPECT_TRUE(p.Main().CloseDocument(2));
+  EXPECT_EQ(plans(), Captions{"* &1 Plan 1 [Default.tpl]"});
+  EXPECT_TRUE(p.Main().CloseDocument(1));
+  EXPECT_EQ(plans(), Captions{});
+  EXPECT_FALSE(p.Main().mnuWindowBar2.Visible);
+}
+
 TEST(Templates, LoadingOneWithoutAPlanSetsWhatNewPlansBeginWith) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
