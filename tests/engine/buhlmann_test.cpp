@@ -3,6 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "engine/vpm.h"
 #include "persist/template_file.h"
 
 namespace tav {
@@ -253,6 +254,23 @@ TEST(Stops, LastAWholeMinuteOfRunTimeAtLeast) {
   }
 }
 
+// Whatever the run time at which a stop begins, its first minute ends with the next whole one.
+TEST(Stops, OfOneMinuteLastNoLonger) {
+  int ofOneMinute = 0;
+  for (int n = 0; n < 40; ++n) {
+    Bench bench;
+    bench.Square(60, 20 + n * 0.025);
+    bench.Run();
+    for (std::int16_t i = 1; i <= bench.result.GetLength(); ++i) {
+      if (bench.result.GetStatus(i) != RowStatus::kStop || bench.result.getStopTime(i) != 1) continue;
+      const double held = bench.result.GetRunTime(i) - bench.result.GetRunTime(static_cast<std::int16_t>(i - 1));
+      EXPECT_LT(held, 1.0011) << "row " << i << " of the plan of " << 20 + n * 0.025 << " minutes";
+      ++ofOneMinute;
+    }
+  }
+  EXPECT_GT(ofOneMinute, 100);
+}
+
 TEST(GasSwitch, TakesTheFirstEntryThatFitsAndIsKnown) {
   struct Order {
     std::vector<std::pair<std::string, double>> changes;
@@ -349,6 +367,23 @@ TEST(StopLimit, EndsAStopThatNeverClears) {
   EXPECT_EQ(bench.listener.stuck.front().gas, "Air");
   EXPECT_FALSE(bench.documents(0).Decompresses);
   EXPECT_EQ(double{bench.Last().Depth}, 0);
+}
+
+// Pressure crushes the nuclei: the radius falls with depth, without a step where they become impermeable (9.2 atm).
+TEST(Bubbles, RadiusFallsSteadilyWithDepth) {
+  for (const bool metric : {true, false}) {
+    const double unit = metric ? 1 : 3.3;
+    double before = 1.0;
+    for (int depth = 0; depth <= 200; ++depth) {
+      ClassVPMGF vpm;
+      vpm.SetVPMValues(0.0179, 0.257, 1.0, 1.0, metric);
+      vpm.VPMStart(depth * unit);
+      const double radius = vpm.GetMicron();
+      EXPECT_LT(radius, depth == 0 ? 1.000001 : before) << depth;
+      EXPECT_GT(radius, before * 0.9) << depth;
+      before = radius;
+    }
+  }
 }
 
 TEST(Models, TellWhichOneSetTheCeiling) {

@@ -97,6 +97,9 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
                             },
                             0},
                            {"Blends Available", [](DiveTemplate& t) { t.Blends[1].O2 = 101; }, 0},
+                           {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].O2 = kNaN; }, 0},
+                           {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].N2 = kNaN; }, 0},
+                           {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].He = kNaN; }, 0},
                            {"Blends Available", [](DiveTemplate& t) { t.Blends.clear(); }},
                            {"Change Gas Mixes", [&](DiveTemplate& t) { t.ChangeGasMixes[0].Depth = kInfinity; }}};
   for (const Unsound& unsound : cases) {

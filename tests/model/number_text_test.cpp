@@ -57,6 +57,14 @@ TEST(NumberText, OfAnyNumberIsReadBackToTheSameText) {
   }
 }
 
+TEST(NumberText, NamesWhatIsNoNumber) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const auto& [value, text] : {std::pair{kInfinity, "inf"}, {-kInfinity, "-inf"}, {std::nan(""), "nan"}}) {
+    EXPECT_EQ(FormatPlain(value), text);
+    EXPECT_EQ(FormatFixed(value, 1), text);
+  }
+}
+
 TEST(NumberText, WithFixedDecimalsRoundsHalfAwayFromZero) {
   EXPECT_EQ(FormatFixed(Single(0.35), 1), "0.4");  // 0.349999994 in 32 bits
   EXPECT_EQ(FormatFixed(Single(1.005), 2), "1.01");
@@ -172,6 +180,9 @@ TEST(ReplaceAll, GoesLeftToRightAndPastWhatItPutIn) {
 }
 
 TEST(Numbers, RoundInTheSenseOfTheirUse) {
+  for (const auto& [minutes, whole] : {std::pair{0.0, 1.0}, {0.999, 1.0}, {1.499, 1.0}, {1.5, 2.0}, {2.5, 3.0}}) {
+    EXPECT_EQ(RoundMinutes(minutes), Single(whole)) << minutes;
+  }
   EXPECT_EQ(RoundToInt16(2.5), 2);
   EXPECT_EQ(RoundToInt16(3.5), 4);
   EXPECT_EQ(RoundToInt16(-2.5), -2);

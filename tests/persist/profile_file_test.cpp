@@ -98,6 +98,10 @@ TEST(ProfileFile, IsRefusedWithTheLineAndTheReason) {
   std::string many;
   for (int i = 0; i < 40000; ++i) many += "10,1,0,0,\n";
   const int body = LineCount(Dive("")) + 1;
+  std::string series;
+  for (int i = 0; i < 32767; ++i) {
+    series += "Start Template Block\nEnd Template Block\nStart of Profile\nSurfTime = 0\nEnd of Profile\n";
+  }
   const FaultCase cases[] = {
       {"", 1, "a dive begins with"},
       {"\n" + Actions(""), 1, "a dive begins with"},
@@ -106,6 +110,9 @@ TEST(ProfileFile, IsRefusedWithTheLineAndTheReason) {
       {Dive("End of Profile\n"), body, "\"Start of Profile\" is missing"},
       {Dive("Start of Profile\n"), body, "\"SurfTime = \" and a number"},
       {Dive("Start of Profile\n30,20,1,0,\n"), body + 1, "\"SurfTime = \" and a number"},
+      {Dive("Start of Profile\nSurfaceTime = 5\n"), body + 1, "\"SurfTime = \" and a number"},
+      {Dive("Start of Profile\nSurfTime\n"), body + 1, "\"SurfTime = \" and a number"},
+      {series, 32766 * 5 + 1, "at most 32,766 dives"},
       {Dive("Start of Profile\nSurfTime = soon\n"), body + 1, "not \" soon\""},
       {Dive("Start of Profile\nSurfTime = -1\n"), body + 1, "from 0 to 1000000"},
       {Dive("Start of Profile\nSurfTime = 1e7\n"), body + 1, "from 0 to 1000000"},

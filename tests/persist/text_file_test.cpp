@@ -60,6 +60,39 @@ TEST(ReadTextFile, TakesWhatIsNotUtf8AsWindows1252) {
   }
 }
 
+// The edges of each length: what is valid stays, all else is read byte by byte.
+TEST(ToUtf8, KnowsTheEdgesOfEachSequence) {
+  const char* valid[] = {"\x7F",         "\xC2\x80",     "\xDF\xBF",         "\xE0\xA0\x80",    "\xED\x9F\xBF",
+                         "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"};
+  for (const std::string text : valid) EXPECT_EQ(ToUtf8(text), text);
+  const char* invalid[] = {"\x80",
+                           "\xBF",
+                           "\xC1\xBF",
+                           "\xC2\x7F",
+                           "\xC2\xC0",
+                           "\xDF",
+                           "\xE0\x9F\xBF",
+                           "\xED\xA0\x80",
+                           "\xED\xBF\xBF",
+                           "\xE1\x7F\x80",
+                           "\xE1\x80\xC0",
+                           "\xEF\xBF",
+                           "\xEF\xC0\xBF",
+                           "\xF0\x8F\xBF\xBF",
+                           "\xF1\x7F\x80\x80",
+                           "\xF1\x80\xC0\x80",
+                           "\xF1\x80\x80\x7F",
+                           "\xF1\x80\x80",
+                           "\xF4\x90\x80\x80",
+                           "\xF5\x80\x80\x80",
+                           "\xFF"};
+  for (const std::string text : invalid) {
+    const std::string read = ToUtf8(text);
+    EXPECT_GT(read.size(), text.size()) << testing::PrintToString(text);
+    EXPECT_EQ(ToUtf8(read), read) << testing::PrintToString(text);
+  }
+}
+
 TEST(ReadTextFile, TellsWhyItCannot) {
   const test::ScratchFolder folder;
   const auto reason = [](const fs::path& file) -> std::string {

@@ -232,9 +232,38 @@ TEST(Closing, AsksOnceAboutUnsavedChangesAndLosesNothingUnasked) {
     EXPECT_EQ(closes, known.closes);
     EXPECT_EQ(saveCalls, known.saveCalls);
     EXPECT_EQ(static_cast<int>(plans.boxes.shown.size()), known.questions);
+    for (const std::string& question : plans.boxes.shown) {
+      EXPECT_EQ(question, "*StringID 3057**StringID 1060*1*StringID 6163*Default.tpl]]?\r\n*StringID 3058*");
+    }
     EXPECT_EQ(document.TotalOTU == 0, known.closes && known.modified) << "what the next dive starts from";
     EXPECT_EQ(plan.UserActions.GetLength(), 2);
   }
+}
+
+TEST(Closing, LeavesNothingToThePlanThatTakesItsNumber) {
+  test::Plans plans;
+  frmWaypointEditor& first = plans.New();
+  const std::string empty = test::RowsText(first.InputProfile);
+  first.AddUserWaypoint(30, 20, 0);
+  first.StartDeco();
+  const std::int16_t second = plans.forms.AddRepetitiveDive(first.Tag(), 60);
+  plans.forms(second).AddUserWaypoint(20, 20, 0);
+  plans.forms(second).StartDeco();
+  EXPECT_TRUE(plans.forms(second).Form_QueryUnload(true, [] { return false; }));
+  plans.forms.Unload(second);
+  plans.display.told.clear();
+  frmWaypointEditor& next = plans.New();
+  ASSERT_EQ(next.Tag(), second);
+  EXPECT_EQ(test::RowsText(next.InputProfile), empty);
+  EXPECT_EQ(next.UserActions.GetLength(), 0);
+  EXPECT_EQ(next.State(), EditState::Empty);
+  EXPECT_EQ(next.CurrentRunTime(), Single(0));
+  EXPECT_EQ(next.DiveNumber, 1);
+  EXPECT_EQ(next.PrevProfile, -1);
+  EXPECT_THAT(plans.display.told, testing::Contains("caption 2: *StringID 1060*2*StringID 6163*Default.tpl]"));
+  EXPECT_FALSE(plans.display.ascent || plans.display.information || plans.display.surfaceInterval);
+  next.mnucleardecopoints();
+  EXPECT_EQ(test::RowsText(next.InputProfile), empty) << "no ascent of the old plan comes back";
 }
 
 TEST(Closing, ALaterDiveNeverAsks) {
