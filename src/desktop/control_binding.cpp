@@ -56,7 +56,6 @@ void ShowCommon(const Control& control, QWidget& widget) {
   widget.setPalette(palette);
 }
 
-/// A caption as a label shows it: "&" stands for itself unless the label leads to a field.
 template <class C, class Show>
 void Follow(C& control, QWidget& widget, Show show) {
   const auto refresh = [&control, &widget, show] {
@@ -81,9 +80,20 @@ QString KeepingMnemonic(const std::string& caption, const QString& before) {
   return letter < 0 ? text : text.insert(letter, QLatin1Char('&'));
 }
 
+/// A field that takes no typing looks like the result that it is, and Tab passes it over; the mouse can still mark its
+/// text to copy it.
+void ShowAsResult(QLineEdit& edit) {
+  edit.setFrame(false);
+  edit.setFocusPolicy(Qt::ClickFocus);
+  QPalette palette = edit.palette();
+  palette.setColor(QPalette::Base, Qt::transparent);
+  edit.setPalette(palette);
+}
+
 void Bind(TextBox& box, QLineEdit& edit) {
   Follow(box, edit, [&box, &edit] {
     edit.setReadOnly(box.Locked);
+    if (box.Locked) ShowAsResult(edit);
     if (edit.text() != ToQt(box.Text)) edit.setText(ToQt(box.Text));
   });
   box.SelectWanted = [&edit] { edit.selectAll(); };
@@ -94,9 +104,11 @@ void Bind(TextBox& box, QLineEdit& edit) {
     if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
       box.Leave();
     }
-    if (event->type() != QEvent::KeyPress || !box.KeyReturn) return false;
+    if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    // Ahead of the move: what the field does when it is left may show the very button that Tab goes to.
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) box.Leave();
+    if (!box.KeyReturn || (key != Qt::Key_Return && key != Qt::Key_Enter)) return false;
     box.PressReturn();
     return true;
   });
@@ -145,19 +157,32 @@ void Bind(TabStrip& strip, QTabBar& bar) {
   QObject::connect(&bar, &QTabBar::currentChanged, [&strip](int index) { strip.Select(index); });
 }
 
-void Bind(Frame& frame, QGroupBox& box) {
-  Follow(frame, box, [&frame, &box] { box.setTitle(ToQt(frame.Caption)); });
-  if (!frame.MouseMove) return;
-  // Moving over a field in the frame counts, too.
-  QList<QWidget*> watched = box.findChildren<QWidget*>();
-  watched << &box;
+/// The innermost frame around a widget, or the frame itself; nullptr when it lies in none.
+QGroupBox* FrameOf(QWidget* widget) {
+  while (widget != nullptr && qobject_cast<QGroupBox*>(widget) == nullptr && !widget->isWindow()) {
+    widget = widget->parentWidget();
+  }
+  return qobject_cast<QGroupBox*>(widget);
+}
+
+/// Calls `act` when the pointer moves over the widget or anything in it of which this is the innermost frame.
+void WatchPointer(QWidget& within, const QGroupBox* frame, const std::function<void()>& act) {
+  QList<QWidget*> watched = within.findChildren<QWidget*>();
+  watched << &within;
   for (QWidget* widget : watched) {
+    if (FrameOf(widget) != frame) continue;
     widget->setMouseTracking(true);
-    new EventHook(*widget, [&frame](QEvent* event) {
-      if (event->type() == QEvent::MouseMove || event->type() == QEvent::Enter) frame.MoveMouse();
+    new EventHook(*widget, [act](QEvent* event) {
+      if (event->type() == QEvent::MouseMove || event->type() == QEvent::Enter) act();
       return false;
     });
   }
+}
+
+void Bind(Frame& frame, QGroupBox& box) {
+  Follow(frame, box, [&frame, &box] { box.setTitle(ToQt(frame.Caption)); });
+  if (!frame.MouseMove) return;
+  WatchPointer(box, &box, [&frame] { frame.MoveMouse(); });
 }
 
 void Bind(Button& button, QPushButton& widget) {
@@ -233,6 +258,13 @@ void BindControl(Control& control, QWidget& widget) {
     BindGrid(*grid, view);
     Follow(*grid, view, [grid, &view] { ShowGrid(*grid, view); });
   }
+}
+
+void BindPointer(Form& form, QWidget& window) {
+  if (!form.MouseMove) return;
+  WatchPointer(window, nullptr, [&form] {
+    if (const auto act = form.MouseMove) act();
+  });
 }
 
 void BindSpinKeys(Form& form, QWidget& window) {

@@ -127,6 +127,7 @@ class FormDialog : public QDialog {
   }
   void showEvent(QShowEvent* event) override {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));
+    if (form_ != nullptr && form_->FitsContent) adjustSize();
     AssignMnemonics(*this);
     QDialog::showEvent(event);
   }
@@ -164,6 +165,7 @@ std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
   for (Control* control : form.Controls()) {
     if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
   }
+  BindPointer(form, *designed);
   BindSpinKeys(form, *designed);
   return dialog;
 }

@@ -1,9 +1,12 @@
 #include "dialogs/mix_information.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "engine/breathing_gas.h"
 #include "engine/zhl16.h"
 #include "model/number_text.h"
+#include "model/numbers.h"
 
 namespace tav {
 namespace {
@@ -14,6 +17,24 @@ bool IsAbove(Single a, Single b, bool Metric) {
 }
 
 }  // namespace
+
+GasFigures FiguresAt(Single depth, const GasMix& mix, const DiveTemplate& t) {
+  const Single oxygen = mix.O2 / 100;
+  const Single limit = t.OpenCircuit ? t.MaxPPO2 : t.Setpoint;
+  GasFigures figures;
+  figures.PPO2 = PPO2AtDepth(depth, t.StartPressure, oxygen, t.Metric);
+  figures.END = EquivalentDepthOC(t.Metric, depth, mix.N2, mix.He, t.O2Narcotic, t);
+  if (oxygen > 0) {
+    const Single tenths = 10 * DepthPerPressure(t.Metric) * (limit / oxygen - t.StartPressure);
+    // 1199.9999, for 1.3 bar of 10 %, is 1200.
+    figures.MOD = std::max(std::floor(RoundSingle(tenths, 2)), 0.0) / 10;
+  }
+  const Single shown = RoundSingle(figures.PPO2, 2);
+  figures.ppo2TooHigh = shown > RoundSingle(limit, 2);
+  figures.ppo2TooLow = t.OpenCircuit && shown < RoundSingle(t.MinPPO2, 2);
+  figures.endTooDeep = RoundSingle(figures.END, 1) > RoundSingle(t.MaximalEND, 1);
+  return figures;
+}
 
 MixInformation InformationOf(MixInformation::Kind kind, const MixFractions& mix, Single depth, const DiveTemplate& t,
                              bool edited) {

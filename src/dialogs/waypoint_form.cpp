@@ -26,8 +26,11 @@ frmWaypointForm::frmWaypointForm(const DialogServices& services) : DialogForm("f
 
 void frmWaypointForm::Wire() {
   tbDepth.Change = [this] { DepthTyped(); };
-  tbDepth.KeyReturn = [this] { Suggest(); };
-  tbTime.Change = [this] { tbTime.Text = AlphaNumericInput(tbTime.Text); };
+  tbDepth.KeyReturn = [this] { DepthConfirmed(); };
+  tbTime.Change = [this] {
+    tbTime.Text = AlphaNumericInput(tbTime.Text);
+    ShowLeg();
+  };
   udDepthSpin.Buddy = "tbDepth";
   udDepthSpin.UpClick = [this] { Step(tbDepth, 1); };
   udDepthSpin.DownClick = [this] { Step(tbDepth, -1); };
@@ -43,8 +46,8 @@ void frmWaypointForm::Wire() {
   Frame4.MouseMove = [this] { ShowInfo(Kind::Nitrox, false); };
   Frame5.MouseMove = [this] { ShowInfo(Kind::Trimix, false); };
   Frame6.MouseMove = [this] { ShowInfo(Kind::Heliox, false); };
-  Frame1.MouseMove = [this] { HideInfo(); };
-  Frame2.MouseMove = [this] { HideInfo(); };
+  for (Frame* frame : {&Frame1, &Frame2, &Frame3}) frame->MouseMove = [this] { HideInfo(); };
+  MouseMove = [this] { HideInfo(); };
 
   cbNitroxAdd.Click = [this] { AddMix("EAN" + Text1.Text.Get(), Number(Text1.Text), Number(Text2.Text), 0); };
   cbHelioxAdd.Click = [this] { AddMix("H" + Text7.Text.Get(), Number(Text9.Text), 0, Number(Text7.Text)); };
@@ -52,7 +55,6 @@ void frmWaypointForm::Wire() {
     AddMix("Tx" + Text6.Text.Get() + "/" + Text4.Text.Get(), Number(Text6.Text), Number(Text5.Text),
            Number(Text4.Text));
   };
-  cbOK.Default = true;
   cbOK.Click = [this] { cbOK_Click(); };
   cbCancel.Cancel = true;
   cbCancel.Click = [this] { cbCancel_Click(); };
@@ -75,6 +77,8 @@ void frmWaypointForm::data(ClassProfile& profile, std::int16_t entry) {
   profile_ = &profile;
   row_ = profile.GetLength();
   viewer_ = entry == 0;
+  cbOK.Default = !viewer_;
+  cbCancel.Default = viewer_;
 }
 
 void frmWaypointForm::Form_Load() {
@@ -92,9 +96,10 @@ void frmWaypointForm::Form_Load() {
     if (Number(tbTime.Text) <= 0) tbTime.Text = "0";
     Combo1.ListIndex = Row().MixNumber;
     Combo1_Click();
+    Suggest();
+    ShowLeg();
     tbDepth.SelectAll();
   }
-  Suggest();
 }
 
 void frmWaypointForm::SetCaptions() {
@@ -104,6 +109,8 @@ void frmWaypointForm::SetCaptions() {
   Label2.Caption = T(1802);
   Label5.Caption = T(1232);
   lbInformation.Caption = T(7054);
+  lbMixName.Visible = false;
+  lbGasAtDepth.Bold = true;
   lbDepthUnit.Caption = T(metric ? 1219 : 1216);
   Frame2.Caption = T(1803);
   Frame3.Caption = T(3067);
@@ -121,18 +128,31 @@ void frmWaypointForm::SetCaptions() {
 }
 
 void frmWaypointForm::ShowAsViewer() {
+  Caption = T(7161);
+  Label2.Caption = T(7029);
+  cbCancel.Caption = T(7014);
   Combo1.ListIndex = FindBlendIndex(Row().GasMixName, Template());
+  FitsContent = true;
+  lbMixName.Caption = Row().GasMixName;
+  lbGasAtDepth.Caption = T(7157, {Row().GasMixName, Length(Fixed(Row().Depth, 1))});
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(Combo1.ListIndex.Get()));
   tbO2.Text = Plain(mix.O2);
   tbN2.Text = Plain(mix.N2);
   tbHe.Text = Plain(mix.He);
   tbDepth.Text = Fixed(Row().Depth, 1);
   tbTime.Text = Fixed(Row().SegmentTime, 1);
-  for (Control* control : std::initializer_list<Control*>{&tbDepth, &tbTime, &Combo1, &cbOK, &udDepthSpin, &udTimeSpin,
-                                                          &cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
+  lbPPO2.Caption = T(6041) + ": " + Pressure(Row().PPO2);
+  lbEND.Caption = T(6044) + ": " + Length(Fixed(Row().END, 1));
+  lbMOD.Visible = false;
+  lbCeiling.Caption = T(7032) + ": " + Length(Fixed(Row().Ceiling, 1));
+  tbDepth.Locked = tbTime.Locked = true;
+  for (Control* control :
+       std::initializer_list<Control*>{&Combo1, &cbOK, &udDepthSpin, &udTimeSpin, &Frame3, &lbLegTime, &lbInformation,
+                                       &cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
     control->Enabled = false;
+    control->Visible = false;
   }
-  for (TextBox* box : {&Text1, &Text2, &Text4, &Text6, &Text7, &Text9}) box->Locked = true;
+  lbMixName.Visible = true;
   cbCancel.SetFocus();
 }
 
@@ -151,12 +171,28 @@ void frmWaypointForm::Combo1_Click() {
   tbO2.Text = Plain(mix.O2);
   tbN2.Text = Plain(mix.N2);
   tbHe.Text = Plain(mix.He);
+  ShowGas();
 }
 
 void frmWaypointForm::DepthTyped() {
   const std::string& text = tbDepth.Text.Get();
   const bool hasSign = !text.empty() && (text.front() == '-' || text.front() == '+');
   if (!hasSign) tbDepth.Text = AlphaNumericInput(text);
+  DepthChanged();
+}
+
+void frmWaypointForm::DepthChanged() {
+  Suggest();
+  ShowGas();
+  ShowLeg();
+}
+
+void frmWaypointForm::DepthConfirmed() {
+  // Mixes that were overtyped are worked out again; else there is nothing left to do but to take the waypoint.
+  if (!overtyped_) {
+    cbOK.Press();
+    return;
+  }
   Suggest();
 }
 
@@ -164,25 +200,37 @@ void frmWaypointForm::Step(TextBox& field, int by) {
   // An empty field counts as the number from which the step leads to 2 or 1.
   const double value = field.Text.Get().empty() ? (by > 0 ? 1 : 2) : double{Number(field.Text)};
   field.Text = FormatFixed(std::max(0.0, value + by), 0);
-  if (&field == &tbDepth) Suggest();
+  if (&field == &tbDepth) {
+    DepthChanged();
+  } else {
+    ShowLeg();
+  }
 }
 
 void frmWaypointForm::cbOK_Click() {
   // A field without a number counts as an empty one.
-  const auto depth = NumberIn(tbDepth.Text);
+  const auto entered = NumberIn(tbDepth.Text);
   const auto time = NumberIn(tbTime.Text);
-  if (!depth || !time || *depth < 0) {
+  if (!entered || !time) {
     Box(T(6164), Caption, BoxIcon::Stop);
-    (depth && *depth >= 0 ? tbTime : tbDepth).SelectAll();
+    (entered ? tbTime : tbDepth).SelectAll();
     return;
   }
-  Row().Depth = *depth;
+  if (*entered < 0) {
+    Box(T(7160), Caption, BoxIcon::Stop);
+    tbDepth.SelectAll();
+    return;
+  }
   const bool metric = Template().Metric;
   const double deepest = metric ? 500 : 1600;
-  if (*depth > deepest) {
-    Box(T(metric ? 3062 : 3063), Caption, BoxIcon::Stop);
-    Row().Depth = deepest;
+  if (*entered > deepest) Box(T(metric ? 3062 : 3063), Caption, BoxIcon::Stop);
+  const Single depth = std::min(*entered, deepest);
+  if (const std::string refusal = Refusal(depth, *time); !refusal.empty()) {
+    Box(refusal, Caption, BoxIcon::Stop);
+    (depth < Ceiling() ? tbDepth : tbTime).SelectAll();
+    return;
   }
+  Row().Depth = depth;
   Row().SegmentTime = *time;
   const auto index = static_cast<std::int16_t>(Combo1.ListIndex.Get());
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));

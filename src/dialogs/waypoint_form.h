@@ -1,11 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
 #include "dialogs/dialog_form.h"
 #include "dialogs/mix_information.h"
 #include "model/profile.h"
+#include "model/template_faults.h"
 
 namespace tav {
 
@@ -25,8 +27,11 @@ class frmWaypointForm : public DialogForm {
   TextBox tbTime{*this, "tbTime"};
   SpinButton udTimeSpin{*this, "udTimeSpin"};
   Label Label5{*this, "Label5"};
+  Label lbLegTime{*this, "lbLegTime"};  ///< how the time divides between the move and the depth
+  Label lbCeiling{*this, "lbCeiling"};  ///< at the end of the plan, where there is one
   Frame Frame2{*this, "Frame2"};
   ComboBox Combo1{*this, "Combo1"};
+  Label lbMixName{*this, "lbMixName"};  ///< in its place in a viewer
   Label lbO2{*this, "lbO2"};
   TextBox tbO2{*this, "tbO2"};
   Label lbN2{*this, "lbN2"};
@@ -54,7 +59,11 @@ class frmWaypointForm : public DialogForm {
   Label lbHelioxHe{*this, "lbHelioxHe"};
   TextBox Text7{*this, "Text7"};
   Button cbHelioxAdd{*this, "cbHelioxAdd"};
-  Frame Frame1{*this, "Frame1"};                ///< the information panel
+  Frame Frame1{*this, "Frame1"};              ///< the information panel
+  Label lbGasAtDepth{*this, "lbGasAtDepth"};  ///< the chosen gas, and below it its figures
+  Label lbPPO2{*this, "lbPPO2"};
+  Label lbEND{*this, "lbEND"};
+  Label lbMOD{*this, "lbMOD"};
   Label lbInformation{*this, "lbInformation"};  ///< what the panel is for, while it shows no mix
   Label Text10{*this, "Text10"};
   Label Text11{*this, "Text11"};
@@ -85,6 +94,16 @@ class frmWaypointForm : public DialogForm {
   void FillCombo();
   void Combo1_Click();
   void ShowAsViewer();
+  void DepthChanged();
+  void DepthConfirmed();
+  void ShowGas();
+  void ShowLeg();
+  [[nodiscard]] std::string TimesText(Single depth, Single time) const;
+  [[nodiscard]] std::string Length(const std::string& number) const;
+  [[nodiscard]] std::string Pressure(Single ppo2) const;
+  [[nodiscard]] Single Ceiling() const;
+  /// Why the plan can't take such a leg; empty when it can.
+  [[nodiscard]] std::string Refusal(Single depth, Single time) const;
   void DepthTyped();
   void Step(TextBox& field, int by);
   void Suggest();
@@ -96,7 +115,9 @@ class frmWaypointForm : public DialogForm {
   void ShowInfo(Kind kind, bool edited);
   void HideInfo();
   void ShowInfoLines(bool shown);
-  [[nodiscard]] Single Depth() const { return Number(tbDepth.Text); }
+  [[nodiscard]] const frmWaypointEditor* Plan() const;
+  /// The depth in its field, as far as it is one.
+  [[nodiscard]] Single Depth() const { return std::clamp<double>(Number(tbDepth.Text), 0, kMaximumDepth); }
   [[nodiscard]] DiveTemplate& Template() const { return TemplateOf(documentIndex_); }
   [[nodiscard]] Waypoint& Row() const { return profile_->Row(row_); }
 
@@ -108,6 +129,8 @@ class frmWaypointForm : public DialogForm {
   std::optional<MixFractions> nitrox_;  ///< as suggested or typed; nothing when no such mix keeps the limits
   MixFractions trimix_;
   std::optional<MixFractions> heliox_;
+  bool overtyped_ = false;    ///< a mix is not the one that was suggested
+  std::optional<Kind> told_;  ///< the mix that the panel tells of
 };
 
 }  // namespace tav

@@ -20,7 +20,9 @@ void frmWaypointForm::Suggest() {
   nitrox_ = SuggestNitrox(Depth(), Template());
   trimix_ = SuggestTrimix(Depth(), Template());
   heliox_ = SuggestHeliox(Depth(), Template());
+  overtyped_ = false;
   for (const Kind kind : {Kind::Nitrox, Kind::Trimix, Kind::Heliox}) ShowMix(kind);
+  if (told_) ShowInfo(*told_, false);
 }
 
 void frmWaypointForm::ShowMix(Kind kind) {
@@ -67,6 +69,7 @@ void frmWaypointForm::Overtyped(Kind kind, TextBox& field, Button& add) {
       heliox_ = MixFractions{o2, 0, 1 - o2};
     }
   }
+  overtyped_ = true;
   ShowMix(kind);
   ShowInfo(kind, true);
 }
@@ -90,6 +93,7 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   const MixFractions mix = shown.value_or(MixFractions{});
   const MixInformation told = InformationOf(kind, mix, Depth(), t, edited);
   const std::string heading = T(kind == Kind::Nitrox ? 3064 : kind == Kind::Trimix ? 3065 : 3066);
+  told_ = kind;
   ShowInfoLines(true);
   if (!shown || !told.possible) {
     Text10.Caption = heading + "\r\n Gas N/A";
@@ -99,14 +103,17 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   }
   Text10.Caption = heading + "\r\n" + Percent(mix.O2) + "/" + Percent(mix.He) + "/" + Percent(mix.N2) + "\r\n";
   Text11.Caption =
-      "    " + T(6044) + ":  " + (told.narcotic ? Fixed(told.END, 1) + (t.Metric ? "m" : "ft") : std::string("INF "));
+      "    " + T(6044) + ":  " + (told.narcotic ? Fixed(told.END, 1) : std::string("INF ")) + (t.Metric ? "m" : "ft");
   Text11.ForeColor = told.endTooDeep ? kRed : kBlack;
   Text12.Caption =
       T(6041) + ":  " + Fixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") + (t.O2Narcotic ? "\r\n" + T(6045) : "");
   Text12.ForeColor = told.ppo2TooHigh ? kRed : kBlack;
 }
 
-void frmWaypointForm::HideInfo() { ShowInfoLines(false); }
+void frmWaypointForm::HideInfo() {
+  told_.reset();
+  ShowInfoLines(false);
+}
 
 void frmWaypointForm::ShowInfoLines(bool shown) {
   lbInformation.Visible = !shown;

@@ -106,14 +106,16 @@ std::optional<std::int16_t> ProfileGraph::RowAt(Single x, Single y) const {
 }
 
 void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& grid) {
+  const auto row = right ? std::nullopt : RowAt(x, y);
+  if (row) {
+    // Who only looks at a row changes nothing.
+    window_.ViewRow(*row);
+    return;
+  }
   Editor().MarkModified();
   if (right) {
     CancelDrag(grid);
     window_.ShowPopup();
-    return;
-  }
-  if (const auto row = RowAt(x, y)) {
-    window_.ViewRow(*row);
     return;
   }
   dragging_ = true;

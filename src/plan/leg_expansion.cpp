@@ -84,6 +84,16 @@ void GetSegmentedProfile(Leg& leg, const DiveTemplate& diveTemplate, ClassProfil
   }
 }
 
+LegTimes TimesOfLeg(Leg leg, const DiveTemplate& diveTemplate) {
+  ClassProfile rows;
+  GetSegmentedProfile(leg, diveTemplate, rows);
+  LegTimes times;
+  for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
+    (rows.GetRate(i) == 0 ? times.level : times.move) += rows.GetSegmentTime(i);
+  }
+  return times;
+}
+
 void SaveUserProfile(ClassProfile& profile, const DiveTemplate& diveTemplate, Single depth, Single segmentTime,
                      Single rate, Single startTime, std::int16_t status, std::int16_t mix) {
   const GasMix& gas = diveTemplate.Blends.at(static_cast<std::size_t>(mix));

@@ -23,6 +23,14 @@ struct Leg {
 /// neither. Throws std::length_error when the plan is full.
 void GetSegmentedProfile(Leg& leg, const DiveTemplate& diveTemplate, ClassProfile& profile);
 
+/// How the minutes of a leg divide between its move and the time held at its target.
+struct LegTimes {
+  Single move;
+  Single level;  ///< 0 when the leg is too short for its move and is lengthened
+};
+/// Under the conditions of GetSegmentedProfile.
+LegTimes TimesOfLeg(Leg leg, const DiveTemplate& diveTemplate);
+
 /// Appends one row of a plan.
 void SaveUserProfile(ClassProfile& profile, const DiveTemplate& diveTemplate, Single depth, Single segmentTime,
                      Single rate, Single startTime, std::int16_t status, std::int16_t mix);

@@ -75,7 +75,7 @@ class Label : public Control {
 };
 
 /// A box around other controls. Hidden or disabled, it takes them along. `MouseMove` fires when the pointer moves over
-/// it or anything in it.
+/// it or anything in it that is in no other frame.
 class Frame : public Control {
  public:
   using Control::Control;

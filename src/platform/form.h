@@ -38,6 +38,10 @@ class Form {
   bool RemembersPlace = false;
   /// The user asked for the menu of the window, at no control that has one of its own.
   std::function<void()> ContextMenu;
+  /// The pointer moves over the window, but over none of its frames.
+  std::function<void()> MouseMove;
+  /// The window is no larger than what it shows, in place of the size that it was designed with.
+  bool FitsContent = false;
   /// A string ID in decimal: LocalizeForm puts its text into the caption.
   std::string Tag;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <utility>
@@ -19,6 +20,13 @@ class TextForm : public Form {
 
   void Localize() { LocalizeForm(*this, texts_); }
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
+  /// The same with "%1", "%2", ... filled in.
+  [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
+    std::string text = T(id);
+    int number = 0;
+    for (const std::string& value : values) text = ReplaceAll(text, "%" + std::to_string(++number), value);
+    return text;
+  }
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return platform_.boxes.Show(text, title, icon, buttons);
   }

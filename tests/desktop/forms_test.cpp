@@ -189,6 +189,40 @@ TEST(Windows, ReturnAgreesToTheNotice) {
   EXPECT_FALSE(notice.IsLoaded());
 }
 
+TEST(Windows, TabReachesEachButtonThatAddsAMixAndNoFieldOfAResult) {
+  Forms all;
+  auto& form = all.Of<frmWaypointForm>();
+  const auto dialog = MakeDialog(form, nullptr);
+  form.Load();
+  dialog->show();
+  dialog->activateWindow();
+  dialog->findChild<QLineEdit*>(QStringLiteral("tbDepth"))->setFocus();
+  std::string order;
+  for (int i = 0; i < 14; ++i) {
+    order += FromQt(dialog->focusWidget()->objectName()) + " ";
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(order,
+            "tbDepth tbTime Combo1 Text1 Text2 cbNitroxAdd Text6 Text4 cbTrimixAdd Text9 Text7 cbHelioxAdd cbOK "
+            "cbCancel ");
+}
+
+TEST(Windows, ThePointerIsOverTheInnermostFrame) {
+  Forms all;
+  auto& form = all.Of<frmWaypointForm>();
+  const auto dialog = MakeDialog(form, nullptr);
+  form.Load();
+  dialog->show();
+  const std::pair<const char*, bool> places[] = {{"Frame4", true},  {"Frame3", false}, {"Text1", true},
+                                                 {"tbTime", false}, {"Frame6", true},  {"Label3", false}};
+  for (const auto& [name, told] : places) {
+    auto* widget = dialog->findChild<QWidget*>(QString::fromLatin1(name));
+    QEnterEvent enter({3, 3}, {3, 3}, widget->mapToGlobal(QPointF(3, 3)));
+    QApplication::sendEvent(widget, &enter);
+    EXPECT_EQ(form.Text10.Visible.Get(), told) << name;
+  }
+}
+
 TEST(Windows, AFieldIsNotLeftWhenItIsDestroyed) {
   Forms all;
   auto& form = all.Of<frmWaypointForm>();

@@ -292,7 +292,11 @@ TEST_F(Waypoints, AViewerChangesNothing) {
   viewer.Load();
   EXPECT_EQ(viewer.tbDepth.Text.Get(), "21.4");
   EXPECT_EQ(viewer.Combo1.Text(), "EAN50");
+  EXPECT_EQ(viewer.Label2.Caption.Get(), "*StringID 7029*") << "a row has a run time, not a time at depth";
+  EXPECT_FALSE(viewer.cbOK.Visible || viewer.Frame3.Visible || viewer.Combo1.Visible);
+  EXPECT_EQ(viewer.lbMixName.Caption.Get(), "EAN50");
   viewer.tbDepth.Type("50");
+  viewer.tbDepth.PressReturn();
   viewer.cbOK.Press();
   EXPECT_TRUE(viewer.IsLoaded());
   EXPECT_EQ(viewer.tbDepth.Text.Get(), "21.4");

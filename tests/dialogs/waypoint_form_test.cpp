@@ -1,6 +1,7 @@
 #include "dialogs/waypoint_form.h"
 
 #include <array>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -93,7 +94,7 @@ TEST_F(WaypointForm, ThePanelTellsOfTheMixUnderThePointer) {
       {30, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n35/0/65\r\n" + end + "22.9m" + ppo2 + "1.40 bar"},
       {40, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n Gas N/A||"},
       {40, false, &frmWaypointForm::Frame5, "*StringID 3065*\r\n28/9/63\r\n" + end + "29.9m" + ppo2 + "1.40 bar"},
-      {40, false, &frmWaypointForm::Frame6, "*StringID 3066*\r\n28/72/0\r\n" + end + "INF " + ppo2 + "1.40 bar"},
+      {40, false, &frmWaypointForm::Frame6, "*StringID 3066*\r\n28/72/0\r\n" + end + "INF m" + ppo2 + "1.40 bar"},
       {40, true, &frmWaypointForm::Frame6,
        "*StringID 3066*\r\n28/72/0\r\n" + end + "4.0m" + ppo2 + "1.40 bar\r\n*StringID 6045*"}};
   for (const auto& each : cases) {
@@ -142,6 +143,126 @@ TEST_F(WaypointForm, TypingKeepsOnlyWhatANumberNeeds) {
   }
   f.tbTime.Type("-2,5 min");
   EXPECT_EQ(f.tbTime.Text.Get(), "2,5");
+}
+
+TEST_F(WaypointForm, ThePanelFollowsTheTypedDepthAndHidesOffTheFrames) {
+  frmWaypointForm& f = At(30);
+  f.Frame4.MoveMouse();
+  f.tbDepth.Type("0");
+  EXPECT_EQ(Panel(f), "*StringID 3064*\r\n100/0/0\r\n|    *StringID 6044*:  0.0m|*StringID 6041*:  1.00 bar");
+  f.udDepthSpin.Up();
+  EXPECT_TRUE(f.Text12.Caption.Get().ends_with("1.10 bar"));
+  for (const auto& off : {std::function<void()>([&] { f.Frame3.MoveMouse(); }), f.MouseMove}) {
+    f.Frame4.MoveMouse();
+    ASSERT_TRUE(f.Text10.Visible);
+    off();
+    EXPECT_FALSE(f.Text10.Visible);
+  }
+}
+
+TEST_F(WaypointForm, TheChosenGasIsToldAtTheTypedDepthWithItsLimits) {
+  // EAN32: (1.4 / 0.32 - 1) * 10 = 33.75 m; air 56.6 m; oxygen 4 m. END of air is the depth.
+  struct {
+    const char* gas;
+    const char* depth;
+    bool openCircuit;
+    std::string ppo2, end, mod;
+    bool ppo2Red, endRed, modRed;
+  } const cases[] = {{"EAN32", "33.7", true, "1.40 bar", "27.6 m", "33.7 m", false, false, false},
+                     {"EAN32", "34", true, "1.41 bar", "27.9 m", "33.7 m", true, false, true},
+                     {"Air", "30.1", true, "0.84 bar", "30.1 m", "56.6 m", false, true, false},
+                     {"Tx10/70", "5", true, "0.15 bar", "0.0 m", "130.0 m", true, false, false},
+                     {"Tx10/70", "5", false, "0.15 bar", "0.0 m", "120.0 m", false, false, false},
+                     {"EAN32", "31", false, "1.31 bar", "25.3 m", "30.6 m", true, false, true},
+                     {"Oxygen", "", true, "", "", "", false, false, false},
+                     {"Oxygen", "-4", true, "", "", "", false, false, false}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(std::string(each.gas) + " at " + each.depth);
+    Template().OpenCircuit = each.openCircuit;
+    frmWaypointForm& f = At(0);
+    f.Combo1.Select(FindBlendIndex(each.gas, Template()));
+    f.tbDepth.Type(each.depth);
+    EXPECT_EQ(f.lbPPO2.Visible && f.lbEND.Visible && f.lbMOD.Visible, !each.ppo2.empty());
+    if (each.ppo2.empty()) continue;
+    EXPECT_TRUE(f.lbPPO2.Caption.Get().ends_with(": " + each.ppo2)) << f.lbPPO2.Caption.Get();
+    EXPECT_TRUE(f.lbEND.Caption.Get().ends_with(": " + each.end)) << f.lbEND.Caption.Get();
+    EXPECT_TRUE(f.lbMOD.Caption.Get().ends_with(": " + each.mod)) << f.lbMOD.Caption.Get();
+    EXPECT_EQ(f.lbPPO2.ForeColor == kRed, each.ppo2Red);
+    EXPECT_EQ(f.lbEND.ForeColor == kRed, each.endRed);
+    EXPECT_EQ(f.lbMOD.ForeColor == kRed, each.modRed);
+  }
+}
+
+TEST_F(WaypointForm, TheTimeOfALegIsToldWithTheMoveInIt) {
+  struct : TextSource {
+    [[nodiscard]] std::string GetResString(int id) const override {
+      return id >= 7152 && id <= 7156 ? std::to_string(id) + " %1 %2 %3 %4" : TextSource::GetResString(id);
+    }
+  } const texts;
+  // Down at 18 m/min; up at 9 to 6 m and at 3 above.
+  struct {
+    const char* depth;
+    const char* time;
+    std::string told;
+  } const cases[] = {{"60", "25", "7152 25 1.7 23.3 60 m"},
+                     {"60", "1", "7154 1.7 %2 %3 %4"},
+                     {"30", "12.5", "7156 12.5 30 m %3 %4"},
+                     {"3", "5", "7153 5 3.7 1.3 3 m"},
+                     {"3", "0", "7155 3.7 %2 %3 %4"},
+                     {"", "5", ""},
+                     {"60", "", ""},
+                     {"20000", "5", ""},
+                     {"-3", "5", ""}};
+  ASSERT_TRUE(d.forms(d.Active()).AddUserWaypoint(30, 5, 0));
+  const DialogServices services{d.forms, d.platform.Services(), texts, false, {}};
+  frmWaypointForm f(services);
+  f.data(profile, -1);
+  f.Load();
+  for (const auto& each : cases) {
+    f.tbDepth.Type(each.depth);
+    f.tbTime.Type(each.time);
+    EXPECT_EQ(f.lbLegTime.Caption.Get(), each.told) << each.depth << " in " << each.time;
+  }
+}
+
+TEST_F(WaypointForm, WhatThePlanCanNotTakeIsRefusedBeforeTheDialogCloses) {
+  ASSERT_TRUE(d.forms(d.Active()).AddUserWaypoint(60, 30, 0));
+  struct {
+    const char* depth;
+    const char* time;
+    std::string refusal;
+  } const cases[] = {{"-5", "10", "*StringID 7160*"},
+                     {"-10.1325", "10", "*StringID 7160*"},
+                     {"3", "10", "*StringID 3061*\r\n*StringID 7032*: "},
+                     {"60", "200000", "a leg of 200000 minutes"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.depth);
+    frmWaypointForm& f = At(0);
+    f.tbDepth.Type(each.depth);
+    f.tbTime.Type(each.time);
+    EXPECT_TRUE(f.lbCeiling.Visible);
+    EXPECT_EQ(f.lbCeiling.ForeColor == kRed, Single(std::stod(each.depth)) < 60);
+    for (const TextBox* box : {&f.Text1, &f.Text2, &f.Text4, &f.Text5, &f.Text6, &f.Text7, &f.Text9}) {
+      EXPECT_EQ(box->Text.Get().find("nan"), std::string::npos);
+    }
+    f.cbOK.Press();
+    EXPECT_TRUE(f.IsLoaded());
+    EXPECT_TRUE(d.platform.LastBox().text.starts_with(each.refusal)) << d.platform.LastBox().text;
+  }
+  EXPECT_EQ(d.forms(d.Active()).UserActions.GetLength(), 1);
+}
+
+TEST_F(WaypointForm, ReturnInTheDepthIsOKUnlessMixesWereOvertyped) {
+  frmWaypointForm& f = At(30);
+  f.tbTime.Type("10");
+  f.Text1.Type("28");
+  f.tbDepth.PressReturn();
+  EXPECT_TRUE(f.IsLoaded());
+  EXPECT_EQ(Nitrox(f), "35/65");
+  f.tbDepth.Type("31");
+  f.tbDepth.PressReturn();
+  EXPECT_FALSE(f.IsLoaded());
+  EXPECT_EQ(double{profile.Row(0).Depth}, 31);
 }
 
 // Number pads give a point where people write a comma.

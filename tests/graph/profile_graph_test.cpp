@@ -117,7 +117,7 @@ TEST_F(Graph, AClickOnARowShowsItAndStartsNoDrag) {
   EXPECT_FALSE(graph.Dragging());
   Release();
   EXPECT_THAT(window.waypoints, IsEmpty());
-  EXPECT_TRUE(plans.documents(document).Modified);
+  EXPECT_FALSE(plans.documents(document).Modified);
 }
 
 TEST_F(Graph, TheRightButtonOpensTheMenuAndStartsNoDrag) {

@@ -1,0 +1,73 @@
+// What the waypoint dialog tells, while one types, of the gas at the depth and of the leg.
+
+#include "dialogs/waypoint_form.h"
+#include "plan/leg_expansion.h"
+
+namespace tav {
+
+std::string frmWaypointForm::Length(const std::string& number) const {
+  return number + (Template().Metric ? " m" : " ft");
+}
+
+std::string frmWaypointForm::Pressure(Single ppo2) const {
+  return Fixed(ppo2, 2) + (Template().Metric ? " bar" : " ata");
+}
+
+void frmWaypointForm::ShowGas() {
+  const auto depth = NumberIn(tbDepth.Text);
+  const int index = Combo1.ListIndex;
+  if (viewer_ || index < 0) return;
+  const DiveTemplate& t = Template();
+  const GasMix& mix = t.Blends.at(static_cast<std::size_t>(index));
+  const bool told = depth && *depth >= 0 && *depth <= kMaximumDepth;
+  lbGasAtDepth.Caption = told ? T(7157, {mix.Name, Length(Plain(*depth))}) : mix.Name;
+  for (Label* line : {&lbPPO2, &lbEND, &lbMOD}) line->Visible = told;
+  if (!told) return;
+  const GasFigures figures = FiguresAt(*depth, mix, t);
+  lbPPO2.Caption = T(t.OpenCircuit ? 6041 : 7158) + ": " + Pressure(figures.PPO2);
+  lbPPO2.ForeColor = figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1;
+  lbEND.Caption = T(6044) + ": " + Length(Fixed(figures.END, 1));
+  lbEND.ForeColor = figures.endTooDeep ? kRed : -1;
+  lbMOD.Caption = T(7159) + ": " + (figures.MOD ? Length(Fixed(*figures.MOD, 1)) : "-");
+  lbMOD.ForeColor = figures.ppo2TooHigh ? kRed : -1;
+}
+
+const frmWaypointEditor* frmWaypointForm::Plan() const {
+  const auto active = services_.ActiveDocument();
+  return active ? &services_.forms(*active) : nullptr;
+}
+
+Single frmWaypointForm::Ceiling() const {
+  const frmWaypointEditor* plan = Plan();
+  return plan == nullptr ? Single(0) : plan->InputProfile.GetCeiling(plan->InputProfile.GetLength());
+}
+
+void frmWaypointForm::ShowLeg() {
+  const auto depth = NumberIn(tbDepth.Text);
+  const auto time = NumberIn(tbTime.Text);
+  lbCeiling.Visible = Ceiling() > 0;
+  lbCeiling.Caption = T(7032) + ": " + Length(Fixed(Ceiling(), 1));
+  lbCeiling.ForeColor = depth && *depth < Ceiling() ? kRed : -1;
+  lbLegTime.Caption = depth && time ? TimesText(*depth, *time) : "";
+}
+
+std::string frmWaypointForm::TimesText(Single depth, Single time) const {
+  const frmWaypointEditor* plan = Plan();
+  if (plan == nullptr || !TemplateFaults(Template()).empty() || !LegFault(time, depth, 0, Template()).empty())
+    return {};
+  const Single start = plan->InputProfile.getDepth(plan->InputProfile.GetLength());
+  const std::string minutes = Plain(time);
+  const std::string place = Length(Plain(depth));
+  if (depth == start) return T(7156, {minutes, place});
+  const bool down = depth > start;
+  const LegTimes times = TimesOfLeg({0, start, time, depth, 0}, Template());
+  if (times.move > time) return T(down ? 7154 : 7155, {Fixed(times.move, 1)});
+  return T(down ? 7152 : 7153, {minutes, Fixed(times.move, 1), Fixed(times.level, 1), place});
+}
+
+std::string frmWaypointForm::Refusal(Single depth, Single time) const {
+  if (depth < Ceiling()) return T(3061) + "\r\n" + T(7032) + ": " + Length(Fixed(Ceiling(), 1));
+  return LegFault(time, depth, 0, Template());
+}
+
+}  // namespace tav
