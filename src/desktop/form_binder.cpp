@@ -60,7 +60,10 @@ void AssignMnemonics(QDialog& dialog) {
     if (label->buddy() != nullptr) taken.insert(mnemonic(label->text()));
   }
   for (auto* button : buttons) {
-    if (qobject_cast<QToolButton*>(button) == nullptr) button->setText(assign(button->text()));
+    // Letters are few: what has a key of its own is designed to do without.
+    const QVariant wanted = button->property("mnemonic");
+    if (qobject_cast<QToolButton*>(button) != nullptr || (wanted.isValid() && !wanted.toBool())) continue;
+    button->setText(assign(button->text()));
   }
   for (auto* label : dialog.findChildren<QLabel*>()) {
     if (label->buddy() != nullptr) label->setText(assign(label->text()));

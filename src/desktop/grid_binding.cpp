@@ -183,6 +183,49 @@ class GridDelegate : public QStyledItemDelegate {
   bool leaving_ = false;
 };
 
+/// The keys and the menu of a table while no cell is open.
+class TableKeys : public QObject {
+ public:
+  TableKeys(Grid& grid, QTableWidget& table) : QObject(&table), grid_(grid), table_(table) {
+    table.installEventFilter(this);
+    table.viewport()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::ContextMenu) {
+      OpenMenu(*static_cast<QContextMenuEvent*>(event));
+      return true;
+    }
+    if (object != &table_ || event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Insert && grid_.InsertKey) {
+      grid_.PressInsert();
+      return true;
+    }
+    if (key == Qt::Key_Delete && grid_.DeleteKey) {
+      grid_.PressDelete();
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  void OpenMenu(const QContextMenuEvent& event) {
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
+    const QTableWidgetItem* item = byKey ? nullptr : table_.itemAt(table_.viewport()->mapFromGlobal(event.globalPos()));
+    if (item != nullptr) table_.setCurrentCell(item->row(), item->column());
+    grid_.OpenMenu(byKey);
+  }
+
+  Grid& grid_;
+  QTableWidget& table_;
+};
+
+/// Cells that take no typing in a table that otherwise does look like the results that they are.
+void ShowEditable(const Grid& grid, int row, int column, const QTableWidget& table, QTableWidgetItem& item) {
+  const bool fixed = grid.EditorOf && grid.EditorOf(row, column).kind == Grid::Editor::Kind::None;
+  item.setData(Qt::BackgroundRole, fixed ? QVariant(table.palette().window()) : QVariant());
+}
+
 }  // namespace
 
 void BindGrid(Grid& grid, QTableWidget& table) {
@@ -194,17 +237,11 @@ void BindGrid(Grid& grid, QTableWidget& table) {
   table.setTabKeyNavigation(false);
   table.verticalHeader()->hide();
   table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  table.setContextMenuPolicy(Qt::CustomContextMenu);
   QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int column, int, int) {
     if (row >= 0) grid.Select(row + 1, column);
   });
   QObject::connect(&table, &QTableWidget::cellClicked, [&grid](int row, int column) { grid.Select(row + 1, column); });
-  QObject::connect(&table, &QTableWidget::customContextMenuRequested, [&grid, &table](const QPoint& at) {
-    if (const QTableWidgetItem* item = table.itemAt(at)) {
-      table.setCurrentCell(item->row(), item->column());
-    }
-    grid.OpenMenu();
-  });
+  new TableKeys(grid, table);
 }
 
 void ShowGrid(const Grid& grid, QTableWidget& table) {
@@ -235,7 +272,12 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
       } else {
         item->setData(Qt::ForegroundRole, QVariant());
       }
+      if (row > 0) ShowEditable(grid, row, column, table, *item);
     }
+  }
+  const int row = std::min(grid.SelectedRow, grid.Rows() - 1) - 1;
+  if (row >= 0 && (row != table.currentRow() || grid.SelectedColumn != table.currentColumn())) {
+    table.setCurrentCell(row, grid.SelectedColumn);
   }
 }
 

@@ -197,7 +197,21 @@ void FillAction(const MenuItem& item, QAction& action) {
   action.setVisible(item.Visible);
 }
 
-void QtWindows::PopupMenu(const std::vector<MenuItem*>& items) {
+void QtWindows::PopupMenu(const std::vector<MenuItem*>& items) { PopupAt(QCursor::pos(), items); }
+
+void QtWindows::PopupMenuAtFocus(const std::vector<MenuItem*>& items) {
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr) {
+    PopupMenu(items);
+    return;
+  }
+  const QRect place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+  const auto* area = qobject_cast<const QAbstractScrollArea*>(focus);
+  const QWidget* within = area != nullptr ? area->viewport() : focus;
+  PopupAt(within->mapToGlobal(place.center()), items);
+}
+
+void QtWindows::PopupAt(const QPoint& place, const std::vector<MenuItem*>& items) {
   QMenu menu(&owner_);
   MenuItem* chosen = nullptr;
   for (MenuItem* item : items) {
@@ -205,7 +219,7 @@ void QtWindows::PopupMenu(const std::vector<MenuItem*>& items) {
     FillAction(*item, *action);
     QObject::connect(action, &QAction::triggered, [&chosen, item] { chosen = item; });
   }
-  menu.exec(QCursor::pos());
+  menu.exec(place);
   if (chosen != nullptr) chosen->Choose();
 }
 

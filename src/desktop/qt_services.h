@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "platform/text_source.h"
 
+class QPoint;
 class QWidget;
 
 namespace tav {
@@ -31,10 +32,12 @@ class QtWindows : public Windows {
   void ShowModal(Form& form) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void PopupMenu(const std::vector<MenuItem*>& items) override;
+  void PopupMenuAtFocus(const std::vector<MenuItem*>& items) override;
 
  private:
   void RestorePlace(const Form& form, QWidget& window) const;
   void KeepPlace(const Form& form, const QWidget& window);
+  void PopupAt(const QPoint& place, const std::vector<MenuItem*>& items);
 
   QWidget& owner_;
   SettingsStore& settings_;

@@ -12,21 +12,24 @@ frmProperties::frmProperties(const DialogServices& services) : DialogForm("frmPr
 }
 
 void frmProperties::Wire() {
-  for (TextBox* field : NumberFields()) field->LostFocus = [this, field] { Validate(*field); };
+  for (TextBox* field : NumberFields()) {
+    field->Change = [this, field] { FieldChanged(*field); };
+    field->LostFocus = [this, field] { FieldLeft(*field); };
+  }
   Text4.Locked = true;
   Text3.Locked = true;
-  Text2.Change = Text5.Change = [this] { ShowPressures(); };
-  Text7.Change = [this] { ShowAutoDepths(); };
   ListView1.ItemClick = [this] { ShowFrame(ListView1.SelectedItem); };
   Option1_0.Click = [this] { Option1_Click(0); };
   Option1_1.Click = [this] { Option1_Click(1); };
   Check1.Click = [this] { Check1_Click(); };
   cbAutoDecoGas.Click = [this] { cbAutoDecoGas_Click(); };
-  cbCustomBlend.Click = [this] {
+  cbCustomBlend.Click = FgGas.InsertKey = [this] {
+    const std::size_t gases = Template().Blends.size();
     frmGasBlend dialog(services_);
     dialog.SetTemplate(documentIndex_);
     services_.platform.windows.ShowModal(dialog);
-    InitGasAvailableFrame();
+    // The other rows keep what has been typed into them.
+    for (std::size_t i = gases; i < Template().Blends.size(); ++i) FgGas.AddRow(GasRow(Template().Blends[i]));
   };
   Command1.Visible = false;
   Command1.Click = [this] {
@@ -115,6 +118,11 @@ void frmProperties::SetCaptions() {
                                                {&cbCancel, 1609},
                                                {&cbDefault, 1608}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
+  // The letters of the menu would be those of all buttons.
+  for (Button* add : {&cbAddDescend, &cbAddAscend, &cbAddChange}) add->Caption = ReplaceAll(T(1625), "&", "");
+  for (Button* remove : {&cbDelDescend, &cbDelAscend, &cbDelChange, &cbDelGas}) {
+    remove->Caption = ReplaceAll(T(1626), "&", "");
+  }
 }
 
 void frmProperties::ShowUnitLabels() {
@@ -124,6 +132,7 @@ void frmProperties::ShowUnitLabels() {
   for (Label* label : {&Label9, &lbStepUnit, &lbLastStopUnit}) label->Caption = T(metric ? 1619 : 1620);
   for (Label* label : {&Label11, &Label18}) label->Caption = T(metric ? 1219 : 1216);
   for (Label* label : {&Label13, &Label16}) label->Caption = T(metric ? 1220 : 1221);
+  ShowHeads();
 }
 
 void frmProperties::SetDocument(std::int16_t index) {
@@ -140,9 +149,10 @@ void frmProperties::InitFrames() {
   InitGasSettingsFrame();
   InitDecoStepsFrame();
   InitUnitsFrame();
-  FillRates(fgDescend, Template().DescendRates, 1621);
-  FillRates(fgAscend, Template().AscendRates, 1623);
+  FillRates(fgDescend, Template().DescendRates);
+  FillRates(fgAscend, Template().AscendRates);
   InitDecoGasFrame();
+  ShowHeads();
   InitWarningsFrame();
 }
 
@@ -180,10 +190,14 @@ void frmProperties::Check1_Click() {
   ShowAdapted();
 }
 
+std::vector<std::string> frmProperties::GasRow(const GasMix& mix) const {
+  return {mix.Name, Plain(mix.O2), Plain(mix.He), Plain(mix.N2)};
+}
+
 void frmProperties::InitGasAvailableFrame() {
   std::vector<std::vector<std::string>> rows{{T(1618), "% O2", "% He", "% N2"}};
   for (const GasMix& mix : Template().Blends) {
-    rows.push_back({mix.Name, Plain(mix.O2), Plain(mix.He), Plain(mix.N2)});
+    rows.push_back(GasRow(mix));
   }
   FgGas.SetRows(rows);
   for (int row = 1; row < FgGas.Rows(); ++row) MarkGas(row);

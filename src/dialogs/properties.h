@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,12 @@ class frmProperties : public DialogForm {
   Frame Frame13{*this, "Frame13"};
   Frame Frame7{*this, "Frame7"};
   Grid fgDescend{*this, "fgDescend"};
+  Button cbAddDescend{*this, "cbAddDescend"};
+  Button cbDelDescend{*this, "cbDelDescend"};
   Frame Frame6{*this, "Frame6"};
   Grid fgAscend{*this, "fgAscend"};
+  Button cbAddAscend{*this, "cbAddAscend"};
+  Button cbDelAscend{*this, "cbDelAscend"};
   // Decompression.
   Frame Frame15{*this, "Frame15"};
   Frame Frame5{*this, "Frame5"};
@@ -42,6 +47,8 @@ class frmProperties : public DialogForm {
   Frame Frame3{*this, "Frame3"};
   CheckBox cbAutoDecoGas{*this, "cbAutoDecoGas"};
   Grid fgGasChange{*this, "fgGasChange"};
+  Button cbAddChange{*this, "cbAddChange"};
+  Button cbDelChange{*this, "cbDelChange"};
   // Units.
   Frame Frame2{*this, "Frame2"};
   OptionButton Option1_1{*this, "Option1_1"};  ///< metric
@@ -50,6 +57,7 @@ class frmProperties : public DialogForm {
   Frame Frame4{*this, "Frame4"};
   Grid FgGas{*this, "FgGas"};
   Button cbCustomBlend{*this, "cbCustomBlend"};
+  Button cbDelGas{*this, "cbDelGas"};
   Button Command1{*this, "Command1"};  ///< the mixer, for the gas that was chosen last
   // Altitude.
   Frame Frame1{*this, "Frame1"};
@@ -113,14 +121,15 @@ class frmProperties : public DialogForm {
   /// The user left by OK: false; by anything else: true.
   [[nodiscard]] bool Cancelled() const { return cancelled_; }
 
-  /// What stands for a depth or a rate that has not been given yet.
+  /// What stands in a file for a depth or a rate that has not been given yet; its cell is empty.
   static constexpr double kNotGiven = 1000000;
 
   /// A value at or below `low` becomes `lowValue`, then one at or above `high` becomes `highValue`; the result as text
   /// with so many decimals.
   static std::string Between(Single& value, Single low, Single high, Single lowValue, Single highValue, int decimals);
   /// What a cell shows of a typed text: the number that is left when all but digits and separators are taken out, in
-  /// plain form; what is left, if that is no number; "10" if nothing is left; a blank text stays a value not given.
+  /// plain form; what is left, if that is no number; "10" if nothing is left; a blank text is that of a value not
+  /// given.
   static std::string PurgeNumericInput(const std::string& text, const LocaleSeparators& separators);
   /// O2 in percent of the gas of that name in the list of gases; -1 when there is none.
   [[nodiscard]] double GetPercentO2(const std::string& name) const;
@@ -143,6 +152,7 @@ class frmProperties : public DialogForm {
   void InitConstPPOFrame();
   void InitAltitudeFrame();
   void InitGasAvailableFrame();
+  [[nodiscard]] std::vector<std::string> GasRow(const GasMix& mix) const;
   void InitGasSettingsFrame();
   void InitDecoStepsFrame();
   void InitUnitsFrame();
@@ -155,6 +165,8 @@ class frmProperties : public DialogForm {
 
   // properties_fields.cpp
   std::array<TextBox*, 13> NumberFields();
+  void FieldChanged(TextBox& field);
+  void FieldLeft(TextBox& field);
   void Validate(TextBox& field);
   [[nodiscard]] bool Metric() const { return unitsAreMetric_; }
   [[nodiscard]] Single Rounded(const TextBox& field, int places) const;
@@ -169,10 +181,13 @@ class frmProperties : public DialogForm {
 
   // properties_grids.cpp
   void WireGrids();
-  void FillRates(Grid& grid, const std::vector<RateEntry>& rates, int depthHead) const;
+  void WireRows(Grid& grid, Button* add, Button& remove);
+  void FillRates(Grid& grid, const std::vector<RateEntry>& rates);
+  void ShowHeads();
   void InitDecoGasFrame();
   [[nodiscard]] Single DepthOfPPO2(Single ppo2, const std::string& gas) const;
   void ShowAutoDepths();
+  void ShowChangesEditable();
   void saveDecoGasSettings();
   void loadDecoGasSettings();
   void CommitNumber(Grid& grid, int row, int column, const std::string& text);
@@ -184,8 +199,8 @@ class frmProperties : public DialogForm {
   [[nodiscard]] std::string GridFault() const;
   void FgGas_MouseDown();
   void OpenRowMenu(Grid& grid);
-  void AddRow_Click();
-  void DelRow_Click();
+  void AppendRow(Grid& grid);
+  void DeleteRow(Grid& grid);
   void RemoveRow(Grid& grid, int row);
   void DeleteBlend(int row);
   void Refuse(int text);
@@ -209,6 +224,7 @@ class frmProperties : public DialogForm {
   bool unitsAreMetric_ = true;
   std::vector<DecoDepth> decoGasSettings_;
   Grid* menuGrid_ = nullptr;
+  std::set<const TextBox*> changed_;             ///< fields that the user has changed since they were judged
   std::optional<std::int16_t> adaptedDocument_;  ///< the document whose "already adapted" was clicked
 };
 

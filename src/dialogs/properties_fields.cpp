@@ -21,7 +21,7 @@ std::string frmProperties::Between(Single& value, Single low, Single high, Singl
 }
 
 std::string frmProperties::PurgeNumericInput(const std::string& text, const LocaleSeparators& separators) {
-  if (TrimBlanks(text).empty()) return FormatPlain(kNotGiven);
+  if (TrimBlanks(text).empty()) return {};
   std::string kept;
   std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
                [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '.' || c == ','; });
@@ -34,6 +34,17 @@ std::string frmProperties::PurgeNumericInput(const std::string& text, const Loca
 std::array<TextBox*, 13> frmProperties::NumberFields() {
   return {&tbStepSize,   &tbLastStop, &Text7, &Text8, &tbRMV,    &tbMinPPO, &tbMaxPPO,
           &tbMaximalEND, &Text2,      &Text5, &Text1, &SetPoint, &Text6};
+}
+
+void frmProperties::FieldChanged(TextBox& field) {
+  changed_.insert(&field);
+  if (&field == &Text2 || &field == &Text5) ShowPressures();
+  if (&field == &Text7) ShowAutoDepths();
+}
+
+void frmProperties::FieldLeft(TextBox& field) {
+  // Who only passes a field is told nothing: an altitude of 0 stays sea level.
+  if (changed_.erase(&field) != 0) Validate(field);
 }
 
 void frmProperties::Validate(TextBox& field) {
@@ -91,6 +102,8 @@ void frmProperties::StoreGrids(DiveTemplate& t) const {
     for (int row = 1; row < grid.Rows(); ++row) {
       table.push_back({0, 0, whole(grid, row, 1), whole(grid, row, 0)});
     }
+    // Of two rows of one depth none is ahead: they are refused.
+    std::stable_sort(table.begin(), table.end(), [](const auto& a, const auto& b) { return a.Depth < b.Depth; });
     return table;
   };
   t.DescendRates = rates(fgDescend);
@@ -105,6 +118,9 @@ void frmProperties::StoreGrids(DiveTemplate& t) const {
   for (int row = 1; row < fgGasChange.Rows(); ++row) {
     t.ChangeGasMixes.push_back({fgGasChange.Text(row, 1), 0, 0, 0, whole(fgGasChange, row, 0)});
   }
+  // The ascent takes the first gas of the list whose depth is that of the diver or deeper.
+  std::stable_sort(t.ChangeGasMixes.begin(), t.ChangeGasMixes.end(),
+                   [](const auto& a, const auto& b) { return a.Depth < b.Depth; });
   ResolveGasChanges(t);
 }
 

@@ -19,6 +19,9 @@ constexpr int kNotGivenText = 7050;
 constexpr int kNot100Percent = 7150;
 constexpr int kNoNumber = 7151;
 
+/// A depth or a rate as its cell shows it; nothing for one that has not been given.
+std::string Cell(Single value) { return value == frmProperties::kNotGiven ? "" : FormatFixed(value, 0); }
+
 }  // namespace
 
 void frmProperties::WireGrids() {
@@ -28,7 +31,6 @@ void frmProperties::WireGrids() {
     grid->Commit = [this, grid](int row, int column, const std::string& text) {
       CommitNumber(*grid, row, column, text);
     };
-    grid->RowMenu = [this, grid] { OpenRowMenu(*grid); };
   }
   fgGasChange.EditorOf = [this](int row, int column) {
     if (row < 1 || cbAutoDecoGas.Value) return Grid::Editor{};
@@ -44,7 +46,6 @@ void frmProperties::WireGrids() {
     }
     fgGasChange.SetText(row, column, text);
   };
-  fgGasChange.RowMenu = [this] { OpenRowMenu(fgGasChange); };
   // Air, the first row, is what it is, names are keys of legs and gas changes, and nitrogen is the rest.
   FgGas.EditorOf = [](int row, int column) {
     return Grid::Editor{row > 1 && (column == kOxygen || column == kHelium) ? Kind::Text : Kind::None, {}};
@@ -56,16 +57,40 @@ void frmProperties::WireGrids() {
     ShowAutoDepths();
     FgGas_MouseDown();
   };
-  FgGas.RowMenu = [this] { OpenRowMenu(FgGas); };
   FgGas.Click = [this] { FgGas_MouseDown(); };
-  AddRow.Click = [this] { AddRow_Click(); };
-  DelRow.Click = [this] { DelRow_Click(); };
+  WireRows(fgDescend, &cbAddDescend, cbDelDescend);
+  WireRows(fgAscend, &cbAddAscend, cbDelAscend);
+  WireRows(fgGasChange, &cbAddChange, cbDelChange);
+  WireRows(FgGas, nullptr, cbDelGas);
+  AddRow.Click = [this] {
+    if (menuGrid_ != nullptr) AppendRow(*menuGrid_);
+  };
+  DelRow.Click = [this] {
+    if (menuGrid_ != nullptr) DeleteRow(*menuGrid_);
+  };
 }
 
-void frmProperties::FillRates(Grid& grid, const std::vector<RateEntry>& rates, int depthHead) const {
-  std::vector<std::vector<std::string>> rows{{T(depthHead), T(1624)}};
-  for (const RateEntry& entry : rates) rows.push_back({FormatFixed(entry.Depth, 0), FormatFixed(entry.Rate, 0)});
+void frmProperties::WireRows(Grid& grid, Button* add, Button& remove) {
+  grid.RowMenu = [this, &grid] { OpenRowMenu(grid); };
+  grid.DeleteKey = remove.Click = [this, &grid] { DeleteRow(grid); };
+  if (add != nullptr) grid.InsertKey = add->Click = [this, &grid] { AppendRow(grid); };
+}
+
+void frmProperties::FillRates(Grid& grid, const std::vector<RateEntry>& rates) {
+  std::vector<std::vector<std::string>> rows{{"", ""}};
+  for (const RateEntry& entry : rates) rows.push_back({Cell(entry.Depth), Cell(entry.Rate)});
   grid.SetRows(rows);
+}
+
+void frmProperties::ShowHeads() {
+  const std::string depth = " " + T(Metric() ? 1222 : 1223);
+  const std::string rate = " " + T(Metric() ? 7164 : 7165);
+  for (const auto& [grid, head] :
+       {std::pair(&fgDescend, 1621), std::pair(&fgAscend, 1623), std::pair(&fgGasChange, 1621)}) {
+    if (grid->Rows() == 0) continue;
+    grid->SetText(0, 0, T(head) + depth);
+    grid->SetText(0, 1, grid == &fgGasChange ? T(1622) : T(1624) + rate);
+  }
 }
 
 void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::string& text) {
@@ -95,9 +120,8 @@ std::string frmProperties::CellFault(const Grid& grid, int row) const {
   for (int column = 0; column < grid.Columns(); ++column) {
     const bool number = &grid == &FgGas ? column >= kOxygen : &grid != &fgGasChange || column == 0;
     if (!number) continue;
-    const auto value = NumberIn(grid.Text(row, column));
-    if (!value) return T(kNoNumber) + grid.Text(row, column);
-    if (*value == kNotGiven) return T(kNotGivenText);
+    if (grid.Text(row, column).empty()) return T(kNotGivenText);
+    if (!NumberIn(grid.Text(row, column))) return T(kNoNumber) + grid.Text(row, column);
   }
   if (&grid == &FgGas && RoundSingle(SharesOf(row), 0) != 100)
     return T(kNot100Percent) + Fixed(SharesOf(row), 0) + " %";
@@ -135,16 +159,20 @@ void frmProperties::InitDecoGasFrame() {
   const DiveTemplate& t = Template();
   // Feet: an atmosphere is 10.13 m.
   const double units = Metric() ? 1.0 : 1.013 * kFeetPerMetre;
-  std::vector<std::vector<std::string>> rows{{T(1621), T(1622)}};
+  std::vector<std::vector<std::string>> rows{{"", ""}};
   for (const GasChange& change : t.ChangeGasMixes) {
     const Single depth =
         change.Depth != 0 ? change.Depth : Single(DepthOfPPO2(Number(tbMaxPPO.Text), change.Name) * units);
-    rows.push_back({FormatFixed(depth, 0), change.Name});
+    rows.push_back({Cell(depth), change.Name});
   }
   fgGasChange.SetRows(rows);
   decoGasSettings_.clear();
   cbAutoDecoGas.Value = t.AutoDecoGas;
-  if (t.AutoDecoGas) cbAutoDecoGas_Click();
+  if (t.AutoDecoGas) {
+    cbAutoDecoGas_Click();
+  } else {
+    ShowChangesEditable();
+  }
 }
 
 void frmProperties::cbAutoDecoGas_Click() {
@@ -154,6 +182,13 @@ void frmProperties::cbAutoDecoGas_Click() {
   } else {
     loadDecoGasSettings();
   }
+  ShowChangesEditable();
+}
+
+void frmProperties::ShowChangesEditable() {
+  cbAddChange.Enabled = !cbAutoDecoGas.Value;
+  cbDelChange.Enabled = !cbAutoDecoGas.Value;
+  fgGasChange.Refresh();
 }
 
 void frmProperties::ShowAutoDepths() {
@@ -170,9 +205,7 @@ void frmProperties::saveDecoGasSettings() {
   for (int row = 1; row < fgGasChange.Rows(); ++row) {
     const std::string text = fgGasChange.Text(row, 0);
     const Single depth = Number(text);
-    const auto scaled = [&](double factor) {
-      return text.empty() ? "0" : FormatFixed(depth == kNotGiven ? depth : Single(depth * factor), 0);
-    };
+    const auto scaled = [&](double factor) { return text.empty() ? "" : FormatFixed(Single(depth * factor), 0); };
     decoGasSettings_.push_back({scaled(Metric() ? 1 : kMetresPerFoot), scaled(Metric() ? kFeetPerMetre : 1)});
   }
 }
@@ -199,18 +232,23 @@ void frmProperties::OpenRowMenu(Grid& grid) {
   const bool editable = &grid != &fgGasChange || !cbAutoDecoGas.Value;
   AddRow.Enabled = editable;
   DelRow.Enabled = editable;
-  services_.platform.windows.PopupMenu({&AddRow, &DelRow});
+  if (grid.MenuByKey) {
+    services_.platform.windows.PopupMenuAtFocus({&AddRow, &DelRow});
+  } else {
+    services_.platform.windows.PopupMenu({&AddRow, &DelRow});
+  }
 }
 
-void frmProperties::AddRow_Click() {
-  if (menuGrid_ == nullptr) return;
-  const std::string notGiven = FormatFixed(Single(kNotGiven), 0);
-  menuGrid_->AddRow({notGiven, menuGrid_ == &fgGasChange ? FgGas.Text(1, 0) : notGiven});
+void frmProperties::AppendRow(Grid& grid) {
+  if (&grid == &fgGasChange && cbAutoDecoGas.Value) return;
+  grid.AddRow({"", &grid == &fgGasChange ? FgGas.Text(1, 0) : ""});
+  grid.SelectCell(grid.Rows() - 1, 0);
+  grid.SetFocus();
 }
 
 void frmProperties::RemoveRow(Grid& grid, int row) {
   grid.RemoveRow(row);
-  grid.SelectedRow = std::min(grid.SelectedRow, grid.Rows() - 1);
+  grid.SelectCell(std::min(grid.SelectedRow, grid.Rows() - 1), grid.SelectedColumn);
   // A depth that is kept belongs to the gas of its row.
   const auto kept = static_cast<std::size_t>(row - 1);
   if (&grid == &fgGasChange && kept < decoGasSettings_.size()) {
@@ -218,16 +256,17 @@ void frmProperties::RemoveRow(Grid& grid, int row) {
   }
 }
 
-void frmProperties::DelRow_Click() {
-  if (menuGrid_ == nullptr) return;
-  const int row = menuGrid_->SelectedRow;
-  if (menuGrid_ == &FgGas) {
+void frmProperties::DeleteRow(Grid& grid) {
+  const int row = grid.SelectedRow;
+  if (&grid == &fgGasChange && cbAutoDecoGas.Value) return;
+  if (&grid == &FgGas) {
     DeleteBlend(row);
   } else if (row >= 2) {
-    RemoveRow(*menuGrid_, row);
+    RemoveRow(grid, row);
   } else {
     Refuse(kRowStays);
   }
+  grid.SetFocus();
 }
 
 void frmProperties::DeleteBlend(int row) {

@@ -69,9 +69,9 @@ void frmProperties::ConvertGrid(Grid& grid, bool toImperial, bool bothColumns, b
   const double length = toImperial ? kFeetPerMetre : kMetresPerFoot;
   for (int row = 1; row < grid.Rows(); ++row) {
     for (int column = 0; column < (bothColumns ? 2 : 1); ++column) {
-      const Single value = Number(grid.Text(row, column));
-      if (value == kNotGiven) continue;  // the mark of a value not given has no unit
-      const double from = rounded ? std::nearbyint(value) : double{value};
+      const auto value = NumberIn(grid.Text(row, column));
+      if (!value) continue;  // not given yet
+      const double from = rounded ? std::nearbyint(*value) : *value;
       const double to = rounded ? std::nearbyint(from * length) : from * length;
       grid.SetText(row, column, FormatFixed(Single(to), 0));
     }

@@ -235,8 +235,11 @@ class Grid : public Control {
   Property<std::vector<std::vector<GridCell>>> Cells{Changed};
   std::function<Editor(int row, int column)> EditorOf;
   std::function<void(int row, int column, const std::string& text)> Commit;
-  Event Click;    ///< a cell was clicked or reached by key: SelectedRow, SelectedColumn
-  Event RowMenu;  ///< the menu button: show the pop-up that the form has for the grid
+  Event Click;             ///< a cell was clicked or reached by key: SelectedRow, SelectedColumn
+  Event RowMenu;           ///< the menu button: show the pop-up that the form has for the grid
+  bool MenuByKey = false;  ///< the key of the menu called it, so that it belongs to the selected cell
+  Event InsertKey;         ///< Ins and Del while no cell is open; a grid without the event leaves the key alone
+  Event DeleteKey;
   int SelectedRow = 0;
   int SelectedColumn = 0;
 
@@ -257,7 +260,26 @@ class Grid : public Control {
     SelectedColumn = column;
     Fire(Click);
   }
-  void OpenMenu() const { Fire(RowMenu); }
+  /// Selects a cell for the user, without an event.
+  void SelectCell(int row, int column) {
+    SelectedRow = row;
+    SelectedColumn = column;
+    Refresh();
+  }
+  /// Brings the view in line with what EditorOf allows now.
+  void Refresh() const {
+    if (Changed) Changed();
+  }
+  void OpenMenu(bool byKey = false) {
+    MenuByKey = byKey;
+    Fire(RowMenu);
+  }
+  void PressInsert() const {
+    if (CanAct()) Fire(InsertKey);
+  }
+  void PressDelete() const {
+    if (CanAct()) Fire(DeleteKey);
+  }
   /// The user's edit of a cell, as far as EditorOf allows it.
   void Edit(int row, int column, const std::string& text) const {
     if (CanAct() && EditorOf && Commit && EditorOf(row, column).kind != Editor::Kind::None) Commit(row, column, text);

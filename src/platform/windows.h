@@ -24,6 +24,8 @@ class Windows {
   virtual void Show(const std::shared_ptr<Form>& form) = 0;
   /// Opens a pop-up of these items of a form at the pointer.
   virtual void PopupMenu(const std::vector<MenuItem*>& items) = 0;
+  /// The same at the cell or the text that has the focus, for a menu that was called by key.
+  virtual void PopupMenuAtFocus(const std::vector<MenuItem*>& items) = 0;
 };
 
 }  // namespace tav

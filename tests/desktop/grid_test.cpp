@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -142,6 +143,32 @@ TEST_F(GridWindow, TabGoesOnToTheNextCellThatTakesTyping) {
   QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("19"));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(form.fgDescend.Text(1, 1) + " " + form.fgDescend.Text(2, 0), "19 21") << "past a list and a fixed cell";
+}
+
+TEST_F(GridWindow, KeysOfRowsAndMenuReachTheGridWhileNoCellIsOpen) {
+  std::string told;
+  form.fgDescend.InsertKey = [&] { told += "insert "; };
+  form.fgDescend.DeleteKey = [&] { told += "delete "; };
+  form.fgDescend.RowMenu = [&] {
+    told +=
+        std::string(form.fgDescend.MenuByKey ? "key" : "pointer") + std::to_string(form.fgDescend.SelectedRow) + " ";
+  };
+  table->setCurrentCell(1, 1);
+  QTest::keyClick(table, Qt::Key_Insert);
+  QTest::keyClick(table, Qt::Key_Delete);
+  EXPECT_EQ(table->findChild<QLineEdit*>(), nullptr);
+  const QPoint cell = table->visualItemRect(table->item(2, 1)).center();
+  QContextMenuEvent byKey(QContextMenuEvent::Keyboard, cell, table->viewport()->mapToGlobal(cell));
+  QApplication::sendEvent(table, &byKey);
+  QContextMenuEvent byMouse(QContextMenuEvent::Mouse, cell, table->viewport()->mapToGlobal(cell));
+  QApplication::sendEvent(table->viewport(), &byMouse);
+  EXPECT_EQ(told, "insert delete key2 pointer3 ");
+  form.fgDescend.SelectCell(1, 1);
+  EXPECT_EQ(table->currentRow(), 0) << "the view follows what the form selects";
+  QLineEdit* edit = TypeInto(1, 1, QStringLiteral("2"));
+  ASSERT_NE(edit, nullptr);
+  QTest::keyClick(edit, Qt::Key_Delete);
+  EXPECT_EQ(told, "insert delete key2 pointer3 ") << "in an open cell they edit its text";
 }
 
 TEST_F(GridWindow, AListOfACellShowsItselfAndTakesOnlyWhatIsChosen) {

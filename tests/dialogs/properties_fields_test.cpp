@@ -79,6 +79,21 @@ TEST_F(Properties, AFieldLeftWithoutANumberIsResetWithAWarning) {
   EXPECT_EQ(f.tbRMV.Text.Get(), "0.6");
 }
 
+TEST_F(Properties, AFieldThatWasNotChangedIsNotJudged) {
+  frmProperties& f = Show();
+  for (TextBox* field : {&f.Text2, &f.Text5, &f.tbLastStop, &f.Text7}) {
+    field->Enter();
+    field->Leave();
+  }
+  EXPECT_TRUE(d.platform.boxes.empty());
+  EXPECT_EQ(f.Text2.Text.Get(), "0") << "sea level";
+  f.Text2.Type("0");
+  f.Text2.Leave();
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  f.Text2.Leave();
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+}
+
 TEST_F(Properties, WhatCanNotBePlannedOnIsNotStored) {
   frmProperties& f = Show();
   f.fgAscend.Edit(1, 1, "0");

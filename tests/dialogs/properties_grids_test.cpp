@@ -1,20 +1,24 @@
+#include <functional>
+
 #include "dialogs/gas_blend.h"
 #include "dialogs/properties_fixture.h"
 
 namespace tav {
 namespace {
 
-TEST_F(Properties, ARowNotGivenYetKeepsItsMarkAndIsRefused) {
+TEST_F(Properties, ARowNotGivenYetIsEmptyAndRefused) {
   frmProperties& f = Show();
   f.fgDescend.Select(1, 0);
   f.fgDescend.OpenMenu();
   f.AddRow.Choose();
-  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  EXPECT_EQ(f.fgDescend.Text(2, 0) + f.fgDescend.Text(2, 1), "");
+  EXPECT_EQ(f.fgDescend.SelectedRow, 2);
   f.Option1_0.Choose();
-  EXPECT_EQ(f.fgDescend.Text(2, 0), "1000000");
+  EXPECT_EQ(f.fgDescend.Text(2, 0), "");
   f.cbOK.Press();
   EXPECT_TRUE(f.IsLoaded());
   EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_EQ(d.platform.LastBox().text, "*StringID 1603*, 2: *StringID 7050*");
   EXPECT_TRUE(Template().Metric) << "nothing is stored";
   f.fgDescend.Edit(2, 0, "66 ft");
   f.fgDescend.Edit(2, 1, "30");
@@ -22,6 +26,89 @@ TEST_F(Properties, ARowNotGivenYetKeepsItsMarkAndIsRefused) {
   EXPECT_FALSE(f.IsLoaded());
   ASSERT_EQ(Template().DescendRates.size(), 2U);
   EXPECT_EQ(double{Template().DescendRates[1].Depth}, 66);
+}
+
+TEST_F(Properties, AFileMayHoldAMarkInPlaceOfANumber) {
+  Template().DescendRates.push_back({0, 0, frmProperties::kNotGiven, frmProperties::kNotGiven});
+  Template().ChangeGasMixes[0].Depth = frmProperties::kNotGiven;
+  frmProperties& f = Show();
+  EXPECT_EQ(f.fgDescend.Text(2, 0) + f.fgDescend.Text(2, 1) + f.fgGasChange.Text(1, 0), "");
+  f.cbAutoDecoGas.Set(true);
+  f.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.fgGasChange.Text(1, 0), "");
+}
+
+TEST_F(Properties, RowsAreAddedAndRemovedByButtonsAndKeys) {
+  frmProperties& f = Show();
+  struct {
+    Grid& grid;
+    std::function<void()> add, remove;
+  } const cases[] = {{f.fgDescend, [&] { f.cbAddDescend.Press(); }, [&] { f.cbDelDescend.Press(); }},
+                     {f.fgAscend, [&] { f.cbAddAscend.Press(); }, [&] { f.cbDelAscend.Press(); }},
+                     {f.fgGasChange, [&] { f.cbAddChange.Press(); }, [&] { f.cbDelChange.Press(); }},
+                     {f.fgAscend, [&] { f.fgAscend.PressInsert(); }, [&] { f.fgAscend.PressDelete(); }},
+                     {f.fgGasChange, [&] { f.fgGasChange.PressInsert(); }, [&] { f.fgGasChange.PressDelete(); }}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.grid.Name());
+    const int rows = each.grid.Rows();
+    each.grid.Select(1, 0);
+    each.add();
+    EXPECT_EQ(each.grid.Rows(), rows + 1);
+    EXPECT_EQ(each.grid.SelectedRow, rows) << "the new row is the one to type into";
+    each.remove();
+    EXPECT_EQ(each.grid.Rows(), rows);
+  }
+  f.cbAutoDecoGas.Set(true);
+  EXPECT_FALSE(f.cbAddChange.Enabled || f.cbDelChange.Enabled);
+  const int changes = f.fgGasChange.Rows();
+  f.fgGasChange.PressInsert();
+  f.fgGasChange.PressDelete();
+  EXPECT_EQ(f.fgGasChange.Rows(), changes);
+  const int gases = f.FgGas.Rows();
+  f.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
+  f.cbDelGas.Press();
+  EXPECT_EQ(f.FgGas.Rows(), gases - 1);
+}
+
+TEST_F(Properties, RowsArePutInOrderAtOK) {
+  frmProperties& f = Show();
+  for (const auto& [depth, rate] : {std::pair("40", "15"), std::pair("20", "12")}) {
+    f.cbAddDescend.Press();
+    f.fgDescend.Edit(f.fgDescend.Rows() - 1, 0, depth);
+    f.fgDescend.Edit(f.fgDescend.Rows() - 1, 1, rate);
+  }
+  f.cbAddChange.Press();
+  f.fgGasChange.Edit(f.fgGasChange.Rows() - 1, 0, "12");
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  std::string order;
+  for (const RateEntry& entry : Template().DescendRates)
+    order += FormatPlain(entry.Depth) + ":" + FormatPlain(entry.Rate) + " ";
+  for (const GasChange& change : Template().ChangeGasMixes)
+    order += FormatPlain(change.Depth) + " " + change.Name + " ";
+  EXPECT_EQ(order, "0:18 20:12 40:15 6 Oxygen 12 Air 21 EAN50 ");
+  // Two rates for one depth are no order.
+  Show().fgDescend.Edit(2, 0, "40");
+  form->cbOK.Press();
+  EXPECT_TRUE(form->IsLoaded());
+}
+
+TEST_F(Properties, HeadsTellTheUnits) {
+  frmProperties& f = Show();
+  const auto heads = [&] {
+    std::string all;
+    for (const Grid* grid : {&f.fgDescend, &f.fgAscend, &f.fgGasChange}) all += grid->Text(0, 0) + grid->Text(0, 1);
+    return all;
+  };
+  EXPECT_EQ(heads(),
+            "*StringID 1621* *StringID 1222**StringID 1624* *StringID 7164*"
+            "*StringID 1623* *StringID 1222**StringID 1624* *StringID 7164*"
+            "*StringID 1621* *StringID 1222**StringID 1622*");
+  f.Option1_0.Choose();
+  EXPECT_EQ(heads(),
+            "*StringID 1621* *StringID 1223**StringID 1624* *StringID 7165*"
+            "*StringID 1623* *StringID 1223**StringID 1624* *StringID 7165*"
+            "*StringID 1621* *StringID 1223**StringID 1622*");
 }
 
 TEST_F(Properties, FirstRowsStay) {
@@ -213,7 +300,10 @@ TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
     blend.tbHe.Leave();
     blend.cbOK.Press();
   });
+  const int row = FindBlendIndex("EAN32", Template()) + 1;
+  f.FgGas.Edit(row, 1, "36");
   f.cbCustomBlend.Press();
+  EXPECT_EQ(f.FgGas.Text(row, 1), "36") << "what was typed stays";
   const int last = f.FgGas.Rows() - 1;
   EXPECT_EQ(f.FgGas.Text(last, 0) + f.FgGas.Text(last, 1) + f.FgGas.Text(last, 2) + f.FgGas.Text(last, 3),
             "Deep126028");
@@ -229,7 +319,7 @@ TEST(PurgeNumericInput, KeepsTheNumberOfATypedText) {
     std::string typed;
     LocaleSeparators separators;
     std::string kept;
-  } const cases[] = {{"18 m/min", english, "18"}, {"word", english, "10"},    {"  ", english, "1000000"},
+  } const cases[] = {{"18 m/min", english, "18"}, {"word", english, "10"},    {"  ", english, ""},
                      {"-4.5", english, "4.5"},    {"1,500", english, "1500"}, {"1,5", english, "1,5"},
                      {"1.500", german, "1500"},   {"2.6", german, "2,6"},     {"2,6", german, "2,6"}};
   for (const auto& each : cases) {

@@ -90,6 +90,7 @@ class HeadlessPlatform : private MessageBoxes,
   void ShowModal(Form& form) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void PopupMenu(const std::vector<MenuItem*>& items) override { popup = items; }
+  void PopupMenuAtFocus(const std::vector<MenuItem*>& items) override { popup = items; }
   void OpenWindow(std::int16_t document) override;
   void RemoveWindow(std::int16_t document) override;
   void ActivateWindow(std::int16_t document) override;
