@@ -13,8 +13,9 @@ class frmConservatism : public DialogForm {
   Label Label1{*this, "Label1"};
   TextBox Text1{*this, "Text1"};  ///< low factor, at the first stop
   Label Label2{*this, "Label2"};
-  TextBox Text2{*this, "Text2"};     ///< high factor, at the surface
-  CheckBox Check2{*this, "Check2"};  ///< depths are adjusted
+  TextBox Text2{*this, "Text2"};        ///< high factor, at the surface
+  Label lbExample{*this, "lbExample"};  ///< how a factor may be written
+  CheckBox Check2{*this, "Check2"};     ///< depths are adjusted
   Label Label3{*this, "Label3"};
   Label Label4{*this, "Label4"};
   Button cbOK{*this, "cbOK"};
@@ -27,6 +28,8 @@ class frmConservatism : public DialogForm {
 
  private:
   void fillGradient();
+  /// The factor in a field, to a hundredth: a number from 2 on is per cent. 0 for text that is no number.
+  [[nodiscard]] Single Factor(const TextBox& field) const;
   [[nodiscard]] bool ConfirmHighFactor(Single low, Single high);
 
   std::int16_t documentIndex_ = 0;

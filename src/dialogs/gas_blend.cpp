@@ -13,12 +13,15 @@ constexpr int kBlendName = 1228;
 constexpr int kNameMissing = 1230;
 constexpr int kNameHelp = 1231;
 constexpr int kNameFault = 7051;
+constexpr int kNameTaken = 7162;
 
 }  // namespace
 
 frmGasBlend::frmGasBlend(const DialogServices& services) : DialogForm("frmGasBlend", services) {
-  tbO2.KeyReturn = tbO2.LostFocus = [this] { updateO2(); };
-  tbHe.KeyReturn = tbHe.LostFocus = [this] { updateHe(); };
+  tbO2.KeyReturn = [this] { Confirm(&frmGasBlend::updateO2); };
+  tbO2.LostFocus = [this] { updateO2(); };
+  tbHe.KeyReturn = [this] { Confirm(&frmGasBlend::updateHe); };
+  tbHe.LostFocus = [this] { updateHe(); };
   tbN2.Locked = true;
   UDO2.Buddy = "tbO2";
   UDO2.UpClick = [this] { Step(tbO2, 1); };
@@ -81,6 +84,14 @@ void frmGasBlend::updateHe() {
   ShowAll();
 }
 
+void frmGasBlend::Confirm(void (frmGasBlend::*update)()) {
+  const auto shown = [this] { return tbO2.Text.Get() + "/" + tbN2.Text.Get() + "/" + tbHe.Text.Get(); };
+  const std::string before = shown();
+  (this->*update)();
+  // With nothing left to work out, Return is OK, as in any other field.
+  if (shown() == before) cbOK.Press();
+}
+
 void frmGasBlend::Step(TextBox& field, int by) {
   field.Text = std::to_string(std::max(0, Percentage(field) + by));
   if (&field == &tbO2) {
@@ -103,13 +114,16 @@ void frmGasBlend::cbOK_Click() {
     tbBlendName.SelectAll();
     return;
   }
+  DiveTemplate& t = TemplateOf(documentIndex_);
+  if (FindBlend(name, t)) {
+    Box(T(kNameTaken), T(kTitle), BoxIcon::Exclamation);
+    tbBlendName.SelectAll();
+    return;
+  }
   updateO2();
   updateHe();
-  DiveTemplate& t = TemplateOf(documentIndex_);
-  if (!FindBlend(name, t)) {
-    t.Blends.push_back({name, o2_, n2_, he_});
-    MarkChanged(documentIndex_);
-  }
+  t.Blends.push_back({name, o2_, n2_, he_});
+  MarkChanged(documentIndex_);
   Unload();
 }
 

@@ -33,6 +33,7 @@ class frmGasBlend : public DialogForm {
   void updateO2();
   void updateHe();
   void Step(TextBox& field, int by);
+  void Confirm(void (frmGasBlend::*update)());
   void ShowAll();
   /// The whole percentage in a field; -1 for text that is none.
   [[nodiscard]] int Percentage(const TextBox& field) const;

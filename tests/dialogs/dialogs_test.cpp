@@ -19,11 +19,13 @@ TEST(Conservatism, TakesAPairOnlyWithinTheLimitAndLowBelowHigh) {
     int boxes;
     BoxAnswer answer;
   } const cases[] = {
-      {"0.3", "0.8", false, true, 0, BoxAnswer::OK},     {"0.80", "0.80", false, false, 1, BoxAnswer::OK},
-      {"0.3", "1.1", false, false, 1, BoxAnswer::OK},    {"0.3", "1.1", true, true, 1, BoxAnswer::OK},
-      {"0.3", "1.1", true, false, 1, BoxAnswer::Cancel}, {"0.5", "1.1", true, true, 0, BoxAnswer::OK},
-      {"0.5", "1.21", true, false, 1, BoxAnswer::OK},    {"", "0.8", false, false, 1, BoxAnswer::OK},
-      {"low", "0.8", false, false, 1, BoxAnswer::OK}};
+      {"0.3", "0.8", false, true, 0, BoxAnswer::OK},    {"30", "85", false, true, 0, BoxAnswer::OK},
+      {"30", "0.85", false, true, 0, BoxAnswer::OK},    {"30", "1.5", false, false, 1, BoxAnswer::OK},
+      {"85", "30", false, false, 1, BoxAnswer::OK},     {"30", "101", false, false, 1, BoxAnswer::OK},
+      {"0.80", "0.80", false, false, 1, BoxAnswer::OK}, {"0.3", "1.1", false, false, 1, BoxAnswer::OK},
+      {"0.3", "1.1", true, true, 1, BoxAnswer::OK},     {"0.3", "1.1", true, false, 1, BoxAnswer::Cancel},
+      {"0.5", "1.1", true, true, 0, BoxAnswer::OK},     {"0.5", "1.21", true, false, 1, BoxAnswer::OK},
+      {"", "0.8", false, false, 1, BoxAnswer::OK},      {"low", "0.8", false, false, 1, BoxAnswer::OK}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.low + " " + each.high);
     Dialogs d;
@@ -39,6 +41,26 @@ TEST(Conservatism, TakesAPairOnlyWithinTheLimitAndLowBelowHigh) {
     EXPECT_EQ(d.Document().Template.TemplateChanged, each.taken);
     EXPECT_EQ(d.Document().Modified, each.taken);
   }
+}
+
+TEST(Conservatism, AFactorFrom2OnIsPerCent) {
+  Dialogs d;
+  d.platform.separators = {",", "."};
+  d.Open();
+  frmConservatism dialog(d.Services());
+  dialog.Load();
+  const std::pair<const char*, const char*> fields[] = {{"30", "0,30"},   {"2", "0,02"},    {"0.3", "0,30"},
+                                                        {"85,4", "0,85"}, {"1,99", "1,99"}, {"low", "low"}};
+  for (const auto& [typed, shown] : fields) {
+    dialog.Text1.Type(typed);
+    dialog.Text1.Leave();
+    EXPECT_EQ(dialog.Text1.Text.Get(), shown);
+  }
+  dialog.Text1.Type("30");
+  dialog.Text2.Type("85");
+  dialog.cbOK.Press();
+  EXPECT_EQ(d.Document().Template.GFLow, Single(0.3));
+  EXPECT_EQ(d.Document().Template.GFHigh, Single(0.85));
 }
 
 TEST(Conservatism, AppliesToThePlanAndKeepsTheCheckOfARefusal) {
@@ -90,12 +112,28 @@ TEST(GasBlend, KeepsTheSumAt100) {
   EXPECT_EQ(dialog.tbHe.Text.Get(), "44");
 }
 
+TEST(GasBlend, ReturnIsOKWhenNothingIsLeftToWorkOut) {
+  Dialogs d;
+  d.Open();
+  frmGasBlend dialog(d.Services());
+  dialog.SetTemplate(d.Active());
+  dialog.Load();
+  dialog.tbBlendName.Type("Mine");
+  dialog.tbO2.Type("32");
+  dialog.tbO2.PressReturn();
+  EXPECT_TRUE(dialog.IsLoaded());
+  EXPECT_EQ(dialog.tbN2.Text.Get(), "68");
+  dialog.tbHe.PressReturn();
+  EXPECT_FALSE(dialog.IsLoaded());
+  EXPECT_EQ(double{d.Document().Template.Blends.back().N2}, 68);
+}
+
 TEST(GasBlend, AddsANameOnceAndRefusesWhatTheFileCannotHold) {
   struct {
     std::string name;
     std::size_t boxes;
     std::size_t added;
-  } const cases[] = {{"", 1, 0}, {"Air", 0, 0}, {"My mix", 0, 1}, {"a:b", 1, 0}, {"a,b", 1, 0}};
+  } const cases[] = {{"", 1, 0}, {"Air", 1, 0}, {"EAN32", 1, 0}, {"My mix", 0, 1}, {"a:b", 1, 0}, {"a,b", 1, 0}};
   for (const auto& each : cases) {
     Dialogs d;
     d.Open();
