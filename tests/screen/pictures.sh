@@ -35,11 +35,11 @@ picture contributors "^Contributors" alt+h Up Up Return
 
 keys ctrl+m
 focus "^Gas Mixer"
-keys Tab Tab Tab Tab Tab Tab Tab
+keys Tab Tab Tab Tab Tab Tab
 type_text 18
 keys Tab
 type_text 45
-keys Tab Tab
+keys Tab
 type_text 12
 shot mixer "^Gas Mixer"
 keys alt+p
