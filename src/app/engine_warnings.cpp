@@ -10,16 +10,27 @@ constexpr int kGas = 7030;
 }  // namespace
 
 void EngineWarnings::Warn(const LimitWarning& warning, const Words& words) {
-  Show(warning.document,
+  Show({warning.document, words.title},
        texts_.GetResString(words.before) + Fixed(warning.value, words.decimals) + texts_.GetResString(words.between) +
            Fixed(warning.limit, words.decimals) + texts_.GetResString(words.after) + "\r\n" +
            Place(warning.depth, warning.gas, warning.metric),
        texts_.GetResString(words.title));
 }
 
-void EngineWarnings::Show(std::int16_t document, const std::string& text, const std::string& title) {
-  if (!silent && memory_.IsNews(document, text, returning()))
-    boxes_.Show(text, title, BoxIcon::Exclamation, BoxButtons::OK);
+void EngineWarnings::Show(const Subject& subject, const std::string& text, const std::string& title) {
+  if (silent) return;
+  if (!inCommand_) {
+    if (memory_.IsNews(subject.document, text, returning())) {
+      boxes_.Show(text, title, BoxIcon::Exclamation, BoxButtons::OK);
+    }
+    return;
+  }
+  // The dives of a command are no plans that could be remembered; nothing is told twice all the same.
+  if (silenced_.contains(subject.kind) || !told_.insert(text).second) return;
+  constexpr int kSilence = 7329;
+  BoxCheck silence{texts_.GetResString(kSilence)};
+  boxes_.ShowWithCheck(text, title, BoxIcon::Exclamation, BoxButtons::OK, silence);
+  if (silence.ticked) silenced_.insert(subject.kind);
 }
 
 std::string EngineWarnings::Place(Single depth, const std::string& gas, bool metric) const {
@@ -40,7 +51,7 @@ void EngineWarnings::WarnPPO2Low(const LimitWarning& warning) {
 }
 
 void EngineWarnings::StopHitLimit(const StopLimit& stop) {
-  Show(stop.document,
+  Show({stop.document, kDoesNotDecompress},
        texts_.GetResString(kDoesNotDecompress) + "\r\n" + stop.reason + "\r\n" +
            Place(stop.depth, stop.gas, stop.metric),
        "");

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -34,6 +35,15 @@ class EngineWarnings : public EngineObserver {
   /// Throws FileError.
   void OpenTrace(const std::filesystem::path& file) { trace_.emplace(file); }
 
+  /// A command that runs the engine many times begins and ends. In between the boxes carry a check box that silences
+  /// further ones of their kind until the end.
+  void CommandBegins() { inCommand_ = true; }
+  void CommandEnds() {
+    inCommand_ = false;
+    silenced_.clear();
+    told_.clear();
+  }
+
   /// Boxes are held back while plans are computed that the user did not ask to see, and by tests.
   bool silent = false;
   /// Set by the program: whether a run returns to an earlier state of its plan.
@@ -51,7 +61,12 @@ class EngineWarnings : public EngineObserver {
     int title;
   };
   void Warn(const LimitWarning& warning, const Words& words);
-  void Show(std::int16_t document, const std::string& text, const std::string& title);
+  /// What a warning is about: the plan, and the kind of the warning, by the number of a text.
+  struct Subject {
+    std::int16_t document;
+    int kind;
+  };
+  void Show(const Subject& subject, const std::string& text, const std::string& title);
   /// Where it is: depth and gas.
   [[nodiscard]] std::string Place(Single depth, const std::string& gas, bool metric) const;
   [[nodiscard]] std::string Fixed(Single value, int decimals) const {
@@ -63,6 +78,9 @@ class EngineWarnings : public EngineObserver {
   LocaleSeparators separators_;
   WarningMemory memory_;
   std::optional<PhiLog> trace_;
+  bool inCommand_ = false;
+  std::set<int> silenced_;      ///< kinds that the user wants to hear no more of in this command
+  std::set<std::string> told_;  ///< in this command
 };
 
 }  // namespace tav

@@ -1,9 +1,11 @@
 // The dialogs that the main window opens on a plan.
 
 #include "app/main_form.h"
+#include "dialogs/bailout_start.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/edit_template.h"
 #include "dialogs/multi_level.h"
+#include "dialogs/table_expert.h"
 #include "dialogs/waypoint_form.h"
 
 namespace tav {
@@ -24,6 +26,19 @@ void frmMain::ShowConservatism_Click() {
 }
 
 void frmMain::ShowMultiLevel() { services_.platform.windows.Show(std::make_shared<frmMultiLevel>(Dialogs())); }
+
+void frmMain::ShowBailout(bool modal) {
+  if (modal) {
+    frmBailoutStart dialog(Dialogs(), services_.tables, services_.runs);
+    services_.platform.windows.ShowModal(dialog);
+  } else {
+    services_.platform.windows.Show(std::make_shared<frmBailoutStart>(Dialogs(), services_.tables, services_.runs));
+  }
+}
+
+void frmMain::ShowTableExpert() {
+  services_.platform.windows.Show(std::make_shared<frmTableExpert>(Dialogs(), services_.tables, services_.runs));
+}
 
 void frmMain::EditTemplateOfActive() {
   EditTemplate(Dialogs());
@@ -52,7 +67,7 @@ void frmMain::AddWaypoint() {
 
 void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
   const auto active = Active();
-  if (!active) return;
+  if (!active || services_.runs.Holds(*active)) return;
   frmWaypointEditor& editor = services_.forms(*active);
   const ClassProfile& rows = editor.InputProfile;
   ClassProfile dialogProfile;

@@ -150,6 +150,23 @@ void frmMain::SyncCommands() {
     command->Enabled = active.has_value();
   }
   ListPlans();
+  HoldCommands(active);
+}
+
+void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
+  const auto enable = [](std::initializer_list<Control*> commands, bool enabled) {
+    for (Control* command : commands) command->Enabled = enabled;
+  };
+  // One run of tables at a time; and the plan that it computes from can't be changed while it lasts.
+  const bool free = !services_.runs.IsRunning();
+  enable({&mnuBailoutReport, &Tool(14)}, free && active.has_value());
+  enable({&mnuGenerateTables, &Tool(15)}, free);
+  const bool held = active && services_.runs.Holds(*active);
+  enable({&mnuConservatism, &ShowConservatism, &Tool(5), &mnuTemplate, &Tool(11), &mnuLoadTemplate}, !held);
+  if (!held) return;
+  enable({&mnuStartAscent, &Tool(6), &mnuSurface, &Tool(16), &mnucleardecopoints, &mnuclearlastwaypoint,
+          &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC, &Tool(9)},
+         false);
 }
 
 void frmMain::DocumentActivated() {
@@ -160,6 +177,7 @@ void frmMain::DocumentActivated() {
 void frmMain::Wire() {
   WirePlanCommands();
   WireWindowCommands();
+  services_.runs.changed = [this] { SyncCommands(); };
 }
 
 void frmMain::WirePlanCommands() {
@@ -197,6 +215,9 @@ void frmMain::WirePlanCommands() {
   mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
   mnuDiveInformation.Click = Tool(7).Click = [this] { ShowDiveInformation(); };
   mnuGeneralReport.Click = Tool(13).Click = [this] { ShowGeneralReport(); };
+  mnuBailoutReport.Click = [this] { ShowBailout(true); };
+  Tool(14).Click = [this] { ShowBailout(false); };
+  mnuGenerateTables.Click = Tool(15).Click = [this] { ShowTableExpert(); };
   mnuTemplate.Click = Tool(11).Click = [this] { EditTemplateOfActive(); };
 }
 

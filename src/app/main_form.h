@@ -108,6 +108,8 @@ class frmMain : public Form {
   void ApplyToProfile();
   void ShowConservatism_Click();
   void ShowMultiLevel();
+  void ShowBailout(bool modal);
+  void ShowTableExpert();
   void EditTemplateOfActive();
   /// Opens the gas mixer, or brings it to the front.
   frmPartialMix& ShowMixer();
@@ -157,6 +159,7 @@ class frmMain : public Form {
   void FillRecent();
   void ListPlans();
   void FitPlan(bool fit);
+  void HoldCommands(const std::optional<std::int16_t>& active);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
   void mnuHybrid_Click();

@@ -137,10 +137,6 @@ void frmMain::BuildMenu() {
   mnualgsep.Visible = services_.switches.SwitchVPM || services_.switches.SwitchHybrid;
   mnuVPM.Visible = mnuVPM.Enabled = services_.switches.SwitchVPM;
   mnuHybrid.Visible = mnuHybrid.Enabled = services_.switches.SwitchHybrid;
-  // Their windows do not exist.
-  for (MenuItem* item : {&mnuBailoutReport, &mnuGenerateTables}) {
-    item->Enabled = false;
-  }
 }
 
 void frmMain::BuildToolBar() {
@@ -155,7 +151,6 @@ void frmMain::BuildToolBar() {
     button.ToolTipText = row.toolTip;
     toolBar_.push_back(&button);
   }
-  for (const std::size_t position : {14U, 15U}) Tool(position).Enabled = false;
 }
 
 std::vector<MenuEntry> frmMain::Menu() const {

@@ -5,6 +5,7 @@
 
 #include "app/command_line.h"
 #include "app/language_table.h"
+#include "app/long_runs.h"
 #include "app/main_view.h"
 #include "app/program_folders.h"
 #include "app/recent_files.h"
@@ -30,6 +31,8 @@ struct MainServices {
   const Recovery& recovery;
   MainView& view;
   PrintPreview& report;
+  PrintPreview& tables;  ///< pages of their own, so that a report may be written while a run of tables lasts
+  LongRuns& runs;
   std::string systemInformation;  ///< of the window system, lines of text
 };
 

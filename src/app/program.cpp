@@ -44,7 +44,8 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       history_(forms_),
       recent_(platform_.settings),
       recovery_(RecoveryFolder(), ::getpid()),
-      report_(platform_, texts_) {
+      report_(platform_, texts_),
+      tables_(platform_, texts_) {
   warnings_.returning = [this] { return history_.Restoring(); };
 }
 
@@ -72,7 +73,7 @@ void Program::ReadCommandLine(const std::vector<std::string>& arguments) {
 
 void Program::Delay(double seconds) {
   const double start = platform_.screen.Timer();
-  while (platform_.screen.Timer() - start < seconds) platform_.screen.DoEvents();
+  while (platform_.screen.Timer() - start < seconds) platform_.screen.WaitForEvents();
 }
 
 bool Program::Main(const std::vector<std::string>& arguments) {
@@ -88,7 +89,8 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   Delay(1);
   frmLiability notice(platform_, texts_);
   mainForm_ = std::make_unique<frmMain>(MainServices{forms_, platform_, texts_, model_, folders_, switches_, language_,
-                                                     history_, recent_, recovery_, view_, report_, systemInformation_});
+                                                     history_, recent_, recovery_, view_, report_, tables_, runs_,
+                                                     systemInformation_});
   view_.Attach(*mainForm_);
   const SettingsStore& settings = platform_.settings;
   const Placement usual;

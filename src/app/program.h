@@ -76,6 +76,9 @@ class Program {
   Recovery recovery_;
   PrintPreview report_;
   PreviewWindows preview_{report_, platform_};
+  PrintPreview tables_;
+  PreviewWindows tablesPreview_{tables_, platform_};
+  LongRuns runs_{warnings_};
   std::unique_ptr<frmMain> mainForm_;
 };
 

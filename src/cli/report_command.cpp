@@ -5,7 +5,7 @@
 #include "cli/commands.h"
 #include "cli/page_output.h"
 #include "cli/plan_session.h"
-#include "cli/plannable_file.h"
+#include "cli/plan_input.h"
 #include "report/dive_report.h"
 
 namespace tav {

@@ -90,13 +90,26 @@ class PointerBreak {
 }  // namespace
 
 BoxAnswer QtBoxes::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
+  return Ask(text, title, icon, buttons, nullptr);
+}
+
+BoxAnswer QtBoxes::ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                                 BoxCheck& check) {
+  return Ask(text, title, icon, buttons, &check);
+}
+
+BoxAnswer QtBoxes::Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                       BoxCheck* check) {
   const PointerBreak pointer;
   QString lines = ToQt(text);
   lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
   QMessageBox box(IconOf(icon), title.empty() ? QStringLiteral("TAV") : ToQt(title), lines, ButtonsOf(buttons),
                   QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
-  switch (box.exec()) {
+  if (check != nullptr) box.setCheckBox(new QCheckBox(ToQt(check->caption), &box));
+  const int button = box.exec();
+  if (check != nullptr) check->ticked = box.checkBox()->isChecked();
+  switch (button) {
     case QMessageBox::Ok:
       return BoxAnswer::OK;
     case QMessageBox::Yes:
@@ -250,7 +263,9 @@ Screen::Room QtScreen::AvailableRoom() const {
   return {room.width(), room.height()};
 }
 
-void QtScreen::DoEvents() {
+void QtScreen::DoEvents() { QApplication::processEvents(); }
+
+void QtScreen::WaitForEvents() {
   constexpr int kMilliseconds = 20;
   QTimer::singleShot(kMilliseconds, [] {});  // so that waiting for events ends
   QApplication::processEvents(QEventLoop::WaitForMoreEvents);

@@ -16,6 +16,12 @@ namespace tav {
 class QtBoxes : public MessageBoxes {
  public:
   BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
+  BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                          BoxCheck& check) override;
+
+ private:
+  static BoxAnswer Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                       BoxCheck* check);
 };
 
 /// The file dialogs of the desktop.
@@ -60,6 +66,7 @@ class QtScreen : public Screen {
   void ShowHourglass(bool on) override;
   [[nodiscard]] Room AvailableRoom() const override;
   void DoEvents() override;
+  void WaitForEvents() override;
   [[nodiscard]] double Timer() const override { return static_cast<double>(clock_.elapsed()) / 1000.0; }
 
  private:

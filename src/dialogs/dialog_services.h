@@ -28,4 +28,22 @@ struct DialogServices {
   }
 };
 
+/// The document that a window was opened for. It may be closed while the window stays, and its number may go to another
+/// plan.
+class OpenedDocument {
+ public:
+  OpenedDocument(const DialogServices& services, std::int16_t document)
+      : forms_(services.forms), document_(document), opening_(forms_(document).Opening()) {}
+
+  [[nodiscard]] std::int16_t Number() const { return document_; }
+  [[nodiscard]] bool IsOpen() const {
+    return !forms_.Services().documents(document_).SlotFree && forms_(document_).Opening() == opening_;
+  }
+
+ private:
+  DocumentForms& forms_;
+  std::int16_t document_;
+  int opening_;
+};
+
 }  // namespace tav

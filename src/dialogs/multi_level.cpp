@@ -14,9 +14,8 @@ constexpr int kCannotAdd = 7100;
 
 }  // namespace
 
-frmMultiLevel::frmMultiLevel(const DialogServices& services)
-    : DialogForm("frmMultiLevel", services), dive_(services.ActiveDocument()) {
-  if (dive_) opening_ = services.forms(*dive_).Opening();
+frmMultiLevel::frmMultiLevel(const DialogServices& services) : DialogForm("frmMultiLevel", services) {
+  if (const auto active = services.ActiveDocument()) dive_.emplace(services, *active);
   Command1.Cancel = true;
   Command1.Click = [this] { Unload(); };
   Command2.Default = true;
@@ -59,13 +58,10 @@ void frmMultiLevel::Command2_Click() {
     Box(T(kCannotAdd), T(kTitle), BoxIcon::Stop);
     return;
   }
-  services_.forms.AddRepetitiveDive(*dive_, interval);
+  services_.forms.AddRepetitiveDive(dive_->Number(), interval);
   Unload();
 }
 
-bool frmMultiLevel::CanAdd() const {
-  const frmWaypointEditor& editor = services_.forms(*dive_);
-  return !services_.Documents()(*dive_).SlotFree && editor.Opening() == opening_ && editor.CanBeFollowed();
-}
+bool frmMultiLevel::CanAdd() const { return dive_->IsOpen() && services_.forms(dive_->Number()).CanBeFollowed(); }
 
 }  // namespace tav

@@ -30,8 +30,7 @@ class frmMultiLevel : public DialogForm {
  private:
   [[nodiscard]] bool CanAdd() const;
 
-  std::optional<std::int16_t> dive_;
-  int opening_ = 0;  ///< of the dive's window: its number may have gone to another plan
+  std::optional<OpenedDocument> dive_;
 };
 
 }  // namespace tav

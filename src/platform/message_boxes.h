@@ -14,6 +14,12 @@ constexpr BoxAnswer DismissedAnswer(BoxButtons buttons) {
   return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
+/// A check box within a message box.
+struct BoxCheck {
+  std::string caption;
+  bool ticked = false;
+};
+
 /// Modal message boxes.
 class MessageBoxes {
  public:
@@ -24,6 +30,12 @@ class MessageBoxes {
 
   /// Shows a box and waits for the user's answer. A box closed without a button answers DismissedAnswer.
   virtual BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) = 0;
+  /// The same with a check box in it, whose state comes back. Where nobody sees the box it is not ticked.
+  virtual BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                                  BoxCheck& check) {
+    check.ticked = false;
+    return Show(text, title, icon, buttons);
+  }
 };
 
 }  // namespace tav

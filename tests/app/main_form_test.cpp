@@ -190,16 +190,17 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
   const std::vector<std::string> usable = {
-      "mnuNewProfile", "mnuOpen",         "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
-      "mnuExit",       "mnuBulhmannB",    "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
-      "mnuFitPlan",    "mnuHelpContents", "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",  "mnuMixer"};
+      "mnuNewProfile", "mnuOpen",           "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
+      "mnuExit",       "mnuBulhmannB",      "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
+      "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
+      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
     EXPECT_EQ(entry.item->Enabled.Get(), expected || entry.item->Name() == "mnuClearRecent") << entry.item->Name();
   }
-  for (const std::size_t position : {3U, 6U, 7U, 9U, 16U}) EXPECT_FALSE(p.Main().Tool(position).Enabled) << position;
+  for (const std::size_t position : {3U, 6U, 7U, 9U, 14U, 16U})
+    EXPECT_FALSE(p.Main().Tool(position).Enabled) << position;
   p.Main().mnuNewProfile.Choose();
   EXPECT_TRUE(p.Main().mnuSaveProfile.Enabled && p.Main().Tool(3).Enabled && p.Main().mnuWindowCascade.Enabled);
 }

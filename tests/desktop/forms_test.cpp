@@ -20,12 +20,14 @@
 #include "desktop/graph_view.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
+#include "dialogs/bailout_start.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/gas_blend.h"
 #include "dialogs/general_info.h"
 #include "dialogs/multi_level.h"
 #include "dialogs/properties.h"
 #include "dialogs/report_selection.h"
+#include "dialogs/table_expert.h"
 #include "dialogs/waypoint_form.h"
 #include "mixer/partial_mix_form.h"
 #include "report/preview_form.h"
@@ -53,6 +55,8 @@ struct Forms {
     forms.push_back(std::make_unique<frmProperties>(services));
     forms.push_back(std::make_unique<frmGasBlend>(services));
     forms.push_back(std::make_unique<frmMultiLevel>(services));
+    forms.push_back(std::make_unique<frmBailoutStart>(services, reports, host));
+    forms.push_back(std::make_unique<frmTableExpert>(services, reports, host));
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
     forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
@@ -78,6 +82,7 @@ struct Forms {
 
   HeadlessProgram program;
   ClassProfile profile;
+  RunHost host;
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;
 };

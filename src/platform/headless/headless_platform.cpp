@@ -14,9 +14,17 @@ T TakeFirst(std::deque<T>& queue, T otherwise) {
 }  // namespace
 
 BoxAnswer HeadlessPlatform::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
-  boxes.push_back({text, title, icon, buttons});
+  boxes.push_back({text, title, icon, buttons, ""});
   if (onBox) onBox(boxes.back());
   return TakeFirst(answers, DismissedAnswer(buttons));
+}
+
+BoxAnswer HeadlessPlatform::ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon,
+                                          BoxButtons buttons, BoxCheck& check) {
+  const BoxAnswer answer = Show(text, title, icon, buttons);
+  boxes.back().check = check.caption;
+  check.ticked = TakeFirst(ticks, false);
+  return answer;
 }
 
 std::filesystem::path HeadlessPlatform::Choose(const FileDialogRequest& request) {

@@ -22,6 +22,7 @@ struct ShownBox {
   std::string title;
   BoxIcon icon = BoxIcon::None;
   BoxButtons buttons = BoxButtons::OK;
+  std::string check = {};  ///< caption of the check box in it
 };
 
 class HeadlessPlatform : private MessageBoxes,
@@ -72,10 +73,12 @@ class HeadlessPlatform : private MessageBoxes,
   HeadlessPrinter printer;
 
   // What is to happen.
+  std::deque<bool> ticks;                          ///< whether the check boxes of the next boxes are ticked
   std::deque<BoxAnswer> answers;                   ///< of the next boxes; Cancel (or OK alone) when used up
   std::deque<std::filesystem::path> filesChosen;   ///< of the next file dialogs; empty gives up
   std::deque<std::function<void(Form&)>> onModal;  ///< acts for the user in the next modal forms
   std::function<void(const ShownBox&)> onBox;      ///< looks around while a box stands
+  std::function<void()> onEvents;                  ///< acts for the user when pending events are handled
   std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
   LocaleSeparators separators;
   std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();
@@ -84,6 +87,8 @@ class HeadlessPlatform : private MessageBoxes,
 
  private:
   BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
+  BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                          BoxCheck& check) override;
   std::filesystem::path Open(const FileDialogRequest& request) override { return Choose(request); }
   std::filesystem::path Save(const FileDialogRequest& request) override { return Choose(request); }
   std::filesystem::path Choose(const FileDialogRequest& request);
@@ -106,7 +111,10 @@ class HeadlessPlatform : private MessageBoxes,
   void WriteSetting(const std::string& section, const std::string& name, const std::string& value) override;
   void ShowHourglass(bool on) override { hourglass = on; }
   [[nodiscard]] Room AvailableRoom() const override { return {28800, 16200}; }
-  void DoEvents() override {}
+  void DoEvents() override {
+    if (onEvents) onEvents();
+  }
+  void WaitForEvents() override {}
   [[nodiscard]] double Timer() const override { return seconds_++; }  // every look at the clock takes a second
   void Play(const std::filesystem::path& file) override { sounds.push_back(file); }
   void ShowHelp(const std::filesystem::path& file, HelpViewer::Page page) override {

@@ -1,0 +1,164 @@
+#include "dialogs/table_expert.h"
+
+#include "model/numbers.h"
+#include "report/table_print.h"
+
+namespace tav {
+namespace {
+
+constexpr int kTitle = 2700;
+constexpr int kAbort = 2711;
+constexpr int kCancel = 2712;
+constexpr int kStart = 2713;
+constexpr int kMetres = 6027;
+constexpr int kFeet = 6029;
+constexpr int kNoNumber = 7326;
+constexpr int kPlanClosed = 7327;
+constexpr int kNoGas = 7328;
+const std::string kSection = "TableExpert";
+
+}  // namespace
+
+frmTableExpert::frmTableExpert(const DialogServices& services, PrintPreview& report, RunHost& host)
+    : DialogForm("frmTableExpert", services), report_(report), host_(host) {
+  if (const auto active = services.ActiveDocument()) plan_.emplace(services, *active);
+  cbStart.Default = true;
+  cbStart.Click = [this] { cbStart_Click(); };
+  cbCancel.Cancel = true;
+  cbCancel.Click = [this] { cbCancel_Click(); };
+  Combo1.Click = [this] { ShowMixDetails(); };
+}
+
+std::array<frmTableExpert::Field, 6> frmTableExpert::Fields() {
+  return {{{tbSD, "StartDepthM", "StartDepthF", "9", "30"},
+           {tbED, "EndDepthM", "EndDepthF", "54", "180"},
+           {tbDI, "StepM", "StepF", "3", "10"},
+           {tbST, "TimeStart", "TimeStart", "5", "5"},
+           {tbET, "TimeEnd", "TimeEnd", "45", "45"},
+           {tbTI, "TimeInterval", "TimeInterval", "5", "5"}}};
+}
+
+void frmTableExpert::Form_Load() {
+  Localize();
+  Caption = T(kTitle);
+  Label* const labels[] = {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6};
+  int id = 2701;
+  for (Label* label : labels) label->Caption = T(id++);
+  Frame2.Caption = T(2707);
+  Label8.Caption = T(2708);
+  Label12.Caption = T(2709);
+  Label9.Caption = T(2710);
+  cbCancel.Caption = T(kCancel);
+  cbStart.Caption = T(kStart);
+  Check1.Caption = T(5010);
+  Label10.Caption = T(6092);
+
+  const DiveTemplate& settings = TemplateOf(TableDocument());
+  std::vector<std::string> gases;
+  for (const GasMix& blend : settings.Blends) gases.push_back(blend.Name);
+  Combo1.Items = gases;
+  Combo1.ListIndex = 0;
+  ShowMixDetails();
+  Label11.Caption = T(settings.Metric ? kMetres : kFeet);
+  const SettingsStore& store = platform_.settings;
+  for (const Field& field : Fields()) {
+    const std::string text = store.ReadSetting(kSection, settings.Metric ? field.metricKey : field.imperialKey);
+    field.box.Text = !text.empty() ? text : settings.Metric ? field.metricDefault : field.imperialDefault;
+  }
+  const std::string fast = store.ReadSetting(kSection, "FastDescent");
+  Check1.Value = fast.empty() || Number(fast) != 0;
+  Label13.Caption = settings.Templatename;
+  tbSD.SelectAll();
+}
+
+void frmTableExpert::ShowMixDetails() {
+  const DiveTemplate& settings = TemplateOf(TableDocument());
+  const auto mix = FindBlend(Combo1.Text(), settings);
+  if (!mix) return;
+  const GasMix& gas = settings.Blends[static_cast<std::size_t>(*mix)];
+  Label7.Caption = Plain(gas.O2) + "/" + Plain(gas.He);
+}
+
+void frmTableExpert::SaveTableSettings() {
+  SettingsStore& store = platform_.settings;
+  const bool metric = TemplateOf(TableDocument()).Metric;
+  for (const Field& field : Fields()) {
+    store.WriteSetting(kSection, metric ? field.metricKey : field.imperialKey, field.box.Text);
+  }
+  store.WriteSetting(kSection, "FastDescent", Check1.Value ? "1" : "0");
+}
+
+void frmTableExpert::SetRunning(bool running) {
+  cbStart.Enabled = !running;
+  Combo1.Enabled = !running;
+  Check1.Enabled = !running;
+  for (const Field& field : Fields()) field.box.Enabled = !running;
+  cbCancel.Bold = running;
+  cbCancel.Caption = T(running ? kAbort : kCancel);
+}
+
+void frmTableExpert::cbStart_Click() {
+  const auto self = weak_from_this().lock();  // closing the window must not end what is at work
+  SetRunning(true);
+  SaveTableSettings();
+  GenerateTables();
+  SetRunning(false);
+  Unload();
+}
+
+void frmTableExpert::cbCancel_Click() { Unload(); }
+
+bool frmTableExpert::Form_QueryUnload(bool /*byUser*/) {
+  // The run is still at work in this window; it ends at once, and then the window goes.
+  if (run_ != nullptr) run_->Cancel();
+  return run_ == nullptr;
+}
+
+std::optional<TableAxes> frmTableExpert::ReadAxes() {
+  std::array<Single, 6> numbers;
+  auto number = numbers.begin();
+  for (const Field& field : Fields()) {
+    const auto value = NumberIn(field.box.Text);
+    if (!value) {
+      Box(T(kNoNumber) + " " + field.box.Text.Get(), T(kTitle), BoxIcon::Exclamation);
+      return std::nullopt;
+    }
+    *number++ = RoundSingle(*value, 0);
+  }
+  const TableAxes axes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
+  const AxesFault fault = FindAxesFault(axes);
+  if (fault == AxesFault::None) return axes;
+  Box(T(TextOf(fault)), T(kTitle), BoxIcon::Exclamation);
+  return std::nullopt;
+}
+
+void frmTableExpert::GenerateTables() {
+  const auto axes = ReadAxes();
+  if (!axes) return;
+  // The plan may have been closed or changed since the window opened.
+  const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
+  if ((plan_ && !plan_->IsOpen()) || !mix) {
+    Box(T(mix ? kPlanClosed : kNoGas), T(kTitle), BoxIcon::Exclamation);
+    return;
+  }
+  SquareDives dives(services_.forms.Services(), TableDocument(), *mix, Check1.Value, *axes);
+  std::string fault = dives.Fault();
+  if (fault.empty()) {
+    LongRun run(platform_.screen, host_, TableDocument(), pbProgress);
+    run_ = &run;
+    try {
+      TablePrintModule print(report_);
+      print.StartTableOutput();
+      while (const auto table = dives.Next([&](int done, int of) { return run.GoOn(done, of); })) {
+        print.PrintTableSet(*table);
+      }
+      if (!dives.Cancelled()) print.EndTableOutput();
+    } catch (const std::exception& error) {
+      fault = error.what();
+    }
+    run_ = nullptr;
+  }
+  if (!fault.empty()) Box(fault, T(kTitle), BoxIcon::Stop);
+}
+
+}  // namespace tav

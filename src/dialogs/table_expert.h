@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "dialogs/dialog_form.h"
+#include "dialogs/long_run.h"
+#include "plan/square_dives.h"
+#include "report/print_preview.h"
+
+namespace tav {
+
+/// Prints deco tables: square dives on one gas, for a grid of depths and bottom times, with the settings of the active
+/// document. The template is copied at the start of a run and never changed.
+class frmTableExpert : public DialogForm, public std::enable_shared_from_this<frmTableExpert> {
+ public:
+  /// `report` and `host` outlive the dialog.
+  frmTableExpert(const DialogServices& services, PrintPreview& report, RunHost& host);
+
+  Frame Frame1{*this, "Frame1"};  ///< depths and times
+  Label Label1{*this, "Label1"};
+  TextBox tbSD{*this, "tbSD"};
+  Label Label2{*this, "Label2"};
+  TextBox tbED{*this, "tbED"};
+  Label Label3{*this, "Label3"};
+  TextBox tbDI{*this, "tbDI"};
+  Label Label11{*this, "Label11"};  ///< unit of the depths
+  Label Label4{*this, "Label4"};
+  TextBox tbST{*this, "tbST"};
+  Label Label5{*this, "Label5"};
+  TextBox tbET{*this, "tbET"};
+  Label Label6{*this, "Label6"};
+  TextBox tbTI{*this, "tbTI"};
+  Label Label10{*this, "Label10"};  ///< unit of the times
+  Frame Frame2{*this, "Frame2"};    ///< gas
+  Label Label8{*this, "Label8"};
+  ComboBox Combo1{*this, "Combo1"};
+  Label Label7{*this, "Label7"};     ///< O2/He of the gas
+  CheckBox Check1{*this, "Check1"};  ///< the descent is left out
+  Label Label12{*this, "Label12"};
+  Label Label13{*this, "Label13"};  ///< name of the template
+  Label Label9{*this, "Label9"};
+  ProgressBar pbProgress{*this, "pbProgress"};
+  Button cbStart{*this, "cbStart"};
+  Button cbCancel{*this, "cbCancel"};
+
+  void cbStart_Click();
+  void cbCancel_Click();
+  void ShowMixDetails();
+  void SaveTableSettings();
+  void GenerateTables();
+
+ protected:
+  void Form_Load() override;
+  bool Form_QueryUnload(bool byUser) override;
+
+ private:
+  struct Field {
+    TextBox& box;
+    const char* metricKey;
+    const char* imperialKey;
+    const char* metricDefault;
+    const char* imperialDefault;
+  };
+
+  [[nodiscard]] std::array<Field, 6> Fields();
+  std::optional<TableAxes> ReadAxes();
+  [[nodiscard]] std::int16_t TableDocument() const { return plan_ ? plan_->Number() : DocumentStore::DefaultDocument; }
+  void SetRunning(bool running);
+
+  PrintPreview& report_;
+  RunHost& host_;
+  std::optional<OpenedDocument> plan_;  ///< without one the settings are those of the default document
+  LongRun* run_ = nullptr;              ///< while one lasts
+};
+
+}  // namespace tav

@@ -1,0 +1,131 @@
+#include "app/long_runs.h"
+
+#include <gtest/gtest.h>
+
+#include "dialogs/bailout_start.h"
+#include "dialogs/table_expert.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+using test::HeadlessProgram;
+
+/// A program with a plan of which a bail-out can be made.
+struct Planned : HeadlessProgram {
+  Planned() {
+    EXPECT_TRUE(Start());
+    Editor().AddUserWaypoint(40, 20, 0);
+    Main().StartAscent();
+    Document().Modified = false;  // nobody is asked whether to save it
+  }
+  /// Starts the bail-out beside the program; `act` works at each look at the events.
+  void RunBailout(const std::function<void()>& act) {
+    Main().Tool(14).Press();
+    const auto dialog = std::dynamic_pointer_cast<frmBailoutStart>(platform.modeless.back());
+    ASSERT_NE(dialog, nullptr);
+    platform.onEvents = act;
+    dialog->cbOK.Press();
+    platform.onEvents = nullptr;
+    EXPECT_FALSE(dialog->IsLoaded());
+  }
+};
+
+TEST(LongRun, HoldsTheCommandsOfItsPlanBackAndNoOthers) {
+  Planned p;
+  frmMain& main = p.Main();
+  const std::int16_t plan = p.Active();
+  main.LoadNewDoc();
+  const std::int16_t other = p.Active();
+  p.platform.Activate(plan);
+  const std::vector<Control*> commands{&main.mnuUndo,
+                                       &main.mnucleardecopoints,
+                                       &main.mnuclearlastwaypoint,
+                                       &main.mnuAddWaypoint,
+                                       &main.mnuOC,
+                                       &main.Tool(9),
+                                       &main.mnuConservatism,
+                                       &main.Tool(5),
+                                       &main.mnuTemplate,
+                                       &main.mnuLoadTemplate,
+                                       &main.mnuSurface,
+                                       &main.Tool(16)};
+  for (const Control* command : commands) EXPECT_TRUE(command->Enabled) << command->Name();
+  int turns = 0;
+  p.RunBailout([&] {
+    if (++turns != 2) return;
+    for (const Control* command : commands) EXPECT_FALSE(command->Enabled) << command->Name();
+    EXPECT_FALSE(main.mnuBailoutReport.Enabled || main.Tool(14).Enabled || main.mnuGenerateTables.Enabled);
+    const std::int16_t length = p.Editor().UserActions.GetLength();
+    main.EnterWaypoint(30, 10);  // a release of the mouse on the graph
+    EXPECT_EQ(p.Editor().UserActions.GetLength(), length);
+    p.platform.Activate(other);
+    EXPECT_TRUE(main.mnuConservatism.Enabled && main.mnuAddWaypoint.Enabled);
+    EXPECT_FALSE(main.mnuBailoutReport.Enabled) << "one run at a time";
+    p.platform.Activate(plan);
+  });
+  EXPECT_GT(turns, 2);
+  for (const Control* command : commands) EXPECT_TRUE(command->Enabled) << command->Name();
+  EXPECT_TRUE(main.mnuBailoutReport.Enabled && main.Tool(14).Enabled && main.mnuGenerateTables.Enabled);
+}
+
+TEST(LongRun, EndsWithTheProgramAndOutlivesItsPlan) {
+  Planned p;
+  int turns = 0;
+  p.RunBailout([&] {
+    if (++turns == 2) {
+      EXPECT_TRUE(p.Main().CloseDocument(p.Active()));
+    }
+  });
+  EXPECT_GT(turns, 3);
+  Planned q;
+  turns = 0;
+  q.RunBailout([&] {
+    if (++turns == 2) {
+      EXPECT_TRUE(q.Main().Form::Unload(true));
+    }
+  });
+  EXPECT_EQ(turns, 2);
+}
+
+TEST(LongRun, WarningsCanBeSilencedUntilItEnds) {
+  Planned p;
+  DiveTemplate& settings = p.Document().Template;
+  settings.PPO2High = true;
+  settings.MaxPPO2 = 0.5;
+  settings.MaxEnd = true;
+  settings.MaximalEND = 10;
+  p.platform.boxes.clear();
+  p.platform.ticks = {false, true};
+  p.RunBailout([] {});
+  // The first kind is not silenced, the second is; at every cut both come again.
+  int ends = 0;
+  int ppo2 = 0;
+  for (const ShownBox& box : p.platform.boxes) {
+    EXPECT_EQ(box.check, p.program.Texts().GetResString(7329));
+    ends += box.title == p.program.Texts().GetResString(6160);
+    ppo2 += box.title == p.program.Texts().GetResString(6161);
+  }
+  EXPECT_GT(std::max(ends, ppo2), 10);
+  EXPECT_EQ(std::min(ends, ppo2), 1);
+  // Later warnings come as ever.
+  p.platform.boxes.clear();
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  EXPECT_GE(p.platform.boxes.size(), 2U);
+  EXPECT_EQ(p.platform.LastBox().check, "");
+}
+
+TEST(LongRun, TablesAreMadeWithoutAPlanToo) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  p.Main().CloseDocument(p.Active());
+  p.Main().mnuGenerateTables.Choose();
+  const auto dialog = std::dynamic_pointer_cast<frmTableExpert>(p.platform.modeless.back());
+  ASSERT_NE(dialog, nullptr);
+  dialog->cbStart.Press();
+  // The preview has taken its place.
+  EXPECT_EQ(p.platform.modeless.back()->Name(), "PrintPrev");
+}
+
+}  // namespace
+}  // namespace tav

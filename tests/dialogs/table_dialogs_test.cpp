@@ -1,0 +1,309 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "dialogs/bailout_start.h"
+#include "dialogs/table_expert.h"
+#include "plan/profile_commands.h"
+#include "support/dialog_fixture.h"
+#include "support/profile_text.h"
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct RecordedHost : RunHost {
+  void RunBegins(std::int16_t document) override { told.push_back("begins " + std::to_string(document)); }
+  void RunEnds() override { told.emplace_back("ends"); }
+  [[nodiscard]] bool MustEnd() const override { return mustEnd; }
+  std::vector<std::string> told;
+  bool mustEnd = false;
+};
+
+struct RecordedPreview : PreviewWindow {
+  void ShowPreview(const std::string& caption) override { shown = caption; }
+  std::string shown;
+};
+
+class TableDialogs : public testing::Test {
+ protected:
+  TableDialogs() {
+    dialogs.platform.temporaryFolder = folder.Path();
+    report.window = &preview;
+  }
+
+  frmWaypointEditor& OpenPlan() {
+    frmWaypointEditor& plan = dialogs.Open();
+    plan.AddUserWaypoint(40, 20, 0);
+    plan.StartDeco();
+    return plan;
+  }
+  /// All that a run must leave as it was.
+  std::string State(std::int16_t document) {
+    const DocumentState& state = dialogs.Document(document);
+    std::string text = ProfileFileText(dialogs.forms, document) + test::RowsText(dialogs.forms(document).InputProfile) +
+                       FormatPlain(state.TotalCNS) + FormatPlain(state.TotalOTU) + (state.Modified ? " modified" : "");
+    for (const Single load : state.N2Compartments) text += " " + FormatFixed(double{load}, 9);
+    return text;
+  }
+  /// Loads a dialog in a window of its own and lets `act` work with it.
+  template <class Dialog, class Act>
+  void With(Act act) {
+    auto dialog = std::make_shared<Dialog>(dialogs.Services(), report, host);
+    dialogs.platform.Services().windows.Show(dialog);
+    act(*dialog);
+    EXPECT_FALSE(dialog->IsLoaded());
+    EXPECT_FALSE(dialogs.platform.hourglass);
+  }
+  [[nodiscard]] std::vector<std::string> Boxes() const {
+    std::vector<std::string> texts;
+    for (const ShownBox& box : dialogs.platform.boxes) texts.push_back(box.text);
+    return texts;
+  }
+
+  test::ScratchFolder folder;
+  test::Dialogs dialogs;
+  PrintPreview report{dialogs.platform, dialogs.texts};
+  RecordedPreview preview;
+  RecordedHost host;
+};
+
+TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
+  const std::int16_t plan = OpenPlan().Tag();
+  const std::string before = State(plan);
+  With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+    EXPECT_EQ(dialog.Label3.Caption.Get(), dialogs.Document(plan).Template.Templatename);
+    EXPECT_TRUE(dialog.Check1.Value && dialog.Check2.Value) << "both at first";
+    int events = 0;
+    dialogs.platform.onEvents = [&] {
+      ++events;
+      EXPECT_FALSE(dialog.cbOK.Enabled || dialog.tbTime.Enabled || dialog.Check1.Enabled);
+      EXPECT_TRUE(dialog.cbCancel.Bold && dialog.cbCancel.Enabled);
+      EXPECT_EQ(dialog.cbCancel.Caption.Get(), "*StringID 2711*");
+      EXPECT_TRUE(dialogs.platform.hourglass);
+      EXPECT_LE(dialog.pbProgress.Value, dialog.pbProgress.Maximum);
+    };
+    dialog.tbTime.Type("10");
+    dialog.cbOK.Press();
+    EXPECT_GT(events, 8) << "at least one turn for each cut";
+  });
+  EXPECT_EQ(preview.shown, "*StringID 6132*");
+  EXPECT_THAT(host.told, ElementsAre("begins " + std::to_string(plan), "ends"));
+  EXPECT_EQ(State(plan), before);
+  const int all = report.Pages().Pages();
+  EXPECT_GT(all, 1);
+
+  // The choice is kept for the next time.
+  dialogs.platform.onEvents = nullptr;
+  With<frmBailoutStart>([](frmBailoutStart& dialog) {
+    dialog.Check1.Set(false);
+    dialog.Check2.Set(false);
+    EXPECT_FALSE(dialog.cbOK.Enabled) << "nothing to print";
+    dialog.Check1.Set(true);
+    dialog.tbTime.Type("10");
+    dialog.cbOK.Press();
+  });
+  EXPECT_EQ(report.Pages().Pages(), 1);
+  With<frmBailoutStart>([](frmBailoutStart& dialog) {
+    EXPECT_TRUE(dialog.Check1.Value);
+    EXPECT_FALSE(dialog.Check2.Value);
+    dialog.cbCancel.Press();
+  });
+}
+
+TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99) {
+  OpenPlan();
+  struct Case {
+    std::string typed;
+    std::string box;
+  };
+  for (const Case& c : {Case{"-1", "*StringID 3000*"}, Case{"100", "*StringID 3001*"}, Case{"often", "*StringID 3000*"},
+                        Case{"", "*StringID 3000*"}, Case{"99.6", "*StringID 3001*"}, Case{"99.4", ""}, Case{"0", ""},
+                        Case{"-0.4", ""}}) {
+    dialogs.platform.boxes.clear();
+    preview.shown.clear();
+    With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+      dialog.tbTime.Type(c.typed);
+      dialog.cbOK.Press();
+    });
+    EXPECT_EQ(dialogs.platform.LastBox().text, c.box) << c.typed;
+    EXPECT_EQ(preview.shown.empty(), !c.box.empty()) << c.typed;
+    if (!c.box.empty()) {
+      EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 3002*");
+      EXPECT_EQ(dialogs.platform.LastBox().icon, BoxIcon::Exclamation);
+    }
+  }
+}
+
+TEST_F(TableDialogs, WithoutAPlanThereIsNoRun) {
+  With<frmBailoutStart>([](frmBailoutStart& dialog) { dialog.cbOK.Press(); });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 3003*"));
+  // An empty one, and one that is closed before OK.
+  dialogs.platform.boxes.clear();
+  dialogs.Open();
+  With<frmBailoutStart>([](frmBailoutStart& dialog) { dialog.cbOK.Press(); });
+  EXPECT_THAT(Boxes(), ElementsAre(HasSubstr("no legs")));
+  dialogs.platform.boxes.clear();
+  frmWaypointEditor& plan = OpenPlan();
+  With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+    dialogs.forms.Unload(plan.Tag());
+    EXPECT_EQ(dialogs.forms.LoadNewDoc(), plan.Tag());
+    dialog.cbOK.Press();
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7327*"));
+  EXPECT_THAT(host.told, IsEmpty());
+  EXPECT_EQ(preview.shown, "");
+}
+
+/// Runs a dialog and lets `act` work at its n-th look at the events; false when the run did not look so often.
+template <class Dialog, class Act>
+bool ActAtEvent(test::Dialogs& dialogs, int n, Dialog& dialog, Button& start, Act act) {
+  int events = 0;
+  int after = 0;
+  dialogs.platform.onEvents = [&] {
+    if (++events == n) act(dialog);
+    if (events > n) ++after;
+  };
+  start.Press();
+  dialogs.platform.onEvents = nullptr;
+  EXPECT_EQ(after, 0) << "it ends at once";
+  return events >= n;
+}
+
+TEST_F(TableDialogs, EveryMomentIsGoodForACancel) {
+  const std::int16_t plan = OpenPlan().Tag();
+  const std::string before = State(plan);
+  int moments = 0;
+  for (bool reached = true; reached; ++moments) {
+    preview.shown.clear();
+    With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+      dialog.tbTime.Type("10");
+      reached = ActAtEvent(dialogs, moments + 1, dialog, dialog.cbOK, [&](frmBailoutStart& d) {
+        if (moments % 2 == 0) d.cbCancel.Press();
+        if (moments % 2 == 1) d.Unload(true);  // the window's own close control
+      });
+    });
+    EXPECT_EQ(preview.shown.empty(), reached) << moments;
+    EXPECT_EQ(State(plan), before);
+  }
+  EXPECT_GT(moments, 10);
+  moments = 0;
+  for (bool reached = true; reached; ++moments) {
+    preview.shown.clear();
+    With<frmTableExpert>([&](frmTableExpert& dialog) {
+      dialog.tbED.Type("12");
+      dialog.tbET.Type("10");
+      reached = ActAtEvent(dialogs, moments + 1, dialog, dialog.cbStart, [](frmTableExpert& d) { d.cbCancel.Press(); });
+    });
+    EXPECT_EQ(preview.shown.empty(), reached) << moments;
+    EXPECT_EQ(State(plan), before);
+  }
+  EXPECT_GT(moments, 4);
+}
+
+TEST_F(TableDialogs, ThePlanMayBeClosedAndTheProgramMayEndWhileARunLasts) {
+  const frmWaypointEditor& plan = OpenPlan();
+  With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+    int events = 0;
+    dialogs.platform.onEvents = [&] {
+      if (++events != 3) return;
+      dialogs.forms(plan.Tag()).LeaveDocument(true);
+      dialogs.forms.Unload(plan.Tag());
+      EXPECT_EQ(dialogs.forms.LoadNewDoc(), plan.Tag());
+    };
+    dialog.cbOK.Press();
+  });
+  EXPECT_NE(preview.shown, "") << "what it computes from was copied";
+
+  preview.shown.clear();
+  OpenPlan();
+  With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+    dialogs.platform.onEvents = [&] { host.mustEnd = true; };
+    dialog.cbOK.Press();
+  });
+  EXPECT_EQ(preview.shown, "");
+}
+
+TEST_F(TableDialogs, TheTableExpertRemembersItsGridForEachUnit) {
+  dialogs.Open();
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    EXPECT_EQ(dialog.tbSD.Text.Get() + " " + dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "9 54 3");
+    EXPECT_EQ(dialog.tbST.Text.Get() + " " + dialog.tbET.Text.Get() + " " + dialog.tbTI.Text.Get(), "5 45 5");
+    EXPECT_TRUE(dialog.Check1.Value);
+    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6027*");
+    EXPECT_EQ(dialog.Label13.Caption.Get(), dialogs.Document().Template.Templatename);
+    EXPECT_EQ(dialog.Combo1.Items.Get().size(), dialogs.Document().Template.Blends.size());
+    EXPECT_EQ(dialog.Label7.Caption.Get(), "21/0");
+    dialog.Combo1.Select(5);
+    EXPECT_EQ(dialog.Label7.Caption.Get(), "18/45");
+    // Refused, and kept all the same.
+    dialog.tbDI.Type("0");
+    dialog.Check1.Set(false);
+    dialog.cbStart.Press();
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 2715*"));
+  EXPECT_EQ((dialogs.platform.settings[{"TableExpert", "StepM"}]), "0");
+  EXPECT_EQ((dialogs.platform.settings[{"TableExpert", "FastDescent"}]), "0");
+  EXPECT_EQ((dialogs.platform.settings.count({"TableExpert", "StepF"})), 0U);
+  EXPECT_EQ(preview.shown, "");
+  dialogs.Document().Template.Metric = false;
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    EXPECT_EQ(dialog.tbSD.Text.Get() + " " + dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "30 180 10");
+    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6029*");
+    EXPECT_FALSE(dialog.Check1.Value);
+    dialog.cbCancel.Press();
+  });
+}
+
+TEST_F(TableDialogs, TheTableExpertPrintsOneTableForEachDepth) {
+  dialogs.documents(0).Template.PPO2High = false;
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    dialogs.platform.onEvents = [&] {
+      EXPECT_FALSE(dialog.cbStart.Enabled || dialog.Combo1.Enabled || dialog.tbSD.Enabled || dialog.tbTI.Enabled);
+      EXPECT_EQ(dialog.cbCancel.Caption.Get(), "*StringID 2711*");
+    };
+    dialog.cbStart.Press();
+  });
+  // 16 tables, six to a page; some of the deeper ones take two cells.
+  EXPECT_GE(report.Pages().Pages(), 3);
+  EXPECT_EQ(preview.shown, "*StringID 6132*");
+  EXPECT_THAT(host.told, ElementsAre("begins 0", "ends"));
+  EXPECT_EQ(dialogs.documents(0).Template.DescendRates[0].Rate, Single(18));
+}
+
+TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
+  dialogs.Open();
+  struct Case {
+    std::vector<std::string> typed;  ///< depths, then times
+    std::string box;
+  };
+  for (const Case& c : {Case{{"54", "9", "3", "5", "45", "5"}, "*StringID 2714*"},
+                        Case{{"9", "54", "3", "5", "45", "x"}, "*StringID 7326* x"},
+                        Case{{"1", "1000", "1", "1", "1000", "1"}, "*StringID 7301*"}}) {
+    dialogs.platform.boxes.clear();
+    With<frmTableExpert>([&](frmTableExpert& dialog) {
+      auto text = c.typed.begin();
+      for (TextBox* box : {&dialog.tbSD, &dialog.tbED, &dialog.tbDI, &dialog.tbST, &dialog.tbET, &dialog.tbTI}) {
+        box->Type(*text++);
+      }
+      dialog.cbStart.Press();
+    });
+    EXPECT_THAT(Boxes(), ElementsAre(c.box));
+    EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 2700*");
+  }
+  // A gas that the plan has lost since the window opened.
+  dialogs.platform.boxes.clear();
+  dialogs.platform.settings.clear();
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    dialog.Combo1.Select(3);
+    dialogs.Document().Template.Blends.resize(2);
+    dialog.cbStart.Press();
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7328*"));
+}
+
+}  // namespace
+}  // namespace tav
