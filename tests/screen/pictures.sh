@@ -20,6 +20,14 @@ picture() {
   await "$title stays" gone "$title"
 }
 
+# answers a warning within a run, and all further ones of its kind
+silence() {
+  focus "$1"
+  keys shift+Tab space
+  [ -z "${2:-}" ] || shot "$2" "$1"
+  keys Return
+}
+
 xdotool mousemove 2 2
 start "$here/dives/trimix-100.tav"
 await "the plan is not open" window "trimix-100.tav"
@@ -33,6 +41,31 @@ picture about "^About" alt+h Up Return
 picture system-information "^System" alt+h Up Up Up Return
 picture contributors "^Contributors" alt+h Up Up Return
 
+picture bailout "^Bail-out$" ctrl+b
+picture table-expert "^Table Expert$" ctrl+e
+focus "^TAV"
+keys ctrl+b
+focus "^Bail-out$"
+type_text 15
+keys Return
+silence "^PPO2" warning
+focus "^Deco Tables"
+shot bailout-tables "^Deco Tables"
+keys End Prior
+shot bailout-cards "^Deco Tables"
+keys Escape
+await "the preview stays" gone "^Deco Tables"
+focus "^TAV"
+keys ctrl+e
+focus "^Table Expert$"
+keys Return
+silence "^END"
+focus "^Deco Tables"
+shot deco-tables "^Deco Tables"
+keys Escape
+await "the preview stays" gone "^Deco Tables"
+
+focus "^TAV"
 keys ctrl+m
 focus "^Gas Mixer"
 keys Tab Tab Tab Tab Tab Tab
