@@ -111,7 +111,7 @@ void frmBailoutStart::Bailoutproc(Single interval) {
   run_ = &run;
   std::string fault;
   try {
-    TablePrintModule print(report_, services_.forms.CaptionOf(document), {Check1.Value, Check2.Value});
+    TablePrintModule print(report_, services_.forms.Caption(document), {Check1.Value, Check2.Value});
     print.StartTableOutput();
     report_.documentName = services_.Documents()(document).ProfileName;
     bool whole = true;
