@@ -29,7 +29,7 @@ build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev lib
   qt6-base-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev libgl-dev fonts-liberation2)
 
 # What the tests of the real window need beside that.
-screen_packages=(xvfb xdotool openbox imagemagick)
+screen_packages=(xvfb xdotool openbox imagemagick poppler-utils)
 
 # build PRESET [TARGET...] configures and builds; what it prints is shown only when it fails.
 build() {

@@ -62,9 +62,7 @@ class NumberTexts {
   [[nodiscard]] std::string Plain(Single value) const { return Local(FormatPlain(value)); }
 
  private:
-  [[nodiscard]] std::string Local(const std::string& number) const {
-    return WriteLocaleNumber(number, separators_);
-  }
+  [[nodiscard]] std::string Local(const std::string& number) const { return WriteLocaleNumber(number, separators_); }
   LocaleSeparators separators_;
 };
 

@@ -1,5 +1,7 @@
 #include "report/information.h"
 
+#include "model/numbers.h"
+
 namespace tav {
 namespace {
 
@@ -32,7 +34,7 @@ GridCell DiveInformation::PPO2Cell(const Waypoint& row, bool deco) const {
 }
 
 DiveInformation::Table DiveInformation::Profile() const {
-  constexpr double kENDNoise = 0.1;
+  const Single kENDNoise = 0.1;
   Table table{Heads({T(2101), T(2102), T(2103), "%O2", "%He", T(6041), T(2105), T(2106), T(2107), T(2104), T(2108),
                      T(2109), T(2120), T(2143)})};
   bool deco = false;
@@ -49,7 +51,7 @@ DiveInformation::Table DiveInformation::Profile() const {
                      Plain(numbers_.Fixed(row.RunTime, 1)), Plain(numbers_.Fixed(row.GasMixO2, 0)),
                      Plain(numbers_.Fixed(row.GasMixHe, 0)), PPO2Cell(row, deco),
                      Marked(numbers_.Fixed(cns, 1), cns > 100), Plain(numbers_.Fixed(row.OTU, 1)),
-                     Marked(numbers_.Fixed(row.END, 0), row.END - template_.MaximalEND > kENDNoise),
+                     Marked(numbers_.Fixed(row.END, 0), RoundSingle(row.END - template_.MaximalEND, 2) > kENDNoise),
                      Plain(template_.OpenCircuit ? numbers_.Fixed(row.GasUsed, 1) : "--   "),
                      Plain(row.MaxMValue == 0 ? "" : numbers_.Fixed(Single(row.MaxMValue * 100), 1)),
                      Marked(showsGF ? numbers_.Fixed(Single(row.GF * 100), highGF ? 0 : 1) : "", highGF),

@@ -27,6 +27,7 @@ void GeneralReport::InitLongReport() {
 
 void GeneralReport::LongReport(const Dive& dive) {
   dive_ = &dive;
+  const PrintPreview::Batch batch(out_);
   Step(6002);
   ReportHeader();
   SectionY_ = 4.0;

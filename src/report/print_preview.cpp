@@ -50,7 +50,7 @@ void PrintPreview::TemPrint(std::string_view line) { Lines({line}); }
 
 void PrintPreview::Lines(std::initializer_list<std::string_view> lines) {
   for (const std::string_view line : lines) file_.Append(line);
-  file_.Flush();
+  if (batches_ == 0) file_.Flush();
 }
 
 void PrintPreview::CountPages() {

@@ -42,8 +42,8 @@ struct PageServices {
 /// pages on a screen or on paper.
 ///
 /// Lengths are centimetres on a landscape A4 page, font sizes points, `bold` is 0 or 1, colours are
-/// red + 256 x green + 65536 x blue. Every line is in the file when the call that wrote it returns. A page is closed by
-/// one of the two footers. A file that can't be written is told once, by EndReport.
+/// red + 256 x green + 65536 x blue. Every line is in the file when the call that wrote it returns, or the Batch around
+/// it ends. A page is closed by one of the two footers. A file that can't be written is told once, by EndReport.
 class PrintPreview {
  public:
   PrintPreview(PageServices services, const TextSource& texts);
@@ -54,6 +54,20 @@ class PrintPreview {
   PrintPreview& operator=(const PrintPreview&) = delete;
   /// Removes the scratch folder.
   ~PrintPreview();
+
+  /// While one is alive, lines are gathered; they are in the file when it ends. For calls that write thousands.
+  class Batch {
+   public:
+    explicit Batch(PrintPreview& writer) : writer_(writer) { ++writer_.batches_; }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    ~Batch() {
+      if (--writer_.batches_ == 0) writer_.file_.Flush();
+    }
+
+   private:
+    PrintPreview& writer_;
+  };
 
   /// The window that shows the pages; nullptr for none. It outlives the writer or is taken away first.
   PreviewWindow* window = nullptr;
@@ -112,6 +126,7 @@ class PrintPreview {
   std::filesystem::path tempPath_;
   PageFile file_;
   int pictures_ = 0;
+  int batches_ = 0;
 };
 
 }  // namespace tav

@@ -1,0 +1,171 @@
+#include "report/long_report.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/headless/headless_platform.h"
+#include "report/dive_report.h"
+#include "report/page_player.h"
+#include "support/plan_fixture.h"
+#include "support/scratch_folder.h"
+
+namespace tav {
+namespace {
+
+using Stroke = RecordingSurface::Stroke;
+using Kind = RecordingSurface::Kind;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+constexpr double kCm = 567;
+
+/// Long reports on recording surfaces; each text is its number.
+class LongReports : public testing::Test {
+ protected:
+  LongReports() { platform.temporaryFolder = folder.Path(); }
+
+  /// A report of rows without a computation behind them.
+  void Write(int rows, std::int16_t status, bool stops) {
+    ClassProfile profile;
+    for (int i = 1; i <= rows; ++i) {
+      profile.NewWayPoint();
+      Waypoint& row = profile.Row(static_cast<std::int16_t>(i));
+      row.Status = status;
+      row.Depth = i;
+      row.RunTime = 100 + i;
+      if (stops) row.StopDepth = i;
+    }
+    report.InitLongReport();
+    report.LongReport({profile, t, false, 1, 0});
+  }
+  [[nodiscard]] std::vector<Stroke> Page(int number) const {
+    RecordingSurface surface(16839.9, 11907);
+    PagePlayer(writer.Pages()).tempshow(number, surface, 1);
+    return surface.strokes;
+  }
+  [[nodiscard]] std::vector<std::string> Texts(int number) const {
+    std::vector<std::string> texts_;
+    for (const Stroke& stroke : Page(number)) texts_.push_back(stroke.text);
+    return texts_;
+  }
+  /// How many rows of the profile table stand on a page: its first column has white figures left of 3 cm.
+  [[nodiscard]] int RowsOn(int number) const {
+    int rows = 0;
+    for (const Stroke& stroke : Page(number)) {
+      rows += stroke.kind == Kind::PageText && stroke.colour == RGB(255, 255, 255) && stroke.x0 < 2.75 * kCm &&
+              stroke.font.points == 10 && stroke.y0 > 7 * kCm;
+    }
+    return rows;
+  }
+
+  test::ScratchFolder folder;
+  HeadlessPlatform platform;
+  TextSource texts;
+  PrintPreview writer{platform, texts};
+  GeneralReport report{writer, {}, nullptr};
+  DiveTemplate t = ShippedDefaultTemplate();
+};
+
+TEST_F(LongReports, TurnThePageOnlyWhenAFurtherRowFollows) {
+  // The first page has room for 12 rows of the profile, each later one for 20.
+  struct Case {
+    int rows;
+    std::vector<int> onPages;
+  };
+  for (const Case& c : {Case{0, {1}}, Case{11, {12}}, Case{12, {12, 1}}, Case{31, {12, 20}}, Case{32, {12, 20, 1}}}) {
+    Write(c.rows, RowStatus::kAscentEnd, false);
+    std::vector<int> onPages;
+    for (std::size_t page = 1; page <= c.onPages.size(); ++page) onPages.push_back(RowsOn(static_cast<int>(page)));
+    EXPECT_EQ(onPages, c.onPages) << c.rows;
+    EXPECT_EQ(writer.Pages().Pages(), static_cast<int>(c.onPages.size()) + 2) << c.rows;
+  }
+}
+
+TEST_F(LongReports, StopsGoOnOnAFurtherPage) {
+  Write(14, RowStatus::kStop, true);
+  const int short_ = writer.Pages().Pages();
+  Write(19, RowStatus::kStop, true);  // behind the empty line of bottom segments there is room for 13
+  EXPECT_EQ(writer.Pages().Pages(), short_);
+  EXPECT_THAT(Texts(writer.Pages().Pages() - 1), Contains("*StringID 6096*"));
+}
+
+TEST_F(LongReports, SayWhatIsMissing) {
+  Write(0, 0, false);
+  EXPECT_THAT(Texts(1), Contains("*StringID 6013*"));
+  EXPECT_THAT(Texts(2), Contains("*StringID 6016*"));
+  EXPECT_THAT(Texts(3), Contains("*StringID 6013*"));
+}
+
+TEST_F(LongReports, WarnOfAHighGradientFactorInTitleAndInk) {
+  t.GFHigh = 1.05;
+  Write(1, RowStatus::kLeg, false);
+  EXPECT_THAT(Texts(1), Contains("*StringID 6082*"));
+  const auto page = Page(1);
+  const auto factors =
+      std::find_if(page.begin(), page.end(), [](const Stroke& stroke) { return stroke.text == "0.30-1.05"; });
+  ASSERT_NE(factors, page.end());
+  EXPECT_EQ(factors->colour, kRed);
+
+  t.UseGF = false;
+  Write(1, RowStatus::kLeg, false);
+  EXPECT_THAT(Texts(1), Contains("*StringID 6084*"));
+  EXPECT_THAT(Texts(1), Contains("Off"));
+}
+
+TEST_F(LongReports, ImperialUnitsStandInEveryHead) {
+  t.Metric = false;
+  t.StartPressure = t.EndPressure = 1;
+  Write(40, RowStatus::kAscentEnd, false);
+  for (const int page : {1, 2, 3}) {
+    EXPECT_THAT(Texts(page), Contains("*StringID 6062*")) << page;
+    EXPECT_THAT(Texts(page), Contains("*StringID 6080*")) << page;
+    EXPECT_THAT(Texts(page), Not(Contains("*StringID 6061*"))) << page;
+  }
+}
+
+TEST_F(LongReports, TheLowestPPO2LeavesTheSurfaceOut) {
+  ClassProfile profile;
+  profile.Row(0).PPO2 = 0.1;
+  profile.NewWayPoint();
+  profile.Row(1).PPO2 = 0.77;
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0});
+  EXPECT_THAT(Texts(3), Contains("0.77"));
+  EXPECT_THAT(Texts(3), Not(Contains("0.10")));
+}
+
+TEST_F(LongReports, ALongGasNameIsCutShort) {
+  ClassProfile profile;
+  profile.NewWayPoint();
+  profile.Row(1).GasMixName = "Travel gas with a long n\u00e4me";
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0});
+  EXPECT_THAT(Texts(1), Contains("Trave\u2026"));
+}
+
+TEST_F(LongReports, ASeriesTellsNumberAndIntervalOfEachDiveButTheFirst) {
+  test::Plans plans;
+  frmWaypointEditor& first = plans.New();
+  first.AddUserWaypoint(30, 20, 0);
+  first.StartDeco();
+  const std::int16_t second = plans.forms.AddRepetitiveDive(first.Tag(), 65);
+  plans.forms(second).AddUserWaypoint(20, 20, 0);
+
+  WriteLongReport(report, plans.forms, second, true);
+  std::vector<int> bands;
+  for (int page = 1; page <= writer.Pages().Pages(); ++page) {
+    const auto on = Texts(page);
+    if (std::find(on.begin(), on.end(), "*StringID 6019*") == on.end()) continue;
+    bands.push_back(page);
+    EXPECT_THAT(on, Contains("1 hrs :5 min"));
+    EXPECT_THAT(on, Contains("2"));
+  }
+  EXPECT_EQ(bands.size(), 1U);
+
+  WriteLongReport(report, plans.forms, first.Tag(), false);
+  EXPECT_THAT(Texts(1), Not(Contains("*StringID 6019*")));
+}
+
+}  // namespace
+}  // namespace tav
