@@ -97,8 +97,14 @@ TEST(LongRun, WarningsCanBeSilencedUntilItEnds) {
   settings.MaximalEND = 10;
   p.platform.boxes.clear();
   p.platform.ticks = {false, true};
-  p.RunBailout([] {});
-  // The first kind is not silenced, the second is; at every cut both come again.
+  p.Main().mnuGenerateTables.Choose();
+  const auto tables = std::dynamic_pointer_cast<frmTableExpert>(p.platform.modeless.back());
+  ASSERT_NE(tables, nullptr);
+  for (const auto& [box, text] : {std::pair{&tables->tbSD, "20"}, {&tables->tbED, "60"}, {&tables->tbDI, "2"}}) {
+    box->Type(text);
+  }
+  tables->cbStart.Press();
+  // The first kind is not silenced, the second is; at every depth both have news.
   int ends = 0;
   int ppo2 = 0;
   for (const ShownBox& box : p.platform.boxes) {
