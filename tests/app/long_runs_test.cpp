@@ -1,6 +1,7 @@
 #include "app/long_runs.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 #include "dialogs/bailout_start.h"
 #include "dialogs/table_expert.h"
@@ -88,37 +89,39 @@ TEST(LongRun, EndsWithTheProgramAndOutlivesItsPlan) {
   EXPECT_EQ(turns, 2);
 }
 
-TEST(LongRun, WarningsCanBeSilencedUntilItEnds) {
+TEST(LongRun, WarnsOfAThingOnceAndOfAKindUntilItIsSilenced) {
   Planned p;
   DiveTemplate& settings = p.Document().Template;
   settings.PPO2High = true;
   settings.MaxPPO2 = 0.5;
-  settings.MaxEnd = true;
-  settings.MaximalEND = 10;
   p.platform.boxes.clear();
-  p.platform.ticks = {false, true};
-  p.Main().mnuGenerateTables.Choose();
-  const auto tables = std::dynamic_pointer_cast<frmTableExpert>(p.platform.modeless.back());
-  ASSERT_NE(tables, nullptr);
-  for (const auto& [box, text] : {std::pair{&tables->tbSD, "20"}, {&tables->tbED, "60"}, {&tables->tbDI, "2"}}) {
-    box->Type(text);
-  }
-  tables->cbStart.Press();
-  // The first kind is not silenced, the second is; at every depth both have news.
-  int ends = 0;
-  int ppo2 = 0;
+  p.RunBailout([] {});
+  ASSERT_FALSE(p.platform.boxes.empty());
+  std::set<std::string> texts;
   for (const ShownBox& box : p.platform.boxes) {
     EXPECT_EQ(box.check, p.program.Texts().GetResString(7329));
-    ends += box.title == p.program.Texts().GetResString(6160);
-    ppo2 += box.title == p.program.Texts().GetResString(6161);
+    EXPECT_TRUE(texts.insert(box.text).second) << box.text;
   }
-  EXPECT_GT(std::max(ends, ppo2), 10);
-  EXPECT_EQ(std::min(ends, ppo2), 1);
-  // Later warnings come as ever.
-  p.platform.boxes.clear();
-  p.Editor().ReEvaluateUserEnteredWaypoints();
-  EXPECT_GE(p.platform.boxes.size(), 2U);
-  EXPECT_EQ(p.platform.LastBox().check, "");
+}
+
+TEST(LongRun, ASilencedKindIsHeardAgainAfterIt) {
+  HeadlessPlatform platform;
+  const TextSource texts;
+  DocumentStore documents;
+  EngineWarnings warnings(platform.Services().boxes, texts, documents, {});
+  const auto end = [&](double value) { warnings.WarnEND({0, value, 30, 40, "Air", true}); };
+  const auto ppo2 = [&](double value) { warnings.WarnPPO2High({0, value, 1.4, 40, "Air", true}); };
+  warnings.CommandBegins();
+  platform.ticks = {false, true, false};
+  end(31);    // shown
+  ppo2(1.5);  // shown, silenced
+  end(32);    // shown
+  ppo2(1.6);
+  EXPECT_EQ(platform.boxes.size(), 3U);
+  warnings.CommandEnds();
+  ppo2(1.6);
+  EXPECT_EQ(platform.boxes.size(), 4U);
+  EXPECT_EQ(platform.LastBox().check, "");
 }
 
 TEST(LongRun, TablesAreMadeWithoutAPlanToo) {
