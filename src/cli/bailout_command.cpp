@@ -6,6 +6,7 @@
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "cli/table_output.h"
+#include "cli/table_pdf.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "plan/bailout_cuts.h"
@@ -33,7 +34,8 @@ Single ChosenInterval(const std::string& text) {
 
 }  // namespace
 
-int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, std::ostream& out, std::ostream& err) {
+int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, const ProgramFolders& folders,
+                   std::ostream& out, std::ostream& err) {
   PlanSession session;
   try {
     ApplyOptions(options, session);
@@ -44,16 +46,22 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
     if (!cuts.Fault().empty()) throw FileError(bailout.file, 0, cuts.Fault());
 
     const bool json = options.form == OutputForm::Json;
-    TableOutput output(out, json);
+    std::optional<TablePdf> pdf;
+    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Forms().Caption(document));
+    TableOutput output(out, json  ? TableOutput::Form::Data
+                            : pdf ? TableOutput::Form::Nothing
+                                  : TableOutput::Form::Text);
     output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
                  bailout.file + ", bail-out on open circuit every " + FormatPlain(cuts.Interval()) +
                      " min\nColumns are the minute at which the ascent begins, cells minutes of stop.\n");
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, [](int, int) { return true; });
+      if (pdf) pdf->Print(*scenario);
       const std::optional<std::string>& lost = scenario->lost;
       output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}}, lost ? *lost + " lost" : "With all gases");
     }
     output.End();
+    if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string());
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
     err << "tavplan bailout: " << error.what() << "\n";

@@ -54,17 +54,20 @@ struct BailoutOptions {
   std::string file;
   std::string dive;            ///< number from 1; empty for the last
   std::string interval = "5";  ///< minutes
+  std::string pdf;             ///< file for the tables and cards on paper, in place of the text; empty for none
 };
 
 /// Prints the ascents from regular moments of a plan on open circuit, once for the loss of each deco gas and once with
 /// all of them.
-int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, std::ostream& out, std::ostream& err);
+int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, const ProgramFolders& folders,
+                   std::ostream& out, std::ostream& err);
 
 struct TablesOptions {
   std::string templateName;    ///< a file, or a name in the template folder; empty for the default
   std::string gas;             ///< of the dives
   std::string depths;          ///< FROM:TO:STEP
   std::string times;           ///< FROM:TO:STEP, minutes
+  std::string pdf;             ///< file for the tables on paper, in place of the text; empty for none
   bool descentCounts = false;  ///< the time counts from leaving the surface, else from the bottom
 };
 

@@ -3,7 +3,6 @@
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
-#include "cli/plan_input.h"
 
 namespace tav {
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, std::ostream& out,

@@ -4,8 +4,8 @@
 
 #include "cli/commands.h"
 #include "cli/page_output.h"
-#include "cli/plan_session.h"
 #include "cli/plan_input.h"
+#include "cli/plan_session.h"
 #include "report/dive_report.h"
 
 namespace tav {

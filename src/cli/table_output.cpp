@@ -53,23 +53,22 @@ Json CellsJson(const TableCells& cells) {
 }  // namespace
 
 void TableOutput::Begin(const Json& head, const std::string& listName, const std::string& heading) {
-  if (!json_) {
-    out_ << heading;
-    return;
-  }
+  if (form_ == Form::Text) out_ << heading;
+  if (form_ != Form::Data) return;
   std::string text = Written(head);
   text.pop_back();  // its closing brace
   out_ << text << ",\"" << listName << "\":[";
 }
 
 void TableOutput::End() {
-  if (json_) out_ << "]}\n";
+  if (form_ == Form::Data) out_ << "]}\n";
 }
 
 void TableOutput::Print(const TableDives& dives, const Json& members, const std::string& title) {
-  const SmallTable table = MakeSmallTable(dives, "Depth");
   for (const TableDive& dive : dives.dives) decompresses_ = decompresses_ && dive.decompresses;
-  if (json_) {
+  if (form_ == Form::Nothing) return;
+  const SmallTable table = MakeSmallTable(dives, "Depth");
+  if (form_ == Form::Data) {
     PrintJson(dives, table, members);
   } else {
     PrintText(dives, table, title);

@@ -14,7 +14,9 @@ namespace tav {
 /// memory as a whole.
 class TableOutput {
  public:
-  TableOutput(std::ostream& out, bool json) : out_(out), json_(json) {}
+  enum class Form { Text, Data, Nothing };
+
+  TableOutput(std::ostream& out, Form form) : out_(out), form_(form) {}
 
   /// Opens the output: the members of the JSON ahead of the list of that name, or a heading.
   void Begin(const Json& head, const std::string& listName, const std::string& heading);
@@ -30,7 +32,7 @@ class TableOutput {
   void PrintText(const TableDives& dives, const SmallTable& table, const std::string& title);
 
   std::ostream& out_;
-  bool json_;
+  Form form_;
   bool first_ = true;
   bool decompresses_ = true;
   TableSlots slots_;

@@ -1,3 +1,4 @@
+#include <optional>
 #include <ostream>
 
 #include "app/start_up.h"
@@ -5,6 +6,7 @@
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "cli/table_output.h"
+#include "cli/table_pdf.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "plan/square_dives.h"
@@ -86,16 +88,23 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     SquareDives dives(session.Forms().Services(), DocumentStore::DefaultDocument, mix, !tables.descentCounts, axes);
     if (!dives.Fault().empty()) throw OptionError(dives.Fault());
     const std::string unit = settings.Metric ? " m" : " ft";
-    TableOutput output(out, options.form == OutputForm::Json);
+    std::optional<TablePdf> pdf;
+    if (!tables.pdf.empty()) pdf.emplace(folders, tables.pdf, "");
+    const bool json = options.form == OutputForm::Json;
+    TableOutput output(out, json  ? TableOutput::Form::Data
+                            : pdf ? TableOutput::Form::Nothing
+                                  : TableOutput::Form::Text);
     output.Begin({{"gas", tables.gas}}, "tables",
                  "Deco tables on " + tables.gas +
                      "\nColumns are bottom times in minutes, cells minutes of stop; the time of the descent " +
                      (tables.descentCounts ? "is part of the bottom time.\n" : "is left out.\n"));
     while (const auto table = dives.Next([](int, int) { return true; })) {
+      if (pdf) pdf->Print(*table);
       const Single depth = table->dives.back().depth;
       output.Print(*table, {{"depth", Digits(depth)}}, FormatPlain(depth) + unit);
     }
     output.End();
+    if (pdf) pdf->Write("Deco tables " + tables.gas);
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
     err << "tavplan tables: " << error.what() << "\n";

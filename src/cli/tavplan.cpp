@@ -55,6 +55,7 @@ constexpr const char* kBailoutExamples = R"(
 Examples:
   tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
   tavplan bailout --interval 1 --json a.tav  from every minute, for a script
+  tavplan bailout a.tav --pdf a.pdf          tables and cards to cut out; tav draws the PDF, without a display
 )";
 
 constexpr const char* kTablesExamples = R"(
@@ -138,10 +139,11 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   bailout->add_option("FILE", bailoutPlan.file, "Profile file (.tav)")->required();
   bailout->add_option("--dive", bailoutPlan.dive, "Number of the dive, from 1; the last if not given");
   bailout->add_option("--interval", bailoutPlan.interval, "Minutes between two moments; 5 if not given");
+  bailout->add_option("--pdf", bailoutPlan.pdf, "Write the tables and cards to this file, and no text");
   AddJson(*bailout, bailoutOptions);
   AddModelOptions(*bailout, bailoutOptions);
   bailout->footer(kBailoutExamples);
-  bailout->callback([&] { status = BailoutCommand(bailoutPlan, bailoutOptions, out, err); });
+  bailout->callback([&] { status = BailoutCommand(bailoutPlan, bailoutOptions, folders, out, err); });
 
   OutputOptions tablesOptions;
   TablesOptions tableSet;
@@ -151,6 +153,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   tables->add_option("--depths", tableSet.depths, "FROM:TO:STEP in the units of the template")->required();
   tables->add_option("--times", tableSet.times, "FROM:TO:STEP in minutes")->required();
   tables->add_flag("--descent-counts", tableSet.descentCounts, "Bottom times count from leaving the surface");
+  tables->add_option("--pdf", tableSet.pdf, "Write the tables to this file, and no text");
   AddJson(*tables, tablesOptions);
   AddModelOptions(*tables, tablesOptions);
   tables->footer(kTablesExamples);

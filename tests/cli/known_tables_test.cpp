@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "cli/commands.h"
+#include "persist/text_file.h"
 
 namespace tav {
 namespace {
@@ -171,6 +172,21 @@ Columns are bottom times in minutes, cells minutes of stop; the time of the desc
   100/0        3     1     2     3
   Run time          27    39    52
 )");
+}
+
+TEST(TablesOfTavplan, TheExampleOfTheGuideIsWhatThePlanGives) {
+  const std::string out = Tavplan({"bailout", (kRoot / "dives/wreck.tav").string(), "--interval", "15"}).out;
+  const std::string guide = ReadTextFile(kRoot / "lang/TAV_uk.hlp");
+  const std::size_t from = guide.find("<pre>\nEAN50 lost") + 6;
+  EXPECT_THAT(out, HasSubstr(guide.substr(from, guide.find("</pre>", from) - from)));
+}
+
+TEST(TablesOfTavplan, APdfThatCanNotBeWrittenIsToldInOneLine) {
+  const Output output = Tavplan({"bailout", kTrimix, "--pdf", "/no/such/folder/tables.pdf"});
+  EXPECT_EQ(output.status, ExitStatus::kUnusableInput);
+  EXPECT_EQ(output.out, "");
+  EXPECT_THAT(output.err, HasSubstr("/no/such/folder/tables.pdf"));
+  EXPECT_EQ(std::count(output.err.begin(), output.err.end(), '\n'), 1) << output.err;
 }
 
 }  // namespace
