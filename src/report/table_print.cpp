@@ -47,6 +47,9 @@ Room RoomOf(const SmallTable& table, const TablePlace& place) {
   return {left, width, both ? lowerRow + Slots::kCellHeight + 0.4 : bottom};
 }
 
+/// Where the name of a table stands, above it: within the grid, also for a table that reaches out of it.
+double NameLeft(const TablePlace& place) { return std::max<double>(place.x + 0.1, TableSlots::kLeft + 0.4); }
+
 /// Columns and rows of a table, the heads included.
 SmallTable Part(const SmallTable& table, std::size_t firstDive, std::size_t endDive, std::size_t firstRow,
                 std::size_t endRow) {
@@ -95,18 +98,19 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
   if (pages_.Page() != pageBefore) onPage_.clear();
   DrawTable(writer_, printed.table, printed.place, printed.title);
   if (profiles.bailout) {
-    writer_.PrintTextLeft(printed.place.x + 0.1, printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
+    writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
   }
 
   const TableFrame frame(printed.table, printed.place);
   printed.right = frame.Right();
   printed.bottom = frame.End();
-  const bool leavesSheet = printed.right > kSheetRight || printed.bottom > kSheetBottom;
-  if (!PrintRemarks(printed) || leavesSheet) PrintAgain(printed);
+  // A table wider than the grid stands on the information column.
+  const bool apart = printed.right <= kSheetRight && printed.bottom <= kSheetBottom && frame.left >= TableSlots::kLeft;
+  if (!PrintRemarks(printed) || !apart) PrintAgain(printed);
   for (Printed& other : onPage_) {
-    const bool apart = printed.place.x >= other.right || other.place.x >= printed.right ||
-                       printed.place.y >= other.bottom || other.place.y >= printed.bottom;
-    if (apart) continue;
+    const bool besides = printed.place.x >= other.right || other.place.x >= printed.right ||
+                         printed.place.y >= other.bottom || other.place.y >= printed.bottom;
+    if (besides) continue;
     PrintAgain(other);
     PrintAgain(printed);
   }
@@ -151,7 +155,7 @@ bool TablePrintModule::PrintRemarks(Printed& printed) {
 void TablePrintModule::PrintAgain(Printed& printed) {
   if (printed.number != 0) return;
   printed.number = ++numbers_;
-  double x = printed.place.x + 0.1;
+  double x = NameLeft(printed.place);
   if (printed.info.bailout) {
     x += writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
   }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "plan/bailout_cuts.h"
+#include "plan/square_dives.h"
 #include "platform/headless/headless_platform.h"
 #include "report/page_player.h"
 #include "report/page_units.h"
@@ -216,6 +217,16 @@ TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
       for (const std::string& total : table.totals) EXPECT_THAT(printed, Contains(total));
     }
   }
+}
+
+TEST_F(TablePrint, ATableOnTheInformationColumnIsPrintedAgain) {
+  SquareDives dives(plans.forms.Services(), 0, 0, true, {9, 9, 1, 1, 41, 1});  // 41 columns, no remarks
+  TablePrintModule print(writer);
+  print.StartTableOutput();
+  print.PrintTableSet(*dives.Next(kGoOn));
+  print.EndTableOutput();
+  EXPECT_THAT(Texts(2), Contains("Whole: 1"));
+  EXPECT_THAT(Texts(3), Contains("No. 1: 9 m"));
 }
 
 TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {
