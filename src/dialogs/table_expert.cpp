@@ -115,15 +115,14 @@ bool frmTableExpert::Form_QueryUnload(bool /*byUser*/) {
 }
 
 std::optional<TableAxes> frmTableExpert::ReadAxes() {
-  std::array<Single, 6> numbers;
-  auto number = numbers.begin();
+  std::vector<Single> numbers;
   for (const Field& field : Fields()) {
     const auto value = NumberIn(field.box.Text);
     if (!value) {
       Box(T(kNoNumber) + " " + field.box.Text.Get(), T(kTitle), BoxIcon::Exclamation);
       return std::nullopt;
     }
-    *number++ = RoundSingle(*value, 0);
+    numbers.emplace_back(RoundSingle(*value, 0));
   }
   const TableAxes axes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
   const AxesFault fault = FindAxesFault(axes);

@@ -14,7 +14,9 @@ std::vector<std::string> WrappedText(const std::string& text, double width, cons
     const std::string word = text.substr(from, blank - from);
     from = blank + 1;
     std::string& line = lines.back();
-    const std::string longer = line.empty() ? word : line + " " + word;
+    std::string longer = line;
+    if (!longer.empty()) longer += ' ';
+    longer += word;
     if (line.empty() || measure.TextWidth(longer, font) <= width * page::kUnitsPerCm) {
       line = longer;
     } else {
