@@ -282,7 +282,8 @@ TEST_F(TablePrint, ChangesOnTheWayAndGasesThatAreTooLeanAreMarked) {
   const BailoutCuts cuts(plans.forms, plan.Tag(), 12);
   const auto marked = [&](int scenario, bool CardRow::*flag) {
     std::vector<std::string> rows;
-    for (const CardRow& row : MakeAscentCards(*cuts.Compute(scenario, kGoOn)).front().rows) {
+    const std::vector<AscentCard> cards = MakeAscentCards(*cuts.Compute(scenario, kGoOn));
+    for (const CardRow& row : cards.front().rows) {
       if (row.*flag) rows.push_back(row.depth + " " + row.gas);
     }
     return rows;
@@ -297,7 +298,8 @@ TEST_F(TablePrint, ChangesOnTheWayAndGasesThatAreTooLeanAreMarked) {
   const BailoutCuts one(plans.forms, plan.Tag(), 12);
   const TableDives none = *one.Compute(0, kGoOn);
   EXPECT_FALSE(MakeSmallTable(none, "Depth").low_ppo2.empty());
-  EXPECT_TRUE(MakeAscentCards(none).front().rows[MakeAscentCards(none).front().rows.size() - 2].lowPPO2);
+  const std::vector<AscentCard> cards = MakeAscentCards(none);
+  EXPECT_TRUE(cards.front().rows[cards.front().rows.size() - 2].lowPPO2);
 }
 
 TEST_F(TablePrint, CardsStandSixToAPageAndALongAscentGoesOnInTheNext) {
