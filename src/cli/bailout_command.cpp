@@ -47,7 +47,7 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
 
     const bool json = options.form == OutputForm::Json;
     std::optional<TablePdf> pdf;
-    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Forms().Caption(document));
+    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Documents()(document).ProfileName);
     TableOutput output(out, json  ? TableOutput::Form::Data
                             : pdf ? TableOutput::Form::Nothing
                                   : TableOutput::Form::Text);
