@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "platform/localize_form.h"
 #include "report/print_form.h"
 
 namespace tav {
@@ -26,7 +25,7 @@ int SizeIn(const SettingsStore& settings, const std::string& name, int otherwise
 }  // namespace
 
 PrintPrev::PrintPrev(const PrintPreview& report, Platform platform)
-    : Form("PrintPrev"), report_(report), platform_(std::move(platform)) {
+    : TextForm("PrintPrev", std::move(platform), report.Texts()), report_(report) {
   const std::pair<Button*, Command> buttons[] = {{&cmdZoomIn, ZoomIn}, {&cmdZoomOut, ZoomOut}, {&cmdPrint, Print},
                                                  {&cmdSetUp, SetUp},   {&cmdFirst, First},     {&cmdPrevious, Previous},
                                                  {&cmdNext, Next},     {&cmdLast, Last},       {&cmdClose, Close}};
@@ -43,7 +42,7 @@ PrintPrev::PrintPrev(const PrintPreview& report, Platform platform)
 }
 
 void PrintPrev::Form_Load() {
-  LocalizeForm(*this, report_.Texts());
+  Localize();
   cmdClose.Caption = T(2210);
   const std::pair<Button*, int> captions[] = {{&cmdZoomIn, 7203}, {&cmdZoomOut, 7204}, {&cmdPrint, 7205},
                                               {&cmdSetUp, 7206},  {&cmdFirst, 7207},   {&cmdPrevious, 7208},

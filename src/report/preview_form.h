@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/form.h"
+#include "platform/text_form.h"
 #include "report/page_player.h"
 #include "report/print_preview.h"
 
@@ -13,7 +13,7 @@ namespace tav {
 
 /// Shows the pages of a report one at a time, with zoom and paging, and sends them to a printer or a PDF file. Made
 /// anew for every report; zoom and size are kept in the settings.
-class PrintPrev : public Form {
+class PrintPrev : public TextForm {
  public:
   PrintPrev(const PrintPreview& report, Platform platform);
 
@@ -45,11 +45,9 @@ class PrintPrev : public Form {
   void MostraPagina();
   void ShowLabel();
   void SavePdf();
-  [[nodiscard]] std::string T(int id) const { return report_.Texts().GetResString(id); }
   [[nodiscard]] std::string Title() const;
 
   const PrintPreview& report_;
-  Platform platform_;
   Single zoomFactor_ = 0.65;
   int page_ = 1;
   int pageMax_ = 0;

@@ -12,7 +12,7 @@ constexpr int kPrinterFailed = 7202;
 }  // namespace
 
 PrintPrint::PrintPrint(const PrintPreview& report, Platform platform, std::string title)
-    : Form("PrintPrint"), report_(report), platform_(std::move(platform)), title_(std::move(title)) {
+    : TextForm("PrintPrint", std::move(platform), report.Texts()), report_(report), title_(std::move(title)) {
   Command1.Default = true;
   Command1.Click = [this] { Command1_Click(); };
   Command2.Cancel = true;

@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "platform/form.h"
+#include "platform/text_form.h"
 #include "report/page_player.h"
 #include "report/print_preview.h"
 
 namespace tav {
 
 /// Prints a range of pages. Modal to the preview. A cancel lets the page that has begun finish.
-class PrintPrint : public Form {
+class PrintPrint : public TextForm {
  public:
   /// `title` names the job.
   PrintPrint(const PrintPreview& report, Platform platform, std::string title);
@@ -35,10 +35,8 @@ class PrintPrint : public Form {
  private:
   void PrintRange(int first, int last);
   void SistemaBarra(int last, int page);
-  [[nodiscard]] std::string T(int id) const { return report_.Texts().GetResString(id); }
 
   const PrintPreview& report_;
-  Platform platform_;
   std::string title_;
   bool cancelPrint_ = false;
 };

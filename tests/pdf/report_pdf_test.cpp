@@ -141,6 +141,28 @@ TEST_F(ReportPdfFile, HasItsTitleAndNumberedPages) {
   EXPECT_EQ(count, 2);
 }
 
+TEST_F(ReportPdfFile, OfABailoutHasEveryCellOfItsTables) {
+  const std::string plan = (kRoot / "dives/nitrox.tav").string();
+  const fs::path pdf = scratch_.Path() / "bailout.pdf";
+  ASSERT_EQ(Run({"bailout", plan, "--interval", "12", "--pdf", pdf.string()}), ExitStatus::kFine) << err_.str();
+  std::set<std::string> words;
+  for (const Words& line : LinesOf(OutputOf("pdftotext -layout " + pdf.string() + " -"))) words.insert(Told(line));
+  ASSERT_EQ(Run({"bailout", plan, "--interval", "12", "--json"}), ExitStatus::kFine);
+  for (const json& scenario : json::parse(out_.str()).at("scenarios")) {
+    for (const json& row : scenario.at("cells")) {
+      Words cells;
+      for (const std::string text : row) {
+        if (!text.empty()) cells.push_back(text);
+      }
+      // Tables stand beside each other, so a row is a part of a line.
+      const std::string told = Told(cells);
+      EXPECT_TRUE(std::any_of(words.begin(), words.end(), [&](const std::string& line) {
+        return line.find(told) != std::string::npos;
+      })) << told;
+    }
+  }
+}
+
 TEST_F(ReportPdfFile, ThatCanNotBeWrittenLeavesTheOldOneAndOneLine) {
   const fs::path folder = scratch_.Path() / "plan.pdf";
   fs::create_directory(folder);  // a folder of the name of the file

@@ -73,3 +73,16 @@ start() {
   await "the main window does not come" window "^TAV"
   focus "^TAV"
 }
+
+# the program is to end by itself, with status 0
+ends_well() {
+  for _ in $(seq 100); do
+    if ! kill -0 "$program" 2>/dev/null; then
+      wait "$program" || fail "the program ended with status $?"
+      echo "passed"
+      exit 0
+    fi
+    sleep 0.1
+  done
+  fail "the program does not end"
+}
