@@ -51,17 +51,20 @@ Ended Run(const std::string& program, std::vector<std::string> arguments) {
       ended.errors.append(part.data(), static_cast<std::size_t>(got));
     }
     int status = 0;
-    if (::waitpid(child, &status, 0) == child && WIFEXITED(status)) ended.status = WEXITSTATUS(status);
+    if (::waitpid(child, &status, 0) == child) {
+      constexpr int kKilled = 128;
+      ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : kKilled + WTERMSIG(status);
+    }
   }
   ::close(ends[0]);
   return ended;
 }
 
 /// The line in which the desktop program told why it failed.
-std::string ReasonIn(const std::string& errors) {
+std::string ReasonIn(const std::string& errors, const std::string& file) {
   const std::string start = "tav: ";
   const std::size_t at = errors.rfind(start);
-  if (at == std::string::npos) return "the PDF was not written";
+  if (at == std::string::npos) return file + ": the PDF was not written";
   const std::size_t from = at + start.size();
   return errors.substr(from, errors.find('\n', from) - from);
 }
@@ -98,7 +101,9 @@ PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
     : out_(std::move(out)),
       texts_(LanguageTable::Read(folders.ProgramFolder() / kLanguageFolder / kDefaultLanguage)),
       machine_(folders.ProgramFolder() / "logo.svg"),
-      pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {}
+      pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
+  if (out_.empty()) throw std::runtime_error("--pdf: the name of the file is missing");
+}
 
 void PageOutput::WritePdf(const std::string& title) const {
   if (!boxes_.first.empty()) throw FileError(pages_.Pages().Path(), 0, boxes_.first);
@@ -110,7 +115,7 @@ void PageOutput::WritePdf(const std::string& title) const {
   if (ended.status == -1 || ended.status == kNotFound) {
     throw FileError(out_, 0, "a PDF is drawn by the desktop program, tav, which could not be started");
   }
-  if (ended.status != 0) throw std::runtime_error(ReasonIn(ended.errors));
+  if (ended.status != 0) throw std::runtime_error(ReasonIn(ended.errors, out_.string()));
 }
 
 }  // namespace tav

@@ -22,15 +22,16 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
           report.file, 0,
           "--dive " + std::to_string(report.dive) + " is not among its " + std::to_string(dives) + " dives");
     }
+    const std::int16_t chosen = documents[static_cast<std::size_t>(std::max(0, report.dive - 1))];
     bool decompress = true;
     for (const std::int16_t document : documents) {
+      if (report.dive != 0 && document != chosen) continue;
       const std::string& fault = session.Forms()(document).EvaluationFault();
       if (!fault.empty()) throw FileError(report.file, 0, fault);
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
     GeneralReport pages(output.Pages(), {!options.vpm, false, options.hybrid, options.vpm}, nullptr);
-    const std::int16_t chosen = documents[static_cast<std::size_t>(std::max(0, report.dive - 1))];
     WriteLongReport(pages, session.Forms(), chosen, report.dive == 0 && dives > 1);
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;

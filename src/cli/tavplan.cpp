@@ -128,7 +128,8 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   CLI::App* report = app.add_subcommand("report", "Write the long report of a profile file as a PDF");
   report->add_option("FILE", reportDive.file, "Profile file (.tav)")->required();
   report->add_option("--pdf", reportDive.pdf, "The file to write")->required();
-  report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given");
+  report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given")
+      ->check(CLI::PositiveNumber);
   AddModelOptions(*report, reportOptions);
   report->footer(kReportExamples);
   report->callback([&] { status = ReportCommand(reportDive, reportOptions, folders, err); });

@@ -46,8 +46,8 @@ QSizeF PageArea::PageSize() const {
 }
 
 void PageArea::Refresh() {
-  if (view_->Page != drawnPage_ || view_->Zoom != drawnZoom_) image_ = {};
-  if (view_->Zoom != drawnZoom_) {
+  if (view_->Page != drawnPage_ || view_->Zoom != drawnZoom_) {
+    image_ = {};
     LayOut();
     horizontalScrollBar()->setValue(0);
     verticalScrollBar()->setValue(0);

@@ -1,6 +1,7 @@
 #include "desktop/qt_surface.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QSvgRenderer>
 #include <algorithm>
@@ -135,7 +136,8 @@ double PainterSurface::PageTextWidth(const std::string& text, const TextFont& fo
 bool PainterSurface::Picture(const std::filesystem::path& file, double x, double y, double width, double height) {
   QFile in(ToQt(file.string()));
   constexpr qint64 kLargest = 16 * 1024 * 1024;
-  if (!in.open(QIODevice::ReadOnly) || in.size() > kLargest) return false;
+  // A device or a pipe would never end.
+  if (!QFileInfo(in).isFile() || !in.open(QIODevice::ReadOnly) || in.size() > kLargest) return false;
   const QByteArray bytes = in.readAll();
   const QRectF place(Pixels(x), Pixels(y), width / unitsPerPixel_, height / unitsPerPixel_);
   if (bytes.contains("<svg")) {

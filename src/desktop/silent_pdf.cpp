@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QtGlobal>
 #include <cstdio>
-#include <stdexcept>
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -32,12 +32,12 @@ int SilentPdf(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   PageFile pages;
-  if (!pages.Open(argv[2])) return Fail(std::string(argv[2]) + ": the file can't be read");
+  if (!pages.Open(argv[2])) return Fail(std::string(argv[2]) + ": the file can't be read, or holds no page");
   try {
     QtPrinter printer;
     PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
                                  {[](int) {}, [] { return false; }});
-  } catch (const std::runtime_error& error) {
+  } catch (const std::exception& error) {
     return Fail(error.what());
   }
   return 0;

@@ -51,7 +51,7 @@ DiveInformation::Table DiveInformation::Profile() const {
                      Plain(numbers_.Fixed(row.RunTime, 1)), Plain(numbers_.Fixed(row.GasMixO2, 0)),
                      Plain(numbers_.Fixed(row.GasMixHe, 0)), PPO2Cell(row, deco),
                      Marked(numbers_.Fixed(cns, 1), cns > 100), Plain(numbers_.Fixed(row.OTU, 1)),
-                     Marked(numbers_.Fixed(row.END, 0), RoundSingle(row.END - template_.MaximalEND, 2) > kENDNoise),
+                     Marked(numbers_.Fixed(row.END, 0), RoundSingle(row.END - template_.MaximalEND, 3) > kENDNoise),
                      Plain(template_.OpenCircuit ? numbers_.Fixed(row.GasUsed, 1) : "--   "),
                      Plain(row.MaxMValue == 0 ? "" : numbers_.Fixed(Single(row.MaxMValue * 100), 1)),
                      Marked(showsGF ? numbers_.Fixed(Single(row.GF * 100), highGF ? 0 : 1) : "", highGF),

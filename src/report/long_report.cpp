@@ -38,6 +38,7 @@ void GeneralReport::LongReport(const Dive& dive) {
     if (SectionY_ <= kPageEnd) continue;
     SectionY_ = 1.5;
     NewPage();
+    TableY_ = SectionY_;
     ProfileHead();
   }
   TableY_ = SectionY_;
@@ -114,8 +115,8 @@ void GeneralReport::RowBand(Single y, int index, const std::vector<std::pair<dou
   }
 }
 
-std::string GeneralReport::Fitted(const std::string& text, double cm) const {
-  const TextFont font{kArial, 10, false};
+std::string GeneralReport::Fitted(const std::string& text, double cm, bool bold) const {
+  const TextFont font{kArial, 10, bold};
   const auto fits = [&](const std::string& part) {
     return out_.Services().measure.TextWidth(part, font) <= cm * page::kUnitsPerCm;
   };

@@ -49,7 +49,7 @@ class GeneralReport {
   void RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes);
   void Outline(Single top, Single bottom) { out_.PrintBoxOutline(1.9, top, 27.1, bottom); }
   /// The text, cut short where it would run into the next column.
-  [[nodiscard]] std::string Fitted(const std::string& text, double cm) const;
+  [[nodiscard]] std::string Fitted(const std::string& text, double cm, bool bold = false) const;
 
   // report_settings.cpp
   void PrintInfoHeader();

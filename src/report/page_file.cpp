@@ -6,7 +6,7 @@
 
 namespace tav {
 
-void PageFile::Begin(const std::filesystem::path& file) {
+void PageFile::Begin(const std::filesystem::path& file, const std::string& fault) {
   path_ = file;
   out_.close();
   out_.clear();
@@ -14,7 +14,11 @@ void PageFile::Begin(const std::filesystem::path& file) {
   written_ = 0;
   starts_.clear();
   ends_.clear();
-  fault_.clear();
+  fault_ = fault;
+  if (!fault_.empty()) {
+    out_.setstate(std::ios::badbit);
+    return;
+  }
   errno = 0;
   out_.open(path_, std::ios::binary | std::ios::trunc);
   if (!out_) Blame(path_);
@@ -27,29 +31,32 @@ bool PageFile::Open(const std::filesystem::path& file) {
   ends_.clear();
   std::ifstream in(file, std::ios::binary);
   for (std::string line; std::getline(in, line);) {
+    const std::size_t length = line.size() + (in.eof() ? 0 : 1);
     if (line.ends_with('\r')) line.pop_back();
-    Index(line);
+    Index(line, length);
   }
-  return in.eof();
+  return in.eof() && Pages() > 0;
 }
 
 void PageFile::Append(std::string_view line) {
-  const auto at = pending_.size();
   pending_ += line;
-  // A line break would make an argument two lines, and all that follows would be read as something else.
-  std::replace_if(
-      pending_.begin() + static_cast<std::ptrdiff_t>(at), pending_.end(), [](char c) { return c == '\r' || c == '\n'; },
-      ' ');
   pending_ += "\r\n";
-  Index(line);
+  Index(line, line.size() + 2);
 }
 
-void PageFile::Index(std::string_view line) {
-  if (line == kEndPage && ends_.size() < starts_.size()) {
-    ends_.resize(starts_.size() - 1, written_);
-    ends_.push_back(written_);
-  }
-  written_ += line.size() + 2;
+void PageFile::AppendArgument(std::string_view line) {
+  std::string text(line);
+  // A line break would make an argument two lines, and all that follows would be read as something else.
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  if (text == kStartPage || text == kEndPage) text.insert(0, " ");
+  Append(text);
+}
+
+void PageFile::Index(std::string_view line, std::size_t length) {
+  const bool open = ends_.size() < starts_.size();
+  if (open && (line == kEndPage || line == kStartPage)) ends_.push_back(written_);
+  written_ += length;
   if (line == kStartPage) starts_.push_back(written_);
 }
 
@@ -63,7 +70,9 @@ void PageFile::Flush() {
 
 void PageFile::Blame(const std::filesystem::path& file) {
   if (!fault_.empty()) return;
-  fault_ = file.string() + ": " + (errno != 0 ? std::strerror(errno) : "the file can't be written");
+  const int reason = errno;
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
+  fault_ = file.string() + ": " + (reason != 0 ? std::strerror(reason) : "the file can't be written");
 }
 
 std::string PageFile::Page(int number) const {

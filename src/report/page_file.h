@@ -22,12 +22,15 @@ class PageFile {
   PageFile& operator=(const PageFile&) = delete;
   ~PageFile() = default;
 
-  /// Empties the file, or makes it.
-  void Begin(const std::filesystem::path& file);
-  /// Takes a file that has been written already, for reading. False when it can't be read.
+  /// Empties the file, or makes it. With a `fault` there is no place for it, and all that is written is lost.
+  void Begin(const std::filesystem::path& file, const std::string& fault = "");
+  /// Takes a file that has been written already, for reading. False when it can't be read or holds no page.
   bool Open(const std::filesystem::path& file);
-  /// Appends one line; a line break in it becomes a blank. It is in the file after the next Flush.
+  /// Appends a line that begins or ends a page, or a command. It is in the file after the next Flush.
   void Append(std::string_view line);
+  /// Appends a line that tells what a command works on. A line break in it becomes a blank, and a text that reads like
+  /// the beginning or the end of a page gets a blank before it.
+  void AppendArgument(std::string_view line);
   void Flush();
 
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
@@ -41,7 +44,8 @@ class PageFile {
   void Blame(const std::filesystem::path& file);
 
  private:
-  void Index(std::string_view line);
+  /// Notes where pages begin and end; `length` is that of the line with its end.
+  void Index(std::string_view line, std::size_t length);
 
   std::filesystem::path path_;
   std::ofstream out_;

@@ -15,11 +15,11 @@ constexpr double kLargestZoom = 1.5;
 constexpr double kSmallestZoom = 0.1;
 constexpr double kStep = 0.9;
 
-/// A size from the settings in twips, or what is left of the screen.
-int SizeIn(const SettingsStore& settings, const std::string& name, int otherwise) {
+/// A size from the settings in twips, as far as the screen has it; or what is left of the screen.
+int SizeIn(const SettingsStore& settings, const std::string& name, int room, int left) {
   const auto stored = ParseStrict(settings.ReadSetting(kSection, name));
   constexpr double kSmallest = 3000;
-  return stored && *stored >= kSmallest ? static_cast<int>(std::min<double>(*stored, otherwise)) : otherwise;
+  return stored && *stored >= kSmallest ? static_cast<int>(std::min<double>(*stored, room)) : left;
 }
 
 }  // namespace
@@ -52,8 +52,8 @@ void PrintPrev::Form_Load() {
   const Screen::Room room = platform_.screen.AvailableRoom();
   constexpr int kBesideWindow = 300;
   constexpr int kBelowWindow = 1500;
-  Width = SizeIn(settings, "Width", room.width - kBesideWindow);
-  Height = SizeIn(settings, "Height", room.height - kBelowWindow);
+  Width = SizeIn(settings, "Width", room.width, room.width - kBesideWindow);
+  Height = SizeIn(settings, "Height", room.height, room.height - kBelowWindow);
   const std::string zoom = settings.ReadSetting(kSection, "ZoomFactor");
   zoomFactor_ = zoom.empty() ? kUsualZoom : ParseLenient(zoom);
   if (!(zoomFactor_ > 0 && zoomFactor_ <= kLargestZoom)) zoomFactor_ = kUsualZoom;

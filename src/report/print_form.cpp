@@ -66,10 +66,10 @@ void PrintPrint::PrintRange(int first, int last) {
   Command2.Bold = true;
   Command1.Enabled = false;
   Command3.Enabled = false;
-  platform_.screen.ShowHourglass(true);
   try {
     const auto job = platform_.printer.Start(title_);
     if (job) {
+      platform_.screen.ShowHourglass(true);
       PagePlayer(report_.Pages())
           .PrintPages(first, last, *job,
                       {[&](int page) {

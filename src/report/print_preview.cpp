@@ -1,8 +1,6 @@
 #include "report/print_preview.h"
 
 #include <cmath>
-#include <cstdlib>
-#include <system_error>
 #include <utility>
 
 #include "report/page_units.h"
@@ -21,35 +19,24 @@ const std::string kArial = "Arial";
 PrintPreview::PrintPreview(PageServices services, const TextSource& texts)
     : services_(std::move(services)), texts_(texts) {}
 
-PrintPreview::~PrintPreview() {
-  std::error_code error;
-  if (!tempPath_.empty()) fs::remove_all(tempPath_, error);
-}
-
-void PrintPreview::MakeFolder() {
-  std::error_code error;
-  fs::path parent = services_.environment.TemporaryFolder();
-  if (!fs::is_directory(parent, error)) parent = fs::current_path(error);
-  // mkdtemp makes a folder of a new name that is the user's alone.
-  std::string name = (parent / "tav-XXXXXX").string();
-  tempPath_ = ::mkdtemp(name.data()) != nullptr ? fs::path(name) : parent / "tav";
-}
+PrintPreview::~PrintPreview() = default;
 
 void PrintPreview::InitPreview() {
-  std::error_code error;
-  if (tempPath_.empty() || !fs::is_directory(tempPath_, error)) MakeFolder();
   if (window != nullptr) window->ClosePreview();
-  // Pictures of earlier reports are of no use any more.
-  for (const auto& entry : fs::directory_iterator(tempPath_, error)) fs::remove(entry.path(), error);
+  // With the folder go the pictures of earlier reports.
+  folder_.Renew(services_.environment.TemporaryFolder());
   pictures_ = 0;
   documentName.clear();
-  file_.Begin(tempPath_ / "_$$_TEMP.TMP");
+  file_.Begin(folder_.Path().empty() ? std::filesystem::path() : folder_.Path() / "_$$_TEMP.TMP", folder_.Fault());
 }
 
-void PrintPreview::TemPrint(std::string_view line) { Lines({line}); }
+void PrintPreview::TemPrint(std::string_view line) {
+  file_.Append(line);
+  if (batches_ == 0) file_.Flush();
+}
 
 void PrintPreview::Lines(std::initializer_list<std::string_view> lines) {
-  for (const std::string_view line : lines) file_.Append(line);
+  for (const std::string_view line : lines) file_.AppendArgument(line);
   if (batches_ == 0) file_.Flush();
 }
 
@@ -148,7 +135,7 @@ void PrintPreview::SetForeColor(Colour colour) { Lines({"#ForeColor", std::to_st
 void PrintPreview::PrintPicture(const std::string& picture, Single x, Single y, Single width, Single height) {
   // Numbered and not drawn by lot: no two pictures of a report share a file.
   constexpr int kFirst = 100000;
-  const fs::path path = tempPath_ / ("_$$_" + FormatZeroFilled(kFirst + pictures_++, 6) + ".tmp");
+  const fs::path path = folder_.Path() / ("_$$_" + FormatZeroFilled(kFirst + pictures_++, 6) + ".tmp");
   std::ofstream out(path, std::ios::binary);
   out.write(picture.data(), static_cast<std::streamsize>(picture.size()));
   if (!out.flush()) file_.Blame(path);

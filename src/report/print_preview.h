@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "platform/text_source.h"
 #include "report/page_file.h"
+#include "report/scratch_folder.h"
 
 namespace tav {
 
@@ -107,7 +108,7 @@ class PrintPreview {
 
   [[nodiscard]] const PageFile& Pages() const { return file_; }
   /// The scratch folder, readable by the user alone; empty until the first report.
-  [[nodiscard]] const std::filesystem::path& TempPath() const { return tempPath_; }
+  [[nodiscard]] const std::filesystem::path& TempPath() const { return folder_.Path(); }
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
   [[nodiscard]] const PageServices& Services() const { return services_; }
 
@@ -119,11 +120,10 @@ class PrintPreview {
   void Lines(std::initializer_list<std::string_view> lines);
   [[nodiscard]] std::string Written(Single value) const;
   [[nodiscard]] std::string Units(Single cm) const;
-  void MakeFolder();
 
   PageServices services_;
   const TextSource& texts_;
-  std::filesystem::path tempPath_;
+  ScratchFolder folder_;
   PageFile file_;
   int pictures_ = 0;
   int batches_ = 0;

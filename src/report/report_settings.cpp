@@ -54,7 +54,7 @@ void GeneralReport::SeriesBand() {
 void GeneralReport::SettingsTable() {
   DiveTemplate& t = Template();
   // The altitude that belongs to the pressure, which is what counts.
-  t.EndAltitude = PressureToAltitude(t.EndPressure, t.Metric).value_or(static_cast<std::int16_t>(0));
+  if (const auto altitude = PressureToAltitude(t.EndPressure, t.Metric)) t.EndAltitude = *altitude;
   const std::string pressure = T(t.Metric ? 6028 : 6030);
   const std::string length = T(t.Metric ? 6027 : 6029);
   const bool veryHighGF = t.UseGF && t.GFHigh > 1.0;
@@ -200,7 +200,7 @@ void GeneralReport::GasTable() {
     constexpr double kReserve = 1.5;
     RowBand(y, static_cast<int>(i), kGasBoxes);
     InWhite([&] {
-      Left(kGasCols[0], y, Fitted(gas.Name, 2.1), 10, true);
+      Left(kGasCols[0], y, Fitted(gas.Name, 2.0, true), 10, true);
       Right(kGasCols[1] + 0.6, y, numbers_.Fixed(gas.O2, 0));
       Right(kGasCols[2] + 0.5, y, numbers_.Fixed(gas.He, 0));
       Right(kGasCols[5] + 1.2, y, numbers_.Fixed(gas.total, 1));

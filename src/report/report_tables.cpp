@@ -123,10 +123,15 @@ void GeneralReport::ProfileRow(std::int16_t index) {
 
 void GeneralReport::DecoHead(DecoTable table) {
   const bool bottom = table == DecoTable::Bottom;
-  constexpr double kLowestHead = 15.5;
-  if (DecoY_ > kLowestHead) {
+  // A head is never alone on its page: a row of stops must end above the footer.
+  constexpr double kLowestBottomHead = 15.5;
+  constexpr double kLowestStopHead = 14.6;
+  if (bottom && DecoY_ > kLowestBottomHead) {
     NewPage();
     DecoY_ = 3.0;
+  } else if (!bottom && DecoY_ > kLowestStopHead) {
+    NewPage();
+    DecoY_ = kTopOfPage;
   }
   const bool metric = Template().Metric;
   const int length = metric ? 6061 : 6062;

@@ -247,7 +247,8 @@ TEST_F(Tavplan, MakesAndSavesAPlanFromLegs) {
 }
 
 TEST_F(Tavplan, TellsAFillInFiguresForAScript) {
-  for (const json& known : json::parse(std::ifstream(kRoot / "tests/data/vectors/units.json"))["fills"]) {
+  const json units = json::parse(std::ifstream(kRoot / "tests/data/vectors/units.json"));
+  for (const json& known : units.at("fills")) {
     const auto fill = [&](const char* mix, const char* pressure) {
       return known[mix][0].dump() + "/" + known[mix][1].dump() + "@" + known[pressure].dump();
     };

@@ -148,17 +148,18 @@ TEST_F(ReportPdfFile, OfABailoutHasEveryCellOfItsTables) {
   std::set<std::string> words;
   for (const Words& line : LinesOf(OutputOf("pdftotext -layout " + pdf.string() + " -"))) words.insert(Told(line));
   ASSERT_EQ(Run({"bailout", plan, "--interval", "12", "--json"}), ExitStatus::kFine);
-  for (const json& scenario : json::parse(out_.str()).at("scenarios")) {
+  const json told = json::parse(out_.str());
+  for (const json& scenario : told.at("scenarios")) {
     for (const json& row : scenario.at("cells")) {
       Words cells;
       for (const std::string text : row) {
         if (!text.empty()) cells.push_back(text);
       }
       // Tables stand beside each other, so a row is a part of a line.
-      const std::string told = Told(cells);
+      const std::string part = Told(cells);
       EXPECT_TRUE(std::any_of(words.begin(), words.end(), [&](const std::string& line) {
-        return line.find(told) != std::string::npos;
-      })) << told;
+        return line.find(part) != std::string::npos;
+      })) << part;
     }
   }
 }

@@ -149,6 +149,17 @@ TEST(Information, FiguresHaveTheUsersDecimalSeparator) {
   EXPECT_EQ(german.Info().highGF, "0,85");
 }
 
+TEST(InformationText, TellsGradientFactorsWhereTheyAreOn) {
+  Dive dive;
+  dive.t.GFLow = 0.3;
+  dive.t.GFHigh = 0.85;
+  const DiveInformation information = dive.Information();
+  const std::string text = InformationText(
+      {"wreck", "", information.Info(), information.Profile(), information.DecoStops(), information.Gas()}, dive.texts);
+  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6171*: 0.30"));
+  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6170*: 0.85"));
+}
+
 TEST(InformationText, StandsInColumns) {
   Dive dive;
   dive.t.UseGF = false;

@@ -49,6 +49,10 @@ class LongReports : public testing::Test {
     for (const Stroke& stroke : Page(number)) texts_.push_back(stroke.text);
     return texts_;
   }
+  [[nodiscard]] bool Has(int number, const std::string& text) const {
+    const auto on = Texts(number);
+    return std::find(on.begin(), on.end(), text) != on.end();
+  }
   /// How many rows of the profile table stand on a page: its first column has white figures left of 3 cm.
   [[nodiscard]] int RowsOn(int number) const {
     int rows = 0;
@@ -82,12 +86,91 @@ TEST_F(LongReports, TurnThePageOnlyWhenAFurtherRowFollows) {
   }
 }
 
-TEST_F(LongReports, StopsGoOnOnAFurtherPage) {
-  Write(14, RowStatus::kStop, true);
-  const int short_ = writer.Pages().Pages();
-  Write(19, RowStatus::kStop, true);  // behind the empty line of bottom segments there is room for 13
-  EXPECT_EQ(writer.Pages().Pages(), short_);
-  EXPECT_THAT(Texts(writer.Pages().Pages() - 1), Contains("*StringID 6096*"));
+TEST_F(LongReports, BottomSegmentsAndStopsGoOnOnFurtherPages) {
+  // How many pages have a head of stops, and on which of them the last stop stands above the footer.
+  struct Case {
+    std::int16_t status;
+    bool stops;
+    int rows;
+    int bottomHeads;
+    int stopHeads;
+  };
+  for (const Case& c : {Case{RowStatus::kStop, true, 13, 1, 1}, Case{RowStatus::kStop, true, 14, 2, 2},
+                        Case{RowStatus::kLeg, false, 14, 1, 1}, Case{RowStatus::kLeg, false, 16, 1, 1},
+                        Case{RowStatus::kLeg, false, 18, 1, 1}, Case{RowStatus::kLeg, false, 19, 2, 1}}) {
+    Write(c.rows, c.status, c.stops);
+    int bottomHeads = 0;
+    int stopHeads = 0;
+    for (int page = 1; page <= writer.Pages().Pages(); ++page) {
+      bottomHeads += Has(page, "*StringID 6088*");
+      stopHeads += Has(page, "*StringID 6096*");
+      for (const Stroke& stroke : Page(page)) {
+        const bool row = stroke.kind == Kind::PageText && stroke.font.points == 10 && !stroke.font.bold;
+        EXPECT_TRUE(!row || stroke.y0 <= 16.8 * kCm) << c.rows << " rows, page " << page << ": " << stroke.text;
+      }
+    }
+    EXPECT_EQ(bottomHeads, c.bottomHeads) << c.rows;
+    EXPECT_EQ(stopHeads, c.stopHeads) << c.rows;
+  }
+}
+
+TEST_F(LongReports, APlanThatDoesNotDecompressSaysSoOnEachPageInTheOpen) {
+  ClassProfile profile;
+  for (int i = 1; i <= 17; ++i) {
+    profile.NewWayPoint();
+    profile.Row(static_cast<std::int16_t>(i)).Status = RowStatus::kLeg;
+  }
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0, false});
+  for (int page = 1; page <= writer.Pages().Pages(); ++page) {
+    const auto strokes = Page(page);
+    const auto notice = std::find_if(strokes.begin(), strokes.end(),
+                                     [](const Stroke& stroke) { return stroke.text == "*StringID 7020*"; });
+    ASSERT_NE(notice, strokes.end()) << page;
+    EXPECT_EQ(notice->colour, kRed);
+    for (const Stroke& stroke : strokes) {
+      EXPECT_FALSE(stroke.kind == Kind::FilledBox && stroke.y0 < notice->y0 + 250 && stroke.y1 > notice->y0)
+          << page << ": a box lies over the notice";
+    }
+  }
+}
+
+TEST_F(LongReports, APPO2AtItsLimitIsBold) {
+  ClassProfile profile;
+  for (const double ppo2 : {1.39, 1.4}) {
+    profile.NewWayPoint();
+    profile.Row(profile.GetLength()).PPO2 = ppo2;
+  }
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0});
+  for (const Stroke& stroke : Page(1)) {
+    if (stroke.colour != RGB(255, 255, 255)) continue;
+    EXPECT_FALSE(stroke.text == "1.39" && stroke.font.bold);
+    EXPECT_FALSE(stroke.text == "1.40" && stroke.x0 > 17 * kCm && !stroke.font.bold);
+  }
+}
+
+TEST_F(LongReports, FiguresStandInTheirColumns) {
+  ClassProfile profile;
+  profile.NewWayPoint();
+  Waypoint& row = profile.Row(1);
+  row.Status = RowStatus::kStop;
+  row.StopDepth = 12;
+  row.StopTime = 3;
+  row.RunTime = 61;
+  row.GasUsed = 77;
+  row.GF = 0.85;
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0});
+  // Right edges in cm, and left ones behind "<".
+  const std::pair<const char*, double> columns[] = {{"12", 2.7}, {"3", 3.7}, {"61", 5.8}, {"77", 11.8}, {"85", -17.5}};
+  const auto page = Page(2);
+  for (const auto& [text, edge] : columns) {
+    EXPECT_TRUE(std::any_of(page.begin(), page.end(), [text = std::string(text), edge = edge](const Stroke& stroke) {
+      const double width = edge > 0 ? 100.0 * static_cast<double>(text.size()) : 0;
+      return stroke.text == text && std::fabs(stroke.x0 + width - std::fabs(edge) * kCm) < 0.5;
+    })) << text;
+  }
 }
 
 TEST_F(LongReports, SayWhatIsMissing) {

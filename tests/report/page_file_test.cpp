@@ -126,13 +126,31 @@ TEST_F(Pages, PicturesAreFilesBesideThePagesAndAMissingOneLeavesItsPlaceToTheLas
   EXPECT_FALSE(std::filesystem::exists(pictures[0].text));
 }
 
-TEST_F(Pages, ALineBreakInATextStartsNoCommand) {
+TEST_F(Pages, NoTextBeginsOrEndsAPage) {
   writer.InitPreview();
   writer.StartPlainPage();
-  writer.PrintTextLeft(1, 1, "wreck\r\n#endpage\r\n#startpage", "Arial", 10, 0);
+  const std::vector<std::string> texts_{"wreck\r\n#endpage\r\n#startpage", "#endpage", "#startpage", "#txt_l"};
+  for (const std::string& text : texts_) writer.PrintTextLeft(1, 1, text, "Arial", 10, 0);
   writer.PrintPlainFooter("", "");
   EXPECT_EQ(writer.Pages().Pages(), 1);
-  EXPECT_EQ(Shown(1)->Texts().front(), "wreck  #endpage  #startpage");
+  EXPECT_THAT(Shown(1)->Texts(),
+              ElementsAre("wreck  #endpage  #startpage", " #endpage", " #startpage", "#txt_l", "", ""));
+}
+
+TEST_F(Pages, AFileOfOthersIsIndexedByItsOwnLines) {
+  const auto opened = [&](const std::string& text) {
+    std::ofstream(folder.Path() / "pages", std::ios::binary) << text;
+    auto file = std::make_unique<PageFile>();
+    const bool usable = file->Open(folder.Path() / "pages");
+    EXPECT_EQ(usable, file->Pages() > 0);
+    return file;
+  };
+  EXPECT_EQ(opened("#startpage\na\n#endpage\n#startpage\nb\n#endpage\n")->Page(2), "b\n");
+  const auto unclosed = opened("#startpage\r\na\r\n#startpage\r\nb");
+  EXPECT_EQ(unclosed->Page(1), "a\r\n");
+  EXPECT_EQ(unclosed->Page(2), "b");
+  EXPECT_EQ(opened("#endpage\r\n")->Pages(), 0);
+  EXPECT_FALSE(PageFile().Open(folder.Path() / "none"));
 }
 
 TEST_F(Pages, TheScratchFolderIsTheUsersAlone) {
@@ -145,6 +163,20 @@ TEST_F(Pages, TheScratchFolderIsTheUsersAlone) {
     EXPECT_EQ(std::filesystem::status(path).permissions() & (perms::group_all | perms::others_all), perms::none);
   }
   EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(Pages, WhatAKilledProcessLeftIsTakenAwayAndNothingElse) {
+  // No process has a number beyond the largest of the system.
+  const std::pair<const char*, bool> folders[] = {{"tav-pages-99999999-abcdef", false},
+                                                  {"tav", true},
+                                                  {"tav-pages-x", true},
+                                                  {"tav-pages-1-abcdef", true}};  // process 1 is always there
+  for (const auto& [name, stays] : folders) {
+    std::filesystem::create_directory(folder.Path() / name);
+    std::ofstream(folder.Path() / name / "file") << "x";
+  }
+  writer.InitPreview();
+  for (const auto& [name, stays] : folders) EXPECT_EQ(std::filesystem::exists(folder.Path() / name), stays) << name;
 }
 
 TEST_F(Pages, AReportThatCanNotBeWrittenEndsWithOneMessage) {
@@ -162,7 +194,7 @@ TEST_F(Pages, AReportThatCanNotBeWrittenEndsWithOneMessage) {
   writer.EndReport("Report");
   std::filesystem::current_path(before);
   ASSERT_EQ(platform.boxes.size(), 1U);
-  EXPECT_THAT(platform.LastBox().text, HasSubstr("_$$_TEMP.TMP"));
+  EXPECT_THAT(platform.LastBox().text, HasSubstr("/proc: "));
   EXPECT_FALSE(window.shown);
 }
 

@@ -101,6 +101,15 @@ TEST_F(Preview, SavesAPdfOfAllPagesUnderTheNameOfThePlan) {
   EXPECT_THAT(platform.printer.jobs[0]->title, HasSubstr("wreck"));
 }
 
+TEST_F(Preview, APdfThatCanNotBeWrittenIsAMessage) {
+  PrintPrev& preview = Show();
+  platform.filesChosen.push_back("/tmp/plan.pdf");
+  platform.printer.fails = "disk full";
+  preview.cbPdf.Press();
+  EXPECT_EQ(platform.LastBox().text, "*StringID 7214*\r\ndisk full");
+  EXPECT_FALSE(platform.hourglass);
+}
+
 /// The dialog on a report of five pages.
 class PrintDialog : public Preview {
  protected:
@@ -129,6 +138,36 @@ TEST_F(PrintDialog, AFirstPageBehindTheLastPrintsThatPageAlone) {
   dialog.Command1.Press();
   EXPECT_EQ(platform.LastBox().text, "*StringID 2211*3?");
   EXPECT_EQ(platform.printer.jobs.at(0)->sheets.size(), 1U);
+}
+
+TEST_F(PrintDialog, ACancelLetsThePageFinishAndTheJobEnd) {
+  platform.answers = {BoxAnswer::Yes};
+  int pages = 0;
+  platform.onEvents = [&] {
+    EXPECT_TRUE(dialog.Command2.Bold);
+    if (++pages == 2) dialog.Command2.Press();
+  };
+  dialog.Command1.Press();
+  EXPECT_EQ(platform.printer.jobs.at(0)->sheets.size(), 2U);
+  EXPECT_TRUE(platform.printer.jobs.at(0)->ended);
+  EXPECT_FALSE(dialog.IsLoaded() || platform.hourglass);
+  EXPECT_EQ(dialog.ProgressBar1.Value.Get(), 40);
+}
+
+TEST_F(PrintDialog, SaysWhatThePrinterReportsAndNothingWhenTheUserGivesUp) {
+  platform.answers = {BoxAnswer::Yes};
+  platform.printer.givesUp = true;
+  dialog.Command1.Press();
+  EXPECT_EQ(platform.boxes.size(), 1U);  // the question
+
+  platform.printer.givesUp = false;
+  platform.printer.fails = "out of paper";
+  platform.answers = {BoxAnswer::Yes};
+  PrintPrint second(writer, platform, "wreck");
+  second.Load();
+  second.Command1.Press();
+  EXPECT_EQ(platform.LastBox().text, "*StringID 7202*\r\nout of paper");
+  EXPECT_FALSE(platform.hourglass);
 }
 
 TEST_F(PrintDialog, ClosesWithoutPrintingOnNoAndWithoutAPrinterItSaysSo) {

@@ -35,6 +35,7 @@ shot graph
 picture waypoint "New Stop Data" Insert
 picture conservatism "^Conservatism$" ctrl+r
 picture surface-interval "^Surface Interval$" ctrl+g
+picture information "^Dive Information" ctrl+f
 picture languages "^Language" alt+d Up Return
 picture help "^Help" F1
 picture about "^About" alt+h Up Return
@@ -43,6 +44,20 @@ picture contributors "^Contributors" alt+h Up Up Return
 
 picture bailout "^Bail-out$" ctrl+b
 picture table-expert "^Table Expert$" ctrl+e
+focus "^TAV"
+keys ctrl+i
+focus "^General report"
+keys plus plus Next
+shot report "^General report"
+keys End
+shot report-summary "^General report"
+keys alt+p
+focus "^Print$"
+shot print "^Print$"
+keys Escape
+focus "^General report"
+keys Escape
+await "the preview stays" gone "^General report"
 focus "^TAV"
 keys ctrl+b
 focus "^Bail-out$"

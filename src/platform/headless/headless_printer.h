@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +25,7 @@ class HeadlessPrinter : public Printer {
   std::vector<std::shared_ptr<Sent>> jobs;
   bool installed = true;
   bool givesUp = false;  ///< the user leaves the print dialog
+  std::string fails;     ///< why a job can't be ended; empty when it can
   int setUps = 0;
 
   [[nodiscard]] bool HasPrinter() const override { return installed; }
@@ -36,18 +38,24 @@ class HeadlessPrinter : public Printer {
  private:
   class Job : public PrintJob {
    public:
-    explicit Job(std::shared_ptr<Sent> sent) : sent_(std::move(sent)) { Job::NewSheet(); }
+    Job(std::shared_ptr<Sent> sent, std::string fails) : sent_(std::move(sent)), fails_(std::move(fails)) {
+      Job::NewSheet();
+    }
     [[nodiscard]] DrawingSurface& Sheet() override { return *sent_->sheets.back(); }
     void NewSheet() override { sent_->sheets.push_back(std::make_shared<RecordingSurface>(16839.9, 11907.0)); }
-    void EndDoc() override { sent_->ended = true; }
+    void EndDoc() override {
+      if (!fails_.empty()) throw std::runtime_error(fails_);
+      sent_->ended = true;
+    }
 
    private:
     std::shared_ptr<Sent> sent_;
+    std::string fails_;
   };
 
   std::unique_ptr<PrintJob> Begin(const std::string& title, const std::filesystem::path& file) {
     jobs.push_back(std::make_shared<Sent>(Sent{title, file, {}, false}));
-    return std::make_unique<Job>(jobs.back());
+    return std::make_unique<Job>(jobs.back(), fails);
   }
 };
 

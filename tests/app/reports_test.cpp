@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "dialogs/general_info.h"
+#include "dialogs/report_selection.h"
+#include "report/preview_form.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+/// The program with the series of two dives in a mountain lake, dive 1 in front.
+struct Series : test::HeadlessProgram {
+  Series() {
+    EXPECT_TRUE(Start({Dive("lake-series.tav").string()}));
+    platform.Activate(Editor().getFirstProfile());
+  }
+  /// Presses the report command and answers its question.
+  void Report(const std::function<void(frmReportSelection&)>& answer) {
+    platform.onModal = {[&](Form& form) { answer(dynamic_cast<frmReportSelection&>(form)); }};
+    Main().mnuGeneralReport.Choose();
+  }
+  [[nodiscard]] std::shared_ptr<PrintPrev> Preview() const {
+    return platform.modeless.empty() ? nullptr : std::dynamic_pointer_cast<PrintPrev>(platform.modeless.back());
+  }
+};
+
+TEST(ReportCommand, CoversTheCurrentDiveOrTheWholeSeries) {
+  Series p;
+  p.Report([](frmReportSelection& form) { form.Command1.Press(); });
+  ASSERT_NE(p.Preview(), nullptr);
+  EXPECT_EQ(p.Preview()->getPageMax(), "4");
+  EXPECT_EQ(p.platform.modeless.size(), 1U) << "the wait window has gone";
+  EXPECT_FALSE(p.platform.hourglass);
+
+  p.Report([](frmReportSelection& form) {
+    form.Option2.Choose();
+    EXPECT_FALSE(form.Option1.Value);
+    form.Command1.Press();
+  });
+  EXPECT_EQ(p.Preview()->getPageMax(), "8");
+  EXPECT_EQ(p.platform.modeless.size(), 1U) << "the preview of the report before has gone";
+
+  p.platform.modeless.clear();
+  p.Report([](frmReportSelection& form) { form.Command2.Press(); });
+  EXPECT_EQ(p.Preview(), nullptr);
+}
+
+TEST(InformationWindow, ShowsTheDiveOfItsTab) {
+  Series p;
+  p.platform.onModal = {[&](Form& form) {
+    auto& window = dynamic_cast<frmGeneralInfo&>(form);
+    EXPECT_EQ(window.Caption.Get(), "Dive Information: lake-series.tav");
+    EXPECT_EQ(window.TabStrip1.Tabs.Get().size(), 2U);
+    EXPECT_FALSE(window.Label17.Visible);
+    const std::string first = window.fgSummary.Cells.Get()[4][3].text;
+    window.TabStrip1.Select(1);
+    EXPECT_NE(window.fgSummary.Cells.Get()[4][3].text, first);
+    EXPECT_TRUE(window.Label17.Visible);
+    EXPECT_EQ(window.Label17.Caption.Get(), "2 hrs :0 min");
+
+    window.ContextMenu();
+    ASSERT_EQ(p.platform.popup.size(), 1U);
+    p.platform.popup[0]->Choose();
+    EXPECT_THAT(p.platform.clipboardText, HasSubstr("2 hrs :0 min"));
+    EXPECT_THAT(p.platform.clipboardText, HasSubstr(p.program.Forms().Caption(p.Editor().NextProfile)));
+    EXPECT_EQ(p.platform.LastBox().text, "Copy to clipboard done");
+    window.Command1.Press();
+  }};
+  p.Main().mnuDiveInformation.Choose();
+  EXPECT_EQ(p.platform.modalForms.back(), "frmGeneralInfo");
+}
+
+TEST(InformationWindow, KeepsTheColumnsThatTheUserWidened) {
+  Series p;
+  for (const bool first : {true, false}) {
+    p.platform.onModal = {[&](Form& form) {
+      auto& window = dynamic_cast<frmGeneralInfo&>(form);
+      if (first) {
+        EXPECT_TRUE(window.fginfo.ColumnWidths.empty());
+        window.fginfo.ColumnWidths = {60, 72};
+      } else {
+        EXPECT_EQ(window.fginfo.ColumnWidths, (std::vector<int>{60, 72}));
+        EXPECT_TRUE(window.fgDecoStop.ColumnWidths.empty());
+      }
+    }};
+    p.Main().mnuDiveInformation.Choose();
+  }
+}
+
+TEST(InformationWindow, SaysWhenAPlanDoesNotDecompress) {
+  Series p;
+  for (const bool decompresses : {true, false}) {
+    p.Document().Decompresses = decompresses;
+    p.platform.onModal = {
+        [&](Form& form) { EXPECT_EQ(dynamic_cast<frmGeneralInfo&>(form).lbNotice.Visible.Get(), !decompresses); }};
+    p.Main().mnuDiveInformation.Choose();
+  }
+}
+
+}  // namespace
+}  // namespace tav
