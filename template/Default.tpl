@@ -18,9 +18,9 @@ StartPressure= 1.01325
 EndAltitude= 0
 EndPressure= 1.01325
 # Warning section
-PPO2Low=1
-PPO2High=1
-MaxEnd=1
+PPO2Low=0
+PPO2High=0
+MaxEnd=0
 CeilingOverride= 0
 # Properties
 RMV= 20

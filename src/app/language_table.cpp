@@ -57,6 +57,10 @@ std::string LanguageTable::GetResString(int id) const {
   return found == texts_.end() || found->second.empty() ? TextSource::GetResString(id) : found->second;
 }
 
+LanguageTable DefaultTexts(const std::filesystem::path& programFolder) {
+  return LanguageTable::Read(programFolder / kLanguageFolder / kDefaultLanguage);
+}
+
 Language LoadLanguage(const std::filesystem::path& programFolder, const std::string& name, LanguageTable& table,
                       MessageBoxes& boxes) {
   const std::filesystem::path folder = programFolder / kLanguageFolder;

@@ -46,6 +46,9 @@ struct Language {
 constexpr std::string_view kLanguageFolder = "lang";
 constexpr std::string_view kDefaultLanguage = "TAV_uk.dll";
 
+/// The default language alone, for the command line. Throws FileError.
+LanguageTable DefaultTexts(const std::filesystem::path& programFolder);
+
 /// Loads the table of that name into `table`, or with a message the default language. The help file is that of the
 /// same base name when it exists, else the default language's.
 Language LoadLanguage(const std::filesystem::path& programFolder, const std::string& name, LanguageTable& table,

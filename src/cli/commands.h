@@ -26,8 +26,8 @@ struct OutputOptions {
 };
 
 /// Prints the schedules of profile files.
-int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, std::ostream& out,
-                std::ostream& err);
+int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,
+                std::ostream& out, std::ostream& err);
 
 struct NewPlanOptions {
   std::vector<std::string> legs;  ///< DEPTH:TIME or DEPTH:TIME@GAS

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "advice/finding.h"
 #include "cli/plan_session.h"
 
 namespace tav {
@@ -14,8 +15,8 @@ struct ComputedDive {
   int ofDives = 1;  ///< dives of its file
   const DocumentState* document = nullptr;
   const ClassProfile* rows = nullptr;
-  std::vector<std::string> notes;  ///< warnings of the engine
-  std::string model;               ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
+  std::vector<Finding> findings;
+  std::string model;  ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
 };
 
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.
@@ -24,7 +25,10 @@ std::string DivesJson(const std::vector<ComputedDive>& dives);
 /// The dives as CSV, one line a row, with a header.
 std::string DivesCsv(const std::vector<ComputedDive>& dives);
 
-/// A dive as divers write it on a slate: settings, legs and stops, totals, notes.
+/// A finding in lines for the terminal: "!" ahead of danger and caution, "-" ahead of a note.
+std::string FindingLine(const Finding& finding);
+
+/// A dive as divers write it on a slate: settings, legs and stops, totals, findings.
 std::string DiveSlate(const ComputedDive& dive);
 
 }  // namespace tav

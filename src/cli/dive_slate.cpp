@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "cli/computed_dive.h"
+#include "cli/terminal_text.h"
 #include "model/number_text.h"
 
 namespace tav {
@@ -16,14 +17,6 @@ std::string Short(Single value) {
 
 std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100), 0); }
 
-std::string Right(const std::string& text, std::size_t width) {
-  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
-}
-
-std::string Left(const std::string& text, std::size_t width) {
-  return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
-}
-
 class Slate {
  public:
   explicit Slate(const ComputedDive& dive)
@@ -36,7 +29,7 @@ class Slate {
     Settings();
     Rows();
     Totals();
-    for (const std::string& note : dive_.notes) Line("! " + note);
+    for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);
   }
 
@@ -142,6 +135,10 @@ class Slate {
 };
 
 }  // namespace
+
+std::string FindingLine(const Finding& finding) {
+  return Wrapped((finding.severity == Severity::Note ? "- " : "! ") + finding.text, 2);
+}
 
 std::string DiveSlate(const ComputedDive& dive) { return Slate(dive).Text(); }
 

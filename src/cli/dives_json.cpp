@@ -15,6 +15,13 @@ Json DiveJson(const ComputedDive& dive) {
             {"he_compartments", ArrayJson(document.HeCompartments)},
             {"decompresses", document.Decompresses}};
   json["rows"] = RowsJson(*dive.rows);
+  json["findings"] = Json::array();
+  for (const Finding& finding : dive.findings) {
+    json["findings"].push_back({{"rule", IdOf(finding.rule)},
+                                {"severity", IdOf(finding.severity)},
+                                {"rows", {finding.firstRow, finding.lastRow}},
+                                {"text", finding.text}});
+  }
   return json;
 }
 

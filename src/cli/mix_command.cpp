@@ -134,7 +134,7 @@ int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::os
     if (options.json) {
       out << MixJson(request).dump(2) << "\n";
     } else {
-      const auto texts = LanguageTable::Read(folders.ProgramFolder() / kLanguageFolder / kDefaultLanguage);
+      const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
       PrintMix(options, request, texts, out);
     }
     return ExitStatus::kFine;

@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "app/language_table.h"
 #include "app/start_up.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
@@ -31,6 +32,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
   std::string title = plan.output.empty() ? "New plan" : plan.output;
   try {
     ApplyOptions(options, session);
+    const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
     const std::string fault = InitDocuments(session.Documents(), folders);
     DiveTemplate& standard = session.Documents()(DocumentStore::DefaultDocument).Template;
     if (!plan.templateName.empty()) {
@@ -44,7 +46,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
     window.ReEvaluateUserEnteredWaypoints();
     std::vector<ComputedDive> dives;
-    if (!Gather(session, title, {number}, {session.Notes().Take()}, dives, err)) return ExitStatus::kUnusableInput;
+    if (!Gather(session, title, {number}, texts, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
     return Print(dives, options.form, out, err);
   } catch (const OptionError& error) {

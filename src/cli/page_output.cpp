@@ -99,7 +99,7 @@ std::string PageOutput::Machine::Logo() const {
 
 PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
     : out_(std::move(out)),
-      texts_(LanguageTable::Read(folders.ProgramFolder() / kLanguageFolder / kDefaultLanguage)),
+      texts_(DefaultTexts(folders.ProgramFolder())),
       machine_(folders.ProgramFolder() / "logo.svg"),
       pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
   if (out_.empty()) throw std::runtime_error("--pdf: the name of the file is missing");

@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "advice/plan_check.h"
+
 namespace tav {
 namespace {
 
@@ -14,11 +16,11 @@ std::string ModelName(const ModelChoice& model) {
 
 void ApplyOptions(const OutputOptions& options, PlanSession& session) {
   session.Model() = {options.vpm, options.hybrid};
-  if (!options.phi.empty()) session.Notes().OpenTrace(options.phi);
+  if (!options.phi.empty()) session.Trace().Open(options.phi);
 }
 
 bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
-            const std::vector<std::vector<std::string>>& notes, std::vector<ComputedDive>& dives, std::ostream& err) {
+            const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err) {
   for (std::size_t i = 0; i < documents.size(); ++i) {
     const frmWaypointEditor& window = session.Forms()(documents[i]);
     if (!window.EvaluationFault().empty()) {
@@ -31,7 +33,8 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.ofDives = static_cast<int>(documents.size());
     dive.document = &session.Documents()(documents[i]);
     dive.rows = &window.InputProfile;
-    dive.notes = notes[i];
+    const bool metric = dive.document->Template.Metric;
+    dive.findings = CheckPlan({window, *dive.document, session.Model()}, AdviceWords(texts, {".", ""}, metric));
     dive.model = ModelName(session.Model());
   }
   return true;
@@ -44,9 +47,10 @@ int Print(const std::vector<ComputedDive>& dives, OutputForm form, std::ostream&
   for (std::size_t i = 0; i < dives.size(); ++i) {
     if (form == OutputForm::Slate) {
       out << (i > 0 ? "\n" : "") << DiveSlate(dives[i]);
-    } else {
-      for (const std::string& note : dives[i].notes) {
-        err << dives[i].file << ": dive " << dives[i].number << ": " << note << "\n";
+    } else if (form == OutputForm::Csv) {
+      for (const Finding& finding : dives[i].findings) {
+        if (finding.severity == Severity::Note) continue;
+        err << dives[i].file << ": dive " << dives[i].number << ": " << finding.text << "\n";
       }
     }
     if (!dives[i].document->Decompresses) status = ExitStatus::kDoesNotDecompress;

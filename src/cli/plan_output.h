@@ -13,10 +13,10 @@ namespace tav {
 /// Takes the models and the trace of the options. Throws FileError when the trace can't be opened.
 void ApplyOptions(const OutputOptions& options, PlanSession& session);
 
-/// Gathers computed documents of one file for output, with the notes of each. Returns false and writes the reason to
-/// `err` when a dive could not be computed.
+/// Gathers computed documents of one file for output, with the findings of each in the words of `texts`. Returns false
+/// and writes the reason to `err` when a dive could not be computed.
 bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
-            const std::vector<std::vector<std::string>>& notes, std::vector<ComputedDive>& dives, std::ostream& err);
+            const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err);
 
 /// Prints dives in the form asked for, and returns kDoesNotDecompress if one of them does not.
 int Print(const std::vector<ComputedDive>& dives, OutputForm form, std::ostream& out, std::ostream& err);

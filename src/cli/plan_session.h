@@ -1,25 +1,39 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "cli/run_notes.h"
+#include "persist/phi_log.h"
 #include "plan/document_forms.h"
 #include "plan/profile_commands.h"
 
 namespace tav {
 
-/// The core of the program without a window: documents, engine choice and what a run has to say.
+/// Writes the trace of all runs, where it is asked for.
+class TraceWriter : public EngineObserver {
+ public:
+  /// Throws FileError.
+  void Open(const std::string& file) { log_.emplace(file); }
+
+  [[nodiscard]] bool WantsTrace() const override { return log_.has_value(); }
+  void Trace(const TraceSegment& segment) override { log_->Write(segment); }
+
+ private:
+  std::optional<PhiLog> log_;
+};
+
+/// The core of the program without a window: documents, engine choice and trace.
 class PlanSession {
  public:
-  PlanSession() : forms_({documents_, model_, notes_, display_, boxes_, texts_}) {}
+  PlanSession() : forms_({documents_, model_, trace_, display_, boxes_, texts_}) {}
   PlanSession(const PlanSession&) = delete;
   PlanSession& operator=(const PlanSession&) = delete;
 
   DocumentStore& Documents() { return documents_; }
   DocumentForms& Forms() { return forms_; }
   ModelChoice& Model() { return model_; }
-  RunNotes& Notes() { return notes_; }
+  TraceWriter& Trace() { return trace_; }
   /// The texts of the boxes shown so far.
   [[nodiscard]] const std::vector<std::string>& Boxes() const { return boxes_.shown; }
 
@@ -35,7 +49,7 @@ class PlanSession {
 
   DocumentStore documents_;
   ModelChoice model_;
-  RunNotes notes_;
+  TraceWriter trace_;
   EditorDisplay display_;
   KeptBoxes boxes_;
   TextSource texts_;

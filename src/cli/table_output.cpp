@@ -3,36 +3,14 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cli/terminal_text.h"
 #include "report/table_remarks.h"
 
 namespace tav {
 namespace {
 
-constexpr std::size_t kLineWidth = 100;
 constexpr std::size_t kHeadWidth = 16;  // mix and depth
 constexpr std::size_t kCellWidth = 6;
-
-std::string Right(const std::string& text, std::size_t width) {
-  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
-}
-
-std::string Left(const std::string& text, std::size_t width) {
-  return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
-}
-
-/// A text in lines of the terminal's width, broken at blanks; the later ones are indented.
-std::string Wrapped(const std::string& text, std::size_t indent) {
-  std::string lines;
-  std::string rest = text;
-  while (rest.size() > kLineWidth) {
-    std::size_t blank = rest.rfind(' ', kLineWidth);
-    if (blank == std::string::npos || blank <= indent) blank = rest.find(' ', kLineWidth);
-    if (blank == std::string::npos) break;
-    lines += rest.substr(0, blank) + "\n";
-    rest = std::string(indent, ' ') + rest.substr(blank + 1);
-  }
-  return lines + rest + "\n";
-}
 
 Json RemarksJson(const std::vector<StopRemark>& remarks) {
   Json list = Json::array();

@@ -99,7 +99,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   plan->add_option("FILE", planFiles, "Profile files (.tav)")->required();
   AddOutputOptions(*plan, planOptions);
   plan->footer(kPlanExamples);
-  plan->callback([&] { status = PlanCommand(planFiles, planOptions, out, err); });
+  plan->callback([&] { status = PlanCommand(planFiles, planOptions, folders, out, err); });
 
   OutputOptions newOptions;
   NewPlanOptions newPlan;

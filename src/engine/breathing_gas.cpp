@@ -12,6 +12,11 @@ Single GasUsedOnRamp(Single from, Single to, Single rate, Single rmv, Single sur
   return (meanDepth / DepthPerPressure(Metric) + surfacePressure) * time * rmv;
 }
 
+Single AdjustedDepth(Single depth, const DiveTemplate& diveTemplate) {
+  if (!diveTemplate.DepthAdjust || depth == 0) return depth;
+  return depth * 1.03 + (diveTemplate.Metric ? 1.0 : 3.3);
+}
+
 Single PPO2AtDepth(Single depth, Single surfacePressure, Single fO2, bool Metric) {
   const double units = DepthPerPressure(Metric);
   return (surfacePressure * units + depth) / units * fO2;

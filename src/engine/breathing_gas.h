@@ -13,6 +13,10 @@ Single GasUsedAtDepth(Single depth, Single time, Single rmv, Single surfacePress
 /// Volume breathed on a move at a constant rate (signed): that of the mean depth.
 Single GasUsedOnRamp(Single from, Single to, Single rate, Single rmv, Single surfacePressure, bool Metric);
 
+/// The depth that a plan is computed on: with `DepthAdjust`, 3 % and 1 m (3.3 ft) deeper, but for the surface. The
+/// computed ascent has true depths.
+Single AdjustedDepth(Single depth, const DiveTemplate& diveTemplate);
+
 /// Oxygen partial pressure, bar or atmospheres.
 Single PPO2AtDepth(Single depth, Single surfacePressure, Single fO2, bool Metric);
 

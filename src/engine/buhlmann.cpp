@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/breathing_gas.h"
 #include "engine/zhl16.h"
 #include "model/altitude.h"
 #include "model/numbers.h"
@@ -14,14 +15,7 @@ ClassBuhlmann::ClassBuhlmann(DocumentStore& store, const ModelChoice& model, Eng
 void ClassBuhlmann::SetUp(std::int16_t documentIndex, bool useC) {
   document_ = documentIndex;
   template_ = &store_(documentIndex).Template;
-  const Single unit = template_->Metric ? Single(1.0) : zhl16::kFeetPerMetreOfSeaWater;
-  const Compartments& n2A = useC ? zhl16::kN2A_C : zhl16::kN2A_B;
-  for (std::size_t i = 0; i < kCompartments; ++i) {
-    mValues_.HeA[i] = unit * zhl16::kHeA[i];
-    mValues_.N2A[i] = unit * n2A[i];
-    mValues_.HeB[i] = zhl16::kHeB[i];
-    mValues_.N2B[i] = zhl16::kN2B[i];
-  }
+  mValues_ = MValuesOf(template_->Metric, useC);
 }
 
 Single ClassBuhlmann::Vapour() const { return template_->Metric ? zhl16::kVapourMetres : zhl16::kVapourFeet; }
@@ -73,6 +67,8 @@ void ClassBuhlmann::FillStartRow(const Waypoint& start, Waypoint& result) const 
   result.PPO2 = template_->StartPressure * start.GasMixO2 / 100;
   result.CNS = start.CNS;
   result.OTU = start.OTU;
+  result.N2Compartments = loads_.N2;
+  result.HeCompartments = loads_.He;
 }
 
 void ClassBuhlmann::LoadCompartments(const ClassProfile& userProfile, ClassProfile& segmentedProfile) {
@@ -149,10 +145,7 @@ Single ClassBuhlmann::PercentCompartLoad(Compartments& loads) const {
   return kernels_.MValueFractions(loads_, mValues_, ToDepthUnits(template_->EndPressure), loads);
 }
 
-Single ClassBuhlmann::Dadjust(Single depth) const {
-  if (!template_->DepthAdjust || decoPhase_ || depth == 0) return depth;
-  return depth * 1.03 + (template_->Metric ? 1.0 : 3.3);
-}
+Single ClassBuhlmann::Dadjust(Single depth) const { return decoPhase_ ? depth : AdjustedDepth(depth, *template_); }
 
 Inspired ClassBuhlmann::OpenCircuitInspired(Single ambient) const {
   const double dry = ambient - Vapour();

@@ -70,10 +70,7 @@ Single ClassBuhlmann::NextCandidate(Single stop) const {
 
 void ClassBuhlmann::Ascend(Single currentDepth, Single maximumDepth) {
   const Single surfacePressure = template_->EndPressure;
-  ClassVPMGF vpm;
-  vpm.SetVPMValues(0.0179, 0.257, 1.0, surfacePressure, template_->Metric);
-  vpm.VPMStart(maximumDepth);
-  vpmGradient_ = vpm.GetGradF();
+  vpmGradient_ = VPMGradient(maximumDepth, surfacePressure, template_->Metric);
   decoPhase_ = true;
   ceilingKnown_ = false;
   if (template_->UseGF) SetGradientFactor(template_->GFLow);

@@ -81,4 +81,11 @@ Single ClassVPMGF::Root(Single a, Single b, Single c, Single low, Single high) {
   return r;
 }
 
+Single VPMGradient(Single deepest, Single surfacePressure, bool Metric) {
+  ClassVPMGF vpm;
+  vpm.SetVPMValues(0.0179, 0.257, 1.0, surfacePressure, Metric);
+  vpm.VPMStart(deepest);
+  return vpm.GetGradF();
+}
+
 }  // namespace tav

@@ -48,4 +48,8 @@ class ClassVPMGF {
   Single r0_ = 1e-6;  ///< critical radius, metres
 };
 
+/// The over-pressure that the bubble model allows every compartment on the way up from the deepest depth of a dive,
+/// depth units. `surfacePressure` is that of the ascent's end.
+Single VPMGradient(Single deepest, Single surfacePressure, bool Metric);
+
 }  // namespace tav

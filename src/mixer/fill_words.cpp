@@ -48,13 +48,6 @@ std::string NameOf(FillGas gas, const TextSource& texts) {
   return texts.GetResString(kAir);
 }
 
-std::string FillWords::T(int id, const std::vector<std::string>& arguments) const {
-  std::string text = T(id);
-  int n = 0;
-  for (const std::string& argument : arguments) text = ReplaceAll(text, "%" + std::to_string(++n), argument);
-  return text;
-}
-
 std::string FillWords::Written(const std::string& number) const {
   return decimal_.empty() ? number : ReplaceAll(number, ".", decimal_);
 }

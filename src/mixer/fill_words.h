@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,7 +51,9 @@ class FillWords {
  private:
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
   /// The text of an ID with "%1", "%2", ... replaced.
-  [[nodiscard]] std::string T(int id, const std::vector<std::string>& arguments) const;
+  [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
+    return texts_.Filled(id, values);
+  }
   [[nodiscard]] std::string Written(const std::string& number) const;
   [[nodiscard]] std::string Number(Single value, int decimals) const;
   [[nodiscard]] std::string Depth(Single percentO2, double ppo2) const;

@@ -91,6 +91,8 @@ void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
 
 void frmWaypointEditor::Evaluate() {
   InputProfile.clear();
+  resultProfile_.clear();
+  lastRows_.assign(1, 0);
   setNullWaypoint();
   if (PrevProfile != -1) Services().display.ShowRepetitiveIcon(documentNumber_);
   Document().Decompresses = true;
@@ -115,9 +117,11 @@ void frmWaypointEditor::Evaluate() {
       editState_ = EditState::Ascent;
       memory.Forget();
     }
+    lastRows_.push_back(InputProfile.GetLength());
   }
   if (!evaluationFault_.empty()) {
     InputProfile.clear();
+    resultProfile_.clear();
     editState_ = EditState::Empty;
   }
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
@@ -174,7 +178,8 @@ bool frmWaypointEditor::StartDeco() {
   savedProfile_.Copy(InputProfile);
   Document().Decompresses = true;
   std::string fault = evaluationFault_;
-  if (fault.empty()) fault = ComputeProfile(services, Run(false), InputProfile, resultProfile_);
+  ClassProfile computed;
+  if (fault.empty()) fault = ComputeProfile(services, Run(false), InputProfile, computed);
   if (!fault.empty()) {
     UserActions.DeleteLast();
     services.display.ShowHourglass(false);
@@ -182,8 +187,9 @@ bool frmWaypointEditor::StartDeco() {
     return false;
   }
   MarkModified();
+  resultProfile_ = std::move(computed);
   InputProfile.Copy(resultProfile_);
-  resultProfile_.clear();
+  lastRows_.push_back(InputProfile.GetLength());
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
   editState_ = EditState::Ascent;
   services.display.EnableSurfaceInterval(CanBeFollowed());

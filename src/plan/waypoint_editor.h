@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "model/profile.h"
 #include "model/user_actions.h"
@@ -44,6 +45,14 @@ class frmWaypointEditor {
   /// Counts the plans that this window has held, one after another: tells whether it still holds the same.
   [[nodiscard]] int Opening() const { return opening_; }
   [[nodiscard]] Single CurrentRunTime() const { return currentRunTime_; }
+  /// The rows of `InputProfile` as the engine left them, with the inert gas loads, which copies do not keep: in row 0
+  /// those that the dive starts with, in the others those at the end of each segment.
+  [[nodiscard]] const ClassProfile& LoadedProfile() const { return resultProfile_; }
+  /// The last row of an action, from 1; a leg that was lengthened and an ascent without stops have rows like all
+  /// others, an action that adds none has the row before. Only for a plan that was computed.
+  [[nodiscard]] std::int16_t LastRowOf(std::int16_t action) const {
+    return lastRows_.at(static_cast<std::size_t>(action));
+  }
   /// Why the plan could not be computed, empty when it could. The rows are then those of an empty plan.
   [[nodiscard]] const std::string& EvaluationFault() const { return evaluationFault_; }
 
@@ -111,6 +120,7 @@ class frmWaypointEditor {
   EditState editState_ = EditState::Empty;
   int opening_ = 0;
   ClassProfile resultProfile_;
+  std::vector<std::int16_t> lastRows_;  // of each action; element 0 is the start row
   ClassProfile savedProfile_;
   Single currentRunTime_;
   std::string evaluationFault_;

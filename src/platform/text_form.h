@@ -22,10 +22,7 @@ class TextForm : public Form {
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
   /// The same with "%1", "%2", ... filled in.
   [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
-    std::string text = T(id);
-    int number = 0;
-    for (const std::string& value : values) text = ReplaceAll(text, "%" + std::to_string(++number), value);
-    return text;
+    return texts_.Filled(id, values);
   }
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return platform_.boxes.Show(text, title, icon, buttons);

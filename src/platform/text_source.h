@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
 namespace tav {
@@ -14,6 +15,9 @@ class TextSource {
 
   /// The text of an ID; "*StringID 1234*" for one that has none, so that a gap shows on the screen and is no error.
   [[nodiscard]] virtual std::string GetResString(int id) const { return "*StringID " + std::to_string(id) + "*"; }
+
+  /// The same with "%1" to "%9" filled in; what is filled in is not looked at again.
+  [[nodiscard]] std::string Filled(int id, std::initializer_list<std::string> values) const;
 };
 
 }  // namespace tav

@@ -158,6 +158,7 @@ TEST(BreathingMode, TwiceGivesTheStartAgainAndFollowsTheActiveDocument) {
 TEST(BreathingMode, IsThatOfThePlanWhileAMessageStandsDuringItsOpening) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
+  p.WarnByBoxes();
   EXPECT_TRUE(p.Editor().AddUserWaypoint(60, 20, 0));
   const auto file = p.folder.Path() / "deep-air.tav";
   p.platform.filesChosen.push_back(file);
@@ -227,6 +228,7 @@ TEST(Commands, FollowThePlan) {
 TEST(Warnings, ComeOnceForAPlanUntilWhatTheyWarnOfChanges) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
+  p.WarnByBoxes();
   const auto news = [&] {
     const std::size_t boxes = p.platform.boxes.size();
     p.platform.boxes.clear();

@@ -76,7 +76,10 @@ void ExpectSame(const json& computed, const json& expected, const std::string& w
     const double value = expected.get<double>();
     EXPECT_NEAR(computed.get<double>(), value, std::max(2e-3, 2e-4 * std::fabs(value))) << where;
   } else if (expected.is_structured()) {
-    ASSERT_EQ(computed.size(), expected.size()) << where;
+    // What is known of a dive stays; there may be more.
+    if (expected.is_array()) {
+      ASSERT_EQ(computed.size(), expected.size()) << where;
+    }
     for (const auto& [key, item] : expected.items()) {
       const auto found = computed.is_array() ? computed.at(std::stoul(key)) : computed.value(key, json());
       ExpectSame(found, item, where + "/" + key);
@@ -212,7 +215,7 @@ TEST_F(Tavplan, TellsAPlanThatDoesNotDecompress) {
   const std::string file = (scratch_.Path() / "deep.tav").string();
   WriteTextFile(file, deep);
   EXPECT_EQ(Run({"plan", file}), ExitStatus::kDoesNotDecompress) << Out() << Err();
-  EXPECT_THAT(Out(), HasSubstr("! THIS PLAN DOES NOT DECOMPRESS: the stop at depth 9 on Air does not clear"));
+  EXPECT_THAT(Out(), HasSubstr("! THIS PLAN DOES NOT DECOMPRESS: the stop at 9 m on Air does not clear"));
   EXPECT_EQ(Run({"plan", "--csv", file}), ExitStatus::kDoesNotDecompress);
   EXPECT_THAT(Err(), HasSubstr(file + ": dive 1: THIS PLAN DOES NOT DECOMPRESS"));
 }

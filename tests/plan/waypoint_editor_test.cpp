@@ -184,7 +184,9 @@ TEST(ReplayMemory, GivesTheRowsAndWarningsOfAReplayFromTheStart) {
       const TextSource texts;
       DocumentForms forms({documents, model, listener, display, boxes, texts});
       documents(0).Template = ShippedDefaultTemplate();
-      documents(0).Template.OpenCircuit = openCircuit;
+      DiveTemplate& settings = documents(0).Template;
+      settings.OpenCircuit = openCircuit;
+      settings.PPO2Low = settings.PPO2High = settings.MaxEnd = true;
       frmWaypointEditor& plan = forms(forms.LoadNewDoc());
       plan.UserActions = actions;
       plan.ReEvaluateUserEnteredWaypoints();

@@ -50,6 +50,13 @@ struct HeadlessProgram {
     return program.Main(arguments);
   }
 
+  /// Switches the boxes on that warn of PPO2 and END, for a plan and for new ones.
+  void WarnByBoxes() {
+    for (DiveTemplate* t : {&Document(DocumentStore::DefaultDocument).Template, &Document().Template}) {
+      t->PPO2Low = t->PPO2High = t->MaxEnd = true;
+    }
+  }
+
   frmMain& Main() { return program.MainForm(); }
   std::int16_t Active() { return platform.Services().documentWindows.ActiveDocument().value_or(-1); }
   frmWaypointEditor& Editor() { return program.Forms()(Active()); }

@@ -1,0 +1,32 @@
+#include "advice/advice_words.h"
+
+#include "model/numbers.h"
+
+namespace tav {
+namespace {
+
+constexpr int kMetres = 7425;
+constexpr int kFeet = 7426;
+constexpr int kBar = 6314;
+constexpr int kAtmospheres = 7600;
+constexpr int kLitres = 7423;
+constexpr int kCubicFeet = 7424;
+
+}  // namespace
+
+std::string AdviceWords::Fixed(double value, int decimals) const {
+  return WriteLocaleNumber(FormatFixed(Single(value), decimals), separators_);
+}
+
+std::string AdviceWords::Short(double value) const {
+  return WriteLocaleNumber(FormatPlain(RoundSingle(value, 1)), separators_);
+}
+
+std::string AdviceWords::Depth(double depth) const { return Short(depth) + " " + LengthUnit(); }
+std::string AdviceWords::PPO2(double ppo2) const { return Fixed(ppo2, 2) + " " + PressureUnit(); }
+std::string AdviceWords::Volume(double volume) const { return Fixed(volume, metric_ ? 0 : 1) + " " + VolumeUnit(); }
+std::string AdviceWords::LengthUnit() const { return T(metric_ ? kMetres : kFeet); }
+std::string AdviceWords::PressureUnit() const { return T(metric_ ? kBar : kAtmospheres); }
+std::string AdviceWords::VolumeUnit() const { return T(metric_ ? kLitres : kCubicFeet); }
+
+}  // namespace tav

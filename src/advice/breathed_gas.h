@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "advice/checked_dive.h"
+
+/// What the diver breathes on each segment of a dive, on open circuit or from the loop. Pressures in bar or
+/// atmospheres.
+namespace tav {
+
+/// Fractions of what is breathed.
+struct BreathedShares {
+  double O2 = 0;
+  double N2 = 0;
+  double He = 0;
+};
+
+/// One segment: the row that it ends in, and where it began.
+struct BreathedSegment {
+  std::int16_t row = 0;
+  const Waypoint* end = nullptr;
+  Single from;              ///< depth at its start
+  Single startTime;         ///< run time at its start
+  Single surface;           ///< pressure
+  double perPressure = 10;  ///< depth units per unit of pressure
+  bool openCircuit = true;
+  Single ppo2Limit;  ///< `DecoPPO2` from the first stop on and on a gas of the change list, else `MaxPPO2`
+
+  [[nodiscard]] Single Deeper() const { return from > end->Depth ? from : end->Depth; }
+  [[nodiscard]] Single Shallower() const { return from < end->Depth ? from : end->Depth; }
+  /// Run time at which the deeper, or the shallower, end is reached; the start of a level segment.
+  [[nodiscard]] Single TimeOfDeeper() const { return end->Depth > from ? end->RunTime : startTime; }
+  [[nodiscard]] Single TimeOfShallower() const { return end->Depth < from ? end->RunTime : startTime; }
+  [[nodiscard]] double Ambient(double depth) const { return surface + depth / perPressure; }
+  /// The most that the PPO2 comes to at a depth. A loop holds its setpoint, but never more than pure oxygen gives;
+  /// right after diluent was added it is the diluent's, where that is higher.
+  [[nodiscard]] double PPO2At(double depth) const;
+  /// The least that it comes to: a loop that is not fed falls to its setpoint.
+  [[nodiscard]] double LeastPPO2At(double depth) const;
+  /// A loop at its setpoint.
+  [[nodiscard]] BreathedShares SharesAt(double depth) const;
+};
+
+/// All segments, in the order of their rows, from row 1.
+std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive);
+
+/// Density of a gas, g/l.
+/// Source of the densities at 1 bar: O2 1.43, N2 1.25, He 0.179 g/l.
+double GasDensity(const BreathedShares& shares, double ambientBar);
+
+}  // namespace tav

@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <cmath>
+
+#include "advice/plan_check.h"
+#include "advice/stretches.h"
+#include "engine/breathing_gas.h"
+#include "model/numbers.h"
+
+namespace tav::plan_check {
+namespace {
+
+constexpr int kHypoxic = 7601;
+constexpr int kHypoxicLoop = 7602;
+constexpr int kHyperoxic = 7603;
+constexpr int kHyperoxicLoop = 7604;
+constexpr int kNeverBreathe = 7605;
+constexpr int kSetpointTooHigh = 7606;
+constexpr int kSetpointTooLow = 7607;
+constexpr int kNoOxygen = 7624;
+
+double Rounded(double ppo2) { return RoundSingle(ppo2, 2); }
+
+/// The depth at which the gas of a segment has a PPO2; 0 for a gas without oxygen.
+double DepthOf(double ppo2, const BreathedSegment& segment) {
+  if (segment.end->GasMixO2 == 0) return 0;
+  return (ppo2 / (segment.end->GasMixO2 / 100) - segment.surface) * segment.perPressure;
+}
+
+/// The oxygen of air, percent. MinPPO2 is meant for the sea: a gas as rich is never below what the diver breathes on
+/// the shore, be it of a mountain lake.
+constexpr double kAirO2 = 21;
+
+void CheckHypoxic(const Context& context) {
+  const DiveTemplate& settings = context.dive.settings;
+  const double limit = settings.MinPPO2;
+  const auto judge = [&](const BreathedSegment& segment) -> std::optional<Peak> {
+    const double ppo2 = segment.LeastPPO2At(segment.Shallower());
+    if (!(Rounded(ppo2) < limit)) return std::nullopt;
+    if (segment.openCircuit && segment.end->GasMixO2 >= kAirO2 && limit <= kAirO2 / 100) return std::nullopt;
+    return Peak{limit - ppo2, ppo2, segment.Shallower(), segment.TimeOfShallower()};
+  };
+  const AdviceWords& words = context.words;
+  for (const Stretch& stretch : Stretches(context.segments, judge)) {
+    const BreathedSegment& worst = *stretch.worst;
+    std::string text;
+    if (worst.openCircuit && worst.end->GasMixO2 == 0) {
+      text = words.T(kNoOxygen, {worst.end->GasMixName});
+    } else if (worst.openCircuit) {
+      const double enough = std::ceil(DepthOf(limit, worst));
+      text = words.T(kHypoxic, {worst.end->GasMixName, words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                                words.PPO2(stretch.peak.value), words.Fixed(limit, 2), words.Depth(enough)});
+    } else {
+      text = words.T(kHypoxicLoop, {words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                                    words.PPO2(stretch.peak.value), words.Fixed(limit, 2)});
+    }
+    context.findings.push_back({Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text)});
+  }
+}
+
+constexpr double kWithinRounding = 0.02;
+
+void CheckHyperoxic(const Context& context) {
+  // Above 1.6 bar convulsions come without warning, at rest as well (NOAA Diving Manual, exceptional exposures).
+  constexpr double kNever = 1.6;
+  constexpr double kFar = 0.2;
+  const DiveTemplate& settings = context.dive.settings;
+  const auto judge = [&](const BreathedSegment& segment) -> std::optional<Peak> {
+    // The rows tell the plan at its adjusted depths, the ascent at true ones.
+    const bool ofPlan = segment.row <= context.dive.lastUserRow;
+    const Single depth = ofPlan ? AdjustedDepth(segment.Deeper(), settings) : segment.Deeper();
+    const double ppo2 = Rounded(segment.PPO2At(depth));
+    const double excess = Rounded(ppo2 - segment.ppo2Limit);
+    if (excess <= Rounded(kWithinRounding)) return std::nullopt;
+    return Peak{excess, ppo2, segment.Deeper(), segment.TimeOfDeeper()};
+  };
+  const AdviceWords& words = context.words;
+  for (const Stretch& stretch : Stretches(context.segments, judge)) {
+    const BreathedSegment& worst = *stretch.worst;
+    const double limit = worst.ppo2Limit;
+    const Peak& peak = stretch.peak;
+    const std::string where = words.Depth(peak.depth);
+    const std::string value = words.PPO2(peak.value);
+    const double deepest = std::floor(DepthOf(limit, worst));
+    std::string text;
+    if (!worst.openCircuit) {
+      text = words.T(kHyperoxicLoop, {where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
+                                      words.Fixed(limit, 2), worst.end->GasMixName});
+    } else {
+      const bool somewhere = deepest > 0;
+      text = words.T(somewhere ? kHyperoxic : kNeverBreathe,
+                     {worst.end->GasMixName, where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
+                      words.Fixed(limit, 2), words.Depth(deepest)});
+    }
+    const bool danger = peak.value > Rounded(kNever) || peak.excess >= Rounded(kFar);
+    context.findings.push_back(
+        {Rule::Hyperoxic, danger ? Severity::Danger : Severity::Caution, stretch.first, stretch.last, std::move(text)});
+  }
+}
+
+/// Level segments alone: a loop passes through the shallow water of every descent.
+void CheckSetpoint(const Context& context) {
+  const auto onLoop = [](const BreathedSegment& s) { return !s.openCircuit && s.end->Rate == 0 && s.end->Depth > 0; };
+  const auto tooHigh = [&](const BreathedSegment& s) -> std::optional<Peak> {
+    const double ambient = s.Ambient(s.end->Depth);
+    const double excess = s.end->PPO2 - ambient;
+    if (!onLoop(s) || !(excess > kWithinRounding)) return std::nullopt;
+    return Peak{excess, ambient, s.end->Depth, s.startTime};
+  };
+  const auto tooLow = [&](const BreathedSegment& s) -> std::optional<Peak> {
+    const double ofDiluent = s.Ambient(s.end->Depth) * s.end->GasMixO2 / 100;
+    const double excess = ofDiluent - s.end->PPO2;
+    if (!onLoop(s) || !(excess > kWithinRounding)) return std::nullopt;
+    return Peak{excess, ofDiluent, s.end->Depth, s.startTime};
+  };
+  const AdviceWords& words = context.words;
+  const auto add = [&](const Stretch& stretch, int text) {
+    const BreathedSegment& worst = *stretch.worst;
+    const double setpoint = worst.end->PPO2;
+    const double deepest = std::floor(DepthOf(setpoint, worst));
+    context.findings.push_back(
+        {Rule::Setpoint, Severity::Note, stretch.first, stretch.last,
+         words.T(text, {words.Fixed(setpoint, 2), words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                        words.PPO2(stretch.peak.value), worst.end->GasMixName, words.Depth(deepest)})});
+  };
+  for (const Stretch& stretch : Stretches(context.segments, tooHigh)) add(stretch, kSetpointTooHigh);
+  for (const Stretch& stretch : Stretches(context.segments, tooLow)) add(stretch, kSetpointTooLow);
+}
+
+}  // namespace
+
+void CheckOxygen(const Context& context) {
+  CheckHypoxic(context);
+  CheckHyperoxic(context);
+  if (!context.dive.settings.OpenCircuit) CheckSetpoint(context);
+}
+
+}  // namespace tav::plan_check

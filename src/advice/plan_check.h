@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "advice/advice_words.h"
+#include "advice/breathed_gas.h"
+#include "advice/finding.h"
+
+namespace tav {
+
+/// What an instructor would mark in a computed dive, the worst first, those of one severity in the order of the dive.
+/// Empty for a dive without rows. It changes nothing and takes some microseconds.
+std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words);
+
+/// The parts of the check. Each adds what it finds.
+namespace plan_check {
+
+struct Context {
+  const CheckedDive& dive;
+  const AdviceWords& words;
+  const std::vector<BreathedSegment>& segments;
+  std::vector<Finding>& findings;
+};
+
+/// `Hypoxic`, `Hyperoxic`, `Setpoint` (oxygen_findings.cpp).
+void CheckOxygen(const Context& context);
+/// `Narcotic`, `Density`, `CounterDiffusion` (gas_findings.cpp).
+void CheckGas(const Context& context);
+/// `ChangeHidden`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
+void CheckChanges(const Context& context);
+/// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
+void CheckLegs(const Context& context);
+
+}  // namespace plan_check
+
+}  // namespace tav
