@@ -22,7 +22,8 @@ struct OutputOptions {
   OutputForm form = OutputForm::Slate;
   bool vpm = false;
   bool hybrid = false;
-  std::string phi;  ///< trace file; empty for none
+  bool why = false;  ///< tell why each stop lasts as long as it does
+  std::string phi;   ///< trace file; empty for none
 };
 
 /// Prints the schedules of profile files.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "advice/finding.h"
+#include "advice/stop_reason.h"
 #include "cli/plan_session.h"
 
 namespace tav {
@@ -16,7 +17,8 @@ struct ComputedDive {
   const DocumentState* document = nullptr;
   const ClassProfile* rows = nullptr;
   std::vector<Finding> findings;
-  std::string model;  ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
+  std::vector<StopReason> reasons;  ///< of its stops
+  std::string model;                ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
 };
 
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.
@@ -28,7 +30,8 @@ std::string DivesCsv(const std::vector<ComputedDive>& dives);
 /// A finding in lines for the terminal: "!" ahead of danger and caution, "-" ahead of a note.
 std::string FindingLine(const Finding& finding);
 
-/// A dive as divers write it on a slate: settings, legs and stops, totals, findings.
-std::string DiveSlate(const ComputedDive& dive);
+/// A dive as divers write it on a slate: settings, legs and stops, totals, findings; and with `why` what each stop
+/// waits for.
+std::string DiveSlate(const ComputedDive& dive, bool why, const TextSource& texts);
 
 }  // namespace tav

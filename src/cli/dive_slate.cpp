@@ -24,11 +24,12 @@ class Slate {
     for (int i = 1; i <= rows_.GetLength(); ++i) gasWidth_ = std::max(gasWidth_, Row(i).GasMixName.size());
   }
 
-  std::string Text() {
+  std::string Text(bool why, const TextSource& texts) {
     Title();
     Settings();
     Rows();
     Totals();
+    if (why) Reasons(AdviceWords(texts, {".", ""}, template_.Metric));
     for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);
   }
@@ -126,6 +127,14 @@ class Slate {
     if (lastUserRow_ == rows_.GetLength()) Line("  No ascent has been asked for.");
   }
 
+  void Reasons(const AdviceWords& words) {
+    Line("");
+    for (const StopReason& reason : dive_.reasons) {
+      const std::string stop = "  stop " + Right(words.Depth(rows_.getDepth(reason.row)), 6) + "  ";
+      text_ += Wrapped(stop + TextOf(reason, words), stop.size());
+    }
+  }
+
   const ComputedDive& dive_;
   const DiveTemplate& template_;
   const ClassProfile& rows_;
@@ -140,6 +149,8 @@ std::string FindingLine(const Finding& finding) {
   return Wrapped((finding.severity == Severity::Note ? "- " : "! ") + finding.text, 2);
 }
 
-std::string DiveSlate(const ComputedDive& dive) { return Slate(dive).Text(); }
+std::string DiveSlate(const ComputedDive& dive, bool why, const TextSource& texts) {
+  return Slate(dive).Text(why, texts);
+}
 
 }  // namespace tav

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "cli/computed_dive.h"
 #include "model/number_text.h"
 
@@ -13,7 +15,9 @@ std::string Field(const std::string& text) {
 std::string Header() {
   std::string header =
       "file,dive,row,depth,segment_time,run_time,rate,status,mix,mix_number,o2,he,stop_depth,stop_time,ppo2,cns,otu,"
-      "total_cns,total_otu,end,gas_used,ceiling,gf,max_m_value,model_control,do_show,end_user_profile";
+      "total_cns,total_otu,end,gas_used,ceiling,gf,max_m_value,model_control,do_show,end_user_profile,why_compartment,"
+      "why_half_time,"
+      "why_load,why_tolerated";
   for (std::size_t i = 1; i <= kCompartments; ++i) header += ",percent_" + std::to_string(i);
   return header + "\n";
 }
@@ -33,6 +37,13 @@ std::string Line(const ComputedDive& dive, std::int16_t index) {
   add(std::to_string(row.ModelControl));
   add(row.DoShow ? "1" : "0");
   add(row.EndUserProfile ? "1" : "0");
+  const auto reason = std::ranges::find(dive.reasons, index, &StopReason::row);
+  if (reason == dive.reasons.end()) {
+    line += ",,,,";
+  } else {
+    add(std::to_string(reason->compartment));
+    for (const Single value : {reason->halfTimeN2, reason->load, reason->tolerated}) add(FormatPlain(value));
+  }
   for (const Single value : row.PercentCompartments) add(FormatPlain(value));
   return line + "\n";
 }

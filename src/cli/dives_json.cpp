@@ -15,6 +15,16 @@ Json DiveJson(const ComputedDive& dive) {
             {"he_compartments", ArrayJson(document.HeCompartments)},
             {"decompresses", document.Decompresses}};
   json["rows"] = RowsJson(*dive.rows);
+  for (const StopReason& reason : dive.reasons) {
+    json["rows"][static_cast<std::size_t>(reason.row)]["why"] = {{"compartment", reason.compartment},
+                                                                 {"half_time", Digits(reason.halfTimeN2)},
+                                                                 {"half_time_he", Digits(reason.halfTimeHe)},
+                                                                 {"load", Digits(reason.load)},
+                                                                 {"tolerated", Digits(reason.tolerated)},
+                                                                 {"next_stop", Digits(reason.nextStop)},
+                                                                 {"gf", Digits(reason.GF)},
+                                                                 {"model", ModelOf(reason)}};
+  }
   json["findings"] = Json::array();
   for (const Finding& finding : dive.findings) {
     json["findings"].push_back({{"rule", IdOf(finding.rule)},

@@ -48,7 +48,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     std::vector<ComputedDive> dives;
     if (!Gather(session, title, {number}, texts, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
-    return Print(dives, options.form, out, err);
+    return Print(dives, options, texts, out, err);
   } catch (const OptionError& error) {
     err << "tavplan new: " << error.what() << "\n";
   } catch (const FileError& error) {

@@ -29,7 +29,7 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
     }
   }
   if (dives.empty()) return status;
-  return std::max(status, Print(dives, options.form, out, err));
+  return std::max(status, Print(dives, options, texts, out, err));
 }
 
 }  // namespace tav

@@ -34,19 +34,23 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.document = &session.Documents()(documents[i]);
     dive.rows = &window.InputProfile;
     const bool metric = dive.document->Template.Metric;
-    dive.findings = CheckPlan({window, *dive.document, session.Model()}, AdviceWords(texts, {".", ""}, metric));
+    const CheckedDive checked(window, *dive.document, session.Model());
+    dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric));
+    dive.reasons = StopReasons(checked);
     dive.model = ModelName(session.Model());
   }
   return true;
 }
 
-int Print(const std::vector<ComputedDive>& dives, OutputForm form, std::ostream& out, std::ostream& err) {
+int Print(const std::vector<ComputedDive>& dives, const OutputOptions& options, const TextSource& texts,
+          std::ostream& out, std::ostream& err) {
+  const OutputForm form = options.form;
   if (form == OutputForm::Json) out << DivesJson(dives);
   if (form == OutputForm::Csv) out << DivesCsv(dives);
   int status = ExitStatus::kFine;
   for (std::size_t i = 0; i < dives.size(); ++i) {
     if (form == OutputForm::Slate) {
-      out << (i > 0 ? "\n" : "") << DiveSlate(dives[i]);
+      out << (i > 0 ? "\n" : "") << DiveSlate(dives[i], options.why, texts);
     } else if (form == OutputForm::Csv) {
       for (const Finding& finding : dives[i].findings) {
         if (finding.severity == Severity::Note) continue;

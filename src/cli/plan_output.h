@@ -19,6 +19,7 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
             const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err);
 
 /// Prints dives in the form asked for, and returns kDoesNotDecompress if one of them does not.
-int Print(const std::vector<ComputedDive>& dives, OutputForm form, std::ostream& out, std::ostream& err);
+int Print(const std::vector<ComputedDive>& dives, const OutputOptions& options, const TextSource& texts,
+          std::ostream& out, std::ostream& err);
 
 }  // namespace tav

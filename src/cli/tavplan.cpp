@@ -22,6 +22,7 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
   json->excludes(command.add_flag_callback(
       "--csv", [&options] { options.form = OutputForm::Csv; }, "Print every row as CSV, with a header"));
   AddModelOptions(command, options);
+  command.add_flag("--why", options.why, "Tell for each stop which compartment decides its length");
   command.add_flag_callback(
       "--phi", [&options] { options.phi = "phi.log"; },
       "Write the loads after each segment to phi.log in the current folder");
@@ -33,6 +34,7 @@ Examples:
   tavplan plan --json a.tav b.tav            every row of both files, for a script
   tavplan plan --csv a.tav > rows.csv        the same for a spreadsheet
   tavplan plan --hybrid a.tav                with the deeper of both ceilings
+  tavplan plan --why a.tav                   what each stop waits for
 )";
 
 constexpr const char* kNewExamples = R"(

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 using nlohmann::json;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 const fs::path kRoot = TAV_SOURCE_DIR;
@@ -123,6 +124,57 @@ TEST_F(Tavplan, PrintsEveryRowAsCsvWithAHeader) {
     }
   }
   EXPECT_FALSE(std::getline(lines, line));
+}
+
+TEST_F(Tavplan, ListsFindingsWorstFirst) {
+  // The bottom gas is breathed from the surface, and the change to oxygen can never be made.
+  std::string text = ReadTextFile(Dive("trimix-100.tav"));
+  text = ReplaceAll(text, "30,3,1,0,\r\n", "");
+  text = ReplaceAll(text, "6:Oxygen, 21:EAN50,", "21:EAN50, 6:Oxygen,");
+  const std::string file = (scratch_.Path() / "changed.tav").string();
+  WriteTextFile(file, text);
+  Run({"plan", "--json", file});
+  const json findings = json::parse(Out())["dives"][0]["findings"];
+  ASSERT_GE(findings.size(), 4U);
+  EXPECT_EQ(findings[0]["rule"], "hypoxic");
+  EXPECT_EQ(findings[0]["severity"], "danger");
+  EXPECT_EQ(findings[0]["rows"], json({1, 1}));
+  EXPECT_EQ(Err(), "");
+  Run({"plan", file});
+  const std::string slate = ReplaceAll(Out(), "\n  ", " ");  // as one line each
+  for (const json& finding : findings) {
+    const char* mark = finding["severity"] == "note" ? "\n- " : "\n! ";
+    EXPECT_THAT(slate, HasSubstr(mark + finding["text"].get<std::string>()));
+  }
+  Run({"new", "--depth", "60", "--time", "20"});
+  EXPECT_THAT(Out(), HasSubstr("\n! Air at 60 m (run time 3.3 min): PPO2 1.47 bar is 0.07 above the limit of 1.40."));
+}
+
+TEST_F(Tavplan, TellsWhyEachStopLasts) {
+  Run({"plan", "--json", Dive("wreck.tav")});
+  const json rows = json::parse(Out())["dives"][0]["rows"];
+  Run({"plan", "--csv", Dive("wreck.tav")});
+  std::istringstream lines(Out());
+  std::string head;
+  std::getline(lines, head);
+  EXPECT_THAT(head, HasSubstr(",why_compartment,why_half_time,why_load,why_tolerated,percent_1,"));
+  for (const json& row : rows) {
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_EQ(row.contains("why"), row["status"] == 4);
+    if (!row.contains("why")) continue;
+    const json& why = row["why"];
+    EXPECT_LE(why["load"], why["tolerated"]);
+    EXPECT_EQ(why["model"], "ZH-L16B");
+    EXPECT_EQ(why["gf"], row["gf"]);
+    EXPECT_THAT(line,
+                HasSubstr("," + why["compartment"].dump() + "," + FormatPlain(Single(why["half_time"].get<double>())) +
+                          "," + FormatPlain(Single(why["load"].get<double>())) + ","));
+  }
+  Run({"plan", Dive("wreck.tav")});
+  EXPECT_THAT(Out(), Not(HasSubstr("Compartment")));
+  Run({"plan", "--why", Dive("wreck.tav")});
+  EXPECT_THAT(Out(), HasSubstr("\n  stop   24 m  Compartment 4 (N2 18.5, He 7 min) holds 3.921, and 3.945 bar"));
 }
 
 TEST_F(Tavplan, QuotesCsvFieldsThatHoldACommaOrAQuote) {
