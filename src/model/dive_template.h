@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/cylinder.h"
 #include "model/single.h"
 
 namespace tav {
@@ -75,6 +76,7 @@ struct DiveTemplate {
   bool PPO2Low = false;                 ///< the low-PPO2 warning is on
   bool PPO2High = false;                ///< the high-PPO2 warning is on
   bool MaxEnd = false;                  ///< the END warning is on
+  std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
 };
 
 /// The gas that stands first in every list: "Air", 21 / 79 / 0.

@@ -6,6 +6,7 @@
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "model/tokenizer.h"
+#include "persist/cylinder_line.h"
 
 namespace tav {
 namespace {
@@ -70,7 +71,10 @@ class Reader {
         break;
       }
       // A comment is told by its first column alone. The end marker is looked for in the untrimmed rest of a line.
-      if (line->starts_with('#')) continue;
+      if (line->starts_with('#')) {
+        if (line->starts_with(kCylinderLine)) StoreCylinder(line->substr(kCylinderLine.size()));
+        continue;
+      }
       const std::size_t equals = line->find('=');
       rest = equals == std::string_view::npos ? *line : line->substr(equals + 1);
       key_ = TrimBlanks(line->substr(0, equals));
@@ -78,6 +82,7 @@ class Reader {
     }
     // Files written before the separate breathing rate of the decompression existed.
     if (template_.DecoRMV == 0) template_.DecoRMV = template_.RMV;
+    AdviseOfCylinders();
     return std::move(keyLines_);
   }
 
@@ -210,10 +215,30 @@ class Reader {
     }
   }
 
+  void StoreCylinder(std::string_view value) {
+    if (cylinderLines_.size() == kMostEntries) {
+      faults_.Error(lines_.LineNumber(), "there are more than 32,767 cylinders");
+      return;
+    }
+    if (cylinderLines_.empty()) template_.Cylinders.clear();
+    cylinderLines_.push_back(lines_.LineNumber());
+    const std::string fault = ReadCylinderLine(value, template_.Cylinders.emplace_back());
+    if (!fault.empty()) faults_.Error(lines_.LineNumber(), "a cylinder: " + fault);
+  }
+
+  void AdviseOfCylinders() {
+    for (std::size_t i = 0; i < cylinderLines_.size(); ++i) {
+      const std::string& gas = template_.Cylinders[i].Gas;
+      if (FindBlend(gas, template_)) continue;
+      faults_.Advise(cylinderLines_[i], "a cylinder holds the gas " + Quoted(gas) + ", which is not in the list");
+    }
+  }
+
   DiveTemplate& template_;
   LineReader& lines_;
   FormatFaults& faults_;
   std::string_view key_;
+  std::vector<int> cylinderLines_;
   KeyLines keyLines_;
 };
 
@@ -285,6 +310,7 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
   std::string changes = "Change Gas Mixes=";
   for (const GasChange& change : t.ChangeGasMixes) changes += FormatPadded(change.Depth) + ":" + change.Name + ",";
   out.Line(changes);
+  for (const Cylinder& cylinder : t.Cylinders) out.Line(WriteCylinderLine(cylinder));
   // A value that reads as the end marker would end the block early; behind a blank it is a name like any other.
   out.Line((t.Templatename == kEndMarker ? "Templatename= " : "Templatename=") + t.Templatename);
   out.Line(kEndMarker);

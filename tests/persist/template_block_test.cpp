@@ -8,6 +8,7 @@
 #include <random>
 #include <sstream>
 
+#include "model/number_text.h"
 #include "persist/template_file.h"
 #include "support/random_records.h"
 #include "support/scratch_folder.h"
@@ -170,6 +171,54 @@ TEST(TemplateBlock, RefusesWhatItCannotReadAndNamesTheLine) {
       EXPECT_THAT(error.what(), HasSubstr("x.tpl:" + std::to_string(fault.line) + ": "));
       EXPECT_THAT(error.Reason(), HasSubstr(fault.reason));
     }
+  }
+}
+
+const char* const kBlends = "Blends Available=EAN50: 50/ 50/ 0/\n";
+
+TEST(Cylinders, ComeBackFromCommentLinesThatPlainReadersPassOver) {
+  DiveTemplate t = Read(Block(std::string(kBlends) +
+                              "# Cylinder=Air: 2/ 12/ 232/ 50/\n# Cylinder= EAN50 :1/ 80/ 3000/2900/ 500/\n# a note"));
+  ASSERT_EQ(t.Cylinders.size(), 2U);
+  EXPECT_EQ(t.Cylinders[0], (Cylinder{"Air", 2, 12.0, 0, 232.0, 50.0}));
+  EXPECT_EQ(t.Cylinders[1], (Cylinder{"EAN50", 1, 80.0, 3000.0, 2900.0, 500.0}));
+  const std::string written = WriteTemplateBlock(t);
+  EXPECT_THAT(written, HasSubstr("\r\n# Cylinder=Air: 2/ 12/ 232/ 50/\r\n# Cylinder=EAN50: 1/ 80/ 3000/ 2900/ 500/\r\n"
+                                 "Templatename="));
+  EXPECT_EQ(Read(written).Cylinders, t.Cylinders);
+  // A template without cylinders leaves those of the plan; one with cylinders brings its own.
+  EXPECT_EQ(Read(Block("RMV=20"), t).Cylinders.size(), 2U);
+  EXPECT_EQ(Read(Block("# Cylinder=Air: 1/ 10/ 200/ 20/"), t).Cylinders.size(), 1U);
+  // What is left without its comments is the block of a plan without cylinders.
+  t.Cylinders.clear();
+  EXPECT_EQ(ReplaceAll(ReplaceAll(written, "# Cylinder=Air: 2/ 12/ 232/ 50/\r\n", ""),
+                       "# Cylinder=EAN50: 1/ 80/ 3000/ 2900/ 500/\r\n", ""),
+            WriteTemplateBlock(t));
+}
+
+TEST(Cylinders, ThatCannotBeAreNamedWithTheirLine) {
+  const struct {
+    const char* line;
+    const char* fault;
+  } cases[] = {
+      {"# Cylinder=Air", "3 error: a cylinder: it must be the name of a gas"},
+      {"# Cylinder=Air: two/ 12/ 232/ 50/", "3 error: a cylinder: \"two\" is not a number"},
+      {"# Cylinder=Air: 2/ 12/ 232/", "3 error: a cylinder: \"count/litres/fill/reserve/\" or"},
+      {"# Cylinder=Air: 2/ 12/ 232/ 50", "3 error: a cylinder: \"count/litres/fill/reserve/\" or"},
+      {"# Cylinder=Air: 1/ 80/ 0/ 3000/ 500/", "3 error: a cylinder: the rated pressure must be above 0"},
+      {"# Cylinder=Air: 0/ 12/ 232/ 50/", "3 error: a cylinder: the number of cylinders must be 1 to 99"},
+      {"# Cylinder=Air: 1.5/ 12/ 232/ 50/", "3 error: a cylinder: the number of cylinders must be 1 to 99"},
+      {"# Cylinder=Air: 1/ 0/ 232/ 50/", "3 error: a cylinder: the size of a cylinder must be above 0"},
+      {"# Cylinder=Air: 1/ 12/ 2000/ 50/", "3 error: a cylinder: a fill of 2000 is outside 0 to 1000"},
+      {"# Cylinder=Air: 1/ 12/ -1/ -2/", "3 error: a cylinder: a fill of -1 is outside"},
+      {"# Cylinder=Air: 1/ 12/ 100/ 150/", "3 error: a cylinder: a reserve of 150 is above the fill of 100"},
+      {"# Cylinder=EAN36: 1/ 12/ 200/ 50/", "3 advice: a cylinder holds the gas \"EAN36\", which is not in the list"},
+      {"#Cylinder=this is a comment like any other", ""},
+  };
+  for (const auto& each : cases) {
+    const std::string advice = Advice(Block(std::string("RMV=20\n") + each.line));
+    EXPECT_THAT(advice, testing::StartsWith(each.fault));
+    EXPECT_EQ(advice.empty(), std::string(each.fault).empty()) << advice;
   }
 }
 

@@ -58,6 +58,15 @@ inline DiveTemplate RandomTemplate(std::mt19937& random) {
     change.Name = t.Blends[random() % t.Blends.size()].Name;
     change.Depth = RandomSingle(random);
   }
+  t.Cylinders.resize(random() % 4);
+  for (Cylinder& cylinder : t.Cylinders) {
+    cylinder.Gas = t.Blends[random() % t.Blends.size()].Name;
+    cylinder.Count = static_cast<std::int16_t>(1 + random() % 99);
+    cylinder.Size = static_cast<double>(1 + random() % 2400) / 8;
+    if (random() % 2 == 0) cylinder.RatedPressure = static_cast<double>(1 + random() % 4000);
+    cylinder.Fill = static_cast<double>(random() % 3500) / 4;
+    cylinder.Reserve = cylinder.Fill / 4;
+  }
   return t;
 }
 

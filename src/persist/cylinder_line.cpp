@@ -1,0 +1,53 @@
+#include "persist/cylinder_line.h"
+
+#include <cmath>
+#include <vector>
+
+#include "model/number_text.h"
+#include "model/numbers.h"
+#include "model/tokenizer.h"
+
+namespace tav {
+
+std::string WriteCylinderLine(const Cylinder& cylinder) {
+  std::string line = std::string(kCylinderLine) + cylinder.Gas + ":";
+  const auto add = [&](Single number) { line += FormatPadded(number) + "/"; };
+  add(static_cast<double>(cylinder.Count));
+  add(cylinder.Size);
+  if (!cylinder.InLitres()) add(cylinder.RatedPressure);
+  add(cylinder.Fill);
+  add(cylinder.Reserve);
+  return line;
+}
+
+std::string ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
+  if (!ClassTokenizer::hastokens(value, ":")) return R"(it must be the name of a gas, ":" and numbers)";
+  cylinder.Gas = TrimBlanks(ClassTokenizer::nextToken(value, ":"));
+  std::vector<Single> numbers;
+  while (ClassTokenizer::hastokens(value, "/")) {
+    constexpr double kTooLarge = 1e6;
+    const std::string_view text = ClassTokenizer::nextToken(value, "/");
+    const auto number = ParseStrict(text);
+    if (!number) return "\"" + std::string(TrimBlanks(text)) + "\" is not a number";
+    if (std::fabs(*number) > kTooLarge) return "\"" + std::string(TrimBlanks(text)) + "\" is too large";
+    numbers.emplace_back(*number);
+  }
+  constexpr std::size_t kLitres = 4;
+  constexpr std::size_t kCubicFeet = 5;
+  if ((numbers.size() != kLitres && numbers.size() != kCubicFeet) || !TrimBlanks(value).empty()) {
+    return R"("count/litres/fill/reserve/" or "count/cubic feet/rated pressure/fill/reserve/" must follow)";
+  }
+  cylinder.Count = RoundToInt16(numbers[0]).value_or(0);
+  if (numbers[0] != static_cast<double>(cylinder.Count)) cylinder.Count = 0;
+  cylinder.Size = numbers[1];
+  cylinder.RatedPressure = 0;
+  if (numbers.size() == kCubicFeet) {
+    cylinder.RatedPressure = numbers[2];
+    if (!(cylinder.RatedPressure > 0)) return "the rated pressure must be above 0";
+  }
+  cylinder.Fill = numbers[numbers.size() - 2];
+  cylinder.Reserve = numbers.back();
+  return CylinderFault(cylinder);
+}
+
+}  // namespace tav
