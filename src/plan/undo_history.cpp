@@ -6,7 +6,7 @@
 namespace tav {
 
 void UndoHistory::Record(std::int16_t document) {
-  if (restoring_) return;
+  if (restoring_ || held_) return;
   const DiveTemplate& diveTemplate = forms_.Services().documents(document).Template;
   const ClassUseractions& actions = forms_(document).UserActions;
   std::string text = WriteDiveRecord(diveTemplate, 0, actions);

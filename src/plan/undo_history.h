@@ -19,6 +19,8 @@ class UndoHistory {
 
   /// Takes the present state of a document.
   void Record(std::int16_t document);
+  /// While a change is only on trial, its states are not taken.
+  void Hold(bool on) { held_ = on; }
   /// Forgets a document that has been closed.
   void Forget(std::int16_t document) { histories_.erase(document); }
 
@@ -46,6 +48,7 @@ class UndoHistory {
   DocumentForms& forms_;
   std::map<std::int16_t, History> histories_;
   bool restoring_ = false;
+  bool held_ = false;
 };
 
 }  // namespace tav

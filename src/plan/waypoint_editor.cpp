@@ -1,6 +1,7 @@
 #include "plan/waypoint_editor.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "model/numbers.h"
 #include "model/template_faults.h"
@@ -39,6 +40,7 @@ void frmWaypointEditor::Form_Load() {
   editState_ = EditState::Empty;
   ++opening_;
   evaluationFault_.clear();
+  actionResults_.assign(1, {});
   setNullWaypoint();
   Services().display.EnableProfileCommands(false, false);
 }
@@ -72,11 +74,6 @@ void frmWaypointEditor::ConvertDepths(bool toMetres) {
 
 EngineRun frmWaypointEditor::Run(bool loadOnly) const { return {documentNumber_, PrevProfile, loadOnly, false}; }
 
-void frmWaypointEditor::SetFault(const std::string& fault) {
-  evaluationFault_ = fault;
-  Services().display.ShowEvaluationFault(documentNumber_, fault);
-}
-
 std::string frmWaypointEditor::PreviousDiveFault() const {
   if (PrevProfile == -1 || forms_(PrevProfile).State() == EditState::Ascent) return {};
   // A later dive starts from the loads at the end of the one before: without an ascent there are none.
@@ -89,26 +86,44 @@ void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
   SurfStartDeco();
 }
 
+bool frmWaypointEditor::TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts) {
+  const ClassUseractions former = std::exchange(UserActions, actions);
+  Compute();
+  if (!accepts()) {
+    UserActions = former;
+    Compute();
+    return false;
+  }
+  ShowEvaluation();
+  SurfStartDeco();
+  return true;
+}
+
 void frmWaypointEditor::Evaluate() {
+  Compute();
+  ShowEvaluation();
+}
+
+void frmWaypointEditor::Compute() {
   InputProfile.clear();
   resultProfile_.clear();
-  lastRows_.assign(1, 0);
+  actionResults_.assign(1, {});
   setNullWaypoint();
-  if (PrevProfile != -1) Services().display.ShowRepetitiveIcon(documentNumber_);
   Document().Decompresses = true;
   editState_ = EditState::Empty;
-  std::string fault = PreviousDiveFault();
+  std::string& fault = evaluationFault_;
+  fault = PreviousDiveFault();
   // Legs are expanded by the rate tables before the engine sees them: a table without entries would be no table.
   if (fault.empty() && UserActions.GetLength() > 0) fault = JoinFaults(TemplateFaults(Document().Template));
   if (fault.empty()) fault = JoinFaults(PlanFaults(UserActions, Document().Template));
-  SetFault(fault);
 
   Single endTime = 0;
   Single startTime = 0;
   Single startDepth = 0;
   ReplayMemory memory;
-  for (int n = 1; n <= UserActions.GetLength() && evaluationFault_.empty(); ++n) {
+  for (int n = 1; n <= UserActions.GetLength() && fault.empty(); ++n) {
     const auto action = static_cast<std::int16_t>(n);
+    const Single ceiling = InputProfile.GetCeiling(InputProfile.GetLength());
     if (UserActions.getaction(action) == ClassUseractions::kLeg) {
       if (!EvaluateLeg(action, endTime, startTime, startDepth, memory)) break;
       editState_ = EditState::Legs;
@@ -117,16 +132,23 @@ void frmWaypointEditor::Evaluate() {
       editState_ = EditState::Ascent;
       memory.Forget();
     }
-    lastRows_.push_back(InputProfile.GetLength());
+    actionResults_.push_back({InputProfile.GetLength(), ceiling});
   }
-  if (!evaluationFault_.empty()) {
+  if (!fault.empty()) {
     InputProfile.clear();
     resultProfile_.clear();
+    actionResults_.assign(1, {});
     editState_ = EditState::Empty;
   }
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
+}
+
+void frmWaypointEditor::ShowEvaluation() {
+  EditorDisplay& display = Services().display;
+  if (PrevProfile != -1) display.ShowRepetitiveIcon(documentNumber_);
+  display.ShowEvaluationFault(documentNumber_, evaluationFault_);
   EnableCommandsByState();
-  Services().display.RedrawProfile(documentNumber_);
+  display.RedrawProfile(documentNumber_);
 }
 
 bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth,
@@ -137,26 +159,22 @@ bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single
   try {
     GetSegmentedProfile(leg, Document().Template, InputProfile);
   } catch (const std::exception& error) {
-    SetFault(error.what());
+    evaluationFault_ = error.what();
     return false;
   }
   endTime = leg.endTime;
   startTime = endTime;
   startDepth = UserActions.getDepth(action);
   const bool continued = memory.Remembers();
-  const std::string fault = ComputeProfile(Services(), Run(true), InputProfile, resultProfile_, &memory);
-  if (!fault.empty()) SetFault(fault);
+  evaluationFault_ = ComputeProfile(Services(), Run(true), InputProfile, resultProfile_, &memory);
   // A continued replay has left the rows before this leg as they were, but for the mark of the last one.
   InputProfile.CopyFrom(resultProfile_, continued ? known : std::int16_t{0});
-  return fault.empty();
+  return evaluationFault_.empty();
 }
 
 bool frmWaypointEditor::EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth) {
-  const std::string fault = ComputeProfile(Services(), Run(false), InputProfile, resultProfile_);
-  if (!fault.empty()) {
-    SetFault(fault);
-    return false;
-  }
+  evaluationFault_ = ComputeProfile(Services(), Run(false), InputProfile, resultProfile_);
+  if (!evaluationFault_.empty()) return false;
   InputProfile.Copy(resultProfile_);
   const std::int16_t last = InputProfile.GetLength();
   endTime = InputProfile.GetRunTime(last);
@@ -187,9 +205,10 @@ bool frmWaypointEditor::StartDeco() {
     return false;
   }
   MarkModified();
+  const Single ceiling = InputProfile.GetCeiling(InputProfile.GetLength());
   resultProfile_ = std::move(computed);
   InputProfile.Copy(resultProfile_);
-  lastRows_.push_back(InputProfile.GetLength());
+  actionResults_.push_back({InputProfile.GetLength(), ceiling});
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
   editState_ = EditState::Ascent;
   services.display.EnableSurfaceInterval(CanBeFollowed());

@@ -21,6 +21,12 @@ enum class EditState : std::int16_t {
   Ascent = 2,  ///< the ascent has been computed
 };
 
+/// What the evaluation has made of one action.
+struct ActionResult {
+  std::int16_t lastRow = 0;  ///< of `InputProfile`: where the action ends
+  Single ceilingBefore;      ///< where it begins
+};
+
 /// A document window: one open dive plan, apart from its drawing.
 ///
 /// The plan is held twice: `UserActions` is what the user asked for, `InputProfile` what comes out when those actions
@@ -51,10 +57,12 @@ class frmWaypointEditor {
   /// The last row of an action, from 1; a leg that was lengthened and an ascent without stops have rows like all
   /// others, an action that adds none has the row before. Only for a plan that was computed.
   [[nodiscard]] std::int16_t LastRowOf(std::int16_t action) const {
-    return lastRows_.at(static_cast<std::size_t>(action));
+    return actionResults_.at(static_cast<std::size_t>(action)).lastRow;
   }
   /// Why the plan could not be computed, empty when it could. The rows are then those of an empty plan.
   [[nodiscard]] const std::string& EvaluationFault() const { return evaluationFault_; }
+  /// One element for each action that could be computed, from element 1 on; element 0 is the start.
+  [[nodiscard]] const std::vector<ActionResult>& ActionResults() const { return actionResults_; }
 
   /// Puts the window back to its start values, for a slot that is used again.
   void Form_Load();
@@ -67,6 +75,9 @@ class frmWaypointEditor {
   void ConvertDepths(bool toMetres);
   /// Rebuilds the rows from the actions, then those of all later dives of the series.
   void ReEvaluateUserEnteredWaypoints();
+  /// Puts other actions in the place of those of the plan, if `accepts` agrees: it is asked when this dive has been
+  /// computed with them, before anything of it is shown. Else the plan is as it was, to the bit, and false is returned.
+  bool TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts);
   /// The user's ascent command. False when the plan can't be computed: a box has said why, and nothing has changed.
   bool StartDeco();
   /// A waypoint as the user confirmed it. False when it lies above the ceiling or can't be planned: a box has said so.
@@ -105,11 +116,13 @@ class frmWaypointEditor {
 
  private:
   void Evaluate();
+  /// Rebuilds the rows of this dive; nothing of it shows before ShowEvaluation.
+  void Compute();
+  void ShowEvaluation();
   bool EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth, ReplayMemory& memory);
   bool EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth);
   [[nodiscard]] std::string PreviousDiveFault() const;
   [[nodiscard]] EngineRun Run(bool loadOnly) const;
-  void SetFault(const std::string& fault);
   void EnableCommandsByState();
   void DisableSurfaceInterval();
   DocumentState& Document();
@@ -120,10 +133,10 @@ class frmWaypointEditor {
   EditState editState_ = EditState::Empty;
   int opening_ = 0;
   ClassProfile resultProfile_;
-  std::vector<std::int16_t> lastRows_;  // of each action; element 0 is the start row
   ClassProfile savedProfile_;
   Single currentRunTime_;
   std::string evaluationFault_;
+  std::vector<ActionResult> actionResults_{ActionResult()};
 };
 
 }  // namespace tav

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,10 @@ struct ScriptedBoxes : MessageBoxes {
 struct RecordedDisplay : EditorDisplay {
   void ShowCaption(std::int16_t document, const std::string& caption) override { Add("caption", document, caption); }
   void ShowEvaluationFault(std::int16_t document, const std::string& fault) override { Add("fault", document, fault); }
-  void RedrawProfile(std::int16_t document) override { Add("redraw", document, ""); }
+  void RedrawProfile(std::int16_t document) override {
+    Add("redraw", document, "");
+    if (onRedraw) onRedraw(document);
+  }
   void CloseWindow(std::int16_t document) override { Add("close", document, ""); }
   void EnableProfileCommands(bool enableAscent, bool enableInformation) override {
     ascent = enableAscent;
@@ -40,6 +44,7 @@ struct RecordedDisplay : EditorDisplay {
     told.push_back(what + " " + std::to_string(document) + ": " + text);
   }
 
+  std::function<void(std::int16_t)> onRedraw;
   std::vector<std::string> told;
   bool ascent = false;
   bool information = false;

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "model/number_text.h"
+#include "model/user_actions.h"
+#include "platform/text_source.h"
+
+namespace tav {
+
+/// The actions of a plan as a table whose cells are typed: legs, and ascents as rows of their own. A cell may hold what
+/// can't be planned; the table then tells why, and has no actions. Rows count from 0; a range is from its first to its
+/// last row. What was not typed keeps its value to the bit.
+class LegTable {
+ public:
+  enum class Field { Depth, Time, Gas };
+
+  struct Number {
+    std::string text;
+    std::optional<Single> value;  ///< nothing for a text that is no number
+    bool typed = false;
+  };
+  struct Row {
+    bool ascent = false;
+    Number depth;
+    Number time;  ///< minutes of the whole leg, its move included
+    std::string gas;
+    std::optional<std::int16_t> mix;  ///< nothing for a name that no blend has
+    std::int16_t origin = 0;          ///< the action that it was when the table was loaded; 0 for a new row
+  };
+  struct Fault {
+    int row = 0;
+    Field field = Field::Depth;
+    std::string reason;  ///< a sentence
+  };
+
+  explicit LegTable(LocaleSeparators separators = {}) : separators_(std::move(separators)) {}
+
+  /// All rows anew. The template must outlive the table.
+  void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
+  [[nodiscard]] int Rows() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] const Row& At(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
+
+  void Set(int row, Field field, const std::string& text);
+  /// Puts a leg without depth and time ahead of a row, on the gas of the leg above it.
+  void Insert(int row);
+  void Delete(int first, int last);
+  /// Puts copies behind the range.
+  void Duplicate(int first, int last);
+  /// Moves legs by one row, down for +1 and up for -1. False at the ends of the plan and for a range with an ascent.
+  bool Move(int first, int last, int by);
+  /// Whether the plan ends with its ascent.
+  [[nodiscard]] bool EndsWithAscent() const { return !rows_.empty() && rows_.back().ascent; }
+  void SetFinalAscent(bool on);
+  /// Where a leg at the end of the plan goes: ahead of the ascent that ends it.
+  [[nodiscard]] int EndOfLegs() const { return Rows() - (EndsWithAscent() ? 1 : 0); }
+
+  /// Depth, time and gas of each row with tabs between them, an ascent as `ascentWord`, a line a row.
+  [[nodiscard]] std::string Text(int first, int last, const std::string& ascentWord) const;
+  /// Puts rows of a text of that form ahead of a row: with tabs or, in a text without any, with semicolons or commas
+  /// between depth, time and gas. Lines without a number are passed over ahead of the first row (a heading). A row
+  /// without a gas takes that of the leg above. Returns the number of rows.
+  int Paste(int row, const std::string& text, const std::string& ascentWord);
+
+  /// Why the rows can't be planned: no number, or one outside its limits (those of a new leg for what was typed), an
+  /// unknown gas. One fault a cell at most, in the order of the rows.
+  [[nodiscard]] std::vector<Fault> Faults(const TextSource& texts) const;
+  /// Of a table without faults.
+  [[nodiscard]] ClassUseractions Actions() const;
+  /// The origin of each action, from element 1 on.
+  [[nodiscard]] std::vector<std::int16_t> Origins() const;
+
+ private:
+  [[nodiscard]] std::optional<std::int16_t> GasAbove(int row) const;
+  void SetMix(Row& row, std::optional<std::int16_t> mix) const;
+  void Put(int row, Row made);
+  /// An ascent needs a leg ahead of it.
+  void DropIdleAscents();
+  [[nodiscard]] std::string DepthReason(const Number& depth, const TextSource& texts) const;
+  [[nodiscard]] std::string TimeReason(const Number& time, const TextSource& texts) const;
+  [[nodiscard]] std::string Written(Single value) const { return WriteLocaleNumber(FormatPlain(value), separators_); }
+
+  LocaleSeparators separators_;
+  const DiveTemplate* template_ = nullptr;
+  std::vector<Row> rows_;
+};
+
+}  // namespace tav

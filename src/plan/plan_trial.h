@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "model/dive_template.h"
+#include "plan/document_forms.h"
+#include "plan/undo_history.h"
+
+namespace tav {
+
+/// Why a plan does not take a change.
+struct PlanRefusal {
+  /// A leg that goes above the ceiling at its start.
+  struct Leg {
+    std::int16_t action = 0;
+    Single ceiling;
+  };
+  std::vector<Leg> legs;
+  std::string fault;  ///< the plan could be computed before, but not with the change
+
+  [[nodiscard]] bool IsEmpty() const { return legs.empty() && fault.empty(); }
+};
+
+/// A change of a plan while its user is still at it: each state that makes sense is computed and shown, the later dives
+/// of the series with it; one that does not leaves the state before in force. Keep makes the last one a change of the
+/// document and one step of undo, Drop brings the plan back that was there before.
+class PlanTrial {
+ public:
+  PlanTrial(DocumentForms& forms, UndoHistory& history) : forms_(forms), history_(history) {}
+
+  /// Begins, unless a trial on that document is running already; one on another document is kept.
+  void Begin(std::int16_t document);
+  [[nodiscard]] bool Running() const { return running_; }
+  [[nodiscard]] std::int16_t Document() const { return document_; }
+
+  /// Other actions. An edited leg has the rule of a new one: not above the ceiling that the plan has where it begins.
+  /// `origins` tells for each action, from 1 on, which action of the plan before the trial it was, 0 for none: a leg
+  /// that was above the ceiling then, and is as deep as then, stands.
+  PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins);
+  /// Another template. The reason why the plan can't be computed with it; empty when it is in force.
+  std::string TryTemplate(const std::function<void(DiveTemplate&)>& change);
+
+  void Keep();
+  void Drop();
+
+ private:
+  [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
+  [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
+  [[nodiscard]] std::vector<PlanRefusal::Leg> LegsAboveCeiling() const;
+  [[nodiscard]] bool IsChanged() const { return templateChanged_ || !(Editor().UserActions == formerActions_); }
+  void End();
+
+  DocumentForms& forms_;
+  UndoHistory& history_;
+  bool running_ = false;
+  bool templateChanged_ = false;
+  std::int16_t document_ = 0;
+  ClassUseractions formerActions_;
+  DiveTemplate formerTemplate_;
+  std::vector<PlanRefusal::Leg> formerlyAbove_;
+};
+
+}  // namespace tav
