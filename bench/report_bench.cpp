@@ -7,6 +7,7 @@
 #include "platform/headless/headless_platform.h"
 #include "report/dive_report.h"
 #include "support/plan_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav::bench {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 /// The long report of three dives: 100 m on trimix, and twice more on what the dive before left.
 void LongReportOfASeries(benchmark::State& state) {
   test::Plans plans;
-  const std::filesystem::path file = std::filesystem::path(TAV_SOURCE_DIR) / "dives/trimix-100.tav";
+  const std::filesystem::path file = SourceFolder() / "dives/trimix-100.tav";
   std::int16_t last = OpenProfile(plans.forms, file).front();
   const ClassUseractions actions = plans.forms(last).UserActions;
   constexpr double kInterval = 180;

@@ -14,11 +14,12 @@
 #include "report/page_player.h"
 #include "report/page_units.h"
 #include "support/dialog_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav::bench {
 namespace {
 
-std::filesystem::path Trimix() { return std::filesystem::path(TAV_SOURCE_DIR) / "dives/trimix-100.tav"; }
+std::filesystem::path Trimix() { return SourceFolder() / "dives/trimix-100.tav"; }
 
 void FillInformationWindow(benchmark::State& state) {
   test::Dialogs dialogs;

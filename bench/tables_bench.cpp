@@ -8,6 +8,7 @@
 #include "platform/headless/headless_platform.h"
 #include "report/table_print.h"
 #include "support/plan_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav::bench {
 namespace {
@@ -75,7 +76,7 @@ void StandardGrid(benchmark::State& state, Stage stage) {
 /// Every minute of the shipped plan to 100 m, all scenarios.
 void Trimix100(benchmark::State& state, Stage stage) {
   test::Plans plans;
-  const auto document = OpenProfile(plans.forms, TAV_SOURCE_DIR "/dives/trimix-100.tav").back();
+  const auto document = OpenProfile(plans.forms, SourceFolder() / "dives/trimix-100.tav").back();
   Clock clock;
   int dives = 0;
   int pages = 0;

@@ -54,7 +54,7 @@ if [ -d "$cache" ]; then
 fi
 in_there() {
   env -i HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 \
-    CCACHE_DIR=/ccache CCACHE_NOHASHDIR=1 CCACHE_BASEDIR=/ \
+    CCACHE_DIR=/ccache \
     chroot "$root" /bin/sh -c "cd /tav && $1"
 }
 for command in "./run new --depth 60 --time 25 --gas Tx18/45" "./test"; do

@@ -31,6 +31,10 @@ build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev lib
 # What the tests of the real window need beside that.
 screen_packages=(xvfb xdotool openbox imagemagick poppler-utils)
 
+# What one clone on this machine has compiled, another takes from the compiler's cache, wherever it lies.
+CCACHE_BASEDIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+export CCACHE_BASEDIR CCACHE_NOHASHDIR=1 CCACHE_COMPILERCHECK=content
+
 # build PRESET [TARGET...] configures and builds; what it prints is shown only when it fails.
 build() {
   local preset=$1 log

@@ -99,7 +99,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
     from = to;
   } while (from < columns);
   RemarkWords words;
-  words.unit = dives.diveTemplate.Metric ? "m" : "ft";
+  words.unit = std::string(dives.diveTemplate.Metric ? "m" : "ft");
   for (const std::string& remark : TableRemarks(table, words, false)) out_ << Wrapped("  ! " + remark, 4);
 }
 

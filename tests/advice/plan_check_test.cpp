@@ -10,6 +10,7 @@
 #include "plan/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/random_plan.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -19,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const fs::path kRoot = TAV_SOURCE_DIR;
+const fs::path kRoot = SourceFolder();
 
 const TextSource& English() {
   static const LanguageTable texts = DefaultTexts(kRoot);

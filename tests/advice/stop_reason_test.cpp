@@ -8,11 +8,12 @@
 #include "plan/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/random_plan.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
 
-const std::filesystem::path kRoot = TAV_SOURCE_DIR;
+const std::filesystem::path kRoot = SourceFolder();
 
 /// The last stop of the 18 m dive on air, before the surface, with GF 0.85. Compartment 4 leads: a = 7.562, b = 0.7825,
 /// so that 7.562 x 0.85 + 10.1325 x (0.85 / 0.7825 - 0.85 + 1) = 18.954 m are tolerated. The rows tell its load as a

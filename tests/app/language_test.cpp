@@ -10,13 +10,14 @@
 #include "app/languages_form.h"
 #include "persist/text_file.h"
 #include "support/program_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSource = TAV_SOURCE_DIR;
+const fs::path kSource = SourceFolder();
 
 void WriteFile(const fs::path& file, const std::string& text) {
   fs::create_directories(file.parent_path());

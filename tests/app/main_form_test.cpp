@@ -3,6 +3,7 @@
 
 #include "dialogs/properties.h"
 #include "support/program_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -351,7 +352,7 @@ TEST(Files, DialogsStartInTheFolderUsedLastAndAtFirstInTheDocuments) {
   std::filesystem::create_directory(plans);
   std::filesystem::create_directory(templates);
   std::filesystem::copy(HeadlessProgram::Dive("wreck.tav"), plans);
-  std::filesystem::copy(std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl", templates);
+  std::filesystem::copy(SourceFolder() / "template/Imperial.tpl", templates);
   EXPECT_TRUE(p.Main().OpenFile(plans / "wreck.tav"));
   EXPECT_TRUE(p.Main().OpenFile(templates / "Imperial.tpl"));
   p.Main().mnuNewProfile.Choose();
@@ -442,7 +443,7 @@ TEST(Templates, LoadingOneWithoutAPlanSetsWhatNewPlansBeginWith) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
   EXPECT_TRUE(p.Main().CloseDocument(1));
-  const auto imperial = std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl";
+  const auto imperial = SourceFolder() / "template/Imperial.tpl";
   p.platform.filesChosen.push_back(imperial);
   p.Main().mnuLoadTemplate.Choose();
   EXPECT_FALSE(p.Document(0).Template.Metric);
@@ -474,7 +475,7 @@ TEST(Templates, OneInOtherUnitsCanTakeTheWaypointsAlong) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
   EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
-  p.platform.filesChosen.push_back(std::filesystem::path(TAV_SOURCE_DIR) / "template/Imperial.tpl");
+  p.platform.filesChosen.push_back(SourceFolder() / "template/Imperial.tpl");
   p.platform.answers = {BoxAnswer::Yes};
   p.Main().mnuLoadTemplate.Choose();
   EXPECT_FALSE(p.Document().Template.Metric);

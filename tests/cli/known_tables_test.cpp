@@ -7,6 +7,7 @@
 
 #include "cli/commands.h"
 #include "persist/text_file.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -16,7 +17,7 @@ using nlohmann::json;
 using testing::HasSubstr;
 using testing::Not;
 
-const fs::path kRoot = TAV_SOURCE_DIR;
+const fs::path kRoot = SourceFolder();
 
 struct Output {
   int status;

@@ -10,6 +10,7 @@
 #include "model/number_text.h"
 #include "persist/profile_file.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -21,7 +22,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-const fs::path kRoot = TAV_SOURCE_DIR;
+const fs::path kRoot = SourceFolder();
 
 std::string Dive(const char* name) { return (kRoot / "dives" / name).string(); }
 std::string KnownDive(const char* name) { return (kRoot / "tests/data/vectors" / name).string(); }

@@ -33,6 +33,7 @@
 #include "report/preview_form.h"
 #include "report/print_form.h"
 #include "support/program_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -64,7 +65,7 @@ struct Forms {
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));
     forms.back()->Caption = "General report";
     forms.push_back(std::make_unique<PrintPrint>(reports, platform, "plan"));
-    forms.push_back(std::make_unique<frmLanguages>(platform, texts, std::filesystem::path(TAV_SOURCE_DIR) / "lang"));
+    forms.push_back(std::make_unique<frmLanguages>(platform, texts, SourceFolder() / "lang"));
     forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
     forms.push_back(std::make_unique<frmLiability>(platform, texts));
     forms.push_back(std::make_unique<frmAbout>(texts, [] {}));

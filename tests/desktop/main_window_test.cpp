@@ -9,6 +9,7 @@
 #include "desktop/graph_view.h"
 #include "desktop/qt_text.h"
 #include "support/program_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -31,7 +32,7 @@ struct WindowedProgram {
   test::HeadlessProgram headless;  // for its folders
   MainWindow window;
   Program program{headless.platform.Services(window), window,
-                  ProgramFolders(TAV_SOURCE_DIR, headless.folder.Path() / "data"), ""};
+                  ProgramFolders(SourceFolder(), headless.folder.Path() / "data"), ""};
 };
 
 TEST(MainWindow, ATableThatIsMarkedKeepsItsMarkWhenItIsChosenAgain) {

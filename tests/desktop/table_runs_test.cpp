@@ -13,6 +13,7 @@
 #include "dialogs/bailout_start.h"
 #include "plan/profile_commands.h"
 #include "support/dialog_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -25,7 +26,7 @@ struct Preview : PreviewWindow {
 class TableRun : public testing::Test {
  protected:
   TableRun() {
-    const auto plan = OpenProfile(dialogs.forms, TAV_SOURCE_DIR "/dives/trimix-100.tav").back();
+    const auto plan = OpenProfile(dialogs.forms, SourceFolder() / "dives/trimix-100.tav").back();
     dialogs.platform.Services().documentWindows.OpenWindow(plan);
     report.window = &preview;
   }

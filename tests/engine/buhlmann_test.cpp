@@ -5,6 +5,7 @@
 
 #include "engine/vpm.h"
 #include "persist/template_file.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -343,7 +344,7 @@ TEST(Warnings, LeaveTheShippedGasesAloneAtTheirOwnStops) {
   for (const char* name : {"Default.tpl", "Imperial.tpl"}) {
     SCOPED_TRACE(name);
     Bench bench;
-    LoadTemplateFile(bench.Template(), std::filesystem::path(TAV_SOURCE_DIR) / "template" / name);
+    LoadTemplateFile(bench.Template(), SourceFolder() / "template" / name);
     bench.Template().MaxEnd = false;
     bench.Template().MaxPPO2 = 3;  // moves are judged by it, and the first one from 21 m passes the shipped 1.4
     bench.Square(bench.Template().Metric ? 40 : 130, 40);

@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "support/source_folder.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSource = fs::path(TAV_SOURCE_DIR) / "src";
+const fs::path kSource = tav::SourceFolder() / "src";
 
 // The folders of src and those that each may include, itself aside.
 const std::map<std::string, std::set<std::string>> kMayInclude = {

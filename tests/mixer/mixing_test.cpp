@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <random>
 
+#include "support/source_folder.h"
+
 namespace tav {
 namespace {
 
@@ -14,7 +16,7 @@ using nlohmann::json;
 constexpr double kRoomTemperature = 293;
 
 json Known(const char* name) {
-  return json::parse(std::ifstream(TAV_SOURCE_DIR "/tests/data/vectors/units.json"))[name];
+  return json::parse(std::ifstream(SourceFolder() / "tests/data/vectors/units.json"))[name];
 }
 
 MixShares Mix(const json& o2AndHe) {

@@ -8,6 +8,7 @@
 #include "platform/headless/headless_platform.h"
 #include "report/page_player.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -20,7 +21,7 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 const LanguageTable& English() {
-  static const LanguageTable table = LanguageTable::Read(TAV_SOURCE_DIR "/lang/TAV_uk.dll");
+  static const LanguageTable table = LanguageTable::Read(SourceFolder() / "lang/TAV_uk.dll");
   return table;
 }
 
@@ -121,7 +122,7 @@ TEST_F(Mixer, TellsAmountsInCubicFeetOfARatedCylinder) {
 
 // The guide shows what the program tells.
 TEST_F(Mixer, FillsTheExamplesOfTheGuide) {
-  const std::string guide = ReadTextFile(TAV_SOURCE_DIR "/lang/TAV_uk.hlp");
+  const std::string guide = ReadTextFile(SourceFolder() / "lang/TAV_uk.hlp");
   const struct {
     const char* chapter;
     FillRequest request;

@@ -15,6 +15,7 @@
 #include "model/number_text.h"
 #include "model/single.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-const fs::path kRoot = TAV_SOURCE_DIR;
+const fs::path kRoot = SourceFolder();
 
 std::string OutputOf(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(command.c_str(), "r"), ::pclose);

@@ -10,6 +10,7 @@
 
 #include "persist/template_file.h"
 #include "support/random_records.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -29,7 +30,7 @@ std::string Write(const ProfileText& profile) {
   return text;
 }
 
-std::string Shipped(const char* name) { return ReadTextFile(std::filesystem::path(TAV_SOURCE_DIR) / "dives" / name); }
+std::string Shipped(const char* name) { return ReadTextFile(SourceFolder() / "dives" / name); }
 
 /// A dive with the shipped template, 42 lines long before "Start of Profile", and these lines behind it.
 std::string Dive(const std::string& lines) { return WriteTemplateBlock(ShippedDefaultTemplate()) + lines; }

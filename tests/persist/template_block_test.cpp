@@ -12,6 +12,7 @@
 #include "persist/template_file.h"
 #include "support/random_records.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -45,15 +46,14 @@ std::string Advice(const std::string& text) {
 
 TEST(TemplateBlock, OfTheShippedFilesIsWrittenAsItStandsThere) {
   for (const char* name : {"Default.tpl", "Imperial.tpl"}) {
-    const auto file = std::filesystem::path(TAV_SOURCE_DIR) / "template" / name;
+    const auto file = SourceFolder() / "template" / name;
     DiveTemplate diveTemplate;
     LoadTemplateFile(diveTemplate, file);
     EXPECT_EQ(WriteTemplateBlock(diveTemplate), FileText(file));
     EXPECT_TRUE(TemplateFaults(diveTemplate).empty());
     EXPECT_EQ(Advice(FileText(file)), "");
   }
-  EXPECT_EQ(WriteTemplateBlock(ShippedDefaultTemplate()),
-            FileText(std::filesystem::path(TAV_SOURCE_DIR) / "template/Default.tpl"));
+  EXPECT_EQ(WriteTemplateBlock(ShippedDefaultTemplate()), FileText(SourceFolder() / "template/Default.tpl"));
 }
 
 TEST(TemplateBlock, OfAnyRecordComesBackAsItWas) {

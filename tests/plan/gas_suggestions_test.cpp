@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "model/number_text.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -14,7 +15,7 @@ using nlohmann::json;
 std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100), 0); }
 
 TEST(GasSuggestions, AreTheKnownOnesWithinThePPO2AndENDLimits) {
-  const json units = json::parse(std::ifstream(TAV_SOURCE_DIR "/tests/data/vectors/units.json"));
+  const json units = json::parse(std::ifstream(SourceFolder() / "tests/data/vectors/units.json"));
   ASSERT_FALSE(units["suggestions"].empty());
   for (const json& known : units["suggestions"]) {
     SCOPED_TRACE(known.dump());

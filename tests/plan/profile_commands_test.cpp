@@ -5,6 +5,7 @@
 
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -13,7 +14,7 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::ElementsAre;
 
-const fs::path kSeries = fs::path(TAV_SOURCE_DIR) / "dives/lake-series.tav";
+const fs::path kSeries = SourceFolder() / "dives/lake-series.tav";
 
 TEST(OpenProfile, LinksItsDivesAndNumbersThemFromZero) {
   test::Plans plans;

@@ -6,6 +6,7 @@
 #include "plan/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -98,7 +99,7 @@ TEST_F(Series, CarriesTheLoadsOverIntoOtherUnits) {
   const ClassProfile metres = Dived(After(third_, 60), 30.48, 20).InputProfile;
   third_.NextProfile = -1;
   frmWaypointEditor& fourth = After(third_, 60);
-  LoadTemplateFile(Document(fourth).Template, std::string(TAV_SOURCE_DIR) + "/template/Imperial.tpl");
+  LoadTemplateFile(Document(fourth).Template, SourceFolder() / "template/Imperial.tpl");
   const ClassProfile& feet = Dived(fourth, 100, 20).InputProfile;
   for (std::size_t c = 0; c < kCompartments; ++c) {
     EXPECT_NEAR(feet.GetPercentCompartments(2)[c], metres.GetPercentCompartments(2)[c], 0.02) << c;

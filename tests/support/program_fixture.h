@@ -10,6 +10,7 @@
 #include "app/program.h"
 #include "platform/headless/headless_platform.h"
 #include "support/scratch_folder.h"
+#include "support/source_folder.h"
 
 namespace tav::test {
 
@@ -62,9 +63,7 @@ struct HeadlessProgram {
   frmWaypointEditor& Editor() { return program.Forms()(Active()); }
   DocumentState& Document(std::int16_t n) { return program.Forms().Services().documents(n); }
   DocumentState& Document() { return Document(Active()); }
-  static std::filesystem::path Dive(const std::string& name) {
-    return std::filesystem::path(TAV_SOURCE_DIR) / "dives" / name;
-  }
+  static std::filesystem::path Dive(const std::string& name) { return SourceFolder() / "dives" / name; }
 
   /// Copies for recovery lie beside the settings; set before the program asks where that is.
   struct SettingsFolder {
@@ -77,7 +76,7 @@ struct HeadlessProgram {
   SettingsFolder settingsFolder{folder.Path() / "config"};
   HeadlessPlatform platform;
   HeadlessMainView view;
-  Program program{platform, view, ProgramFolders(TAV_SOURCE_DIR, folder.Path() / "data"), "no window system\n"};
+  Program program{platform, view, ProgramFolders(SourceFolder(), folder.Path() / "data"), "no window system\n"};
 };
 
 inline std::string FileText(const std::filesystem::path& file) {

@@ -9,6 +9,7 @@
 #include "engine/vpm.h"
 #include "model/altitude.h"
 #include "model/numbers.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -44,7 +45,7 @@ const SmallFunction kFunctions[] = {
 };
 
 TEST(SmallFunctions, GiveTheKnownValues) {
-  const json units = json::parse(std::ifstream(TAV_SOURCE_DIR "/tests/data/vectors/units.json"));
+  const json units = json::parse(std::ifstream(SourceFolder() / "tests/data/vectors/units.json"));
   for (const SmallFunction& function : kFunctions) {
     const json& cases = units[function.name];
     ASSERT_FALSE(cases.empty()) << function.name;

@@ -7,6 +7,7 @@
 
 #include "plan/profile_commands.h"
 #include "support/plan_fixture.h"
+#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -16,7 +17,7 @@ using nlohmann::json;
 
 std::vector<fs::path> Dives() {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(fs::path(TAV_SOURCE_DIR) / "tests/data/vectors")) {
+  for (const auto& entry : fs::recursive_directory_iterator(SourceFolder() / "tests/data/vectors")) {
     // The plans of bail-out tables have results of another kind.
     const bool bailout = entry.path().parent_path().filename() == "bailout";
     if (entry.path().extension() == ".tav" && !bailout) files.push_back(entry.path());
