@@ -33,7 +33,7 @@ screen_packages=(xvfb xdotool openbox imagemagick poppler-utils)
 
 # What one clone on this machine has compiled, another takes from the compiler's cache, wherever it lies.
 CCACHE_BASEDIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-export CCACHE_BASEDIR CCACHE_NOHASHDIR=1 CCACHE_COMPILERCHECK=content
+export CCACHE_BASEDIR CCACHE_NOHASHDIR=1 CCACHE_COMPILERCHECK=content CCACHE_SLOPPINESS=pch_defines,time_macros
 
 # build PRESET [TARGET...] configures and builds; what it prints is shown only when it fails.
 build() {
