@@ -22,6 +22,7 @@ GridCell Marked(std::string text, bool mark) {
 
 std::vector<GridCell> DiveInformation::Heads(const std::vector<std::string>& heads) const {
   std::vector<GridCell> cells;
+  cells.reserve(heads.size());
   for (const std::string& head : heads) cells.push_back({head});
   return cells;
 }

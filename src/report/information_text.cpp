@@ -20,7 +20,7 @@ int LengthOf(const std::string& text) {
       std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(0, count)), ' '); }
+std::string Blanks(int count) { return std::string().append(static_cast<std::size_t>(std::max(0, count)), ' '); }
 std::string Rule(int length) { return std::string(static_cast<std::size_t>(length), '_') + "\r\n"; }
 
 std::string Centred(const std::string& text) {
