@@ -106,9 +106,9 @@ PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
 }
 
 void PageOutput::WritePdf(const std::string& title) const {
-  if (!boxes_.first.empty()) throw FileError(pages_.Pages().Path(), 0, boxes_.first);
   const std::string& fault = pages_.Pages().Fault();
   if (!fault.empty()) throw FileError(out_, 0, fault);
+  if (!boxes_.first.empty()) throw FileError(out_, 0, boxes_.first);
   const Ended ended = Run(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
                                              fs::absolute(out_).string(), "--title", title});
   constexpr int kNotFound = 127;

@@ -7,6 +7,7 @@
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QtWidgets>
+#include <algorithm>
 #include <stdexcept>
 
 #include "desktop/qt_surface.h"
@@ -48,10 +49,16 @@ class SheetJob : public PrintJob {
  private:
   void MakeSurface() {
     constexpr double kHairLine = 0.6;  // points
-    const double dotsPerInch = device_.logicalDpiX();
+    const double dotsPerInch = device_.logicalDpiX() * Scale();
     surface_.emplace(painter_, page::kWidth, page::kHeight, page::kUnitsPerCm * kCmPerInch / dotsPerInch);
     surface_->SetPixelsPerPoint(dotsPerInch / kPointsPerInch);
     surface_->SetPenWidth(kHairLine * dotsPerInch / kPointsPerInch);
+  }
+
+  /// 1, or less where the sheet is smaller than a page: nothing of a plan may fall off its edge.
+  [[nodiscard]] double Scale() const {
+    const QSizeF sheet = device_.pageLayout().fullRect(QPageLayout::Inch).size() * kCmPerInch * page::kUnitsPerCm;
+    return std::min({1.0, sheet.width() / page::kWidth, sheet.height() / page::kHeight});
   }
 
   Device& device_;
@@ -125,6 +132,7 @@ std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title) {
   dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
   dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
+  device.setPageOrientation(QPageLayout::Landscape);  // pages are; the dialogs may have turned the sheet
   return std::make_unique<PaperJob>(device);
 }
 

@@ -62,7 +62,7 @@ class GeneralReport {
   // report_tables.cpp
   void ProfileHead();
   void ProfileTable();
-  void ProfileRow(std::int16_t row);
+  void ProfileRow(std::int16_t index);
   void PrintCellRight(int cell, Single y, const std::string& text, bool bold = false);
   void PrintCellLeft(int cell, Single y, const std::string& text, bool bold = false);
   enum class DecoTable { Bottom, Stops };

@@ -133,6 +133,7 @@ void PrintPreview::PrintBoxOutline(Single x1, Single y1, Single x2, Single y2) {
 void PrintPreview::SetForeColor(Colour colour) { Lines({"#ForeColor", std::to_string(colour)}); }
 
 void PrintPreview::PrintPicture(const std::string& picture, Single x, Single y, Single width, Single height) {
+  if (folder_.Path().empty()) return;  // its fault is told at the end
   // Numbered and not drawn by lot: no two pictures of a report share a file.
   constexpr int kFirst = 100000;
   const fs::path path = folder_.Path() / ("_$$_" + FormatZeroFilled(kFirst + pictures_++, 6) + ".tmp");
