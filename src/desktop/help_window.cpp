@@ -31,15 +31,16 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   page_ = new QTextBrowser;
   page_->setObjectName(QStringLiteral("helpPage"));
   page_->document()->setDocumentMargin(16);
+  page_->setSearchPaths({ToQt(file.parent_path().string())});  // of the pictures
   page_->setHtml(html);
 
   auto* split = new QSplitter;
   split->addWidget(tabs_);
   split->addWidget(page_);
   split->setStretchFactor(1, 1);
-  split->setSizes({260, 640});
+  split->setSizes({260, 860});
   setCentralWidget(split);
-  resize(900, 640);
+  resize(1120, 720);
   FillContents(html);
   connect(contents_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     if (item != nullptr) page_->scrollToAnchor(item->data(0, Qt::UserRole).toString());
