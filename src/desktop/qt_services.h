@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "platform/text_source.h"
 
+class QAction;
 class QPoint;
 class QWidget;
 
@@ -107,6 +108,6 @@ class QtHelp : public HelpViewer {
 };
 
 /// A caption of a menu item: its text, and the short cut where the item has one.
-void FillAction(const MenuItem& item, class QAction& action);
+void FillAction(const MenuItem& item, QAction& action);
 
 }  // namespace tav
