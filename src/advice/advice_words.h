@@ -29,6 +29,9 @@ class AdviceWords {
   [[nodiscard]] std::string PPO2(double ppo2) const;
   /// "1240 l", "43.8 cu ft"
   [[nodiscard]] std::string Volume(double volume) const;
+  /// "187 bar", "2700 psi", for a gauge in bar or psi.
+  [[nodiscard]] std::string Gauge(double pressure, bool inBar) const;
+  [[nodiscard]] std::string GaugeUnit(bool inBar) const;
   [[nodiscard]] std::string LengthUnit() const;
   [[nodiscard]] std::string PressureUnit() const;
   [[nodiscard]] std::string VolumeUnit() const;

@@ -5,7 +5,7 @@
 
 namespace tav {
 
-std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words) {
+std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words, const GasSupply& supply) {
   std::vector<Finding> findings;
   if (dive.rows.GetLength() == 0) return findings;
   const std::vector<BreathedSegment> segments = BreathedSegments(dive);
@@ -14,6 +14,7 @@ std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words
   plan_check::CheckGas(context);
   plan_check::CheckLegs(context);
   plan_check::CheckChanges(context);
+  plan_check::CheckSupply(context, supply);
   std::ranges::stable_sort(findings, {}, [](const Finding& f) { return std::tuple(f.severity, f.firstRow); });
   return findings;
 }

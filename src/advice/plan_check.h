@@ -5,12 +5,14 @@
 #include "advice/advice_words.h"
 #include "advice/breathed_gas.h"
 #include "advice/finding.h"
+#include "advice/gas_supply.h"
 
 namespace tav {
 
 /// What an instructor would mark in a computed dive, the worst first, those of one severity in the order of the dive.
-/// Empty for a dive without rows. It changes nothing and takes some microseconds.
-std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words);
+/// Empty for a dive without rows. `supply` is that of the dive; without one, nothing is said of it. It changes nothing
+/// and takes some microseconds.
+std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words, const GasSupply& supply = {});
 
 /// The parts of the check. Each adds what it finds.
 namespace plan_check {
@@ -30,6 +32,9 @@ void CheckGas(const Context& context);
 void CheckChanges(const Context& context);
 /// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
 void CheckLegs(const Context& context);
+
+/// `GasShort` (supply_findings.cpp).
+void CheckSupply(const Context& context, const GasSupply& supply);
 
 }  // namespace plan_check
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "advice/supply_choice.h"
 #include "app/program_folders.h"
 
 /// The commands of tavplan. Each writes its result to `out`, its errors as lines "FILE:LINE: REASON" to `err`, and
@@ -22,8 +23,9 @@ struct OutputOptions {
   OutputForm form = OutputForm::Slate;
   bool vpm = false;
   bool hybrid = false;
-  bool why = false;  ///< tell why each stop lasts as long as it does
-  std::string phi;   ///< trace file; empty for none
+  bool why = false;     ///< tell why each stop lasts as long as it does
+  std::string phi;      ///< trace file; empty for none
+  SupplyChoice supply;  ///< how the gas for the way up is reckoned
 };
 
 /// Prints the schedules of profile files.
@@ -31,10 +33,11 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
                 std::ostream& out, std::ostream& err);
 
 struct NewPlanOptions {
-  std::vector<std::string> legs;  ///< DEPTH:TIME or DEPTH:TIME@GAS
-  std::string gas;                ///< of the legs that name none; empty for Air
-  std::string templateName;       ///< a file, or a name in the template folder; empty for the default
-  std::string output;             ///< profile file to write; empty for none
+  std::vector<std::string> legs;       ///< DEPTH:TIME or DEPTH:TIME@GAS
+  std::string gas;                     ///< of the legs that name none; empty for Air
+  std::string templateName;            ///< a file, or a name in the template folder; empty for the default
+  std::vector<std::string> cylinders;  ///< "GAS:COUNT/SIZE/FILL/RESERVE", in place of those of the template
+  std::string output;                  ///< profile file to write; empty for none
 };
 
 /// Makes a plan from legs, computes its ascent, prints it and saves it where asked to.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "advice/finding.h"
+#include "advice/gas_supply.h"
 #include "advice/stop_reason.h"
 #include "cli/plan_session.h"
 
@@ -18,6 +19,7 @@ struct ComputedDive {
   const ClassProfile* rows = nullptr;
   std::vector<Finding> findings;
   std::vector<StopReason> reasons;  ///< of its stops
+  GasSupply supply;                 ///< empty when no cylinders are told
   std::string model;                ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
 };
 
@@ -30,8 +32,11 @@ std::string DivesCsv(const std::vector<ComputedDive>& dives);
 /// A finding in lines for the terminal: "!" ahead of danger and caution, "-" ahead of a note.
 std::string FindingLine(const Finding& finding);
 
-/// A dive as divers write it on a slate: settings, legs and stops, totals, findings; and with `why` what each stop
-/// waits for.
+/// The gas supply as tables for the terminal, how each minimum gas is worked out below its leg; empty without one.
+std::string SupplyLines(const ComputedDive& dive, const TextSource& texts);
+
+/// A dive as divers write it on a slate: settings, legs and stops, totals, gas supply, findings; and with `why` what
+/// each stop waits for.
 std::string DiveSlate(const ComputedDive& dive, bool why, const TextSource& texts);
 
 }  // namespace tav

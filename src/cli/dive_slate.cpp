@@ -23,6 +23,7 @@ class Slate {
     text_ += "\n" + schedule_.Aligned() + "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
     if (why) Reasons(AdviceWords(texts, {".", ""}, template_.Metric));
+    text_ += SupplyLines(dive_, texts);
     for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);
   }

@@ -1,5 +1,6 @@
 #include "cli/computed_dive.h"
 #include "cli/row_json.h"
+#include "cli/supply_json.h"
 
 namespace tav {
 namespace {
@@ -32,6 +33,7 @@ Json DiveJson(const ComputedDive& dive) {
                                 {"rows", {finding.firstRow, finding.lastRow}},
                                 {"text", finding.text}});
   }
+  json["gas_supply"] = SupplyJson(dive.supply);
   return json;
 }
 

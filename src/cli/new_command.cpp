@@ -6,6 +6,7 @@
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "model/template_faults.h"
+#include "persist/cylinder_line.h"
 
 namespace tav {
 namespace {
@@ -22,6 +23,13 @@ void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveT
   const std::string fault = LegFault(time, depth, mix, diveTemplate);
   if (!fault.empty()) throw OptionError(fault);
   window.SaveUserEnteredWaypoints(time, depth, mix, false);
+}
+
+void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
+  Cylinder& cylinder = diveTemplate.Cylinders.emplace_back();
+  const std::string fault = ReadCylinderLine(text.ends_with('/') ? text : text + "/", cylinder);
+  if (!fault.empty()) throw OptionError("cylinder \"" + text + "\": " + fault);
+  MixNumber(cylinder.Gas, diveTemplate);
 }
 
 }  // namespace
@@ -43,10 +51,13 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     const std::int16_t number = session.Forms().LoadNewDoc();
     frmWaypointEditor& window = session.Forms()(number);
     for (const std::string& leg : plan.legs) AddLeg(leg, plan.gas, session.Documents()(number).Template, window);
+    DiveTemplate& settings = session.Documents()(number).Template;
+    if (!plan.cylinders.empty()) settings.Cylinders.clear();
+    for (const std::string& cylinder : plan.cylinders) AddCylinder(cylinder, settings);
     window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
     window.ReEvaluateUserEnteredWaypoints();
     std::vector<ComputedDive> dives;
-    if (!Gather(session, title, {number}, texts, dives, err)) return ExitStatus::kUnusableInput;
+    if (!Gather(session, title, {number}, options, texts, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
     return Print(dives, options, texts, out, err);
   } catch (const OptionError& error) {

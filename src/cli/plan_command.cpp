@@ -22,7 +22,7 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
   for (const std::string& file : files) {
     try {
       const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
-      if (!Gather(session, file, documents, texts, dives, err)) status = ExitStatus::kUnusableInput;
+      if (!Gather(session, file, documents, options, texts, dives, err)) status = ExitStatus::kUnusableInput;
     } catch (const std::exception& error) {
       err << error.what() << "\n";
       status = ExitStatus::kUnusableInput;

@@ -20,7 +20,8 @@ void ApplyOptions(const OutputOptions& options, PlanSession& session) {
 }
 
 bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
-            const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err) {
+            const OutputOptions& options, const TextSource& texts, std::vector<ComputedDive>& dives,
+            std::ostream& err) {
   for (std::size_t i = 0; i < documents.size(); ++i) {
     const frmWaypointEditor& window = session.Forms()(documents[i]);
     if (!window.EvaluationFault().empty()) {
@@ -35,7 +36,8 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.rows = &window.InputProfile;
     const bool metric = dive.document->Template.Metric;
     const CheckedDive checked(window, *dive.document, session.Model());
-    dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric));
+    dive.supply = SupplyOf(session.Forms(), documents[i], options.supply);
+    dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
     dive.model = ModelName(session.Model());
   }

@@ -16,7 +16,7 @@ void ApplyOptions(const OutputOptions& options, PlanSession& session);
 /// Gathers computed documents of one file for output, with the findings of each in the words of `texts`. Returns false
 /// and writes the reason to `err` when a dive could not be computed.
 bool Gather(PlanSession& session, const std::string& file, const std::vector<std::int16_t>& documents,
-            const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err);
+            const OutputOptions& options, const TextSource& texts, std::vector<ComputedDive>& dives, std::ostream& err);
 
 /// Prints dives in the form asked for, and returns kDoesNotDecompress if one of them does not.
 int Print(const std::vector<ComputedDive>& dives, const OutputOptions& options, const TextSource& texts,

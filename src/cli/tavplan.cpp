@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <map>
 #include <ostream>
 
 #include "cli/commands.h"
@@ -17,6 +18,25 @@ void AddModelOptions(CLI::App& command, OutputOptions& options) {
   vpm->excludes(hybrid);
 }
 
+void AddSupplyOptions(CLI::App& command, OutputOptions& options) {
+  const std::map<std::string, TurnRule> rules{
+      {"all", TurnRule::AllUsable}, {"half", TurnRule::Half}, {"thirds", TurnRule::Thirds}};
+  const auto number = [&command](const char* name, Single& value, double least, double most, const char* text) {
+    command
+        .add_option_function<double>(
+            name, [&value](const double& given) { value = given; }, text)
+        ->check(CLI::Range(least, most));
+  };
+  command.add_option("--team", options.supply.team, "Divers that the minimum gas must bring up; 2 if not given")
+      ->check(CLI::Range(1, kLargestTeam));
+  number("--stress", options.supply.stress, 1, kLargestStress, "Factor on the RMV for it; 2 if not given");
+  number("--sort-out", options.supply.minutes, 0, kLongestSortingOut,
+         "Minutes at depth before the way up; 2 if not given");
+  command
+      .add_option("--turn", options.supply.rule, "How much of the rest is breathed before turning; all if not given")
+      ->transform(CLI::CheckedTransformer(rules).description("all, half, thirds"));
+}
+
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
   CLI::Option* json = AddJson(command, options);
   json->excludes(command.add_flag_callback(
@@ -26,6 +46,7 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
   command.add_flag_callback(
       "--phi", [&options] { options.phi = "phi.log"; },
       "Write the loads after each segment to phi.log in the current folder");
+  AddSupplyOptions(command, options);
 }
 
 constexpr const char* kPlanExamples = R"(
@@ -35,6 +56,7 @@ Examples:
   tavplan plan --csv a.tav > rows.csv        the same for a spreadsheet
   tavplan plan --hybrid a.tav                with the deeper of both ceilings
   tavplan plan --why a.tav                   what each stop waits for
+  tavplan plan --team 3 --turn thirds a.tav  the gas supply, where the plan tells its cylinders
 )";
 
 constexpr const char* kNewExamples = R"(
@@ -43,6 +65,9 @@ Examples:
   tavplan new --depth 60 --time 25 --gas Tx18/45 -o wreck.tav
   tavplan new --leg 40:15 --leg 25:20@EAN32 --leg 12:10
   tavplan new --depth 130 --time 30 --template Imperial
+  tavplan new --depth 30 --time 25 --cylinder Air:2/12/200/50 --cylinder EAN50:1/7/200/20
+A cylinder is GAS:COUNT/LITRES/FILL/RESERVE with pressures in bar, or
+GAS:COUNT/CUBIC FEET/RATED PRESSURE/FILL/RESERVE with pressures in psi.
 A gas that is not in the template is made from its name: EAN36, Tx15/60, H85.
 )";
 
@@ -116,6 +141,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   legs->excludes(depthOption);
   make->add_option("--gas", newPlan.gas, "Gas of the legs that name none; Air if not given");
   make->add_option("--template", newPlan.templateName, "Template file, or a name in the template folder");
+  make->add_option("--cylinder", newPlan.cylinders, "Cylinders of a gas; in place of those of the template");
   make->add_option("-o,--output", newPlan.output, "Profile file to write");
   AddOutputOptions(*make, newOptions);
   make->footer(kNewExamples);

@@ -1,6 +1,7 @@
 #include "model/cylinder.h"
 
 #include "model/number_text.h"
+#include "model/numbers.h"
 
 namespace tav {
 namespace {
@@ -42,9 +43,30 @@ double GasPerPressure(const Cylinder& cylinder, bool metric) {
   return metric ? own * kMetricPerImperial : own / kMetricPerImperial;
 }
 
+double GaugePressure(double pressure, bool inBar, bool toBar) {
+  if (inBar == toBar) return pressure;
+  return toBar ? pressure / kPsiPerBar : pressure * kPsiPerBar;
+}
+
 double PressureIn(bool metric, const Cylinder& cylinder, double pressure) {
-  if (cylinder.InLitres() == metric) return pressure;
-  return metric ? pressure / kPsiPerBar : pressure * kPsiPerBar;
+  return GaugePressure(pressure, cylinder.InLitres(), metric);
+}
+
+Cylinder InOtherUnit(const Cylinder& cylinder) {
+  constexpr double kUsualRating = 3000;  // psi
+  Cylinder other = cylinder;
+  const bool toLitres = !cylinder.InLitres();
+  other.Fill = RoundSingle(PressureIn(toLitres, cylinder, cylinder.Fill), 0);
+  other.Reserve = RoundSingle(PressureIn(toLitres, cylinder, cylinder.Reserve), 0);
+  const double perPressure = GasPerPressure(cylinder, toLitres) / cylinder.Count;
+  if (toLitres) {
+    other.RatedPressure = 0;
+    other.Size = RoundSingle(perPressure, 1);
+  } else {
+    other.RatedPressure = other.Fill > 0 ? other.Fill : Single(kUsualRating);
+    other.Size = RoundSingle(perPressure * other.RatedPressure, 1);
+  }
+  return other;
 }
 
 }  // namespace tav

@@ -32,7 +32,14 @@ std::string CylinderFault(const Cylinder& cylinder);
 /// atmosphere for each psi, as a plan in those units counts gas.
 double GasPerPressure(const Cylinder& cylinder, bool metric);
 
+/// A pressure of a gauge in bar or psi as another one shows it.
+double GaugePressure(double pressure, bool inBar, bool toBar);
+
 /// A pressure of a cylinder's own unit in bar or psi.
 double PressureIn(bool metric, const Cylinder& cylinder, double pressure);
+
+/// The same cylinder as it is stamped in the other unit: litres become cubic feet at its fill (at 3000 psi for an empty
+/// one), cubic feet litres; rounded to what a stamp shows. The gas that it holds stays but for the rounding.
+Cylinder InOtherUnit(const Cylinder& cylinder);
 
 }  // namespace tav

@@ -151,6 +151,47 @@ TEST_F(Tavplan, ListsFindingsWorstFirst) {
   EXPECT_THAT(Out(), HasSubstr("\n! Air at 60 m (run time 3.3 min): PPO2 1.47 bar is 0.07 above the limit of 1.40."));
 }
 
+TEST_F(Tavplan, TellsTheGasSupplyWhereCylindersAreTold) {
+  const std::string file = (scratch_.Path() / "supply.tav").string();
+  Run({"new", "--depth", "30", "--time", "25", "--cylinder", "Air:2/12/200/50", "--cylinder",
+       "EAN50:1/80/3000/2900/500", "--cylinder", "Oxygen:1/7/200/20/", "--turn", "thirds", "-o", file});
+  EXPECT_EQ(Err(), "");
+  EXPECT_THAT(Out(), HasSubstr("\nMinimum gas at the end of each leg\n"));
+  EXPECT_THAT(Out(), HasSubstr("2 divers x 2 x 20 l/min x 4.0 bar x 2 min + ascent "));
+  Run({"plan", "--json", "--team", "3", "--sort-out", "1", "--turn", "thirds", file});
+  const json supply = json::parse(Out())["dives"][0]["gas_supply"];
+  EXPECT_EQ(supply["team"], 3);
+  EXPECT_EQ(supply["rule"], "thirds");
+  ASSERT_EQ(supply["gases"].size(), 3U);
+  EXPECT_EQ(supply["gases"][0]["mix"], "Air");
+  EXPECT_EQ(supply["gases"][0]["carried"], 4800);
+  EXPECT_EQ(supply["gases"][1]["pressure_unit"], "psi");
+  const json& leg = supply["legs"][0];
+  // 3 x 2 x 20 x 4.01325 bar x 1 min
+  EXPECT_NEAR(leg["sorting_out"].get<double>(), 481.59, 0.01);
+  EXPECT_NEAR(leg["minimum_pressure"].get<double>() * 24, leg["minimum_gas"].get<double>(), 0.01);
+  const double kept = std::max(50.0, leg["minimum_pressure"].get<double>());
+  EXPECT_NEAR(leg["turn_pressure"].get<double>(), 200 - (200 - kept) / 3, 0.01);
+  // A plan that tells no cylinders has no supply, and nothing is said.
+  Run({"plan", "--json", Dive("wreck.tav")});
+  EXPECT_TRUE(json::parse(Out())["dives"][0]["gas_supply"].is_null());
+}
+
+TEST_F(Tavplan, RefusesCylindersAndChoicesThatCanNotBe) {
+  const std::vector<std::string> plan{"new", "--depth", "30", "--time", "25"};
+  const auto refused = [&](const std::string& option, const std::string& value) {
+    std::vector<std::string> arguments = plan;
+    arguments.insert(arguments.end(), {option, value});
+    EXPECT_EQ(Run(arguments), ExitStatus::kUnusableInput) << value;
+    return Err();
+  };
+  EXPECT_THAT(refused("--cylinder", "Air:2/12/200/250"), HasSubstr("a reserve of 250 is above the fill of 200"));
+  EXPECT_THAT(refused("--cylinder", "Helios:1/12/200/50"), HasSubstr("gas \"Helios\" is unknown"));
+  EXPECT_THAT(refused("--cylinder", "Air"), HasSubstr("name of a gas"));
+  EXPECT_THAT(refused("--team", "0"), HasSubstr("--team"));
+  EXPECT_THAT(refused("--turn", "quarter"), HasSubstr("--turn"));
+}
+
 TEST_F(Tavplan, TellsWhyEachStopLasts) {
   Run({"plan", "--json", Dive("wreck.tav")});
   const json rows = json::parse(Out())["dives"][0]["rows"];

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "advice/gas_supply.h"
+#include "cli/row_json.h"
+
+namespace tav {
+
+/// The gas supply of a dive: the diver's choice, gases and legs; null when no cylinders are told.
+Json SupplyJson(const GasSupply& supply);
+
+}  // namespace tav
