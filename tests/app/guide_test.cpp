@@ -91,9 +91,9 @@ Texts NamedIn(const Block& block) {
   return names;
 }
 
-/// The digits of a text in rising order of their groups: "1.61" and "1,61" are the same.
+/// The digits of a text in rising order of their groups: "1.61" and "1,61" are the same. O2 and PPO2 are words.
 std::multiset<std::string> Digits(const Block& block) {
-  const Texts found = AllOf(Plain(block.text), "([0-9]+)");
+  const Texts found = AllOf(ReplaceAll(Plain(block.text), "O2", ""), "([0-9]+)");
   return {found.begin(), found.end()};
 }
 
@@ -140,7 +140,7 @@ TEST_P(Guide, TellsTheSameAsTheEnglishOne) {
   for (std::size_t i = 0; i < std::min(blocks.size(), original.size()); ++i) {
     SCOPED_TRACE(GetParam() + ":" + std::to_string(blocks[i].line) + " " + blocks[i].text);
     ASSERT_EQ(blocks[i].tag, original[i].tag);
-    ASSERT_EQ(Digits(blocks[i]), Digits(original[i]));
+    EXPECT_EQ(Digits(blocks[i]), Digits(original[i]));
     // Where the English guide names a caption, this one names the same in its own language.
     const Texts named = NamedIn(blocks[i]);
     for (const std::string& caption : NamedIn(original[i])) {

@@ -203,10 +203,20 @@ const Table& Figures(const std::string& name) {
 }
 
 struct Document {
-  const char* file;
+  std::string file;
   bool html;
   bool comma;  ///< decimal sign of its tables
 };
+
+/// The guides of all languages, and the page of the validation.
+std::vector<Document> Documents() {
+  std::vector<Document> documents = {{"docs/validation.md", false, false}};
+  for (const auto& entry : fs::directory_iterator(kRoot / "lang")) {
+    const fs::path name = entry.path().filename();
+    if (name.extension() == ".hlp") documents.push_back({"lang" / name, true, name != "TAV_uk.hlp"});
+  }
+  return documents;
+}
 
 /// The lines of the block behind a marker, as they are to stand in the document.
 Lines Block(const std::string& marker, const Document& document) {
@@ -287,9 +297,7 @@ TEST_P(Guides, ShowTheFiguresThatTheProgramComputes) {
   EXPECT_EQ(lines.size(), renewed.size());
 }
 
-INSTANTIATE_TEST_SUITE_P(, Guides,
-                         testing::Values(Document{"lang/TAV_uk.hlp", true, false},
-                                         Document{"docs/validation.md", false, false}),
+INSTANTIATE_TEST_SUITE_P(, Guides, testing::ValuesIn(Documents()),
                          [](const auto& one) { return fs::path(one.param.file).stem().string(); });
 
 }  // namespace
