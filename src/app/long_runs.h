@@ -28,7 +28,7 @@ class LongRuns : public RunHost {
   }
   [[nodiscard]] bool MustEnd() const override { return ending_; }
 
-  [[nodiscard]] bool IsRunning() const { return document_.has_value(); }
+  [[nodiscard]] bool IsRunning() const override { return document_.has_value(); }
   /// The commands of this document wait for the end of a run.
   [[nodiscard]] bool Holds(std::int16_t document) const { return document_ == document; }
   /// The program ends; nothing may begin any more.

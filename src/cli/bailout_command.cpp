@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <ostream>
@@ -21,6 +22,12 @@ std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>
     throw OptionError("--dive: \"" + text + "\" is not one of the dives 1 to " + std::to_string(documents.size()));
   }
   return documents[static_cast<std::size_t>(number) - 1];
+}
+
+/// "2 of 3"
+std::string PlaceOf(std::int16_t document, const std::vector<std::int16_t>& documents) {
+  const auto place = std::find(documents.begin(), documents.end(), document) - documents.begin();
+  return std::to_string(place + 1) + " of " + std::to_string(documents.size());
 }
 
 Single ChosenInterval(const std::string& text) {
@@ -47,12 +54,14 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
 
     const bool json = options.form == OutputForm::Json;
     std::optional<TablePdf> pdf;
-    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Documents()(document).ProfileName);
+    // One dive of several is named wherever the plan is: two sheets of one file must not be mistaken for each other.
+    const std::string dive = documents.size() == 1 ? "" : ", dive " + PlaceOf(document, documents);
+    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Documents()(document).ProfileName + dive);
     TableOutput output(out, json  ? TableOutput::Form::Data
                             : pdf ? TableOutput::Form::Nothing
                                   : TableOutput::Form::Text);
     output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
-                 bailout.file + ", bail-out on open circuit every " + FormatPlain(cuts.Interval()) +
+                 bailout.file + dive + ", bail-out on open circuit every " + FormatPlain(cuts.Interval()) +
                      " min\nColumns are the minute at which the ascent begins, cells minutes of stop.\n");
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, [](int, int) { return true; });
@@ -61,7 +70,7 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
       output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}}, lost ? *lost + " lost" : "With all gases");
     }
     output.End();
-    if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string());
+    if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string() + dive);
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
     err << "tavplan bailout: " << error.what() << "\n";

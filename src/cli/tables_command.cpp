@@ -1,5 +1,6 @@
 #include <optional>
 #include <ostream>
+#include <sstream>
 
 #include "app/start_up.h"
 #include "cli/commands.h"
@@ -79,14 +80,16 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
       err << fault << "; the built-in settings stand in\n";
     }
     const std::int16_t mix = MixNumber(tables.gas, settings);
-    const Axis depths = AxisOf(tables.depths, "--depths", err);
-    const Axis times = AxisOf(tables.times, "--times", err);
+    std::ostringstream rounded;
+    const Axis depths = AxisOf(tables.depths, "--depths", rounded);
+    const Axis times = AxisOf(tables.times, "--times", rounded);
     const TableAxes axes{depths.from, depths.to, depths.step, times.from, times.to, times.step};
     const AxesFault axesFault = FindAxesFault(axes);
     if (axesFault != AxesFault::None) throw OptionError(Words(axesFault));
 
     SquareDives dives(session.Forms().Services(), DocumentStore::DefaultDocument, mix, !tables.descentCounts, axes);
     if (!dives.Fault().empty()) throw OptionError(dives.Fault());
+    err << rounded.str();
     const std::string unit = settings.Metric ? " m" : " ft";
     std::optional<TablePdf> pdf;
     if (!tables.pdf.empty()) pdf.emplace(folders, tables.pdf, "");

@@ -15,6 +15,7 @@ constexpr int kAbove99 = 3001;
 constexpr int kFaultTitle = 3002;
 constexpr int kNoPlan = 3003;
 constexpr int kPlanClosed = 7327;
+constexpr int kBusy = 7332;
 const std::string kSection = "Bailout";
 
 }  // namespace
@@ -70,6 +71,10 @@ void frmBailoutStart::SetRunning(bool running) {
 
 void frmBailoutStart::cbOK_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
+  if (host_.IsRunning()) {
+    Box(T(kBusy), T(kFaultTitle), BoxIcon::Exclamation);
+    return;
+  }
   SettingsStore& settings = platform_.settings;
   settings.WriteSetting(kSection, "Tables", Check1.Value ? "1" : "0");
   settings.WriteSetting(kSection, "Cards", Check2.Value ? "1" : "0");

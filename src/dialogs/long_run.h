@@ -19,6 +19,8 @@ class RunHost {
   /// A run for a document begins: its commands are held back, and warnings can be silenced until RunEnds.
   virtual void RunBegins(std::int16_t /*document*/) {}
   virtual void RunEnds() {}
+  /// A run is under way: another one would write into its pages.
+  [[nodiscard]] virtual bool IsRunning() const { return false; }
   /// The program wants to end.
   [[nodiscard]] virtual bool MustEnd() const { return false; }
 };

@@ -15,6 +15,8 @@ constexpr int kFeet = 6029;
 constexpr int kNoNumber = 7326;
 constexpr int kPlanClosed = 7327;
 constexpr int kNoGas = 7328;
+constexpr int kBusy = 7332;
+constexpr int kOtherUnits = 7333;
 const std::string kSection = "TableExpert";
 
 }  // namespace
@@ -59,16 +61,20 @@ void frmTableExpert::Form_Load() {
   Combo1.Items = gases;
   Combo1.ListIndex = 0;
   ShowMixDetails();
-  Label11.Caption = T(settings.Metric ? kMetres : kFeet);
-  const SettingsStore& store = platform_.settings;
-  for (const Field& field : Fields()) {
-    const std::string text = store.ReadSetting(kSection, settings.Metric ? field.metricKey : field.imperialKey);
-    field.box.Text = !text.empty() ? text : settings.Metric ? field.metricDefault : field.imperialDefault;
-  }
-  const std::string fast = store.ReadSetting(kSection, "FastDescent");
+  ShowFields();
+  const std::string fast = platform_.settings.ReadSetting(kSection, "FastDescent");
   Check1.Value = fast.empty() || Number(fast) != 0;
   Label13.Caption = settings.Templatename;
   tbSD.SelectAll();
+}
+
+void frmTableExpert::ShowFields() {
+  metric_ = TemplateOf(TableDocument()).Metric;
+  Label11.Caption = T(metric_ ? kMetres : kFeet);
+  for (const Field& field : Fields()) {
+    const std::string text = platform_.settings.ReadSetting(kSection, metric_ ? field.metricKey : field.imperialKey);
+    field.box.Text = !text.empty() ? text : metric_ ? field.metricDefault : field.imperialDefault;
+  }
 }
 
 void frmTableExpert::ShowMixDetails() {
@@ -81,9 +87,8 @@ void frmTableExpert::ShowMixDetails() {
 
 void frmTableExpert::SaveTableSettings() {
   SettingsStore& store = platform_.settings;
-  const bool metric = TemplateOf(TableDocument()).Metric;
   for (const Field& field : Fields()) {
-    store.WriteSetting(kSection, metric ? field.metricKey : field.imperialKey, field.box.Text);
+    store.WriteSetting(kSection, metric_ ? field.metricKey : field.imperialKey, field.box.Text);
   }
   store.WriteSetting(kSection, "FastDescent", Check1.Value ? "1" : "0");
 }
@@ -97,8 +102,26 @@ void frmTableExpert::SetRunning(bool running) {
   cbCancel.Caption = T(running ? kAbort : kCancel);
 }
 
+bool frmTableExpert::CanStart() {
+  const auto refuse = [this](int reason) {
+    Box(T(reason), T(kTitle), BoxIcon::Exclamation);
+    return false;
+  };
+  // The window stands beside the plan, which may have been closed or changed meanwhile.
+  if (plan_ && !plan_->IsOpen()) {
+    refuse(kPlanClosed);
+    Unload();
+    return false;
+  }
+  if (host_.IsRunning()) return refuse(kBusy);
+  if (TemplateOf(TableDocument()).Metric == metric_) return true;
+  ShowFields();
+  return refuse(kOtherUnits);
+}
+
 void frmTableExpert::cbStart_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
+  if (!CanStart()) return;
   SetRunning(true);
   SaveTableSettings();
   GenerateTables();
@@ -134,10 +157,9 @@ std::optional<TableAxes> frmTableExpert::ReadAxes() {
 void frmTableExpert::GenerateTables() {
   const auto axes = ReadAxes();
   if (!axes) return;
-  // The plan may have been closed or changed since the window opened.
   const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
-  if ((plan_ && !plan_->IsOpen()) || !mix) {
-    Box(T(mix ? kPlanClosed : kNoGas), T(kTitle), BoxIcon::Exclamation);
+  if (!mix) {
+    Box(T(kNoGas), T(kTitle), BoxIcon::Exclamation);
     return;
   }
   SquareDives dives(services_.forms.Services(), TableDocument(), *mix, Check1.Value, *axes);

@@ -65,12 +65,17 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   };
 
   [[nodiscard]] std::array<Field, 6> Fields();
+  /// The depths and times used last in the unit of the template.
+  void ShowFields();
+  /// Whether tables can be made now; says why not.
+  bool CanStart();
   std::optional<TableAxes> ReadAxes();
   [[nodiscard]] std::int16_t TableDocument() const { return plan_ ? plan_->Number() : DocumentStore::DefaultDocument; }
   void SetRunning(bool running);
 
   PrintPreview& report_;
   RunHost& host_;
+  bool metric_ = true;                  ///< unit of the depths that are shown
   std::optional<OpenedDocument> plan_;  ///< without one the settings are those of the default document
   LongRun* run_ = nullptr;              ///< while one lasts
 };

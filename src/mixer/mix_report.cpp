@@ -3,6 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "report/wrapped_text.h"
+
 namespace tav {
 namespace {
 
@@ -98,8 +100,12 @@ class Sheet {
                                         words_.Outcome(list_), words_.IfIdeal(list_), words_.AboutPressures()}) {
       if (sentence.empty()) continue;
       constexpr int kSmall = 9;
-      Text(kLeft, y, sentence, kSmall);
-      y += 0.45;
+      constexpr double kWidth = 19.3;  // to the edge of the title's band
+      for (const std::string& line :
+           WrappedText(sentence, kWidth, {kArial, kSmall, false}, writer_.Services().measure)) {
+        Text(kLeft, y, line, kSmall);
+        y += 0.45;
+      }
     }
   }
 

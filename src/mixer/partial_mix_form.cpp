@@ -135,7 +135,9 @@ void frmPartialMix::Check1_Click() {
   if (Check1.Value) {
     UseEmptyCylinder();
   } else {
-    CurFill.Text = Saved("sCurFill");
+    // A pressure in the other unit is no pressure of this cylinder.
+    const bool sameUnit = Saved("sCurFillUnit").empty() || Saved("sCurFillUnit") == UnitName();
+    CurFill.Text = sameUnit ? Saved("sCurFill") : Plain(FillScale());
     ShowMix(current_, Saved("sCurO2"), Saved("sCurHe"));
   }
   Recalculate();
@@ -294,6 +296,7 @@ void frmPartialMix::Save() {
   };
   save("AirCylinder", Check1.Value ? "1" : "0");
   save("sCurFill", CurFill.Text);
+  save("sCurFillUnit", UnitName());
   save("sCurHe", CurHe.Text);
   save("sCurN2", CurN2.Text);
   save("sCurO2", CurO2.Text);

@@ -129,6 +129,7 @@ class frmPartialMix : public TextForm {
   [[nodiscard]] std::optional<CylinderSize> SizeOfCylinder();
   void Save();
   [[nodiscard]] std::string Saved(const std::string& name) const;
+  [[nodiscard]] std::string UnitName() const { return template_.Metric ? "bar" : "psi"; }
   [[nodiscard]] double FillScale() const { return template_.Metric ? 1.0 : kPsiPerBar; }
 
   PrintPreview& writer_;

@@ -15,8 +15,12 @@ std::string Depth(Single value) { return FormatPlain(RoundSingle(value, 1)); }
 
 class Card {
  public:
-  Card(const TableDive& cut, const DiveTemplate& settings)
-      : cut_(cut), settings_(settings), rows_(cut.profile), bottom_(LastUserRow(rows_)) {
+  Card(const TableDive& cut, const TableDives& scenario)
+      : cut_(cut),
+        settings_(scenario.diveTemplate),
+        lost_(scenario.lost),
+        rows_(cut.profile),
+        bottom_(LastUserRow(rows_)) {
     late_ = rows_.GetRunTime(bottom_) - cut.head;
   }
 
@@ -65,6 +69,7 @@ class Card {
     row.gas = breathed.GasMixName;
     row.gasChanges = row.gas != gas_;
     gas_ = row.gas;
+    row.lostGas = place.Depth > 0 && lost_ && row.gas == *lost_;
     if (place.Depth == 0) row.gas.clear();  // nothing is breathed from a cylinder any more
     const Single surface = settings_.EndPressure;
     const double ppo2 = (surface + place.Depth / DepthPerPressure(settings_.Metric)) * breathed.GasMixO2 / 100;
@@ -79,6 +84,7 @@ class Card {
 
   const TableDive& cut_;
   const DiveTemplate& settings_;
+  const std::optional<std::string>& lost_;
   const ClassProfile& rows_;
   std::int16_t bottom_;
   Single late_;
@@ -92,7 +98,7 @@ class Card {
 std::vector<AscentCard> MakeAscentCards(const TableDives& cuts) {
   std::vector<AscentCard> cards;
   for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
-    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts.diveTemplate).Make());
+    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts).Make());
   }
   return cards;
 }

@@ -15,6 +15,7 @@ struct CardRow {
   std::string gas;
   bool gasChanges = false;
   bool lowPPO2 = false;  ///< the gas is below `MinPPO2` here
+  bool lostGas = false;  ///< the gas that the scenario takes for lost: it was in use at the cut
 };
 
 /// One gas of an ascent.

@@ -20,6 +20,7 @@ constexpr int kLitres = 7320;
 constexpr int kCubicFeet = 7321;
 constexpr int kNoDecompression = 7322;
 constexpr int kLowPPO2 = 7309;
+constexpr int kLostGas = 7330;
 constexpr int kMetres = 6027;
 constexpr int kFeet = 6029;
 
@@ -72,22 +73,30 @@ class CardPrinter {
  private:
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
   [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
+  /// A name that fits into a width in cm: nothing may run over the cut marks.
+  [[nodiscard]] std::string Fitted(const std::string& name, double width, double size, bool bold) const {
+    return FittedText(name, width, {kArial, size, bold}, writer_.Services().measure);
+  }
   [[nodiscard]] std::string Unit() const { return T(Metric() ? kMetres : kFeet); }
 
   void Head(std::size_t part) {
     const TablePlace place = pages_.PlaceCard(set_.info);
     x_ = place.x;
     y_ = place.y;
-    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.25, set_.title, kArial, 12, 1);
+    const double forPart = parts_ > 1 ? 1.2 : 0;
+    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.25, Fitted(set_.title, kRight - kMargin - forPart, 12, true), kArial, 12,
+                          1);
     if (parts_ > 1) {
       writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
                              1);
     }
     const std::string leave = T(kLeaveAt) + " " + card_.moment + " " + T(kMinutes) + ", " + card_.depth + " " + Unit();
-    if (!card_.decompresses) writer_.SetForeColor(kRed);
-    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.85, card_.decompresses ? leave : leave + "  " + T(kNoDecompression),
-                          kArial, card_.decompresses ? 12 : 9, 1);
-    writer_.SetForeColor(kBlack);
+    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.75, leave, kArial, 12, 1);
+    if (!card_.decompresses) {
+      writer_.SetForeColor(kRed);
+      writer_.PrintTextLeft(x_ + kMargin, y_ + 1.23, T(kNoDecompression), kArial, 10, 1);
+      writer_.SetForeColor(kBlack);
+    }
     writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(kDepth), kArial, kHeadSize, 0);
     writer_.PrintTextRight(x_ + kStopRight, y_ + kHeads, T(kStop), kArial, kHeadSize, 0);
     writer_.PrintTextRight(x_ + kRunRight, y_ + kHeads, T(kRunTime), kArial, kHeadSize, 0);
@@ -103,8 +112,9 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + kDepthRight, y_ + y, row.depth, kArial, kRowSize, 1);
     writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
-    writer_.PrintTextLeft(x_ + kGasLeft, y_ + y, row.lowPPO2 ? row.gas + " !" : row.gas, kArial, kRowSize,
-                          row.gasChanges ? 1 : 0);
+    const std::string mark = row.lowPPO2 || row.lostGas ? " !" : "";
+    const std::string gas = Fitted(row.gas, kRight - kGasLeft - (mark.empty() ? 0 : 0.3), kRowSize, row.gasChanges);
+    writer_.PrintTextLeft(x_ + kGasLeft, y_ + y, gas + mark, kArial, kRowSize, row.gasChanges ? 1 : 0);
   }
 
   /// The gas that is needed, and what is wrong with it, below the last row.
@@ -116,9 +126,13 @@ class CardPrinter {
     }
     const TextFont font{kArial, kNoteSize, true};
     std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
-    if (std::any_of(card_.rows.begin(), card_.rows.end(), [](const CardRow& row) { return row.lowPPO2; })) {
-      lines.push_back("! " + T(kLowPPO2));
-    }
+    const auto warn = [&](bool CardRow::*wrong, int id) {
+      if (std::any_of(card_.rows.begin(), card_.rows.end(), [&](const CardRow& row) { return row.*wrong; })) {
+        lines.push_back("! " + T(id));
+      }
+    };
+    warn(&CardRow::lowPPO2, kLowPPO2);
+    warn(&CardRow::lostGas, kLostGas);
     return lines;
   }
 

@@ -1,6 +1,7 @@
 #include "report/long_report.h"
 
 #include "report/page_units.h"
+#include "report/wrapped_text.h"
 
 namespace tav {
 namespace {
@@ -116,21 +117,7 @@ void GeneralReport::RowBand(Single y, int index, const std::vector<std::pair<dou
 }
 
 std::string GeneralReport::Fitted(const std::string& text, double cm, bool bold) const {
-  const TextFont font{kArial, 10, bold};
-  const auto fits = [&](const std::string& part) {
-    return out_.Services().measure.TextWidth(part, font) <= cm * page::kUnitsPerCm;
-  };
-  if (fits(text)) return text;
-  std::string part = text;
-  while (!part.empty() && !fits(part + "\u2026")) {
-    // A letter of several bytes goes as a whole.
-    do {
-      const bool continuation = (static_cast<unsigned char>(part.back()) & 0xC0U) == 0x80U;
-      part.pop_back();
-      if (!continuation) break;
-    } while (!part.empty());
-  }
-  return part + "\u2026";
+  return FittedText(text, cm, {kArial, 10, bold}, out_.Services().measure);
 }
 
 }  // namespace tav

@@ -69,6 +69,7 @@ class Builder {
     const auto rowOf = [&](const Waypoint& stop) {
       return FindDepthRow(table_.cells, Whole(stop.StopDepth), lastRow_);
     };
+    CheckBottom(dive);
     for (std::int16_t k = 0; k <= profile.GetLength(); ++k) {
       const Waypoint& stop = profile.Row(k);
       if (stop.StopTime == 0) continue;
@@ -83,6 +84,13 @@ class Builder {
       if (RoundSingle(stop.PPO2, 2) < profiles_.diveTemplate.MinPPO2) {
         Remark(table_.low_ppo2, dive, stop, FormatFixed(stop.PPO2, 2));
       }
+      if (IsTooHigh(stop.PPO2, profiles_.diveTemplate.DecoPPO2)) {
+        Remark(table_.high_ppo2, dive, stop, FormatFixed(stop.PPO2, 2));
+      }
+      // Rows up to the cut are the plan's own: there the gas was not lost yet.
+      if (profiles_.lost && k > LastUserRow(profile) && stop.GasMixName == *profiles_.lost) {
+        Remark(table_.lost_gas, dive, stop, stop.GasMixName);
+      }
       const int found = rowOf(stop);
       if (found == -1 || told[static_cast<std::size_t>(found)] != &stop) continue;
       auto& row = table_.cells[static_cast<std::size_t>(found)];
@@ -90,6 +98,20 @@ class Builder {
       if (found == 1) Remark(table_.bottom, dive, stop, Whole(stop.StopTime));
       if (MixLabel(stop) != row[TableColumn::kMix]) Remark(table_.other_gas, dive, stop, MixLabel(stop));
     }
+  }
+
+  /// The bottom of a square dive is no stop; that of a plan was judged with the plan.
+  void CheckBottom(std::size_t dive) {
+    if (profiles_.bailout || dive == 0) return;
+    const ClassProfile& profile = profiles_.dives[dive].profile;
+    const Waypoint& bottom = profile.Row(LastUserRow(profile));
+    if (!IsTooHigh(bottom.PPO2, profiles_.diveTemplate.MaxPPO2)) return;
+    table_.high_ppo2.push_back({dive - 1, table_.cells[0][dive + 2], Whole(bottom.Depth), FormatFixed(bottom.PPO2, 2)});
+  }
+
+  static bool IsTooHigh(Single ppo2, Single limit) {
+    constexpr double kRounding = 0.02;  // bar: oxygen at 6 m has 1.61
+    return RoundSingle(ppo2, 2) > limit + kRounding;
   }
 
   /// A remark on a stop of a dive that has a column.

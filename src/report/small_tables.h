@@ -39,6 +39,9 @@ struct SmallTable {
   std::vector<StopRemark> other_gas;  ///< stops on another gas than the label of their row: mix label
   std::vector<StopRemark> bottom;     ///< stops in row 1, which paper does not show: minutes
   std::vector<StopRemark> low_ppo2;   ///< stops at a PPO2 below `MinPPO2`, a gas that does not keep one awake: PPO2
+  std::vector<StopRemark> high_ppo2;  ///< stops above `DecoPPO2`, or the bottom of a square dive above `MaxPPO2`: PPO2
+  std::vector<StopRemark>
+      lost_gas;  ///< stops on the gas that the table takes for lost: it was in use at the cut; its name
   std::vector<StopRemark> no_decompression;  ///< dives with a stop that never clears; its depth and gas are not told
 
   [[nodiscard]] int Dives() const { return static_cast<int>(totals.size()); }

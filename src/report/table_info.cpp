@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "report/page_units.h"
+#include "report/wrapped_text.h"
 
 namespace tav {
 namespace {
@@ -12,9 +12,6 @@ constexpr double kX = 0.8;  // cm, the column's left edge
 constexpr double kY = 4.5;  // and the top of its texts
 constexpr double kRatesTop = 8.5;
 constexpr double kRateHeight = 0.4;
-
-/// Whether a byte of UTF-8 text is within a letter, behind its first byte.
-bool IsInnerByte(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 class Column {
  public:
@@ -34,18 +31,12 @@ class Column {
     writer_.PrintTextLeft(x, y, text, "Arial", size, bold);
   }
 
+  [[nodiscard]] std::string Local(const std::string& number) const {
+    return WriteLocaleNumber(number, writer_.Services().separators);
+  }
   /// A name too long for the column ends in dots, so that it does not run into the tables.
-  [[nodiscard]] std::string Cut(std::string text) const {
-    constexpr double kWidth = 4.85;
-    const auto width = [&](const std::string& line) {
-      return writer_.Services().measure.TextWidth(line, {"Arial", 8, false}) / page::kUnitsPerCm;
-    };
-    if (width(text) <= kWidth) return text;
-    while (!text.empty() && width(text + "...") > kWidth) {
-      while (IsInnerByte(text.back())) text.pop_back();
-      text.pop_back();
-    }
-    return text + "...";
+  [[nodiscard]] std::string Cut(const std::string& text) const {
+    return FittedText(text, 4.85, {"Arial", 8, false}, writer_.Services().measure);
   }
 
   void Head() {
@@ -66,11 +57,13 @@ class Column {
     Text(kX + 0.1, kY + 2.0, T(kEND));
     Text(kX + 1.15, kY + 2.0, FormatFixed(template_.MaximalEND, 0));
     Text(kX + 0.15, kY + 2.4, "PPO2");
-    Text(kX + 1.15, kY + 2.4, FormatFixed(template_.MaxPPO2, 2));
+    Text(kX + 1.15, kY + 2.4, Local(FormatFixed(template_.MaxPPO2, 2)));
     Text(kX + 2.7, kY + 2.0, T(6103));
-    Text(kX + 4.2, kY + 2.0, FormatFixed(template_.RMV, 0));
+    // Cubic feet in whole numbers would be 1 for any diver.
+    const int decimals = template_.Metric ? 0 : 2;
+    Text(kX + 4.2, kY + 2.0, Local(FormatFixed(template_.RMV, decimals)));
     Text(kX + 2.7, kY + 2.4, T(6106));
-    Text(kX + 4.2, kY + 2.4, FormatFixed(template_.DecoRMV, 0));
+    Text(kX + 4.2, kY + 2.4, Local(FormatFixed(template_.DecoRMV, decimals)));
   }
 
   void RatesFrame() {

@@ -31,7 +31,10 @@ void TablePages::EndTableOutput() {
 
 TablePlace TablePages::PlaceTable(Single width, Single height, const TableInfo& info) {
   const TablePlace place = slots_.PlaceTable(width, height);
-  while (page_ < place.page) NextTablePage();
+  while (page_ < place.page) {
+    Furnish(info);  // a page that a wide table leaves free is not blank
+    NextTablePage();
+  }
   Furnish(info);
   return place;
 }

@@ -97,9 +97,7 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
   printed.place = pages_.PlaceTable(printed.table.Width(), printed.table.Height(), printed.info);
   if (pages_.Page() != pageBefore) onPage_.clear();
   DrawTable(writer_, printed.table, printed.place, printed.title);
-  if (profiles.bailout) {
-    writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
-  }
+  writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
 
   const TableFrame frame(printed.table, printed.place);
   printed.right = frame.Right();
@@ -127,6 +125,8 @@ std::vector<std::string> TablePrintModule::Remarks(const Printed& printed, bool 
   words.breathe = T(7307);
   words.at = T(7308);
   words.lowPPO2 = T(7309);
+  words.highPPO2 = T(7331);
+  words.lostGas = T(7330);
   words.noDecompression = T(7322);
   words.unit = T(printed.info.diveTemplate.Metric ? kMetres : kFeet);
   return TableRemarks(printed.table, words, onPaper);
@@ -155,10 +155,9 @@ bool TablePrintModule::PrintRemarks(Printed& printed) {
 void TablePrintModule::PrintAgain(Printed& printed) {
   if (printed.number != 0) return;
   printed.number = ++numbers_;
-  double x = NameLeft(printed.place);
-  if (printed.info.bailout) {
-    x += writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
-  }
+  const double x =
+      NameLeft(printed.place) +
+      writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
   writer_.SetForeColor(kRed);
   writer_.PrintTextLeft(x, printed.place.y - 0.28, T(kWhole) + " " + std::to_string(printed.number), kArial,
                         kRemarkSize, 1);

@@ -20,7 +20,9 @@ class Remarks {
     for (std::size_t dive = 0; dive < table_.totals.size(); ++dive) {
       Add(dive, AlsoStops(dive));
       Add(dive, OtherGases(dive));
-      Add(dive, LowPPO2(dive));
+      Add(dive, DepthsOf(table_.low_ppo2, dive, words_.lowPPO2));
+      Add(dive, DepthsOf(table_.high_ppo2, dive, words_.highPPO2));
+      Add(dive, DepthsOf(table_.lost_gas, dive, words_.lostGas));
       for (const StopRemark& never : table_.no_decompression) {
         if (never.dive == dive) Add(dive, words_.noDecompression);
       }
@@ -73,11 +75,13 @@ class Remarks {
     return text;
   }
 
-  [[nodiscard]] std::string LowPPO2(std::size_t dive) const {
+  /// What holds for some stops, and their depths.
+  [[nodiscard]] std::string DepthsOf(const std::vector<StopRemark>& stops, std::size_t dive,
+                                     const std::string& what) const {
     std::string text;
-    for (const StopRemark& stop : table_.low_ppo2) {
+    for (const StopRemark& stop : stops) {
       if (stop.dive != dive) continue;
-      text += text.empty() ? words_.lowPPO2 + " " + words_.at + " " : ", ";
+      text += text.empty() ? what + " " + words_.at + " " : ", ";
       text += stop.depth + " " + words_.unit;
     }
     return text;

@@ -17,6 +17,8 @@ struct RemarkWords {
   std::string breathe = "breathe";
   std::string at = "at";
   std::string lowPPO2 = "PPO2 too low to breathe";
+  std::string highPPO2 = "PPO2 too high";
+  std::string lostGas = "STILL ON THE LOST GAS";
   std::string noDecompression = "DOES NOT DECOMPRESS";
   std::string unit = "m";
 };

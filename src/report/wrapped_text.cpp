@@ -26,4 +26,19 @@ std::vector<std::string> WrappedText(const std::string& text, double width, cons
   return lines;
 }
 
+std::string FittedText(const std::string& text, double width, const TextFont& font, const TextMeasure& measure) {
+  const auto fits = [&](const std::string& part) { return measure.TextWidth(part, font) <= width * page::kUnitsPerCm; };
+  if (fits(text)) return text;
+  std::string part = text;
+  while (!part.empty() && !fits(part + "\u2026")) {
+    // A letter of several bytes goes as a whole.
+    do {
+      const bool continuation = (static_cast<unsigned char>(part.back()) & 0xC0U) == 0x80U;
+      part.pop_back();
+      if (!continuation) break;
+    } while (!part.empty());
+  }
+  return part + "\u2026";
+}
+
 }  // namespace tav

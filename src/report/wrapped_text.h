@@ -11,4 +11,7 @@ namespace tav {
 std::vector<std::string> WrappedText(const std::string& text, double width, const TextFont& font,
                                      const TextMeasure& measure);
 
+/// The text, or as much of it as `width` cm hold with three dots behind it.
+std::string FittedText(const std::string& text, double width, const TextFont& font, const TextMeasure& measure);
+
 }  // namespace tav

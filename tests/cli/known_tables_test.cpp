@@ -103,6 +103,7 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
   for (const Case& c : {
            Case{tables("54:9:3", "5:45:5"), "--depths: the first depth is deeper"},
            Case{tables("9:54:0", "5:45:5"), "--depths: the step"},
+           Case{tables("9:54:0.4", "5:45:5"), "--depths: the step"},
            Case{tables("9:54:3", "45:5:5"), "--times: the first time is later"},
            Case{tables("9:54:3", "5:45:-1"), "--times: the step"},
            Case{tables("9:54:3", "-5:45:5"), "--times: the first time must"},
@@ -135,6 +136,29 @@ TEST(TablesOfTavplan, TheLastDiveAndFiveMinutesAreMeantWhereNothingIsSaid) {
   EXPECT_EQ(last, json::parse(Tavplan({"bailout", kSeries, "--json", "--dive", "2", "--interval", "5"}).out));
   EXPECT_NE(last, json::parse(Tavplan({"bailout", kSeries, "--json", "--dive", "1"}).out));
   EXPECT_EQ(json::parse(Tavplan({"bailout", kSeries, "--json", "--interval", "0"}).out)["interval"], 1.0);
+}
+
+TEST(TablesOfTavplan, SayWhatADiverMustNotBreathe) {
+  const auto of = [](const std::string& text, const std::string& title) {
+    const std::size_t from = text.find("\n" + title + "\n") + title.size() + 2;
+    return text.substr(from, text.find("\n\n", from) - from);
+  };
+  // EAN50 is in use when the ascent is cut at 47 minutes, and the engine goes on with it.
+  const std::string wreck = Tavplan({"bailout", (kRoot / "dives/wreck.tav").string(), "--interval", "47"}).out;
+  EXPECT_THAT(of(wreck, "EAN50 lost"), HasSubstr("! Column 47: STILL ON THE LOST GAS at 9 m"));
+  EXPECT_THAT(of(wreck, "Oxygen lost"), Not(HasSubstr("LOST GAS")));
+  EXPECT_THAT(of(wreck, "With all gases"), Not(HasSubstr("LOST GAS")));
+
+  const auto tables = [](const std::string& depth) {
+    return Tavplan({"tables", "--gas", "EAN32", "--depths", depth + ":" + depth + ":1", "--times", "20:20:1"}).out;
+  };
+  EXPECT_THAT(tables("45"), HasSubstr("! Column 20: PPO2 too high at 45 m"));
+  EXPECT_THAT(tables("33"), Not(HasSubstr("PPO2")));  // 1.38 bar
+}
+
+TEST(TablesOfTavplan, NameTheDiveOfASeries) {
+  EXPECT_THAT(Tavplan({"bailout", kSeries, "--dive", "1"}).out, HasSubstr("lake-series.tav, dive 1 of 2, "));
+  EXPECT_THAT(Tavplan({"bailout", kTrimix}).out, HasSubstr("trimix-100.tav, bail-out"));
 }
 
 TEST(TablesOfTavplan, ReadInATerminalOf100Columns) {

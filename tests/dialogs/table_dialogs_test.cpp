@@ -18,8 +18,10 @@ using testing::IsEmpty;
 struct RecordedHost : RunHost {
   void RunBegins(std::int16_t document) override { told.push_back("begins " + std::to_string(document)); }
   void RunEnds() override { told.emplace_back("ends"); }
+  [[nodiscard]] bool IsRunning() const override { return running; }
   [[nodiscard]] bool MustEnd() const override { return mustEnd; }
   std::vector<std::string> told;
+  bool running = false;
   bool mustEnd = false;
 };
 
@@ -272,6 +274,34 @@ TEST_F(TableDialogs, TheTableExpertPrintsOneTableForEachDepth) {
   EXPECT_EQ(preview.shown, "*StringID 6132*");
   EXPECT_THAT(host.told, ElementsAre("begins 0", "ends"));
   EXPECT_EQ(dialogs.documents(0).Template.DescendRates[0].Rate, Single(18));
+}
+
+TEST_F(TableDialogs, OneRunAtATimeWritesItsPages) {
+  OpenPlan();
+  host.running = true;
+  With<frmTableExpert>([](frmTableExpert& dialog) {
+    dialog.cbStart.Press();
+    dialog.Unload();
+  });
+  With<frmBailoutStart>([](frmBailoutStart& dialog) {
+    dialog.cbOK.Press();
+    dialog.Unload();
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7332*", "*StringID 7332*"));
+  EXPECT_THAT(host.told, IsEmpty());
+}
+
+TEST_F(TableDialogs, TheTableExpertTakesNoMetresForFeet) {
+  const std::int16_t plan = OpenPlan().Tag();
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    dialogs.Document(plan).Template.Metric = false;
+    dialog.cbStart.Press();
+    EXPECT_THAT(Boxes(), ElementsAre("*StringID 7333*"));
+    EXPECT_EQ(dialog.tbED.Text.Get(), "180");
+    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6029*");
+    dialog.Unload();
+  });
+  EXPECT_THAT(host.told, IsEmpty());
 }
 
 TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
