@@ -52,7 +52,7 @@ void EngineWarnings::WarnPPO2Low(const LimitWarning& warning) {
 
 void EngineWarnings::StopHitLimit(const StopLimit& stop) {
   Show({stop.document, kDoesNotDecompress},
-       texts_.GetResString(kDoesNotDecompress) + "\r\n" + stop.reason + "\r\n" +
+       texts_.GetResString(kDoesNotDecompress) + "\r\n" + texts_.GetResString(stop.reason) + "\r\n" +
            Place(stop.depth, stop.gas, stop.metric),
        "");
 }

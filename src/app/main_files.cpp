@@ -23,6 +23,7 @@ constexpr int kSaveTemplateTitle = 2301;
 constexpr int kSaveTemplateQuestion = 2300;
 constexpr int kNotOpened = 7022;
 constexpr int kNotSaved = 7023;
+constexpr int kTemplateIgnored = 7953;
 constexpr int kRecovered = 7008;
 constexpr int kOfferRecovery = 7007;
 
@@ -63,7 +64,8 @@ bool frmMain::OpenFile(const fs::path& file) {
     services_.platform.screen.ShowHourglass(false);
     services_.recent.Remove(file);
     FillRecent();
-    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
     return false;
   }
   KeepFolder(kPlanFolder, file);
@@ -92,7 +94,8 @@ bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
   try {
     SaveProfile(services_.forms, document, file);
   } catch (const std::exception& error) {
-    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
     return false;
   }
   KeepFolder(kPlanFolder, file);
@@ -121,8 +124,9 @@ void frmMain::LoadTemplateFrom(const fs::path& file) {
   try {
     LoadTemplateFile(loaded, file);
   } catch (const FileError& error) {
-    services_.platform.boxes.Show(file.string() + "\r\nis not a valid template file, ignored\r\n" + error.what(), "",
-                                  BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(
+        services_.texts.Filled(kTemplateIgnored, {file.string()}) + "\r\n" + services_.texts.Words(error), "",
+        BoxIcon::Stop, BoxButtons::OK);
     return;
   }
   KeepFolder(kTemplateFolder, file);
@@ -174,7 +178,8 @@ void frmMain::SaveTemplateCommand() {
     diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
     KeepFolder(kTemplateFolder, file);
   } catch (const std::exception& error) {
-    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
     return;
   }
   if (const auto active = Active()) services_.forms.ShowCaption(*active);
@@ -261,7 +266,8 @@ void frmMain::OfferRecovery() {
         }
         KeepRecovery();
       } catch (const std::exception& error) {
-        services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+        services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                      BoxButtons::OK);
         continue;
       }
     }

@@ -113,7 +113,7 @@ void frmMain::ShowHelp(HelpViewer::Page page) {
   try {
     services_.platform.help.ShowHelp(services_.language.helpFile, page);
   } catch (const std::exception& error) {
-    services_.platform.boxes.Show(error.what(), "", BoxIcon::None, BoxButtons::OK);
+    services_.platform.boxes.Show(services_.texts.Words(error), "", BoxIcon::None, BoxButtons::OK);
   }
 }
 

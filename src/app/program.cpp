@@ -1,6 +1,5 @@
 #include "app/program.h"
 
-#include <cstdlib>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -26,13 +25,6 @@ int Twips(const SettingsStore& settings, const std::string& name, int otherwise)
 
 }  // namespace
 
-fs::path RecoveryFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): the program has one thread
-  if (config != nullptr && *config != '\0') return fs::path(config) / "TAV";
-  const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
-  return fs::path(home == nullptr ? "." : home) / ".config" / "TAV";
-}
-
 Program::Program(Platform platform, MainView& view, ProgramFolders folders, std::string systemInformation)
     : platform_(std::move(platform)),
       view_(view),
@@ -43,7 +35,7 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
-      recovery_(RecoveryFolder(), ::getpid()),
+      recovery_(SettingsFolder(), ::getpid()),
       report_(platform_, texts_),
       tables_(platform_, texts_) {
   warnings_.returning = [this] { return history_.Restoring(); };
@@ -67,7 +59,7 @@ void Program::ReadCommandLine(const std::vector<std::string>& arguments) {
   try {
     warnings_.OpenTrace(folders_.ToWrite("phi.log"));
   } catch (const FileError& error) {
-    platform_.boxes.Show(error.what(), "", BoxIcon::Exclamation, BoxButtons::OK);
+    platform_.boxes.Show(texts_.Words(error), "", BoxIcon::Exclamation, BoxButtons::OK);
   }
 }
 
@@ -78,9 +70,10 @@ void Program::Delay(double seconds) {
 
 bool Program::Main(const std::vector<std::string>& arguments) {
   if (!LoadLanguageOfUser()) return false;
-  const std::string fault = InitDocuments(documents_, folders_);
-  if (!fault.empty()) {
-    platform_.boxes.Show(fault + "\r\nis not a valid template file, ignored", "", BoxIcon::Stop, BoxButtons::OK);
+  const std::optional<FileError> fault = InitDocuments(documents_, folders_);
+  if (fault) {
+    constexpr int kTemplateIgnored = 7953;
+    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*fault)}), "", BoxIcon::Stop, BoxButtons::OK);
   }
   ReadCommandLine(arguments);
 

@@ -82,7 +82,4 @@ class Program {
   std::unique_ptr<frmMain> mainForm_;
 };
 
-/// The folder for copies of unsaved plans: beside the settings of the user.
-std::filesystem::path RecoveryFolder();
-
 }  // namespace tav

@@ -45,4 +45,11 @@ fs::path ProgramFolders::ToWrite(const fs::path& name) const {
   return inUser;
 }
 
+std::filesystem::path SettingsFolder() {
+  const char* config = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): nothing sets it meanwhile
+  if (config != nullptr && *config != '\0') return std::filesystem::path(config) / "TAV";
+  const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
+  return std::filesystem::path(home == nullptr ? "." : home) / ".config" / "TAV";
+}
+
 }  // namespace tav

@@ -35,4 +35,7 @@ class ProgramFolders {
   std::filesystem::path userFolder_;
 };
 
+/// Where the settings of the user lie, and beside them the copies of unsaved plans.
+std::filesystem::path SettingsFolder();
+
 }  // namespace tav

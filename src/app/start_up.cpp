@@ -4,7 +4,7 @@
 
 namespace tav {
 
-std::string InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
+std::optional<FileError> InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
   DocumentState& standard = documents(DocumentStore::DefaultDocument);
   standard.Modified = false;
   standard.TemplateTitle = "Default";
@@ -13,7 +13,7 @@ std::string InitDocuments(DocumentStore& documents, const ProgramFolders& folder
     LoadPlannableTemplate(standard.Template, folders.Find("template/Default.tpl"));
   } catch (const FileError& error) {
     standard.Template = ShippedDefaultTemplate();
-    return error.what();
+    return error;
   }
   return {};
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <ostream>
 
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
@@ -43,7 +44,8 @@ Single ChosenInterval(const std::string& text) {
 
 int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, const ProgramFolders& folders,
                    std::ostream& out, std::ostream& err) {
-  PlanSession session;
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  PlanSession session(texts);
   try {
     ApplyOptions(options, session);
     const Single interval = ChosenInterval(bailout.interval);
@@ -73,9 +75,9 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
     if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string() + dive);
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
-    err << "tavplan bailout: " << error.what() << "\n";
+    err << "tavplan bailout: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
   }
   return ExitStatus::kUnusableInput;
 }

@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
@@ -28,7 +29,7 @@ void CheckProfile(const std::string& text, FormatFaults& faults) {
 }
 
 /// True when the file can be used.
-bool Check(const std::string& file, std::ostream& out) {
+bool Check(const std::string& file, const TextSource& texts, std::ostream& out) {
   const std::string text = ReadTextFile(file);
   FormatFaults faults(file, FormatFaults::Mode::Collect);
   if (IsTemplate(file, text)) {
@@ -37,7 +38,7 @@ bool Check(const std::string& file, std::ostream& out) {
     CheckProfile(text, faults);
   }
   for (const FormatFault& fault : faults.List()) {
-    out << file << ":" << fault.line << ": " << (fault.error ? "" : "advice: ") << fault.text << "\n";
+    out << file << ":" << fault.line << ": " << (fault.error ? "" : "advice: ") << texts.Words(fault.text) << "\n";
   }
   if (faults.List().empty()) out << file << ": no faults\n";
   return !faults.HasErrors();
@@ -45,13 +46,15 @@ bool Check(const std::string& file, std::ostream& out) {
 
 }  // namespace
 
-int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err) {
+int CheckCommand(const std::vector<std::string>& files, const ProgramFolders& folders, std::ostream& out,
+                 std::ostream& err) {
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   int status = ExitStatus::kFine;
   for (const std::string& file : files) {
     try {
-      if (!Check(file, out)) status = ExitStatus::kUnusableInput;
+      if (!Check(file, texts, out)) status = ExitStatus::kUnusableInput;
     } catch (const FileError& error) {
-      err << error.what() << "\n";
+      err << texts.Words(error) << "\n";
       status = ExitStatus::kUnusableInput;
     }
   }

@@ -80,7 +80,8 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
                   std::ostream& out, std::ostream& err);
 
 /// Lists all faults of templates and profiles, with line numbers.
-int CheckCommand(const std::vector<std::string>& files, std::ostream& out, std::ostream& err);
+int CheckCommand(const std::vector<std::string>& files, const ProgramFolders& folders, std::ostream& out,
+                 std::ostream& err);
 
 struct MixOptions {
   std::string have;       ///< O2/HE@PRESSURE, the cylinder as it is

@@ -2,7 +2,7 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "app/language_table.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
@@ -129,19 +129,19 @@ void PrintMix(const MixOptions& options, const FillRequest& request, const TextS
 }  // namespace
 
 int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err) {
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
     const FillRequest request = ParseRequest(options);
     if (options.json) {
       out << MixJson(request).dump(2) << "\n";
     } else {
-      const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
       PrintMix(options, request, texts, out);
     }
     return ExitStatus::kFine;
   } catch (const MixError& error) {
-    err << "tavplan mix: " << error.what() << "\n";
+    err << "tavplan mix: " << texts.Words(error) << "\n";
   } catch (const FileError& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
   }
   return ExitStatus::kUnusableInput;
 }

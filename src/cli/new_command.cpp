@@ -1,7 +1,7 @@
 #include <ostream>
 
-#include "app/language_table.h"
 #include "app/start_up.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
@@ -10,6 +10,8 @@
 
 namespace tav {
 namespace {
+
+constexpr int kCylinder = 7991;  // text by number
 
 void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveTemplate, frmWaypointEditor& window) {
   const std::size_t at = text.find('@');
@@ -20,15 +22,15 @@ void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveT
   const Single depth = NumberOf(place.substr(0, colon), "depth");
   const Single time = NumberOf(place.substr(colon + 1), "time");
   const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, diveTemplate);
-  const std::string fault = LegFault(time, depth, mix, diveTemplate);
-  if (!fault.empty()) throw OptionError(fault);
+  const Message fault = LegFault(time, depth, mix, diveTemplate);
+  if (!fault.IsEmpty()) throw OptionError(fault);
   window.SaveUserEnteredWaypoints(time, depth, mix, false);
 }
 
 void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
   Cylinder& cylinder = diveTemplate.Cylinders.emplace_back();
-  const std::string fault = ReadCylinderLine(text.ends_with('/') ? text : text + "/", cylinder);
-  if (!fault.empty()) throw OptionError("cylinder \"" + text + "\": " + fault);
+  const Message fault = ReadCylinderLine(text.ends_with('/') ? text : text + "/", cylinder);
+  if (!fault.IsEmpty()) throw OptionError({kCylinder, {text, fault}});
   MixNumber(cylinder.Gas, diveTemplate);
 }
 
@@ -36,17 +38,17 @@ void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
 
 int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
                std::ostream& out, std::ostream& err) {
-  PlanSession session;
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  PlanSession session(texts);
   std::string title = plan.output.empty() ? "New plan" : plan.output;
   try {
     ApplyOptions(options, session);
-    const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
-    const std::string fault = InitDocuments(session.Documents(), folders);
+    const auto fault = InitDocuments(session.Documents(), folders);
     DiveTemplate& standard = session.Documents()(DocumentStore::DefaultDocument).Template;
     if (!plan.templateName.empty()) {
       LoadPlannable(standard, plan.templateName, folders);
-    } else if (!fault.empty()) {
-      err << fault << "; the built-in settings stand in\n";
+    } else if (fault) {
+      err << texts.Words(*fault) << "; the built-in settings stand in\n";
     }
     const std::int16_t number = session.Forms().LoadNewDoc();
     frmWaypointEditor& window = session.Forms()(number);
@@ -61,9 +63,9 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
     return Print(dives, options, texts, out, err);
   } catch (const OptionError& error) {
-    err << "tavplan new: " << error.what() << "\n";
+    err << "tavplan new: " << texts.Words(error) << "\n";
   } catch (const FileError& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
   }
   return ExitStatus::kUnusableInput;
 }

@@ -99,7 +99,7 @@ std::string PageOutput::Machine::Logo() const {
 
 PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
     : out_(std::move(out)),
-      texts_(DefaultTexts(folders.ProgramFolder())),
+      texts_(folders.ProgramFolder(), LazyTexts::Language::User),
       machine_(folders.ProgramFolder() / "logo.svg"),
       pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
   if (out_.empty()) throw std::runtime_error("--pdf: the name of the file is missing");

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "app/language_table.h"
 #include "app/program_folders.h"
+#include "app/user_texts.h"
 #include "platform/arial_measure.h"
 #include "report/print_preview.h"
 
@@ -42,7 +42,7 @@ class PageOutput {
   };
 
   std::filesystem::path out_;
-  LanguageTable texts_;
+  LazyTexts texts_;
   KeptBoxes boxes_;
   ArialMeasure measure_;
   Machine machine_;

@@ -1,6 +1,6 @@
 #include <ostream>
 
-#include "app/language_table.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
@@ -8,15 +8,14 @@
 namespace tav {
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,
                 std::ostream& out, std::ostream& err) {
-  PlanSession session;
-  LanguageTable texts;
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  PlanSession session(texts);
   std::vector<ComputedDive> dives;
   int status = ExitStatus::kFine;
   try {
     ApplyOptions(options, session);
-    texts = DefaultTexts(folders.ProgramFolder());
   } catch (const FileError& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
     return ExitStatus::kUnusableInput;
   }
   for (const std::string& file : files) {
@@ -24,7 +23,7 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
       const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
       if (!Gather(session, file, documents, options, texts, dives, err)) status = ExitStatus::kUnusableInput;
     } catch (const std::exception& error) {
-      err << error.what() << "\n";
+      err << texts.Words(error) << "\n";
       status = ExitStatus::kUnusableInput;
     }
   }

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "app/program_folders.h"
 #include "model/dive_template.h"
@@ -12,8 +12,9 @@
 namespace tav {
 
 /// An option that can't be used.
-class OptionError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
+class OptionError : public MessageError {
+ public:
+  explicit OptionError(Message reason) : MessageError("", std::move(reason)) {}
 };
 
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.

@@ -26,7 +26,9 @@ class TraceWriter : public EngineObserver {
 /// The core of the program without a window: documents, engine choice and trace.
 class PlanSession {
  public:
-  PlanSession() : forms_({documents_, model_, trace_, display_, boxes_, texts_}) {}
+  /// The texts outlive the session.
+  explicit PlanSession(const TextSource& texts)
+      : texts_(texts), forms_({documents_, model_, trace_, display_, boxes_, texts_}) {}
   PlanSession(const PlanSession&) = delete;
   PlanSession& operator=(const PlanSession&) = delete;
 
@@ -52,7 +54,7 @@ class PlanSession {
   TraceWriter trace_;
   EditorDisplay display_;
   KeptBoxes boxes_;
-  TextSource texts_;
+  const TextSource& texts_;
   DocumentForms forms_;
 };
 

@@ -2,6 +2,7 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
 #include "cli/plan_input.h"
@@ -12,8 +13,9 @@ namespace tav {
 
 int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
                   std::ostream& err) {
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
-    PlanSession session;
+    PlanSession session(texts);
     session.Model() = {options.vpm, options.hybrid};
     const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
     const int dives = static_cast<int>(documents.size());
@@ -36,7 +38,7 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
     return ExitStatus::kUnusableInput;
   }
 }

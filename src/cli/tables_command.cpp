@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "app/start_up.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
@@ -69,15 +70,16 @@ std::string Words(AxesFault fault) {
 
 int TablesCommand(const TablesOptions& tables, const OutputOptions& options, const ProgramFolders& folders,
                   std::ostream& out, std::ostream& err) {
-  PlanSession session;
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  PlanSession session(texts);
   try {
     ApplyOptions(options, session);
-    const std::string fault = InitDocuments(session.Documents(), folders);
+    const auto fault = InitDocuments(session.Documents(), folders);
     DiveTemplate& settings = session.Documents()(DocumentStore::DefaultDocument).Template;
     if (!tables.templateName.empty()) {
       LoadPlannable(settings, tables.templateName, folders);
-    } else if (!fault.empty()) {
-      err << fault << "; the built-in settings stand in\n";
+    } else if (fault) {
+      err << texts.Words(*fault) << "; the built-in settings stand in\n";
     }
     const std::int16_t mix = MixNumber(tables.gas, settings);
     std::ostringstream rounded;
@@ -110,9 +112,9 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     if (pdf) pdf->Write("Deco tables " + tables.gas);
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
-    err << "tavplan tables: " << error.what() << "\n";
+    err << "tavplan tables: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
   }
   return ExitStatus::kUnusableInput;
 }

@@ -192,7 +192,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   CLI::App* check = app.add_subcommand("check", "List all faults of templates and profiles");
   check->add_option("FILE", checkFiles, "Template (.tpl) and profile (.tav) files")->required();
   check->footer(kCheckExamples);
-  check->callback([&] { status = CheckCommand(checkFiles, out, err); });
+  check->callback([&] { status = CheckCommand(checkFiles, folders, out, err); });
 
   MixOptions mixOptions;
   CLI::App* mix = app.add_subcommand("mix", "Print what to fill into a cylinder to make a mix");

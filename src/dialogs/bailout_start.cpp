@@ -128,7 +128,7 @@ void frmBailoutStart::Bailoutproc(Single interval) {
     }
     if (whole) print.EndTableOutput([&] { return run.GoOn(1, 1); });
   } catch (const std::exception& error) {
-    fault = error.what();
+    fault = texts_.Words(error);
   }
   run_ = nullptr;
   if (!fault.empty()) Box(fault, T(kFaultTitle), BoxIcon::Stop);

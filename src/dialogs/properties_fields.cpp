@@ -161,7 +161,7 @@ void frmProperties::cbOK_Click() {
   DiveTemplate t = Template();
   if (fault.empty()) {
     StoreFields(t);
-    fault = JoinFaults(TemplateFaults(t));
+    fault = T(JoinFaults(TemplateFaults(t)));
   }
   if (!fault.empty()) {
     Box(fault, T(1600), BoxIcon::Stop);

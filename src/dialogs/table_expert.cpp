@@ -175,7 +175,7 @@ void frmTableExpert::GenerateTables() {
       }
       if (!dives.Cancelled()) print.EndTableOutput();
     } catch (const std::exception& error) {
-      fault = error.what();
+      fault = texts_.Words(error);
     }
     run_ = nullptr;
   }

@@ -53,7 +53,7 @@ void frmWaypointForm::ShowLeg() {
 
 std::string frmWaypointForm::TimesText(Single depth, Single time) const {
   const frmWaypointEditor* plan = Plan();
-  if (plan == nullptr || !TemplateFaults(Template()).empty() || !LegFault(time, depth, 0, Template()).empty())
+  if (plan == nullptr || !TemplateFaults(Template()).empty() || !LegFault(time, depth, 0, Template()).IsEmpty())
     return {};
   const Single start = plan->InputProfile.getDepth(plan->InputProfile.GetLength());
   const std::string minutes = Plain(time);
@@ -67,7 +67,7 @@ std::string frmWaypointForm::TimesText(Single depth, Single time) const {
 
 std::string frmWaypointForm::Refusal(Single depth, Single time) const {
   if (depth < Ceiling()) return T(3061) + "\r\n" + T(7032) + ": " + Length(Fixed(Ceiling(), 1));
-  return LegFault(time, depth, 0, Template());
+  return T(LegFault(time, depth, 0, Template()));
 }
 
 }  // namespace tav

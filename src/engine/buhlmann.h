@@ -84,7 +84,7 @@ class ClassBuhlmann {
   struct StopWait {
     Inspired inspired;
     Single step;
-    const char* reason = "";
+    int reason = 0;  ///< number of the text that tells what keeps the ceiling
   };
 
   // Start state (buhlmann.cpp).

@@ -17,6 +17,10 @@ constexpr double kLongestStop = 6000;
 // a stop that is reported as a minute and never held.
 constexpr double kTimeNoise = 0.001;
 
+// What keeps a ceiling below the next stop, texts by number.
+constexpr int kGasKeepsCeiling = 7889;
+constexpr int kLoopKeepsCeiling = 7890;
+
 /// The next whole minute of the run time, one whole minute on from a whole run time.
 Single NextWholeMinute(Single runTime) {
   const Single end = RoundMinutes(runTime + 0.5);
@@ -168,8 +172,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
 void ClassBuhlmann::OCDecoStop(Single depth, Single nextStop, Single surfacePressure) {
   const bool metric = template_->Metric;
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
-  Single time =
-      Wait(depth, nextStop, {OpenCircuitInspired(ambient), 1.0, "the gas keeps the ceiling below the next stop"});
+  Single time = Wait(depth, nextStop, {OpenCircuitInspired(ambient), 1.0, kGasKeepsCeiling});
   // The row never tells less than a minute, while only the rest of the minute was loaded.
   if (time < 1) time = 1.0;
   segmentTime_ = time;
@@ -187,10 +190,7 @@ void ClassBuhlmann::CCDecoStop(Single depth, Single nextStop, Single surfacePres
   const bool metric = template_->Metric;
   const Single setpoint = template_->DecoSetpoint;
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
-  const Single time = Wait(depth, nextStop,
-                           {RebreatherInspired(ambient, setpoint), 0.1,
-                            "the setpoint and diluent keep the ceiling "
-                            "below the next stop"});
+  const Single time = Wait(depth, nextStop, {RebreatherInspired(ambient, setpoint), 0.1, kLoopKeepsCeiling});
   segmentTime_ = time;
 
   const Doses doses{0, setpoint, CNSForPPO2(setpoint, time, metric), OTUForPPO2(setpoint, time, metric),

@@ -36,7 +36,7 @@ struct StopLimit {
   bool metric = true;
   Single depth;
   std::string gas;
-  std::string reason;
+  int reason = 0;  ///< number of the text that tells what keeps it
 };
 
 /// Told what a run has to say beside its rows. Every operation does nothing unless a listener overrides it.

@@ -10,26 +10,32 @@ constexpr double kPsiPerBar = 14.50377;
 constexpr double kLitresPerCubicFoot = 28.31685;
 constexpr double kBarPerAtmosphere = 1.01325;
 
+// Texts by number.
+constexpr int kBadCount = 7891;
+constexpr int kBadSize = 7892;
+constexpr int kRatedOutside = 7893;
+constexpr int kFillOutside = 7894;
+constexpr int kReserveOutside = 7895;
+constexpr int kReserveAboveFill = 7896;
+
 bool Within(double value, double most) { return value >= 0 && value <= most; }
 
 }  // namespace
 
-std::string CylinderFault(const Cylinder& cylinder) {
+Message CylinderFault(const Cylinder& cylinder) {
   constexpr std::int16_t kMost = 99;
   constexpr double kLargest = 1000;  // litres or cubic feet
   const double highest = cylinder.InLitres() ? 1000 : 15000;
-  const auto text = [](Single number) { return FormatPlain(number); };
-  const auto outside = [&](const char* what, Single value, double most) {
-    return std::string(what) + " of " + text(value) + " is outside 0 to " + text(most);
+  const auto outside = [&](int text, Single value) {
+    return Message(text, {FormatPlain(value), FormatPlain(highest)});
   };
-  if (cylinder.Count < 1 || cylinder.Count > kMost) return "the number of cylinders must be 1 to 99";
-  if (!(cylinder.Size > 0 && cylinder.Size <= kLargest))
-    return "the size of a cylinder must be above 0 and at most 1000";
-  if (!Within(cylinder.RatedPressure, highest)) return outside("a rated pressure", cylinder.RatedPressure, highest);
-  if (!Within(cylinder.Fill, highest)) return outside("a fill", cylinder.Fill, highest);
-  if (!Within(cylinder.Reserve, highest)) return outside("a reserve", cylinder.Reserve, highest);
+  if (cylinder.Count < 1 || cylinder.Count > kMost) return kBadCount;
+  if (!(cylinder.Size > 0 && cylinder.Size <= kLargest)) return {kBadSize, {FormatPlain(kLargest)}};
+  if (!Within(cylinder.RatedPressure, highest)) return outside(kRatedOutside, cylinder.RatedPressure);
+  if (!Within(cylinder.Fill, highest)) return outside(kFillOutside, cylinder.Fill);
+  if (!Within(cylinder.Reserve, highest)) return outside(kReserveOutside, cylinder.Reserve);
   if (cylinder.Reserve > cylinder.Fill) {
-    return "a reserve of " + text(cylinder.Reserve) + " is above the fill of " + text(cylinder.Fill);
+    return {kReserveAboveFill, {FormatPlain(cylinder.Reserve), FormatPlain(cylinder.Fill)}};
   }
   return {};
 }

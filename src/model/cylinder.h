@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "model/message.h"
 #include "model/single.h"
 
 namespace tav {
@@ -26,7 +27,7 @@ struct Cylinder {
 
 /// Why a cylinder can't be: a number outside its range, a reserve above the fill. Empty for a sound one. The gas is not
 /// looked at.
-std::string CylinderFault(const Cylinder& cylinder);
+Message CylinderFault(const Cylinder& cylinder);
 
 /// What cylinders hold for each unit of pressure, as an ideal gas: litres at 1 bar for each bar, or cubic feet at 1
 /// atmosphere for each psi, as a plan in those units counts gas.

@@ -17,6 +17,33 @@ constexpr double kSlowestRate = 0.1;
 // Far above any depth, pressure or volume; what lies far beyond overflows the 32 bits of a result.
 constexpr double kLargestNumber = 1e6;
 
+// Texts by number.
+constexpr int kNotFinite = 7860;
+constexpr int kTooLarge = 7861;
+constexpr int kStepTooSmall = 7862;
+constexpr int kLastStopNegative = 7863;
+constexpr int kFactorNegative = 7864;
+constexpr int kNoSetpoint = 7865;
+constexpr int kNoDecoSetpoint = 7866;
+constexpr int kNoStartPressure = 7867;
+constexpr int kNoEndPressure = 7868;
+constexpr int kAscent = 7869;
+constexpr int kDescent = 7870;
+constexpr int kNoRate = 7871;
+constexpr int kNoRateAtSurface = 7872;
+constexpr int kNumberOfRates = 7873;
+constexpr int kRateTooSlow = 7874;
+constexpr int kRatesOutOfOrder = 7875;
+constexpr int kGasNotFinite = 7876;
+constexpr int kGasOutside = 7877;
+constexpr int kGasEmpty = 7878;
+constexpr int kNoGas = 7879;
+constexpr int kDepthOfChange = 7880;
+constexpr int kLegDepth = 7881;
+constexpr int kLegTime = 7882;
+constexpr int kLegGas = 7883;
+constexpr int kAction = 7884;
+
 class Checker {
  public:
   explicit Checker(const DiveTemplate& diveTemplate) : template_(diveTemplate) {}
@@ -25,14 +52,14 @@ class Checker {
     CheckNumbers();
     CheckStops();
     CheckPressures();
-    CheckRates(template_.AscendRates, "AscendRates", "ascent");
-    CheckRates(template_.DescendRates, "DescendRates", "descent");
+    CheckRates(template_.AscendRates, "AscendRates", kAscent);
+    CheckRates(template_.DescendRates, "DescendRates", kDescent);
     CheckGases();
     return std::move(faults_);
   }
 
  private:
-  void Add(std::string key, std::string text) { faults_.push_back({std::move(key), std::move(text)}); }
+  void Add(std::string key, Message text) { faults_.push_back({std::move(key), std::move(text)}); }
 
   void CheckNumbers() {
     const std::pair<const char*, Single> numbers[] = {{"Setpoint", template_.Setpoint},
@@ -52,81 +79,75 @@ class Checker {
                                                       {"GF", template_.GFHigh},
                                                       {"GF", template_.GFLow}};
     for (const auto& [key, value] : numbers) {
-      if (const std::string fault = NumberFault(value); !fault.empty()) Add(key, std::string(key) + " " + fault);
+      if (const Message fault = NumberFault(key, value); !fault.IsEmpty()) Add(key, fault);
     }
   }
 
   /// Why no number of a template can be this one; empty when it can.
-  static std::string NumberFault(Single value) {
-    if (!std::isfinite(value)) return "is not a finite number";
-    if (std::fabs(value) > kLargestNumber)
-      return "is " + FormatPlain(value) + ", beyond " + FormatPlain(kLargestNumber);
+  static Message NumberFault(const Message& what, Single value) {
+    if (!std::isfinite(value)) return {kNotFinite, {what}};
+    if (std::fabs(value) > kLargestNumber) return {kTooLarge, {what, FormatPlain(value), FormatPlain(kLargestNumber)}};
     return {};
   }
 
   void CheckStops() {
     if (std::isfinite(template_.StepSize) && !(template_.StepSize >= Single(kSmallestStep))) {
-      Add("StepSize", "the distance between stops is " + FormatPlain(template_.StepSize) + ", it must be at least 0.1");
+      Add("StepSize", {kStepTooSmall, {FormatPlain(template_.StepSize), FormatPlain(kSmallestStep)}});
     }
-    if (template_.LastStop < 0) Add("LastStop", "the last stop is " + FormatPlain(template_.LastStop) + ", below 0");
-    if (template_.UseGF && (template_.GFHigh < 0 || template_.GFLow < 0)) Add("GF", "a gradient factor is below 0");
+    if (template_.LastStop < 0) Add("LastStop", {kLastStopNegative, {FormatPlain(template_.LastStop)}});
+    if (template_.UseGF && (template_.GFHigh < 0 || template_.GFLow < 0)) Add("GF", kFactorNegative);
     if (!template_.OpenCircuit) {
-      if (!(template_.Setpoint > 0)) Add("Setpoint", "a rebreather needs a setpoint above 0");
-      if (!template_.OCDeco && !(template_.DecoSetpoint > 0)) {
-        Add("DecoSetpoint", "a rebreather needs a setpoint above 0 for its stops");
-      }
+      if (!(template_.Setpoint > 0)) Add("Setpoint", kNoSetpoint);
+      if (!template_.OCDeco && !(template_.DecoSetpoint > 0)) Add("DecoSetpoint", kNoDecoSetpoint);
     }
   }
 
   void CheckPressures() {
-    if (!(template_.StartPressure > 0)) Add("StartPressure", "the surface pressure at the start must be above 0");
-    if (!(template_.EndPressure > 0)) Add("EndPressure", "the surface pressure at the end must be above 0");
+    if (!(template_.StartPressure > 0)) Add("StartPressure", kNoStartPressure);
+    if (!(template_.EndPressure > 0)) Add("EndPressure", kNoEndPressure);
   }
 
-  void CheckRates(const std::vector<RateEntry>& rates, const std::string& key, const std::string& what) {
+  /// `move` is the text of "ascent" or "descent".
+  void CheckRates(const std::vector<RateEntry>& rates, const std::string& key, int move) {
     if (rates.empty()) {
-      Add(key, "there is no " + what + " rate");
+      Add(key, {kNoRate, {move}});
       return;
     }
-    if (rates.front().Depth > 0) Add(key, "the " + what + " rates have no entry at depth 0");
+    if (rates.front().Depth > 0) Add(key, {kNoRateAtSurface, {move}});
     for (std::size_t i = 0; i < rates.size(); ++i) {
-      std::string fault = NumberFault(rates[i].Depth);
-      if (fault.empty()) fault = NumberFault(rates[i].Rate);
-      const bool finite = fault.empty();
-      if (!finite) Add(key, fault.insert(0, "a number of the " + what + " rates "));
-      if (finite && !(rates[i].Rate >= Single(kSlowestRate))) {
-        Add(key, "the " + what + " rate from depth " + FormatPlain(rates[i].Depth) + " is " +
-                     FormatPlain(rates[i].Rate) + ", it must be at least 0.1");
+      const Message what(kNumberOfRates, {move});
+      Message fault = NumberFault(what, rates[i].Depth);
+      if (fault.IsEmpty()) fault = NumberFault(what, rates[i].Rate);
+      if (!fault.IsEmpty()) {
+        Add(key, fault);
+        continue;
       }
-      if (i > 0 && finite && !(rates[i].Depth > rates[i - 1].Depth)) {
-        Add(key, "the " + what + " rates are not in rising order of depth");
+      if (!(rates[i].Rate >= Single(kSlowestRate))) {
+        Add(key,
+            {kRateTooSlow, {move, FormatPlain(rates[i].Depth), FormatPlain(rates[i].Rate), FormatPlain(kSlowestRate)}});
       }
+      if (i > 0 && !(rates[i].Depth > rates[i - 1].Depth)) Add(key, {kRatesOutOfOrder, {move}});
     }
   }
 
-  static std::string GasFault(const GasMix& mix) {
+  static Message GasFault(const GasMix& mix) {
     const auto outside = [](Single percent) { return percent < 0 || percent > 100; };
-    std::string fault;
-    if (!std::isfinite(mix.O2) || !std::isfinite(mix.N2) || !std::isfinite(mix.He)) {
-      fault = "holds a number that is not finite";
-    } else if (outside(mix.O2) || outside(mix.N2) || outside(mix.He)) {
-      fault = "has a percentage outside 0 to 100";
-    } else if (mix.O2 + mix.N2 + mix.He == 0) {
-      fault = "is empty";
-    }
-    return fault.empty() ? fault : "gas \"" + mix.Name + "\" " + fault;
+    if (!std::isfinite(mix.O2) || !std::isfinite(mix.N2) || !std::isfinite(mix.He)) return {kGasNotFinite, {mix.Name}};
+    if (outside(mix.O2) || outside(mix.N2) || outside(mix.He)) return {kGasOutside, {mix.Name}};
+    if (mix.O2 + mix.N2 + mix.He == 0) return {kGasEmpty, {mix.Name}};
+    return {};
   }
 
   void CheckGases() {
-    if (template_.Blends.empty()) Add("Blends Available", "there is no gas");
+    if (template_.Blends.empty()) Add("Blends Available", kNoGas);
     for (std::size_t i = 0; i < template_.Blends.size(); ++i) {
-      const std::string fault = GasFault(template_.Blends[i]);
+      const Message fault = GasFault(template_.Blends[i]);
       // Air, element 0, has no line of its own.
-      if (!fault.empty()) faults_.push_back({"Blends Available", fault, static_cast<int>(i) - 1});
+      if (!fault.IsEmpty()) faults_.push_back({"Blends Available", fault, static_cast<int>(i) - 1});
     }
     for (const GasChange& change : template_.ChangeGasMixes) {
-      const std::string fault = NumberFault(change.Depth);
-      if (!fault.empty()) Add("Change Gas Mixes", "the depth of the change to \"" + change.Name + "\" " + fault);
+      const Message fault = NumberFault({kDepthOfChange, {change.Name}}, change.Depth);
+      if (!fault.IsEmpty()) Add("Change Gas Mixes", fault);
     }
   }
 
@@ -138,40 +159,31 @@ class Checker {
 
 std::vector<TemplateFault> TemplateFaults(const DiveTemplate& diveTemplate) { return Checker(diveTemplate).Run(); }
 
-std::string LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate) {
-  if (!(depth >= 0 && depth <= kMaximumDepth)) {
-    return "a leg to depth " + FormatPlain(depth) + ", outside 0 to " + FormatPlain(kMaximumDepth);
-  }
-  if (!(time >= 0 && time <= kMaximumLegTime)) {
-    return "a leg of " + FormatPlain(time) + " minutes, outside 0 to " + FormatPlain(kMaximumLegTime);
-  }
+Message LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate) {
+  if (!(depth >= 0 && depth <= kMaximumDepth)) return {kLegDepth, {FormatPlain(depth), FormatPlain(kMaximumDepth)}};
+  if (!(time >= 0 && time <= kMaximumLegTime)) return {kLegTime, {FormatPlain(time), FormatPlain(kMaximumLegTime)}};
   if (mix < 0 || static_cast<std::size_t>(mix) >= diveTemplate.Blends.size()) {
-    return "a leg on gas number " + std::to_string(mix) + ", but the gases are numbered 0 to " +
-           std::to_string(static_cast<int>(diveTemplate.Blends.size()) - 1);
+    const int last = static_cast<int>(diveTemplate.Blends.size()) - 1;
+    return {kLegGas, {std::to_string(mix), std::to_string(last)}};
   }
   return {};
 }
 
-std::vector<std::string> PlanFaults(const ClassUseractions& actions, const DiveTemplate& diveTemplate) {
-  std::vector<std::string> faults;
+std::vector<Message> PlanFaults(const ClassUseractions& actions, const DiveTemplate& diveTemplate) {
+  std::vector<Message> faults;
   for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (actions.getaction(i) != ClassUseractions::kLeg) continue;
-    const std::string fault = LegFault(actions.gettime(i), actions.getDepth(i), actions.getmixnumber(i), diveTemplate);
-    if (!fault.empty()) faults.push_back("action " + std::to_string(i) + ": " + fault);
+    const Message fault = LegFault(actions.gettime(i), actions.getDepth(i), actions.getmixnumber(i), diveTemplate);
+    if (!fault.IsEmpty()) faults.emplace_back(kAction, std::vector<Message>{std::to_string(i), fault});
   }
   return faults;
 }
 
-std::string JoinFaults(const std::vector<TemplateFault>& faults) {
-  std::string joined;
-  for (const TemplateFault& fault : faults) joined += (joined.empty() ? "" : "; ") + fault.text;
-  return joined;
-}
-
-std::string JoinFaults(const std::vector<std::string>& faults) {
-  std::string joined;
-  for (const std::string& fault : faults) joined += (joined.empty() ? "" : "; ") + fault;
-  return joined;
+Message JoinFaults(const std::vector<TemplateFault>& faults) {
+  std::vector<Message> texts;
+  texts.reserve(faults.size());
+  for (const TemplateFault& fault : faults) texts.push_back(fault.text);
+  return Message::List(std::move(texts));
 }
 
 }  // namespace tav

@@ -4,16 +4,17 @@
 #include <vector>
 
 #include "model/dive_template.h"
+#include "model/message.h"
 #include "model/user_actions.h"
 
 namespace tav {
 
 /// Why a record can't be planned on. `key` is the key of the field in a template block, so that a reader can name the
 /// line, `occurrence` tells which of several lines of that key, from 0, or is -1; `text` is a sentence without its full
-/// stop.
+/// stop; a face makes words of it.
 struct TemplateFault {
   std::string key;
-  std::string text;
+  Message text;
   int occurrence = -1;
 };
 
@@ -33,13 +34,12 @@ constexpr double kMaximumSurfaceInterval = 1000000;
 
 /// Why a leg can't be planned: a negative or too large time or depth, a gas that the template does not have. Empty for
 /// a sound leg, and for every ascent command.
-std::string LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate);
+Message LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate);
 
 /// The faults of all legs, each with the number of its action: "action 3: ...".
-std::vector<std::string> PlanFaults(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
+std::vector<Message> PlanFaults(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
 
 /// "a; b; c"
-std::string JoinFaults(const std::vector<TemplateFault>& faults);
-std::string JoinFaults(const std::vector<std::string>& faults);
+Message JoinFaults(const std::vector<TemplateFault>& faults);
 
 }  // namespace tav

@@ -8,6 +8,16 @@
 #include "model/tokenizer.h"
 
 namespace tav {
+namespace {
+
+// Texts by number.
+constexpr int kNoGas = 7949;
+constexpr int kNoNumber = 7950;
+constexpr int kTooLargeNumber = 7951;
+constexpr int kMustFollow = 7952;
+constexpr int kNoRatedPressure = 7897;
+
+}  // namespace
 
 std::string WriteCylinderLine(const Cylinder& cylinder) {
   std::string line = std::string(kCylinderLine) + cylinder.Gas + ":";
@@ -20,22 +30,22 @@ std::string WriteCylinderLine(const Cylinder& cylinder) {
   return line;
 }
 
-std::string ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
-  if (!ClassTokenizer::hastokens(value, ":")) return R"(it must be the name of a gas, ":" and numbers)";
+Message ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
+  if (!ClassTokenizer::hastokens(value, ":")) return kNoGas;
   cylinder.Gas = TrimBlanks(ClassTokenizer::nextToken(value, ":"));
   std::vector<Single> numbers;
   while (ClassTokenizer::hastokens(value, "/")) {
     constexpr double kTooLarge = 1e6;
     const std::string_view text = ClassTokenizer::nextToken(value, "/");
     const auto number = ParseStrict(text);
-    if (!number) return "\"" + std::string(TrimBlanks(text)) + "\" is not a number";
-    if (std::fabs(*number) > kTooLarge) return "\"" + std::string(TrimBlanks(text)) + "\" is too large";
+    if (!number) return {kNoNumber, {std::string(TrimBlanks(text))}};
+    if (std::fabs(*number) > kTooLarge) return {kTooLargeNumber, {std::string(TrimBlanks(text))}};
     numbers.emplace_back(*number);
   }
   constexpr std::size_t kLitres = 4;
   constexpr std::size_t kCubicFeet = 5;
   if ((numbers.size() != kLitres && numbers.size() != kCubicFeet) || !TrimBlanks(value).empty()) {
-    return R"("count/litres/fill/reserve/" or "count/cubic feet/rated pressure/fill/reserve/" must follow)";
+    return kMustFollow;
   }
   cylinder.Count = RoundToInt16(numbers[0]).value_or(0);
   if (numbers[0] != static_cast<double>(cylinder.Count)) cylinder.Count = 0;
@@ -43,7 +53,7 @@ std::string ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
   cylinder.RatedPressure = 0;
   if (numbers.size() == kCubicFeet) {
     cylinder.RatedPressure = numbers[2];
-    if (!(cylinder.RatedPressure > 0)) return "the rated pressure must be above 0";
+    if (!(cylinder.RatedPressure > 0)) return kNoRatedPressure;
   }
   cylinder.Fill = numbers[numbers.size() - 2];
   cylinder.Reserve = numbers.back();

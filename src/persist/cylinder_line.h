@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "model/cylinder.h"
+#include "model/message.h"
 
 namespace tav {
 
@@ -16,6 +17,6 @@ constexpr std::string_view kCylinderLine = "# Cylinder=";
 std::string WriteCylinderLine(const Cylinder& cylinder);
 
 /// Reads what stands behind "# Cylinder=". Returns why it can't be read; empty when it can.
-std::string ReadCylinderLine(std::string_view value, Cylinder& cylinder);
+Message ReadCylinderLine(std::string_view value, Cylinder& cylinder);
 
 }  // namespace tav

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -13,7 +12,7 @@ namespace tav {
 struct FormatFault {
   int line = 0;        ///< from 1
   bool error = false;  ///< the file can't be used; else advice: it can, but says something odd
-  std::string text;
+  Message text;
 };
 
 /// What a reader finds wrong. Opening a file stops at the first error, checking it collects all.
@@ -24,12 +23,12 @@ class FormatFaults {
   FormatFaults(std::filesystem::path file, Mode mode) : file_(std::move(file)), mode_(mode) {}
 
   /// The file can't be used. Throws FileError unless all faults are collected.
-  void Error(int line, const std::string& text) {
+  void Error(int line, const Message& text) {
     if (mode_ == Mode::StopAtFirstError) throw FileError(file_, line, text);
     Add({line, true, text});
   }
 
-  void Advise(int line, const std::string& text) { Add({line, false, text}); }
+  void Advise(int line, const Message& text) { Add({line, false, text}); }
 
   [[nodiscard]] const std::vector<FormatFault>& List() const { return list_; }
   [[nodiscard]] bool HasErrors() const { return errors_ > 0; }

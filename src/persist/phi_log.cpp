@@ -1,10 +1,14 @@
 #include "persist/phi_log.h"
 
+#include <cerrno>
+
 #include "model/number_text.h"
 #include "persist/text_file.h"
 
 namespace tav {
 namespace {
+
+constexpr int kNotOpened = 7898;  // text by number
 
 std::string Item(const std::string& text) { return "\"" + text + "\""; }
 
@@ -34,7 +38,7 @@ std::string TraceBlock(const TraceSegment& segment) {
 }
 
 PhiLog::PhiLog(const std::filesystem::path& file) : out_(file, std::ios::binary | std::ios::trunc) {
-  if (!out_) throw FileError(file, 0, "can't be opened for writing");
+  if (!out_) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
 }
 
 }  // namespace tav

@@ -14,10 +14,29 @@ namespace tav {
 namespace {
 
 constexpr std::string_view kStartOfProfile = "Start of Profile";
+constexpr std::string_view kSurfaceTime = "SurfTime";
 constexpr std::string_view kEndOfProfile = "End of Profile";
 constexpr std::size_t kMostDives = std::numeric_limits<std::int16_t>::max() - 1;
 
-std::string Quoted(std::string_view text) { return "\"" + std::string(text.substr(0, 60)) + "\""; }
+// Texts by number.
+constexpr int kTooManyDives = 7912;
+constexpr int kNoBeginning = 7913;
+constexpr int kLineMissing = 7914;
+constexpr int kNoSurfaceTime = 7915;
+constexpr int kSurfaceTimeOutside = 7916;
+constexpr int kSurfaceTimeOfFirst = 7917;
+constexpr int kNoAction = 7918;
+constexpr int kFileEnds = 7919;
+constexpr int kTooManyActions = 7920;
+constexpr int kShouldBeAction = 7921;
+constexpr int kDepthNoNumber = 7922;
+constexpr int kTimeNoNumber = 7923;
+constexpr int kMixNoNumber = 7924;
+constexpr int kKindNoNumber = 7925;
+constexpr int kNoAscentBefore = 7926;
+
+/// The start of what stands in a file.
+std::string Shown(std::string_view text) { return std::string(text.substr(0, 60)); }
 
 class Reader {
  public:
@@ -26,7 +45,7 @@ class Reader {
   ProfileText Run() {
     do {
       if (profile_.dives.size() == kMostDives) {
-        faults_.Error(lines_.LineNumber() + 1, "a series holds at most 32,766 dives");
+        faults_.Error(lines_.LineNumber() + 1, kTooManyDives);
         break;
       }
       if (!ReadDive()) break;
@@ -35,13 +54,13 @@ class Reader {
   }
 
  private:
-  void Error(const std::string& text) { faults_.Error(lines_.LineNumber(), text); }
+  void Error(const Message& text) { faults_.Error(lines_.LineNumber(), text); }
 
   /// False when the text is not even a dive record, so that reading on makes no sense.
   bool ReadDive() {
     LineReader first = lines_;
     if (first.Next() != "Start Template Block") {
-      faults_.Error(lines_.LineNumber() + 1, "a dive begins with the line \"Start Template Block\"");
+      faults_.Error(lines_.LineNumber() + 1, {kNoBeginning, {"Start Template Block"}});
       return false;
     }
     DiveRecord& dive = profile_.dives.emplace_back();
@@ -49,7 +68,7 @@ class Reader {
     where.block = lines_.LineNumber() + 1;
     where.keys = ReadTemplateBlock(dive.Template, lines_, faults_);
     if (lines_.Next() != kStartOfProfile) {
-      Error("the line \"" + std::string(kStartOfProfile) + "\" is missing");
+      Error({kLineMissing, {std::string(kStartOfProfile)}});
       return false;
     }
     ReadSurfaceInterval(dive);
@@ -59,18 +78,19 @@ class Reader {
   void ReadSurfaceInterval(DiveRecord& dive) {
     const std::string_view line = lines_.Next().value_or("");
     const std::size_t equals = line.find('=');
-    if (TrimBlanks(line.substr(0, equals)) != "SurfTime" || equals == std::string_view::npos) {
-      Error("\"SurfTime = \" and a number of minutes must follow \"" + std::string(kStartOfProfile) + "\"");
+    if (TrimBlanks(line.substr(0, equals)) != kSurfaceTime || equals == std::string_view::npos) {
+      Error({kNoSurfaceTime, {std::string(kSurfaceTime), std::string(kStartOfProfile)}});
       return;
     }
     const auto minutes = ParseStrict(line.substr(equals + 1));
     if (!minutes || !(*minutes >= 0 && *minutes <= kMaximumSurfaceInterval)) {
-      Error("\"SurfTime\" must be a number of minutes from 0 to 1000000, not " + Quoted(line.substr(equals + 1)));
+      Error({kSurfaceTimeOutside,
+             {std::string(kSurfaceTime), FormatPlain(kMaximumSurfaceInterval), Shown(line.substr(equals + 1))}});
       return;
     }
     dive.SurfaceInterval = *minutes;
     if (profile_.dives.size() == 1 && dive.SurfaceInterval != 0) {
-      faults_.Advise(lines_.LineNumber(), "\"SurfTime\" of a first dive has no effect");
+      faults_.Advise(lines_.LineNumber(), {kSurfaceTimeOfFirst, {std::string(kSurfaceTime)}});
     }
   }
 
@@ -82,10 +102,10 @@ class Reader {
       } else if (*line == kEndOfProfile) {
         return true;
       } else if (!TrimBlanks(*line).empty()) {
-        faults_.Advise(lines_.LineNumber(), Quoted(*line) + " is not an action and is ignored");
+        faults_.Advise(lines_.LineNumber(), {kNoAction, {Shown(*line)}});
       }
     }
-    Error("the file ends before \"" + std::string(kEndOfProfile) + "\"");
+    Error({kFileEnds, {std::string(kEndOfProfile)}});
     return false;
   }
 
@@ -93,20 +113,20 @@ class Reader {
   bool ReadAction(std::string_view line, DiveRecord& dive) {
     ClassUseractions& actions = dive.UserActions;
     if (actions.GetLength() == std::numeric_limits<std::int16_t>::max()) {
-      Error("a dive holds at most 32,767 actions");
+      Error(kTooManyActions);
       return false;
     }
     if (ClassTokenizer::tokenCount(line, ",") != 5 || !line.ends_with(',')) {
-      faults_.Advise(lines_.LineNumber(), "an action is four numbers, each followed by \",\"");
+      faults_.Advise(lines_.LineNumber(), kShouldBeAction);
     }
     // A line with fewer fields gives its last one again for those that are missing.
-    const Single depth = Number(ClassTokenizer::nextToken(line, ","), "depth");
-    const Single time = Number(ClassTokenizer::nextToken(line, ","), "time");
-    const std::int16_t mix = Integer(ClassTokenizer::nextToken(line, ","), "mix number");
-    const bool isAscent = Integer(ClassTokenizer::nextToken(line, ","), "action") != 0;
+    const Single depth = Number(ClassTokenizer::nextToken(line, ","), kDepthNoNumber);
+    const Single time = Number(ClassTokenizer::nextToken(line, ","), kTimeNoNumber);
+    const std::int16_t mix = Integer(ClassTokenizer::nextToken(line, ","), kMixNoNumber);
+    const bool isAscent = Integer(ClassTokenizer::nextToken(line, ","), kKindNoNumber) != 0;
     if (!isAscent) {
-      const std::string fault = LegFault(time, depth, mix, dive.Template);
-      if (!fault.empty()) Error(fault);
+      const Message fault = LegFault(time, depth, mix, dive.Template);
+      if (!fault.IsEmpty()) Error(fault);
     }
     actions.NewAction();
     const std::int16_t last = actions.GetLength();
@@ -115,17 +135,17 @@ class Reader {
     return true;
   }
 
-  Single Number(std::string_view text, const std::string& what) {
+  Single Number(std::string_view text, int complaint) {
     const auto number = ParseStrict(text);
     if (number && std::fabs(*number) <= static_cast<double>(std::numeric_limits<float>::max())) return *number;
-    Error("the " + what + " of an action must be a number, not " + Quoted(text));
+    Error({complaint, {Shown(text)}});
     return 0;
   }
 
-  std::int16_t Integer(std::string_view text, const std::string& what) {
+  std::int16_t Integer(std::string_view text, int complaint) {
     const auto number = ParseStrict(text);
     const auto integer = number ? RoundToInt16(*number) : std::nullopt;
-    if (!integer) Error("the " + what + " of an action must be a whole number, not " + Quoted(text));
+    if (!integer) Error({complaint, {Shown(text)}});
     return integer.value_or(0);
   }
 
@@ -159,8 +179,7 @@ void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults) {
   for (std::size_t i = 1; i < profile.dives.size(); ++i) {
     const ClassUseractions& before = profile.dives[i - 1].UserActions;
     if (before.GetLength() > 0 && before.getaction(before.GetLength()) == ClassUseractions::kAscent) continue;
-    faults.Error(profile.lines[i].block, "dive " + std::to_string(i + 1) + " can't be computed: dive " +
-                                             std::to_string(i) + " does not end with its ascent");
+    faults.Error(profile.lines[i].block, {kNoAscentBefore, {std::to_string(i + 1), std::to_string(i)}});
   }
 }
 

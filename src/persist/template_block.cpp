@@ -14,6 +14,29 @@ namespace {
 constexpr std::string_view kEndMarker = "End Template Block";
 constexpr std::size_t kMostEntries = std::numeric_limits<std::int16_t>::max();
 
+// Texts by number.
+constexpr int kFileEnds = 7919;
+constexpr int kTwice = 7927;
+constexpr int kNoKey = 7928;
+constexpr int kNumberTooLarge = 7929;
+constexpr int kShouldBeNumber = 7930;
+constexpr int kNoFlag = 7931;
+constexpr int kShouldBeFlag = 7932;
+constexpr int kNot16Bits = 7933;
+constexpr int kFactorsSwapped = 7934;
+constexpr int kTooManyEntries = 7935;
+constexpr int kNoColon = 7936;
+constexpr int kNoComma = 7937;
+constexpr int kTooManyBlends = 7938;
+constexpr int kShouldBeBlend = 7939;
+constexpr int kShouldGiveShares = 7940;
+constexpr int kSumOfShares = 7941;
+constexpr int kNoDepth = 7942;
+constexpr int kNoSuchGas = 7943;
+constexpr int kTooManyCylinders = 7944;
+constexpr int kCylinder = 7945;
+constexpr int kCylinderWithoutGas = 7946;
+
 struct NumberField {
   std::string_view key;
   Single DiveTemplate::*field;
@@ -50,9 +73,10 @@ constexpr FlagField kFlagFields[] = {{"OCDeco", &DiveTemplate::OCDeco},
                                      {"Metric", &DiveTemplate::Metric},
                                      {"DepthAdjust", &DiveTemplate::DepthAdjust}};
 
-std::string Quoted(std::string_view text) {
+/// The start of what stands in a file.
+std::string Shown(std::string_view text) {
   constexpr std::size_t kMost = 60;
-  return "\"" + std::string(text.substr(0, kMost)) + (text.size() > kMost ? "...\"" : "\"");
+  return std::string(text.substr(0, kMost)) + (text.size() > kMost ? "..." : "");
 }
 
 class Reader {
@@ -67,7 +91,7 @@ class Reader {
     while (rest != kEndMarker) {
       const auto line = lines_.Next();
       if (!line) {
-        faults_.Error(lines_.LineNumber(), "the file ends before \"" + std::string(kEndMarker) + "\"");
+        faults_.Error(lines_.LineNumber(), {kFileEnds, {std::string(kEndMarker)}});
         break;
       }
       // A comment is told by its first column alone. The end marker is looked for in the untrimmed rest of a line.
@@ -87,16 +111,25 @@ class Reader {
   }
 
  private:
-  void Error(const std::string& text) { faults_.Error(lines_.LineNumber(), "\"" + std::string(key_) + "\" " + text); }
-  void Advise(const std::string& text) { faults_.Advise(lines_.LineNumber(), "\"" + std::string(key_) + "\" " + text); }
+  /// A text that begins with the key, and the values behind it.
+  [[nodiscard]] Message OfKey(int text, std::vector<Message> values) const {
+    values.insert(values.begin(), std::string(key_));
+    return {text, std::move(values)};
+  }
+  void Error(int text, std::vector<Message> values = {}) {
+    faults_.Error(lines_.LineNumber(), OfKey(text, std::move(values)));
+  }
+  void Advise(int text, std::vector<Message> values = {}) {
+    faults_.Advise(lines_.LineNumber(), OfKey(text, std::move(values)));
+  }
 
   void Store(std::string_view value) {
     if (StoreKnown(value)) {
       auto& lines = keyLines_[std::string(key_)];
       lines.push_back(lines_.LineNumber());
-      if (lines.size() == 2 && key_ != "Blends Available") Advise("stands twice, the last one counts");
+      if (lines.size() == 2 && key_ != "Blends Available") Advise(kTwice);
     } else if (key_ != "CeilingOverride" && !key_.empty()) {
-      faults_.Advise(lines_.LineNumber(), Quoted(key_) + " is not a key of a template and is ignored");
+      faults_.Advise(lines_.LineNumber(), {kNoKey, {Shown(key_)}});
     }
   }
 
@@ -120,31 +153,30 @@ class Reader {
   /// A number must fit the 32 bits of its field.
   Single Fitting(double value, std::string_view text) {
     if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
-      Error("holds the number " + Quoted(text) + ", which is too large");
+      Error(kNumberTooLarge, {Shown(text)});
       return 0;
     }
     return value;
   }
 
   Single Lenient(std::string_view text) {
-    if (!IsNumber(text))
-      Advise("should be a number, not " + Quoted(text) + "; it is taken as " + FormatPlain(Single(ParseLenient(text))));
+    if (!IsNumber(text)) Advise(kShouldBeNumber, {Shown(text), FormatPlain(Single(ParseLenient(text)))});
     return Fitting(ParseLenient(text), text);
   }
 
   bool Flag(std::string_view text) {
     const auto number = ParseStrict(text);
     if (!number) {
-      Error("must be 0 or 1, not " + Quoted(text));
+      Error(kNoFlag, {Shown(text)});
       return false;
     }
-    if (*number != 0 && *number != 1) Advise("should be 0 or 1, not " + Quoted(text) + "; it is taken as 0");
+    if (*number != 0 && *number != 1) Advise(kShouldBeFlag, {Shown(text)});
     return *number == 1;
   }
 
   void StoreTimeToHeight(std::string_view value) {
     const auto minutes = RoundToInt16(Lenient(value));
-    if (!minutes) Error("must fit 16 bits, not " + Quoted(value));
+    if (!minutes) Error(kNot16Bits, {Shown(value)});
     template_.TimeToHeight = minutes.value_or(0);
   }
 
@@ -153,7 +185,7 @@ class Reader {
     template_.GFHigh = Lenient(ClassTokenizer::nthToken(value, 2, ","));
     template_.GFLow = Lenient(ClassTokenizer::nthToken(value, 3, ","));
     if (template_.UseGF && template_.GFLow > template_.GFHigh) {
-      Advise("gives a low factor above the high one: the high one stands first");
+      Advise(kFactorsSwapped);
     }
   }
 
@@ -162,16 +194,16 @@ class Reader {
   void ForEachItem(std::string_view value, Store store) {
     for (std::size_t count = 0; ClassTokenizer::hastokens(value, ","); ++count) {
       if (count == kMostEntries) {
-        Error("holds more than 32,767 entries");
+        Error(kTooManyEntries);
         return;
       }
       std::string_view item = ClassTokenizer::nextToken(value, ",");
       const bool pair = ClassTokenizer::hastokens(item, ":");
-      if (!pair) Advise("holds the entry " + Quoted(item) + " without \":\"");
+      if (!pair) Advise(kNoColon, {Shown(item)});
       const std::string_view before = ClassTokenizer::nextToken(item, ":");
       store(count, before, item);
     }
-    if (!TrimBlanks(value).empty()) Advise("ends in " + Quoted(value) + " without \",\", which is ignored");
+    if (!TrimBlanks(value).empty()) Advise(kNoComma, {Shown(value)});
   }
 
   void StoreRates(std::string_view value, std::vector<RateEntry>& rates) {
@@ -184,21 +216,21 @@ class Reader {
 
   void StoreBlend(std::string_view value) {
     if (template_.Blends.size() > kMostEntries) {
-      Error("stands more than 32,767 times");
+      Error(kTooManyBlends);
       return;
     }
     GasMix mix;
-    if (!ClassTokenizer::hastokens(value, ":")) Advise("should be a name, \":\" and percentages");
+    if (!ClassTokenizer::hastokens(value, ":")) Advise(kShouldBeBlend);
     mix.Name = ClassTokenizer::nextToken(value, ":");
     const auto percentage = [&] {
-      if (!ClassTokenizer::hastokens(value, "/")) Advise("should give O2/N2/He/ for " + Quoted(mix.Name));
+      if (!ClassTokenizer::hastokens(value, "/")) Advise(kShouldGiveShares, {Shown(mix.Name)});
       return Lenient(ClassTokenizer::nextToken(value, "/"));
     };
     mix.O2 = percentage();
     mix.N2 = percentage();
     mix.He = percentage();
     const double sum = mix.O2 + mix.N2 + mix.He;
-    if (std::fabs(sum - 100) > 0.5) Advise("gives " + Quoted(mix.Name) + " " + FormatPlain(sum) + " % in all");
+    if (std::fabs(sum - 100) > 0.5) Advise(kSumOfShares, {Shown(mix.Name), FormatPlain(sum)});
     template_.Blends.push_back(std::move(mix));
   }
 
@@ -207,30 +239,30 @@ class Reader {
       template_.ChangeGasMixes.resize(count + 1);
       GasChange& change = template_.ChangeGasMixes[count];
       const auto number = ParseStrict(depth);
-      if (!number) Error("must give a depth before \":\", not " + Quoted(depth));
+      if (!number) Error(kNoDepth, {Shown(depth)});
       change = {std::string(name), 0, 0, 0, Fitting(number.value_or(0), depth)};
     });
     for (const std::string& name : ResolveGasChanges(template_)) {
-      Advise("names the gas " + Quoted(name) + ", which is not in the list; the entry is passed over");
+      Advise(kNoSuchGas, {Shown(name)});
     }
   }
 
   void StoreCylinder(std::string_view value) {
     if (cylinderLines_.size() == kMostEntries) {
-      faults_.Error(lines_.LineNumber(), "there are more than 32,767 cylinders");
+      faults_.Error(lines_.LineNumber(), kTooManyCylinders);
       return;
     }
     if (cylinderLines_.empty()) template_.Cylinders.clear();
     cylinderLines_.push_back(lines_.LineNumber());
-    const std::string fault = ReadCylinderLine(value, template_.Cylinders.emplace_back());
-    if (!fault.empty()) faults_.Error(lines_.LineNumber(), "a cylinder: " + fault);
+    const Message fault = ReadCylinderLine(value, template_.Cylinders.emplace_back());
+    if (!fault.IsEmpty()) faults_.Error(lines_.LineNumber(), {kCylinder, {fault}});
   }
 
   void AdviseOfCylinders() {
     for (std::size_t i = 0; i < cylinderLines_.size(); ++i) {
       const std::string& gas = template_.Cylinders[i].Gas;
       if (FindBlend(gas, template_)) continue;
-      faults_.Advise(cylinderLines_[i], "a cylinder holds the gas " + Quoted(gas) + ", which is not in the list");
+      faults_.Advise(cylinderLines_[i], {kCylinderWithoutGas, {Shown(gas)}});
     }
   }
 

@@ -7,6 +7,10 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kNoBeginning = 7947;
+constexpr int kIgnoredEnd = 7948;
+
 void Load(DiveTemplate& diveTemplate, const std::filesystem::path& file, bool plannable) {
   DiveTemplate read = diveTemplate;
   read.Templatename = SplitPath(file.string(), PathPart::FileName);
@@ -24,11 +28,11 @@ KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, For
   LineReader lines(text);
   LineReader first = lines;
   if (first.Next() != "Start Template Block") {
-    faults.Error(1, "a template begins with the line \"Start Template Block\"");
+    faults.Error(1, {kNoBeginning, {"Start Template Block"}});
   }
   KeyLines keys = ReadTemplateBlock(diveTemplate, lines, faults);
   if (!lines.SkipBlankLines()) {
-    faults.Advise(lines.LineNumber() + 1, "what follows the end of the template is ignored");
+    faults.Advise(lines.LineNumber() + 1, kIgnoredEnd);
   }
   return keys;
 }

@@ -8,17 +8,24 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace tav {
 namespace {
+
+// Texts by number.
+constexpr int kNotOpened = 7898;
+constexpr int kNotRead = 7899;
+constexpr int kNotWritten = 7900;
+constexpr int kNotReplaced = 7901;
+constexpr int kIsFolder = 7902;
+constexpr int kLargerThan = 7903;
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 
 // The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
 constexpr std::string_view kUnfinished = ".saving-";
 constexpr std::string_view kRandom = "XXXXXX";
-
-std::string ErrorText(int error) { return std::generic_category().message(error); }
 
 /// A file descriptor that closes itself.
 class Descriptor {
@@ -97,7 +104,7 @@ void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) 
     const ssize_t written = ::write(fd, text.data(), text.size());
     if (written < 0) {
       if (errno == EINTR) continue;
-      throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
     }
     text.remove_prefix(static_cast<std::size_t>(written));
   }
@@ -119,10 +126,17 @@ int OpenUnfinished(const std::filesystem::path& target, std::string& name) {
 
 }  // namespace
 
-FileError::FileError(const std::filesystem::path& file, int line, const std::string& reason)
-    : std::runtime_error(file.string() + (line > 0 ? ":" + std::to_string(line) : "") + ": " + reason),
-      reason_(reason),
-      line_(line) {}
+Message ErrorText(int error) {
+  constexpr std::pair<int, int> kTexts[] = {{ENOENT, 7904}, {EACCES, 7905}, {ENOSPC, 7906},  {EISDIR, 7907},
+                                            {EROFS, 7908},  {EIO, 7909},    {ENOTDIR, 7910}, {ENAMETOOLONG, 7911}};
+  for (const auto& [known, text] : kTexts) {
+    if (known == error) return text;
+  }
+  return std::generic_category().message(error);
+}
+
+FileError::FileError(const std::filesystem::path& file, int line, Message reason)
+    : MessageError(file.string() + (line > 0 ? ":" + std::to_string(line) : ""), std::move(reason)), line_(line) {}
 
 std::string ToUtf8(std::string text) {
   if (IsUtf8(text)) return text;
@@ -137,16 +151,16 @@ std::string ToUtf8(std::string text) {
 
 std::string ReadTextFile(const std::filesystem::path& file) {
   Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!fd.IsOpen()) throw FileError(file, 0, "can't be opened: " + ErrorText(errno));
+  if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
   std::string text;
   std::array<char, 65536> buffer{};
   while (true) {
     const ssize_t got = ::read(fd.Get(), buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) throw FileError(file, 0, "can't be read: " + ErrorText(errno));
+    if (got < 0) throw FileError(file, 0, {kNotRead, {ErrorText(errno)}});
     if (got == 0) break;
     text.append(buffer.data(), static_cast<std::size_t>(got));
-    if (text.size() > kLargestFile) throw FileError(file, 0, "is larger than 64 MiB, which no plan is");
+    if (text.size() > kLargestFile) throw FileError(file, 0, kLargerThan);
   }
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
@@ -158,17 +172,17 @@ void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
   std::error_code error;
   fs::path target = fs::weakly_canonical(file, error);
   if (error) target = file;
-  if (fs::is_directory(target, error)) throw FileError(file, 0, "is a folder");
+  if (fs::is_directory(target, error)) throw FileError(file, 0, kIsFolder);
 
   // A file that is there but must not be written stays, although its folder would allow the rename.
   struct stat old {};
   const bool exists = ::stat(target.c_str(), &old) == 0;
   if (exists && ::access(target.c_str(), W_OK) != 0) {
-    throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
   }
   if (exists && !S_ISREG(old.st_mode)) {  // a pipe or a terminal has nothing to lose
     Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!device.IsOpen()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    if (!device.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
     WriteAll(device.Get(), text, file);
     return;
   }
@@ -176,18 +190,18 @@ void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
   RemoveUnfinishedSaves(target.parent_path(), target.filename().string());
   std::string beside;
   Descriptor fd(OpenUnfinished(target, beside));
-  if (!fd.IsOpen()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+  if (!fd.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
   const Descriptor lock(::fcntl(fd.Get(), F_DUPFD_CLOEXEC, 0));  // holds it until the file has its name
   try {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     if (::fchmod(fd.Get(), exists ? old.st_mode & 07777U : 0666U & ~mask) != 0) {
-      throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
     }
     WriteAll(fd.Get(), text, file);
-    if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FileError(file, 0, "can't be written: " + ErrorText(errno));
+    if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
     if (::rename(beside.c_str(), target.c_str()) != 0) {
-      throw FileError(file, 0, "can't be replaced: " + ErrorText(errno));
+      throw FileError(file, 0, {kNotReplaced, {ErrorText(errno)}});
     }
   } catch (...) {
     ::unlink(beside.c_str());

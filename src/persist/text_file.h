@@ -1,25 +1,27 @@
 #pragma once
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "model/message.h"
+
 namespace tav {
 
-/// A file that can't be read or written, or whose content is not of its format. what() is the message for the user:
-/// "FILE:LINE: REASON", without ":LINE" where no line is to blame.
-class FileError : public std::runtime_error {
+/// A file that can't be read or written, or whose content is not of its format. Its place is "FILE:LINE", without
+/// ":LINE" where no line is to blame.
+class FileError : public MessageError {
  public:
-  FileError(const std::filesystem::path& file, int line, const std::string& reason);
+  FileError(const std::filesystem::path& file, int line, Message reason);
 
-  [[nodiscard]] const std::string& Reason() const { return reason_; }
   [[nodiscard]] int Line() const { return line_; }  ///< from 1; 0 for the file as a whole
 
  private:
-  std::string reason_;
   int line_;
 };
+
+/// What the system says of an error number: the usual ones by a text of ours, the others in its own words.
+Message ErrorText(int error);
 
 /// The text of a file as UTF-8. What is not valid UTF-8 is taken as Windows-1252, a byte order mark is dropped.
 /// Throws FileError when the file can't be read or is larger than 64 MiB, which no plan comes near.

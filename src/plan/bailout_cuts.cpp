@@ -4,6 +4,14 @@
 #include "plan/scratch_run.h"
 
 namespace tav {
+namespace {
+
+// Texts by number.
+constexpr int kNoLegs = 7886;
+constexpr int kTooManyCuts = 7887;
+constexpr int kTooManyRows = 7888;
+
+}  // namespace
 
 Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
   const Waypoint& end = profile.Row(row);
@@ -28,18 +36,18 @@ BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single int
       fault_(forms(document).EvaluationFault()) {
   const std::int16_t previous = forms(document).PrevProfile;
   if (previous != -1) previous_ = services_.documents(previous);
-  if (fault_.empty() && plan_.GetLength() == 0) fault_ = "the plan has no legs";
+  if (fault_.empty() && plan_.GetLength() == 0) fault_ = services_.texts.GetResString(kNoLegs);
   if (fault_.empty()) fault_ = SizeFault();
 }
 
 std::string BailoutCuts::SizeFault() const {
-  const std::string tooMany = "an interval of " + FormatPlain(interval_) + " min cuts this plan too often, ";
   if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
-    return tooMany + "more than " + std::to_string(kMostCuts) + " times";
+    return services_.texts.Filled(kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)});
   }
   std::size_t rows = 0;
   for (const Moment& moment : Moments()) rows += static_cast<std::size_t>(moment.row);
-  return rows > kMostRows ? tooMany + "into more than " + std::to_string(kMostRows) + " rows" : "";
+  if (rows <= kMostRows) return {};
+  return services_.texts.Filled(kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)});
 }
 
 std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {

@@ -68,8 +68,9 @@ std::string ComputeProfile(const PlanServices& services, const EngineRun& run, c
   const auto faults = TemplateFaults(services.documents(run.document).Template);
   if (!faults.empty()) {
     segmentedProfile.clear();
-    return JoinFaults(faults);
+    return services.texts.Words(JoinFaults(faults));
   }
+  constexpr int kTooManyRows = 7507;
   constexpr int kRunning = 5006;
   constexpr int kIdle = 5005;
   services.display.ShowStatus(kRunning);
@@ -81,10 +82,10 @@ std::string ComputeProfile(const PlanServices& services, const EngineRun& run, c
     } else {
       door.Ascend(userProfile, segmentedProfile);
     }
-  } catch (const std::length_error& error) {
+  } catch (const std::length_error&) {
     segmentedProfile.clear();
     if (memory != nullptr) memory->Forget();
-    fault = error.what();
+    fault = services.texts.GetResString(kTooManyRows);
   }
   services.display.ShowStatus(kIdle);
   return fault;

@@ -52,7 +52,7 @@ std::string PlanTrial::TryTemplate(const std::function<void(DiveTemplate&)>& cha
   DiveTemplate wanted = Template();
   change(wanted);
   wanted.TemplateChanged = true;
-  std::string fault = JoinFaults(TemplateFaults(wanted));
+  std::string fault = forms_.Services().texts.Words(JoinFaults(TemplateFaults(wanted)));
   if (!fault.empty()) return fault;
   Template() = wanted;
   templateChanged_ = true;

@@ -63,7 +63,7 @@ void setFastTemplate(DiveTemplate& diveTemplate) { diveTemplate.DescendRates = {
 SquareDives::SquareDives(const PlanServices& services, std::int16_t document, std::int16_t mix, bool fastDescent,
                          const TableAxes& axes)
     : run_(services, services.documents(document), nullptr),
-      fault_(JoinFaults(TemplateFaults(run_.Template()))),
+      fault_(services.texts.Words(JoinFaults(TemplateFaults(run_.Template())))),
       mix_(mix),
       fastDescent_(fastDescent),
       axes_(axes),

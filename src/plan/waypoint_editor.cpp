@@ -18,6 +18,8 @@ constexpr int kUnsavedName = 3057;
 constexpr int kUnsavedQuestion = 3058;
 constexpr int kUnsavedTitle = 3059;
 constexpr int kAboveCeiling = 3061;
+constexpr int kTooManyRows = 7507;
+constexpr int kNotComputed = 7885;
 
 }  // namespace
 
@@ -77,8 +79,8 @@ EngineRun frmWaypointEditor::Run(bool loadOnly) const { return {documentNumber_,
 std::string frmWaypointEditor::PreviousDiveFault() const {
   if (PrevProfile == -1 || forms_(PrevProfile).State() == EditState::Ascent) return {};
   // A later dive starts from the loads at the end of the one before: without an ascent there are none.
-  return "dive " + std::to_string(DiveNumber) + " is not computed: the ascent of dive " +
-         std::to_string(forms_(PrevProfile).DiveNumber) + ", the dive before it, is missing";
+  return Services().texts.Filled(kNotComputed,
+                                 {std::to_string(DiveNumber), std::to_string(forms_(PrevProfile).DiveNumber)});
 }
 
 void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
@@ -114,8 +116,10 @@ void frmWaypointEditor::Compute() {
   std::string& fault = evaluationFault_;
   fault = PreviousDiveFault();
   // Legs are expanded by the rate tables before the engine sees them: a table without entries would be no table.
-  if (fault.empty() && UserActions.GetLength() > 0) fault = JoinFaults(TemplateFaults(Document().Template));
-  if (fault.empty()) fault = JoinFaults(PlanFaults(UserActions, Document().Template));
+  const TextSource& texts = Services().texts;
+  if (fault.empty() && UserActions.GetLength() > 0)
+    fault = texts.Words(JoinFaults(TemplateFaults(Document().Template)));
+  if (fault.empty()) fault = texts.Words(Message::List(PlanFaults(UserActions, Document().Template)));
 
   Single endTime = 0;
   Single startTime = 0;
@@ -158,8 +162,8 @@ bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single
   const std::int16_t known = InputProfile.GetLength();
   try {
     GetSegmentedProfile(leg, Document().Template, InputProfile);
-  } catch (const std::exception& error) {
-    evaluationFault_ = error.what();
+  } catch (const std::length_error&) {
+    evaluationFault_ = Services().texts.GetResString(kTooManyRows);
     return false;
   }
   endTime = leg.endTime;
@@ -187,8 +191,8 @@ bool frmWaypointEditor::StartDeco() {
   const PlanServices& services = Services();
   try {
     UserActions.NewAction();
-  } catch (const std::length_error& error) {
-    services.boxes.Show(error.what(), "", BoxIcon::Stop, BoxButtons::OK);
+  } catch (const std::length_error&) {
+    services.boxes.Show(services.texts.GetResString(kTooManyRows), "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
   UserActions.setdeco(UserActions.GetLength());
@@ -221,13 +225,13 @@ bool frmWaypointEditor::StartDeco() {
 
 bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix) {
   const PlanServices& services = Services();
-  std::string refusal = LegFault(segmentTime, depth, mix, Document().Template);
+  std::string refusal = services.texts.Words(LegFault(segmentTime, depth, mix, Document().Template));
   if (depth < InputProfile.GetCeiling(InputProfile.GetLength())) refusal = services.texts.GetResString(kAboveCeiling);
   if (refusal.empty()) {
     try {
       SaveUserEnteredWaypoints(segmentTime, depth, mix, false);
-    } catch (const std::length_error& error) {
-      refusal = error.what();
+    } catch (const std::length_error&) {
+      refusal = services.texts.GetResString(kTooManyRows);
     }
   }
   if (!refusal.empty()) {

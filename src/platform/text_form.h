@@ -24,6 +24,7 @@ class TextForm : public Form {
   [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
     return texts_.Filled(id, values);
   }
+  [[nodiscard]] std::string T(const Message& message) const { return texts_.Words(message); }
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return platform_.boxes.Show(text, title, icon, buttons);
   }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <exception>
 #include <initializer_list>
 #include <string>
+
+#include "model/message.h"
 
 namespace tav {
 
@@ -18,6 +21,11 @@ class TextSource {
 
   /// The same with "%1" to "%9" filled in; what is filled in is not looked at again.
   [[nodiscard]] std::string Filled(int id, std::initializer_list<std::string> values) const;
+
+  /// A message in words.
+  [[nodiscard]] std::string Words(const Message& message) const;
+  /// Why something failed: the place and the words of a MessageError, what() of every other.
+  [[nodiscard]] std::string Words(const std::exception& error) const;
 };
 
 }  // namespace tav

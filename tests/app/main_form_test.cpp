@@ -518,7 +518,7 @@ TEST(Recovery, APlanLostWithItsProcessIsOfferedAtTheNextStart) {
   ASSERT_TRUE(p.Start());
   EXPECT_TRUE(p.Editor().AddUserWaypoint(42.3, 20, 0));
   p.Main().KeepRecovery();
-  const auto folder = RecoveryFolder();
+  const auto folder = SettingsFolder();
   const auto kept = std::distance(std::filesystem::directory_iterator(folder), {});
   EXPECT_EQ(kept, 2);
   // As if another process had written it, one that cannot run: numbers end far below.

@@ -5,6 +5,7 @@
 
 #include "app/command_line.h"
 #include "persist/template_file.h"
+#include "support/english.h"
 #include "support/scratch_folder.h"
 
 namespace tav {
@@ -38,7 +39,11 @@ class StartUp : public testing::Test {
   }
   [[nodiscard]] fs::path Shipped() const { return scratch_.Path() / "program/template/Default.tpl"; }
   [[nodiscard]] fs::path Own() const { return scratch_.Path() / "user/template/Default.tpl"; }
-  std::string Init() { return InitDocuments(documents_, folders_); }
+  /// Why the default template can't be used, in English; empty when it can.
+  std::string Init() {
+    const auto fault = InitDocuments(documents_, folders_);
+    return fault ? test::English().Words(*fault) : "";
+  }
   [[nodiscard]] const DiveTemplate& Default() const { return documents_(DocumentStore::DefaultDocument).Template; }
 
   test::ScratchFolder scratch_;

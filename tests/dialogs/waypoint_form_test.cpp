@@ -234,7 +234,7 @@ TEST_F(WaypointForm, WhatThePlanCanNotTakeIsRefusedBeforeTheDialogCloses) {
   } const cases[] = {{"-5", "10", "*StringID 7160*"},
                      {"-10.1325", "10", "*StringID 7160*"},
                      {"3", "10", "*StringID 3061*\r\n*StringID 7032*: "},
-                     {"60", "200000", "a leg of 200000 minutes"}};
+                     {"60", "200000", "*StringID 7882*"}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.depth);
     frmWaypointForm& f = At(0);

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "persist/template_file.h"
+#include "support/english.h"
 #include "support/random_records.h"
 #include "support/source_folder.h"
 
@@ -85,7 +86,7 @@ TEST(ProfileFile, TakesActionsThatAreNotQuiteInForm) {
   FormatFaults faults("x.tav", FormatFaults::Mode::Collect);
   ReadProfileText(Actions("a note\r\n30,20,1,0\r\n"), faults);
   ASSERT_EQ(faults.List().size(), 2U);
-  EXPECT_THAT(faults.List()[0].text, HasSubstr("\"a note\" is not an action"));
+  EXPECT_THAT(test::English().Words(faults.List()[0].text), HasSubstr("\"a note\" is not an action"));
   EXPECT_FALSE(faults.HasErrors());
 }
 
@@ -120,7 +121,7 @@ TEST(ProfileFile, IsRefusedWithTheLineAndTheReason) {
       {Dive("Start of Profile\nSurfTime = 0\n30,20,1,0,\n"), body + 2, "before \"End of Profile\""},
       {Actions("30,2x,1,0,\n"), body + 2, "the time of an action must be a number, not \"2x\""},
       {Actions("30,20,1.6e9,0,\n"), body + 2, "the mix number of an action must be a whole number"},
-      {Actions("30,20,1,\n"), body + 2, "the action of an action must be a whole number"},
+      {Actions("30,20,1,\n"), body + 2, "the kind of an action must be a whole number"},
       {Actions("1e400,20,1,0,\n"), body + 2, "the depth of an action must be a number"},
       {Actions("10,1,0,0,\n30,20,99,0,\n"), body + 3, "a leg on gas number 99"},
       {Actions("-5,20,0,0,\n"), body + 2, "a leg to depth -5"},
@@ -133,7 +134,7 @@ TEST(ProfileFile, IsRefusedWithTheLineAndTheReason) {
       ADD_FAILURE() << "was read";
     } catch (const FileError& error) {
       EXPECT_EQ(error.Line(), fault.line);
-      EXPECT_THAT(error.Reason(), HasSubstr(fault.reason));
+      EXPECT_THAT(test::English().Words(error.Reason()), HasSubstr(fault.reason));
     }
   }
 }

@@ -10,6 +10,7 @@
 
 #include "model/number_text.h"
 #include "persist/template_file.h"
+#include "support/english.h"
 #include "support/random_records.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
@@ -39,7 +40,8 @@ std::string Advice(const std::string& text) {
   ReadTemplateText(diveTemplate, text, faults);
   std::string all;
   for (const FormatFault& fault : faults.List()) {
-    all += std::to_string(fault.line) + (fault.error ? " error: " : " advice: ") + fault.text + "\n";
+    all += std::to_string(fault.line) + (fault.error ? " error: " : " advice: ") + test::English().Words(fault.text) +
+           "\n";
   }
   return all;
 }
@@ -169,7 +171,7 @@ TEST(TemplateBlock, RefusesWhatItCannotReadAndNamesTheLine) {
     } catch (const FileError& error) {
       EXPECT_EQ(error.Line(), fault.line);
       EXPECT_THAT(error.what(), HasSubstr("x.tpl:" + std::to_string(fault.line) + ": "));
-      EXPECT_THAT(error.Reason(), HasSubstr(fault.reason));
+      EXPECT_THAT(test::English().Words(error.Reason()), HasSubstr(fault.reason));
     }
   }
 }

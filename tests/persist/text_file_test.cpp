@@ -13,6 +13,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "support/english.h"
 #include "support/scratch_folder.h"
 
 namespace tav {
@@ -99,7 +100,7 @@ TEST(ReadTextFile, TellsWhyItCannot) {
     try {
       ReadTextFile(file);
     } catch (const FileError& error) {
-      return error.what();
+      return test::English().Words(error);
     }
     return "read";
   };

@@ -163,7 +163,7 @@ TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {
     const auto faults = Faults(table);
     if (*each.fault == '\0') {
       EXPECT_THAT(faults, IsEmpty());
-      EXPECT_EQ(LegFault(table.Actions().gettime(1), table.Actions().getDepth(1), 0, settings_), "");
+      EXPECT_TRUE(LegFault(table.Actions().gettime(1), table.Actions().getDepth(1), 0, settings_).IsEmpty());
     } else {
       EXPECT_THAT(faults, ElementsAre(each.fault));
     }

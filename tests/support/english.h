@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/language_table.h"
+#include "support/source_folder.h"
+
+namespace tav::test {
+
+/// The English texts, for tests of what a user reads.
+inline const LanguageTable& English() {
+  static const LanguageTable table = DefaultTexts(SourceFolder());
+  return table;
+}
+
+}  // namespace tav::test
