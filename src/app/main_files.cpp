@@ -219,6 +219,7 @@ bool frmMain::Form_QueryUnload(bool /*byUser*/) {
 
 void frmMain::Form_Unload() {
   services_.runs.EndAll();
+  KeepPanes();
   for (const std::int16_t document : OpenDocuments()) {
     services_.forms(document).LeaveDocument(false);
     EndDocument(document);

@@ -17,11 +17,13 @@ constexpr const char* kFitPlan = "FitPlan";  // the setting
 
 }  // namespace
 
-frmMain::frmMain(MainServices services) : Form("frmMain"), services_(std::move(services)) {
+frmMain::frmMain(MainServices services) : Form("frmMain"), services_(std::move(services)), planPane_(PaneServices()) {
   BuildMenu();
   BuildToolBar();
   Wire();
 }
+
+frmMain::~frmMain() { services_.view.Detach(); }
 
 void frmMain::Form_Load() {
   LocalizeForm(*this, services_.texts);
@@ -29,6 +31,7 @@ void frmMain::Form_Load() {
   FillRecent();
   sbStatusBar.Caption = T(kIdle);
   FitPlan(services_.platform.settings.ReadSetting("Settings", kFitPlan) == "On");
+  RestorePanes();
   LoadNewDoc();
 }
 
@@ -172,12 +175,17 @@ void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
 void frmMain::DocumentActivated() {
   if (const auto active = Active()) services_.forms(*active).Form_Activate();
   SyncCommands();
+  PlanChanged();
 }
 
 void frmMain::Wire() {
   WirePlanCommands();
   WireWindowCommands();
-  services_.runs.changed = [this] { SyncCommands(); };
+  WirePanes();
+  services_.runs.changed = [this] {
+    SyncCommands();
+    PlanChanged();
+  };
 }
 
 void frmMain::WirePlanCommands() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/main_services.h"
+#include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
 #include "platform/form.h"
 #include "report/model_marks.h"
@@ -18,6 +19,7 @@ namespace tav {
 class frmMain : public Form {
  public:
   explicit frmMain(MainServices services);
+  ~frmMain() override;
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNewProfile{*this, "mnuNewProfile"};
@@ -44,6 +46,9 @@ class frmMain : public Form {
   MenuItem mnucleardecopoints{*this, "mnucleardecopoints"};
   MenuItem mnuclearlastwaypoint{*this, "mnuclearlastwaypoint"};
   MenuItem mnuclearallwaypoints{*this, "mnuclearallwaypoints"};
+  MenuItem mnuView{*this, "mnuView"};
+  MenuItem mnuPlanPane{*this, "mnuPlanPane"};
+  MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -101,6 +106,19 @@ class frmMain : public Form {
   [[nodiscard]] const std::vector<ToolButton*>& ToolBar() const { return toolBar_; }
   [[nodiscard]] ToolButton& Tool(std::size_t position) const { return *toolBar_.at(position - 1); }
 
+  /// A pane beside the graphs with the entry of the view menu that shows and hides it; the mark of the entry tells
+  /// whether it is shown.
+  struct Pane {
+    PaneForm& form;
+    MenuItem& entry;
+  };
+  [[nodiscard]] const std::vector<Pane>& Panes() const { return panes_; }
+  frmPlanPane& PlanPane() { return planPane_; }
+  /// The user has shown or hidden a pane by its own means.
+  void PaneShown(const PaneForm& pane, bool shown);
+  /// A plan has been computed anew, or is open no more: the panes follow.
+  void PlanChanged();
+
   // Commands that others call, too.
   void LoadNewDoc();
   void SetOpenCircuit(bool apply);
@@ -156,6 +174,12 @@ class frmMain : public Form {
   void Wire();
   void WirePlanCommands();
   void WireWindowCommands();
+  // Panes (main_panes.cpp).
+  [[nodiscard]] PlanPaneServices PaneServices();
+  void WirePanes();
+  void ShowPane(const Pane& pane, bool shown);
+  void RestorePanes();
+  void KeepPanes();
   void FillRecent();
   void ListPlans();
   void FitPlan(bool fit);
@@ -191,6 +215,8 @@ class frmMain : public Form {
   std::vector<ToolButton*> toolBar_;
   std::vector<std::unique_ptr<MenuItem>> recentItems_;
   std::weak_ptr<frmPartialMix> mixer_;
+  frmPlanPane planPane_;
+  std::vector<Pane> panes_{{planPane_, mnuPlanPane}};
   struct PlanItem {
     std::int16_t document;
     std::string caption;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ struct Placement {
 };
 
 class frmMain;
+class PaneForm;
 
 /// The main window on the screen, for what its records can't say.
 class MainView {
@@ -34,6 +36,8 @@ class MainView {
 
   /// Ties the window to its form, before the form loads.
   virtual void Attach(frmMain& form) = 0;
+  /// The form ends, and with it its panes.
+  virtual void Detach() = 0;
   /// Moves the window; the view clamps it to the screens that are there.
   virtual void Place(const Placement& placement) = 0;
   /// Where the window is, or would be when it is not maximised.
@@ -42,6 +46,15 @@ class MainView {
   virtual void ShowWindow() = 0;
   /// The entries of the menus have changed: recent files.
   virtual void MenuChanged() = 0;
+  /// Shows or hides a pane of the form, which is loaded.
+  virtual void ShowPane(PaneForm& pane, bool shown) = 0;
+  /// Gives the pane, which is shown, the keyboard.
+  virtual void FocusPane(PaneForm& pane) = 0;
+  /// Where the panes are and which are shown, as a text of its own making.
+  [[nodiscard]] virtual std::string PanesNow() const = 0;
+  /// Puts the panes where such a text tells, and returns those that it tells to be shown; nothing for a text of
+  /// another program. To be called before a pane is shown.
+  virtual std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) = 0;
   /// The child window of a document: its graph.
   virtual void ResetZoom(std::int16_t document) = 0;
   /// In all graphs, those to come too, the plan fills the window, or has room to grow.

@@ -140,6 +140,9 @@ void Program::Display::RedrawProfile(std::int16_t document) {
     ShowEvaluationFault(document, decompresses ? "" : program_.texts_.GetResString(kDoesNotDecompress));
   }
   Sync();
+  if (program_.mainForm_ && program_.platform_.documentWindows.ActiveDocument() == document) {
+    program_.mainForm_->PlanChanged();
+  }
 }
 
 void Program::Display::ShowEvaluationFault(std::int16_t document, const std::string& fault) {

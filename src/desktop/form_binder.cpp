@@ -150,14 +150,24 @@ bool ShowsText(const QWidget* widget) {
 
 }  // namespace
 
-std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
+QWidget* MakePane(Form& form, QWidget* parent) {
   QFile file(QStringLiteral(":/forms/") + ToQt(form.Name()) + QStringLiteral(".ui"));
   if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the form " + form.Name() + " has no window");
-  auto dialog = std::make_unique<FormDialog>(form, parent);
   Loader loader;
-  // The file describes a dialog; it becomes the content of the one that asks the form before it closes.
-  QWidget* designed = loader.load(&file, dialog.get());
+  QWidget* designed = loader.load(&file, parent);
   if (designed == nullptr) throw std::runtime_error(form.Name() + ": " + FromQt(loader.errorString()));
+  for (Control* control : form.Controls()) {
+    if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
+  }
+  BindPointer(form, *designed);
+  BindSpinKeys(form, *designed);
+  return designed;
+}
+
+std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
+  auto dialog = std::make_unique<FormDialog>(form, parent);
+  // The file describes a dialog; it becomes the content of the one that asks the form before it closes.
+  QWidget* designed = MakePane(form, dialog.get());
   auto* layout = new QVBoxLayout(dialog.get());
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(designed);
@@ -165,23 +175,18 @@ std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {
   dialog->resize(designed->size());
   dialog->setWindowTitle(ToQt(form.Caption));
   if (form.RemembersPlace) dialog->setWindowFlag(Qt::WindowMaximizeButtonHint);
-  for (Control* control : form.Controls()) {
-    if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
-  }
-  BindPointer(form, *designed);
-  BindSpinKeys(form, *designed);
   return dialog;
 }
 
-std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog) {
+std::vector<std::string> BindingFaults(const Form& form, const QWidget& window) {
   std::vector<std::string> faults;
   for (const Control* control : form.Controls()) {
-    const bool missing = dialog.findChild<QWidget*>(ToQt(control->Name())) == nullptr;
+    const bool missing = window.findChild<QWidget*>(ToQt(control->Name())) == nullptr;
     if (missing && dynamic_cast<const MenuItem*>(control) == nullptr) {
       faults.push_back(form.Name() + ": the control " + control->Name() + " has no widget");
     }
   }
-  for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
     const QString name = widget->objectName();
     if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || !ShowsText(widget)) continue;
     if (qobject_cast<const QTabBar*>(widget->parentWidget()) != nullptr) continue;  // its scroll buttons

@@ -16,8 +16,12 @@ class Form;
 /// closes. Throws std::runtime_error when there is no such file.
 std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent);
 
-/// What does not fit between a form and its dialog: a control without a widget, a widget that can show text or take
+/// The same for a form that stands in a pane of the main window: its content, of the parent. Letters to reach a control
+/// by are left to the menus.
+QWidget* MakePane(Form& form, QWidget* parent);
+
+/// What does not fit between a form and its window: a control without a widget, a widget that can show text or take
 /// input without a control. Empty when all is well.
-std::vector<std::string> BindingFaults(const Form& form, const QDialog& dialog);
+std::vector<std::string> BindingFaults(const Form& form, const QWidget& window);
 
 }  // namespace tav

@@ -5,6 +5,7 @@
 
 #include "desktop/graph_view.h"
 #include "desktop/icons.h"
+#include "desktop/pane_docks.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
@@ -35,9 +36,16 @@ void MainWindow::Attach(frmMain& form) {
   form.CloseWanted = [] { QApplication::quit(); };
   BuildMenu();
   BuildToolBar();
+  docks_ = new PaneDocks(*this, form);
   auto* status = new QLabel;
   statusBar()->addWidget(status, 1);
   form.sbStatusBar.Changed = [this, status] { status->setText(ToQt(form_->sbStatusBar.Caption)); };
+}
+
+void MainWindow::Detach() {
+  form_ = nullptr;
+  delete docks_;
+  docks_ = nullptr;
 }
 
 void MainWindow::BuildMenu() {
@@ -285,6 +293,16 @@ void MainWindow::Redraw(std::int16_t document) {
 
 void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
   if (Child* child = Find(document)) child->graph->ShowNotice(ToQt(text));
+}
+
+void MainWindow::ShowPane(PaneForm& pane, bool shown) { docks_->Show(pane, shown); }
+
+void MainWindow::FocusPane(PaneForm& pane) { docks_->Focus(pane); }
+
+std::string MainWindow::PanesNow() const { return docks_->State(); }
+
+std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string& panes) {
+  return docks_->Restore(panes);
 }
 
 void MainWindow::ResetZoom(std::int16_t document) {

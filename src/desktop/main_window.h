@@ -14,6 +14,7 @@ class QToolBar;
 namespace tav {
 
 class GraphView;
+class PaneDocks;
 
 /// The main window on the screen: menu, tool bar and status bar of frmMain, and a child window for each plan.
 class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
@@ -27,11 +28,16 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
 
   // MainView
   void Attach(frmMain& form) override;
+  void Detach() override;
   void Place(const Placement& placement) override;
   [[nodiscard]] Placement PlaceNow() const override;
   [[nodiscard]] bool IsMinimised() const override { return isMinimized(); }
   void ShowWindow() override { show(); }
   void MenuChanged() override;
+  void ShowPane(PaneForm& pane, bool shown) override;
+  void FocusPane(PaneForm& pane) override;
+  [[nodiscard]] std::string PanesNow() const override;
+  std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
   void ResetZoom(std::int16_t document) override;
   void FitPlan(bool fit) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
@@ -71,6 +77,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
 
   QMdiArea* area_;
   QToolBar* toolBar_ = nullptr;
+  PaneDocks* docks_ = nullptr;
   frmMain* form_ = nullptr;
   std::map<std::int16_t, Child> children_;
   std::optional<std::int16_t> active_;

@@ -195,7 +195,7 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
       "mnuNewProfile", "mnuOpen",           "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
       "mnuExit",       "mnuBulhmannB",      "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
       "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer"};
+      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer",        "mnuPlanPane",          "mnuGoToPlan"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();

@@ -25,6 +25,7 @@
 #include "dialogs/gas_blend.h"
 #include "dialogs/general_info.h"
 #include "dialogs/multi_level.h"
+#include "dialogs/plan_pane.h"
 #include "dialogs/properties.h"
 #include "dialogs/report_selection.h"
 #include "dialogs/table_expert.h"
@@ -60,6 +61,8 @@ struct Forms {
     forms.push_back(std::make_unique<frmTableExpert>(services, reports, host));
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
     forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
+    forms.push_back(std::make_unique<frmPlanPane>(
+        PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {}, [] {}}));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));
@@ -84,6 +87,7 @@ struct Forms {
   HeadlessProgram program;
   ClassProfile profile;
   RunHost host;
+  UndoHistory history{program.program.Forms()};
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;
 };

@@ -73,7 +73,7 @@ units() {
 # exports the graph and compares it with what the engine makes of that dive of the file
 shows_the_rows_of() {
   rm -f "$work/graph.svg"
-  xdotool mousemove $((X + 700)) $((Y + 300)) click 3
+  xdotool mousemove $((X + 500)) $((Y + 300)) click 3
   sleep 0.3
   keys Up Return
   choose_file "Export graph as SVG" "$work/graph.svg"

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,25 @@ namespace tav::test {
 /// The main window of a program without a screen.
 struct HeadlessMainView : MainView {
   void Attach(frmMain& form) override { attached = &form; }
+  void Detach() override { attached = nullptr; }
   void Place(const Placement& placement) override { place = placement; }
   [[nodiscard]] Placement PlaceNow() const override { return place; }
   [[nodiscard]] bool IsMinimised() const override { return minimised; }
   void ShowWindow() override { shown = true; }
   void MenuChanged() override {}
+  void ShowPane(PaneForm& pane, bool on) override {
+    if (on) {
+      panes.insert(&pane);
+    } else {
+      panes.erase(&pane);
+    }
+  }
+  void FocusPane(PaneForm& pane) override { focused = &pane; }
+  [[nodiscard]] std::string PanesNow() const override { return panesNow; }
+  std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& text) override {
+    if (text != panesNow) return std::nullopt;
+    return std::vector<PaneForm*>(panes.begin(), panes.end());
+  }
   void ResetZoom(std::int16_t /*document*/) override {}
   void FitPlan(bool fit) override { fitPlan = fit; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
@@ -35,6 +50,9 @@ struct HeadlessMainView : MainView {
   bool shown = false;
   bool fitPlan = false;
   std::string exported;
+  std::set<PaneForm*> panes;  ///< shown
+  PaneForm* focused = nullptr;
+  std::string panesNow = "no panes";
 };
 
 /// The whole program on the headless platform, with the shipped data and a user's folder of its own.

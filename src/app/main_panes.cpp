@@ -1,0 +1,79 @@
+// The panes beside the graphs: shown, hidden, remembered, and brought up to date with the plan in front.
+
+#include <algorithm>
+
+#include "app/main_form.h"
+
+namespace tav {
+namespace {
+
+// The settings hold short texts only, so that the places of the panes are kept in pieces: Panes1, Panes2, ...
+constexpr std::size_t kPiece = 200;
+constexpr int kMostPieces = 64;
+
+std::string PieceName(int piece) { return "Panes" + std::to_string(piece); }
+
+}  // namespace
+
+PlanPaneServices frmMain::PaneServices() {
+  return {Dialogs(), services_.history, [this](std::int16_t document) { return services_.runs.Holds(document); },
+          [this] { EditTemplateOfActive(); }, [this] { SyncCommands(); }};
+}
+
+void frmMain::WirePanes() {
+  for (const Pane& pane : panes_) {
+    pane.entry.Click = [this, &pane] {
+      ShowPane(pane, !pane.entry.Checked);
+      if (pane.entry.Checked) services_.view.FocusPane(pane.form);
+    };
+  }
+  mnuGoToPlan.Click = [this] {
+    ShowPane(panes_.front(), true);
+    services_.view.FocusPane(planPane_);
+  };
+}
+
+void frmMain::ShowPane(const Pane& pane, bool shown) {
+  pane.entry.Checked = shown;
+  if (shown && !pane.form.IsLoaded()) pane.form.Load();
+  if (shown) pane.form.ShowDocument(Active());
+  services_.view.ShowPane(pane.form, shown);
+}
+
+void frmMain::PaneShown(const PaneForm& shown, bool isShown) {
+  for (const Pane& pane : panes_) {
+    if (&pane.form == &shown && pane.entry.Checked != isShown) ShowPane(pane, isShown);
+  }
+}
+
+void frmMain::PlanChanged() {
+  for (const Pane& pane : panes_) {
+    if (pane.entry.Checked) pane.form.ShowDocument(Active());
+  }
+}
+
+void frmMain::RestorePanes() {
+  std::string kept;
+  for (int i = 1; i <= kMostPieces; ++i) {
+    const std::string piece = services_.platform.settings.ReadSetting("Settings", PieceName(i));
+    if (piece.empty()) break;
+    kept += piece;
+  }
+  const auto shown = services_.view.RestorePanes(kept);
+  for (const Pane& pane : panes_) {
+    // At first all of them are shown.
+    ShowPane(pane, !shown || std::find(shown->begin(), shown->end(), &pane.form) != shown->end());
+  }
+}
+
+void frmMain::KeepPanes() {
+  const std::string panes = services_.view.PanesNow();
+  SettingsStore& settings = services_.platform.settings;
+  int piece = 1;
+  for (std::size_t at = 0; at < panes.size() && piece <= kMostPieces; at += kPiece) {
+    settings.WriteSetting("Settings", PieceName(piece++), panes.substr(at, kPiece));
+  }
+  settings.WriteSetting("Settings", PieceName(piece), "");
+}
+
+}  // namespace tav

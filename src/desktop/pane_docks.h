@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QDockWidget;
+class QMainWindow;
+
+namespace tav {
+
+class frmMain;
+class PaneForm;
+
+/// The panes of the main form as docks of its window: one for each, at the right at first, tabbed, floated and moved as
+/// the user likes. The content of a dock is made when it is first shown.
+class PaneDocks : public QObject {
+ public:
+  PaneDocks(QMainWindow& window, frmMain& form);
+  PaneDocks(const PaneDocks&) = delete;
+  PaneDocks& operator=(const PaneDocks&) = delete;
+  ~PaneDocks() override;
+
+  void Show(PaneForm& pane, bool shown);
+  void Focus(PaneForm& pane);
+  [[nodiscard]] std::string State() const;
+  std::optional<std::vector<PaneForm*>> Restore(const std::string& state);
+
+ private:
+  [[nodiscard]] QDockWidget& DockOf(PaneForm& pane) const { return *docks_.at(&pane); }
+
+  QMainWindow& window_;
+  std::map<PaneForm*, QDockWidget*> docks_;
+};
+
+}  // namespace tav
