@@ -78,6 +78,7 @@ void ClassBuhlmann::LoadCompartments(const ClassProfile& userProfile, ClassProfi
   FillStartRow(userProfile.Row(0), segmentedProfile.Row(0));
   openCircuit_ = template_->OpenCircuit;
   previousDepth_ = 0;
+  if (moments_ != nullptr) KeepRow(0, 0);
   LoadRows(userProfile, 1);
 }
 
@@ -113,6 +114,7 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
   otuTotal_ = start.OTU;
   openCircuit_ = template_->OpenCircuit;
   previousDepth_ = 0;
+  if (moments_ != nullptr) KeepRow(0, 0);
   Single maximumDepth = 0;
   for (int i = 1; i <= userProfile.GetLength(); ++i) {
     const Waypoint& row = userProfile.Row(static_cast<std::int16_t>(i));
@@ -133,6 +135,7 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
 }
 
 void ClassBuhlmann::SaveEndState() {
+  if (moments_ != nullptr) return;
   DocumentState& document = store_(document_);
   document.HeCompartments = loads_.He;
   document.N2Compartments = loads_.N2;

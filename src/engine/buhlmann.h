@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "engine/decay_factors.h"
+#include "engine/dive_moment.h"
 #include "engine/model_choice.h"
 #include "engine/observer.h"
 #include "model/document_store.h"
@@ -46,6 +48,10 @@ class ClassBuhlmann {
   /// whether the plan decompresses.
   void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC);
 
+  /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run; the end
+  /// state of the document stays as it is. To be called after Init; `moments` must outlive the run.
+  void KeepMoments(std::vector<DiveMoment>& moments) { moments_ = &moments; }
+
   /// Loads as fractions of their M-values at the surface of `EndPressure`, whatever the depth. Returns the largest.
   Single PercentCompartLoad(Compartments& loads) const;
 
@@ -80,6 +86,23 @@ class ClassBuhlmann {
     LimitWarning told;
   };
 
+  /// A time of even breathing: on a level, on a ramp, or without any inert gas.
+  struct Stretch {
+    enum class Kind { Level, Ramp, Oxygen };
+    Kind kind = Kind::Level;
+    Single time;        ///< minutes
+    Inspired inspired;  ///< at its start
+    Inspired change;    ///< of a ramp, depth units per minute
+    Single from;        ///< depths of the whole segment, for what happens between its rows
+    Single to;
+  };
+
+  /// The ceiling of some loads, and which model sets it.
+  struct ModelCeiling {
+    Single depth;
+    std::int16_t marker = ModelMarker::kNone;
+  };
+
   /// How a stop waits: breathed pressures, waiting step in minutes, and what to report if it never clears.
   struct StopWait {
     Inspired inspired;
@@ -105,16 +128,26 @@ class ClassBuhlmann {
   void RateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void CCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
+  void Breathe(const Stretch& stretch);
+  void LoadStretch(Loads& loads, const Stretch& stretch, Single time);
   void WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow);
   void Warn(Single depth, const Doses& doses, bool isStop);
   void WarnOnce(const Warning& warning);
   void Announce(const Warning& warning);
   void Trace(bool constantPPO2, bool constantDepth, Single from, Single to, Single rate, bool setpointAboveStart);
 
+  // Between rows (buhlmann_moments.cpp).
+  /// Keeps the moments within a stretch that begins with these loads.
+  void KeepStretch(const Loads& before, const Stretch& stretch);
+  /// Keeps the moment at which a row ends; row 0 is the start.
+  void KeepRow(std::int16_t row, Single depth);
+  [[nodiscard]] DiveMoment MomentOf(const Loads& loads, Single time, Single depth) const;
+
   // Ascent (buhlmann_ascent.cpp).
   void Ascend(Single currentDepth, Single maximumDepth);
   [[nodiscard]] Single FirstCandidate(Single currentDepth) const;
   [[nodiscard]] Single NextCandidate(Single stop) const;
+  [[nodiscard]] ModelCeiling CeilingOf(const Loads& loads) const;
   Single Ceiling();
   void SetGradientFactor(Single factor);
   /// The loads, for a loading that is about to change them: the ceiling known so far no longer holds.
@@ -169,6 +202,9 @@ class ClassBuhlmann {
   Single otuTotal_;
   Single cnsTotal_;
   bool decompresses_ = true;
+  std::vector<DiveMoment>* moments_ = nullptr;
+  Single rowTime_;      // run time at the start of the segment
+  Single stretchTime_;  // run time at the start of the stretch
 
   std::array<Warning, 3> warnings_;  // in the order in which they were shown
   std::size_t warningCount_ = 0;

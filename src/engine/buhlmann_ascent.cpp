@@ -29,20 +29,24 @@ Single NextWholeMinute(Single runTime) {
 
 }  // namespace
 
-Single ClassBuhlmann::Ceiling() {
-  if (ceilingKnown_) return ceiling_;
+ClassBuhlmann::ModelCeiling ClassBuhlmann::CeilingOf(const Loads& loads) const {
   const double surface = ToDepthUnits(template_->EndPressure);
+  ModelCeiling ceiling;
   if (!model_.VPMMode) {
-    ceiling_ = kernels_.DeepestCeiling(loads_, mValues_, gradientFactor_, surface);
-    modelMarker_ = ModelMarker::kZHL16;
+    ceiling = {kernels_.DeepestCeiling(loads, mValues_, gradientFactor_, surface), ModelMarker::kZHL16};
   }
   if (model_.VPMMode || model_.HybridMode) {
-    const Single bubbles = std::fmax(kernels_.LargestLoad(loads_) - vpmGradient_ - surface, 0.0);
-    if (model_.VPMMode || bubbles > ceiling_) {
-      ceiling_ = bubbles;
-      modelMarker_ = ModelMarker::kVPM;
-    }
+    const Single bubbles = std::fmax(kernels_.LargestLoad(loads) - vpmGradient_ - surface, 0.0);
+    if (model_.VPMMode || bubbles > ceiling.depth) ceiling = {bubbles, ModelMarker::kVPM};
   }
+  return ceiling;
+}
+
+Single ClassBuhlmann::Ceiling() {
+  if (ceilingKnown_) return ceiling_;
+  const ModelCeiling ceiling = CeilingOf(loads_);
+  ceiling_ = ceiling.depth;
+  modelMarker_ = ceiling.marker;
   ceilingKnown_ = true;
   return ceiling_;
 }
@@ -151,6 +155,8 @@ void ClassBuhlmann::DecoStop(Single depth, Single nextStop, Single surfacePressu
 }
 
 Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) {
+  Loads before;
+  if (moments_ != nullptr) before = loads_;
   const Single end = NextWholeMinute(runTime_);
   Single waited = end - runTime_;
   runTime_ = end;
@@ -165,6 +171,9 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
     waited += wait.step;
     runTime_ += wait.step;
     kernels_.LoadConstant(ChangingLoads(), wait.inspired, stepFactors);
+  }
+  if (moments_ != nullptr) {
+    KeepStretch(before, {Stretch::Kind::Level, runTime_ - stretchTime_, wait.inspired, {}, depth, depth});
   }
   return waited;
 }

@@ -27,7 +27,7 @@ void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfaceP
   segmentTime_ = time;
   runTime_ += time;
   const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
-  kernels_.LoadConstant(ChangingLoads(), OpenCircuitInspired(ambient), decay_.For(time));
+  Breathe({Stretch::Kind::Level, time, OpenCircuitInspired(ambient), {}, depth, depth});
   if (tracing_) Trace(false, true, adjusted, adjusted, 0, false);
 
   const Single fO2 = FractionO2();
@@ -45,7 +45,7 @@ void ClassBuhlmann::CCConstantSegment(Single depth, Single time, Single surfaceP
   segmentTime_ = time;
   runTime_ += time;
   const Single ambient = ToDepthUnits(surfacePressure) + adjusted;
-  kernels_.LoadConstant(ChangingLoads(), RebreatherInspired(ambient, template_->Setpoint), decay_.For(time));
+  Breathe({Stretch::Kind::Level, time, RebreatherInspired(ambient, template_->Setpoint), {}, depth, depth});
   if (tracing_) Trace(true, true, adjusted, adjusted, 0, false);
 
   const Single setpoint = template_->Setpoint;
@@ -73,7 +73,7 @@ void ClassBuhlmann::OCRateSegment(Single from, Single to, Single rate, Single su
 
   const Single ambient = ToDepthUnits(surfacePressure) + start;
   const Inspired change{Mix().He * rate / 100, Mix().N2 * rate / 100};
-  kernels_.LoadRamp(ChangingLoads(), OpenCircuitInspired(ambient), change, time, RateConstants(), decay_.For(time));
+  Breathe({Stretch::Kind::Ramp, time, OpenCircuitInspired(ambient), change, from, to});
   if (tracing_) Trace(false, false, start, end, rate, false);
   WriteSegmentRow(to, rate, doses, false, kind.doShow);
 }
@@ -98,7 +98,7 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
     const Single setpointDepth = ToDepthUnits(setpoint) - surface;
     reachesSetpoint = rate > 0 && end > setpointDepth;
     const Single oxygenTime = reachesSetpoint ? Single((setpointDepth - from) / rate) : segmentTime_;
-    kernels_.LoadDecay(ChangingLoads(), decay_.For(oxygenTime));
+    Breathe({Stretch::Kind::Oxygen, oxygenTime, {}, {}, from, to});
     setpoint = template_->Setpoint;
     doses.cns = CNSForPPO2(setpoint, oxygenTime, metric);
     doses.otu = OTUForPPO2(setpoint, oxygenTime, metric);
@@ -112,8 +112,7 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
     const Single shareN2 = inert == 0 ? 0.0 : double{Mix().N2} / inert;
     const Single shareHe = inert == 0 ? 0.0 : double{Mix().He} / inert;
     const Single dry = ambient - oxygen - Vapour();
-    kernels_.LoadRamp(ChangingLoads(), {dry * shareHe, dry * shareN2}, {shareHe * rate, shareN2 * rate}, time,
-                      RateConstants(), decay_.For(time));
+    Breathe({Stretch::Kind::Ramp, time, {dry * shareHe, dry * shareN2}, {shareHe * rate, shareN2 * rate}, from, to});
     doses.cns += CNSForPPO2(setpoint, time, metric);
     doses.otu += OTUForPPO2(setpoint, time, metric);
   }
@@ -121,6 +120,25 @@ void ClassBuhlmann::CCRateSegment(Single from, Single to, Single rate, Single su
   doses.end = EquivalentDepthCC(metric, setpoint, to, Mix().He, Mix().N2, template_->O2Narcotic, *template_);
   if (tracing_) Trace(true, false, Dadjust(from), end, rate, setpointAboveStart);
   WriteSegmentRow(to, rate, doses, false, kind.doShow);
+}
+
+void ClassBuhlmann::Breathe(const Stretch& stretch) {
+  if (moments_ != nullptr) KeepStretch(loads_, stretch);
+  LoadStretch(ChangingLoads(), stretch, stretch.time);
+}
+
+void ClassBuhlmann::LoadStretch(Loads& loads, const Stretch& stretch, Single time) {
+  switch (stretch.kind) {
+    case Stretch::Kind::Level:
+      kernels_.LoadConstant(loads, stretch.inspired, decay_.For(time));
+      break;
+    case Stretch::Kind::Ramp:
+      kernels_.LoadRamp(loads, stretch.inspired, stretch.change, time, RateConstants(), decay_.For(time));
+      break;
+    case Stretch::Kind::Oxygen:
+      kernels_.LoadDecay(loads, decay_.For(time));
+      break;
+  }
 }
 
 void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow) {
@@ -160,6 +178,7 @@ void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& dose
   row.Ceiling = Ceiling();
   row.END = doses.end;
   row.ModelControl = modelMarker_;
+  if (moments_ != nullptr) KeepRow(result_->GetLength(), depth);
 }
 
 void ClassBuhlmann::Warn(Single depth, const Doses& doses, bool isStop) {

@@ -42,7 +42,33 @@ class EngineDoor {
     Start()->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC);
   }
 
+  /// Of the run that gave these rows: with a computed ascent when rows follow those of the plan.
+  [[nodiscard]] std::vector<DiveMoment> Moments(const ClassProfile& rows) const {
+    std::vector<DiveMoment> moments;
+    const auto engine = Start();
+    engine->KeepMoments(moments);
+    ClassProfile replayed;
+    const std::int16_t lastOfPlan = LastUserRow(rows);
+    if (lastOfPlan < rows.GetLength()) {
+      ClassProfile plan = rows;
+      plan.CutAfter(lastOfPlan);
+      engine->StartBuhlmann(plan, replayed, true, run_.forceOC);
+    } else {
+      engine->LoadCompartments(rows, replayed);
+    }
+    if (!EndsAs(rows, replayed)) moments.clear();
+    return moments;
+  }
+
  private:
+  static bool EndsAs(const ClassProfile& rows, const ClassProfile& replayed) {
+    const std::int16_t last = rows.GetLength();
+    if (replayed.GetLength() != last) return false;
+    const Waypoint& a = rows.Row(last);
+    const Waypoint& b = replayed.Row(last);
+    return a.RunTime == b.RunTime && a.N2Compartments == b.N2Compartments && a.HeCompartments == b.HeCompartments;
+  }
+
   [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
     auto engine = std::make_unique<ClassBuhlmann>(services_.documents, services_.model, services_.observer);
     if (run_.previousDocument == -1) {
@@ -89,6 +115,18 @@ std::string ComputeProfile(const PlanServices& services, const EngineRun& run, c
   }
   services.display.ShowStatus(kIdle);
   return fault;
+}
+
+std::vector<DiveMoment> ReplayMoments(const PlanServices& services, const EngineRun& run, const ModelChoice& model,
+                                      const ClassProfile& rows) {
+  if (!TemplateFaults(services.documents(run.document).Template).empty()) return {};
+  EngineObserver silent;
+  const PlanServices quiet{services.documents, model, silent, services.display, services.boxes, services.texts};
+  try {
+    return EngineDoor(quiet, run).Moments(rows);
+  } catch (const std::length_error&) {
+    return {};
+  }
 }
 
 }  // namespace tav

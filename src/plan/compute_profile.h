@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/buhlmann.h"
 #include "plan/plan_services.h"
@@ -37,5 +38,11 @@ struct EngineRun {
 /// one start row, and the document is unchanged.
 std::string ComputeProfile(const PlanServices& services, const EngineRun& run, const ClassProfile& userProfile,
                            ClassProfile& segmentedProfile, ReplayMemory* memory = nullptr);
+
+/// How a computed dive goes between its rows: a replay of the run that gave `rows`, under the same models. Nobody is
+/// warned and no document changes. Empty when the replay does not end as the rows do, because the template or the dive
+/// before has been changed since.
+std::vector<DiveMoment> ReplayMoments(const PlanServices& services, const EngineRun& run, const ModelChoice& model,
+                                      const ClassProfile& rows);
 
 }  // namespace tav

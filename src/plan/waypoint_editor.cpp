@@ -41,6 +41,7 @@ void frmWaypointEditor::Form_Load() {
   currentRunTime_ = 0;
   editState_ = EditState::Empty;
   ++opening_;
+  BeginEvaluation();
   evaluationFault_.clear();
   actionResults_.assign(1, {});
   setNullWaypoint();
@@ -106,7 +107,13 @@ void frmWaypointEditor::Evaluate() {
   ShowEvaluation();
 }
 
+void frmWaypointEditor::BeginEvaluation() {
+  ++evaluation_;
+  evaluatedWith_ = Services().model;
+}
+
 void frmWaypointEditor::Compute() {
+  BeginEvaluation();
   InputProfile.clear();
   resultProfile_.clear();
   actionResults_.assign(1, {});
@@ -210,6 +217,7 @@ bool frmWaypointEditor::StartDeco() {
   }
   MarkModified();
   const Single ceiling = InputProfile.GetCeiling(InputProfile.GetLength());
+  BeginEvaluation();
   resultProfile_ = std::move(computed);
   InputProfile.Copy(resultProfile_);
   actionResults_.push_back({InputProfile.GetLength(), ceiling});

@@ -50,6 +50,10 @@ class frmWaypointEditor {
   [[nodiscard]] bool CanBeFollowed() const { return NextProfile == -1 && editState_ == EditState::Ascent; }
   /// Counts the plans that this window has held, one after another: tells whether it still holds the same.
   [[nodiscard]] int Opening() const { return opening_; }
+  /// Counts the evaluations of this window: what has been worked out from its rows holds until the next one.
+  [[nodiscard]] int Evaluation() const { return evaluation_; }
+  /// The models of the last evaluation.
+  [[nodiscard]] const ModelChoice& EvaluatedWith() const { return evaluatedWith_; }
   [[nodiscard]] Single CurrentRunTime() const { return currentRunTime_; }
   /// The rows of `InputProfile` as the engine left them, with the inert gas loads, which copies do not keep: in row 0
   /// those that the dive starts with, in the others those at the end of each segment.
@@ -123,6 +127,8 @@ class frmWaypointEditor {
   bool EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth);
   [[nodiscard]] std::string PreviousDiveFault() const;
   [[nodiscard]] EngineRun Run(bool loadOnly) const;
+  /// The rows are about to be others.
+  void BeginEvaluation();
   void EnableCommandsByState();
   void DisableSurfaceInterval();
   DocumentState& Document();
@@ -132,6 +138,8 @@ class frmWaypointEditor {
   std::int16_t documentNumber_;
   EditState editState_ = EditState::Empty;
   int opening_ = 0;
+  int evaluation_ = 0;
+  ModelChoice evaluatedWith_;
   ClassProfile resultProfile_;
   ClassProfile savedProfile_;
   Single currentRunTime_;

@@ -1,0 +1,57 @@
+#include <cmath>
+
+#include "engine/buhlmann.h"
+
+namespace tav {
+namespace {
+
+constexpr double kTenths = 10;
+constexpr double kNoise = 0.001;  // minutes; what is nearer to a row is the row
+
+/// Tenths of a minute from one moment to the next: a stretch of more than five hours, at a stop that never clears, has
+/// 3,000 moments and not 60,000.
+double StepOf(double minutes) {
+  constexpr double kFiveHours = 300;
+  constexpr double kMost = 3000;
+  return minutes <= kFiveHours ? 1 : kTenths * std::ceil(minutes / kMost);
+}
+
+}  // namespace
+
+DiveMoment ClassBuhlmann::MomentOf(const Loads& loads, Single time, Single depth) const {
+  DiveMoment moment;
+  moment.time = time;
+  moment.depth = depth;
+  moment.ceiling = CeilingOf(loads).depth;
+  const Single surface = decoPhase_ ? template_->EndPressure : template_->StartPressure;
+  kernels_.MValueFractions(loads, mValues_, ToDepthUnits(surface) + depth, moment.fractions);
+  return moment;
+}
+
+void ClassBuhlmann::KeepRow(std::int16_t row, Single depth) {
+  moments_->push_back(MomentOf(loads_, runTime_, depth));
+  moments_->back().row = row;
+  moments_->back().ceiling = result_->GetCeiling(row);
+  rowTime_ = stretchTime_ = runTime_;
+}
+
+void ClassBuhlmann::KeepStretch(const Loads& before, const Stretch& stretch) {
+  const DiveMoment start = MomentOf(before, stretchTime_, moments_->back().depth);
+  if (start.ceiling != moments_->back().ceiling) moments_->push_back(start);
+  const double from = stretchTime_;
+  // The run time counts: the parts of a segment can be longer together, by rounding or by an adjusted depth.
+  const double end = std::fmin(from + stretch.time, runTime_);
+  const double step = StepOf(stretch.time);
+  const double slope = segmentTime_ != 0 ? (stretch.to - stretch.from) / segmentTime_ : 0;
+  for (double tenth = (std::floor(from * kTenths / step) + 1) * step;; tenth += step) {
+    const double time = tenth / kTenths;
+    if (time - from < kNoise) continue;
+    if (time > end - kNoise) break;
+    Loads loads = before;
+    LoadStretch(loads, stretch, time - from);
+    moments_->push_back(MomentOf(loads, time, stretch.from + slope * (time - rowTime_)));
+  }
+  stretchTime_ += stretch.time;
+}
+
+}  // namespace tav
