@@ -64,6 +64,27 @@ void ReEvaluateAndRedraw(benchmark::State& state) {
   state.counters["rows"] = plan.Editor().InputProfile.GetLength();
 }
 
+/// With the map of the tissues below the plot.
+void ReEvaluateAndRedrawTissues(benchmark::State& state) {
+  ShownPlan plan;
+  plan.View().ShowExtras({true, true, true, true});
+  for (auto _ : state) {
+    plan.Editor().ReEvaluateUserEnteredWaypoints();
+    plan.View().Redraw();
+    QCoreApplication::processEvents();
+  }
+}
+
+/// The same plan once more, as after a scroll: nothing is worked out anew.
+void Redraw(benchmark::State& state) {
+  ShownPlan plan;
+  plan.View().ShowExtras({true, true, true, state.range(0) != 0});
+  for (auto _ : state) {
+    plan.View().Redraw();
+    QCoreApplication::processEvents();
+  }
+}
+
 void DragStep(benchmark::State& state) {
   ShownPlan plan;
   plan.Mouse(QEvent::MouseButtonPress, {600, 60});
@@ -76,6 +97,8 @@ void DragStep(benchmark::State& state) {
 }
 
 BENCHMARK(ReEvaluateAndRedraw)->Name("screen/reevaluate_and_redraw")->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReEvaluateAndRedrawTissues)->Name("screen/reevaluate_and_redraw_tissues")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Redraw)->Name("screen/redraw")->ArgName("tissues")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(DragStep)->Name("screen/drag_step")->Unit(benchmark::kMicrosecond);
 
 }  // namespace

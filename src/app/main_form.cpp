@@ -31,6 +31,7 @@ void frmMain::Form_Load() {
   FillRecent();
   sbStatusBar.Caption = T(kIdle);
   FitPlan(services_.platform.settings.ReadSetting("Settings", kFitPlan) == "On");
+  LoadGraphExtras();
   RestorePanes();
   LoadNewDoc();
 }
@@ -182,6 +183,7 @@ void frmMain::Wire() {
   WirePlanCommands();
   WireWindowCommands();
   WirePanes();
+  WireViewCommands();
   services_.runs.changed = [this] {
     SyncCommands();
     PlanChanged();

@@ -49,6 +49,10 @@ class frmMain : public Form {
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuPlanPane{*this, "mnuPlanPane"};
   MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
+  MenuItem mnuViewCeiling{*this, "mnuViewCeiling"};
+  MenuItem mnuViewStopMinutes{*this, "mnuViewStopMinutes"};
+  MenuItem mnuViewDepths{*this, "mnuViewDepths"};
+  MenuItem mnuViewTissues{*this, "mnuViewTissues"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -139,6 +143,8 @@ class frmMain : public Form {
   /// Shows a row of the active plan in the waypoint dialog.
   void ViewRow(std::int16_t row);
   void PopupGraphMenu();
+  /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
+  [[nodiscard]] std::string WhyStop(std::int16_t document, std::int16_t row) const;
 
   // Results and reports (main_reports.cpp).
   void ShowDiveInformation();
@@ -183,6 +189,10 @@ class frmMain : public Form {
   void FillRecent();
   void ListPlans();
   void FitPlan(bool fit);
+  // What the graphs show (main_graphs.cpp).
+  void WireViewCommands();
+  void LoadGraphExtras();
+  void ShowGraphExtras();
   void HoldCommands(const std::optional<std::int16_t>& active);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();

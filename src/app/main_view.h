@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "graph/profile_plot.h"
 #include "platform/controls.h"
 
 namespace tav {
@@ -59,6 +60,8 @@ class MainView {
   virtual void ResetZoom(std::int16_t document) = 0;
   /// In all graphs, those to come too, the plan fills the window, or has room to grow.
   virtual void FitPlan(bool fit) = 0;
+  /// What all graphs show beside the plan, those to come too.
+  virtual void ShowExtras(const GraphExtras& extras) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

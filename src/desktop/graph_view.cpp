@@ -42,6 +42,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       container_(new SurfaceWidget(this)),
       grid_(new SurfaceWidget(container_)),
       bars_(new SurfaceWidget(this)),
+      tissues_(new SurfaceWidget(this)),
       scrollBar_(new QScrollBar(Qt::Horizontal, this)),
       time_(Caption(container_, kBlack)),
       depth_(Caption(container_, kBlack)),
@@ -69,9 +70,11 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   notice_->setStyleSheet(QStringLiteral("background: #b00020; color: white; font-weight: bold; padding: 6px"));
   notice_->setWordWrap(true);
   notice_->hide();
+  graph_.rowRemark = actions_.rowRemark;
+  tissues_->setObjectName(QStringLiteral("pbTissues"));
   scrollBar_->setFocusPolicy(Qt::NoFocus);  // the keys of the view move it
   connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::Redraw);
-  for (SurfaceWidget* surface : {container_, grid_, bars_}) surface->RedrawWanted = [this] { Redraw(); };
+  for (SurfaceWidget* surface : {container_, grid_, bars_, tissues_}) surface->RedrawWanted = [this] { Redraw(); };
   TemplateChanged();
 }
 
@@ -92,6 +95,8 @@ void GraphView::LayOut() {
   container_->setGeometry(PixelRect(layout.mainContainer));
   bars_->setGeometry(PixelRect(layout.compartments));
   bars_->setVisible(bars_->height() > 0);
+  tissues_->setGeometry(PixelRect(layout.tissues));
+  tissues_->setVisible(shown_.extras.tissues);
   scrollBar_->setGeometry(PixelRect(layout.scrollBar));
   // What the container and the scroll bar leave of the plot.
   const QRect view = PixelRect(layout.axisContainer);
@@ -121,6 +126,10 @@ void GraphView::Redraw() {
   container_->Flush();
   grid_->Flush();
   bars_->Flush();
+  if (shown_.extras.tissues) {
+    graph_.DrawTissues(tissues_->Surface(), scrollBar_->value() * kUnitsPerPixel);
+    tissues_->Flush();
+  }
   setAccessibleDescription(ToQt(graph_.Description()));
 }
 
@@ -187,7 +196,10 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ToolTip: {
       auto* help = static_cast<QHelpEvent*>(event);
       const ScreenPoint at = OnPlot(help->pos());
-      QToolTip::showText(help->globalPos(), ToQt(graph_.TipAt(at.x, at.y)), grid_);
+      // As rich text long lines are wrapped.
+      const QString tip =
+          ToQt(graph_.TipAt(at.x, at.y)).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+      QToolTip::showText(help->globalPos(), tip.isEmpty() ? tip : QStringLiteral("<p>%1</p>").arg(tip), grid_);
       return true;
     }
     default:
@@ -230,9 +242,16 @@ void GraphView::Show(const PlotView& shown) {
   Redraw();
 }
 
-void GraphView::ResetZoom() { Show({1, shown_.fitPlan}); }
+void GraphView::ResetZoom() { Show({1, shown_.fitPlan, shown_.extras}); }
 
-void GraphView::FitPlan(bool fit) { Show({1, fit}); }
+void GraphView::FitPlan(bool fit) { Show({1, fit, shown_.extras}); }
+
+void GraphView::ShowExtras(const GraphExtras& extras) {
+  if (extras == shown_.extras) return;
+  shown_.extras = extras;
+  LayOut();
+  Redraw();
+}
 
 void GraphView::keyPressEvent(QKeyEvent* event) {
   const double middle = grid_->width() / 2.0;
@@ -284,8 +303,8 @@ void GraphView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 QSize GraphView::PictureSize() const {
-  constexpr QSize kReadable(1000, 700);
-  return size().expandedTo(kReadable);
+  const QSize readable(1000, shown_.extras.tissues ? 1000 : 700);
+  return size().expandedTo(readable);
 }
 
 bool GraphView::ExportPng(const QString& file) {
@@ -297,7 +316,7 @@ bool GraphView::ExportPng(const QString& file) {
   {
     QPainter painter(&image);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    graph_.DrawPicture(surface);
+    graph_.DrawPicture(surface, shown_.extras);
   }
   QSaveFile out(file);
   return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
@@ -318,7 +337,7 @@ bool GraphView::ExportSvg(const QString& file) {
   {
     QPainter painter(&generator);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    graph_.DrawPicture(surface);
+    graph_.DrawPicture(surface, shown_.extras);
   }
   return out.commit();
 }
@@ -327,7 +346,8 @@ GraphView* MakeGraphView(Program& program, std::int16_t document) {
   return new GraphView(program.Forms(), document,
                        {[&program](Single depth, Single time) { program.MainForm().EnterWaypoint(depth, time); },
                         [&program](std::int16_t row) { program.MainForm().ViewRow(row); },
-                        [&program] { program.MainForm().PopupGraphMenu(); }},
+                        [&program] { program.MainForm().PopupGraphMenu(); },
+                        [&program, document](std::int16_t row) { return program.MainForm().WhyStop(document, row); }},
                        program.Separators());
 }
 

@@ -24,6 +24,7 @@ class GraphView : public QWidget, public GraphWindow {
     std::function<void(Single depth, Single segmentTime)> newWaypoint;
     std::function<void(std::int16_t row)> viewRow;
     std::function<void()> popup;
+    std::function<std::string(std::int16_t row)> rowRemark = {};  ///< what else there is to tell of a row
   };
 
   GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators = {});
@@ -36,6 +37,8 @@ class GraphView : public QWidget, public GraphWindow {
   void ResetZoom();
   /// Whether the plan fills the window, or has room to grow.
   void FitPlan(bool fit);
+  /// What is shown beside the plan.
+  void ShowExtras(const GraphExtras& extras);
   /// The whole graph as a picture. False when the file could not be written.
   bool ExportPng(const QString& file);
   bool ExportSvg(const QString& file);
@@ -73,6 +76,7 @@ class GraphView : public QWidget, public GraphWindow {
   SurfaceWidget* container_;
   SurfaceWidget* grid_;
   SurfaceWidget* bars_;
+  SurfaceWidget* tissues_;
   QScrollBar* scrollBar_;
   QLabel* time_;
   QLabel* depth_;

@@ -158,6 +158,7 @@ void MainWindow::OpenWindow(std::int16_t document) {
   Child child;
   child.graph = makeGraph(document);
   child.graph->FitPlan(fitPlan_);
+  child.graph->ShowExtras(extras_);
   child.window = new QMdiSubWindow;
   child.window->setWidget(child.graph);
   child.window->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -312,6 +313,11 @@ void MainWindow::ResetZoom(std::int16_t document) {
 void MainWindow::FitPlan(bool fit) {
   fitPlan_ = fit;
   for (auto& [document, child] : children_) child.graph->FitPlan(fit);
+}
+
+void MainWindow::ShowExtras(const GraphExtras& extras) {
+  extras_ = extras;
+  for (auto& [document, child] : children_) child.graph->ShowExtras(extras);
 }
 
 bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {

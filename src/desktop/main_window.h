@@ -40,6 +40,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
   void ResetZoom(std::int16_t document) override;
   void FitPlan(bool fit) override;
+  void ShowExtras(const GraphExtras& extras) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
   // DocumentWindows
@@ -82,6 +83,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   std::map<std::int16_t, Child> children_;
   std::optional<std::int16_t> active_;
   bool fitPlan_ = false;
+  GraphExtras extras_;
   bool showingTitle_ = false;
 };
 

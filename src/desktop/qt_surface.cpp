@@ -62,7 +62,10 @@ QRect PainterSurface::TakeTouched() {
 void PainterSurface::Clear(Colour background) { FilledBox(0, 0, width_, height_, background); }
 
 void PainterSurface::Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style) {
-  QPen pen(ColourOf(colour), penWidth_, style == LineStyle::Dotted ? Qt::DotLine : Qt::SolidLine, Qt::FlatCap);
+  const bool thick = style == LineStyle::Thick;
+  // The ends of thick lines meet without a notch.
+  QPen pen(ColourOf(colour), thick ? 2 * penWidth_ : penWidth_,
+           style == LineStyle::Dotted ? Qt::DotLine : Qt::SolidLine, thick ? Qt::RoundCap : Qt::FlatCap);
   painter_.setPen(pen);
   // Rules stay crisp; slopes are smooth, but for those that are to be erased to the pixel.
   const bool slope = x0 != x1 && y0 != y1;
@@ -76,6 +79,17 @@ void PainterSurface::FilledBox(double x0, double y0, double x1, double y1, Colou
   painter_.fillRect(QRectF(QPointF(Pixels(x0), Pixels(y0)), QPointF(Pixels(x1), Pixels(y1))).normalized(),
                     ColourOf(colour));
   Touch(x0, y0, x1, y1);
+}
+
+void PainterSurface::FilledPolygon(const std::vector<SurfacePoint>& corners, Colour colour) {
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(corners.size()));
+  for (const SurfacePoint& corner : corners) polygon << QPointF(Pixels(corner.x), Pixels(corner.y));
+  painter_.setRenderHint(QPainter::Antialiasing, true);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ColourOf(colour));
+  painter_.drawPolygon(polygon);
+  touched_ |= polygon.boundingRect();
 }
 
 void PainterSurface::Box(double x0, double y0, double x1, double y1, Colour colour) {

@@ -33,6 +33,7 @@ class PainterSurface : public DrawingSurface {
   void Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style) override;
   void FilledBox(double x0, double y0, double x1, double y1, Colour colour) override;
   void Box(double x0, double y0, double x1, double y1, Colour colour) override;
+  void FilledPolygon(const std::vector<SurfacePoint>& corners, Colour colour) override;
   void FilledCircle(double x, double y, double radius, Colour colour) override;
   void Circle(double x, double y, double radius, Colour colour) override;
   void Text(double x, double y, const std::string& text, Colour colour, bool bold) override;

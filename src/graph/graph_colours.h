@@ -14,6 +14,10 @@ constexpr Colour kYellow = RGB(255, 255, 0);
 constexpr Colour kGreen = RGB(0, 255, 0);
 constexpr Colour kBlue = RGB(0, 0, 255);
 constexpr Colour kOrange = RGB(255, 128, 64);
+constexpr Colour kStopOutline = RGB(150, 190, 255);
+constexpr Colour kCeilingShade = RGB(84, 40, 8);
+constexpr Colour kCeilingLine = RGB(240, 140, 60);
+constexpr Colour kLabel = RGB(216, 216, 216);
 
 /// The colour of a row by its `Status`.
 Colour OfStatus(std::int16_t status);

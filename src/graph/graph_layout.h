@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "graph/profile_plot.h"
 
 namespace tav {
@@ -17,6 +19,7 @@ struct GraphLayout {
   GraphRect axisContainer;  ///< within mainContainer: what is seen of the plot
   GraphRect grid;           ///< within axisContainer: the plot, scrolled to the left
   GraphRect compartments;   ///< no height in a window that is too low for them
+  GraphRect tissues;        ///< no height when they are not shown
   GraphRect scrollBar;
   double scrollMaximum = 0;
   double largeChange = 0;
@@ -27,14 +30,19 @@ struct GraphLayout {
 inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeight, const PlotView& view) {
   constexpr double kLowestBars = 1200;  // with less, nobody reads a load off them
   const double forBars = height / 4 - 300;
-  const bool bars = forBars >= kLowestBars;
-  const double plotHeight = bars ? 3 * height / 4 : height;
+  constexpr double kLowestMap = 1600;
+  constexpr double kRoomForBoth = 8000;
+  const double map = view.extras.tissues ? std::max(height / 4, std::min(kLowestMap, height / 2)) : 0;
+  const bool bars = forBars >= kLowestBars && (map == 0 || height >= kRoomForBoth);
+  const double plotHeight = (bars ? 3 * height / 4 : height) - map;
+  const double panesTop = plotHeight - (bars || map > 0 ? 45 : 0);
   GraphLayout layout;
   layout.mainContainer = {0, 0, width > 20 ? width - 20 : width, plotHeight};
   layout.axisContainer = {kPlotPlaceX, kPlotPlaceY, width, height};
   // The bars begin where the scroll bar ends, so that their title is not covered.
-  layout.compartments = {0, plotHeight - 45, width - 100, bars ? forBars : 0};
-  layout.scrollBar = {0, plotHeight - scrollBarHeight - (bars ? 45 : 0), width > 60 ? width - 60 : 0, scrollBarHeight};
+  layout.compartments = {0, panesTop + map, width - 100, bars ? forBars : 0};
+  layout.tissues = {0, panesTop, layout.mainContainer.width, map};
+  layout.scrollBar = {0, panesTop - scrollBarHeight, width > 60 ? width - 60 : 0, scrollBarHeight};
   // As high as what is seen of it, so that all of its depths can be dragged to.
   const double seen = layout.scrollBar.top - layout.axisContainer.top;
   // A plan that fills the window needs no more than what is seen.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "platform/drawing_surface.h"
 
 namespace tav {
@@ -21,6 +23,11 @@ class OffsetSurface : public DrawingSurface {
   }
   void Box(double x0, double y0, double x1, double y1, Colour colour) override {
     whole_.Box(left_ + x0, top_ + y0, left_ + x1, top_ + y1, colour);
+  }
+  void FilledPolygon(const std::vector<SurfacePoint>& corners, Colour colour) override {
+    std::vector<SurfacePoint> moved = corners;
+    for (SurfacePoint& corner : moved) corner = {left_ + corner.x, top_ + corner.y};
+    whole_.FilledPolygon(moved, colour);
   }
   void FilledCircle(double x, double y, double radius, Colour colour) override {
     whole_.FilledCircle(left_ + x, top_ + y, radius, colour);

@@ -7,6 +7,9 @@
 #include "graph/graph_colours.h"
 #include "graph/leg_preview.h"
 #include "graph/offset_surface.h"
+#include "graph/plot_labels.h"
+#include "graph/tissue_map.h"
+#include "plan/compute_profile.h"
 
 namespace tav {
 namespace {
@@ -23,6 +26,8 @@ constexpr int kTipGas = 7030;
 constexpr int kTipPPO2 = 7031;
 constexpr int kTipCeiling = 7032;
 constexpr int kHint = 7101;
+constexpr int kTissueTitle = 7765;
+constexpr int kTissuesOver = 7766;
 
 /// Draws in exclusive-or mode while it lives.
 class ExclusiveOr {
@@ -43,7 +48,9 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const ClassProfile& rows = Editor().InputProfile;
   ProfilePlot plot(container, grid);
   const bool fit = view.fitPlan && rows.GetLength() > 0;
-  plot.Redraw(rows, fit ? ProfilePlot::kFitted : ProfilePlot::kRoomToGrow, view.timeZoom);
+  plot.Redraw(rows, fit ? ProfilePlot::kFitted : ProfilePlot::kRoomToGrow, view.timeZoom,
+              view.extras.ceiling ? Moments() : std::vector<DiveMoment>());
+  WriteFigures(grid, plot, rows, view.extras, {LengthUnit(), separators_});
   scale_ = plot.Scale();
   scale_.TransformRates(Template());
   const Waypoint& last = rows.Row(rows.GetLength());
@@ -53,6 +60,22 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   ShowCompartmentLoad(bars, last.PercentCompartments, T(kCompartmentTitle));
   const CeilingText ceiling = LastCeiling();
   window_.ShowCeiling(ceiling.text, ceiling.colour);
+}
+
+const std::vector<DiveMoment>& ProfileGraph::Moments() const {
+  const frmWaypointEditor& editor = Editor();
+  if (momentsOf_ != editor.Evaluation()) {
+    momentsOf_ = editor.Evaluation();
+    moments_ = ReplayMoments(forms_.Services(), {document_, editor.PrevProfile}, editor.EvaluatedWith(),
+                             editor.LoadedProfile());
+  }
+  return moments_;
+}
+
+void ProfileGraph::DrawTissues(DrawingSurface& tissues, double scroll) const { DrawTissues(tissues, scale_, scroll); }
+
+void ProfileGraph::DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const {
+  DrawTissueMap(tissues, Moments(), scale, {kPlotPlaceX, scroll, T(kTissueTitle), T(kTissuesOver)});
 }
 
 void ProfileGraph::ShowHint(double visibleWidth, DrawingSurface& grid) const {
@@ -68,16 +91,23 @@ ProfileGraph::CeilingText ProfileGraph::LastCeiling() const {
   return {Fixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow};
 }
 
-void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
+void ProfileGraph::DrawPicture(DrawingSurface& picture, const GraphExtras& extras) const {
   constexpr double kMargin = 100;
   const double width = picture.Width();
   const double barsTop = 0.75 * picture.Height();
+  const double plotBottom = extras.tissues ? 0.5 * picture.Height() : barsTop;
   picture.Clear(graph::kBackground);
-  OffsetSurface container(picture, 0, 0, width, barsTop);
-  OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, barsTop - kPlotPlaceY);
+  OffsetSurface container(picture, 0, 0, width, plotBottom);
+  OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, plotBottom - kPlotPlaceY);
   OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
   const ClassProfile& rows = Editor().InputProfile;
-  ProfilePlot(container, grid).Redraw(rows, ProfilePlot::kJustThePlan);
+  ProfilePlot plot(container, grid);
+  plot.Redraw(rows, ProfilePlot::kJustThePlan, 1, extras.ceiling ? Moments() : std::vector<DiveMoment>());
+  WriteFigures(grid, plot, rows, extras, {LengthUnit(), separators_});
+  if (extras.tissues) {
+    OffsetSurface tissues(picture, 0, plotBottom, width - kMargin, barsTop - plotBottom);
+    DrawTissues(tissues, plot.Scale(), 0);
+  }
   ShowCompartmentLoad(bars, rows.Row(rows.GetLength()).PercentCompartments, T(kCompartmentTitle));
 
   const std::string ceilingTitle = T(kCeilingTitle) + " ";
@@ -86,7 +116,7 @@ void ProfileGraph::DrawPicture(DrawingSurface& picture) const {
   picture.Text(kMargin + picture.TextWidth(ceilingTitle), kMargin, ceiling.text, ceiling.colour, true);
   picture.Text(width / 2, kMargin, T(kTimeTitle), kBlack);
   const std::vector<std::string> letters = DepthLetters();
-  double y = (barsTop - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
+  double y = (plotBottom - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
   for (const std::string& letter : letters) {
     picture.Text(1.5 * kMargin - picture.TextWidth(letter) / 2, y, letter, kBlack);
     y += picture.TextHeight();
@@ -170,7 +200,7 @@ void ProfileGraph::CancelDrag(DrawingSurface& grid) {
 std::string ProfileGraph::TipAt(Single x, Single y) const {
   constexpr double kNear = 130;
   const ClassProfile& rows = Editor().InputProfile;
-  const Waypoint* nearest = nullptr;
+  std::int16_t nearest = 0;
   double least = kNear;
   for (int i = 1; i <= rows.GetLength(); ++i) {
     const Waypoint& row = rows.Row(static_cast<std::int16_t>(i));
@@ -178,10 +208,12 @@ std::string ProfileGraph::TipAt(Single x, Single y) const {
     const double distance = std::hypot(at.x - x, at.y - y);
     if (distance < least) {
       least = distance;
-      nearest = &row;
+      nearest = static_cast<std::int16_t>(i);
     }
   }
-  return nearest == nullptr ? std::string() : FiguresOf(*nearest, "\n");
+  if (nearest == 0) return {};
+  const std::string remark = rowRemark ? rowRemark(nearest) : std::string();
+  return FiguresOf(rows.Row(nearest), "\n") + (remark.empty() ? "" : "\n" + remark);
 }
 
 std::string ProfileGraph::Description() const {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/dive_moment.h"
 #include "graph/profile_plot.h"
 #include "model/number_text.h"
 #include "plan/document_forms.h"
@@ -40,12 +41,18 @@ class ProfileGraph {
   ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window, LocaleSeparators separators = {})
       : forms_(forms), document_(document), window_(window), separators_(std::move(separators)) {}
 
+  /// What else there is to tell of a row of the plan; may be empty.
+  std::function<std::string(std::int16_t row)> rowRemark;
+
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
   void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, const PlotView& view = {});
 
+  /// Draws the map of the tissues below a plot that is scrolled by that much, in the scale of the last redraw.
+  void DrawTissues(DrawingSurface& tissues, double scroll) const;
+
   /// Draws all of the plan on one surface, with the titles, for a picture: the plan fills the plot, and
   /// nothing is scrolled or cut off. Changes nothing else.
-  void DrawPicture(DrawingSurface& picture) const;
+  void DrawPicture(DrawingSurface& picture, const GraphExtras& extras) const;
 
   /// The left button shows the row under it, or starts a drag from the last row to that point, or to the nearest one of
   /// the plot. The right button opens the menu, and ends a drag that is under way.
@@ -81,6 +88,9 @@ class ProfileGraph {
   void ShowHint(double visibleWidth, DrawingSurface& grid) const;
   /// What a point of a drag means; above the surface it means the surface.
   [[nodiscard]] WorldPoint BelowSurface(ScreenPoint at) const;
+  /// How the dive goes between its rows; worked out once for each evaluation of the plan.
+  [[nodiscard]] const std::vector<DiveMoment>& Moments() const;
+  void DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const;
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
   [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
   [[nodiscard]] std::string T(int id) const { return forms_.Services().texts.GetResString(id); }
@@ -97,6 +107,8 @@ class ProfileGraph {
   ScreenPoint lastPoint_;  ///< of the last row
   ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot
   bool dragging_ = false;
+  mutable std::vector<DiveMoment> moments_;
+  mutable int momentsOf_ = -1;  ///< the evaluation that they belong to
 };
 
 }  // namespace tav

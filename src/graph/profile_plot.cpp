@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/ceiling_curve.h"
 #include "graph/graph_colours.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
@@ -33,13 +34,16 @@ int MarksPerNumber(double size, double markDistance) {
 Single LargestDepth(const ClassProfile& profile, Single least) { return Largest(profile, &Waypoint::Depth, least); }
 Single LargestTime(const ClassProfile& profile, Single least) { return Largest(profile, &Waypoint::RunTime, least); }
 
-void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZoom) {
+void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZoom,
+                         const std::vector<DiveMoment>& moments) {
+  gasLabels_.clear();
   container_.Clear(graph::kBackground);
   grid_.Clear(graph::kBackground);
   scale_.SetPlot(grid_.Width(), grid_.Height());
   scale_.SetWorld(0, reach.time * LargestTime(profile, reach.least), 0,
                   -reach.depth * LargestDepth(profile, reach.least));
   grid_.FilledBox(scale_.PlotLeft, scale_.PlotTop, scale_.PlotRight, scale_.PlotBottom, kBlack);
+  DrawCeiling(grid_, moments, scale_);
   Xaxis(timeZoom);
   Yaxis();
   PrevPlotTime_ = 0;
@@ -91,10 +95,14 @@ void ProfilePlot::PlotWayPoint(const ClassProfile& profile, std::int16_t row, bo
   const Waypoint& point = profile.Row(row);
   const Single y = -point.Depth;
   const ScreenPoint at = scale_.WorldToScreen(point.RunTime, y);
-  if (point.DoShow) grid_.FilledCircle(at.x, at.y, kRadius, graph::OfStatus(point.Status));
+  if (point.DoShow) {
+    grid_.FilledCircle(at.x, at.y, kRadius, graph::OfStatus(point.Status));
+    // Dark blue can't be seen on black.
+    if (point.Status == RowStatus::kStop) grid_.Circle(at.x, at.y, kRadius, graph::kStopOutline);
+  }
   if (!isLast) PlotGasChanges(profile, row, at);
   const ScreenPoint before = scale_.WorldToScreen(PrevPlotTime_, PrevPlotY_);
-  grid_.Line(before.x, before.y, at.x, at.y, graph::kWhite);
+  grid_.Line(before.x, before.y, at.x, at.y, graph::kWhite, DrawingSurface::LineStyle::Thick);
   PrevPlotTime_ = point.RunTime;
   PrevPlotY_ = y;
 }
@@ -102,17 +110,18 @@ void ProfilePlot::PlotWayPoint(const ClassProfile& profile, std::int16_t row, bo
 void ProfilePlot::PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at) {
   const auto nameOf = [&](int i) { return profile.Row(static_cast<std::int16_t>(i)).GasMixName; };
   if (row == 0) {
-    PlotGasUsed(at, nameOf(1), LabelPlace::DownRight);
+    PlotGasUsed(at, nameOf(1), LabelPlace::DownRight, 0);
   } else if (profile.Row(row).DoShow) {
-    if (nameOf(row + 1) != nameOf(row)) PlotGasUsed(at, nameOf(row + 1), LabelPlace::DownRight);
+    if (nameOf(row + 1) != nameOf(row)) PlotGasUsed(at, nameOf(row + 1), LabelPlace::DownRight, row);
   } else if (nameOf(row) != nameOf(row - 1)) {
     constexpr double kRoomAtTheLeft = 1000;
     grid_.Circle(at.x, at.y, kRadius, graph::kOrange);
-    PlotGasUsed(at, nameOf(row), at.x >= kRoomAtTheLeft ? LabelPlace::UpLeft : LabelPlace::DownRight);
+    PlotGasUsed(at, nameOf(row), at.x >= kRoomAtTheLeft ? LabelPlace::UpLeft : LabelPlace::DownRight,
+                static_cast<std::int16_t>(row - 1));
   }
 }
 
-void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place) {
+void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place, std::int16_t changeRow) {
   // The lines come first: they touch the tails of letters.
   const double width = grid_.TextWidth(text, true);
   const double height = grid_.TextHeight(true);
@@ -123,10 +132,12 @@ void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlac
     grid_.Line(x - 40, y - 70, x - 500, y - 250, kBlack);
     grid_.Line(x - 500, y - 250, left, y - 250, kBlack);
     grid_.Text(left, y - 250 - height, text, graph::kYellow, true);
+    gasLabels_.push_back({changeRow, left, y - 250 - height, left + width, y - 250});
   } else {
     grid_.Line(x + 70, y + 70, x + 500, y + 200, kBlack);
     grid_.Line(x + 500, y + 200, x + 500 + width + 40, y + 200, kBlack);
     grid_.Text(x + 500, y + 200 - height, text, graph::kYellow, true);
+    gasLabels_.push_back({changeRow, x + 500, y + 200 - height, x + 500 + width + 40, y + 200});
   }
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
+#include "engine/dive_moment.h"
 #include "graph/graph_scale.h"
 #include "model/profile.h"
 #include "platform/drawing_surface.h"
@@ -16,10 +19,26 @@ constexpr double kPlotPlaceY = 300;
 Single LargestDepth(const ClassProfile& profile, Single least);
 Single LargestTime(const ClassProfile& profile, Single least);
 
+/// What a graph shows beside the plan itself.
+struct GraphExtras {
+  bool ceiling = true;      ///< as a shaded curve
+  bool stopMinutes = true;  ///< beside each stop
+  bool depths = true;       ///< of the first stop and of each gas change, and the run time at the end
+  bool tissues = false;     ///< the map of the loads
+  friend bool operator==(const GraphExtras&, const GraphExtras&) = default;
+};
+
 /// What of the world the plot of a document window shows.
 struct PlotView {
   double timeZoom = 1;   ///< 1 or more stretches the time
   bool fitPlan = false;  ///< the plan fills the window; else there is room for it to grow
+  GraphExtras extras = {};
+};
+
+/// The label of a gas, as it was drawn.
+struct GasLabel {
+  std::int16_t changeRow = 0;  ///< the gas is breathed from the end of that row on
+  double left = 0, top = 0, right = 0, bottom = 0;
 };
 
 /// Draws a plan as depth against run time: axes, rows, gas labels.
@@ -42,9 +61,12 @@ class ProfilePlot {
 
   /// Clears both surfaces and draws everything. The scale that results holds until the next call. On a plot whose time
   /// is stretched by `timeZoom` the times are told in finer steps. Where the numbers of an axis have no room, every
-  /// second, third, ... stands.
-  void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1);
+  /// second, third, ... stands. A dive with `moments` has its ceiling shaded.
+  void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1,
+              const std::vector<DiveMoment>& moments = {});
   [[nodiscard]] const GraphScale& Scale() const { return scale_; }
+  /// Those of the last Redraw, in order; the first gas among them.
+  [[nodiscard]] const std::vector<GasLabel>& GasLabels() const { return gasLabels_; }
 
  private:
   void Xaxis(double timeZoom);
@@ -52,13 +74,14 @@ class ProfilePlot {
   void PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast);
   void PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at);
   enum class LabelPlace { UpLeft, DownRight };
-  void PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place);
+  void PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place, std::int16_t changeRow);
 
   DrawingSurface& container_;
   DrawingSurface& grid_;
   GraphScale scale_;
   Single PrevPlotTime_;
   Single PrevPlotY_;
+  std::vector<GasLabel> gasLabels_;
 };
 
 }  // namespace tav

@@ -2,17 +2,24 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "platform/controls.h"
 #include "platform/text_font.h"
 
 namespace tav {
 
+struct SurfacePoint {
+  double x = 0;
+  double y = 0;
+  friend bool operator==(const SurfacePoint&, const SurfacePoint&) = default;
+};
+
 /// Something to draw on. Lengths are in drawing units, at first 1/1440 inch (the maker of a surface may scale them);
 /// the origin is the top left corner, y runs down. What lies outside is cut off. Drawing shows at the next event pause.
 class DrawingSurface {
  public:
-  enum class LineStyle { Solid, Dotted };
+  enum class LineStyle { Solid, Dotted, Thick };  ///< a thick line is twice as wide as the others
 
   DrawingSurface() = default;
   DrawingSurface(const DrawingSurface&) = delete;
@@ -26,6 +33,7 @@ class DrawingSurface {
   virtual void Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style = LineStyle::Solid) = 0;
   virtual void FilledBox(double x0, double y0, double x1, double y1, Colour colour) = 0;
   virtual void Box(double x0, double y0, double x1, double y1, Colour colour) = 0;
+  virtual void FilledPolygon(const std::vector<SurfacePoint>& corners, Colour colour) = 0;
   virtual void FilledCircle(double x, double y, double radius, Colour colour) = 0;
   virtual void Circle(double x, double y, double radius, Colour colour) = 0;
   /// Text with its top left corner at (x, y).

@@ -191,11 +191,18 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   EXPECT_TRUE(p.Editor().AddUserWaypoint(20, 20, 0));
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
-  const std::vector<std::string> usable = {
-      "mnuNewProfile", "mnuOpen",           "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
-      "mnuExit",       "mnuBulhmannB",      "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
-      "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer",        "mnuPlanPane",          "mnuGoToPlan"};
+  const std::vector<std::string> usable = {"mnuNewProfile",     "mnuOpen",
+                                           "mnuLoadTemplate",   "mnuSaveTemplate",
+                                           "mnuTemplate",       "mnuExit",
+                                           "mnuBulhmannB",      "mnuBulhmannC",
+                                           "mnuConservatism",   "mnuLanguages",
+                                           "mnuFitPlan",        "mnuHelpContents",
+                                           "mnuHelpSearch",     "mnuSystemInformation",
+                                           "mnuContributors",   "mnuHelpAbout",
+                                           "mnuGenerateTables", "mnuMixer",
+                                           "mnuPlanPane",       "mnuGoToPlan",
+                                           "mnuViewCeiling",    "mnuViewStopMinutes",
+                                           "mnuViewDepths",     "mnuViewTissues"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
@@ -283,6 +290,46 @@ TEST(FitPlan, IsKeptFromOneStartToTheNext) {
   EXPECT_TRUE(later.view.fitPlan && later.Main().Tool(20).Checked);
   later.Main().mnuFitPlan.Choose();
   EXPECT_FALSE(later.view.fitPlan || later.Main().Tool(20).Checked);
+}
+
+TEST(GraphExtras, AreSwitchedOnTheirOwnAndKept) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const GraphExtras usual{true, true, true, false};
+  EXPECT_EQ(p.view.extras, usual);
+  const struct {
+    MenuItem frmMain::*item;
+    bool GraphExtras::*shown;
+  } cases[] = {{&frmMain::mnuViewCeiling, &GraphExtras::ceiling},
+               {&frmMain::mnuViewStopMinutes, &GraphExtras::stopMinutes},
+               {&frmMain::mnuViewDepths, &GraphExtras::depths},
+               {&frmMain::mnuViewTissues, &GraphExtras::tissues}};
+  GraphExtras expected = usual;
+  for (const auto& known : cases) {
+    (p.Main().*known.item).Choose();
+    expected.*known.shown = !(expected.*known.shown);
+    EXPECT_EQ(p.view.extras, expected);
+    EXPECT_EQ((p.Main().*known.item).Checked, expected.*known.shown);
+  }
+  HeadlessProgram later;
+  later.platform.settings = p.platform.settings;
+  ASSERT_TRUE(later.Start());
+  EXPECT_EQ(later.view.extras, expected);
+}
+
+TEST(WhyStop, IsToldOfStopsAndOfNothingElse) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(45, 30, 0));
+  p.Main().mnuStartAscent.Choose();
+  const ClassProfile& rows = p.Editor().InputProfile;
+  int stops = 0;
+  for (std::int16_t row = 0; row <= rows.GetLength(); ++row) {
+    const bool stop = rows.GetStatus(row) == RowStatus::kStop;
+    stops += stop ? 1 : 0;
+    EXPECT_EQ(p.Main().WhyStop(1, row).empty(), !stop) << row;
+  }
+  EXPECT_GT(stops, 3);
 }
 
 TEST(Undo, GoesBackToTheOpenedPlanAndForwardAgain) {

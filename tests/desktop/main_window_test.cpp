@@ -8,6 +8,7 @@
 
 #include "desktop/graph_view.h"
 #include "desktop/qt_text.h"
+#include "persist/text_file.h"
 #include "support/source_folder.h"
 #include "support/windowed_program.h"
 
@@ -58,6 +59,30 @@ TEST(MainWindow, NamesThePlanInFrontHoweverItIsShown) {
   p.program.MainForm().CloseDocument(1);
   QCoreApplication::processEvents();
   EXPECT_EQ(p.Title(), "TAV");
+}
+
+TEST(MainWindow, ShowsAndExportsTheTissuesWhileTheyAreOn) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  ASSERT_TRUE(p.program.Forms()(1).AddUserWaypoint(45, 30, 0));
+  const auto* tissues = p.window.findChild<QWidget*>(QStringLiteral("pbTissues"));
+  ASSERT_NE(tissues, nullptr);
+  const std::filesystem::path file = p.headless.folder.Path() / "graph.svg";
+  std::size_t without = 0;
+  for (const bool on : {false, true, false}) {
+    SCOPED_TRACE(on);
+    EXPECT_EQ(tissues->isVisible(), on);
+    ASSERT_TRUE(p.window.ExportGraph(1, file.string(), true));
+    const std::size_t length = ReadTextFile(file).size();
+    if (on) {
+      EXPECT_GT(length, without + 16 * 100U);
+    } else {
+      without = length;
+    }
+    p.Action("mnuViewTissues")->trigger();
+    EXPECT_EQ(p.Action("mnuViewTissues")->isChecked(), !on);
+    EXPECT_TRUE(p.Action("mnuViewCeiling")->isChecked());
+  }
 }
 
 TEST(MainWindow, ComesBackInTheSizeThatItHad) {

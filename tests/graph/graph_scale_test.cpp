@@ -128,6 +128,21 @@ TEST(GraphLayout, InALowWindowTheBarsGiveWayToThePlot) {
   EXPECT_GT(low.grid.height, high.grid.height);
 }
 
+TEST(GraphLayout, TheTissuesLieBelowThePlotAndTheBarsGiveWayInALowWindow) {
+  PlotView view;
+  view.extras.tissues = true;
+  for (const auto& [height, bars] : {std::pair{10500.0, true}, {7900.0, false}, {3000.0, false}}) {
+    SCOPED_TRACE(height);
+    const GraphLayout layout = LayOutGraph(15000, height, 240, view);
+    EXPECT_EQ(layout.tissues.top, layout.scrollBar.top + layout.scrollBar.height);
+    EXPECT_GE(layout.tissues.height, 1500);
+    EXPECT_EQ(layout.compartments.height > 0, bars);
+    EXPECT_LE(layout.tissues.top + layout.tissues.height, bars ? layout.compartments.top : height);
+    EXPECT_GE(layout.grid.height, height / 5);
+  }
+  EXPECT_EQ(LayOutGraph(15000, 10500, 240, {}).tissues.height, 0);
+}
+
 TEST(GraphLayout, ZoomStretchesTheTimeAndKeepsThePlaceUnderThePointer) {
   const GraphLayout layout = LayOutGraph(15000, 10500, 240, {4});
   EXPECT_EQ(layout.grid.width, 120000);

@@ -311,6 +311,80 @@ TEST_F(Graph, TheTipTellsOfTheNearestRow) {
   EXPECT_EQ(std::ranges::count(graph.Description(), '\n'), editor.InputProfile.GetLength());
 }
 
+TEST_F(Graph, TheTipEndsWithWhatElseThereIsToTellOfTheRow) {
+  AddLeg(36, 2);
+  AddLeg(36, 1);
+  graph.rowRemark = [](std::int16_t row) { return row == 1 ? std::string("because of " + std::to_string(row)) : ""; };
+  EXPECT_THAT(graph.TipAt(X(2), Y(36)), testing::EndsWith(": 0.0 m\nbecause of 1"));
+  EXPECT_THAT(graph.TipAt(X(3), Y(36)), testing::EndsWith(": 0.0 m"));
+}
+
+using Kind = RecordingSurface::Kind;
+
+/// 30 min at 45 m on air, with its ascent on the gases of the template.
+TEST_F(Graph, TellsCeilingDepthsAndMinutesAsFarAsTheyAreAskedFor) {
+  AddLeg(45, 30);
+  ASSERT_TRUE(editor.StartDeco());
+  const ClassProfile& rows = editor.InputProfile;
+  std::int16_t firstStop = 1;
+  while (rows.GetStatus(firstStop) != RowStatus::kStop) ++firstStop;
+  const std::string depth = FormatFixed(rows.getDepth(firstStop), 0) + " m";
+  const std::string runTime = FormatFixed(rows.GetRunTime(rows.GetLength()), 0) + " min";
+  const std::string lastStop = FormatFixed(rows.getStopTime(rows.GetLength() - 1), 0) + "'";
+  for (int shown = 0; shown < 8; ++shown) {
+    SCOPED_TRACE(shown);
+    const GraphExtras extras{(shown & 1) != 0, (shown & 2) != 0, (shown & 4) != 0};
+    graph.RedrawProfile(container, grid, bars, {1, false, extras});
+    EXPECT_EQ(grid.polygons.empty(), !extras.ceiling);
+    EXPECT_EQ(std::ranges::count(grid.Texts(), lastStop) == 1, extras.stopMinutes);
+    for (const std::string& text : {depth, runTime, std::string("21 m"), std::string("6 m")}) {
+      EXPECT_EQ(std::ranges::count(grid.Texts(), text) > 0, extras.depths) << text;
+    }
+  }
+  graph.RedrawProfile(container, grid, bars, {1, false, {false, false, false}});
+  const auto plain = grid.strokes;
+  RecordingSurface alone(19000, 10000);
+  ProfilePlot(container, alone).Redraw(rows, ProfilePlot::kRoomToGrow);
+  EXPECT_EQ(plain, alone.strokes) << "the plan itself is drawn alike";
+}
+
+TEST_F(Graph, FiguresNeverTouchEachOther) {
+  for (const auto& [minutes, width] : {std::pair{30.0, 19000.0}, {60.0, 19000.0}, {90.0, 6000.0}, {30.0, 3000.0}}) {
+    SCOPED_TRACE(testing::Message() << minutes << " min on " << width);
+    editor.mnuclearallwaypoints();
+    ASSERT_TRUE(editor.AddUserWaypoint(60, minutes, 0));
+    ASSERT_TRUE(editor.StartDeco());
+    RecordingSurface small(width, 5000);
+    graph.RedrawProfile(container, small, bars);
+    std::vector<RecordingSurface::Stroke> figures = small.Of(Kind::Text);
+    std::erase_if(figures, [](const auto& text) { return text.colour != graph::kLabel; });
+    EXPECT_GE(figures.size(), 3U);
+    for (std::size_t i = 0; i < figures.size(); ++i) {
+      EXPECT_LE(figures[i].x0 + small.TextWidth(figures[i].text, false), width);
+      for (std::size_t k = 0; k < i; ++k) {
+        const bool apart = figures[i].x0 >= figures[k].x0 + small.TextWidth(figures[k].text, false) ||
+                           figures[k].x0 >= figures[i].x0 + small.TextWidth(figures[i].text, false) ||
+                           std::fabs(figures[i].y0 - figures[k].y0) >= 180;
+        EXPECT_TRUE(apart) << figures[i].text << " and " << figures[k].text;
+      }
+    }
+  }
+}
+
+TEST_F(Graph, TheCeilingFollowsEachEvaluation) {
+  AddLeg(45, 30);
+  const auto before = grid.polygons;
+  ASSERT_EQ(before.size(), 1U);
+  graph.RedrawProfile(container, grid, bars);
+  EXPECT_EQ(grid.polygons, before);
+  AddLeg(45, 10);
+  EXPECT_NE(grid.polygons, before);
+  plans.documents(document).Template.StepSize = 0;  // can't be planned on
+  editor.ReEvaluateUserEnteredWaypoints();
+  graph.RedrawProfile(container, grid, bars);
+  EXPECT_TRUE(grid.polygons.empty());
+}
+
 TEST_F(Graph, NumbersInWordsHaveTheUsersSeparator) {
   ProfileGraph german(forms, document, window, {",", "."});
   ASSERT_TRUE(editor.AddUserWaypoint(36.5, 20, 0));
@@ -331,11 +405,12 @@ TEST_F(Graph, APictureShowsAllOfTheGraphAndChangesNothing) {
   const DiveTemplate before = plans.documents(document).Template;
   window.ceiling = "untouched";
   RecordingSurface picture(20000, 12000);
-  graph.DrawPicture(picture);
+  graph.DrawPicture(picture, {true, true, true, true});
   EXPECT_EQ(window.ceiling, "untouched");
   EXPECT_EQ(plans.documents(document).Template.DescendRates[0].DrawRate, before.DescendRates[0].DrawRate);
   const auto shown = picture.Texts();
-  for (const char* text : {"*StringID 1308*", "*StringID 1501*", "*StringID 1503* ", "\xC3\xA4", "(m)", "75", "65"}) {
+  for (const char* text : {"*StringID 1308*", "*StringID 1501*", "*StringID 1503* ", "\xC3\xA4", "(m)",
+                           "*StringID 7765*", "10 min", "75", "65"}) {
     EXPECT_THAT(shown, Contains(text));
   }
   for (const auto& stroke : picture.strokes) {

@@ -26,7 +26,7 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"advice", {"report", "plan", "persist", "platform", "engine", "model"}},
     {"graph", {"plan", "platform", "engine", "model"}},
     {"dialogs", {"report", "plan", "persist", "platform", "engine", "model"}},
-    {"app", {"dialogs", "graph", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
+    {"app", {"advice", "dialogs", "graph", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
     {"desktop", {"app", "dialogs", "graph", "report", "plan", "persist", "platform", "engine", "model"}},
     {"cli", {"app", "advice", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
 };

@@ -32,6 +32,9 @@ xdotool mousemove 2 2
 start "$here/dives/trimix-100.tav"
 await "the plan is not open" window "trimix-100.tav"
 shot graph
+keys F9 F7
+shot tissues
+keys F7 F9
 picture waypoint "New Stop Data" Insert
 picture conservatism "^Conservatism$" ctrl+r
 picture surface-interval "^Surface Interval$" ctrl+g

@@ -39,6 +39,7 @@ struct HeadlessMainView : MainView {
   }
   void ResetZoom(std::int16_t /*document*/) override {}
   void FitPlan(bool fit) override { fitPlan = fit; }
+  void ShowExtras(const GraphExtras& wanted) override { extras = wanted; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -49,6 +50,7 @@ struct HeadlessMainView : MainView {
   bool minimised = false;
   bool shown = false;
   bool fitPlan = false;
+  GraphExtras extras;
   std::string exported;
   std::set<PaneForm*> panes;  ///< shown
   PaneForm* focused = nullptr;

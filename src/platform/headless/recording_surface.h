@@ -13,7 +13,7 @@ namespace tav {
 /// equal ones takes the first away. A letter is 100 units wide, a line of text 180 high.
 class RecordingSurface : public DrawingSurface {
  public:
-  enum class Kind { Line, Dotted, FilledBox, Box, FilledCircle, Circle, Text, PageText, Picture };
+  enum class Kind { Line, Dotted, Thick, Polygon, FilledBox, Box, FilledCircle, Circle, Text, PageText, Picture };
   struct Stroke {
     Kind kind;
     double x0, y0, x1, y1;  ///< of a circle: centre, radius, 0; of a text: its place, 0, 0
@@ -29,10 +29,16 @@ class RecordingSurface : public DrawingSurface {
   [[nodiscard]] double Height() const override { return height_; }
   void Clear(Colour /*background*/) override {
     strokes.clear();
+    polygons.clear();
     inverted.clear();
   }
   void Line(double x0, double y0, double x1, double y1, Colour colour, LineStyle style) override {
-    Draw({style == LineStyle::Dotted ? Kind::Dotted : Kind::Line, x0, y0, x1, y1, colour, ""});
+    const Kind kinds[] = {Kind::Line, Kind::Dotted, Kind::Thick};
+    Draw({kinds[static_cast<int>(style)], x0, y0, x1, y1, colour, ""});
+  }
+  void FilledPolygon(const std::vector<SurfacePoint>& corners, Colour colour) override {
+    polygons.push_back(corners);
+    Draw({Kind::Polygon, corners.front().x, corners.front().y, 0, 0, colour, ""});
   }
   void FilledBox(double x0, double y0, double x1, double y1, Colour colour) override {
     Draw({Kind::FilledBox, x0, y0, x1, y1, colour, ""});
@@ -84,6 +90,7 @@ class RecordingSurface : public DrawingSurface {
   }
 
   std::vector<Stroke> strokes;
+  std::vector<std::vector<SurfacePoint>> polygons;  ///< the corners of each Polygon stroke, which tells its first
   std::vector<Stroke> inverted;
 
  private:
