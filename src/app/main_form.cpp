@@ -150,7 +150,7 @@ void frmMain::SyncCommands() {
   for (Control* command : std::initializer_list<Control*>{
            &mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC,
            &mnuWindowCascade, &mnuWindowTileHorizontal, &mnuWindowTileVertical, &mnuWindowArrangeIcons, &mnuResetZoom,
-           &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &Tool(3), &Tool(9), &Tool(13)}) {
+           &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &mnuSlate, &mnuWhatIf, &Tool(3), &Tool(9), &Tool(13)}) {
     command->Enabled = active.has_value();
   }
   ListPlans();
@@ -225,6 +225,8 @@ void frmMain::WirePlanCommands() {
   mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
   mnuDiveInformation.Click = Tool(7).Click = [this] { ShowDiveInformation(); };
   mnuGeneralReport.Click = Tool(13).Click = [this] { ShowGeneralReport(); };
+  mnuSlate.Click = [this] { ShowSlate(); };
+  mnuWhatIf.Click = [this] { ShowWhatIf(); };
   mnuBailoutReport.Click = [this] { ShowBailout(true); };
   Tool(14).Click = [this] { ShowBailout(false); };
   mnuGenerateTables.Click = Tool(15).Click = [this] { ShowTableExpert(); };

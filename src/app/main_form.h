@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/main_services.h"
+#include "app/what_if_form.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
 #include "platform/form.h"
@@ -66,11 +67,13 @@ class frmMain : public Form {
   MenuItem mnuStartAscent{*this, "mnuStartAscent"};
   MenuItem mnuspe10{*this, "mnuspe10"};
   MenuItem mnuSurface{*this, "mnuSurface"};
+  MenuItem mnuWhatIf{*this, "mnuWhatIf"};
   MenuItem mnulangsep{*this, "mnulangsep"};
   MenuItem mnuLanguages{*this, "mnuLanguages"};
   MenuItem mnuReport{*this, "mnuReport"};
   MenuItem mnuDiveInformation{*this, "mnuDiveInformation"};
   MenuItem mnuGeneralReport{*this, "mnuGeneralReport"};
+  MenuItem mnuSlate{*this, "mnuSlate"};
   MenuItem mnuBailoutReport{*this, "mnuBailoutReport"};
   MenuItem mnuGenerateTables{*this, "mnuGenerateTables"};
   MenuItem mnuTools{*this, "mnuTools"};
@@ -120,7 +123,7 @@ class frmMain : public Form {
   frmPlanPane& PlanPane() { return planPane_; }
   /// The user has shown or hidden a pane by its own means.
   void PaneShown(const PaneForm& pane, bool shown);
-  /// A plan has been computed anew, or is open no more: the panes follow.
+  /// A plan has been computed anew, or is open no more: the panes and the comparison follow.
   void PlanChanged();
 
   // Commands that others call, too.
@@ -149,6 +152,9 @@ class frmMain : public Form {
   // Results and reports (main_reports.cpp).
   void ShowDiveInformation();
   void ShowGeneralReport();
+  void ShowSlate();
+  /// Opens the comparison of the active plan, or brings it to the front.
+  void ShowWhatIf();
 
   // Files (main_files.cpp).
   void OpenProfileCommand();
@@ -207,6 +213,8 @@ class frmMain : public Form {
   [[nodiscard]] std::filesystem::path FolderUsedLast(const char* setting) const;
   void KeepFolder(const char* setting, const std::filesystem::path& file);
   [[nodiscard]] DialogServices Dialogs();
+  /// Whether a report is to tell all dives of a series; nothing when the user called it off.
+  [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document);
   /// The names that windows and reports give the model.
   [[nodiscard]] ModelMarks Marks() const;
   [[nodiscard]] std::optional<std::int16_t> Active() const {
@@ -227,6 +235,7 @@ class frmMain : public Form {
   std::weak_ptr<frmPartialMix> mixer_;
   frmPlanPane planPane_;
   std::vector<Pane> panes_{{planPane_, mnuPlanPane}};
+  std::weak_ptr<frmWhatIf> whatIf_;
   struct PlanItem {
     std::int16_t document;
     std::string caption;

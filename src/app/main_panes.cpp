@@ -50,6 +50,7 @@ void frmMain::PlanChanged() {
   for (const Pane& pane : panes_) {
     if (pane.entry.Checked) pane.form.ShowDocument(Active());
   }
+  if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }
 
 void frmMain::RestorePanes() {

@@ -1,5 +1,6 @@
 // The commands of the main window that show and report what was computed.
 
+#include "advice/plan_slate.h"
 #include "app/main_form.h"
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
@@ -18,22 +19,53 @@ void frmMain::ShowDiveInformation() {
   services_.platform.windows.ShowModal(window);
 }
 
+std::optional<bool> frmMain::WholeSeries(std::int16_t document) {
+  const frmWaypointEditor& editor = services_.forms(document);
+  if (editor.PrevProfile == -1 && editor.NextProfile == -1) return false;
+  frmReportSelection selection(services_.texts);
+  services_.platform.windows.ShowModal(selection);
+  if (!selection.Confirmed()) return std::nullopt;
+  return !selection.ReportCurrentDive();
+}
+
+void frmMain::ShowSlate() {
+  const auto active = Active();
+  if (!active) return;
+  const auto all = WholeSeries(*active);
+  if (!all) return;
+  Slate slate(services_.report, Marks());
+  WriteSlates({slate, services_.forms, services_.texts, services_.platform.separators,
+               ReadSupplyChoice(services_.platform.settings)},
+              *active, *all);
+  services_.report.documentName = Document(*active).ProfileName;
+}
+
+void frmMain::ShowWhatIf() {
+  if (!Active()) return;
+  auto window = whatIf_.lock();
+  if (window && window->IsLoaded()) {
+    window->BringToFront();
+    return;
+  }
+  window = std::make_shared<frmWhatIf>(
+      Dialogs(), services_.report, [this] { return Marks(); },
+      [this](std::int16_t document, const std::vector<PlotPoint>& line) {
+        services_.view.ShowOverlay(document, line);
+      });
+  whatIf_ = window;
+  services_.platform.windows.Show(window);
+}
+
 void frmMain::ShowGeneralReport() {
   const auto active = Active();
   if (!active) return;
-  const frmWaypointEditor& editor = services_.forms(*active);
-  bool all = false;
-  if (editor.PrevProfile != -1 || editor.NextProfile != -1) {
-    frmReportSelection selection(services_.texts);
-    services_.platform.windows.ShowModal(selection);
-    if (!selection.Confirmed()) return;
-    all = !selection.ReportCurrentDive();
-  }
+  const auto all = WholeSeries(*active);
+  if (!all) return;
   const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
   services_.platform.windows.Show(wait);
   services_.platform.screen.DoEvents();
   GeneralReport report(services_.report, Marks(), [&wait](const std::string& step) { wait->Label1.Caption = step; });
-  WriteLongReport(report, services_.forms, *active, all);
+  WriteLongReport(report, services_.forms, *active, *all);
   services_.report.documentName = Document(*active).ProfileName;
   report.ShowLongReport();
   wait->Unload();

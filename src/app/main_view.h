@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "graph/overlay_line.h"
 #include "graph/profile_plot.h"
 #include "platform/controls.h"
 
@@ -62,6 +63,8 @@ class MainView {
   virtual void FitPlan(bool fit) = 0;
   /// What all graphs show beside the plan, those to come too.
   virtual void ShowExtras(const GraphExtras& extras) = 0;
+  /// A dashed line over the plot, which stays through redraws: how a dive would go. Empty takes it away.
+  virtual void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

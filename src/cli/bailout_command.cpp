@@ -16,15 +16,6 @@
 namespace tav {
 namespace {
 
-std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents) {
-  if (text.empty()) return documents.back();
-  const Single number = NumberOf(text, "--dive");
-  if (number != std::floor(number) || number < 1 || number > static_cast<double>(documents.size())) {
-    throw OptionError("--dive: \"" + text + "\" is not one of the dives 1 to " + std::to_string(documents.size()));
-  }
-  return documents[static_cast<std::size_t>(number) - 1];
-}
-
 /// "2 of 3"
 std::string PlaceOf(std::int16_t document, const std::vector<std::int16_t>& documents) {
   const auto place = std::find(documents.begin(), documents.end(), document) - documents.begin();

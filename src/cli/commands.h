@@ -47,10 +47,11 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
 struct ReportOptions {
   std::string file;
   std::string pdf;
-  int dive = 0;  ///< from 1; 0 for all
+  int dive = 0;        ///< from 1; 0 for all
+  bool slate = false;  ///< the slates to dive by, in place of the report
 };
 
-/// Writes the long report of a profile file as a PDF.
+/// Writes the long report of a profile file, or its slates, as a PDF.
 int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
                   std::ostream& err);
 
@@ -65,6 +66,18 @@ struct BailoutOptions {
 /// all of them.
 int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, const ProgramFolders& folders,
                    std::ostream& out, std::ostream& err);
+
+struct WhatIfOptions {
+  std::string file;
+  std::string dive;    ///< number from 1; empty for the last
+  std::string longer;  ///< minutes; empty for 5
+  std::string deeper;  ///< depth units; empty for 3 m or 10 ft
+  std::string pdf;     ///< file for the columns as slates, in place of the text; empty for none
+};
+
+/// Prints a plan beside what becomes of it when it gets longer or deeper, or a gas or the loop is lost.
+int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, const ProgramFolders& folders,
+                  std::ostream& out, std::ostream& err);
 
 struct TablesOptions {
   std::string templateName;    ///< a file, or a name in the template folder; empty for the default

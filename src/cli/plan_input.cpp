@@ -1,5 +1,6 @@
 #include "cli/plan_input.h"
 
+#include <cmath>
 #include <optional>
 
 #include "model/number_text.h"
@@ -44,6 +45,15 @@ Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);
   if (!number) throw OptionError(option + ": \"" + text + "\" is not a number");
   return *number;
+}
+
+std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents) {
+  if (text.empty()) return documents.back();
+  const Single number = NumberOf(text, "--dive");
+  if (number != std::floor(number) || number < 1 || number > static_cast<double>(documents.size())) {
+    throw OptionError("--dive: \"" + text + "\" is not one of the dives 1 to " + std::to_string(documents.size()));
+  }
+  return documents[static_cast<std::size_t>(number) - 1];
 }
 
 ProfileText ReadPlannable(const std::string& file) {

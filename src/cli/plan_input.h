@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/program_folders.h"
 #include "model/dive_template.h"
@@ -19,6 +20,9 @@ class OptionError : public MessageError {
 
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.
 Single NumberOf(const std::string& text, const std::string& option);
+
+/// The document that --dive names, from 1; the last for an empty text. Throws OptionError.
+std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents);
 
 /// Reads a profile and refuses one that can't be planned. Throws FileError with the line to mend.
 ProfileText ReadPlannable(const std::string& file);

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 #include <stdexcept>
 
+#include "advice/plan_slate.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
@@ -33,8 +35,15 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
-    GeneralReport pages(output.Pages(), {!options.vpm, false, options.hybrid, options.vpm}, nullptr);
-    WriteLongReport(pages, session.Forms(), chosen, report.dive == 0 && dives > 1);
+    const ModelMarks marks{!options.vpm, false, options.hybrid, options.vpm};
+    const bool wholeSeries = report.dive == 0 && dives > 1;
+    if (report.slate) {
+      Slate slate(output.Pages(), marks);
+      WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen, wholeSeries);
+    } else {
+      GeneralReport pages(output.Pages(), marks, nullptr);
+      WriteLongReport(pages, session.Forms(), chosen, wholeSeries);
+    }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {

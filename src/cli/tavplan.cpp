@@ -75,6 +75,7 @@ constexpr const char* kReportExamples = R"(
 Examples:
   tavplan report dives/trimix-100.tav --pdf plan.pdf
   tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
+  tavplan report dives/wreck.tav --slate --pdf slate.pdf
 The PDF is drawn by tav, the desktop program; no display is needed.
 )";
 
@@ -83,6 +84,14 @@ Examples:
   tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
   tavplan bailout --interval 1 --json a.tav  from every minute, for a script
   tavplan bailout a.tav --pdf a.pdf          tables and cards to cut out; tav draws the PDF, without a display
+)";
+
+constexpr const char* kWhatIfExamples = R"(
+Examples:
+  tavplan whatif dives/wreck.tav             5 min longer, 3 m (10 ft) deeper, each gas lost
+  tavplan whatif a.tav --longer 10 --deeper 6
+  tavplan whatif a.tav --pdf a.pdf           a slate for each column; tav draws the PDF, without a display
+On a rebreather the last column is the bail-out at the worst moment.
 )";
 
 constexpr const char* kTablesExamples = R"(
@@ -153,12 +162,14 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
 
   ReportOptions reportDive;
   OutputOptions reportOptions;
-  CLI::App* report = app.add_subcommand("report", "Write the long report of a profile file as a PDF");
+  CLI::App* report = app.add_subcommand("report", "Write the long report or the slates of a profile file as a PDF");
   report->add_option("FILE", reportDive.file, "Profile file (.tav)")->required();
   report->add_option("--pdf", reportDive.pdf, "The file to write")->required();
   report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given")
       ->check(CLI::PositiveNumber);
+  report->add_flag("--slate", reportDive.slate, "Write the slates to dive by: cards of the size A6, four to a page");
   AddModelOptions(*report, reportOptions);
+  AddSupplyOptions(*report, reportOptions);
   report->footer(kReportExamples);
   report->callback([&] { status = ReportCommand(reportDive, reportOptions, folders, err); });
 
@@ -173,6 +184,20 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   AddModelOptions(*bailout, bailoutOptions);
   bailout->footer(kBailoutExamples);
   bailout->callback([&] { status = BailoutCommand(bailoutPlan, bailoutOptions, folders, out, err); });
+
+  OutputOptions whatIfOptions;
+  WhatIfOptions whatIfPlan;
+  CLI::App* whatIf = app.add_subcommand("whatif", "Print a plan beside longer and deeper ones, and with lost gases");
+  whatIf->add_option("FILE", whatIfPlan.file, "Profile file (.tav)")->required();
+  whatIf->add_option("--dive", whatIfPlan.dive, "Number of the dive, from 1; the last if not given");
+  whatIf->add_option("--longer", whatIfPlan.longer, "Minutes added to the deepest leg; 5 if not given");
+  whatIf->add_option("--deeper", whatIfPlan.deeper, "Depth added to the deepest leg; 3 m or 10 ft if not given");
+  whatIf->add_option("--pdf", whatIfPlan.pdf, "Write a slate of each column to this file, and no text");
+  AddJson(*whatIf, whatIfOptions);
+  AddModelOptions(*whatIf, whatIfOptions);
+  AddSupplyOptions(*whatIf, whatIfOptions);
+  whatIf->footer(kWhatIfExamples);
+  whatIf->callback([&] { status = WhatIfCommand(whatIfPlan, whatIfOptions, folders, out, err); });
 
   OutputOptions tablesOptions;
   TablesOptions tableSet;

@@ -146,6 +146,10 @@ void GraphView::ShowNotice(const QString& text) {
   LayOut();
 }
 
+void GraphView::ShowOverlay(const std::vector<PlotPoint>& line) {
+  if (graph_.SetOverlay(line)) Redraw();
+}
+
 void GraphView::ShowReadOut(double x, double y, const std::string& text) {
   readOut_->setText(ToQt(text));
   readOut_->adjustSize();

@@ -34,6 +34,8 @@ class GraphView : public QWidget, public GraphWindow {
   void TemplateChanged();
   /// A line of text over the plot; empty takes it away.
   void ShowNotice(const QString& text);
+  /// A dashed line over the plot; empty takes it away.
+  void ShowOverlay(const std::vector<PlotPoint>& line);
   void ResetZoom();
   /// Whether the plan fills the window, or has room to grow.
   void FitPlan(bool fit);

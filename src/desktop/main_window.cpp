@@ -306,6 +306,10 @@ std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string
   return docks_->Restore(panes);
 }
 
+void MainWindow::ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) {
+  if (Child* child = Find(document)) child->graph->ShowOverlay(line);
+}
+
 void MainWindow::ResetZoom(std::int16_t document) {
   if (Child* child = Find(document)) child->graph->ResetZoom();
 }

@@ -41,6 +41,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void ResetZoom(std::int16_t document) override;
   void FitPlan(bool fit) override;
   void ShowExtras(const GraphExtras& extras) override;
+  void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
   // DocumentWindows

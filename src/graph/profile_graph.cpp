@@ -48,11 +48,12 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const ClassProfile& rows = Editor().InputProfile;
   ProfilePlot plot(container, grid);
   const bool fit = view.fitPlan && rows.GetLength() > 0;
-  plot.Redraw(rows, fit ? ProfilePlot::kFitted : ProfilePlot::kRoomToGrow, view.timeZoom,
-              view.extras.ceiling ? Moments() : std::vector<DiveMoment>());
+  const ProfilePlot::Reach reach = fit ? Including(overlay_, rows, ProfilePlot::kFitted) : ProfilePlot::kRoomToGrow;
+  plot.Redraw(rows, reach, view.timeZoom, view.extras.ceiling ? Moments() : std::vector<DiveMoment>());
   WriteFigures(grid, plot, rows, view.extras, {LengthUnit(), separators_});
   scale_ = plot.Scale();
   scale_.TransformRates(Template());
+  DrawOverlayLine(grid, scale_, overlay_);
   const Waypoint& last = rows.Row(rows.GetLength());
   lastPoint_ = scale_.WorldToScreen(last.RunTime, -last.Depth);
   dragPoint_ = lastPoint_;
@@ -76,6 +77,12 @@ void ProfileGraph::DrawTissues(DrawingSurface& tissues, double scroll) const { D
 
 void ProfileGraph::DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const {
   DrawTissueMap(tissues, Moments(), scale, {kPlotPlaceX, scroll, T(kTissueTitle), T(kTissuesOver)});
+}
+
+bool ProfileGraph::SetOverlay(const std::vector<PlotPoint>& line) {
+  if (line == overlay_) return false;
+  overlay_ = line;
+  return true;
 }
 
 void ProfileGraph::ShowHint(double visibleWidth, DrawingSurface& grid) const {

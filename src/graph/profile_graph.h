@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/dive_moment.h"
+#include "graph/overlay_line.h"
 #include "graph/profile_plot.h"
 #include "model/number_text.h"
 #include "plan/document_forms.h"
@@ -49,6 +50,8 @@ class ProfileGraph {
 
   /// Draws the map of the tissues below a plot that is scrolled by that much, in the scale of the last redraw.
   void DrawTissues(DrawingSurface& tissues, double scroll) const;
+  /// A line that is drawn dashed over the plan from the next redraw on; empty for none. False when it is there already.
+  bool SetOverlay(const std::vector<PlotPoint>& line);
 
   /// Draws all of the plan on one surface, with the titles, for a picture: the plan fills the plot, and
   /// nothing is scrolled or cut off. Changes nothing else.
@@ -104,6 +107,7 @@ class ProfileGraph {
   GraphWindow& window_;
   LocaleSeparators separators_;  ///< of all numbers in words
   GraphScale scale_;
+  std::vector<PlotPoint> overlay_;
   ScreenPoint lastPoint_;  ///< of the last row
   ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot
   bool dragging_ = false;

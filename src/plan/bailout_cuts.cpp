@@ -102,4 +102,16 @@ std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& 
   return result;
 }
 
+void BailoutCuts::Visit(const std::function<bool(const TableDive& cut)>& visit) const {
+  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  TableDive dive;
+  for (const Moment& moment : Moments()) {
+    const ClassProfile cut = PlanUntil(moment);
+    dive.head = moment.time;
+    dive.depth = cut.getDepth(moment.row);
+    run.Compute(cut, true, dive, [] { return true; });
+    if (!visit(dive)) return;
+  }
+}
+
 }  // namespace tav

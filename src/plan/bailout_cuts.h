@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -40,6 +41,9 @@ class BailoutCuts {
   /// One scenario: element 0 is the plan, the others are its cuts in rising order of time. Nothing when `progress`
   /// ended the run. There must be no Fault. Throws std::runtime_error when a dive gets too many rows.
   [[nodiscard]] std::optional<TableDives> Compute(int scenario, const RunProgress& progress) const;
+  /// The cuts with all gases one after the other, none of which is kept, until `visit` answers false. For the rest it
+  /// is like Compute.
+  void Visit(const std::function<bool(const TableDive& cut)>& visit) const;
 
  private:
   /// A moment at which the plan is cut, and the row of the plan that holds it.

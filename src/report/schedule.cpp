@@ -34,12 +34,6 @@ ScheduleRow GasChangeAt(const Waypoint& before, const Waypoint& move, const Dive
   return change;
 }
 
-/// The bytes of one UTF-8 letter count as one.
-std::size_t Letters(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
-}
-
 std::string Padded(const std::string& text, std::size_t width, bool left) {
   const std::size_t letters = Letters(text);
   const std::string blanks(letters < width ? width - letters : 0, ' ');
@@ -47,6 +41,11 @@ std::string Padded(const std::string& text, std::size_t width, bool left) {
 }
 
 }  // namespace
+
+std::size_t Letters(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+}
 
 std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTemplate& diveTemplate) {
   std::vector<ScheduleRow> schedule;

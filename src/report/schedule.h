@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,6 +29,9 @@ struct ScheduleRow {
 /// The lines of a dive: each leg of the plan, each stop, each gas change of the ascent that has no stop of its own, the
 /// surface. The moves between stops are left out.
 std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTemplate& diveTemplate);
+
+/// The letters of a text; the bytes of one UTF-8 letter count as one.
+std::size_t Letters(const std::string& text);
 
 /// The words around the figures; those of the command line unless others are set.
 struct ScheduleWords {

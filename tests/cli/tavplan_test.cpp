@@ -420,5 +420,73 @@ TEST_F(Tavplan, TellsItsUsageAndVersion) {
   }
 }
 
+TEST_F(Tavplan, ComparesAPlanWithWhatMayBecomeOfIt) {
+  ASSERT_EQ(Run({"whatif", Dive("wreck.tav"), "--longer", "7", "--deeper", "4.5", "--json"}), ExitStatus::kFine)
+      << Err();
+  const json compared = json::parse(Out());
+  std::vector<std::string> names;
+  for (const json& column : compared["columns"]) names.push_back(column["name"]);
+  EXPECT_THAT(names, testing::ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
+  // Each column has the rows that plan prints of the changed file.
+  const auto rowsOf = [this](const std::string& file) {
+    EXPECT_EQ(Run({"plan", file, "--json"}), ExitStatus::kFine) << Err();
+    json rows = json::parse(Out())["dives"].back()["rows"];
+    for (json& row : rows) row.erase("why");
+    return rows;
+  };
+  const json& columns = compared["columns"];
+  EXPECT_EQ(columns[0]["rows"], rowsOf(Dive("wreck.tav")));
+  EXPECT_EQ(columns[1]["rows"], rowsOf(Changed("wreck.tav", "\n57,8,", "\n57,15,")));
+  EXPECT_EQ(columns[2]["rows"], rowsOf(Changed("wreck.tav", "\n57,8,", "\n61.5,8,")));
+  EXPECT_EQ(columns[3]["rows"], rowsOf(Changed("wreck.tav", "\n57,8,", "\n61.5,15,")));
+  EXPECT_EQ(columns[4]["rows"], rowsOf(Changed("wreck.tav", "6:Oxygen,", "")));
+  EXPECT_EQ(columns[1]["run_time"], columns[1]["rows"].back()["run_time"]);
+  for (const json& column : columns) {
+    std::map<std::string, double> used;
+    for (const json& row : column["rows"]) used[row["mix"]] += row["gas_used"].get<double>();
+    for (const json& gas : column["gas"]) {
+      EXPECT_NEAR(gas["used"], used[gas["mix"]], 0.01);
+      EXPECT_TRUE(gas["carried"].is_null());
+      EXPECT_TRUE(gas["enough"].is_null());
+    }
+  }
+}
+
+TEST_F(Tavplan, ComparesInLinesOfATerminal) {
+  ASSERT_EQ(Run({"whatif", Dive("trimix-100.tav")}), ExitStatus::kFine);
+  std::istringstream lines(Out());
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 100U) << line;
+  EXPECT_THAT(Out(),
+              AllOf(HasSubstr("+5 min"), HasSubstr("+3 m"), HasSubstr("lost Tx21/35"), HasSubstr("Run time, min")));
+  ASSERT_EQ(Run({"whatif", Dive("rebreather.tav")}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), AllOf(HasSubstr("bail-out"), HasSubstr("at 35 min, 65 m")));
+  // Each dive of a series starts from what the one before left.
+  ASSERT_EQ(Run({"whatif", Dive("lake-series.tav"), "--dive", "1", "--json"}), ExitStatus::kFine);
+  const std::string first = Out();
+  ASSERT_EQ(Run({"whatif", Dive("lake-series.tav"), "--json"}), ExitStatus::kFine);
+  EXPECT_NE(Out(), first);
+}
+
+TEST_F(Tavplan, RefusesAComparisonThatCanNotBe) {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+      {{"--longer", "x"}, "--longer: \"x\" is not a number"},
+      {{"--longer", "-1"}, "--longer: \"-1\" is outside 0 to 999"},
+      {{"--deeper", "1000"}, "--deeper: \"1000\" is outside 0 to 999"},
+      {{"--dive", "2"}, "--dive: \"2\" is not one of the dives 1 to 1"},
+  };
+  for (const auto& [options, error] : cases) {
+    std::vector<std::string> arguments{"whatif", Dive("wreck.tav")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    EXPECT_EQ(Run(arguments), ExitStatus::kUnusableInput);
+    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Err(), "tavplan whatif: " + error + "\n");
+  }
+  // A leg may last 100,000 min.
+  const std::string plan = Changed("air-deco.tav", "\n39,20,", "\n39,99990,");
+  EXPECT_EQ(Run({"whatif", plan, "--longer", "20"}), ExitStatus::kUnusableInput);
+  EXPECT_THAT(Err(), StartsWith(plan + ": longer: "));
+  EXPECT_EQ(std::count(Err().begin(), Err().end(), '\n'), 1);
+}
+
 }  // namespace
 }  // namespace tav

@@ -16,6 +16,7 @@
 #include "app/languages_form.h"
 #include "app/start_forms.h"
 #include "app/wait_form.h"
+#include "app/what_if_form.h"
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/qt_services.h"
@@ -63,6 +64,8 @@ struct Forms {
     forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
     forms.push_back(std::make_unique<frmPlanPane>(
         PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {}, [] {}}));
+    forms.push_back(std::make_unique<frmWhatIf>(
+        services, reports, [] { return ModelMarks(); }, [](std::int16_t, const std::vector<PlotPoint>&) {}));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));

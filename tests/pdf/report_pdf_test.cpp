@@ -165,6 +165,25 @@ TEST_F(ReportPdfFile, OfABailoutHasEveryCellOfItsTables) {
   }
 }
 
+TEST_F(ReportPdfFile, OfASlateHasEveryStopInLargeType) {
+  const std::string plan = (kRoot / "dives/trimix-100.tav").string();
+  const fs::path pdf = scratch_.Path() / "slate.pdf";
+  ASSERT_EQ(Run({"report", plan, "--slate", "--pdf", pdf.string()}), ExitStatus::kFine) << err_.str();
+  EXPECT_NE(OutputOf("pdfinfo " + pdf.string()).find("Pages:           1\n"), std::string::npos);
+  std::string text;
+  for (const Words& line : LinesOf(OutputOf("pdftotext -layout " + pdf.string() + " -"))) text += Told(line) + "\n";
+  ASSERT_EQ(Run({"plan", plan, "--json"}), ExitStatus::kFine);
+  const json told = json::parse(out_.str());
+  for (const json& row : told.at("dives")[0].at("rows")) {
+    if (row.at("stop_time") == 0) continue;
+    const std::string mix = row.at("mix");
+    // Columns stand beside each other, so a row is a part of a line.
+    const std::string part =
+        Told({Fixed(row.at("stop_depth"), 0), Fixed(row.at("stop_time"), 0), Fixed(row.at("run_time"), 0), mix});
+    EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+  }
+}
+
 TEST_F(ReportPdfFile, ThatCanNotBeWrittenLeavesTheOldOneAndOneLine) {
   const fs::path folder = scratch_.Path() / "plan.pdf";
   fs::create_directory(folder);  // a folder of the name of the file

@@ -45,6 +45,21 @@ picture about "^About" alt+h Up Return
 picture system-information "^System" alt+h Up Up Up Return
 picture contributors "^Contributors" alt+h Up Up Return
 
+focus "^TAV"
+keys F9
+keys ctrl+shift+w
+focus "^What if"
+keys alt+g Down
+shot what-if "^What if"
+keys Escape
+await "what if stays" gone "^What if"
+focus "^TAV"
+keys F9
+keys ctrl+shift+i
+focus "^Slate$"
+shot slate "^Slate$"
+keys Escape
+await "the slate stays" gone "^Slate$"
 picture bailout "^Bail-out$" ctrl+b
 picture table-expert "^Table Expert$" ctrl+e
 focus "^TAV"

@@ -40,6 +40,7 @@ struct HeadlessMainView : MainView {
   void ResetZoom(std::int16_t /*document*/) override {}
   void FitPlan(bool fit) override { fitPlan = fit; }
   void ShowExtras(const GraphExtras& wanted) override { extras = wanted; }
+  void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override { overlays[document] = line; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -51,6 +52,7 @@ struct HeadlessMainView : MainView {
   bool shown = false;
   bool fitPlan = false;
   GraphExtras extras;
+  std::map<std::int16_t, std::vector<PlotPoint>> overlays;
   std::string exported;
   std::set<PaneForm*> panes;  ///< shown
   PaneForm* focused = nullptr;

@@ -1,0 +1,78 @@
+#include "advice/plan_slate.h"
+
+#include "advice/gas_supply.h"
+
+namespace tav {
+namespace {
+
+constexpr int kDive = 7741;
+
+}  // namespace
+
+std::string SlateTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts) {
+  const std::string& name = forms.Services().documents(document).ProfileName;
+  const std::int16_t first = forms(document).getFirstProfile();
+  if (forms(first).NextProfile == -1) return name;
+  // Numbers tell the place in the series from 1 on, however the series came to be.
+  int number = 1;
+  for (std::int16_t dive = first; dive != document; dive = forms(dive).NextProfile) ++number;
+  return name + ", " + texts.Filled(kDive, {std::to_string(number)});
+}
+
+std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
+                     const AdviceWords& words) {
+  const GasSupply supply = SupplyOf(forms, document, choice);
+  const LegSupply* deepest = nullptr;
+  for (const LegSupply& leg : supply.legs) {
+    if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
+  }
+  if (deepest == nullptr || !deepest->turnPressure) return {};
+  return words.Gauge(*deepest->turnPressure, supply.Of(deepest->gas)->gaugeInBar);
+}
+
+namespace {
+
+SlateDive PlanOf(const SlateServices& services, std::int16_t document) {
+  const DocumentState& state = services.forms.Services().documents(document);
+  const AdviceWords words(services.texts, services.separators, state.Template.Metric);
+  return {SlateTitle(services.forms, document, services.texts),
+          "",
+          services.forms(document).InputProfile,
+          state.Template,
+          state.Decompresses,
+          TurnText(services.forms, document, services.supply, words)};
+}
+
+}  // namespace
+
+void WriteSlates(const SlateServices& services, std::int16_t document, bool wholeSeries) {
+  services.slate.Begin();
+  if (wholeSeries) {
+    std::int16_t dive = services.forms(document).getFirstProfile();
+    for (; dive != -1; dive = services.forms(dive).NextProfile) services.slate.Add(PlanOf(services, dive));
+  } else {
+    services.slate.Add(PlanOf(services, document));
+  }
+  services.slate.End();
+}
+
+void WriteSlates(const SlateServices& services, std::int16_t document, const std::vector<WhatIfColumn>& columns,
+                 const WhatIfWish& wish) {
+  services.slate.Begin();
+  const SlateDive plan = PlanOf(services, document);
+  const AdviceWords words(services.texts, services.separators, plan.settings.Metric);
+  for (const WhatIfColumn& column : columns) {
+    if (!column.fault.empty()) continue;
+    SlateDive dive{plan.title, "", column.rows, plan.settings, column.decompresses};
+    if (column.kind == WhatIfColumn::Kind::Planned) {
+      dive.turn = plan.turn;
+    } else {
+      const std::string detail = DetailOf(column, wish, words);
+      dive.variant = NameOf(column, words) + (detail.empty() ? "" : " " + detail);
+    }
+    services.slate.Add(dive);
+  }
+  services.slate.End();
+}
+
+}  // namespace tav

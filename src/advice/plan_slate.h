@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "advice/supply_choice.h"
+#include "advice/what_if_table.h"
+#include "plan/document_forms.h"
+#include "report/slate.h"
+
+namespace tav {
+
+/// "wreck.tav"; in a series with the number of the dive.
+std::string SlateTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts);
+
+/// The pressure to turn at on the deepest leg, "120 bar"; empty where the plan tells no cylinders of its gas.
+std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice, const AdviceWords& words);
+
+/// What a slate is written with.
+struct SlateServices {
+  Slate& slate;
+  DocumentForms& forms;
+  const TextSource& texts;
+  LocaleSeparators separators;
+  SupplyChoice supply;
+};
+
+/// A whole report: the slate of a dive, or of all dives of its series from the first on.
+void WriteSlates(const SlateServices& services, std::int16_t document, bool wholeSeries);
+
+/// A whole report: a slate for each column of a plan that could be computed.
+void WriteSlates(const SlateServices& services, std::int16_t document, const std::vector<WhatIfColumn>& columns,
+                 const WhatIfWish& wish);
+
+}  // namespace tav

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/model_choice.h"
+#include "engine/observer.h"
+#include "model/document_store.h"
+#include "model/profile.h"
+#include "plan/document_forms.h"
+
+namespace tav {
+
+/// How much longer and deeper the dive is asked to be.
+struct WhatIfWish {
+  Single minutes = 5;
+  Single depth = 3;  ///< depth units
+
+  /// 5 minutes; 3 m or 10 ft.
+  static WhatIfWish Usual(bool metric) { return {5, metric ? 3 : 10}; }
+
+  static constexpr double kMostMinutes = 999;
+  static constexpr double kMostDepth = 999;
+};
+
+/// What a dive asks for of one gas, and whether the cylinders hold it.
+struct GasNeed {
+  std::string mix;
+  Single used;                    ///< litres or cubic feet at the surface
+  std::optional<double> carried;  ///< the same; nothing where no cylinders are told at all
+  double reserve = 0;             ///< what must stay of it
+
+  /// What is used leaves the reserve alone; nothing where no cylinders are told.
+  [[nodiscard]] std::optional<bool> Enough() const;
+};
+
+/// One element for each gas that the rows breathe, in the order of the template.
+std::vector<GasNeed> GasNeeds(const ClassProfile& rows, const DiveTemplate& settings);
+
+/// A plan as it would be.
+struct WhatIfColumn {
+  enum class Kind { Planned, Longer, Deeper, Both, Lost, BailOut };
+
+  Kind kind = Kind::Planned;
+  std::string lost;   ///< name of the gas that is missing
+  Single moment;      ///< of a bail-out: minute of the plan at which it begins
+  Single depth;       ///< and the depth there
+  std::string fault;  ///< why it can't be computed; then it has no rows
+  bool decompresses = true;
+  ClassProfile rows;  ///< the whole dive with its ascent
+  std::vector<GasNeed> gas;
+
+  /// "planned", "longer", "deeper", "both", "lost EAN50", "bail-out": the name in files for scripts.
+  [[nodiscard]] std::string Id() const;
+};
+
+/// What becomes of a plan when something changes: a longer or deeper leg, a lost gas, the loop that fails.
+///
+/// Each column is the plan with one change, evaluated like any plan, in a store of its own: neither the user's document
+/// nor its series is touched. The plan is taken when the object is made, with the loads and doses of the dive before.
+/// A plan without an ascent gets one, since without it there is nothing to compare.
+class WhatIf {
+ public:
+  WhatIf(DocumentForms& forms, std::int16_t document);
+  WhatIf(const WhatIf&) = delete;
+  WhatIf& operator=(const WhatIf&) = delete;
+  ~WhatIf() = default;
+
+  /// Why there is nothing to compare: no legs, a plan that can't be computed. Empty when there is.
+  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// The plan had no ascent: that of the columns was added.
+  [[nodiscard]] bool AddsAscent() const { return addsAscent_; }
+  [[nodiscard]] const DiveTemplate& Settings() const { return plan_.Template; }
+
+  /// Planned, longer, deeper, both, each gas of the change list lost, and on a rebreather the bail-out at the worst
+  /// moment. "Longer" and "deeper" change the deepest leg, of equals the last. There must be no Fault.
+  [[nodiscard]] std::vector<WhatIfColumn> Columns(const WhatIfWish& wish);
+
+ private:
+  [[nodiscard]] WhatIfColumn Run(WhatIfColumn::Kind kind, const ClassUseractions& actions,
+                                 const DiveTemplate& settings);
+  [[nodiscard]] WhatIfColumn Changed(WhatIfColumn::Kind kind, const WhatIfWish& wish);
+  [[nodiscard]] WhatIfColumn Lost(const std::string& gas);
+  /// Of all whole minutes of the plan, the one whose ascent on open circuit asks for the most gas in relation to what
+  /// is carried; or takes longest, where no cylinders are told.
+  [[nodiscard]] WhatIfColumn BailOut();
+
+  /// Boxes have nobody to answer them here.
+  struct NoBoxes : MessageBoxes {
+    BoxAnswer Show(const std::string&, const std::string&, BoxIcon, BoxButtons buttons) override {
+      return DismissedAnswer(buttons);
+    }
+  };
+
+  DocumentStore store_;
+  ModelChoice model_;
+  EngineObserver observer_;
+  EditorDisplay display_;
+  NoBoxes boxes_;
+  DocumentForms forms_;
+  std::int16_t scratch_ = 0;  ///< the document in `store_` that the columns are computed in
+  DocumentState plan_;        ///< as the user has it
+  ClassUseractions actions_;
+  std::int16_t deepest_ = 0;  ///< action of the deepest leg
+  bool addsAscent_ = false;
+  std::string fault_;
+  std::vector<WhatIfColumn> fixed_;  ///< those that no wish changes: planned, lost gases, bail-out
+};
+
+}  // namespace tav

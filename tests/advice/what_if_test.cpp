@@ -1,0 +1,343 @@
+#include "advice/what_if.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "advice/gas_supply.h"
+#include "advice/plan_slate.h"
+#include "advice/what_if_table.h"
+#include "app/language_table.h"
+#include "plan/bailout_cuts.h"
+#include "plan/profile_commands.h"
+#include "report/schedule.h"
+#include "support/plan_fixture.h"
+#include "support/profile_text.h"
+#include "support/random_plan.h"
+#include "support/source_folder.h"
+
+namespace tav {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Kind = WhatIfColumn::Kind;
+
+const std::filesystem::path kRoot = SourceFolder();
+
+/// The plan with a change, opened as a file with its whole series: what `tavplan plan` prints of it.
+std::string RowsOfFile(const ProfileText& profile, std::size_t dive, const ModelChoice& model, bool* ends = nullptr) {
+  test::Plans plans;
+  plans.model = model;
+  const auto documents = OpenProfile(plans.forms, "changed.tav", profile);
+  if (ends != nullptr) *ends = plans.documents(documents[dive]).Decompresses;
+  return test::RowsText(plans.forms(documents[dive]).InputProfile);
+}
+
+void Change(ClassUseractions& actions, std::int16_t leg, double longer, double deeper) {
+  actions.setuser(leg, actions.getDepth(leg) + deeper, actions.gettime(leg) + longer, actions.getmixnumber(leg));
+}
+
+/// Holds every column of every dive of a file against the file with that change made in it.
+void ExpectColumnsOfFiles(const ProfileText& profile, std::int16_t deepest, const ModelChoice& model) {
+  test::Plans plans;
+  plans.model = model;
+  const auto documents = OpenProfile(plans.forms, "plan.tav", profile);
+  const std::size_t last = documents.size() - 1;
+  WhatIf whatIf(plans.forms, documents[last]);
+  ASSERT_EQ(whatIf.Fault(), "");
+  const auto columns = whatIf.Columns({7, 4});
+  for (const WhatIfColumn& column : columns) {
+    ProfileText changed = profile;
+    DiveRecord& dive = changed.dives[last];
+    if (column.kind == Kind::BailOut) continue;
+    if (column.kind == Kind::Longer || column.kind == Kind::Both) Change(dive.UserActions, deepest, 7, 0);
+    if (column.kind == Kind::Deeper || column.kind == Kind::Both) Change(dive.UserActions, deepest, 0, 4);
+    std::erase_if(dive.Template.ChangeGasMixes,
+                  [&](const GasChange& gas) { return column.kind == Kind::Lost && gas.Name == column.lost; });
+    if (dive.Template.ChangeGasMixes.empty()) dive.Template.ChangeGasMixes.emplace_back();
+    bool ends = true;
+    EXPECT_EQ(test::RowsText(column.rows), RowsOfFile(changed, last, model, &ends)) << column.Id();
+    EXPECT_EQ(column.decompresses, ends) << column.Id();
+  }
+}
+
+ProfileText Shipped(const char* name) { return ReadProfileFile(kRoot / "dives" / name); }
+
+TEST(WhatIf, ColumnsAreThePlansWithTheChangeMadeInTheirFile) {
+  for (const ModelChoice& model : {ModelChoice{}, ModelChoice{true, false}, ModelChoice{false, true}}) {
+    ExpectColumnsOfFiles(Shipped("air-deco.tav"), 1, model);
+    ExpectColumnsOfFiles(Shipped("wreck.tav"), 1, model);
+    ExpectColumnsOfFiles(Shipped("trimix-100.tav"), 2, model);
+    ExpectColumnsOfFiles(Shipped("rebreather.tav"), 1, model);
+    ExpectColumnsOfFiles(Shipped("lake-series.tav"), 1, model);  // starts from the loads and doses of the dive before
+  }
+}
+
+TEST(WhatIf, ColumnsOfRandomPlansAreThoseOfTheirFiles) {
+  std::mt19937 random(13);
+  for (int n = 0; n < 40; ++n) {
+    const test::RandomPlan plan = test::MakePlan(random);
+    std::int16_t deepest = 1;
+    for (std::int16_t i = 1; i < plan.actions.GetLength(); ++i) {
+      if (plan.actions.getDepth(i) >= plan.actions.getDepth(deepest)) deepest = i;
+    }
+    const ProfileText profile = [&] {
+      FormatFaults faults("plan.tav", FormatFaults::Mode::StopAtFirstError);
+      return ReadProfileText(test::File(plan), faults);
+    }();
+    SCOPED_TRACE(test::File(plan));
+    ExpectColumnsOfFiles(profile, deepest, {});
+  }
+}
+
+class WhatIfOfPlan : public testing::Test {
+ protected:
+  frmWaypointEditor& Plan(
+      std::initializer_list<std::pair<double, double>> legs, bool ascent = true,
+      const std::function<void(DiveTemplate&)>& change = [](DiveTemplate&) {}) {
+    frmWaypointEditor& window = plans_.New(change);
+    for (const auto& [depth, minutes] : legs) window.SaveUserEnteredWaypoints(minutes, depth, 0, false);
+    if (ascent) window.SaveUserEnteredWaypoints(-1, -1, 0, true);
+    window.ReEvaluateUserEnteredWaypoints();
+    return window;
+  }
+  std::vector<std::string> Ids(const std::vector<WhatIfColumn>& columns) {
+    std::vector<std::string> ids;
+    for (const WhatIfColumn& column : columns) ids.push_back(column.Id());
+    return ids;
+  }
+
+  test::Plans plans_;
+};
+
+TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
+  const auto documents = OpenProfile(plans_.forms, kRoot / "dives/lake-series.tav");
+  const auto state = [&] {
+    std::string text = ProfileFileText(plans_.forms, documents[0]);
+    for (const std::int16_t document : documents) {
+      text += test::RowsText(plans_.forms(document).LoadedProfile());
+      for (const Single load : plans_.documents(document).N2Compartments) text += FormatFixed(double{load}, 9);
+      text += FormatPlain(plans_.documents(document).TotalCNS) + (plans_.documents(document).Modified ? "m" : "");
+    }
+    return text;
+  };
+  const std::string before = state();
+  plans_.display.told.clear();
+  WhatIf whatIf(plans_.forms, documents.back());
+  EXPECT_EQ(whatIf.Columns({20, 30}).size(), 5U);
+  EXPECT_EQ(state(), before);
+  EXPECT_THAT(plans_.display.told, testing::IsEmpty());
+  EXPECT_EQ(plans_.documents.UpperBound(), documents.back());
+}
+
+TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
+  frmWaypointEditor& window = Plan({{30, 10}, {20, 5}, {30, 10}, {15, 5}});
+  WhatIf whatIf(plans_.forms, window.Tag());
+  const auto columns = whatIf.Columns(WhatIfWish::Usual(true));
+  EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
+  EXPECT_EQ(test::RowsText(columns[0].rows), test::RowsText(window.InputProfile));
+  // The leg of 10 min from minute 15 ends 5 min later; the first one at 30 m still ends at minute 10.
+  const auto endsAt = [](const WhatIfColumn& column, double depth) {
+    double end = 0;
+    for (std::int16_t i = 1; i <= LastUserRow(column.rows); ++i) {
+      if (column.rows.getDepth(i) == depth) end = column.rows.GetRunTime(i);
+    }
+    return end;
+  };
+  EXPECT_EQ(endsAt(columns[0], 30), 25);
+  EXPECT_EQ(endsAt(columns[1], 30), 30);
+  EXPECT_EQ(endsAt(columns[2], 30), 10);
+  EXPECT_EQ(endsAt(columns[2], 33), 25);
+  EXPECT_EQ(endsAt(columns[3], 33), 30);
+}
+
+TEST_F(WhatIfOfPlan, GivesAPlanWithoutAscentOne) {
+  frmWaypointEditor& open = Plan({{40, 20}}, false);
+  frmWaypointEditor& whole = Plan({{40, 20}});
+  WhatIf whatIf(plans_.forms, open.Tag());
+  EXPECT_TRUE(whatIf.AddsAscent());
+  EXPECT_EQ(test::RowsText(whatIf.Columns({})[0].rows), test::RowsText(whole.InputProfile));
+  EXPECT_EQ(open.State(), EditState::Legs);
+}
+
+TEST_F(WhatIfOfPlan, SaysWhatCanNotBeCompared) {
+  EXPECT_THAT(WhatIf(plans_.forms, plans_.New().Tag()).Fault(), HasSubstr("no legs"));
+  frmWaypointEditor& broken = Plan({{40, 20}});
+  plans_.documents(broken.Tag()).Template.StepSize = 0;
+  broken.ReEvaluateUserEnteredWaypoints();
+  EXPECT_EQ(WhatIf(plans_.forms, broken.Tag()).Fault(), broken.EvaluationFault());
+  EXPECT_NE(broken.EvaluationFault(), "");
+  // A leg may last 100,000 min: one that is longer can't be computed, the other columns stand.
+  WhatIf whatIf(plans_.forms, Plan({{5, 99990}}).Tag());
+  const auto columns = whatIf.Columns({20, 1});
+  EXPECT_THAT(columns[1].fault, HasSubstr("100000"));
+  EXPECT_EQ(columns[1].rows.GetLength(), 0);
+  EXPECT_EQ(columns[2].fault, "");
+  EXPECT_NE(columns[2].rows.GetLength(), 0);
+}
+
+TEST_F(WhatIfOfPlan, LosesAllOfAGasThatTheListHasTwice) {
+  frmWaypointEditor& window = Plan({{40, 25}}, true, [](DiveTemplate& t) {
+    t.ChangeGasMixes.clear();
+    for (const auto& [name, depth] :
+         {std::pair{"Oxygen", 6.0}, {"EAN50", 12.0}, {"EAN50", 21.0}, {"Unheard-of", 30.0}}) {
+      GasChange& change = t.ChangeGasMixes.emplace_back();
+      change.Name = name;
+      change.Depth = depth;
+    }
+    ResolveGasChanges(t);
+  });
+  WhatIf whatIf(plans_.forms, window.Tag());
+  const auto columns = whatIf.Columns({});
+  EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
+  for (const GasNeed& need : columns.back().gas) EXPECT_NE(need.mix, "EAN50");
+}
+
+TEST_F(WhatIfOfPlan, TellsWhatDoesNotDecompress) {
+  // Air at a last stop of 30 m never clears with a gradient factor of 1 %.
+  frmWaypointEditor& window = Plan({{60, 30}}, true, [](DiveTemplate& t) {
+    t.GFLow = 0.01;
+    t.GFHigh = 0.01;
+    t.LastStop = 30;
+    t.ChangeGasMixes.resize(1);
+  });
+  ASSERT_FALSE(plans_.documents(window.Tag()).Decompresses);
+  WhatIf whatIf(plans_.forms, window.Tag());
+  for (const WhatIfColumn& column : whatIf.Columns({})) EXPECT_FALSE(column.decompresses) << column.Id();
+}
+
+/// 57 min of RMV 20 at 2 bar, 2,295 l, and the way up. Two cylinders of 12 l at 200 bar hold 4,800 l, of which 50 bar,
+/// 1,200 l, must stay. In feet a cylinder of 80 cu ft at 3,000 psi counts as 80 cu ft.
+TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
+  struct Case {
+    bool told;
+    std::int16_t count;
+    double fill;
+    std::optional<double> carried;
+    std::optional<bool> enough;
+  };
+  for (const Case& c :
+       {Case{false, 0, 0, std::nullopt, std::nullopt}, Case{true, 1, 200, 2400, false}, Case{true, 2, 200, 4800, true},
+        Case{true, 1, 300, 3600, true}, Case{true, 1, 245, 2940, false}}) {
+    frmWaypointEditor& window = Plan({{10, 57}}, true, [&](DiveTemplate& t) {
+      t.ChangeGasMixes.assign(1, {});
+      if (!c.told) return;
+      if (c.count > 0) t.Cylinders.push_back({"Air", c.count, 12, 0, c.fill, 50});
+    });
+    WhatIf whatIf(plans_.forms, window.Tag());
+    const WhatIfColumn planned = whatIf.Columns({})[0];
+    ASSERT_EQ(planned.gas.size(), 1U);
+    EXPECT_EQ(planned.gas[0].mix, "Air");
+    EXPECT_NEAR(planned.gas[0].used, 57 * 20 * 2.01325, 80);
+    EXPECT_EQ(planned.gas[0].carried, c.carried);
+    EXPECT_EQ(planned.gas[0].Enough(), c.enough) << c.fill;
+    // The gas supply of the plan says the same.
+    const GasSupply supply = SupplyOf(plans_.forms, window.Tag(), {});
+    EXPECT_EQ(supply.IsTold(), c.told);
+    if (c.told) {
+      EXPECT_EQ(supply.Of("Air")->verdict == GasVerdict::Enough, c.enough);
+      EXPECT_EQ(supply.Of("Air")->carried, c.carried);
+    }
+    const AdviceWords words(plans_.texts, {".", ""}, true);
+    const std::string turn = TurnText(plans_.forms, window.Tag(), {}, words);
+    EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnPressure);
+  }
+  // A gas without a cylinder, where others have one, is short.
+  DiveTemplate settings = plans_.documents(0).Template;
+  settings.Cylinders = {{"EAN50", 1, 80, 3000, 3000, 0}};
+  settings.Metric = false;
+  ClassProfile rows;
+  for (const char* gas : {"Air", "EAN50"}) {
+    rows.NewWayPoint();
+    rows.Row(rows.GetLength()).GasMixName = gas;
+    rows.Row(rows.GetLength()).GasUsed = 79.9;
+  }
+  const auto needs = GasNeeds(rows, settings);
+  ASSERT_EQ(needs.size(), 2U);
+  EXPECT_EQ(needs[0].carried, 0);
+  EXPECT_EQ(needs[0].Enough(), false);
+  EXPECT_NEAR(*needs[1].carried, 80, 1e-9);
+  EXPECT_EQ(needs[1].Enough(), true);
+}
+
+/// Of all whole minutes none asks for more than the one that is told, and it is the cut that `tavplan bailout` makes.
+TEST_F(WhatIfOfPlan, BailsOutAtTheWorstMoment) {
+  const auto document = OpenProfile(plans_.forms, kRoot / "dives/rebreather.tav").back();
+  DiveTemplate& settings = plans_.documents(document).Template;
+  std::vector<double> moments;
+  for (const double oxygen : {0.0, 1.0, 10.0}) {
+    settings.Cylinders.clear();
+    if (oxygen > 0) {
+      for (const char* gas : {"Tx18/45", "Tx21/35", "EAN50"}) settings.Cylinders.push_back({gas, 2, 12, 0, 200, 20});
+      settings.Cylinders.push_back({"Oxygen", 1, oxygen, 0, 200, 20});
+    }
+    WhatIf whatIf(plans_.forms, document);
+    const WhatIfColumn worst = whatIf.Columns({}).back();
+    ASSERT_EQ(worst.kind, Kind::BailOut);
+    ASSERT_EQ(worst.fault, "");
+    const auto demandOf = [&](const ClassProfile& rows) {
+      double demand = rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(LastUserRow(rows));
+      if (oxygen > 0) {
+        demand = 0;
+        for (const GasNeed& need : GasNeeds(rows, settings)) demand = std::max(demand, need.used / *need.carried);
+      }
+      return demand;
+    };
+    const TableDives cuts = *BailoutCuts(plans_.forms, document, 1).Compute(3, [](int, int) { return true; });
+    for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
+      const TableDive& cut = cuts.dives[i];
+      if (cut.depth > 0) {
+        EXPECT_LE(demandOf(cut.profile), demandOf(worst.rows)) << double{cut.head};
+      }
+      if (cut.head == worst.moment) {
+        EXPECT_EQ(test::RowsText(cut.profile), test::RowsText(worst.rows));
+      }
+    }
+    moments.push_back(worst.moment);
+  }
+  EXPECT_EQ(moments[0], 35) << "the end of the bottom time has the longest way up";
+}
+
+TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
+  const LanguageTable english = DefaultTexts(kRoot);
+  frmWaypointEditor& window = Plan({{40, 25}}, true, [](DiveTemplate& t) {
+    t.Cylinders = {{"Air", 2, 12, 0, 200, 50}, {"EAN50", 1, 7, 0, 200, 0}, {"Oxygen", 1, 7, 0, 20, 0}};
+  });
+  WhatIf whatIf(plans_.forms, window.Tag());
+  const WhatIfWish wish{5, 3};
+  const auto columns = whatIf.Columns(wish);
+  const AdviceWords words(english, {",", "."}, true);
+  const WhatIfTable table = TableOf(columns, wish, whatIf.Settings(), words);
+  ASSERT_EQ(table.heads.size(), 6U);
+  EXPECT_EQ(table.heads[3].detail, "+5 min +3 m");
+  EXPECT_EQ(table.heads[4].name, "lost Oxygen");
+  std::map<std::string, const WhatIfTable::Row*> rows;
+  for (const WhatIfTable::Row& row : table.rows) rows[row.label] = &row;
+  // The figures of the schedule stand in their rows.
+  for (std::size_t c = 0; c < columns.size(); ++c) {
+    for (const ScheduleRow& stop : ScheduleOf(columns[c].rows, whatIf.Settings())) {
+      if (stop.kind != ScheduleRow::Kind::Stop) continue;
+      const WhatIfTable::Row* row = rows["Stop " + words.Depth(stop.depth)];
+      ASSERT_NE(row, nullptr);
+      EXPECT_EQ(row->cells[c].figure, words.Short(*stop.minutes));
+      EXPECT_EQ(row->cells[c].note, stop.changesGas ? stop.gas : "");
+    }
+    EXPECT_EQ(rows["Run time"]->cells[c].figure, words.Short(columns[c].rows.GetRunTime(columns[c].rows.GetLength())));
+  }
+  EXPECT_EQ(rows["Oxygen of 140 l"]->cells[0].note, "short");
+  EXPECT_TRUE(rows["Oxygen of 140 l"]->cells[0].bad);
+  EXPECT_EQ(rows["Oxygen of 140 l"]->cells[4].figure, "");
+  EXPECT_EQ(rows["EAN50 of 1400 l"]->cells[0].note, "enough");
+  const std::string text = AlignedText(table, 100);
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = text.find('\n', at);
+    EXPECT_LE(Letters(text.substr(at, end - at)), 100U);
+    at = end + 1;
+  }
+  EXPECT_THAT(text, HasSubstr("planned"));
+}
+
+}  // namespace
+}  // namespace tav

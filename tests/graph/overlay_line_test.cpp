@@ -1,0 +1,67 @@
+#include "graph/overlay_line.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "graph/graph_colours.h"
+#include "platform/headless/recording_surface.h"
+
+namespace tav {
+namespace {
+
+/// Dashes of its own colour along the line and nowhere else, three fifths of its length.
+TEST(OverlayLine, IsDashedAlongTheDive) {
+  RecordingSurface grid(19000, 10000);
+  GraphScale scale;
+  scale.SetPlot(19000, 10000);
+  scale.SetWorld(0, 100, 0, -50);
+  const std::vector<PlotPoint> line{{0, 0}, {10, 40}, {60, 40}, {70, 0}};
+  DrawOverlayLine(grid, scale, line);
+  double drawn = 0;
+  for (const auto& stroke : grid.strokes) {
+    EXPECT_EQ(stroke.colour, graph::kOverlay);
+    drawn += std::hypot(stroke.x1 - stroke.x0, stroke.y1 - stroke.y0);
+    bool on = false;
+    for (std::size_t i = 1; i < line.size(); ++i) {
+      const ScreenPoint a = scale.WorldToScreen(line[i - 1].runTime, -line[i - 1].depth);
+      const ScreenPoint b = scale.WorldToScreen(line[i].runTime, -line[i].depth);
+      const double length = std::hypot(b.x - a.x, b.y - a.y);
+      const double off = std::abs((b.x - a.x) * (stroke.y0 - a.y) - (b.y - a.y) * (stroke.x0 - a.x)) / length;
+      on = on || (off < 0.01 && stroke.x0 >= a.x - 0.01 && stroke.x1 <= b.x + 0.01);
+    }
+    EXPECT_TRUE(on) << stroke.x0 << " " << stroke.y0;
+  }
+  double length = 0;
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    const ScreenPoint a = scale.WorldToScreen(line[i - 1].runTime, -line[i - 1].depth);
+    const ScreenPoint b = scale.WorldToScreen(line[i].runTime, -line[i].depth);
+    length += std::hypot(b.x - a.x, b.y - a.y);
+  }
+  EXPECT_NEAR(drawn / length, 120.0 / 195, 0.01);
+}
+
+TEST(OverlayLine, EndsAtTheEdgeOfThePlot) {
+  RecordingSurface grid(19000, 10000);
+  GraphScale scale;
+  scale.SetPlot(19000, 10000);
+  scale.SetWorld(0, 100, 0, -50);
+  DrawOverlayLine(grid, scale, {{0, 6}, {1e6, 6}});
+  EXPECT_LT(grid.strokes.size(), 120U);
+  EXPECT_GT(grid.strokes.size(), 80U);
+}
+
+TEST(OverlayLine, HasRoomInAPlotThatFitsThePlan) {
+  ClassProfile rows;
+  rows.NewWayPoint();
+  rows.Row(1).Depth = 40;
+  rows.Row(1).RunTime = 50;
+  const ProfilePlot::Reach same = Including({{0, 0}, {20, 30}}, rows, ProfilePlot::kFitted);
+  EXPECT_EQ(same.time, ProfilePlot::kFitted.time);
+  EXPECT_EQ(same.depth, ProfilePlot::kFitted.depth);
+  const ProfilePlot::Reach more = Including({{0, 0}, {100, 50}}, rows, ProfilePlot::kFitted);
+  EXPECT_NEAR(more.time * 50, ProfilePlot::kFitted.time * 100, 1e-9);
+  EXPECT_NEAR(more.depth * 40, ProfilePlot::kFitted.depth * 50, 1e-9);
+}
+
+}  // namespace
+}  // namespace tav
