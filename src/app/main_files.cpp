@@ -4,6 +4,7 @@
 
 #include "app/main_form.h"
 #include "dialogs/unit_change.h"
+#include "exchange/import.h"
 #include "model/path_text.h"
 #include "persist/template_file.h"
 #include "plan/captions.h"
@@ -56,6 +57,7 @@ bool frmMain::OpenFile(const fs::path& file) {
     LoadTemplateFrom(file);
     return true;
   }
+  if (file.extension() == kUddfExtension || file.extension() == kCsvExtension) return ImportPlan(file);
   try {
     services_.platform.screen.ShowHourglass(true);
     OpenProfile(services_.forms, file);

@@ -148,7 +148,7 @@ void frmMain::SyncCommands() {
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
   // Settings can be edited, loaded and saved without a plan: they are then those of new plans.
   for (Control* command : std::initializer_list<Control*>{
-           &mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC,
+           &mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuExport, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC,
            &mnuWindowCascade, &mnuWindowTileHorizontal, &mnuWindowTileVertical, &mnuWindowArrangeIcons, &mnuResetZoom,
            &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &mnuSlate, &mnuWhatIf, &Tool(3), &Tool(9), &Tool(13)}) {
     command->Enabled = active.has_value();
@@ -247,6 +247,8 @@ void frmMain::WireWindowCommands() {
   mnuSaveTemplate.Click = [this] { SaveTemplateCommand(); };
   mnuSaveProfile.Click = Tool(3).Click = [this] { SaveProfileCommand(false); };
   mnuSaveProfileAs.Click = [this] { SaveProfileCommand(true); };
+  mnuImport.Click = [this] { ImportCommand(); };
+  mnuExport.Click = [this] { ExportCommand(); };
   mnuExit.Click = [this] { Form::Unload(true); };
   mnuMixer.Click = Tool(18).Click = [this] { ShowMixer(); };
   mnuLanguages.Click = [this] {

@@ -35,6 +35,9 @@ class frmMain : public Form {
   MenuItem mnuSaveProfile{*this, "mnuSaveProfile"};
   MenuItem mnuSaveProfileAs{*this, "mnuSaveProfileAs"};
   MenuItem mnuFuleBar3{*this, "mnuFuleBar3"};
+  MenuItem mnuImport{*this, "mnuImport"};
+  MenuItem mnuExport{*this, "mnuExport"};
+  MenuItem mnuFileBar5{*this, "mnuFileBar5"};
   MenuItem mnuTemplate{*this, "mnuTemplate"};
   MenuItem mnuFileBar4{*this, "mnuFileBar4"};
   MenuItem mnuExit{*this, "mnuExit"};
@@ -161,8 +164,13 @@ class frmMain : public Form {
   bool SaveProfileCommand(bool saveAs);
   void LoadTemplateCommand();
   void SaveTemplateCommand();
-  /// Opens a plan, or loads a template into the active plan, by the file's extension. Says what is wrong.
+  /// Opens a plan, loads a template into the active plan or imports, by the file's extension. Says what is wrong.
   bool OpenFile(const std::filesystem::path& file);
+  /// A dive log or waypoints as a new plan, and what was simplified told (main_exchange.cpp).
+  void ImportCommand();
+  bool ImportPlan(const std::filesystem::path& file);
+  /// The series of the active plan as UDDF.
+  void ExportCommand();
   /// Closes a document window as its close control does. False when the user called it off.
   bool CloseDocument(std::int16_t document);
   /// Keeps copies of all plans with unsaved changes.

@@ -106,6 +106,25 @@ struct MixOptions {
 /// Prints what to fill into a cylinder: both results of the mixer and the list to fill by.
 int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err);
 
+struct ExportOptions {
+  std::string file;
+  std::string uddf;
+  int dive = 0;  ///< from 1; 0 for all
+};
+
+/// Writes a plan, or one of its dives, as UDDF.
+int ExportCommand(const ExportOptions& options, const OutputOptions& model, std::ostream& err);
+
+struct ImportOptions {
+  std::string file;
+  std::string output;
+  std::string templateName;  ///< a file, or a name in the template folder; empty for the default
+  int dive = 0;              ///< from 1; 0 for all
+};
+
+/// Turns a dive log (UDDF) or waypoints (CSV) into a profile file, and tells on `err` what was simplified.
+int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, std::ostream& err);
+
 /// The whole program.
 int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& folders, std::ostream& out,
                std::ostream& err);

@@ -114,6 +114,20 @@ Examples:
 An empty cylinder holds air at 1 bar (14.7 psi): pressures are absolute.
 )";
 
+constexpr const char* kExportExamples = R"(
+Examples:
+  tavplan export dives/lake-series.tav --uddf series.uddf
+  tavplan export dives/lake-series.tav --uddf second.uddf --dive 2
+)";
+
+constexpr const char* kImportExamples = R"(
+Examples:
+  tavplan import series.uddf -o series.tav   a plan that was exported, as it was
+  tavplan import log.uddf -o log.tav --dive 12 --template Imperial
+  tavplan import legs.csv -o legs.tav        depth,minutes,gas in each line
+A dive of a log becomes legs within a metre of its samples, and the ascent; what is simplified is told.
+)";
+
 constexpr const char* kFooter = R"(
 Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input.
 "tavplan COMMAND --help" gives the options and examples of a command.
@@ -227,6 +241,27 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   mix->add_flag("--json", mixOptions.json, "Print the figures as JSON");
   mix->footer(kMixExamples);
   mix->callback([&] { status = MixCommand(mixOptions, folders, out, err); });
+
+  ExportOptions exportPlan;
+  OutputOptions exportOptions;
+  CLI::App* exports = app.add_subcommand("export", "Write a plan as UDDF, for a dive log");
+  exports->add_option("FILE", exportPlan.file, "Profile file (.tav)")->required();
+  exports->add_option("--uddf", exportPlan.uddf, "The file to write")->required();
+  exports->add_option("--dive", exportPlan.dive, "One dive of a series, from 1; all if not given")
+      ->check(CLI::PositiveNumber);
+  AddModelOptions(*exports, exportOptions);
+  exports->footer(kExportExamples);
+  exports->callback([&] { status = ExportCommand(exportPlan, exportOptions, err); });
+
+  ImportOptions importLog;
+  CLI::App* imports = app.add_subcommand("import", "Make a plan of a dive log (UDDF) or of waypoints (CSV)");
+  imports->add_option("LOG", importLog.file, "UDDF, or CSV where the file's name ends in .csv")->required();
+  imports->add_option("-o,--output", importLog.output, "Profile file to write")->required();
+  imports->add_option("--template", importLog.templateName, "Template file, or a name in the template folder");
+  imports->add_option("--dive", importLog.dive, "One dive of the log, from 1; all if not given")
+      ->check(CLI::PositiveNumber);
+  imports->footer(kImportExamples);
+  imports->callback([&] { status = ImportCommand(importLog, folders, err); });
 
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

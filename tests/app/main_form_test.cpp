@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/properties.h"
+#include "plan/profile_commands.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
 
@@ -202,7 +203,8 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
                                            "mnuGenerateTables", "mnuMixer",
                                            "mnuPlanPane",       "mnuGoToPlan",
                                            "mnuViewCeiling",    "mnuViewStopMinutes",
-                                           "mnuViewDepths",     "mnuViewTissues"};
+                                           "mnuViewDepths",     "mnuViewTissues",
+                                           "mnuImport"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
@@ -441,6 +443,43 @@ TEST(Files, ABrokenPlanAddsNoWindow) {
   p.Main().mnuOpen.Choose();
   EXPECT_EQ(p.platform.documentWindows.size(), 1U);
   EXPECT_NE(p.platform.LastBox().text.find(file.string() + ":"), std::string::npos) << p.platform.LastBox().text;
+}
+
+TEST(Files, APlanGoesToADiveLogAndComesBackAsANewPlan) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("lake-series.tav").string()}));
+  const auto log = p.folder.Path() / "lake.uddf";
+  p.platform.filesChosen.push_back(log);
+  p.Main().mnuExport.Choose();
+  EXPECT_EQ(p.platform.fileDialogs.back().fileName, "lake-series.uddf");
+  const std::size_t windows = p.platform.documentWindows.size();
+  p.platform.filesChosen.push_back(log);
+  p.Main().mnuImport.Choose();
+  EXPECT_EQ(p.platform.documentWindows.size(), windows + 2);
+  EXPECT_EQ(p.Document().ProfileName, "lake.tav");
+  EXPECT_TRUE(p.Document().ProfileFolder.empty());
+  const std::int16_t first = p.Editor().getFirstProfile();
+  EXPECT_TRUE(p.Document(first).Modified);
+  EXPECT_EQ(ProfileFileText(p.program.Forms(), first), test::FileText(HeadlessProgram::Dive("lake-series.tav")));
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST(Files, AnImportSaysWhatItSimplifiedOrWhyItFails) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto log = p.folder.Path() / "log.uddf";
+  std::ofstream(log) << "<uddf><profiledata><repetitiongroup><dive><samples>"
+                        "<waypoint><depth>20</depth><divetime>100</divetime></waypoint>"
+                        "<waypoint><depth>20</depth><divetime>900</divetime></waypoint>"
+                        "</samples></dive></repetitiongroup></profiledata></uddf>";
+  EXPECT_TRUE(p.Main().OpenFile(log));
+  EXPECT_EQ(p.platform.documentWindows.size(), 2U);
+  EXPECT_NE(p.platform.LastBox().text.find("Dive 1: the log ends at 20.0 m"), std::string::npos)
+      << p.platform.LastBox().text;
+  std::ofstream(log) << "<uddf>";
+  EXPECT_FALSE(p.Main().OpenFile(log));
+  EXPECT_EQ(p.platform.documentWindows.size(), 2U);
+  EXPECT_NE(p.platform.LastBox().text.find(log.string() + ":1: "), std::string::npos) << p.platform.LastBox().text;
 }
 
 TEST(Files, RecentPlansAreInTheMenuNewestFirst) {

@@ -488,5 +488,40 @@ TEST_F(Tavplan, RefusesAComparisonThatCanNotBe) {
   EXPECT_EQ(std::count(Err().begin(), Err().end(), '\n'), 1);
 }
 
+TEST_F(Tavplan, APlanGoesOutAsUddfAndComesBack) {
+  const std::string uddf = (scratch_.Path() / "out.uddf").string();
+  const std::string back = (scratch_.Path() / "back.tav").string();
+  for (const char* dive : {"lake-series.tav", "rebreather.tav"}) {
+    EXPECT_EQ(Run({"export", Dive(dive), "--uddf", uddf}), ExitStatus::kFine) << Err();
+    EXPECT_EQ(Run({"import", uddf, "-o", back, "--template", "Imperial"}), ExitStatus::kFine) << Err();
+    EXPECT_EQ(Out() + Err(), "");
+    EXPECT_EQ(ReadTextFile(back), ReadTextFile(Dive(dive)));
+  }
+  EXPECT_EQ(Run({"export", Dive("lake-series.tav"), "--uddf", uddf, "--dive", "2"}), ExitStatus::kFine);
+  EXPECT_EQ(Run({"import", uddf, "-o", back}), ExitStatus::kFine);
+  EXPECT_EQ(ReadProfileFile(back).dives.size(), 1U);
+}
+
+TEST_F(Tavplan, AnImportTellsWhatItSimplifiedAndWritesNothingOfABrokenFile) {
+  const std::string legs = (scratch_.Path() / "legs.csv").string();
+  const std::string made = (scratch_.Path() / "made.tav").string();
+  WriteTextFile(legs, "30,20,EAN36\n5,3\n");
+  EXPECT_EQ(Run({"import", legs, "-o", made}), ExitStatus::kFine) << Err();
+  EXPECT_EQ(Run({"plan", made}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr("EAN36"));
+  const std::string log = (scratch_.Path() / "log.uddf").string();
+  EXPECT_EQ(Run({"export", Dive("wreck.tav"), "--uddf", log}), ExitStatus::kFine);
+  WriteTextFile(log, ReplaceAll(ReadTextFile(log), "<?tav-plan", "<?other-plan"));
+  EXPECT_EQ(Run({"import", log, "-o", made}), ExitStatus::kFine);
+  EXPECT_THAT(Err(), HasSubstr(log + ": Dive 1: 31 samples became 13 legs"));
+  const std::string before = ReadTextFile(made);
+  WriteTextFile(log, ReplaceAll(ReadTextFile(log), "<depth>", "<depth>-99"));
+  EXPECT_EQ(Run({"import", log, "-o", made}), ExitStatus::kUnusableInput);
+  EXPECT_THAT(Err(), AllOf(StartsWith(log + ":"), HasSubstr("\"depth\" must be a number")));
+  EXPECT_EQ(ReadTextFile(made), before);
+  EXPECT_EQ(Run({"import", Dive("wreck.tav"), "-o", made}), ExitStatus::kUnusableInput);
+  EXPECT_EQ(Run({"export", Dive("wreck.tav"), "--uddf", log, "--dive", "2"}), ExitStatus::kUnusableInput);
+}
+
 }  // namespace
 }  // namespace tav

@@ -1,0 +1,66 @@
+#include <cmath>
+
+#include "exchange/import.h"
+#include "exchange/uddf_export.h"
+#include "fuzz_support.h"
+#include "model/template_faults.h"
+#include "persist/template_file.h"
+#include "plan/profile_commands.h"
+#include "support/plan_fixture.h"
+
+using namespace tav;
+
+namespace {
+
+std::string Write(const ProfileText& profile) {
+  std::string text;
+  for (const DiveRecord& dive : profile.dives) {
+    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
+  }
+  return text;
+}
+
+/// Few and short dives: one case is to take milliseconds.
+bool IsSmall(const ProfileText& profile) {
+  if (profile.dives.size() > 3) return false;
+  for (const auto& [diveTemplate, interval, actions] : profile.dives) {
+    if (actions.GetLength() > 6) return false;
+    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+      if (actions.getDepth(i) > 20 * diveTemplate.StepSize) return false;
+    }
+  }
+  return true;
+}
+
+std::optional<ImportedDives> Read(const std::string& text, bool csv) {
+  const TextSource texts;
+  const DiveTemplate settings = ShippedDefaultTemplate();
+  try {
+    return csv ? ImportCsv("input.csv", text, settings, texts) : ImportUddf("input.uddf", text, settings, 0, texts);
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+// Any text gives plans that can be planned, or an error; what comes out is written as UDDF and read again unchanged.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  const bool csv = data[0] >= '0' && data[0] <= '9';
+  const auto imported = Read(ToUtf8(std::string(fuzz::Text(data, size))), csv);
+  if (!imported) return 0;
+  fuzz::Require(!imported->profile.dives.empty(), "an import has dives");
+  for (const DiveRecord& dive : imported->profile.dives) {
+    fuzz::Require(TemplateFaults(dive.Template).empty(), "its settings can be planned on");
+    fuzz::Require(PlanFaults(dive.UserActions, dive.Template).empty(), "its legs can be planned");
+  }
+  if (!IsSmall(imported->profile)) return 0;
+  test::Plans plans;
+  const auto documents = OpenProfile(plans.forms, "input.tav", imported->profile);
+  const std::string uddf = WriteUddf(plans.forms, documents, {"", {}});
+  const auto again = Read(uddf, false);
+  fuzz::Require(again.has_value(), "what is written is read");
+  fuzz::Require(Write(again->profile) == Write(imported->profile), "it is the same");
+  return 0;
+}

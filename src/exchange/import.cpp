@@ -1,0 +1,124 @@
+#include "exchange/import.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "exchange/exchange_texts.h"
+#include "exchange/log_plan.h"
+#include "exchange/uddf_reader.h"
+#include "model/number_text.h"
+#include "model/template_faults.h"
+#include "persist/text_file.h"
+
+namespace tav {
+namespace {
+
+class UddfImport {
+ public:
+  UddfImport(const std::filesystem::path& file, const UddfDocument& document, const DiveTemplate& settings)
+      : file_(file), document_(document), texts_(document.Texts()), log_(ReadDiveLog(document)), settings_(settings) {}
+
+  ImportedDives Run(int dive) {
+    const int dives = static_cast<int>(log_.dives.size());
+    if (dive < 0 || dive > dives) {
+      document_.Fail(0, exchange_text::kNoSuchDive, {std::to_string(dive), std::to_string(dives)});
+    }
+    for (const LoggedDive& logged : log_.dives) {
+      if (dive == 0 || logged.number == dive) Add(logged);
+    }
+    if (imported_.profile.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
+    FormatFaults faults(file_, FormatFaults::Mode::StopAtFirstError);
+    ReportSeriesFaults(imported_.profile, faults);
+    return std::move(imported_);
+  }
+
+ private:
+  void Add(const LoggedDive& logged) {
+    DiveRecord record;
+    if (!logged.plan.empty()) {
+      record = Plan(logged);
+    } else if (!PlanOfLog(logged, record)) {
+      return;
+    }
+    imported_.profile.dives.push_back(std::move(record));
+    DiveRecordLines& lines = imported_.profile.lines.emplace_back();
+    lines.block = logged.line;
+    before_ = &logged;
+  }
+
+  /// The plan that stands in the file.
+  [[nodiscard]] DiveRecord Plan(const LoggedDive& logged) const {
+    FormatFaults faults(file_, FormatFaults::Mode::StopAtFirstError);
+    try {
+      ProfileText text = ReadProfileText(logged.plan, faults);
+      if (text.dives.size() != 1) throw FileError(file_, 1, texts_.GetResString(exchange_text::kNoDive));
+      const auto found = TemplateFaults(text.dives.front().Template);
+      if (!found.empty()) throw FileError(file_, 1, JoinFaults(found));
+      return std::move(text.dives.front());
+    } catch (const FileError& error) {
+      throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1), error.Reason());
+    }
+  }
+
+  bool PlanOfLog(const LoggedDive& logged, DiveRecord& record) {
+    if (logged.samples.empty()) {
+      LeaveOut(logged);
+      return false;
+    }
+    const LogFault fault = LogPlanner(log_, settings_, texts_).Plan(logged, record, imported_.remarks);
+    if (fault.text == exchange_text::kNoSamples) {
+      LeaveOut(logged);
+      return false;
+    }
+    if (fault.text != 0) document_.Fail(logged.line, fault.text);
+    if (before_ != nullptr) record.SurfaceInterval = Interval(logged);
+    return true;
+  }
+
+  void LeaveOut(const LoggedDive& logged) {
+    imported_.remarks.push_back(texts_.Filled(exchange_text::kNoSamples, {std::to_string(logged.number)}));
+  }
+
+  /// Minutes at the surface after the dive before: as told, else by the clock.
+  double Interval(const LoggedDive& logged) {
+    if (logged.surfaceInterval) return *logged.surfaceInterval;
+    const auto tell = [&](int text, double minutes) {
+      const std::string written = FormatFixed(minutes, 0);
+      imported_.remarks.push_back(texts_.Filled(text, {std::to_string(logged.number), written}));
+      return minutes;
+    };
+    if (logged.startMinute && before_->startMinute && !before_->samples.empty()) {
+      const double minutes = *logged.startMinute - *before_->startMinute - before_->samples.back().minutes;
+      if (minutes >= 0) return tell(exchange_text::kIntervalFromClock, std::min(minutes, kMaximumSurfaceInterval));
+    }
+    return tell(exchange_text::kIntervalUnknown, logged.longInterval ? kMaximumSurfaceInterval : 0);
+  }
+
+  const std::filesystem::path& file_;
+  const UddfDocument& document_;
+  const TextSource& texts_;
+  DiveLog log_;
+  const DiveTemplate& settings_;
+  const LoggedDive* before_ = nullptr;
+  ImportedDives imported_;
+};
+
+}  // namespace
+
+ImportedDives ImportUddf(const std::filesystem::path& file, std::string text, const DiveTemplate& settings, int dive,
+                         const TextSource& texts) {
+  const UddfDocument document(file, std::move(text), texts);
+  return UddfImport(file, document, settings).Run(dive);
+}
+
+ImportedDives ImportFile(const std::filesystem::path& file, const DiveTemplate& settings, int dive,
+                         const TextSource& texts) {
+  std::string text = ReadTextFile(file);
+  std::string extension = file.extension().string();
+  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  std::transform(extension.begin(), extension.end(), extension.begin(), small);
+  if (extension == kCsvExtension) return ImportCsv(file, text, settings, texts);
+  return ImportUddf(file, std::move(text), settings, dive, texts);
+}
+
+}  // namespace tav

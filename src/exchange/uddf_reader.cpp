@@ -1,0 +1,195 @@
+#include "exchange/uddf_reader.h"
+
+#include <algorithm>
+#include <chrono>
+#include <map>
+#include <utility>
+
+#include "exchange/exchange_texts.h"
+#include "exchange/plan_instruction.h"
+#include "exchange/si_units.h"
+#include "model/number_text.h"
+#include "model/template_faults.h"
+
+namespace tav {
+namespace {
+
+using pugi::xml_node;
+
+constexpr double kDeepest = 500;             // m
+constexpr double kAboveSurface = -10;        // m: what a gauge that was not set to zero may show
+constexpr double kMostPressure = 1e8;        // Pa
+constexpr std::size_t kMostSamples = 50000;  // of a dive: 14 hours with one a second
+constexpr std::size_t kMostDives = 30000;
+constexpr std::size_t kMostMixes = 1000;
+constexpr std::size_t kMostTanks = 100;  // of a dive
+
+class Reader {
+ public:
+  explicit Reader(const UddfDocument& document) : document_(document) {}
+
+  DiveLog Run() {
+    ReadMixes();
+    for (const xml_node group : Child(document_.Root(), "profiledata").children()) {
+      if (!IsElement(group, "repetitiongroup")) continue;
+      for (const xml_node dive : group.children()) {
+        if (IsElement(dive, "dive")) ReadDive(dive);
+      }
+    }
+    if (log_.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
+    return std::move(log_);
+  }
+
+ private:
+  /// A share in per cent.
+  [[nodiscard]] double Share(xml_node mix, const char* gas) const {
+    const xml_node element = Child(mix, gas);
+    if (!element) return 0;
+    const double share = document_.Number(element, 0, 100);
+    return share > 1 ? share : share * 100;
+  }
+
+  void ReadMixes() {
+    for (const xml_node node : Child(document_.Root(), "gasdefinitions").children()) {
+      if (!IsElement(node, "mix")) continue;
+      if (log_.mixes.size() == kMostMixes) document_.Fail(node, exchange_text::kTooManyGases);
+      LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
+      if (Share(node, "ar") + Share(node, "h2") > 0.1) document_.Fail(node, exchange_text::kOtherGas);
+      const double nitrogen = Share(node, "n2");
+      if (!Child(node, "o2")) mix.o2 = 100 - nitrogen - mix.he;
+      constexpr double kRounding = 0.5;  // per cent
+      if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < 0) {
+        document_.Fail(node, exchange_text::kSharesBeyondWhole);
+      }
+      mix.o2 = std::min(mix.o2, 100.0);
+      mix.he = std::min(mix.he, 100 - mix.o2);
+      mixOfId_.emplace(node.attribute("id").value(), log_.mixes.size());
+      log_.mixes.push_back(std::move(mix));
+    }
+  }
+
+  void ReadDive(xml_node node) {
+    if (log_.dives.size() == kMostDives) document_.Fail(node, exchange_text::kTooManyDives);
+    LoggedDive& dive = log_.dives.emplace_back();
+    dive.number = static_cast<int>(log_.dives.size());
+    dive.line = document_.Line(node);
+    for (const xml_node child : node.children()) {
+      if (child.type() == pugi::node_pi && std::string_view(child.name()) == kPlanInstruction) {
+        dive.plan = UnescapePlan(child.value());
+        dive.planLine = document_.Line(child);
+      }
+      if (IsElement(child, "tankdata") && dive.tanks.size() < kMostTanks) ReadTank(child, dive);
+    }
+    // The plan says all; what stands beside it was made from it.
+    if (!dive.plan.empty()) return;
+    ReadBefore(Child(node, "informationbeforedive"), dive);
+    lastMinute_ = 0;
+    for (const xml_node sample : Child(node, "samples").children()) {
+      if (IsElement(sample, "waypoint")) ReadSample(sample, dive);
+    }
+  }
+
+  /// The mix that a link names.
+  [[nodiscard]] std::size_t Linked(xml_node link) const {
+    const std::string id = link.attribute("ref").value();
+    const auto found = mixOfId_.find(id);
+    if (found == mixOfId_.end()) document_.Fail(link, exchange_text::kUnknownGas, {id.substr(0, 40)});
+    return found->second;
+  }
+
+  void ReadTank(xml_node node, LoggedDive& dive) const {
+    LoggedDive::Tank tank;
+    for (const xml_node link : node.children()) {
+      const auto found = mixOfId_.find(link.attribute("ref").value());
+      if (IsElement(link, "link") && found != mixOfId_.end()) tank.mix = found->second;
+    }
+    if (const xml_node volume = Child(node, "tankvolume")) {
+      const double number = document_.Number(volume, 0, 1000);
+      tank.litres = number < 1 ? number * si::kLitresPerCubicMetre : number;
+    }
+    if (const xml_node pressure = Child(node, "tankpressurebegin")) {
+      const double number = document_.Number(pressure, 0, kMostPressure);
+      tank.bar = number > 1000 ? number / si::kPascalPerBar : number;
+    }
+    dive.tanks.push_back(tank);
+  }
+
+  /// "2026-05-01T09:30:00", with or without seconds; the zone is left aside, for a series is dived in one.
+  static std::optional<double> MinuteOf(const std::string& dateTime) {
+    const auto part = [&](std::size_t from, std::size_t count) {
+      const std::string text = from < dateTime.size() ? dateTime.substr(from, count) : "";
+      const bool digits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+      return digits ? static_cast<int>(ParseLenient(text)) : -1;
+    };
+    if (dateTime.size() < 16 || part(11, 2) < 0 || part(14, 2) < 0) return std::nullopt;
+    const std::chrono::year_month_day date(std::chrono::year(part(0, 4)),
+                                           std::chrono::month(static_cast<unsigned>(part(5, 2))),
+                                           std::chrono::day(static_cast<unsigned>(part(8, 2))));
+    if (!date.ok()) return std::nullopt;
+    const auto days = static_cast<double>(std::chrono::sys_days(date).time_since_epoch().count());
+    return days * 1440 + part(11, 2) * 60 + part(14, 2) + std::max(0, part(17, 2)) / 60.0;
+  }
+
+  void ReadBefore(xml_node before, LoggedDive& dive) const {
+    dive.startMinute = MinuteOf(TextOf(Child(before, "datetime")));
+    const xml_node interval = Child(before, "surfaceintervalbeforedive");
+    dive.longInterval = !Child(interval, "infinity").empty();
+    if (const xml_node passed = Child(interval, "passedtime")) {
+      dive.surfaceInterval =
+          document_.Number(passed, 0, kMaximumSurfaceInterval * si::kSecondsPerMinute) / si::kSecondsPerMinute;
+    }
+    if (const xml_node altitude = Child(before, "altitude")) dive.altitude = document_.Number(altitude, -500, 9000);
+    if (const xml_node pressure = Child(before, "surfacepressure")) {
+      const double number = document_.Number(pressure, 0.3, 200000);
+      dive.surfacePressure = number > 20 ? number / si::kPascalPerBar : number;
+    }
+    dive.rebreather = TextOf(Child(before, "apparatus")) == "rebreather";
+    for (const xml_node link : before.children()) {
+      const auto found = mixOfId_.find(link.attribute("ref").value());
+      if (IsElement(link, "link") && found != mixOfId_.end()) dive.switches.push_back({0, found->second});
+    }
+  }
+
+  void ReadSample(xml_node node, LoggedDive& dive) {
+    const xml_node time = Child(node, "divetime");
+    if (!time) document_.Fail(node, exchange_text::kNoDiveTime);
+    const double minutes = document_.Number(time, 0, kMaximumLegTime * si::kSecondsPerMinute) / si::kSecondsPerMinute;
+    if (minutes < lastMinute_) document_.Fail(time, exchange_text::kNotInOrder);
+    lastMinute_ = minutes;
+    ReadDepth(node, minutes, dive);
+    if (const xml_node link = Child(node, "switchmix")) dive.switches.push_back({minutes, Linked(link)});
+    if (const xml_node setpoint = Child(node, "setpo2")) {
+      const double number = document_.Number(setpoint, 0.1, 1e6);
+      dive.setpoints.push_back({minutes, number > 20 ? number / si::kPascalPerBar : number});
+    }
+    if (const xml_node mode = Child(node, "divemode")) {
+      const bool loop = std::string_view(mode.attribute("type").value()) == "closedcircuit";
+      dive.leavesLoop = dive.leavesLoop || (dive.rebreather && !loop) || (loop && !dive.rebreather && minutes > 0);
+      dive.rebreather = dive.rebreather || loop;
+    }
+  }
+
+  /// A sample without a depth tells an event between two others.
+  void ReadDepth(xml_node node, double minutes, LoggedDive& dive) const {
+    const xml_node depth = Child(node, "depth");
+    if (!depth) return;
+    if (dive.samples.size() == kMostSamples) {
+      document_.Fail(node, exchange_text::kTooManySamples, {std::to_string(kMostSamples)});
+    }
+    const double metres = std::max(0.0, document_.Number(depth, kAboveSurface, kDeepest));
+    // A dive begins at the surface, even where its log begins a moment later.
+    if (dive.samples.empty() && (minutes > 0 || metres > 0)) dive.samples.push_back({0, 0});
+    dive.samples.push_back({minutes, metres});
+  }
+
+  const UddfDocument& document_;
+  DiveLog log_;
+  double lastMinute_ = 0;  // of the dive at hand
+  std::map<std::string, std::size_t> mixOfId_;
+};
+
+}  // namespace
+
+DiveLog ReadDiveLog(const UddfDocument& document) { return Reader(document).Run(); }
+
+}  // namespace tav

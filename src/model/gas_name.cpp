@@ -1,0 +1,37 @@
+#include "model/gas_name.h"
+
+#include "model/number_text.h"
+
+namespace tav {
+
+std::optional<GasMix> MixOfName(const std::string& name) {
+  const auto number = [&](std::size_t from, std::size_t count = std::string::npos) {
+    return ParseStrict(std::string_view(name).substr(from, count));
+  };
+  if (name == "Oxygen") return GasMix{name, 100, 0, 0};
+  if (name.starts_with("EAN")) {
+    if (const auto o2 = number(3); o2 && *o2 > 0 && *o2 <= 100) return GasMix{name, *o2, 100 - *o2, 0};
+  }
+  if (name.starts_with("H")) {
+    if (const auto he = number(1); he && *he > 0 && *he < 100) return GasMix{name, 100 - *he, 0, *he};
+  }
+  const std::size_t slash = name.find('/');
+  if (name.starts_with("Tx") && slash != std::string::npos) {
+    const auto o2 = number(2, slash - 2);
+    const auto he = number(slash + 1);
+    if (o2 && he && *o2 > 0 && *he >= 0 && *o2 + *he <= 100) return GasMix{name, *o2, 100 - *o2 - *he, *he};
+  }
+  return std::nullopt;
+}
+
+std::string NameOfMix(Single O2, Single He) {
+  constexpr double kNone = 0.5;  // of a percent: what rounds to no nitrogen, or to no helium
+  const std::string oxygen = FormatFixed(O2, 0);
+  const std::string helium = FormatFixed(He, 0);
+  if (O2 > 100 - kNone) return "Oxygen";
+  if (He < kNone) return "EAN" + oxygen;
+  if (O2 + He > 100 - kNone) return "H" + helium;
+  return "Tx" + oxygen + "/" + helium;
+}
+
+}  // namespace tav

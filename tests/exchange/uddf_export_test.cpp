@@ -1,0 +1,194 @@
+#include "exchange/uddf_export.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+#include "exchange/import.h"
+#include "model/number_text.h"
+#include "plan/profile_commands.h"
+#include "support/plan_fixture.h"
+#include "support/random_plan.h"
+#include "support/random_records.h"
+#include "support/source_folder.h"
+
+namespace tav {
+namespace {
+
+const UddfOrigin kOrigin{"1.2.3", std::chrono::sys_days(std::chrono::year(2026) / 5 / 31) + std::chrono::hours(23)};
+
+std::string Text(const ProfileText& profile) {
+  std::string text;
+  for (const DiveRecord& dive : profile.dives) {
+    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
+  }
+  return text;
+}
+
+std::string Uddf(const ProfileText& profile) {
+  test::Plans plans;
+  return WriteUddf(plans.forms, OpenProfile(plans.forms, "plan.tav", profile), kOrigin);
+}
+
+std::string Back(const std::string& uddf) {
+  return Text(ImportUddf("plan.uddf", uddf, ShippedDefaultTemplate(), 0, TextSource()).profile);
+}
+
+TEST(UddfExport, EveryPlanComesBackAsItWas) {
+  for (const auto& entry : std::filesystem::directory_iterator(SourceFolder() / "tests/data/vectors")) {
+    if (entry.path().extension() != kProfileExtension) continue;
+    const ProfileText profile = ReadProfileFile(entry.path());
+    EXPECT_EQ(Back(Uddf(profile)), Text(profile)) << entry.path();
+  }
+  std::mt19937 random(14);
+  for (int i = 0; i < 100; ++i) {
+    ProfileText profile;
+    for (std::size_t dives = 1 + random() % 3; dives > 0; --dives) {
+      const test::RandomPlan plan = test::MakePlan(random);
+      profile.dives.push_back({plan.settings, static_cast<double>(random() % 500), plan.actions});
+    }
+    EXPECT_EQ(Back(Uddf(profile)), Text(profile));
+  }
+}
+
+TEST(UddfExport, NamesThatXmlCanNotHoldComeBack) {
+  for (const std::string name :
+       {"a?>b", "<&>\"'", "50% off", "%3F", "Tx 18/45 ö€", "\x01\x1F\x7F", "a\t?b", "\xEF\xBF\xBF", "]]>", "--"}) {
+    ProfileText profile;
+    DiveRecord& dive = profile.dives.emplace_back();
+    dive.Template = ShippedDefaultTemplate();
+    dive.Template.Blends[1].Name = name;
+    dive.Template.Cylinders.push_back({name, 2, 12, 0, 200, 50});
+    dive.UserActions.NewAction();
+    dive.UserActions.setuser(1, 20, 20, 1);
+    const std::string uddf = Uddf(profile);
+    EXPECT_EQ(Back(uddf), Text(profile)) << name;
+    // Tab and line end alone of the control characters are in XML.
+    const auto forbidden = [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\t'; };
+    EXPECT_TRUE(std::none_of(uddf.begin(), uddf.end(), forbidden)) << name;
+    EXPECT_TRUE(pugi::xml_document().load_string(uddf.c_str())) << name;
+  }
+}
+
+/// The order in which the schema wants the children of an element.
+void ExpectOrder(pugi::xml_node node, const std::vector<std::string>& order) {
+  std::size_t at = 0;
+  for (const pugi::xml_node child : node.children()) {
+    if (child.type() != pugi::node_element) continue;
+    while (at < order.size() && order[at] != child.name()) ++at;
+    EXPECT_LT(at, order.size()) << node.path() << ": " << child.name() << " is not there, or out of order";
+  }
+}
+
+class WrittenFile : public testing::Test {
+ protected:
+  void Load(const char* file) { Load(ReadProfileFile(SourceFolder() / file)); }
+  void Load(const ProfileText& profile) {
+    documents_ = OpenProfile(plans_.forms, "plan.tav", profile);
+    ASSERT_TRUE(file_.load_string(WriteUddf(plans_.forms, documents_, kOrigin).c_str()));
+  }
+  [[nodiscard]] pugi::xml_node Root() const { return file_.child("uddf"); }
+  [[nodiscard]] std::vector<pugi::xml_node> Dives() const {
+    const auto dives = Root().child("profiledata").child("repetitiongroup").children("dive");
+    return {dives.begin(), dives.end()};
+  }
+  [[nodiscard]] std::string MixName(const std::string& id) const {
+    return Root().child("gasdefinitions").find_child_by_attribute("mix", "id", id.c_str()).child_value("name");
+  }
+
+  test::Plans plans_;
+  std::vector<std::int16_t> documents_;
+  pugi::xml_document file_;
+};
+
+TEST_F(WrittenFile, KeepsTheOrderOfTheSchema) {
+  for (const char* file : {"dives/trimix-100.tav", "dives/rebreather.tav", "dives/lake-series.tav"}) {
+    Load(file);
+    EXPECT_STREQ(Root().attribute("xmlns").value(), "http://www.streit.cc/uddf/3.2/");
+    ExpectOrder(Root(), {"generator", "gasdefinitions", "profiledata"});
+    for (const pugi::xml_node dive : Dives()) {
+      ExpectOrder(dive, {"informationbeforedive", "tankdata", "samples", "informationafterdive"});
+      ExpectOrder(dive.child("informationbeforedive"),
+                  {"datetime", "surfaceintervalbeforedive", "altitude", "apparatus", "surfacepressure"});
+      for (const pugi::xml_node sample : dive.child("samples").children()) {
+        ExpectOrder(sample,
+                    {"decostop", "calculatedpo2", "depth", "divetime", "otu", "setpo2", "switchmix", "divemode"});
+      }
+      for (const char* required : {"greatestdepth", "diveduration"}) {
+        EXPECT_TRUE(dive.child("informationafterdive").child(required)) << required;
+      }
+    }
+  }
+}
+
+TEST_F(WrittenFile, HasASampleForEveryRowInSiWithItsGas) {
+  Load("tests/data/vectors/feet-air.tav");
+  const ClassProfile& rows = plans_.forms(documents_.front()).InputProfile;
+  std::string gas;
+  std::int16_t row = 0;
+  for (const pugi::xml_node sample : Dives().front().child("samples").children()) {
+    EXPECT_NEAR(sample.child("depth").text().as_double(), rows.getDepth(row) * 0.3048, 1e-4) << row;
+    EXPECT_NEAR(sample.child("divetime").text().as_double(), rows.GetRunTime(row) * 60, 1e-2) << row;
+    if (row > 0) {
+      EXPECT_NEAR(sample.child("calculatedpo2").text().as_double(), rows.GetPPO2(row) * 101325, 0.1) << row;
+      EXPECT_EQ(gas, rows.GetGasMixName(row)) << row;
+    }
+    if (sample.child("switchmix")) gas = MixName(sample.child("switchmix").attribute("ref").value());
+    const auto next = static_cast<std::int16_t>(row + 1);
+    const bool stop = row < rows.GetLength() && rows.GetStatus(next) == RowStatus::kStop;
+    ASSERT_EQ(!sample.child("decostop").empty(), stop) << row;
+    if (stop) {
+      EXPECT_NEAR(sample.child("decostop").attribute("duration").as_double(), rows.getStopTime(next) * 60, 1e-3);
+    }
+    ++row;
+  }
+  EXPECT_EQ(row, rows.GetLength() + 1);
+}
+
+TEST_F(WrittenFile, TellsSetpointsAndTheChangeToOpenCircuit) {
+  ProfileText profile = ReadProfileFile(SourceFolder() / "dives/rebreather.tav");
+  DiveTemplate& settings = profile.dives.front().Template;
+  settings.Setpoint = 1.2;
+  settings.DecoSetpoint = 1.4;
+  for (const bool ocDeco : {false, true}) {
+    settings.OCDeco = ocDeco;
+    Load(profile);
+    std::string told;
+    for (const pugi::xml_node sample : Dives().front().child("samples").children()) {
+      told += sample.child("setpo2") ? std::string(sample.child_value("setpo2")) + " " : "";
+      told += sample.child("divemode") ? std::string(sample.child("divemode").attribute("type").value()) + " " : "";
+    }
+    const std::string start = "120000 closedcircuit ";
+    EXPECT_EQ(told.substr(0, start.size()), start);
+    EXPECT_EQ(told.find("140000") != std::string::npos, !ocDeco) << told;
+    EXPECT_EQ(told.find("opencircuit") != std::string::npos, ocDeco) << told;
+  }
+}
+
+TEST_F(WrittenFile, TellsCylindersByTheWaterThatTheyHold) {
+  ProfileText profile = ReadProfileFile(SourceFolder() / "dives/nitrox.tav");
+  // An 80 cubic foot cylinder rated at 3000 psi holds 11.1 l of water.
+  profile.dives.front().Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}, {"Air", 1, 80, 3000, 2900, 500}};
+  Load(profile);
+  std::vector<std::string> tanks;
+  for (const pugi::xml_node tank : Dives().front().children("tankdata")) {
+    tanks.push_back(MixName(tank.child("link").attribute("ref").value()) + " " +
+                    FormatFixed(tank.child("tankvolume").text().as_double() * 1000, 1) + " " +
+                    FormatFixed(tank.child("tankpressurebegin").text().as_double() / 100000, 1));
+  }
+  EXPECT_EQ(tanks, (std::vector<std::string>{"EAN32 12.0 200.0", "EAN32 12.0 200.0", "Air 11.1 199.9"}));
+}
+
+TEST_F(WrittenFile, ALaterDiveFollowsItsSurfaceInterval) {
+  Load("dives/lake-series.tav");
+  const auto before = [&](std::size_t i) { return Dives().at(i).child("informationbeforedive"); };
+  EXPECT_STREQ(before(0).child_value("datetime"), "2026-05-31T23:00:00Z");
+  EXPECT_TRUE(before(0).child("surfaceintervalbeforedive").child("infinity"));
+  EXPECT_STREQ(before(1).child("surfaceintervalbeforedive").child_value("passedtime"), "7200");
+  const ClassProfile& first = plans_.forms(documents_.front()).InputProfile;
+  EXPECT_EQ(FormatFixed(first.GetRunTime(first.GetLength()), 0), "42");
+  EXPECT_STREQ(before(1).child_value("datetime"), "2026-06-01T01:42:00Z");
+}
+
+}  // namespace
+}  // namespace tav
