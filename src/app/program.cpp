@@ -63,9 +63,8 @@ void Program::ReadCommandLine(const std::vector<std::string>& arguments) {
   }
 }
 
-void Program::Delay(double seconds) {
-  const double start = platform_.screen.Timer();
-  while (platform_.screen.Timer() - start < seconds) platform_.screen.WaitForEvents();
+void Program::StaySplash(const Form& splash, double until) {
+  while (splash.IsLoaded() && platform_.screen.Timer() < until) platform_.screen.WaitForEvents();
 }
 
 bool Program::Main(const std::vector<std::string>& arguments) {
@@ -79,7 +78,8 @@ bool Program::Main(const std::vector<std::string>& arguments) {
 
   const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));
   platform_.windows.Show(splash);
-  Delay(1);
+  const double until = platform_.screen.Timer() + 1;
+  platform_.screen.DoEvents();  // it is seen while the rest is loaded
   frmLiability notice(platform_, texts_);
   mainForm_ = std::make_unique<frmMain>(MainServices{forms_, platform_, texts_, model_, folders_, switches_, language_,
                                                      history_, recent_, recovery_, view_, report_, tables_, runs_,
@@ -90,6 +90,7 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   view_.Place({Twips(settings, "MainLeft", usual.left), Twips(settings, "MainTop", usual.top),
                Twips(settings, "MainWidth", usual.width), Twips(settings, "MainHeight", usual.height)});
   mainForm_->Load();
+  StaySplash(*splash, until);
   splash->Unload();
   platform_.windows.ShowModal(notice);
   if (!notice.Agreed()) {

@@ -56,8 +56,8 @@ class Program {
 
   bool LoadLanguageOfUser();
   void ReadCommandLine(const std::vector<std::string>& arguments);
-  /// Waits, and lets pending events run.
-  void Delay(double seconds);
+  /// Lets the splash stand until that moment of the screen, or until the user ends it.
+  void StaySplash(const Form& splash, double until);
 
   Platform platform_;
   MainView& view_;

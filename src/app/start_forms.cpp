@@ -12,7 +12,9 @@ bool SoundIsOn(const SettingsStore& settings) {
 }
 
 frmSplash::frmSplash(Platform platform, std::filesystem::path soundFile)
-    : Form("frmSplash"), platform_(std::move(platform)), soundFile_(std::move(soundFile)) {}
+    : Form("frmSplash"), platform_(std::move(platform)), soundFile_(std::move(soundFile)) {
+  AnyInput = [this] { Unload(true); };
+}
 
 void frmSplash::Form_Load() {
   Caption = "TAV";

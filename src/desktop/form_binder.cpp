@@ -110,6 +110,14 @@ class FormDialog : public QDialog {
   }
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (form_ != nullptr && form_->AnyInput) return form_->AnyInput();
+    QDialog::keyPressEvent(event);
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    if (form_ != nullptr && form_->AnyInput) return form_->AnyInput();
+    QDialog::mousePressEvent(event);
+  }
   void resizeEvent(QResizeEvent* event) override {
     QDialog::resizeEvent(event);
     if (form_ == nullptr || form_->Width == 0 || isMaximized()) return;

@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QSysInfo>
 #include <QTimer>
+#include <optional>
 
 #include "app/program.h"
 #include "desktop/graph_view.h"
@@ -11,6 +12,7 @@
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "desktop/silent_pdf.h"
+#include "desktop/start_check.h"
 #include "platform/arial_measure.h"
 
 namespace {
@@ -33,6 +35,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("TAV"));
   QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
+  QGuiApplication::setDesktopFileName(QStringLiteral("tav"));  // by which a desktop finds the icon of a window
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setAttribute(Qt::AA_DontShowIconsInMenus);
 
@@ -58,6 +61,9 @@ int main(int argc, char** argv) {
   window.makeGraph = [&](std::int16_t document) { return tav::MakeGraphView(program, document); };
   std::vector<std::string> arguments;
   for (const QString& argument : QApplication::arguments().mid(1)) arguments.push_back(tav::FromQt(argument));
+
+  std::optional<tav::StartCheck> check;
+  if (std::erase(arguments, tav::StartCheck::kOption) > 0) check.emplace(window);
 
   // Within the event loop, so that what the start shows is handled like everything else.
   QTimer::singleShot(0, [&] {

@@ -40,6 +40,8 @@ class Form {
   std::function<void()> ContextMenu;
   /// The pointer moves over the window, but over none of its frames.
   std::function<void()> MouseMove;
+  /// The user pressed a key or a mouse button in the window, at no control that takes it.
+  std::function<void()> AnyInput;
   /// The window is no larger than what it shows, in place of the size that it was designed with.
   bool FitsContent = false;
   /// A string ID in decimal: LocalizeForm puts its text into the caption.

@@ -20,9 +20,9 @@ class Screen {
   [[nodiscard]] virtual Room AvailableRoom() const = 0;
   /// Handles the events that are pending.
   virtual void DoEvents() = 0;
-  /// Handles events until some have come or a little time has passed, for Delay.
+  /// Handles events until some have come or a little time has passed, for waiting.
   virtual void WaitForEvents() = 0;
-  /// Seconds since some fixed moment, for Delay.
+  /// Seconds since some fixed moment, for waiting.
   [[nodiscard]] virtual double Timer() const = 0;
 };
 

@@ -202,6 +202,22 @@ TEST(Windows, ReturnAgreesToTheNotice) {
   EXPECT_FALSE(notice.IsLoaded());
 }
 
+TEST(Windows, AnyKeyOrClickEndsTheSplash) {
+  for (const bool byKey : {true, false}) {
+    Forms all;
+    auto& splash = all.Of<frmSplash>();
+    const auto dialog = MakeDialog(splash, nullptr);
+    splash.Load();
+    dialog->show();
+    if (byKey) {
+      QTest::keyClick(dialog.get(), Qt::Key_Space);
+    } else {
+      QTest::mouseClick(dialog->findChild<QLabel*>(QStringLiteral("Picture1")), Qt::LeftButton);
+    }
+    EXPECT_FALSE(splash.IsLoaded() || dialog->isVisible()) << byKey;
+  }
+}
+
 TEST(Windows, TabReachesEachButtonThatAddsAMixAndNoFieldOfAResult) {
   Forms all;
   auto& form = all.Of<frmWaypointForm>();
