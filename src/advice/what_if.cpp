@@ -11,6 +11,8 @@ namespace {
 using Kind = WhatIfColumn::Kind;
 
 constexpr double kNoise = 1e-3;  // litres or cubic feet, far below what is shown
+constexpr int kNoLegs = 7886;
+constexpr int kNeverUnderWater = 7758;
 
 /// How much a bail-out asks for; the more, the worse.
 struct Demand {
@@ -99,7 +101,7 @@ WhatIf::WhatIf(DocumentForms& forms, std::int16_t document)
     if (actions_.getaction(i) != ClassUseractions::kLeg) continue;
     if (deepest_ == 0 || actions_.getDepth(i) >= actions_.getDepth(deepest_)) deepest_ = i;
   }
-  if (fault_.empty() && deepest_ == 0) fault_ = "the plan has no legs";
+  if (fault_.empty() && deepest_ == 0) fault_ = forms.Services().texts.GetResString(kNoLegs);
   if (!fault_.empty()) return;
   addsAscent_ = window.State() != EditState::Ascent;
   if (addsAscent_) {
@@ -176,9 +178,10 @@ WhatIfColumn WhatIf::BailOut() {
       return cut.decompresses;  // nothing is worse than what never ends
     });
   } catch (const std::runtime_error& error) {
-    worst.fault = error.what();
+    worst.fault = forms_.Services().texts.Words(error);
   }
-  if (worst.fault.empty() && worst.rows.GetLength() == 0) worst.fault = "no whole minute of the plan is under water";
+  if (worst.fault.empty() && worst.rows.GetLength() == 0)
+    worst.fault = forms_.Services().texts.GetResString(kNeverUnderWater);
   worst.gas = GasNeeds(worst.rows, plan_.Template);
   return worst;
 }

@@ -113,7 +113,8 @@ struct ExportOptions {
 };
 
 /// Writes a plan, or one of its dives, as UDDF.
-int ExportCommand(const ExportOptions& options, const OutputOptions& model, std::ostream& err);
+int ExportCommand(const ExportOptions& options, const OutputOptions& model, const ProgramFolders& folders,
+                  std::ostream& err);
 
 struct ImportOptions {
   std::string file;

@@ -1,8 +1,8 @@
 #include <chrono>
 #include <ostream>
 
-#include "app/language_table.h"
 #include "app/start_up.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_session.h"
@@ -11,9 +11,11 @@
 
 namespace tav {
 
-int ExportCommand(const ExportOptions& options, const OutputOptions& model, std::ostream& err) {
+int ExportCommand(const ExportOptions& options, const OutputOptions& model, const ProgramFolders& folders,
+                  std::ostream& err) {
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
-    PlanSession session;
+    PlanSession session(texts);
     session.Model() = {model.vpm, model.hybrid};
     auto documents = OpenProfile(session.Forms(), options.file, ReadPlannable(options.file));
     const int dives = static_cast<int>(documents.size());
@@ -33,21 +35,21 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, std:
     WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
     return ExitStatus::kUnusableInput;
   }
 }
 
 int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, std::ostream& err) {
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
-    const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
     DocumentStore documents;
-    const std::string fault = InitDocuments(documents, folders);
+    const auto fault = InitDocuments(documents, folders);
     DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;
     if (!options.templateName.empty()) {
       LoadPlannable(settings, options.templateName, folders);
-    } else if (!fault.empty()) {
-      err << fault << "; the built-in settings stand in\n";
+    } else if (fault) {
+      err << texts.Words(*fault) << "; the built-in settings stand in\n";
     }
     const ImportedDives imported = ImportFile(options.file, settings, options.dive, texts);
     std::string text;
@@ -58,7 +60,7 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
     for (const std::string& remark : imported.remarks) err << options.file << ": " << remark << "\n";
     return ExitStatus::kFine;
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
     return ExitStatus::kUnusableInput;
   }
 }

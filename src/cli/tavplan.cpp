@@ -251,7 +251,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
       ->check(CLI::PositiveNumber);
   AddModelOptions(*exports, exportOptions);
   exports->footer(kExportExamples);
-  exports->callback([&] { status = ExportCommand(exportPlan, exportOptions, err); });
+  exports->callback([&] { status = ExportCommand(exportPlan, exportOptions, folders, err); });
 
   ImportOptions importLog;
   CLI::App* imports = app.add_subcommand("import", "Make a plan of a dive log (UDDF) or of waypoints (CSV)");

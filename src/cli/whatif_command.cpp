@@ -4,7 +4,7 @@
 
 #include "advice/plan_slate.h"
 #include "advice/what_if_table.h"
-#include "app/language_table.h"
+#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
 #include "cli/plan_input.h"
@@ -61,10 +61,10 @@ std::string ColumnsJson(const std::vector<WhatIfColumn>& columns) {
 
 int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, const ProgramFolders& folders,
                   std::ostream& out, std::ostream& err) {
-  PlanSession session;
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  PlanSession session(texts);
   try {
     ApplyOptions(options, session);
-    const LanguageTable texts = DefaultTexts(folders.ProgramFolder());
     const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file));
     const std::int16_t document = ChosenDive(whatIf.dive, documents);
     WhatIf plan(session.Forms(), document);
@@ -95,9 +95,9 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
     }
     return columns.front().decompresses ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
-    err << "tavplan whatif: " << error.what() << "\n";
+    err << "tavplan whatif: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << error.what() << "\n";
+    err << texts.Words(error) << "\n";
   }
   return ExitStatus::kUnusableInput;
 }

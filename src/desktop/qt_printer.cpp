@@ -85,11 +85,7 @@ class PdfJob : private PdfDevice, public SheetJob<QPdfWriter> {
 
   void EndDoc() override {
     End();
-    try {
-      WriteTextFile(file_, WithPageLabels(bytes.data().toStdString()));
-    } catch (const FileError& error) {
-      throw std::runtime_error(error.what());
-    }
+    WriteTextFile(file_, WithPageLabels(bytes.data().toStdString()));
   }
 
  private:

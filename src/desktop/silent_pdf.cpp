@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/program_folders.h"
+#include "app/user_texts.h"
 #include "desktop/qt_printer.h"
 #include "report/page_player.h"
 
@@ -38,7 +40,7 @@ int SilentPdf(int argc, char** argv) {
     PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
                                  {[](int) {}, [] { return false; }});
   } catch (const std::exception& error) {
-    return Fail(error.what());
+    return Fail(LazyTexts(ProgramFolders::OfThisProgram().ProgramFolder(), LazyTexts::Language::User).Words(error));
   }
   return 0;
 }

@@ -157,7 +157,7 @@ class OneDive {
         return other == cylinder;
       });
       if (same != cylinders.end()) cylinder.Count = static_cast<std::int16_t>(std::min(same->Count + 1, 1000));
-      if (!CylinderFault(cylinder).empty()) {
+      if (!CylinderFault(cylinder).IsEmpty()) {
         leftOut = true;
       } else if (same != cylinders.end()) {
         *same = cylinder;

@@ -140,7 +140,7 @@ void PrintPrev::SavePdf() {
     PagePlayer(report_.Pages())
         .PrintPages(1, pageMax_, *platform_.printer.StartPdf(file, Title()), {[](int) {}, [] { return false; }});
   } catch (const std::runtime_error& error) {
-    fault = error.what();
+    fault = report_.Texts().Words(error);
   }
   platform_.screen.ShowHourglass(false);
   if (!fault.empty()) platform_.boxes.Show(T(7214) + "\r\n" + fault, Caption, BoxIcon::Stop, BoxButtons::OK);

@@ -79,7 +79,8 @@ void PrintPrint::PrintRange(int first, int last) {
                        [&] { return cancelPrint_; }});
     }
   } catch (const std::runtime_error& error) {
-    platform_.boxes.Show(T(kPrinterFailed) + "\r\n" + error.what(), T(kTitle), BoxIcon::Stop, BoxButtons::OK);
+    platform_.boxes.Show(T(kPrinterFailed) + "\r\n" + report_.Texts().Words(error), T(kTitle), BoxIcon::Stop,
+                         BoxButtons::OK);
   }
   platform_.screen.ShowHourglass(false);
   Command2.Bold = false;
