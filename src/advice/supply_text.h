@@ -27,4 +27,8 @@ std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rm
 /// All of it in two tables; both without rows when there is no supply.
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words);
 
+/// The tables of a computed dive with the cylinders of its template.
+SupplyTables SupplyTablesOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
+                            const TextSource& texts, const LocaleSeparators& separators);
+
 }  // namespace tav

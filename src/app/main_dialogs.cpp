@@ -3,6 +3,7 @@
 #include "app/main_form.h"
 #include "dialogs/bailout_start.h"
 #include "dialogs/conservatism.h"
+#include "dialogs/cylinders.h"
 #include "dialogs/edit_template.h"
 #include "dialogs/multi_level.h"
 #include "dialogs/table_expert.h"
@@ -21,6 +22,13 @@ DialogServices frmMain::Dialogs() {
 
 void frmMain::ShowConservatism_Click() {
   frmConservatism dialog(Dialogs());
+  services_.platform.windows.ShowModal(dialog);
+  SyncCommands();
+}
+
+void frmMain::ShowCylinders() {
+  if (!Active()) return;
+  frmCylinders dialog(Dialogs());
   services_.platform.windows.ShowModal(dialog);
   SyncCommands();
 }

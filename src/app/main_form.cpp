@@ -147,10 +147,27 @@ void frmMain::SyncCommands() {
   mnuUndo.Enabled = active && services_.history.CanUndo(*active);
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
   // Settings can be edited, loaded and saved without a plan: they are then those of new plans.
-  for (Control* command : std::initializer_list<Control*>{
-           &mnuClose, &mnuSaveProfile, &mnuSaveProfileAs, &mnuExport, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC,
-           &mnuWindowCascade, &mnuWindowTileHorizontal, &mnuWindowTileVertical, &mnuWindowArrangeIcons, &mnuResetZoom,
-           &mnuExportPng, &mnuExportSvg, &mnuGeneralReport, &mnuSlate, &mnuWhatIf, &Tool(3), &Tool(9), &Tool(13)}) {
+  for (Control* command : std::initializer_list<Control*>{&mnuClose,
+                                                          &mnuSaveProfile,
+                                                          &mnuSaveProfileAs,
+                                                          &mnuExport,
+                                                          &mnuAddWaypoint,
+                                                          &mnuPopupAddWaypoint,
+                                                          &mnuOC,
+                                                          &mnuWindowCascade,
+                                                          &mnuWindowTileHorizontal,
+                                                          &mnuWindowTileVertical,
+                                                          &mnuWindowArrangeIcons,
+                                                          &mnuResetZoom,
+                                                          &mnuExportPng,
+                                                          &mnuExportSvg,
+                                                          &mnuGeneralReport,
+                                                          &mnuSlate,
+                                                          &mnuWhatIf,
+                                                          &mnuCylinders,
+                                                          &Tool(3),
+                                                          &Tool(9),
+                                                          &Tool(13)}) {
     command->Enabled = active.has_value();
   }
   ListPlans();
@@ -169,7 +186,8 @@ void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
   enable({&mnuConservatism, &ShowConservatism, &Tool(5), &mnuTemplate, &Tool(11), &mnuLoadTemplate}, !held);
   if (!held) return;
   enable({&mnuStartAscent, &Tool(6), &mnuSurface, &Tool(16), &mnucleardecopoints, &mnuclearlastwaypoint,
-          &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuOC, &Tool(9)},
+          &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuCylinders, &mnuOC,
+          &Tool(9)},
          false);
 }
 
@@ -217,6 +235,7 @@ void frmMain::WirePlanCommands() {
   mnuVPM.Click = [this] { mnuVPM_Click(); };
   mnuHybrid.Click = [this] { mnuHybrid_Click(); };
   mnuConservatism.Click = ShowConservatism.Click = Tool(5).Click = [this] { ShowConservatism_Click(); };
+  mnuCylinders.Click = [this] { ShowCylinders(); };
   mnuOC.Click = Tool(9).Click = [this] { SetBreathingMode(!OpenCircuitMode, true); };
   mnuStartAscent.Click = Tool(6).Click = [this] { StartAscent(); };
   mnuSurface.Click = Tool(16).Click = [this] { ShowMultiLevel(); };

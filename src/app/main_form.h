@@ -66,6 +66,7 @@ class frmMain : public Form {
   MenuItem mnuHybrid{*this, "mnuHybrid"};
   MenuItem mnusep{*this, "mnusep"};
   MenuItem mnuConservatism{*this, "mnuConservatism"};
+  MenuItem mnuCylinders{*this, "mnuCylinders"};
   MenuItem mnuOC{*this, "mnuOC"};
   MenuItem mnuStartAscent{*this, "mnuStartAscent"};
   MenuItem mnuspe10{*this, "mnuspe10"};
@@ -135,6 +136,7 @@ class frmMain : public Form {
   void SetConstPPO(bool apply);
   void ApplyToProfile();
   void ShowConservatism_Click();
+  void ShowCylinders();
   void ShowMultiLevel();
   void ShowBailout(bool modal);
   void ShowTableExpert();

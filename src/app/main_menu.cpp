@@ -60,6 +60,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuHybrid, 2, "1026", ""},
     {&frmMain::mnusep, 1, kRule, ""},
     {&frmMain::mnuConservatism, 1, "1024", "Ctrl+R"},
+    {&frmMain::mnuCylinders, 1, "7659", "Ctrl+U"},
     {&frmMain::mnuOC, 1, "1107", "F4"},
     {&frmMain::mnuStartAscent, 1, "1105", "F8"},
     {&frmMain::mnuspe10, 1, kRule, ""},

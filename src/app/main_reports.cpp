@@ -1,6 +1,7 @@
 // The commands of the main window that show and report what was computed.
 
 #include "advice/plan_slate.h"
+#include "advice/supply_text.h"
 #include "app/main_form.h"
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
@@ -65,7 +66,10 @@ void frmMain::ShowGeneralReport() {
   services_.platform.windows.Show(wait);
   services_.platform.screen.DoEvents();
   GeneralReport report(services_.report, Marks(), [&wait](const std::string& step) { wait->Label1.Caption = step; });
-  WriteLongReport(report, services_.forms, *active, *all);
+  const SupplyChoice choice = ReadSupplyChoice(services_.platform.settings);
+  WriteLongReport(report, services_.forms, *active, *all, [&](std::int16_t dive) {
+    return SupplyTablesOf(services_.forms, dive, choice, services_.texts, services_.platform.separators);
+  });
   services_.report.documentName = Document(*active).ProfileName;
   report.ShowLongReport();
   wait->Unload();

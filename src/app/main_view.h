@@ -59,6 +59,8 @@ class MainView {
   virtual std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) = 0;
   /// The child window of a document: its graph.
   virtual void ResetZoom(std::int16_t document) = 0;
+  /// Marks rows in the graph of a document; 0 to 0 marks none.
+  virtual void SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) = 0;
   /// In all graphs, those to come too, the plan fills the window, or has room to grow.
   virtual void FitPlan(bool fit) = 0;
   /// What all graphs show beside the plan, those to come too.

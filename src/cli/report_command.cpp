@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "advice/plan_slate.h"
+#include "advice/supply_text.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
@@ -42,7 +43,9 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen, wholeSeries);
     } else {
       GeneralReport pages(output.Pages(), marks, nullptr);
-      WriteLongReport(pages, session.Forms(), chosen, wholeSeries);
+      WriteLongReport(pages, session.Forms(), chosen, wholeSeries, [&](std::int16_t dive) {
+        return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
+      });
     }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;

@@ -133,6 +133,19 @@ void GraphView::Redraw() {
   setAccessibleDescription(ToQt(graph_.Description()));
 }
 
+void GraphView::SelectRows(std::int16_t first, std::int16_t last) {
+  graph_.SelectRows(first, last);
+  if (const auto span = graph_.SelectedSpan()) {
+    constexpr int kMargin = 30;
+    const int from = Pixels(span->first) - kMargin;
+    const int to = Pixels(span->second) + kMargin;
+    // The end first, so that the beginning is seen of what is wider than the view.
+    if (to > scrollBar_->value() + grid_->width()) scrollBar_->setValue(to - grid_->width());
+    if (from < scrollBar_->value()) scrollBar_->setValue(from);
+  }
+  Redraw();
+}
+
 void GraphView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   LayOut();

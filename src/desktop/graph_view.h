@@ -37,6 +37,8 @@ class GraphView : public QWidget, public GraphWindow {
   /// A dashed line over the plot; empty takes it away.
   void ShowOverlay(const std::vector<PlotPoint>& line);
   void ResetZoom();
+  /// Marks rows and brings them into sight; 0 to 0 marks none.
+  void SelectRows(std::int16_t first, std::int16_t last);
   /// Whether the plan fills the window, or has room to grow.
   void FitPlan(bool fit);
   /// What is shown beside the plan.

@@ -314,6 +314,10 @@ void MainWindow::ResetZoom(std::int16_t document) {
   if (Child* child = Find(document)) child->graph->ResetZoom();
 }
 
+void MainWindow::SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) {
+  if (Child* child = Find(document)) child->graph->SelectRows(first, last);
+}
+
 void MainWindow::FitPlan(bool fit) {
   fitPlan_ = fit;
   for (auto& [document, child] : children_) child.graph->FitPlan(fit);

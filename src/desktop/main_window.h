@@ -39,6 +39,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   [[nodiscard]] std::string PanesNow() const override;
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
   void ResetZoom(std::int16_t document) override;
+  void SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) override;
   void FitPlan(bool fit) override;
   void ShowExtras(const GraphExtras& extras) override;
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override;

@@ -38,6 +38,8 @@ QString SelectedText(const QTableWidget& table) {
 
 void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
   item.setText(ToQt(cell.text));
+  item.setToolTip(ToQt(cell.text));  // of what is wider than its column
+  item.setData(Qt::AccessibleTextRole, cell.spoken.empty() ? QVariant() : QVariant(ToQt(cell.spoken)));
   item.setTextAlignment(Qt::AlignVCenter | (atLeft ? Qt::AlignLeft : Qt::AlignRight));
   QFont font;
   font.setBold(cell.bold);
@@ -84,6 +86,11 @@ void Show(const ResultGrid& grid, QTableWidget& table) {
       table.resizeColumnToContents(column);
     }
   }
+  // Sentences below each other: what does not fit is cut short with dots and told whole in the tool tip.
+  const bool sentences = !grid.HasHeader && columns > 0 && atLeft(columns - 1);
+  table.horizontalHeader()->setStretchLastSection(sentences);
+  table.setHorizontalScrollBarPolicy(sentences ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+  table.viewport()->update();  // the header was kept from telling that columns have moved
 }
 
 }  // namespace
@@ -104,6 +111,18 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
   QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int, int, int) {
     if (row >= 0) grid.Select(row + (grid.HasHeader ? 1 : 0));
   });
+  // A click on the cell that is reached already.
+  QObject::connect(&table, &QTableWidget::cellPressed, [&grid, &table, was = table.currentRow()](int row, int) mutable {
+    if (row == was) grid.Select(row + (grid.HasHeader ? 1 : 0));
+    was = row;
+  });
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* enter = new QShortcut(QKeySequence(key), &table);
+    enter->setContext(Qt::WidgetShortcut);
+    QObject::connect(enter, &QShortcut::activated, [&grid, &table] {
+      if (table.currentRow() >= 0) grid.PressReturn(table.currentRow() + (grid.HasHeader ? 1 : 0));
+    });
+  }
   QObject::connect(table.horizontalHeader(), &QHeaderView::sectionResized, [&grid, &table](int, int, int) {
     std::vector<int> widths;
     for (int column = 0; column < table.columnCount(); ++column) widths.push_back(table.columnWidth(column));

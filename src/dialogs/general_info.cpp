@@ -1,5 +1,6 @@
 #include "dialogs/general_info.h"
 
+#include "advice/supply_text.h"
 #include "model/numbers.h"
 #include "report/information_text.h"
 
@@ -31,6 +32,7 @@ frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelMarks&
     : DialogForm("frmGeneralInfo", services), marks_(marks) {
   RemembersPlace = true;
   TabStrip1.Click = [this] { TabStrip1_Click(); };
+  TabStrip2.Click = [this] { ShowTab(); };
   Command1.Cancel = true;
   Command1.Click = [this] { Unload(); };
   GeneralInfo.Click = cbCopy.Click = [this] { GeneralInfo_Click(); };
@@ -41,6 +43,8 @@ frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelMarks&
   fgGasConsumption.TextColumns = {0};
   fgSummary.HasHeader = false;
   fgSummary.TextColumns = {0, 2};
+  fgSupply.TextColumns = kSupplyTextColumns;
+  fgLegs.TextColumns = kLegTextColumns;
 }
 
 std::optional<std::int16_t> frmGeneralInfo::FirstDive() const {
@@ -76,22 +80,23 @@ void frmGeneralInfo::SetUpControls() {
   TabStrip1.Tabs = tabs;
   TabStrip1.SelectedItem = 0;
   const std::pair<Control*, int> captions[] = {
-      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},  {&Label4, 2128},  {&Frame3, 2131},
-      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},  {&Label8, 2136},  {&Label9, 2137},
-      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135}, {&Label13, 2140}, {&Label14, 2139},
-      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},  {&Label16, 3011}, {&Command1, 2210},
-      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbNotice, 7020}};
+      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},   {&Label4, 2128},  {&Frame3, 2131},
+      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},   {&Label8, 2136},  {&Label9, 2137},
+      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135},  {&Label13, 2140}, {&Label14, 2139},
+      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},   {&Label16, 3011}, {&Command1, 2210},
+      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbNotice, 7020}, {&lbGases, 7635}, {&lbLegs, 7636}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
-  for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14}) {
+  for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14,
+                      &lbGases, &lbLegs}) {
     head->Bold = true;
   }
-  for (ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary}) {
+  for (ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary, &fgSupply, &fgLegs}) {
     grid->ColumnWidths = WidthsIn(services_.platform.settings.ReadSetting(kSection, grid->Name()));
   }
 }
 
 void frmGeneralInfo::Form_Unload() {
-  for (const ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary}) {
+  for (const ResultGrid* grid : {&fginfo, &fgDecoStop, &fgGasConsumption, &fgSummary, &fgSupply, &fgLegs}) {
     services_.platform.settings.WriteSetting(kSection, grid->Name(), WidthsText(grid->ColumnWidths));
   }
 }
@@ -126,6 +131,27 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   fgGasConsumption.Cells = information.Gas();
   fgSummary.Cells = information.Summary();
   ShowBlock(information.Info());
+  ShowSupply(dive);
+}
+
+void frmGeneralInfo::ShowSupply(std::int16_t dive) {
+  constexpr int kDive = 7683;
+  constexpr int kSupply = 7635;
+  supply_ = SupplyTablesOf(services_.forms, dive, ReadSupplyChoice(services_.platform.settings), services_.texts,
+                           services_.platform.separators);
+  fgSupply.Cells = supply_.gases;
+  fgLegs.Cells = supply_.legs;
+  const bool told = !supply_.gases.empty();
+  TabStrip2.Tabs = {T(kDive), T(kSupply)};
+  TabStrip2.Visible = told;
+  if (!told) TabStrip2.SelectedItem = 0;
+  ShowTab();
+}
+
+void frmGeneralInfo::ShowTab() {
+  const bool supply = TabStrip2.SelectedItem == 1;
+  Frame2.Visible = !supply;
+  frSupply.Visible = supply;
 }
 
 void frmGeneralInfo::ShowBlock(const DiveInformation::Block& block) {
@@ -155,7 +181,7 @@ void frmGeneralInfo::GeneralInfo_Click() {
                                     services_.platform.separators);
   services_.platform.clipboard.SetText(
       InformationText({services_.forms.Caption(dive_), Label17.Caption, information.Info(), fginfo.Cells,
-                       fgDecoStop.Cells, fgGasConsumption.Cells},
+                       fgDecoStop.Cells, fgGasConsumption.Cells, supply_},
                       services_.texts));
   constexpr int kDone = 7216;
   Box(T(kDone), "", BoxIcon::None);

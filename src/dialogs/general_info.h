@@ -6,6 +6,7 @@
 
 #include "dialogs/dialog_form.h"
 #include "report/information.h"
+#include "report/supply_tables.h"
 
 namespace tav {
 
@@ -15,9 +16,11 @@ class frmGeneralInfo : public DialogForm {
  public:
   frmGeneralInfo(const DialogServices& services, const ModelMarks& marks);
 
-  TabStrip TabStrip1{*this, "TabStrip1"};
+  TabStrip TabStrip1{*this, "TabStrip1"};  ///< the dives of a series
+  TabStrip TabStrip2{*this, "TabStrip2"};  ///< the dive, and its gas supply where cylinders are told
   Label Label16{*this, "Label16"};
   Label Label17{*this, "Label17"};  ///< surface interval
+  Frame Frame2{*this, "Frame2"};    ///< what the dive is
   Label Label1{*this, "Label1"};
   ResultGrid fgSummary{*this, "fgSummary"};
   Label Label2{*this, "Label2"};
@@ -56,6 +59,12 @@ class frmGeneralInfo : public DialogForm {
   Label lbO2Narcotic{*this, "lbO2Narcotic"};
   Label Label15{*this, "Label15"};
 
+  Frame frSupply{*this, "frSupply"};
+  Label lbGases{*this, "lbGases"};
+  ResultGrid fgSupply{*this, "fgSupply"};
+  Label lbLegs{*this, "lbLegs"};
+  ResultGrid fgLegs{*this, "fgLegs"};
+
   Label lbNotice{*this, "lbNotice"};  ///< the plan does not decompress
   Button cbCopy{*this, "cbCopy"};
   Button Command1{*this, "Command1"};          ///< close
@@ -75,11 +84,14 @@ class frmGeneralInfo : public DialogForm {
  private:
   void SetUpControls();
   void setInfo(std::int16_t dive, bool showInterval);
+  void ShowSupply(std::int16_t dive);
+  void ShowTab();
   void ShowBlock(const DiveInformation::Block& block);
   [[nodiscard]] std::optional<std::int16_t> FirstDive() const;
 
   ModelMarks marks_;
   std::int16_t dive_ = -1;  ///< the dive that is shown
+  SupplyTables supply_;     ///< its gas supply
 };
 
 }  // namespace tav

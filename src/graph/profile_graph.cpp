@@ -57,6 +57,7 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const Waypoint& last = rows.Row(rows.GetLength());
   lastPoint_ = scale_.WorldToScreen(last.RunTime, -last.Depth);
   dragPoint_ = lastPoint_;
+  MarkSelected(grid);
   if (Editor().UserActions.GetLength() == 0) ShowHint(container.Width() - kPlotPlaceX, grid);
   ShowCompartmentLoad(bars, last.PercentCompartments, T(kCompartmentTitle));
   const CeilingText ceiling = LastCeiling();
@@ -83,6 +84,32 @@ bool ProfileGraph::SetOverlay(const std::vector<PlotPoint>& line) {
   if (line == overlay_) return false;
   overlay_ = line;
   return true;
+}
+
+std::optional<std::pair<double, double>> ProfileGraph::SelectedSpan() const {
+  const ClassProfile& rows = Editor().InputProfile;
+  const std::int16_t last = std::min(selected_.second, rows.GetLength());
+  if (selected_.first < 1 || selected_.first > last) return std::nullopt;
+  const auto x = [&](int row) { return scale_.WorldToScreen(rows.GetRunTime(static_cast<std::int16_t>(row)), 0).x; };
+  return std::pair<double, double>(x(selected_.first - 1), x(last));
+}
+
+void ProfileGraph::MarkSelected(DrawingSurface& grid) const {
+  const auto span = SelectedSpan();
+  if (!span) return;
+  constexpr double kRing = 75;
+  constexpr double kPixel = 15;
+  const ClassProfile& rows = Editor().InputProfile;
+  for (const double x : {span->first, span->second}) {
+    grid.Line(x, scale_.PlotTop, x, scale_.PlotBottom, graph::kYellow, DrawingSurface::LineStyle::Dotted);
+  }
+  for (std::int16_t row = selected_.first; row <= std::min(selected_.second, rows.GetLength()); ++row) {
+    const Waypoint& end = rows.Row(row);
+    const ScreenPoint at = scale_.WorldToScreen(end.RunTime, -end.Depth);
+    // Rings stand out on every colour of a row, and from the points of rows, which are full.
+    grid.Circle(at.x, at.y, kRing, graph::kYellow);
+    grid.Circle(at.x, at.y, kRing + kPixel, kBlack);
+  }
 }
 
 void ProfileGraph::ShowHint(double visibleWidth, DrawingSurface& grid) const {

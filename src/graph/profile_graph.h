@@ -68,6 +68,12 @@ class ProfileGraph {
   void CancelDrag(DrawingSurface& grid);
   [[nodiscard]] bool Dragging() const { return dragging_; }
 
+  /// Marks the segments that end in these rows, from the next drawing on; 0 to 0 takes the mark away. Rows that the
+  /// plan does not have are left out.
+  void SelectRows(std::int16_t first, std::int16_t last) { selected_ = {first, last}; }
+  /// Where the marked segments begin and end, in drawing units of the plot; nothing without any.
+  [[nodiscard]] std::optional<std::pair<double, double>> SelectedSpan() const;
+
   /// The row that a click there means: within half a minute and half a depth unit.
   [[nodiscard]] std::optional<std::int16_t> RowAt(Single x, Single y) const;
   /// What to tell of the row nearest to a point, if one is near.
@@ -87,6 +93,7 @@ class ProfileGraph {
   [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
   void UpdateReadOut(ScreenPoint at);
   void DragTo(ScreenPoint at, DrawingSurface& grid);
+  void MarkSelected(DrawingSurface& grid) const;
   /// What to do on a plan that is still empty.
   void ShowHint(double visibleWidth, DrawingSurface& grid) const;
   /// What a point of a drag means; above the surface it means the surface.
@@ -113,6 +120,7 @@ class ProfileGraph {
   bool dragging_ = false;
   mutable std::vector<DiveMoment> moments_;
   mutable int momentsOf_ = -1;  ///< the evaluation that they belong to
+  std::pair<std::int16_t, std::int16_t> selected_{0, 0};
 };
 
 }  // namespace tav

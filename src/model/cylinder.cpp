@@ -23,14 +23,12 @@ bool Within(double value, double most) { return value >= 0 && value <= most; }
 }  // namespace
 
 Message CylinderFault(const Cylinder& cylinder) {
-  constexpr std::int16_t kMost = 99;
-  constexpr double kLargest = 1000;  // litres or cubic feet
-  const double highest = cylinder.InLitres() ? 1000 : 15000;
+  const double highest = HighestPressure(cylinder.InLitres());
   const auto outside = [&](int text, Single value) {
     return Message(text, {FormatPlain(value), FormatPlain(highest)});
   };
-  if (cylinder.Count < 1 || cylinder.Count > kMost) return kBadCount;
-  if (!(cylinder.Size > 0 && cylinder.Size <= kLargest)) return {kBadSize, {FormatPlain(kLargest)}};
+  if (cylinder.Count < 1 || cylinder.Count > kMostCylinders) return kBadCount;
+  if (!(cylinder.Size > 0 && cylinder.Size <= kLargestCylinder)) return {kBadSize, {FormatPlain(kLargestCylinder)}};
   if (!Within(cylinder.RatedPressure, highest)) return outside(kRatedOutside, cylinder.RatedPressure);
   if (!Within(cylinder.Fill, highest)) return outside(kFillOutside, cylinder.Fill);
   if (!Within(cylinder.Reserve, highest)) return outside(kReserveOutside, cylinder.Reserve);

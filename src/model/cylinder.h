@@ -25,6 +25,11 @@ struct Cylinder {
   }
 };
 
+constexpr int kMostCylinders = 99;
+constexpr double kLargestCylinder = 1000;  ///< litres or cubic feet
+/// The highest pressure that a cylinder may have, bar or psi.
+constexpr double HighestPressure(bool inBar) { return inBar ? 1000 : 15000; }
+
 /// Why a cylinder can't be: a number outside its range, a reserve above the fill. Empty for a sound one. The gas is not
 /// looked at.
 Message CylinderFault(const Cylinder& cylinder);

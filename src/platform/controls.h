@@ -217,6 +217,7 @@ struct GridCell {
   Colour colour = -1;
   bool bold = false;
   bool italic = false;
+  std::string spoken = {};  ///< what a screen reader says in place of the text; empty for the text itself
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 
@@ -299,12 +300,17 @@ class ResultGrid : public Control {
   /// Columns of text stand at the left, all others at the right.
   std::vector<int> TextColumns;
   bool HasHeader = true;
-  Event Click;          ///< the user has reached a cell
+  Event Click;          ///< the user has reached a cell, or clicked it
+  Event Return;         ///< Return was pressed on a cell
   int SelectedRow = 0;  ///< as in `Cells`
 
   void Select(int row) {
     SelectedRow = row;
     Fire(Click);
+  }
+  void PressReturn(int row) {
+    SelectedRow = row;
+    Fire(Return);
   }
 };
 

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "plan/document_forms.h"
 #include "report/long_report.h"
 
 namespace tav {
 
-/// Writes the long report of a dive, or of all dives of its series from the first on.
-void WriteLongReport(GeneralReport& report, DocumentForms& forms, std::int16_t document, bool wholeSeries);
+/// Writes the long report of a dive, or of all dives of its series from the first on. `supplyOf` gives the gas supply
+/// of a dive; without it, reports tell none.
+void WriteLongReport(GeneralReport& report, DocumentForms& forms, std::int16_t document, bool wholeSeries,
+                     const std::function<SupplyTables(std::int16_t document)>& supplyOf = {});
 
 }  // namespace tav

@@ -50,6 +50,28 @@ std::string Labelled(const std::string& label, const std::string& value) {
   return label + (label.ends_with(':') ? " " : ": ") + value;
 }
 
+/// Tables that are wider than 80 columns: a line for each gas and each leg, "Cylinders: 2 x 12 l, Fill: 200 bar, ...".
+std::string SupplyText(const SupplyTables& supply) {
+  std::string text;
+  const auto add = [&](const SupplyTables::Table& table, const std::string& title) {
+    text += Title(title + ":   ");
+    for (std::size_t row = 1; row < table.size(); ++row) {
+      std::string line;
+      for (std::size_t i = 0; i < table[row].size(); ++i) {
+        const std::string piece =
+            Labelled(table[0][i].text, table[row][i].text) + (i + 1 < table[row].size() ? "," : "");
+        const bool breaks = LengthOf(line) + LengthOf(piece) + 1 > kColumns;
+        if (breaks) text += line + "\r\n";
+        line = breaks ? "    " + piece : line + (line.empty() ? "" : " ") + piece;
+      }
+      text += line + "\r\n";
+    }
+  };
+  add(supply.gases, supply.gasTitle);
+  if (supply.legs.size() > 1) add(supply.legs, supply.legTitle);
+  return text + Rule(kColumns);
+}
+
 }  // namespace
 
 std::string InformationText(const ShownInformation& shown, const TextSource& texts) {
@@ -99,7 +121,9 @@ std::string InformationText(const ShownInformation& shown, const TextSource& tex
   text += Title(T(2128) + ":   ");
   text += TableRow({T(2122), "", T(6108)});
   text += rows(shown.gas, [](const std::vector<GridCell>& row) { return Cells{row[0].text, "", row[1].text}; });
-  return text + Rule(kColumns);
+  text += Rule(kColumns);
+  if (!shown.supply.gases.empty()) text += SupplyText(shown.supply);
+  return text;
 }
 
 }  // namespace tav

@@ -56,6 +56,7 @@ void GeneralReport::LongReport(const Dive& dive) {
   NewPage();
   PrintDiveInfoHeader();
   GasTable();
+  SupplyBlock();
   ReportFooter();
   dive_ = nullptr;
 }
@@ -100,10 +101,10 @@ void GeneralReport::InWhite(const std::function<void()>& write) {
   out_.SetForeColor(kBlack);
 }
 
-void GeneralReport::TitleBand(Single y, Single height, int title, Single titleX) {
+void GeneralReport::TitleBand(Single y, Single height, const std::string& title, Single titleX) {
   out_.PrintFilledBox(1.9, y, 27.1, y + height, kHeadGrey);
   Outline(y, y + height);
-  Left(titleX, y, T(title), 18, true);
+  Left(titleX, y, title, 18, true);
 }
 
 void GeneralReport::RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes) {

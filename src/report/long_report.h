@@ -8,6 +8,7 @@
 #include "model/profile.h"
 #include "report/dive_figures.h"
 #include "report/print_preview.h"
+#include "report/supply_tables.h"
 
 namespace tav {
 
@@ -23,6 +24,7 @@ class GeneralReport {
     int diveNumber = 1;
     Single surfaceInterval;  ///< minutes
     bool decompresses = true;
+    SupplyTables supply;  ///< told after the gas table; nothing without rows
   };
 
   /// `step` is told how far the report is, as a text for the wait window.
@@ -44,7 +46,8 @@ class GeneralReport {
   void Left(Single x, Single y, const std::string& text, int size = 10, bool bold = false);
   void Right(Single x, Single y, const std::string& text, bool bold = false);
   void InWhite(const std::function<void()>& write);
-  void TitleBand(Single y, Single height, int title, Single titleX);
+  void TitleBand(Single y, Single height, const std::string& title, Single titleX);
+  void TitleBand(Single y, Single height, int title, Single titleX) { TitleBand(y, height, T(title), titleX); }
   /// A row of a table: the light band of every second one, then the black boxes behind the white figures.
   void RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes);
   void Outline(Single top, Single bottom) { out_.PrintBoxOutline(1.9, top, 27.1, bottom); }
@@ -58,6 +61,12 @@ class GeneralReport {
   void PrintDiveInfoHeader();
   void GasTable();
   void GasHead();
+
+  // report_supply.cpp
+  void SupplyBlock();
+  void SupplyTable(const SupplyTables::Table& table, const std::string& title, bool twoLines);
+  void SupplyHead(const SupplyTables::Table& table, const std::string& title);
+  void SupplyRow(const std::vector<GridCell>& row, int index, bool twoLines);
 
   // report_tables.cpp
   void ProfileHead();

@@ -23,6 +23,7 @@
 #include "desktop/qt_text.h"
 #include "dialogs/bailout_start.h"
 #include "dialogs/conservatism.h"
+#include "dialogs/cylinders.h"
 #include "dialogs/gas_blend.h"
 #include "dialogs/general_info.h"
 #include "dialogs/multi_level.h"
@@ -55,6 +56,7 @@ struct Forms {
     waypoint->data(profile, -1);
     forms.push_back(std::move(waypoint));
     forms.push_back(std::make_unique<frmConservatism>(services));
+    forms.push_back(std::make_unique<frmCylinders>(services));
     forms.push_back(std::make_unique<frmProperties>(services));
     forms.push_back(std::make_unique<frmGasBlend>(services));
     forms.push_back(std::make_unique<frmMultiLevel>(services));

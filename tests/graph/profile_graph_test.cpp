@@ -109,6 +109,27 @@ TEST_F(Graph, AClickHitsARowWithinHalfAMinuteAndHalfADepthUnit) {
   }
 }
 
+TEST_F(Graph, MarksTheRowsThatAreSelected) {
+  AddLeg(36, 10);
+  AddLeg(18, 10);
+  const auto rings = [&] {
+    graph.RedrawProfile(container, grid, bars);
+    return std::ranges::count_if(grid.strokes, [](const RecordingSurface::Stroke& stroke) {
+      return stroke.kind == RecordingSurface::Kind::Circle && stroke.colour == graph::kYellow;
+    });
+  };
+  EXPECT_EQ(rings(), 0);
+  graph.SelectRows(1, 2);
+  EXPECT_EQ(rings(), 2);
+  EXPECT_EQ(graph.SelectedSpan(), std::pair(double{X(0)}, double{X(10)}));
+  // Rows that are no longer there are left out.
+  graph.SelectRows(2, 99);
+  EXPECT_EQ(rings(), editor.InputProfile.GetLength() - 1);
+  graph.SelectRows(0, 0);
+  EXPECT_EQ(rings(), 0);
+  EXPECT_FALSE(graph.SelectedSpan());
+}
+
 TEST_F(Graph, AClickOnARowShowsItAndStartsNoDrag) {
   AddLeg(36, 10);
   plans.documents(document).Modified = false;

@@ -26,10 +26,10 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"advice", {"report", "plan", "persist", "platform", "engine", "model"}},
     {"exchange", {"plan", "persist", "platform", "model"}},
     {"graph", {"plan", "platform", "engine", "model"}},
-    {"dialogs", {"report", "plan", "persist", "platform", "engine", "model"}},
+    {"dialogs", {"advice", "report", "plan", "persist", "platform", "engine", "model"}},
     {"app",
      {"advice", "dialogs", "exchange", "graph", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
-    {"desktop", {"app", "dialogs", "graph", "report", "plan", "persist", "platform", "engine", "model"}},
+    {"desktop", {"app", "dialogs", "advice", "graph", "report", "plan", "persist", "platform", "engine", "model"}},
     {"cli", {"app", "advice", "exchange", "mixer", "report", "plan", "persist", "platform", "engine", "model"}},
 };
 

@@ -60,6 +60,21 @@ focus "^Slate$"
 shot slate "^Slate$"
 keys Escape
 await "the slate stays" gone "^Slate$"
+# the bottom gas in a twin set, the others in stages
+keys ctrl+u
+focus "^Gas supply"
+keys alt+a alt+k
+type_text "S80"
+keys alt+a alt+a alt+a
+shot cylinders "^Gas supply"
+keys Return
+await "the cylinders stay" gone "^Gas supply"
+keys ctrl+f
+focus "^Dive Information"
+keys Right
+shot information-gas "^Dive Information"
+keys Escape
+await "the information stays" gone "^Dive Information"
 picture bailout "^Bail-out$" ctrl+b
 picture table-expert "^Table Expert$" ctrl+e
 focus "^TAV"

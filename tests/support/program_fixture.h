@@ -38,6 +38,9 @@ struct HeadlessMainView : MainView {
     return std::vector<PaneForm*>(panes.begin(), panes.end());
   }
   void ResetZoom(std::int16_t /*document*/) override {}
+  void SelectRows(std::int16_t /*document*/, std::int16_t first, std::int16_t last) override {
+    selected = {first, last};
+  }
   void FitPlan(bool fit) override { fitPlan = fit; }
   void ShowExtras(const GraphExtras& wanted) override { extras = wanted; }
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override { overlays[document] = line; }
@@ -53,6 +56,7 @@ struct HeadlessMainView : MainView {
   bool fitPlan = false;
   GraphExtras extras;
   std::map<std::int16_t, std::vector<PlotPoint>> overlays;
+  std::pair<std::int16_t, std::int16_t> selected;  ///< rows marked in the graph
   std::string exported;
   std::set<PaneForm*> panes;  ///< shown
   PaneForm* focused = nullptr;
