@@ -111,9 +111,11 @@ class Builder {
       }
     }
     for (const GasNeed* gas : gases) {
-      const std::string label =
-          gas->carried && *gas->carried > 0 ? words_.T(kCarried, {gas->mix, words_.Volume(*gas->carried)}) : gas->mix;
-      WhatIfTable::Row row{label, words_.VolumeUnit(), {}, true};
+      WhatIfTable::Row row{gas->mix, words_.VolumeUnit(), {}, true};
+      if (gas->carried && *gas->carried > 0) {
+        row.label = words_.T(kCarried, {gas->mix, words_.Volume(*gas->carried)});
+        row.unit.clear();
+      }
       for (const WhatIfColumn& column : columns_) {
         const auto need = std::ranges::find(column.gas, gas->mix, &GasNeed::mix);
         WhatIfTable::Cell& cell = row.cells.emplace_back();
@@ -170,9 +172,8 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     const std::string blanks(own < letters ? letters - own : 0, ' ');
     return left ? text + blanks : blanks + text;
   };
-  const auto labelOf = [](const WhatIfTable::Row& row) { return row.label + ", " + row.unit; };
   std::size_t labels = 0;
-  for (const WhatIfTable::Row& row : table.rows) labels = std::max(labels, Letters(labelOf(row)));
+  for (const WhatIfTable::Row& row : table.rows) labels = std::max(labels, Letters(row.Heading()));
   struct Widths {
     std::size_t figure = 3;
     std::size_t note = 0;
@@ -208,7 +209,7 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     for (const WhatIfTable::Row& row : table.rows) {
       if (row.total && !totals) text += "\n";
       totals = row.total;
-      line(labelOf(row), [&](std::size_t c) {
+      line(row.Heading(), [&](std::size_t c) {
         return padded(row.cells[c].figure, widths[c].figure, false) + " " + row.cells[c].note;
       });
     }

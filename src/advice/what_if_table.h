@@ -17,9 +17,12 @@ struct WhatIfTable {
   };
   struct Row {
     std::string label;
-    std::string unit;
+    std::string unit;         ///< empty where the label tells it
     std::vector<Cell> cells;  ///< one for each column
     bool total = false;       ///< below the stops
+
+    /// "Stop 9 m, min"
+    [[nodiscard]] std::string Heading() const { return unit.empty() ? label : label + ", " + unit; }
   };
   struct Head {
     std::string name;

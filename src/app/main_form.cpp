@@ -17,7 +17,13 @@ constexpr const char* kFitPlan = "FitPlan";  // the setting
 
 }  // namespace
 
-frmMain::frmMain(MainServices services) : Form("frmMain"), services_(std::move(services)), planPane_(PaneServices()) {
+frmMain::frmMain(MainServices services)
+    : Form("frmMain"),
+      services_(std::move(services)),
+      planPane_(PaneServices()),
+      checkPane_(Dialogs(), [this](std::int16_t document, std::int16_t first, std::int16_t last) {
+        services_.view.SelectRows(document, first, last);
+      }) {
   BuildMenu();
   BuildToolBar();
   Wire();

@@ -8,6 +8,7 @@
 
 #include "app/main_services.h"
 #include "app/what_if_form.h"
+#include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
 #include "platform/form.h"
@@ -52,6 +53,7 @@ class frmMain : public Form {
   MenuItem mnuclearallwaypoints{*this, "mnuclearallwaypoints"};
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuPlanPane{*this, "mnuPlanPane"};
+  MenuItem mnuCheckPane{*this, "mnuCheckPane"};
   MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
   MenuItem mnuViewCeiling{*this, "mnuViewCeiling"};
   MenuItem mnuViewStopMinutes{*this, "mnuViewStopMinutes"};
@@ -108,6 +110,7 @@ class frmMain : public Form {
   MenuItem ShowConservatism{*this, "ShowConservatism"};
 
   Label sbStatusBar{*this, "sbStatusBar"};
+  Button sbFindings{*this, "sbFindings"};  ///< in the status bar: how many findings there are; opens their pane
 
   bool OpenCircuitMode = true;  ///< the breathing mode that the tool bar shows
 
@@ -125,6 +128,7 @@ class frmMain : public Form {
   };
   [[nodiscard]] const std::vector<Pane>& Panes() const { return panes_; }
   frmPlanPane& PlanPane() { return planPane_; }
+  frmCheckPane& CheckPane() { return checkPane_; }
   /// The user has shown or hidden a pane by its own means.
   void PaneShown(const PaneForm& pane, bool shown);
   /// A plan has been computed anew, or is open no more: the panes and the comparison follow.
@@ -200,6 +204,7 @@ class frmMain : public Form {
   [[nodiscard]] PlanPaneServices PaneServices();
   void WirePanes();
   void ShowPane(const Pane& pane, bool shown);
+  void ShowFindings();
   void RestorePanes();
   void KeepPanes();
   void FillRecent();
@@ -244,8 +249,9 @@ class frmMain : public Form {
   std::vector<std::unique_ptr<MenuItem>> recentItems_;
   std::weak_ptr<frmPartialMix> mixer_;
   frmPlanPane planPane_;
-  std::vector<Pane> panes_{{planPane_, mnuPlanPane}};
   std::weak_ptr<frmWhatIf> whatIf_;
+  frmCheckPane checkPane_;
+  std::vector<Pane> panes_{{planPane_, mnuPlanPane}, {checkPane_, mnuCheckPane}};
   struct PlanItem {
     std::int16_t document;
     std::string caption;

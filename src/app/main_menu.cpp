@@ -46,6 +46,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuclearallwaypoints, 1, "1056", ""},
     {&frmMain::mnuView, 0, "7508", ""},
     {&frmMain::mnuPlanPane, 1, "7509", "F11"},
+    {&frmMain::mnuCheckPane, 1, "7691", "Shift+F11"},
     {&frmMain::mnuGoToPlan, 1, "7510", "F12"},
     {&frmMain::mnuViewCeiling, 1, "7761", ""},
     {&frmMain::mnuViewStopMinutes, 1, "7762", ""},

@@ -27,6 +27,10 @@ void frmMain::WirePanes() {
       if (pane.entry.Checked) services_.view.FocusPane(pane.form);
     };
   }
+  sbFindings.Click = [this] {
+    ShowPane(panes_.back(), true);
+    services_.view.FocusPane(checkPane_);
+  };
   mnuGoToPlan.Click = [this] {
     ShowPane(panes_.front(), true);
     services_.view.FocusPane(planPane_);
@@ -47,10 +51,20 @@ void frmMain::PaneShown(const PaneForm& shown, bool isShown) {
 }
 
 void frmMain::PlanChanged() {
+  checkPane_.Check(Active());
+  ShowFindings();
   for (const Pane& pane : panes_) {
     if (pane.entry.Checked) pane.form.ShowDocument(Active());
   }
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
+}
+
+void frmMain::ShowFindings() {
+  const frmCheckPane::Count count = checkPane_.CountNow();
+  sbFindings.Caption = count.marks;
+  sbFindings.ToolTipText = count.words;
+  sbFindings.ForeColor = count.colour;
+  sbFindings.Visible = !count.marks.empty();
 }
 
 void frmMain::RestorePanes() {

@@ -135,7 +135,7 @@ void frmWhatIf::ShowColumns() {
   }
   for (const WhatIfTable::Row& row : table_.rows) {
     std::vector<GridCell>& line = cells.emplace_back();
-    line.push_back({row.label + ", " + row.unit, -1, row.total});
+    line.push_back({row.Heading(), -1, row.total});
     for (const WhatIfTable::Cell& cell : row.cells) {
       const std::string blank = cell.figure.empty() || cell.note.empty() ? "" : "  ";
       line.push_back({cell.figure + blank + cell.note, cell.bad ? kRed : Colour(-1), cell.bad});

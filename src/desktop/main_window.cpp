@@ -40,6 +40,25 @@ void MainWindow::Attach(frmMain& form) {
   auto* status = new QLabel;
   statusBar()->addWidget(status, 1);
   form.sbStatusBar.Changed = [this, status] { status->setText(ToQt(form_->sbStatusBar.Caption)); };
+  auto* findings = new QToolButton;
+  findings->setObjectName(ToQt(form.sbFindings.Name()));
+  findings->setAutoRaise(true);
+  findings->setFocusPolicy(Qt::TabFocus);
+  statusBar()->addPermanentWidget(findings);
+  form.sbFindings.Changed = [this, findings] {
+    const Button& button = form_->sbFindings;
+    findings->setText(ToQt(button.Caption));
+    findings->setToolTip(ToQt(button.ToolTipText));
+    findings->setAccessibleName(ToQt(button.ToolTipText));
+    findings->setVisible(button.Visible);
+    QFont font = statusBar()->font();
+    font.setBold(button.Bold);
+    findings->setFont(font);
+    QPalette palette = statusBar()->palette();
+    if (button.ForeColor >= 0) palette.setColor(QPalette::ButtonText, ColourOf(button.ForeColor));
+    findings->setPalette(palette);
+  };
+  connect(findings, &QToolButton::clicked, this, [this] { form_->sbFindings.Press(); });
 }
 
 void MainWindow::Detach() {

@@ -468,24 +468,25 @@ TEST_F(Tavplan, ComparesInLinesOfATerminal) {
 }
 
 TEST_F(Tavplan, RefusesAComparisonThatCanNotBe) {
-  const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
-      {{"--longer", "x"}, "--longer: \"x\" is not a number"},
-      {{"--longer", "-1"}, "--longer: \"-1\" is outside 0 to 999"},
-      {{"--deeper", "1000"}, "--deeper: \"1000\" is outside 0 to 999"},
-      {{"--dive", "2"}, "--dive: \"2\" is not one of the dives 1 to 1"},
+  const struct {
+    std::string option, value, error;
+  } cases[] = {
+      {"--longer", "x", "--longer: \"x\" is not a number"},
+      {"--longer", "-1", "--longer: \"-1\" is outside 0 to 999"},
+      {"--deeper", "1000", "--deeper: \"1000\" is outside 0 to 999"},
+      {"--dive", "2", "--dive: \"2\" is not one of the dives 1 to 1"},
   };
-  for (const auto& [options, error] : cases) {
-    std::vector<std::string> arguments{"whatif", Dive("wreck.tav")};
-    arguments.insert(arguments.end(), options.begin(), options.end());
-    EXPECT_EQ(Run(arguments), ExitStatus::kUnusableInput);
+  for (const auto& [option, value, error] : cases) {
+    EXPECT_EQ(Run({"whatif", Dive("wreck.tav"), option, value}), ExitStatus::kUnusableInput);
     EXPECT_EQ(Out(), "");
     EXPECT_EQ(Err(), "tavplan whatif: " + error + "\n");
   }
   // A leg may last 100,000 min.
   const std::string plan = Changed("air-deco.tav", "\n39,20,", "\n39,99990,");
   EXPECT_EQ(Run({"whatif", plan, "--longer", "20"}), ExitStatus::kUnusableInput);
-  EXPECT_THAT(Err(), StartsWith(plan + ": longer: "));
-  EXPECT_EQ(std::count(Err().begin(), Err().end(), '\n'), 1);
+  const std::string told = Err();
+  EXPECT_THAT(told, StartsWith(plan + ": longer: "));
+  EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1);
 }
 
 TEST_F(Tavplan, APlanGoesOutAsUddfAndComesBack) {

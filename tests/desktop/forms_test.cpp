@@ -22,6 +22,7 @@
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "dialogs/bailout_start.h"
+#include "dialogs/check_pane.h"
 #include "dialogs/conservatism.h"
 #include "dialogs/cylinders.h"
 #include "dialogs/gas_blend.h"
@@ -64,6 +65,7 @@ struct Forms {
     forms.push_back(std::make_unique<frmTableExpert>(services, reports, host));
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
     forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
+    forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
     forms.push_back(std::make_unique<frmPlanPane>(
         PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {}, [] {}}));
     forms.push_back(std::make_unique<frmWhatIf>(

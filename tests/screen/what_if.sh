@@ -15,7 +15,7 @@ keys ctrl+shift+w
 focus "^What if: wreck.tav"
 keys alt+l Up
 echo "== the slate of the plan and all columns, as a PDF"
-keys alt+w End Tab Return
+keys alt+w End Tab space
 focus "^Slate$"
 keys alt+d
 choose_file "^Save as PDF" "$work/columns.pdf"

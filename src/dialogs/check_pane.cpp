@@ -1,0 +1,113 @@
+#include "dialogs/check_pane.h"
+
+#include <algorithm>
+#include <array>
+
+#include "advice/plan_check.h"
+
+namespace tav {
+namespace {
+
+constexpr int kTitle = 7684;
+constexpr int kNothing = 7685;
+constexpr int kCountNothing = 7686;
+constexpr int kCounts = 7687;
+constexpr int kFault = 7692;
+
+/// How a severity looks: a shape of its own beside the colour, for those who tell no colours apart.
+struct Look {
+  const char* mark;
+  Colour colour;
+  int name;
+};
+
+constexpr std::array<Look, 3> kLooks{{{"\u25a0", RGB(192, 0, 0), 7688},     // a square
+                                      {"\u25b2", RGB(176, 96, 0), 7689},    // a triangle
+                                      {"\u25cf", RGB(0, 80, 176), 7690}}};  // a dot
+
+const Look& LookOf(Severity severity) { return kLooks.at(static_cast<std::size_t>(severity)); }
+
+}  // namespace
+
+frmCheckPane::frmCheckPane(const DialogServices& services,
+                           std::function<void(std::int16_t document, std::int16_t first, std::int16_t last)> selectRows)
+    : PaneForm("frmCheckPane", services), selectRows_(std::move(selectRows)) {
+  fgFindings.HasHeader = false;
+  fgFindings.TextColumns = {0, 1};
+  fgFindings.Click = fgFindings.Return = [this] { SelectFinding(); };
+}
+
+void frmCheckPane::Form_Load() {
+  Localize();
+  Caption = T(kTitle);
+  fgFindings.Caption = T(kTitle);
+}
+
+void frmCheckPane::Check(std::optional<std::int16_t> document) {
+  std::vector<Finding> findings;
+  std::string fault;
+  if (document) {
+    DocumentForms& forms = services_.forms;
+    const DocumentState& state = services_.Documents()(*document);
+    fault = forms(*document).EvaluationFault();
+    if (fault.empty()) {
+      const GasSupply supply = SupplyOf(forms, *document, ReadSupplyChoice(platform_.settings));
+      findings = CheckPlan({forms(*document), state, forms.Services().model},
+                           AdviceWords(texts_, platform_.separators, state.Template.Metric), supply);
+    }
+  }
+  const bool same = document == document_ && fault == fault_ && findings == findings_;
+  if (same) return;
+  if (marked_ && document_) selectRows_(*document_, 0, 0);
+  marked_ = false;
+  document_ = document;
+  fault_ = std::move(fault);
+  findings_ = std::move(findings);
+  if (IsLoaded()) Fill();
+}
+
+void frmCheckPane::ShowDocument(std::optional<std::int16_t> document) {
+  // The plan in front is checked at each of its changes.
+  if (document != document_) Check(document);
+  Fill();
+}
+
+void frmCheckPane::Fill() {
+  std::vector<std::vector<GridCell>> cells;
+  cells.reserve(findings_.size());
+  for (const Finding& finding : findings_) {
+    const Look& look = LookOf(finding.severity);
+    const std::string spoken = T(look.name) + ": " + finding.text;
+    cells.push_back({{look.mark, look.colour, true, false, spoken}, {finding.text, -1, false, false, spoken}});
+  }
+  fgFindings.Cells = cells;
+  fgFindings.Visible = !findings_.empty();
+  lbNothing.Visible = findings_.empty() && document_.has_value();
+  lbNothing.Caption = fault_.empty() ? T(kNothing) : T(kFault, {fault_});
+}
+
+void frmCheckPane::SelectFinding() {
+  const auto index = static_cast<std::size_t>(fgFindings.SelectedRow);
+  if (!document_ || index >= findings_.size()) return;
+  const Finding& finding = findings_[index];
+  selectRows_(*document_, finding.firstRow, finding.lastRow);
+  marked_ = finding.lastRow > 0;
+}
+
+frmCheckPane::Count frmCheckPane::CountNow() const {
+  if (!document_ || !fault_.empty()) return {};
+  if (findings_.empty()) return {"\u2713", T(kCountNothing)};
+  Count count;
+  std::array<std::string, kLooks.size()> numbers;
+  for (std::size_t i = 0; i < kLooks.size(); ++i) {
+    const auto number = std::ranges::count(findings_, static_cast<Severity>(i), &Finding::severity);
+    numbers.at(i) = std::to_string(number);
+    if (number > 0)
+      count.marks += (count.marks.empty() ? "" : "  ") + std::string(kLooks.at(i).mark) + " " + numbers.at(i);
+  }
+  count.words = T(kCounts, {numbers[0], numbers[1], numbers[2]});
+  count.colour = LookOf(findings_.front().severity).colour;
+  return count;
+}
+
+}  // namespace tav
