@@ -1,9 +1,9 @@
 #include "dialogs/check_pane.h"
-#include "dialogs/cylinders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "dialogs/cylinders.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -30,7 +30,7 @@ TEST(CheckPane, ShowsThePlanInFrontTheWorstFirst) {
   PlanHypoxic(p);
   frmCheckPane& pane = p.Main().CheckPane();
   EXPECT_TRUE(p.Main().mnuCheckPane.Checked);
-  ASSERT_GE(pane.Findings().size(), 2U);
+  ASSERT_FALSE(pane.Findings().empty());
   EXPECT_EQ(pane.Findings().front().rule, Rule::Hypoxic);
   EXPECT_EQ(Cell(pane, 0, 0), "\u25a0");
   EXPECT_THAT(Cell(pane, 0, 1), HasSubstr("is too low to breathe"));
