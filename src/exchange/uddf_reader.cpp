@@ -49,19 +49,26 @@ class Reader {
     return share > 1 ? share : share * 100;
   }
 
+  /// A gas that can't be breathed matters to logged dives alone: a plan has its own.
+  void Blame(xml_node mix, int text) {
+    if (mixFault_ != 0) return;
+    faultyMix_ = mix;
+    mixFault_ = text;
+  }
+
   void ReadMixes() {
     for (const xml_node node : Child(document_.Root(), "gasdefinitions").children()) {
       if (!IsElement(node, "mix")) continue;
-      if (log_.mixes.size() == kMostMixes) document_.Fail(node, exchange_text::kTooManyGases);
+      if (log_.mixes.size() == kMostMixes) return Blame(node, exchange_text::kTooManyGases);
       LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
-      if (Share(node, "ar") + Share(node, "h2") > 0.1) document_.Fail(node, exchange_text::kOtherGas);
+      if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
       const double nitrogen = Share(node, "n2");
       if (!Child(node, "o2")) mix.o2 = 100 - nitrogen - mix.he;
       constexpr double kRounding = 0.5;  // per cent
       if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < 0) {
-        document_.Fail(node, exchange_text::kSharesBeyondWhole);
+        Blame(node, exchange_text::kSharesBeyondWhole);
       }
-      mix.o2 = std::min(mix.o2, 100.0);
+      mix.o2 = std::clamp(mix.o2, 0.0, 100.0);
       mix.he = std::min(mix.he, 100 - mix.o2);
       mixOfId_.emplace(node.attribute("id").value(), log_.mixes.size());
       log_.mixes.push_back(std::move(mix));
@@ -82,6 +89,7 @@ class Reader {
     }
     // The plan says all; what stands beside it was made from it.
     if (!dive.plan.empty()) return;
+    if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_);
     ReadBefore(Child(node, "informationbeforedive"), dive);
     lastMinute_ = 0;
     for (const xml_node sample : Child(node, "samples").children()) {
@@ -184,6 +192,8 @@ class Reader {
 
   const UddfDocument& document_;
   DiveLog log_;
+  xml_node faultyMix_;  // the first one
+  int mixFault_ = 0;
   double lastMinute_ = 0;  // of the dive at hand
   std::map<std::string, std::size_t> mixOfId_;
 };

@@ -70,6 +70,12 @@ TEST(UddfExport, NamesThatXmlCanNotHoldComeBack) {
   }
 }
 
+TEST(UddfExport, AGasOfMoreThanAllComesBackWithItsPlan) {
+  ProfileText profile = ReadProfileFile(SourceFolder() / "dives/nitrox.tav");
+  for (GasMix& blend : profile.dives.front().Template.Blends) blend.He = 5;
+  EXPECT_EQ(Back(Uddf(profile)), Text(profile));
+}
+
 /// The order in which the schema wants the children of an element.
 void ExpectOrder(pugi::xml_node node, const std::vector<std::string>& order) {
   std::size_t at = 0;
