@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/language_table.h"
+#include "app/user_texts.h"
 #include "persist/text_file.h"
 #include "platform/localize_form.h"
 
@@ -34,7 +35,7 @@ void frmLanguages::Form_Load() {
   std::sort(files_.begin(), files_.end());
 
   std::string current = platform_.settings.ReadSetting("", "Language");
-  if (current.empty()) current = kDefaultLanguage;
+  if (current.empty()) current = TableOfLocale(folder_.parent_path(), platform_.environment.Locale());
   std::vector<std::string> names;
   std::erase_if(files_, [&](const std::string& file) {
     try {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/start_up.h"
+#include "app/user_texts.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "persist/profile_file.h"
@@ -45,7 +46,7 @@ Program::~Program() = default;
 
 bool Program::LoadLanguageOfUser() {
   std::string name = platform_.settings.ReadSetting("", "Language");
-  if (name.empty()) name = kDefaultLanguage;
+  if (name.empty()) name = TableOfLocale(folders_.ProgramFolder(), platform_.environment.Locale());
   language_ = LoadLanguage(folders_.ProgramFolder(), name, texts_, platform_.boxes);
   return language_.loaded;
 }

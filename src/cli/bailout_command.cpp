@@ -16,17 +16,25 @@
 namespace tav {
 namespace {
 
-/// "2 of 3"
-std::string PlaceOf(std::int16_t document, const std::vector<std::int16_t>& documents) {
+// Texts by number.
+constexpr int kOutside = 7960;
+constexpr int kHeading = 7981;
+constexpr int kLost = 7982;
+constexpr int kAllGases = 7983;
+constexpr int kDiveOf = 7336;
+
+/// Which dive of a series it is, to be put behind the name of the file: two sheets of one file must not be mistaken for
+/// each other. Empty for a single dive.
+std::string DiveOf(std::int16_t document, const std::vector<std::int16_t>& documents, const TextSource& texts) {
+  if (documents.size() == 1) return {};
   const auto place = std::find(documents.begin(), documents.end(), document) - documents.begin();
-  return std::to_string(place + 1) + " of " + std::to_string(documents.size());
+  return texts.Filled(kDiveOf, {std::to_string(place + 1), std::to_string(documents.size())});
 }
 
 Single ChosenInterval(const std::string& text) {
   const Single interval = RoundSingle(NumberOf(text, "--interval"), 0);
   if (!(interval >= 0 && interval <= BailoutCuts::kLongestInterval)) {
-    throw OptionError("--interval: \"" + text + "\" is outside 0 to " + std::to_string(BailoutCuts::kLongestInterval) +
-                      " minutes");
+    throw OptionError({kOutside, {"--interval", text, "0", std::to_string(BailoutCuts::kLongestInterval)}});
   }
   return interval;
 }
@@ -47,20 +55,20 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
 
     const bool json = options.form == OutputForm::Json;
     std::optional<TablePdf> pdf;
-    // One dive of several is named wherever the plan is: two sheets of one file must not be mistaken for each other.
-    const std::string dive = documents.size() == 1 ? "" : ", dive " + PlaceOf(document, documents);
+    const std::string dive = DiveOf(document, documents, texts);
     if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Documents()(document).ProfileName + dive);
-    TableOutput output(out, json  ? TableOutput::Form::Data
-                            : pdf ? TableOutput::Form::Nothing
-                                  : TableOutput::Form::Text);
+    TableOutput output(out, texts,
+                       json  ? TableOutput::Form::Data
+                       : pdf ? TableOutput::Form::Nothing
+                             : TableOutput::Form::Text);
     output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
-                 bailout.file + dive + ", bail-out on open circuit every " + FormatPlain(cuts.Interval()) +
-                     " min\nColumns are the minute at which the ascent begins, cells minutes of stop.\n");
+                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n");
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, [](int, int) { return true; });
       if (pdf) pdf->Print(*scenario);
       const std::optional<std::string>& lost = scenario->lost;
-      output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}}, lost ? *lost + " lost" : "With all gases");
+      output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}},
+                   lost ? texts.Filled(kLost, {*lost}) : texts.GetResString(kAllGases));
     }
     output.End();
     if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string() + dive);

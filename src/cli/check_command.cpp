@@ -8,6 +8,10 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kAdvice = 7955;
+constexpr int kNoFaults = 7956;
+
 bool IsTemplate(const std::string& file, const std::string& text) {
   if (file.ends_with(kTemplateExtension)) return true;
   if (file.ends_with(kProfileExtension)) return false;
@@ -38,9 +42,10 @@ bool Check(const std::string& file, const TextSource& texts, std::ostream& out) 
     CheckProfile(text, faults);
   }
   for (const FormatFault& fault : faults.List()) {
-    out << file << ":" << fault.line << ": " << (fault.error ? "" : "advice: ") << texts.Words(fault.text) << "\n";
+    out << file << ":" << fault.line << ": "
+        << (fault.error ? texts.Words(fault.text) : texts.Words({kAdvice, {fault.text}})) << "\n";
   }
-  if (faults.List().empty()) out << file << ": no faults\n";
+  if (faults.List().empty()) out << file << ": " << texts.GetResString(kNoFaults) << "\n";
   return !faults.HasErrors();
 }
 

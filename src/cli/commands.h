@@ -47,7 +47,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
 struct ReportOptions {
   std::string file;
   std::string pdf;
-  int dive = 0;        ///< from 1; 0 for all
+  std::string dive;    ///< from 1; empty for all
   bool slate = false;  ///< the slates to dive by, in place of the report
 };
 
@@ -109,7 +109,7 @@ int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::os
 struct ExportOptions {
   std::string file;
   std::string uddf;
-  int dive = 0;  ///< from 1; 0 for all
+  std::string dive;  ///< from 1; empty for all
 };
 
 /// Writes a plan, or one of its dives, as UDDF.

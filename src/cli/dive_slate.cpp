@@ -8,22 +8,38 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kDiveOf = 7962;
+constexpr int kDiveAfter = 7963;
+constexpr int kDepthsAdjusted = 7965;
+constexpr int kOpenCircuit = 7966;
+constexpr int kRebreather = 7967;
+constexpr int kStopsOnOpenCircuit = 7968;
+constexpr int kSeaLevel = 7969;
+constexpr int kNotAdapted = 7970;
+constexpr int kEndsAt = 7971;
+constexpr int kStops = 7972;
+constexpr int kStop = 7975;
+
 std::string Short(Single value) { return ScheduleText::ShortNumber(value); }
 
 std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100), 0); }
 
 class Slate {
  public:
-  explicit Slate(const ComputedDive& dive)
-      : dive_(dive), template_(dive.document->Template), schedule_(*dive.rows, template_) {}
+  Slate(const ComputedDive& dive, const TextSource& texts)
+      : dive_(dive),
+        texts_(texts),
+        template_(dive.document->Template),
+        schedule_(*dive.rows, template_, ScheduleWordsOf(texts)) {}
 
-  std::string Text(bool why, const TextSource& texts) {
+  std::string Text(bool why) {
     Title();
     Settings();
     text_ += "\n" + schedule_.Aligned() + "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
-    if (why) Reasons(AdviceWords(texts, {".", ""}, template_.Metric));
-    text_ += SupplyLines(dive_, texts);
+    if (why) Reasons(AdviceWords(texts_, {".", ""}, template_.Metric));
+    text_ += SupplyLines(dive_, texts_);
     for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);
   }
@@ -35,36 +51,33 @@ class Slate {
   void Line(const std::string& text) { (text_ += text) += "\n"; }
 
   void Title() {
-    std::string title = dive_.file;
-    if (dive_.ofDives > 1) {
-      title += ", dive " + std::to_string(dive_.number) + " of " + std::to_string(dive_.ofDives);
-      if (dive_.number > 1) title += " after " + Short(dive_.document->SurfaceInterval) + " min at the surface";
-    }
-    Line(title);
+    if (dive_.ofDives == 1) return Line(dive_.file);
+    Line(T(dive_.number > 1 ? kDiveAfter : kDiveOf,
+           {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
+            Short(dive_.document->SurfaceInterval)}));
   }
 
   void Settings() {
     std::string text = dive_.model;
     if (template_.UseGF) text += ", GF " + Percent(template_.GFLow) + "/" + Percent(template_.GFHigh);
-    if (template_.DepthAdjust) text += ", depths adjusted";
+    if (template_.DepthAdjust) text += ", " + T(kDepthsAdjusted);
     if (template_.OpenCircuit) {
-      text += ", open circuit";
+      text += ", " + T(kOpenCircuit);
     } else {
-      text += ", rebreather " + FormatFixed(template_.Setpoint, 2) + "/" + FormatFixed(template_.DecoSetpoint, 2) +
-              PressureUnit();
-      if (template_.OCDeco) text += ", stops on open circuit";
+      text += ", " + T(kRebreather, {FormatFixed(template_.Setpoint, 2) + "/" + FormatFixed(template_.DecoSetpoint, 2) +
+                                     PressureUnit()});
+      if (template_.OCDeco) text += ", " + T(kStopsOnOpenCircuit);
     }
-    text += ", " + Place(template_.StartAltitude, template_.StartPressure);
-    if (!template_.AdeptedToHeight) text += " (not adapted)";
+    const std::string start = Place(template_.StartAltitude, template_.StartPressure);
+    text += ", " + (template_.AdeptedToHeight ? start : T(kNotAdapted, {start}));
     if (template_.EndPressure != template_.StartPressure) {
-      text += ", ends at " + Place(template_.EndAltitude, template_.EndPressure);
+      text += ", " + T(kEndsAt, {Place(template_.EndAltitude, template_.EndPressure)});
     }
-    Line(text + ", stops every " + Short(template_.StepSize) + LengthUnit() + ", last " + Short(template_.LastStop) +
-         LengthUnit());
+    Line(text + ", " + T(kStops, {Short(template_.StepSize) + LengthUnit(), Short(template_.LastStop) + LengthUnit()}));
   }
 
   [[nodiscard]] std::string Place(Single altitude, Single pressure) const {
-    return altitude == 0 ? "sea level"
+    return altitude == 0 ? T(kSeaLevel)
                          : Short(altitude) + LengthUnit() + " (" + FormatFixed(pressure, 3) + PressureUnit() + ")";
   }
 
@@ -72,12 +85,18 @@ class Slate {
     Line("");
     for (const StopReason& reason : dive_.reasons) {
       const std::string depth = words.Depth(dive_.rows->getDepth(reason.row));
-      const std::string stop = "  stop " + std::string(depth.size() < 6 ? 6 - depth.size() : 0, ' ') + depth + "  ";
-      text_ += Wrapped(stop + TextOf(reason, words), stop.size());
+      const std::string stop =
+          "  " + T(kStop) + " " + std::string(depth.size() < 6 ? 6 - depth.size() : 0, ' ') + depth + "  ";
+      text_ += Wrapped(stop + TextOf(reason, words), CharacterCount(stop));
     }
   }
 
+  [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values = {}) const {
+    return texts_.Filled(id, values);
+  }
+
   const ComputedDive& dive_;
+  const TextSource& texts_;
   const DiveTemplate& template_;
   ScheduleText schedule_;
   std::string text_;
@@ -90,7 +109,7 @@ std::string FindingLine(const Finding& finding) {
 }
 
 std::string DiveSlate(const ComputedDive& dive, bool why, const TextSource& texts) {
-  return Slate(dive).Text(why, texts);
+  return Slate(dive, texts).Text(why);
 }
 
 }  // namespace tav

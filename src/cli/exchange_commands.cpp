@@ -10,6 +10,11 @@
 #include "exchange/uddf_export.h"
 
 namespace tav {
+namespace {
+
+constexpr int kBuiltIn = 7954;
+
+}  // namespace
 
 int ExportCommand(const ExportOptions& options, const OutputOptions& model, const ProgramFolders& folders,
                   std::ostream& err) {
@@ -17,14 +22,8 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
   try {
     PlanSession session(texts);
     session.Model() = {model.vpm, model.hybrid};
-    auto documents = OpenProfile(session.Forms(), options.file, ReadPlannable(options.file));
-    const int dives = static_cast<int>(documents.size());
-    if (options.dive < 0 || options.dive > dives) {
-      throw FileError(
-          options.file, 0,
-          "--dive " + std::to_string(options.dive) + " is not among its " + std::to_string(dives) + " dives");
-    }
-    if (options.dive > 0) documents = {documents[static_cast<std::size_t>(options.dive) - 1]};
+    const auto documents =
+        ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file)));
     bool decompress = true;
     for (const std::int16_t document : documents) {
       const std::string& fault = session.Forms()(document).EvaluationFault();
@@ -34,10 +33,12 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
+  } catch (const OptionError& error) {
+    err << "tavplan export: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
     err << texts.Words(error) << "\n";
-    return ExitStatus::kUnusableInput;
   }
+  return ExitStatus::kUnusableInput;
 }
 
 int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, std::ostream& err) {
@@ -49,7 +50,7 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
     if (!options.templateName.empty()) {
       LoadPlannable(settings, options.templateName, folders);
     } else if (fault) {
-      err << texts.Words(*fault) << "; the built-in settings stand in\n";
+      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
     }
     const ImportedDives imported = ImportFile(options.file, settings, options.dive, texts);
     std::string text;

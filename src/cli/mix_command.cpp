@@ -1,9 +1,10 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
-#include <stdexcept>
 
 #include "app/user_texts.h"
 #include "cli/commands.h"
+#include "cli/plan_input.h"
+#include "cli/terminal_text.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
@@ -13,9 +14,12 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-class MixError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
+// Texts by number.
+constexpr int kNoNumber = 7957;
+constexpr int kMustBe = 7959;
+constexpr int kOutside = 7960;
+constexpr int kMoreThanWhole = 7989;
+constexpr int kNoPressure = 7990;
 
 struct Fill {
   MixShares mix;
@@ -24,30 +28,29 @@ struct Fill {
 
 /// O2/HE@PRESSURE
 Fill ParseFill(const std::string& option, const std::string& text, bool metric) {
-  const std::string place = option + " \"" + text + "\": ";
   const std::size_t slash = text.find('/');
   const std::size_t at = text.find('@');
   if (slash == std::string::npos || at == std::string::npos || at < slash) {
-    throw MixError(place + "must be O2/HE@PRESSURE, such as 32/0@200");
+    throw OptionError({kMustBe, {option, text, "O2/HE@PRESSURE"}});
   }
-  const auto number = [&](const std::string& part, const char* what, double most) {
+  const auto number = [&](const std::string& part, double most) {
     const auto value = ParseStrict(part);
-    if (!value) throw MixError(place + what + " \"" + part + "\" is not a number");
+    if (!value) throw OptionError({kNoNumber, {option + " " + text, part}});
     if (!(*value >= 0 && *value <= most)) {
-      throw MixError(place + what + " " + part + " is outside 0 to " + FormatPlain(most));
+      throw OptionError({kOutside, {option + " " + text, part, "0", FormatPlain(most)}});
     }
     return *value;
   };
-  const double o2 = number(text.substr(0, slash), "oxygen", 100);
-  const double he = number(text.substr(slash + 1, at - slash - 1), "helium", 100);
-  if (o2 + he > 100) throw MixError(place + "oxygen and helium together are more than 100 %");
-  return {MixOf(o2, he), number(text.substr(at + 1), "pressure", HighestFill(metric))};
+  const double o2 = number(text.substr(0, slash), 100);
+  const double he = number(text.substr(slash + 1, at - slash - 1), 100);
+  if (o2 + he > 100) throw OptionError({kMoreThanWhole, {option, text}});
+  return {MixOf(o2, he), number(text.substr(at + 1), HighestFill(metric))};
 }
 
 FillRequest ParseRequest(const MixOptions& options) {
   const Fill have = ParseFill("--have", options.have, !options.imperial);
   const Fill want = ParseFill("--want", options.want, !options.imperial);
-  if (want.pressure == 0) throw MixError("--want \"" + options.want + "\": the pressure is 0");
+  if (want.pressure == 0) throw OptionError({kNoPressure, {"--want", options.want}});
   return {have.mix, have.pressure, want.mix, want.pressure, !options.imperial};
 }
 
@@ -85,18 +88,13 @@ Json MixJson(const FillRequest& request) {
       {"fill_to", fillTo}};
 }
 
-std::string Cell(const std::string& text, std::size_t width, bool left) {
-  const std::string blanks(text.size() < width ? width - text.size() : 0, ' ');
-  return left ? text + blanks : blanks + text;
-}
-
 /// A table: the first column to the left, the others to the right.
 void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream& out) {
   constexpr std::size_t kFirst = 22;
   constexpr std::size_t kOther = 15;
   for (const auto& row : rows) {
     std::string line = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) line += Cell(row[i], i == 0 ? kFirst : kOther, i == 0);
+    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? Left(row[i], kFirst) : Right(row[i], kOther);
     out << line << "\n";
   }
   out << "\n";
@@ -138,7 +136,7 @@ int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::os
       PrintMix(options, request, texts, out);
     }
     return ExitStatus::kFine;
-  } catch (const MixError& error) {
+  } catch (const OptionError& error) {
     err << "tavplan mix: " << texts.Words(error) << "\n";
   } catch (const FileError& error) {
     err << texts.Words(error) << "\n";

@@ -11,6 +11,11 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kBuiltIn = 7954;
+constexpr int kMustBe = 7959;
+constexpr int kNewPlan = 7988;
+
 constexpr int kCylinder = 7991;  // text by number
 
 void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveTemplate, frmWaypointEditor& window) {
@@ -18,9 +23,9 @@ void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveT
   const std::string place = text.substr(0, at);
   const std::string gasOfLeg = at == std::string::npos ? gas : text.substr(at + 1);
   const std::size_t colon = place.find(':');
-  if (colon == std::string::npos) throw OptionError("leg \"" + text + "\" must be DEPTH:TIME or DEPTH:TIME@GAS");
-  const Single depth = NumberOf(place.substr(0, colon), "depth");
-  const Single time = NumberOf(place.substr(colon + 1), "time");
+  if (colon == std::string::npos) throw OptionError({kMustBe, {"--leg", text, "DEPTH:TIME, DEPTH:TIME@GAS"}});
+  const Single depth = NumberOf(place.substr(0, colon), "--depth");
+  const Single time = NumberOf(place.substr(colon + 1), "--time");
   const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, diveTemplate);
   const Message fault = LegFault(time, depth, mix, diveTemplate);
   if (!fault.IsEmpty()) throw OptionError(fault);
@@ -39,8 +44,11 @@ void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
 int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
                std::ostream& out, std::ostream& err) {
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  // What programs read is English in every language.
+  const LazyTexts words(folders.ProgramFolder(),
+                        options.form == OutputForm::Slate ? LazyTexts::Language::User : LazyTexts::Language::Default);
   PlanSession session(texts);
-  std::string title = plan.output.empty() ? "New plan" : plan.output;
+  std::string title = plan.output.empty() ? words.GetResString(kNewPlan) : plan.output;
   try {
     ApplyOptions(options, session);
     const auto fault = InitDocuments(session.Documents(), folders);
@@ -48,7 +56,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     if (!plan.templateName.empty()) {
       LoadPlannable(standard, plan.templateName, folders);
     } else if (fault) {
-      err << texts.Words(*fault) << "; the built-in settings stand in\n";
+      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
     }
     const std::int16_t number = session.Forms().LoadNewDoc();
     frmWaypointEditor& window = session.Forms()(number);
@@ -59,9 +67,9 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
     window.ReEvaluateUserEnteredWaypoints();
     std::vector<ComputedDive> dives;
-    if (!Gather(session, title, {number}, options, texts, dives, err)) return ExitStatus::kUnusableInput;
+    if (!Gather(session, title, {number}, options, words, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
-    return Print(dives, options, texts, out, err);
+    return Print(dives, options, words, out, err);
   } catch (const OptionError& error) {
     err << "tavplan new: " << texts.Words(error) << "\n";
   } catch (const FileError& error) {

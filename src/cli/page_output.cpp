@@ -18,6 +18,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// Texts by number.
+constexpr int kNotDrawn = 7992;
+constexpr int kNotStarted = 7993;
+constexpr int kNoName = 7994;
+
 /// The desktop program: beside this one, else on the search path.
 std::string DesktopProgram() {
   std::error_code error;
@@ -60,11 +65,11 @@ Ended Run(const std::string& program, std::vector<std::string> arguments) {
   return ended;
 }
 
-/// The line in which the desktop program told why it failed.
-std::string ReasonIn(const std::string& errors, const std::string& file) {
+/// The line in which the desktop program told why it failed; empty for none.
+std::string ReasonIn(const std::string& errors) {
   const std::string start = "tav: ";
   const std::size_t at = errors.rfind(start);
-  if (at == std::string::npos) return file + ": the PDF was not written";
+  if (at == std::string::npos) return {};
   const std::size_t from = at + start.size();
   return errors.substr(from, errors.find('\n', from) - from);
 }
@@ -102,7 +107,7 @@ PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
       texts_(folders.ProgramFolder(), LazyTexts::Language::User),
       machine_(folders.ProgramFolder() / "logo.svg"),
       pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
-  if (out_.empty()) throw std::runtime_error("--pdf: the name of the file is missing");
+  if (out_.empty()) throw MessageError("--pdf", kNoName);
 }
 
 void PageOutput::WritePdf(const std::string& title) const {
@@ -113,9 +118,12 @@ void PageOutput::WritePdf(const std::string& title) const {
                                              fs::absolute(out_).string(), "--title", title});
   constexpr int kNotFound = 127;
   if (ended.status == -1 || ended.status == kNotFound) {
-    throw FileError(out_, 0, "a PDF is drawn by the desktop program, tav, which could not be started");
+    throw FileError(out_, 0, kNotStarted);
   }
-  if (ended.status != 0) throw std::runtime_error(ReasonIn(ended.errors, out_.string()));
+  if (ended.status == 0) return;
+  const std::string reason = ReasonIn(ended.errors);
+  if (reason.empty()) throw FileError(out_, 0, kNotDrawn);
+  throw std::runtime_error(reason);
 }
 
 }  // namespace tav

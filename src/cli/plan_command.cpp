@@ -9,6 +9,9 @@ namespace tav {
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,
                 std::ostream& out, std::ostream& err) {
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  // What programs read is English in every language.
+  const LazyTexts words(folders.ProgramFolder(),
+                        options.form == OutputForm::Slate ? LazyTexts::Language::User : LazyTexts::Language::Default);
   PlanSession session(texts);
   std::vector<ComputedDive> dives;
   int status = ExitStatus::kFine;
@@ -21,14 +24,14 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
   for (const std::string& file : files) {
     try {
       const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
-      if (!Gather(session, file, documents, options, texts, dives, err)) status = ExitStatus::kUnusableInput;
+      if (!Gather(session, file, documents, options, words, dives, err)) status = ExitStatus::kUnusableInput;
     } catch (const std::exception& error) {
       err << texts.Words(error) << "\n";
       status = ExitStatus::kUnusableInput;
     }
   }
   if (dives.empty()) return status;
-  return std::max(status, Print(dives, options, texts, out, err));
+  return std::max(status, Print(dives, options, words, out, err));
 }
 
 }  // namespace tav

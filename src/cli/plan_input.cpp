@@ -11,6 +11,11 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kNoNumber = 7957;
+constexpr int kUnknownGas = 7958;
+constexpr int kNoSuchDive = 7961;
+
 std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders& folders) {
   std::error_code error;
   if (std::filesystem::exists(name, error)) return name;
@@ -23,7 +28,7 @@ std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders
 
 Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);
-  if (!number) throw OptionError(option + ": \"" + text + "\" is not a number");
+  if (!number) throw OptionError({kNoNumber, {option, text}});
   return *number;
 }
 
@@ -31,9 +36,14 @@ std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>
   if (text.empty()) return documents.back();
   const Single number = NumberOf(text, "--dive");
   if (number != std::floor(number) || number < 1 || number > static_cast<double>(documents.size())) {
-    throw OptionError("--dive: \"" + text + "\" is not one of the dives 1 to " + std::to_string(documents.size()));
+    throw OptionError({kNoSuchDive, {"--dive", text, std::to_string(documents.size())}});
   }
   return documents[static_cast<std::size_t>(number) - 1];
+}
+
+std::vector<std::int16_t> ChosenDives(const std::string& text, const std::vector<std::int16_t>& documents) {
+  if (text.empty()) return documents;
+  return {ChosenDive(text, documents)};
 }
 
 ProfileText ReadPlannable(const std::string& file) {
@@ -59,8 +69,7 @@ std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
   if (!mix) {
     std::string known;
     for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
-    throw OptionError("gas \"" + name + "\" is unknown; the template has " + known +
-                      ", and EAN.., Tx../.. and H.. tell their own content");
+    throw OptionError({kUnknownGas, {name, known}});
   }
   diveTemplate.Blends.push_back(*mix);
   return static_cast<std::int16_t>(diveTemplate.Blends.size() - 1);

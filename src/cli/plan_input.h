@@ -24,6 +24,9 @@ Single NumberOf(const std::string& text, const std::string& option);
 /// The document that --dive names, from 1; the last for an empty text. Throws OptionError.
 std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents);
 
+/// The same; all of them for an empty text.
+std::vector<std::int16_t> ChosenDives(const std::string& text, const std::vector<std::int16_t>& documents);
+
 /// Reads a profile and refuses one that can't be planned. Throws FileError with the line to mend.
 ProfileText ReadPlannable(const std::string& file);
 

@@ -7,9 +7,10 @@
 namespace tav {
 namespace {
 
-std::string ModelName(const ModelChoice& model) {
+std::string ModelName(const ModelChoice& model, const TextSource& texts) {
+  constexpr int kHybrid = 7964;
   if (model.VPMMode) return "VPM";
-  return model.HybridMode ? "Hybrid of ZH-L16B and VPM" : "ZH-L16B";
+  return model.HybridMode ? texts.Filled(kHybrid, {"ZH-L16B", "VPM"}) : "ZH-L16B";
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.supply = SupplyOf(session.Forms(), documents[i], options.supply);
     dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
-    dive.model = ModelName(session.Model());
+    dive.model = ModelName(session.Model(), texts);
   }
   return true;
 }

@@ -21,38 +21,34 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
     PlanSession session(texts);
     session.Model() = {options.vpm, options.hybrid};
     const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
-    const int dives = static_cast<int>(documents.size());
-    if (report.dive < 0 || report.dive > dives) {
-      throw FileError(
-          report.file, 0,
-          "--dive " + std::to_string(report.dive) + " is not among its " + std::to_string(dives) + " dives");
-    }
-    const std::int16_t chosen = documents[static_cast<std::size_t>(std::max(0, report.dive - 1))];
+    const auto chosen = ChosenDives(report.dive, documents);
     bool decompress = true;
-    for (const std::int16_t document : documents) {
-      if (report.dive != 0 && document != chosen) continue;
+    for (const std::int16_t document : chosen) {
       const std::string& fault = session.Forms()(document).EvaluationFault();
       if (!fault.empty()) throw FileError(report.file, 0, fault);
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
     const ModelMarks marks{!options.vpm, false, options.hybrid, options.vpm};
-    const bool wholeSeries = report.dive == 0 && dives > 1;
+    const bool wholeSeries = chosen.size() > 1;
     if (report.slate) {
       Slate slate(output.Pages(), marks);
-      WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen, wholeSeries);
+      WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen.front(),
+                  wholeSeries);
     } else {
       GeneralReport pages(output.Pages(), marks, nullptr);
-      WriteLongReport(pages, session.Forms(), chosen, wholeSeries, [&](std::int16_t dive) {
+      WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
         return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
       });
     }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
+  } catch (const OptionError& error) {
+    err << "tavplan report: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
     err << texts.Words(error) << "\n";
-    return ExitStatus::kUnusableInput;
   }
+  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

@@ -9,16 +9,10 @@ namespace {
 
 using Cells = std::vector<std::vector<GridCell>>;
 
-/// Letters, not bytes.
-std::size_t LengthOf(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
-
 std::vector<std::size_t> WidthsOf(const Cells& cells, std::size_t columns) {
   std::vector<std::size_t> widths(columns);
   for (const auto& row : cells) {
-    for (std::size_t i = 0; i < columns; ++i) widths[i] = std::max(widths[i], LengthOf(row[i].text));
+    for (std::size_t i = 0; i < columns; ++i) widths[i] = std::max(widths[i], CharacterCount(row[i].text));
   }
   return widths;
 }
@@ -28,7 +22,7 @@ std::string Line(const std::vector<GridCell>& row, const std::vector<std::size_t
   std::string line = " ";
   for (std::size_t i = 0; i < widths.size(); ++i) {
     const bool last = i + 1 == widths.size();
-    const std::string fill(widths[i] - LengthOf(row[i].text), ' ');
+    const std::string fill(widths[i] - CharacterCount(row[i].text), ' ');
     line += " " + (last ? " " + row[i].text : i < textColumns ? row[i].text + fill : fill + row[i].text) + " ";
   }
   while (line.ends_with(' ')) line.pop_back();

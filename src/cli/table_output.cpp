@@ -9,7 +9,12 @@
 namespace tav {
 namespace {
 
-constexpr std::size_t kHeadWidth = 16;  // mix and depth
+// Texts by number.
+constexpr int kDepth = 7028;
+constexpr int kRunTime = 7029;
+
+constexpr std::size_t kMixWidth = 7;
+constexpr std::size_t kDepthWidth = 7;
 constexpr std::size_t kCellWidth = 6;
 
 Json RemarksJson(const std::vector<StopRemark>& remarks) {
@@ -45,7 +50,7 @@ void TableOutput::End() {
 void TableOutput::Print(const TableDives& dives, const Json& members, const std::string& title) {
   for (const TableDive& dive : dives.dives) decompresses_ = decompresses_ && dive.decompresses;
   if (form_ == Form::Nothing) return;
-  const SmallTable table = MakeSmallTable(dives, "Depth");
+  const SmallTable table = MakeSmallTable(dives, form_ == Form::Data ? "Depth" : texts_.GetResString(kDepth));
   if (form_ == Form::Data) {
     PrintJson(dives, table, members);
   } else {
@@ -81,10 +86,12 @@ void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table, co
 void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, const std::string& title) {
   out_ << "\n" << title << "\n";
   const std::size_t columns = table.totals.size();
-  constexpr std::size_t kAtOnce = (kLineWidth - kHeadWidth) / kCellWidth;
+  const std::size_t depthWidth = std::max(kDepthWidth, CharacterCount(table.cells.front()[TableColumn::kDepth]));
+  const std::size_t headWidth = 2 + kMixWidth + depthWidth;
+  const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
   std::size_t from = 0;
   do {  // a table without a dive has its rows all the same
-    const std::size_t to = std::min(from + kAtOnce, columns);
+    const std::size_t to = std::min(from + atOnce, columns);
     const auto line = [&](const std::string& head, const auto& textOf) {
       std::string text = head;
       for (std::size_t column = from; column < to; ++column) text += Right(textOf(column), kCellWidth);
@@ -92,14 +99,14 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
     };
     if (from > 0) out_ << "\n";
     for (const auto& row : table.cells) {
-      line("  " + Left(row[TableColumn::kMix], kHeadWidth - 9) + Right(row[TableColumn::kDepth], 7),
+      line("  " + Left(row[TableColumn::kMix], kMixWidth) + Right(row[TableColumn::kDepth], depthWidth),
            [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
     }
-    line(Left("  Run time", kHeadWidth), [&](std::size_t column) { return table.totals[column]; });
+    line(Left("  " + texts_.GetResString(kRunTime), headWidth),
+         [&](std::size_t column) { return table.totals[column]; });
     from = to;
   } while (from < columns);
-  RemarkWords words;
-  words.unit = std::string(dives.diveTemplate.Metric ? "m" : "ft");
+  const RemarkWords words = RemarkWordsOf(texts_, dives.diveTemplate.Metric);
   for (const std::string& remark : TableRemarks(table, words, false)) out_ << Wrapped("  ! " + remark, 4);
 }
 

@@ -5,6 +5,7 @@
 
 #include "cli/row_json.h"
 #include "plan/table_dives.h"
+#include "platform/text_source.h"
 #include "report/small_tables.h"
 #include "report/table_slots.h"
 
@@ -16,7 +17,7 @@ class TableOutput {
  public:
   enum class Form { Text, Data, Nothing };
 
-  TableOutput(std::ostream& out, Form form) : out_(out), form_(form) {}
+  TableOutput(std::ostream& out, const TextSource& texts, Form form) : out_(out), texts_(texts), form_(form) {}
 
   /// Opens the output: the members of the JSON ahead of the list of that name, or a heading.
   void Begin(const Json& head, const std::string& listName, const std::string& heading);
@@ -32,6 +33,7 @@ class TableOutput {
   void PrintText(const TableDives& dives, const SmallTable& table, const std::string& title);
 
   std::ostream& out_;
+  const TextSource& texts_;
   Form form_;
   bool first_ = true;
   bool decompresses_ = true;

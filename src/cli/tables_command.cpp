@@ -16,54 +16,32 @@
 namespace tav {
 namespace {
 
+// Texts by number.
+constexpr int kBuiltIn = 7954;
+constexpr int kMustBe = 7959;
+constexpr int kHeading = 7984;
+constexpr int kDescentCounts = 7985;
+constexpr int kDescentLeftOut = 7986;
+constexpr int kRounded = 7987;
+
 struct Axis {
   Single from, to, step;
 };
 
 /// "FROM:TO:STEP" in whole numbers; what has decimals is rounded, and `err` told.
-Axis AxisOf(const std::string& text, const std::string& option, std::ostream& err) {
+Axis AxisOf(const std::string& text, const std::string& option, const TextSource& texts, std::ostream& err) {
   const std::size_t first = text.find(':');
   const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
-  if (second == std::string::npos) throw OptionError(option + ": \"" + text + "\" must be FROM:TO:STEP");
+  if (second == std::string::npos) throw OptionError({kMustBe, {option, text, "FROM:TO:STEP"}});
   const auto number = [&](std::size_t from, std::size_t to) {
     const Single value = NumberOf(text.substr(from, to - from), option);
     const Single whole = RoundSingle(value, 0);
     if (whole != value) {
-      err << "tavplan tables: " << option << ": " << FormatPlain(value) << " is taken as " << FormatPlain(whole)
-          << ", tables have whole numbers\n";
+      err << "tavplan tables: " << texts.Filled(kRounded, {option, FormatPlain(value), FormatPlain(whole)}) << "\n";
     }
     return whole;
   };
   return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
-}
-
-/// What is wrong with the axes, in the words of the options.
-std::string Words(AxesFault fault) {
-  switch (fault) {
-    case AxesFault::None:
-      return "";
-    case AxesFault::StartDepthBeyondEnd:
-      return "--depths: the first depth is deeper than the last";
-    case AxesFault::DepthStepNotPositive:
-      return "--depths: the step must be above 0";
-    case AxesFault::StartTimeBeyondEnd:
-      return "--times: the first time is later than the last";
-    case AxesFault::TimeStepNotPositive:
-      return "--times: the step must be above 0";
-    case AxesFault::StartTimeNegative:
-      return "--times: the first time must not be below 0";
-    case AxesFault::EndTimeNegative:
-      return "--times: the last time must not be below 0";
-    case AxesFault::StartDepthNegative:
-      return "--depths: the first depth must not be below 0";
-    case AxesFault::EndDepthNegative:
-      return "--depths: the last depth must not be below 0";
-    case AxesFault::OutOfReach:
-      return "a depth above 10,000 or a time above 100,000 can't be planned";
-    case AxesFault::TooManyDives:
-      break;
-  }
-  return "these axes ask for more than " + std::to_string(kMostSquareDives) + " dives";
 }
 
 }  // namespace
@@ -79,15 +57,15 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     if (!tables.templateName.empty()) {
       LoadPlannable(settings, tables.templateName, folders);
     } else if (fault) {
-      err << texts.Words(*fault) << "; the built-in settings stand in\n";
+      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
     }
     const std::int16_t mix = MixNumber(tables.gas, settings);
     std::ostringstream rounded;
-    const Axis depths = AxisOf(tables.depths, "--depths", rounded);
-    const Axis times = AxisOf(tables.times, "--times", rounded);
+    const Axis depths = AxisOf(tables.depths, "--depths", texts, rounded);
+    const Axis times = AxisOf(tables.times, "--times", texts, rounded);
     const TableAxes axes{depths.from, depths.to, depths.step, times.from, times.to, times.step};
     const AxesFault axesFault = FindAxesFault(axes);
-    if (axesFault != AxesFault::None) throw OptionError(Words(axesFault));
+    if (axesFault != AxesFault::None) throw OptionError(TextOf(axesFault));
 
     SquareDives dives(session.Forms().Services(), DocumentStore::DefaultDocument, mix, !tables.descentCounts, axes);
     if (!dives.Fault().empty()) throw OptionError(dives.Fault());
@@ -96,20 +74,20 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     std::optional<TablePdf> pdf;
     if (!tables.pdf.empty()) pdf.emplace(folders, tables.pdf, "");
     const bool json = options.form == OutputForm::Json;
-    TableOutput output(out, json  ? TableOutput::Form::Data
-                            : pdf ? TableOutput::Form::Nothing
-                                  : TableOutput::Form::Text);
+    TableOutput output(out, texts,
+                       json  ? TableOutput::Form::Data
+                       : pdf ? TableOutput::Form::Nothing
+                             : TableOutput::Form::Text);
     output.Begin({{"gas", tables.gas}}, "tables",
-                 "Deco tables on " + tables.gas +
-                     "\nColumns are bottom times in minutes, cells minutes of stop; the time of the descent " +
-                     (tables.descentCounts ? "is part of the bottom time.\n" : "is left out.\n"));
+                 texts.Filled(kHeading, {tables.gas}) + "\n" +
+                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n");
     while (const auto table = dives.Next([](int, int) { return true; })) {
       if (pdf) pdf->Print(*table);
       const Single depth = table->dives.back().depth;
       output.Print(*table, {{"depth", Digits(depth)}}, FormatPlain(depth) + unit);
     }
     output.End();
-    if (pdf) pdf->Write("Deco tables " + tables.gas);
+    if (pdf) pdf->Write(texts.Filled(kHeading, {tables.gas}));
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const OptionError& error) {
     err << "tavplan tables: " << texts.Words(error) << "\n";

@@ -2,6 +2,7 @@
 #include <map>
 #include <ostream>
 
+#include "app/user_texts.h"
 #include "cli/commands.h"
 
 namespace tav {
@@ -179,8 +180,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   CLI::App* report = app.add_subcommand("report", "Write the long report or the slates of a profile file as a PDF");
   report->add_option("FILE", reportDive.file, "Profile file (.tav)")->required();
   report->add_option("--pdf", reportDive.pdf, "The file to write")->required();
-  report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given")
-      ->check(CLI::PositiveNumber);
+  report->add_option("--dive", reportDive.dive, "One dive of a series, from 1; all if not given");
   report->add_flag("--slate", reportDive.slate, "Write the slates to dive by: cards of the size A6, four to a page");
   AddModelOptions(*report, reportOptions);
   AddSupplyOptions(*report, reportOptions);
@@ -247,8 +247,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   CLI::App* exports = app.add_subcommand("export", "Write a plan as UDDF, for a dive log");
   exports->add_option("FILE", exportPlan.file, "Profile file (.tav)")->required();
   exports->add_option("--uddf", exportPlan.uddf, "The file to write")->required();
-  exports->add_option("--dive", exportPlan.dive, "One dive of a series, from 1; all if not given")
-      ->check(CLI::PositiveNumber);
+  exports->add_option("--dive", exportPlan.dive, "One dive of a series, from 1; all if not given");
   AddModelOptions(*exports, exportOptions);
   exports->footer(kExportExamples);
   exports->callback([&] { status = ExportCommand(exportPlan, exportOptions, folders, err); });
@@ -269,7 +268,9 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   } catch (const CLI::ParseError& error) {
     // Help and version are "errors" of status 0 to the library; all others are usage errors.
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
-    err << "tavplan: " << error.what() << " (\"tavplan --help\" tells the usage)\n";
+    constexpr int kUsage = 7995;
+    const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+    err << "tavplan: " << texts.Filled(kUsage, {error.what(), "tavplan --help"}) << "\n";
     return ExitStatus::kUnusableInput;
   }
   return status;

@@ -1,13 +1,22 @@
 #include "cli/terminal_text.h"
 
+#include <algorithm>
+
 namespace tav {
 
+std::size_t CharacterCount(std::string_view text) {
+  const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins));
+}
+
 std::string Right(const std::string& text, std::size_t width) {
-  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
+  const std::size_t length = CharacterCount(text);
+  return length < width ? std::string(width - length, ' ') + text : text;
 }
 
 std::string Left(const std::string& text, std::size_t width) {
-  return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
+  const std::size_t length = CharacterCount(text);
+  return length < width ? text + std::string(width - length, ' ') : text;
 }
 
 std::string Wrapped(const std::string& text, std::size_t indent) {

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 /// Columns and lines for a terminal.
 namespace tav {
+
+/// The characters of a UTF-8 text; its bytes may be more.
+std::size_t CharacterCount(std::string_view text);
 
 /// The text filled with blanks on its left, or on its right, up to a width.
 std::string Right(const std::string& text, std::size_t width);

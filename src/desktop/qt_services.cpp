@@ -289,6 +289,8 @@ std::string QtEnvironment::UserName() const {
   return user == nullptr || user->pw_name == nullptr ? std::string() : user->pw_name;
 }
 
+std::string QtEnvironment::Locale() const { return FromQt(QLocale::system().uiLanguages().value(0)); }
+
 std::string QtEnvironment::Today() const {
   return FromQt(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat));
 }

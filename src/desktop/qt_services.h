@@ -89,6 +89,7 @@ class QtClipboard : public Clipboard {
 class QtEnvironment : public Environment {
  public:
   [[nodiscard]] std::string UserName() const override;
+  [[nodiscard]] std::string Locale() const override;
   [[nodiscard]] std::string Today() const override;
   [[nodiscard]] std::filesystem::path TemporaryFolder() const override;
   [[nodiscard]] std::string Logo() const override;

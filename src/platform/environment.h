@@ -15,6 +15,8 @@ class Environment {
 
   /// The name under which the user is logged on.
   [[nodiscard]] virtual std::string UserName() const = 0;
+  /// The language of the user's desktop, such as "de_AT"; empty for none.
+  [[nodiscard]] virtual std::string Locale() const { return {}; }
   /// Today's date as the user's locale writes it.
   [[nodiscard]] virtual std::string Today() const = 0;
   [[nodiscard]] virtual std::filesystem::path TemporaryFolder() const = 0;

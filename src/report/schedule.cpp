@@ -82,6 +82,22 @@ std::string ScheduleText::Fixed(double value, int decimals) const {
   return WriteLocaleNumber(FormatFixed(Single(value), decimals), separators_);
 }
 
+ScheduleWords ScheduleWordsOf(const TextSource& texts) {
+  const auto t = [&](int id) { return texts.GetResString(id); };
+  return {{t(7870), t(7973), t(7869), t(7974), t(7975), t(7976)},
+          {t(7028), t(7502), t(7977), t(7030), t(7031)},
+          t(7978),
+          t(7979),
+          t(7980),
+          t(7306),
+          t(7425),
+          t(7426),
+          "bar",
+          t(7600),
+          t(7423),
+          t(7424)};
+}
+
 ScheduleText::ScheduleText(const ClassProfile& profile, const DiveTemplate& diveTemplate, ScheduleWords words,
                            LocaleSeparators separators)
     : profile_(profile),
@@ -106,7 +122,11 @@ std::string ScheduleText::Aligned(std::size_t first, std::size_t last) const {
   const auto heads = Heads();
   std::array<std::size_t, 6> widths{8, 7, 7, 7, 3, 7};
   for (const auto& line : {heads[0], heads[1]}) {
-    for (std::size_t i = 0; i < line.size(); ++i) widths.at(i) = std::max(widths.at(i), Letters(line.at(i)));
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      // Numbers stand at the right of their column: a long head keeps a blank to the one before.
+      const std::size_t gap = i == kKindColumn || i == kGasColumn ? 0 : 1;
+      widths.at(i) = std::max(widths.at(i), Letters(line.at(i)) + gap);
+    }
   }
   // As wide as the whole schedule needs, so that parts of it align, too.
   for (const Line& line : lines_) {

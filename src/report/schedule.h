@@ -10,6 +10,7 @@
 #include "model/dive_template.h"
 #include "model/number_text.h"
 #include "model/profile.h"
+#include "platform/text_source.h"
 
 namespace tav {
 
@@ -43,6 +44,9 @@ struct ScheduleWords {
   std::string minutes = "min", metres = "m", feet = "ft", bar = "bar", atmospheres = "atm", litres = "l",
               cubicFeet = "cu ft";
 };
+
+/// The words in the language of the texts.
+ScheduleWords ScheduleWordsOf(const TextSource& texts);
 
 /// The schedule of a dive in figures as divers write them: "22.2", and "25" without a decimal.
 class ScheduleText {

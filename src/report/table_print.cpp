@@ -116,19 +116,7 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
 }
 
 std::vector<std::string> TablePrintModule::Remarks(const Printed& printed, bool onPaper) const {
-  RemarkWords words;
-  words.column = T(7302);
-  words.columns = T(7303);
-  words.to = T(7304);
-  words.alsoStop = T(7305);
-  words.minutes = T(7306);
-  words.breathe = T(7307);
-  words.at = T(7308);
-  words.lowPPO2 = T(7309);
-  words.highPPO2 = T(7331);
-  words.lostGas = T(7330);
-  words.noDecompression = T(7322);
-  words.unit = T(printed.info.diveTemplate.Metric ? kMetres : kFeet);
+  const RemarkWords words = RemarkWordsOf(writer_.Texts(), printed.info.diveTemplate.Metric);
   return TableRemarks(printed.table, words, onPaper);
 }
 

@@ -109,6 +109,12 @@ class Remarks {
 
 }  // namespace
 
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric) {
+  const auto t = [&](int id) { return texts.GetResString(id); };
+  return {t(7302), t(7303), t(7304), t(7305), t(7306), t(7307),
+          t(7308), t(7309), t(7331), t(7330), t(7322), t(metric ? 7425 : 7426)};
+}
+
 std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper) {
   return Remarks(table, words, onPaper).Lines();
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/text_source.h"
 #include "report/small_tables.h"
 
 namespace tav {
@@ -22,6 +23,9 @@ struct RemarkWords {
   std::string noDecompression = "DOES NOT DECOMPRESS";
   std::string unit = "m";
 };
+
+/// The words in the language of the texts, with metres or feet.
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric);
 
 /// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
 /// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m". On paper row 1, the bottom, has no cells, and what stands

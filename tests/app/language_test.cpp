@@ -69,6 +69,37 @@ TEST(LoadLanguage, FallsBackOnEnglishAndEndsWithoutIt) {
   EXPECT_EQ(platform.boxes.size(), 2U);
 }
 
+TEST(FirstStart, SpeaksTheLanguageOfTheDesktopUntilOneIsChosen) {
+  struct {
+    std::string locale;
+    std::string stored;
+    std::string loaded;
+  } const cases[] = {{"de_AT", "", "TAV_de.dll"},
+                     {"nl-BE", "", "TAV_nl.dll"},
+                     {"en_GB", "", "TAV_uk.dll"},
+                     {"xx_XX", "", "TAV_uk.dll"},
+                     {"C", "", "TAV_uk.dll"},
+                     {"", "", "TAV_uk.dll"},
+                     {"../x", "", "TAV_uk.dll"},
+                     {"de_DE", "TAV_fr.dll", "TAV_fr.dll"},
+                     {"de_DE", "TAV_uk.dll", "TAV_uk.dll"}};
+  for (const auto& each : cases) {
+    test::HeadlessProgram p;
+    p.platform.locale = each.locale;
+    if (!each.stored.empty()) p.platform.settings[{"", "Language"}] = each.stored;
+    ASSERT_TRUE(p.Start());
+    const LanguageTable wanted = LanguageTable::Read(kSource / "lang" / each.loaded);
+    EXPECT_EQ(p.program.Texts().GetResString(LanguageTable::kLanguageName),
+              wanted.GetResString(LanguageTable::kLanguageName))
+        << each.locale << " " << each.stored;
+    EXPECT_TRUE(p.platform.boxes.empty());
+    frmLanguages dialog(p.platform, p.program.Texts(), kSource / "lang");
+    dialog.Load();
+    const auto chosen = static_cast<std::size_t>(dialog.Option1.SelectedItem.Get());
+    EXPECT_EQ(dialog.Option1.Items.Get().at(chosen), wanted.GetResString(LanguageTable::kLanguageName));
+  }
+}
+
 /// Every number that stands in the code as the ID of a text has a text: arguments of T and GetResString, and the
 /// constants and tables of IDs.
 TEST(English, HasATextForEveryNumberInTheCode) {

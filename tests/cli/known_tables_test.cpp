@@ -28,6 +28,7 @@ struct Output {
 Output Tavplan(const std::vector<std::string>& arguments) {
   std::ostringstream out;
   std::ostringstream err;
+  ::setenv("LC_ALL", "C", 1);  // NOLINT(concurrency-mt-unsafe): the results are in English
   const int status = RunTavplan(arguments, {kRoot, kRoot / "build/no-user"}, out, err);
   return {status, out.str(), err.str()};
 }
@@ -101,18 +102,18 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
     return std::vector<std::string>{"tables", "--gas", "Air", "--depths=" + depths, "--times=" + times};
   };
   for (const Case& c : {
-           Case{tables("54:9:3", "5:45:5"), "--depths: the first depth is deeper"},
-           Case{tables("9:54:0", "5:45:5"), "--depths: the step"},
-           Case{tables("9:54:0.4", "5:45:5"), "--depths: the step"},
-           Case{tables("9:54:3", "45:5:5"), "--times: the first time is later"},
-           Case{tables("9:54:3", "5:45:-1"), "--times: the step"},
-           Case{tables("9:54:3", "-5:45:5"), "--times: the first time must"},
-           Case{tables("-9:54:3", "5:45:5"), "--depths: the first depth must"},
+           Case{tables("54:9:3", "5:45:5"), "The start depth is deeper"},
+           Case{tables("9:54:0", "5:45:5"), "The depth interval must be above 0"},
+           Case{tables("9:54:0.4", "5:45:5"), "The depth interval must be above 0"},
+           Case{tables("9:54:3", "45:5:5"), "The start time is later"},
+           Case{tables("9:54:3", "5:45:-1"), "The time interval must be above 0"},
+           Case{tables("9:54:3", "-5:45:5"), "The start time must not be below 0"},
+           Case{tables("-9:54:3", "5:45:5"), "The start depth must not be below 0"},
            Case{tables("9:deep:3", "5:45:5"), "\"deep\" is not a number"},
            Case{tables("9:54", "5:45:5"), "FROM:TO:STEP"},
            Case{tables("9:54:3:1", "5:45:5"), "is not a number"},
-           Case{tables("1:1000:1", "1:1000:1"), "more than 10000 dives"},
-           Case{tables("9:54:3", "5:1e9:5"), "can't be planned"},
+           Case{tables("1:1000:1", "1:1000:1"), "more than 10,000 dives"},
+           Case{tables("9:54:3", "5:1e9:5"), "can not be planned"},
            Case{{"tables", "--gas", "Helium", "--depths=9:9:1", "--times=5:5:5"}, "\"Helium\" is unknown"},
            Case{{"tables", "--gas", "Air", "--depths=9:9:1"}, "--times"},
            Case{{"tables", "--gas", "Air", "--depths=9:9:1", "--times=5:5:5", "--template", "none"}, "none"},

@@ -29,6 +29,14 @@ std::string KnownDive(const char* name) { return (kRoot / "tests/data/vectors" /
 
 class Tavplan : public testing::Test {
  protected:
+  Tavplan() { Speak("C"); }
+
+  /// The environment's language; the settings of the user are those of the scratch folder.
+  void Speak(const char* locale) {
+    ::setenv("LC_ALL", locale, 1);                                         // NOLINT(concurrency-mt-unsafe)
+    ::setenv("XDG_CONFIG_HOME", (scratch_.Path() / "config").c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+  }
+
   int Run(const std::vector<std::string>& arguments) {
     out_.str("");
     err_.str("");
@@ -247,6 +255,35 @@ TEST_F(Tavplan, WritesTheTraceWhenAsked) {
   EXPECT_EQ(std::count(trace.begin(), trace.end(), '\n') % 20, 0);
 }
 
+TEST_F(Tavplan, SpeaksTheLanguageOfItsUserToPeopleAndEnglishToPrograms) {
+  const std::string file = Dive("lake-series.tav");
+  Run({"plan", "--json", file});
+  const std::string data = Out();
+  Run({"plan", "--csv", file});
+  const std::string rows = Out();
+  Speak("de_AT.UTF-8");
+  Run({"plan", "--json", file});
+  EXPECT_EQ(Out(), data);
+  Run({"plan", "--csv", file});
+  EXPECT_EQ(Out(), rows);
+  Run({"plan", "--why", file});
+  EXPECT_THAT(Out(), AllOf(HasSubstr("Tauchgang 2 von 2 nach"), HasSubstr("offenes System"), HasSubstr("Stopp"),
+                           HasSubstr("Kompartiment"), Not(HasSubstr("*StringID"))));
+  EXPECT_EQ(Run({"plan", "/none.tav"}), ExitStatus::kUnusableInput);
+  EXPECT_EQ(Err(),
+            "/none.tav: kann nicht ge\xC3\xB6"
+            "ffnet werden: Datei oder Ordner nicht gefunden\n");
+  // What the window program keeps comes first; a language that is not there is English.
+  fs::create_directories(scratch_.Path() / "config/TAV");
+  WriteTextFile(scratch_.Path() / "config/TAV/TAV.ini",
+                "[Settings]\nLanguage=TAV_es.dll\n\n[General]\nLanguage=TAV_fr.dll\n");
+  Run({"plan", file});
+  EXPECT_THAT(Out(), HasSubstr("circuit ouvert"));
+  WriteTextFile(scratch_.Path() / "config/TAV/TAV.ini", "[General]\nLanguage=TAV_xx.dll\n");
+  Run({"plan", file});
+  EXPECT_THAT(Out(), HasSubstr("open circuit"));
+}
+
 struct Refusal {
   std::vector<std::string> arguments;
   std::string error;
@@ -263,8 +300,8 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
       {{"plan", unsound}, unsound + ":28: the distance between stops is 0, it must be at least 0.1\n"},
       {{"plan", series}, series + ":53: dive 2 can't be computed: dive 1 does not end with its ascent\n"},
       {{"plan", "/none.tav"}, "/none.tav: can't be opened: No such file or directory\n"},
-      {{"new", "--depth", "30", "--time", "x"}, "tavplan new: time: \"x\" is not a number\n"},
-      {{"new", "--leg", "10"}, "tavplan new: leg \"10\" must be DEPTH:TIME or DEPTH:TIME@GAS\n"},
+      {{"new", "--depth", "30", "--time", "x"}, "tavplan new: --time: \"x\" is not a number\n"},
+      {{"new", "--leg", "10"}, "tavplan new: --leg: \"10\" must be DEPTH:TIME, DEPTH:TIME@GAS\n"},
       {{"new", "--leg", "-5:10"}, "tavplan new: a leg to depth -5, outside 0 to 10000\n"},
       {{"new", "--leg", "30:20@EAN200"}, "tavplan new: gas \"EAN200\" is unknown; "},
       {{"new", "--leg", "30:20", "--template", "None"}, "None: can't be opened: "},
@@ -275,18 +312,15 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
       {{"plan", "--vpm", "--hybrid", broken}, "tavplan: --"},
       {{"plan"}, "tavplan: FILE is required"},
       {{"mix", "--have", "21/0@1"}, "tavplan: --want is required"},
-      {{"mix", "--have", "21/0@1", "--want", "32@200"}, "tavplan mix: --want \"32@200\": must be O2/HE@PRESSURE, "},
-      {{"mix", "--have", "21/@1", "--want", "32/0@200"},
-       "tavplan mix: --have \"21/@1\": helium \"\" is not a number\n"},
-      {{"mix", "--have", "60/50@1", "--want", "32/0@200"},
-       "tavplan mix: --have \"60/50@1\": oxygen and helium together"},
+      {{"mix", "--have", "21/0@1", "--want", "32@200"}, "tavplan mix: --want: \"32@200\" must be O2/HE@PRESSURE\n"},
+      {{"mix", "--have", "21/@1", "--want", "32/0@200"}, "tavplan mix: --have 21/@1: \"\" is not a number\n"},
+      {{"mix", "--have", "60/50@1", "--want", "32/0@200"}, "tavplan mix: --have: \"60/50@1\" has more than 100 %"},
       {{"mix", "--have", "21/0@1", "--want", "32/0@3000"},
-       "tavplan mix: --want \"32/0@3000\": pressure 3000 is outside 0 to 1000\n"},
+       "tavplan mix: --want 32/0@3000: \"3000\" is outside 0 to 1000\n"},
       {{"mix", "--have", "21/0@-1", "--want", "32/0@200"},
-       "tavplan mix: --have \"21/0@-1\": pressure -1 is outside 0 to 1000\n"},
-      {{"mix", "--have", "nan/0@1", "--want", "32/0@0"},
-       "tavplan mix: --have \"nan/0@1\": oxygen \"nan\" is not a number\n"},
-      {{"mix", "--have", "21/0@1", "--want", "32/0@0"}, "tavplan mix: --want \"32/0@0\": the pressure is 0\n"},
+       "tavplan mix: --have 21/0@-1: \"-1\" is outside 0 to 1000\n"},
+      {{"mix", "--have", "nan/0@1", "--want", "32/0@0"}, "tavplan mix: --have nan/0@1: \"nan\" is not a number\n"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@0"}, "tavplan mix: --want: \"32/0@0\" has a pressure of 0\n"},
       {{"dive"}, "tavplan: "},
       {{}, "tavplan: A subcommand is required"}};
   for (const Refusal& refusal : refusals) {

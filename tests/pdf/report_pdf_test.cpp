@@ -69,6 +69,7 @@ class ReportPdfFile : public testing::Test {
   int Run(const std::vector<std::string>& arguments) {
     out_.str("");
     err_.str("");
+    ::setenv("LC_ALL", "C", 1);  // NOLINT(concurrency-mt-unsafe): the results are in English
     return RunTavplan(arguments, {kRoot, scratch_.Path() / "user"}, out_, err_);
   }
   test::ScratchFolder scratch_;

@@ -81,6 +81,7 @@ class HeadlessPlatform : private MessageBoxes,
   std::function<void()> onEvents;                  ///< acts for the user when pending events are handled
   std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
   LocaleSeparators separators;
+  std::string locale;  ///< of the desktop
   std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();
 
   void Activate(std::int16_t document) { ActivateWindow(document); }
@@ -126,6 +127,7 @@ class HeadlessPlatform : private MessageBoxes,
     return font.points * 10 * static_cast<double>(text.size());
   }
   [[nodiscard]] std::string UserName() const override { return "diver"; }
+  [[nodiscard]] std::string Locale() const override { return locale; }
   [[nodiscard]] std::string Today() const override { return "2026-05-01"; }
   [[nodiscard]] std::filesystem::path TemporaryFolder() const override { return temporaryFolder; }
   [[nodiscard]] std::string Logo() const override { return "<svg/>"; }
