@@ -98,9 +98,12 @@ void frmMain::ViewRow(std::int16_t row) {
   Waypoint& shown = dialogProfile.Row(0);
   shown = services_.forms(*active).InputProfile.Row(row);
   shown.SegmentTime = shown.RunTime;  // the dialog shows when the row ends, not how long it takes
+  SelectInPanes(row);
   frmWaypointForm dialog(Dialogs());
   dialog.data(dialogProfile, 0);
+  if (LegAt(row) && !services_.runs.Holds(*active)) dialog.OfferEdit();
   services_.platform.windows.ShowModal(dialog);
+  if (dialog.EditWanted()) EditLegOf(row);
 }
 
 }  // namespace tav

@@ -154,6 +154,12 @@ class frmMain : public Form {
   void EnterWaypoint(Single depth, Single segmentTime);
   /// Shows a row of the active plan in the waypoint dialog.
   void ViewRow(std::int16_t row);
+  /// The leg of the active plan that ends with a row, by its action.
+  [[nodiscard]] std::optional<std::int16_t> LegEndingAt(std::int16_t row) const;
+  /// Opens the leg that a row of the active plan belongs to in the plan pane; nothing for a row of an ascent.
+  void EditLegOf(std::int16_t row);
+  /// Ends what is being entered in a pane, as a change of its plan: a command comes.
+  void FinishEdits();
   void PopupGraphMenu();
   /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
   [[nodiscard]] std::string WhyStop(std::int16_t document, std::int16_t row) const;
@@ -207,6 +213,8 @@ class frmMain : public Form {
   void ShowFindings();
   void RestorePanes();
   void KeepPanes();
+  void SelectInPanes(std::int16_t row);
+  [[nodiscard]] std::optional<std::int16_t> LegAt(std::int16_t row) const;
   void FillRecent();
   void ListPlans();
   void FitPlan(bool fit);

@@ -16,8 +16,14 @@ std::string PieceName(int piece) { return "Panes" + std::to_string(piece); }
 }  // namespace
 
 PlanPaneServices frmMain::PaneServices() {
-  return {Dialogs(), services_.history, [this](std::int16_t document) { return services_.runs.Holds(document); },
-          [this] { EditTemplateOfActive(); }, [this] { SyncCommands(); }};
+  return {Dialogs(),
+          services_.history,
+          [this](std::int16_t document) { return services_.runs.Holds(document); },
+          [this] { EditTemplateOfActive(); },
+          [this] { SyncCommands(); },
+          [this](std::int16_t row) {
+            if (const auto active = Active()) services_.view.SelectRows(*active, row, row);
+          }};
 }
 
 void frmMain::WirePanes() {
@@ -65,6 +71,36 @@ void frmMain::ShowFindings() {
   sbFindings.ToolTipText = count.words;
   sbFindings.ForeColor = count.colour;
   sbFindings.Visible = !count.marks.empty();
+}
+
+void frmMain::FinishEdits() {
+  for (const Pane& pane : panes_) pane.form.Finish();
+}
+
+void frmMain::SelectInPanes(std::int16_t row) {
+  for (const Pane& pane : panes_) {
+    if (pane.entry.Checked) pane.form.SelectRow(row);
+  }
+  if (const auto active = Active()) services_.view.SelectRows(*active, row, row);
+}
+
+std::optional<std::int16_t> frmMain::LegAt(std::int16_t row) const {
+  const auto active = Active();
+  return active ? services_.forms(*active).LegAt(row) : std::nullopt;
+}
+
+std::optional<std::int16_t> frmMain::LegEndingAt(std::int16_t row) const {
+  const auto active = Active();
+  const auto leg = LegAt(row);
+  return leg && active && services_.forms(*active).LastRowOf(*leg) == row ? leg : std::nullopt;
+}
+
+void frmMain::EditLegOf(std::int16_t row) {
+  const auto leg = LegAt(row);
+  if (!leg) return;
+  ShowPane(panes_.front(), true);
+  services_.view.FocusPane(planPane_);
+  planPane_.EditLeg(*leg);
 }
 
 void frmMain::RestorePanes() {

@@ -39,7 +39,7 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       recovery_(SettingsFolder(), ::getpid()),
       report_(platform_, texts_),
       tables_(platform_, texts_) {
-  warnings_.returning = [this] { return history_.Restoring(); };
+  warnings_.returning = [this] { return history_.Restoring() || history_.Held(); };
 }
 
 Program::~Program() = default;

@@ -99,15 +99,23 @@ void Bind(TextBox& box, QLineEdit& edit) {
   box.SelectWanted = [&edit] { edit.selectAll(); };
   QObject::connect(&edit, &QObject::destroyed, [&box] { box.SelectWanted = nullptr; });
   QObject::connect(&edit, &QLineEdit::textEdited, [&box](const QString& text) { box.Type(FromQt(text)); });
-  new EventHook(edit, [&box](QEvent* event) {
+  new EventHook(edit, [&box, &edit](QEvent* event) {
     if (event->type() == QEvent::FocusIn) box.Enter();
     if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
       box.Leave();
+    }
+    // A field in which nothing was typed leaves the keys of undo to the menu.
+    if (event->type() == QEvent::ShortcutOverride && !edit.isUndoAvailable()) {
+      return static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo);
     }
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     // Ahead of the move: what the field does when it is left may show the very button that Tab goes to.
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab) box.Leave();
+    if (box.KeyEscape && key == Qt::Key_Escape) {
+      box.PressEscape();
+      return true;
+    }
     if (!box.KeyReturn || (key != Qt::Key_Return && key != Qt::Key_Enter)) return false;
     box.PressReturn();
     return true;

@@ -49,7 +49,8 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       ceiling_(Caption(container_, kBlack)),
       ceilingNumber_(Caption(container_, kBlack)),
       readOut_(new QLabel(grid_)),
-      notice_(new QLabel(this)) {
+      notice_(new QLabel(this)),
+      secondClick_(new QTimer(this)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(ToQt(forms.Services().texts.GetResString(1500)));
   setMinimumSize(200, 160);
@@ -72,6 +73,10 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   notice_->hide();
   graph_.rowRemark = actions_.rowRemark;
   tissues_->setObjectName(QStringLiteral("pbTissues"));
+  secondClick_->setSingleShot(true);
+  connect(secondClick_, &QTimer::timeout, this, [this] {
+    if (const auto row = std::exchange(clicked_, std::nullopt)) actions_.viewRow(*row);
+  });
   scrollBar_->setFocusPolicy(Qt::NoFocus);  // the keys of the view move it
   connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::Redraw);
   for (SurfaceWidget* surface : {container_, grid_, bars_, tissues_}) surface->RedrawWanted = [this] { Redraw(); };
@@ -131,6 +136,12 @@ void GraphView::Redraw() {
     tissues_->Flush();
   }
   setAccessibleDescription(ToQt(graph_.Description()));
+}
+
+void GraphView::ViewRow(std::int16_t row) {
+  if (!actions_.endsLeg || !actions_.endsLeg(row)) return actions_.viewRow(row);
+  clicked_ = row;
+  secondClick_->start(QApplication::doubleClickInterval());
 }
 
 void GraphView::SelectRows(std::int16_t first, std::int16_t last) {
@@ -199,6 +210,14 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
       GridMouse(event);
+      return true;
+    case QEvent::MouseButtonDblClick:
+      secondClick_->stop();
+      if (const auto row = std::exchange(clicked_, std::nullopt)) {
+        actions_.editRow(*row);
+      } else {
+        GridMouse(event);
+      }
       return true;
     case QEvent::Wheel: {
       auto* wheel = static_cast<QWheelEvent*>(event);
@@ -364,7 +383,9 @@ GraphView* MakeGraphView(Program& program, std::int16_t document) {
                        {[&program](Single depth, Single time) { program.MainForm().EnterWaypoint(depth, time); },
                         [&program](std::int16_t row) { program.MainForm().ViewRow(row); },
                         [&program] { program.MainForm().PopupGraphMenu(); },
-                        [&program, document](std::int16_t row) { return program.MainForm().WhyStop(document, row); }},
+                        [&program, document](std::int16_t row) { return program.MainForm().WhyStop(document, row); },
+                        [&program](std::int16_t row) { return program.MainForm().LegEndingAt(row).has_value(); },
+                        [&program](std::int16_t row) { program.MainForm().EditLegOf(row); }},
                        program.Separators());
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "desktop/qt_surface.h"
 #include "graph/graph_layout.h"
@@ -9,6 +10,7 @@
 
 class QLabel;
 class QScrollBar;
+class QTimer;
 
 namespace tav {
 
@@ -25,6 +27,9 @@ class GraphView : public QWidget, public GraphWindow {
     std::function<void(std::int16_t row)> viewRow;
     std::function<void()> popup;
     std::function<std::string(std::int16_t row)> rowRemark = {};  ///< what else there is to tell of a row
+    /// Whether a row is the end of a leg, so that a second click edits it.
+    std::function<bool(std::int16_t row)> endsLeg = {};
+    std::function<void(std::int16_t row)> editRow = {};
   };
 
   GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators = {});
@@ -54,7 +59,7 @@ class GraphView : public QWidget, public GraphWindow {
   void ShowCross(bool cross) override;
   void ShowPopup() override { actions_.popup(); }
   void NewWaypoint(Single depth, Single segmentTime) override;
-  void ViewRow(std::int16_t row) override { actions_.viewRow(row); }
+  void ViewRow(std::int16_t row) override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -88,6 +93,8 @@ class GraphView : public QWidget, public GraphWindow {
   QLabel* ceilingNumber_;
   QLabel* readOut_;
   QLabel* notice_;
+  std::optional<std::int16_t> clicked_;  ///< the end of a leg, to be shown unless a second click follows
+  QTimer* secondClick_;
 };
 
 /// The graph of a document of the program.

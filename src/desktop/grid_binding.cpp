@@ -81,6 +81,9 @@ class GridDelegate : public QStyledItemDelegate {
     QWidget* widget = nullptr;
     if (editor.kind == Grid::Editor::Kind::Text) {
       widget = QStyledItemDelegate::createEditor(parent, option, index);
+      if (auto* edit = qobject_cast<QLineEdit*>(widget); edit != nullptr && grid_.Typed) {
+        connect(edit, &QLineEdit::textEdited, self, [self](const QString& text) { self->Type(text); });
+      }
     } else {
       auto* list = new CellList(parent, [self] { self->Leave(); });
       for (const std::string& entry : editor.entries) list->addItem(ToQt(entry));
@@ -88,6 +91,7 @@ class GridDelegate : public QStyledItemDelegate {
     }
     new OutsideWatch(*widget, [self] { self->Leave(); });
     self->open_ = widget;
+    self->filled_ = false;
     return widget;
   }
 
@@ -97,6 +101,9 @@ class GridDelegate : public QStyledItemDelegate {
   }
 
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    // What is being typed is not brought in line with what is made of it.
+    if (filled_) return;
+    const_cast<GridDelegate*>(this)->filled_ = true;
     const QString text = index.data(Qt::DisplayRole).toString();
     if (auto* list = qobject_cast<QComboBox*>(editor)) {
       list->setCurrentIndex(list->findText(text));
@@ -141,14 +148,37 @@ class GridDelegate : public QStyledItemDelegate {
     leaving_ = false;
   }
 
+  void Type(const QString& text) { grid_.Type(table_.currentRow() + 1, table_.currentColumn(), FromQt(text)); }
+
+  void Step(int by) {
+    auto* edit = qobject_cast<QLineEdit*>(open_);
+    edit->setText(ToQt(grid_.Stepped(FromQt(edit->text()), by)));
+    edit->selectAll();
+    Type(edit->text());
+  }
+
   bool LeavesByKey(const QKeyEvent& event) {
     switch (event.key()) {
+      case Qt::Key_Escape:
+        if (!grid_.Restored) return false;
+        leaving_ = true;
+        Q_EMIT closeEditor(open_, RevertModelCache);
+        leaving_ = false;
+        grid_.Restore();
+        return true;
       case Qt::Key_Return:
       case Qt::Key_Enter:
         Leave();
+        if (grid_.Typed) {
+          table_.setCurrentCell(std::min(table_.currentRow() + 1, table_.rowCount() - 1), table_.currentColumn());
+        }
         return true;
       case Qt::Key_Up:
       case Qt::Key_Down: {
+        if (grid_.Stepped) {
+          Step(event.key() == Qt::Key_Up ? 1 : -1);
+          return true;
+        }
         const int row = table_.currentRow() + (event.key() == Qt::Key_Up ? -1 : 1);
         Leave();
         table_.setCurrentCell(std::clamp(row, 0, table_.rowCount() - 1), table_.currentColumn());
@@ -181,6 +211,7 @@ class GridDelegate : public QStyledItemDelegate {
   QTableWidget& table_;
   QPointer<QWidget> open_;
   bool leaving_ = false;
+  bool filled_ = false;  ///< the open cell has got its text
 };
 
 /// The keys and the menu of a table while no cell is open.
@@ -195,8 +226,29 @@ class TableKeys : public QObject {
       OpenMenu(*static_cast<QContextMenuEvent*>(event));
       return true;
     }
-    if (object != &table_ || event->type() != QEvent::KeyPress) return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool override = event->type() == QEvent::ShortcutOverride;
+    if (object != &table_ || (event->type() != QEvent::KeyPress && !override)) return false;
+    const auto* press = static_cast<QKeyEvent*>(event);
+    const int key = press->key();
+    const auto wish = WishOf(*press);
+    if (override) {
+      // Keys of the grid that are those of a menu, too, go to the grid.
+      const bool own = (key == Qt::Key_Insert && grid_.InsertKey) || (key == Qt::Key_Delete && grid_.DeleteKey);
+      if ((press->modifiers() == Qt::NoModifier && own) || wish) event->accept();
+      return (press->modifiers() == Qt::NoModifier && own) || wish;
+    }
+    if (wish) {
+      grid_.Ask(*wish);
+      return true;
+    }
+    if (key == Qt::Key_Escape && grid_.Restored) {
+      grid_.Restore();
+      return true;
+    }
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && grid_.Typed) {
+      table_.edit(table_.currentIndex());
+      return true;
+    }
     if (key == Qt::Key_Insert && grid_.InsertKey) {
       grid_.PressInsert();
       return true;
@@ -209,6 +261,17 @@ class TableKeys : public QObject {
   }
 
  private:
+  [[nodiscard]] std::optional<Grid::Wish> WishOf(const QKeyEvent& press) const {
+    if (!grid_.Wished) return std::nullopt;
+    const bool alt = press.modifiers().testFlag(Qt::AltModifier);
+    if (press.matches(QKeySequence::Copy)) return Grid::Wish::Copy;
+    if (press.matches(QKeySequence::Paste)) return Grid::Wish::Paste;
+    if (press.modifiers() == Qt::ControlModifier && press.key() == Qt::Key_D) return Grid::Wish::Duplicate;
+    if (alt && press.key() == Qt::Key_Up) return Grid::Wish::MoveUp;
+    if (alt && press.key() == Qt::Key_Down) return Grid::Wish::MoveDown;
+    return std::nullopt;
+  }
+
   void OpenMenu(const QContextMenuEvent& event) {
     const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
     const QTableWidgetItem* item = byKey ? nullptr : table_.itemAt(table_.viewport()->mapFromGlobal(event.globalPos()));
@@ -220,10 +283,28 @@ class TableKeys : public QObject {
   QTableWidget& table_;
 };
 
+/// What has not changed is not touched: a cell costs more to set than to compare.
+void ShowCell(QTableWidgetItem& item, const GridCell& cell) {
+  const QString text = ToQt(cell.text);
+  if (item.text() != text) item.setText(text);
+  QFont font = item.font();
+  if (font.bold() != cell.bold || font.italic() != cell.italic) {
+    font.setBold(cell.bold);
+    font.setItalic(cell.italic);
+    item.setFont(font);
+  }
+  const QVariant colour = cell.colour >= 0 ? QVariant(QBrush(ColourOf(cell.colour))) : QVariant();
+  if (item.data(Qt::ForegroundRole) != colour) item.setData(Qt::ForegroundRole, colour);
+}
+
 /// Cells that take no typing in a table that otherwise does look like the results that they are.
 void ShowEditable(const Grid& grid, int row, int column, const QTableWidget& table, QTableWidgetItem& item) {
   const bool fixed = grid.EditorOf && grid.EditorOf(row, column).kind == Grid::Editor::Kind::None;
-  item.setData(Qt::BackgroundRole, fixed ? QVariant(table.palette().window()) : QVariant());
+  const std::string& fault = grid.Cells.Get()[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].fault;
+  QVariant background = fixed ? QVariant(table.palette().window()) : QVariant();
+  if (!fault.empty()) background = QColor(255, 190, 190);
+  if (item.data(Qt::BackgroundRole) != background) item.setData(Qt::BackgroundRole, background);
+  if (item.toolTip() != ToQt(fault)) item.setToolTip(ToQt(fault));
 }
 
 }  // namespace
@@ -232,7 +313,7 @@ void BindGrid(Grid& grid, QTableWidget& table) {
   table.setItemDelegate(new GridDelegate(grid, table));
   table.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                         QAbstractItemView::AnyKeyPressed);
-  table.setSelectionMode(QAbstractItemView::SingleSelection);
+  table.setSelectionMode(grid.Typed ? QAbstractItemView::ContiguousSelection : QAbstractItemView::SingleSelection);
   table.setAlternatingRowColors(true);
   table.setTabKeyNavigation(false);
   table.verticalHeader()->hide();
@@ -241,6 +322,17 @@ void BindGrid(Grid& grid, QTableWidget& table) {
     if (row >= 0) grid.Select(row + 1, column);
   });
   QObject::connect(&table, &QTableWidget::cellClicked, [&grid](int row, int column) { grid.Select(row + 1, column); });
+  if (grid.Typed) {
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    QObject::connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, [&grid, &table] {
+      const auto ranges = table.selectedRanges();
+      if (ranges.isEmpty()) return;
+      grid.FirstRow = ranges.front().topRow() + 1;
+      grid.LastRow = ranges.front().bottomRow() + 1;
+    });
+  }
+  grid.OpenWanted = [&table] { table.edit(table.currentIndex()); };
+  QObject::connect(&table, &QObject::destroyed, [&grid] { grid.OpenWanted = nullptr; });
   new TableKeys(grid, table);
 }
 
@@ -262,17 +354,23 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
           table.setItem(row - 1, column, item);
         }
       }
-      item->setText(ToQt(cell.text));
-      QFont font = item->font();
-      font.setBold(cell.bold);
-      font.setItalic(cell.italic);
-      item->setFont(font);
-      if (cell.colour >= 0) {
-        item->setForeground(ColourOf(cell.colour));
-      } else {
-        item->setData(Qt::ForegroundRole, QVariant());
-      }
+      ShowCell(*item, cell);
+      const bool right =
+          std::find(grid.RightColumns.begin(), grid.RightColumns.end(), column) != grid.RightColumns.end();
+      if (right) item->setTextAlignment(Qt::AlignVCenter | Qt::AlignRight);
       if (row > 0) ShowEditable(grid, row, column, table, *item);
+    }
+  }
+  if (grid.WideColumn >= 0 && table.columnCount() > grid.WideColumn) {
+    auto& header = *table.horizontalHeader();
+    if (header.sectionResizeMode(0) != QHeaderView::Interactive) {
+      header.setMinimumSectionSize(16);
+      for (int column = 0; column < table.columnCount(); ++column) {
+        if (column == grid.WideColumn) continue;
+        header.setSectionResizeMode(column, QHeaderView::Interactive);
+        const QString widest = column == 0 ? QStringLiteral("00") : QStringLiteral("000.0");
+        table.setColumnWidth(column, table.fontMetrics().horizontalAdvance(widest) + 9);
+      }
     }
   }
   const int row = std::min(grid.SelectedRow, grid.Rows() - 1) - 1;

@@ -97,6 +97,7 @@ void MainWindow::BuildMenu() {
           const auto& there = form_->Controls();
           return std::find(there.begin(), there.end(), chosen) != there.end();
         };
+        form_->FinishEdits();
         if (isThere()) chosen->Choose();
         // A click has taken the mark of a marked entry away, whatever the command has made of it.
         if (shown != nullptr && isThere()) FillAction(*chosen, *shown);
@@ -143,7 +144,8 @@ void MainWindow::BuildToolBar() {
       action->setChecked(button->Checked);
     };
     button->Changed();
-    connect(action, &QAction::triggered, this, [button] {
+    connect(action, &QAction::triggered, this, [this, button] {
+      form_->FinishEdits();
       button->Press();
       button->Changed();
     });
@@ -308,7 +310,10 @@ void MainWindow::TemplateChanged(std::int16_t document) {
 }
 
 void MainWindow::Redraw(std::int16_t document) {
-  if (Child* child = Find(document)) child->graph->Redraw();
+  Child* child = Find(document);
+  if (child == nullptr) return;
+  child->graph->Mark(std::nullopt);
+  child->graph->Redraw();
 }
 
 void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {

@@ -282,6 +282,8 @@ void QtSound::Play(const std::filesystem::path& file) {
 #endif
 }
 
+std::string QtClipboard::Text() const { return FromQt(QApplication::clipboard()->text()); }
+
 void QtClipboard::SetText(const std::string& text) { QApplication::clipboard()->setText(ToQt(text)); }
 
 std::string QtEnvironment::UserName() const {

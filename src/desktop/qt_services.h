@@ -83,6 +83,7 @@ class QtSound : public Sound {
 
 class QtClipboard : public Clipboard {
  public:
+  [[nodiscard]] std::string Text() const override;
   void SetText(const std::string& text) override;
 };
 

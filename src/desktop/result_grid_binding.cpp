@@ -134,9 +134,14 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
     Show(grid, table);
   };
   grid.FocusWanted = [&table] { table.setFocus(); };
+  grid.SelectWanted = [&grid, &table] {
+    const QSignalBlocker quiet(&table);
+    table.selectRow(grid.SelectedRow - (grid.HasHeader ? 1 : 0));
+  };
   QObject::connect(&table, &QObject::destroyed, [&grid] {
     grid.Changed = nullptr;
     grid.FocusWanted = nullptr;
+    grid.SelectWanted = nullptr;
   });
   grid.Changed();
 }

@@ -14,6 +14,8 @@ class PaneForm : public DialogForm {
   virtual void ShowDocument(std::optional<std::int16_t> document) = 0;
   /// A row of the profile of the plan in front was selected elsewhere.
   virtual void SelectRow(std::int16_t /*row*/) {}
+  /// Stores what is being entered, ahead of a command.
+  virtual void Finish() {}
   /// Where the keyboard starts.
   virtual void TakeFocus() {}
 

@@ -6,20 +6,18 @@ namespace tav {
 namespace {
 
 constexpr int kDepth = 7028;
-constexpr int kTime = 7502;
 constexpr int kGas = 7030;
-constexpr int kPPO2 = 7031;
 constexpr int kTitle = 7511;
 constexpr int kPlanDive = 7512;
 constexpr int kAddLeg = 7513;
 constexpr int kTimeMeans = 7514;
-constexpr int kFirstKind = 7515;
-constexpr int kRun = 7521;
-constexpr int kTotals = 7522;
-constexpr int kGases = 7523;
-constexpr int kNoAscent = 7524;
 constexpr int kCopySchedule = 7525;
-constexpr int kAboveCeiling = 7545;
+constexpr int kLegs = 7526;
+constexpr int kAscent = 7530;
+constexpr int kFirstMenu = 7531;
+constexpr int kFactors = 7540;
+constexpr int kLastStop = 7541;
+constexpr int kEdit = 7542;
 
 }  // namespace
 
@@ -29,10 +27,16 @@ frmPlanPane::frmPlanPane(PlanPaneServices services)
       trial_(pane_.dialogs.forms, pane_.history),
       table_(pane_.dialogs.platform.separators) {
   Wire();
+  WireLegs();
+  WireSettings();
 }
 
 void frmPlanPane::Wire() {
   cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = [this] { Quick(); };
+  fgSchedule.Click = [this] {
+    const auto at = static_cast<std::size_t>(fgSchedule.SelectedRow);
+    if (at > 0 && at <= scheduleRows_.size()) pane_.markRow(scheduleRows_[at - 1]);
+  };
   cbCopySchedule.Click = [this] {
     if (document_) platform_.clipboard.SetText(Schedule().Aligned());
   };
@@ -41,34 +45,92 @@ void frmPlanPane::Wire() {
 void frmPlanPane::Form_Load() {
   Localize();
   Caption = T(kTitle);
-  cbCopySchedule.Caption = T(kCopySchedule);
   lbQuickTimeUnit.Caption = "min";
   tbQuickDepth.ToolTipText = T(kDepth);
   tbQuickTime.ToolTipText = T(kTimeMeans);
   cbQuickGas.ToolTipText = T(kGas);
+  ckAscent.Caption = T(kAscent);
+  cbLegs.Caption = T(kLegs) + "...";
+  cbEditTemplate.Caption = T(kEdit);
+  lbGF.Caption = T(kFactors);
+  lbLastStop.Caption = T(kLastStop);
+  cbCopySchedule.Caption = T(kCopySchedule);
+  int id = kFirstMenu;
+  for (MenuItem* item : {&mnuInsertLeg, &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp, &mnuMoveLegsDown,
+                         &mnuCopyLegs, &mnuPasteLegs}) {
+    item->Caption = T(id++);
+  }
+  fgLegs.RightColumns = {kNumberColumn, kDepthColumn, kTimeColumn, kPPO2Column, kENDColumn, kRunColumn};
+  fgLegs.WideColumn = kGasColumn;
+  fgSchedule.TextColumns = {0, 4};
   lbFault.ForeColor = kRed;
   lbFault.Visible = false;
-  fgSchedule.TextColumns = {0, 4};
 }
 
-void frmPlanPane::TakeFocus() { tbQuickDepth.SelectAll(); }
+void frmPlanPane::TakeFocus() {
+  if (table_.Rows() == 0) {
+    tbQuickDepth.SelectAll();
+  } else {
+    fgLegs.SetFocus();
+  }
+}
 
 void frmPlanPane::ShowDocument(std::optional<std::int16_t> document) {
-  // What it does on trial it shows itself, at its end.
+  if (trial_.Running() && document == trial_.Document()) {
+    ShowSchedule();
+    if (!trying_) ShowLegs();
+    return;
+  }
+  Finish();
+  const bool same = document && document == document_ && Editor().Opening() == opening_;
   document_ = document;
-  if (!trial_.Running()) Reload();
+  if (document_) opening_ = Editor().Opening();
+  // Rows that can't be planned yet stay as long as the plan does not change under them.
+  if (same && !isInForce_ && Editor().UserActions == inForce_) {
+    ShowSchedule();
+    ShowSettings();
+    return;
+  }
+  Reload();
 }
 
 void frmPlanPane::Reload() {
-  if (document_) table_.Load(Editor().UserActions, Template());
+  former_.reset();
+  faults_.clear();
+  planFault_.clear();
+  isInForce_ = true;
+  if (document_) {
+    table_.Load(Editor().UserActions, Template());
+    inForce_ = Editor().UserActions;
+  } else {
+    table_ = LegTable(platform_.separators);
+  }
   ShowQuickLine();
+  ShowLegs();
+  ShowSettings();
   ShowSchedule();
+  ShowFaults();
+}
+
+void frmPlanPane::Finish() {
+  if (!trial_.Running()) return;
+  trial_.Keep();
+  former_.reset();
+  if (isInForce_) {
+    Reload();
+  } else if (std::exchange(taken_, false)) {
+    // What follows counts from the rows that the plan has got meanwhile.
+    table_.Adopt();
+    inForce_ = Editor().UserActions;
+    ShowSettings();
+  }
+  taken_ = false;
+  pane_.kept();
 }
 
 void frmPlanPane::ShowQuickLine() {
-  const bool free = document_ && !pane_.held(*document_);
   for (Control* control : std::initializer_list<Control*>{&tbQuickDepth, &tbQuickTime, &cbQuickGas, &cbQuick}) {
-    control->Enabled = free;
+    control->Enabled = IsFree();
   }
   if (!document_) return;
   const DiveTemplate& t = Template();
@@ -79,87 +141,24 @@ void frmPlanPane::ShowQuickLine() {
   const int last = static_cast<int>(t.Blends.size()) - 1;
   if (cbQuickGas.ListIndex < 0 || cbQuickGas.ListIndex > last) cbQuickGas.ListIndex = 0;
   lbQuickDepthUnit.Caption = LengthUnit();
-  cbQuick.Caption = T(Editor().UserActions.GetLength() == 0 ? kPlanDive : kAddLeg);
+  cbQuick.Caption = T(table_.Rows() == 0 ? kPlanDive : kAddLeg);
 }
 
 void frmPlanPane::Quick() {
   if (!cbQuick.Enabled) return;
-  const bool empty = table_.Rows() == 0;
-  const int row = table_.EndOfLegs();
-  table_.Insert(row);
-  table_.Set(row, LegTable::Field::Depth, tbQuickDepth.Text);
-  table_.Set(row, LegTable::Field::Time, tbQuickTime.Text);
-  table_.Set(row, LegTable::Field::Gas, cbQuickGas.Text());
-  if (empty) table_.SetFinalAscent(true);
-  trial_.Begin(*document_);
-  const bool taken = TryRows();
-  trial_.Keep();
-  Reload();
-  pane_.kept();
-  (taken || tbQuickDepth.Text.Get().empty() || !NumberIn(tbQuickDepth.Text) ? tbQuickDepth : tbQuickTime).SelectAll();
-}
-
-bool frmPlanPane::TryRows() {
-  const auto faults = table_.Faults(texts_);
-  if (!faults.empty()) {
-    ShowFault(faults.front().reason);
-    return false;
-  }
-  const PlanRefusal refusal = trial_.TryActions(table_.Actions(), table_.Origins());
-  if (!refusal.legs.empty()) {
-    ShowFault(T(kAboveCeiling, {Fixed(refusal.legs.front().ceiling, 1) + " " + LengthUnit()}));
-  } else {
-    ShowFault(refusal.fault);
-  }
-  return refusal.IsEmpty();
-}
-
-void frmPlanPane::ShowFault(const std::string& reason) {
-  lbFault.Caption = reason;
-  lbFault.Visible = !reason.empty();
-}
-
-ScheduleWords frmPlanPane::Words() const {
-  ScheduleWords words;
-  for (std::size_t i = 0; i < words.kinds.size(); ++i) words.kinds.at(i) = T(kFirstKind + static_cast<int>(i));
-  words.heads = {T(kDepth), T(kTime), T(kRun), T(kGas), T(kPPO2)};
-  words.totals = T(kTotals);
-  words.gases = T(kGases);
-  words.noAscent = T(kNoAscent);
-  words.atmospheres = "ata";
-  return words;
-}
-
-ScheduleText frmPlanPane::Schedule() const {
-  return {Editor().InputProfile, Template(), Words(), platform_.separators};
-}
-
-void frmPlanPane::ShowSchedule() {
-  fgSchedule.Enabled = cbCopySchedule.Enabled = document_.has_value();
-  if (!document_) {
-    fgSchedule.Cells = {};
-    lbTotals.Caption = "";
-    return;
-  }
-  const ScheduleText schedule = Schedule();
-  std::vector<std::vector<GridCell>> cells;
-  cells.reserve(schedule.Lines().size() + 1);
-  const auto heads = schedule.Heads();
-  auto& head = cells.emplace_back();
-  for (std::size_t i = 0; i < heads[0].size(); ++i) {
-    head.push_back({heads[0].at(i) + (heads[1].at(i).empty() ? "" : "\n" + heads[1].at(i))});
-  }
-  for (std::size_t i = 0; i < schedule.Lines().size(); ++i) {
-    const bool bold = schedule.Rows()[i].changesGas;
-    auto& row = cells.emplace_back();
-    for (const std::string& text : schedule.Lines()[i]) row.push_back({text, -1, bold});
-  }
-  fgSchedule.Cells = std::move(cells);
-  std::string totals;
-  if (!schedule.Rows().empty()) {
-    for (const std::string& line : schedule.Totals()) totals += (totals.empty() ? "" : "\n") + line;
-  }
-  lbTotals.Caption = totals;
+  const bool added = Change(
+      [this] {
+        const bool empty = table_.Rows() == 0;
+        const int row = table_.EndOfLegs();
+        table_.Insert(row);
+        table_.Set(row, LegTable::Field::Depth, tbQuickDepth.Text);
+        table_.Set(row, LegTable::Field::Time, tbQuickTime.Text);
+        table_.Set(row, LegTable::Field::Gas, cbQuickGas.Text());
+        if (empty) table_.SetFinalAscent(true);
+      },
+      true);
+  const bool timeIsWrong = !added && NumberIn(tbQuickDepth.Text) && !NumberIn(tbQuickTime.Text);
+  (timeIsWrong ? tbQuickTime : tbQuickDepth).SelectAll();
 }
 
 }  // namespace tav

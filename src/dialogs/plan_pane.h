@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "dialogs/pane_form.h"
 #include "plan/leg_table.h"
@@ -20,10 +23,13 @@ struct PlanPaneServices {
   std::function<void()> editTemplate;
   /// A change has become one of the document.
   std::function<void()> kept;
+  /// A row of the profile has been selected: the graph marks it.
+  std::function<void(std::int16_t row)> markRow;
 };
 
-/// The plan in front as a table: a line to enter a dive with, and its schedule. A text that can't be planned is told of
-/// in a line, never by a box, and the plan stays as it was.
+/// The plan in front as a table: a line to enter a dive with, its legs as cells that are typed over, the settings that
+/// are changed most, and the schedule. Every text that makes sense is computed while it is typed; what can't be planned
+/// is marked in its cell and told of in a line, never by a box, and the last good plan stays in force.
 class frmPlanPane : public PaneForm {
  public:
   explicit frmPlanPane(PlanPaneServices services);
@@ -35,38 +41,114 @@ class frmPlanPane : public PaneForm {
   Label lbQuickTimeUnit{*this, "lbQuickTimeUnit"};
   ComboBox cbQuickGas{*this, "cbQuickGas"};
   Button cbQuick{*this, "cbQuick"};
+
+  /// The legs, an empty row for one more, and the ascent.
+  Grid fgLegs{*this, "fgLegs"};
+  enum LegColumn { kNumberColumn, kDepthColumn, kTimeColumn, kGasColumn, kPPO2Column, kENDColumn, kRunColumn };
+  CheckBox ckAscent{*this, "ckAscent"};
+  Button cbLegs{*this, "cbLegs"};   ///< the menu of the legs
   Label lbFault{*this, "lbFault"};  ///< why the plan does not take what was entered
+  MenuItem mnuInsertLeg{*this, "mnuInsertLeg"};
+  MenuItem mnuDeleteLegs{*this, "mnuDeleteLegs"};
+  MenuItem mnuDuplicateLegs{*this, "mnuDuplicateLegs"};
+  MenuItem mnuMoveLegsUp{*this, "mnuMoveLegsUp"};
+  MenuItem mnuMoveLegsDown{*this, "mnuMoveLegsDown"};
+  MenuItem mnuCopyLegs{*this, "mnuCopyLegs"};
+  MenuItem mnuPasteLegs{*this, "mnuPasteLegs"};
+
+  Label lbTemplate{*this, "lbTemplate"};
+  Button cbEditTemplate{*this, "cbEditTemplate"};
+  Label lbGF{*this, "lbGF"};
+  TextBox tbLowGF{*this, "tbLowGF"};
+  SpinButton udLowGF{*this, "udLowGF"};
+  TextBox tbHighGF{*this, "tbHighGF"};
+  SpinButton udHighGF{*this, "udHighGF"};
+  Label lbLastStop{*this, "lbLastStop"};
+  TextBox tbLastStop{*this, "tbLastStop"};
+  SpinButton udLastStop{*this, "udLastStop"};
+  Label lbLastStopUnit{*this, "lbLastStopUnit"};
 
   ResultGrid fgSchedule{*this, "fgSchedule"};
   Label lbTotals{*this, "lbTotals"};
   Button cbCopySchedule{*this, "cbCopySchedule"};
 
   void ShowDocument(std::optional<std::int16_t> document) override;
+  void SelectRow(std::int16_t row) override;
   void TakeFocus() override;
+  void Finish() override;
+  /// Opens the depth of a leg, by the number of its action.
+  void EditLeg(std::int16_t action);
 
  protected:
   void Form_Load() override;
 
  private:
   void Wire();
+  void SetTexts();
   void Quick();
   void ShowQuickLine();
-  void ShowSchedule();
-  [[nodiscard]] ScheduleWords Words() const;
-  [[nodiscard]] ScheduleText Schedule() const;
   /// The rows are those of the plan; nothing is being entered any more.
   void Reload();
-  /// Puts the rows in force, unless they can't be planned: then the reason is shown. True when they are.
+
+  // The legs (plan_pane_legs.cpp).
+  void WireLegs();
+  /// The row of the table of a row of the grid; nothing for the head and the empty row.
+  [[nodiscard]] std::optional<int> LegRow(int gridRow) const;
+  [[nodiscard]] int GridRow(int legRow) const { return legRow + (legRow < table_.EndOfLegs() ? 1 : 2); }
+  [[nodiscard]] Grid::Editor EditorOf(int gridRow, int column) const;
+  void TypeCell(int gridRow, int column, const std::string& text);
+  void CommitCell(int gridRow, int column, const std::string& text);
+  void RestoreCell();
+  [[nodiscard]] std::string Stepped(const std::string& text, int by) const;
+  /// A change of whole rows. One that the plan refuses leaves the rows as they were; so does, with `whole`, one that
+  /// leaves a cell to be filled. True when the rows have changed.
+  bool Change(const std::function<void()>& change, bool whole = false);
+  [[nodiscard]] std::optional<std::pair<int, int>> SelectedLegs() const;
+  void InsertLeg();
+  void DeleteLegs(int first, int last);
+  void DuplicateLegs(int first, int last);
+  void MoveLegs(int by);
+  void CopyLegs(int first, int last);
+  void PasteLegs();
+  /// Puts the rows in force, unless they can't be planned: then the faults tell why. True when they are.
   bool TryRows();
+  void ShowLegs();
+  [[nodiscard]] std::vector<GridCell> LegCells(int row) const;
+  [[nodiscard]] std::string RunTimeOf(int row) const;
+  void ShowFaults();
+
+  // Settings at hand (plan_pane_settings.cpp).
+  void WireSettings();
+  void ShowSettings();
+  void TypeFactors();
+  void TypeLastStop();
+  void StepFactor(TextBox& field, int by);
+  void StepLastStop(int by);
   void ShowFault(const std::string& reason);
-  [[nodiscard]] const frmWaypointEditor& Editor() const { return services_.forms(*document_); }
+
+  // The schedule (plan_pane_schedule.cpp).
+  [[nodiscard]] ScheduleWords Words() const;
+  [[nodiscard]] ScheduleText Schedule() const;
+  void ShowSchedule();
+
+  [[nodiscard]] frmWaypointEditor& Editor() const { return services_.forms(*document_); }
   [[nodiscard]] const DiveTemplate& Template() const { return TemplateOf(*document_); }
   [[nodiscard]] std::string LengthUnit() const { return Template().Metric ? "m" : "ft"; }
+  [[nodiscard]] bool IsFree() const { return document_ && !pane_.held(*document_); }
 
   PlanPaneServices pane_;
   PlanTrial trial_;
-  LegTable table_;
   std::optional<std::int16_t> document_;  ///< the one that is shown
+  int opening_ = 0;                       ///< of its window, which may hold another plan later
+  LegTable table_;
+  ClassUseractions inForce_;        ///< the actions of the plan when the table was last in line with them
+  bool isInForce_ = true;           ///< the plan has the rows of the table
+  std::optional<LegTable> former_;  ///< the rows before a cell was opened, while it is typed in
+  bool taken_ = false;              ///< the trial has put rows in force
+  bool trying_ = false;             ///< the rows are being tried
+  std::vector<LegTable::Fault> faults_;
+  std::string planFault_;                   ///< of the whole plan
+  std::vector<std::int16_t> scheduleRows_;  ///< of the profile, by row of the schedule
 };
 
 }  // namespace tav

@@ -25,6 +25,11 @@ std::string frmWaypointForm::AlphaNumericInput(const std::string& text) { return
 frmWaypointForm::frmWaypointForm(const DialogServices& services) : DialogForm("frmWaypointForm", services) { Wire(); }
 
 void frmWaypointForm::Wire() {
+  cbEdit.Visible = false;
+  cbEdit.Click = [this] {
+    editWanted_ = true;
+    Unload();
+  };
   tbDepth.Change = [this] { DepthTyped(); };
   tbDepth.KeyReturn = [this] { DepthConfirmed(); };
   tbTime.Change = [this] {
@@ -105,6 +110,7 @@ void frmWaypointForm::Form_Load() {
 void frmWaypointForm::SetCaptions() {
   const bool metric = Template().Metric;
   Caption = T(1800);
+  cbEdit.Caption = T(7548);
   Label3.Caption = T(1801);
   Label2.Caption = T(1802);
   Label5.Caption = T(1232);

@@ -68,11 +68,17 @@ class frmWaypointForm : public DialogForm {
   Label Text10{*this, "Text10"};
   Label Text11{*this, "Text11"};
   Label Text12{*this, "Text12"};
+  Button cbEdit{*this, "cbEdit"};  ///< in the viewer of a row that belongs to a leg
   Button cbOK{*this, "cbOK"};
   Button cbCancel{*this, "cbCancel"};
 
   /// Must be called ahead of showing. entry 0 makes the dialog a viewer of the row; any other value takes a new one.
   void data(ClassProfile& profile, std::int16_t entry);
+
+  /// The viewer offers to go to the leg of its row.
+  void OfferEdit() { cbEdit.Visible = true; }
+  /// The user has taken that offer.
+  [[nodiscard]] bool EditWanted() const { return editWanted_; }
 
   void cbOK_Click();
   void cbCancel_Click();
@@ -126,6 +132,7 @@ class frmWaypointForm : public DialogForm {
   std::int16_t documentIndex_ = 0;
   bool viewer_ = false;
   bool accepted_ = false;
+  bool editWanted_ = false;
   std::optional<MixFractions> nitrox_;  ///< as suggested or typed; nothing when no such mix keeps the limits
   MixFractions trimix_;
   std::optional<MixFractions> heliox_;

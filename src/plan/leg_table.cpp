@@ -190,6 +190,11 @@ ClassUseractions LegTable::Actions() const {
   return actions;
 }
 
+void LegTable::Adopt() {
+  std::int16_t action = 0;
+  for (Row& row : rows_) row.origin = ++action;
+}
+
 std::vector<std::int16_t> LegTable::Origins() const {
   std::vector<std::int16_t> origins{0};
   for (const Row& row : rows_) origins.push_back(row.origin);

@@ -71,6 +71,8 @@ class LegTable {
   [[nodiscard]] std::vector<Fault> Faults(const TextSource& texts) const;
   /// Of a table without faults.
   [[nodiscard]] ClassUseractions Actions() const;
+  /// The plan has these rows now: each is its own origin.
+  void Adopt();
   /// The origin of each action, from element 1 on.
   [[nodiscard]] std::vector<std::int16_t> Origins() const;
 

@@ -21,6 +21,7 @@ class UndoHistory {
   void Record(std::int16_t document);
   /// While a change is only on trial, its states are not taken.
   void Hold(bool on) { held_ = on; }
+  [[nodiscard]] bool Held() const { return held_; }
   /// Forgets a document that has been closed.
   void Forget(std::int16_t document) { histories_.erase(document); }
 

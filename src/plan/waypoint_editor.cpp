@@ -48,6 +48,15 @@ void frmWaypointEditor::Form_Load() {
   Services().display.EnableProfileCommands(false, false);
 }
 
+std::optional<std::int16_t> frmWaypointEditor::LegAt(std::int16_t row) const {
+  for (std::size_t i = 1; i < actionResults_.size() && row > 0; ++i) {
+    const auto action = static_cast<std::int16_t>(i);
+    if (row > actionResults_[i].lastRow) continue;
+    return UserActions.getaction(action) == ClassUseractions::kLeg ? std::optional(action) : std::nullopt;
+  }
+  return std::nullopt;
+}
+
 void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
 
 void frmWaypointEditor::setNullWaypoint() {

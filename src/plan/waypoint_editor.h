@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,8 @@ class frmWaypointEditor {
   [[nodiscard]] std::int16_t LastRowOf(std::int16_t action) const {
     return actionResults_.at(static_cast<std::size_t>(action)).lastRow;
   }
+  /// The leg that a row belongs to, by the number of its action; nothing for the start, and for rows of an ascent.
+  [[nodiscard]] std::optional<std::int16_t> LegAt(std::int16_t row) const;
   /// Why the plan could not be computed, empty when it could. The rows are then those of an empty plan.
   [[nodiscard]] const std::string& EvaluationFault() const { return evaluationFault_; }
   /// One element for each action that could be computed, from element 1 on; element 0 is the start.

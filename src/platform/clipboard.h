@@ -11,6 +11,8 @@ class Clipboard {
   Clipboard& operator=(const Clipboard&) = delete;
   virtual ~Clipboard() = default;
 
+  /// The text on it; empty without one.
+  [[nodiscard]] virtual std::string Text() const = 0;
   virtual void SetText(const std::string& text) = 0;
 };
 

@@ -126,6 +126,7 @@ class TextBox : public Control {
   Property<std::string> Text{Changed};
   Property<bool> Locked{Changed};  ///< shows, but takes no typing
   Event Change;                    ///< the user has changed the text
+  Event KeyEscape;                 ///< Escape was pressed; a box that has this event keeps Escape from the window
   Event KeyReturn;  ///< Return was pressed; a box that has this event keeps Return from the default button
   Event GotFocus;
   Event LostFocus;
@@ -135,6 +136,7 @@ class TextBox : public Control {
   /// The whole text after a key of the user.
   void Type(const std::string& text);
   void PressReturn() const { Fire(KeyReturn); }
+  void PressEscape() const { Fire(KeyEscape); }
   void Enter() const { Fire(GotFocus); }
   void Leave() const { Fire(LostFocus); }
   void SelectAll() const {
@@ -218,11 +220,13 @@ struct GridCell {
   bool bold = false;
   bool italic = false;
   std::string spoken = {};  ///< what a screen reader says in place of the text; empty for the text itself
+  std::string fault = {};   ///< why what the cell holds can't be: it is marked, and this is its tool tip
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 
 /// A table; row 0 is the header. `Select` marks a cell; a cell is edited in place when `EditorOf` allows it, and the
-/// outcome goes to `Commit`.
+/// outcome goes to `Commit`. A grid with `Typed` is a spreadsheet: each text goes to it while it is typed, Escape to
+/// `Restored`, Return moves on to the cell below, and several rows can be selected.
 class Grid : public Control {
  public:
   using Control::Control;
@@ -236,13 +240,27 @@ class Grid : public Control {
   Property<std::vector<std::vector<GridCell>>> Cells{Changed};
   std::function<Editor(int row, int column)> EditorOf;
   std::function<void(int row, int column, const std::string& text)> Commit;
-  Event Click;             ///< a cell was clicked or reached by key: SelectedRow, SelectedColumn
-  Event RowMenu;           ///< the menu button: show the pop-up that the form has for the grid
-  bool MenuByKey = false;  ///< the key of the menu called it, so that it belongs to the selected cell
-  Event InsertKey;         ///< Ins and Del while no cell is open; a grid without the event leaves the key alone
+  std::function<void(int row, int column, const std::string& text)> Typed;
+  /// An open cell was left by Escape, and so is a spreadsheet in which none is open.
+  Event Restored;
+  /// What Up (1) and Down (-1) make of the text of an open cell; in a grid without it they move to the next row.
+  std::function<std::string(const std::string& text, int by)> Stepped;
+  enum class Wish { Duplicate, MoveUp, MoveDown, Copy, Paste };
+  /// A key that asks for something, while no cell is open.
+  std::function<void(Wish wish)> Wished;
+  std::vector<int> RightColumns;  ///< whose texts stand at the right
+  int WideColumn = -1;            ///< takes the room that the others, then as wide as a number, leave
+  Event Click;                    ///< a cell was clicked or reached by key: SelectedRow, SelectedColumn
+  Event RowMenu;                  ///< the menu button: show the pop-up that the form has for the grid
+  bool MenuByKey = false;         ///< the key of the menu called it, so that it belongs to the selected cell
+  Event InsertKey;                ///< Ins and Del while no cell is open; a grid without the event leaves the key alone
   Event DeleteKey;
   int SelectedRow = 0;
   int SelectedColumn = 0;
+  int FirstRow = 0;  ///< of the selected rows
+  int LastRow = 0;
+  /// Set by the view: opens the selected cell.
+  std::function<void()> OpenWanted;
 
   [[nodiscard]] int Rows() const { return static_cast<int>(Cells.Get().size()); }
   [[nodiscard]] int Columns() const { return Rows() == 0 ? 0 : static_cast<int>(Cells.Get().front().size()); }
@@ -257,15 +275,18 @@ class Grid : public Control {
   void SetRows(const std::vector<std::vector<std::string>>& rows);
 
   void Select(int row, int column) {
-    SelectedRow = row;
+    SelectedRow = FirstRow = LastRow = row;
     SelectedColumn = column;
     Fire(Click);
   }
   /// Selects a cell for the user, without an event.
   void SelectCell(int row, int column) {
-    SelectedRow = row;
+    SelectedRow = FirstRow = LastRow = row;
     SelectedColumn = column;
     Refresh();
+  }
+  void OpenSelected() const {
+    if (OpenWanted) OpenWanted();
   }
   /// Brings the view in line with what EditorOf allows now.
   void Refresh() const {
@@ -280,6 +301,14 @@ class Grid : public Control {
   }
   void PressDelete() const {
     if (CanAct()) Fire(DeleteKey);
+  }
+  /// The text of an open cell after a key of the user.
+  void Type(int row, int column, const std::string& text) const {
+    if (CanAct() && Typed) Typed(row, column, text);
+  }
+  void Restore() const { Fire(Restored); }
+  void Ask(Wish wish) const {
+    if (CanAct() && Wished) Wished(wish);
   }
   /// The user's edit of a cell, as far as EditorOf allows it.
   void Edit(int row, int column, const std::string& text) const {
@@ -311,6 +340,13 @@ class ResultGrid : public Control {
   void PressReturn(int row) {
     SelectedRow = row;
     Fire(Return);
+  }
+  /// Set by the view: brings the selection in line.
+  std::function<void()> SelectWanted;
+  /// Selects a row for the user, without an event.
+  void SelectRow(int row) {
+    SelectedRow = row;
+    if (SelectWanted) SelectWanted();
   }
 };
 

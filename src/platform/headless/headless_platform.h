@@ -121,6 +121,7 @@ class HeadlessPlatform : private MessageBoxes,
   void ShowHelp(const std::filesystem::path& file, HelpViewer::Page page) override {
     helpShown.emplace_back(file, page);
   }
+  [[nodiscard]] std::string Text() const override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }
   /// Half an em for each byte.
   [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override {
