@@ -320,7 +320,12 @@ void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
   if (Child* child = Find(document)) child->graph->ShowNotice(ToQt(text));
 }
 
-void MainWindow::ShowPane(PaneForm& pane, bool shown) { docks_->Show(pane, shown); }
+void MainWindow::ShowPane(PaneForm& pane, bool shown) {
+  // The keyboard goes back to the plan in front. Left to itself it may go to another plan, and bring that to the front.
+  Child* front = active_ ? Find(*active_) : nullptr;
+  if (!shown && front != nullptr) front->graph->setFocus();
+  docks_->Show(pane, shown);
+}
 
 void MainWindow::FocusPane(PaneForm& pane) { docks_->Focus(pane); }
 
