@@ -46,7 +46,8 @@ bool frmMain::ImportPlan(const fs::path& file) {
     services_.platform.screen.ShowHourglass(false);
   } catch (const std::exception& error) {
     services_.platform.screen.ShowHourglass(false);
-    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
     return false;
   }
   KeepFolder(kExchangeFolder, file);
@@ -84,7 +85,8 @@ void frmMain::ExportCommand() {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     WriteTextFile(file, WriteUddf(services_.forms, dives, {TAV_VERSION, now}));
   } catch (const std::exception& error) {
-    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop, BoxButtons::OK);
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
     return;
   }
   KeepFolder(kExchangeFolder, file);

@@ -310,10 +310,8 @@ void MainWindow::TemplateChanged(std::int16_t document) {
 }
 
 void MainWindow::Redraw(std::int16_t document) {
-  Child* child = Find(document);
-  if (child == nullptr) return;
-  child->graph->Mark(std::nullopt);
-  child->graph->Redraw();
+  // The rows are others now, so no mark stays; that draws all of it.
+  if (Child* child = Find(document)) child->graph->SelectRows(0, 0);
 }
 
 void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {

@@ -100,6 +100,7 @@ class frmPlanPane : public PaneForm {
   void CommitCell(int gridRow, int column, const std::string& text);
   void RestoreCell();
   [[nodiscard]] std::string Stepped(const std::string& text, int by) const;
+  // Whole legs (plan_pane_commands.cpp).
   /// A change of whole rows. One that the plan refuses leaves the rows as they were; so does, with `whole`, one that
   /// leaves a cell to be filled. True when the rows have changed.
   bool Change(const std::function<void()>& change, bool whole = false);
@@ -110,6 +111,7 @@ class frmPlanPane : public PaneForm {
   void MoveLegs(int by);
   void CopyLegs(int first, int last);
   void PasteLegs();
+
   /// Puts the rows in force, unless they can't be planned: then the faults tell why. True when they are.
   bool TryRows();
   void ShowLegs();

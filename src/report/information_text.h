@@ -15,7 +15,7 @@ struct ShownInformation {
   DiveInformation::Table profile;
   DiveInformation::Table decoStops;
   DiveInformation::Table gas;
-  SupplyTables supply;  ///< without rows when no cylinders are told
+  SupplyTables supply = {};  ///< without rows when no cylinders are told
 };
 
 /// The information of a dive as plain text of 80 columns, with CR LF at the ends of lines.

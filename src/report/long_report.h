@@ -24,7 +24,7 @@ class GeneralReport {
     int diveNumber = 1;
     Single surfaceInterval;  ///< minutes
     bool decompresses = true;
-    SupplyTables supply;  ///< told after the gas table; nothing without rows
+    SupplyTables supply = {};  ///< told after the gas table; nothing without rows
   };
 
   /// `step` is told how far the report is, as a text for the wait window.
