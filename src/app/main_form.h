@@ -130,7 +130,7 @@ class frmMain : public Form {
   frmPlanPane& PlanPane() { return planPane_; }
   frmCheckPane& CheckPane() { return checkPane_; }
   /// The user has shown or hidden a pane by its own means.
-  void PaneShown(const PaneForm& pane, bool shown);
+  void PaneShown(const PaneForm& shown, bool isShown);
   /// A plan has been computed anew, or is open no more: the panes and the comparison follow.
   void PlanChanged();
 

@@ -1,5 +1,6 @@
 #include "dialogs/plan_pane.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tav {
@@ -71,6 +72,8 @@ void frmPlanPane::TakeFocus() {
   if (table_.Rows() == 0) {
     tbQuickDepth.SelectAll();
   } else {
+    // A cell that takes typing.
+    fgLegs.SelectCell(std::max(fgLegs.SelectedRow, 1), std::max<int>(fgLegs.SelectedColumn, kDepthColumn));
     fgLegs.SetFocus();
   }
 }

@@ -192,19 +192,13 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   EXPECT_TRUE(p.Editor().AddUserWaypoint(20, 20, 0));
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
-  const std::vector<std::string> usable = {"mnuNewProfile",     "mnuOpen",
-                                           "mnuLoadTemplate",   "mnuSaveTemplate",
-                                           "mnuTemplate",       "mnuExit",
-                                           "mnuBulhmannB",      "mnuBulhmannC",
-                                           "mnuConservatism",   "mnuLanguages",
-                                           "mnuFitPlan",        "mnuHelpContents",
-                                           "mnuHelpSearch",     "mnuSystemInformation",
-                                           "mnuContributors",   "mnuHelpAbout",
-                                           "mnuGenerateTables", "mnuMixer",
-                                           "mnuPlanPane",       "mnuGoToPlan",
-                                           "mnuViewCeiling",    "mnuViewStopMinutes",
-                                           "mnuViewDepths",     "mnuViewTissues",
-                                           "mnuImport"};
+  const std::vector<std::string> usable = {
+      "mnuNewProfile", "mnuOpen",           "mnuLoadTemplate",    "mnuSaveTemplate",      "mnuTemplate",
+      "mnuExit",       "mnuBulhmannB",      "mnuBulhmannC",       "mnuConservatism",      "mnuLanguages",
+      "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",      "mnuSystemInformation", "mnuContributors",
+      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
+      "mnuCheckPane",  "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
+      "mnuImport"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();

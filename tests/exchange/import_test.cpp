@@ -224,7 +224,7 @@ TEST(UddfFaults, NameLineAndReason) {
       {Log(Dive(kSquare), "<mix id='a'><o2>-1</o2></mix>"), 3, "\"o2\" must be"},
       {Log(Dive(kSquare, "<surfaceintervalbeforedive><passedtime>-5</passedtime></surfaceintervalbeforedive>")), 5,
        "\"passedtime\" must be"},
-      {Log("<dive><?tav-plan Start Template Block\nGF=1, .8, .3\n?></dive>"), 6, "ends before"},
+      {Log("<dive><?tav-plan Start Template Block\nGF=1, .8, .3\n?></dive>"), 6, "7919 (End Template Block)"},
   };
   for (const auto& each : cases) {
     try {

@@ -63,7 +63,10 @@ await "the slate stays" gone "^Slate$"
 # the bottom gas in a twin set, the others in stages
 keys ctrl+u
 focus "^Gas supply"
-keys alt+a alt+k
+keys alt+a
+sleep 0.5
+keys alt+k
+sleep 0.5
 type_text "S80"
 keys alt+a alt+a alt+a
 shot cylinders "^Gas supply"
@@ -145,7 +148,11 @@ keys Escape Escape
 await "the template dialog stays" gone "Template properties"
 
 focus "^TAV"
+keys F12
+shot plan-pane
 keys ctrl+w
+focus "^Unsaved changes"
+keys alt+n
 await "the plan does not close" gone "trimix-100.tav"
 keys ctrl+w ctrl+o
 choose_file "Open" "$here/dives/lake-series.tav"

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# A dive of three levels by keyboard alone, in the pane of the plan: entered, one depth changed in its cell, undone.
+#   plan_table.sh TAV TAVPLAN
+set -euo pipefail
+tav=$1
+tavplan=$2
+shots=${3:-}
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+source "$here/tests/screen/screen.sh"
+
+# the quick line: depth, time, gas, and its button, behind which the depth waits for the next leg
+quick() {
+  type_text "$1"
+  keys Tab
+  type_text "$2"
+  keys Tab
+  type_text "$3"
+  keys Tab space
+  sleep 0.3
+}
+saved() { "$tavplan" plan "$work/dive.tav"; }
+
+start
+await "there is no plan" window "Plan 1"
+
+echo "== three levels"
+focus "^TAV"
+keys F12
+quick 60 20 Tx18/45
+quick 45 10 Tx18/45
+quick 30 8 Tx21/35
+shot plan-table
+keys ctrl+s
+choose_file "^Save" "$work/dive.tav"
+saved >"$work/entered"
+for level in "level *60 .*Tx18/45" "level *45 .*Tx18/45" "level *30 .*Tx21/35" "stop .*Oxygen" "surface *0"; do
+  grep "$level" "$work/entered" >/dev/null || fail "the plan has no $level"
+done
+
+echo "== another middle depth"
+keys F12 Down
+type_text 48
+keys Return
+sleep 0.3
+shot plan-table-changed
+keys ctrl+s
+await "the change is not saved" grep -E '^48,' "$work/dive.tav"
+saved >"$work/changed"
+grep "level *48 " "$work/changed" >/dev/null || fail "the middle level is not at 48 m"
+[ "$(grep -E 'stop|surface' "$work/changed")" != "$(grep -E 'stop|surface' "$work/entered")" ] || fail "no stop has changed"
+
+echo "== undone"
+focus "^TAV"
+keys Escape ctrl+z
+sleep 0.3
+keys ctrl+s
+await "the undo is not saved" grep -E '^45,' "$work/dive.tav"
+saved >"$work/undone"
+diff "$work/entered" "$work/undone" >&2 || fail "the plan is not as it was"
+
+echo "== end"
+focus "^TAV"
+keys ctrl+q
+ends_well
