@@ -11,8 +11,6 @@
 
 #include "persist/text_file.h"
 
-extern char** environ;
-
 namespace tav {
 namespace fs = std::filesystem;
 
@@ -38,6 +36,7 @@ struct Ended {
 /// Runs a program and waits for it.
 Ended Run(const std::string& program, std::vector<std::string> arguments) {
   std::vector<char*> words;
+  words.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) words.push_back(argument.data());
   words.push_back(nullptr);
   std::array<int, 2> ends{};

@@ -149,7 +149,7 @@ double PainterSurface::PageTextWidth(const std::string& text, const TextFont& fo
 
 bool PainterSurface::Picture(const std::filesystem::path& file, double x, double y, double width, double height) {
   QFile in(ToQt(file.string()));
-  constexpr qint64 kLargest = 16 * 1024 * 1024;
+  constexpr qint64 kLargest = qint64{16} * 1024 * 1024;
   // A device or a pipe would never end.
   if (!QFileInfo(in).isFile() || !in.open(QIODevice::ReadOnly) || in.size() > kLargest) return false;
   const QByteArray bytes = in.readAll();

@@ -24,7 +24,8 @@ int LevelOf(double share) {
 void Hatch(DrawingSurface& surface, double left, double top, double right, double bottom) {
   surface.FilledBox(left, top, right, bottom, graph::kWhite);
   const double rise = bottom - top;
-  for (double x = std::ceil(left / kHatch) * kHatch; x < right; x += kHatch) {
+  for (int stroke = static_cast<int>(std::ceil(left / kHatch)); stroke * kHatch < right; ++stroke) {
+    const double x = stroke * kHatch;
     const double end = std::min(x + rise, right);
     surface.Line(x, bottom, end, bottom - (end - x), kBlack);
   }

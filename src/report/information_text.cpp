@@ -60,9 +60,12 @@ std::string SupplyText(const SupplyTables& supply) {
       for (std::size_t i = 0; i < table[row].size(); ++i) {
         const std::string piece =
             Labelled(table[0][i].text, table[row][i].text) + (i + 1 < table[row].size() ? "," : "");
-        const bool breaks = LengthOf(line) + LengthOf(piece) + 1 > kColumns;
-        if (breaks) text += line + "\r\n";
-        line = breaks ? "    " + piece : line + (line.empty() ? "" : " ") + piece;
+        if (LengthOf(line) + LengthOf(piece) + 1 > kColumns) {
+          text += line + "\r\n";
+          line = "   ";
+        }
+        if (!line.empty()) line += " ";
+        line += piece;
       }
       text += line + "\r\n";
     }

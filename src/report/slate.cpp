@@ -123,8 +123,10 @@ void Slate::OpenCard() {
     out_.StartPlainPage();
     CutMarks();
   }
-  x_ = cards_ % kColumns * kCardWidth;
-  y_ = cards_ / kColumns * kCardHeight;
+  const int row = cards_ / kColumns;
+  const int column = cards_ % kColumns;
+  x_ = column * kCardWidth;
+  y_ = row * kCardHeight;
   ++cards_;
 }
 

@@ -47,7 +47,7 @@ class Builder {
     return next.Depth != row.Depth || next.Rate != 0 || next.GasMixName != row.GasMixName;
   }
 
-  SlateRow Made(Kind kind, const Waypoint& row) const {
+  [[nodiscard]] SlateRow Made(Kind kind, const Waypoint& row) const {
     SlateRow made;
     made.kind = kind;
     made.depth = Short(row.Depth);

@@ -1,0 +1,181 @@
+#include "dialogs/plan_pane.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+
+#include "support/program_fixture.h"
+#include "support/typed_plan.h"
+
+namespace tav {
+namespace {
+
+constexpr int kDepth = frmPlanPane::kDepthColumn;
+constexpr int kTime = frmPlanPane::kTimeColumn;
+constexpr int kGas = frmPlanPane::kGasColumn;
+
+/// The program with a trimix dive of three levels, entered by the quick line.
+class PlanPane : public testing::Test {
+ protected:
+  PlanPane() {
+    EXPECT_TRUE(p.Start());
+    Quick("60", "20", "Tx18/45");
+    Quick("45", "10", "Tx18/45");
+    Quick("30", "8", "EAN32");
+  }
+
+  frmPlanPane& Pane() { return p.Main().PlanPane(); }
+  Grid& Legs() { return Pane().fgLegs; }
+  void Quick(const std::string& depth, const std::string& time, const std::string& gas) {
+    frmPlanPane& pane = Pane();
+    pane.tbQuickDepth.Type(depth);
+    pane.tbQuickTime.Type(time);
+    const auto names = pane.cbQuickGas.Items.Get();
+    pane.cbQuickGas.Select(static_cast<int>(std::find(names.begin(), names.end(), gas) - names.begin()));
+    pane.cbQuick.Press();
+  }
+  void Edit(int row, int column, const std::string& text) { Legs().Edit(row, column, text); }
+  std::string Rows() { return test::RowsText(p.Editor().InputProfile); }
+  std::string Typed() { return test::TypedRows(p.Editor().UserActions, p.Document().Template); }
+  bool Undo() {
+    if (!p.Main().mnuUndo.Enabled) return false;
+    p.Main().mnuUndo.Choose();
+    return true;
+  }
+
+  test::HeadlessProgram p;
+};
+
+TEST_F(PlanPane, AnEditedPlanIsThePlanTypedFromScratchAndOneStepOfUndo) {
+  const struct {
+    const char* what;
+    std::function<void()> edit;
+    int legs;
+  } kEdits[] = {
+      {"the depth of a leg, key by key",
+       [&] {
+         Legs().Type(2, kDepth, "4");
+         Legs().Type(2, kDepth, "48");
+         Edit(2, kDepth, "48");
+       },
+       3},
+      {"its time", [&] { Edit(2, kTime, "12.5"); }, 3},
+      {"its gas", [&] { Edit(2, kGas, "Tx21/35"); }, 3},
+      {"a leg more by the quick line", [&] { Quick("25", "5", "EAN50"); }, 4},
+      {"a leg less",
+       [&] {
+         Legs().SelectCell(2, kDepth);
+         Pane().mnuDeleteLegs.Choose();
+       },
+       2},
+      {"a leg twice",
+       [&] {
+         Legs().SelectCell(2, kDepth);
+         Pane().mnuDuplicateLegs.Choose();
+       },
+       4},
+      {"a leg moved up",
+       [&] {
+         Legs().SelectCell(2, kDepth);
+         Pane().mnuMoveLegsUp.Choose();
+       },
+       3},
+      {"a leg from a spreadsheet",
+       [&] {
+         Legs().SelectCell(3, kDepth);
+         p.platform.clipboardText = "40\t6\tTx18/45\n";
+         Pane().mnuPasteLegs.Choose();
+       },
+       4},
+      {"no ascent", [&] { Pane().ckAscent.Set(false); }, 3},
+      {"another gradient factor", [&] { Pane().tbHighGF.Type("0.70"); }, 3},
+      {"another last stop", [&] { Pane().tbLastStop.Type("6"); }, 3},
+  };
+  const std::string before = Rows();
+  for (const auto& each : kEdits) {
+    each.edit();
+    Pane().Finish();
+    EXPECT_NE(Rows(), before) << each.what;
+    EXPECT_EQ(Rows(), Typed()) << each.what;
+    EXPECT_EQ(p.Editor().UserActions.GetLength() - (p.Editor().State() == EditState::Ascent ? 1 : 0), each.legs)
+        << each.what;
+    EXPECT_TRUE(p.platform.boxes.empty()) << each.what;
+    ASSERT_TRUE(Undo()) << each.what;
+    EXPECT_EQ(Rows(), before) << each.what;
+  }
+}
+
+TEST_F(PlanPane, EscapeBringsTheFormerPlanBackAndAFaultLeavesTheLastGoodOne) {
+  const std::string before = Rows();
+  Legs().Type(2, kDepth, "50");
+  EXPECT_NE(Rows(), before);
+  Legs().Restore();
+  EXPECT_EQ(Rows(), before);
+  EXPECT_EQ(Legs().Text(2, kDepth), "45");
+
+  Edit(2, kDepth, "deep");
+  EXPECT_EQ(Rows(), before);
+  EXPECT_NE(Legs().Cells.Get()[2][kDepth].fault, "");
+  EXPECT_TRUE(Pane().lbFault.Visible);
+  Edit(2, kDepth, "45");
+  EXPECT_FALSE(Pane().lbFault.Visible);
+  // From 60 m after 20 minutes nobody goes to 3 m at once: the rule of a new leg holds for an edited one.
+  Edit(3, kDepth, "3");
+  EXPECT_NE(Legs().Cells.Get()[3][kDepth].fault, "");
+  EXPECT_EQ(Rows(), before);
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {
+  const std::string start = Rows();
+  std::mt19937 random(3);
+  const auto any = [&](int from, int to) { return std::uniform_int_distribution<int>(from, to)(random); };
+  for (int i = 0; i < 1000; ++i) {
+    const int row = any(1, Pane().fgLegs.Rows() - 3);
+    Legs().SelectCell(row, kDepth);
+    switch (any(0, 6)) {
+      case 0:
+        Edit(row, kDepth, std::to_string(any(10, 60)));
+        break;
+      case 1:
+        Edit(row, kTime, std::to_string(any(5, 20)));
+        break;
+      case 2:
+        Edit(row, kGas, any(0, 1) == 0 ? "Tx18/45" : "Air");
+        break;
+      case 3:
+        if (Legs().Rows() < 8) Pane().mnuDuplicateLegs.Choose();
+        break;
+      case 4:
+        if (Legs().Rows() > 5) Pane().mnuDeleteLegs.Choose();
+        break;
+      case 5:
+        Pane().mnuMoveLegsUp.Choose();
+        break;
+      default:
+        Pane().ckAscent.Set(!Pane().ckAscent.Value);
+    }
+    Legs().Restore();  // what the plan did not take
+    if (!Pane().ckAscent.Value) Pane().ckAscent.Set(true);
+  }
+  EXPECT_EQ(Rows(), Typed());
+  const std::string end = Rows();
+  int steps = 0;
+  while (Rows() != start && Undo()) ++steps;
+  EXPECT_EQ(Rows(), start);
+  EXPECT_GT(steps, 300);
+  while (steps-- > 0) p.Main().mnuRedo.Choose();
+  EXPECT_EQ(Rows(), end);
+}
+
+TEST_F(PlanPane, SelectsTheSameRowsAsTheGraph) {
+  Pane().fgSchedule.Select(3);
+  EXPECT_GT(p.view.selected.first, 0);
+  p.Main().EditLegOf(p.Editor().LastRowOf(2));
+  EXPECT_EQ(Legs().SelectedRow, 2);
+  EXPECT_EQ(p.view.focused, &Pane());
+}
+
+}  // namespace
+}  // namespace tav
