@@ -31,7 +31,7 @@ std::vector<Stretch> Stretches(const std::vector<BreathedSegment>& segments, Jud
   for (const BreathedSegment& segment : segments) {
     const std::optional<Peak> peak = judge(segment);
     if (peak) {
-      const bool goesOn = !stretches.empty() && stretches.back().last + 1 == segment.row &&
+      const bool goesOn = before != nullptr && !stretches.empty() && stretches.back().last + 1 == segment.row &&
                           before->end->GasMixName == segment.end->GasMixName;
       if (!goesOn) stretches.push_back({segment.row, segment.row, &segment, *peak});
       Stretch& stretch = stretches.back();

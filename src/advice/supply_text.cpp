@@ -53,7 +53,7 @@ std::string PressureText(const GasStore* store, std::optional<double> pressure, 
 Row GasRow(const GasStore& store, const AdviceWords& words) {
   const bool isShort = IsShort(store);
   const bool hasCylinders = !store.cylinders.empty();
-  const auto held = [&](std::string text) { return hasCylinders ? std::move(text) : kNothing; };
+  const auto held = [&](const std::string& text) { return hasCylinders ? text : kNothing; };
   return {Marked(store.gas, isShort),
           {CylindersText(store, words)},
           {PressureText(&store, store.Pressure(store.carried), words)},
@@ -68,7 +68,7 @@ Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const Advi
   const GasStore* store = supply.Of(leg.gas);
   const bool hasCylinders = store != nullptr && !store->cylinders.empty();
   const bool isShort = IsShort(supply, leg);
-  const auto known = [&](std::string text) { return leg.decompresses ? std::move(text) : kNothing; };
+  const auto known = [&](const std::string& text) { return leg.decompresses ? text : kNothing; };
   return {{std::to_string(leg.leg)},
           {words.Depth(leg.depth)},
           {words.Fixed(leg.runTime, 1)},

@@ -144,8 +144,8 @@ std::string NameOf(const WhatIfColumn& column, const AdviceWords& words) {
 }
 
 std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const AdviceWords& words) {
-  const std::string longer = words.T(kLongerBy, {words.Short(wish.minutes)});
-  const std::string deeper = words.T(kDeeperBy, {words.Depth(wish.depth)});
+  std::string longer = words.T(kLongerBy, {words.Short(wish.minutes)});
+  std::string deeper = words.T(kDeeperBy, {words.Depth(wish.depth)});
   switch (column.kind) {
     case Kind::Longer:
       return longer;

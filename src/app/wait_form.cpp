@@ -1,8 +1,11 @@
 #include "app/wait_form.h"
 
+#include <utility>
+
 namespace tav {
 
-frmWait::frmWait(Platform platform, const TextSource& texts) : Form("frmWait"), platform_(platform), texts_(texts) {}
+frmWait::frmWait(Platform platform, const TextSource& texts)
+    : Form("frmWait"), platform_(std::move(platform)), texts_(texts) {}
 
 void frmWait::Form_Load() {
   Caption = texts_.GetResString(1066);

@@ -112,7 +112,7 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
     if (row >= 0) grid.Select(row + (grid.HasHeader ? 1 : 0));
   });
   // A click on the cell that is reached already.
-  QObject::connect(&table, &QTableWidget::cellPressed, [&grid, &table, was = table.currentRow()](int row, int) mutable {
+  QObject::connect(&table, &QTableWidget::cellPressed, [&grid, was = table.currentRow()](int row, int) mutable {
     if (row == was) grid.Select(row + (grid.HasHeader ? 1 : 0));
     was = row;
   });
@@ -125,6 +125,7 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
   }
   QObject::connect(table.horizontalHeader(), &QHeaderView::sectionResized, [&grid, &table](int, int, int) {
     std::vector<int> widths;
+    widths.reserve(static_cast<std::size_t>(table.columnCount()));
     for (int column = 0; column < table.columnCount(); ++column) widths.push_back(table.columnWidth(column));
     grid.ColumnWidths = std::move(widths);
   });
