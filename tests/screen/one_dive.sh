@@ -56,6 +56,7 @@ waypoint() {
 # saves under the name that the plan has
 save_again() {
   touch -d yesterday "$work/plan.tav"
+  focus "^TAV"
   keys ctrl+s
   await "the plan is not saved" test "$work/plan.tav" -nt "$work/out"
 }
