@@ -79,15 +79,16 @@ class Checker {
                                                       {"GF", template_.GFHigh},
                                                       {"GF", template_.GFLow}};
     for (const auto& [key, value] : numbers) {
-      if (const Message fault = NumberFault(key, value); !fault.IsEmpty()) Add(key, fault);
+      if (!CanBe(value)) Add(key, NumberFault(key, value));
     }
   }
 
-  /// Why no number of a template can be this one; empty when it can.
+  /// Whether a number of a template can be this one. Asked before each run, so the words are made only when it can't.
+  static bool CanBe(Single value) { return std::isfinite(value) && std::fabs(value) <= kLargestNumber; }
+
   static Message NumberFault(const Message& what, Single value) {
     if (!std::isfinite(value)) return {kNotFinite, {what}};
-    if (std::fabs(value) > kLargestNumber) return {kTooLarge, {what, FormatPlain(value), FormatPlain(kLargestNumber)}};
-    return {};
+    return {kTooLarge, {what, FormatPlain(value), FormatPlain(kLargestNumber)}};
   }
 
   void CheckStops() {
@@ -115,16 +116,14 @@ class Checker {
     }
     if (rates.front().Depth > 0) Add(key, {kNoRateAtSurface, {move}});
     for (std::size_t i = 0; i < rates.size(); ++i) {
-      const Message what(kNumberOfRates, {move});
-      Message fault = NumberFault(what, rates[i].Depth);
-      if (fault.IsEmpty()) fault = NumberFault(what, rates[i].Rate);
-      if (!fault.IsEmpty()) {
-        Add(key, fault);
+      const Single depth = rates[i].Depth;
+      const Single rate = rates[i].Rate;
+      if (!CanBe(depth) || !CanBe(rate)) {
+        Add(key, NumberFault({kNumberOfRates, {move}}, CanBe(depth) ? rate : depth));
         continue;
       }
-      if (!(rates[i].Rate >= Single(kSlowestRate))) {
-        Add(key,
-            {kRateTooSlow, {move, FormatPlain(rates[i].Depth), FormatPlain(rates[i].Rate), FormatPlain(kSlowestRate)}});
+      if (!(rate >= Single(kSlowestRate))) {
+        Add(key, {kRateTooSlow, {move, FormatPlain(depth), FormatPlain(rate), FormatPlain(kSlowestRate)}});
       }
       if (i > 0 && !(rates[i].Depth > rates[i - 1].Depth)) Add(key, {kRatesOutOfOrder, {move}});
     }
@@ -146,8 +145,7 @@ class Checker {
       if (!fault.IsEmpty()) faults_.push_back({"Blends Available", fault, static_cast<int>(i) - 1});
     }
     for (const GasChange& change : template_.ChangeGasMixes) {
-      const Message fault = NumberFault({kDepthOfChange, {change.Name}}, change.Depth);
-      if (!fault.IsEmpty()) Add("Change Gas Mixes", fault);
+      if (!CanBe(change.Depth)) Add("Change Gas Mixes", NumberFault({kDepthOfChange, {change.Name}}, change.Depth));
     }
   }
 
