@@ -139,11 +139,41 @@ class FormDialog : public QDialog {
   void showEvent(QShowEvent* event) override {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));
     if (form_ != nullptr && form_->FitsContent) adjustSize();
+    FitScreen();
     AssignMnemonics(*this);
     QDialog::showEvent(event);
   }
 
  private:
+  /// A window is no larger than the screen; what it can't do without then scrolls.
+  void FitScreen() {
+    const QSize room = screen()->availableSize() - QSize(kFrameWidth, kTitleHeight);
+    const QSize needed = minimumSizeHint();
+    QLayoutItem* content = layout() == nullptr ? nullptr : layout()->itemAt(0);
+    const bool scrolls = content != nullptr && qobject_cast<QScrollArea*>(content->widget()) != nullptr;
+    if (content != nullptr && !scrolls && needed.boundedTo(room) != needed) {
+      auto* area = new QScrollArea(this);
+      area->setObjectName(QStringLiteral("qt_scroll_area"));
+      area->setFrameShape(QFrame::NoFrame);
+      area->setWidgetResizable(true);
+      QWidget* designed = content->widget();
+      layout()->removeWidget(designed);
+      area->setWidget(designed);
+      layout()->addWidget(area);
+    }
+    if (isMaximized()) return;
+    QSize wanted = size();
+    // Lines that wrap need more of them in another language, or in larger letters.
+    if (layout() != nullptr && layout()->hasHeightForWidth()) {
+      wanted.setHeight(std::max(wanted.height(), layout()->totalHeightForWidth(wanted.width())));
+    }
+    resize(wanted.boundedTo(room));
+  }
+
+  // Of the window's own frame; what it really is shows only when it stands.
+  static constexpr int kFrameWidth = 10;
+  static constexpr int kTitleHeight = 40;
+
   Form* form_;
   bool following_ = false;  ///< the record takes the size of the window, not the reverse
 };

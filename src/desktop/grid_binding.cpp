@@ -4,6 +4,7 @@
 
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "desktop/shared_columns.h"
 #include "platform/controls.h"
 
 namespace tav {
@@ -317,7 +318,7 @@ void BindGrid(Grid& grid, QTableWidget& table) {
   table.setAlternatingRowColors(true);
   table.setTabKeyNavigation(false);
   table.verticalHeader()->hide();
-  table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  ShareColumns(table, grid.WideColumn);
   QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int column, int, int) {
     if (row >= 0) grid.Select(row + 1, column);
   });
@@ -361,18 +362,7 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
       if (row > 0) ShowEditable(grid, row, column, table, *item);
     }
   }
-  if (grid.WideColumn >= 0 && table.columnCount() > grid.WideColumn) {
-    auto& header = *table.horizontalHeader();
-    if (header.sectionResizeMode(0) != QHeaderView::Interactive) {
-      header.setMinimumSectionSize(16);
-      for (int column = 0; column < table.columnCount(); ++column) {
-        if (column == grid.WideColumn) continue;
-        header.setSectionResizeMode(column, QHeaderView::Interactive);
-        const QString widest = column == 0 ? QStringLiteral("00") : QStringLiteral("000.0");
-        table.setColumnWidth(column, table.fontMetrics().horizontalAdvance(widest) + 9);
-      }
-    }
-  }
+  ShareColumnsAnew(table);
   const int row = std::min(grid.SelectedRow, grid.Rows() - 1) - 1;
   if (row >= 0 && (row != table.currentRow() || grid.SelectedColumn != table.currentColumn())) {
     table.setCurrentCell(row, grid.SelectedColumn);

@@ -12,92 +12,17 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "app/information_boxes.h"
-#include "app/languages_form.h"
-#include "app/start_forms.h"
-#include "app/wait_form.h"
-#include "app/what_if_form.h"
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
-#include "dialogs/bailout_start.h"
-#include "dialogs/check_pane.h"
-#include "dialogs/conservatism.h"
-#include "dialogs/cylinders.h"
-#include "dialogs/gas_blend.h"
-#include "dialogs/general_info.h"
-#include "dialogs/multi_level.h"
-#include "dialogs/plan_pane.h"
-#include "dialogs/properties.h"
-#include "dialogs/report_selection.h"
-#include "dialogs/table_expert.h"
-#include "dialogs/waypoint_form.h"
-#include "mixer/partial_mix_form.h"
-#include "report/preview_form.h"
-#include "report/print_form.h"
-#include "support/program_fixture.h"
-#include "support/source_folder.h"
+#include "support/all_forms.h"
 
 namespace tav {
 namespace {
 
+using test::Forms;
 using test::HeadlessProgram;
-
-/// Every form of the program, on a plan with waypoints.
-struct Forms {
-  Forms() {
-    program.Start();
-    program.Editor().AddUserWaypoint(42.3, 25, 0);
-    const DialogServices services{
-        program.program.Forms(), program.platform.Services(), program.program.Texts(), false, {}};
-    const Platform platform = program.platform.Services();
-    const TextSource& texts = program.program.Texts();
-    auto waypoint = std::make_unique<frmWaypointForm>(services);
-    waypoint->data(profile, -1);
-    forms.push_back(std::move(waypoint));
-    forms.push_back(std::make_unique<frmConservatism>(services));
-    forms.push_back(std::make_unique<frmCylinders>(services));
-    forms.push_back(std::make_unique<frmProperties>(services));
-    forms.push_back(std::make_unique<frmGasBlend>(services));
-    forms.push_back(std::make_unique<frmMultiLevel>(services));
-    forms.push_back(std::make_unique<frmBailoutStart>(services, reports, host));
-    forms.push_back(std::make_unique<frmTableExpert>(services, reports, host));
-    forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
-    forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
-    forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
-    forms.push_back(std::make_unique<frmPlanPane>(
-        PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {}, [] {}, [](std::int16_t) {}}));
-    forms.push_back(std::make_unique<frmWhatIf>(
-        services, reports, [] { return ModelMarks(); }, [](std::int16_t, const std::vector<PlotPoint>&) {}));
-    forms.push_back(std::make_unique<frmReportSelection>(texts));
-    forms.push_back(std::make_unique<frmWait>(platform, texts));
-    forms.push_back(std::make_unique<PrintPrev>(reports, platform));
-    forms.back()->Caption = "General report";
-    forms.push_back(std::make_unique<PrintPrint>(reports, platform, "plan"));
-    forms.push_back(std::make_unique<frmLanguages>(platform, texts, SourceFolder() / "lang"));
-    forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
-    forms.push_back(std::make_unique<frmLiability>(platform, texts));
-    forms.push_back(std::make_unique<frmAbout>(texts, [] {}));
-    forms.push_back(std::make_unique<frmContributers>(texts));
-    forms.push_back(std::make_unique<frmSystemInformation>(platform, texts, "information"));
-  }
-
-  template <class F>
-  F& Of() const {
-    for (const auto& form : forms) {
-      if (auto* found = dynamic_cast<F*>(form.get())) return *found;
-    }
-    throw std::logic_error("no form of that kind");
-  }
-
-  HeadlessProgram program;
-  ClassProfile profile;
-  RunHost host;
-  UndoHistory history{program.program.Forms()};
-  PrintPreview reports{program.platform.Services(), program.program.Texts()};
-  std::vector<std::unique_ptr<Form>> forms;
-};
 
 /// What a widget needs for its text, and what it has.
 std::string ClippedText(const QWidget& widget) {
@@ -343,10 +268,3 @@ TEST(GraphWindow, APictureAndAScreenReaderHaveThePlanInWords) {
 
 }  // namespace
 }  // namespace tav
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}
