@@ -43,6 +43,7 @@ void ShowCommon(const Control& control, QWidget& widget) {
   widget.setEnabled(control.Enabled);
   if (widget.isVisibleTo(widget.parentWidget()) != control.Visible) widget.setVisible(control.Visible);
   widget.setToolTip(ToQt(control.ToolTipText));
+  widget.setProperty("spokenName", ToQt(control.SpokenName));
   QFont font = widget.font();
   if (font.bold() != control.Bold) {
     font.setBold(control.Bold);
@@ -281,6 +282,7 @@ void BindSpinKeys(Form& form, QWidget& window) {
     if (spin == nullptr || spin->Buddy.empty()) continue;
     auto* edit = window.findChild<QLineEdit*>(ToQt(spin->Buddy));
     if (edit == nullptr) continue;
+    if (auto* arrows = window.findChild<QWidget*>(ToQt(spin->Name()))) arrows->setProperty("field", ToQt(spin->Buddy));
     new EventHook(*edit, [spin](QEvent* event) {
       if (event->type() != QEvent::KeyPress) return false;
       const int key = static_cast<QKeyEvent*>(event)->key();

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QUiLoader>
 #include <QtWidgets>
+#include <cmath>
 #include <map>
 #include <set>
 #include <stdexcept>
@@ -12,6 +13,7 @@
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "desktop/spin_arrows.h"
+#include "desktop/spoken_names.h"
 #include "platform/form.h"
 
 namespace tav {
@@ -178,6 +180,21 @@ class FormDialog : public QDialog {
   bool following_ = false;  ///< the record takes the size of the window, not the reverse
 };
 
+/// Fields are designed in the pixels of letters of the usual size; on a desktop of larger letters they grow with them.
+void GrowFields(const QWidget& window) {
+  constexpr int kDesignedHeight = 14;  // of a line in the letters that the designs were made in
+  const double factor = static_cast<double>(window.fontMetrics().height()) / kDesignedHeight;
+  if (factor <= 1) return;
+  const auto grown = [factor](int width) {
+    return width == 0 || width == QWIDGETSIZE_MAX ? width : static_cast<int>(std::ceil(width * factor));
+  };
+  for (auto* widget : window.findChildren<QWidget*>()) {
+    if (qobject_cast<QLineEdit*>(widget) == nullptr && qobject_cast<QComboBox*>(widget) == nullptr) continue;
+    widget->setMaximumWidth(grown(widget->maximumWidth()));
+    widget->setMinimumWidth(grown(widget->minimumWidth()));
+  }
+}
+
 bool ShowsText(const QWidget* widget) {
   return qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QGroupBox*>(widget) != nullptr ||
          qobject_cast<const QAbstractButton*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
@@ -194,11 +211,13 @@ QWidget* MakePane(Form& form, QWidget* parent) {
   Loader loader;
   QWidget* designed = loader.load(&file, parent);
   if (designed == nullptr) throw std::runtime_error(form.Name() + ": " + FromQt(loader.errorString()));
+  GrowFields(*designed);
   for (Control* control : form.Controls()) {
     if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
   }
   BindPointer(form, *designed);
   BindSpinKeys(form, *designed);
+  NameControls(*designed);
   return designed;
 }
 

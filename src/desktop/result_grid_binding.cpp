@@ -130,6 +130,7 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
     grid.ColumnWidths = std::move(widths);
   });
   grid.Changed = [&grid, &table] {
+    table.setProperty("spokenName", ToQt(grid.SpokenName));
     table.setEnabled(grid.Enabled);
     table.setVisible(grid.Visible);
     Show(grid, table);

@@ -23,7 +23,8 @@ QToolButton* SpinArrows::MakeArrow(Qt::ArrowType type) {
   arrow->setArrowType(type);
   arrow->setAutoRepeat(true);
   arrow->setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same in the field
-  arrow->setFixedSize(20, 13);
+  const int line = fontMetrics().height();
+  arrow->setFixedSize(line + 6, line - 1);
   return arrow;
 }
 

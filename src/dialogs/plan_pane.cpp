@@ -8,12 +8,15 @@ namespace {
 
 constexpr int kDepth = 7028;
 constexpr int kGas = 7030;
+constexpr int kLowFactor = 1711;
+constexpr int kHighFactor = 1710;
 constexpr int kTitle = 7511;
 constexpr int kPlanDive = 7512;
 constexpr int kAddLeg = 7513;
 constexpr int kTimeMeans = 7514;
 constexpr int kCopySchedule = 7525;
 constexpr int kLegs = 7526;
+constexpr int kSchedule = 7527;
 constexpr int kAscent = 7530;
 constexpr int kFirstMenu = 7531;
 constexpr int kFactors = 7540;
@@ -56,6 +59,11 @@ void frmPlanPane::Form_Load() {
   lbGF.Caption = T(kFactors);
   lbLastStop.Caption = T(kLastStop);
   cbCopySchedule.Caption = T(kCopySchedule);
+  tbLowGF.ToolTipText = T(kLowFactor);
+  tbHighGF.ToolTipText = T(kHighFactor);
+  tbLastStop.SpokenName = T(kLastStop);
+  fgLegs.SpokenName = T(kLegs);
+  fgSchedule.SpokenName = T(kSchedule);
   int id = kFirstMenu;
   for (MenuItem* item : {&mnuInsertLeg, &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp, &mnuMoveLegsDown,
                          &mnuCopyLegs, &mnuPasteLegs}) {

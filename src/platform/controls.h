@@ -45,6 +45,8 @@ class Control {
 
   Property<std::string> Caption{Changed};
   Property<std::string> ToolTipText{Changed};
+  /// What a screen reader calls a control that no label or caption names; empty leaves that to the view.
+  Property<std::string> SpokenName{Changed};
   Property<bool> Enabled{Changed, true};
   Property<bool> Visible{Changed, true};
   Property<bool> Bold{Changed};

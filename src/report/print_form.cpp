@@ -28,6 +28,7 @@ void PrintPrint::Form_Load() {
   Command1.Caption = T(2220);
   Command2.Caption = T(2222);
   Command3.Caption = T(2221);
+  ProgressBar1.SpokenName = T(2604);
   std::vector<std::string> pages;
   for (int page = 1; page <= report_.Pages().Pages(); ++page) pages.push_back(std::to_string(page));
   tPag.Text = std::to_string(pages.size());

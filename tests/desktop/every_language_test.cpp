@@ -44,23 +44,6 @@ std::vector<std::string> SharedLetters(const QWidget& window) {
   return faults;
 }
 
-/// A window as it is on each of its pages.
-void OnEachPage(Form& form, const std::function<void()>& look) {
-  std::vector<TabStrip*> strips;
-  for (Control* control : form.Controls()) {
-    auto* strip = dynamic_cast<TabStrip*>(control);
-    if (strip != nullptr && strip->Visible && strip->Tabs.Get().size() > 1) strips.push_back(strip);
-  }
-  if (strips.empty()) return look();
-  for (TabStrip* strip : strips) {
-    for (std::size_t i = 0; i < strip->Tabs.Get().size(); ++i) {
-      strip->Select(static_cast<int>(i));
-      QCoreApplication::processEvents();
-      look();
-    }
-  }
-}
-
 /// To look at them: a picture of each window goes to the folder that TAV_TEST_PICTURES names.
 void Keep(QWidget& window, const std::string& name) {
   const QString folder = qEnvironmentVariable("TAV_TEST_PICTURES");
@@ -72,12 +55,13 @@ void LookAtWindows(const std::string& language, const std::string& dive) {
   for (const auto& form : all.forms) {
     SCOPED_TRACE(language + ", " + form->Name() + ", " + dive);
     const auto dialog = MakeDialog(*form, nullptr);
-    form->Load();
+    all.Load(*form);
     dialog->show();
     QCoreApplication::processEvents();
     EXPECT_EQ(dialog->size().boundedTo(dialog->screen()->availableSize()), dialog->size());
     int page = 0;
-    OnEachPage(*form, [&] {
+    test::OnEachPage(*form, [&] {
+      QCoreApplication::processEvents();
       Keep(*dialog, language + "-" + form->Name() + "-" + dive + "-" + std::to_string(page++));
       for (const std::string& fault : test::ReadingFaults(*dialog)) ADD_FAILURE() << fault;
       for (const std::string& fault : SharedLetters(*dialog)) ADD_FAILURE() << fault;

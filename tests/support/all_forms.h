@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -74,6 +75,12 @@ struct Forms {
     forms.push_back(std::make_unique<frmSystemInformation>(platform, texts, "information"));
   }
 
+  /// Loads a form; a pane shows the plan.
+  void Load(Form& form) {
+    form.Load();
+    if (auto* pane = dynamic_cast<PaneForm*>(&form)) pane->ShowDocument(program.Active());
+  }
+
   template <class F>
   F& Of() const {
     for (const auto& form : forms) {
@@ -89,5 +96,25 @@ struct Forms {
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;
 };
+
+/// Looks at a window on each of its pages, as its tabs or its list of categories turn them.
+inline void OnEachPage(Form& form, const std::function<void()>& look) {
+  bool turned = false;
+  const auto turn = [&](auto* pages, std::size_t count) {
+    if (pages == nullptr || !pages->Visible || count < 2) return;
+    turned = true;
+    for (std::size_t i = 0; i < count; ++i) {
+      pages->Select(static_cast<int>(i));
+      look();
+    }
+  };
+  for (Control* control : form.Controls()) {
+    auto* tabs = dynamic_cast<TabStrip*>(control);
+    auto* list = dynamic_cast<ListView*>(control);
+    turn(tabs, tabs == nullptr ? 0 : tabs->Tabs.Get().size());
+    turn(list, list == nullptr ? 0 : list->Items.Get().size());
+  }
+  if (!turned) look();
+}
 
 }  // namespace tav::test
