@@ -10,6 +10,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/result_grid_binding.h"
 #include "desktop/spin_arrows.h"
+#include "desktop/text_colour.h"
 #include "platform/form.h"
 
 namespace tav {
@@ -44,17 +45,29 @@ void ShowCommon(const Control& control, QWidget& widget) {
   if (widget.isVisibleTo(widget.parentWidget()) != control.Visible) widget.setVisible(control.Visible);
   widget.setToolTip(ToQt(control.ToolTipText));
   widget.setProperty("spokenName", ToQt(control.SpokenName));
+  // A text in red is told apart without colours, too: it is bold.
+  const bool bold = control.Bold || control.ForeColor == kRed;
   QFont font = widget.font();
-  if (font.bold() != control.Bold) {
-    font.setBold(control.Bold);
+  if (font.bold() != bold) {
+    font.setBold(bold);
     widget.setFont(font);
   }
   QPalette palette;
   if (control.ForeColor >= 0) {
-    palette.setColor(QPalette::WindowText, ColourOf(control.ForeColor));
-    palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
+    const QPalette desktop = QApplication::palette();
+    const QColor text = TextColour(control.ForeColor, {desktop.color(QPalette::Window), desktop.color(QPalette::Base)});
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Text, text);
   }
   widget.setPalette(palette);
+}
+
+/// Colours of texts follow a desktop that becomes dark or light.
+void FollowPalette(QWidget& widget, const std::function<void()>& refresh) {
+  new EventHook(widget, [&widget, refresh](QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) QTimer::singleShot(0, &widget, refresh);
+    return false;
+  });
 }
 
 template <class C, class Show>
@@ -64,6 +77,7 @@ void Follow(C& control, QWidget& widget, Show show) {
     show();
   };
   control.Changed = refresh;
+  FollowPalette(widget, refresh);
   control.FocusWanted = [&widget] { widget.setFocus(Qt::OtherFocusReason); };
   QObject::connect(&widget, &QObject::destroyed, [&control] {
     control.Changed = nullptr;
@@ -262,6 +276,7 @@ void BindControl(Control& control, QWidget& widget) {
     As<PageArea>(control, widget).Bind(*page);
   } else if (auto* results = dynamic_cast<ResultGrid*>(&control)) {
     BindResultGrid(*results, As<QTableWidget>(control, widget));
+    FollowPalette(widget, [results] { results->Changed(); });
   } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
     auto& view = As<QTableWidget>(control, widget);
     BindGrid(*grid, view);

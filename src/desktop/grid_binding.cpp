@@ -2,9 +2,9 @@
 
 #include <QtWidgets>
 
-#include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "desktop/shared_columns.h"
+#include "desktop/text_colour.h"
 #include "platform/controls.h"
 
 namespace tav {
@@ -284,17 +284,19 @@ class TableKeys : public QObject {
   QTableWidget& table_;
 };
 
-/// What has not changed is not touched: a cell costs more to set than to compare.
-void ShowCell(QTableWidgetItem& item, const GridCell& cell) {
+/// What has not changed is not touched: a cell costs more to set than to compare. What is in red is bold as well, to be
+/// told apart without colours.
+void ShowCell(QTableWidgetItem& item, const GridCell& cell, std::initializer_list<QColor> grounds) {
   const QString text = ToQt(cell.text);
   if (item.text() != text) item.setText(text);
+  const bool bold = cell.bold || cell.colour == kRed || !cell.fault.empty();
   QFont font = item.font();
-  if (font.bold() != cell.bold || font.italic() != cell.italic) {
-    font.setBold(cell.bold);
+  if (font.bold() != bold || font.italic() != cell.italic) {
+    font.setBold(bold);
     font.setItalic(cell.italic);
     item.setFont(font);
   }
-  const QVariant colour = cell.colour >= 0 ? QVariant(QBrush(ColourOf(cell.colour))) : QVariant();
+  const QVariant colour = cell.colour >= 0 ? QVariant(QBrush(TextColour(cell.colour, grounds))) : QVariant();
   if (item.data(Qt::ForegroundRole) != colour) item.setData(Qt::ForegroundRole, colour);
 }
 
@@ -303,7 +305,7 @@ void ShowEditable(const Grid& grid, int row, int column, const QTableWidget& tab
   const bool fixed = grid.EditorOf && grid.EditorOf(row, column).kind == Grid::Editor::Kind::None;
   const std::string& fault = grid.Cells.Get()[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].fault;
   QVariant background = fixed ? QVariant(table.palette().window()) : QVariant();
-  if (!fault.empty()) background = QColor(255, 190, 190);
+  if (!fault.empty()) background = FaultGround(table.palette());
   if (item.data(Qt::BackgroundRole) != background) item.setData(Qt::BackgroundRole, background);
   if (item.toolTip() != ToQt(fault)) item.setToolTip(ToQt(fault));
 }
@@ -343,6 +345,9 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
   const int rows = std::max(0, grid.Rows() - 1);
   table.setRowCount(rows);
   table.setColumnCount(grid.Columns());
+  const QPalette& palette = table.palette();
+  const auto grounds = {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase),
+                        palette.color(QPalette::Window)};
   for (int row = 0; row < grid.Rows(); ++row) {
     for (int column = 0; column < grid.Columns(); ++column) {
       const GridCell& cell = cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
@@ -355,7 +360,7 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
           table.setItem(row - 1, column, item);
         }
       }
-      ShowCell(*item, cell);
+      ShowCell(*item, cell, grounds);
       const bool right =
           std::find(grid.RightColumns.begin(), grid.RightColumns.end(), column) != grid.RightColumns.end();
       if (right) item->setTextAlignment(Qt::AlignVCenter | Qt::AlignRight);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/program.h"
+#include "desktop/desktop_look.h"
 #include "desktop/graph_view.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_printer.h"
@@ -38,6 +39,9 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("tav"));  // by which a desktop finds the icon of a window
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setAttribute(Qt::AA_DontShowIconsInMenus);
+
+  std::optional<tav::DesktopLook> look;
+  if (tav::DesktopLook::HasBus()) look.emplace(QDBusConnection::sessionBus());
 
   tav::MainWindow window;
   tav::QtBoxes boxes;

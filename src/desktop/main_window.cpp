@@ -9,6 +9,7 @@
 #include "desktop/qt_services.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "desktop/text_colour.h"
 
 namespace tav {
 namespace {
@@ -55,7 +56,9 @@ void MainWindow::Attach(frmMain& form) {
     font.setBold(button.Bold);
     findings->setFont(font);
     QPalette palette = statusBar()->palette();
-    if (button.ForeColor >= 0) palette.setColor(QPalette::ButtonText, ColourOf(button.ForeColor));
+    if (button.ForeColor >= 0) {
+      palette.setColor(QPalette::ButtonText, TextColour(button.ForeColor, {palette.color(QPalette::Window)}));
+    }
     findings->setPalette(palette);
   };
   connect(findings, &QToolButton::clicked, this, [this] { form_->sbFindings.Press(); });
@@ -294,6 +297,10 @@ void MainWindow::ShowTitle() {
 }
 
 bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    area_->setBackground(palette().color(QPalette::Dark));
+    if (form_ != nullptr && form_->sbFindings.Changed) form_->sbFindings.Changed();
+  }
   // A child window that is maximised or restored writes a title of its own over it.
   if (event->type() == QEvent::WindowTitleChange && !showingTitle_) {
     QMetaObject::invokeMethod(this, &MainWindow::ShowTitle, Qt::QueuedConnection);

@@ -3,8 +3,8 @@
 #include <QtWidgets>
 #include <algorithm>
 
-#include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "desktop/text_colour.h"
 #include "platform/controls.h"
 
 namespace tav {
@@ -42,10 +42,16 @@ void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
   item.setData(Qt::AccessibleTextRole, cell.spoken.empty() ? QVariant() : QVariant(ToQt(cell.spoken)));
   item.setTextAlignment(Qt::AlignVCenter | (atLeft ? Qt::AlignLeft : Qt::AlignRight));
   QFont font;
-  font.setBold(cell.bold);
+  const bool bold = cell.bold || cell.colour == kRed;  // told apart without colours, too
+  font.setBold(bold);
   font.setItalic(cell.italic);
-  item.setData(Qt::FontRole, cell.bold || cell.italic ? QVariant(font) : QVariant());
-  item.setData(Qt::ForegroundRole, cell.colour >= 0 ? QVariant(ColourOf(cell.colour)) : QVariant());
+  item.setData(Qt::FontRole, bold || cell.italic ? QVariant(font) : QVariant());
+  const QPalette& palette = item.tableWidget()->palette();
+  item.setData(
+      Qt::ForegroundRole,
+      cell.colour < 0
+          ? QVariant()
+          : QVariant(TextColour(cell.colour, {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)})));
 }
 
 void Show(const ResultGrid& grid, QTableWidget& table) {
