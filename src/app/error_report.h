@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/message_boxes.h"
+#include "platform/text_source.h"
 
 namespace tav {
 
@@ -14,9 +15,9 @@ struct RunTimeError {
 };
 
 /// The error that is being handled, for the end of a catch block.
-RunTimeError CurrentError(const std::string& source);
+RunTimeError CurrentError(const std::string& source, const TextSource& texts);
 
 /// Shows an error in one box; nothing for error number 0.
-void ReportRunTimeError(const RunTimeError& error, MessageBoxes& boxes);
+void ReportRunTimeError(const RunTimeError& error, MessageBoxes& boxes, const TextSource& texts);
 
 }  // namespace tav

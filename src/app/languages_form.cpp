@@ -36,13 +36,14 @@ void frmLanguages::Form_Load() {
 
   std::string current = platform_.settings.ReadSetting("", "Language");
   if (current.empty()) current = TableOfLocale(folder_.parent_path(), platform_.environment.Locale());
+  constexpr int kNotFound = 7776;
   std::vector<std::string> names;
   std::erase_if(files_, [&](const std::string& file) {
     try {
       names.push_back(LanguageTable::Read(folder_ / file).GetResString(LanguageTable::kLanguageName));
       return false;
     } catch (const FileError& fault) {
-      platform_.boxes.Show("Language DLL " + (folder_ / file).string() + " not found\r\n" + fault.what(), "",
+      platform_.boxes.Show(texts_.Filled(kNotFound, {(folder_ / file).string(), texts_.Words(fault)}), "",
                            BoxIcon::None, BoxButtons::OK);
       return true;
     }

@@ -109,7 +109,7 @@ constexpr MenuRow kHidden[] = {
 struct ToolRow {
   const char* key;  // empty for a separator
   const char* image;
-  const char* toolTip;  // a string ID, or a literal
+  const char* toolTip;  // a string ID
 };
 
 constexpr ToolRow kToolBar[] = {
@@ -130,7 +130,7 @@ constexpr ToolRow kToolBar[] = {
     {"TableExpert", "tableexpert", "1112"},
     {"Multilevel", "multilevel", "6333"},
     {"", "", ""},
-    {"Mixer", "mixer", "Partial Pressure Mixer"},
+    {"Mixer", "mixer", "7767"},
     {"", "", ""},
     {"FitPlan", "fit", "7103"},
 };

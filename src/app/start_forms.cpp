@@ -31,9 +31,7 @@ frmLiability::frmLiability(Platform platform, const TextSource& texts)
   };
   cbNoAgree.Cancel = true;
   cbNoAgree.Click = [this] { Unload(); };
-  cbSoundOff.ToolTipText = "To disable the sound";
   cbSoundOff.Click = [this] { SetSound(false); };
-  cbSoundOn.ToolTipText = "To enable the sound";
   cbSoundOn.Click = [this] { SetSound(true); };
 }
 
@@ -44,7 +42,9 @@ void frmLiability::Form_Load() {
   cbAgree.Caption = texts_.GetResString(2502);
   cbNoAgree.Caption = texts_.GetResString(2501);
   cbSoundOff.Caption = texts_.GetResString(7040);
+  cbSoundOff.ToolTipText = texts_.GetResString(7768);
   cbSoundOn.Caption = texts_.GetResString(7041);
+  cbSoundOn.ToolTipText = texts_.GetResString(7769);
   ShowSoundButtons(SoundIsOn(platform_.settings));
   cbAgree.SetFocus();
 }

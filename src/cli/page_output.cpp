@@ -110,8 +110,8 @@ PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
 }
 
 void PageOutput::WritePdf(const std::string& title) const {
-  const std::string& fault = pages_.Pages().Fault();
-  if (!fault.empty()) throw FileError(out_, 0, fault);
+  const auto& fault = pages_.Pages().Fault();
+  if (fault) throw FileError(out_, 0, texts_.Words(*fault));
   if (!boxes_.first.empty()) throw FileError(out_, 0, boxes_.first);
   const Ended ended = Run(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
                                              fs::absolute(out_).string(), "--title", title});

@@ -8,16 +8,20 @@
 #include <QPrinterInfo>
 #include <QtWidgets>
 #include <algorithm>
-#include <stdexcept>
 
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "model/message.h"
 #include "persist/text_file.h"
 #include "report/page_units.h"
 #include "report/pdf_labels.h"
 
 namespace tav {
 namespace {
+
+// Texts by number.
+constexpr int kUnusable = 7774;
+constexpr int kFailed = 7775;
 
 constexpr double kCmPerInch = 2.54;
 constexpr double kPointsPerInch = 72;
@@ -31,19 +35,19 @@ template <class Device>
 class SheetJob : public PrintJob {
  public:
   explicit SheetJob(Device& device) : device_(device) {
-    if (!painter_.begin(&device_)) throw std::runtime_error("the printer can't be used");
+    if (!painter_.begin(&device_)) throw MessageError("", kUnusable);
     MakeSurface();
   }
 
   [[nodiscard]] DrawingSurface& Sheet() override { return *surface_; }
   void NewSheet() override {
-    if (!device_.newPage()) throw std::runtime_error("the printer failed");
+    if (!device_.newPage()) throw MessageError("", kFailed);
     MakeSurface();
   }
 
  protected:
   void End() {
-    if (painter_.isActive() && !painter_.end()) throw std::runtime_error("the printer failed");
+    if (painter_.isActive() && !painter_.end()) throw MessageError("", kFailed);
   }
 
  private:

@@ -4,12 +4,12 @@
 #include <QtGlobal>
 #include <cstdio>
 #include <exception>
-#include <string>
 #include <string_view>
 
 #include "app/program_folders.h"
 #include "app/user_texts.h"
 #include "desktop/qt_printer.h"
+#include "persist/text_file.h"
 #include "report/page_player.h"
 
 namespace tav {
@@ -17,8 +17,13 @@ namespace {
 
 constexpr int kArguments = 7;
 
-int Fail(const std::string& reason) {
-  std::fprintf(stderr, "tav: %s\n", reason.c_str());
+// Texts by number.
+constexpr int kNoPages = 7778;
+constexpr int kUsage = 7779;
+
+int Fail(const std::exception& error) {
+  const LazyTexts texts(ProgramFolders::OfThisProgram().ProgramFolder(), LazyTexts::Language::User);
+  std::fprintf(stderr, "tav: %s\n", texts.Words(error).c_str());
   constexpr int kUnusable = 2;
   return kUnusable;
 }
@@ -29,18 +34,18 @@ bool WantsSilentPdf(int argc, char** argv) { return argc > 1 && std::string_view
 
 int SilentPdf(int argc, char** argv) {
   if (argc != kArguments || std::string_view(argv[3]) != "--pdf" || std::string_view(argv[5]) != "--title") {
-    return Fail("--pages FILE --pdf OUT --title TITLE is how a page file becomes a PDF");
+    return Fail(MessageError("", {kUsage, {"--pages FILE --pdf OUT --title TITLE"}}));
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   PageFile pages;
-  if (!pages.Open(argv[2])) return Fail(std::string(argv[2]) + ": the file can't be read, or holds no page");
+  if (!pages.Open(argv[2])) return Fail(FileError(argv[2], 0, kNoPages));
   try {
     QtPrinter printer;
     PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
                                  {[](int) {}, [] { return false; }});
   } catch (const std::exception& error) {
-    return Fail(LazyTexts(ProgramFolders::OfThisProgram().ProgramFolder(), LazyTexts::Language::User).Words(error));
+    return Fail(error);
   }
   return 0;
 }

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kTitle = 6318;
 constexpr int kOver100 = 6335;
+constexpr int kWantedOver100 = 7770;
 constexpr int kPrint = 6310;
 constexpr int kNotPossible = 3033;
 constexpr int kMissing = 7430;
@@ -190,7 +191,7 @@ void frmPartialMix::ShowBlend() {
 
 void frmPartialMix::UpdateDesiredMix(const TextBox& typed) {
   ShowBlend();
-  MixTyped(desired_, typed, "Percentage is larger then 100%");
+  MixTyped(desired_, typed, T(kWantedOver100));
 }
 
 std::string frmPartialMix::MissingField() const {

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 
 namespace tav {
 
-void PageFile::Begin(const std::filesystem::path& file, const std::string& fault) {
+void PageFile::Begin(const std::filesystem::path& file, const std::optional<FileError>& fault) {
   path_ = file;
   out_.close();
   out_.clear();
@@ -15,7 +14,7 @@ void PageFile::Begin(const std::filesystem::path& file, const std::string& fault
   starts_.clear();
   ends_.clear();
   fault_ = fault;
-  if (!fault_.empty()) {
+  if (fault_) {
     out_.setstate(std::ios::badbit);
     return;
   }
@@ -69,10 +68,9 @@ void PageFile::Flush() {
 }
 
 void PageFile::Blame(const std::filesystem::path& file) {
-  if (!fault_.empty()) return;
-  const int reason = errno;
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
-  fault_ = file.string() + ": " + (reason != 0 ? std::strerror(reason) : "the file can't be written");
+  if (fault_) return;
+  constexpr int kNotWritten = 7900;
+  fault_.emplace(file, 0, Message{kNotWritten, {ErrorText(errno != 0 ? errno : EIO)}});
 }
 
 std::string PageFile::Page(int number) const {

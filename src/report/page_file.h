@@ -3,9 +3,12 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "persist/text_file.h"
 
 namespace tav {
 
@@ -23,7 +26,7 @@ class PageFile {
   ~PageFile() = default;
 
   /// Empties the file, or makes it. With a `fault` there is no place for it, and all that is written is lost.
-  void Begin(const std::filesystem::path& file, const std::string& fault = "");
+  void Begin(const std::filesystem::path& file, const std::optional<FileError>& fault = {});
   /// Takes a file that has been written already, for reading. False when it can't be read or holds no page.
   bool Open(const std::filesystem::path& file);
   /// Appends a line that begins or ends a page, or a command. It is in the file after the next Flush.
@@ -38,8 +41,8 @@ class PageFile {
   [[nodiscard]] int Pages() const { return static_cast<int>(starts_.size()); }
   /// The lines of a page (from 1) as they stand in the file now, the two marks aside; empty when there is none.
   [[nodiscard]] std::string Page(int number) const;
-  /// Why the file could not be written: its name and the reason. Empty when all is well.
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// Why the file could not be written; nothing when all is well.
+  [[nodiscard]] const std::optional<FileError>& Fault() const { return fault_; }
   /// A file of the report could not be written, for the reason that errno tells. The first fault stays.
   void Blame(const std::filesystem::path& file);
 
@@ -53,7 +56,7 @@ class PageFile {
   std::uint64_t written_ = 0;          ///< bytes in the file and pending
   std::vector<std::uint64_t> starts_;  ///< where the lines of each page begin
   std::vector<std::uint64_t> ends_;    ///< where they end, for each page that is closed
-  std::string fault_;
+  std::optional<FileError> fault_;
 };
 
 }  // namespace tav

@@ -77,10 +77,10 @@ void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string&
 }
 
 void PrintPreview::EndReport(const std::string& caption) {
-  if (!file_.Fault().empty()) {
+  if (file_.Fault()) {
     constexpr int kNotWritten = 7200;
-    services_.boxes.Show(texts_.GetResString(kNotWritten) + "\r\n" + file_.Fault(), caption, BoxIcon::Stop,
-                         BoxButtons::OK);
+    services_.boxes.Show(texts_.GetResString(kNotWritten) + "\r\n" + texts_.Words(*file_.Fault()), caption,
+                         BoxIcon::Stop, BoxButtons::OK);
     return;
   }
   if (window != nullptr) window->ShowPreview(caption);

@@ -58,7 +58,7 @@ void GeneralReport::SettingsTable() {
   const std::string pressure = T(t.Metric ? 6028 : 6030);
   const std::string length = T(t.Metric ? 6027 : 6029);
   const bool veryHighGF = t.UseGF && t.GFHigh > 1.0;
-  const std::string factors = t.UseGF ? numbers_.Fixed(t.GFLow, 2) + "-" + numbers_.Fixed(t.GFHigh, 2) : "Off";
+  const std::string factors = t.UseGF ? numbers_.Fixed(t.GFLow, 2) + "-" + numbers_.Fixed(t.GFHigh, 2) : T(6050);
 
   struct Setting {
     int group;  // 0: no text

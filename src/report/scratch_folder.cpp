@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
+#include <string>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -38,7 +38,7 @@ void ScratchFolder::Remove() {
 
 void ScratchFolder::Renew(fs::path parent) {
   Remove();
-  fault_.clear();
+  fault_.reset();
   std::error_code error;
   if (!fs::is_directory(parent, error)) parent = fs::current_path(error);
   for (const auto& entry : fs::directory_iterator(parent, error)) {
@@ -49,8 +49,7 @@ void ScratchFolder::Renew(fs::path parent) {
   if (::mkdtemp(name.data()) != nullptr) {
     path_ = name;
   } else {
-    const int reason = errno;
-    fault_ = parent.string() + ": " + std::strerror(reason);  // NOLINT(concurrency-mt-unsafe): there is one thread
+    fault_.emplace(parent, 0, ErrorText(errno));
   }
 }
 

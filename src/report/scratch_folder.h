@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
+#include <optional>
+
+#include "persist/text_file.h"
 
 namespace tav {
 
@@ -19,14 +21,14 @@ class ScratchFolder {
   void Renew(std::filesystem::path parent);
   /// Empty when there is none.
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-  /// Why no folder could be made: its name and the reason. Empty when all is well.
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// Why no folder could be made in the one that it names; nothing when all is well.
+  [[nodiscard]] const std::optional<FileError>& Fault() const { return fault_; }
 
  private:
   void Remove();
 
   std::filesystem::path path_;
-  std::string fault_;
+  std::optional<FileError> fault_;
 };
 
 }  // namespace tav

@@ -193,7 +193,7 @@ TEST_F(LongReports, WarnOfAHighGradientFactorInTitleAndInk) {
   t.UseGF = false;
   Write(1, RowStatus::kLeg, false);
   EXPECT_THAT(Texts(1), Contains("*StringID 6084*"));
-  EXPECT_THAT(Texts(1), Contains("Off"));
+  EXPECT_THAT(Texts(1), Contains("*StringID 6050*").Times(2));  // no factors, and depths are not adjusted
 }
 
 TEST_F(LongReports, ImperialUnitsStandInEveryHead) {
