@@ -2,21 +2,19 @@
 
 #include <algorithm>
 
-#include "model/number_text.h"
 #include "model/numbers.h"
+#include "report/dive_figures.h"
 
 namespace tav {
 namespace {
 
 std::string Whole(Single value) { return FormatFixed(value, 0); }
 
-/// A depth with a decimal only where it has one.
-std::string Depth(Single value) { return FormatPlain(RoundSingle(value, 1)); }
-
 class Card {
  public:
-  Card(const TableDive& cut, const TableDives& scenario)
+  Card(const TableDive& cut, const TableDives& scenario, const LocaleSeparators& separators)
       : cut_(cut),
+        numbers_(separators),
         settings_(scenario.diveTemplate),
         lost_(scenario.lost),
         rows_(cut.profile),
@@ -40,7 +38,7 @@ class Card {
       Count(row);
     }
     for (const auto& [name, volume] : used_) {
-      card_.needed.push_back({name, FormatFixed(Single(volume), settings_.Metric ? 0 : 1)});
+      card_.needed.push_back({name, numbers_.Fixed(Single(volume), settings_.Metric ? 0 : 1)});
     }
     return std::move(card_);
   }
@@ -52,6 +50,9 @@ class Card {
   [[nodiscard]] bool ChangesOnTheWay(std::int16_t i) const {
     return Next(i).GasMixName != rows_.Row(i).GasMixName && Next(i).StopTime == 0;
   }
+
+  /// A depth with a decimal only where it has one.
+  [[nodiscard]] std::string Depth(Single value) const { return numbers_.Plain(RoundSingle(value, 1)); }
 
   /// The first line: where and when the ascent begins, and on what; a stop there comes in the next line.
   void Leave() {
@@ -83,6 +84,7 @@ class Card {
   }
 
   const TableDive& cut_;
+  NumberTexts numbers_;
   const DiveTemplate& settings_;
   const std::optional<std::string>& lost_;
   const ClassProfile& rows_;
@@ -95,10 +97,10 @@ class Card {
 
 }  // namespace
 
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts) {
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const LocaleSeparators& separators) {
   std::vector<AscentCard> cards;
   for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
-    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts).Make());
+    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts, separators).Make());
   }
   return cards;
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "model/number_text.h"
 #include "plan/table_dives.h"
 
 namespace tav {
@@ -36,7 +37,7 @@ struct AscentCard {
 /// The cards of a scenario, one for each cut under water.
 ///
 /// The replay of a cut within the ascent of the plan counts the short first minute of each earlier stop whole and so
-/// runs late; a card counts from its own moment.
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts);
+/// runs late; a card counts from its own moment. Numbers have the separators of the reader.
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const LocaleSeparators& separators = {});
 
 }  // namespace tav

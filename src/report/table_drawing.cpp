@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/number_text.h"
+#include "report/dive_figures.h"
 
 namespace tav {
 namespace {
@@ -82,13 +82,14 @@ class Drawing {
 
 }  // namespace
 
-std::string TableTitle(const TableDives& profiles, const TextSource& texts) {
+std::string TableTitle(const TableDives& profiles, const PrintPreview& writer) {
   const DiveTemplate& settings = profiles.diveTemplate;
   const ClassProfile& last = profiles.dives.back().profile;
   constexpr int kOff = 6169;
+  const NumberTexts numbers(writer.Services().separators);
   const std::string gradient =
-      settings.UseGF ? "GF " + FormatFixed(settings.GFLow, 2) + "-" + FormatFixed(settings.GFHigh, 2) + "  "
-                     : "GF " + texts.GetResString(kOff) + "   ";
+      settings.UseGF ? "GF " + numbers.Fixed(settings.GFLow, 2) + "-" + numbers.Fixed(settings.GFHigh, 2) + "  "
+                     : "GF " + writer.Texts().GetResString(kOff) + "   ";
   return gradient + MixLabel(last.Row(std::min<std::int16_t>(2, last.GetLength()))) +
          (settings.OpenCircuit ? "  OC" : "  RB");
 }

@@ -30,7 +30,7 @@ struct TableFrame {
 };
 
 /// The title of a small table: gradient factors, gas of the bottom, breathing circuit.
-std::string TableTitle(const TableDives& profiles, const TextSource& texts);
+std::string TableTitle(const TableDives& profiles, const PrintPreview& writer);
 
 /// Draws a small table at its place on the open page. Stops show from `firstStopRow` on: row 1 is the bottom.
 void DrawTable(PrintPreview& writer, const SmallTable& table, const TablePlace& place, const std::string& title,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "report/dive_figures.h"
 #include "report/page_units.h"
 #include "report/table_remarks.h"
 #include "report/wrapped_text.h"
@@ -77,7 +78,8 @@ void TablePrintModule::PrintTableSet(const TableDives& profiles) {
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
     const std::string title = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
-    cards_.push_back({title, MakeAscentCards(profiles), {profiles.diveTemplate, true, caption_}});
+    cards_.push_back(
+        {title, MakeAscentCards(profiles, writer_.Services().separators), {profiles.diveTemplate, true, caption_}});
   }
 }
 
@@ -88,9 +90,10 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
   if (profiles.bailout) {
     printed.name = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
   } else {
-    printed.name = FormatPlain(profiles.dives.back().depth) + " " + T(settings.Metric ? kMetres : kFeet);
+    printed.name = NumberTexts(writer_.Services().separators).Plain(profiles.dives.back().depth) + " " +
+                   T(settings.Metric ? kMetres : kFeet);
   }
-  printed.title = TableTitle(profiles, writer_.Texts());
+  printed.title = TableTitle(profiles, writer_);
   printed.table = MakeSmallTable(profiles, T(kDepthHead));
   printed.info = {settings, profiles.bailout, caption_};
   const int pageBefore = pages_.Page();

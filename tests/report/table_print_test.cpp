@@ -325,6 +325,21 @@ TEST_F(TablePrint, CardsStandSixToAPageAndALongAscentGoesOnInTheNext) {
   EXPECT_EQ(depths.front(), 90);
 }
 
+TEST_F(TablePrint, TablesAndCardsHaveTheDecimalSeparatorOfTheReader) {
+  platform.separators = {",", "."};
+  const PrintPreview german(platform, texts);
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  const TableDives dives = *BailoutCuts(plans.forms, plan.Tag(), 7).Compute(0, kGoOn);
+  EXPECT_THAT(TableTitle(dives, german), HasSubstr("GF 0,30-0,85"));
+  EXPECT_THAT(TableTitle(dives, writer), HasSubstr("GF 0.30-0.85"));
+  TableDives half = dives;
+  half.dives[1].depth = 4.5;
+  half.diveTemplate.Metric = false;
+  const AscentCard card = MakeAscentCards(half, platform.separators).front();
+  EXPECT_EQ(card.depth, "4,5");
+  EXPECT_THAT(card.needed.front().volume, HasSubstr(","));
+}
+
 TEST_F(TablePrint, NoCardIsMadeOfACutAtTheSurface) {
   // The ascent ends on a whole minute.
   const frmWaypointEditor& plan = Plan({{30, 14}});
