@@ -38,6 +38,7 @@ constexpr double kGasLeft = 4.5;
 constexpr double kRight = TableSlots::kCellWidth - kMargin;
 
 constexpr int kRowSize = 13;  // points: read at arm's length, by a lamp
+constexpr int kSmallestSize = 9;
 constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 9;
 const std::string kArial = "Arial";
@@ -64,7 +65,7 @@ class CardPrinter {
       if (part < parts_) continue;
       y = kEnd - static_cast<double>(notes.size()) * kNoteHeight;
       for (const std::string& note : notes) {
-        writer_.PrintTextLeft(x_ + kMargin, y_ + y, note, kArial, kNoteSize, 1);
+        Fitted(kMargin, y, note, kNoteSize, true);
         y += kNoteHeight;
       }
     }
@@ -73,9 +74,9 @@ class CardPrinter {
  private:
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
   [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
-  /// A name that fits into a width in cm: nothing may run over the cut marks.
-  [[nodiscard]] std::string Fitted(const std::string& name, double width, double size, bool bold) const {
-    return FittedText(name, width, {kArial, size, bold}, writer_.Services().measure);
+  /// A text from `x` on to the right edge of the card, or `before` it: nothing may run over the cut marks.
+  void Fitted(double x, double y, const std::string& text, int size, bool bold, double before = 0) {
+    writer_.PrintTextFitted(x_ + x, y_ + y, text, kRight - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
   }
   [[nodiscard]] std::string Unit() const { return T(Metric() ? kMetres : kFeet); }
 
@@ -84,17 +85,16 @@ class CardPrinter {
     x_ = place.x;
     y_ = place.y;
     const double forPart = parts_ > 1 ? 1.2 : 0;
-    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.25, Fitted(set_.title, kRight - kMargin - forPart, 12, true), kArial, 12,
-                          1);
+    Fitted(kMargin, 0.25, set_.title, 12, true, forPart);
     if (parts_ > 1) {
       writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
                              1);
     }
     const std::string leave = T(kLeaveAt) + " " + card_.moment + " " + T(kMinutes) + ", " + card_.depth + " " + Unit();
-    writer_.PrintTextLeft(x_ + kMargin, y_ + 0.75, leave, kArial, 12, 1);
+    Fitted(kMargin, 0.75, leave, 12, true);
     if (!card_.decompresses) {
       writer_.SetForeColor(kRed);
-      writer_.PrintTextLeft(x_ + kMargin, y_ + 1.23, T(kNoDecompression), kArial, 10, 1);
+      Fitted(kMargin, 1.23, T(kNoDecompression), 10, true);
       writer_.SetForeColor(kBlack);
     }
     writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(kDepth), kArial, kHeadSize, 0);
@@ -113,8 +113,7 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
     const std::string mark = row.lowPPO2 || row.lostGas ? " !" : "";
-    const std::string gas = Fitted(row.gas, kRight - kGasLeft - (mark.empty() ? 0 : 0.3), kRowSize, row.gasChanges);
-    writer_.PrintTextLeft(x_ + kGasLeft, y_ + y, gas + mark, kArial, kRowSize, row.gasChanges ? 1 : 0);
+    Fitted(kGasLeft, y, row.gas + mark, kRowSize, row.gasChanges);
   }
 
   /// The gas that is needed, and what is wrong with it, below the last row.

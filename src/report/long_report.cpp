@@ -1,7 +1,6 @@
 #include "report/long_report.h"
 
 #include "report/page_units.h"
-#include "report/wrapped_text.h"
 
 namespace tav {
 namespace {
@@ -117,8 +116,8 @@ void GeneralReport::RowBand(Single y, int index, const std::vector<std::pair<dou
   }
 }
 
-std::string GeneralReport::Fitted(const std::string& text, double cm, bool bold) const {
-  return FittedText(text, cm, {kArial, 10, bold}, out_.Services().measure);
+void GeneralReport::Fitted(Single x, Single y, const std::string& text, double cm, bool bold) {
+  out_.PrintTextFitted(x, y, text, cm, kArial, 10, bold ? 1 : 0);
 }
 
 }  // namespace tav

@@ -51,8 +51,8 @@ class GeneralReport {
   /// A row of a table: the light band of every second one, then the black boxes behind the white figures.
   void RowBand(Single y, int index, const std::vector<std::pair<double, double>>& blackBoxes);
   void Outline(Single top, Single bottom) { out_.PrintBoxOutline(1.9, top, 27.1, bottom); }
-  /// The text, cut short where it would run into the next column.
-  [[nodiscard]] std::string Fitted(const std::string& text, double cm, bool bold = false) const;
+  /// The text, smaller or cut where it would run into the next column.
+  void Fitted(Single x, Single y, const std::string& text, double cm, bool bold = false);
 
   // report_settings.cpp
   void PrintInfoHeader();

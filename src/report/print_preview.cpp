@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "report/page_units.h"
+#include "report/wrapped_text.h"
 
 namespace tav {
 namespace fs = std::filesystem;
@@ -101,6 +102,17 @@ void PrintPreview::Text(std::string_view keyword, Single left, Single y, const s
 void PrintPreview::PrintTextLeft(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize,
                                  int bold) {
   Text("#txt_l", x * page::kUnitsPerCm, y, text, fontName, fontSize, bold);
+}
+
+void PrintPreview::PrintTextFitted(Single x, Single y, const std::string& text, double width,
+                                   const std::string& fontName, int fontSize, int bold, int smallest) {
+  constexpr double kAscent = 0.9;
+  constexpr double kCmPerPoint = 2.54 / 72;
+  TextFont font{fontName, static_cast<double>(fontSize), bold != 0};
+  int size = fontSize;
+  while (size > smallest && services_.measure.TextWidth(text, font) > width * page::kUnitsPerCm) font.points = --size;
+  PrintTextLeft(x, y + kAscent * (fontSize - size) * kCmPerPoint, FittedText(text, width, font, services_.measure),
+                fontName, size, bold);
 }
 
 void PrintPreview::PrintTextRight(Single x, Single y, const std::string& text, const std::string& fontName,

@@ -96,6 +96,10 @@ class PrintPreview {
   void PrintTextLeft(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize, int bold);
   /// x is the right edge.
   void PrintTextRight(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize, int bold);
+  /// Text that takes `width` cm at most: in letters smaller than `fontSize`, on the same line, and what is too long for
+  /// those of size `smallest` is cut in its middle.
+  void PrintTextFitted(Single x, Single y, const std::string& text, double width, const std::string& fontName,
+                       int fontSize, int bold, int smallest = 6);
   /// The text moves to the left by half the width that it has in the preview's own font, "Arial" 8.25 regular: what is
   /// larger sits right of its centre.
   void PrintInCen(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize, int bold);

@@ -200,7 +200,7 @@ void GeneralReport::GasTable() {
     constexpr double kReserve = 1.5;
     RowBand(y, static_cast<int>(i), kGasBoxes);
     InWhite([&] {
-      Left(kGasCols[0], y, Fitted(gas.Name, 2.0, true), 10, true);
+      Fitted(kGasCols[0], y, gas.Name, 2.0, true);
       Right(kGasCols[1] + 0.6, y, numbers_.Fixed(gas.O2, 0));
       Right(kGasCols[2] + 0.5, y, numbers_.Fixed(gas.He, 0));
       Right(kGasCols[5] + 1.2, y, numbers_.Fixed(gas.total, 1));

@@ -99,7 +99,7 @@ void GeneralReport::SupplyRow(const std::vector<GridCell>& row, int index, bool 
     if (place.right) {
       Right(place.x, y, row[i].text, row[i].bold);
     } else {
-      Left(place.x, y, Fitted(row[i].text, place.width, row[i].bold), 10, row[i].bold);
+      Fitted(place.x, y, row[i].text, place.width, row[i].bold);
     }
     out_.SetForeColor(kBlack);
   }

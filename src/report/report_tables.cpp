@@ -115,7 +115,8 @@ void GeneralReport::ProfileRow(std::int16_t index) {
   PrintCellRight(13, y, numbers_.Fixed(row.END, 1));
   PrintCellRight(14, y, numbers_.Fixed(row.PPO2, 2), row.PPO2 >= Template().MaxPPO2);
 
-  PrintCellLeft(16, y, Fitted(row.GasMixName, 1.5));
+  out_.SetForeColor(kBlack);
+  Fitted(EdgeOf(16), y, row.GasMixName, 1.5);
   PrintCellRight(17, y, numbers_.Fixed(row.GasMixO2, 0));
   PrintCellLeft(18, y, numbers_.Fixed(row.GasMixHe, 0));
   PrintCellRight(19, y, numbers_.Fixed(row.GasUsed, 1));
@@ -207,7 +208,7 @@ void GeneralReport::DecoRow(DecoTable table, const Waypoint& row) {
     Left(kDecoCols[9], y, bottom || factor == "100" ? "--" : factor);
   });
   Right(kDecoCols[1] + 0.7, y, numbers_.Fixed(bottom ? row.Rate : row.StopTime, 0));
-  Left(kDecoCols[3], y, Fitted(row.GasMixName, 1.6));
+  Fitted(kDecoCols[3], y, row.GasMixName, 1.6);
   Right(kDecoCols[5] + 0.5, y, numbers_.Fixed(row.GasMixHe, 0));
   Left(kDecoCols[8], y, bottom ? ModelText(marks_) : ModelOfRow(row, marks_).value_or(""));
   Left(kDecoCols[10], y, bottom ? "--" : numbers_.Fixed(Single(row.MaxMValue * 100), 1));

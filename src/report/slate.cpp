@@ -49,7 +49,6 @@ constexpr int kHeadSize = 9;
 constexpr Colour kWhite = RGB(255, 255, 255);
 constexpr Colour kGrey = RGB(225, 225, 225);
 const std::string kArial = "Arial";
-const std::string kEllipsis = "\u2026";
 
 }  // namespace
 
@@ -85,23 +84,12 @@ void Slate::Right(double x, double y, const std::string& text, int size, int bol
   out_.PrintTextRight(x, y, text, kArial, size, bold);
 }
 
-double Slate::Width(const std::string& text, int size, bool bold) const {
-  return out_.Services().measure.TextWidth(text, {kArial, static_cast<double>(size), bold}) / page::kUnitsPerCm;
+void Slate::Fitted(double x, double y, const std::string& text, int size, int bold, double cm) {
+  out_.PrintTextFitted(x, y, text, cm, kArial, size, bold);
 }
 
-void Slate::Fitted(double x, double y, const std::string& text, int size, int bold, double cm) {
-  constexpr int kSmallest = 6;
-  int fitting = size;
-  while (fitting > kSmallest && Width(text, fitting, bold != 0) > cm) --fitting;
-  std::string cut = text;
-  while (!cut.empty() && Width(cut == text ? text : cut + kEllipsis, fitting, bold != 0) > cm) {
-    // A letter of several bytes goes as a whole.
-    while (cut.size() > 1 && (static_cast<unsigned char>(cut.back()) & 0xC0U) == 0x80U) cut.pop_back();
-    cut.pop_back();
-  }
-  // The smaller letters stand on the line of the others.
-  constexpr double kCmPerPoint = 2.54 / 72;
-  Left(x, y + 0.9 * (size - fitting) * kCmPerPoint, cut == text ? text : cut + kEllipsis, fitting, bold);
+double Slate::Width(const std::string& text, int size, bool bold) const {
+  return out_.Services().measure.TextWidth(text, {kArial, static_cast<double>(size), bold}) / page::kUnitsPerCm;
 }
 
 void Slate::Begin() {

@@ -45,7 +45,6 @@ class Slate {
   void GasRow(const Layout& layout, const SlateRow& row, double left, double y);
   [[nodiscard]] std::string SettingsLine(const DiveTemplate& settings) const;
   [[nodiscard]] std::string GasOf(const SlateRow& row) const;
-  /// Prints from there, in a smaller size where it is wider than `cm`, and cut short where that is not enough.
   void Fitted(double x, double y, const std::string& text, int size, int bold, double cm);
   [[nodiscard]] double Width(const std::string& text, int size, bool bold) const;
   [[nodiscard]] std::string T(int id) const { return out_.Texts().GetResString(id); }

@@ -93,6 +93,8 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
     printed.name = NumberTexts(writer_.Services().separators).Plain(profiles.dives.back().depth) + " " +
                    T(settings.Metric ? kMetres : kFeet);
   }
+  printed.name =
+      FittedText(printed.name, TableSlots::kCellWidth - 2.5, {kArial, kRemarkSize, true}, writer_.Services().measure);
   printed.title = TableTitle(profiles, writer_);
   printed.table = MakeSmallTable(profiles, T(kDepthHead));
   printed.info = {settings, profiles.bailout, caption_};

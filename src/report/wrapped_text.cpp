@@ -1,10 +1,16 @@
 #include "report/wrapped_text.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "report/page_units.h"
 
 namespace tav {
+namespace {
+
+constexpr std::string_view kDots = "\u2026";
+
+}  // namespace
 
 std::vector<std::string> WrappedText(const std::string& text, double width, const TextFont& font,
                                      const TextMeasure& measure) {
@@ -29,16 +35,17 @@ std::vector<std::string> WrappedText(const std::string& text, double width, cons
 std::string FittedText(const std::string& text, double width, const TextFont& font, const TextMeasure& measure) {
   const auto fits = [&](const std::string& part) { return measure.TextWidth(part, font) <= width * page::kUnitsPerCm; };
   if (fits(text)) return text;
-  std::string part = text;
-  while (!part.empty() && !fits(part + "\u2026")) {
-    // A letter of several bytes goes as a whole.
-    do {
-      const bool continuation = (static_cast<unsigned char>(part.back()) & 0xC0U) == 0x80U;
-      part.pop_back();
-      if (!continuation) break;
-    } while (!part.empty());
+  std::vector<std::size_t> letters;  // where each begins: one of several bytes goes as a whole
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) letters.push_back(i);
   }
-  return part + "\u2026";
+  for (std::size_t kept = letters.size(); kept-- > 1;) {
+    const std::size_t ahead = kept / 2;
+    std::string part = text.substr(0, letters[ahead]);
+    part.append(kDots).append(text, letters[letters.size() - (kept - ahead)]);
+    if (fits(part)) return part;
+  }
+  return std::string(kDots);
 }
 
 }  // namespace tav

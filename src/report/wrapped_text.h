@@ -11,7 +11,8 @@ namespace tav {
 std::vector<std::string> WrappedText(const std::string& text, double width, const TextFont& font,
                                      const TextMeasure& measure);
 
-/// The text, or as much of it as `width` cm hold with three dots behind it.
+/// The text, or as much of it as `width` cm hold with three dots in its middle: names of gases often differ at their
+/// end alone, "Bottom Tx18/45" and "Bottom Tx15/55".
 std::string FittedText(const std::string& text, double width, const TextFont& font, const TextMeasure& measure);
 
 }  // namespace tav

@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/arial_measure.h"
 #include "platform/headless/headless_platform.h"
 #include "report/dive_report.h"
 #include "report/page_player.h"
+#include "report/page_units.h"
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
 
@@ -218,13 +220,27 @@ TEST_F(LongReports, TheLowestPPO2LeavesTheSurfaceOut) {
   EXPECT_THAT(Texts(3), Not(Contains("0.10")));
 }
 
-TEST_F(LongReports, ALongGasNameIsCutShort) {
+TEST_F(LongReports, LongGasNamesKeepApartAndOutOfTheNextColumn) {
+  const std::vector<std::string> names = {"Bottom Tx18/45", "Bottom Tx15/55",
+                                          "A n\u00e4me that is far too long Tx15/55"};
   ClassProfile profile;
-  profile.NewWayPoint();
-  profile.Row(1).GasMixName = "Travel gas with a long n\u00e4me";
+  for (std::int16_t i = 1; i <= 3; ++i) {
+    profile.NewWayPoint();
+    profile.Row(i).GasMixName = names[static_cast<std::size_t>(i - 1)];
+  }
   report.InitLongReport();
   report.LongReport({profile, t, false, 1, 0});
-  EXPECT_THAT(Texts(1), Contains("Trave\u2026"));
+  int found = 0;
+  for (int number = 1; number <= 3; ++number) {
+    for (const Stroke& stroke : Page(number)) {
+      const bool cut = stroke.text.starts_with("A n") && stroke.text.ends_with("/55");
+      if (!cut && stroke.text != names[0] && stroke.text != names[1]) continue;
+      ++found;
+      EXPECT_EQ(cut, stroke.text.find("\u2026") != std::string::npos);
+      EXPECT_LE(ArialMeasure().TextWidth(stroke.text, stroke.font), 2.0 * page::kUnitsPerCm) << stroke.text;
+    }
+  }
+  EXPECT_EQ(found, 3);
 }
 
 TEST_F(LongReports, ASeriesTellsNumberAndIntervalOfEachDiveButTheFirst) {

@@ -7,6 +7,7 @@
 
 #include "plan/bailout_cuts.h"
 #include "plan/square_dives.h"
+#include "platform/arial_measure.h"
 #include "platform/headless/headless_platform.h"
 #include "report/page_player.h"
 #include "report/page_units.h"
@@ -338,6 +339,28 @@ TEST_F(TablePrint, TablesAndCardsHaveTheDecimalSeparatorOfTheReader) {
   const AscentCard card = MakeAscentCards(half, platform.separators).front();
   EXPECT_EQ(card.depth, "4,5");
   EXPECT_THAT(card.needed.front().volume, HasSubstr(","));
+}
+
+TEST_F(TablePrint, ALongNameStaysWithinItsCard) {
+  const std::string name = "A deco gas with a name for two of its kind 50";
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  DiveTemplate& settings = plans.documents(plan.Tag()).Template;
+  for (GasMix& mix : settings.Blends) mix.Name = mix.Name == "EAN50" ? name : mix.Name;
+  for (GasChange& change : settings.ChangeGasMixes) change.Name = change.Name == "EAN50" ? name : change.Name;
+  plan.ReEvaluateUserEnteredWaypoints();
+  Print(plan, 7, kCards);
+  int names = 0;
+  for (int number = 1; number <= Pages(); ++number) {
+    for (const Stroke& stroke : Drawn(number, Kind::PageText)) {
+      if (!stroke.text.starts_with("A de")) continue;
+      ++names;
+      const double from = stroke.x0 / page::kUnitsPerCm - TableSlots::kLeft;
+      const double to = from + ArialMeasure().TextWidth(stroke.text, stroke.font) / page::kUnitsPerCm;
+      EXPECT_EQ(std::floor(from / TableSlots::kCellWidth), std::floor(to / TableSlots::kCellWidth)) << stroke.text;
+      EXPECT_TRUE(stroke.text.ends_with("50") || stroke.text.ends_with("50 lost")) << stroke.text;
+    }
+  }
+  EXPECT_GT(names, 4);
 }
 
 TEST_F(TablePrint, NoCardIsMadeOfACutAtTheSurface) {
