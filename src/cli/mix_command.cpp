@@ -104,9 +104,9 @@ void PrintSentence(const std::string& sentence, const char* mark, std::ostream& 
   if (!sentence.empty()) out << "  " << mark << sentence << "\n";
 }
 
-void PrintMix(const MixOptions& options, const FillRequest& request, const TextSource& texts, std::ostream& out) {
+void PrintMix(const MixOptions& options, const FillRequest& request, const GaugeList& list, const FillWords& words,
+              const TextSource& texts, std::ostream& out) {
   const FillResult result = Recalculate(request);
-  const FillWords words(texts, {".", ""}, request.metric);
   out << options.have << " " << words.Unit() << " -> " << options.want << " " << words.Unit() << "\n\n";
   const auto orDash = [](const std::string& label) { return label.empty() ? "-" : label; };
   PrintTable(
@@ -115,7 +115,6 @@ void PrintMix(const MixOptions& options, const FillRequest& request, const TextS
         orDash(result.AirTopAir)},
        {texts.GetResString(6312) + " (" + words.Unit() + ")", result.IdealTopO2, result.IdealTopHe, result.IdealTopN2}},
       out);
-  const GaugeList list = GaugeListOf(request, GaugeMark(request.metric));
   if (list.Possible()) PrintTable(words.Rows(request, list, std::nullopt), out);
   PrintSentence(words.Hindrance(request, list), "! ", out);
   PrintSentence(words.Misses(request, list), "! ", out);
@@ -130,12 +129,15 @@ int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::os
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
     const FillRequest request = ParseRequest(options);
+    const GaugeList list = GaugeListOf(request, GaugeMark(request.metric));
+    const FillWords words(texts, {".", ""}, request.metric);
     if (options.json) {
       out << MixJson(request).dump(2) << "\n";
     } else {
-      PrintMix(options, request, texts, out);
+      PrintMix(options, request, list, words, texts, out);
     }
-    return ExitStatus::kFine;
+    if (list.Possible()) return ExitStatus::kFine;
+    err << "tavplan mix: " << words.Hindrance(request, list) << "\n";
   } catch (const OptionError& error) {
     err << "tavplan mix: " << texts.Words(error) << "\n";
   } catch (const FileError& error) {

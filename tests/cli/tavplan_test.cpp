@@ -387,8 +387,11 @@ TEST_F(Tavplan, TellsAFillInFiguresForAScript) {
         "mix", "--json", "--have", fill("current", "current_fill"), "--want", fill("desired", "desired_fill")};
     if (!known["metric"]) arguments.emplace_back("--imperial");
     SCOPED_TRACE(known.dump());
-    EXPECT_EQ(Run(arguments), ExitStatus::kFine) << Err();
+    const int status = Run(arguments);
     const json told = json::parse(Out());
+    // What the list can't fill is told apart, and has its figures all the same.
+    EXPECT_EQ(status, told["fill_to"].empty() ? ExitStatus::kUnusableInput : ExitStatus::kFine);
+    EXPECT_EQ(Err().empty(), status == ExitStatus::kFine);
     const auto expect = [&](const json& number, const char* label) {
       const std::string text = known[label];
       EXPECT_EQ(number, text.empty() ? json() : json(ParseLenient(text))) << label;
@@ -440,8 +443,13 @@ TEST_F(Tavplan, TellsAFillInWords) {
        "! Oxygen is off by +7.5 %: the gauge is too coarse for this fill. Helium is off by -4.9 %"},
       {"32/0@150", "32/0@150", "! There is nothing to add.\n"}};
   for (const auto& each : cases) {
-    EXPECT_EQ(Run({"mix", "--have", each.have, "--want", each.want}), ExitStatus::kFine);
+    const int status = Run({"mix", "--have", each.have, "--want", each.want});
     EXPECT_THAT(Out(), HasSubstr(each.words));
+    const std::string error = Err();
+    EXPECT_EQ(status, error.empty() ? ExitStatus::kFine : ExitStatus::kUnusableInput);
+    const bool possible = std::string_view(each.words).find("come out") == std::string_view::npos;
+    EXPECT_EQ(error.empty(), possible) << error;
+    EXPECT_THAT(Out(), HasSubstr(ReplaceAll(error, "tavplan mix: ", "  ! ")));
   }
 }
 
