@@ -17,6 +17,7 @@ constexpr int kPlanClosed = 7327;
 constexpr int kNoGas = 7328;
 constexpr int kBusy = 7332;
 constexpr int kOtherUnits = 7333;
+constexpr int kRounded = 7987;
 const std::string kSection = "TableExpert";
 
 }  // namespace
@@ -32,12 +33,12 @@ frmTableExpert::frmTableExpert(const DialogServices& services, PrintPreview& rep
 }
 
 std::array<frmTableExpert::Field, 6> frmTableExpert::Fields() {
-  return {{{tbSD, "StartDepthM", "StartDepthF", "9", "30"},
-           {tbED, "EndDepthM", "EndDepthF", "54", "180"},
-           {tbDI, "StepM", "StepF", "3", "10"},
-           {tbST, "TimeStart", "TimeStart", "5", "5"},
-           {tbET, "TimeEnd", "TimeEnd", "45", "45"},
-           {tbTI, "TimeInterval", "TimeInterval", "5", "5"}}};
+  return {{{Label1, tbSD, "StartDepthM", "StartDepthF", "9", "30"},
+           {Label2, tbED, "EndDepthM", "EndDepthF", "54", "180"},
+           {Label3, tbDI, "StepM", "StepF", "3", "10"},
+           {Label4, tbST, "TimeStart", "TimeStart", "5", "5"},
+           {Label5, tbET, "TimeEnd", "TimeEnd", "45", "45"},
+           {Label6, tbTI, "TimeInterval", "TimeInterval", "5", "5"}}};
 }
 
 void frmTableExpert::Form_Load() {
@@ -139,6 +140,7 @@ bool frmTableExpert::Form_QueryUnload(bool /*byUser*/) {
 
 std::optional<TableAxes> frmTableExpert::ReadAxes() {
   std::vector<Single> numbers;
+  std::string rounded;
   for (const Field& field : Fields()) {
     const auto value = NumberIn(field.box.Text);
     if (!value) {
@@ -146,12 +148,19 @@ std::optional<TableAxes> frmTableExpert::ReadAxes() {
       return std::nullopt;
     }
     numbers.emplace_back(RoundSingle(*value, 0));
+    if (numbers.back() == *value) continue;
+    const std::string_view label = field.label.Caption.Get();
+    const std::string name(TrimBlanks(label.substr(0, label.rfind(':'))));
+    rounded += texts_.Filled(kRounded, {name, field.box.Text, Plain(numbers.back())}) + "\r\n";
   }
   const TableAxes axes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
   const AxesFault fault = FindAxesFault(axes);
-  if (fault == AxesFault::None) return axes;
-  Box(T(TextOf(fault)), T(kTitle), BoxIcon::Exclamation);
-  return std::nullopt;
+  if (fault != AxesFault::None) {
+    Box(T(TextOf(fault)), T(kTitle), BoxIcon::Exclamation);
+    return std::nullopt;
+  }
+  if (!rounded.empty()) Box(rounded, T(kTitle), BoxIcon::Information);
+  return axes;
 }
 
 void frmTableExpert::GenerateTables() {

@@ -57,6 +57,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
 
  private:
   struct Field {
+    Label& label;
     TextBox& box;
     const char* metricKey;
     const char* imperialKey;
@@ -69,6 +70,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   void ShowFields();
   /// Whether tables can be made now; says why not.
   bool CanStart();
+  /// The grid, in whole numbers; says what is wrong with it, and what was rounded.
   std::optional<TableAxes> ReadAxes();
   [[nodiscard]] std::int16_t TableDocument() const { return plan_ ? plan_->Number() : DocumentStore::DefaultDocument; }
   void SetRunning(bool running);

@@ -10,6 +10,7 @@ namespace {
 constexpr int kNoLegs = 7886;
 constexpr int kTooManyCuts = 7887;
 constexpr int kTooManyRows = 7888;
+constexpr int kLongerThanPlan = 7780;
 
 }  // namespace
 
@@ -44,8 +45,10 @@ std::string BailoutCuts::SizeFault() const {
   if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
     return services_.texts.Filled(kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)});
   }
+  const std::vector<Moment> moments = Moments();
+  if (moments.empty()) return services_.texts.Filled(kLongerThanPlan, {FormatPlain(interval_)});
   std::size_t rows = 0;
-  for (const Moment& moment : Moments()) rows += static_cast<std::size_t>(moment.row);
+  for (const Moment& moment : moments) rows += static_cast<std::size_t>(moment.row);
   if (rows <= kMostRows) return {};
   return services_.texts.Filled(kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)});
 }

@@ -33,7 +33,8 @@ class BailoutCuts {
   /// `interval` is whole minutes from 0 to 99; 0 is taken as 1.
   BailoutCuts(DocumentForms& forms, std::int16_t document, Single interval);
 
-  /// Why there can be no run: no rows, a plan that could not be computed, too many cuts. Empty when there can be one.
+  /// Why there can be no run: no rows, a plan that could not be computed, too many cuts or none. Empty when there can
+  /// be one.
   [[nodiscard]] const std::string& Fault() const { return fault_; }
   [[nodiscard]] Single Interval() const { return interval_; }
   /// Scenario i is the loss of entry i; the last one has all gases.

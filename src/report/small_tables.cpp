@@ -105,6 +105,10 @@ class Builder {
     if (profiles_.bailout || dive == 0) return;
     const ClassProfile& profile = profiles_.dives[dive].profile;
     const Waypoint& bottom = profile.Row(LastUserRow(profile));
+    constexpr double kNothing = 0.01;  // minutes, more than being on the bottom at once takes
+    if (bottom.RunTime > profiles_.dives[dive].head + kNothing) {
+      table_.long_descent.push_back({dive - 1, table_.cells[0][dive + 2], "", FormatFixed(bottom.RunTime, 1)});
+    }
     if (!IsTooHigh(bottom.PPO2, profiles_.diveTemplate.MaxPPO2)) return;
     table_.high_ppo2.push_back({dive - 1, table_.cells[0][dive + 2], Whole(bottom.Depth), FormatFixed(bottom.PPO2, 2)});
   }

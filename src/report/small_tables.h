@@ -42,6 +42,8 @@ struct SmallTable {
   std::vector<StopRemark> high_ppo2;  ///< stops above `DecoPPO2`, or the bottom of a square dive above `MaxPPO2`: PPO2
   std::vector<StopRemark>
       lost_gas;  ///< stops on the gas that the table takes for lost: it was in use at the cut; its name
+  std::vector<StopRemark>
+      long_descent;  ///< square dives whose descent takes longer than their bottom time: its minutes
   std::vector<StopRemark> no_decompression;  ///< dives with a stop that never clears; its depth and gas are not told
 
   [[nodiscard]] int Dives() const { return static_cast<int>(totals.size()); }

@@ -121,7 +121,8 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
 }
 
 std::vector<std::string> TablePrintModule::Remarks(const Printed& printed, bool onPaper) const {
-  const RemarkWords words = RemarkWordsOf(writer_.Texts(), printed.info.diveTemplate.Metric);
+  const RemarkWords words =
+      RemarkWordsOf(writer_.Texts(), printed.info.diveTemplate.Metric, writer_.Services().separators);
   return TableRemarks(printed.table, words, onPaper);
 }
 

@@ -23,6 +23,10 @@ class Remarks {
       Add(dive, DepthsOf(table_.low_ppo2, dive, words_.lowPPO2));
       Add(dive, DepthsOf(table_.high_ppo2, dive, words_.highPPO2));
       Add(dive, DepthsOf(table_.lost_gas, dive, words_.lostGas));
+      for (const StopRemark& slow : table_.long_descent) {
+        if (slow.dive != dive) continue;
+        Add(dive, ReplaceAll(words_.longDescent, "%1", WriteLocaleNumber(slow.what, words_.separators)));
+      }
       for (const StopRemark& never : table_.no_decompression) {
         if (never.dive == dive) Add(dive, words_.noDecompression);
       }
@@ -33,8 +37,17 @@ class Remarks {
   }
 
  private:
-  [[nodiscard]] const std::string& Head(std::size_t dive) const {
-    return table_.cells[0][TableColumn::kFirstDive + dive];
+  /// The head of a column, and which it is of several with this head: a plan that ends between two minutes is cut at
+  /// its end, too.
+  [[nodiscard]] std::string Head(std::size_t dive) const {
+    const auto first = table_.cells[0].begin() + TableColumn::kFirstDive;
+    const auto here = first + static_cast<std::ptrdiff_t>(dive);
+    const auto count = [&](auto end) { return std::count(first, end, *here); };
+    const auto of = count(table_.cells[0].end());
+    if (of == 1) return *here;
+    return ReplaceAll(
+        ReplaceAll(ReplaceAll(words_.oneOfHead, "%2", std::to_string(count(here + 1))), "%3", std::to_string(of)), "%1",
+        *here);
   }
 
   void Add(std::size_t dive, const std::string& text) {
@@ -109,10 +122,11 @@ class Remarks {
 
 }  // namespace
 
-RemarkWords RemarkWordsOf(const TextSource& texts, bool metric) {
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators) {
   const auto t = [&](int id) { return texts.GetResString(id); };
-  return {t(7302), t(7303), t(7304), t(7305), t(7306), t(7307),
-          t(7308), t(7309), t(7331), t(7330), t(7322), t(metric ? 7425 : 7426)};
+  return {t(7302), t(7303), t(7304),   t(7305), t(7306), t(7307),
+          t(7308), t(7309), t(7331),   t(7330), t(7322), t(metric ? 7425 : 7426),
+          t(7781), t(7782), separators};
 }
 
 std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper) {

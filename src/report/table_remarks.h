@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "model/number_text.h"
 #include "platform/text_source.h"
 #include "report/small_tables.h"
 
@@ -22,10 +23,13 @@ struct RemarkWords {
   std::string lostGas = "STILL ON THE LOST GAS";
   std::string noDecompression = "DOES NOT DECOMPRESS";
   std::string unit = "m";
+  std::string longDescent = "the descent alone takes %1 min, the bottom time is as long";
+  std::string oneOfHead = "%1 (%2 of %3)";  ///< a column whose head others have, too
+  LocaleSeparators separators = {};
 };
 
 /// The words in the language of the texts, with metres or feet.
-RemarkWords RemarkWordsOf(const TextSource& texts, bool metric);
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators = {});
 
 /// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
 /// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m". On paper row 1, the bottom, has no cells, and what stands

@@ -118,6 +118,7 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
            Case{{"tables", "--gas", "Air", "--depths=9:9:1"}, "--times"},
            Case{{"tables", "--gas", "Air", "--depths=9:9:1", "--times=5:5:5", "--template", "none"}, "none"},
            Case{{"bailout", kTrimix, "--interval=100"}, "outside 0 to 99"},
+           Case{{"bailout", (kRoot / "dives/wreck.tav").string(), "--interval=99"}, "99 min is longer than the plan"},
            Case{{"bailout", kTrimix, "--interval=-1"}, "outside 0 to 99"},
            Case{{"bailout", kTrimix, "--interval=often"}, "\"often\" is not a number"},
            Case{{"bailout", kSeries, "--dive=3"}, "dives 1 to 2"},
@@ -155,6 +156,13 @@ TEST(TablesOfTavplan, SayWhatADiverMustNotBreathe) {
   };
   EXPECT_THAT(tables("45"), HasSubstr("! Column 20: PPO2 too high at 45 m"));
   EXPECT_THAT(tables("33"), Not(HasSubstr("PPO2")));  // 1.38 bar
+}
+
+TEST(TablesOfTavplan, TellABottomTimeShorterThanTheDescent) {
+  std::vector<std::string> tables{"tables", "--gas", "Air", "--depths=54:54:3", "--times=1:5:1"};
+  EXPECT_THAT(Tavplan(tables).out, testing::Not(HasSubstr("descent alone")));
+  tables.emplace_back("--descent-counts");
+  EXPECT_THAT(Tavplan(tables).out, HasSubstr("! Columns 1, 2: the descent alone takes 3.0 min"));
 }
 
 TEST(TablesOfTavplan, NameTheDiveOfASeries) {

@@ -115,15 +115,15 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
   });
 }
 
-TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99) {
+TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) {
   OpenPlan();
   struct Case {
     std::string typed;
     std::string box;
   };
   for (const Case& c : {Case{"-1", "*StringID 3000*"}, Case{"100", "*StringID 3001*"}, Case{"often", "*StringID 3000*"},
-                        Case{"", "*StringID 3000*"}, Case{"99.6", "*StringID 3001*"}, Case{"99.4", ""}, Case{"0", ""},
-                        Case{"-0.4", ""}}) {
+                        Case{"", "*StringID 3000*"}, Case{"99.6", "*StringID 3001*"}, Case{"99.4", "*StringID 7780*"},
+                        Case{"30.4", ""}, Case{"0", ""}, Case{"-0.4", ""}}) {
     dialogs.platform.boxes.clear();
     preview.shown.clear();
     With<frmBailoutStart>([&](frmBailoutStart& dialog) {
@@ -323,6 +323,16 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
     EXPECT_THAT(Boxes(), ElementsAre(c.box));
     EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 2700*");
   }
+  dialogs.platform.boxes.clear();
+  preview.shown.clear();
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    dialog.tbED.Type("9");
+    dialog.tbET.Type("5");
+    dialog.tbDI.Type("2.5");
+    dialog.cbStart.Press();
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7987*\r\n"));
+  EXPECT_FALSE(preview.shown.empty()) << "what is rounded is told, and the tables are made";
   // A gas that the plan has lost since the window opened.
   dialogs.platform.boxes.clear();
   dialogs.platform.settings.clear();

@@ -49,7 +49,6 @@ TEST_F(Bailout, CutsAtEachIntervalAndAtAnEndUnderWater) {
       {{{9, 28}, {0, 4}}, 10, {10, 20, 30}},  // ends at the surface
       {{{30, 3}}, 0, {1, 2, 3}},              // no interval is a minute
       {{{30, 30}}, 99, {30}},
-      {{{3, 1}, {0, 1}}, 99, {}},
   };
   for (const Case& c : cases) {
     frmWaypointEditor& window = plans_.New();
@@ -117,6 +116,7 @@ TEST_F(Bailout, EachScenarioLacksOneEntryAndTheLastNone) {
 
 TEST_F(Bailout, SaysWhyThereCanBeNoRun) {
   EXPECT_THAT(BailoutCuts(plans_.forms, plans_.New().Tag(), 5).Fault(), "*StringID 7886*");
+  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{3, 1}, {0, 1}}).Tag(), 99).Fault(), "*StringID 7780*");
   EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 1).Fault(), "*StringID 7887*");
   EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 2).Fault(), IsEmpty());
   frmWaypointEditor& window = Plan({{30, 10}});

@@ -129,6 +129,20 @@ TEST(SmallTables, ColumnsWithOneRemarkShareALine) {
                           "Column 35: breathe 21/0 at 9 ft; breathe 50/0 at 6 ft"));
 }
 
+TEST(SmallTables, ColumnsWithOneHeadAreToldApartAndALongDescentIsTold) {
+  const std::vector<Leg> air = Square({{9, -9, 0}, {9, 0, 0, 1}, {0, -9, 0}});
+  const std::vector<Leg> oxygen = Square({{9, -9, 2}, {9, 0, 2, 1}, {0, -9, 2}});
+  SmallTable table = Table({Dive(10, oxygen), Dive(30, oxygen), Dive(30.4, air), Dive(40, oxygen)});
+  table.other_gas = {{2, "30", "9", "21/0"}};
+  EXPECT_THAT(TableRemarks(table, {}, true), ElementsAre("Column 30 (2 of 2): breathe 21/0 at 9 m"));
+  table.other_gas.clear();
+  table.long_descent = {{0, "10", "", "11.1"}, {1, "30", "", "11.1"}};
+  RemarkWords german;
+  german.separators = {",", "."};
+  EXPECT_THAT(TableRemarks(table, german, true),
+              ElementsAre("Columns 10, 30 (1 of 2): the descent alone takes 11,1 min, the bottom time is as long"));
+}
+
 // --- Places.
 
 struct Placed {
