@@ -98,7 +98,10 @@ std::string FillWords::Hindrance(const FillRequest& request, const GaugeList& li
   if (!list.drainTo) return text + T(kNoDraining);
   const double to = *list.drainTo;
   const bool vacuum = to < (metric_ ? 1.0 : kPsiPerBar);
-  return text + T(vacuum ? kEvacuateTo : kDrainTo, {Number(to, to == std::floor(to) ? 0 : 1), Unit()});
+  text += T(vacuum ? kEvacuateTo : kDrainTo, {Number(to, to == std::floor(to) ? 0 : 1), Unit()});
+  FillRequest drained = request;
+  drained.currentFill = to;
+  return Recalculate(drained).AirImpossible ? text + " " + T(kNotForIdeal) : text;
 }
 
 std::string FillWords::Depth(Single percentO2, double ppo2) const {

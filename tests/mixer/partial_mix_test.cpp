@@ -298,6 +298,23 @@ TEST_F(Mixer, SaysInWordsWhatCannotBeReachedAndPrintsNoSheetOfIt) {
   EXPECT_THAT(f.lbMisses.Caption.Get(), AllOf(HasSubstr("Oxygen is off by -"), HasSubstr("Helium is off by -")));
 }
 
+TEST_F(Mixer, AdviceToDrainTellsThatNoSheetWillCome) {
+  frmPartialMix& f = Open(false);
+  f.Check1.Set(false);
+  f.CurFill.Type("1470");
+  f.CurO2.Type("18");
+  f.CurHe.Type("0");
+  f.DesFill.Type("3410.4");
+  f.DesO2.Type("10");
+  f.DesHe.Type("45");
+  const std::string notForIdeal = "Not possible for ideal gases; the list is by the real gas.";
+  EXPECT_THAT(f.lbHindrance.Caption.Get(),
+              AllOf(HasSubstr("Drain the cylinder to 1400 psi first"), HasSubstr(notForIdeal)));
+  f.CurFill.Type("1400");
+  EXPECT_EQ(f.lbHindrance.Caption.Get(), notForIdeal);
+  EXPECT_FALSE(f.Command1.Enabled);
+}
+
 TEST_F(Mixer, PrintsASheetWithTheListAndALineForTheAnalysis) {
   frmPartialMix& f = Open(false);
   f.DesO2.Type("32");
