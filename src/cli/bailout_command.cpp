@@ -72,12 +72,9 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
     output.End();
     if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string() + dive);
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const OptionError& error) {
-    err << "tavplan bailout: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
+    return Refused(error, "bailout", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

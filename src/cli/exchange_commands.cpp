@@ -33,12 +33,9 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const OptionError& error) {
-    err << "tavplan export: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
+    return Refused(error, "export", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, std::ostream& err) {
@@ -61,8 +58,7 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
     for (const std::string& remark : imported.remarks) err << options.file << ": " << remark << "\n";
     return ExitStatus::kFine;
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
-    return ExitStatus::kUnusableInput;
+    return Refused(error, "import", texts, err);
   }
 }
 

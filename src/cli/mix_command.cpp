@@ -138,12 +138,10 @@ int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::os
     }
     if (list.Possible()) return ExitStatus::kFine;
     err << "tavplan mix: " << words.Hindrance(request, list) << "\n";
-  } catch (const OptionError& error) {
-    err << "tavplan mix: " << texts.Words(error) << "\n";
-  } catch (const FileError& error) {
-    err << texts.Words(error) << "\n";
+    return ExitStatus::kUnusableInput;
+  } catch (const std::exception& error) {
+    return Refused(error, "mix", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

@@ -70,12 +70,9 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     if (!Gather(session, title, {number}, options, words, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
     return Print(dives, options, words, out, err);
-  } catch (const OptionError& error) {
-    err << "tavplan new: " << texts.Words(error) << "\n";
-  } catch (const FileError& error) {
-    err << texts.Words(error) << "\n";
+  } catch (const std::exception& error) {
+    return Refused(error, "new", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

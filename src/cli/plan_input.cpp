@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <optional>
+#include <ostream>
 
+#include "cli/commands.h"
 #include "model/gas_name.h"
 #include "model/number_text.h"
 #include "model/template_faults.h"
@@ -25,6 +27,12 @@ std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders
 }
 
 }  // namespace
+
+int Refused(const std::exception& error, std::string_view command, const TextSource& texts, std::ostream& err) {
+  if (dynamic_cast<const OptionError*>(&error) != nullptr) err << "tavplan " << command << ": ";
+  err << texts.Words(error) << "\n";
+  return ExitStatus::kUnusableInput;
+}
 
 Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);

@@ -1,14 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <filesystem>
+#include <iosfwd>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "app/program_folders.h"
 #include "model/dive_template.h"
 #include "persist/profile_file.h"
+#include "platform/text_source.h"
 
 namespace tav {
 
@@ -17,6 +21,9 @@ class OptionError : public MessageError {
  public:
   explicit OptionError(Message reason) : MessageError("", std::move(reason)) {}
 };
+
+/// Says in one line why a command can't do its work, with its name ahead where an option is to blame.
+int Refused(const std::exception& error, std::string_view command, const TextSource& texts, std::ostream& err);
 
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.
 Single NumberOf(const std::string& text, const std::string& option);

@@ -43,12 +43,9 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
     }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const OptionError& error) {
-    err << "tavplan report: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
+    return Refused(error, "report", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

@@ -89,12 +89,9 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     output.End();
     if (pdf) pdf->Write(texts.Filled(kHeading, {tables.gas}));
     return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const OptionError& error) {
-    err << "tavplan tables: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
+    return Refused(error, "tables", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav

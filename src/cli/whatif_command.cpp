@@ -95,12 +95,9 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
       out << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);
     }
     return columns.front().decompresses ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const OptionError& error) {
-    err << "tavplan whatif: " << texts.Words(error) << "\n";
   } catch (const std::exception& error) {
-    err << texts.Words(error) << "\n";
+    return Refused(error, "whatif", texts, err);
   }
-  return ExitStatus::kUnusableInput;
 }
 
 }  // namespace tav
