@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "model/number_text.h"
 #include "model/single.h"
+#include "persist/line_reader.h"
 #include "report/page_units.h"
 
 namespace tav {
@@ -29,23 +29,15 @@ Colour ColourIn(std::string_view text) {
 /// One pass over the lines of a page.
 class Pass {
  public:
-  Pass(std::string_view lines, DrawingSurface& target, double zoom) : rest_(lines), target_(target), zoom_(zoom) {}
+  Pass(std::string_view lines, DrawingSurface& target, double zoom) : lines_(lines), target_(target), zoom_(zoom) {}
 
   void Play() {
-    while (const auto line = Next()) Command(*line);
+    while (const auto line = lines_.Next()) Command(*line);
   }
 
  private:
-  std::optional<std::string_view> Next() {
-    if (rest_.empty()) return std::nullopt;
-    const std::size_t end = rest_.find('\n');
-    std::string_view line = rest_.substr(0, end);
-    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-  }
   /// The next argument; empty at the end of the page.
-  std::string_view Argument() { return Next().value_or(std::string_view()); }
+  std::string_view Argument() { return lines_.Next().value_or(std::string_view()); }
 
   void Command(std::string_view keyword) {
     if (keyword == "#fn") {
@@ -109,7 +101,7 @@ class Pass {
     }
   }
 
-  std::string_view rest_;
+  LineReader lines_;
   DrawingSurface& target_;
   double zoom_;
   TextFont font_;
