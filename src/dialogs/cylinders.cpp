@@ -222,12 +222,16 @@ std::string frmCylinders::ReadChoice(SupplyChoice& choice) {
   return first;
 }
 
+std::string frmCylinders::ReadAll(std::vector<Cylinder>& cylinders, SupplyChoice& choice) {
+  const std::string fault = ReadRows(cylinders);
+  const std::string choiceFault = ReadChoice(choice);  // always: it marks its fields
+  return fault.empty() ? choiceFault : fault;
+}
+
 void frmCylinders::Show() {
   std::vector<Cylinder> cylinders;
   SupplyChoice choice;
-  std::string fault = ReadRows(cylinders);
-  const std::string choiceFault = ReadChoice(choice);
-  if (fault.empty()) fault = choiceFault;
+  std::string fault = ReadAll(cylinders, choice);
   const DiveTemplate& settings = TemplateOf(document_);
   const GasSupply supply = SupplyOf(services_.forms, document_, choice, cylinders);
   const SupplyTables tables =
@@ -276,9 +280,7 @@ void frmCylinders::cbRemove_Click() {
 void frmCylinders::cbOK_Click() {
   std::vector<Cylinder> cylinders;
   SupplyChoice choice;
-  std::string fault = ReadRows(cylinders);
-  const std::string choiceFault = ReadChoice(choice);
-  if (fault.empty()) fault = choiceFault;
+  const std::string fault = ReadAll(cylinders, choice);
   if (!fault.empty()) {
     Box(fault, Caption, BoxIcon::Stop);
     return;

@@ -63,6 +63,8 @@ class frmCylinders : public DialogForm {
   /// Reads all rows, marks cells that can't be and returns the first fault; empty when there is none.
   std::string ReadRows(std::vector<Cylinder>& cylinders);
   std::string ReadChoice(SupplyChoice& choice);
+  /// Both.
+  std::string ReadAll(std::vector<Cylinder>& cylinders, SupplyChoice& choice);
   /// Brings the verdicts in line with what is typed.
   void Show();
   /// Of the gases that the plan breathes, the first without a cylinder.
