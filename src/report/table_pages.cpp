@@ -31,10 +31,9 @@ void TablePages::EndTableOutput() {
 
 TablePlace TablePages::PlaceTable(Single width, Single height, const TableInfo& info) {
   const TablePlace place = slots_.PlaceTable(width, height);
-  while (page_ < place.page) {
-    Furnish(info);  // a page that a wide table leaves free is not blank
-    NextTablePage();
-  }
+  if (!TableSlots::Holds(width)) return place;
+  if (place.page != slotPage_ && hasColumn_) NextTablePage();
+  slotPage_ = place.page;
   Furnish(info);
   return place;
 }
@@ -51,9 +50,11 @@ TablePlace TablePages::PlaceCard(const TableInfo& info) {
 }
 
 void TablePages::StartWholePage(const TableInfo& info) {
-  writer_.PrintPlainFooter("", "");
-  writer_.StartPlainPage();
-  ++page_;
+  if (hasColumn_) {
+    writer_.PrintPlainFooter("", "");
+    writer_.StartPlainPage();
+    ++page_;
+  }
   cards_ = 0;
   hasMarks_ = true;  // there is nothing to cut
   hasColumn_ = false;

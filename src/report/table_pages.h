@@ -19,7 +19,7 @@ class TablePages {
   /// Closes the last page and shows the preview.
   void EndTableOutput();
 
-  /// The place of the next table, whose page is open when this returns.
+  /// The place of the next table. Its page is open when this returns, unless the grid can't hold its width.
   TablePlace PlaceTable(Single width, Single height, const TableInfo& info);
   /// The next cell (from 0, row by row) for a card of the size of a cell; after the sixth comes the next page.
   TablePlace PlaceCard(const TableInfo& info);
@@ -37,7 +37,8 @@ class TablePages {
   PrintPreview& writer_;
   TableSlots slots_;
   int page_ = 1;
-  int cards_ = 0;           ///< cells taken by cards on the open page; 0 when the page is none of cards
+  int slotPage_ = 1;  ///< the grid's page that is open; grids that only hold what is too wide for them take no paper
+  int cards_ = 0;     ///< cells taken by cards on the open page; 0 when the page is none of cards
   bool hasMarks_ = false;   ///< the open page has its cut marks
   bool hasColumn_ = false;  ///< and its information column
 };

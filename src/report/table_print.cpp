@@ -37,7 +37,6 @@ Room RoomOf(const SmallTable& table, const TablePlace& place) {
   const double lowerRow = Slots::kTop + Slots::kCellHeight;
   const bool upper = place.y < lowerRow;
   const double bottom = upper ? lowerRow - 0.1 : lowerRow + Slots::kCellHeight + 0.4;
-  if (table.Width() > Slots::kColumns * Slots::kCellWidth) return {0.5, 28.5, bottom};
   if (table.Width() > 2 * Slots::kCellWidth) return {Slots::kLeft + 0.3, 21.6, bottom};
   // A tall table has the cell below, too.
   const bool both = upper && table.Height() + 2.0 > Slots::kCellHeight;
@@ -48,7 +47,7 @@ Room RoomOf(const SmallTable& table, const TablePlace& place) {
   return {left, width, both ? lowerRow + Slots::kCellHeight + 0.4 : bottom};
 }
 
-/// Where the name of a table stands, above it: within the grid, also for a table that reaches out of it.
+/// Where the name of a table stands, above it: within the grid.
 double NameLeft(const TablePlace& place) { return std::max<double>(place.x + 0.1, TableSlots::kLeft + 0.4); }
 
 /// Columns and rows of a table, the heads included.
@@ -100,23 +99,31 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
   printed.info = {settings, profiles.bailout, caption_};
   const int pageBefore = pages_.Page();
   printed.place = pages_.PlaceTable(printed.table.Width(), printed.table.Height(), printed.info);
-  if (pages_.Page() != pageBefore) onPage_.clear();
-  DrawTable(writer_, printed.table, printed.place, printed.title);
-  writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
-
+  if (pages_.Page() != pageBefore) {
+    onPage_.clear();
+    references_ = 0;
+  }
+  if (!TableSlots::Holds(printed.table.Width())) {
+    printed.number = ++numbers_;
+    again_.push_back(std::move(printed));
+    return;
+  }
   const TableFrame frame(printed.table, printed.place);
   printed.right = frame.Right();
   printed.bottom = frame.End();
-  // A table wider than the grid stands on the information column.
-  const bool apart = printed.right <= kSheetRight && printed.bottom <= kSheetBottom && frame.left >= TableSlots::kLeft;
-  if (!PrintRemarks(printed) || !apart) PrintAgain(printed);
-  for (Printed& other : onPage_) {
-    const bool besides = printed.place.x >= other.right || other.place.x >= printed.right ||
-                         printed.place.y >= other.bottom || other.place.y >= printed.bottom;
-    if (besides) continue;
-    PrintAgain(other);
-    PrintAgain(printed);
+  const bool free = std::none_of(onPage_.begin(), onPage_.end(), [&](const Printed& other) {
+    return printed.place.x < other.right && other.place.x < printed.right && printed.place.y < other.bottom &&
+           other.place.y < printed.bottom;
+  });
+  if (!free) {
+    // Two tables one over the other could be misread.
+    PrintReference(printed);
+    return;
   }
+  DrawTable(writer_, printed.table, printed.place, printed.title);
+  writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
+  const bool onSheet = printed.right <= kSheetRight && printed.bottom <= kSheetBottom;
+  if (!PrintRemarks(printed) || !onSheet) PrintAgain(printed);
   onPage_.push_back(std::move(printed));
 }
 
@@ -155,6 +162,25 @@ void TablePrintModule::PrintAgain(Printed& printed) {
   writer_.SetForeColor(kRed);
   writer_.PrintTextLeft(x, printed.place.y - 0.28, T(kWhole) + " " + std::to_string(printed.number), kArial,
                         kRemarkSize, 1);
+  writer_.SetForeColor(kBlack);
+  again_.push_back(printed);
+}
+
+void TablePrintModule::PrintReference(Printed& printed) {
+  constexpr double kTop = 13.0;
+  constexpr double kWidth = 4.85;
+  constexpr double kStep = 1.3;
+  constexpr int kSize = 8;
+  double y = kTop + kStep * references_++;
+  printed.number = ++numbers_;
+  writer_.PrintTextLeft(0.9, y, FittedText(printed.name, kWidth, {kArial, kSize, true}, writer_.Services().measure),
+                        kArial, kSize, 1);
+  writer_.SetForeColor(kRed);
+  const std::string where = T(kWhole) + " " + std::to_string(printed.number);
+  for (const std::string& line : WrappedText(where, kWidth, {kArial, kSize, true}, writer_.Services().measure)) {
+    y += 0.35;
+    writer_.PrintTextLeft(0.9, y, line, kArial, kSize, 1);
+  }
   writer_.SetForeColor(kBlack);
   again_.push_back(printed);
 }

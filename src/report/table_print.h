@@ -18,8 +18,9 @@ struct BailoutParts {
 
 /// Prints sets of dives as small tables on pages with cut marks, and the cuts of a plan as cards behind them.
 ///
-/// The grid of cells gives each table its place. What does not come out whole there (a table that leaves the sheet or
-/// runs into another, remarks without room below) is printed again behind the tables, each on a page of its own.
+/// The grid of cells gives each table its place. What does not come out whole there (a table that leaves the sheet,
+/// remarks without room below) is printed again behind the tables, each on a page of its own. One that would lie over
+/// another is printed only there, and the information column says so; as is one that is wider than the grid.
 /// Order of the calls: StartTableOutput, PrintTableSet for each set, EndTableOutput. Without the last one nothing is
 /// shown.
 class TablePrintModule {
@@ -49,6 +50,7 @@ class TablePrintModule {
   void PrintSmallTable(const TableDives& profiles);
   bool PrintRemarks(Printed& printed);
   void PrintAgain(Printed& printed);
+  void PrintReference(Printed& printed);
   void PrintWhole(const Printed& printed);
   [[nodiscard]] std::vector<std::string> Remarks(const Printed& printed, bool onPaper) const;
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
@@ -58,9 +60,10 @@ class TablePrintModule {
   BailoutParts parts_;
   TablePages pages_;
   std::vector<Printed> onPage_;  ///< the tables of the open page
-  std::vector<Printed> again_;   ///< those to be printed again, in order of their numbers
+  std::vector<Printed> again_;   ///< those to be printed behind the others, in order of their numbers
   std::vector<CardSet> cards_;
   int numbers_ = 0;
+  int references_ = 0;  ///< in the information column of the open page
 };
 
 }  // namespace tav

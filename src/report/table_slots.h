@@ -28,6 +28,8 @@ class TableSlots {
   /// to the next page at the place that it had on this one, and takes no cell there; so does one that is too wide for
   /// the grid, at the left edge of the page.
   TablePlace PlaceTable(Single width, Single height);
+  /// Whether the grid is wide enough for a table.
+  [[nodiscard]] static bool Holds(Single width) { return width <= kColumns * kCellWidth; }
   /// All cells of the page are free again.
   void ClearTableSlots() { taken_ = {}; }
 

@@ -220,14 +220,15 @@ TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
   }
 }
 
-TEST_F(TablePrint, ATableOnTheInformationColumnIsPrintedAgain) {
+TEST_F(TablePrint, ATableWiderThanTheGridHasPagesOfItsOwnAndLeavesNoneBlank) {
   SquareDives dives(plans.forms.Services(), 0, 0, true, {9, 9, 1, 1, 41, 1});  // 41 columns, no remarks
   TablePrintModule print(writer);
   print.StartTableOutput();
   print.PrintTableSet(*dives.Next(kGoOn));
   print.EndTableOutput();
-  EXPECT_THAT(Texts(2), Contains("Whole: 1"));
-  EXPECT_THAT(Texts(3), Contains("No. 1: 9 m"));
+  ASSERT_EQ(Pages(), 2);  // 36 columns, and 5
+  EXPECT_THAT(Texts(1), AllOf(Contains("No. 1: 9 m"), Contains("36")));
+  EXPECT_THAT(Texts(2), AllOf(Contains("No. 1: 9 m"), Contains("37"), Contains("41")));
 }
 
 TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {

@@ -1,0 +1,130 @@
+// Every page in every language: all texts lie on the paper, and none over another.
+
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "advice/plan_slate.h"
+#include "advice/supply_choice.h"
+#include "advice/supply_text.h"
+#include "platform/arial_measure.h"
+#include "platform/headless/recording_surface.h"
+#include "report/dive_report.h"
+#include "report/page_player.h"
+#include "report/page_units.h"
+#include "support/all_forms.h"
+
+namespace tav {
+namespace {
+
+struct PlacedText {
+  double left = 0;
+  double top = 0;
+  double width = 0;
+  double height = 0;
+  std::string text;
+};
+
+/// Keeps the level texts of a page with the room that they take.
+class TextsOfPage : public RecordingSurface {
+ public:
+  TextsOfPage() : RecordingSurface(page::kWidth, page::kHeight) {}
+  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour /*colour*/,
+                double angle) override {
+    if (angle == 0 && !text.empty()) texts.push_back({x, y, PageTextWidth(text, font), font.points * 20, text});
+  }
+  [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override {
+    return measure_.TextWidth(text, font);  // 1/1440 inch and 1/567 cm are one length
+  }
+  std::vector<PlacedText> texts;
+
+ private:
+  ArialMeasure measure_;
+};
+
+/// What can't be read on a page.
+std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts) {
+  constexpr double kTouch = 20;  // a third of a millimetre
+  std::vector<std::string> faults;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const PlacedText& one = texts[i];
+    if (one.left < 0 || one.left + one.width > page::kWidth || one.top < 0 || one.top + one.height > page::kHeight) {
+      faults.push_back("\"" + one.text + "\" leaves the paper");
+    }
+    for (std::size_t j = 0; j < i; ++j) {
+      const PlacedText& other = texts[j];
+      const double across = std::min(one.left + one.width, other.left + other.width) - std::max(one.left, other.left);
+      const double down = std::min(one.top + one.height, other.top + other.height) - std::max(one.top, other.top);
+      if (across > kTouch && down > 0.3 * std::min(one.height, other.height)) {
+        faults.push_back("\"" + one.text + "\" lies over \"" + other.text + "\"");
+      }
+    }
+  }
+  return faults;
+}
+
+void LookAtPages(const PrintPreview& report, const std::string& what) {
+  EXPECT_GT(report.Pages().Pages(), 0) << what;
+  const PagePlayer player(report.Pages());
+  for (int page = 1; page <= report.Pages().Pages(); ++page) {
+    TextsOfPage paper;
+    player.tempshow(page, paper, 1);
+    for (const std::string& fault : ReadingFaults(paper.texts))
+      ADD_FAILURE() << what << ", page " << page << ": " << fault;
+  }
+}
+
+void LookAtReports(const std::string& language, const std::string& dive) {
+  SCOPED_TRACE(language + ", " + dive);
+  test::Forms all(language, dive);
+  PrintPreview& report = all.reports;
+  const std::int16_t document = all.program.Active();
+  const TextSource& texts = all.program.program.Texts();
+  DocumentForms& forms = all.program.program.Forms();
+
+  // Cylinders of which one runs short, so that the supply is told with its warnings.
+  forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
+  const LocaleSeparators comma{",", "."};
+  GeneralReport general(report, ModelMarks(), [](const std::string& /*step*/) {});
+  WriteLongReport(general, forms, document, true,
+                  [&](std::int16_t n) { return SupplyTablesOf(forms, n, {}, texts, comma); });
+  LookAtPages(report, "long report");
+
+  Slate slate(report, ModelMarks());
+  WriteSlates({slate, forms, texts, comma, {}}, document, true);
+  LookAtPages(report, "slate");
+
+  auto& bailOut = all.Of<frmBailoutStart>();
+  all.Load(bailOut);
+  bailOut.tbTime.Type("3");  // tables of more columns than a page is wide
+  bailOut.Check2.Set(true);
+  bailOut.cbOK.Press();
+  LookAtPages(report, "bail-out");
+
+  auto& tables = all.Of<frmTableExpert>();
+  all.Load(tables);
+  tables.cbStart.Press();
+  LookAtPages(report, "deco tables");
+
+  auto& mixer = all.Of<frmPartialMix>();
+  all.Load(mixer);
+  mixer.DesFill.Type("200");
+  mixer.DesO2.Type("18");
+  mixer.DesHe.Type("45");
+  mixer.Command1.Press();
+  LookAtPages(report, "fill sheet");
+}
+
+TEST(EveryLanguage, HasRoomForItsTextsOnEveryPage) {
+  for (const auto& entry : std::filesystem::directory_iterator(SourceFolder() / "lang")) {
+    if (entry.path().extension() != ".dll") continue;
+    for (const char* dive : {"trimix-100.tav", "rebreather.tav", "lake-series.tav"}) {
+      LookAtReports(entry.path().filename().string(), dive);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tav
