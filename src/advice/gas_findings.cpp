@@ -78,7 +78,7 @@ void CheckDensity(const Context& context) {
          words.T(worst.openCircuit ? kDense : kDenseLoop,
                  {worst.end->GasMixName, words.Depth(peak.depth), words.Short(peak.time), words.Fixed(peak.value, 2),
                   words.Fixed(danger ? kDensityHighest : kDensityRecommended, 1),
-                  words.Depth(DepthOfDensity(worst, peak.depth, t))})});
+                  words.Depth(DepthOfDensity(worst, peak.depth, t)), words.Fixed(kDensityRecommended, 1)})});
   }
 }
 

@@ -173,7 +173,7 @@ const RuleCase kOxygen[] = {
      {{{35, 20, "EAN32"}}},
      kCaution,
      {0, 33},
-     "EAN32 at 35 m (run time 1.9 min): PPO2 1.44 bar is 0.04 above the limit of 1.40. Stay above 33 m on it",
+     "EAN32 at 35 m (run time 1.9 min): PPO2 1.44 bar is 0.04 above the limit of 1.40. Go no deeper than 33 m on it",
      {{{34.2, 20, "EAN32"}}}},
     {"HyperoxicByFar",
      Rule::Hyperoxic,
@@ -274,7 +274,7 @@ const RuleCase kGas[] = {
      {{{31, 10}}},
      kCaution,
      {0, 27},
-     "Air at 31 m (run time 1.7 min): gas density 5.30 g/l is above 5.2. More helium, or staying above 30 m,",
+     "Air at 31 m (run time 1.7 min): gas density 5.30 g/l is above 5.2. More helium, or going no deeper than 30 m,",
      {{{30, 10}}}},
     {"VeryDenseAir", Rule::Density, {{{39, 10}}}, kDanger, {0, 30}, "6.33 g/l is above 6.2", {{{30, 10}}}},
     // 98 ft: (98 / 33 + 1) atm x 1.01325 x 1.2878 = 5.18 g/l; 100 ft: 5.26 g/l.

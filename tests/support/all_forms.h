@@ -33,7 +33,9 @@ namespace tav::test {
 
 /// Every form of the program, on a plan with waypoints, or on one of the shipped dives.
 struct Forms {
-  explicit Forms(const std::string& language = "", const std::string& dive = "") {
+  explicit Forms(const std::string& language = "", const std::string& dive = "",
+                 const LocaleSeparators& separators = {})
+      : program(separators) {
     program.platform.settings[{"", "Language"}] = language;
     program.Start();
     if (dive.empty()) {

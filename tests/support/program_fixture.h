@@ -65,7 +65,8 @@ struct HeadlessMainView : MainView {
 
 /// The whole program on the headless platform, with the shipped data and a user's folder of its own.
 struct HeadlessProgram {
-  HeadlessProgram() {
+  explicit HeadlessProgram(const LocaleSeparators& separators = {})
+      : settingsFolder(folder.Path() / "config"), program(With(separators), view, Folders(), "no window system\n") {
     platform.onActivate = [this](std::int16_t) {
       if (program.HasMainForm()) program.MainForm().DocumentActivated();
     };
@@ -99,10 +100,18 @@ struct HeadlessProgram {
   };
 
   ScratchFolder folder;
-  SettingsFolder settingsFolder{folder.Path() / "config"};
+  SettingsFolder settingsFolder;
   HeadlessPlatform platform;
   HeadlessMainView view;
-  Program program{platform, view, ProgramFolders(SourceFolder(), folder.Path() / "data"), "no window system\n"};
+  Program program;
+
+ private:
+  /// The program keeps the separators that it finds at its start.
+  Platform With(const LocaleSeparators& separators) {
+    platform.separators = separators;
+    return platform;
+  }
+  [[nodiscard]] ProgramFolders Folders() const { return {SourceFolder(), folder.Path() / "data"}; }
 };
 
 inline std::string FileText(const std::filesystem::path& file) {
