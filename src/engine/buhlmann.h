@@ -128,6 +128,9 @@ class ClassBuhlmann {
   void RateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
   void CCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind);
+  /// Of a time at one depth, as the model takes it, on open circuit and on the loop.
+  [[nodiscard]] Doses OCDoses(Single depth, Single time, Single rmv, Single surfacePressure) const;
+  [[nodiscard]] Doses CCDoses(Single depth, Single time, Single setpoint) const;
   void Breathe(const Stretch& stretch);
   void LoadStretch(Loads& loads, const Stretch& stretch, Single time);
   void WriteSegmentRow(Single depth, Single rate, const Doses& doses, bool isStop, bool doShow);

@@ -2,7 +2,6 @@
 
 #include "engine/breathing_gas.h"
 #include "engine/buhlmann.h"
-#include "engine/oxygen_dose.h"
 #include "engine/vpm.h"
 #include "model/numbers.h"
 
@@ -179,32 +178,20 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
 }
 
 void ClassBuhlmann::OCDecoStop(Single depth, Single nextStop, Single surfacePressure) {
-  const bool metric = template_->Metric;
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
   Single time = Wait(depth, nextStop, {OpenCircuitInspired(ambient), 1.0, kGasKeepsCeiling});
   // The row never tells less than a minute, while only the rest of the minute was loaded.
   if (time < 1) time = 1.0;
   segmentTime_ = time;
-
-  const Single fO2 = FractionO2();
-  const Doses doses{GasUsedAtDepth(depth, time, template_->DecoRMV, surfacePressure, metric),
-                    PPO2AtDepth(depth, surfacePressure, fO2, metric),
-                    CNSAtDepth(depth, time, fO2, surfacePressure, metric),
-                    OTUAtDepth(depth, time, fO2, surfacePressure, metric),
-                    EquivalentDepthOC(metric, depth, Mix().N2, Mix().He, template_->O2Narcotic, *template_)};
-  WriteSegmentRow(depth, 0, doses, true, true);
+  WriteSegmentRow(depth, 0, OCDoses(depth, time, template_->DecoRMV, surfacePressure), true, true);
 }
 
 void ClassBuhlmann::CCDecoStop(Single depth, Single nextStop, Single surfacePressure) {
-  const bool metric = template_->Metric;
   const Single setpoint = template_->DecoSetpoint;
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
   const Single time = Wait(depth, nextStop, {RebreatherInspired(ambient, setpoint), 0.1, kLoopKeepsCeiling});
   segmentTime_ = time;
-
-  const Doses doses{0, setpoint, CNSForPPO2(setpoint, time, metric), OTUForPPO2(setpoint, time, metric),
-                    EquivalentDepthCC(metric, setpoint, depth, Mix().He, Mix().N2, template_->O2Narcotic, *template_)};
-  WriteSegmentRow(depth, 0, doses, true, true);
+  WriteSegmentRow(depth, 0, CCDoses(depth, time, setpoint), true, true);
 }
 
 }  // namespace tav

@@ -21,8 +21,21 @@ void ClassBuhlmann::RateSegment(Single from, Single to, Single rate, Single surf
   }
 }
 
-void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
+ClassBuhlmann::Doses ClassBuhlmann::OCDoses(Single depth, Single time, Single rmv, Single surfacePressure) const {
   const bool metric = template_->Metric;
+  const Single fO2 = FractionO2();
+  return {GasUsedAtDepth(depth, time, rmv, surfacePressure, metric), PPO2AtDepth(depth, surfacePressure, fO2, metric),
+          CNSAtDepth(depth, time, fO2, surfacePressure, metric), OTUAtDepth(depth, time, fO2, surfacePressure, metric),
+          EquivalentDepthOC(metric, depth, Mix().N2, Mix().He, template_->O2Narcotic, *template_)};
+}
+
+ClassBuhlmann::Doses ClassBuhlmann::CCDoses(Single depth, Single time, Single setpoint) const {
+  const bool metric = template_->Metric;
+  return {0, setpoint, CNSForPPO2(setpoint, time, metric), OTUForPPO2(setpoint, time, metric),
+          EquivalentDepthCC(metric, setpoint, depth, Mix().He, Mix().N2, template_->O2Narcotic, *template_)};
+}
+
+void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
   const Single adjusted = Dadjust(depth);
   segmentTime_ = time;
   runTime_ += time;
@@ -30,17 +43,10 @@ void ClassBuhlmann::OCConstantSegment(Single depth, Single time, Single surfaceP
   Breathe({Stretch::Kind::Level, time, OpenCircuitInspired(ambient), {}, depth, depth});
   if (tracing_) Trace(false, true, adjusted, adjusted, 0, false);
 
-  const Single fO2 = FractionO2();
-  const Doses doses{GasUsedAtDepth(adjusted, time, template_->RMV, surfacePressure, metric),
-                    PPO2AtDepth(adjusted, surfacePressure, fO2, metric),
-                    CNSAtDepth(adjusted, time, fO2, surfacePressure, metric),
-                    OTUAtDepth(adjusted, time, fO2, surfacePressure, metric),
-                    EquivalentDepthOC(metric, adjusted, Mix().N2, Mix().He, template_->O2Narcotic, *template_)};
-  WriteSegmentRow(depth, 0, doses, false, doShow);
+  WriteSegmentRow(depth, 0, OCDoses(adjusted, time, template_->RMV, surfacePressure), false, doShow);
 }
 
 void ClassBuhlmann::CCConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow) {
-  const bool metric = template_->Metric;
   const Single adjusted = Dadjust(depth);
   segmentTime_ = time;
   runTime_ += time;
@@ -48,11 +54,7 @@ void ClassBuhlmann::CCConstantSegment(Single depth, Single time, Single surfaceP
   Breathe({Stretch::Kind::Level, time, RebreatherInspired(ambient, template_->Setpoint), {}, depth, depth});
   if (tracing_) Trace(true, true, adjusted, adjusted, 0, false);
 
-  const Single setpoint = template_->Setpoint;
-  const Doses doses{
-      0, setpoint, CNSForPPO2(setpoint, time, metric), OTUForPPO2(setpoint, time, metric),
-      EquivalentDepthCC(metric, setpoint, adjusted, Mix().He, Mix().N2, template_->O2Narcotic, *template_)};
-  WriteSegmentRow(depth, 0, doses, false, doShow);
+  WriteSegmentRow(depth, 0, CCDoses(adjusted, time, template_->Setpoint), false, doShow);
 }
 
 void ClassBuhlmann::OCRateSegment(Single from, Single to, Single rate, Single surfacePressure, const RampKind& kind) {
