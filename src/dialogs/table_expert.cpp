@@ -149,9 +149,7 @@ std::optional<TableAxes> frmTableExpert::ReadAxes() {
     }
     numbers.emplace_back(RoundSingle(*value, 0));
     if (numbers.back() == *value) continue;
-    const std::string_view label = field.label.Caption.Get();
-    const std::string name(TrimBlanks(label.substr(0, label.rfind(':'))));
-    rounded += texts_.Filled(kRounded, {name, field.box.Text, Plain(numbers.back())}) + "\r\n";
+    rounded += T(kRounded, {FieldName(field.label), field.box.Text, Plain(numbers.back())}) + "\r\n";
   }
   const TableAxes axes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
   const AxesFault fault = FindAxesFault(axes);

@@ -198,11 +198,7 @@ std::string frmPartialMix::MissingField() const {
   const std::pair<const TextBox*, const Label*> fields[] = {{&CurFill, &Label1}, {&CurO2, &Label2},
                                                             {&CurHe, &Label3},   {&DesFill, &Label14},
                                                             {&DesO2, &Label13},  {&DesHe, &Label12}};
-  const auto named = [this](int id, const Label& label) {
-    std::string name = label.Caption;
-    if (name.ends_with(":")) name.pop_back();
-    return ReplaceAll(T(id), "%1", name);
-  };
+  const auto named = [this](int id, const Label& label) { return ReplaceAll(T(id), "%1", FieldName(label)); };
   for (const auto& [box, label] : fields) {
     if (TrimBlanks(box->Text.Get()).empty()) return named(kMissing, *label);
     if (!NumberIn(box->Text)) return named(kNoNumber, *label);

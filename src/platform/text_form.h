@@ -3,9 +3,11 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "model/number_text.h"
+#include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/localize_form.h"
 #include "platform/platform.h"
@@ -27,6 +29,11 @@ class TextForm : public Form {
   [[nodiscard]] std::string T(const Message& message) const { return texts_.Words(message); }
   BoxAnswer Box(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons = BoxButtons::OK) {
     return platform_.boxes.Show(text, title, icon, buttons);
+  }
+  /// The caption of a field without its colon, to name the field in a sentence.
+  [[nodiscard]] static std::string FieldName(const Label& label) {
+    const std::string_view caption = label.Caption.Get();
+    return std::string(TrimBlanks(caption.ends_with(':') ? caption.substr(0, caption.size() - 1) : caption));
   }
   /// The number in a text as the user writes numbers; nothing for a text that is none.
   [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const {
