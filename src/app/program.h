@@ -28,6 +28,8 @@ class Program {
   [[nodiscard]] frmMain& MainForm() { return *mainForm_; }
   [[nodiscard]] DocumentForms& Forms() { return forms_; }
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
+  /// The table of the language that was loaded.
+  [[nodiscard]] const std::filesystem::path& LanguageFile() const { return language_.library; }
   [[nodiscard]] const LocaleSeparators& Separators() const { return platform_.separators; }
   [[nodiscard]] const Switches& GivenSwitches() const { return switches_; }
 

@@ -5,10 +5,13 @@
 #include <QTimer>
 #include <optional>
 
+#include "app/error_report.h"
 #include "app/program.h"
 #include "desktop/desktop_look.h"
 #include "desktop/graph_view.h"
+#include "desktop/guarded_application.h"
 #include "desktop/main_window.h"
+#include "desktop/qt_language.h"
 #include "desktop/qt_printer.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
@@ -33,7 +36,7 @@ std::string WindowSystemInformation() {
 
 int main(int argc, char** argv) {
   if (tav::WantsSilentPdf(argc, argv)) return tav::SilentPdf(argc, argv);
-  QApplication application(argc, argv);
+  tav::GuardedApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("TAV"));
   QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tav"));  // by which a desktop finds the icon of a window
@@ -62,16 +65,22 @@ int main(int argc, char** argv) {
 
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
   help.SetTexts(program.Texts());
+  boxes.SetTexts(program.Texts());
   window.makeGraph = [&](std::int16_t document) { return tav::MakeGraphView(program, document); };
   std::vector<std::string> arguments;
   for (const QString& argument : QApplication::arguments().mid(1)) arguments.push_back(tav::FromQt(argument));
+
+  application.onError = [&] {
+    tav::ReportRunTimeError(tav::CurrentError("TAV", program.Texts()), boxes, program.Texts());
+  };
 
   std::optional<tav::StartCheck> check;
   if (std::erase(arguments, tav::StartCheck::kOption) > 0) check.emplace(window);
 
   // Within the event loop, so that what the start shows is handled like everything else.
   QTimer::singleShot(0, [&] {
-    if (!program.Main(arguments)) QApplication::exit(0);
+    if (!program.Main(arguments)) return QApplication::exit(0);
+    tav::SpeakLanguageOf(program.LanguageFile());
   });
   QTimer recovery;
   QObject::connect(&recovery, &QTimer::timeout, [&] {

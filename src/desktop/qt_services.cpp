@@ -98,14 +98,28 @@ BoxAnswer QtBoxes::ShowWithCheck(const std::string& text, const std::string& tit
   return Ask(text, title, icon, buttons, &check);
 }
 
+void QtBoxes::NameButtons(QMessageBox& box) const {
+  if (texts_ == nullptr) return;
+  constexpr std::pair<QMessageBox::StandardButton, int> kTexts[] = {
+      {QMessageBox::Ok, 1210}, {QMessageBox::Cancel, 1215}, {QMessageBox::Yes, 3025}, {QMessageBox::No, 3026}};
+  for (const auto& [kind, id] : kTexts) {
+    QAbstractButton* button = box.button(kind);
+    if (button == nullptr) continue;
+    const std::string text = texts_->GetResString(id);
+    if (text == texts_->TextSource::GetResString(id)) continue;  // no language is loaded yet
+    button->setText(ToQt(text.find('&') == std::string::npos ? "&" + text : text));
+  }
+}
+
 BoxAnswer QtBoxes::Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
-                       BoxCheck* check) {
+                       BoxCheck* check) const {
   const PointerBreak pointer;
   QString lines = ToQt(text);
   lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
   QMessageBox box(IconOf(icon), title.empty() ? QStringLiteral("TAV") : ToQt(title), lines, ButtonsOf(buttons),
                   QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
+  NameButtons(box);
   if (check != nullptr) box.setCheckBox(new QCheckBox(ToQt(check->caption), &box));
   const int button = box.exec();
   if (check != nullptr) check->ticked = box.checkBox()->isChecked();

@@ -8,6 +8,7 @@
 #include "platform/text_source.h"
 
 class QAction;
+class QMessageBox;
 class QPoint;
 class QWidget;
 
@@ -19,10 +20,15 @@ class QtBoxes : public MessageBoxes {
   BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
   BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
                           BoxCheck& check) override;
+  /// The texts of the buttons; until they are known, those of Qt.
+  void SetTexts(const TextSource& texts) { texts_ = &texts; }
 
  private:
-  static BoxAnswer Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
-                       BoxCheck* check);
+  BoxAnswer Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                BoxCheck* check) const;
+  void NameButtons(QMessageBox& box) const;
+
+  const TextSource* texts_ = nullptr;
 };
 
 /// The file dialogs of the desktop.

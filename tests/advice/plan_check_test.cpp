@@ -143,7 +143,7 @@ const RuleCase kOxygen[] = {
      kDanger,
      {0, 60},
      "Tx10/70 at 0 m (run time 0 min): PPO2 0.10 bar is too low to breathe, the limit is 0.18. Breathe another gas "
-     "above 8 m",
+     "shallower than 8 m",
      {{{9, 2}, {60, 20, "Tx10/70"}}}},
     {"HypoxicOnTheWayUp",
      Rule::Hypoxic,

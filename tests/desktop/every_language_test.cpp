@@ -7,6 +7,8 @@
 #include <map>
 
 #include "desktop/form_binder.h"
+#include "desktop/qt_language.h"
+#include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "desktop/text_room.h"
 #include "support/all_forms.h"
@@ -89,6 +91,24 @@ TEST(EveryLanguage, HasRoomForItsTextsInTheMainWindow) {
     // The smallest that it can be made still has its menu in one line.
     EXPECT_LE(p.window.menuBar()->sizeHint().width(), p.window.width());
   }
+}
+
+TEST(EveryLanguage, IsSpokenByMessageBoxesAndQtsOwnWindows) {
+  test::Forms all("TAV_de.dll");
+  QtBoxes boxes;
+  boxes.SetTexts(all.program.program.Texts());
+  QString buttons;
+  QTimer::singleShot(0, [&buttons] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    for (const QAbstractButton* button : box->buttons()) buttons += button->text() + QLatin1Char(' ');
+    box->reject();
+  });
+  EXPECT_EQ(boxes.Show("Ende?", "", BoxIcon::None, BoxButtons::YesNoCancel), BoxAnswer::Cancel);
+  EXPECT_EQ(FromQt(buttons), "&Abbrechen &Ja &Nein ");
+  SpeakLanguageOf(all.program.program.LanguageFile());
+  EXPECT_EQ(FromQt(QCoreApplication::translate("QFileDialog", "File &name:")), "Datei&name:");
+  for (auto* translator : qApp->findChildren<QTranslator*>()) delete translator;
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-#include <QApplication>
 #include <QFont>
 #include <gtest/gtest.h>
 
+#include "desktop/guarded_application.h"
 #include "support/source_folder.h"
 
 /// On Qt's platform without a screen, as if on the one that TAV_TEST_SCREEN names ("laptop", or "sharp" for 200 %),
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
   const QByteArray screen = qEnvironmentVariable("TAV_TEST_SCREEN", QStringLiteral("laptop")).toUtf8();
   const std::string config = tav::SourceFolder() / "tests/desktop/screens" / (screen.toStdString() + ".json");
   qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString("offscreen:configfile=" + config));
-  QApplication application(argc, argv);
+  const tav::GuardedApplication application(argc, argv);
   if (const int points = qEnvironmentVariableIntValue("TAV_TEST_POINTS"); points > 0) {
     QFont font = QApplication::font();
     font.setPointSize(points);

@@ -4,11 +4,16 @@
 #include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTimer>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
+#include "app/error_report.h"
 #include "desktop/graph_view.h"
+#include "desktop/guarded_application.h"
 #include "desktop/qt_text.h"
 #include "persist/text_file.h"
+#include "support/english.h"
 #include "support/source_folder.h"
 #include "support/windowed_program.h"
 
@@ -95,6 +100,18 @@ TEST(MainWindow, ComesBackInTheSizeThatItHad) {
   }
   p.window.Place({0, 0, 100, 100});
   EXPECT_GE(p.window.width(), 480) << "what nobody could use";
+}
+
+TEST(Application, TellsAnErrorThatACommandLetThroughAndGoesOn) {
+  auto& application = dynamic_cast<GuardedApplication&>(*QCoreApplication::instance());
+  std::string told;
+  application.onError = [&told] { told = CurrentError("TAV", test::English()).description; };
+  QAction command;
+  QObject::connect(&command, &QAction::triggered, [] { throw std::runtime_error("no room"); });
+  QTimer::singleShot(0, &command, &QAction::trigger);
+  QCoreApplication::processEvents();
+  application.onError = nullptr;
+  EXPECT_EQ(told, "no room");
 }
 
 }  // namespace
