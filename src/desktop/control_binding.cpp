@@ -151,6 +151,14 @@ void Bind(ComboBox& box, QComboBox& combo) {
     combo.setCurrentIndex(box.ListIndex);
   });
   QObject::connect(&combo, &QComboBox::activated, [&box](int index) { box.Select(index); });
+  if (!box.KeyReturn) return;
+  new EventHook(combo, [&box](QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    box.PressReturn();
+    return true;
+  });
 }
 
 void Bind(ListView& view, QListWidget& list) {

@@ -15,6 +15,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   contents_ = new QTreeWidget;
   contents_->setHeaderHidden(true);
   contents_->setObjectName(QStringLiteral("helpContents"));
+  contents_->setAccessibleName(T(7009));
   tabs_->addTab(contents_, T(7009));
   auto* searchPage = new QWidget;
   auto* searchLayout = new QVBoxLayout(searchPage);
@@ -25,11 +26,14 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   found_ = new QListWidget;
   found_->setObjectName(QStringLiteral("helpFound"));
   found_->setWordWrap(true);
+  words_->setAccessibleName(T(7010));
+  found_->setAccessibleName(T(7010));
   searchLayout->addWidget(words_);
   searchLayout->addWidget(found_);
   tabs_->addTab(searchPage, T(7010));
   page_ = new QTextBrowser;
   page_->setObjectName(QStringLiteral("helpPage"));
+  page_->setAccessibleName(T(7015));
   page_->document()->setDocumentMargin(16);
   page_->setSearchPaths({ToQt(file.parent_path().string())});  // of the pictures
   page_->setHtml(html);

@@ -37,7 +37,7 @@ void MainWindow::Attach(frmMain& form) {
   form.CloseWanted = [] { QApplication::quit(); };
   BuildMenu();
   BuildToolBar();
-  docks_ = new PaneDocks(*this, form);
+  docks_ = new PaneDocks(*this, form, [this] { FocusPlan(); });
   auto* status = new QLabel;
   statusBar()->addWidget(status, 1);
   form.sbStatusBar.Changed = [this, status] { status->setText(ToQt(form_->sbStatusBar.Caption)); };
@@ -325,10 +325,14 @@ void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
   if (Child* child = Find(document)) child->graph->ShowNotice(ToQt(text));
 }
 
+void MainWindow::FocusPlan() {
+  Child* front = active_ ? Find(*active_) : nullptr;
+  if (front != nullptr) front->graph->setFocus();
+}
+
 void MainWindow::ShowPane(PaneForm& pane, bool shown) {
   // The keyboard goes back to the plan in front. Left to itself it may go to another plan, and bring that to the front.
-  Child* front = active_ ? Find(*active_) : nullptr;
-  if (!shown && front != nullptr) front->graph->setFocus();
+  if (!shown) FocusPlan();
   docks_->Show(pane, shown);
 }
 

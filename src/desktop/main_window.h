@@ -76,6 +76,8 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   Child* Find(std::int16_t document);
   /// The name of the program, and that of the plan in front with its unsaved mark.
   void ShowTitle();
+  /// Gives the keyboard to the graph of the plan in front.
+  void FocusPlan();
   void SubWindowActivated(QMdiSubWindow* window);
 
   QMdiArea* area_;

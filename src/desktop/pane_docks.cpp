@@ -14,11 +14,13 @@ constexpr int kStateVersion = 1;
 
 }  // namespace
 
-PaneDocks::PaneDocks(QMainWindow& window, frmMain& form) : QObject(&window), window_(window) {
+PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave)
+    : QObject(&window), window_(window), leave_(std::move(leave)) {
   for (const frmMain::Pane& pane : form.Panes()) {
     auto* dock = new QDockWidget(&window);
     dock->setObjectName(ToQt(pane.form.Name()));
     dock->hide();
+    dock->installEventFilter(this);
     window.addDockWidget(Qt::RightDockWidgetArea, dock);
     docks_[&pane.form] = dock;
     // Also told while the window itself comes and goes, which is no choice of the user's.
@@ -33,6 +35,11 @@ PaneDocks::~PaneDocks() {
     dock->toggleViewAction()->disconnect(this);
     delete dock;
   }
+}
+
+bool PaneDocks::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close) leave_();
+  return QObject::eventFilter(watched, event);
 }
 
 void PaneDocks::Show(PaneForm& pane, bool shown) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,7 +19,8 @@ class PaneForm;
 /// the user likes. The content of a dock is made when it is first shown.
 class PaneDocks : public QObject {
  public:
-  PaneDocks(QMainWindow& window, frmMain& form);
+  /// `leave` takes the keyboard out of a pane that the user closes.
+  PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave);
   PaneDocks(const PaneDocks&) = delete;
   PaneDocks& operator=(const PaneDocks&) = delete;
   ~PaneDocks() override;
@@ -28,10 +30,14 @@ class PaneDocks : public QObject {
   [[nodiscard]] std::string State() const;
   std::optional<std::vector<PaneForm*>> Restore(const std::string& state);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   [[nodiscard]] QDockWidget& DockOf(PaneForm& pane) const { return *docks_.at(&pane); }
 
   QMainWindow& window_;
+  std::function<void()> leave_;
   std::map<PaneForm*, QDockWidget*> docks_;
 };
 

@@ -36,7 +36,7 @@ frmPlanPane::frmPlanPane(PlanPaneServices services)
 }
 
 void frmPlanPane::Wire() {
-  cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = [this] { Quick(); };
+  cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = cbQuickGas.KeyReturn = [this] { Quick(); };
   fgSchedule.Click = [this] {
     const auto at = static_cast<std::size_t>(fgSchedule.SelectedRow);
     if (at > 0 && at <= scheduleRows_.size()) pane_.markRow(scheduleRows_[at - 1]);

@@ -36,6 +36,10 @@ void frmPlanPane::WireLegs() {
   fgLegs.Restored = [this] { RestoreCell(); };
   fgLegs.Stepped = [this](const std::string& text, int by) { return Stepped(text, by); };
   fgLegs.Click = [this] {
+    // Typing goes on in the row of the next leg with its depth.
+    if (fgLegs.SelectedRow == table_.EndOfLegs() + 1 && fgLegs.SelectedColumn != kDepthColumn) {
+      return fgLegs.SelectCell(fgLegs.SelectedRow, kDepthColumn);
+    }
     const auto row = LegRow(fgLegs.SelectedRow);
     if (row && isInForce_ && *row + 1 < static_cast<int>(Editor().ActionResults().size())) {
       pane_.markRow(Editor().LastRowOf(static_cast<std::int16_t>(*row + 1)));

@@ -152,7 +152,11 @@ class ComboBox : public Control {
   using Control::Control;
   Property<std::vector<std::string>> Items{Changed};
   Property<int> ListIndex{Changed, -1};
-  Event Click;  ///< the user has chosen an entry
+  Event Click;      ///< the user has chosen an entry
+  Event KeyReturn;  ///< Return was pressed; a list that has this event keeps Return from the default button
+  void PressReturn() const {
+    if (CanAct()) Fire(KeyReturn);
+  }
   void Select(int index) {
     if (!CanAct() || index < 0 || index >= static_cast<int>(Items.Get().size())) return;
     ListIndex = index;

@@ -1,8 +1,12 @@
 #include <QApplication>
+#include <QComboBox>
 #include <QDockWidget>
+#include <QLineEdit>
+#include <QTableWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include "dialogs/plan_pane.h"
 #include "support/windowed_program.h"
 
 namespace tav {
@@ -51,6 +55,41 @@ TEST(PaneDocks, GoWithTheWindowWhichIsNoChoiceOfTheUser) {
   EXPECT_TRUE(p.program.MainForm().mnuPlanPane.Checked);
   p.window.show();
   EXPECT_TRUE(PlanDock(p)->isVisible());
+}
+
+TEST(PlanPane, TakesALineAndALegByKeysAlone) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  QDockWidget* dock = PlanDock(p);
+  ASSERT_NE(dock, nullptr);
+  p.window.activateWindow();
+  const auto type = [&](const char* field, const char* text) {
+    auto* edit = dock->findChild<QLineEdit*>(QLatin1String(field));
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, QLatin1String(text));
+  };
+  type("tbQuickDepth", "30");
+  type("tbQuickTime", "20");
+  auto* gas = dock->findChild<QComboBox*>(QStringLiteral("cbQuickGas"));
+  gas->setFocus();
+  QTest::keyClick(gas, Qt::Key_Return);
+  frmWaypointEditor& plan = p.program.Forms()(1);
+  ASSERT_EQ(plan.UserActions.GetLength(), 2) << "the leg and the ascent";
+
+  // Return in the time of the last leg leads to the depth of the next one.
+  auto* legs = dock->findChild<QTableWidget*>(QStringLiteral("fgLegs"));
+  legs->setFocus();
+  legs->setCurrentCell(0, frmPlanPane::kTimeColumn);
+  QTest::keyClicks(legs->viewport(), QStringLiteral("2"));
+  auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  ASSERT_NE(editor, nullptr);
+  QTest::keyClicks(editor, QStringLiteral("5"));
+  QTest::keyClick(editor, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(plan.UserActions.gettime(1), 25);
+  EXPECT_EQ(legs->currentRow(), 1);
+  EXPECT_EQ(legs->currentColumn(), frmPlanPane::kDepthColumn);
 }
 
 }  // namespace
