@@ -35,14 +35,17 @@ Lines SplitLines(const std::string& text) {
   return lines;
 }
 
-/// What the command line prints, run in the folder of the sources.
-std::string Printed(Lines arguments) {
+/// What the command line prints in a language, run in the folder of the sources.
+std::string Printed(Lines arguments, const std::string& language = "C") {
+  ::setenv("LC_ALL", language.c_str(), 1);                            // NOLINT(concurrency-mt-unsafe)
+  ::setenv("XDG_CONFIG_HOME", (kRoot / "build/no-user").c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
   for (std::string& each : arguments) {
     if (each.starts_with("dives/")) each = (kRoot / each).string();
   }
   std::ostringstream out;
   std::ostringstream err;
   EXPECT_EQ(RunTavplan(arguments, {kRoot, kRoot / "build/no-user"}, out, err), ExitStatus::kFine) << err.str();
+  ::setenv("LC_ALL", "C", 1);  // NOLINT(concurrency-mt-unsafe)
   return ReplaceAll(out.str(), kRoot.string() + "/", "");
 }
 
@@ -205,15 +208,19 @@ const Table& Figures(const std::string& name) {
 struct Document {
   std::string file;
   bool html;
-  bool comma;  ///< decimal sign of its tables
+  bool comma;            ///< decimal sign of its tables
+  std::string language;  ///< of what tavplan prints
 };
 
 /// The guides of all languages, and the page of the validation.
 std::vector<Document> Documents() {
-  std::vector<Document> documents = {{"docs/validation.md", false, false}};
+  std::vector<Document> documents = {{"docs/validation.md", false, false, "C"}};
   for (const auto& entry : fs::directory_iterator(kRoot / "lang")) {
     const fs::path name = entry.path().filename();
-    if (name.extension() == ".hlp") documents.push_back({"lang" / name, true, name != "TAV_uk.hlp"});
+    if (name.extension() == ".hlp") {
+      const std::string language = name == "TAV_uk.hlp" ? "C" : name.string().substr(4, 2);
+      documents.push_back({"lang" / name, true, language != "C", language});
+    }
   }
   return documents;
 }
@@ -236,7 +243,7 @@ Lines Block(const std::string& marker, const Document& document) {
   Lines arguments;
   std::istringstream words(marker.substr(8, comma == std::string::npos ? comma : comma - 8));
   for (std::string word; words >> word;) arguments.push_back(word);
-  block = SplitLines(Printed(arguments));
+  block = SplitLines(Printed(arguments, document.language));
   if (comma != std::string::npos) {
     const std::string range = marker.substr(comma + 8);
     const auto from = std::stoul(range);
