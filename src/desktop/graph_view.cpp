@@ -7,6 +7,7 @@
 #include "app/program.h"
 #include "desktop/qt_text.h"
 #include "desktop/surface_widget.h"
+#include "desktop/text_colour.h"
 #include "graph/graph_colours.h"
 
 namespace tav {
@@ -189,6 +190,10 @@ void GraphView::ShowCeiling(const std::string& text, Colour colour) {
   ceilingNumber_->setText(ToQt(text));
   QPalette palette = ceilingNumber_->palette();
   palette.setColor(QPalette::WindowText, ColourOf(colour));
+  // Yellow can't be read on the grey around the plot.
+  const bool faint = Contrast(ColourOf(colour), ColourOf(graph::kBackground)) < kReadable;
+  palette.setColor(QPalette::Window, ColourOf(faint ? kBlack : graph::kBackground));
+  ceilingNumber_->setAutoFillBackground(faint);
   ceilingNumber_->setPalette(palette);
   ceilingNumber_->adjustSize();
 }

@@ -119,7 +119,7 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   const bool interval = showInterval && services_.forms(dive).PrevProfile != -1;
   Label16.Visible = Label17.Visible = interval;
   Label16.Caption = T(3016);
-  Label17.Caption = interval ? FormatMinutes(document.SurfaceInterval) : "";
+  Label17.Caption = interval ? T(FormatMinutes(document.SurfaceInterval)) : "";
   lbNotice.Visible = !document.Decompresses;
   lbNotice.ForeColor = kRed;
   lbNotice.Bold = true;

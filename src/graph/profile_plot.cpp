@@ -91,11 +91,33 @@ void ProfilePlot::Yaxis() {
   }
 }
 
+/// The kinds of marks differ in shape, too: a triangle points the way of a move, a diamond ends it.
+void ProfilePlot::DrawShape(std::int16_t status, ScreenPoint at) {
+  constexpr double kReach = 1.9 * kRadius;
+  const double side = 0.87 * kReach;  // of an equilateral triangle, half
+  std::vector<SurfacePoint> corners;
+  switch (status) {
+    case RowStatus::kDescentBand:
+      corners = {{at.x, at.y + kReach}, {at.x - side, at.y - kReach / 2}, {at.x + side, at.y - kReach / 2}};
+      break;
+    case RowStatus::kAscentBand:
+      corners = {{at.x, at.y - kReach}, {at.x - side, at.y + kReach / 2}, {at.x + side, at.y + kReach / 2}};
+      break;
+    case RowStatus::kAscentEnd:
+      corners = {{at.x, at.y - kReach}, {at.x + kReach, at.y}, {at.x, at.y + kReach}, {at.x - kReach, at.y}};
+      break;
+    default:
+      return;
+  }
+  grid_.FilledPolygon(corners, graph::OfStatus(status));
+}
+
 void ProfilePlot::PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast) {
   const Waypoint& point = profile.Row(row);
   const Single y = -point.Depth;
   const ScreenPoint at = scale_.WorldToScreen(point.RunTime, y);
   if (point.DoShow) {
+    DrawShape(point.Status, at);
     grid_.FilledCircle(at.x, at.y, kRadius, graph::OfStatus(point.Status));
     // Dark blue can't be seen on black.
     if (point.Status == RowStatus::kStop) grid_.Circle(at.x, at.y, kRadius, graph::kStopOutline);

@@ -72,6 +72,7 @@ class ProfilePlot {
   void Xaxis(double timeZoom);
   void Yaxis();
   void PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast);
+  void DrawShape(std::int16_t status, ScreenPoint at);
   void PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at);
   enum class LabelPlace { UpLeft, DownRight };
   void PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlace place, std::int16_t changeRow);

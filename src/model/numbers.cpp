@@ -22,10 +22,11 @@ std::optional<std::int16_t> RoundToInt16(double value) {
   return static_cast<std::int16_t>(rounded);
 }
 
-std::string FormatMinutes(Single minutes) {
+Message FormatMinutes(Single minutes) {
+  constexpr int kHoursAndMinutes = 7166;
   const double hours = std::floor(minutes / 60);
   const double rest = std::nearbyint(minutes - hours * 60);
-  return FormatFixed(hours, 0) + " hrs :" + FormatFixed(rest, 0) + " min";
+  return {kHoursAndMinutes, {FormatFixed(hours, 0), FormatFixed(rest, 0)}};
 }
 
 }  // namespace tav

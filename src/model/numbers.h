@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "model/message.h"
 #include "model/single.h"
 
 /// Rounding in the program's own senses. Each is used where it is named, because minutes of a schedule depend on it.
@@ -25,6 +26,6 @@ Single RoundMinutes(Single minutes);
 std::optional<std::int16_t> RoundToInt16(double value);
 
 /// Minutes as "2 hrs :5 min".
-std::string FormatMinutes(Single minutes);
+Message FormatMinutes(Single minutes);
 
 }  // namespace tav

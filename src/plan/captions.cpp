@@ -27,7 +27,7 @@ std::string DocumentCaption(const TextSource& texts, const DocumentState& docume
 std::string RepetitiveCaption(const TextSource& texts, const DocumentState& document, std::int16_t diveNumber) {
   return document.ProfileName + texts.GetResString(kDive) + ":" + std::to_string(diveNumber) +
          TemplatePart(texts, document) + texts.GetResString(kSurfaceInterval) + " " +
-         FormatMinutes(document.SurfaceInterval);
+         texts.Words(FormatMinutes(document.SurfaceInterval));
 }
 
 }  // namespace tav

@@ -46,7 +46,7 @@ void GeneralReport::SeriesBand() {
   Left(kSettingsCols[0], y + 1.0, T(6021), 10, true);
   InWhite([&] { Left(kSettingsCols[0], y + 1.5, std::to_string(dive_->diveNumber)); });
   Left(kSettingsCols[4], y + 1.0, T(6022), 10, true);
-  Left(kSettingsCols[4], y + 1.5, FormatMinutes(dive_->surfaceInterval));
+  Left(kSettingsCols[4], y + 1.5, out_.Texts().Words(FormatMinutes(dive_->surfaceInterval)));
   Outline(y, y + kHeight);
   SectionY_ += 3.0;
 }

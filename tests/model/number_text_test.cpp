@@ -190,10 +190,10 @@ TEST(Numbers, RoundInTheSenseOfTheirUse) {
   EXPECT_EQ(RoundToInt16(32767.5), std::nullopt);
   EXPECT_EQ(RoundToInt16(-32769), std::nullopt);
   EXPECT_EQ(RoundToInt16(std::nan("")), std::nullopt);
-  EXPECT_EQ(FormatMinutes(0), "0 hrs :0 min");
-  EXPECT_EQ(FormatMinutes(125.4), "2 hrs :5 min");
-  EXPECT_EQ(FormatMinutes(62.5), "1 hrs :2 min");
-  EXPECT_EQ(FormatMinutes(1499), "24 hrs :59 min");
+  EXPECT_EQ(FormatMinutes(0).Raw(), "7166 (0, 0)");
+  EXPECT_EQ(FormatMinutes(125.4).Raw(), "7166 (2, 5)");
+  EXPECT_EQ(FormatMinutes(62.5).Raw(), "7166 (1, 2)");
+  EXPECT_EQ(FormatMinutes(1499).Raw(), "7166 (24, 59)");
 }
 
 }  // namespace

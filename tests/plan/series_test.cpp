@@ -69,7 +69,7 @@ TEST_F(Series, CarriesOxygenDosesOverTheInterval) {
   EXPECT_EQ(third_.DiveNumber, 3);
   EXPECT_THAT(plans_.display.told,
               Contains("caption 2: *StringID 1060*1*StringID 3013*:2*StringID 6163*Default.tpl]*StringID 3016* "
-                       "1 hrs :30 min"));
+                       "*StringID 7166*"));
 }
 
 TEST_F(Series, IsTheSameAfterOpeningItsFile) {
