@@ -37,5 +37,7 @@ constexpr int kNoWaypoint = 7845;
 constexpr int kNoSeparator = 7846;
 constexpr int kTooManyDives = 7847;
 constexpr int kTooManyGases = 7848;
+constexpr int kOxygenUntold = 7783;
+constexpr int kNoOxygen = 7784;
 
 }  // namespace tav::exchange_text

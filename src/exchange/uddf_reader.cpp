@@ -56,6 +56,14 @@ class Reader {
     mixFault_ = text;
   }
 
+  /// By its name, else by its "id".
+  [[nodiscard]] static std::string NameOf(xml_node mix) {
+    std::string name = TextOf(Child(mix, "name"));
+    if (name.empty()) name = mix.attribute("id").value();
+    constexpr std::size_t kMostShown = 40;
+    return name.substr(0, kMostShown);
+  }
+
   void ReadMixes() {
     for (const xml_node node : Child(document_.Root(), "gasdefinitions").children()) {
       if (!IsElement(node, "mix")) continue;
@@ -63,11 +71,17 @@ class Reader {
       LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
       if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
       const double nitrogen = Share(node, "n2");
-      if (!Child(node, "o2")) mix.o2 = 100 - nitrogen - mix.he;
+      if (!Child(node, "o2")) {
+        // What is left is oxygen where both other gases are told; a mix that tells less could be anything.
+        if (!Child(node, "n2") || !Child(node, "he")) Blame(node, exchange_text::kOxygenUntold);
+        mix.o2 = 100 - nitrogen - mix.he;
+      }
       constexpr double kRounding = 0.5;  // per cent
-      if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < 0) {
+      if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < -kRounding) {
         Blame(node, exchange_text::kSharesBeyondWhole);
       }
+      constexpr double kNone = 0.05;  // per cent
+      if (mix.o2 < kNone) Blame(node, exchange_text::kNoOxygen);
       mix.o2 = std::clamp(mix.o2, 0.0, 100.0);
       mix.he = std::min(mix.he, 100 - mix.o2);
       mixOfId_.emplace(node.attribute("id").value(), log_.mixes.size());
@@ -89,7 +103,7 @@ class Reader {
     }
     // The plan says all; what stands beside it was made from it.
     if (!dive.plan.empty()) return;
-    if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_);
+    if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_, {NameOf(faultyMix_)});
     ReadBefore(Child(node, "informationbeforedive"), dive);
     lastMinute_ = 0;
     for (const xml_node sample : Child(node, "samples").children()) {
