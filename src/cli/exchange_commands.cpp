@@ -1,4 +1,5 @@
 #include <chrono>
+#include <filesystem>
 #include <ostream>
 
 #include "app/start_up.h"
@@ -13,6 +14,14 @@ namespace tav {
 namespace {
 
 constexpr int kBuiltIn = 7954;
+constexpr int kWithoutLoads = 7785;
+constexpr int kOwnInput = 7786;
+
+/// What is read stays: it is of another kind than what is written. Links are followed.
+void RefuseOwnInput(const std::string& input, const std::string& output) {
+  std::error_code error;
+  if (std::filesystem::equivalent(input, output, error)) throw FileError(output, 0, Message(kOwnInput));
+}
 
 }  // namespace
 
@@ -20,6 +29,7 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
                   std::ostream& err) {
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
+    RefuseOwnInput(options.file, options.uddf);
     PlanSession session(texts);
     session.Model() = {model.vpm, model.hybrid};
     const auto documents =
@@ -32,6 +42,10 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     }
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
+    const frmWaypointEditor& first = session.Forms()(documents.front());
+    if (first.PrevProfile != -1) {
+      err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber + 1)}) << "\n";
+    }
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
     return Refused(error, "export", texts, err);
@@ -41,6 +55,7 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
 int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, std::ostream& err) {
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
+    RefuseOwnInput(options.file, options.output);
     DocumentStore documents;
     const auto fault = InitDocuments(documents, folders);
     DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;

@@ -119,6 +119,7 @@ constexpr const char* kExportExamples = R"(
 Examples:
   tavplan export dives/lake-series.tav --uddf series.uddf
   tavplan export dives/lake-series.tav --uddf second.uddf --dive 2
+    the second dive alone: the plan that comes back begins without the loads of the first
 )";
 
 constexpr const char* kImportExamples = R"(

@@ -541,8 +541,30 @@ TEST_F(Tavplan, APlanGoesOutAsUddfAndComesBack) {
     EXPECT_EQ(ReadTextFile(back), ReadTextFile(Dive(dive)));
   }
   EXPECT_EQ(Run({"export", Dive("lake-series.tav"), "--uddf", uddf, "--dive", "2"}), ExitStatus::kFine);
+  EXPECT_EQ(Err(), Dive("lake-series.tav") +
+                       ": Dive 2 alone: the dives before it are left out, so the plan that comes back begins without "
+                       "their loads.\n");
   EXPECT_EQ(Run({"import", uddf, "-o", back}), ExitStatus::kFine);
+  EXPECT_EQ(Err(), "");
   EXPECT_EQ(ReadProfileFile(back).dives.size(), 1U);
+}
+
+TEST_F(Tavplan, AFileIsNotWrittenOverItself) {
+  const std::string plan = Changed("wreck.tav", "Metric=1", "Metric=1");
+  const std::string uddf = (scratch_.Path() / "log.uddf").string();
+  EXPECT_EQ(Run({"export", plan, "--uddf", uddf}), ExitStatus::kFine);
+  const std::string other = (scratch_.Path() / "sub" / ".." / "log.uddf").string();
+  std::filesystem::create_directory(scratch_.Path() / "sub");
+  const std::string planText = ReadTextFile(plan);
+  const std::string uddfText = ReadTextFile(uddf);
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"export", plan, "--uddf", plan},
+                                                    {"import", uddf, "-o", uddf},
+                                                    {"import", uddf, "-o", other}}) {
+    EXPECT_EQ(Run(arguments), ExitStatus::kUnusableInput);
+    EXPECT_EQ(Err(), arguments.back() + ": this is the file that is read; give another one to write\n");
+  }
+  EXPECT_EQ(ReadTextFile(plan), planText);
+  EXPECT_EQ(ReadTextFile(uddf), uddfText);
 }
 
 TEST_F(Tavplan, AnImportTellsWhatItSimplifiedAndWritesNothingOfABrokenFile) {
