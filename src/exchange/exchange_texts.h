@@ -16,6 +16,7 @@ constexpr int kSurfacePressure = 7818;
 constexpr int kCylinderLeftOut = 7819;
 constexpr int kLeavesLoop = 7820;
 constexpr int kChangesLeftOut = 7821;
+constexpr int kPlanContradicted = 7787;
 
 // Why a file can't be imported.
 constexpr int kTooLarge = 7830;

@@ -1,10 +1,13 @@
 #include "exchange/import.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "exchange/exchange_texts.h"
 #include "exchange/log_plan.h"
+#include "exchange/plan_samples.h"
 #include "exchange/uddf_reader.h"
 #include "model/number_text.h"
 #include "model/template_faults.h"
@@ -23,6 +26,7 @@ class UddfImport {
     if (dive < 0 || dive > dives) {
       document_.Fail(0, exchange_text::kNoSuchDive, {std::to_string(dive), std::to_string(dives)});
     }
+    ReadPlans(dive == 0 ? dives : dive);
     for (const LoggedDive& logged : log_.dives) {
       if (dive == 0 || logged.number == dive) Add(logged);
     }
@@ -33,10 +37,22 @@ class UddfImport {
   }
 
  private:
+  /// The plans of the dives up to one. A log book may have kept a plan beside other depths: then the dive is logged.
+  void ReadPlans(int last) {
+    for (const LoggedDive& logged : log_.dives) {
+      if (!logged.plan.empty() && logged.number <= last) plans_.emplace(logged.number, Plan(logged));
+    }
+    contradicted_ = ContradictedPlans(log_, plans_);
+    if (!contradicted_.empty()) log_ = ReadDiveLog(document_, contradicted_);
+  }
+
   void Add(const LoggedDive& logged) {
+    if (contradicted_.contains(logged.number)) {
+      imported_.remarks.push_back(texts_.Filled(exchange_text::kPlanContradicted, {std::to_string(logged.number)}));
+    }
     DiveRecord record;
     if (!logged.plan.empty()) {
-      record = Plan(logged);
+      record = std::move(plans_.at(logged.number));
     } else if (!PlanOfLog(logged, record)) {
       return;
     }
@@ -99,6 +115,8 @@ class UddfImport {
   const TextSource& texts_;
   DiveLog log_;
   const DiveTemplate& settings_;
+  std::map<int, DiveRecord> plans_;  // by the number of the dive
+  std::set<int> contradicted_;       // the numbers of dives whose plans are left out
   const LoggedDive* before_ = nullptr;
   ImportedDives imported_;
 };

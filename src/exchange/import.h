@@ -22,8 +22,9 @@ struct ImportedDives {
 };
 
 /// Reads a dive log in UDDF, or waypoints where the extension is ".csv", as plans on the settings of a template, each
-/// ending with its ascent. A plan that WriteUddf wrote comes back as it was, with its own settings. Several dives
-/// become a series. `dive` counts from 1 and takes one dive alone; 0 takes all.
+/// ending with its ascent. A plan that WriteUddf wrote comes back as it was, with its own settings, unless the
+/// samples beside it are others by now (ContradictedPlans). Several dives become a series. `dive` counts from 1 and
+/// takes one dive alone; 0 takes all.
 ///
 /// Throws FileError, with line and reason in the words of `texts`, for a file that can't be read, is of another form
 /// or holds what can't be planned.

@@ -37,7 +37,7 @@ struct LoggedDive {
   int line = 0;                     ///< of the file
   std::string plan;                 ///< the record of a plan; empty for a dive of other programs
   int planLine = 0;                 ///< of the first line of the record
-  std::vector<Sample> samples;      ///< in order of time, from the surface on
+  std::vector<Sample> samples;      ///< in order of time, from the surface on; beside a plan as they stand in the file
   std::vector<Switch> switches;     ///< in order of time
   std::vector<Tank> tanks;          ///< of the dive
   std::vector<Setpoint> setpoints;  ///< in order of time

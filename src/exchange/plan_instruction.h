@@ -7,8 +7,8 @@ namespace tav {
 
 /// A UDDF dive has no place for the settings and the actions of a plan, and its schema lets foreign data in only under
 /// the names of certain programs. A processing instruction, XML's own means to tell one application something, may
-/// stand anywhere in a valid file, others pass over it, and a log book that rewrites the dive drops it, so that it
-/// never contradicts what that log book holds. Ours is the first child of a dive,
+/// stand anywhere in a valid file, others pass over it, and a log book that rewrites the dive mostly drops it; where
+/// one keeps it beside other depths, ContradictedPlans finds out. Ours is the first child of a dive,
 ///
 ///     <?tav-plan
 ///     Start Template Block

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <map>
 #include <utility>
 
@@ -26,7 +27,8 @@ constexpr std::size_t kMostTanks = 100;  // of a dive
 
 class Reader {
  public:
-  explicit Reader(const UddfDocument& document) : document_(document) {}
+  Reader(const UddfDocument& document, const std::set<int>& withoutPlan)
+      : document_(document), withoutPlan_(withoutPlan) {}
 
   DiveLog Run() {
     ReadMixes();
@@ -94,20 +96,34 @@ class Reader {
     LoggedDive& dive = log_.dives.emplace_back();
     dive.number = static_cast<int>(log_.dives.size());
     dive.line = document_.Line(node);
+    const bool mayHavePlan = !withoutPlan_.contains(dive.number);
     for (const xml_node child : node.children()) {
-      if (child.type() == pugi::node_pi && std::string_view(child.name()) == kPlanInstruction) {
+      if (mayHavePlan && child.type() == pugi::node_pi && std::string_view(child.name()) == kPlanInstruction) {
         dive.plan = UnescapePlan(child.value());
         dive.planLine = document_.Line(child);
       }
       if (IsElement(child, "tankdata") && dive.tanks.size() < kMostTanks) ReadTank(child, dive);
     }
-    // The plan says all; what stands beside it was made from it.
-    if (!dive.plan.empty()) return;
+    if (!dive.plan.empty()) return ReadPlanned(node, dive);
     if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_, {NameOf(faultyMix_)});
     ReadBefore(Child(node, "informationbeforedive"), dive);
     lastMinute_ = 0;
     for (const xml_node sample : Child(node, "samples").children()) {
       if (IsElement(sample, "waypoint")) ReadSample(sample, dive);
+    }
+  }
+
+  /// What tells whether the dive still is its plan.
+  static void ReadPlanned(xml_node node, LoggedDive& dive) {
+    const xml_node interval = Child(Child(node, "informationbeforedive"), "surfaceintervalbeforedive");
+    dive.longInterval = !Child(interval, "infinity").empty();
+    const auto number = [](xml_node element) {
+      return ParseStrict(TextOf(element)).value_or(std::numeric_limits<double>::quiet_NaN());
+    };
+    for (const xml_node sample : Child(node, "samples").children()) {
+      const xml_node depth = Child(sample, "depth");
+      if (!IsElement(sample, "waypoint") || !depth) continue;
+      dive.samples.push_back({number(Child(sample, "divetime")) / si::kSecondsPerMinute, number(depth)});
     }
   }
 
@@ -205,6 +221,7 @@ class Reader {
   }
 
   const UddfDocument& document_;
+  const std::set<int>& withoutPlan_;
   DiveLog log_;
   xml_node faultyMix_;  // the first one
   int mixFault_ = 0;
@@ -214,6 +231,8 @@ class Reader {
 
 }  // namespace
 
-DiveLog ReadDiveLog(const UddfDocument& document) { return Reader(document).Run(); }
+DiveLog ReadDiveLog(const UddfDocument& document, const std::set<int>& withoutPlan) {
+  return Reader(document, withoutPlan).Run();
+}
 
 }  // namespace tav

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "exchange/logged_dive.h"
 #include "exchange/uddf_document.h"
 
@@ -9,6 +11,9 @@ namespace tav {
 /// sample ahead of the one before, and a gas that is not defined are errors. Some programs write what is no SI: an
 /// oxygen pressure up to 20 is taken for bar, a share above 1 for per cent, a tank of 1 or more for litres and a tank
 /// pressure up to 1,000 for bar, none of which could be meant otherwise.
-DiveLog ReadDiveLog(const UddfDocument& document);
+///
+/// Of a dive with a plan only its plan and the depths and times of its samples are read, as they are: a plan may be
+/// what no logged dive is. The plans of the dives of these numbers are passed over: they are logged dives.
+DiveLog ReadDiveLog(const UddfDocument& document, const std::set<int>& withoutPlan = {});
 
 }  // namespace tav

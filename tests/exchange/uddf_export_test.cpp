@@ -76,6 +76,54 @@ TEST(UddfExport, AGasOfMoreThanAllComesBackWithItsPlan) {
   EXPECT_EQ(Back(Uddf(profile)), Text(profile));
 }
 
+TEST(UddfExport, APlanGivesWayToSamplesThatContradictIt) {
+  const ProfileText series = ReadProfileFile(SourceFolder() / "dives/lake-series.tav");
+  test::Plans plans;
+  const auto documents = OpenProfile(plans.forms, "plan.tav", series);
+  const std::string both = WriteUddf(plans.forms, documents, kOrigin);
+  const std::string second = WriteUddf(plans.forms, {documents.back()}, kOrigin);
+  const ClassProfile& rows = plans.forms(documents.front()).InputProfile;
+  const auto depth = [](double metres) { return "<depth>" + FormatPlain(Single(metres)) + "</depth>"; };
+  const auto changed = [](std::string text, const std::string& find, const std::string& replacement) {
+    const std::size_t at = text.find(find);
+    EXPECT_NE(at, std::string::npos) << find;
+    return at == std::string::npos ? text : text.replace(at, find.size(), replacement);
+  };
+  const std::string bottom = depth(rows.getDepth(1));
+  const double last = rows.getDepth(static_cast<std::int16_t>(rows.GetLength() - 1));
+  const struct {
+    std::string uddf;
+    int told;  // dives whose plan is left out
+  } cases[] = {
+      {both, 0},
+      {second, 0},  // its stops come of loads that its file does not hold
+      {changed(both, bottom, depth(rows.getDepth(1) + 0.09)), 0},
+      {changed(both, bottom, depth(rows.getDepth(1) + 0.3)), 1},
+      {changed(both, bottom, "<depth>deep</depth>"), 1},
+      {changed(both, depth(last), depth(last + 1)), 1},
+      {changed(both, "<samples>", "<samples><waypoint><depth>0</depth><divetime>0</divetime></waypoint>"), 1},
+      {changed(second, "<samples>", "<samples><waypoint><depth>0</depth><divetime>0</divetime></waypoint>"), 1},
+  };
+  for (const auto& each : cases) {
+    ImportedDives imported;
+    try {
+      imported = ImportUddf("plan.uddf", each.uddf, ShippedDefaultTemplate(), 0, TextSource());
+    } catch (const FileError& error) {
+      // A logged dive has depths that are numbers.
+      EXPECT_NE(each.uddf.find("deep"), std::string::npos) << error.what();
+      continue;
+    }
+    const auto told = std::count(imported.remarks.begin(), imported.remarks.end(), "*StringID 7787*");
+    EXPECT_EQ(told, each.told);
+    EXPECT_EQ(Text(imported.profile) == Text(series), each.told == 0 && &each != &cases[1]);
+  }
+  // The models differ in their stops, and the plan does not tell which was in force.
+  plans.model.VPMMode = true;
+  const std::string bubble = WriteUddf(plans.forms, OpenProfile(plans.forms, "plan.tav", series), kOrigin);
+  EXPECT_NE(bubble, both);
+  EXPECT_EQ(Back(bubble), Text(series));
+}
+
 /// The order in which the schema wants the children of an element.
 void ExpectOrder(pugi::xml_node node, const std::vector<std::string>& order) {
   std::size_t at = 0;

@@ -1,0 +1,103 @@
+#include "exchange/plan_samples.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "exchange/si_units.h"
+#include "plan/document_forms.h"
+#include "plan/profile_commands.h"
+
+namespace tav {
+namespace {
+
+using Samples = std::vector<LoggedDive::Sample>;
+
+/// Nobody is asked while a plan is computed for its depths.
+struct NoBoxes : MessageBoxes {
+  BoxAnswer Show(const std::string& /*text*/, const std::string& /*title*/, BoxIcon /*icon*/,
+                 BoxButtons buttons) override {
+    return DismissedAnswer(buttons);
+  }
+};
+
+/// What an export of each dive writes; nothing for one that can't be computed.
+std::vector<Samples> SamplesOf(const ProfileText& series, const ModelChoice& model) {
+  const TextSource texts;
+  DocumentStore documents;
+  EngineObserver observer;
+  EditorDisplay display;
+  NoBoxes boxes;
+  DocumentForms forms({documents, model, observer, display, boxes, texts});
+  std::vector<Samples> all;
+  all.reserve(series.dives.size());
+  for (const std::int16_t document : OpenProfile(forms, "", series)) {
+    Samples& samples = all.emplace_back();
+    if (!forms(document).EvaluationFault().empty()) continue;
+    const ClassProfile& rows = forms(document).InputProfile;
+    samples.reserve(static_cast<std::size_t>(rows.GetLength()) + 1);
+    for (std::int16_t row = 0; row <= rows.GetLength(); ++row) {
+      samples.push_back({rows.GetRunTime(row), si::Metres(rows.getDepth(row), documents(document).Template.Metric)});
+    }
+  }
+  return all;
+}
+
+bool Same(const LoggedDive::Sample& a, const LoggedDive::Sample& b) {
+  constexpr double kDepth = 0.1 + 1e-3;                         // m
+  constexpr double kTime = (1 + 1e-2) / si::kSecondsPerMinute;  // min
+  // A number that is none differs from every other.
+  return std::fabs(a.metres - b.metres) <= kDepth && std::fabs(a.minutes - b.minutes) <= kTime;
+}
+
+bool BeginsWith(const Samples& logged, const Samples& planned) {
+  return logged.size() >= planned.size() && std::equal(planned.begin(), planned.end(), logged.begin(), Same);
+}
+
+/// The legs ahead of the first ascent, which no load changes.
+DiveRecord LegsAlone(const DiveRecord& dive) {
+  DiveRecord legs{dive.Template, 0, {}};
+  const ClassUseractions& actions = dive.UserActions;
+  for (std::int16_t i = 1; i <= actions.GetLength() && actions.getaction(i) == ClassUseractions::kLeg; ++i) {
+    legs.UserActions.NewAction();
+    legs.UserActions.setuser(i, actions.getDepth(i), actions.gettime(i), actions.getmixnumber(i));
+  }
+  return legs;
+}
+
+}  // namespace
+
+std::set<int> ContradictedPlans(const DiveLog& log, const std::map<int, DiveRecord>& plans) {
+  // The series from its first dive on, as long as each dive has its plan.
+  ProfileText series;
+  std::set<int> open;
+  bool whole = !log.dives.empty() && log.dives.front().longInterval;
+  for (const LoggedDive& logged : log.dives) {
+    const auto plan = plans.find(logged.number);
+    whole = whole && plan != plans.end();
+    if (plan == plans.end()) continue;
+    if (whole) series.dives.push_back(plan->second);
+    if (!logged.samples.empty()) open.insert(logged.number);
+  }
+  const int ofSeries = static_cast<int>(series.dives.size());
+  const auto logged = [&](int number) -> const Samples& {
+    return log.dives[static_cast<std::size_t>(number) - 1].samples;
+  };
+  for (const ModelChoice& model : {ModelChoice{false, false}, ModelChoice{true, false}, ModelChoice{false, true}}) {
+    if (open.empty() || *open.begin() > ofSeries) break;
+    const std::vector<Samples> planned = SamplesOf(series, model);
+    for (int number = 1; number <= ofSeries; ++number) {
+      const Samples& samples = planned[static_cast<std::size_t>(number) - 1];
+      const bool known = samples.empty() || samples.size() == logged(number).size();
+      if (known && BeginsWith(logged(number), samples)) open.erase(number);
+    }
+  }
+  for (auto number = open.upper_bound(ofSeries); number != open.end();) {
+    ProfileText legs;
+    legs.dives.push_back(LegsAlone(plans.at(*number)));
+    number = BeginsWith(logged(*number), SamplesOf(legs, {}).front()) ? open.erase(number) : std::next(number);
+  }
+  return open;
+}
+
+}  // namespace tav
