@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <optional>
+
+#include "exchange/control_characters.h"
 #include "exchange/exchange_texts.h"
 #include "exchange/import.h"
 #include "model/gas_name.h"
@@ -9,66 +13,169 @@ namespace tav {
 namespace {
 
 constexpr const char* kAscentWord = "ascent";
+constexpr std::size_t kColumns = 3;  // depth, minutes, gas
 
+std::string Small(std::string text) {
+  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  std::transform(text.begin(), text.end(), text.begin(), small);
+  return text;
+}
+
+/// Tab or semicolon where the text has one outside of quotes, else the comma.
 char SeparatorOf(const std::string& text) {
-  for (const char separator : {'\t', ';'}) {
-    if (text.find(separator) != std::string::npos) return separator;
+  bool quoted = false;
+  bool semicolon = false;
+  for (const char c : text) {
+    if (c == '\n') quoted = false;  // a cell ends with its line
+    if (c == '"') quoted = !quoted;
+    if (!quoted && c == '\t') return c;
+    semicolon = semicolon || (!quoted && c == ';');
   }
-  return ',';
+  return semicolon ? ';' : ',';
 }
 
 /// What a decimal separator may be beside the point.
 LocaleSeparators NumbersBeside(char separator) { return {separator == ',' ? "." : ",", ""}; }
 
-/// Adds a gas that only its name tells, so that the row has it.
-void AddGasOfRow(LegTable& table, int row, DiveTemplate& settings) {
-  const LegTable::Row& leg = table.At(row);
-  if (leg.ascent || leg.mix) return;
-  const auto mix = MixOfName(leg.gas);
-  if (!mix) return;
-  settings.Blends.push_back(*mix);
-  const std::string name = leg.gas;
-  table.Set(row, LegTable::Field::Gas, "");
-  table.Set(row, LegTable::Field::Gas, name);
+/// The cells of a line without blanks at their ends. A cell in quotes may hold the separator, and "" for a quote.
+/// Nothing for a line whose quotes do not pair.
+std::optional<std::vector<std::string>> CellsOf(std::string_view line, char separator) {
+  std::vector<std::string> cells{""};
+  bool quoted = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    std::string& cell = cells.back();
+    const char c = line[i];
+    if (quoted && c == '"' && i + 1 < line.size() && line[i + 1] == '"') {
+      cell += line[++i];
+    } else if (c == '"' && (quoted || TrimBlanks(cell).empty())) {
+      quoted = !quoted;
+    } else if (c == separator && !quoted) {
+      cells.emplace_back();
+    } else {
+      cell += c;
+    }
+  }
+  if (quoted) return std::nullopt;
+  for (std::string& cell : cells) cell = std::string(TrimBlanks(cell));
+  return cells;
 }
+
+/// The name of a blend that differs in its case alone; else that of a gas that the name tells in another case.
+std::string NameInItsCase(const std::string& name, const DiveTemplate& settings) {
+  if (FindBlend(name, settings)) return name;
+  const std::string small = Small(name);
+  for (const GasMix& blend : settings.Blends) {
+    if (Small(blend.Name) == small) return blend.Name;
+  }
+  for (const std::string start : {"EAN", "Tx", "H", "Oxygen"}) {
+    if (!small.starts_with(Small(start))) continue;
+    std::string usual = start + name.substr(start.size());
+    if (MixOfName(usual)) return usual;
+  }
+  return name;
+}
+
+/// Lines in which something is assumed: how many, and the first.
+struct Lines {
+  int count = 0;
+  int first = 0;
+
+  void Add(int line) {
+    if (count++ == 0) first = line;
+  }
+};
+
+class CsvImport {
+ public:
+  CsvImport(const std::filesystem::path& file, const std::string& text, const DiveTemplate& settings,
+            const TextSource& texts)
+      : file_(file), text_(text), texts_(texts), separator_(SeparatorOf(text)), table_(NumbersBeside(separator_)) {
+    imported_.profile.dives.emplace_back().Template = settings;
+    imported_.profile.lines.emplace_back();
+  }
+
+  ImportedDives Run() {
+    table_.Load({}, Settings());
+    LineReader lines(text_);
+    while (const auto line = lines.Next()) {
+      if (!TrimBlanks(*line).empty()) ReadLine(*line, lines.LineNumber());
+    }
+    if (table_.Rows() == 0) Fail(0, exchange_text::kNoWaypoint);
+    const auto faults = table_.Faults(texts_);
+    if (!faults.empty()) {
+      const auto row = static_cast<std::size_t>(faults.front().row);
+      throw FileError(file_, imported_.profile.lines.front().actions.at(row), faults.front().reason);
+    }
+    table_.SetFinalAscent(true);
+    imported_.profile.dives.front().UserActions = table_.Actions();
+    Tell(exchange_text::kLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
+    Tell(exchange_text::kMoreColumns, moreColumns_, "");
+    return std::move(imported_);
+  }
+
+ private:
+  [[noreturn]] void Fail(int line, int text) const { throw FileError(file_, line, texts_.GetResString(text)); }
+  DiveTemplate& Settings() { return imported_.profile.dives.front().Template; }
+
+  void Tell(int text, const Lines& lines, const std::string& more) {
+    if (lines.count == 0) return;
+    imported_.remarks.push_back(texts_.Filled(text, {std::to_string(lines.count), std::to_string(lines.first), more}));
+  }
+
+  void ReadLine(std::string_view line, int number) {
+    const int row = table_.Rows();
+    auto cells = CellsOf(line, separator_);
+    if (!cells) Fail(number, exchange_text::kQuoteNotClosed);
+    const bool ascent = cells->size() == 1 && cells->front() == kAscentWord;
+    if (row > 0 && !ascent && cells->size() == 1) Fail(number, exchange_text::kNoSeparator);
+    if (row == INT16_MAX - 1) Fail(number, exchange_text::kTooManyLegs);
+    // Behind the first row nothing is a heading any more: the row is there, with what is wrong in it.
+    const auto begin = cells->begin();
+    const auto filled = [](const std::string& cell) { return !cell.empty(); };
+    const bool more = cells->size() > kColumns && std::any_of(begin + kColumns, cells->end(), filled);
+    cells->resize(ascent ? 1 : kColumns);
+    std::string tabbed;
+    for (const std::string& cell : *cells) {
+      if (&cell != &cells->front()) tabbed += '\t';
+      tabbed += HasControl(cell) ? "?" : cell;
+    }
+    if (table_.Paste(row, tabbed, kAscentWord) == 0) {
+      if (row > 0 && !ascent) Fail(number, exchange_text::kNoSeparator);
+      return;
+    }
+    imported_.profile.lines.front().actions.push_back(number);
+    if (table_.At(row).ascent) return;
+    if (more) moreColumns_.Add(number);
+    const std::string& gas = cells->back();
+    if (gas.empty()) return withoutGas_.Add(number);
+    if (HasControl(gas)) Fail(number, exchange_text::kControlCharacter);
+    TakeGas(row, gas);
+  }
+
+  /// A gas that only its name tells is added.
+  void TakeGas(int row, const std::string& gas) {
+    const std::string name = NameInItsCase(gas, Settings());
+    const auto mix = MixOfName(name);
+    if (!FindBlend(name, Settings()) && mix) Settings().Blends.push_back(*mix);
+    table_.Set(row, LegTable::Field::Gas, "");
+    table_.Set(row, LegTable::Field::Gas, name);
+  }
+
+  const std::filesystem::path& file_;
+  const std::string& text_;
+  const TextSource& texts_;
+  char separator_;
+  LegTable table_;
+  Lines withoutGas_;
+  Lines moreColumns_;
+  ImportedDives imported_;
+};
 
 }  // namespace
 
 ImportedDives ImportCsv(const std::filesystem::path& file, const std::string& text, const DiveTemplate& settings,
                         const TextSource& texts) {
-  ImportedDives imported;
-  DiveRecord& dive = imported.profile.dives.emplace_back();
-  DiveRecordLines& where = imported.profile.lines.emplace_back();
-  dive.Template = settings;
-  const char separator = SeparatorOf(text);
-  LegTable table(NumbersBeside(separator));
-  table.Load({}, dive.Template);
-  LineReader lines(text);
-  while (const auto line = lines.Next()) {
-    const int before = table.Rows();
-    const int number = lines.LineNumber();
-    if (TrimBlanks(*line).empty()) continue;
-    const bool ascent = TrimBlanks(*line) == kAscentWord;
-    if (before > 0 && !ascent && line->find(separator) == std::string_view::npos) {
-      throw FileError(file, number, texts.GetResString(exchange_text::kNoSeparator));
-    }
-    if (before == INT16_MAX - 1) throw FileError(file, number, texts.GetResString(exchange_text::kTooManyLegs));
-    // Behind the first row nothing is a heading any more: the row is there, with what is wrong in it.
-    if (table.Paste(before, std::string(*line), kAscentWord) == 0) {
-      if (before > 0 && !ascent) throw FileError(file, number, texts.GetResString(exchange_text::kNoSeparator));
-      continue;
-    }
-    AddGasOfRow(table, before, dive.Template);
-    where.actions.push_back(number);
-  }
-  if (table.Rows() == 0) throw FileError(file, 0, texts.GetResString(exchange_text::kNoWaypoint));
-  const auto faults = table.Faults(texts);
-  if (!faults.empty()) {
-    throw FileError(file, where.actions.at(static_cast<std::size_t>(faults.front().row)), faults.front().reason);
-  }
-  table.SetFinalAscent(true);
-  dive.UserActions = table.Actions();
-  return imported;
+  return CsvImport(file, text, settings, texts).Run();
 }
 
 }  // namespace tav

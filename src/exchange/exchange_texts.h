@@ -17,6 +17,8 @@ constexpr int kCylinderLeftOut = 7819;
 constexpr int kLeavesLoop = 7820;
 constexpr int kChangesLeftOut = 7821;
 constexpr int kPlanContradicted = 7787;
+constexpr int kLinesWithoutGas = 7788;
+constexpr int kMoreColumns = 7789;
 
 // Why a file can't be imported.
 constexpr int kTooLarge = 7830;
@@ -40,5 +42,7 @@ constexpr int kTooManyDives = 7847;
 constexpr int kTooManyGases = 7848;
 constexpr int kOxygenUntold = 7783;
 constexpr int kNoOxygen = 7784;
+constexpr int kControlCharacter = 7792;
+constexpr int kQuoteNotClosed = 7793;
 
 }  // namespace tav::exchange_text

@@ -37,8 +37,10 @@ ImportedDives ImportUddf(const std::filesystem::path& file, std::string text, co
 
 /// The same for lines of depth, minutes of the leg (its move included) and gas, separated by commas, semicolons or
 /// tabs; lines without a number ahead of the first are a heading. Depths are in the units of the template. A leg
-/// without a gas breathes that of the leg before, the first one Air; a gas that the template does not have is made from
-/// its name (MixOfName). With semicolons or tabs a comma is a decimal point, too.
+/// without a gas breathes that of the leg before, the first one the first gas of the template; further columns are
+/// passed over; both are told. A gas is known by its name in any case, and one that the template does not have is made
+/// from its name (MixOfName). A cell may stand in quotes, with "" for a quote in it. With semicolons or tabs a comma is
+/// a decimal point, too.
 ImportedDives ImportCsv(const std::filesystem::path& file, const std::string& text, const DiveTemplate& settings,
                         const TextSource& texts);
 

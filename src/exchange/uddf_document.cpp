@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "exchange/control_characters.h"
 #include "exchange/exchange_texts.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
@@ -63,7 +64,8 @@ UddfDocument::UddfDocument(std::filesystem::path file, std::string text, const T
 }
 
 void UddfDocument::Fail(int line, int id, std::initializer_list<std::string> values) const {
-  throw FileError(file_, line, texts_.Filled(id, values));
+  // A terminal must not take what stands in the file for its commands.
+  throw FileError(file_, line, WithoutControl(texts_.Filled(id, values)));
 }
 
 int UddfDocument::LineAt(std::ptrdiff_t offset) const {

@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include "exchange/control_characters.h"
 #include "exchange/exchange_texts.h"
 #include "exchange/plan_instruction.h"
 #include "exchange/si_units.h"
@@ -71,6 +72,7 @@ class Reader {
       if (!IsElement(node, "mix")) continue;
       if (log_.mixes.size() == kMostMixes) return Blame(node, exchange_text::kTooManyGases);
       LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
+      if (HasControl(mix.name)) Blame(node, exchange_text::kControlCharacter);
       if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
       const double nitrogen = Share(node, "n2");
       if (!Child(node, "o2")) {

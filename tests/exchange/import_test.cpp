@@ -222,6 +222,9 @@ TEST(UddfFaults, NameLineAndReason) {
       {Log(Dive(kSquare), "<mix id='a'><o2>0.6</o2><he>0.6</he></mix>"), 3, "more than the whole"},
       {Log(Dive(kSquare), "<mix id='a'><o2>0.2</o2><h2>0.6</h2></mix>"), 3, "argon or hydrogen"},
       {Log(Dive(kSquare), "<mix id='a'><o2>-1</o2></mix>"), 3, "\"o2\" must be"},
+      {Log(Dive(kSquare), "<mix id='a'><name>a\x1B[31mb</name><o2>0.3</o2></mix>"), 3, "holds a control character"},
+      {Log(Dive(kSquare), "<mix id='a'><name>&#x9B;31m</name><o2>0.3</o2></mix>"), 3, "holds a control character"},
+      {samples(Sample(60, 9, "<switchmix ref='\x1B[31m'/>")), 7, "gas \"?[31m\" is not defined"},
       {Log(Dive(kSquare), "<mix id='a'><name>X</name></mix>"), 3, "the gas \"X\" does not tell its oxygen"},
       {Log(Dive(kSquare), "\n<mix id='a'><he>0.5</he></mix>"), 4, "the gas \"a\" does not tell its oxygen"},
       {Log(Dive(kSquare), "<mix id='a'><n2>0.68</n2></mix>"), 3, "the gas \"a\" does not tell its oxygen"},
@@ -254,6 +257,17 @@ TEST(CsvImport, LinesAreLegs) {
       {"30;20,5;EAN32\n5;10;Oxygen\n", "30,20.5 EAN32; 5,10 Oxygen; ascent"},
       {"Tiefe;Zeit\n1.500;10\n", "1.5,10 Air; ascent"},
       {"30\t20\tEAN36\n", "30,20 EAN36; ascent"},
+      {"\"depth, m\",\"min\",gas\n\"30\",\"20\",\"Air\"\n", "30,20 Air; ascent"},
+      {"\"30,5\";\"20\";\" EAN32 \"\n", "30.5,20 EAN32; ascent"},
+      {"\"a;b\",c\n30,20\n", "30,20 Air; ascent"},
+      {"30,20,ean32\n20,5,tx18/45\n6,5,OXYGEN\n6,5,AIR\n6,5,h85\n",
+       "30,20 EAN32; 20,5 Tx18/45; 6,5 Oxygen; 6,5 Air; 6,5 H85; ascent"},
+      {"30,20,\"a \"\"b\"\" c\"\n", "legs.csv:1: The template has no gas of this name: a \"b\" c"},
+      {"30,20\n\"18,5\n", "legs.csv:2: a quote is opened and not closed in its line"},
+      {"30,20,\"EAN\x1B[31m\"\n", "legs.csv:1: the name of a gas holds a control character"},
+      {"30,20,\xC2\x9B"
+       "31m\n",
+       "legs.csv:1: the name of a gas holds a control character"},
       {"30,20,EAN36\n10,10,EAN36\nascent\n", "30,20 EAN36; 10,10 EAN36; ascent"},
       {"", "legs.csv: the file holds no waypoint: depth, minutes and gas in each line"},
       {"depth,minutes\n", "legs.csv: the file holds no waypoint: depth, minutes and gas in each line"},
@@ -274,6 +288,18 @@ TEST(CsvImport, LinesAreLegs) {
       EXPECT_THAT(error.what(), HasSubstr(each.legs)) << each.text;
     }
   }
+}
+
+TEST(CsvImport, SaysWhatItAssumes) {
+  const std::string text = "depth,minutes,gas\n30,20\n20,5,EAN32,fast,\n12,5,,slow\n6,5,EAN32,,\n";
+  EXPECT_THAT(
+      ImportCsv("legs.csv", text, ShippedDefaultTemplate(), Texts()).remarks,
+      testing::IsSupersetOf(
+          {"Lines without a gas: 2, the first is line 2. Each takes the gas of the line before, the first of "
+           "all Air.",
+           "Lines with more than depth, minutes and gas: 2, the first is line 3. What is more is passed over."}));
+  EXPECT_THAT(ImportCsv("legs.csv", "30,20,Air\n", ShippedDefaultTemplate(), Texts()).remarks,
+              testing::Not(testing::Contains(HasSubstr("Lines"))));
 }
 
 }  // namespace
