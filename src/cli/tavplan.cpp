@@ -127,7 +127,9 @@ Examples:
   tavplan import series.uddf -o series.tav   a plan that was exported, as it was
   tavplan import log.uddf -o log.tav --dive 12 --template Imperial
   tavplan import legs.csv -o legs.tav        depth,minutes,gas in each line
-A dive of a log becomes legs within a metre of its samples, and the ascent; what is simplified is told.
+A dive of a log becomes legs, and the ascent. The legs keep within a metre of its samples where the rates of the
+settings can follow them; how far they stray, and what else is simplified or assumed, is told. Gradient factors, rates
+and the diver's adaptation to altitude are those of the settings.
 )";
 
 constexpr const char* kFooter = R"(

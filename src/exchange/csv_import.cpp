@@ -110,6 +110,7 @@ class CsvImport {
     imported_.profile.dives.front().UserActions = table_.Actions();
     Tell(exchange_text::kLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
     Tell(exchange_text::kMoreColumns, moreColumns_, "");
+    imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
     return std::move(imported_);
   }
 

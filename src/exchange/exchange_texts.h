@@ -19,6 +19,8 @@ constexpr int kChangesLeftOut = 7821;
 constexpr int kPlanContradicted = 7787;
 constexpr int kLinesWithoutGas = 7788;
 constexpr int kMoreColumns = 7789;
+constexpr int kFromSettings = 7790;
+constexpr int kOneLeg = 7791;
 
 // Why a file can't be imported.
 constexpr int kTooLarge = 7830;

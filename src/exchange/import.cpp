@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "exchange/control_characters.h"
 #include "exchange/exchange_texts.h"
 #include "exchange/log_plan.h"
 #include "exchange/plan_samples.h"
@@ -31,6 +32,7 @@ class UddfImport {
       if (dive == 0 || logged.number == dive) Add(logged);
     }
     if (imported_.profile.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
+    if (onSettings_) imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
     FormatFaults faults(file_, FormatFaults::Mode::StopAtFirstError);
     ReportSeriesFaults(imported_.profile, faults);
     return std::move(imported_);
@@ -72,7 +74,8 @@ class UddfImport {
       if (!found.empty()) throw FileError(file_, 1, JoinFaults(found));
       return std::move(text.dives.front());
     } catch (const FileError& error) {
-      throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1), error.Reason());
+      throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1),
+                      WithoutControl(texts_.Words(error.Reason())));
     }
   }
 
@@ -88,6 +91,7 @@ class UddfImport {
     }
     if (fault.text != 0) document_.Fail(logged.line, fault.text);
     if (before_ != nullptr) record.SurfaceInterval = Interval(logged);
+    onSettings_ = true;
     return true;
   }
 
@@ -118,6 +122,7 @@ class UddfImport {
   std::map<int, DiveRecord> plans_;  // by the number of the dive
   std::set<int> contradicted_;       // the numbers of dives whose plans are left out
   const LoggedDive* before_ = nullptr;
+  bool onSettings_ = false;  // a dive was logged
   ImportedDives imported_;
 };
 

@@ -39,8 +39,9 @@ class OneDive {
     }
     actions.NewAction();
     actions.setdeco(actions.GetLength());
-    Tell(exchange_text::kLegs, std::to_string(dive_.samples.size()), std::to_string(made.legs.size()),
-         Depth(made.deviation));
+    const bool one = made.legs.size() == 1;
+    Tell(one ? exchange_text::kOneLeg : exchange_text::kLegs, std::to_string(dive_.samples.size()),
+         std::to_string(made.legs.size()), Depth(made.deviation));
     if (made.endDepth > 0) Tell(exchange_text::kEndsBelow, Depth(made.endDepth));
     return {};
   }
