@@ -43,15 +43,19 @@ std::vector<Samples> SamplesOf(const ProfileText& series, const ModelChoice& mod
   return all;
 }
 
-bool Same(const LoggedDive::Sample& a, const LoggedDive::Sample& b) {
+bool Same(const LoggedDive::Sample& logged, const LoggedDive::Sample& planned) {
   constexpr double kDepth = 0.1 + 1e-3;                         // m
   constexpr double kTime = (1 + 1e-2) / si::kSecondsPerMinute;  // min
+  constexpr double kDigits = 1e-6;                              // an export writes seven of them
   // A number that is none differs from every other.
-  return std::fabs(a.metres - b.metres) <= kDepth && std::fabs(a.minutes - b.minutes) <= kTime;
+  return std::fabs(logged.metres - planned.metres) <= kDepth &&
+         std::fabs(logged.minutes - planned.minutes) <= kTime + kDigits * planned.minutes;
 }
 
 bool BeginsWith(const Samples& logged, const Samples& planned) {
-  return logged.size() >= planned.size() && std::equal(planned.begin(), planned.end(), logged.begin(), Same);
+  return logged.size() >= planned.size() &&
+         std::equal(planned.begin(), planned.end(), logged.begin(),
+                    [](const auto& plan, const auto& log) { return Same(log, plan); });
 }
 
 /// The legs ahead of the first ascent, which no load changes.

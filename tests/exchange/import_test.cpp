@@ -235,7 +235,9 @@ TEST(UddfFaults, NameLineAndReason) {
       {Log(Dive(kSquare), "<mix id='a'><n2>0.5</n2><he>0.5</he></mix>"), 3, "the gas \"a\" holds no oxygen"},
       {Log(Dive(kSquare, "<surfaceintervalbeforedive><passedtime>-5</passedtime></surfaceintervalbeforedive>")), 5,
        "\"passedtime\" must be"},
-      {Log("<dive><?tav-plan Start Template Block\nGF=1, .8, .3\n?></dive>"), 6, "the file ends before \"End Template Block\""},
+      {Log("<dive><?tav-plan Start Template Block\nGF=%1B[31m, .8, .3\n?></dive>"), 6, "0 or 1, not \"?[31m\""},
+      {Log("<dive><?tav-plan Start Template Block\nGF=1, .8, .3\n?></dive>"), 6,
+       "the file ends before \"End Template Block\""},
   };
   for (const auto& each : cases) {
     try {

@@ -70,6 +70,17 @@ TEST(UddfExport, NamesThatXmlCanNotHoldComeBack) {
   }
 }
 
+TEST(UddfExport, APlanOfMonthsComesBackWithTimesOfSevenDigits) {
+  ProfileText profile;
+  DiveRecord& dive = profile.dives.emplace_back();
+  dive.Template = ShippedDefaultTemplate();
+  for (int leg = 0; leg < 3; ++leg) {
+    dive.UserActions.NewAction();
+    dive.UserActions.setuser(dive.UserActions.GetLength(), 5, 99991.37, 0);
+  }
+  EXPECT_EQ(Back(Uddf(profile)), Text(profile));
+}
+
 TEST(UddfExport, AGasOfMoreThanAllComesBackWithItsPlan) {
   ProfileText profile = ReadProfileFile(SourceFolder() / "dives/nitrox.tav");
   for (GasMix& blend : profile.dives.front().Template.Blends) blend.He = 5;
