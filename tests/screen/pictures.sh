@@ -63,12 +63,14 @@ await "the slate stays" gone "^Slate$"
 # the bottom gas in a twin set, the others in stages
 keys ctrl+u
 focus "^Gas supply"
-keys alt+a
-sleep 0.5
-keys alt+k
-sleep 0.5
-type_text "S80"
-keys alt+a alt+a alt+a
+for kind in S80 D12 S80; do
+  keys alt+k
+  sleep 0.5
+  type_text "$kind"
+  keys alt+a
+  sleep 0.5
+done
+keys alt+a alt+a
 shot cylinders "^Gas supply"
 keys Return
 await "the cylinders stay" gone "^Gas supply"
