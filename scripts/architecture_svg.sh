@@ -130,8 +130,13 @@ draw() {
     }'
 }
 
-if [ "${1:-}" = --check ]; then
-  draw | cmp -s - "$picture" || { echo "$picture is not that of the includes: run scripts/architecture_svg.sh" >&2; exit 1; }
-else
-  draw >"$picture"
-fi
+case "$#,${1:-}" in
+  0,) draw >"$picture" ;;
+  1,--check)
+    draw | cmp -s - "$picture" || { echo "$picture is not that of the includes: run scripts/architecture_svg.sh" >&2; exit 1; }
+    ;;
+  *)
+    echo "usage: scripts/architecture_svg.sh [--check]" >&2
+    exit 2
+    ;;
+esac

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes the road of a newcomer: clones a commit into a bare Debian 12, runs the README's two commands there and makes the
-# package. Then takes the road of a diver: installs that package in another bare Debian 12, works with it, and removes it.
+# Takes the road of a newcomer: clones a commit into a bare Debian 12, runs the README's ./run and ./test there and makes
+# the package. Then takes the road of a diver: installs that package in another bare Debian 12, works with it, and removes it.
 # The machines are made for the occasion, from this machine's own apt sources and settings, and taken away on every exit.
 # Nothing but the compiler's cache is carried in. Usage: scripts/bare_debian.sh [COMMIT]
 set -euo pipefail
