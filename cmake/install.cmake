@@ -29,6 +29,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is shown and not linked: the fonts of reports, and the place of the icons.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation2, hicolor-icon-theme, qt6-translations-l10n")
+# Without it tavplan works as well, but its words are not completed in the shell.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS bash-completion)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "decompression planner for technical divers
 Waypoints in, a decompression schedule out: ZH-L16 with gradient factors, VPM,
 or a hybrid of both; open circuit with any number of gases, or a constant-PPO2
