@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -88,13 +89,20 @@ Json MixJson(const FillRequest& request) {
       {"fill_to", fillTo}};
 }
 
-/// A table: the first column to the left, the others to the right.
+/// A table: the first column to the left, the others to the right, all but the first of one width.
 void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream& out) {
-  constexpr std::size_t kFirst = 22;
-  constexpr std::size_t kOther = 15;
+  constexpr std::size_t kGap = 2;
+  std::size_t first = 22;
+  std::size_t other = 13;
+  for (const auto& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      std::size_t& width = i == 0 ? first : other;
+      width = std::max(width, CharacterCount(row[i]));
+    }
+  }
   for (const auto& row : rows) {
     std::string line = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? Left(row[i], kFirst) : Right(row[i], kOther);
+    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? Left(row[i], first) : Right(row[i], other + kGap);
     out << line << "\n";
   }
   out << "\n";

@@ -419,10 +419,10 @@ TEST_F(Tavplan, TellsAFillInWords) {
   Air Top (psi)                   409.4            0.0         2515.9
   van der Waals (psi)             418.9              0         2491.7
 
-  Gas                     Fill to (psi) If ideal (psi)
-  Start                            14.7           14.7
-  Oxygen                            430            420
-  Air                              2940           2940
+  Gas                      Fill to (psi)  If ideal (psi)
+  Start                             14.7            14.7
+  Oxygen                             430             420
+  Air                               2940            2940
 
   The list gives 31.9 % O2, 0.0 % He; MOD 111 ft at PPO2 1.4, 132 ft at 1.6.
   If the gases were ideal it would give 32.0 % O2, 0.0 % He: a real fill may be as far off. Analyse it.
@@ -463,6 +463,13 @@ TEST_F(Tavplan, TellsItsUsageAndVersion) {
 }
 
 TEST_F(Tavplan, ComparesAPlanWithWhatMayBecomeOfIt) {
+  // Heads of another length keep their distance.
+  for (const char* locale : {"de_DE.UTF-8", "nl_NL.UTF-8", "fr_FR.UTF-8"}) {
+    Speak(locale);
+    Run({"mix", "--have", "21/0@1", "--want", "32/0@200"});
+    EXPECT_THAT(Out(), testing::ContainsRegex("\n  Ga[sz] +[^ ][^\n]* \\(bar\\)  [^\n]* \\(bar\\)\n"));
+  }
+  Speak("C");
   ASSERT_EQ(Run({"whatif", Dive("wreck.tav"), "--longer", "7", "--deeper", "4.5", "--json"}), ExitStatus::kFine)
       << Err();
   const json compared = json::parse(Out());
