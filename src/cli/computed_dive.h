@@ -21,6 +21,7 @@ struct ComputedDive {
   std::vector<StopReason> reasons;  ///< of its stops
   GasSupply supply;                 ///< empty when no cylinders are told
   std::string model;                ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
+  bool gradientFactors = false;     ///< they are switched on, and act: on all models but VPM alone
 };
 
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.

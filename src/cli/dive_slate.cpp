@@ -59,7 +59,7 @@ class Slate {
 
   void Settings() {
     std::string text = dive_.model;
-    if (template_.UseGF) text += ", GF " + Percent(template_.GFLow) + "/" + Percent(template_.GFHigh);
+    if (dive_.gradientFactors) text += ", GF " + Percent(template_.GFLow) + "/" + Percent(template_.GFHigh);
     if (template_.DepthAdjust) text += ", " + T(kDepthsAdjusted);
     if (template_.OpenCircuit) {
       text += ", " + T(kOpenCircuit);

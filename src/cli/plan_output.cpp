@@ -41,6 +41,7 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
     dive.model = ModelName(session.Model(), texts);
+    dive.gradientFactors = dive.document->Template.UseGF && !session.Model().VPMMode;
   }
   return true;
 }
