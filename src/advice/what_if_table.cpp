@@ -25,6 +25,7 @@ constexpr int kShort = 7719;
 constexpr int kEndless = 7720;
 constexpr int kImpossible = 7721;
 constexpr int kStopAt = 7722;
+constexpr int kSwitchAt = 7056;
 constexpr int kMinutes = 7703;
 
 /// What a dive does at one depth of its ascent.
@@ -80,9 +81,16 @@ class Builder {
     }
     for (const auto& [depth, none] : depths) {
       WhatIfTable::Row row{words_.T(kStopAt, {words_.Depth(depth)}), words_.T(kMinutes), {}, false};
+      bool stop = false;
       for (const Stops& own : stops) {
         const auto found = own.find(depth);
         row.cells.push_back(found == own.end() ? WhatIfTable::Cell() : found->second);
+        stop = stop || !row.cells.back().figure.empty();
+      }
+      // No column stops there, some only change their gas.
+      if (!stop) {
+        row.label = words_.T(kSwitchAt, {words_.Depth(depth)});
+        row.unit.clear();
       }
       table_.rows.push_back(std::move(row));
     }
