@@ -67,9 +67,11 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
     window.ReEvaluateUserEnteredWaypoints();
     std::vector<ComputedDive> dives;
-    if (!Gather(session, title, {number}, options, words, dives, err)) return ExitStatus::kUnusableInput;
+    // CSV has no words of a dive, they go to the user.
+    const TextSource& told = options.form == OutputForm::Csv ? texts : words;
+    if (!Gather(session, title, {number}, options, told, dives, err)) return ExitStatus::kUnusableInput;
     if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
-    return Print(dives, options, words, out, err);
+    return Print(dives, options, told, out, err);
   } catch (const std::exception& error) {
     return Refused(error, "new", texts, err);
   }

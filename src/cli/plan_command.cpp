@@ -9,9 +9,9 @@ namespace tav {
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,
                 std::ostream& out, std::ostream& err) {
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  // What programs read is English in every language.
+  // What programs read is English in every language; CSV has no words of a dive, they go to the user.
   const LazyTexts words(folders.ProgramFolder(),
-                        options.form == OutputForm::Slate ? LazyTexts::Language::User : LazyTexts::Language::Default);
+                        options.form == OutputForm::Json ? LazyTexts::Language::Default : LazyTexts::Language::User);
   PlanSession session(texts);
   std::vector<ComputedDive> dives;
   int status = ExitStatus::kFine;

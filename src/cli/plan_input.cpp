@@ -16,7 +16,9 @@ namespace {
 // Texts by number.
 constexpr int kNoNumber = 7957;
 constexpr int kUnknownGas = 7958;
+constexpr int kOutside = 7960;
 constexpr int kNoSuchDive = 7961;
+constexpr int kNotWhole = 7849;
 
 std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders& folders) {
   std::error_code error;
@@ -38,6 +40,18 @@ Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);
   if (!number) throw OptionError({kNoNumber, {option, text}});
   return *number;
+}
+
+Single NumberOf(const std::string& text, const std::string& option, double least, double most) {
+  const Single number = NumberOf(text, option);
+  if (number >= least && number <= most) return number;
+  throw OptionError({kOutside, {option, text, FormatPlain(least), FormatPlain(most)}});
+}
+
+int WholeNumberOf(const std::string& text, const std::string& option, int least, int most) {
+  const auto number = ParseStrict(text);
+  if (number && *number == std::floor(*number) && *number >= least && *number <= most) return static_cast<int>(*number);
+  throw OptionError({kNotWhole, {option, text, std::to_string(least), std::to_string(most)}});
 }
 
 std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents) {

@@ -28,6 +28,12 @@ int Refused(const std::exception& error, std::string_view command, const TextSou
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.
 Single NumberOf(const std::string& text, const std::string& option);
 
+/// The same, from `least` to `most`; throws OptionError with these bounds for a number outside.
+Single NumberOf(const std::string& text, const std::string& option, double least, double most);
+
+/// The same, whole.
+int WholeNumberOf(const std::string& text, const std::string& option, int least, int most);
+
 /// The document that --dive names, from 1; the last for an empty text. Throws OptionError.
 std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>& documents);
 

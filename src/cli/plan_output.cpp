@@ -7,6 +7,8 @@
 namespace tav {
 namespace {
 
+constexpr int kDive = 7741;
+
 std::string ModelName(const ModelChoice& model, const TextSource& texts) {
   constexpr int kHybrid = 7964;
   if (model.VPMMode) return "VPM";
@@ -58,7 +60,8 @@ int Print(const std::vector<ComputedDive>& dives, const OutputOptions& options, 
     } else if (form == OutputForm::Csv) {
       for (const Finding& finding : dives[i].findings) {
         if (finding.severity == Severity::Note) continue;
-        err << dives[i].file << ": dive " << dives[i].number << ": " << finding.text << "\n";
+        err << dives[i].file << ": " << texts.Filled(kDive, {std::to_string(dives[i].number)}) << ": " << finding.text
+            << "\n";
       }
     }
     if (!dives[i].document->Decompresses) status = ExitStatus::kDoesNotDecompress;

@@ -1,9 +1,11 @@
 #include <CLI/CLI.hpp>
-#include <map>
+#include <limits>
 #include <ostream>
 
 #include "app/user_texts.h"
 #include "cli/commands.h"
+#include "cli/plan_input.h"
+#include "cli/usage_fault.h"
 
 namespace tav {
 namespace {
@@ -19,23 +21,27 @@ void AddModelOptions(CLI::App& command, OutputOptions& options) {
   vpm->excludes(hybrid);
 }
 
+TurnRule TurnRuleOf(const std::string& text) {
+  if (text == "all") return TurnRule::AllUsable;
+  if (text == "half") return TurnRule::Half;
+  if (text == "thirds") return TurnRule::Thirds;
+  constexpr int kNoneOf = 7850;
+  throw OptionError({kNoneOf, {"--turn", text, "all, half, thirds"}});
+}
+
 void AddSupplyOptions(CLI::App& command, OutputOptions& options) {
-  const std::map<std::string, TurnRule> rules{
-      {"all", TurnRule::AllUsable}, {"half", TurnRule::Half}, {"thirds", TurnRule::Thirds}};
-  const auto number = [&command](const char* name, Single& value, double least, double most, const char* text) {
-    command
-        .add_option_function<double>(
-            name, [&value](const double& given) { value = given; }, text)
-        ->check(CLI::Range(least, most));
+  SupplyChoice& supply = options.supply;
+  const auto add = [&command](const char* name, const char* type, const char* text, auto take) {
+    command.add_option_function<std::string>(name, take, text)->type_name(type);
   };
-  command.add_option("--team", options.supply.team, "Divers that the minimum gas must bring up; 2 if not given")
-      ->check(CLI::Range(1, kLargestTeam));
-  number("--stress", options.supply.stress, 1, kLargestStress, "Factor on the RMV for it; 2 if not given");
-  number("--sort-out", options.supply.minutes, 0, kLongestSortingOut,
-         "Minutes at depth before the way up; 2 if not given");
-  command
-      .add_option("--turn", options.supply.rule, "How much of the rest is breathed before turning; all if not given")
-      ->transform(CLI::CheckedTransformer(rules).description("all, half, thirds"));
+  add("--team", "1-9", "Divers that the minimum gas must bring up; 2 if not given",
+      [&supply](const std::string& text) { supply.team = WholeNumberOf(text, "--team", 1, kLargestTeam); });
+  add("--stress", "1-10", "Factor on the RMV for it; 2 if not given",
+      [&supply](const std::string& text) { supply.stress = NumberOf(text, "--stress", 1, kLargestStress); });
+  add("--sort-out", "0-30", "Minutes at depth before the way up; 2 if not given",
+      [&supply](const std::string& text) { supply.minutes = NumberOf(text, "--sort-out", 0, kLongestSortingOut); });
+  add("--turn", "all|half|thirds", "How much of the rest is breathed before turning; all if not given",
+      [&supply](const std::string& text) { supply.rule = TurnRuleOf(text); });
 }
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
@@ -174,7 +180,8 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   make->footer(kNewExamples);
   make->callback([&] {
     if (!depth.empty()) newPlan.legs = {depth + ":" + time};
-    if (newPlan.legs.empty()) throw CLI::RequiredError("--depth and --time, or --leg");
+    constexpr int kNoLegs = 7855;
+    if (newPlan.legs.empty()) throw OptionError(Message(kNoLegs));
     status = NewCommand(newPlan, newOptions, folders, out, err);
   });
 
@@ -260,11 +267,19 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   imports->add_option("LOG", importLog.file, "UDDF, or CSV where the file's name ends in .csv")->required();
   imports->add_option("-o,--output", importLog.output, "Profile file to write")->required();
   imports->add_option("--template", importLog.templateName, "Template file, or a name in the template folder");
-  imports->add_option("--dive", importLog.dive, "One dive of the log, from 1; all if not given")
-      ->check(CLI::PositiveNumber);
+  imports->add_option_function<std::string>(
+      "--dive",
+      [&importLog](const std::string& text) {
+        importLog.dive = WholeNumberOf(text, "--dive", 1, std::numeric_limits<std::int16_t>::max());
+      },
+      "One dive of the log, from 1; all if not given");
   imports->footer(kImportExamples);
   imports->callback([&] { status = ImportCommand(importLog, folders, err); });
 
+  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+  const auto command = [&app] {
+    return app.get_subcommands().empty() ? std::string() : app.get_subcommands().front()->get_name();
+  };
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(std::move(reversed));
@@ -272,9 +287,11 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
     // Help and version are "errors" of status 0 to the library; all others are usage errors.
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
     constexpr int kUsage = 7995;
-    const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-    err << "tavplan: " << texts.Filled(kUsage, {error.what(), "tavplan --help"}) << "\n";
+    const std::string program = command().empty() ? "tavplan" : "tavplan " + command();
+    err << program << ": " << texts.Filled(kUsage, {texts.Words(UsageFault(app, error)), program + " --help"}) << "\n";
     return ExitStatus::kUnusableInput;
+  } catch (const OptionError& error) {
+    return Refused(error, command(), texts, err);
   }
   return status;
 }

@@ -16,14 +16,10 @@ namespace tav {
 namespace {
 
 constexpr int kWithAscent = 7723;
-constexpr int kOutside = 7960;
 
 /// The number of an option, 0 or more.
 Single Wished(const std::string& text, const char* option, Single usual, double most) {
-  if (text.empty()) return usual;
-  const Single number = NumberOf(text, option);
-  if (number >= 0 && number <= most) return number;
-  throw OptionError({kOutside, {option, text, "0", FormatPlain(most)}});
+  return text.empty() ? usual : NumberOf(text, option, 0, most);
 }
 
 /// A plan that can't be computed with the change that was asked for is unusable input; a bail-out that can't be is only

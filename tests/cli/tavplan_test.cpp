@@ -271,6 +271,8 @@ TEST_F(Tavplan, SpeaksTheLanguageOfItsUserToPeopleAndEnglishToPrograms) {
   Run({"plan", "--why", file});
   EXPECT_THAT(Out(), AllOf(HasSubstr("Tauchgang 2 von 2 nach"), HasSubstr("offenes System"), HasSubstr("Stopp"),
                            HasSubstr("Kompartiment"), Not(HasSubstr("*StringID"))));
+  EXPECT_EQ(Run({"plan"}), ExitStatus::kUnusableInput);
+  EXPECT_EQ(Err(), "tavplan plan: FILE fehlt (\"tavplan plan --help\" zeigt die Hilfe)\n");
   EXPECT_EQ(Run({"plan", "/none.tav"}), ExitStatus::kUnusableInput);
   EXPECT_EQ(Err(),
             "/none.tav: kann nicht ge\xC3\xB6"
@@ -308,12 +310,25 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
       {{"new", "--leg", "30:20@EAN200"}, "tavplan new: gas \"EAN200\" is unknown; "},
       {{"new", "--leg", "30:20", "--template", "None"}, "None: can't be opened: "},
       {{"new", "--leg", "30:20", "-o", "/none/a.tav"}, "/none/a.tav: can't be written: "},
-      {{"new"}, "tavplan: --depth and --time, or --leg is required"},
-      {{"new", "--depth", "30"}, "tavplan: --depth requires --time"},
-      {{"plan", "--json", "--csv", broken}, "tavplan: --json excludes --csv"},
-      {{"plan", "--vpm", "--hybrid", broken}, "tavplan: --"},
-      {{"plan"}, "tavplan: FILE is required"},
-      {{"mix", "--have", "21/0@1"}, "tavplan: --want is required"},
+      {{"new"}, "tavplan new: --depth and --time, or --leg, must be given\n"},
+      {{"new", "--depth", "30"},
+       "tavplan new: --depth needs --time as well (\"tavplan new --help\" tells the usage)\n"},
+      {{"plan", "--json", "--csv", broken}, "tavplan plan: --json and --csv exclude each other ("},
+      {{"plan", "--vpm", "--hybrid", broken}, "tavplan plan: --vpm and --hybrid exclude each other ("},
+      {{"plan"}, "tavplan plan: FILE is missing ("},
+      {{"plan", broken, "--jason"}, "tavplan plan: \"--jason\" is not expected ("},
+      {{"plan", "--jason"}, "tavplan plan: \"--jason\" is not expected ("},
+      {{"report", broken, "x.pdf"}, "tavplan report: \"x.pdf\" is not expected ("},
+      {{"report", broken, "--pdf", "a", "--dive"}, "tavplan report: --dive: the value is missing ("},
+      {{"report", broken, "--pdf", "a", "--pdf", "b"}, "tavplan report: --pdf is given more than once ("},
+      {{"plan", "--why=x", broken}, "tavplan plan: --why can't be understood ("},
+      {{"plan", "--turn", "x", broken}, "tavplan plan: --turn: \"x\" must be one of these: all, half, thirds\n"},
+      {{"plan", "--team", "2.5", broken}, "tavplan plan: --team: \"2.5\" must be a whole number from 1 to 9\n"},
+      {{"plan", "--stress", "x", broken}, "tavplan plan: --stress: \"x\" is not a number\n"},
+      {{"whatif", "--sort-out", "31", broken}, "tavplan whatif: --sort-out: \"31\" is outside 0 to 30\n"},
+      {{"import", broken, "-o", "a.tav", "--dive", "0"},
+       "tavplan import: --dive: \"0\" must be a whole number from 1 to 32767\n"},
+      {{"mix", "--have", "21/0@1"}, "tavplan mix: --want is missing ("},
       {{"mix", "--have", "21/0@1", "--want", "32@200"}, "tavplan mix: --want: \"32@200\" must be O2/HE@PRESSURE\n"},
       {{"mix", "--have", "21/@1", "--want", "32/0@200"}, "tavplan mix: --have 21/@1: \"\" is not a number\n"},
       {{"mix", "--have", "60/50@1", "--want", "32/0@200"}, "tavplan mix: --have: \"60/50@1\" has more than 100 %"},
@@ -323,8 +338,9 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
        "tavplan mix: --have 21/0@-1: \"-1\" is outside 0 to 1000\n"},
       {{"mix", "--have", "nan/0@1", "--want", "32/0@0"}, "tavplan mix: --have nan/0@1: \"nan\" is not a number\n"},
       {{"mix", "--have", "21/0@1", "--want", "32/0@0"}, "tavplan mix: --want: \"32/0@0\" has a pressure of 0\n"},
-      {{"dive"}, "tavplan: "},
-      {{}, "tavplan: A subcommand is required"}};
+      {{"dive"}, "tavplan: \"dive\" is not a command (\"tavplan --help\" tells the usage)\n"},
+      {{"--jason"}, "tavplan: \"--jason\" is not expected ("},
+      {{}, "tavplan: a command is missing ("}};
   for (const Refusal& refusal : refusals) {
     EXPECT_EQ(Run(refusal.arguments), ExitStatus::kUnusableInput) << refusal.error;
     const std::string error = Err();
@@ -347,7 +363,12 @@ TEST_F(Tavplan, TellsAPlanThatDoesNotDecompress) {
   EXPECT_EQ(Run({"plan", file}), ExitStatus::kDoesNotDecompress) << Out() << Err();
   EXPECT_THAT(Out(), HasSubstr("! THIS PLAN DOES NOT DECOMPRESS: the stop at 9 m on Air does not clear"));
   EXPECT_EQ(Run({"plan", "--csv", file}), ExitStatus::kDoesNotDecompress);
-  EXPECT_THAT(Err(), HasSubstr(file + ": dive 1: THIS PLAN DOES NOT DECOMPRESS"));
+  EXPECT_THAT(Err(), HasSubstr(file + ": Dive 1: THIS PLAN DOES NOT DECOMPRESS"));
+  const std::string rows = Out();
+  Speak("de_DE.UTF-8");
+  EXPECT_EQ(Run({"plan", "--csv", file}), ExitStatus::kDoesNotDecompress);
+  EXPECT_THAT(Err(), HasSubstr(file + ": Tauchgang 1: DIESER PLAN"));
+  EXPECT_EQ(Out(), rows);
 }
 
 TEST_F(Tavplan, ListsAllFaultsOfTheCheckedFiles) {
@@ -444,6 +465,13 @@ TEST_F(Tavplan, TellsAFillInWords) {
       {"21/0@1", "25/25@10",
        "! Oxygen is off by +7.5 %: the gauge is too coarse for this fill. Helium is off by -4.9 %"},
       {"32/0@150", "32/0@150", "! There is nothing to add.\n"}};
+  // Heads of another length keep their distance.
+  for (const char* locale : {"de_DE.UTF-8", "nl_NL.UTF-8", "fr_FR.UTF-8"}) {
+    Speak(locale);
+    Run({"mix", "--have", "21/0@1", "--want", "32/0@200"});
+    EXPECT_THAT(Out(), testing::ContainsRegex("\n  Ga[sz] +[^ ][^\n]* \\(bar\\)  [^\n]* \\(bar\\)\n"));
+  }
+  Speak("C");
   for (const auto& each : cases) {
     const int status = Run({"mix", "--have", each.have, "--want", each.want});
     EXPECT_THAT(Out(), HasSubstr(each.words));
@@ -465,13 +493,6 @@ TEST_F(Tavplan, TellsItsUsageAndVersion) {
 }
 
 TEST_F(Tavplan, ComparesAPlanWithWhatMayBecomeOfIt) {
-  // Heads of another length keep their distance.
-  for (const char* locale : {"de_DE.UTF-8", "nl_NL.UTF-8", "fr_FR.UTF-8"}) {
-    Speak(locale);
-    Run({"mix", "--have", "21/0@1", "--want", "32/0@200"});
-    EXPECT_THAT(Out(), testing::ContainsRegex("\n  Ga[sz] +[^ ][^\n]* \\(bar\\)  [^\n]* \\(bar\\)\n"));
-  }
-  Speak("C");
   ASSERT_EQ(Run({"whatif", Dive("wreck.tav"), "--longer", "7", "--deeper", "4.5", "--json"}), ExitStatus::kFine)
       << Err();
   const json compared = json::parse(Out());
