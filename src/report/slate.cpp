@@ -237,7 +237,8 @@ std::string Slate::SettingsLine(const DiveTemplate& settings) const {
   };
   std::string line = ModelText(marks_);
   const auto add = [&line](const std::string& part) { line += (line.empty() ? "" : ", ") + part; };
-  if (settings.UseGF) add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
+  const bool vpmAlone = !marks_.ZHL16B && !marks_.ZHL16C;  // gradient factors do nothing to it
+  if (settings.UseGF && !vpmAlone) add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
   if (settings.DepthAdjust) add(T(kDepthsAdjusted));
   if (settings.OpenCircuit) {
     add(T(kOpenCircuit));

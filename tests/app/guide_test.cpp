@@ -60,7 +60,7 @@ std::string Plain(std::string text) {
 
 /// A caption as people name it: without its mnemonic and its dots.
 std::string Named(std::string caption) {
-  caption = std::regex_replace(caption, std::regex("^ +| +$|\\.\\.\\.|:$|&"), "");
+  caption = std::regex_replace(caption, std::regex("^ +| +$|\\.\\.\\.|(\u00A0)?:$|(\u00A0)$|&"), "");
   return caption;
 }
 
