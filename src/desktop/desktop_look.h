@@ -27,10 +27,10 @@ class DesktopLook : public QObject {
   /// There is a session's bus to be asked. Looking for one where there is none may start one.
   static bool HasBus();
 
- private Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers)
+ private Q_SLOTS:
   void SettingChanged(const QDBusMessage& message);
 
- private:
+ private:  // NOLINT(readability-redundant-access-specifiers): those above are slots
   using Settings = QMap<QString, QVariantMap>;
 
   void Read(const Settings& settings);

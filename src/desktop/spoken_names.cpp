@@ -63,7 +63,7 @@ const QLabel* UnitBehind(const QLayout& layout, const QWidget& field, bool& foun
 }
 
 QString NameOf(const QWidget& window, const QWidget& control) {
-  if (const QString own = control.property("spokenName").toString(); !own.isEmpty()) return own;
+  if (QString own = control.property("spokenName").toString(); !own.isEmpty()) return own;
   const QString label = control.property("spokenAs").toString();
   if (const auto* named = label.isEmpty() ? nullptr : window.findChild<const QLabel*>(label))
     return Said(named->text());

@@ -10,16 +10,16 @@ namespace tav {
 namespace {
 
 double Luminance(const QColor& colour) {
-  const auto linear = [](double share) {
+  const auto linear = [](int part) {
+    const double share = part / 255.0;
     return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+  return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
 }
 
 QColor Mixed(const QColor& one, const QColor& other, double share) {
-  const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
-  return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()),
-                          mix(one.blueF(), other.blueF()));
+  const auto mix = [share](int from, int to) { return static_cast<int>(std::lround(from + (to - from) * share)); };
+  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
 }
 
 }  // namespace
