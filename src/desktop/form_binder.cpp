@@ -150,26 +150,28 @@ class FormDialog : public QDialog {
   /// A window is no larger than the screen; what it can't do without then scrolls.
   void FitScreen() {
     const QSize room = screen()->availableSize() - QSize(kFrameWidth, kTitleHeight);
-    const QSize needed = minimumSizeHint();
     QLayoutItem* content = layout() == nullptr ? nullptr : layout()->itemAt(0);
-    const bool scrolls = content != nullptr && qobject_cast<QScrollArea*>(content->widget()) != nullptr;
-    if (content != nullptr && !scrolls && needed.boundedTo(room) != needed) {
+    QWidget* designed = content == nullptr ? nullptr : content->widget();
+    if (designed == nullptr) return;
+    QSize needed = minimumSizeHint();
+    const bool fits = needed.boundedTo(room) == needed;
+    // Lines that wrap need more of them in another language, or in larger letters.
+    if (layout()->hasHeightForWidth()) {
+      const int width = std::min(std::max(size().width(), needed.width()), room.width());
+      needed.setHeight(std::max(needed.height(), layout()->totalHeightForWidth(width)));
+    }
+    const bool scrolls = qobject_cast<QScrollArea*>(designed) != nullptr;
+    if (!scrolls && needed.boundedTo(room) != needed) {
       auto* area = new QScrollArea(this);
       area->setObjectName(QStringLiteral("qt_scroll_area"));
       area->setFrameShape(QFrame::NoFrame);
       area->setWidgetResizable(true);
-      QWidget* designed = content->widget();
       layout()->removeWidget(designed);
+      if (fits) designed->setMinimumHeight(needed.height());  // else the area would make its lines too few
       area->setWidget(designed);
       layout()->addWidget(area);
     }
-    if (isMaximized()) return;
-    QSize wanted = size();
-    // Lines that wrap need more of them in another language, or in larger letters.
-    if (layout() != nullptr && layout()->hasHeightForWidth()) {
-      wanted.setHeight(std::max(wanted.height(), layout()->totalHeightForWidth(wanted.width())));
-    }
-    resize(wanted.boundedTo(room));
+    if (!isMaximized()) resize(size().expandedTo(needed).boundedTo(room));
   }
 
   // Of the window's own frame; what it really is shows only when it stands.
