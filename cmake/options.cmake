@@ -28,9 +28,30 @@ if(TAV_SANITIZE)
   target_link_options(tav_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# tav_precompiled(TARGET HEADER...): headers that are parsed once for all sources of a target.
+function(tav_precompiled target)
+  if(ARGV1 STREQUAL "REUSE_FROM")
+    target_precompile_headers(${target} ${ARGN})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -fpch-preprocess)  # else the compiler's cache passes it over
+  endif()
+endfunction()
+
+# The headers of the standard library that most sources read, parsed once for all folders: half of a small source's time.
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/standard_headers.cpp CONTENT "")
+add_library(tav_standard_headers OBJECT ${CMAKE_BINARY_DIR}/standard_headers.cpp)
+target_link_libraries(tav_standard_headers PRIVATE tav_options)
+set(standard_headers <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional> <span> <string>
+  <string_view> <utility> <vector>)
+tav_precompiled(tav_standard_headers ${standard_headers})
+
 # tav_library(NAME DEPENDENCY...): the static library of the current folder, made of all sources in it.
 function(tav_library name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC tav_options ${ARGN})
+  tav_precompiled(${name} REUSE_FROM tav_standard_headers)
 endfunction()
