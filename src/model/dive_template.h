@@ -77,6 +77,7 @@ struct DiveTemplate {
   bool PPO2High = false;                ///< the high-PPO2 warning is on
   bool MaxEnd = false;                  ///< the END warning is on
   std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
+  std::vector<std::string> Comments;    ///< lines "# Name=value" of names that nothing here knows, kept as they stood
 };
 
 /// The gas that stands first in every list: "Air", 21 / 79 / 0.

@@ -20,7 +20,7 @@ constexpr int kNoRatedPressure = 7897;
 }  // namespace
 
 std::string WriteCylinderLine(const Cylinder& cylinder) {
-  std::string line = std::string(kCylinderLine) + cylinder.Gas + ":";
+  std::string line = cylinder.Gas + ":";
   const auto add = [&](Single number) { line += FormatPadded(number) + "/"; };
   add(static_cast<double>(cylinder.Count));
   add(cylinder.Size);

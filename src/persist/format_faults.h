@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,12 @@ struct FormatFault {
   bool error = false;  ///< the file can't be used; else advice: it can, but says something odd
   Message text;
 };
+
+/// The start of what stands in a file.
+inline std::string Shown(std::string_view text) {
+  constexpr std::size_t kMost = 60;
+  return std::string(text.substr(0, kMost)) + (text.size() > kMost ? "..." : "");
+}
 
 /// What a reader finds wrong. Opening a file stops at the first error, checking it collects all.
 class FormatFaults {

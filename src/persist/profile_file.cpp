@@ -35,9 +35,6 @@ constexpr int kMixNoNumber = 7924;
 constexpr int kKindNoNumber = 7925;
 constexpr int kNoAscentBefore = 7926;
 
-/// The start of what stands in a file.
-std::string Shown(std::string_view text) { return std::string(text.substr(0, 60)); }
-
 class Reader {
  public:
   Reader(std::string_view text, FormatFaults& faults) : lines_(text), faults_(faults) {}

@@ -6,7 +6,7 @@
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "model/tokenizer.h"
-#include "persist/cylinder_line.h"
+#include "persist/comment_lines.h"
 
 namespace tav {
 namespace {
@@ -33,9 +33,6 @@ constexpr int kShouldGiveShares = 7940;
 constexpr int kSumOfShares = 7941;
 constexpr int kNoDepth = 7942;
 constexpr int kNoSuchGas = 7943;
-constexpr int kTooManyCylinders = 7944;
-constexpr int kCylinder = 7945;
-constexpr int kCylinderWithoutGas = 7946;
 
 struct NumberField {
   std::string_view key;
@@ -73,16 +70,10 @@ constexpr FlagField kFlagFields[] = {{"OCDeco", &DiveTemplate::OCDeco},
                                      {"Metric", &DiveTemplate::Metric},
                                      {"DepthAdjust", &DiveTemplate::DepthAdjust}};
 
-/// The start of what stands in a file.
-std::string Shown(std::string_view text) {
-  constexpr std::size_t kMost = 60;
-  return std::string(text.substr(0, kMost)) + (text.size() > kMost ? "..." : "");
-}
-
 class Reader {
  public:
   Reader(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults)
-      : template_(diveTemplate), lines_(lines), faults_(faults) {}
+      : template_(diveTemplate), lines_(lines), faults_(faults), comments_(diveTemplate, faults) {}
 
   KeyLines Run() {
     template_.Blends.assign(1, AirMix());
@@ -96,7 +87,7 @@ class Reader {
       }
       // A comment is told by its first column alone. The end marker is looked for in the untrimmed rest of a line.
       if (line->starts_with('#')) {
-        if (line->starts_with(kCylinderLine)) StoreCylinder(line->substr(kCylinderLine.size()));
+        comments_.Read(*line, lines_.LineNumber());
         continue;
       }
       const std::size_t equals = line->find('=');
@@ -106,7 +97,7 @@ class Reader {
     }
     // Files written before the separate breathing rate of the decompression existed.
     if (template_.DecoRMV == 0) template_.DecoRMV = template_.RMV;
-    AdviseOfCylinders();
+    comments_.Finish();
     return std::move(keyLines_);
   }
 
@@ -247,30 +238,11 @@ class Reader {
     }
   }
 
-  void StoreCylinder(std::string_view value) {
-    if (cylinderLines_.size() == kMostEntries) {
-      faults_.Error(lines_.LineNumber(), kTooManyCylinders);
-      return;
-    }
-    if (cylinderLines_.empty()) template_.Cylinders.clear();
-    cylinderLines_.push_back(lines_.LineNumber());
-    const Message fault = ReadCylinderLine(value, template_.Cylinders.emplace_back());
-    if (!fault.IsEmpty()) faults_.Error(lines_.LineNumber(), {kCylinder, {fault}});
-  }
-
-  void AdviseOfCylinders() {
-    for (std::size_t i = 0; i < cylinderLines_.size(); ++i) {
-      const std::string& gas = template_.Cylinders[i].Gas;
-      if (FindBlend(gas, template_)) continue;
-      faults_.Advise(cylinderLines_[i], {kCylinderWithoutGas, {Shown(gas)}});
-    }
-  }
-
   DiveTemplate& template_;
   LineReader& lines_;
   FormatFaults& faults_;
+  CommentLines comments_;
   std::string_view key_;
-  std::vector<int> cylinderLines_;
   KeyLines keyLines_;
 };
 
@@ -342,7 +314,7 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
   std::string changes = "Change Gas Mixes=";
   for (const GasChange& change : t.ChangeGasMixes) changes += FormatPadded(change.Depth) + ":" + change.Name + ",";
   out.Line(changes);
-  for (const Cylinder& cylinder : t.Cylinders) out.Line(WriteCylinderLine(cylinder));
+  for (const std::string& line : WriteCommentLines(t)) out.Line(line);
   // A value that reads as the end marker would end the block early; behind a blank it is a name like any other.
   out.Line((t.Templatename == kEndMarker ? "Templatename= " : "Templatename=") + t.Templatename);
   out.Line(kEndMarker);

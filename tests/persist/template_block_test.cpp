@@ -203,17 +203,19 @@ TEST(Cylinders, ThatCannotBeAreNamedWithTheirLine) {
     const char* line;
     const char* fault;
   } cases[] = {
-      {"# Cylinder=Air", "3 error: a cylinder: it must be the name of a gas"},
-      {"# Cylinder=Air: two/ 12/ 232/ 50/", "3 error: a cylinder: \"two\" is not a number"},
-      {"# Cylinder=Air: 2/ 12/ 232/", "3 error: a cylinder: \"count/litres/fill/reserve/\" or"},
-      {"# Cylinder=Air: 2/ 12/ 232/ 50", "3 error: a cylinder: \"count/litres/fill/reserve/\" or"},
-      {"# Cylinder=Air: 1/ 80/ 0/ 3000/ 500/", "3 error: a cylinder: the rated pressure must be above 0"},
-      {"# Cylinder=Air: 0/ 12/ 232/ 50/", "3 error: a cylinder: the number of cylinders must be 1 to 99"},
-      {"# Cylinder=Air: 1.5/ 12/ 232/ 50/", "3 error: a cylinder: the number of cylinders must be 1 to 99"},
-      {"# Cylinder=Air: 1/ 0/ 232/ 50/", "3 error: a cylinder: the size of a cylinder must be above 0"},
-      {"# Cylinder=Air: 1/ 12/ 2000/ 50/", "3 error: a cylinder: a fill of 2000 is outside 0 to 1000"},
-      {"# Cylinder=Air: 1/ 12/ -1/ -2/", "3 error: a cylinder: a fill of -1 is outside"},
-      {"# Cylinder=Air: 1/ 12/ 100/ 150/", "3 error: a cylinder: a reserve of 150 is above the fill of 100"},
+      {"# Cylinder=Air", "3 advice: passed over: a cylinder: it must be the name of a gas"},
+      {"# Cylinder=Air: two/ 12/ 232/ 50/", "3 advice: passed over: a cylinder: \"two\" is not a number"},
+      {"# Cylinder=Air: 2/ 12/ 232/", "3 advice: passed over: a cylinder: \"count/litres/fill/reserve/\" or"},
+      {"# Cylinder=Air: 2/ 12/ 232/ 50", "3 advice: passed over: a cylinder: \"count/litres/fill/reserve/\" or"},
+      {"# Cylinder=Air: 1/ 80/ 0/ 3000/ 500/", "3 advice: passed over: a cylinder: the rated pressure must be above 0"},
+      {"# Cylinder=Air: 0/ 12/ 232/ 50/", "3 advice: passed over: a cylinder: the number of cylinders must be 1 to 99"},
+      {"# Cylinder=Air: 1.5/ 12/ 232/ 50/",
+       "3 advice: passed over: a cylinder: the number of cylinders must be 1 to 99"},
+      {"# Cylinder=Air: 1/ 0/ 232/ 50/", "3 advice: passed over: a cylinder: the size of a cylinder must be above 0"},
+      {"# Cylinder=Air: 1/ 12/ 2000/ 50/", "3 advice: passed over: a cylinder: a fill of 2000 is outside 0 to 1000"},
+      {"# Cylinder=Air: 1/ 12/ -1/ -2/", "3 advice: passed over: a cylinder: a fill of -1 is outside"},
+      {"# Cylinder=Air: 1/ 12/ 100/ 150/",
+       "3 advice: passed over: a cylinder: a reserve of 150 is above the fill of 100"},
       {"# Cylinder=EAN36: 1/ 12/ 200/ 50/", "3 advice: a cylinder holds the gas \"EAN36\", which is not in the list"},
       {"#Cylinder=this is a comment like any other", ""},
   };
@@ -222,6 +224,23 @@ TEST(Cylinders, ThatCannotBeAreNamedWithTheirLine) {
     EXPECT_THAT(advice, testing::StartsWith(each.fault));
     EXPECT_EQ(advice.empty(), std::string(each.fault).empty()) << advice;
   }
+}
+
+TEST(CommentLines, ThatNothingHereKnowsAreKeptAndWrittenAgain) {
+  const std::string lines =
+      "# Place=wreck \xC3\xA9, 30 m = deep \r\n# Cylinder=Air: 1/ 12/\r\n# Boat=x\r\n# Place=\r\n";
+  const DiveTemplate t = Read(Block("RMV=20\n# a note\n#Boat=no name\n" + lines));
+  const std::string written = WriteTemplateBlock(t);
+  EXPECT_THAT(written, HasSubstr("Change Gas Mixes=\r\n" + lines + "Templatename="));
+  EXPECT_THAT(written, testing::Not(HasSubstr("note")));
+  EXPECT_EQ(Read(written).Comments, t.Comments);
+  // What a template tells stands in place of what the plan had under that name; a line that is passed over changes
+  // none.
+  DiveTemplate plan = Read(Block("# Cylinder=Air: 1/ 10/ 200/ 20/"), t);
+  EXPECT_EQ(plan.Comments, (std::vector{t.Comments[0], t.Comments[2], t.Comments[3]}));
+  plan = Read(Block("# Cylinder=Air\n# Place=here"), plan);
+  EXPECT_EQ(plan.Cylinders.size(), 1U);
+  EXPECT_EQ(plan.Comments, (std::vector<std::string>{"# Boat=x", "# Cylinder=Air", "# Place=here"}));
 }
 
 TEST(TemplateFile, IsLoadedAsAWholeOrNotAtAll) {

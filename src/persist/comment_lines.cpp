@@ -1,0 +1,110 @@
+#include "persist/comment_lines.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "model/number_text.h"
+#include "persist/cylinder_line.h"
+
+namespace tav {
+namespace {
+
+constexpr int kMostLines = std::numeric_limits<std::int16_t>::max();
+
+// Texts by number.
+constexpr int kCylinder = 7945;
+constexpr int kCylinderWithoutGas = 7946;
+constexpr int kTooManyLines = 8150;
+constexpr int kPassedOver = 8151;
+
+/// A name that this program knows.
+struct KnownLine {
+  std::string_view name;
+  bool changesSchedule;  ///< a wrong line is an error, not passed over
+  /// Takes the value of a line into the record; that of the first line in place of what the record held. Returns why it
+  /// can't be, and leaves the record then as it was.
+  Message (*read)(std::string_view value, bool first, DiveTemplate& diveTemplate);
+  /// The values to write, one for each line.
+  std::vector<std::string> (*values)(const DiveTemplate& diveTemplate);
+};
+
+Message ReadCylinder(std::string_view value, bool first, DiveTemplate& diveTemplate) {
+  Cylinder cylinder;
+  const Message fault = ReadCylinderLine(value, cylinder);
+  if (!fault.IsEmpty()) return {kCylinder, {fault}};
+  if (first) diveTemplate.Cylinders.clear();
+  diveTemplate.Cylinders.push_back(std::move(cylinder));
+  return {};
+}
+
+std::vector<std::string> CylinderValues(const DiveTemplate& diveTemplate) {
+  std::vector<std::string> values;
+  for (const Cylinder& cylinder : diveTemplate.Cylinders) values.push_back(WriteCylinderLine(cylinder));
+  return values;
+}
+
+constexpr std::string_view kCylinders = "Cylinder";
+constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues}};
+
+/// "Name" of "# Name=value"; empty for a comment of another form.
+std::string_view NameOf(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (!line.starts_with("# ") || equals == std::string_view::npos) return {};
+  return TrimBlanks(line.substr(2, equals - 2));
+}
+
+}  // namespace
+
+CommentLines::CommentLines(DiveTemplate& diveTemplate, FormatFaults& faults)
+    : template_(diveTemplate), faults_(faults), before_(std::move(diveTemplate.Comments)) {
+  template_.Comments.clear();
+}
+
+void CommentLines::Read(std::string_view line, int number) {
+  const std::string_view name = NameOf(line);
+  if (name.empty()) return;
+  if (++lines_ > kMostLines) {
+    faults_.Error(number, kTooManyLines);
+    return;
+  }
+  met_.emplace(name);
+  const auto* known = std::ranges::find(kKnownLines, name, &KnownLine::name);
+  if (known == std::end(kKnownLines)) {
+    template_.Comments.emplace_back(line);
+    return;
+  }
+  const Message fault = known->read(line.substr(line.find('=') + 1), !read_.contains(name), template_);
+  if (!fault.IsEmpty()) {
+    if (known->changesSchedule) {
+      faults_.Error(number, fault);
+    } else {
+      faults_.Advise(number, {kPassedOver, {fault}});
+      template_.Comments.emplace_back(line);
+    }
+    return;
+  }
+  read_.emplace(name);
+  if (name == kCylinders) cylinderLines_.push_back(number);
+}
+
+void CommentLines::Finish() {
+  std::erase_if(before_, [&](const std::string& line) { return met_.contains(NameOf(line)); });
+  template_.Comments.insert(template_.Comments.begin(), before_.begin(), before_.end());
+  for (std::size_t i = 0; i < cylinderLines_.size(); ++i) {
+    const std::string& gas = template_.Cylinders[i].Gas;
+    if (!FindBlend(gas, template_)) faults_.Advise(cylinderLines_[i], {kCylinderWithoutGas, {Shown(gas)}});
+  }
+}
+
+std::vector<std::string> WriteCommentLines(const DiveTemplate& diveTemplate) {
+  std::vector<std::string> lines;
+  for (const KnownLine& known : kKnownLines) {
+    for (const std::string& value : known.values(diveTemplate)) {
+      lines.push_back("# " + std::string(known.name) + "=" + value);
+    }
+  }
+  lines.insert(lines.end(), diveTemplate.Comments.begin(), diveTemplate.Comments.end());
+  return lines;
+}
+
+}  // namespace tav
