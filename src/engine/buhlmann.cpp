@@ -52,7 +52,7 @@ void ClassBuhlmann::InitAfterSurfaceInterval(std::int16_t documentIndex, bool us
                                              const Compartments& heLoads, Single surfaceInterval) {
   SetUp(documentIndex, useC);
   loads_ = {heLoads, n2Loads};
-  openCircuit_ = template_->OpenCircuit;
+  openCircuit_ = template_->OpenCircuit || template_->IntervalOnAir;
   ClassProfile sink;
   result_ = &sink;
   ConstantSegment(0, surfaceInterval, template_->StartPressure, true);

@@ -27,7 +27,8 @@ class ClassBuhlmann {
   ClassBuhlmann(DocumentStore& store, const ModelChoice& model, EngineObserver& observer);
 
   /// Start state of a repetitive dive: the loads of the dive before, after `surfaceInterval` minutes at the surface on
-  /// Blends(0) in the template's breathing mode. `useC` takes the C coefficients; the program always uses B.
+  /// Blends(0), on open circuit or, on a rebreather without `IntervalOnAir`, from the loop. `useC` takes the C
+  /// coefficients, else B.
   void InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,
                                 const Compartments& heLoads, Single surfaceInterval);
 

@@ -141,6 +141,7 @@ std::int16_t ClassBuhlmann::DecoGasAt(Single depth) const {
 }
 
 void ClassBuhlmann::ChangeToDecoGas(Single depth) {
+  if (!openCircuit_ && template_->KeepsDiluent) return;
   const std::int16_t mix = DecoGasAt(depth);
   if (mix != -1) currentMix_ = mix;
 }

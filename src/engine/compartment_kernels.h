@@ -29,8 +29,7 @@ struct alignas(32) MValueCoefficients {
   std::array<double, kCompartments> N2B{};
 };
 
-/// The coefficients of ZH-L16 in the units of a template. `useC` takes those of the C table for nitrogen; the program
-/// always uses B.
+/// The coefficients of ZH-L16 in the units of a template. `useC` takes those of the C table for nitrogen, else B.
 MValueCoefficients MValuesOf(bool metric, bool useC);
 
 /// Inspired pressure of each gas, depth units.

@@ -140,8 +140,10 @@ ImportedDives ImportFile(const std::filesystem::path& file, const DiveTemplate& 
   std::string extension = file.extension().string();
   const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   std::transform(extension.begin(), extension.end(), extension.begin(), small);
-  if (extension == kCsvExtension) return ImportCsv(file, text, settings, texts);
-  return ImportUddf(file, std::move(text), settings, dive, texts);
+  DiveTemplate ofNewPlans = settings;
+  SetUpNewPlan(ofNewPlans);
+  if (extension == kCsvExtension) return ImportCsv(file, text, ofNewPlans, texts);
+  return ImportUddf(file, std::move(text), ofNewPlans, dive, texts);
 }
 
 }  // namespace tav

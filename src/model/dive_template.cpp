@@ -28,6 +28,11 @@ void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination) {
   CopyList(source.Blends, before.Blends, destination.Blends);
 }
 
+void SetUpNewPlan(DiveTemplate& diveTemplate) {
+  diveTemplate.KeepsDiluent = true;
+  diveTemplate.IntervalOnAir = true;
+}
+
 std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate) {
   const auto& blends = diveTemplate.Blends;
   const auto found = std::find_if(blends.begin(), blends.end(), [&](const GasMix& mix) { return mix.Name == name; });

@@ -57,6 +57,8 @@ struct DiveTemplate {
   Single Setpoint;                        ///< PPO2 of the rebreather on the dive
   Single DecoSetpoint;                    ///< PPO2 of the rebreather at stops
   bool OCDeco = false;                    ///< a rebreather dive does its stops on open circuit
+  bool KeepsDiluent = false;              ///< `ChangeGasMixes` are for open circuit, not diluents of the loop
+  bool IntervalOnAir = false;             ///< a rebreather's surface interval is spent on air, not on the loop
   Single RMV;                             ///< volume breathed per minute at surface pressure, on the dive
   Single DecoRMV;                         ///< the same during decompression
   Single MinPPO2;                         ///< low limit of the PPO2 warning
@@ -86,6 +88,10 @@ GasMix AirMix();
 /// Copies every field. An empty rate table, gas list or list of gas changes in `source` leaves that list of
 /// `destination` as it was.
 void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination);
+
+/// How a new rebreather plan differs from one in a file that says nothing of it: it keeps its diluent, and its surface
+/// interval is spent on air. It changes nothing for open circuit.
+void SetUpNewPlan(DiveTemplate& diveTemplate);
 
 /// Index of the first blend with exactly that name, if there is one.
 std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate);

@@ -16,6 +16,7 @@ constexpr int kCylinder = 7945;
 constexpr int kCylinderWithoutGas = 7946;
 constexpr int kTooManyLines = 8150;
 constexpr int kPassedOver = 8151;
+constexpr int kOneValue = 8300;
 
 /// A name that this program knows.
 struct KnownLine {
@@ -43,8 +44,34 @@ std::vector<std::string> CylinderValues(const DiveTemplate& diveTemplate) {
   return values;
 }
 
+/// A line that can say one thing of a rebreather, and without which the opposite holds.
+struct OneValueLine {
+  std::string_view name;
+  std::string_view value;
+  bool DiveTemplate::*field;
+};
+constexpr OneValueLine kLoop{"Loop", "diluent", &DiveTemplate::KeepsDiluent};
+constexpr OneValueLine kInterval{"Surface interval", "air", &DiveTemplate::IntervalOnAir};
+
+template <const OneValueLine& Line>
+Message ReadOneValue(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
+  if (TrimBlanks(value) != Line.value) {
+    return {kOneValue, {std::string(Line.name), Shown(TrimBlanks(value)), std::string(Line.value)}};
+  }
+  diveTemplate.*Line.field = true;
+  return {};
+}
+
+template <const OneValueLine& Line>
+std::vector<std::string> OneValue(const DiveTemplate& diveTemplate) {
+  if (diveTemplate.OpenCircuit || !(diveTemplate.*Line.field)) return {};
+  return {std::string(Line.value)};
+}
+
 constexpr std::string_view kCylinders = "Cylinder";
-constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues}};
+constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues},
+                                     {kLoop.name, true, &ReadOneValue<kLoop>, &OneValue<kLoop>},
+                                     {kInterval.name, true, &ReadOneValue<kInterval>, &OneValue<kInterval>}};
 
 /// "Name" of "# Name=value"; empty for a comment of another form.
 std::string_view NameOf(std::string_view line) {

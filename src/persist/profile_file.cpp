@@ -64,6 +64,8 @@ class Reader {
     DiveRecordLines& where = profile_.lines.emplace_back();
     where.block = lines_.LineNumber() + 1;
     where.keys = ReadTemplateBlock(dive.Template, lines_, faults_);
+    // An open-circuit dive has no loop to tell of. Should it be made one on a rebreather, that is a new plan.
+    if (dive.Template.OpenCircuit) SetUpNewPlan(dive.Template);
     if (lines_.Next() != kStartOfProfile) {
       Error({kLineMissing, {std::string(kStartOfProfile)}});
       return false;

@@ -72,14 +72,14 @@ class EngineDoor {
   [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
     auto engine = std::make_unique<ClassBuhlmann>(services_.documents, services_.model, services_.observer);
     if (run_.previousDocument == -1) {
-      engine->Init(run_.document, false);
+      engine->Init(run_.document, services_.model.ZHL16C);
     } else {
       const DocumentState& previous = services_.documents(run_.previousDocument);
       const DocumentState& document = services_.documents(run_.document);
       const auto carried = [&](const Compartments& loads) {
         return InUnits(loads, previous.Template.Metric, document.Template.Metric);
       };
-      engine->InitAfterSurfaceInterval(run_.document, false, carried(previous.N2Compartments),
+      engine->InitAfterSurfaceInterval(run_.document, services_.model.ZHL16C, carried(previous.N2Compartments),
                                        carried(previous.HeCompartments), document.SurfaceInterval);
     }
     return engine;

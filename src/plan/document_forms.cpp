@@ -1,6 +1,5 @@
 #include "plan/document_forms.h"
 
-#include "engine/oxygen_dose.h"
 #include "plan/captions.h"
 
 namespace tav {
@@ -24,6 +23,7 @@ std::int16_t DocumentForms::LoadNewDoc() {
   const std::int16_t number = NewDocument();
   DocumentState& document = services_.documents(number);
   CopyDiveTemplate(services_.documents(DocumentStore::DefaultDocument).Template, document.Template);
+  SetUpNewPlan(document.Template);
   document.TemplateTitle = document.Template.Templatename;
   document.ProfileName = UntitledName(services_.texts, number);
   frmWaypointEditor& window = (*this)(number);
@@ -36,23 +36,21 @@ std::int16_t DocumentForms::LoadNewDoc() {
   return number;
 }
 
-std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval) {
+std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir) {
   const std::int16_t number = NewDocument();
   DocumentState& document = services_.documents(number);
   const DocumentState& before = services_.documents(previous);
   CopyDiveTemplate(before.Template, document.Template);
+  document.Template.IntervalOnAir = intervalOnAir;
   document.TemplateTitle = before.Template.Templatename;
   document.ProfileName = before.ProfileName;
   document.ProfileFolder = before.ProfileFolder;
   document.SurfaceInterval = surfaceInterval;
-  document.StartCNS = CNSAfterSurfaceInterval(before.TotalCNS, surfaceInterval);
-  document.StartOTU = before.TotalOTU;
-  document.TotalCNS = document.StartCNS;
-  document.TotalOTU = document.StartOTU;
   document.PreviousDocument = previous;
   frmWaypointEditor& window = (*this)(number);
   window.SetTemplate();
   window.setPrevNext(previous, -1);
+  window.CarryDoses();
   window.setNullWaypoint();
   (*this)(previous).setNext(number);
   services_.display.ShowRepetitiveIcon(number);

@@ -26,8 +26,9 @@ class DocumentForms {
   std::int16_t LoadNewDoc();
 
   /// Adds a repetitive dive behind `previous`, which must be one that CanBeFollowed, after a surface interval in
-  /// minutes. The new plan is empty and has a copy of the template. Returns its number.
-  std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval);
+  /// minutes, on air or, on a rebreather, from the loop. The new plan is empty and has a copy of the template. Returns
+  /// its number.
+  std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir = true);
 
   /// The caption of a document by its place in its series.
   [[nodiscard]] std::string Caption(std::int16_t document);

@@ -1,6 +1,5 @@
 #include "plan/profile_commands.h"
 
-#include "engine/oxygen_dose.h"
 #include "model/path_text.h"
 #include "plan/captions.h"
 
@@ -14,8 +13,6 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
                                       const ProfileText& profile, const std::function<void(std::int16_t)>& computed) {
   const PlanServices& services = forms.Services();
   std::vector<std::int16_t> opened;
-  Single carriedOTU = 0;
-  Single carriedCNS = 0;
   for (const DiveRecord& dive : profile.dives) {
     const std::int16_t number = forms.NewDocument();
     DocumentState& document = services.documents(number);
@@ -25,10 +22,6 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
     document.TemplateTitle = document.ProfileName;
     document.SurfaceInterval = dive.SurfaceInterval;
-    document.StartOTU = carriedOTU;
-    document.StartCNS = CNSAfterSurfaceInterval(carriedCNS, dive.SurfaceInterval);
-    document.TotalOTU = document.StartOTU;
-    document.TotalCNS = document.StartCNS;
     services.display.ShowCaption(number, DocumentCaption(services.texts, document));
 
     frmWaypointEditor& window = forms(number);
@@ -42,8 +35,6 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
       services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
     }
     window.ReEvaluateUserEnteredWaypoints();
-    carriedCNS = document.TotalCNS;
-    carriedOTU = document.TotalOTU;
     opened.push_back(number);
     if (computed) computed(number);
   }

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "engine/oxygen_dose.h"
 #include "model/numbers.h"
 #include "model/template_faults.h"
 #include "model/units.h"
@@ -59,12 +60,25 @@ std::optional<std::int16_t> frmWaypointEditor::LegAt(std::int16_t row) const {
 
 void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
 
+void frmWaypointEditor::CarryDoses() {
+  DocumentState& document = Document();
+  document.StartCNS = 0;
+  document.StartOTU = 0;
+  if (PrevProfile != -1) {
+    const DocumentState& before = Services().documents(PrevProfile);
+    document.StartCNS = CNSAfterSurfaceInterval(before.TotalCNS, document.SurfaceInterval);
+    document.StartOTU = before.TotalOTU;
+  }
+  document.TotalCNS = document.StartCNS;
+  document.TotalOTU = document.StartOTU;
+}
+
 void frmWaypointEditor::setNullWaypoint() {
   const DocumentState& document = Document();
   Waypoint& start = InputProfile.Row(0);
   start.PPO2 = document.Template.EndPressure * start.GasMixO2 / 100;
-  start.CNS = PrevProfile != -1 ? document.StartCNS : Single(0);
-  start.OTU = PrevProfile != -1 ? document.StartOTU : Single(0);
+  start.CNS = document.StartCNS;
+  start.OTU = document.StartOTU;
 }
 
 void frmWaypointEditor::SaveUserEnteredWaypoints(Single duration, Single depth, std::int16_t mix, bool isAscent) {
@@ -126,6 +140,7 @@ void frmWaypointEditor::Compute() {
   InputProfile.clear();
   resultProfile_.clear();
   actionResults_.assign(1, {});
+  CarryDoses();
   setNullWaypoint();
   Document().Decompresses = true;
   editState_ = EditState::Empty;

@@ -74,6 +74,9 @@ class frmWaypointEditor {
   /// Puts the window back to its start values, for a slot that is used again.
   void Form_Load();
   void SetTemplate();
+  /// Takes the oxygen doses that the dive starts with from the dive before, as its last run left them, after the
+  /// surface interval; a first dive has none. They are the totals until this dive has an ascent.
+  void CarryDoses();
   /// Fills the computed fields of row 0: PPO2, and the oxygen doses of a repetitive dive.
   void setNullWaypoint();
   /// Appends an action: a leg (minutes, depth, mix number) or an ascent command. Throws std::length_error when full.

@@ -16,8 +16,9 @@ using test::RandomPlan;
 class Laws : public testing::Test {
  protected:
   /// Computes a plan in a fresh document and returns its window.
-  frmWaypointEditor& Compute(const RandomPlan& plan) {
+  frmWaypointEditor& Compute(const RandomPlan& plan, const ModelChoice& model = {}) {
     plans_.emplace_back(std::make_unique<test::Plans>());
+    plans_.back()->model = model;
     frmWaypointEditor& window = plans_.back()->New([&](DiveTemplate& t) { t = plan.settings; });
     window.UserActions = plan.actions;
     window.ReEvaluateUserEnteredWaypoints();
@@ -96,6 +97,26 @@ TEST_F(Laws, LowerGradientFactorsDoNotShortenTheAscent) {
     ASSERT_GE(strict.minutes + 1 + strict.stops, liberal.minutes) << File(plan);
     Reset();
   }
+}
+
+// The C table lets compartments 5 to 15 hold less nitrogen.
+TEST_F(Laws, TheTableCDoesNotShortenTheAscentAndChangesNothingOfVPM) {
+  std::mt19937 random(5);
+  double longer = 0;
+  for (int n = 0; n < 500; ++n) {
+    const RandomPlan plan = MakePlan(random);
+    for (const bool hybrid : {false, true}) {
+      const Ascent b = AscentOf(Compute(plan, {false, hybrid, false}));
+      const Ascent c = AscentOf(Compute(plan, {false, hybrid, true}));
+      ASSERT_GE(c.minutes + 1 + c.stops, b.minutes) << File(plan);
+      longer += c.minutes - b.minutes;
+    }
+    ASSERT_EQ(AscentOf(Compute(plan, {true, false, true})).minutes,
+              AscentOf(Compute(plan, {true, false, false})).minutes)
+        << File(plan);
+    Reset();
+  }
+  EXPECT_GT(longer, 500);
 }
 
 TEST_F(Laws, ALevelLegMayBeCutInTwo) {

@@ -90,6 +90,8 @@ TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
       {"# Metric=1", [](const auto& t) { return !t.Metric; }},
       {" # note", [](const auto& t) { return !t.Metric; }, "\"# note\" is not a key"},
       {"CeilingOverride= 1", [](const auto& t) { return !t.CeilingOverride; }},
+      {"# Loop=diluent", [](const auto& t) { return t.KeepsDiluent && !t.IntervalOnAir; }},
+      {"#  Surface interval = air \t", [](const auto& t) { return !t.KeepsDiluent && t.IntervalOnAir; }},
       {"TimeToHeight=2.5", [](const auto& t) { return t.TimeToHeight == 2; }},
       {"GF=0,.8,.3", [](const auto& t) { return !t.UseGF && t.GFHigh == Single(.8) && t.GFLow == Single(.3); }},
       {"GF=1,.3,.8", [](const auto& t) { return t.UseGF; }, "the high one stands first"},
@@ -161,6 +163,8 @@ TEST(TemplateBlock, RefusesWhatItCannotReadAndNamesTheLine) {
                              {Block("TimeToHeight=32768"), 2, "must fit 16 bits"},
                              {Block("Change Gas Mixes=deep:Air,"), 2, "must give a depth before \":\""},
                              {Block("Change Gas Mixes=1e39:Air,"), 2, "too large"},
+                             {Block("RMV=1\n# Loop=EAN50"), 3, "\"# Loop=EAN50\" is not understood"},
+                             {Block("# Surface interval="), 2, "\"# Surface interval=\" is not understood"},
                              {Block(many), 2, "more than 32,767 entries"},
                              {Block(gases), 32769, "more than 32,767 times"}};
   for (const FaultCase& fault : cases) {

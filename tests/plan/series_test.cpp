@@ -14,16 +14,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-/// Run times and loads, without the oxygen doses, which keep what a dive started with.
-std::string Tissues(const frmWaypointEditor& window) {
-  std::string text;
-  for (std::int16_t i = 0; i <= window.InputProfile.GetLength(); ++i) {
-    Waypoint row = window.InputProfile.Row(i);
-    row.CNS = row.OTU = row.TotalCNS = row.TotalOTU = 0;
-    text += test::RowText(row);
-  }
-  return text;
-}
+std::string Rows(const frmWaypointEditor& window) { return test::RowsText(window.InputProfile); }
 
 /// Three dives with their ascents, 90 and 45 minutes apart.
 class Series : public testing::Test {
@@ -73,10 +64,9 @@ TEST_F(Series, CarriesOxygenDosesOverTheInterval) {
 }
 
 TEST_F(Series, IsTheSameAfterOpeningItsFile) {
-  const auto rows = [](const frmWaypointEditor& window) { return test::RowsText(window.InputProfile); };
-  EXPECT_THAT(Opened(rows), ElementsAre(rows(first_), rows(second_), rows(third_)));
+  EXPECT_THAT(Opened(Rows), ElementsAre(Rows(first_), Rows(second_), Rows(third_)));
   first_.ReEvaluateUserEnteredWaypoints();
-  EXPECT_THAT(Opened(rows), ElementsAre(rows(first_), rows(second_), rows(third_))) << "evaluated twice";
+  EXPECT_THAT(Opened(Rows), ElementsAre(Rows(first_), Rows(second_), Rows(third_))) << "evaluated twice";
 }
 
 // No-stop dives: a stop row tells whole minutes, so a replay of one holds it longer than the ascent did.
@@ -106,7 +96,7 @@ TEST_F(Series, CarriesTheLoadsOverIntoOtherUnits) {
 }
 
 TEST_F(Series, RecomputesLaterDivesWhenAnEarlierOneChanges) {
-  const std::string before = Tissues(third_);
+  const std::string before = Rows(third_);
   first_.mnucleardecopoints();
   EXPECT_EQ(second_.EvaluationFault(), "*StringID 7885*");
   EXPECT_EQ(third_.EvaluationFault(), "*StringID 7885*");
@@ -114,8 +104,8 @@ TEST_F(Series, RecomputesLaterDivesWhenAnEarlierOneChanges) {
   plans_.display.told.clear();
   Dived(first_, 30, 40);
   EXPECT_THAT(plans_.display.told, Contains("redraw 3: "));
-  EXPECT_THAT(Opened(Tissues), ElementsAre(Tissues(first_), Tissues(second_), Tissues(third_)));
-  EXPECT_NE(Tissues(third_), before);
+  EXPECT_THAT(Opened(Rows), ElementsAre(Rows(first_), Rows(second_), Rows(third_))) << "loads and oxygen doses";
+  EXPECT_NE(Rows(third_), before);
 
   third_.mnucleardecopoints();
   EXPECT_TRUE(plans_.display.ascent);
@@ -125,7 +115,7 @@ TEST_F(Series, RecomputesLaterDivesWhenAnEarlierOneChanges) {
 }
 
 TEST_F(Series, ClosesTheGapThatADiveLeaves) {
-  const std::string before = Tissues(third_);
+  const std::string before = Rows(third_);
   EXPECT_TRUE(second_.Form_QueryUnload(true, nullptr));
   plans_.forms.Unload(second_.Tag());
   EXPECT_EQ(first_.NextProfile, third_.Tag());
@@ -133,8 +123,8 @@ TEST_F(Series, ClosesTheGapThatADiveLeaves) {
   EXPECT_EQ(Document(third_).PreviousDocument, first_.Tag());
   EXPECT_EQ(third_.DiveNumber, 2);
   EXPECT_THAT(plans_.display.told, Contains(testing::StartsWith("caption 3: *StringID 1060*1*StringID 3013*:2")));
-  EXPECT_THAT(Opened(Tissues), ElementsAre(Tissues(first_), Tissues(third_)));
-  EXPECT_NE(Tissues(third_), before);
+  EXPECT_THAT(Opened(Rows), ElementsAre(Rows(first_), Rows(third_)));
+  EXPECT_NE(Rows(third_), before);
 
   const std::int16_t reused = plans_.forms.LoadNewDoc();
   EXPECT_EQ(reused, second_.Tag());
@@ -144,10 +134,10 @@ TEST_F(Series, ClosesTheGapThatADiveLeaves) {
 }
 
 TEST_F(Series, LosesItsLastDiveAlone) {
-  const std::string before = Tissues(second_);
+  const std::string before = Rows(second_);
   EXPECT_TRUE(third_.Form_QueryUnload(true, nullptr));
   EXPECT_EQ(second_.NextProfile, -1);
-  EXPECT_EQ(Tissues(second_), before);
+  EXPECT_EQ(Rows(second_), before);
   second_.Form_Activate();
   EXPECT_TRUE(plans_.display.surfaceInterval);
   first_.Form_Activate();

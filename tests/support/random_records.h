@@ -39,8 +39,9 @@ inline DiveTemplate RandomTemplate(std::mt19937& random) {
         &t.DecoSetpoint, &t.RMV, &t.DecoRMV, &t.MinPPO2, &t.MaxPPO2, &t.DecoPPO2, &t.MaximalEND, &t.GFHigh, &t.GFLow}) {
     *number = RandomSingle(random);
   }
-  for (bool* flag : {&t.AdeptedToHeight, &t.Metric, &t.OpenCircuit, &t.OCDeco, &t.O2Narcotic, &t.AutoDecoGas,
-                     &t.CeilingOverride, &t.UseGF, &t.DepthAdjust, &t.PPO2Low, &t.PPO2High, &t.MaxEnd}) {
+  for (bool* flag :
+       {&t.AdeptedToHeight, &t.Metric, &t.OpenCircuit, &t.OCDeco, &t.KeepsDiluent, &t.IntervalOnAir, &t.O2Narcotic,
+        &t.AutoDecoGas, &t.CeilingOverride, &t.UseGF, &t.DepthAdjust, &t.PPO2Low, &t.PPO2High, &t.MaxEnd}) {
     *flag = random() % 2 == 0;
   }
   t.TimeToHeight = static_cast<std::int16_t>(random());
