@@ -10,19 +10,21 @@ namespace tav {
 
 /// A computed dive as the advice reads it. What it refers to outlives it and is not changed meanwhile.
 struct CheckedDive {
-  CheckedDive(const frmWaypointEditor& plan, const DocumentState& document, const ModelChoice& modelChoice)
+  CheckedDive(const frmWaypointEditor& plan, const DocumentState& document)
       : window(plan),
         rows(plan.LoadedProfile()),
         settings(document.Template),
+        surfaceInterval(document.SurfaceInterval),
         decompresses(document.Decompresses),
-        model(modelChoice),
+        model(plan.EvaluatedWith()),
         lastUserRow(LastUserRow(rows)) {}
 
   const frmWaypointEditor& window;
   const ClassProfile& rows;  ///< with the loads
   const DiveTemplate& settings;
+  Single surfaceInterval;  ///< minutes, ahead of a repetitive dive
   bool decompresses;
-  ModelChoice model;
+  ModelChoice model;         ///< that made the rows, whichever is chosen now
   std::int16_t lastUserRow;  ///< the computed ascent follows
 
   /// One row back; 0 for the start row itself.

@@ -25,7 +25,9 @@ enum class Rule {
   Setpoint,          ///< a setpoint that the depth can't give
   LegLengthened,     ///< the move takes longer than the leg
   LegAtSurface,
-  GasShort,  ///< the cylinders don't hold what is needed
+  GasShort,        ///< the cylinders don't hold what is needed
+  IntervalOnLoop,  ///< a surface interval that is reckoned on the loop
+  LoopChanges,     ///< the loop takes the gases of the change list as diluents
 };
 
 /// "hypoxic", "hyperoxic", ...: the name of a rule in files for scripts. It never changes.

@@ -104,7 +104,8 @@ class Legs {
         rows_(window_.InputProfile),
         choice_(choice),
         services_(forms.Services()),
-        quiet_{services_.documents, services_.model, observer_, services_.display, services_.boxes, services_.texts},
+        model_(window_.EvaluatedWith()),
+        quiet_{services_.documents, model_, observer_, services_.display, services_.boxes, services_.texts},
         run_(quiet_, state_, window_.PrevProfile == -1 ? nullptr : &services_.documents(window_.PrevProfile)) {}
 
   std::vector<LegSupply> All() {
@@ -172,6 +173,7 @@ class Legs {
   const ClassProfile& rows_;
   const SupplyChoice& choice_;
   const PlanServices& services_;
+  ModelChoice model_;        // that made the rows, whichever is chosen now
   EngineObserver observer_;  // the ways up warn nobody
   PlanServices quiet_;
   ScratchRun run_;

@@ -71,7 +71,7 @@ class Legs {
     const double surface = t.EndPressure * DepthPerPressure(t.Metric);
     const double bubbles = kernels.LargestLoad(loads) - VPMGradient(deepest_, t.EndPressure, t.Metric) - surface;
     const double table =
-        dive_.model.VPMMode ? 0 : kernels.DeepestCeiling(loads, MValuesOf(t.Metric, false), 1.0, surface);
+        dive_.model.VPMMode ? 0 : kernels.DeepestCeiling(loads, MValuesOf(t.Metric, dive_.model.ZHL16C), 1.0, surface);
     return std::max({bubbles, table, 0.0});
   }
 

@@ -33,6 +33,9 @@ void CheckChanges(const Context& context);
 /// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
 void CheckLegs(const Context& context);
 
+/// `IntervalOnLoop`, `LoopChanges` (loop_findings.cpp).
+void CheckLoop(const Context& context);
+
 /// `GasShort` (supply_findings.cpp).
 void CheckSupply(const Context& context, const GasSupply& supply);
 

@@ -5,6 +5,7 @@
 #include "engine/leading_compartment.h"
 #include "engine/vpm.h"
 #include "engine/zhl16.h"
+#include "plan/model_name.h"
 
 namespace tav {
 namespace {
@@ -25,7 +26,7 @@ Single NextStop(const ClassProfile& rows, std::int16_t stop) {
 std::vector<StopReason> StopReasons(const CheckedDive& dive) {
   const DiveTemplate& t = dive.settings;
   const double perPressure = DepthPerPressure(t.Metric);
-  const MValueCoefficients mValues = MValuesOf(t.Metric, false);
+  const MValueCoefficients mValues = MValuesOf(t.Metric, dive.model.ZHL16C);
   Single deepest = 0;
   for (std::int16_t i = 1; i <= dive.lastUserRow; ++i) deepest = std::max(deepest, dive.rows.getDepth(i));
   const Single gradient = VPMGradient(deepest, t.EndPressure, t.Metric);
@@ -36,6 +37,7 @@ std::vector<StopReason> StopReasons(const CheckedDive& dive) {
     StopReason& reason = reasons.emplace_back();
     reason.row = i;
     reason.nextStop = NextStop(dive.rows, i);
+    reason.ZHL16C = dive.model.ZHL16C;
     reason.bubbles = row.ModelControl == ModelMarker::kVPM;
     reason.GF = reason.bubbles ? Single(1.0) : row.GF;
     const Loads loads{row.HeCompartments, row.N2Compartments};
@@ -51,7 +53,7 @@ std::vector<StopReason> StopReasons(const CheckedDive& dive) {
   return reasons;
 }
 
-const char* ModelOf(const StopReason& reason) { return reason.bubbles ? "VPM" : "ZH-L16B"; }
+std::string ModelOf(const StopReason& reason) { return ModelName({reason.bubbles, false, reason.ZHL16C}); }
 
 std::string TextOf(const StopReason& reason, const AdviceWords& words) {
   const bool withGF = !reason.bubbles && reason.GF != 1.0;

@@ -21,6 +21,7 @@ struct StopReason {
   Single nextStop;       ///< depth; 0 for the surface
   Single GF;             ///< gradient factor in force, a fraction; 1 where none is used or the bubble model decided
   bool bubbles = false;  ///< the bubble model decided, else ZH-L16
+  bool ZHL16C = false;   ///< with the C coefficients
 };
 
 /// One for each stop of the computed ascent, in order.
@@ -29,7 +30,7 @@ std::vector<StopReason> StopReasons(const CheckedDive& dive);
 /// The reason as a sentence.
 std::string TextOf(const StopReason& reason, const AdviceWords& words);
 
-/// "ZH-L16B" or "VPM": the model that decided.
-const char* ModelOf(const StopReason& reason);
+/// "ZH-L16B", "ZH-L16C" or "VPM": the model that decided.
+std::string ModelOf(const StopReason& reason);
 
 }  // namespace tav

@@ -82,8 +82,7 @@ void frmMain::mnuVPM_Click() {
   const bool on = !mnuVPM.Checked;
   mnuVPM.Checked = on;
   services_.model.VPMMode = on;
-  mnuBulhmannB.Checked = !on;
-  mnuBulhmannC.Checked = false;
+  MarkTable(!on, false);
   if (on) {
     mnuHybrid.Checked = false;
     services_.model.HybridMode = false;
@@ -97,9 +96,14 @@ void frmMain::mnuHybrid_Click() {
   if (on && mnuVPM.Checked) {
     mnuVPM.Checked = false;
     services_.model.VPMMode = false;
-    mnuBulhmannB.Checked = true;
-    mnuBulhmannC.Checked = false;
+    MarkTable(true, false);
   }
+}
+
+void frmMain::MarkTable(bool b, bool c) {
+  mnuBulhmannB.Checked = b;
+  mnuBulhmannC.Checked = c;
+  services_.model.ZHL16C = c;
 }
 
 void frmMain::StartAscent() {
@@ -230,14 +234,8 @@ void frmMain::WirePlanCommands() {
     DocumentActivated();
   };
   mnuAddWaypoint.Click = mnuPopupAddWaypoint.Click = [this] { AddWaypoint(); };
-  mnuBulhmannB.Click = [this] {
-    mnuBulhmannB.Checked = true;
-    mnuBulhmannC.Checked = false;
-  };
-  mnuBulhmannC.Click = [this] {
-    mnuBulhmannC.Checked = true;
-    mnuBulhmannB.Checked = false;
-  };
+  mnuBulhmannB.Click = [this] { MarkTable(true, false); };
+  mnuBulhmannC.Click = [this] { MarkTable(false, true); };
   mnuVPM.Click = [this] { mnuVPM_Click(); };
   mnuHybrid.Click = [this] { mnuHybrid_Click(); };
   mnuConservatism.Click = ShowConservatism.Click = Tool(5).Click = [this] { ShowConservatism_Click(); };

@@ -226,6 +226,8 @@ class frmMain : public Form {
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
   void mnuHybrid_Click();
+  /// Marks the tables of ZH-L16; the next evaluations take that of the mark.
+  void MarkTable(bool b, bool c);
   void ShowHelp(HelpViewer::Page page);
   void ExportGraph(bool svg);
   void LoadTemplateFrom(const std::filesystem::path& file);

@@ -2,6 +2,7 @@
 
 #include "app/user_texts.h"
 #include "cli/commands.h"
+#include "model/number_text.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 
@@ -11,6 +12,8 @@ namespace {
 // Texts by number.
 constexpr int kAdvice = 7955;
 constexpr int kNoFaults = 7956;
+constexpr int kLoopTakesChanges = 8311;
+constexpr int kIntervalOnLoop = 8312;
 
 bool IsTemplate(const std::string& file, const std::string& text) {
   if (file.ends_with(kTemplateExtension)) return true;
@@ -24,10 +27,21 @@ void CheckTemplate(const std::string& text, FormatFaults& faults) {
   ReportTemplateFaults(diveTemplate, keys, 1, faults);
 }
 
+/// How a rebreather dive whose file says nothing of it is computed.
+void AdviseOfLoop(const DiveRecord& dive, bool repetitive, int line, FormatFaults& faults) {
+  const DiveTemplate& settings = dive.Template;
+  if (settings.OpenCircuit) return;
+  if (!settings.KeepsDiluent && !settings.ChangeGasMixes.empty()) faults.Advise(line, kLoopTakesChanges);
+  if (repetitive && !settings.IntervalOnAir) {
+    faults.Advise(line, {kIntervalOnLoop, {FormatPlain(dive.SurfaceInterval)}});
+  }
+}
+
 void CheckProfile(const std::string& text, FormatFaults& faults) {
   const ProfileText profile = ReadProfileText(text, faults);
   for (std::size_t i = 0; i < profile.dives.size(); ++i) {
     ReportTemplateFaults(profile.dives[i].Template, profile.lines[i].keys, profile.lines[i].block, faults);
+    AdviseOfLoop(profile.dives[i], i > 0, profile.lines[i].block, faults);
   }
   ReportSeriesFaults(profile, faults);
 }

@@ -6,6 +6,7 @@
 
 #include "advice/supply_choice.h"
 #include "app/program_folders.h"
+#include "engine/model_choice.h"
 
 /// The commands of tavplan. Each writes its result to `out`, its errors as lines "FILE:LINE: REASON" to `err`, and
 /// returns the exit status.
@@ -23,9 +24,12 @@ struct OutputOptions {
   OutputForm form = OutputForm::Slate;
   bool vpm = false;
   bool hybrid = false;
+  bool zhl16c = false;
   bool why = false;     ///< tell why each stop lasts as long as it does
   std::string phi;      ///< trace file; empty for none
   SupplyChoice supply;  ///< how the gas for the way up is reckoned
+
+  [[nodiscard]] ModelChoice Model() const { return {vpm, hybrid, zhl16c}; }
 };
 
 /// Prints the schedules of profile files.

@@ -3,6 +3,7 @@
 #include "cli/computed_dive.h"
 #include "cli/terminal_text.h"
 #include "model/number_text.h"
+#include "report/loop_state.h"
 #include "report/schedule.h"
 
 namespace tav {
@@ -67,6 +68,7 @@ class Slate {
       text += ", " + T(kRebreather, {FormatFixed(template_.Setpoint, 2) + "/" + FormatFixed(template_.DecoSetpoint, 2) +
                                      PressureUnit()});
       if (template_.OCDeco) text += ", " + T(kStopsOnOpenCircuit);
+      text += ", " + LoopState(template_, dive_.number > 1, texts_);
     }
     const std::string start = Place(template_.StartAltitude, template_.StartPressure);
     text += ", " + (template_.AdeptedToHeight ? start : T(kNotAdapted, {start}));

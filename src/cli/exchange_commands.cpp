@@ -31,7 +31,7 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
   try {
     RefuseOwnInput(options.file, options.uddf);
     PlanSession session(texts);
-    session.Model() = {model.vpm, model.hybrid};
+    session.Model() = model.Model();
     const auto documents =
         ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file)));
     bool decompress = true;

@@ -19,7 +19,7 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
   const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
   try {
     PlanSession session(texts);
-    session.Model() = {options.vpm, options.hybrid};
+    session.Model() = options.Model();
     const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
     const auto chosen = ChosenDives(report.dive, documents);
     bool decompress = true;
@@ -29,7 +29,7 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
-    const ModelMarks marks{!options.vpm, false, options.hybrid, options.vpm};
+    const ModelMarks marks{!options.vpm && !options.zhl16c, options.zhl16c, options.hybrid, options.vpm};
     const bool wholeSeries = chosen.size() > 1;
     if (report.slate) {
       Slate slate(output.Pages(), marks);

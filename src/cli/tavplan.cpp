@@ -19,6 +19,7 @@ void AddModelOptions(CLI::App& command, OutputOptions& options) {
   auto* vpm = command.add_flag("--vpm", options.vpm, "Use the bubble model (VPM) for the ceiling");
   auto* hybrid = command.add_flag("--hybrid", options.hybrid, "Use the deeper of both ceilings, ZH-L16 and VPM");
   vpm->excludes(hybrid);
+  vpm->excludes(command.add_flag("--zhl16c", options.zhl16c, "Use the C coefficients of ZH-L16 in place of B"));
 }
 
 TurnRule TurnRuleOf(const std::string& text) {

@@ -79,7 +79,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
     const AdviceWords words(texts, {".", ""}, metric);
     if (!whatIf.pdf.empty()) {
       PageOutput pdf(folders, whatIf.pdf);
-      Slate slate(pdf.Pages(), {!options.vpm, false, options.hybrid, options.vpm});
+      Slate slate(pdf.Pages(), {!options.vpm && !options.zhl16c, options.zhl16c, options.hybrid, options.vpm});
       WriteSlates({slate, session.Forms(), texts, {".", ""}, options.supply}, document, columns, wish);
       pdf.WritePdf(std::filesystem::path(whatIf.file).stem().string());
     }

@@ -52,7 +52,7 @@ void frmCheckPane::Check(std::optional<std::int16_t> document) {
     fault = forms(*document).EvaluationFault();
     if (fault.empty()) {
       const GasSupply supply = SupplyOf(forms, *document, ReadSupplyChoice(platform_.settings));
-      findings = CheckPlan({forms(*document), state, forms.Services().model},
+      findings = CheckPlan({forms(*document), state},
                            AdviceWords(texts_, platform_.separators, state.Template.Metric), supply);
     }
   }

@@ -11,6 +11,7 @@ constexpr int kOK = 1610;
 constexpr int kHoursFault = 3027;
 constexpr int kMinutesFault = 3028;
 constexpr int kCannotAdd = 7100;
+constexpr int kIntervalOnAir = 8306;
 
 }  // namespace
 
@@ -30,6 +31,9 @@ void frmMultiLevel::Form_Load() {
   Label2.Caption = T(kMinutes);
   Command1.Caption = T(kCancel);
   Command2.Caption = T(kOK);
+  cbIntervalOnAir.Caption = T(kIntervalOnAir);
+  cbIntervalOnAir.Value = true;
+  cbIntervalOnAir.Visible = dive_ && !services_.Documents()(dive_->Number()).Template.OpenCircuit;
   tbHours.Text = "0";
   tbMinutes.Text = "0";
   tbHours.SelectAll();
@@ -58,7 +62,7 @@ void frmMultiLevel::Command2_Click() {
     Box(T(kCannotAdd), T(kTitle), BoxIcon::Stop);
     return;
   }
-  services_.forms.AddRepetitiveDive(dive_->Number(), interval);
+  services_.forms.AddRepetitiveDive(dive_->Number(), interval, cbIntervalOnAir.Value);
   Unload();
 }
 

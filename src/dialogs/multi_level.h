@@ -19,8 +19,9 @@ class frmMultiLevel : public DialogForm {
   TextBox tbHours{*this, "tbHours"};
   Label Label2{*this, "Label2"};
   TextBox tbMinutes{*this, "tbMinutes"};
-  Button Command1{*this, "Command1"};  ///< cancel
-  Button Command2{*this, "Command2"};  ///< OK
+  CheckBox cbIntervalOnAir{*this, "cbIntervalOnAir"};  ///< on a rebreather
+  Button Command1{*this, "Command1"};                  ///< cancel
+  Button Command2{*this, "Command2"};                  ///< OK
 
   void Command2_Click();
 

@@ -68,55 +68,20 @@ void frmProperties::Form_Unload() {
 void frmProperties::SetTitle() { Caption = T(1600) + T(1653) + services_.Documents()(documentIndex_).TemplateTitle; }
 
 void frmProperties::SetCaptions() {
-  const std::pair<Control*, int> captions[] = {{&Label23, 5003},
-                                               {&Frame13, 3069},
-                                               {&Frame7, 1603},
-                                               {&Frame6, 1604},
-                                               {&Frame15, 3070},
-                                               {&Frame5, 1605},
-                                               {&Label7, 1643},
-                                               {&Label15, 1644},
-                                               {&Frame16, 3071},
-                                               {&Label20, 3072},
-                                               {&Label21, 3073},
-                                               {&Frame3, 1606},
-                                               {&cbAutoDecoGas, 1652},
-                                               {&Frame2, 1602},
-                                               {&Option1_1, 1631},
-                                               {&Option1_0, 1632},
-                                               {&Frame4, 1607},
-                                               {&cbCustomBlend, 1611},
-                                               {&Command1, 6318},
-                                               {&Frame1, 1645},
-                                               {&Frame12, 1646},
-                                               {&lbStartAltitude, 1645},
-                                               {&lbStartPressure, 3043},
-                                               {&lbEndAltitude, 1645},
-                                               {&Check1, 1647},
-                                               {&Label10, 5004},
-                                               {&Label12, 3042},
-                                               {&Frame11, 1648},
-                                               {&Label14, 3043},
-                                               {&Frame8, 1650},
-                                               {&Label1, 1651},
-                                               {&Label19, 3074},
-                                               {&Check2, 3075},
-                                               {&Frame14, 3076},
-                                               {&Frame17, 3077},
-                                               {&Label3, 1639},
-                                               {&Label4, 1640},
-                                               {&Frame18, 3079},
-                                               {&lbRMV, 1638},
-                                               {&Frame19, 3078},
-                                               {&cbONarcotic, 1642},
-                                               {&Label8, 1641},
-                                               {&Frame9, 1633},
-                                               {&cbWarnPPOLow, 1634},
-                                               {&cbWarnPPOHigh, 1635},
-                                               {&cbWarnMaxEND, 1636},
-                                               {&cbOK, 1610},
-                                               {&cbCancel, 1609},
-                                               {&cbDefault, 1608}};
+  const std::pair<Control*, int> captions[] = {
+      {&Label23, 5003},       {&Frame13, 3069},         {&Frame7, 1603},          {&Frame6, 1604},
+      {&Frame15, 3070},       {&Frame5, 1605},          {&Label7, 1643},          {&Label15, 1644},
+      {&Frame16, 3071},       {&Label20, 3072},         {&Label21, 3073},         {&Frame3, 1606},
+      {&cbAutoDecoGas, 1652}, {&Frame2, 1602},          {&Option1_1, 1631},       {&Option1_0, 1632},
+      {&Frame4, 1607},        {&cbCustomBlend, 1611},   {&Command1, 6318},        {&Frame1, 1645},
+      {&Frame12, 1646},       {&lbStartAltitude, 1645}, {&lbStartPressure, 3043}, {&lbEndAltitude, 1645},
+      {&Check1, 1647},        {&Label10, 5004},         {&Label12, 3042},         {&Frame11, 1648},
+      {&Label14, 3043},       {&Frame8, 1650},          {&Label1, 1651},          {&Label19, 3074},
+      {&Check2, 3075},        {&cbKeepsDiluent, 8305},  {&cbIntervalOnAir, 8306}, {&Frame14, 3076},
+      {&Frame17, 3077},       {&Label3, 1639},          {&Label4, 1640},          {&Frame18, 3079},
+      {&lbRMV, 1638},         {&Frame19, 3078},         {&cbONarcotic, 1642},     {&Label8, 1641},
+      {&Frame9, 1633},        {&cbWarnPPOLow, 1634},    {&cbWarnPPOHigh, 1635},   {&cbWarnMaxEND, 1636},
+      {&cbOK, 1610},          {&cbCancel, 1609},        {&cbDefault, 1608}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
   // The letters of the menu would be those of all buttons.
   for (Button* add : {&cbAddDescend, &cbAddAscend, &cbAddChange}) add->Caption = ReplaceAll(T(1625), "&", "");
@@ -164,6 +129,11 @@ void frmProperties::InitConstPPOFrame() {
   for (Control* control : std::initializer_list<Control*>{&SetPoint, &Text6, &Check2}) {
     control->Enabled = !t.OpenCircuit;
   }
+  // A new plan always keeps its diluent and spends its interval on air.
+  const bool ofNewPlans = documentIndex_ == DocumentStore::DefaultDocument;
+  cbKeepsDiluent.Value = ofNewPlans || t.KeepsDiluent;
+  cbIntervalOnAir.Value = ofNewPlans || t.IntervalOnAir;
+  for (CheckBox* box : {&cbKeepsDiluent, &cbIntervalOnAir}) box->Enabled = !t.OpenCircuit && !ofNewPlans;
 }
 
 void frmProperties::InitAltitudeFrame() {

@@ -88,6 +88,8 @@ class frmProperties : public DialogForm {
   TextBox Text6{*this, "Text6"};  ///< deco setpoint
   Label Label5{*this, "Label5"};
   CheckBox Check2{*this, "Check2"};
+  CheckBox cbKeepsDiluent{*this, "cbKeepsDiluent"};
+  CheckBox cbIntervalOnAir{*this, "cbIntervalOnAir"};
   // Limits.
   Frame Frame14{*this, "Frame14"};
   Frame Frame17{*this, "Frame17"};

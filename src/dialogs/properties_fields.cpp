@@ -140,6 +140,8 @@ void frmProperties::StoreFields(DiveTemplate& t) {
   t.CeilingOverride = false;
   t.AdeptedToHeight = Check1.Value;
   t.OCDeco = Check2.Value;
+  t.KeepsDiluent = cbKeepsDiluent.Value;
+  t.IntervalOnAir = cbIntervalOnAir.Value;
   t.O2Narcotic = cbONarcotic.Value;
   t.AutoDecoGas = cbAutoDecoGas.Value;
   t.PPO2Low = cbWarnPPOLow.Value;

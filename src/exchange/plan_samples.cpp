@@ -87,7 +87,9 @@ std::set<int> ContradictedPlans(const DiveLog& log, const std::map<int, DiveReco
   const auto logged = [&](int number) -> const Samples& {
     return log.dives[static_cast<std::size_t>(number) - 1].samples;
   };
-  for (const ModelChoice& model : {ModelChoice{false, false}, ModelChoice{true, false}, ModelChoice{false, true}}) {
+  for (const ModelChoice& model :
+       {ModelChoice{false, false, false}, ModelChoice{true, false, false}, ModelChoice{false, true, false},
+        ModelChoice{false, false, true}, ModelChoice{false, true, true}}) {
     if (open.empty() || *open.begin() > ofSeries) break;
     const std::vector<Samples> planned = SamplesOf(series, model);
     for (int number = 1; number <= ofSeries; ++number) {

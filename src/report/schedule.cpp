@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/breathing_gas.h"
+#include "report/dive_figures.h"
 
 namespace tav {
 namespace {
@@ -164,12 +165,14 @@ std::string ScheduleText::GasesUsed() const {
 }
 
 std::vector<std::string> ScheduleText::Totals() const {
+  // With the doses that the dive starts with, which the running totals of a plan without an ascent leave out.
+  const DiveFigures doses = FiguresOf(profile_);
   const Waypoint& last = profile_.Row(profile_.GetLength());
   double stops = 0;
   for (int i = 1; i <= profile_.GetLength(); ++i) stops += profile_.Row(static_cast<std::int16_t>(i)).StopTime;
   std::string totals = words_.totals;
-  const std::array<std::string, 4> figures{Short(last.RunTime), Short(stops), Fixed(last.TotalCNS * 100, 0),
-                                           Fixed(last.TotalOTU, 0)};
+  const std::array<std::string, 4> figures{Short(last.RunTime), Short(stops), Fixed(doses.CNS * 100, 0),
+                                           Fixed(doses.OTU, 0)};
   for (std::size_t i = 0; i < figures.size(); ++i) {
     totals = ReplaceAll(totals, "%" + std::to_string(i + 1), figures.at(i));
   }

@@ -53,7 +53,7 @@ struct Reckoned {
     EXPECT_EQ(window.EvaluationFault(), "");
     supply = SupplyOf(plans.forms, window.Tag(), dive.choice);
     const AdviceWords words(English(), {".", ""}, settings.Metric);
-    for (Finding& finding : CheckPlan({window, plans.documents(window.Tag()), plans.model}, words, supply)) {
+    for (Finding& finding : CheckPlan({window, plans.documents(window.Tag())}, words, supply)) {
       if (finding.rule == Rule::GasShort) findings.push_back(std::move(finding));
     }
     if (!supply.legs.empty()) working = WorkingText(supply, supply.legs.back(), settings.RMV, words);

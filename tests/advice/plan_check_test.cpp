@@ -52,7 +52,7 @@ std::pair<std::vector<Finding>, ClassProfile> CheckWithRows(const Dive& dive) {
   window.ReEvaluateUserEnteredWaypoints();
   EXPECT_EQ(window.EvaluationFault(), "");
   const AdviceWords words(English(), {".", ""}, settings.Metric);
-  return {CheckPlan({window, plans.documents(window.Tag()), plans.model}, words), window.InputProfile};
+  return {CheckPlan({window, plans.documents(window.Tag())}, words), window.InputProfile};
 }
 
 std::vector<Finding> Check(const Dive& dive) { return CheckWithRows(dive).first; }
@@ -73,6 +73,7 @@ std::function<void(DiveTemplate&)> Changes(std::vector<std::pair<std::string, do
 std::function<void(DiveTemplate&)> Loop(double setpoint, double decoSetpoint) {
   return [=](DiveTemplate& t) {
     t.OpenCircuit = false;
+    t.KeepsDiluent = false;
     t.Setpoint = setpoint;
     t.DecoSetpoint = decoSetpoint;
     t.ChangeGasMixes.clear();
@@ -430,7 +431,8 @@ TEST(PlanChecks, RaiseNoFalseAlarmOnTheExamplePlans) {
       {"air-no-stop", {}},
       {"lake-series", {"caution density", "next dive"}},
       {"nitrox", {"caution density"}},
-      {"rebreather", {"caution density", "caution density", "note setpoint", "note counter_diffusion"}},
+      {"rebreather",
+       {"caution density", "caution density", "note setpoint", "note counter_diffusion", "note loop_changes"}},
       {"trimix-100",
        {"caution density", "caution density", "caution density", "caution cns", "note counter_diffusion"}},
       {"wreck", {"caution density", "note counter_diffusion"}},
@@ -441,7 +443,7 @@ TEST(PlanChecks, RaiseNoFalseAlarmOnTheExamplePlans) {
     for (const std::int16_t document : OpenProfile(plans.forms, kRoot / "dives" / (name + ".tav"))) {
       if (plans.documents(document).PreviousDocument != -1) found.emplace_back("next dive");
       const AdviceWords words(English(), {".", ""}, true);
-      for (const Finding& finding : CheckPlan({plans.forms(document), plans.documents(document), {}}, words)) {
+      for (const Finding& finding : CheckPlan({plans.forms(document), plans.documents(document)}, words)) {
         found.push_back(std::string(IdOf(finding.severity)) + " " + std::string(IdOf(finding.rule)));
       }
     }
@@ -461,8 +463,7 @@ TEST(PlanChecks, HoldTheirLawsOnRandomPlans) {
       frmWaypointEditor& window = plans.New([&](DiveTemplate& t) { t = settings; });
       window.UserActions = plan.actions;
       window.ReEvaluateUserEnteredWaypoints();
-      const auto findings =
-          CheckPlan({window, plans.documents(window.Tag()), plans.model}, AdviceWords(English(), {".", ""}, true));
+      const auto findings = CheckPlan({window, plans.documents(window.Tag())}, AdviceWords(English(), {".", ""}, true));
       for (const Finding& finding : findings) {
         EXPECT_LE(0, finding.firstRow);
         EXPECT_LE(finding.firstRow, finding.lastRow);

@@ -133,8 +133,17 @@ TEST(Models, MarksAndFlagsExcludeEachOther) {
   EXPECT_TRUE(p.program.Forms().Services().model.HybridMode);
   main.mnuBulhmannC.Choose();
   EXPECT_EQ(marks(), (std::vector<bool>{false, true, false, true}));
+  EXPECT_TRUE(p.program.Forms().Services().model.ZHL16C) << "the mark does what it says";
   main.mnuHybrid.Choose();
   EXPECT_FALSE(p.program.Forms().Services().model.HybridMode);
+  EXPECT_TRUE(p.program.Forms().Services().model.ZHL16C);
+  main.mnuVPM.Choose();
+  EXPECT_FALSE(p.program.Forms().Services().model.ZHL16C);
+  main.mnuVPM.Choose();
+  main.mnuBulhmannC.Choose();
+  main.mnuBulhmannB.Choose();
+  EXPECT_EQ(marks(), (std::vector<bool>{true, false, false, false}));
+  EXPECT_FALSE(p.program.Forms().Services().model.ZHL16C);
 }
 
 TEST(BreathingMode, TwiceGivesTheStartAgainAndFollowsTheActiveDocument) {

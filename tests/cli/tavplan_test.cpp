@@ -236,8 +236,8 @@ TEST_F(Tavplan, QuotesCsvFieldsThatHoldACommaOrAQuote) {
 
 TEST_F(Tavplan, ChoosesTheModel) {
   // Gradient factors do not act on the bubble model alone.
-  const std::pair<const char*, std::string> models[] = {{"--vpm", "VPM, open circuit, "},
-                                                        {"--hybrid", "Hybrid of ZH-L16B and VPM, GF "}};
+  const std::pair<const char*, std::string> models[] = {
+      {"--vpm", "VPM, open circuit, "}, {"--zhl16c", "ZH-L16C, GF "}, {"--hybrid", "ZH-L16B + VPM, GF "}};
   for (const auto& [option, name] : models) {
     EXPECT_EQ(Run({"plan", option, Dive("wreck.tav")}), ExitStatus::kFine);
     EXPECT_THAT(Out(), HasSubstr("\n" + name));
@@ -384,6 +384,32 @@ TEST_F(Tavplan, ListsAllFaultsOfTheCheckedFiles) {
   EXPECT_EQ(Err(), "/none.tpl: can't be opened: No such file or directory\n");
   EXPECT_EQ(Run({"check", Changed("wreck.tav", "SurfTime = 0", "SurfTime = 5")}), ExitStatus::kFine) << "advice alone";
   EXPECT_THAT(Out(), HasSubstr("advice: \"SurfTime\" of a first dive"));
+}
+
+TEST_F(Tavplan, TellsHowALoopIsComputed) {
+  const std::string old = Dive("rebreather.tav");
+  EXPECT_EQ(Run({"check", old}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr(old + ":1: advice: a rebreather whose loop takes the gases of \"Change Gas Mixes\""));
+  EXPECT_EQ(Run({"plan", old}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr(", stops on open circuit, loop takes the change list, "));
+
+  const std::string once = ReadTextFile(old);
+  const std::string series = (scratch_.Path() / "series.tav").string();
+  WriteTextFile(series, once + ReplaceAll(once, "SurfTime = 0", "SurfTime = 120"));
+  EXPECT_EQ(Run({"check", series}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr("advice: a surface interval of 120 min reckoned on the loop"));
+  EXPECT_EQ(Run({"plan", series}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr(", surface interval on the loop, "));
+
+  // A new plan on a rebreather tells both in its file, whatever its template says.
+  const std::string loop = (scratch_.Path() / "loop.tpl").string();
+  WriteTextFile(loop, ReplaceAll(ReadTextFile(kRoot / "template/Default.tpl"), "Open Circuit=1", "Open Circuit=0"));
+  const std::string made = (scratch_.Path() / "made.tav").string();
+  EXPECT_EQ(Run({"new", "--depth", "40", "--time", "20", "--template", loop, "-o", made}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr(", loop keeps its diluent, "));
+  EXPECT_THAT(ReadTextFile(made), HasSubstr("\r\n# Loop=diluent\r\n# Surface interval=air\r\n"));
+  EXPECT_EQ(Run({"check", made}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), made + ": no faults\n");
 }
 
 TEST_F(Tavplan, MakesAndSavesAPlanFromLegs) {

@@ -41,7 +41,7 @@ Words Commands() {
   return Matches(help.substr(help.find("Subcommands:")), "^  ([a-z]+) ");
 }
 
-Words OptionsOf(const std::string& command) { return Matches(Help({command}), "^  (?:-[a-z],)?(--[a-z-]+)"); }
+Words OptionsOf(const std::string& command) { return Matches(Help({command}), "^  (?:-[a-z],)?(--[a-z0-9-]+)"); }
 
 /// What the shell offers behind words of which the last is being typed.
 Words Offered(const std::string& line) {
@@ -89,7 +89,7 @@ TEST(Usage, TheManualPageTellsAllOptionsOfEachCommand) {
   for (const std::string& command : Commands()) {
     EXPECT_THAT(page, testing::HasSubstr("\n.B tavplan " + command + "\n")) << "synopsis";
     EXPECT_THAT(page, testing::HasSubstr("\n.TP\n.B " + command + "\n"));
-    const Words told = Matches(PageOf(command), "(--[a-z-]+)");
+    const Words told = Matches(PageOf(command), "(--[a-z0-9-]+)");
     for (const std::string& option : OptionsOf(command)) {
       if (option == "--help") continue;
       EXPECT_THAT(told, testing::Contains(option)) << command;

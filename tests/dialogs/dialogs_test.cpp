@@ -197,6 +197,24 @@ TEST(SurfaceInterval, AddsBehindTheDiveThatItWasOpenedFor) {
   EXPECT_EQ(d.forms(d.forms(second).NextProfile).PrevProfile, second);
 }
 
+TEST(SurfaceInterval, OffersARebreatherAnIntervalOnAir) {
+  for (const bool openCircuit : {true, false}) {
+    for (const bool onAir : {true, false}) {
+      Dialogs d;
+      frmWaypointEditor& first = d.Open();
+      d.Document().Template.OpenCircuit = openCircuit;
+      Dive(first);
+      frmMultiLevel dialog(d.Services());
+      dialog.Load();
+      EXPECT_EQ(dialog.cbIntervalOnAir.Visible, !openCircuit);
+      EXPECT_TRUE(dialog.cbIntervalOnAir.Value);
+      dialog.cbIntervalOnAir.Set(onAir);
+      dialog.Command2.Press();
+      EXPECT_EQ(d.Document(first.NextProfile).Template.IntervalOnAir, openCircuit || onAir) << "a hidden box stays";
+    }
+  }
+}
+
 TEST(SurfaceInterval, AddsNothingBehindADiveThatCanNoLongerBeFollowed) {
   struct {
     const char* what;

@@ -153,6 +153,23 @@ TEST_F(Properties, OKResetsAFieldThatHoldsNoNumber) {
   EXPECT_EQ(Template().TimeToHeight, 32767);
 }
 
+TEST_F(Properties, SwitchTheLoopOfAPlanAndNotThatOfNewPlans) {
+  Template().OpenCircuit = false;
+  Template().KeepsDiluent = Template().IntervalOnAir = false;
+  {
+    frmProperties& f = Show();
+    EXPECT_FALSE(f.cbKeepsDiluent.Value || f.cbIntervalOnAir.Value);
+    f.cbIntervalOnAir.Set(true);
+    f.cbOK.Press();
+  }
+  EXPECT_TRUE(Template().IntervalOnAir);
+  EXPECT_FALSE(Template().KeepsDiluent);
+  frmProperties& f = Show();
+  f.cbDefault.Press();
+  EXPECT_TRUE(f.cbKeepsDiluent.Value && f.cbIntervalOnAir.Value) << "every new plan begins with them";
+  EXPECT_FALSE(f.cbKeepsDiluent.Enabled || f.cbIntervalOnAir.Enabled);
+}
+
 TEST_F(Properties, AFieldOfADialogThatHasGoneWarnsNoMore) {
   frmProperties& f = Show();
   f.Text2.Enter();
