@@ -195,7 +195,7 @@ Table GradientFactorFigures() {
   return rows;
 }
 
-const Table& Figures(const std::string& name) {
+Table Figures(const std::string& name) {
   static const std::map<std::string, Table> figures = {{"cns", CNSFigures()},
                                                        {"otu", OTUFigures()},
                                                        {"altitude", AltitudeFigures()},
