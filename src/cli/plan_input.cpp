@@ -86,7 +86,7 @@ void LoadPlannable(DiveTemplate& diveTemplate, const std::string& name, const Pr
 }
 
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
-  if (const auto found = FindBlend(name, diveTemplate)) return *found;
+  if (const auto found = FindBlend(NameInTemplate(name, diveTemplate), diveTemplate)) return *found;
   const auto mix = MixOfName(name);
   if (!mix) {
     std::string known;
