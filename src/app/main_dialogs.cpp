@@ -17,7 +17,9 @@ DialogServices frmMain::Dialogs() {
           services_.texts,
           services_.switches.VeryHighGF,
           [this] { ApplyToProfile(); },
-          [this](Single o2, Single he) { ShowMixer().setmix(o2, he); }};
+          [this](Single o2, Single he) { ShowMixer().setmix(o2, he); },
+          OwnDefaultTemplate().string(),
+          [this] { KeepDefaultTemplate(); }};
 }
 
 void frmMain::ShowConservatism_Click() {

@@ -187,6 +187,26 @@ void frmMain::SaveTemplateCommand() {
   if (const auto active = Active()) services_.forms.ShowCaption(*active);
 }
 
+fs::path frmMain::OwnDefaultTemplate() const { return services_.folders.OwnTemplates() / "Default.tpl"; }
+
+void frmMain::KeepDefaultTemplate() {
+  DiveTemplate& settings = Document(DocumentStore::DefaultDocument).Template;
+  const fs::path file = OwnDefaultTemplate();
+  std::error_code ignored;  // the write tells
+  fs::create_directories(file.parent_path(), ignored);
+  try {
+    DiveTemplate named = settings;
+    named.Templatename = file.filename().string();
+    SaveTemplateFile(named, file);
+    settings.Templatename = named.Templatename;
+    settings.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    settings.TemplateChanged = false;
+  } catch (const std::exception& error) {
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
+  }
+}
+
 bool frmMain::CloseDocument(std::int16_t document) {
   frmWaypointEditor& editor = services_.forms(document);
   if (!editor.Form_QueryUnload(true, [&] { return SaveDocument(document, true); })) return false;

@@ -176,6 +176,10 @@ class frmMain : public Form {
   bool SaveProfileCommand(bool saveAs);
   void LoadTemplateCommand();
   void SaveTemplateCommand();
+  /// The user's own template for new plans, which is found before that of the program.
+  [[nodiscard]] std::filesystem::path OwnDefaultTemplate() const;
+  /// Stores the settings of new plans there, for later starts. Says why that failed.
+  void KeepDefaultTemplate();
   /// Opens a plan, loads a template into the active plan or imports, by the file's extension. Says what is wrong.
   bool OpenFile(const std::filesystem::path& file);
   /// A dive log or waypoints as a new plan, and what was simplified told (main_exchange.cpp).

@@ -38,7 +38,9 @@ BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single int
   const std::int16_t previous = forms(document).PrevProfile;
   if (previous != -1) previous_ = services_.documents(previous);
   if (fault_.empty() && plan_.GetLength() == 0) fault_ = services_.texts.GetResString(kNoLegs);
-  if (fault_.empty()) fault_ = SizeFault();
+  if (!fault_.empty()) return;
+  fault_ = SizeFault();
+  intervalIsAtFault_ = !fault_.empty();
 }
 
 std::string BailoutCuts::SizeFault() const {

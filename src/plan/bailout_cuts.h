@@ -36,6 +36,8 @@ class BailoutCuts {
   /// Why there can be no run: no rows, a plan that could not be computed, too many cuts or none. Empty when there can
   /// be one.
   [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// Another interval would mend the fault.
+  [[nodiscard]] bool IntervalIsAtFault() const { return intervalIsAtFault_; }
   [[nodiscard]] Single Interval() const { return interval_; }
   /// Scenario i is the loss of entry i; the last one has all gases.
   [[nodiscard]] int Scenarios() const { return static_cast<int>(document_.Template.ChangeGasMixes.size()) + 1; }
@@ -64,6 +66,7 @@ class BailoutCuts {
   ClassProfile plan_;
   Single interval_;
   std::string fault_;
+  bool intervalIsAtFault_ = false;
 };
 
 }  // namespace tav

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "app/command_line.h"
+#include "dialogs/properties.h"
 #include "persist/template_file.h"
 #include "support/english.h"
+#include "support/program_fixture.h"
 #include "support/scratch_folder.h"
 
 namespace tav {
@@ -86,6 +88,41 @@ TEST_F(StartUp, WritesBesideTheProgramOnlyWhereItMay) {
   // A folder that is not there can't be written either, for any user.
   EXPECT_EQ(folders_.ToWrite("logs/phi.log"), scratch_.Path() / "user/logs/phi.log");
   EXPECT_TRUE(fs::is_directory(scratch_.Path() / "user/logs"));
+}
+
+TEST(DefaultTemplate, OfTheDialogIsThereAtTheNextStartWhenTheUserKeepsIt) {
+  test::HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto breathe = [&](const char* rate, BoxAnswer keep) {
+    p.platform.onModal.emplace_back([&](Form& form) {
+      auto& dialog = dynamic_cast<frmProperties&>(form);
+      dialog.cbDefault.Press();
+      dialog.tbRMV.Type(rate);
+      dialog.cbOK.Press();
+    });
+    p.platform.answers = {keep};
+    p.Main().mnuTemplate.Choose();
+  };
+  const ProgramFolders folders(SourceFolder(), p.folder.Path() / "data");
+  const auto nextStart = [&] {
+    DocumentStore documents;
+    EXPECT_FALSE(InitDocuments(documents, folders));
+    return double{documents(DocumentStore::DefaultDocument).Template.RMV};
+  };
+  breathe("17", BoxAnswer::No);
+  EXPECT_EQ(double{p.Document(0).Template.RMV}, 17);
+  EXPECT_EQ(double{p.Document().Template.RMV}, 20) << "the plan that is open";
+  EXPECT_EQ(nextStart(), 20);
+  breathe("18", BoxAnswer::Yes);
+  EXPECT_EQ(nextStart(), 18);
+  EXPECT_FALSE(p.Document(0).Template.TemplateChanged);
+
+  fs::remove_all(folders.UserFolder());
+  WriteTextFile(folders.UserFolder(), "no folder");
+  breathe("19", BoxAnswer::Yes);
+  EXPECT_THAT(p.platform.LastBox().text, HasSubstr("Default.tpl"));
+  EXPECT_EQ(p.platform.LastBox().icon, BoxIcon::Stop);
+  EXPECT_TRUE(p.Document(0).Template.TemplateChanged);
 }
 
 }  // namespace
