@@ -9,6 +9,7 @@
 #include "persist/template_file.h"
 #include "plan/captions.h"
 #include "plan/profile_commands.h"
+#include "platform/used_folder.h"
 
 namespace tav {
 namespace fs = std::filesystem;
@@ -24,9 +25,13 @@ constexpr int kSaveTemplateTitle = 2301;
 constexpr int kSaveTemplateQuestion = 2300;
 constexpr int kNotOpened = 7022;
 constexpr int kNotSaved = 7023;
+constexpr int kSavedBut = 8066;
 constexpr int kTemplateIgnored = 7953;
-constexpr int kRecovered = 7008;
-constexpr int kOfferRecovery = 7007;
+constexpr int kCloseLaterDive = 8050;
+constexpr int kCloseLaterDiveTitle = 8051;
+constexpr int kTakeOut = 8052;
+constexpr int kCloseSeries = 8053;
+constexpr int kStay = 8054;
 
 // Settings: the folders used last.
 constexpr const char* kPlanFolder = "PlanFolder";
@@ -35,15 +40,11 @@ constexpr const char* kTemplateFolder = "TemplateFolder";
 }  // namespace
 
 fs::path frmMain::FolderUsedLast(const char* setting) const {
-  const fs::path folder = services_.platform.settings.ReadSetting("Settings", setting);
-  std::error_code error;
-  return fs::is_directory(folder, error) ? folder : fs::path();
+  return tav::FolderUsedLast(services_.platform.settings, setting);
 }
 
 void frmMain::KeepFolder(const char* setting, const fs::path& file) {
-  std::error_code error;
-  const fs::path whole = fs::absolute(file, error);
-  services_.platform.settings.WriteSetting("Settings", setting, whole.parent_path().string());
+  tav::KeepFolder(services_.platform.settings, setting, file);
 }
 
 void frmMain::OpenProfileCommand() {
@@ -93,8 +94,9 @@ bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
 }
 
 bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
+  SaveNotes notes;
   try {
-    SaveProfile(services_.forms, document, file);
+    notes = SaveProfile(services_.forms, document, file);
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);
@@ -105,7 +107,15 @@ bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
   services_.recent.Add(file);
   FillRecent();
   SyncCommands();
+  TellNotes(file, notes);
   return true;
+}
+
+void frmMain::TellNotes(const fs::path& file, const SaveNotes& notes) {
+  if (notes.empty()) return;
+  std::string told = services_.texts.Filled(kSavedBut, {file.string()}) + "\r\n";
+  for (const Message& note : notes) told += "\r\n" + services_.texts.Words(note);
+  services_.platform.boxes.Show(told, "", BoxIcon::Information, BoxButtons::OK);
 }
 
 void frmMain::LoadTemplateCommand() {
@@ -172,10 +182,11 @@ void frmMain::SaveTemplateCommand() {
                                                        std::string(kTemplateExtension),
                                                        {folders.OwnTemplates()}});
   if (file.empty()) return;
+  SaveNotes notes;
   try {
     DiveTemplate named = diveTemplate;
     named.Templatename = SplitPath(file.string(), PathPart::FileName);
-    SaveTemplateFile(named, file);
+    notes = SaveTemplateFile(named, file);
     diveTemplate.Templatename = named.Templatename;
     diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
     KeepFolder(kTemplateFolder, file);
@@ -185,12 +196,30 @@ void frmMain::SaveTemplateCommand() {
     return;
   }
   if (const auto active = Active()) services_.forms.ShowCaption(*active);
+  TellNotes(file, notes);
 }
 
 bool frmMain::CloseDocument(std::int16_t document) {
   frmWaypointEditor& editor = services_.forms(document);
+  if (editor.PrevProfile != -1) return CloseLaterDive(document);
   if (!editor.Form_QueryUnload(true, [&] { return SaveDocument(document, true); })) return false;
   EndDocument(document);
+  DocumentActivated();
+  return true;
+}
+
+bool frmMain::CloseLaterDive(std::int16_t document) {
+  const frmWaypointEditor& editor = services_.forms(document);
+  const std::int16_t before = editor.PrevProfile;
+  const std::string question =
+      services_.texts.Filled(kCloseLaterDive, {Document(document).ProfileName, std::to_string(editor.DiveNumber),
+                                               std::to_string(services_.forms(before).DiveNumber)});
+  const BoxAnswer answer = services_.platform.boxes.ShowWithChoices(
+      question, T(kCloseLaterDiveTitle), BoxIcon::Question, {T(kTakeOut), T(kCloseSeries), T(kStay)});
+  if (answer == BoxAnswer::No) return CloseDocument(editor.getFirstProfile());
+  if (answer != BoxAnswer::Yes) return false;
+  services_.history.TakeOut(document);
+  services_.platform.documentWindows.ActivateWindow(before);
   DocumentActivated();
   return true;
 }
@@ -233,50 +262,6 @@ void frmMain::Form_Unload() {
   settings.WriteSetting("Settings", "MainTop", std::to_string(place.top));
   settings.WriteSetting("Settings", "MainWidth", std::to_string(place.width));
   settings.WriteSetting("Settings", "MainHeight", std::to_string(place.height));
-}
-
-void frmMain::KeepRecovery() {
-  for (const std::int16_t document : OpenDocuments()) {
-    if (services_.forms(document).PrevProfile != -1) continue;  // the first dive keeps the whole series
-    const DocumentState& dive = Document(document);
-    if (dive.Modified) {
-      services_.recovery.Keep(document, ProfileFileText(services_.forms, document),
-                              fs::path(dive.ProfileFolder) / dive.ProfileName);
-    } else {
-      services_.recovery.Drop(document);
-    }
-  }
-}
-
-void frmMain::OfferRecovery() {
-  const auto copies = services_.recovery.Orphans();
-  if (copies.empty()) return;
-  std::string question = T(kOfferRecovery) + "\r\n";
-  for (const Recovery::Copy& copy : copies) question += "\r\n" + copy.original.string();
-  const BoxAnswer answer =
-      services_.platform.boxes.Show(question, T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
-  if (answer == BoxAnswer::Cancel) return;  // they are offered again at the next start
-  for (const Recovery::Copy& copy : copies) {
-    if (answer == BoxAnswer::Yes) {
-      try {
-        const auto opened = OpenProfile(services_.forms, copy.file);
-        // The plan has its own name again, but no file until the user saves it.
-        for (const std::int16_t document : opened) {
-          Document(document).ProfileName = copy.original.filename().string();
-          Document(document).ProfileFolder.clear();
-          Document(document).Modified = document == opened.front();
-          services_.forms.ShowCaption(document);
-        }
-        KeepRecovery();
-      } catch (const std::exception& error) {
-        services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
-                                      BoxButtons::OK);
-        continue;
-      }
-    }
-    Recovery::Remove(copy);
-  }
-  DocumentActivated();
 }
 
 void frmMain::ExportGraph(bool svg) {

@@ -11,6 +11,7 @@
 #include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
+#include "persist/text_file.h"
 #include "platform/form.h"
 #include "report/model_marks.h"
 
@@ -230,6 +231,8 @@ class frmMain : public Form {
   void ExportGraph(bool svg);
   void LoadTemplateFrom(const std::filesystem::path& file);
   bool SaveDocument(std::int16_t document, bool saveAs);
+  /// Tells what a save could not keep of the file that was there.
+  void TellNotes(const std::filesystem::path& file, const SaveNotes& notes);
   bool SaveSeries(std::int16_t document, const std::filesystem::path& file);
   /// Where a file dialog starts, for plans and pictures or for templates: in the folder used last; empty, which is the
   /// user's documents, at first and when that folder is gone.
@@ -248,6 +251,14 @@ class frmMain : public Form {
   }
   [[nodiscard]] std::string T(int id) const { return services_.texts.GetResString(id); }
   [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const;
+  // Recovery (main_recovery.cpp).
+  /// A series has changes that are in no file, by its first dive; those that are only on trial count.
+  [[nodiscard]] bool IsUnsaved(std::int16_t document) const;
+  bool KeepRecoveryOf(std::int16_t document);
+  /// Opens a copy. True when it is a plan of this program now, with a copy of its own.
+  bool Recover(const Recovery::Copy& copy);
+  /// Asks what is to close: this dive of a series, which then leaves it, or all of them.
+  bool CloseLaterDive(std::int16_t document);
   void EndDocument(std::int16_t document);
 
   MainServices services_;

@@ -1,7 +1,6 @@
 #include "app/program.h"
 
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "app/start_up.h"
@@ -36,7 +35,7 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
-      recovery_(SettingsFolder(), ::getpid()),
+      recovery_(SettingsFolder()),
       report_(platform_, texts_),
       tables_(platform_, texts_) {
   warnings_.returning = [this] { return history_.Restoring() || history_.Held(); };

@@ -41,10 +41,11 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
+    TellNotes(options.uddf, WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now})),
+              texts, err);
     const frmWaypointEditor& first = session.Forms()(documents.front());
     if (first.PrevProfile != -1) {
-      err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber + 1)}) << "\n";
+      err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber)}) << "\n";
     }
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
@@ -69,7 +70,7 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
     for (const DiveRecord& dive : imported.profile.dives) {
       text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
     }
-    WriteTextFile(options.output, text);
+    TellNotes(options.output, WriteTextFile(options.output, text), texts, err);
     for (const std::string& remark : imported.remarks) err << options.file << ": " << remark << "\n";
     return ExitStatus::kFine;
   } catch (const std::exception& error) {

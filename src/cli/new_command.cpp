@@ -70,7 +70,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     // CSV has no words of a dive, they go to the user.
     const TextSource& told = options.form == OutputForm::Csv ? texts : words;
     if (!Gather(session, title, {number}, options, told, dives, err)) return ExitStatus::kUnusableInput;
-    if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
+    if (!plan.output.empty()) TellNotes(plan.output, SaveProfile(session.Forms(), number, plan.output), texts, err);
     return Print(dives, options, told, out, err);
   } catch (const std::exception& error) {
     return Refused(error, "new", texts, err);

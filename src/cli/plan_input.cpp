@@ -36,6 +36,10 @@ int Refused(const std::exception& error, std::string_view command, const TextSou
   return ExitStatus::kUnusableInput;
 }
 
+void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err) {
+  for (const Message& note : notes) err << file.string() << ": " << texts.Words(note) << "\n";
+}
+
 Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);
   if (!number) throw OptionError({kNoNumber, {option, text}});

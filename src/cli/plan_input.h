@@ -12,6 +12,7 @@
 #include "app/program_folders.h"
 #include "model/dive_template.h"
 #include "persist/profile_file.h"
+#include "persist/text_file.h"
 #include "platform/text_source.h"
 
 namespace tav {
@@ -24,6 +25,9 @@ class OptionError : public MessageError {
 
 /// Says in one line why a command can't do its work, with its name ahead where an option is to blame.
 int Refused(const std::exception& error, std::string_view command, const TextSource& texts, std::ostream& err);
+
+/// Says what a save could not keep of the file that was there.
+void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err);
 
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.
 Single NumberOf(const std::string& text, const std::string& option);

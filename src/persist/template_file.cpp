@@ -51,8 +51,8 @@ void LoadPlannableTemplate(DiveTemplate& diveTemplate, const std::filesystem::pa
   Load(diveTemplate, file, true);
 }
 
-void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  WriteTextFile(file, WriteTemplateBlock(diveTemplate));
+SaveNotes SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {
+  return WriteTextFile(file, WriteTemplateBlock(diveTemplate));
 }
 
 DiveTemplate ShippedDefaultTemplate() {

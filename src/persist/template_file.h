@@ -7,6 +7,7 @@
 #include "model/dive_template.h"
 #include "persist/format_faults.h"
 #include "persist/template_block.h"
+#include "persist/text_file.h"
 
 namespace tav {
 
@@ -21,8 +22,9 @@ void LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& f
 /// The same, and a template that can't be planned on is a fault, too.
 void LoadPlannableTemplate(DiveTemplate& diveTemplate, const std::filesystem::path& file);
 
-/// Writes a file with one block, whole or not at all. Throws FileError.
-void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file);
+/// Writes a file with one block, whole or not at all. Returns what the save could not keep of the file. Throws
+/// FileError.
+SaveNotes SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file);
 
 /// Reads a template from text, collecting or throwing as `faults` says. Returns the lines of its keys.
 KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, FormatFaults& faults);

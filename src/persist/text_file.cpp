@@ -2,13 +2,12 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+
+#include "persist/descriptor.h"
 
 namespace tav {
 namespace {
@@ -16,38 +15,9 @@ namespace {
 // Texts by number.
 constexpr int kNotOpened = 7898;
 constexpr int kNotRead = 7899;
-constexpr int kNotWritten = 7900;
-constexpr int kNotReplaced = 7901;
-constexpr int kIsFolder = 7902;
 constexpr int kLargerThan = 7903;
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
-
-// The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
-constexpr std::string_view kUnfinished = ".saving-";
-constexpr std::string_view kRandom = "XXXXXX";
-
-/// A file descriptor that closes itself.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
-
-  [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }
-  [[nodiscard]] int Get() const { return fd_; }
-  /// Closes now; false when the system reports a late write error.
-  bool Close() {
-    if (fd_ < 0) return true;
-    const int fd = fd_;
-    fd_ = -1;
-    return ::close(fd) == 0;
-  }
-
- private:
-  int fd_;
-};
 
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
@@ -99,31 +69,6 @@ constexpr std::array<unsigned, 32> kWindows1252 = {0x20AC, 0x81,   0x201A, 0x019
                                                    0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(fd, text.data(), text.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    }
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
-/// Makes a new file beside the target, opens and locks it. The lock ends with the process, whatever ends that: it tells
-/// a file that is being written from one that has been left. Returns -1 when it can't be made.
-int OpenUnfinished(const std::filesystem::path& target, std::string& name) {
-  while (true) {
-    (name = target.string()).append(kUnfinished).append(kRandom);
-    const int fd = ::mkostemp(name.data(), O_CLOEXEC);
-    if (fd < 0) return fd;
-    ::flock(fd, LOCK_EX);
-    struct stat made {};
-    if (::fstat(fd, &made) != 0 || made.st_nlink > 0) return fd;
-    ::close(fd);  // another save has taken it for a left one, before it was locked
-  }
-}
-
 }  // namespace
 
 Message ErrorText(int error) {
@@ -150,7 +95,7 @@ std::string ToUtf8(std::string text) {
 }
 
 std::string ReadTextFile(const std::filesystem::path& file) {
-  Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  const Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
   if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
   std::string text;
   std::array<char, 65536> buffer{};
@@ -165,64 +110,6 @@ std::string ReadTextFile(const std::filesystem::path& file) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
   return ToUtf8(std::move(text));
-}
-
-void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  fs::path target = fs::weakly_canonical(file, error);
-  if (error) target = file;
-  if (fs::is_directory(target, error)) throw FileError(file, 0, kIsFolder);
-
-  // A file that is there but must not be written stays, although its folder would allow the rename.
-  struct stat old {};
-  const bool exists = ::stat(target.c_str(), &old) == 0;
-  if (exists && ::access(target.c_str(), W_OK) != 0) {
-    throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-  }
-  if (exists && !S_ISREG(old.st_mode)) {  // a pipe or a terminal has nothing to lose
-    Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!device.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    WriteAll(device.Get(), text, file);
-    return;
-  }
-
-  RemoveUnfinishedSaves(target.parent_path(), target.filename().string());
-  std::string beside;
-  Descriptor fd(OpenUnfinished(target, beside));
-  if (!fd.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-  const Descriptor lock(::fcntl(fd.Get(), F_DUPFD_CLOEXEC, 0));  // holds it until the file has its name
-  try {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    if (::fchmod(fd.Get(), exists ? old.st_mode & 07777U : 0666U & ~mask) != 0) {
-      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    }
-    WriteAll(fd.Get(), text, file);
-    if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    if (::rename(beside.c_str(), target.c_str()) != 0) {
-      throw FileError(file, 0, {kNotReplaced, {ErrorText(errno)}});
-    }
-  } catch (...) {
-    ::unlink(beside.c_str());
-    throw;
-  }
-  // The rename itself reaches the disk with the folder.
-  Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.IsOpen()) ::fsync(folder.Get());
-}
-
-void RemoveUnfinishedSaves(const std::filesystem::path& folder, std::string_view name) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string found = entry->path().filename().string();
-    const std::size_t mark = found.rfind(kUnfinished);
-    if (mark == std::string::npos || found.size() != mark + kUnfinished.size() + kRandom.size()) continue;
-    if (!name.empty() && found.substr(0, mark) != name) continue;
-    const Descriptor fd(::open(entry->path().c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (fd.IsOpen() && ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0) ::unlink(entry->path().c_str());
-  }
 }
 
 }  // namespace tav

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "model/dive_template.h"
@@ -12,7 +13,8 @@ namespace tav {
 class DocumentForms;
 
 /// The states that a plan went through: actions and template, as far back as the document was opened. A state is taken
-/// whenever the plan has been drawn anew; one that is the same as the last does not count.
+/// whenever the plan has been drawn anew; one that is the same as the last does not count. A dive that was taken out of
+/// its series is a step of the dive before it.
 class UndoHistory {
  public:
   explicit UndoHistory(DocumentForms& forms) : forms_(forms) {}
@@ -25,6 +27,8 @@ class UndoHistory {
   /// Forgets a document that has been closed.
   void Forget(std::int16_t document) { histories_.erase(document); }
 
+  /// The plan is not in the state that was taken last: a change is on trial.
+  [[nodiscard]] bool OnTrial(std::int16_t document) const;
   [[nodiscard]] bool CanUndo(std::int16_t document) const;
   [[nodiscard]] bool CanRedo(std::int16_t document) const;
   /// A state is being put in force again.
@@ -33,11 +37,17 @@ class UndoHistory {
   void Undo(std::int16_t document);
   void Redo(std::int16_t document);
 
+  /// Takes a later dive out of its series and closes its window; Undo on the dive before brings it back, with its own
+  /// history. The series is modified then.
+  void TakeOut(std::int16_t document);
+
  private:
+  struct TakenOut;
   struct State {
     DiveTemplate diveTemplate;
     ClassUseractions actions;
-    std::string text;  ///< both as a file would hold them, to tell states apart
+    std::string text;                          ///< both as a file would hold them, to tell states apart
+    std::shared_ptr<const TakenOut> takenOut;  ///< the dive behind this one, which has left the series at this step
   };
   struct History {
     std::vector<State> states;
@@ -45,6 +55,7 @@ class UndoHistory {
   };
 
   void PutInForce(std::int16_t document, const State& state);
+  std::shared_ptr<const TakenOut> Remove(std::int16_t document);
 
   DocumentForms& forms_;
   std::map<std::int16_t, History> histories_;
