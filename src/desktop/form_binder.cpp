@@ -234,9 +234,11 @@ QWidget* MakePane(Form& form, QWidget* parent) {
 
 void MoveWindow(QDialog& dialog, QWidget& parent) {
   const bool shown = dialog.isVisible();
+  const QPoint place = dialog.pos();
   dialog.setParent(&parent, dialog.windowFlags());  // hides it
   // A window manager may miss that a window goes and comes back at once: it comes back as another one.
   if (QWindow* window = dialog.windowHandle(); shown && window != nullptr) window->destroy();
+  if (shown) dialog.move(place);
   dialog.setVisible(shown);
 }
 
