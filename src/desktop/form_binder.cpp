@@ -144,8 +144,8 @@ class FormDialog : public QDialog {
     form_->ContextMenu();
   }
   void closeEvent(QCloseEvent* event) override {
-    event->ignore();
     reject();
+    event->setAccepted(form_ == nullptr);  // one that stays open would call off the end of the program
   }
   void showEvent(QShowEvent* event) override {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));

@@ -34,7 +34,10 @@ MainWindow::~MainWindow() { area_->disconnect(this); }
 void MainWindow::Attach(frmMain& form) {
   form_ = &form;
   form.Changed = [this] { ShowTitle(); };
-  form.CloseWanted = [] { QApplication::quit(); };
+  form.CloseWanted = [] {
+    QApplication::closeAllWindows();
+    QCoreApplication::exit();  // all questions have been asked: what is still at work in a window calls nothing off
+  };
   BuildMenu();
   BuildToolBar();
   docks_ = new PaneDocks(*this, form, [this] { FocusPlan(); });
