@@ -74,6 +74,7 @@ void frmMain::AddWaypoint() {
 }
 
 void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
+  FinishEdits();
   const auto active = Active();
   if (!active || services_.runs.Holds(*active)) return;
   frmWaypointEditor& editor = services_.forms(*active);
@@ -92,6 +93,7 @@ void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
 }
 
 void frmMain::ViewRow(std::int16_t row) {
+  FinishEdits();
   const auto active = Active();
   if (!active) return;
   ClassProfile dialogProfile;

@@ -27,6 +27,9 @@ constexpr int kNotSaved = 7023;
 constexpr int kTemplateIgnored = 7953;
 constexpr int kRecovered = 7008;
 constexpr int kOfferRecovery = 7007;
+constexpr int kHeldByTables = 8001;
+constexpr int kSavedWithout = 8003;
+constexpr int kClosedWithout = 8004;
 
 // Settings: the folders used last.
 constexpr const char* kPlanFolder = "PlanFolder";
@@ -53,6 +56,7 @@ void frmMain::OpenProfileCommand() {
 }
 
 bool frmMain::OpenFile(const fs::path& file) {
+  FinishEdits();
   if (file.extension() == kTemplateExtension) {
     LoadTemplateFrom(file);
     return true;
@@ -60,7 +64,8 @@ bool frmMain::OpenFile(const fs::path& file) {
   if (file.extension() == kUddfExtension || file.extension() == kCsvExtension) return ImportPlan(file);
   try {
     services_.platform.screen.ShowHourglass(true);
-    OpenProfile(services_.forms, file);
+    const auto opened = OpenProfile(services_.forms, file);
+    if (!opened.empty()) services_.history.MarkSaved(opened.front());
     services_.platform.screen.ShowHourglass(false);
   } catch (const std::exception& error) {
     services_.platform.screen.ShowHourglass(false);
@@ -78,8 +83,14 @@ bool frmMain::OpenFile(const fs::path& file) {
 }
 
 bool frmMain::SaveProfileCommand(bool saveAs) {
+  FinishEdits();
   const auto active = Active();
-  return active && SaveDocument(*active, saveAs);
+  if (!active || !SaveDocument(*active, saveAs)) return false;
+  const std::string cells = MarkedCells(*active);
+  if (!cells.empty()) {
+    services_.platform.boxes.Show(T(kSavedWithout) + "\r\n\r\n" + cells, "", BoxIcon::Exclamation, BoxButtons::OK);
+  }
+  return true;
 }
 
 bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
@@ -100,6 +111,8 @@ bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
                                   BoxButtons::OK);
     return false;
   }
+  services_.history.MarkSaved(document);
+  planPane_.MarkUnfinished();
   KeepFolder(kPlanFolder, file);
   services_.recovery.Drop(document);
   services_.recent.Add(file);
@@ -121,6 +134,10 @@ void frmMain::LoadTemplateCommand() {
 
 void frmMain::LoadTemplateFrom(const fs::path& file) {
   const auto active = Active();
+  if (active && services_.runs.Holds(*active)) {
+    services_.platform.boxes.Show(T(kHeldByTables), "", BoxIcon::Information, BoxButtons::OK);
+    return;
+  }
   // The file may tell a part of the settings only; the others stay.
   DiveTemplate loaded = Document(active.value_or(DocumentStore::DefaultDocument)).Template;
   try {
@@ -151,7 +168,9 @@ void frmMain::LoadTemplateFrom(const fs::path& file) {
 }
 
 void frmMain::SaveTemplateCommand() {
-  DiveTemplate& diveTemplate = Document(Active().value_or(DocumentStore::DefaultDocument)).Template;
+  const auto active = Active();
+  DocumentState& document = Document(active.value_or(DocumentStore::DefaultDocument));
+  DiveTemplate& diveTemplate = document.Template;
   if (!diveTemplate.TemplateChanged) return;
   const TextSource& texts = services_.texts;
   if (services_.platform.boxes.Show(texts.GetResString(kSaveTemplateQuestion), "", BoxIcon::Question,
@@ -176,23 +195,35 @@ void frmMain::SaveTemplateCommand() {
     DiveTemplate named = diveTemplate;
     named.Templatename = SplitPath(file.string(), PathPart::FileName);
     SaveTemplateFile(named, file);
+    const DiveTemplate before = diveTemplate;
     diveTemplate.Templatename = named.Templatename;
     diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (active) {
+      document.TemplateTitle = named.Templatename;
+      services_.history.TemplateNamed(*active, before);
+    }
     KeepFolder(kTemplateFolder, file);
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);
     return;
   }
-  if (const auto active = Active()) services_.forms.ShowCaption(*active);
+  if (active) services_.forms.ShowCaption(*active);
 }
 
 bool frmMain::CloseDocument(std::int16_t document) {
+  FinishEdits();
   frmWaypointEditor& editor = services_.forms(document);
-  if (!editor.Form_QueryUnload(true, [&] { return SaveDocument(document, true); })) return false;
+  const auto save = [&] { return SaveDocument(document, true); };
+  if (!editor.Form_QueryUnload(true, save, LostCells(document))) return false;
   EndDocument(document);
   DocumentActivated();
   return true;
+}
+
+std::string frmMain::LostCells(std::int16_t document) {
+  const std::string cells = MarkedCells(document);
+  return cells.empty() ? "" : T(kClosedWithout) + "\r\n" + cells;
 }
 
 void frmMain::EndDocument(std::int16_t document) {
@@ -212,9 +243,12 @@ std::vector<std::int16_t> frmMain::OpenDocuments() const {
 }
 
 bool frmMain::Form_QueryUnload(bool /*byUser*/) {
+  FinishEdits();
   // All questions first: a Cancel leaves every plan open.
   for (const std::int16_t document : OpenDocuments()) {
-    if (!services_.forms(document).ConfirmClose([&] { return SaveDocument(document, true); })) return false;
+    if (services_.forms(document).PrevProfile != -1) continue;
+    const auto save = [&] { return SaveDocument(document, true); };
+    if (!services_.forms(document).ConfirmClose(save, LostCells(document))) return false;
   }
   return true;
 }

@@ -158,7 +158,8 @@ class frmMain : public Form {
   [[nodiscard]] std::optional<std::int16_t> LegEndingAt(std::int16_t row) const;
   /// Opens the leg that a row of the active plan belongs to in the plan pane; nothing for a row of an ascent.
   void EditLegOf(std::int16_t row);
-  /// Ends what is being entered in a pane, as a change of its plan: a command comes.
+  /// Ends what is being entered in a pane, as a change of its plan. Whatever acts on plans does so first: every command
+  /// of this form, a file that is opened or dropped, another plan in front, a close, the end of the program.
   void FinishEdits();
   void PopupGraphMenu();
   /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
@@ -206,11 +207,16 @@ class frmMain : public Form {
   void Wire();
   void WirePlanCommands();
   void WireWindowCommands();
+  void FinishEditsBeforeCommands();
   // Panes (main_panes.cpp).
   [[nodiscard]] PlanPaneServices PaneServices();
   void WirePanes();
   void ShowPane(const Pane& pane, bool shown);
   void ShowFindings();
+  /// What the plan pane refuses has changed: check, graph and commands follow.
+  void ShowRefusal(std::int16_t document);
+  /// The marked cells of a series, which a file of it would not hold; empty when there are none.
+  [[nodiscard]] std::string MarkedCells(std::int16_t document);
   void RestorePanes();
   void KeepPanes();
   void SelectInPanes(std::int16_t row);
@@ -222,6 +228,8 @@ class frmMain : public Form {
   void WireViewCommands();
   void LoadGraphExtras();
   void ShowGraphExtras();
+  /// The unsaved mark on each window of a series that has changed.
+  void ShowModified();
   void HoldCommands(const std::optional<std::int16_t>& active);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
@@ -248,6 +256,8 @@ class frmMain : public Form {
   }
   [[nodiscard]] std::string T(int id) const { return services_.texts.GetResString(id); }
   [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const;
+  /// What a close says of the marked cells of a series.
+  [[nodiscard]] std::string LostCells(std::int16_t document);
   void EndDocument(std::int16_t document);
 
   MainServices services_;

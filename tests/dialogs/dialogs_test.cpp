@@ -86,6 +86,21 @@ TEST(Conservatism, AppliesToThePlanAndKeepsTheCheckOfARefusal) {
   refused.cbOK.Press();
   EXPECT_TRUE(refused.IsLoaded());
   EXPECT_FALSE(d.Document().Template.UseGF);
+  refused.cbCancel.Press();
+  EXPECT_TRUE(d.Document().Template.UseGF) << "given up";
+}
+
+TEST(Conservatism, KeepsAFactorToTheDigitThatNobodyTyped) {
+  Dialogs d;
+  d.Open();
+  d.Document().Template.GFHigh = 0.855;
+  frmConservatism dialog(d.Services());
+  dialog.Load();
+  dialog.Text2.Leave();
+  dialog.Text1.Type("40");
+  dialog.cbOK.Press();
+  EXPECT_EQ(d.Document().Template.GFLow, Single(0.4));
+  EXPECT_EQ(d.Document().Template.GFHigh, Single(0.855));
 }
 
 TEST(GasBlend, KeepsTheSumAt100) {

@@ -60,8 +60,8 @@ struct Forms {
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
     forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelMarks()));
     forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
-    forms.push_back(std::make_unique<frmPlanPane>(
-        PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {}, [] {}, [](std::int16_t) {}}));
+    forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
+        services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
     forms.push_back(std::make_unique<frmWhatIf>(
         services, reports, [] { return ModelMarks(); }, [](std::int16_t, const std::vector<PlotPoint>&) {}));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
