@@ -36,6 +36,8 @@ class AdviceWords {
   [[nodiscard]] std::string PressureUnit() const;
   [[nodiscard]] std::string VolumeUnit() const;
   [[nodiscard]] bool Metric() const { return metric_; }
+  [[nodiscard]] const TextSource& Texts() const { return texts_; }
+  [[nodiscard]] const LocaleSeparators& Separators() const { return separators_; }
 
  private:
   const TextSource& texts_;

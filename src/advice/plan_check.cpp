@@ -8,7 +8,7 @@ namespace tav {
 std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words, const GasSupply& supply) {
   std::vector<Finding> findings;
   if (dive.rows.GetLength() == 0) return findings;
-  const std::vector<BreathedSegment> segments = BreathedSegments(dive);
+  const std::vector<BreathedSegment> segments = BreathedSegments(dive.Breathed());
   const plan_check::Context context{dive, words, segments, findings};
   plan_check::CheckOxygen(context);
   plan_check::CheckGas(context);

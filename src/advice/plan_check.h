@@ -3,9 +3,10 @@
 #include <vector>
 
 #include "advice/advice_words.h"
-#include "advice/breathed_gas.h"
+#include "advice/checked_dive.h"
 #include "advice/finding.h"
 #include "advice/gas_supply.h"
+#include "plan/breathed_gas.h"
 
 namespace tav {
 

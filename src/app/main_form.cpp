@@ -84,6 +84,7 @@ void frmMain::mnuVPM_Click() {
   services_.model.VPMMode = on;
   mnuBulhmannB.Checked = !on;
   mnuBulhmannC.Checked = false;
+  services_.model.ZHL16C = false;
   if (on) {
     mnuHybrid.Checked = false;
     services_.model.HybridMode = false;
@@ -99,6 +100,7 @@ void frmMain::mnuHybrid_Click() {
     services_.model.VPMMode = false;
     mnuBulhmannB.Checked = true;
     mnuBulhmannC.Checked = false;
+    services_.model.ZHL16C = false;
   }
 }
 
@@ -233,10 +235,12 @@ void frmMain::WirePlanCommands() {
   mnuBulhmannB.Click = [this] {
     mnuBulhmannB.Checked = true;
     mnuBulhmannC.Checked = false;
+    services_.model.ZHL16C = false;
   };
   mnuBulhmannC.Click = [this] {
     mnuBulhmannC.Checked = true;
     mnuBulhmannB.Checked = false;
+    services_.model.ZHL16C = true;
   };
   mnuVPM.Click = [this] { mnuVPM_Click(); };
   mnuHybrid.Click = [this] { mnuHybrid_Click(); };

@@ -12,7 +12,6 @@
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
 #include "platform/form.h"
-#include "report/model_marks.h"
 
 namespace tav {
 
@@ -239,7 +238,7 @@ class frmMain : public Form {
   /// Whether a report is to tell all dives of a series; nothing when the user called it off.
   [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document);
   /// The names that windows and reports give the model.
-  [[nodiscard]] ModelMarks Marks() const;
+  [[nodiscard]] ModelChoice Model() const;
   [[nodiscard]] std::optional<std::int16_t> Active() const {
     return services_.platform.documentWindows.ActiveDocument();
   }

@@ -61,7 +61,8 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
                        : pdf ? TableOutput::Form::Nothing
                              : TableOutput::Form::Text);
     output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
-                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n");
+                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n" +
+                     SettingsOfTables(session.Documents()(document).Template, session.Model(), true, texts));
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, [](int, int) { return true; });
       if (pdf) pdf->Print(*scenario);

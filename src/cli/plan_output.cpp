@@ -3,17 +3,12 @@
 #include <ostream>
 
 #include "advice/plan_check.h"
+#include "plan/model_name.h"
 
 namespace tav {
 namespace {
 
 constexpr int kDive = 7741;
-
-std::string ModelName(const ModelChoice& model, const TextSource& texts) {
-  constexpr int kHybrid = 7964;
-  if (model.VPMMode) return "VPM";
-  return model.HybridMode ? texts.Filled(kHybrid, {"ZH-L16B", "VPM"}) : "ZH-L16B";
-}
 
 }  // namespace
 
@@ -42,8 +37,8 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.supply = SupplyOf(session.Forms(), documents[i], options.supply);
     dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
-    dive.model = ModelName(session.Model(), texts);
-    dive.gradientFactors = dive.document->Template.UseGF && !session.Model().VPMMode;
+    dive.model = ModelName(session.Model());
+    dive.gradientFactors = GradientFactorsAct(dive.document->Template, session.Model());
   }
   return true;
 }

@@ -29,14 +29,13 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
-    const ModelMarks marks{!options.vpm, false, options.hybrid, options.vpm};
     const bool wholeSeries = chosen.size() > 1;
     if (report.slate) {
-      Slate slate(output.Pages(), marks);
+      Slate slate(output.Pages(), session.Model());
       WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen.front(),
                   wholeSeries);
     } else {
-      GeneralReport pages(output.Pages(), marks, nullptr);
+      GeneralReport pages(output.Pages(), session.Model(), nullptr);
       WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
         return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
       });

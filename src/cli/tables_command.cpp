@@ -80,7 +80,8 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
                              : TableOutput::Form::Text);
     output.Begin({{"gas", tables.gas}}, "tables",
                  texts.Filled(kHeading, {tables.gas}) + "\n" +
-                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n");
+                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n" +
+                     SettingsOfTables(settings, session.Model(), false, texts));
     while (const auto table = dives.Next([](int, int) { return true; })) {
       if (pdf) pdf->Print(*table);
       const Single depth = table->dives.back().depth;

@@ -43,11 +43,19 @@ Json GasJson(const std::vector<GasNeed>& gases) {
   return list;
 }
 
+Json WarningsJson(const std::vector<GasWarning>& warnings) {
+  Json list = Json::array();
+  for (const GasWarning& warning : warnings) list.push_back(WarningJson(warning));
+  return list;
+}
+
 std::string ColumnsJson(const std::vector<WhatIfColumn>& columns) {
   Json json{{"columns", Json::array()}};
   for (const WhatIfColumn& column : columns) {
     json["columns"].push_back({{"name", column.Id()},
                                {"run_time", Digits(column.rows.GetRunTime(column.rows.GetLength()))},
+                               {"decompresses", column.decompresses},
+                               {"warnings", WarningsJson(column.warnings)},
                                {"rows", RowsJson(column.rows)},
                                {"gas", GasJson(column.gas)}});
   }
@@ -79,7 +87,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
     const AdviceWords words(texts, {".", ""}, metric);
     if (!whatIf.pdf.empty()) {
       PageOutput pdf(folders, whatIf.pdf);
-      Slate slate(pdf.Pages(), {!options.vpm, false, options.hybrid, options.vpm});
+      Slate slate(pdf.Pages(), session.Model());
       WriteSlates({slate, session.Forms(), texts, {".", ""}, options.supply}, document, columns, wish);
       pdf.WritePdf(std::filesystem::path(whatIf.file).stem().string());
     }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "plan/document_forms.h"
+#include "plan/scratch_run.h"
 #include "plan/table_dives.h"
 
 namespace tav {
@@ -57,11 +58,14 @@ class BailoutCuts {
   [[nodiscard]] std::string SizeFault() const;
   [[nodiscard]] std::vector<Moment> Moments() const;
   [[nodiscard]] ClassProfile PlanUntil(const Moment& moment) const;
+  /// Its ascent into `dive`. False when `proceed` ended it.
+  bool Ascend(ScratchRun& run, const Moment& moment, TableDive& dive, const std::function<bool()>& proceed) const;
 
   const PlanServices& services_;
   DocumentState document_;
   std::optional<DocumentState> previous_;
   ClassProfile plan_;
+  std::int16_t openFrom_;  ///< its first row on open circuit
   Single interval_;
   std::string fault_;
 };

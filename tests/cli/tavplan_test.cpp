@@ -237,7 +237,7 @@ TEST_F(Tavplan, QuotesCsvFieldsThatHoldACommaOrAQuote) {
 TEST_F(Tavplan, ChoosesTheModel) {
   // Gradient factors do not act on the bubble model alone.
   const std::pair<const char*, std::string> models[] = {{"--vpm", "VPM, open circuit, "},
-                                                        {"--hybrid", "Hybrid of ZH-L16B and VPM, GF "}};
+                                                        {"--hybrid", "ZH-L16B + VPM, GF "}};
   for (const auto& [option, name] : models) {
     EXPECT_EQ(Run({"plan", option, Dive("wreck.tav")}), ExitStatus::kFine);
     EXPECT_THAT(Out(), HasSubstr("\n" + name));
