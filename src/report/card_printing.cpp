@@ -41,6 +41,7 @@ constexpr int kSmallestSize = 9;
 constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 9;
 const std::string kArial = "Arial";
+const std::string kWarning = "! ";
 
 class CardPrinter {
  public:
@@ -63,10 +64,14 @@ class CardPrinter {
       for (; row < end; ++row, y += kRowHeight) Row(card_.rows[row], y);
       if (part < parts_) continue;
       y = kEnd - static_cast<double>(notes.size()) * kNoteHeight;
+      bool warning = false;  // from the first of them on
       for (const std::string& note : notes) {
+        warning = warning || note.starts_with(kWarning);
+        writer_.SetForeColor(warning ? kRed : kBlack);
         Fitted(kMargin, y, note, kNoteSize, true);
         y += kNoteHeight;
       }
+      writer_.SetForeColor(kBlack);
     }
   }
 
@@ -125,7 +130,7 @@ class CardPrinter {
     std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
     const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().separators);
     for (const GasWarning& warning : card_.warnings) {
-      const std::string text = "! " + WarningText(warning, words);
+      const std::string text = kWarning + WarningText(warning, words);
       for (const std::string& line : WrappedText(text, kRight - kMargin, font, writer_.Services().measure)) {
         lines.push_back(line);
       }
