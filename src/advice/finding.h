@@ -25,7 +25,8 @@ enum class Rule {
   Setpoint,          ///< a setpoint that the depth can't give
   LegLengthened,     ///< the move takes longer than the leg
   LegAtSurface,
-  GasShort,  ///< the cylinders don't hold what is needed
+  GasShort,         ///< the cylinders don't hold what is needed
+  SurfacePressure,  ///< a surface pressure that is not that of its altitude
 };
 
 /// "hypoxic", "hyperoxic", ...: the name of a rule in files for scripts. It never changes.

@@ -14,6 +14,7 @@ std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words
   plan_check::CheckGas(context);
   plan_check::CheckLegs(context);
   plan_check::CheckChanges(context);
+  plan_check::CheckSurface(context);
   plan_check::CheckSupply(context, supply);
   std::ranges::stable_sort(findings, {}, [](const Finding& f) { return std::tuple(f.severity, f.firstRow); });
   return findings;

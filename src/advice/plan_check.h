@@ -33,6 +33,8 @@ void CheckChanges(const Context& context);
 /// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
 void CheckLegs(const Context& context);
 
+/// `SurfacePressure` (surface_findings.cpp).
+void CheckSurface(const Context& context);
 /// `GasShort` (supply_findings.cpp).
 void CheckSupply(const Context& context, const GasSupply& supply);
 

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "app/main_form.h"
+#include "app/user_texts.h"
 #include "dialogs/unit_change.h"
 #include "exchange/import.h"
 #include "model/path_text.h"
@@ -60,8 +61,10 @@ bool frmMain::OpenFile(const fs::path& file) {
   if (file.extension() == kUddfExtension || file.extension() == kCsvExtension) return ImportPlan(file);
   try {
     services_.platform.screen.ShowHourglass(true);
-    OpenProfile(services_.forms, file);
+    const ProfileText profile = ReadProfileFile(file);
+    OpenProfile(services_.forms, file, profile);
     services_.platform.screen.ShowHourglass(false);
+    ShowAdvice(file, profile.advice);
   } catch (const std::exception& error) {
     services_.platform.screen.ShowHourglass(false);
     services_.recent.Remove(file);
@@ -119,12 +122,17 @@ void frmMain::LoadTemplateCommand() {
   if (!file.empty()) LoadTemplateFrom(file);
 }
 
+void frmMain::ShowAdvice(const fs::path& file, const std::vector<FormatFault>& advice) {
+  const std::string text = AdviceText(services_.texts, file, advice);
+  if (!text.empty()) services_.platform.boxes.Show(text, "", BoxIcon::Information, BoxButtons::OK);
+}
+
 void frmMain::LoadTemplateFrom(const fs::path& file) {
   const auto active = Active();
   // The file may tell a part of the settings only; the others stay.
   DiveTemplate loaded = Document(active.value_or(DocumentStore::DefaultDocument)).Template;
   try {
-    LoadTemplateFile(loaded, file);
+    ShowAdvice(file, LoadTemplateFile(loaded, file));
   } catch (const FileError& error) {
     services_.platform.boxes.Show(
         services_.texts.Filled(kTemplateIgnored, {file.string()}) + "\r\n" + services_.texts.Words(error), "",

@@ -11,6 +11,7 @@
 #include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
+#include "persist/format_faults.h"
 #include "platform/form.h"
 #include "report/model_marks.h"
 
@@ -228,6 +229,8 @@ class frmMain : public Form {
   void mnuHybrid_Click();
   void ShowHelp(HelpViewer::Page page);
   void ExportGraph(bool svg);
+  /// Tells what is odd in a file that was read.
+  void ShowAdvice(const std::filesystem::path& file, const std::vector<FormatFault>& advice);
   void LoadTemplateFrom(const std::filesystem::path& file);
   bool SaveDocument(std::int16_t document, bool saveAs);
   bool SaveSeries(std::int16_t document, const std::filesystem::path& file);

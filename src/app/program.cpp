@@ -70,11 +70,14 @@ void Program::StaySplash(const Form& splash, double until) {
 
 bool Program::Main(const std::vector<std::string>& arguments) {
   if (!LoadLanguageOfUser()) return false;
-  const std::optional<FileError> fault = InitDocuments(documents_, folders_);
-  if (fault) {
+  const StartFaults faults = InitDocuments(documents_, folders_);
+  if (faults.broken) {
     constexpr int kTemplateIgnored = 7953;
-    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*fault)}), "", BoxIcon::Stop, BoxButtons::OK);
+    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*faults.broken)}), "", BoxIcon::Stop,
+                         BoxButtons::OK);
   }
+  const std::string advice = AdviceText(texts_, faults.file, faults.advice);
+  if (!advice.empty()) platform_.boxes.Show(advice, "", BoxIcon::Information, BoxButtons::OK);
   ReadCommandLine(arguments);
 
   const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));

@@ -2,6 +2,7 @@
 
 #include "app/user_texts.h"
 #include "cli/commands.h"
+#include "cli/plan_input.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 
@@ -9,7 +10,6 @@ namespace tav {
 namespace {
 
 // Texts by number.
-constexpr int kAdvice = 7955;
 constexpr int kNoFaults = 7956;
 
 bool IsTemplate(const std::string& file, const std::string& text) {
@@ -18,33 +18,17 @@ bool IsTemplate(const std::string& file, const std::string& text) {
   return text.find("\nStart of Profile") == std::string::npos;
 }
 
-void CheckTemplate(const std::string& text, FormatFaults& faults) {
-  DiveTemplate diveTemplate;
-  const KeyLines keys = ReadTemplateText(diveTemplate, text, faults);
-  ReportTemplateFaults(diveTemplate, keys, 1, faults);
-}
-
-void CheckProfile(const std::string& text, FormatFaults& faults) {
-  const ProfileText profile = ReadProfileText(text, faults);
-  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
-    ReportTemplateFaults(profile.dives[i].Template, profile.lines[i].keys, profile.lines[i].block, faults);
-  }
-  ReportSeriesFaults(profile, faults);
-}
-
 /// True when the file can be used.
 bool Check(const std::string& file, const TextSource& texts, std::ostream& out) {
   const std::string text = ReadTextFile(file);
   FormatFaults faults(file, FormatFaults::Mode::Collect);
   if (IsTemplate(file, text)) {
-    CheckTemplate(text, faults);
+    DiveTemplate diveTemplate = ShippedDefaultTemplate();  // as the commands that take a template
+    ReadTemplateText(diveTemplate, text, faults);
   } else {
-    CheckProfile(text, faults);
+    ReportSeriesFaults(ReadProfileText(text, faults), faults);
   }
-  for (const FormatFault& fault : faults.List()) {
-    out << file << ":" << fault.line << ": "
-        << (fault.error ? texts.Words(fault.text) : texts.Words({kAdvice, {fault.text}})) << "\n";
-  }
+  TellFaults(file, faults.List(), texts, out);
   if (faults.List().empty()) out << file << ": " << texts.GetResString(kNoFaults) << "\n";
   return !faults.HasErrors();
 }

@@ -2,7 +2,6 @@
 #include <filesystem>
 #include <ostream>
 
-#include "app/start_up.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
@@ -13,7 +12,6 @@
 namespace tav {
 namespace {
 
-constexpr int kBuiltIn = 7954;
 constexpr int kWithoutLoads = 7785;
 constexpr int kOwnInput = 7786;
 
@@ -33,7 +31,7 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     PlanSession session(texts);
     session.Model() = {model.vpm, model.hybrid};
     const auto documents =
-        ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file)));
+        ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file, texts, err)));
     bool decompress = true;
     for (const std::int16_t document : documents) {
       const std::string& fault = session.Forms()(document).EvaluationFault();
@@ -57,13 +55,8 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
   try {
     RefuseOwnInput(options.file, options.output);
     DocumentStore documents;
-    const auto fault = InitDocuments(documents, folders);
-    DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;
-    if (!options.templateName.empty()) {
-      LoadPlannable(settings, options.templateName, folders);
-    } else if (fault) {
-      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
-    }
+    StartSettings(documents, options.templateName, folders, texts, err);
+    const DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;
     const ImportedDives imported = ImportFile(options.file, settings, options.dive, texts);
     std::string text;
     for (const DiveRecord& dive : imported.profile.dives) {

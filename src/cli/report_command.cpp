@@ -20,7 +20,7 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
   try {
     PlanSession session(texts);
     session.Model() = {options.vpm, options.hybrid};
-    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
+    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file, texts, err));
     const auto chosen = ChosenDives(report.dive, documents);
     bool decompress = true;
     for (const std::int16_t document : chosen) {

@@ -280,16 +280,21 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   const auto command = [&app] {
     return app.get_subcommands().empty() ? std::string() : app.get_subcommands().front()->get_name();
   };
+  const auto refuse = [&](const Message& fault, const std::string& of) {
+    constexpr int kUsage = 7995;
+    const std::string program = of.empty() ? "tavplan" : "tavplan " + of;
+    err << program << ": " << texts.Filled(kUsage, {texts.Words(fault), program + " --help"}) << "\n";
+    return ExitStatus::kUnusableInput;
+  };
+  // The parser would take an option for the value of the one ahead of it.
+  if (const auto fault = ValueFault(app, arguments)) return refuse(*fault, arguments.front());
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
     // Help and version are "errors" of status 0 to the library; all others are usage errors.
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
-    constexpr int kUsage = 7995;
-    const std::string program = command().empty() ? "tavplan" : "tavplan " + command();
-    err << program << ": " << texts.Filled(kUsage, {texts.Words(UsageFault(app, error)), program + " --help"}) << "\n";
-    return ExitStatus::kUnusableInput;
+    return refuse(UsageFault(app, error), command());
   } catch (const OptionError& error) {
     return Refused(error, command(), texts, err);
   }

@@ -62,7 +62,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
   PlanSession session(texts);
   try {
     ApplyOptions(options, session);
-    const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file));
+    const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file, texts, err));
     const std::int16_t document = ChosenDive(whatIf.dive, documents);
     WhatIf plan(session.Forms(), document);
     if (!plan.Fault().empty()) throw FileError(whatIf.file, 0, plan.Fault());

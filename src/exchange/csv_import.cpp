@@ -15,12 +15,6 @@ namespace {
 constexpr const char* kAscentWord = "ascent";
 constexpr std::size_t kColumns = 3;  // depth, minutes, gas
 
-std::string Small(std::string text) {
-  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  std::transform(text.begin(), text.end(), text.begin(), small);
-  return text;
-}
-
 /// Tab or semicolon where the text has one outside of quotes, else the comma.
 char SeparatorOf(const std::string& text) {
   bool quoted = false;
@@ -58,21 +52,6 @@ std::optional<std::vector<std::string>> CellsOf(std::string_view line, char sepa
   if (quoted) return std::nullopt;
   for (std::string& cell : cells) cell = std::string(TrimBlanks(cell));
   return cells;
-}
-
-/// The name of a blend that differs in its case alone; else that of a gas that the name tells in another case.
-std::string NameInItsCase(const std::string& name, const DiveTemplate& settings) {
-  if (FindBlend(name, settings)) return name;
-  const std::string small = Small(name);
-  for (const GasMix& blend : settings.Blends) {
-    if (Small(blend.Name) == small) return blend.Name;
-  }
-  for (const std::string start : {"EAN", "Tx", "H", "Oxygen"}) {
-    if (!small.starts_with(Small(start))) continue;
-    std::string usual = start + name.substr(start.size());
-    if (MixOfName(usual)) return usual;
-  }
-  return name;
 }
 
 /// Lines in which something is assumed: how many, and the first.
@@ -155,11 +134,13 @@ class CsvImport {
 
   /// A gas that only its name tells is added.
   void TakeGas(int row, const std::string& gas) {
-    const std::string name = NameInItsCase(gas, Settings());
-    const auto mix = MixOfName(name);
-    if (!FindBlend(name, Settings()) && mix) Settings().Blends.push_back(*mix);
+    auto mix = GasNamed(gas, Settings());
+    if (const auto told = MixOfName(gas); !mix && told) {
+      mix = static_cast<std::int16_t>(Settings().Blends.size());
+      Settings().Blends.push_back(*told);
+    }
     table_.Set(row, LegTable::Field::Gas, "");
-    table_.Set(row, LegTable::Field::Gas, name);
+    table_.Set(row, LegTable::Field::Gas, mix ? Settings().Blends[static_cast<std::size_t>(*mix)].Name : gas);
   }
 
   const std::filesystem::path& file_;

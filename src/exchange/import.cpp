@@ -11,7 +11,6 @@
 #include "exchange/plan_samples.h"
 #include "exchange/uddf_reader.h"
 #include "model/number_text.h"
-#include "model/template_faults.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -70,8 +69,6 @@ class UddfImport {
     try {
       ProfileText text = ReadProfileText(logged.plan, faults);
       if (text.dives.size() != 1) throw FileError(file_, 1, texts_.GetResString(exchange_text::kNoDive));
-      const auto found = TemplateFaults(text.dives.front().Template);
-      if (!found.empty()) throw FileError(file_, 1, JoinFaults(found));
       return std::move(text.dives.front());
     } catch (const FileError& error) {
       throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1),
@@ -140,7 +137,11 @@ ImportedDives ImportFile(const std::filesystem::path& file, const DiveTemplate& 
   std::string extension = file.extension().string();
   const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   std::transform(extension.begin(), extension.end(), extension.begin(), small);
-  if (extension == kCsvExtension) return ImportCsv(file, text, settings, texts);
+  if (extension == kCsvExtension) {
+    // Waypoints are those of one dive.
+    if (dive > 1) throw FileError(file, 0, {exchange_text::kNoSuchDive, {std::to_string(dive), "1"}});
+    return ImportCsv(file, text, settings, texts);
+  }
   return ImportUddf(file, std::move(text), settings, dive, texts);
 }
 

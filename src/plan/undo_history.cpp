@@ -41,7 +41,6 @@ void UndoHistory::Redo(std::int16_t document) {
 
 void UndoHistory::PutInForce(std::int16_t document, const State& state) {
   restoring_ = true;
-  // A plain assignment and no CopyDiveTemplate: a list that was empty then must be empty again.
   forms_.Services().documents(document).Template = state.diveTemplate;
   forms_(document).UserActions = state.actions;
   forms_(document).MarkModified();

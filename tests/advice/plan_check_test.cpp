@@ -373,6 +373,17 @@ const RuleCase kLegs[] = {
      {12, 0},
      "Leg 2 is at the surface: its 10 min",
      {{{12, 10}, {3, 10}, {12, 10}}}},
+    {"PressureOfAnotherAltitude",
+     Rule::SurfacePressure,
+     {{{20, 20}}, AtALake},
+     kNote,
+     {0, 20},
+     "The start at 0 m has a surface pressure of 0.79 bar, where about 1.01 bar is usual",
+     {{{20, 20}},
+      [](DiveTemplate& t) {
+        AtALake(t);
+        t.StartAltitude = t.EndAltitude = 2140;
+      }}},
 };
 
 const RuleCase kChanges[] = {

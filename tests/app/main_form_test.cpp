@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/properties.h"
+#include "model/number_text.h"
 #include "plan/profile_commands.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
@@ -547,8 +548,20 @@ TEST(Templates, OneThatTellsAPartChangesNothingElse) {
     EXPECT_EQ(double{t.DecoRMV}, 15);
     EXPECT_EQ(double{t.StepSize}, 3);
     EXPECT_TRUE(t.Metric && t.OpenCircuit);
-    EXPECT_EQ(t.Blends.size(), 2U) << "the list of gases is always that of the file";
+    EXPECT_EQ(t.Blends.size(), 2U) << "the list of gases is that of the file";
+    EXPECT_NE(p.platform.LastBox().text.find("not told here"), std::string::npos);
   }
+}
+
+TEST(Opening, TellsWhatIsOddInAPlanThatItOpens) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto file = p.folder.Path() / "odd.tav";
+  std::ofstream(file) << ReplaceAll(test::FileText(HeadlessProgram::Dive("wreck.tav")), "# Properties",
+                                    "# Cylinder=Air: 2/ 12/");
+  EXPECT_TRUE(p.Main().OpenFile(file));
+  EXPECT_NE(p.platform.LastBox().text.find("25: passed over: a cylinder: "), std::string::npos)
+      << p.platform.LastBox().text;
 }
 
 TEST(Templates, OneInOtherUnitsCanTakeTheWaypointsAlong) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/command_line.h"
+#include "app/user_texts.h"
 #include "persist/template_file.h"
 #include "support/english.h"
 #include "support/scratch_folder.h"
@@ -41,32 +42,37 @@ class StartUp : public testing::Test {
   [[nodiscard]] fs::path Own() const { return scratch_.Path() / "user/template/Default.tpl"; }
   /// Why the default template can't be used, in English; empty when it can.
   std::string Init() {
-    const auto fault = InitDocuments(documents_, folders_);
-    return fault ? test::English().Words(*fault) : "";
+    const StartFaults faults = InitDocuments(documents_, folders_);
+    advice_ = AdviceText(test::English(), faults.file.filename(), faults.advice);
+    return faults.broken ? test::English().Words(*faults.broken) : "";
   }
   [[nodiscard]] const DiveTemplate& Default() const { return documents_(DocumentStore::DefaultDocument).Template; }
 
   test::ScratchFolder scratch_;
   ProgramFolders folders_{scratch_.Path() / "program", scratch_.Path() / "user"};
   DocumentStore documents_;
+  std::string advice_;
 };
 
 TEST_F(StartUp, TakesTheUsersDefaultsBeforeTheShippedOnes) {
   EXPECT_EQ(Init(), "");
   EXPECT_EQ(WriteTemplateBlock(Default()), WriteTemplateBlock(ShippedDefaultTemplate()));
   EXPECT_EQ(documents_(0).TemplateTitle, "Default");
+  EXPECT_EQ(advice_, "");
   fs::create_directories(Own().parent_path());
-  // From before there was a breathing rate of its own for the decompression; and without gas changes.
   WriteTextFile(Own(),
-                "Start Template Block\nRMV= .7\nStepSize= 10\nStartPressure= 1\nEndPressure= 1\nOpen Circuit=1\n"
-                "AscendRates= 0: 30,\nDescendRates= 0: 60,\nTemplatename=Mine.tpl\nEnd Template Block\n");
+                "Start Template Block\nRMV= 22\nGF=1, .8, .2\nOpen Circuit=1\nChange Gas Mixes=\n"
+                "Templatename=Mine.tpl\nEnd Template Block\n");
   EXPECT_EQ(Init(), "");
-  EXPECT_EQ(Default().RMV, Single(0.7));
-  EXPECT_EQ(Default().DecoRMV, Single(0.7));
+  EXPECT_EQ(Default().RMV, Single(22));
+  EXPECT_EQ(Default().DecoRMV, Single(15));
   EXPECT_THAT(Default().ChangeGasMixes, IsEmpty());
-  EXPECT_EQ(Default().Blends.size(), 1U);
-  EXPECT_FALSE(Default().Metric) << "nothing of a metric file is mixed into it";
   EXPECT_EQ(Default().Templatename, "Mine.tpl");
+  // What it does not tell is that of the program, and that is said.
+  EXPECT_EQ(Default().StepSize, Single(3));
+  EXPECT_EQ(Default().Blends.size(), 8U);
+  EXPECT_THAT(advice_, testing::AllOf(HasSubstr("Default.tpl\r\nwas read"), HasSubstr("1: not told here"),
+                                      HasSubstr("\"Metric\""), testing::Not(HasSubstr("\"GF\""))));
 }
 
 TEST_F(StartUp, FallsBackOnBuiltInDefaultsAndSaysWhy) {

@@ -104,7 +104,7 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
   for (const Case& c : {
            Case{tables("54:9:3", "5:45:5"), "The start depth is deeper"},
            Case{tables("9:54:0", "5:45:5"), "The depth interval must be above 0"},
-           Case{tables("9:54:0.4", "5:45:5"), "The depth interval must be above 0"},
+           Case{tables("9:54:0.4", "5:45:5"), "\"0.4\" must be a whole number from 1"},
            Case{tables("9:54:3", "45:5:5"), "The start time is later"},
            Case{tables("9:54:3", "5:45:-1"), "The time interval must be above 0"},
            Case{tables("9:54:3", "-5:45:5"), "The start time must not be below 0"},

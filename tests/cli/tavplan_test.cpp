@@ -297,6 +297,10 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
   const std::string broken = Changed("wreck.tav", "Metric=1", "Metric=m");
   const std::string unsound = (scratch_.Path() / "unsound.tav").string();
   WriteTextFile(unsound, ReplaceAll(ReadTextFile(Dive("wreck.tav")), "StepSize= 3", "StepSize= 0"));
+  const std::string lacking = (scratch_.Path() / "lacking.tav").string();
+  WriteTextFile(lacking, ReplaceAll(ReadTextFile(Dive("wreck.tav")), "Metric=1\r\n", ""));
+  const std::string csv = (scratch_.Path() / "legs.csv").string();
+  WriteTextFile(csv, "30,20,Air\n");
   const std::string series = (scratch_.Path() / "series.tav").string();
   WriteTextFile(series, ReplaceAll(ReadTextFile(Dive("lake-series.tav")), "-1,-1,0,1,\r\n", ""));
   const Refusal refusals[] = {
@@ -321,6 +325,18 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
       {{"report", broken, "x.pdf"}, "tavplan report: \"x.pdf\" is not expected ("},
       {{"report", broken, "--pdf", "a", "--dive"}, "tavplan report: --dive: the value is missing ("},
       {{"report", broken, "--pdf", "a", "--pdf", "b"}, "tavplan report: --pdf is given more than once ("},
+      {{"new", "--depth", "30", "--time", "9", "-o", "--vpm"}, "tavplan new: --output: the value is missing ("},
+      {{"new", "--depth", "30", "--time", "9", "-o", "-h"}, "tavplan new: --output: the value is missing ("},
+      {{"export", broken, "--uddf", "--vpm"}, "tavplan export: --uddf: the value is missing ("},
+      {{"report", broken, "--pdf", "--slate"}, "tavplan report: --pdf: the value is missing ("},
+      {{"report", broken, "--pdf=--slate"}, "tavplan report: --pdf: the value is missing ("},
+      {{"bailout", broken, "--pdf", ""}, "tavplan bailout: --pdf: the value is missing ("},
+      {{"bailout", broken, "--pdf="}, "tavplan bailout: --pdf: the value is missing ("},
+      {{"bailout", broken, "--interval", "1.5"}, "tavplan bailout: --interval: \"1.5\" must be a whole number from 0"},
+      {{"tables", "--gas", "Air", "--depths", "9:30:0.4", "--times", "5:10:5"},
+       "tavplan tables: --depths: \"0.4\" must be a whole number from 1"},
+      {{"import", csv, "-o", "a.tav", "--dive", "3"}, csv + ": there is no dive 3, the file holds 1\n"},
+      {{"plan", lacking}, lacking + ":1: the settings of this dive lack \"Metric\"\n"},
       {{"plan", "--why=x", broken}, "tavplan plan: --why can't be understood ("},
       {{"plan", "--turn", "x", broken}, "tavplan plan: --turn: \"x\" must be one of these: all, half, thirds\n"},
       {{"plan", "--team", "2.5", broken}, "tavplan plan: --team: \"2.5\" must be a whole number from 1 to 9\n"},
@@ -357,7 +373,7 @@ TEST_F(Tavplan, TellsAPlanThatDoesNotDecompress) {
   const std::string text = ReadTextFile(Dive("air-deco.tav"));
   std::string deep = Changed("air-deco.tav", "LastStop= 3", "LastStop= 9");
   deep = ReplaceAll(ReadTextFile(deep), text.substr(text.find("GF="), 12), "GF=1, .05, .05\r\n#");
-  deep = ReplaceAll(deep, "Change Gas Mixes=", "# ");
+  deep = ReplaceAll(deep, "Change Gas Mixes=", "Change Gas Mixes=\r\n# ");
   const std::string file = (scratch_.Path() / "deep.tav").string();
   WriteTextFile(file, deep);
   EXPECT_EQ(Run({"plan", file}), ExitStatus::kDoesNotDecompress) << Out() << Err();
@@ -378,12 +394,45 @@ TEST_F(Tavplan, ListsAllFaultsOfTheCheckedFiles) {
   WriteTextFile(file, "Start Template Block\nMetric=m\nStepSize=0\nRMV=1 l\nOCDeco=\nEnd Template Block\n");
   EXPECT_EQ(Run({"check", file, "/none.tpl"}), ExitStatus::kUnusableInput);
   for (const char* fault : {":2: \"Metric\" must be 0 or 1", ":5: \"OCDeco\" must be", ":4: advice: \"RMV\" should be",
-                            ":3: the distance between stops is 0", ":1: there is no ascent rate"}) {
+                            ":3: the distance between stops is 0", ":1: advice: not told here"}) {
     EXPECT_THAT(Out(), HasSubstr(file + fault));
   }
   EXPECT_EQ(Err(), "/none.tpl: can't be opened: No such file or directory\n");
   EXPECT_EQ(Run({"check", Changed("wreck.tav", "SurfTime = 0", "SurfTime = 5")}), ExitStatus::kFine) << "advice alone";
   EXPECT_THAT(Out(), HasSubstr("advice: \"SurfTime\" of a first dive"));
+}
+
+TEST_F(Tavplan, TellsWhatIsOddInAFileThatItUses) {
+  const std::string odd = Changed("wreck.tav", "RMV= 20", "RMV=20 litres");
+  for (const auto& arguments :
+       {std::vector<std::string>{"plan", "--csv", odd}, {"bailout", "--json", odd}, {"whatif", odd}}) {
+    EXPECT_EQ(Run(arguments), ExitStatus::kFine);
+    EXPECT_THAT(Err(),
+                StartsWith(odd + ":26: advice: \"RMV\" should be a number, not \"20 litres\"; it is taken as 20\n"));
+  }
+  // A template is read over the program's own values; what it does not tell is named in one line.
+  const std::string partial = (scratch_.Path() / "partial.tpl").string();
+  WriteTextFile(partial, ReplaceAll(ReadTextFile(kRoot / "template/Default.tpl"), "Metric=1\r\n", ""));
+  WriteTextFile(partial, ReplaceAll(ReadTextFile(partial), "GF=", "# GF="));
+  Run({"new", "--depth", "40", "--time", "20"});
+  const std::string standard = Out();
+  EXPECT_EQ(Run({"new", "--depth", "40", "--time", "20", "--template", partial}), ExitStatus::kFine);
+  EXPECT_EQ(Out(), standard);
+  EXPECT_THAT(
+      Err(), HasSubstr(partial + ":1: advice: not told here, so that what was set before stays: \"Metric\", \"GF\"\n"));
+}
+
+TEST_F(Tavplan, KnowsGasesInAnyCaseOfLetters) {
+  for (const auto& [typed, name] : {std::pair{"air", "Air"},
+                                    {"ean32", "EAN32"},
+                                    {"EAN032", "EAN32"},
+                                    {"ean036", "EAN36"},
+                                    {"TX18/45", "Tx18/45"}}) {
+    Run({"new", "--depth", "30", "--time", "20", "--gas", name});
+    const std::string expected = Out();
+    EXPECT_EQ(Run({"new", "--depth", "30", "--time", "20", "--gas", typed}), ExitStatus::kFine) << Err();
+    EXPECT_EQ(Out(), expected);
+  }
 }
 
 TEST_F(Tavplan, MakesAndSavesAPlanFromLegs) {
