@@ -83,9 +83,9 @@ std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive) {
 }
 
 double GasDensity(const BreathedShares& shares, double ambientBar) {
-  constexpr double kOxygen = 1.43;
-  constexpr double kNitrogen = 1.25;
-  constexpr double kHelium = 0.179;
+  constexpr double kOxygen = 1.411;
+  constexpr double kNitrogen = 1.234;
+  constexpr double kHelium = 0.1762;
   return ambientBar * (shares.O2 * kOxygen + shares.N2 * kNitrogen + shares.He * kHelium);
 }
 

@@ -45,8 +45,9 @@ struct BreathedSegment {
 /// All segments, in the order of their rows, from row 1.
 std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive);
 
-/// Density of a gas, g/l.
-/// Source of the densities at 1 bar: O2 1.43, N2 1.25, He 0.179 g/l.
+/// Density of a gas, g/l, as G. Anthony and S. Mitchell reckon it ("Respiratory physiology of rebreather diving", in:
+/// Rebreathers and scientific diving, 2016): O2 1.411, N2 1.234, He 0.1762 g/l at 1 bar and 0 C. Their 5.2 g/l then are
+/// air at 31 m.
 double GasDensity(const BreathedShares& shares, double ambientBar);
 
 }  // namespace tav

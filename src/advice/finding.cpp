@@ -5,22 +5,11 @@
 namespace tav {
 
 std::string_view IdOf(Rule rule) {
-  constexpr std::array<std::string_view, 16> kIds{"hypoxic",
-                                                  "hyperoxic",
-                                                  "above_ceiling",
-                                                  "does_not_decompress",
-                                                  "narcotic",
-                                                  "cns",
-                                                  "otu",
-                                                  "density",
-                                                  "counter_diffusion",
-                                                  "change_hidden",
-                                                  "change_unknown",
-                                                  "change_hyperoxic",
-                                                  "setpoint",
-                                                  "leg_lengthened",
-                                                  "leg_at_surface",
-                                                  "gas_short"};
+  constexpr std::array<std::string_view, 19> kIds{
+      "hypoxic",    "hyperoxic",      "above_ceiling",     "does_not_decompress", "narcotic",       "cns",
+      "otu",        "density",        "counter_diffusion", "change_hidden",       "change_unknown", "change_hyperoxic",
+      "setpoint",   "leg_lengthened", "leg_at_surface",    "gas_short",           "change_skipped", "two_pressures",
+      "turn_passed"};
   return kIds.at(static_cast<std::size_t>(rule));
 }
 

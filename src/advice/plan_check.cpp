@@ -12,7 +12,9 @@ std::vector<Finding> CheckPlan(const CheckedDive& dive, const AdviceWords& words
   const plan_check::Context context{dive, words, segments, findings};
   plan_check::CheckOxygen(context);
   plan_check::CheckGas(context);
+  plan_check::CheckCeilings(context);
   plan_check::CheckLegs(context);
+  plan_check::CheckDoses(context);
   plan_check::CheckChanges(context);
   plan_check::CheckSupply(context, supply);
   std::ranges::stable_sort(findings, {}, [](const Finding& f) { return std::tuple(f.severity, f.firstRow); });

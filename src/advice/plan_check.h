@@ -28,12 +28,16 @@ struct Context {
 void CheckOxygen(const Context& context);
 /// `Narcotic`, `Density`, `CounterDiffusion` (gas_findings.cpp).
 void CheckGas(const Context& context);
-/// `ChangeHidden`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
+/// `ChangeHidden`, `ChangeSkipped`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
 void CheckChanges(const Context& context);
-/// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
+/// `AboveCeiling` (ceiling_findings.cpp).
+void CheckCeilings(const Context& context);
+/// `DoesNotDecompress`, `LegLengthened`, `LegAtSurface`, `TwoPressures` (leg_findings.cpp).
 void CheckLegs(const Context& context);
+/// `CNS`, `OTU` (dose_findings.cpp).
+void CheckDoses(const Context& context);
 
-/// `GasShort` (supply_findings.cpp).
+/// `GasShort`, `TurnPassed` (supply_findings.cpp).
 void CheckSupply(const Context& context, const GasSupply& supply);
 
 }  // namespace plan_check

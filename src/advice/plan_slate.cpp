@@ -1,6 +1,7 @@
 #include "advice/plan_slate.h"
 
 #include "advice/gas_supply.h"
+#include "advice/supply_text.h"
 
 namespace tav {
 namespace {
@@ -27,7 +28,7 @@ std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyCh
     if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
   }
   if (deepest == nullptr || !deepest->turnPressure) return {};
-  return words.Gauge(*deepest->turnPressure, supply.Of(deepest->gas)->gaugeInBar);
+  return ToActByText(*supply.Of(deepest->gas), deepest->turnPressure, words);
 }
 
 namespace {

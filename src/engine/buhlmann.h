@@ -205,6 +205,7 @@ class ClassBuhlmann {
   Single otuTotal_;
   Single cnsTotal_;
   bool decompresses_ = true;
+  bool lastStopBelowBottom_ = false;  ///< the ascent begins no deeper than LastStop, and waits there for the surface
   std::vector<DiveMoment>* moments_ = nullptr;
   Single rowTime_;      // run time at the start of the segment
   Single stretchTime_;  // run time at the start of the stretch

@@ -165,7 +165,7 @@ TEST_F(Tavplan, TellsTheGasSupplyWhereCylindersAreTold) {
        "EAN50:1/80/3000/2900/500", "--cylinder", "Oxygen:1/7/200/20/", "--turn", "thirds", "-o", file});
   EXPECT_EQ(Err(), "");
   EXPECT_THAT(Out(), HasSubstr("\nMinimum gas at the end of each leg\n"));
-  EXPECT_THAT(Out(), HasSubstr("2 divers x 2 x 20 l/min x 4.0 bar x 2 min + ascent "));
+  EXPECT_THAT(Out(), HasSubstr("2 divers x 2 x 20 l/min x 4.013 bar x 2 min = 642 l, + ascent "));
   Run({"plan", "--json", "--team", "3", "--sort-out", "1", "--turn", "thirds", file});
   const json supply = json::parse(Out())["dives"][0]["gas_supply"];
   EXPECT_EQ(supply["team"], 3);
