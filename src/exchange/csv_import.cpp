@@ -110,6 +110,7 @@ class CsvImport {
     imported_.profile.dives.front().UserActions = table_.Actions();
     Tell(exchange_text::kLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
     Tell(exchange_text::kMoreColumns, moreColumns_, "");
+    Tell(exchange_text::kHeadingWithDigits, headings_, "");
     imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
     return std::move(imported_);
   }
@@ -142,6 +143,8 @@ class CsvImport {
     }
     if (table_.Paste(row, tabbed, kAscentWord) == 0) {
       if (row > 0 && !ascent) Fail(number, exchange_text::kNoSeparator);
+      // A heading has no digits; a waypoint with a slip in its numbers does.
+      if (line.find_first_of("0123456789") != std::string_view::npos) headings_.Add(number);
       return;
     }
     imported_.profile.lines.front().actions.push_back(number);
@@ -169,6 +172,7 @@ class CsvImport {
   LegTable table_;
   Lines withoutGas_;
   Lines moreColumns_;
+  Lines headings_;  // with digits in them
   ImportedDives imported_;
 };
 

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -20,8 +21,6 @@ constexpr int kNotWritten = 7900;
 constexpr int kNotReplaced = 7901;
 constexpr int kIsFolder = 7902;
 constexpr int kLargerThan = 7903;
-
-constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 
 // The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
 constexpr std::string_view kUnfinished = ".saving-";
@@ -86,6 +85,11 @@ void AppendUtf8(std::string& text, unsigned codePoint) {
   } else if (codePoint < 0x800) {
     text += static_cast<char>(0xC0U | codePoint >> 6U);
     text += static_cast<char>(0x80U | (codePoint & 0x3FU));
+  } else if (codePoint >= 0x10000) {
+    text += static_cast<char>(0xF0U | codePoint >> 18U);
+    text += static_cast<char>(0x80U | (codePoint >> 12U & 0x3FU));
+    text += static_cast<char>(0x80U | (codePoint >> 6U & 0x3FU));
+    text += static_cast<char>(0x80U | (codePoint & 0x3FU));
   } else {
     text += static_cast<char>(0xE0U | codePoint >> 12U);
     text += static_cast<char>(0x80U | (codePoint >> 6U & 0x3FU));
@@ -98,6 +102,38 @@ constexpr std::array<unsigned, 32> kWindows1252 = {0x20AC, 0x81,   0x201A, 0x019
                                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
                                                    0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+/// The place of the high byte in the pairs of a text in UTF-16; nothing for another text.
+std::optional<std::size_t> Utf16Order(std::string_view text) {
+  constexpr std::string_view kXmlHighFirst("\0<", 2);
+  constexpr std::string_view kXmlLowFirst("<\0", 2);
+  if (text.starts_with("\xFE\xFF") || text.starts_with(kXmlHighFirst)) return 0;
+  if (text.starts_with("\xFF\xFE") || text.starts_with(kXmlLowFirst)) return 1;
+  return std::nullopt;
+}
+
+/// Halves of a pair that stand alone become U+FFFD, which replaces what can't be read.
+std::string FromUtf16(std::string_view text, std::size_t high) {
+  constexpr unsigned kByteOrderMark = 0xFEFF;
+  constexpr unsigned kReplacement = 0xFFFD;
+  const auto unit = [&](std::size_t i) {
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned>(static_cast<unsigned char>(text[at])); };
+    return i + 1 < text.size() ? byte(i + high) * 256 + byte(i + 1 - high) : 0U;
+  };
+  std::string utf8;
+  utf8.reserve(text.size());
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+    unsigned code = unit(i);
+    if (code >= 0xD800 && code < 0xE000) {
+      const unsigned low = unit(i + 2);
+      const bool pair = code < 0xDC00 && low >= 0xDC00 && low < 0xE000;
+      code = pair ? 0x10000 + (code - 0xD800) * 0x400 + (low - 0xDC00) : kReplacement;
+      if (pair) i += 2;
+    }
+    if (i > 0 || code != kByteOrderMark) AppendUtf8(utf8, code);
+  }
+  return utf8;
+}
 
 void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) {
   while (!text.empty()) {
@@ -149,7 +185,7 @@ std::string ToUtf8(std::string text) {
   return utf8;
 }
 
-std::string ReadTextFile(const std::filesystem::path& file) {
+std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest) {
   Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
   if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
   std::string text;
@@ -160,8 +196,9 @@ std::string ReadTextFile(const std::filesystem::path& file) {
     if (got < 0) throw FileError(file, 0, {kNotRead, {ErrorText(errno)}});
     if (got == 0) break;
     text.append(buffer.data(), static_cast<std::size_t>(got));
-    if (text.size() > kLargestFile) throw FileError(file, 0, kLargerThan);
+    if (text.size() > largest) throw FileError(file, 0, {kLargerThan, {std::to_string(largest / kMiB)}});
   }
+  if (const auto order = Utf16Order(text)) return FromUtf16(text, *order);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
   return ToUtf8(std::move(text));

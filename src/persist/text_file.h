@@ -23,9 +23,14 @@ class FileError : public MessageError {
 /// What the system says of an error number: the usual ones by a text of ours, the others in its own words.
 Message ErrorText(int error);
 
-/// The text of a file as UTF-8. What is not valid UTF-8 is taken as Windows-1252, a byte order mark is dropped.
-/// Throws FileError when the file can't be read or is larger than 64 MiB, which no plan comes near.
-std::string ReadTextFile(const std::filesystem::path& file);
+constexpr std::size_t kMiB = std::size_t{1024} * 1024;
+/// No plan comes near it.
+constexpr std::size_t kLargestPlan = 64 * kMiB;
+
+/// The text of a file as UTF-8. UTF-16 is known by its byte order mark, or by the "<" that XML begins with; what else
+/// is not valid UTF-8 is taken as Windows-1252. A byte order mark is dropped. Throws FileError when the file can't be
+/// read or is larger than `largest` bytes.
+std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest = kLargestPlan);
 
 /// Writes a file as a whole. After a crash, a full disk or a refusal at any instant the file holds either all of its
 /// old text or all of the new one: the text goes to a new file beside it, is flushed to the disk and renamed over it.
