@@ -338,6 +338,14 @@ TEST_F(Tavplan, RefusesWhatItCannotUseInOneLine) {
        "tavplan mix: --have 21/0@-1: \"-1\" is outside 0 to 1000\n"},
       {{"mix", "--have", "nan/0@1", "--want", "32/0@0"}, "tavplan mix: --have nan/0@1: \"nan\" is not a number\n"},
       {{"mix", "--have", "21/0@1", "--want", "32/0@0"}, "tavplan mix: --want: \"32/0@0\" has a pressure of 0\n"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@200", "--top", "32"}, "tavplan mix: --top: \"32\" must be O2/HE\n"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@200", "--top", "60/40"},
+       "tavplan mix: --top 60/40: the gas on top must hold nitrogen"},
+      {{"mix", "--have", "21/0@1", "--want", "32/0@200", "--temperature", "293"},
+       "tavplan mix: --temperature: \"293\" is outside -20 to 80\n"},
+      {{"mix", "--have", "21/0@1", "--steps", ""}, "tavplan mix: --steps: \"\" must be GAS@PRESSURE"},
+      {{"mix", "--have", "21/0@1", "--steps", "o2@20,air@15"},
+       "tavplan mix: --steps: \"air@15\": the pressure must be above 20 and at most 1000\n"},
       {{"dive"}, "tavplan: \"dive\" is not a command (\"tavplan --help\" tells the usage)\n"},
       {{"--jason"}, "tavplan: \"--jason\" is not expected ("},
       {{}, "tavplan: a command is missing ("}};
@@ -428,10 +436,29 @@ TEST_F(Tavplan, TellsAFillInFiguresForAScript) {
     EXPECT_EQ(told["air_top"]["possible"], !known["air_impossible"].get<bool>());
   }
   Run({"mix", "--json", "--have", "21/0@1", "--want", "18/45@200"});
-  EXPECT_EQ(json::parse(Out())["fill_to"], json::parse(R"([{"gas": "helium", "to": 80.5}, {"gas": "oxygen", "to": 96.7},
-                                                           {"gas": "air", "to": 200.0}])"));
+  json told = json::parse(Out());
+  EXPECT_EQ(told["fill_to"], json::parse(R"([{"gas": "helium", "to": 85.4}, {"gas": "oxygen", "to": 102.2},
+                                             {"gas": "air", "to": 200.0}])"));
+  EXPECT_EQ(told["fill_list"],
+            json::parse(R"({"possible": true, "temperature": 20.0, "result": {"o2": 18.02, "he": 44.99}})"));
   Run({"mix", "--json", "--have", "21/0@200", "--want", "80/0@205"});
-  EXPECT_EQ(json::parse(Out())["fill_to"], json::array());
+  told = json::parse(Out());
+  EXPECT_EQ(told["fill_to"], json::array());
+  EXPECT_EQ(told["fill_list"]["possible"], false);
+  EXPECT_EQ(told["fill_list"]["result"], json());
+  EXPECT_EQ(told["fill_list"]["after_draining"].back()["to"], 205.0);
+  // A fill with a bank's gas on top into a warm cylinder, and one that was done, with what mends it.
+  Run({"mix", "--json", "--have", "32/0@70", "--want", "32/0@210", "--top", "32/0", "--warm", "45", "--temperature",
+       "15"});
+  told = json::parse(Out());
+  EXPECT_EQ(told["fill_to"][0]["gas"], "top");
+  EXPECT_NEAR(told["fill_to"][0]["warm"].get<double>(), 242.3, 0.1);
+  EXPECT_EQ(told["fill_list"]["temperature"], 15.0);
+  Run({"mix", "--json", "--have", "21/0@1", "--steps", "he@66.9,o2@86.4,air@210", "--want", "21/35@232"});
+  told = json::parse(Out());
+  EXPECT_NEAR(told["result"]["he"].get<double>(), 33.5, 0.1);
+  EXPECT_EQ(told["mend"]["fill_list"]["possible"], true);
+  EXPECT_EQ(told["mend"]["fill_to"].back()["to"], 232.0);
 }
 
 TEST_F(Tavplan, TellsAFillInWords) {
@@ -444,12 +471,12 @@ TEST_F(Tavplan, TellsAFillInWords) {
 
   Gas                      Fill to (psi)  If ideal (psi)
   Start                             14.7            14.7
-  Oxygen                             430             420
+  Oxygen                             410             420
   Air                               2940            2940
 
-  The list gives 31.9 % O2, 0.0 % He; MOD 111 ft at PPO2 1.4, 132 ft at 1.6.
-  If the gases were ideal it would give 32.0 % O2, 0.0 % He: a real fill may be as far off. Analyse it.
-  Absolute pressures: an empty cylinder holds 14.7 psi of air. A gauge that shows 0 for it reads 14.7 psi less.
+  The list gives 32.0 % O2, 0.0 % He; MOD 111 ft at PPO2 1.4, 131 ft at 1.6.
+  Ideal pressures would really give 32.3 % O2, 0.0 % He. Analyse every fill.
+  Absolute pressures: an empty cylinder holds 14.7 psi of air. A gauge that shows 0 for it reads 14.7 psi less. Pressures hold at 20 °C (68 °F): let the cylinder come to it before you read the gauge.
 )");
   const struct {
     const char* have;
@@ -457,13 +484,16 @@ TEST_F(Tavplan, TellsAFillInWords) {
     const char* words;
   } cases[] = {
       {"50/0@150", "32/0@200",
-       "! Would have to come out: Oxygen. Drain the cylinder to 75 bar first, then the fill works.\n"},
+       "! Would have to come out: Oxygen. Drain the cylinder to 72 bar first, then the fill works. Nearest without "
+       "draining: 43.3 % O2, 0.0 % He.\n"},
       {"32/0@200", "32/0@100", "! Would have to come out: Oxygen, Nitrogen. Drain the cylinder to 100 bar first, then"},
-      {"21/0@1", "99.9/0@200",
-       "! Would have to come out: Nitrogen. The cylinder would have to be evacuated to 0.2 bar"},
-      {"21/0@1", "10/50@200", "! Would have to come out: Oxygen. Draining does not help: the air on top brings more"},
+      {"21/0@1", "100/0@200", "  The list gives 99.6 % O2, 0.0 % He; "},
+      {"21/0@1", "100/0@100",
+       "! Would have to come out: Nitrogen. The cylinder would have to be evacuated to 0.6 bar first."},
+      {"21/0@1", "8/50@200",
+       "! Would have to come out: Oxygen. Draining does not help: this mix can't be made with Air on top."},
       {"21/0@1", "25/25@10",
-       "! Oxygen is off by +7.5 %: the gauge is too coarse for this fill. Helium is off by -4.9 %"},
+       "! Oxygen is off by -2.4 %: the gauge is too coarse for this fill. Helium is off by +5.0 %"},
       {"32/0@150", "32/0@150", "! There is nothing to add.\n"}};
   // Heads of another length keep their distance.
   for (const char* locale : {"de_DE.UTF-8", "nl_NL.UTF-8", "fr_FR.UTF-8"}) {

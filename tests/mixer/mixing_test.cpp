@@ -109,7 +109,7 @@ TEST(Fill, WithIdealGasesMixesTheDesiredGasOrSaysThatItCannot) {
     }
     if (result.AirImpossible) continue;
     ++possible;
-    const auto& [current, currentFill, desired, desiredFill, metric] = request;
+    const auto& [current, currentFill, desired, desiredFill, metric, top, celsius, warm] = request;
     EXPECT_NEAR(current.O2 * currentFill + result.AirO2 + 0.21 * result.Air, desired.O2 * desiredFill, 0.05);
     EXPECT_NEAR(current.He * currentFill + result.Heneed, desired.He * desiredFill, 0.05);
     EXPECT_NEAR(current.N2 * currentFill + 0.79 * result.Air, desired.N2 * desiredFill, 0.05);
