@@ -36,8 +36,7 @@ void PlanCheckOf100m(benchmark::State& state) {
   const GasSupply supply = SupplyOf(dive.plans.forms, dive.window.Tag(), {});
   const AdviceWords words(dive.texts, {".", ""}, true);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(
-        CheckPlan({dive.window, dive.plans.documents(dive.window.Tag()), dive.plans.model}, words, supply));
+    benchmark::DoNotOptimize(CheckPlan({dive.window, dive.plans.documents(dive.window.Tag())}, words, supply));
   }
 }
 BENCHMARK(PlanCheckOf100m)->Unit(benchmark::kMicrosecond);

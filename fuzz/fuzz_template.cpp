@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text = ToUtf8(std::string(fuzz::Text(data, size)));
   const auto read = [](std::string_view from) {
     return fuzz::ReadBothWays([&](FormatFaults& faults) {
-      DiveTemplate record;
+      DiveTemplate record = ShippedDefaultTemplate();
       ReadTemplateText(record, from, faults);
       return record;
     });
@@ -20,6 +20,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto again = read(written);
   fuzz::Require(again.has_value(), "a written template opens");
   fuzz::Require(WriteTemplateBlock(*again) == written, "a template is written as it was read");
-  fuzz::Require(TemplateFaults(*record).size() == TemplateFaults(*again).size(), "both have the same faults");
+  fuzz::Require(TemplateFaults(*record).empty(), "what is read can be planned on");
   return 0;
 }

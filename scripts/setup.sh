@@ -32,7 +32,7 @@ build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev lib
 package_packages=(dpkg-dev file lintian appstream desktop-file-utils librsvg2-bin)
 
 # What the tests of the real window need beside that.
-screen_packages=(xvfb xdotool openbox imagemagick poppler-utils)
+screen_packages=(xvfb xdotool openbox imagemagick poppler-utils x11-utils)
 
 # What one clone on this machine has compiled, another takes from the compiler's cache, wherever it lies.
 CCACHE_BASEDIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -23,6 +23,8 @@ class AdviceWords {
   [[nodiscard]] std::string Fixed(double value, int decimals) const;
   /// One decimal where there is one: "22.5", "30".
   [[nodiscard]] std::string Short(double value) const;
+  /// Three decimals where there are any: a factor that the reader multiplies with.
+  [[nodiscard]] std::string Factor(double value) const;
   /// "57 m", "33.5 ft"
   [[nodiscard]] std::string Depth(double depth) const;
   /// "1.41 bar", "0.10 atm"
@@ -31,11 +33,15 @@ class AdviceWords {
   [[nodiscard]] std::string Volume(double volume) const;
   /// "187 bar", "2700 psi", for a gauge in bar or psi.
   [[nodiscard]] std::string Gauge(double pressure, bool inBar) const;
+  /// The same rounded down: what is left is never told to be more than it is.
+  [[nodiscard]] std::string GaugeDown(double pressure, bool inBar) const;
   [[nodiscard]] std::string GaugeUnit(bool inBar) const;
   [[nodiscard]] std::string LengthUnit() const;
   [[nodiscard]] std::string PressureUnit() const;
   [[nodiscard]] std::string VolumeUnit() const;
   [[nodiscard]] bool Metric() const { return metric_; }
+  [[nodiscard]] const TextSource& Texts() const { return texts_; }
+  [[nodiscard]] const LocaleSeparators& Separators() const { return separators_; }
 
  private:
   const TextSource& texts_;

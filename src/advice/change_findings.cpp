@@ -12,6 +12,11 @@ constexpr int kHidden = 7613;
 constexpr int kHiddenAtSameDepth = 7614;
 constexpr int kUnknown = 7615;
 constexpr int kTooDeep = 7616;
+constexpr int kAboveLastStop = 8357;
+constexpr int kBetweenStops = 8358;
+constexpr int kTooRich = 8359;
+
+const double kWithinRounding = RoundSingle(0.02, 2);
 
 class ChangeList {
  public:
@@ -30,24 +35,52 @@ class ChangeList {
         Add(Rule::ChangeUnknown, *change, words_.T(kUnknown, {change->Name, words_.Depth(change->Depth)}));
         continue;
       }
-      CheckHidden(*change);
+      if (!CheckHidden(*change)) CheckSkipped(*change);
       CheckDepth(*change, settings_.Blends[static_cast<std::size_t>(*mix)]);
     }
   }
 
  private:
   /// The ascent takes the first entry at or below its depth.
-  void CheckHidden(const GasChange& change) const {
+  [[nodiscard]] bool CheckHidden(const GasChange& change) const {
     const auto hides = [&](const GasChange* other) {
       return other->Depth >= change.Depth && FindBlend(other->Name, settings_);
     };
     const auto self = std::ranges::find(entries_, &change);
     const auto hider = std::find_if(entries_.begin(), self, hides);
-    if (hider == self) return;
+    if (hider == self) return false;
     const GasChange& other = **hider;
     Add(Rule::ChangeHidden, change,
         words_.T(other.Depth == change.Depth ? kHiddenAtSameDepth : kHidden,
                  {change.Name, words_.Depth(change.Depth), other.Name, words_.Depth(other.Depth), MendingOrder()}));
+    return true;
+  }
+
+  /// The ascent changes its gas where it begins and at the depths of possible stops: an entry that lies above them all,
+  /// or whose depths up to the next of them an earlier entry takes, is never looked at.
+  void CheckSkipped(const GasChange& change) const {
+    Single taken = -1.0;  // by entries ahead of it
+    for (const GasChange* other : entries_) {
+      if (other == &change) break;
+      if (FindBlend(other->Name, settings_)) taken = std::max(taken, other->Depth);
+    }
+    const Single start = context_.dive.rows.getDepth(context_.dive.lastUserRow);
+    if (start > taken && start <= change.Depth) return;
+    const double next = NextStopBelow(taken);
+    if (next <= change.Depth) return;
+    const bool aboveLast = change.Depth < settings_.LastStop && taken < settings_.LastStop;
+    Add(Rule::ChangeSkipped, change,
+        words_.T(aboveLast ? kAboveLastStop : kBetweenStops,
+                 {change.Name, words_.Depth(change.Depth), words_.Depth(next)}));
+  }
+
+  /// The shallowest possible stop that is deeper than a depth.
+  [[nodiscard]] double NextStopBelow(Single depth) const {
+    double stop = settings_.LastStop;
+    if (!(stop > 0)) stop = settings_.StepSize;
+    if (stop > depth) return stop;
+    stop = (std::floor(depth / settings_.StepSize) + 1) * settings_.StepSize;
+    return stop;
   }
 
   /// The entries by rising depth: "Oxygen 6 m, EAN50 21 m".
@@ -61,17 +94,27 @@ class ChangeList {
     return text;
   }
 
+  [[nodiscard]] double PPO2At(Single depth, double fraction) const {
+    return RoundSingle(PPO2AtDepth(depth, settings_.EndPressure, fraction, settings_.Metric), 2);
+  }
+  /// Over the limit of stops.
+  [[nodiscard]] double ExcessAt(Single depth, double fraction) const {
+    return RoundSingle(PPO2At(depth, fraction) - settings_.DecoPPO2, 2);
+  }
+
   void CheckDepth(const GasChange& change, const GasMix& mix) const {
-    constexpr double kWithinRounding = 0.02;
     const double fraction = mix.O2 / 100;
-    const double ppo2 = RoundSingle(PPO2AtDepth(change.Depth, settings_.EndPressure, fraction, settings_.Metric), 2);
-    const double excess = RoundSingle(ppo2 - settings_.DecoPPO2, 2);
-    if (excess <= RoundSingle(kWithinRounding, 2)) return;
-    const double deepest =
-        std::floor((settings_.DecoPPO2 / fraction - settings_.EndPressure) * DepthPerPressure(settings_.Metric));
+    const double excess = ExcessAt(change.Depth, fraction);
+    if (excess <= kWithinRounding) return;
+    const double ppo2 = PPO2At(change.Depth, fraction);
+    double deepest = std::floor(double{change.Depth});
+    while (deepest > 0 && ExcessAt(deepest, fraction) > kWithinRounding) --deepest;
+    // Above the last stop it would never be taken.
+    const bool somewhere = deepest > 0 && deepest >= settings_.LastStop;
     Add(Rule::ChangeHyperoxic, change,
-        words_.T(kTooDeep, {change.Name, words_.Depth(change.Depth), words_.PPO2(ppo2), words_.Fixed(excess, 2),
-                            words_.Fixed(settings_.DecoPPO2, 2), words_.Depth(std::max(deepest, 0.0))}));
+        words_.T(somewhere ? kTooDeep : kTooRich,
+                 {change.Name, words_.Depth(change.Depth), words_.PPO2(ppo2), words_.Fixed(excess, 2),
+                  words_.Fixed(settings_.DecoPPO2, 2), words_.Depth(deepest)}));
   }
 
   /// The rows are those of the ascent from the depth of the change on.

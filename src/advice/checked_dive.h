@@ -4,6 +4,7 @@
 
 #include "engine/model_choice.h"
 #include "model/document_store.h"
+#include "plan/breathed_gas.h"
 #include "plan/waypoint_editor.h"
 
 namespace tav {
@@ -31,10 +32,7 @@ struct CheckedDive {
   [[nodiscard]] const Waypoint& Before(std::int16_t row) const {
     return rows.Row(static_cast<std::int16_t>(row > 0 ? row - 1 : 0));
   }
-  /// Surface pressure of the plan, or of the ascent, bar or atmospheres.
-  [[nodiscard]] Single SurfacePressure(std::int16_t row) const {
-    return row <= lastUserRow ? settings.StartPressure : settings.EndPressure;
-  }
+  [[nodiscard]] BreathedDive Breathed() const { return {rows, settings, lastUserRow, FirstOpenRow(rows, settings)}; }
 };
 
 }  // namespace tav

@@ -5,10 +5,28 @@
 namespace tav {
 
 std::string_view IdOf(Rule rule) {
-  constexpr std::array<std::string_view, 18> kIds{
-      "hypoxic",  "hyperoxic",      "above_ceiling",     "does_not_decompress", "narcotic",         "cns",
-      "otu",      "density",        "counter_diffusion", "change_hidden",       "change_unknown",   "change_hyperoxic",
-      "setpoint", "leg_lengthened", "leg_at_surface",    "gas_short",           "interval_on_loop", "loop_changes"};
+  constexpr std::array<std::string_view, 22> kIds{"hypoxic",
+                                                  "hyperoxic",
+                                                  "above_ceiling",
+                                                  "does_not_decompress",
+                                                  "narcotic",
+                                                  "cns",
+                                                  "otu",
+                                                  "density",
+                                                  "counter_diffusion",
+                                                  "change_hidden",
+                                                  "change_unknown",
+                                                  "change_hyperoxic",
+                                                  "setpoint",
+                                                  "leg_lengthened",
+                                                  "leg_at_surface",
+                                                  "gas_short",
+                                                  "change_skipped",
+                                                  "two_pressures",
+                                                  "turn_passed",
+                                                  "surface_pressure",
+                                                  "interval_on_loop",
+                                                  "loop_changes"};
   return kIds.at(static_cast<std::size_t>(rule));
 }
 

@@ -12,7 +12,7 @@ enum class Severity { Danger, Caution, Note };
 enum class Rule {
   Hypoxic,            ///< too little oxygen
   Hyperoxic,          ///< too much
-  AboveCeiling,       ///< a leg of the user's leads above the ceiling
+  AboveCeiling,       ///< a leg of the user's leads above the ceiling, of the model or of the gradient factors
   DoesNotDecompress,  ///< a stop never clears
   Narcotic,
   CNS,
@@ -25,9 +25,13 @@ enum class Rule {
   Setpoint,          ///< a setpoint that the depth can't give
   LegLengthened,     ///< the move takes longer than the leg
   LegAtSurface,
-  GasShort,        ///< the cylinders don't hold what is needed
-  IntervalOnLoop,  ///< a surface interval that is reckoned on the loop
-  LoopChanges,     ///< the loop takes the gases of the change list as diluents
+  GasShort,         ///< the cylinders don't hold what is needed
+  ChangeSkipped,    ///< a gas change between two depths that the ascent comes to, or above its last stop
+  TwoPressures,     ///< the dive starts at another surface pressure than it ends at
+  TurnPassed,       ///< the plan goes on past the pressure to turn at
+  SurfacePressure,  ///< a surface pressure that is not that of its altitude
+  IntervalOnLoop,   ///< a surface interval that is reckoned on the loop
+  LoopChanges,      ///< the loop takes the gases of the change list as diluents
 };
 
 /// "hypoxic", "hyperoxic", ...: the name of a rule in files for scripts. It never changes.

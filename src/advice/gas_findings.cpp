@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "advice/plan_check.h"
 #include "advice/stretches.h"
@@ -13,6 +14,19 @@ constexpr int kNarcoticNitrogen = 7609;
 constexpr int kDense = 7610;
 constexpr int kDenseLoop = 7611;
 constexpr int kCounterDiffusion = 7612;
+constexpr int kCounterDiffusionAlways = 8356;
+
+/// The least whole per cent of helium with which the END keeps to its limit at a depth; where nitrogen alone is
+/// narcotic, the most of it. As the engine reckons the END.
+int MildestShare(Single depth, const DiveTemplate& t) {
+  int share = t.O2Narcotic ? 0 : 100;
+  const auto end = [&] {
+    return t.O2Narcotic ? EquivalentDepthOC(t.Metric, depth, 0, share, true, t)
+                        : EquivalentDepthOC(t.Metric, depth, share, 0, false, t);
+  };
+  while (share >= 0 && share <= 100 && end() > t.MaximalEND) share += t.O2Narcotic ? 1 : -1;
+  return std::clamp(share, 0, 100);
+}
 
 void CheckNarcotic(const Context& context) {
   constexpr double kNoise = 0.1;  // depth units
@@ -28,18 +42,15 @@ void CheckNarcotic(const Context& context) {
   };
   const AdviceWords& words = context.words;
   for (const Stretch& stretch : Stretches(context.segments, judge)) {
-    // Narcotic is what is not helium, or the nitrogen alone. At the limit it has the pressure that air, or its
-    // nitrogen, has at MaximalEND.
-    const double surface = t.StartPressure * DepthPerPressure(t.Metric);
-    const double share = (surface + t.MaximalEND) / (surface + stretch.peak.depth) * 100;
-    constexpr double kNitrogenOfAir = 0.79;
-    const std::string mend =
-        t.O2Narcotic ? words.Fixed(std::ceil(100 - share), 0) : words.Fixed(std::floor(share * kNitrogenOfAir), 0);
-    context.findings.push_back({Rule::Narcotic, Severity::Caution, stretch.first, stretch.last,
-                                words.T(t.O2Narcotic ? kNarcoticHelium : kNarcoticNitrogen,
-                                        {stretch.worst->end->GasMixName, words.Depth(stretch.peak.depth),
-                                         words.Short(stretch.peak.time), words.Depth(stretch.peak.value),
-                                         words.Depth(stretch.peak.excess), words.Depth(t.MaximalEND), mend})});
+    const BreathedSegment& worst = *stretch.worst;
+    const bool ofPlan = worst.row <= context.dive.lastUserRow && worst.end->Rate == 0;
+    const double depth = ofPlan ? AdjustedDepth(stretch.peak.depth, t) : stretch.peak.depth;
+    context.findings.push_back(
+        {Rule::Narcotic, Severity::Caution, stretch.first, stretch.last,
+         words.T(t.O2Narcotic ? kNarcoticHelium : kNarcoticNitrogen,
+                 {worst.end->GasMixName, words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                  words.Depth(stretch.peak.value), words.Depth(stretch.peak.excess), words.Depth(t.MaximalEND),
+                  words.Fixed(MildestShare(depth, t), 0)})});
   }
 }
 
@@ -85,9 +96,29 @@ void CheckDensity(const Context& context) {
 /// The rule of fifths of technical diving: on the way up nitrogen may rise by a fifth of what helium falls by.
 /// Background: D. Doolette and S. Mitchell, "Biophysical basis for inner ear decompression sickness", J. Appl.
 /// Physiol. 94, 2003.
-void CheckCounterDiffusion(const Context& context) {
+bool BreaksFifths(const BreathedShares& from, const BreathedShares& to) {
   constexpr double kFifth = 0.2;
   constexpr double kNoise = 1e-4;  // of a percentage in 32 bits
+  const double helium = from.He - to.He;
+  return helium > kNoise && to.N2 - from.N2 > helium * kFifth + kNoise;
+}
+
+/// The most whole per cent of nitrogen of a gas, or of a diluent, with its own oxygen and the rest helium, that keep to
+/// the rule; nothing when none do.
+std::optional<int> MostNitrogen(const BreathedShares& from, const BreathedSegment& now) {
+  Waypoint gas = *now.end;
+  BreathedSegment with = now;
+  with.end = &gas;
+  const double inert = 100 - gas.GasMixO2;
+  for (int nitrogen = static_cast<int>(inert); nitrogen >= 0; --nitrogen) {
+    gas.GasMixN2 = nitrogen;
+    gas.GasMixHe = inert - nitrogen;
+    if (!BreaksFifths(from, with.SharesAt(now.from))) return nitrogen;
+  }
+  return std::nullopt;
+}
+
+void CheckCounterDiffusion(const Context& context) {
   const AdviceWords& words = context.words;
   const std::vector<BreathedSegment>& segments = context.segments;
   for (std::size_t i = 1; i < segments.size(); ++i) {
@@ -99,13 +130,14 @@ void CheckCounterDiffusion(const Context& context) {
     const BreathedShares to = now.SharesAt(now.from);
     const double helium = from.He - to.He;
     const double nitrogen = to.N2 - from.N2;
-    if (!(helium > kNoise && nitrogen > helium * kFifth + kNoise)) continue;
-    const double most = std::floor((from.N2 + helium * kFifth + kNoise) * 100);
+    if (!BreaksFifths(from, to)) continue;
+    const std::optional<int> most = MostNitrogen(from, now);
     context.findings.push_back(
         {Rule::CounterDiffusion, Severity::Note, now.row, now.row,
-         words.T(kCounterDiffusion,
+         words.T(most ? kCounterDiffusion : kCounterDiffusionAlways,
                  {before.end->GasMixName, now.end->GasMixName, words.Depth(now.from), words.Short(now.startTime),
-                  words.Fixed(helium * 100, 0), words.Fixed(nitrogen * 100, 0), words.Fixed(most, 0)})});
+                  words.Fixed(helium * 100, 0), words.Fixed(nitrogen * 100, 0), std::to_string(most.value_or(0)),
+                  words.Short(now.end->GasMixO2)})});
   }
 }
 

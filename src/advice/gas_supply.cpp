@@ -1,6 +1,7 @@
 #include "advice/gas_supply.h"
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 #include "engine/breathing_gas.h"
@@ -68,10 +69,10 @@ class Stores {
     } else if (store.cylinders.empty()) {
       store.verdict = GasVerdict::NoCylinder;
       store.firstRow = RowThatPasses(store, 0);
-    } else if (store.Left() < -kNoise) {
+    } else if (store.ShownLeft(settings_.Metric) < -kNoise) {
       store.verdict = GasVerdict::RunsOut;
       store.firstRow = RowThatPasses(store, store.carried);
-    } else if (store.Left() < store.reserve - kNoise) {
+    } else if (store.ShownLeft(settings_.Metric) < ShownVolume(store.reserve, settings_.Metric) - kNoise) {
       store.verdict = GasVerdict::IntoReserve;
       store.firstRow = RowThatPasses(store, store.carried - store.reserve);
     }
@@ -183,10 +184,10 @@ class Legs {
 void HoldAgainstStore(LegSupply& leg, const GasStore* store, const ClassProfile& rows, const DiveTemplate& settings,
                       TurnRule rule) {
   if (store == nullptr || store->cylinders.empty()) return;
-  leg.left = store->carried;
   for (std::int16_t i = 0; i <= leg.row; ++i) {
-    if (rows.GetGasMixName(i) == leg.gas) leg.left -= rows.getGasUsed(i);
+    if (rows.GetGasMixName(i) == leg.gas) leg.used += rows.getGasUsed(i);
   }
+  leg.left = store->carried - leg.used;
   if (!settings.OpenCircuit || !leg.decompresses) return;
   const double kept = std::max(leg.Minimum(), store->reserve);
   if (kept <= store->carried) {
@@ -196,19 +197,42 @@ void HoldAgainstStore(LegSupply& leg, const GasStore* store, const ClassProfile&
 
 }  // namespace
 
+double ShownVolume(double volume, bool metric) {
+  const double parts = metric ? 1 : 10;
+  return std::round(Single(volume) * parts) / parts;
+}
+
+double PressureToActBy(double pressure, bool inBar) {
+  const double step = inBar ? 10 : 100;
+  return std::ceil((pressure - kNoise) / step) * step;
+}
+
 const GasStore* GasSupply::Of(const std::string& gas) const {
   const auto found = std::ranges::find(gases, gas, &GasStore::gas);
   return found == gases.end() ? nullptr : &*found;
 }
 
+double GasSupply::ShownLeft(const LegSupply& leg) const {
+  const GasStore* store = Of(leg.gas);
+  if (store == nullptr || store->cylinders.empty()) return 0;
+  return ShownVolume(store->carried, metric) - ShownVolume(leg.used, metric);
+}
+
 bool GasSupply::HoldsMinimum(const LegSupply& leg) const {
-  return leg.decompresses && leg.left >= leg.Minimum() - kNoise;
+  return leg.decompresses && ShownLeft(leg) >= leg.ShownMinimum(metric) - kNoise;
+}
+
+bool GasSupply::PassesTurn(const LegSupply& leg) const {
+  const GasStore* store = Of(leg.gas);
+  if (store == nullptr || !leg.turnPressure) return false;
+  return *store->Pressure(leg.left) < PressureToActBy(*leg.turnPressure, store->gaugeInBar) - kNoise;
 }
 
 GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
                    const std::vector<Cylinder>& cylinders) {
   GasSupply supply;
   supply.choice = choice;
+  supply.metric = forms.Services().documents(document).Template.Metric;
   const frmWaypointEditor& window = forms(document);
   const ClassProfile& rows = window.InputProfile;
   if (cylinders.empty() || rows.GetLength() == 0 || !window.EvaluationFault().empty()) return supply;

@@ -59,16 +59,25 @@ void CheckHypoxic(const Context& context) {
 
 constexpr double kWithinRounding = 0.02;
 
+/// The rows tell the plan at its adjusted depths, the ascent at true ones.
+Single JudgedDepth(const BreathedSegment& segment, Single depth, const CheckedDive& dive) {
+  return segment.row <= dive.lastUserRow ? AdjustedDepth(depth, dive.settings) : depth;
+}
+
+/// The deepest whole depth at which the gas of a segment keeps to a PPO2; 0 or less for none.
+double DeepestWithin(double ppo2, const BreathedSegment& segment, const CheckedDive& dive) {
+  const double most = DepthOf(ppo2, segment);
+  double depth = std::floor(most);
+  while (depth > 0 && JudgedDepth(segment, depth, dive) > most) --depth;
+  return depth;
+}
+
 void CheckHyperoxic(const Context& context) {
   // Above 1.6 bar convulsions come without warning, at rest as well (NOAA Diving Manual, exceptional exposures).
   constexpr double kNever = 1.6;
   constexpr double kFar = 0.2;
-  const DiveTemplate& settings = context.dive.settings;
   const auto judge = [&](const BreathedSegment& segment) -> std::optional<Peak> {
-    // The rows tell the plan at its adjusted depths, the ascent at true ones.
-    const bool ofPlan = segment.row <= context.dive.lastUserRow;
-    const Single depth = ofPlan ? AdjustedDepth(segment.Deeper(), settings) : segment.Deeper();
-    const double ppo2 = Rounded(segment.PPO2At(depth));
+    const double ppo2 = Rounded(segment.PPO2At(JudgedDepth(segment, segment.Deeper(), context.dive)));
     const double excess = Rounded(ppo2 - segment.ppo2Limit);
     if (excess <= Rounded(kWithinRounding)) return std::nullopt;
     return Peak{excess, ppo2, segment.Deeper(), segment.TimeOfDeeper()};
@@ -80,7 +89,7 @@ void CheckHyperoxic(const Context& context) {
     const Peak& peak = stretch.peak;
     const std::string where = words.Depth(peak.depth);
     const std::string value = words.PPO2(peak.value);
-    const double deepest = std::floor(DepthOf(limit, worst));
+    const double deepest = DeepestWithin(limit, worst, context.dive);
     std::string text;
     if (!worst.openCircuit) {
       text = words.T(kHyperoxicLoop, {where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
@@ -116,7 +125,7 @@ void CheckSetpoint(const Context& context) {
   const auto add = [&](const Stretch& stretch, int text) {
     const BreathedSegment& worst = *stretch.worst;
     const double setpoint = worst.end->PPO2;
-    const double deepest = std::floor(DepthOf(setpoint, worst));
+    const double deepest = std::max(0.0, std::floor(DepthOf(setpoint, worst)));
     context.findings.push_back(
         {Rule::Setpoint, Severity::Note, stretch.first, stretch.last,
          words.T(text, {words.Fixed(setpoint, 2), words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),

@@ -3,9 +3,10 @@
 #include <vector>
 
 #include "advice/advice_words.h"
-#include "advice/breathed_gas.h"
+#include "advice/checked_dive.h"
 #include "advice/finding.h"
 #include "advice/gas_supply.h"
+#include "plan/breathed_gas.h"
 
 namespace tav {
 
@@ -28,15 +29,22 @@ struct Context {
 void CheckOxygen(const Context& context);
 /// `Narcotic`, `Density`, `CounterDiffusion` (gas_findings.cpp).
 void CheckGas(const Context& context);
-/// `ChangeHidden`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
+/// `ChangeHidden`, `ChangeSkipped`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
 void CheckChanges(const Context& context);
-/// `AboveCeiling`, `DoesNotDecompress`, `CNS`, `OTU`, `LegLengthened`, `LegAtSurface` (leg_findings.cpp).
+/// `AboveCeiling` (ceiling_findings.cpp).
+void CheckCeilings(const Context& context);
+/// `DoesNotDecompress`, `LegLengthened`, `LegAtSurface`, `TwoPressures` (leg_findings.cpp).
 void CheckLegs(const Context& context);
+/// `CNS`, `OTU` (dose_findings.cpp).
+void CheckDoses(const Context& context);
+
+/// `SurfacePressure` (surface_findings.cpp).
+void CheckSurface(const Context& context);
 
 /// `IntervalOnLoop`, `LoopChanges` (loop_findings.cpp).
 void CheckLoop(const Context& context);
 
-/// `GasShort` (supply_findings.cpp).
+/// `GasShort`, `TurnPassed` (supply_findings.cpp).
 void CheckSupply(const Context& context, const GasSupply& supply);
 
 }  // namespace plan_check

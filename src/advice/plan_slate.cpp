@@ -1,24 +1,10 @@
 #include "advice/plan_slate.h"
 
 #include "advice/gas_supply.h"
+#include "advice/supply_text.h"
+#include "report/dive_report.h"
 
 namespace tav {
-namespace {
-
-constexpr int kDive = 7741;
-
-}  // namespace
-
-std::string SlateTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts) {
-  const std::string& name = forms.Services().documents(document).ProfileName;
-  const std::int16_t first = forms(document).getFirstProfile();
-  if (forms(first).NextProfile == -1) return name;
-  // Numbers tell the place in the series from 1 on, however the series came to be.
-  int number = 1;
-  for (std::int16_t dive = first; dive != document; dive = forms(dive).NextProfile) ++number;
-  return name + ", " + texts.Filled(kDive, {std::to_string(number)});
-}
-
 std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
                      const AdviceWords& words) {
   const GasSupply supply = SupplyOf(forms, document, choice);
@@ -27,7 +13,7 @@ std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyCh
     if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
   }
   if (deepest == nullptr || !deepest->turnPressure) return {};
-  return words.Gauge(*deepest->turnPressure, supply.Of(deepest->gas)->gaugeInBar);
+  return ToActByText(*supply.Of(deepest->gas), deepest->turnPressure, words);
 }
 
 namespace {
@@ -35,7 +21,7 @@ namespace {
 SlateDive PlanOf(const SlateServices& services, std::int16_t document) {
   const DocumentState& state = services.forms.Services().documents(document);
   const AdviceWords words(services.texts, services.separators, state.Template.Metric);
-  return {SlateTitle(services.forms, document, services.texts),
+  return {DiveTitle(services.forms, document, services.texts),
           "",
           services.forms(document).InputProfile,
           state.Template,

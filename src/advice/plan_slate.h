@@ -11,9 +11,6 @@
 
 namespace tav {
 
-/// "wreck.tav"; in a series with the number of the dive.
-std::string SlateTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts);
-
 /// The pressure to turn at on the deepest leg, "120 bar"; empty where the plan tells no cylinders of its gas.
 std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice, const AdviceWords& words);
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "advice/breathed_gas.h"
+#include "plan/breathed_gas.h"
 
 namespace tav::plan_check {
 

@@ -1,6 +1,9 @@
 #include <algorithm>
+#include <optional>
 
+#include "advice/passing.h"
 #include "advice/plan_check.h"
+#include "engine/breathing_gas.h"
 
 namespace tav::plan_check {
 namespace {
@@ -10,47 +13,119 @@ constexpr int kIntoReserve = 7631;
 constexpr int kNoCylinder = 7632;
 constexpr int kBelowMinimum = 7633;
 constexpr int kNoWayUp = 7634;
+constexpr int kAllGone = 8360;
+constexpr int kTurnPassed = 8361;
 
-void CheckStore(const Context& context, const GasStore& store) {
-  const AdviceWords& words = context.words;
-  const auto add = [&](std::string text) {
-    context.findings.push_back({Rule::GasShort, Severity::Danger, store.firstRow, store.lastRow, std::move(text)});
-  };
-  const Waypoint& row = context.dive.rows.Row(store.firstRow);
-  const std::string depth = words.Depth(row.Depth);
-  const std::string time = words.Short(row.RunTime);
-  if (store.verdict == GasVerdict::RunsOut) {
-    add(words.T(kRunsOut, {store.gas, depth, time, words.Volume(store.used), words.Volume(store.carried),
-                           words.Volume(store.used - store.carried)}));
-  } else if (store.verdict == GasVerdict::IntoReserve) {
-    add(words.T(kIntoReserve, {store.gas, depth, time, words.Volume(store.Left()), words.Volume(store.reserve),
-                               words.Volume(store.reserve - store.Left())}));
-  } else if (store.verdict == GasVerdict::NoCylinder) {
-    const Waypoint& before = context.dive.Before(store.firstRow);
-    add(words.T(kNoCylinder,
-                {store.gas, words.Depth(before.Depth), words.Short(before.RunTime), words.Volume(store.used)}));
+class SupplyCheck {
+ public:
+  SupplyCheck(const Context& context, const GasSupply& supply)
+      : context_(context), words_(context.words), supply_(supply) {}
+
+  void Run() {
+    for (const GasStore& store : supply_.gases) CheckStore(store);
+    for (const LegSupply& leg : supply_.legs) CheckLeg(leg);
+    for (const GasStore& store : supply_.gases) CheckTurn(store);
   }
-}
 
-void CheckLeg(const Context& context, const GasSupply& supply, const LegSupply& leg) {
-  const GasStore* store = supply.Of(leg.gas);
-  if (store == nullptr || store->cylinders.empty() || supply.HoldsMinimum(leg)) return;
-  const AdviceWords& words = context.words;
-  const std::string number = std::to_string(leg.leg);
-  const std::string depth = words.Depth(leg.depth);
-  const std::string time = words.Short(leg.runTime);
-  std::string text = leg.decompresses
-                         ? words.T(kBelowMinimum, {leg.gas, number, depth, time, words.Volume(std::max(0.0, leg.left)),
-                                                   words.Volume(leg.Minimum()), words.Volume(leg.Minimum() - leg.left)})
-                         : words.T(kNoWayUp, {leg.gas, number, depth, time});
-  context.findings.push_back({Rule::GasShort, Severity::Danger, leg.row, leg.row, std::move(text)});
-}
+ private:
+  [[nodiscard]] double Shown(double volume) const { return ShownVolume(volume, supply_.metric); }
+
+  void CheckStore(const GasStore& store) {
+    const auto add = [&](std::string text) {
+      context_.findings.push_back({Rule::GasShort, Severity::Danger, store.firstRow, store.lastRow, std::move(text)});
+    };
+    const double left = store.ShownLeft(supply_.metric);
+    if (store.verdict == GasVerdict::RunsOut) {
+      const Passing at = PassingOf(store.gas, store.carried);
+      add(words_.T(kRunsOut, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(store.used),
+                              words_.Volume(store.carried), words_.Volume(-left)}));
+    } else if (store.verdict == GasVerdict::IntoReserve) {
+      const Passing at = PassingOf(store.gas, store.carried - store.reserve);
+      add(words_.T(kIntoReserve, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(left),
+                                  words_.Volume(store.reserve), words_.Volume(Shown(store.reserve) - left)}));
+    } else if (store.verdict == GasVerdict::NoCylinder) {
+      const Waypoint& before = context_.dive.Before(store.firstRow);
+      add(words_.T(kNoCylinder,
+                   {store.gas, words_.Depth(before.Depth), words_.Short(before.RunTime), words_.Volume(store.used)}));
+    }
+  }
+
+  /// Where more than a volume of a gas has been breathed.
+  [[nodiscard]] Passing PassingOf(const std::string& gas, double volume) const {
+    const ClassProfile& rows = context_.dive.rows;
+    double used = 0;
+    Passing last{rows.GetRunTime(rows.GetLength()), rows.getDepth(rows.GetLength())};
+    for (const BreathedSegment& segment : context_.segments) {
+      const Waypoint& row = *segment.end;
+      if (row.GasMixName != gas) continue;
+      last = {row.RunTime, row.Depth};
+      if (used + row.GasUsed > volume) {
+        const double ramp = OnRamp(segment, row.Depth);
+        const auto partOf = [&](double share) {
+          if (!(ramp > 0)) return share * row.GasUsed;
+          return OnRamp(segment, segment.from + (row.Depth - segment.from) * share) / ramp * row.GasUsed;
+        };
+        return PassingIn(context_.dive.Before(segment.row), row, volume - used, partOf);
+      }
+      used += row.GasUsed;
+    }
+    return last;
+  }
+
+  [[nodiscard]] double OnRamp(const BreathedSegment& segment, double to) const {
+    if (segment.end->Rate == 0 || to == segment.from) return 0;
+    return GasUsedOnRamp(segment.from, to, segment.end->Rate, 1, segment.surface, supply_.metric);
+  }
+
+  void CheckLeg(const LegSupply& leg) {
+    const GasStore* store = supply_.Of(leg.gas);
+    if (store == nullptr || store->cylinders.empty() || supply_.HoldsMinimum(leg)) return;
+    const std::string number = std::to_string(leg.leg);
+    const std::string depth = words_.Depth(leg.depth);
+    const std::string time = words_.Short(leg.runTime);
+    std::string text;
+    if (!leg.decompresses) {
+      text = words_.T(kNoWayUp, {leg.gas, number, depth, time});
+    } else {
+      const double left = supply_.ShownLeft(leg);
+      const double minimum = leg.ShownMinimum(supply_.metric);
+      text = words_.T(left < 0 ? kAllGone : kBelowMinimum, {leg.gas, number, depth, time, words_.Volume(std::abs(left)),
+                                                            words_.Volume(minimum), words_.Volume(minimum - left)});
+    }
+    context_.findings.push_back({Rule::GasShort, Severity::Danger, leg.row, leg.row, std::move(text)});
+  }
+
+  /// The first leg that leads past the pressure to turn at. Where all that is usable may be used, that is the minimum
+  /// gas or the reserve, which have findings of their own.
+  void CheckTurn(const GasStore& store) {
+    if (supply_.choice.rule == TurnRule::AllUsable) return;
+    const auto passes = [&](const LegSupply& leg) { return leg.gas == store.gas && supply_.PassesTurn(leg); };
+    const auto found = std::ranges::find_if(supply_.legs, passes);
+    if (found == supply_.legs.end()) return;
+    const LegSupply& leg = *found;
+    const double turn = PressureToActBy(*leg.turnPressure, store.gaugeInBar);
+    const Passing at = PassingOf(store.gas, store.carried - turn * store.perPressure);
+    context_.findings.push_back(
+        {Rule::TurnPassed, Severity::Caution, RowAt(at.time), leg.row,
+         words_.T(kTurnPassed,
+                  {store.gas, words_.Gauge(turn, store.gaugeInBar), words_.Short(at.time), std::to_string(leg.leg),
+                   words_.Short(leg.runTime), words_.GaugeDown(*store.Pressure(leg.left), store.gaugeInBar)})});
+  }
+
+  [[nodiscard]] std::int16_t RowAt(Single time) const {
+    const auto& segments = context_.segments;
+    const auto found =
+        std::ranges::find_if(segments, [&](const BreathedSegment& segment) { return segment.end->RunTime >= time; });
+    return found == segments.end() ? segments.back().row : found->row;
+  }
+
+  const Context& context_;
+  const AdviceWords& words_;
+  const GasSupply& supply_;
+};
 
 }  // namespace
 
-void CheckSupply(const Context& context, const GasSupply& supply) {
-  for (const GasStore& store : supply.gases) CheckStore(context, store);
-  for (const LegSupply& leg : supply.legs) CheckLeg(context, supply, leg);
-}
+void CheckSupply(const Context& context, const GasSupply& supply) { SupplyCheck(context, supply).Run(); }
 
 }  // namespace tav::plan_check

@@ -59,8 +59,8 @@ Row GasRow(const GasStore& store, const AdviceWords& words) {
           {PressureText(&store, store.Pressure(store.carried), words)},
           {held(words.Volume(store.carried))},
           {words.Volume(store.used)},
-          {held(words.Volume(store.Left()))},
-          Marked(PressureText(&store, store.Pressure(store.Left()), words), isShort),
+          {held(words.Volume(store.ShownLeft(words.Metric())))},
+          Marked(hasCylinders ? words.GaugeDown(*store.Pressure(store.Left()), store.gaugeInBar) : kNothing, isShort),
           Marked(VerdictText(store, words), isShort)};
 }
 
@@ -73,15 +73,20 @@ Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const Advi
           {words.Depth(leg.depth)},
           {words.Fixed(leg.runTime, 1)},
           {leg.gas},
-          {hasCylinders ? words.Volume(leg.left) : kNothing},
-          Marked(known(words.Volume(leg.Minimum())), isShort),
-          Marked(known(hasCylinders ? PressureText(store, store->Pressure(leg.Minimum()), words) : kNothing), isShort),
-          {PressureText(store, leg.turnPressure, words)},
+          {hasCylinders ? words.Volume(supply.ShownLeft(leg)) : kNothing},
+          Marked(known(words.Volume(leg.ShownMinimum(supply.metric))), isShort),
+          Marked(known(hasCylinders ? ToActByText(*store, store->Pressure(leg.Minimum()), words) : kNothing), isShort),
+          {hasCylinders ? ToActByText(*store, leg.turnPressure, words) : kNothing},
           Marked(VerdictText(supply, leg, words), isShort),
           {known(WorkingText(supply, leg, rmv, words))}};
 }
 
 }  // namespace
+
+std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words) {
+  if (!pressure) return kNothing;
+  return words.Gauge(PressureToActBy(*pressure, store.gaugeInBar), store.gaugeInBar);
+}
 
 std::string CylindersText(const GasStore& store, const AdviceWords& words) {
   std::string text;
@@ -128,12 +133,10 @@ std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const Adv
 
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
   const SupplyChoice& choice = supply.choice;
-  constexpr int kCubicFeetDecimals = 2;
   return words.T(choice.team == 1 ? kWorkingOfOne : kWorkingOfTeam,
-                 {std::to_string(choice.team), words.Short(choice.stress),
-                  words.Metric() ? words.Short(rmv) : words.Fixed(rmv, kCubicFeetDecimals), words.VolumeUnit(),
-                  words.Fixed(leg.ambient, 1) + " " + words.PressureUnit(), words.Short(choice.minutes),
-                  words.Volume(leg.ascent)});
+                 {std::to_string(choice.team), words.Factor(choice.stress), words.Factor(rmv), words.VolumeUnit(),
+                  words.Factor(leg.ambient) + " " + words.PressureUnit(), words.Factor(choice.minutes),
+                  words.Volume(leg.ascent), words.Volume(leg.sorting)});
 }
 
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,11 @@ std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const Adv
 bool IsShort(const GasStore& store);
 bool IsShort(const GasSupply& supply, const LegSupply& leg);
 
-/// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.0 bar x 2 min + ascent 1240 l". `rmv` is
-/// that of the template.
+/// A pressure to act by as it is printed (PressureToActBy).
+std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words);
+
+/// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.013 bar x 2 min = 1122 l, + ascent 1240 l".
+/// The product and the sum are those of the figures that stand there. `rmv` is that of the template.
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words);
 
 /// All of it in two tables; both without rows when there is no supply.

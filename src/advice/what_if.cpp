@@ -27,6 +27,12 @@ struct Demand {
   }
 };
 
+/// A gas that is lost is lost from the start.
+std::vector<GasWarning> WarningsOf(const ClassProfile& rows, const DiveTemplate& settings,
+                                   const std::optional<std::string>& lost = std::nullopt) {
+  return GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
+}
+
 Demand DemandOf(const TableDive& cut, const DiveTemplate& settings) {
   Demand demand;
   demand.endless = !cut.decompresses;
@@ -135,6 +141,7 @@ WhatIfColumn WhatIf::Run(Kind kind, const ClassUseractions& actions, const DiveT
   column.decompresses = store_(scratch_).Decompresses;
   column.rows = window.InputProfile;
   column.gas = GasNeeds(column.rows, settings);
+  column.warnings = WarningsOf(column.rows, settings);
   return column;
 }
 
@@ -155,6 +162,7 @@ WhatIfColumn WhatIf::Lost(const std::string& gas) {
   }
   WhatIfColumn column = Run(Kind::Lost, actions_, settings);
   column.lost = gas;
+  column.warnings = WarningsOf(column.rows, settings, gas);
   return column;
 }
 
@@ -175,6 +183,7 @@ WhatIfColumn WhatIf::BailOut() {
       worst.depth = cut.depth;
       worst.decompresses = cut.decompresses;
       worst.rows.Copy(cut.profile);
+      worst.warnings = GasWarnings({plan_.Template, {}, true}, cut);
       return cut.decompresses;  // nothing is worse than what never ends
     });
   } catch (const std::runtime_error& error) {

@@ -10,6 +10,7 @@
 #include "model/document_store.h"
 #include "model/profile.h"
 #include "plan/document_forms.h"
+#include "plan/gas_warnings.h"
 
 namespace tav {
 
@@ -49,7 +50,8 @@ struct WhatIfColumn {
   Single depth;       ///< and the depth there
   std::string fault;  ///< why it can't be computed; then it has no rows
   bool decompresses = true;
-  ClassProfile rows;  ///< the whole dive with its ascent
+  ClassProfile rows;                 ///< the whole dive with its ascent
+  std::vector<GasWarning> warnings;  ///< what must not be breathed in it
   std::vector<GasNeed> gas;
 
   /// "planned", "longer", "deeper", "both", "lost EAN50", "bail-out": the name in files for scripts.

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "report/schedule.h"
+#include "report/table_remarks.h"
 
 namespace tav {
 namespace {
@@ -68,6 +69,7 @@ class Builder {
       return WhatIfTable::Cell{words_.Fixed(last.TotalCNS * 100, 0), "", last.TotalCNS >= 1};
     });
     GasRows();
+    Warnings(wish);
     return std::move(table_);
   }
 
@@ -135,6 +137,18 @@ class Builder {
         cell.bad = !*enough;
       }
       table_.rows.push_back(std::move(row));
+    }
+  }
+
+  /// The same lines as below bail-out tables and on cards.
+  void Warnings(const WhatIfWish& wish) {
+    const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Separators());
+    for (const WhatIfColumn& column : columns_) {
+      std::string name = NameOf(column, words_);
+      if (column.kind == Kind::BailOut) name += " " + DetailOf(column, wish, words_);
+      for (const GasWarning& warning : column.warnings) {
+        table_.warnings.push_back(name + ": " + WarningText(warning, words) + " (" + warning.gas + ")");
+      }
     }
   }
 
@@ -223,6 +237,8 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     }
     first = end;
   }
+  if (!table.warnings.empty()) text += "\n";
+  for (const std::string& warning : table.warnings) text += "! " + warning + "\n";
   return text;
 }
 

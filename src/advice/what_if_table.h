@@ -29,8 +29,9 @@ struct WhatIfTable {
     std::string detail;  ///< "+5 min", "at 35 min, 65 m"
   };
 
-  std::vector<Head> heads;  ///< one for each column
-  std::vector<Row> rows;    ///< from the deepest stop to the gases
+  std::vector<Head> heads;            ///< one for each column
+  std::vector<Row> rows;              ///< from the deepest stop to the gases
+  std::vector<std::string> warnings;  ///< what must not be breathed, column by column: "lost EAN50: PPO2 too low ..."
 };
 
 /// "lost EAN50": the name of a column for the reader.

@@ -17,7 +17,9 @@ DialogServices frmMain::Dialogs() {
           services_.texts,
           services_.switches.VeryHighGF,
           [this] { ApplyToProfile(); },
-          [this](Single o2, Single he) { ShowMixer().setmix(o2, he); }};
+          [this](Single o2, Single he) { ShowMixer().setmix(o2, he); },
+          OwnDefaultTemplate().string(),
+          [this] { KeepDefaultTemplate(); }};
 }
 
 void frmMain::ShowConservatism_Click() {
@@ -74,6 +76,7 @@ void frmMain::AddWaypoint() {
 }
 
 void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
+  FinishEdits();
   const auto active = Active();
   if (!active || services_.runs.Holds(*active)) return;
   frmWaypointEditor& editor = services_.forms(*active);
@@ -92,6 +95,7 @@ void frmMain::EnterWaypoint(Single depth, Single segmentTime) {
 }
 
 void frmMain::ViewRow(std::int16_t row) {
+  FinishEdits();
   const auto active = Active();
   if (!active) return;
   ClassProfile dialogProfile;

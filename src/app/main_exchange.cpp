@@ -81,15 +81,17 @@ void frmMain::ExportCommand() {
                                                        std::string(kUddfExtension),
                                                        {}});
   if (file.empty()) return;
+  SaveNotes notes;
   try {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    WriteTextFile(file, WriteUddf(services_.forms, dives, {TAV_VERSION, now}));
+    notes = WriteTextFile(file, WriteUddf(services_.forms, dives, {TAV_VERSION, now}));
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);
     return;
   }
   KeepFolder(kExchangeFolder, file);
+  TellNotes(file, notes);
 }
 
 }  // namespace tav

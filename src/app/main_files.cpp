@@ -3,12 +3,14 @@
 #include <cstdlib>
 
 #include "app/main_form.h"
+#include "app/user_texts.h"
 #include "dialogs/unit_change.h"
 #include "exchange/import.h"
 #include "model/path_text.h"
 #include "persist/template_file.h"
 #include "plan/captions.h"
 #include "plan/profile_commands.h"
+#include "platform/used_folder.h"
 
 namespace tav {
 namespace fs = std::filesystem;
@@ -24,9 +26,16 @@ constexpr int kSaveTemplateTitle = 2301;
 constexpr int kSaveTemplateQuestion = 2300;
 constexpr int kNotOpened = 7022;
 constexpr int kNotSaved = 7023;
+constexpr int kSavedBut = 8066;
 constexpr int kTemplateIgnored = 7953;
-constexpr int kRecovered = 7008;
-constexpr int kOfferRecovery = 7007;
+constexpr int kHeldByTables = 8001;
+constexpr int kSavedWithout = 8003;
+constexpr int kClosedWithout = 8004;
+constexpr int kCloseLaterDive = 8050;
+constexpr int kCloseLaterDiveTitle = 8051;
+constexpr int kTakeOut = 8052;
+constexpr int kCloseSeries = 8053;
+constexpr int kStay = 8054;
 
 // Settings: the folders used last.
 constexpr const char* kPlanFolder = "PlanFolder";
@@ -35,15 +44,11 @@ constexpr const char* kTemplateFolder = "TemplateFolder";
 }  // namespace
 
 fs::path frmMain::FolderUsedLast(const char* setting) const {
-  const fs::path folder = services_.platform.settings.ReadSetting("Settings", setting);
-  std::error_code error;
-  return fs::is_directory(folder, error) ? folder : fs::path();
+  return tav::FolderUsedLast(services_.platform.settings, setting);
 }
 
 void frmMain::KeepFolder(const char* setting, const fs::path& file) {
-  std::error_code error;
-  const fs::path whole = fs::absolute(file, error);
-  services_.platform.settings.WriteSetting("Settings", setting, whole.parent_path().string());
+  tav::KeepFolder(services_.platform.settings, setting, file);
 }
 
 void frmMain::OpenProfileCommand() {
@@ -53,6 +58,7 @@ void frmMain::OpenProfileCommand() {
 }
 
 bool frmMain::OpenFile(const fs::path& file) {
+  FinishEdits();
   if (file.extension() == kTemplateExtension) {
     LoadTemplateFrom(file);
     return true;
@@ -60,8 +66,11 @@ bool frmMain::OpenFile(const fs::path& file) {
   if (file.extension() == kUddfExtension || file.extension() == kCsvExtension) return ImportPlan(file);
   try {
     services_.platform.screen.ShowHourglass(true);
-    OpenProfile(services_.forms, file);
+    const ProfileText profile = ReadProfileFile(file);
+    const auto opened = OpenProfile(services_.forms, file, profile);
+    if (!opened.empty()) services_.history.MarkSaved(opened.front());
     services_.platform.screen.ShowHourglass(false);
+    ShowAdvice(file, profile.advice);
   } catch (const std::exception& error) {
     services_.platform.screen.ShowHourglass(false);
     services_.recent.Remove(file);
@@ -78,8 +87,14 @@ bool frmMain::OpenFile(const fs::path& file) {
 }
 
 bool frmMain::SaveProfileCommand(bool saveAs) {
+  FinishEdits();
   const auto active = Active();
-  return active && SaveDocument(*active, saveAs);
+  if (!active || !SaveDocument(*active, saveAs)) return false;
+  const std::string cells = MarkedCells(*active);
+  if (!cells.empty()) {
+    services_.platform.boxes.Show(T(kSavedWithout) + "\r\n\r\n" + cells, "", BoxIcon::Exclamation, BoxButtons::OK);
+  }
+  return true;
 }
 
 bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
@@ -93,19 +108,30 @@ bool frmMain::SaveDocument(std::int16_t document, bool saveAs) {
 }
 
 bool frmMain::SaveSeries(std::int16_t document, const fs::path& file) {
+  SaveNotes notes;
   try {
-    SaveProfile(services_.forms, document, file);
+    notes = SaveProfile(services_.forms, document, file);
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);
     return false;
   }
+  services_.history.MarkSaved(document);
+  planPane_.MarkUnfinished();
   KeepFolder(kPlanFolder, file);
   services_.recovery.Drop(document);
   services_.recent.Add(file);
   FillRecent();
   SyncCommands();
+  TellNotes(file, notes);
   return true;
+}
+
+void frmMain::TellNotes(const fs::path& file, const SaveNotes& notes) {
+  if (notes.empty()) return;
+  std::string told = services_.texts.Filled(kSavedBut, {file.string()}) + "\r\n";
+  for (const Message& note : notes) told += "\r\n" + services_.texts.Words(note);
+  services_.platform.boxes.Show(told, "", BoxIcon::Information, BoxButtons::OK);
 }
 
 void frmMain::LoadTemplateCommand() {
@@ -119,12 +145,21 @@ void frmMain::LoadTemplateCommand() {
   if (!file.empty()) LoadTemplateFrom(file);
 }
 
+void frmMain::ShowAdvice(const fs::path& file, const std::vector<FormatFault>& advice) {
+  const std::string text = AdviceText(services_.texts, file, advice);
+  if (!text.empty()) services_.platform.boxes.Show(text, "", BoxIcon::Information, BoxButtons::OK);
+}
+
 void frmMain::LoadTemplateFrom(const fs::path& file) {
   const auto active = Active();
+  if (active && services_.runs.Holds(*active)) {
+    services_.platform.boxes.Show(T(kHeldByTables), "", BoxIcon::Information, BoxButtons::OK);
+    return;
+  }
   // The file may tell a part of the settings only; the others stay.
   DiveTemplate loaded = Document(active.value_or(DocumentStore::DefaultDocument)).Template;
   try {
-    LoadTemplateFile(loaded, file);
+    ShowAdvice(file, LoadTemplateFile(loaded, file));
   } catch (const FileError& error) {
     services_.platform.boxes.Show(
         services_.texts.Filled(kTemplateIgnored, {file.string()}) + "\r\n" + services_.texts.Words(error), "",
@@ -151,7 +186,9 @@ void frmMain::LoadTemplateFrom(const fs::path& file) {
 }
 
 void frmMain::SaveTemplateCommand() {
-  DiveTemplate& diveTemplate = Document(Active().value_or(DocumentStore::DefaultDocument)).Template;
+  const auto active = Active();
+  DocumentState& document = Document(active.value_or(DocumentStore::DefaultDocument));
+  DiveTemplate& diveTemplate = document.Template;
   if (!diveTemplate.TemplateChanged) return;
   const TextSource& texts = services_.texts;
   if (services_.platform.boxes.Show(texts.GetResString(kSaveTemplateQuestion), "", BoxIcon::Question,
@@ -172,25 +209,78 @@ void frmMain::SaveTemplateCommand() {
                                                        std::string(kTemplateExtension),
                                                        {folders.OwnTemplates()}});
   if (file.empty()) return;
+  SaveNotes notes;
   try {
     DiveTemplate named = diveTemplate;
     named.Templatename = SplitPath(file.string(), PathPart::FileName);
-    SaveTemplateFile(named, file);
+    const DiveTemplate before = diveTemplate;
+    notes = SaveTemplateFile(named, file);
     diveTemplate.Templatename = named.Templatename;
     diveTemplate.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (active) {
+      document.TemplateTitle = named.Templatename;
+      services_.history.TemplateNamed(*active, before);
+    }
     KeepFolder(kTemplateFolder, file);
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);
     return;
   }
-  if (const auto active = Active()) services_.forms.ShowCaption(*active);
+  if (active) services_.forms.ShowCaption(*active);
+  TellNotes(file, notes);
+}
+
+fs::path frmMain::OwnDefaultTemplate() const { return services_.folders.OwnTemplates() / "Default.tpl"; }
+
+void frmMain::KeepDefaultTemplate() {
+  DiveTemplate& settings = Document(DocumentStore::DefaultDocument).Template;
+  const fs::path file = OwnDefaultTemplate();
+  std::error_code ignored;  // the write tells
+  fs::create_directories(file.parent_path(), ignored);
+  try {
+    DiveTemplate named = settings;
+    named.Templatename = file.filename().string();
+    TellNotes(file, SaveTemplateFile(named, file));
+    settings.Templatename = named.Templatename;
+    settings.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    settings.TemplateChanged = false;
+  } catch (const std::exception& error) {
+    services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
+                                  BoxButtons::OK);
+  }
 }
 
 bool frmMain::CloseDocument(std::int16_t document) {
+  FinishEdits();
   frmWaypointEditor& editor = services_.forms(document);
-  if (!editor.Form_QueryUnload(true, [&] { return SaveDocument(document, true); })) return false;
+  if (editor.PrevProfile != -1) return CloseLaterDive(document);
+  const auto save = [&] { return SaveDocument(document, true); };
+  if (!editor.Form_QueryUnload(true, save, LostCells(document))) return false;
   EndDocument(document);
+  DocumentActivated();
+  return true;
+}
+
+std::string frmMain::LostCells(std::int16_t document) {
+  const std::string cells = MarkedCells(document);
+  return cells.empty() ? "" : T(kClosedWithout) + "\r\n" + cells;
+}
+
+bool frmMain::CloseLaterDive(std::int16_t document) {
+  const frmWaypointEditor& editor = services_.forms(document);
+  const std::int16_t before = editor.PrevProfile;
+  const std::string lost = LostCells(document);
+  const std::string question =
+      (lost.empty() ? "" : lost + "\r\n\r\n") +
+      services_.texts.Filled(kCloseLaterDive, {Document(document).ProfileName, std::to_string(editor.DiveNumber),
+                                               std::to_string(services_.forms(before).DiveNumber)});
+  const BoxAnswer answer = services_.platform.boxes.ShowWithChoices(
+      question, T(kCloseLaterDiveTitle), BoxIcon::Question, {T(kTakeOut), T(kCloseSeries), T(kStay)});
+  if (answer == BoxAnswer::No) return CloseDocument(editor.getFirstProfile());
+  if (answer != BoxAnswer::Yes) return false;
+  services_.history.TakeOut(document);
+  services_.platform.documentWindows.ActivateWindow(before);
   DocumentActivated();
   return true;
 }
@@ -212,9 +302,12 @@ std::vector<std::int16_t> frmMain::OpenDocuments() const {
 }
 
 bool frmMain::Form_QueryUnload(bool /*byUser*/) {
+  FinishEdits();
   // All questions first: a Cancel leaves every plan open.
   for (const std::int16_t document : OpenDocuments()) {
-    if (!services_.forms(document).ConfirmClose([&] { return SaveDocument(document, true); })) return false;
+    if (services_.forms(document).PrevProfile != -1) continue;
+    const auto save = [&] { return SaveDocument(document, true); };
+    if (!services_.forms(document).ConfirmClose(save, LostCells(document))) return false;
   }
   return true;
 }
@@ -233,50 +326,6 @@ void frmMain::Form_Unload() {
   settings.WriteSetting("Settings", "MainTop", std::to_string(place.top));
   settings.WriteSetting("Settings", "MainWidth", std::to_string(place.width));
   settings.WriteSetting("Settings", "MainHeight", std::to_string(place.height));
-}
-
-void frmMain::KeepRecovery() {
-  for (const std::int16_t document : OpenDocuments()) {
-    if (services_.forms(document).PrevProfile != -1) continue;  // the first dive keeps the whole series
-    const DocumentState& dive = Document(document);
-    if (dive.Modified) {
-      services_.recovery.Keep(document, ProfileFileText(services_.forms, document),
-                              fs::path(dive.ProfileFolder) / dive.ProfileName);
-    } else {
-      services_.recovery.Drop(document);
-    }
-  }
-}
-
-void frmMain::OfferRecovery() {
-  const auto copies = services_.recovery.Orphans();
-  if (copies.empty()) return;
-  std::string question = T(kOfferRecovery) + "\r\n";
-  for (const Recovery::Copy& copy : copies) question += "\r\n" + copy.original.string();
-  const BoxAnswer answer =
-      services_.platform.boxes.Show(question, T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
-  if (answer == BoxAnswer::Cancel) return;  // they are offered again at the next start
-  for (const Recovery::Copy& copy : copies) {
-    if (answer == BoxAnswer::Yes) {
-      try {
-        const auto opened = OpenProfile(services_.forms, copy.file);
-        // The plan has its own name again, but no file until the user saves it.
-        for (const std::int16_t document : opened) {
-          Document(document).ProfileName = copy.original.filename().string();
-          Document(document).ProfileFolder.clear();
-          Document(document).Modified = document == opened.front();
-          services_.forms.ShowCaption(document);
-        }
-        KeepRecovery();
-      } catch (const std::exception& error) {
-        services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
-                                      BoxButtons::OK);
-        continue;
-      }
-    }
-    Recovery::Remove(copy);
-  }
-  DocumentActivated();
 }
 
 void frmMain::ExportGraph(bool svg) {

@@ -21,9 +21,12 @@ frmMain::frmMain(MainServices services)
     : Form("frmMain"),
       services_(std::move(services)),
       planPane_(PaneServices()),
-      checkPane_(Dialogs(), [this](std::int16_t document, std::int16_t first, std::int16_t last) {
-        services_.view.SelectRows(document, first, last);
-      }) {
+      checkPane_(
+          Dialogs(),
+          [this](std::int16_t document, std::int16_t first, std::int16_t last) {
+            services_.view.SelectRows(document, first, last);
+          },
+          [this](std::int16_t document) { return planPane_.Refusal(document); }) {
   BuildMenu();
   BuildToolBar();
   Wire();
@@ -44,7 +47,7 @@ void frmMain::Form_Load() {
 
 void frmMain::LoadNewDoc() {
   LocalizeForm(*this, services_.texts);
-  services_.forms.LoadNewDoc();
+  services_.history.MarkSaved(services_.forms.LoadNewDoc());
   SyncCommands();
 }
 
@@ -140,8 +143,8 @@ void frmMain::SyncCommands() {
     state = editor.State();
     surface = editor.CanBeFollowed();
     SetBreathingMode(Document(*active).Template.OpenCircuit, false);
-    services_.platform.documentWindows.SetModified(*active, Document(editor.getFirstProfile()).Modified);
   }
+  ShowModified();
   const bool ascent = state == EditState::Legs;
   const bool information = state != EditState::Empty;
   Tool(6).Enabled = ascent;
@@ -154,7 +157,7 @@ void frmMain::SyncCommands() {
   const bool anything = active && services_.forms(*active).UserActions.GetLength() > 0;
   mnuclearlastwaypoint.Enabled = anything;
   mnuclearallwaypoints.Enabled = anything;
-  mnuUndo.Enabled = active && services_.history.CanUndo(*active);
+  mnuUndo.Enabled = active && (services_.history.CanUndo(*active) || !planPane_.MarkedCells(*active).empty());
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
   // Settings can be edited, loaded and saved without a plan: they are then those of new plans.
   for (Control* command : std::initializer_list<Control*>{&mnuClose,
@@ -184,6 +187,15 @@ void frmMain::SyncCommands() {
   HoldCommands(active);
 }
 
+void frmMain::ShowModified() {
+  for (const std::int16_t first : OpenDocuments()) {
+    if (services_.forms(first).PrevProfile != -1) continue;  // a series is saved as a whole
+    for (std::int16_t n = first; n != -1; n = services_.forms(n).NextProfile) {
+      services_.platform.documentWindows.SetModified(n, Document(first).Modified);
+    }
+  }
+}
+
 void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
   const auto enable = [](std::initializer_list<Control*> commands, bool enabled) {
     for (Control* command : commands) command->Enabled = enabled;
@@ -202,6 +214,7 @@ void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
 }
 
 void frmMain::DocumentActivated() {
+  FinishEdits();
   if (const auto active = Active()) services_.forms(*active).Form_Activate();
   SyncCommands();
   PlanChanged();
@@ -212,10 +225,25 @@ void frmMain::Wire() {
   WireWindowCommands();
   WirePanes();
   WireViewCommands();
+  FinishEditsBeforeCommands();
   services_.runs.changed = [this] {
     SyncCommands();
     PlanChanged();
   };
+}
+
+void frmMain::FinishEditsBeforeCommands() {
+  const auto finishFirst = [this](auto* command) {
+    if (command == nullptr || !command->Click) return;
+    command->Click = [this, act = std::move(command->Click)] {
+      FinishEdits();
+      act();
+    };
+  };
+  for (Control* control : Controls()) {
+    finishFirst(dynamic_cast<MenuItem*>(control));
+    finishFirst(dynamic_cast<ToolButton*>(control));
+  }
 }
 
 void frmMain::WirePlanCommands() {
@@ -226,11 +254,14 @@ void frmMain::WirePlanCommands() {
     };
   };
   mnuUndo.Click = [this] {
-    if (const auto active = Active()) services_.history.Undo(*active);
+    // Cells that are still marked are what was entered last.
+    if (const auto active = Active(); active && !planPane_.GiveUp(*active)) services_.history.Undo(*active);
+    planPane_.MarkUnfinished();
     DocumentActivated();
   };
   mnuRedo.Click = [this] {
     if (const auto active = Active()) services_.history.Redo(*active);
+    planPane_.MarkUnfinished();
     DocumentActivated();
   };
   mnuAddWaypoint.Click = mnuPopupAddWaypoint.Click = [this] { AddWaypoint(); };

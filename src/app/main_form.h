@@ -11,8 +11,9 @@
 #include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
+#include "persist/format_faults.h"
+#include "persist/text_file.h"
 #include "platform/form.h"
-#include "report/model_marks.h"
 
 namespace tav {
 
@@ -158,7 +159,8 @@ class frmMain : public Form {
   [[nodiscard]] std::optional<std::int16_t> LegEndingAt(std::int16_t row) const;
   /// Opens the leg that a row of the active plan belongs to in the plan pane; nothing for a row of an ascent.
   void EditLegOf(std::int16_t row);
-  /// Ends what is being entered in a pane, as a change of its plan: a command comes.
+  /// Ends what is being entered in a pane, as a change of its plan. Whatever acts on plans does so first: every command
+  /// of this form, a file that is opened or dropped, another plan in front, a close, the end of the program.
   void FinishEdits();
   void PopupGraphMenu();
   /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
@@ -176,6 +178,10 @@ class frmMain : public Form {
   bool SaveProfileCommand(bool saveAs);
   void LoadTemplateCommand();
   void SaveTemplateCommand();
+  /// The user's own template for new plans, which is found before that of the program.
+  [[nodiscard]] std::filesystem::path OwnDefaultTemplate() const;
+  /// Stores the settings of new plans there, for later starts. Says why that failed.
+  void KeepDefaultTemplate();
   /// Opens a plan, loads a template into the active plan or imports, by the file's extension. Says what is wrong.
   bool OpenFile(const std::filesystem::path& file);
   /// A dive log or waypoints as a new plan, and what was simplified told (main_exchange.cpp).
@@ -206,11 +212,16 @@ class frmMain : public Form {
   void Wire();
   void WirePlanCommands();
   void WireWindowCommands();
+  void FinishEditsBeforeCommands();
   // Panes (main_panes.cpp).
   [[nodiscard]] PlanPaneServices PaneServices();
   void WirePanes();
   void ShowPane(const Pane& pane, bool shown);
   void ShowFindings();
+  /// What the plan pane refuses has changed: check, graph and commands follow.
+  void ShowRefusal(std::int16_t document);
+  /// The marked cells of a series, which a file of it would not hold; empty when there are none.
+  [[nodiscard]] std::string MarkedCells(std::int16_t document);
   void RestorePanes();
   void KeepPanes();
   void SelectInPanes(std::int16_t row);
@@ -222,6 +233,8 @@ class frmMain : public Form {
   void WireViewCommands();
   void LoadGraphExtras();
   void ShowGraphExtras();
+  /// The unsaved mark on each window of a series that has changed.
+  void ShowModified();
   void HoldCommands(const std::optional<std::int16_t>& active);
   void SetBreathingMode(bool openCircuit, bool apply);
   void mnuVPM_Click();
@@ -230,8 +243,12 @@ class frmMain : public Form {
   void MarkTable(bool b, bool c);
   void ShowHelp(HelpViewer::Page page);
   void ExportGraph(bool svg);
+  /// Tells what is odd in a file that was read.
+  void ShowAdvice(const std::filesystem::path& file, const std::vector<FormatFault>& advice);
   void LoadTemplateFrom(const std::filesystem::path& file);
   bool SaveDocument(std::int16_t document, bool saveAs);
+  /// Tells what a save could not keep of the file that was there.
+  void TellNotes(const std::filesystem::path& file, const SaveNotes& notes);
   bool SaveSeries(std::int16_t document, const std::filesystem::path& file);
   /// Where a file dialog starts, for plans and pictures or for templates: in the folder used last; empty, which is the
   /// user's documents, at first and when that folder is gone.
@@ -241,7 +258,7 @@ class frmMain : public Form {
   /// Whether a report is to tell all dives of a series; nothing when the user called it off.
   [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document);
   /// The names that windows and reports give the model.
-  [[nodiscard]] ModelMarks Marks() const;
+  [[nodiscard]] ModelChoice Model() const;
   [[nodiscard]] std::optional<std::int16_t> Active() const {
     return services_.platform.documentWindows.ActiveDocument();
   }
@@ -250,6 +267,16 @@ class frmMain : public Form {
   }
   [[nodiscard]] std::string T(int id) const { return services_.texts.GetResString(id); }
   [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const;
+  /// What a close says of the marked cells of a series.
+  [[nodiscard]] std::string LostCells(std::int16_t document);
+  // Recovery (main_recovery.cpp).
+  /// A series has changes that are in no file, by its first dive; those that are only on trial count.
+  [[nodiscard]] bool IsUnsaved(std::int16_t document) const;
+  bool KeepRecoveryOf(std::int16_t document);
+  /// Opens a copy. True when it is a plan of this program now, with a copy of its own.
+  bool Recover(const Recovery::Copy& copy);
+  /// Asks what is to close: this dive of a series, which then leaves it, or all of them.
+  bool CloseLaterDive(std::int16_t document);
   void EndDocument(std::int16_t document);
 
   MainServices services_;

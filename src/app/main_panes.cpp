@@ -20,7 +20,7 @@ PlanPaneServices frmMain::PaneServices() {
           services_.history,
           [this](std::int16_t document) { return services_.runs.Holds(document); },
           [this] { EditTemplateOfActive(); },
-          [this] { SyncCommands(); },
+          [this](std::int16_t document) { ShowRefusal(document); },
           [this](std::int16_t row) {
             if (const auto active = Active()) services_.view.SelectRows(*active, row, row);
           }};
@@ -44,6 +44,7 @@ void frmMain::WirePanes() {
 }
 
 void frmMain::ShowPane(const Pane& pane, bool shown) {
+  pane.form.Finish();
   pane.entry.Checked = shown;
   if (shown && !pane.form.IsLoaded()) pane.form.Load();
   if (shown) pane.form.ShowDocument(Active());
@@ -63,6 +64,29 @@ void frmMain::PlanChanged() {
     if (pane.entry.Checked) pane.form.ShowDocument(Active());
   }
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
+}
+
+void frmMain::ShowRefusal(std::int16_t document) {
+  constexpr int kAsBefore = 8002;
+  const bool refused = !planPane_.Refusal(document).empty();
+  services_.view.ShowAsBefore(document, refused ? T(kAsBefore) : "");
+  // A plan that holds has been checked when it was computed.
+  if (refused || checkPane_.CountNow().marks.empty()) {
+    checkPane_.Check(Active());
+    ShowFindings();
+  }
+  SyncCommands();
+}
+
+std::string frmMain::MarkedCells(std::int16_t document) {
+  std::string told;
+  for (std::int16_t n = services_.forms(document).getFirstProfile(); n != -1; n = services_.forms(n).NextProfile) {
+    const std::string cells = planPane_.MarkedCells(n);
+    if (cells.empty()) continue;
+    const bool inSeries = services_.forms(n).PrevProfile != -1 || services_.forms(n).NextProfile != -1;
+    told += (told.empty() ? "" : "\n") + (inSeries ? services_.forms.Caption(n) + "\n" : "") + cells;
+  }
+  return told;
 }
 
 void frmMain::ShowFindings() {

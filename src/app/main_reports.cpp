@@ -10,13 +10,9 @@
 
 namespace tav {
 
-ModelMarks frmMain::Marks() const {
-  return {mnuBulhmannB.Checked, mnuBulhmannC.Checked, mnuHybrid.Checked, mnuVPM.Enabled};
-}
-
 void frmMain::ShowDiveInformation() {
   if (!Active()) return;
-  frmGeneralInfo window(Dialogs(), Marks());
+  frmGeneralInfo window(Dialogs(), services_.model);
   services_.platform.windows.ShowModal(window);
 }
 
@@ -34,7 +30,7 @@ void frmMain::ShowSlate() {
   if (!active) return;
   const auto all = WholeSeries(*active);
   if (!all) return;
-  Slate slate(services_.report, Marks());
+  Slate slate(services_.report, services_.model);
   WriteSlates({slate, services_.forms, services_.texts, services_.platform.separators,
                ReadSupplyChoice(services_.platform.settings)},
               *active, *all);
@@ -49,7 +45,7 @@ void frmMain::ShowWhatIf() {
     return;
   }
   window = std::make_shared<frmWhatIf>(
-      Dialogs(), services_.report, [this] { return Marks(); },
+      Dialogs(), services_.report, [this] { return services_.model; },
       [this](std::int16_t document, const std::vector<PlotPoint>& line) {
         services_.view.ShowOverlay(document, line);
       });
@@ -65,7 +61,8 @@ void frmMain::ShowGeneralReport() {
   const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
   services_.platform.windows.Show(wait);
   services_.platform.screen.DoEvents();
-  GeneralReport report(services_.report, Marks(), [&wait](const std::string& step) { wait->Label1.Caption = step; });
+  GeneralReport report(services_.report, services_.model,
+                       [&wait](const std::string& step) { wait->Label1.Caption = step; });
   const SupplyChoice choice = ReadSupplyChoice(services_.platform.settings);
   WriteLongReport(report, services_.forms, *active, *all, [&](std::int16_t dive) {
     return SupplyTablesOf(services_.forms, dive, choice, services_.texts, services_.platform.separators);

@@ -28,7 +28,7 @@ struct MainServices {
   const Language& language;
   UndoHistory& history;
   RecentFiles& recent;
-  const Recovery& recovery;
+  Recovery& recovery;
   MainView& view;
   PrintPreview& report;
   PrintPreview& tables;  ///< pages of their own, so that a report may be written while a run of tables lasts

@@ -67,6 +67,9 @@ class MainView {
   virtual void ShowExtras(const GraphExtras& extras) = 0;
   /// A dashed line over the plot, which stays through redraws: how a dive would go. Empty takes it away.
   virtual void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) = 0;
+  /// The graph is that of the plan as it was before something that is refused: it is grey and says so in these words.
+  /// Empty takes that away.
+  virtual void ShowAsBefore(std::int16_t document, const std::string& words) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

@@ -1,7 +1,6 @@
 #include "app/program.h"
 
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "app/start_up.h"
@@ -36,7 +35,7 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
-      recovery_(SettingsFolder(), ::getpid()),
+      recovery_(SettingsFolder()),
       report_(platform_, texts_),
       tables_(platform_, texts_) {
   warnings_.returning = [this] { return history_.Restoring() || history_.Held(); };
@@ -70,11 +69,14 @@ void Program::StaySplash(const Form& splash, double until) {
 
 bool Program::Main(const std::vector<std::string>& arguments) {
   if (!LoadLanguageOfUser()) return false;
-  const std::optional<FileError> fault = InitDocuments(documents_, folders_);
-  if (fault) {
+  const StartFaults faults = InitDocuments(documents_, folders_);
+  if (faults.broken) {
     constexpr int kTemplateIgnored = 7953;
-    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*fault)}), "", BoxIcon::Stop, BoxButtons::OK);
+    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*faults.broken)}), "", BoxIcon::Stop,
+                         BoxButtons::OK);
   }
+  const std::string advice = AdviceText(texts_, faults.file, faults.advice);
+  if (!advice.empty()) platform_.boxes.Show(advice, "", BoxIcon::Information, BoxButtons::OK);
   ReadCommandLine(arguments);
 
   const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));

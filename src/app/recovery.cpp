@@ -1,12 +1,10 @@
 #include "app/recovery.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <charconv>
-#include <csignal>
 #include <system_error>
 #include <utility>
 
+#include "persist/locked_file.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -15,59 +13,86 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kPrefix = "recovery-";
+constexpr std::string_view kLock = "recovery.lock-";
 
 fs::path PathFile(fs::path copy) { return copy.replace_extension(".path"); }
 
-/// The process that wrote a copy; 0 for a file that is none.
-int ProcessOf(const std::string& name) {
-  int process = 0;
-  if (!name.starts_with(kPrefix) || !name.ends_with(".tav")) return 0;
-  std::from_chars(name.data() + kPrefix.size(), name.data() + name.size(), process);
-  return process;
+std::vector<fs::path> FilesOf(const fs::path& folder, std::string_view prefix, std::string_view extension) {
+  std::vector<fs::path> files;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with(prefix) && name.ends_with(extension)) files.push_back(entry->path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
 }
 
-bool Runs(int process) { return ::kill(process, 0) == 0 || errno == EPERM; }
+/// What stands in the name of a copy between its prefix and its document.
+std::string TokenOf(const fs::path& copy) {
+  const std::string name = copy.filename().string().substr(kPrefix.size());
+  return name.substr(0, name.find('-'));
+}
 
 }  // namespace
 
-Recovery::Recovery(fs::path folder, int process) : folder_(std::move(folder)), process_(process) {
-  // Copies bear the number of their process, so no later save would come by to do it.
+Recovery::Recovery(fs::path folder) : folder_(std::move(folder)) {
+  // Copies bear names of their own, so no later save would come by to do it.
   RemoveUnfinishedSaves(folder_, "");
 }
 
-fs::path Recovery::File(std::int16_t document) const {
-  return folder_ / (std::string(kPrefix) + std::to_string(process_) + "-" + std::to_string(document) + ".tav");
+Recovery::~Recovery() {
+  std::error_code error;
+  if (!token_.empty()) fs::remove(lockFile_, error);
 }
 
-void Recovery::Keep(std::int16_t document, const std::string& text, const fs::path& original) const {
+void Recovery::Begin() {
+  if (!token_.empty()) return;
+  std::error_code error;
+  fs::create_directories(folder_, error);
+  lock_ = MakeLockedFile(folder_ / kLock, lockFile_);
+  if (!lock_.IsOpen()) return;
+  token_ = lockFile_.filename().string().substr(kLock.size());
+  // Where there are no locks, another program that starts meanwhile is offered the copies: better than no one is.
+  if (!HoldsLock(lock_)) fs::remove(lockFile_, error);
+}
+
+fs::path Recovery::File(std::int16_t document) const {
+  return folder_ / std::string(kPrefix).append(token_).append("-").append(std::to_string(document)).append(".tav");
+}
+
+bool Recovery::Keep(std::int16_t document, const std::string& text, const fs::path& original) {
+  Begin();
+  if (token_.empty()) return false;
   try {
-    std::error_code error;
-    fs::create_directories(folder_, error);
     WriteTextFile(PathFile(File(document)), original.string());
     WriteTextFile(File(document), text);
+    return true;
   } catch (const FileError&) {
     // The copy is a second net; the plan itself is still there.
-    return;
+    return false;
   }
 }
 
-void Recovery::Drop(std::int16_t document) const { Remove({File(document), {}}); }
+void Recovery::Drop(std::int16_t document) const {
+  if (!token_.empty()) Remove({File(document), {}});
+}
 
 std::vector<Recovery::Copy> Recovery::Orphans() const {
+  for (const fs::path& lock : FilesOf(folder_, kLock, "")) RemoveIfLeft(lock);
   std::vector<Copy> orphans;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error)) {
-    const int process = ProcessOf(entry->path().filename().string());
-    if (process <= 0 || process == process_ || Runs(process)) continue;
-    Copy copy{entry->path(), {}};
+  for (const fs::path& file : FilesOf(folder_, kPrefix, ".tav")) {
+    const std::string token = TokenOf(file);
+    std::error_code error;
+    if (token == token_ || fs::exists(folder_ / std::string(kLock).append(token), error)) continue;
+    Copy copy{file, {}};
     try {
-      copy.original = ReadTextFile(PathFile(copy.file));
+      copy.original = ReadTextFile(PathFile(file));
     } catch (const FileError&) {
-      copy.original = copy.file.filename();
+      // Then the plan has lost its name, and gets a new one.
     }
     orphans.push_back(std::move(copy));
   }
-  std::sort(orphans.begin(), orphans.end(), [](const Copy& a, const Copy& b) { return a.file < b.file; });
   return orphans;
 }
 

@@ -4,18 +4,18 @@
 
 namespace tav {
 
-std::optional<FileError> InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
+StartFaults InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
   DocumentState& standard = documents(DocumentStore::DefaultDocument);
   standard.Modified = false;
   standard.TemplateTitle = "Default";
-  standard.Template = {};
+  standard.Template = ShippedDefaultTemplate();
+  StartFaults faults{folders.Find("template/Default.tpl"), {}, {}};
   try {
-    LoadPlannableTemplate(standard.Template, folders.Find("template/Default.tpl"));
+    faults.advice = LoadTemplateFile(standard.Template, faults.file);
   } catch (const FileError& error) {
-    standard.Template = ShippedDefaultTemplate();
-    return error;
+    faults.broken = error;
   }
-  return {};
+  return faults;
 }
 
 }  // namespace tav

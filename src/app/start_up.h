@@ -1,16 +1,24 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "app/program_folders.h"
 #include "model/document_store.h"
-#include "persist/text_file.h"
+#include "persist/format_faults.h"
 
 namespace tav {
 
-/// Makes element 0 of the store the default document, from "Default.tpl" alone: what the file does not tell is blank.
-/// Returns nothing, or why the file can't be used: it is missing, broken, or can't be planned on. Then, and only
-/// then, the values shipped with the program stand in, all of them.
-std::optional<FileError> InitDocuments(DocumentStore& documents, const ProgramFolders& folders);
+/// What is wrong with "Default.tpl".
+struct StartFaults {
+  std::filesystem::path file;
+  std::optional<FileError> broken;  ///< why it can't be used: it is missing, broken, or can't be planned on
+  std::vector<FormatFault> advice;  ///< what is odd in it, and which keys it lacks
+};
+
+/// Makes element 0 of the store the default document: the values shipped with the program, and over them what
+/// "Default.tpl" tells.
+StartFaults InitDocuments(DocumentStore& documents, const ProgramFolders& folders);
 
 }  // namespace tav

@@ -1,5 +1,6 @@
 #include "app/user_texts.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 
@@ -74,6 +75,18 @@ void LazyTexts::Read() const {
 std::string LazyTexts::GetResString(int id) const {
   if (!read_) Read();
   return table_.GetResString(id);
+}
+
+std::string AdviceText(const TextSource& texts, const std::filesystem::path& file,
+                       const std::vector<FormatFault>& advice) {
+  constexpr int kReadBut = 8152;
+  constexpr std::size_t kMost = 10;
+  if (advice.empty()) return {};
+  std::string text = texts.Filled(kReadBut, {file.string()}) + "\r\n";
+  for (std::size_t i = 0; i < std::min(advice.size(), kMost); ++i) {
+    text += "\r\n" + std::to_string(advice[i].line) + ": " + texts.Words(advice[i].text);
+  }
+  return advice.size() > kMost ? text + "\r\n..." : text;
 }
 
 }  // namespace tav

@@ -4,8 +4,10 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "app/language_table.h"
+#include "persist/format_faults.h"
 
 namespace tav {
 
@@ -39,5 +41,9 @@ class LazyTexts : public TextSource {
   mutable LanguageTable table_;
   mutable bool read_ = false;
 };
+
+/// What is odd in a file that was read, for a box: the file, and a line for each, the first ten. Empty for no advice.
+std::string AdviceText(const TextSource& texts, const std::filesystem::path& file,
+                       const std::vector<FormatFault>& advice);
 
 }  // namespace tav

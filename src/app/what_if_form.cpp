@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "advice/plan_slate.h"
+#include "report/dive_report.h"
 
 namespace tav {
 namespace {
@@ -20,9 +21,9 @@ constexpr int kCopy = 7215;
 
 }  // namespace
 
-frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelMarks()> marks,
+frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelChoice()> model,
                      Overlay overlay)
-    : DialogForm("frmWhatIf", services), report_(report), marks_(std::move(marks)), overlay_(std::move(overlay)) {
+    : DialogForm("frmWhatIf", services), report_(report), model_(std::move(model)), overlay_(std::move(overlay)) {
   RemembersPlace = true;
   fgColumns.TextColumns = {0};
   udLonger.Buddy = "tbLonger";
@@ -71,7 +72,7 @@ void frmWhatIf::PlanChanged() {
     ShowNotice({});
     return;
   }
-  Caption = T(kTitle) + ": " + SlateTitle(services_.forms, document, texts_);
+  Caption = T(kTitle) + ": " + DiveTitle(services_.forms, document, texts_);
   whatIf_ = std::make_unique<WhatIf>(services_.forms, document);
   metric_ = TemplateOf(document).Metric;
   lbUnit.Caption = T(metric_ ? kMetres : kFeet);
@@ -106,6 +107,7 @@ void frmWhatIf::TakeWish() {
     for (const WhatIfColumn& column : columns_) {
       if (!column.fault.empty()) notices.push_back(T(kNoColumn, {NameOf(column, Words()), column.fault}));
     }
+    for (const std::string& warning : table_.warnings) notices.push_back("! " + warning);
   } else {
     notices.push_back(T(kNothing, {whatIf_->Fault()}));
   }
@@ -177,7 +179,7 @@ void frmWhatIf::PrintSlate() {
   std::vector<WhatIfColumn> chosen{columns_.front()};
   if (cbWith.ListIndex == AllColumns) chosen = columns_;
   if (cbWith.ListIndex == ThePlanAndTheChosen && Chosen() > 0) chosen.push_back(columns_[Chosen()]);
-  Slate slate(report_, marks_());
+  Slate slate(report_, model_());
   WriteSlates({slate, services_.forms, texts_, platform_.separators, ReadSupplyChoice(platform_.settings)}, document_,
               chosen, wish_);
   report_.documentName = services_.Documents()(document_).ProfileName;

@@ -23,7 +23,7 @@ class frmWhatIf : public DialogForm {
 
   /// `marks` tells the model of the moment.
   /// `overlay` draws a line over the graph of a document.
-  frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelMarks()> marks, Overlay overlay);
+  frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelChoice()> model, Overlay overlay);
 
   Label lbLonger{*this, "lbLonger"};
   TextBox tbLonger{*this, "tbLonger"};
@@ -65,7 +65,7 @@ class frmWhatIf : public DialogForm {
   [[nodiscard]] std::size_t Chosen() const;
 
   PrintPreview& report_;
-  std::function<ModelMarks()> marks_;
+  std::function<ModelChoice()> model_;
   Overlay overlay_;
   std::int16_t document_ = -1;  ///< -1 for none
   bool metric_ = true;

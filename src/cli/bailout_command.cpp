@@ -16,7 +16,6 @@ namespace tav {
 namespace {
 
 // Texts by number.
-constexpr int kOutside = 7960;
 constexpr int kHeading = 7981;
 constexpr int kLost = 7982;
 constexpr int kAllGases = 7983;
@@ -31,11 +30,9 @@ std::string DiveOf(std::int16_t document, const std::vector<std::int16_t>& docum
 }
 
 Single ChosenInterval(const std::string& text) {
-  const Single interval = RoundSingle(NumberOf(text, "--interval"), 0);
-  if (!(interval >= 0 && interval <= BailoutCuts::kLongestInterval)) {
-    throw OptionError({kOutside, {"--interval", text, "0", std::to_string(BailoutCuts::kLongestInterval)}});
-  }
-  return interval;
+  const Single interval = NumberOf(text, "--interval", 0, BailoutCuts::kLongestInterval);
+  if (interval == RoundSingle(interval, 0)) return interval;
+  return static_cast<double>(WholeNumberOf(text, "--interval", 0, BailoutCuts::kLongestInterval));  // says so
 }
 
 }  // namespace
@@ -47,7 +44,7 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
   try {
     ApplyOptions(options, session);
     const Single interval = ChosenInterval(bailout.interval);
-    const auto documents = OpenProfile(session.Forms(), bailout.file, ReadPlannable(bailout.file));
+    const auto documents = OpenProfile(session.Forms(), bailout.file, ReadPlannable(bailout.file, texts, err));
     const std::int16_t document = ChosenDive(bailout.dive, documents);
     const BailoutCuts cuts(session.Forms(), document, interval);
     if (!cuts.Fault().empty()) throw FileError(bailout.file, 0, cuts.Fault());
@@ -61,7 +58,8 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
                        : pdf ? TableOutput::Form::Nothing
                              : TableOutput::Form::Text);
     output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
-                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n");
+                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n" +
+                     SettingsOfTables(session.Documents()(document).Template, session.Model(), true, texts));
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, [](int, int) { return true; });
       if (pdf) pdf->Print(*scenario);

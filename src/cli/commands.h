@@ -101,13 +101,18 @@ int CheckCommand(const std::vector<std::string>& files, const ProgramFolders& fo
                  std::ostream& err);
 
 struct MixOptions {
-  std::string have;       ///< O2/HE@PRESSURE, the cylinder as it is
-  std::string want;       ///< the same, as it shall be
-  bool imperial = false;  ///< pressures in psi, not in bar
+  std::string have;         ///< O2/HE@PRESSURE, the cylinder as it is
+  std::string want;         ///< the same, as it shall be
+  std::string top;          ///< O2/HE, the gas on top; air for an empty text
+  std::string temperature;  ///< degrees Celsius at which the gauge is read; 20 for an empty text
+  std::string warm;         ///< degrees Celsius of the cylinder while it is filled; empty for none
+  std::string steps;        ///< a fill as it was done, "he@67 o2@86 air@220"; empty for none
+  bool imperial = false;    ///< pressures in psi, not in bar
   bool json = false;
 };
 
-/// Prints what to fill into a cylinder: both results of the mixer and the list to fill by.
+/// Prints what to fill into a cylinder: both results of the mixer and the list to fill by; or what came out of a fill,
+/// and what mends it.
 int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err);
 
 struct ExportOptions {

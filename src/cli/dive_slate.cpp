@@ -3,6 +3,7 @@
 #include "cli/computed_dive.h"
 #include "cli/terminal_text.h"
 #include "model/number_text.h"
+#include "report/dive_figures.h"
 #include "report/loop_state.h"
 #include "report/schedule.h"
 
@@ -37,6 +38,7 @@ class Slate {
   std::string Text(bool why) {
     Title();
     Settings();
+    if (const auto notice = NoticeOf(*dive_.rows, dive_.document->Decompresses)) Line("! " + T(*notice));
     text_ += "\n" + schedule_.Aligned() + "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
     if (why) Reasons(AdviceWords(texts_, {".", ""}, template_.Metric));

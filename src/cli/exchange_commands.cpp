@@ -2,7 +2,6 @@
 #include <filesystem>
 #include <ostream>
 
-#include "app/start_up.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
@@ -13,7 +12,6 @@
 namespace tav {
 namespace {
 
-constexpr int kBuiltIn = 7954;
 constexpr int kWithoutLoads = 7785;
 constexpr int kOwnInput = 7786;
 
@@ -33,7 +31,7 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     PlanSession session(texts);
     session.Model() = model.Model();
     const auto documents =
-        ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file)));
+        ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file, texts, err)));
     bool decompress = true;
     for (const std::int16_t document : documents) {
       const std::string& fault = session.Forms()(document).EvaluationFault();
@@ -41,10 +39,11 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now}));
+    TellNotes(options.uddf, WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now})),
+              texts, err);
     const frmWaypointEditor& first = session.Forms()(documents.front());
     if (first.PrevProfile != -1) {
-      err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber + 1)}) << "\n";
+      err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber)}) << "\n";
     }
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
   } catch (const std::exception& error) {
@@ -57,19 +56,14 @@ int ImportCommand(const ImportOptions& options, const ProgramFolders& folders, s
   try {
     RefuseOwnInput(options.file, options.output);
     DocumentStore documents;
-    const auto fault = InitDocuments(documents, folders);
-    DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;
-    if (!options.templateName.empty()) {
-      LoadPlannable(settings, options.templateName, folders);
-    } else if (fault) {
-      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
-    }
+    StartSettings(documents, options.templateName, folders, texts, err);
+    const DiveTemplate settings = documents(DocumentStore::DefaultDocument).Template;
     const ImportedDives imported = ImportFile(options.file, settings, options.dive, texts);
     std::string text;
     for (const DiveRecord& dive : imported.profile.dives) {
       text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
     }
-    WriteTextFile(options.output, text);
+    TellNotes(options.output, WriteTextFile(options.output, text), texts, err);
     for (const std::string& remark : imported.remarks) err << options.file << ": " << remark << "\n";
     return ExitStatus::kFine;
   } catch (const std::exception& error) {

@@ -1,6 +1,5 @@
 #include <ostream>
 
-#include "app/start_up.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
@@ -12,7 +11,6 @@ namespace tav {
 namespace {
 
 // Texts by number.
-constexpr int kBuiltIn = 7954;
 constexpr int kMustBe = 7959;
 constexpr int kNewPlan = 7988;
 
@@ -51,13 +49,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
   std::string title = plan.output.empty() ? words.GetResString(kNewPlan) : plan.output;
   try {
     ApplyOptions(options, session);
-    const auto fault = InitDocuments(session.Documents(), folders);
-    DiveTemplate& standard = session.Documents()(DocumentStore::DefaultDocument).Template;
-    if (!plan.templateName.empty()) {
-      LoadPlannable(standard, plan.templateName, folders);
-    } else if (fault) {
-      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
-    }
+    StartSettings(session.Documents(), plan.templateName, folders, texts, err);
     const std::int16_t number = session.Forms().LoadNewDoc();
     frmWaypointEditor& window = session.Forms()(number);
     for (const std::string& leg : plan.legs) AddLeg(leg, plan.gas, session.Documents()(number).Template, window);
@@ -70,7 +62,7 @@ int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const P
     // CSV has no words of a dive, they go to the user.
     const TextSource& told = options.form == OutputForm::Csv ? texts : words;
     if (!Gather(session, title, {number}, options, told, dives, err)) return ExitStatus::kUnusableInput;
-    if (!plan.output.empty()) SaveProfile(session.Forms(), number, plan.output);
+    if (!plan.output.empty()) TellNotes(plan.output, SaveProfile(session.Forms(), number, plan.output), texts, err);
     return Print(dives, options, told, out, err);
   } catch (const std::exception& error) {
     return Refused(error, "new", texts, err);

@@ -23,7 +23,7 @@ int PlanCommand(const std::vector<std::string>& files, const OutputOptions& opti
   }
   for (const std::string& file : files) {
     try {
-      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file));
+      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file, texts, err));
       if (!Gather(session, file, documents, options, words, dives, err)) status = ExitStatus::kUnusableInput;
     } catch (const std::exception& error) {
       err << texts.Words(error) << "\n";

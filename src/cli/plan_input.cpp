@@ -4,10 +4,10 @@
 #include <optional>
 #include <ostream>
 
+#include "app/start_up.h"
 #include "cli/commands.h"
 #include "model/gas_name.h"
 #include "model/number_text.h"
-#include "model/template_faults.h"
 #include "persist/template_file.h"
 
 namespace tav {
@@ -19,6 +19,8 @@ constexpr int kUnknownGas = 7958;
 constexpr int kOutside = 7960;
 constexpr int kNoSuchDive = 7961;
 constexpr int kNotWhole = 7849;
+constexpr int kAdvice = 7955;
+constexpr int kBuiltIn = 7954;
 
 std::filesystem::path TemplateFile(const std::string& name, const ProgramFolders& folders) {
   std::error_code error;
@@ -34,6 +36,10 @@ int Refused(const std::exception& error, std::string_view command, const TextSou
   if (dynamic_cast<const OptionError*>(&error) != nullptr) err << "tavplan " << command << ": ";
   err << texts.Words(error) << "\n";
   return ExitStatus::kUnusableInput;
+}
+
+void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err) {
+  for (const Message& note : notes) err << file.string() << ": " << texts.Words(note) << "\n";
 }
 
 Single NumberOf(const std::string& text, const std::string& option) {
@@ -68,25 +74,38 @@ std::vector<std::int16_t> ChosenDives(const std::string& text, const std::vector
   return {ChosenDive(text, documents)};
 }
 
-ProfileText ReadPlannable(const std::string& file) {
+void TellFaults(const std::string& file, const std::vector<FormatFault>& faults, const TextSource& texts,
+                std::ostream& out) {
+  for (const FormatFault& fault : faults) {
+    out << file << ":" << fault.line << ": "
+        << (fault.error ? texts.Words(fault.text) : texts.Words({kAdvice, {fault.text}})) << "\n";
+  }
+}
+
+ProfileText ReadPlannable(const std::string& file, const TextSource& texts, std::ostream& err) {
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
   ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
-  for (std::size_t i = 0; i < profile.dives.size(); ++i) {
-    const auto found = TemplateFaults(profile.dives[i].Template);
-    if (!found.empty()) {
-      faults.Error(LineOfFault(found.front(), profile.lines[i].keys, profile.lines[i].block), JoinFaults(found));
-    }
-  }
   ReportSeriesFaults(profile, faults);
+  TellFaults(file, faults.List(), texts, err);
   return profile;
 }
 
-void LoadPlannable(DiveTemplate& diveTemplate, const std::string& name, const ProgramFolders& folders) {
-  LoadPlannableTemplate(diveTemplate, TemplateFile(name, folders));
+void StartSettings(DocumentStore& documents, const std::string& name, const ProgramFolders& folders,
+                   const TextSource& texts, std::ostream& err) {
+  if (name.empty()) {
+    const StartFaults faults = InitDocuments(documents, folders);
+    if (faults.broken) err << texts.Filled(kBuiltIn, {texts.Words(*faults.broken)}) << "\n";
+    TellFaults(faults.file.string(), faults.advice, texts, err);
+    return;
+  }
+  const std::filesystem::path file = TemplateFile(name, folders);
+  DiveTemplate& settings = documents(DocumentStore::DefaultDocument).Template;
+  settings = ShippedDefaultTemplate();
+  TellFaults(file.string(), LoadTemplateFile(settings, file), texts, err);
 }
 
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
-  if (const auto found = FindBlend(name, diveTemplate)) return *found;
+  if (const auto found = GasNamed(name, diveTemplate)) return *found;
   const auto mix = MixOfName(name);
   if (!mix) {
     std::string known;

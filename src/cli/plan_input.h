@@ -10,8 +10,9 @@
 #include <vector>
 
 #include "app/program_folders.h"
-#include "model/dive_template.h"
+#include "model/document_store.h"
 #include "persist/profile_file.h"
+#include "persist/text_file.h"
 #include "platform/text_source.h"
 
 namespace tav {
@@ -24,6 +25,9 @@ class OptionError : public MessageError {
 
 /// Says in one line why a command can't do its work, with its name ahead where an option is to blame.
 int Refused(const std::exception& error, std::string_view command, const TextSource& texts, std::ostream& err);
+
+/// Says what a save could not keep of the file that was there.
+void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err);
 
 /// The number of an option. Throws OptionError, which names the option, for a text that is none.
 Single NumberOf(const std::string& text, const std::string& option);
@@ -40,15 +44,22 @@ std::int16_t ChosenDive(const std::string& text, const std::vector<std::int16_t>
 /// The same; all of them for an empty text.
 std::vector<std::int16_t> ChosenDives(const std::string& text, const std::vector<std::int16_t>& documents);
 
-/// Reads a profile and refuses one that can't be planned. Throws FileError with the line to mend.
-ProfileText ReadPlannable(const std::string& file);
+/// What a reader found in a file, a line for each: "FILE:LINE: ...", advice with that word ahead.
+void TellFaults(const std::string& file, const std::vector<FormatFault>& faults, const TextSource& texts,
+                std::ostream& out);
 
-/// Reads the template that an option names, a file or a name in the template folder, and refuses one that can't be
-/// planned on. Throws FileError with the line to mend.
-void LoadPlannable(DiveTemplate& diveTemplate, const std::string& name, const ProgramFolders& folders);
+/// Reads a profile and refuses one that can't be planned. Throws FileError with the line to mend; what is odd in a file
+/// that can is told on `err`.
+ProfileText ReadPlannable(const std::string& file, const TextSource& texts, std::ostream& err);
 
-/// The number of a gas in the template's list; a gas that only its name tells (EAN36, Tx15/60, H85) is added. Throws
-/// OptionError for a name that says nothing.
+/// Makes element 0 of the store the settings that a command starts from: those of the template that --template names, a
+/// file or a name in the template folder, over the program's own values, or of the default one for an empty name.
+/// Throws FileError with the line to mend; what is odd in the file, and which keys it lacks, is told on `err`.
+void StartSettings(DocumentStore& documents, const std::string& name, const ProgramFolders& folders,
+                   const TextSource& texts, std::ostream& err);
+
+/// The number of a gas in the template's list (GasNamed); one that only its name tells (EAN36, Tx15/60, H85) is added.
+/// Throws OptionError for a name that says nothing.
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate);
 
 }  // namespace tav

@@ -20,7 +20,7 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
   try {
     PlanSession session(texts);
     session.Model() = options.Model();
-    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file));
+    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file, texts, err));
     const auto chosen = ChosenDives(report.dive, documents);
     bool decompress = true;
     for (const std::int16_t document : chosen) {
@@ -29,14 +29,13 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
-    const ModelMarks marks{!options.vpm && !options.zhl16c, options.zhl16c, options.hybrid, options.vpm};
     const bool wholeSeries = chosen.size() > 1;
     if (report.slate) {
-      Slate slate(output.Pages(), marks);
+      Slate slate(output.Pages(), session.Model());
       WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen.front(),
                   wholeSeries);
     } else {
-      GeneralReport pages(output.Pages(), marks, nullptr);
+      GeneralReport pages(output.Pages(), session.Model(), nullptr);
       WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
         return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
       });

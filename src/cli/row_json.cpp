@@ -52,4 +52,12 @@ Json RowsJson(const ClassProfile& profile) {
 
 std::string Written(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
+Json WarningJson(const GasWarning& warning) {
+  return {{"what", IdOf(warning.kind)},
+          {"gas", warning.gas},
+          {"from", Digits(warning.from)},
+          {"to", Digits(warning.to)},
+          {"ppo2", Digits(warning.ppo2)}};
+}
+
 }  // namespace tav

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "model/profile.h"
+#include "plan/gas_warnings.h"
 
 namespace tav {
 
@@ -19,5 +20,8 @@ Json RowsJson(const ClassProfile& profile);
 
 /// The text of a document, in one line; what is not UTF-8 in a name is replaced.
 std::string Written(const Json& json);
+
+/// {"what": "low_ppo2", "gas", "from", "to", "ppo2"}
+Json WarningJson(const GasWarning& warning);
 
 }  // namespace tav

@@ -4,6 +4,9 @@
 #include <ostream>
 
 #include "cli/terminal_text.h"
+#include "model/number_text.h"
+#include "plan/model_name.h"
+#include "report/loop_state.h"
 #include "report/table_remarks.h"
 
 namespace tav {
@@ -20,6 +23,16 @@ constexpr std::size_t kCellWidth = 6;
 Json RemarksJson(const std::vector<StopRemark>& remarks) {
   Json list = Json::array();
   for (const StopRemark& remark : remarks) list.push_back({remark.head, remark.depth, remark.what});
+  return list;
+}
+
+Json WarningsJson(const std::vector<TableWarning>& warnings) {
+  Json list = Json::array();
+  for (const auto& [dive, head, warning] : warnings) {
+    Json entry{{"head", head}};
+    entry.update(WarningJson(warning));
+    list.push_back(std::move(entry));
+  }
   return list;
 }
 
@@ -41,6 +54,30 @@ void TableOutput::Begin(const Json& head, const std::string& listName, const std
   std::string text = Written(head);
   text.pop_back();  // its closing brace
   out_ << text << ",\"" << listName << "\":[";
+}
+
+std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
+                             const TextSource& texts) {
+  constexpr int kOpenCircuit = 7966;
+  constexpr int kRebreather = 7967;
+  constexpr int kStopsOnOpenCircuit = 7968;
+  constexpr int kDepthsIn = 8258;
+  const auto fixed = [](Single value, int decimals) { return FormatFixed(value, decimals); };
+  std::string line = ModelName(model);
+  if (GradientFactorsAct(settings, model)) {
+    line += ", GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0);
+  }
+  if (bailout || settings.OpenCircuit) {
+    line += ", " + texts.GetResString(kOpenCircuit);
+  } else {
+    line += ", " + texts.Filled(kRebreather, {fixed(settings.Setpoint, 2) + "/" + fixed(settings.DecoSetpoint, 2) +
+                                              (settings.Metric ? " bar" : " atm")});
+    if (settings.OCDeco) line += ", " + texts.GetResString(kStopsOnOpenCircuit);
+    line += ", " + LoopState(settings, false, texts);
+  }
+  constexpr int kMetres = 7425;
+  constexpr int kFeet = 7426;
+  return line + ", " + texts.Filled(kDepthsIn, {texts.GetResString(settings.Metric ? kMetres : kFeet)}) + "\n";
 }
 
 void TableOutput::End() {
@@ -79,6 +116,7 @@ void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table, co
   json["totals"] = table.totals;
   json["left_out"] = RemarksJson(table.left_out);
   json["other_gas"] = RemarksJson(table.other_gas);
+  json["warnings"] = WarningsJson(table.warnings);
   json["place"] = {{"page", place.page}, {"x", Digits(place.x)}, {"y", Digits(place.y)}};
   out_ << (first_ ? "" : ",") << Written(json);
 }
@@ -98,8 +136,9 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
       out_ << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
     };
     if (from > 0) out_ << "\n";
-    for (const auto& row : table.cells) {
-      line("  " + Left(row[TableColumn::kMix], kMixWidth) + Right(row[TableColumn::kDepth], depthWidth),
+    for (std::size_t i = 0; i < table.cells.size(); ++i) {
+      const auto& row = table.cells[i];
+      line("  " + Left(row[TableColumn::kMix], kMixWidth) + Right(table.depths[i], depthWidth),
            [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
     }
     line(Left("  " + texts_.GetResString(kRunTime), headWidth),

@@ -11,6 +11,10 @@
 
 namespace tav {
 
+/// "ZH-L16B, GF 30/85, open circuit, depths in m": the line below the heading of tables.
+std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
+                             const TextSource& texts);
+
 /// Prints small tables one after the other, as JSON or in words for a terminal, so that a large set is never held in
 /// memory as a whole.
 class TableOutput {

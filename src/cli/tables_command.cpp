@@ -2,7 +2,6 @@
 #include <ostream>
 #include <sstream>
 
-#include "app/start_up.h"
 #include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
@@ -17,12 +16,14 @@ namespace tav {
 namespace {
 
 // Texts by number.
-constexpr int kBuiltIn = 7954;
 constexpr int kMustBe = 7959;
 constexpr int kHeading = 7984;
 constexpr int kDescentCounts = 7985;
 constexpr int kDescentLeftOut = 7986;
 constexpr int kRounded = 7987;
+constexpr int kNotWhole = 7849;
+
+constexpr double kLargestStep = 1000;  // a step beyond it is one of a single dive
 
 struct Axis {
   Single from, to, step;
@@ -41,6 +42,9 @@ Axis AxisOf(const std::string& text, const std::string& option, const TextSource
     }
     return whole;
   };
+  const std::string step = text.substr(second + 1);
+  const Single asked = NumberOf(step, option);
+  if (asked > 0 && asked < 0.5) throw OptionError({kNotWhole, {option, step, "1", FormatPlain(kLargestStep)}});
   return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
 }
 
@@ -52,13 +56,8 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
   PlanSession session(texts);
   try {
     ApplyOptions(options, session);
-    const auto fault = InitDocuments(session.Documents(), folders);
+    StartSettings(session.Documents(), tables.templateName, folders, texts, err);
     DiveTemplate& settings = session.Documents()(DocumentStore::DefaultDocument).Template;
-    if (!tables.templateName.empty()) {
-      LoadPlannable(settings, tables.templateName, folders);
-    } else if (fault) {
-      err << texts.Filled(kBuiltIn, {texts.Words(*fault)}) << "\n";
-    }
     const std::int16_t mix = MixNumber(tables.gas, settings);
     std::ostringstream rounded;
     const Axis depths = AxisOf(tables.depths, "--depths", texts, rounded);
@@ -80,7 +79,8 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
                              : TableOutput::Form::Text);
     output.Begin({{"gas", tables.gas}}, "tables",
                  texts.Filled(kHeading, {tables.gas}) + "\n" +
-                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n");
+                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n" +
+                     SettingsOfTables(settings, session.Model(), false, texts));
     while (const auto table = dives.Next([](int, int) { return true; })) {
       if (pdf) pdf->Print(*table);
       const Single depth = table->dives.back().depth;

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <limits>
 #include <ostream>
 
@@ -119,6 +120,10 @@ Examples:
   tavplan mix --have 21/0@1 --want 32/0@200             EAN32 into an empty cylinder
   tavplan mix --have 21/35@80 --want 18/45@220          topping up trimix
   tavplan mix --have 21/0@14.7 --want 32/0@3000 --imperial
+  tavplan mix --have 21/35@80 --want 21/35@220 --top 32/0   with EAN32 from a bank on top
+  tavplan mix --have 21/0@1 --want 18/45@210 --warm 45  what the gauge shows while the cylinder is warm
+  tavplan mix --have 21/0@1 --steps "he@67 o2@86 air@220" --want 21/35@230
+                                                        what came out of a fill, and what mends it
 An empty cylinder holds air at 1 bar (14.7 psi): pressures are absolute.
 )";
 
@@ -247,7 +252,14 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   MixOptions mixOptions;
   CLI::App* mix = app.add_subcommand("mix", "Print what to fill into a cylinder to make a mix");
   mix->add_option("--have", mixOptions.have, "What is in the cylinder: O2/HE@PRESSURE, in percent and bar")->required();
-  mix->add_option("--want", mixOptions.want, "What shall be in it: O2/HE@PRESSURE")->required();
+  // What came out of a fill can be asked without a wish.
+  const bool stepsGiven = std::ranges::any_of(arguments, [](const auto& each) { return each.starts_with("--steps"); });
+  mix->add_option("--want", mixOptions.want, "What shall be in it: O2/HE@PRESSURE")->required(!stepsGiven);
+  mix->add_option("--top", mixOptions.top, "The gas on top: O2/HE; air if not given");
+  mix->add_option("--temperature", mixOptions.temperature,
+                  "Degrees Celsius at which the gauge is read; 20 if not given");
+  mix->add_option("--warm", mixOptions.warm, "Degrees Celsius of the cylinder while it is filled");
+  mix->add_option("--steps", mixOptions.steps, "A fill as it was done, from --have: \"he@67 o2@86 air@220\"");
   mix->add_flag("--imperial", mixOptions.imperial, "Pressures are in psi");
   mix->add_flag("--json", mixOptions.json, "Print the figures as JSON");
   mix->footer(kMixExamples);
@@ -281,16 +293,21 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   const auto command = [&app] {
     return app.get_subcommands().empty() ? std::string() : app.get_subcommands().front()->get_name();
   };
+  const auto refuse = [&](const Message& fault, const std::string& of) {
+    constexpr int kUsage = 7995;
+    const std::string program = of.empty() ? "tavplan" : "tavplan " + of;
+    err << program << ": " << texts.Filled(kUsage, {texts.Words(fault), program + " --help"}) << "\n";
+    return ExitStatus::kUnusableInput;
+  };
+  // The parser would take an option for the value of the one ahead of it.
+  if (const auto fault = ValueFault(app, arguments)) return refuse(*fault, arguments.front());
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
     // Help and version are "errors" of status 0 to the library; all others are usage errors.
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
-    constexpr int kUsage = 7995;
-    const std::string program = command().empty() ? "tavplan" : "tavplan " + command();
-    err << program << ": " << texts.Filled(kUsage, {texts.Words(UsageFault(app, error)), program + " --help"}) << "\n";
-    return ExitStatus::kUnusableInput;
+    return refuse(UsageFault(app, error), command());
   } catch (const OptionError& error) {
     return Refused(error, command(), texts, err);
   }

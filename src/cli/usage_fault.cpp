@@ -25,6 +25,11 @@ std::string NameIn(const CLI::ParseError& error) {
   return text.substr(start, text.find_first_of(": ,", start) - start);
 }
 
+/// The option of that name, dashes included; none for another word.
+const CLI::Option* OptionOf(const CLI::App& command, const std::string& name) {
+  return name.starts_with('-') ? command.get_option_no_throw(name) : nullptr;
+}
+
 /// The first given option with another in `others` that is given, or is not, and both.
 template <class OthersOf>
 Message Pair(const CLI::App& command, int text, bool otherGiven, OthersOf othersOf) {
@@ -69,6 +74,29 @@ Message UsageFault(const CLI::App& app, const CLI::ParseError& error) {
     return {kNoValue, {NameIn(error)}};
   }
   return {kNotUnderstood, {NameIn(error)}};
+}
+
+std::optional<Message> ValueFault(const CLI::App& app, const std::vector<std::string>& arguments) {
+  const auto argumentsEnd = std::ranges::find(arguments, "--");
+  const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
+  const CLI::App* command = nullptr;
+  for (auto word = arguments.begin(); word != argumentsEnd; ++word) {
+    if (command == nullptr) {
+      const auto named = std::ranges::find(commands, *word, [](const CLI::App* each) { return each->get_name(); });
+      if (named != commands.end()) command = *named;
+      continue;
+    }
+    const std::size_t equals = word->starts_with("--") ? word->find('=') : std::string::npos;
+    const CLI::Option* option = OptionOf(*command, word->substr(0, equals));
+    if (option == nullptr || option->get_items_expected_max() == 0) continue;
+    const bool inWord = equals != std::string::npos;
+    if (!inWord && word + 1 == argumentsEnd) return Message{kNoValue, {option->get_name()}};
+    const std::string value = inWord ? word->substr(equals + 1) : *++word;
+    if (value.empty() || value.starts_with("--") || OptionOf(*command, value) != nullptr) {
+      return Message{kNoValue, {option->get_name()}};
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace tav

@@ -43,11 +43,19 @@ Json GasJson(const std::vector<GasNeed>& gases) {
   return list;
 }
 
+Json WarningsJson(const std::vector<GasWarning>& warnings) {
+  Json list = Json::array();
+  for (const GasWarning& warning : warnings) list.push_back(WarningJson(warning));
+  return list;
+}
+
 std::string ColumnsJson(const std::vector<WhatIfColumn>& columns) {
   Json json{{"columns", Json::array()}};
   for (const WhatIfColumn& column : columns) {
     json["columns"].push_back({{"name", column.Id()},
                                {"run_time", Digits(column.rows.GetRunTime(column.rows.GetLength()))},
+                               {"decompresses", column.decompresses},
+                               {"warnings", WarningsJson(column.warnings)},
                                {"rows", RowsJson(column.rows)},
                                {"gas", GasJson(column.gas)}});
   }
@@ -62,7 +70,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
   PlanSession session(texts);
   try {
     ApplyOptions(options, session);
-    const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file));
+    const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file, texts, err));
     const std::int16_t document = ChosenDive(whatIf.dive, documents);
     WhatIf plan(session.Forms(), document);
     if (!plan.Fault().empty()) throw FileError(whatIf.file, 0, plan.Fault());
@@ -79,7 +87,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
     const AdviceWords words(texts, {".", ""}, metric);
     if (!whatIf.pdf.empty()) {
       PageOutput pdf(folders, whatIf.pdf);
-      Slate slate(pdf.Pages(), {!options.vpm && !options.zhl16c, options.zhl16c, options.hybrid, options.vpm});
+      Slate slate(pdf.Pages(), session.Model());
       WriteSlates({slate, session.Forms(), texts, {".", ""}, options.supply}, document, columns, wish);
       pdf.WritePdf(std::filesystem::path(whatIf.file).stem().string());
     }

@@ -77,19 +77,28 @@ class FormDialog : public QDialog {
  public:
   FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(&form) {
     form.Changed = [this] { ShowForm(); };
-    form.FrontWanted = [this] {
-      QWidget* modal = QApplication::activeModalWidget();
-      // Only what belongs to the modal window can be used while that is open.
-      if (modal != nullptr && modal != this && !modal->isAncestorOf(this)) setParent(modal, windowFlags());
-      show();
-      raise();
-      activateWindow();
-    };
+    form.FrontWanted = [this] { ToFront(); };
     form.CloseWanted = [this] {
       form_ = nullptr;
       hide();
       QDialog::done(0);
     };
+  }
+
+  void ToFront() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal != this && !modal->isAncestorOf(this)) {
+      if (dynamic_cast<FormDialog*>(modal) == nullptr) {  // a message, which takes all that belongs to it with it
+        connect(modal, &QObject::destroyed, this, &FormDialog::ToFront, Qt::QueuedConnection);
+        return;
+      }
+      // Only what belongs to the modal window can be used while that is open.
+      MoveWindow(*this, *modal);
+    }
+    if (form_ == nullptr) return;
+    show();
+    raise();
+    activateWindow();
   }
 
   void ShowForm() {
@@ -135,8 +144,8 @@ class FormDialog : public QDialog {
     form_->ContextMenu();
   }
   void closeEvent(QCloseEvent* event) override {
-    event->ignore();
     reject();
+    event->setAccepted(form_ == nullptr);  // one that stays open would call off the end of the program
   }
   void showEvent(QShowEvent* event) override {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));
@@ -221,6 +230,16 @@ QWidget* MakePane(Form& form, QWidget* parent) {
   BindSpinKeys(form, *designed);
   NameControls(*designed);
   return designed;
+}
+
+void MoveWindow(QDialog& dialog, QWidget& parent) {
+  const bool shown = dialog.isVisible();
+  const QPoint place = dialog.pos();
+  dialog.setParent(&parent, dialog.windowFlags());  // hides it
+  // A window manager may miss that a window goes and comes back at once: it comes back as another one.
+  if (QWindow* window = dialog.windowHandle(); shown && window != nullptr) window->destroy();
+  if (shown) dialog.move(place);
+  dialog.setVisible(shown);
 }
 
 std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent) {

@@ -20,6 +20,9 @@ std::unique_ptr<QDialog> MakeDialog(Form& form, QWidget* parent);
 /// by are left to the menus.
 QWidget* MakePane(Form& form, QWidget* parent);
 
+/// Makes a dialog belong to another window; it stays as visible as it is.
+void MoveWindow(QDialog& dialog, QWidget& parent);
+
 /// What does not fit between a form and its window: a control without a widget, a widget that can show text or take
 /// input without a control. Empty when all is well.
 std::vector<std::string> BindingFaults(const Form& form, const QWidget& window);

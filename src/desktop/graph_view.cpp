@@ -50,6 +50,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       ceiling_(Caption(container_, kBlack)),
       ceilingNumber_(Caption(container_, kBlack)),
       readOut_(new QLabel(grid_)),
+      asBefore_(new QLabel(this)),
       notice_(new QLabel(this)),
       secondClick_(new QTimer(this)) {
   setFocusPolicy(Qt::StrongFocus);
@@ -68,6 +69,12 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   readOut_->setStyleSheet(QStringLiteral("background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px"));
   readOut_->setAttribute(Qt::WA_TransparentForMouseEvents);
   readOut_->hide();
+  asBefore_->setObjectName(QStringLiteral("asBefore"));
+  asBefore_->setStyleSheet(
+      QStringLiteral("background: rgba(208, 208, 208, 200); color: black; font-weight: bold; padding: 6px"));
+  asBefore_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  asBefore_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  asBefore_->hide();
   notice_->setObjectName(QStringLiteral("notice"));
   notice_->setStyleSheet(QStringLiteral("background: #b00020; color: white; font-weight: bold; padding: 6px"));
   notice_->setWordWrap(true);
@@ -121,6 +128,8 @@ void GraphView::LayOut() {
   ceilingNumber_->move(ceiling_->geometry().right() + fontMetrics().horizontalAdvance(QLatin1Char(' ')), top);
   depth_->adjustSize();
   depth_->move(1, grid_->y() + std::max(0, (grid_->height() - depth_->height()) / 2));
+  asBefore_->setGeometry(rect());
+  asBefore_->raise();
   const int noticeHeight = notice_->heightForWidth(width());
   notice_->setGeometry(0, scrollBar_->y() - noticeHeight, width(), noticeHeight);
   notice_->raise();
@@ -168,6 +177,12 @@ void GraphView::resizeEvent(QResizeEvent* event) {
 void GraphView::ShowNotice(const QString& text) {
   notice_->setText(text);
   notice_->setVisible(!text.isEmpty());
+  LayOut();
+}
+
+void GraphView::ShowAsBefore(const QString& words) {
+  asBefore_->setText(words);
+  asBefore_->setVisible(!words.isEmpty());
   LayOut();
 }
 

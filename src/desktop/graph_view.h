@@ -39,6 +39,8 @@ class GraphView : public QWidget, public GraphWindow {
   void TemplateChanged();
   /// A line of text over the plot; empty takes it away.
   void ShowNotice(const QString& text);
+  /// Grey, under these words; empty for a plot that holds.
+  void ShowAsBefore(const QString& words);
   /// A dashed line over the plot; empty takes it away.
   void ShowOverlay(const std::vector<PlotPoint>& line);
   void ResetZoom();
@@ -92,6 +94,7 @@ class GraphView : public QWidget, public GraphWindow {
   QLabel* ceiling_;
   QLabel* ceilingNumber_;
   QLabel* readOut_;
+  QLabel* asBefore_;
   QLabel* notice_;
   std::optional<std::int16_t> clicked_;  ///< the end of a leg, to be shown unless a second click follows
   QTimer* secondClick_;

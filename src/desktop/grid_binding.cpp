@@ -369,8 +369,12 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
   }
   ShareColumnsAnew(table);
   const int row = std::min(grid.SelectedRow, grid.Rows() - 1) - 1;
-  if (row >= 0 && (row != table.currentRow() || grid.SelectedColumn != table.currentColumn())) {
-    table.setCurrentCell(row, grid.SelectedColumn);
+  const auto ranges = table.selectedRanges();
+  const bool isOneRow = grid.FirstRow == grid.LastRow;
+  const bool selectsMore = grid.Typed && isOneRow && !ranges.isEmpty() && ranges.front().rowCount() > 1;
+  if (row >= 0 && (row != table.currentRow() || grid.SelectedColumn != table.currentColumn() || selectsMore)) {
+    // Left to itself the table would add the cell to its selection while Ctrl is down.
+    table.setCurrentCell(row, grid.SelectedColumn, QItemSelectionModel::ClearAndSelect);
   }
 }
 

@@ -34,7 +34,10 @@ MainWindow::~MainWindow() { area_->disconnect(this); }
 void MainWindow::Attach(frmMain& form) {
   form_ = &form;
   form.Changed = [this] { ShowTitle(); };
-  form.CloseWanted = [] { QApplication::quit(); };
+  form.CloseWanted = [] {
+    QApplication::closeAllWindows();
+    QCoreApplication::exit();  // all questions have been asked: what is still at work in a window calls nothing off
+  };
   BuildMenu();
   BuildToolBar();
   docks_ = new PaneDocks(*this, form, [this] { FocusPlan(); });
@@ -100,7 +103,6 @@ void MainWindow::BuildMenu() {
           const auto& there = form_->Controls();
           return std::find(there.begin(), there.end(), chosen) != there.end();
         };
-        form_->FinishEdits();
         if (isThere()) chosen->Choose();
         // A click has taken the mark of a marked entry away, whatever the command has made of it.
         if (shown != nullptr && isThere()) FillAction(*chosen, *shown);
@@ -148,7 +150,6 @@ void MainWindow::BuildToolBar() {
     };
     button->Changed();
     connect(action, &QAction::triggered, this, [this, button] {
-      form_->FinishEdits();
       button->Press();
       button->Changed();
     });
@@ -281,7 +282,9 @@ void MainWindow::SetCaption(std::int16_t document, const std::string& caption) {
 }
 
 void MainWindow::SetModified(std::int16_t document, bool modified) {
-  if (Child* child = Find(document)) child->window->setWindowModified(modified);
+  Child* child = Find(document);
+  if (child == nullptr || child->window->isWindowModified() == modified) return;
+  child->window->setWindowModified(modified);
   ShowTitle();
 }
 
@@ -312,19 +315,6 @@ void MainWindow::SetRepetitiveIcon(std::int16_t document) {
   if (Child* child = Find(document)) child->window->setWindowIcon(IconNamed("repetitive"));
 }
 
-void MainWindow::TemplateChanged(std::int16_t document) {
-  if (Child* child = Find(document)) child->graph->TemplateChanged();
-}
-
-void MainWindow::Redraw(std::int16_t document) {
-  // The rows are others now, so no mark stays; that draws all of it.
-  if (Child* child = Find(document)) child->graph->SelectRows(0, 0);
-}
-
-void MainWindow::ShowNotice(std::int16_t document, const std::string& text) {
-  if (Child* child = Find(document)) child->graph->ShowNotice(ToQt(text));
-}
-
 void MainWindow::FocusPlan() {
   Child* front = active_ ? Find(*active_) : nullptr;
   if (front != nullptr) front->graph->setFocus();
@@ -342,34 +332,6 @@ std::string MainWindow::PanesNow() const { return docks_->State(); }
 
 std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string& panes) {
   return docks_->Restore(panes);
-}
-
-void MainWindow::ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) {
-  if (Child* child = Find(document)) child->graph->ShowOverlay(line);
-}
-
-void MainWindow::ResetZoom(std::int16_t document) {
-  if (Child* child = Find(document)) child->graph->ResetZoom();
-}
-
-void MainWindow::SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) {
-  if (Child* child = Find(document)) child->graph->SelectRows(first, last);
-}
-
-void MainWindow::FitPlan(bool fit) {
-  fitPlan_ = fit;
-  for (auto& [document, child] : children_) child.graph->FitPlan(fit);
-}
-
-void MainWindow::ShowExtras(const GraphExtras& extras) {
-  extras_ = extras;
-  for (auto& [document, child] : children_) child.graph->ShowExtras(extras);
-}
-
-bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {
-  Child* child = Find(document);
-  if (child == nullptr) return false;
-  return svg ? child->graph->ExportSvg(ToQt(file)) : child->graph->ExportPng(ToQt(file));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -43,6 +43,7 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void FitPlan(bool fit) override;
   void ShowExtras(const GraphExtras& extras) override;
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override;
+  void ShowAsBefore(std::int16_t document, const std::string& words) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
   // DocumentWindows

@@ -90,12 +90,17 @@ class PointerBreak {
 }  // namespace
 
 BoxAnswer QtBoxes::Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) {
-  return Ask(text, title, icon, buttons, nullptr);
+  return Ask(text, title, icon, buttons, nullptr, nullptr);
 }
 
 BoxAnswer QtBoxes::ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
                                  BoxCheck& check) {
-  return Ask(text, title, icon, buttons, &check);
+  return Ask(text, title, icon, buttons, &check, nullptr);
+}
+
+BoxAnswer QtBoxes::ShowWithChoices(const std::string& text, const std::string& title, BoxIcon icon,
+                                   const BoxChoices& choices) {
+  return Ask(text, title, icon, BoxButtons::YesNoCancel, nullptr, &choices);
 }
 
 void QtBoxes::NameButtons(QMessageBox& box) const {
@@ -112,7 +117,7 @@ void QtBoxes::NameButtons(QMessageBox& box) const {
 }
 
 BoxAnswer QtBoxes::Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
-                       BoxCheck* check) const {
+                       BoxCheck* check, const BoxChoices* choices) const {
   const PointerBreak pointer;
   QString lines = ToQt(text);
   lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
@@ -120,6 +125,12 @@ BoxAnswer QtBoxes::Ask(const std::string& text, const std::string& title, BoxIco
                   QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
   NameButtons(box);
+  if (choices != nullptr) {
+    box.button(QMessageBox::Yes)->setText(ToQt(choices->yes));
+    box.button(QMessageBox::No)->setText(ToQt(choices->no));
+    box.button(QMessageBox::Cancel)->setText(ToQt(choices->cancel));
+    box.setDefaultButton(QMessageBox::Cancel);  // Enter by habit changes nothing
+  }
   if (check != nullptr) box.setCheckBox(new QCheckBox(ToQt(check->caption), &box));
   const int button = box.exec();
   if (check != nullptr) check->ticked = box.checkBox()->isChecked();
@@ -164,9 +175,16 @@ void QtWindows::KeepPlace(const Form& form, const QWidget& window) {
       FromQt(QStringLiteral("%1,%2,%3,%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())));
 }
 
+QWidget* QtWindows::WindowInFront() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
+  const bool usable = active != nullptr && active->isVisible() && active->windowType() != Qt::SplashScreen;
+  return usable ? active : &owner_;
+}
+
 void QtWindows::ShowModal(Form& form) {
   const PointerBreak pointer;
-  QWidget* parent = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : &owner_;
+  QWidget* parent = WindowInFront();
   const auto dialog = MakeDialog(form, parent);
   form.Load();
   if (form.IsLoaded()) {
@@ -177,11 +195,7 @@ void QtWindows::ShowModal(Form& form) {
   }
   form.Unload(true);
   // Windows that were opened beside it stay.
-  for (auto* beside : dialog->findChildren<QDialog*>(Qt::FindDirectChildrenOnly)) {
-    const bool shown = beside->isVisible();
-    beside->setParent(parent, beside->windowFlags());
-    beside->setVisible(shown);
-  }
+  for (auto* beside : dialog->findChildren<QDialog*>(Qt::FindDirectChildrenOnly)) MoveWindow(*beside, *parent);
   form.Changed = nullptr;
   form.CloseWanted = nullptr;
   form.FrontWanted = nullptr;
@@ -204,7 +218,9 @@ void QtWindows::Show(const std::shared_ptr<Form>& form) {
   if (form->IsLoaded()) {
     RestorePlace(*form, *dialog);
     QObject::connect(dialog, &QDialog::finished, [this, form, dialog] { KeepPlace(*form, *dialog); });
-    form->BringToFront();
+    if (QApplication::activeModalWidget() == nullptr) return form->BringToFront();
+    // The modal window may be about to close, and would take it along.
+    QTimer::singleShot(0, dialog, [form] { form->BringToFront(); });
   } else {
     dialog->deleteLater();
   }

@@ -20,12 +20,14 @@ class QtBoxes : public MessageBoxes {
   BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
   BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
                           BoxCheck& check) override;
+  BoxAnswer ShowWithChoices(const std::string& text, const std::string& title, BoxIcon icon,
+                            const BoxChoices& choices) override;
   /// The texts of the buttons; until they are known, those of Qt.
   void SetTexts(const TextSource& texts) { texts_ = &texts; }
 
  private:
-  BoxAnswer Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
-                BoxCheck* check) const;
+  BoxAnswer Ask(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons, BoxCheck* check,
+                const BoxChoices* choices) const;
   void NameButtons(QMessageBox& box) const;
 
   const TextSource* texts_ = nullptr;
@@ -48,6 +50,8 @@ class QtWindows : public Windows {
   void PopupMenuAtFocus(const std::vector<MenuItem*>& items) override;
 
  private:
+  /// What a modal form belongs to: the form that is in front, or the main window.
+  [[nodiscard]] QWidget* WindowInFront() const;
   void RestorePlace(const Form& form, QWidget& window) const;
   void KeepPlace(const Form& form, const QWidget& window);
   void PopupAt(const QPoint& place, const std::vector<MenuItem*>& items);

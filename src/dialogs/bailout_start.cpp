@@ -1,7 +1,6 @@
 #include "dialogs/bailout_start.h"
 
 #include "model/numbers.h"
-#include "plan/bailout_cuts.h"
 
 namespace tav {
 namespace {
@@ -16,6 +15,8 @@ constexpr int kFaultTitle = 3002;
 constexpr int kNoPlan = 3003;
 constexpr int kPlanClosed = 7327;
 constexpr int kBusy = 7332;
+constexpr int kRounded = 7987;
+constexpr int kNoNumber = 7326;
 const std::string kSection = "Bailout";
 
 }  // namespace
@@ -69,25 +70,49 @@ void frmBailoutStart::SetRunning(bool running) {
   Check2.Enabled = !running;
 }
 
+std::optional<Single> frmBailoutStart::ReadInterval() {
+  const auto typed = NumberIn(tbTime.Text);
+  const Single interval = RoundSingle(typed.value_or(0), 0);
+  if (typed && interval >= 0 && interval <= BailoutCuts::kLongestInterval) return interval;
+  RefuseEntry(lbtime, tbTime, T(!typed ? kNoNumber : *typed < 0 ? kBelow0 : kAbove99), T(kFaultTitle));
+  return std::nullopt;
+}
+
 void frmBailoutStart::cbOK_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
   if (host_.IsRunning()) {
     Box(T(kBusy), T(kFaultTitle), BoxIcon::Exclamation);
     return;
   }
+  const auto interval = ReadInterval();
+  if (!interval) return;
+  if (!plan_) {
+    Unload();
+    return;
+  }
+  if (!plan_->IsOpen()) {
+    Box(T(kPlanClosed), T(kFaultTitle), BoxIcon::Exclamation);
+    Unload();
+    return;
+  }
+  const BailoutCuts cuts(services_.forms, plan_->Number(), *interval);
+  if (cuts.IntervalIsAtFault()) {
+    RefuseEntry(lbtime, tbTime, cuts.Fault(), T(kFaultTitle));
+    return;
+  }
+  if (!cuts.Fault().empty()) {
+    Box(cuts.Fault(), T(kFaultTitle), BoxIcon::Exclamation);
+    Unload();
+    return;
+  }
+  if (cuts.Interval() != NumberIn(tbTime.Text)) {
+    Box(T(kRounded, {FieldName(lbtime), tbTime.Text, Plain(cuts.Interval())}), T(kFaultTitle), BoxIcon::Information);
+  }
   SettingsStore& settings = platform_.settings;
   settings.WriteSetting(kSection, "Tables", Check1.Value ? "1" : "0");
   settings.WriteSetting(kSection, "Cards", Check2.Value ? "1" : "0");
-  const auto number = NumberIn(tbTime.Text);
-  const Single interval = RoundSingle(number.value_or(-1), 0);
   SetRunning(true);
-  if (!(interval >= 0)) {
-    Box(T(kBelow0), T(kFaultTitle), BoxIcon::Exclamation);
-  } else if (interval > BailoutCuts::kLongestInterval) {
-    Box(T(kAbove99), T(kFaultTitle), BoxIcon::Exclamation);
-  } else {
-    Bailoutproc(interval);
-  }
+  Bailoutproc(cuts);
   SetRunning(false);
   Unload();
 }
@@ -100,18 +125,8 @@ bool frmBailoutStart::Form_QueryUnload(bool /*byUser*/) {
   return run_ == nullptr;
 }
 
-void frmBailoutStart::Bailoutproc(Single interval) {
-  if (!plan_) return;
-  if (!plan_->IsOpen()) {
-    Box(T(kPlanClosed), T(kFaultTitle), BoxIcon::Exclamation);
-    return;
-  }
+void frmBailoutStart::Bailoutproc(const BailoutCuts& cuts) {
   const std::int16_t document = plan_->Number();
-  const BailoutCuts cuts(services_.forms, document, interval);
-  if (!cuts.Fault().empty()) {
-    Box(cuts.Fault(), T(kFaultTitle), BoxIcon::Exclamation);
-    return;
-  }
   LongRun run(platform_.screen, host_, document, pbProgress);
   run_ = &run;
   std::string fault;

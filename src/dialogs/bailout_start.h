@@ -5,6 +5,7 @@
 
 #include "dialogs/dialog_form.h"
 #include "dialogs/long_run.h"
+#include "plan/bailout_cuts.h"
 #include "report/table_print.h"
 
 namespace tav {
@@ -35,8 +36,6 @@ class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<f
 
   void cbOK_Click();
   void cbCancel_Click();
-  /// The whole generation; minutes.
-  void Bailoutproc(Single interval);
 
  protected:
   void Form_Load() override;
@@ -45,6 +44,10 @@ class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<f
  private:
   void SetRunning(bool running);
   void ChooseParts();
+  /// Whole minutes; says what is wrong with the entry.
+  std::optional<Single> ReadInterval();
+  /// The whole generation.
+  void Bailoutproc(const BailoutCuts& cuts);
 
   std::optional<OpenedDocument> plan_;
   PrintPreview& report_;

@@ -30,8 +30,9 @@ const Look& LookOf(Severity severity) { return kLooks.at(static_cast<std::size_t
 }  // namespace
 
 frmCheckPane::frmCheckPane(const DialogServices& services,
-                           std::function<void(std::int16_t document, std::int16_t first, std::int16_t last)> selectRows)
-    : PaneForm("frmCheckPane", services), selectRows_(std::move(selectRows)) {
+                           std::function<void(std::int16_t document, std::int16_t first, std::int16_t last)> selectRows,
+                           std::function<std::string(std::int16_t document)> refusal)
+    : PaneForm("frmCheckPane", services), selectRows_(std::move(selectRows)), refusal_(std::move(refusal)) {
   fgFindings.HasHeader = false;
   fgFindings.TextColumns = {0, 1};
   fgFindings.Click = fgFindings.Return = [this] { SelectFinding(); };
@@ -50,10 +51,11 @@ void frmCheckPane::Check(std::optional<std::int16_t> document) {
     DocumentForms& forms = services_.forms;
     const DocumentState& state = services_.Documents()(*document);
     fault = forms(*document).EvaluationFault();
+    if (fault.empty() && refusal_) fault = refusal_(*document);
     if (fault.empty()) {
       const GasSupply supply = SupplyOf(forms, *document, ReadSupplyChoice(platform_.settings));
-      findings = CheckPlan({forms(*document), state},
-                           AdviceWords(texts_, platform_.separators, state.Template.Metric), supply);
+      findings = CheckPlan({forms(*document), state}, AdviceWords(texts_, platform_.separators, state.Template.Metric),
+                           supply);
     }
   }
   const bool same = document == document_ && fault == fault_ && findings == findings_;

@@ -14,9 +14,11 @@ namespace tav {
 /// rows in the graph.
 class frmCheckPane : public PaneForm {
  public:
-  /// `selectRows` marks rows of the graph of a document, 0 to 0 none.
+  /// `selectRows` marks rows of the graph of a document, 0 to 0 none. `refusal` tells why a plan does not have what is
+  /// entered, if it has not: what could be found then is of another plan.
   frmCheckPane(const DialogServices& services,
-               std::function<void(std::int16_t document, std::int16_t first, std::int16_t last)> selectRows);
+               std::function<void(std::int16_t document, std::int16_t first, std::int16_t last)> selectRows,
+               std::function<std::string(std::int16_t document)> refusal = {});
 
   Label lbNothing{*this, "lbNothing"};  ///< nothing to mark, or why the plan can't be checked
   ResultGrid fgFindings{*this, "fgFindings"};
@@ -45,6 +47,7 @@ class frmCheckPane : public PaneForm {
   void SelectFinding();
 
   std::function<void(std::int16_t, std::int16_t, std::int16_t)> selectRows_;
+  std::function<std::string(std::int16_t)> refusal_;
   std::optional<std::int16_t> document_;
   std::string fault_;  ///< why the plan could not be computed
   std::vector<Finding> findings_;

@@ -1,11 +1,13 @@
 #include "dialogs/conservatism.h"
 
-#include "model/numbers.h"
+#include "dialogs/gradient_factors.h"
 
 namespace tav {
 
 frmConservatism::frmConservatism(const DialogServices& services) : DialogForm("frmConservatism", services) {
   Check1.Click = [this] { fillGradient(); };
+  Text1.Change = [this] { lowEntered_ = true; };
+  Text2.Change = [this] { highEntered_ = true; };
   for (TextBox* field : {&Text1, &Text2}) {
     // What was typed as per cent is shown as what it was taken for.
     field->LostFocus = [this, field] {
@@ -32,6 +34,7 @@ void frmConservatism::Form_Load() {
   cbOK.Caption = T(1210);
   cbCancel.Caption = T(1215);
   const DiveTemplate& t = TemplateOf(documentIndex_);
+  formerUseGF_ = t.UseGF;
   Check1.Value = t.UseGF;
   Check2.Value = t.DepthAdjust;
   Text1.Text = Fixed(t.GFLow, 2);
@@ -44,20 +47,20 @@ void frmConservatism::fillGradient() {
   Text2.Enabled = Check1.Value;
 }
 
-Single frmConservatism::Factor(const TextBox& field) const {
-  constexpr double kPerCentFrom = 2;
-  const Single typed = Number(field.Text);
-  return RoundSingle(typed >= kPerCentFrom ? Single(typed / 100) : typed, 2);
+Single frmConservatism::Factor(const TextBox& field) const { return gradient_factors::Entered(Number(field.Text)); }
+
+void frmConservatism::Form_Unload() {
+  if (!taken_) TemplateOf(documentIndex_).UseGF = formerUseGF_;
 }
 
 void frmConservatism::cbOK_Click() {
   DiveTemplate& t = TemplateOf(documentIndex_);
-  // Kept even when the factors are refused below.
+  // Kept even when the factors are refused below, as long as the dialog stays.
   t.UseGF = Check1.Value;
-  const Single low = Factor(Text1);
-  const Single high = Factor(Text2);
-  const Single limit = services_.veryHighGF ? 1.2 : 1.0;
-  const bool valid = low > 0 && low <= limit && high > 0 && high <= limit && low < high;
+  const Single low = lowEntered_ ? Factor(Text1) : t.GFLow;
+  const Single high = highEntered_ ? Factor(Text2) : t.GFHigh;
+  const Single limit = gradient_factors::Highest(services_.veryHighGF);
+  const bool valid = gradient_factors::ArePair(low, high, limit);
   if (!valid) {
     Box(T(3004) + Plain(limit) + T(3005), Caption, BoxIcon::Stop);
     return;
@@ -70,6 +73,7 @@ void frmConservatism::cbOK_Click() {
   t.GFLow = low;
   t.DepthAdjust = Check2.Value;
   t.TemplateChanged = true;
+  taken_ = true;
   if (const auto active = services_.ActiveDocument()) {
     services_.forms(*active).MarkModified();
     services_.forms(*active).ReEvaluateUserEnteredWaypoints();
@@ -78,8 +82,7 @@ void frmConservatism::cbOK_Click() {
 }
 
 bool frmConservatism::ConfirmHighFactor(Single low, Single high) {
-  constexpr double kLowBelow = 0.4;
-  if (!services_.veryHighGF || !Check1.Value || !(high > 1.0 && low <= Single(kLowBelow))) return true;
+  if (!services_.veryHighGF || !Check1.Value || !gradient_factors::IsBold(low, high)) return true;
   const std::string question = T(3006) + "\r" + T(3007) + "\r" + T(3008) + "\r" + T(3009) + Plain(1) + T(3010);
   return Box(question, Caption, BoxIcon::Exclamation, BoxButtons::OKCancel) == BoxAnswer::OK;
 }

@@ -25,6 +25,7 @@ class frmConservatism : public DialogForm {
 
  protected:
   void Form_Load() override;
+  void Form_Unload() override;
 
  private:
   void fillGradient();
@@ -33,6 +34,11 @@ class frmConservatism : public DialogForm {
   [[nodiscard]] bool ConfirmHighFactor(Single low, Single high);
 
   std::int16_t documentIndex_ = 0;
+  bool formerUseGF_ = false;
+  bool taken_ = false;  ///< what was entered is in force
+  // A factor that nobody typed keeps what the field does not show of it.
+  bool lowEntered_ = false;
+  bool highEntered_ = false;
 };
 
 }  // namespace tav

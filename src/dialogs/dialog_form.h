@@ -23,6 +23,19 @@ class DialogForm : public TextForm {
     return services_.Documents()(document).Template;
   }
 
+  /// Says what is wrong with the entry of a field and goes there. The field stays marked, with the reason as its tool
+  /// tip, until the user changes it.
+  void RefuseEntry(const Label& label, TextBox& field, const std::string& reason, const std::string& title) {
+    const auto mark = [&field](Colour colour, const std::string& why) {
+      field.ForeColor = colour;
+      field.ToolTipText = why;
+    };
+    mark(kRed, reason);
+    field.Change = [mark] { mark(-1, ""); };
+    Box(label.Caption.Get() + " " + field.Text.Get() + "\r\n\r\n" + reason, title, BoxIcon::Exclamation);
+    field.SelectAll();
+  }
+
   DialogServices services_;
 };
 

@@ -18,6 +18,9 @@ struct DialogServices {
   std::function<void()> applyToProfile;  ///< the main window's ApplyToProfile
   /// Opens the gas mixer with a desired mix, in percent.
   std::function<void(Single o2, Single he)> openMixer = {};
+  /// Where the user's own template for new plans lies, and what stores the settings of the default document there.
+  std::string defaultTemplateFile = {};
+  std::function<void()> keepDefaultTemplate = {};
 
   [[nodiscard]] DocumentStore& Documents() const { return forms.Services().documents; }
   /// The document of the active window.

@@ -1,7 +1,9 @@
 #include "dialogs/gas_blend.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "model/gas_name.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 
@@ -14,6 +16,7 @@ constexpr int kNameMissing = 1230;
 constexpr int kNameHelp = 1231;
 constexpr int kNameFault = 7051;
 constexpr int kNameTaken = 7162;
+constexpr int kBroughtTo100 = 8104;
 
 }  // namespace
 
@@ -23,6 +26,7 @@ frmGasBlend::frmGasBlend(const DialogServices& services) : DialogForm("frmGasBle
   tbHe.KeyReturn = [this] { Confirm(&frmGasBlend::updateHe); };
   tbHe.LostFocus = [this] { updateHe(); };
   tbN2.Locked = true;
+  tbO2.Change = tbHe.Change = [this] { adjusted_ = false; };
   UDO2.Buddy = "tbO2";
   UDO2.UpClick = [this] { Step(tbO2, 1); };
   UDO2.DownClick = [this] { Step(tbO2, -1); };
@@ -45,10 +49,12 @@ void frmGasBlend::Form_Load() {
   cbOK.Caption = T(1210);
   cbCancel.Caption = T(1215);
   ShowAll();
+  adjusted_ = false;
   tbBlendName.SetFocus();
 }
 
 void frmGasBlend::ShowAll() {
+  adjusted_ = adjusted_ || NumberIn(tbO2.Text) != o2_ || NumberIn(tbHe.Text) != he_;
   tbO2.Text = std::to_string(o2_);
   tbN2.Text = std::to_string(n2_);
   tbHe.Text = std::to_string(he_);
@@ -115,13 +121,20 @@ void frmGasBlend::cbOK_Click() {
     return;
   }
   DiveTemplate& t = TemplateOf(documentIndex_);
-  if (FindBlend(name, t)) {
+  if (FindBlend(NameInTemplate(name, t), t)) {
     Box(T(kNameTaken), T(kTitle), BoxIcon::Exclamation);
     tbBlendName.SelectAll();
     return;
   }
+  // A key can press OK without leaving the field; each update writes both.
+  if (NumberIn(tbHe.Text) != he_) updateHe();
   updateO2();
   updateHe();
+  // The user has not seen yet what became of an entry when OK was what left its field.
+  if (std::exchange(adjusted_, false)) {
+    Box(T(kBroughtTo100, {tbO2.Text, tbHe.Text, tbN2.Text}), T(kTitle), BoxIcon::Exclamation);
+    return;
+  }
   t.Blends.push_back({name, o2_, n2_, he_});
   MarkChanged(documentIndex_);
   Unload();

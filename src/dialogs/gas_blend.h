@@ -42,6 +42,7 @@ class frmGasBlend : public DialogForm {
   int o2_ = 100;
   int n2_ = 0;
   int he_ = 0;
+  bool adjusted_ = false;  ///< an entry was rounded or brought within 100 % since the user typed last
 };
 
 }  // namespace tav

@@ -28,8 +28,8 @@ std::string WidthsText(const std::vector<int>& widths) {
 
 }  // namespace
 
-frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelMarks& marks)
-    : DialogForm("frmGeneralInfo", services), marks_(marks) {
+frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelChoice& model)
+    : DialogForm("frmGeneralInfo", services), model_(model) {
   RemembersPlace = true;
   TabStrip1.Click = [this] { TabStrip1_Click(); };
   TabStrip2.Click = [this] { ShowTab(); };
@@ -80,11 +80,11 @@ void frmGeneralInfo::SetUpControls() {
   TabStrip1.Tabs = tabs;
   TabStrip1.SelectedItem = 0;
   const std::pair<Control*, int> captions[] = {
-      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},   {&Label4, 2128},  {&Frame3, 2131},
-      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},   {&Label8, 2136},  {&Label9, 2137},
-      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135},  {&Label13, 2140}, {&Label14, 2139},
-      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},   {&Label16, 3011}, {&Command1, 2210},
-      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbNotice, 7020}, {&lbGases, 7635}, {&lbLegs, 7636}};
+      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},  {&Label4, 2128},  {&Frame3, 2131},
+      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},  {&Label8, 2136},  {&Label9, 2137},
+      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135}, {&Label13, 2140}, {&Label14, 2139},
+      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},  {&Label16, 3011}, {&Command1, 2210},
+      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbGases, 7635}, {&lbLegs, 7636}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
   for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14,
                       &lbGases, &lbLegs}) {
@@ -120,11 +120,13 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   Label16.Visible = Label17.Visible = interval;
   Label16.Caption = T(3016);
   Label17.Caption = interval ? T(FormatMinutes(document.SurfaceInterval)) : "";
-  lbNotice.Visible = !document.Decompresses;
+  const auto notice = NoticeOf(services_.forms(dive).InputProfile, document.Decompresses);
+  lbNotice.Visible = notice.has_value();
+  lbNotice.Caption = notice ? T(*notice) : "";
   lbNotice.ForeColor = kRed;
   lbNotice.Bold = true;
 
-  const DiveInformation information(services_.forms(dive).InputProfile, document.Template, marks_, services_.texts,
+  const DiveInformation information(services_.forms(dive).InputProfile, document.Template, model_, services_.texts,
                                     services_.platform.separators);
   fginfo.Cells = information.Profile();
   fgDecoStop.Cells = information.DecoStops();
@@ -177,11 +179,11 @@ void frmGeneralInfo::ShowBlock(const DiveInformation::Block& block) {
 void frmGeneralInfo::GeneralInfo_Click() {
   if (dive_ == -1) return;
   const DocumentState& document = services_.Documents()(dive_);
-  const DiveInformation information(services_.forms(dive_).InputProfile, document.Template, marks_, services_.texts,
+  const DiveInformation information(services_.forms(dive_).InputProfile, document.Template, model_, services_.texts,
                                     services_.platform.separators);
   services_.platform.clipboard.SetText(
       InformationText({services_.forms.Caption(dive_), Label17.Caption, information.Info(), fginfo.Cells,
-                       fgDecoStop.Cells, fgGasConsumption.Cells, supply_},
+                       fgDecoStop.Cells, fgGasConsumption.Cells, supply_, lbNotice.Caption},
                       services_.texts));
   constexpr int kDone = 7216;
   Box(T(kDone), "", BoxIcon::None);

@@ -14,7 +14,7 @@ namespace tav {
 /// of it as text for the clipboard. It reads the plan and never writes it.
 class frmGeneralInfo : public DialogForm {
  public:
-  frmGeneralInfo(const DialogServices& services, const ModelMarks& marks);
+  frmGeneralInfo(const DialogServices& services, const ModelChoice& model);
 
   TabStrip TabStrip1{*this, "TabStrip1"};  ///< the dives of a series
   TabStrip TabStrip2{*this, "TabStrip2"};  ///< the dive, and its gas supply where cylinders are told
@@ -65,7 +65,7 @@ class frmGeneralInfo : public DialogForm {
   Label lbLegs{*this, "lbLegs"};
   ResultGrid fgLegs{*this, "fgLegs"};
 
-  Label lbNotice{*this, "lbNotice"};  ///< the plan does not decompress
+  Label lbNotice{*this, "lbNotice"};  ///< the plan does not decompress, or has no ascent
   Button cbCopy{*this, "cbCopy"};
   Button Command1{*this, "Command1"};          ///< close
   MenuItem GeneralInfo{*this, "GeneralInfo"};  ///< of the pop-up mnuCopyInfo
@@ -89,7 +89,7 @@ class frmGeneralInfo : public DialogForm {
   void ShowBlock(const DiveInformation::Block& block);
   [[nodiscard]] std::optional<std::int16_t> FirstDive() const;
 
-  ModelMarks marks_;
+  ModelChoice model_;
   std::int16_t dive_ = -1;  ///< the dive that is shown
   SupplyTables supply_;     ///< its gas supply
 };

@@ -22,6 +22,7 @@ constexpr int kFirstMenu = 7531;
 constexpr int kFactors = 7540;
 constexpr int kLastStop = 7541;
 constexpr int kEdit = 7542;
+constexpr int kAsBefore = 8002;
 
 }  // namespace
 
@@ -42,7 +43,9 @@ void frmPlanPane::Wire() {
     if (at > 0 && at <= scheduleRows_.size()) pane_.markRow(scheduleRows_[at - 1]);
   };
   cbCopySchedule.Click = [this] {
-    if (document_) platform_.clipboard.SetText(Schedule().Aligned());
+    if (!document_) return;
+    const std::string before = RefusalNow().empty() ? "" : T(kAsBefore) + "\n";
+    platform_.clipboard.SetText(before + Schedule().Aligned());
   };
 }
 
@@ -87,6 +90,7 @@ void frmPlanPane::TakeFocus() {
 }
 
 void frmPlanPane::ShowDocument(std::optional<std::int16_t> document) {
+  if (finishing_) return;  // it shows the plan when it has done
   if (trial_.Running() && document == trial_.Document()) {
     ShowSchedule();
     if (!trying_) ShowLegs();
@@ -96,12 +100,8 @@ void frmPlanPane::ShowDocument(std::optional<std::int16_t> document) {
   const bool same = document && document == document_ && Editor().Opening() == opening_;
   document_ = document;
   if (document_) opening_ = Editor().Opening();
-  // Rows that can't be planned yet stay as long as the plan does not change under them.
-  if (same && !isInForce_ && Editor().UserActions == inForce_) {
-    ShowSchedule();
-    ShowSettings();
-    return;
-  }
+  if (!same) told_.clear(), mark_.reset();
+  if (const Unfinished* unfinished = document_ ? FindUnfinished(*document_) : nullptr) return TakeUp(*unfinished);
   Reload();
 }
 
@@ -109,10 +109,12 @@ void frmPlanPane::Reload() {
   former_.reset();
   faults_.clear();
   planFault_.clear();
+  settingFault_.clear();
   isInForce_ = true;
   if (document_) {
     table_.Load(Editor().UserActions, Template());
     inForce_ = Editor().UserActions;
+    KeepUnfinished();
   } else {
     table_ = LegTable(platform_.separators);
   }
@@ -124,19 +126,21 @@ void frmPlanPane::Reload() {
 }
 
 void frmPlanPane::Finish() {
-  if (!trial_.Running()) return;
+  if (!trial_.Running() || finishing_) return;
+  finishing_ = true;
+  if (former_ && !isInForce_) PutCellBack();
+  if (!settingFault_.empty()) Tell(settingText_, settingFault_);
+  settingFault_.clear();
   trial_.Keep();
   former_.reset();
   if (isInForce_) {
     Reload();
-  } else if (std::exchange(taken_, false)) {
-    // What follows counts from the rows that the plan has got meanwhile.
-    table_.Adopt();
-    inForce_ = Editor().UserActions;
+  } else {
+    KeepUnfinished();
     ShowSettings();
   }
-  taken_ = false;
-  pane_.kept();
+  finishing_ = false;
+  pane_.entered(*document_);
 }
 
 void frmPlanPane::ShowQuickLine() {

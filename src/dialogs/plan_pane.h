@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -21,15 +22,18 @@ struct PlanPaneServices {
   /// The plan can't be changed: a run of tables computes from it.
   std::function<bool(std::int16_t document)> held;
   std::function<void()> editTemplate;
-  /// A change has become one of the document.
-  std::function<void()> kept;
+  /// What is entered has become a change of the document, or is refused, or not refused any more.
+  std::function<void(std::int16_t document)> entered;
   /// A row of the profile has been selected: the graph marks it.
   std::function<void(std::int16_t row)> markRow;
 };
 
 /// The plan in front as a table: a line to enter a dive with, its legs as cells that are typed over, the settings that
 /// are changed most, and the schedule. Every text that makes sense is computed while it is typed; what can't be planned
-/// is marked in its cell and told of in a line, never by a box, and the last good plan stays in force.
+/// is marked in its cell and told of in a line, never by a box, and the plan as it was before is shown as such. A cell
+/// that is left with a text that is refused has its former one again. A leg that has no other text yet stays marked,
+/// and the plan as it was stays in force, until the cell is filled or the entry is given up; the entry outlives a look
+/// at another plan.
 class frmPlanPane : public PaneForm {
  public:
   explicit frmPlanPane(PlanPaneServices services);
@@ -79,6 +83,15 @@ class frmPlanPane : public PaneForm {
   /// Opens the depth of a leg, by the number of its action.
   void EditLeg(std::int16_t action);
 
+  /// Why a plan does not have what is entered; empty when it has. Graph and figures are then as before.
+  [[nodiscard]] std::string Refusal(std::int16_t document) const;
+  /// The marked cells of a plan, a sentence a line: legs that a file would not hold. Empty when there are none.
+  [[nodiscard]] std::string MarkedCells(std::int16_t document) const;
+  /// Plans with marked cells count as changed, whatever else has been done to them.
+  void MarkUnfinished() const;
+  /// Gives up the entry of a plan with marked cells. False when there are none.
+  bool GiveUp(std::int16_t document);
+
  protected:
   void Form_Load() override;
 
@@ -117,15 +130,33 @@ class frmPlanPane : public PaneForm {
   void ShowLegs();
   [[nodiscard]] std::vector<GridCell> LegCells(int row) const;
   [[nodiscard]] std::string RunTimeOf(int row) const;
-  void ShowFaults();
 
   // Settings at hand (plan_pane_settings.cpp).
   void WireSettings();
   void ShowSettings();
-  void TypeFactors();
+  void TypeFactor(const TextBox& field);
   void TypeLastStop();
+  void TrySetting(const TextBox& field, std::string fault, const std::function<void(DiveTemplate&)>& change);
   void StepFactor(TextBox& field, int by);
   void StepLastStop(int by);
+
+  // What is refused (plan_pane_refusals.cpp).
+  /// Legs whose cells are still to be filled, while the plan has those of before.
+  struct Unfinished {
+    int opening = 0;  ///< of the window
+    LegTable table;
+    ClassUseractions inForce;
+  };
+  [[nodiscard]] const Unfinished* FindUnfinished(std::int16_t document) const;
+  void KeepUnfinished();
+  void TakeUp(const Unfinished& unfinished);
+  /// The cell that was open has its former text, if its text is why the plan does not have the rows.
+  void PutCellBack();
+  /// What was entered is not taken, and why.
+  void Tell(const std::string& entered, const std::string& reason);
+  [[nodiscard]] std::string FaultLine(const LegTable::Fault& fault) const;
+  [[nodiscard]] std::string RefusalNow() const;
+  void ShowFaults();
   void ShowFault(const std::string& reason);
 
   // The schedule (plan_pane_schedule.cpp).
@@ -146,11 +177,19 @@ class frmPlanPane : public PaneForm {
   ClassUseractions inForce_;        ///< the actions of the plan when the table was last in line with them
   bool isInForce_ = true;           ///< the plan has the rows of the table
   std::optional<LegTable> former_;  ///< the rows before a cell was opened, while it is typed in
-  bool taken_ = false;              ///< the trial has put rows in force
-  bool trying_ = false;             ///< the rows are being tried
+  bool formerInForce_ = true;       ///< the plan has those
+  int openRow_ = 0;                 ///< of the table: the cell that is typed in
+  LegTable::Field openField_ = LegTable::Field::Depth;
+  bool trying_ = false;     ///< the rows are being tried
+  bool finishing_ = false;  ///< what is entered is being stored
   std::vector<LegTable::Fault> faults_;
-  std::string planFault_;                   ///< of the whole plan
-  std::vector<std::int16_t> scheduleRows_;  ///< of the profile, by row of the schedule
+  std::string planFault_;                          ///< of the whole plan
+  std::string settingText_;                        ///< what is typed in a setting and refused
+  std::string settingFault_;                       ///< why
+  std::string told_;                               ///< of the entry that was refused last
+  std::optional<LegTable::Fault> mark_;            ///< at the cell that it was in
+  std::map<std::int16_t, Unfinished> unfinished_;  ///< by document
+  std::vector<std::int16_t> scheduleRows_;         ///< of the profile, by row of the schedule
 };
 
 }  // namespace tav

@@ -14,17 +14,25 @@ constexpr int kAscentWord = 7543;
 bool frmPlanPane::Change(const std::function<void()>& change, bool whole) {
   if (!IsFree()) return false;
   Finish();
+  told_.clear(), mark_.reset();
   const LegTable before = table_;
   const bool wasInForce = isInForce_;
   change();
   trial_.Begin(*document_);
   const bool complete = table_.Faults(texts_).empty();
   if (!TryRows() && (whole || complete)) {
-    const std::string reason = !faults_.empty() ? faults_.front().reason : planFault_;
-    trial_.Keep();
+    told_ = !faults_.empty() ? faults_.front().reason : planFault_;
+    trial_.Drop();
     table_ = before;
-    if (wasInForce) Reload();
-    ShowFault(reason);
+    planFault_.clear();
+    faults_ = table_.Faults(texts_);
+    if (wasInForce) {
+      Reload();
+    } else {
+      ShowLegs();
+      ShowFaults();
+    }
+    pane_.entered(*document_);
     return false;
   }
   Finish();

@@ -14,7 +14,6 @@ constexpr int kGas = 7030;
 constexpr int kRun = 7521;
 constexpr int kTimeMeans = 7514;
 constexpr int kAscentWord = 7543;
-constexpr int kLegFault = 7544;
 constexpr int kAboveCeiling = 7545;
 
 LegTable::Field FieldOf(int column) {
@@ -106,7 +105,10 @@ void frmPlanPane::TypeCell(int gridRow, int column, const std::string& text) {
   if (!former_) {
     Finish();
     former_ = table_;
+    formerInForce_ = isInForce_;
   }
+  told_.clear(), mark_.reset();
+  const bool wasRefused = !RefusalNow().empty();
   trial_.Begin(*document_);
   // Each text is a change of the rows as they were before the cell was opened, so that typing back is no change.
   table_ = *former_;
@@ -115,35 +117,45 @@ void frmPlanPane::TypeCell(int gridRow, int column, const std::string& text) {
     row = table_.EndOfLegs();
     table_.Insert(*row);
   }
-  if (row) table_.Set(*row, FieldOf(column), text);
+  openRow_ = row.value_or(table_.EndOfLegs());
+  openField_ = FieldOf(column);
+  if (row) table_.Set(*row, openField_, text);
   TryRows();
+  ShowLegs();
+  ShowFaults();
+  if (wasRefused || !isInForce_) pane_.entered(*document_);
+}
+
+void frmPlanPane::CommitCell(int gridRow, int column, const std::string& text) {
+  if (former_ || text != fgLegs.Text(gridRow, column)) {
+    TypeCell(gridRow, column, text);
+    Finish();
+  } else if (!told_.empty()) {
+    told_.clear(), mark_.reset();
+  } else {
+    return;
+  }
   ShowLegs();
   ShowFaults();
 }
 
-void frmPlanPane::CommitCell(int gridRow, int column, const std::string& text) {
-  if (!former_ && text == fgLegs.Text(gridRow, column)) return;
-  TypeCell(gridRow, column, text);
-  Finish();
-  ShowLegs();
-}
-
 void frmPlanPane::RestoreCell() {
+  told_.clear(), mark_.reset();
   if (former_) {
     trial_.Drop();
     table_ = *former_;
     former_.reset();
-    taken_ = false;
     faults_ = table_.Faults(texts_);
-    isInForce_ = faults_.empty();
+    isInForce_ = formerInForce_;
     planFault_.clear();
-    if (isInForce_) return Reload();
-    ShowSchedule();
+    if (isInForce_) Reload();
   } else if (!isInForce_) {
-    return Reload();  // the rows that the plan has
+    GiveUp(*document_);  // the rows that the plan has
   }
   ShowLegs();
+  ShowSchedule();
   ShowFaults();
+  pane_.entered(*document_);
 }
 
 std::string frmPlanPane::Stepped(const std::string& text, int by) const {
@@ -161,9 +173,13 @@ bool frmPlanPane::TryRows() {
   faults_ = table_.Faults(texts_);
   planFault_.clear();
   isInForce_ = false;
-  if (!faults_.empty()) return false;
   trying_ = true;
-  const PlanRefusal refusal = trial_.TryActions(table_.Actions(), table_.Origins());
+  PlanRefusal refusal;
+  if (faults_.empty()) {
+    refusal = trial_.TryActions(table_.Actions(), table_.Origins());
+  } else {
+    trial_.Refuse();
+  }
   trying_ = false;
   faults_.reserve(refusal.legs.size());
   for (const PlanRefusal::Leg& leg : refusal.legs) {
@@ -171,9 +187,9 @@ bool frmPlanPane::TryRows() {
         {leg.action - 1, LegTable::Field::Depth, T(kAboveCeiling, {Fixed(leg.ceiling, 1) + " " + LengthUnit()})});
   }
   planFault_ = refusal.fault;
-  isInForce_ = refusal.IsEmpty();
-  if (isInForce_) taken_ = true;
-  if (isInForce_) inForce_ = Editor().UserActions;
+  isInForce_ = faults_.empty() && planFault_.empty();
+  inForce_ = Editor().UserActions;
+  ShowSchedule();
   return isInForce_;
 }
 
@@ -223,7 +239,9 @@ void frmPlanPane::ShowLegs() {
     cells.push_back(LegCells(row));
   }
   if (document_ && !table_.EndsWithAscent()) cells.emplace_back(kRunColumn + 1);
-  for (const LegTable::Fault& fault : faults_) {
+  std::vector<LegTable::Fault> faults = faults_;
+  if (mark_) faults.push_back(*mark_);
+  for (const LegTable::Fault& fault : faults) {
     if (fault.row >= table_.Rows()) continue;
     cells.at(static_cast<std::size_t>(GridRow(fault.row))).at(static_cast<std::size_t>(ColumnOf(fault.field))).fault =
         fault.reason;
@@ -238,17 +256,6 @@ void frmPlanPane::ShowLegs() {
     item->Enabled = IsFree();
   }
   cbLegs.Enabled = document_.has_value();
-}
-
-void frmPlanPane::ShowFaults() {
-  if (faults_.empty()) return ShowFault(planFault_);
-  const LegTable::Fault& first = faults_.front();
-  ShowFault(T(kLegFault, {std::to_string(first.row + 1), first.reason}));
-}
-
-void frmPlanPane::ShowFault(const std::string& reason) {
-  lbFault.Caption = reason;
-  lbFault.Visible = !reason.empty();
 }
 
 void frmPlanPane::EditLeg(std::int16_t action) {

@@ -16,6 +16,8 @@ constexpr int kRun = 7521;
 constexpr int kTotals = 7522;
 constexpr int kGases = 7523;
 constexpr int kNoAscent = 7524;
+constexpr int kAsBefore = 8002;
+constexpr Colour kGrey = RGB(112, 112, 112);
 
 }  // namespace
 
@@ -42,6 +44,8 @@ void frmPlanPane::ShowSchedule() {
     lbTotals.Caption = "";
     return;
   }
+  const bool asBefore = !RefusalNow().empty();
+  const Colour colour = asBefore ? kGrey : -1;
   const ScheduleText schedule = Schedule();
   std::vector<std::vector<GridCell>> cells;
   cells.reserve(schedule.Lines().size() + 1);
@@ -56,14 +60,15 @@ void frmPlanPane::ShowSchedule() {
     scheduleRows_.push_back(schedule.Rows()[i].row);
     auto& row = cells.emplace_back();
     row.reserve(heads[0].size());
-    for (const std::string& text : schedule.Lines()[i]) row.push_back({text, -1, schedule.Rows()[i].changesGas});
+    for (const std::string& text : schedule.Lines()[i]) row.push_back({text, colour, schedule.Rows()[i].changesGas});
   }
   fgSchedule.Cells = std::move(cells);
-  std::string totals;
+  std::string totals = asBefore ? T(kAsBefore) : "";
   if (!schedule.Rows().empty()) {
     for (const std::string& line : schedule.Totals()) totals += (totals.empty() ? "" : "\n") + line;
   }
   lbTotals.Caption = totals;
+  lbTotals.ForeColor = colour;
 }
 
 void frmPlanPane::SelectRow(std::int16_t row) {

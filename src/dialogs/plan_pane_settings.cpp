@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "dialogs/gradient_factors.h"
 #include "dialogs/plan_pane.h"
-#include "model/numbers.h"
 
 namespace tav {
 namespace {
@@ -11,6 +11,7 @@ namespace {
 constexpr int kFactorsOutside = 7546;
 constexpr int kSettings = 7547;
 constexpr int kLastStopOutside = 7549;
+constexpr int kBoldFactors = 8006;
 
 }  // namespace
 
@@ -20,17 +21,23 @@ void frmPlanPane::WireSettings() {
   udLastStop.Buddy = tbLastStop.Name();
   for (TextBox* field : {&tbLowGF, &tbHighGF, &tbLastStop}) {
     field->LostFocus = field->KeyReturn = [this] {
-      if (!trial_.Running() && lbFault.Caption.Get().empty()) return;
+      if (!trial_.Running()) return;
       Finish();
       ShowSettings();
       ShowFaults();
     };
     field->KeyEscape = [this] {
+      if (!document_) return;
       if (trial_.Running()) trial_.Drop();
-      Reload();
+      settingFault_.clear();
+      told_.clear(), mark_.reset();
+      ShowSettings();
+      ShowSchedule();
+      ShowFaults();
+      pane_.entered(*document_);
     };
   }
-  tbLowGF.Change = tbHighGF.Change = [this] { TypeFactors(); };
+  for (TextBox* field : {&tbLowGF, &tbHighGF}) field->Change = [this, field] { TypeFactor(*field); };
   tbLastStop.Change = [this] { TypeLastStop(); };
   udLowGF.UpClick = [this] { StepFactor(tbLowGF, 1); };
   udLowGF.DownClick = [this] { StepFactor(tbLowGF, -1); };
@@ -62,43 +69,58 @@ void frmPlanPane::ShowSettings() {
   lbLastStopUnit.Caption = LengthUnit();
 }
 
-void frmPlanPane::TypeFactors() {
-  constexpr double kPerCentFrom = 2;
-  const auto factor = [this](const TextBox& field) {
-    const Single typed = Number(field.Text);
-    return RoundSingle(typed >= kPerCentFrom ? Single(typed / 100) : typed, 2);
-  };
-  const Single low = factor(tbLowGF);
-  const Single high = factor(tbHighGF);
-  if (!IsFree() || former_) return;
+void frmPlanPane::TrySetting(const TextBox& field, std::string fault,
+                             const std::function<void(DiveTemplate&)>& change) {
+  told_.clear(), mark_.reset();
   trial_.Begin(*document_);
-  if (low <= 0 || high > 1 || low >= high) return ShowFault(T(kFactorsOutside, {Plain(1)}));
-  ShowFault(trial_.TryTemplate([&](DiveTemplate& t) {
-    t.GFLow = low;
-    t.GFHigh = high;
-  }));
+  if (fault.empty()) {
+    fault = trial_.TryTemplate(change);
+  } else {
+    trial_.Refuse();
+  }
+  settingText_ = field.Text;
+  settingFault_ = std::move(fault);
+  ShowSchedule();
+  ShowFaults();
+  pane_.entered(*document_);
+}
+
+void frmPlanPane::TypeFactor(const TextBox& field) {
+  if (!IsFree() || former_) return;
+  const bool isLow = &field == &tbLowGF;
+  const Single factor = gradient_factors::Entered(Number(field.Text));
+  // The other one stays as it is, to the digit.
+  const Single low = isLow ? factor : Template().GFLow;
+  const Single high = isLow ? Template().GFHigh : factor;
+  const Single highest = gradient_factors::Highest(services_.veryHighGF);
+  std::string fault;
+  if (!gradient_factors::ArePair(low, high, highest)) fault = T(kFactorsOutside, {Plain(highest)});
+  if (fault.empty() && gradient_factors::IsBold(low, high)) {
+    fault = T(kBoldFactors, {Plain(gradient_factors::kBoldHighAbove), Plain(gradient_factors::kBoldLowUpTo)});
+  }
+  TrySetting(field, fault, [&](DiveTemplate& t) { (isLow ? t.GFLow : t.GFHigh) = factor; });
 }
 
 void frmPlanPane::TypeLastStop() {
   if (!IsFree() || former_) return;
-  trial_.Begin(*document_);
   const Single depth = Number(tbLastStop.Text);
-  if (depth <= 0) return ShowFault(T(kLastStopOutside));
-  ShowFault(trial_.TryTemplate([&](DiveTemplate& t) { t.LastStop = depth; }));
+  TrySetting(tbLastStop, depth <= 0 ? T(kLastStopOutside) : "", [&](DiveTemplate& t) { t.LastStop = depth; });
 }
 
 void frmPlanPane::StepFactor(TextBox& field, int by) {
   constexpr double kStep = 0.01;
   const double value = Number(field.Text);
-  field.Text = Fixed(std::clamp(value + by * kStep, kStep, 1.0), 2);
-  TypeFactors();
+  field.Text = Fixed(std::clamp(value + by * kStep, kStep, double{gradient_factors::Highest(services_.veryHighGF)}), 2);
+  TypeFactor(field);
   Finish();
+  ShowFaults();
 }
 
 void frmPlanPane::StepLastStop(int by) {
   tbLastStop.Text = Plain(std::max(1.0, Number(tbLastStop.Text) + by));
   TypeLastStop();
   Finish();
+  ShowFaults();
 }
 
 }  // namespace tav

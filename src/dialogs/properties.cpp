@@ -24,12 +24,14 @@ void frmProperties::Wire() {
   Check1.Click = [this] { Check1_Click(); };
   cbAutoDecoGas.Click = [this] { cbAutoDecoGas_Click(); };
   cbCustomBlend.Click = FgGas.InsertKey = [this] {
+    const bool changed = IsChanged();
     const std::size_t gases = Template().Blends.size();
     frmGasBlend dialog(services_);
     dialog.SetTemplate(documentIndex_);
     services_.platform.windows.ShowModal(dialog);
     // The other rows keep what has been typed into them.
     for (std::size_t i = gases; i < Template().Blends.size(); ++i) FgGas.AddRow(GasRow(Template().Blends[i]));
+    if (!changed) filled_ = Entries();  // the new gas is stored, and nothing else has been entered
   };
   Command1.Visible = false;
   Command1.Click = [this] {
@@ -59,29 +61,21 @@ void frmProperties::Form_Load() {
   ShowFrame(0);
 }
 
-void frmProperties::Form_Unload() {
-  // OK computes the plan anew in any case; Cancel leaves this one change, which the plan must follow.
-  if (!cancelled_ || !adaptedDocument_ || *adaptedDocument_ == DocumentStore::DefaultDocument) return;
-  services_.forms(*adaptedDocument_).ReEvaluateUserEnteredWaypoints();
-}
-
-void frmProperties::SetTitle() { Caption = T(1600) + T(1653) + services_.Documents()(documentIndex_).TemplateTitle; }
-
 void frmProperties::SetCaptions() {
   const std::pair<Control*, int> captions[] = {
-      {&Label23, 5003},       {&Frame13, 3069},         {&Frame7, 1603},          {&Frame6, 1604},
-      {&Frame15, 3070},       {&Frame5, 1605},          {&Label7, 1643},          {&Label15, 1644},
-      {&Frame16, 3071},       {&Label20, 3072},         {&Label21, 3073},         {&Frame3, 1606},
-      {&cbAutoDecoGas, 1652}, {&Frame2, 1602},          {&Option1_1, 1631},       {&Option1_0, 1632},
-      {&Frame4, 1607},        {&cbCustomBlend, 1611},   {&Command1, 6318},        {&Frame1, 1645},
-      {&Frame12, 1646},       {&lbStartAltitude, 1645}, {&lbStartPressure, 3043}, {&lbEndAltitude, 1645},
-      {&Check1, 1647},        {&Label10, 5004},         {&Label12, 3042},         {&Frame11, 1648},
-      {&Label14, 3043},       {&Frame8, 1650},          {&Label1, 1651},          {&Label19, 3074},
-      {&Check2, 3075},        {&cbKeepsDiluent, 8305},  {&cbIntervalOnAir, 8306}, {&Frame14, 3076},
-      {&Frame17, 3077},       {&Label3, 1639},          {&Label4, 1640},          {&Frame18, 3079},
-      {&lbRMV, 1638},         {&Frame19, 3078},         {&cbONarcotic, 1642},     {&Label8, 1641},
-      {&Frame9, 1633},        {&cbWarnPPOLow, 1634},    {&cbWarnPPOHigh, 1635},   {&cbWarnMaxEND, 1636},
-      {&cbOK, 1610},          {&cbCancel, 1609},        {&cbDefault, 1608}};
+      {&lbNewPlans, 8100},    {&Label23, 5003},       {&Frame13, 3069},         {&Frame7, 1603},
+      {&Frame6, 1604},        {&Frame15, 3070},       {&Frame5, 1605},          {&Label7, 1643},
+      {&Label15, 1644},       {&Frame16, 3071},       {&Label20, 3072},         {&Label21, 3073},
+      {&Frame3, 1606},        {&cbAutoDecoGas, 1652}, {&Frame2, 1602},          {&Option1_1, 1631},
+      {&Option1_0, 1632},     {&Frame4, 1607},        {&cbCustomBlend, 1611},   {&Command1, 6318},
+      {&Frame1, 1645},        {&Frame12, 1646},       {&lbStartAltitude, 1645}, {&lbStartPressure, 3043},
+      {&lbEndAltitude, 1645}, {&Check1, 1647},        {&Label10, 5004},         {&Label12, 3042},
+      {&Frame11, 1648},       {&Label14, 3043},       {&Frame8, 1650},          {&Label1, 1651},
+      {&Label19, 3074},       {&Check2, 3075},        {&cbKeepsDiluent, 8305},  {&cbIntervalOnAir, 8306},
+      {&Frame14, 3076},       {&Frame17, 3077},       {&Label3, 1639},          {&Label4, 1640},
+      {&Frame18, 3079},       {&lbRMV, 1638},         {&Frame19, 3078},         {&cbONarcotic, 1642},
+      {&Label8, 1641},        {&Frame9, 1633},        {&cbWarnPPOLow, 1634},    {&cbWarnPPOHigh, 1635},
+      {&cbWarnMaxEND, 1636},  {&cbOK, 1610},          {&cbCancel, 1609},        {&cbDefault, 1608}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
   // The letters of the menu would be those of all buttons.
   for (Button* add : {&cbAddDescend, &cbAddAscend, &cbAddChange}) add->Caption = ReplaceAll(T(1625), "&", "");
@@ -98,13 +92,6 @@ void frmProperties::ShowUnitLabels() {
   for (Label* label : {&Label11, &Label18}) label->Caption = T(metric ? 1219 : 1216);
   for (Label* label : {&Label13, &Label16}) label->Caption = T(metric ? 1220 : 1221);
   ShowHeads();
-}
-
-void frmProperties::SetDocument(std::int16_t index) {
-  documentIndex_ = index;
-  unitsAreMetric_ = Template().Metric;
-  InitFrames();
-  SetTitle();
 }
 
 void frmProperties::InitFrames() {
@@ -138,10 +125,11 @@ void frmProperties::InitConstPPOFrame() {
 
 void frmProperties::InitAltitudeFrame() {
   const DiveTemplate& t = Template();
-  Text2.Text = Fixed(t.StartAltitude, 0);
-  Text5.Text = Fixed(t.EndAltitude, 0);
+  Text2.Text = Whole(t.StartAltitude, 0);
+  Text5.Text = Whole(t.EndAltitude, 0);
   Text1.Text = Fixed(Single(t.TimeToHeight), 0);
   Check1.Value = t.AdeptedToHeight;
+  endFollowsStart_ = t.StartAltitude == t.EndAltitude && t.StartPressure == t.EndPressure;
   ShowPressures();
   ShowAdapted();
 }
@@ -156,7 +144,7 @@ void frmProperties::Check1_Click() {
   // Counts at once, also when the dialog is cancelled in the end.
   Template().AdeptedToHeight = Check1.Value;
   MarkChanged(documentIndex_);
-  adaptedDocument_ = documentIndex_;
+  if (documentIndex_ != DocumentStore::DefaultDocument) adaptedDocument_ = documentIndex_;
   ShowAdapted();
 }
 
@@ -175,18 +163,18 @@ void frmProperties::InitGasAvailableFrame() {
 
 void frmProperties::InitGasSettingsFrame() {
   const DiveTemplate& t = Template();
-  tbMinPPO.Text = Fixed(t.MinPPO2, 2);
-  tbMaxPPO.Text = Fixed(t.MaxPPO2, 2);
+  tbMinPPO.Text = Whole(t.MinPPO2, 2);
+  tbMaxPPO.Text = Whole(t.MaxPPO2, 2);
   tbRMV.Text = Plain(t.RMV);
-  tbMaximalEND.Text = Fixed(t.MaximalEND, 0);
+  tbMaximalEND.Text = Whole(t.MaximalEND, 0);
   cbONarcotic.Value = t.O2Narcotic;
 }
 
 void frmProperties::InitDecoStepsFrame() {
   const DiveTemplate& t = Template();
-  tbStepSize.Text = Fixed(t.StepSize, 0);
-  tbLastStop.Text = Fixed(t.LastStop, 0);
-  Text7.Text = Fixed(t.DecoPPO2, 2);
+  tbStepSize.Text = Whole(t.StepSize, 0);
+  tbLastStop.Text = Whole(t.LastStop, 0);
+  Text7.Text = Whole(t.DecoPPO2, 2);
   Text8.Text = Plain(t.DecoRMV);
 }
 
@@ -208,7 +196,5 @@ void frmProperties::ShowFrame(int index) {
   int i = 0;
   for (Frame* frame : frames) frame->Visible = i++ == index;
 }
-
-void frmProperties::cbDefault_Click() { SetDocument(DocumentStore::DefaultDocument); }
 
 }  // namespace tav

@@ -16,6 +16,7 @@ class frmProperties : public DialogForm {
  public:
   explicit frmProperties(const DialogServices& services);
 
+  Label lbNewPlans{*this, "lbNewPlans"};  ///< the settings are those of new plans
   Label Label23{*this, "Label23"};
   ListView ListView1{*this, "ListView1"};
   // Rates.
@@ -163,16 +164,29 @@ class frmProperties : public DialogForm {
   void ShowUnitLabels();
   void ShowAdapted();
   void Check1_Click();
-  void SetTitle();
+
+  // properties_document.cpp
+  /// All that stands in the dialog and is stored by OK, the fields of NumberFields first.
+  [[nodiscard]] std::vector<std::string> Entries();
+  [[nodiscard]] bool IsChanged() { return Entries() != filled_; }
+  void OfferToKeep();
 
   // properties_fields.cpp
   std::array<TextBox*, 13> NumberFields();
   void FieldChanged(TextBox& field);
+  /// Brings in line what is worked out from a field.
+  void ShowWhatFollows(const TextBox& field);
   void FieldLeft(TextBox& field);
   void Validate(TextBox& field);
   [[nodiscard]] bool Metric() const { return unitsAreMetric_; }
   [[nodiscard]] Single Rounded(const TextBox& field, int places) const;
-  [[nodiscard]] Single Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown);
+  /// So many decimals, or as many as the number has.
+  [[nodiscard]] std::string Whole(Single value, int decimals) const;
+  /// Stores a field that has another text than at first.
+  void Store(Single& value, const TextBox& field, int places);
+  void Store(Single& value, TextBox& field, double low, double high, double lowValue, double highValue, int shown);
+  /// The text was filled in; what it tells is kept as it is.
+  [[nodiscard]] bool IsFilledIn(const TextBox& field);
   void StoreFields(DiveTemplate& t);
   void StoreGrids(DiveTemplate& t) const;
 
@@ -184,10 +198,12 @@ class frmProperties : public DialogForm {
   // properties_grids.cpp
   void WireGrids();
   void WireRows(Grid& grid, Button* add, Button& remove);
+  /// A depth or a rate as its cell shows it; nothing for one that has not been given.
+  [[nodiscard]] std::string Cell(Single value) const { return value == kNotGiven ? "" : Whole(value, 0); }
   void FillRates(Grid& grid, const std::vector<RateEntry>& rates);
   void ShowHeads();
   void InitDecoGasFrame();
-  [[nodiscard]] Single DepthOfPPO2(Single ppo2, const std::string& gas) const;
+  [[nodiscard]] Single DepthOfPPO2(Single ppo2, const std::string& gas);
   void ShowAutoDepths();
   void ShowChangesEditable();
   void saveDecoGasSettings();
@@ -226,6 +242,8 @@ class frmProperties : public DialogForm {
   bool unitsAreMetric_ = true;
   std::vector<DecoDepth> decoGasSettings_;
   Grid* menuGrid_ = nullptr;
+  std::vector<std::string> filled_;              ///< the entries as they were filled in
+  bool endFollowsStart_ = false;                 ///< one altitude was set for both, and its change is one of both
   std::set<const TextBox*> changed_;             ///< fields that the user has changed since they were judged
   std::optional<std::int16_t> adaptedDocument_;  ///< the document whose "already adapted" was clicked
 };

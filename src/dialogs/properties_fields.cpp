@@ -38,8 +38,15 @@ std::array<TextBox*, 13> frmProperties::NumberFields() {
 
 void frmProperties::FieldChanged(TextBox& field) {
   changed_.insert(&field);
+  if (&field == &Text5) endFollowsStart_ = NumberIn(Text5.Text) == NumberIn(Text2.Text);
+  ShowWhatFollows(field);
+}
+
+void frmProperties::ShowWhatFollows(const TextBox& field) {
+  // Who dives at an altitude comes up there, unless told otherwise.
+  if (&field == &Text2 && endFollowsStart_) Text5.Text = Text2.Text;
   if (&field == &Text2 || &field == &Text5) ShowPressures();
-  if (&field == &Text7) ShowAutoDepths();
+  if (&field == &Text2 || &field == &Text5 || &field == &Text7) ShowAutoDepths();
 }
 
 void frmProperties::FieldLeft(TextBox& field) {
@@ -77,8 +84,7 @@ void frmProperties::Validate(TextBox& field) {
     if (rule.field != &field) continue;
     const std::string value = Written(Metric() ? rule.metric : rule.imperial);
     field.Text = value;
-    if (&field == &Text2 || &field == &Text5) ShowPressures();
-    if (&field == &Text7) ShowAutoDepths();
+    ShowWhatFollows(field);
     Box(T(rule.message) + value + (Metric() ? rule.metricUnit : rule.imperialUnit), Caption, BoxIcon::Exclamation);
   }
 }
@@ -87,15 +93,34 @@ Single frmProperties::Rounded(const TextBox& field, int places) const {
   return RoundSingle(Number(field.Text), places);
 }
 
-Single frmProperties::Stored(TextBox& field, double low, double high, double lowValue, double highValue, int shown) {
-  Single value = Rounded(field, 2);
+std::string frmProperties::Whole(Single value, int decimals) const {
+  const std::string rounded = FormatFixed(value, decimals);
+  return Single(ParseLenient(rounded)) == value ? Written(rounded) : Plain(value);
+}
+
+bool frmProperties::IsFilledIn(const TextBox& field) {
+  if (filled_.empty()) return true;  // the dialog is being filled
+  const auto fields = NumberFields();
+  const auto index = static_cast<std::size_t>(std::find(fields.begin(), fields.end(), &field) - fields.begin());
+  return Metric() == Template().Metric && filled_.at(index) == field.Text.Get();
+}
+
+void frmProperties::Store(Single& value, const TextBox& field, int places) {
+  if (!IsFilledIn(field)) value = Rounded(field, places);
+}
+
+void frmProperties::Store(Single& value, TextBox& field, double low, double high, double lowValue, double highValue,
+                          int shown) {
+  if (!IsFilledIn(field)) value = Rounded(field, 2);
   field.Text = Written(Between(value, low, high, lowValue, highValue, shown));
-  return value;
 }
 
 void frmProperties::StoreGrids(DiveTemplate& t) const {
-  const auto whole = [this](const Grid& grid, int row, int column) {
-    return RoundSingle(Number(grid.Text(row, column)), 0);
+  // What the cells were filled with is kept as it is: a rate of 2.5 does not become 3 unless someone types it.
+  const auto whole = [this](const Grid& grid, int row, int column) -> Single {
+    const std::string text = grid.Text(row, column);
+    const bool filledIn = std::find(filled_.begin(), filled_.end(), text) != filled_.end();
+    return filledIn ? Number(text) : Single(RoundSingle(Number(text), 0));
   };
   const auto rates = [&](const Grid& grid) {
     std::vector<RateEntry> table;
@@ -125,18 +150,18 @@ void frmProperties::StoreGrids(DiveTemplate& t) const {
 }
 
 void frmProperties::StoreFields(DiveTemplate& t) {
-  t.StepSize = Rounded(tbStepSize, 0);
-  t.LastStop = Rounded(tbLastStop, 0);
+  Store(t.StepSize, tbStepSize, 0);
+  Store(t.LastStop, tbLastStop, 0);
   t.Metric = Option1_1.Value;
   StoreGrids(t);
-  t.Setpoint = Rounded(SetPoint, 3);
-  t.DecoSetpoint = Rounded(Text6, 3);
-  t.RMV = Stored(tbRMV, 0, 200, 1, 200, 1);
-  t.DecoRMV = Stored(Text8, 0, 200, 1, 200, 1);
-  t.MinPPO2 = Stored(tbMinPPO, 0, 3, 0.16, 2, 2);
-  t.MaxPPO2 = Stored(tbMaxPPO, 0, 3, 1.6, 3, 2);
-  t.MaximalEND = Stored(tbMaximalEND, 0, 500, 1.6, 500, 2);
-  t.DecoPPO2 = Stored(Text7, 0, 500, 1.6, 500, 2);
+  Store(t.Setpoint, SetPoint, 3);
+  Store(t.DecoSetpoint, Text6, 3);
+  Store(t.RMV, tbRMV, 0, 200, 1, 200, 1);
+  Store(t.DecoRMV, Text8, 0, 200, 1, 200, 1);
+  Store(t.MinPPO2, tbMinPPO, 0, 3, 0.16, 2, 2);
+  Store(t.MaxPPO2, tbMaxPPO, 0, 3, 1.6, 3, 2);
+  Store(t.MaximalEND, tbMaximalEND, 0, 500, 1.6, 500, 2);
+  Store(t.DecoPPO2, Text7, 0, 500, 1.6, 500, 2);
   t.CeilingOverride = false;
   t.AdeptedToHeight = Check1.Value;
   t.OCDeco = Check2.Value;
@@ -147,8 +172,8 @@ void frmProperties::StoreFields(DiveTemplate& t) {
   t.PPO2Low = cbWarnPPOLow.Value;
   t.PPO2High = cbWarnPPOHigh.Value;
   t.MaxEnd = cbWarnMaxEND.Value;
-  t.StartAltitude = Rounded(Text2, 0);
-  t.EndAltitude = Rounded(Text5, 0);
+  Store(t.StartAltitude, Text2, 0);
+  Store(t.EndAltitude, Text5, 0);
   t.TimeToHeight = static_cast<std::int16_t>(std::clamp<double>(Rounded(Text1, 0), 1, INT16_MAX));
   t.StartPressure = AltitudeToPressure(t.StartAltitude, t.Metric);
   t.EndPressure = AltitudeToPressure(t.EndAltitude, t.Metric);
@@ -160,6 +185,7 @@ void frmProperties::cbOK_Click() {
     if (!NumberIn(field->Text)) Validate(*field);
   }
   std::string fault = GridFault();
+  const bool unkept = IsChanged() || Template().TemplateChanged;
   DiveTemplate t = Template();
   if (fault.empty()) {
     StoreFields(t);
@@ -177,6 +203,7 @@ void frmProperties::cbOK_Click() {
     if (documentIndex_ != DocumentStore::DefaultDocument) OfferToConvertDepths(services_, documentIndex_, wasMetric);
     if (services_.applyToProfile) services_.applyToProfile();
   }
+  if (documentIndex_ == DocumentStore::DefaultDocument && unkept) OfferToKeep();
   cancelled_ = false;
   Unload();
 }

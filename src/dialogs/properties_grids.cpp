@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dialogs/properties.h"
+#include "model/altitude.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "model/units.h"
@@ -18,9 +19,7 @@ constexpr int kOnlyGasChange = 3045;
 constexpr int kNotGivenText = 7050;
 constexpr int kNot100Percent = 7150;
 constexpr int kNoNumber = 7151;
-
-/// A depth or a rate as its cell shows it; nothing for one that has not been given.
-std::string Cell(Single value) { return value == frmProperties::kNotGiven ? "" : FormatFixed(value, 0); }
+constexpr int kCellSet = 8106;
 
 }  // namespace
 
@@ -102,6 +101,9 @@ void frmProperties::CommitNumber(Grid& grid, int row, int column, const std::str
   }
   grid.SetText(row, column, number);
   grid.SetColour(row, column, NumberIn(number) ? -1 : kRed);
+  // Units behind a number mean nothing else; but nobody types a word, or a number below 0, to get another one.
+  const bool isWord = !number.empty() && text.find_first_of("0123456789") == std::string::npos;
+  if (isWord || NumberIn(text).value_or(0) < 0) Box(T(kCellSet, {text, number}), T(kTitle), BoxIcon::Exclamation);
 }
 
 Single frmProperties::SharesOf(int row) const {
@@ -149,10 +151,11 @@ double frmProperties::GetPercentO2(const std::string& name) const {
   return -1;
 }
 
-Single frmProperties::DepthOfPPO2(Single ppo2, const std::string& gas) const {
+Single frmProperties::DepthOfPPO2(Single ppo2, const std::string& gas) {
   const double o2 = GetPercentO2(gas);
   if (o2 <= 0) return 0;  // a gas that is not there, or has no oxygen, is changed to at no depth
-  return (ppo2 / o2 * 100 - Template().EndPressure) * 10;
+  const Single surface = IsFilledIn(Text5) ? Template().EndPressure : AltitudeToPressure(Rounded(Text5, 0), Metric());
+  return (ppo2 / o2 * 100 - surface) * 10;
 }
 
 void frmProperties::InitDecoGasFrame() {

@@ -1,6 +1,7 @@
 // The unit switch of the template dialog: it converts what is shown, not the record.
 
 #include <cmath>
+#include <utility>
 
 #include "dialogs/properties.h"
 #include "model/altitude.h"
@@ -79,8 +80,10 @@ void frmProperties::ConvertGrid(Grid& grid, bool toImperial, bool bothColumns, b
 }
 
 void frmProperties::ShowPressures() {
-  Text4.Text = Fixed(AltitudeToPressure(Rounded(Text2, 0), Metric()), 3);
-  Text3.Text = Fixed(AltitudeToPressure(Rounded(Text5, 0), Metric()), 3);
+  for (const auto& [altitude, pressure] : {std::pair(&Text2, &Text4), std::pair(&Text5, &Text3)}) {
+    const bool known = NumberIn(altitude->Text).has_value();
+    pressure->Text = known ? Fixed(AltitudeToPressure(Rounded(*altitude, 0), Metric()), 3) : "";
+  }
 }
 
 }  // namespace tav

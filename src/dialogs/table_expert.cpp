@@ -1,6 +1,7 @@
 #include "dialogs/table_expert.h"
 
 #include "model/numbers.h"
+#include "model/template_faults.h"
 #include "report/table_print.h"
 
 namespace tav {
@@ -19,6 +20,28 @@ constexpr int kBusy = 7332;
 constexpr int kOtherUnits = 7333;
 constexpr int kRounded = 7987;
 const std::string kSection = "TableExpert";
+
+/// The number of the field that a fault is told of, as they stand in the window.
+std::size_t FieldOf(AxesFault fault, const TableAxes& axes) {
+  switch (fault) {
+    case AxesFault::EndDepthNegative:
+      return 1;
+    case AxesFault::DepthStepNotPositive:
+    case AxesFault::TooManyDives:
+      return 2;
+    case AxesFault::StartTimeBeyondEnd:
+    case AxesFault::StartTimeNegative:
+      return 3;
+    case AxesFault::EndTimeNegative:
+      return 4;
+    case AxesFault::TimeStepNotPositive:
+      return 5;
+    case AxesFault::OutOfReach:
+      return axes.EndDepth > kMaximumDepth ? 1 : 4;
+    default:
+      return 0;
+  }
+}
 
 }  // namespace
 
@@ -56,26 +79,35 @@ void frmTableExpert::Form_Load() {
   Check1.Caption = T(5010);
   Label10.Caption = T(6092);
 
-  const DiveTemplate& settings = TemplateOf(TableDocument());
-  std::vector<std::string> gases;
-  for (const GasMix& blend : settings.Blends) gases.push_back(blend.Name);
-  Combo1.Items = gases;
-  Combo1.ListIndex = 0;
-  ShowMixDetails();
+  ShowGases();
   ShowFields();
   const std::string fast = platform_.settings.ReadSetting(kSection, "FastDescent");
   Check1.Value = fast.empty() || Number(fast) != 0;
-  Label13.Caption = settings.Templatename;
+  Label13.Caption = TemplateOf(TableDocument()).Templatename;
   tbSD.SelectAll();
+}
+
+void frmTableExpert::ShowGases() {
+  std::vector<std::string> gases;
+  for (const GasMix& blend : TemplateOf(TableDocument()).Blends) gases.push_back(blend.Name);
+  Combo1.Items = gases;
+  Combo1.ListIndex = 0;
+  ShowMixDetails();
 }
 
 void frmTableExpert::ShowFields() {
   metric_ = TemplateOf(TableDocument()).Metric;
   Label11.Caption = T(metric_ ? kMetres : kFeet);
-  for (const Field& field : Fields()) {
-    const std::string text = platform_.settings.ReadSetting(kSection, metric_ ? field.metricKey : field.imperialKey);
-    field.box.Text = !text.empty() ? text : metric_ ? field.metricDefault : field.imperialDefault;
-  }
+  const auto show = [this](bool kept) {
+    for (const Field& field : Fields()) {
+      const std::string text = platform_.settings.ReadSetting(kSection, metric_ ? field.metricKey : field.imperialKey);
+      field.box.Text = kept && !text.empty() ? text : metric_ ? field.metricDefault : field.imperialDefault;
+    }
+  };
+  show(true);
+  // The settings are a text file that anyone may edit.
+  const auto axes = Axes();
+  if (!axes || FindAxesFault(*axes) != AxesFault::None) show(false);
 }
 
 void frmTableExpert::ShowMixDetails() {
@@ -123,9 +155,22 @@ bool frmTableExpert::CanStart() {
 void frmTableExpert::cbStart_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
   if (!CanStart()) return;
+  const auto axes = ReadAxes();
+  if (!axes) return;
+  const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
+  if (!mix) {
+    Box(T(kNoGas), T(kTitle), BoxIcon::Exclamation);
+    ShowGases();
+    return;
+  }
+  SquareDives dives(services_.forms.Services(), TableDocument(), *mix, Check1.Value, *axes);
+  if (!dives.Fault().empty()) {
+    Box(dives.Fault(), T(kTitle), BoxIcon::Stop);
+    return;
+  }
   SetRunning(true);
   SaveTableSettings();
-  GenerateTables();
+  GenerateTables(dives);
   SetRunning(false);
   Unload();
 }
@@ -138,40 +183,42 @@ bool frmTableExpert::Form_QueryUnload(bool /*byUser*/) {
   return run_ == nullptr;
 }
 
-std::optional<TableAxes> frmTableExpert::ReadAxes() {
+std::optional<TableAxes> frmTableExpert::Axes() {
   std::vector<Single> numbers;
+  for (const Field& field : Fields()) {
+    const auto value = NumberIn(field.box.Text);
+    if (!value) return std::nullopt;
+    numbers.emplace_back(RoundSingle(*value, 0));
+  }
+  return TableAxes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
+}
+
+std::optional<TableAxes> frmTableExpert::ReadAxes() {
   std::string rounded;
   for (const Field& field : Fields()) {
     const auto value = NumberIn(field.box.Text);
     if (!value) {
-      Box(T(kNoNumber) + " " + field.box.Text.Get(), T(kTitle), BoxIcon::Exclamation);
+      RefuseEntry(field.label, field.box, T(kNoNumber), T(kTitle));
       return std::nullopt;
     }
-    numbers.emplace_back(RoundSingle(*value, 0));
-    if (numbers.back() == *value) continue;
-    rounded += T(kRounded, {FieldName(field.label), field.box.Text, Plain(numbers.back())}) + "\r\n";
+    const Single whole = RoundSingle(*value, 0);
+    if (whole == *value) continue;
+    rounded += T(kRounded, {FieldName(field.label), field.box.Text, Plain(whole)}) + "\r\n";
   }
-  const TableAxes axes{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
-  const AxesFault fault = FindAxesFault(axes);
+  const auto axes = Axes();
+  const AxesFault fault = FindAxesFault(*axes);
   if (fault != AxesFault::None) {
-    Box(T(TextOf(fault)), T(kTitle), BoxIcon::Exclamation);
+    const Field field = Fields().at(FieldOf(fault, *axes));
+    RefuseEntry(field.label, field.box, rounded + T(TextOf(fault)), T(kTitle));
     return std::nullopt;
   }
   if (!rounded.empty()) Box(rounded, T(kTitle), BoxIcon::Information);
   return axes;
 }
 
-void frmTableExpert::GenerateTables() {
-  const auto axes = ReadAxes();
-  if (!axes) return;
-  const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
-  if (!mix) {
-    Box(T(kNoGas), T(kTitle), BoxIcon::Exclamation);
-    return;
-  }
-  SquareDives dives(services_.forms.Services(), TableDocument(), *mix, Check1.Value, *axes);
-  std::string fault = dives.Fault();
-  if (fault.empty()) {
+void frmTableExpert::GenerateTables(SquareDives& dives) {
+  std::string fault;
+  {
     LongRun run(platform_.screen, host_, TableDocument(), pbProgress);
     run_ = &run;
     try {

@@ -48,8 +48,6 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   void cbStart_Click();
   void cbCancel_Click();
   void ShowMixDetails();
-  void SaveTableSettings();
-  void GenerateTables();
 
  protected:
   void Form_Load() override;
@@ -66,12 +64,17 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   };
 
   [[nodiscard]] std::array<Field, 6> Fields();
+  void ShowGases();
   /// The depths and times used last in the unit of the template.
   void ShowFields();
+  void SaveTableSettings();
   /// Whether tables can be made now; says why not.
   bool CanStart();
-  /// The grid, in whole numbers; says what is wrong with it, and what was rounded.
+  /// The grid, in whole numbers; nothing while a field holds no number.
+  std::optional<TableAxes> Axes();
+  /// The same when it has no fault; says what is wrong with which field, and what was rounded.
   std::optional<TableAxes> ReadAxes();
+  void GenerateTables(SquareDives& dives);
   [[nodiscard]] std::int16_t TableDocument() const { return plan_ ? plan_->Number() : DocumentStore::DefaultDocument; }
   void SetRunning(bool running);
 

@@ -13,6 +13,7 @@ std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100)
 Single Clamped(double fraction, double most) { return std::clamp(fraction, 0.0, most); }
 
 constexpr double kMostOfASecondGas = 0.99;
+constexpr int kOtherGasOfTheName = 8105;
 
 }  // namespace
 
@@ -85,6 +86,10 @@ void frmWaypointForm::AddMix(const std::string& name, Single o2, Single n2, Sing
   FillCombo();
   Combo1.ListIndex = *index;
   Combo1_Click();
+  const GasMix& chosen = t.Blends[static_cast<std::size_t>(*index)];
+  if (chosen.O2 != o2 || chosen.He != he) {
+    Box(T(kOtherGasOfTheName, {name, Plain(chosen.O2), Plain(chosen.He)}), Caption, BoxIcon::Exclamation);
+  }
 }
 
 void frmWaypointForm::ShowInfo(Kind kind, bool edited) {

@@ -106,7 +106,7 @@ void ClassBuhlmann::LoadRows(const ClassProfile& userProfile, std::int16_t first
 }
 
 void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco,
-                                  bool forceOC) {
+                                  bool forceOC, std::int16_t openFrom) {
   result_ = &segmentedProfile;
   const Waypoint& start = userProfile.Row(0);
   FillStartRow(start, segmentedProfile.Row(0));
@@ -120,6 +120,7 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
     const Waypoint& row = userProfile.Row(static_cast<std::int16_t>(i));
     currentMix_ = row.MixNumber;
     status_ = row.Status;
+    if (i == openFrom) openCircuit_ = true;
     if (row.Rate != 0) {
       RateSegment(previousDepth_, row.Depth, row.Rate, template_->StartPressure, {row.DoShow, true, true});
     } else {

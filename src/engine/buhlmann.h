@@ -45,9 +45,10 @@ class ClassBuhlmann {
   void LoadMore(const ClassProfile& userProfile, ClassProfile& segmentedProfile);
 
   /// Replays the plan and, if runDeco is set, appends the ascent. `segmentedProfile` comes cleared. forceOC runs the
-  /// ascent of a rebreather plan on open circuit. The end state goes to the document: loads, CNS and OTU totals, and
-  /// whether the plan decompresses.
-  void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC);
+  /// ascent of a rebreather plan on open circuit, and its rows from `openFrom` on were breathed so; 0 for none. The end
+  /// state goes to the document: loads, CNS and OTU totals, and whether the plan decompresses.
+  void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC,
+                     std::int16_t openFrom = 0);
 
   /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run; the end
   /// state of the document stays as it is. To be called after Init; `moments` must outlive the run.
@@ -206,6 +207,7 @@ class ClassBuhlmann {
   Single otuTotal_;
   Single cnsTotal_;
   bool decompresses_ = true;
+  bool lastStopBelowBottom_ = false;  ///< the ascent begins no deeper than LastStop, and waits there for the surface
   std::vector<DiveMoment>* moments_ = nullptr;
   Single rowTime_;      // run time at the start of the segment
   Single stretchTime_;  // run time at the start of the stretch

@@ -19,6 +19,7 @@ constexpr double kTimeNoise = 0.001;
 // What keeps a ceiling below the next stop, texts by number.
 constexpr int kGasKeepsCeiling = 7889;
 constexpr int kLoopKeepsCeiling = 7890;
+constexpr int kLastStopKeepsDown = 8354;
 
 /// The next whole minute of the run time, one whole minute on from a whole run time.
 Single NextWholeMinute(Single runTime) {
@@ -77,6 +78,7 @@ Single ClassBuhlmann::NextCandidate(Single stop) const {
 
 void ClassBuhlmann::Ascend(Single currentDepth, Single maximumDepth) {
   const Single surfacePressure = template_->EndPressure;
+  lastStopBelowBottom_ = template_->LastStop >= currentDepth && currentDepth > template_->StepSize;
   vpmGradient_ = VPMGradient(maximumDepth, surfacePressure, template_->Metric);
   decoPhase_ = true;
   ceilingKnown_ = false;
@@ -165,7 +167,8 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
   while (Ceiling() > nextStop) {
     if (waited >= kLongestStop) {
       decompresses_ = false;
-      observer_.StopHitLimit({document_, template_->Metric, depth, Mix().Name, wait.reason});
+      observer_.StopHitLimit(
+          {document_, template_->Metric, depth, Mix().Name, lastStopBelowBottom_ ? kLastStopKeepsDown : wait.reason});
       break;
     }
     waited += wait.step;

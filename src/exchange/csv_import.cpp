@@ -15,12 +15,6 @@ namespace {
 constexpr const char* kAscentWord = "ascent";
 constexpr std::size_t kColumns = 3;  // depth, minutes, gas
 
-std::string Small(std::string text) {
-  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  std::transform(text.begin(), text.end(), text.begin(), small);
-  return text;
-}
-
 /// Tab or semicolon where the text has one outside of quotes, else the comma.
 char SeparatorOf(const std::string& text) {
   bool quoted = false;
@@ -60,21 +54,6 @@ std::optional<std::vector<std::string>> CellsOf(std::string_view line, char sepa
   return cells;
 }
 
-/// The name of a blend that differs in its case alone; else that of a gas that the name tells in another case.
-std::string NameInItsCase(const std::string& name, const DiveTemplate& settings) {
-  if (FindBlend(name, settings)) return name;
-  const std::string small = Small(name);
-  for (const GasMix& blend : settings.Blends) {
-    if (Small(blend.Name) == small) return blend.Name;
-  }
-  for (const std::string start : {"EAN", "Tx", "H", "Oxygen"}) {
-    if (!small.starts_with(Small(start))) continue;
-    std::string usual = start + name.substr(start.size());
-    if (MixOfName(usual)) return usual;
-  }
-  return name;
-}
-
 /// Lines in which something is assumed: how many, and the first.
 struct Lines {
   int count = 0;
@@ -110,6 +89,7 @@ class CsvImport {
     imported_.profile.dives.front().UserActions = table_.Actions();
     Tell(exchange_text::kLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
     Tell(exchange_text::kMoreColumns, moreColumns_, "");
+    Tell(exchange_text::kHeadingWithDigits, headings_, "");
     imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
     return std::move(imported_);
   }
@@ -142,6 +122,8 @@ class CsvImport {
     }
     if (table_.Paste(row, tabbed, kAscentWord) == 0) {
       if (row > 0 && !ascent) Fail(number, exchange_text::kNoSeparator);
+      // A heading has no digits; a waypoint with a slip in its numbers does.
+      if (line.find_first_of("0123456789") != std::string_view::npos) headings_.Add(number);
       return;
     }
     imported_.profile.lines.front().actions.push_back(number);
@@ -155,11 +137,13 @@ class CsvImport {
 
   /// A gas that only its name tells is added.
   void TakeGas(int row, const std::string& gas) {
-    const std::string name = NameInItsCase(gas, Settings());
-    const auto mix = MixOfName(name);
-    if (!FindBlend(name, Settings()) && mix) Settings().Blends.push_back(*mix);
+    auto mix = GasNamed(gas, Settings());
+    if (const auto told = MixOfName(gas); !mix && told) {
+      mix = static_cast<std::int16_t>(Settings().Blends.size());
+      Settings().Blends.push_back(*told);
+    }
     table_.Set(row, LegTable::Field::Gas, "");
-    table_.Set(row, LegTable::Field::Gas, name);
+    table_.Set(row, LegTable::Field::Gas, mix ? Settings().Blends[static_cast<std::size_t>(*mix)].Name : gas);
   }
 
   const std::filesystem::path& file_;
@@ -169,6 +153,7 @@ class CsvImport {
   LegTable table_;
   Lines withoutGas_;
   Lines moreColumns_;
+  Lines headings_;  // with digits in them
   ImportedDives imported_;
 };
 

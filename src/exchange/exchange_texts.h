@@ -22,6 +22,13 @@ constexpr int kMoreColumns = 7789;
 constexpr int kFromSettings = 7790;
 constexpr int kOneLeg = 7791;
 
+constexpr int kReadAs = 8362;
+constexpr int kOverlaps = 8363;
+constexpr int kBackwards = 8364;
+constexpr int kIntervalContradicted = 8365;
+constexpr int kModeNotPlanned = 8366;
+constexpr int kHeadingWithDigits = 8369;
+
 // Why a file can't be imported.
 constexpr int kTooLarge = 7830;
 constexpr int kNoXml = 7831;
@@ -46,5 +53,7 @@ constexpr int kOxygenUntold = 7783;
 constexpr int kNoOxygen = 7784;
 constexpr int kControlCharacter = 7792;
 constexpr int kQuoteNotClosed = 7793;
+constexpr int kTwoOfOneId = 8367;
+constexpr int kSharesNotWhole = 8368;
 
 }  // namespace tav::exchange_text

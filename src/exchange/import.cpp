@@ -1,6 +1,7 @@
 #include "exchange/import.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <set>
 #include <utility>
@@ -11,7 +12,6 @@
 #include "exchange/plan_samples.h"
 #include "exchange/uddf_reader.h"
 #include "model/number_text.h"
-#include "model/template_faults.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -70,8 +70,6 @@ class UddfImport {
     try {
       ProfileText text = ReadProfileText(logged.plan, faults);
       if (text.dives.size() != 1) throw FileError(file_, 1, texts_.GetResString(exchange_text::kNoDive));
-      const auto found = TemplateFaults(text.dives.front().Template);
-      if (!found.empty()) throw FileError(file_, 1, JoinFaults(found));
       return std::move(text.dives.front());
     } catch (const FileError& error) {
       throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1),
@@ -99,19 +97,26 @@ class UddfImport {
     imported_.remarks.push_back(texts_.Filled(exchange_text::kNoSamples, {std::to_string(logged.number)}));
   }
 
-  /// Minutes at the surface after the dive before: as told, else by the clock.
+  /// Minutes at the surface after the dive before: as told, else by the clock. Where the two do not agree it is told.
   double Interval(const LoggedDive& logged) {
-    if (logged.surfaceInterval) return *logged.surfaceInterval;
-    const auto tell = [&](int text, double minutes) {
-      const std::string written = FormatFixed(minutes, 0);
-      imported_.remarks.push_back(texts_.Filled(text, {std::to_string(logged.number), written}));
-      return minutes;
+    const auto tell = [&](int text, double byClock, double taken) {
+      imported_.remarks.push_back(texts_.Filled(
+          text, {std::to_string(logged.number), FormatFixed(Single(byClock), 0), FormatFixed(Single(taken), 0)}));
+      return taken;
     };
-    if (logged.startMinute && before_->startMinute && !before_->samples.empty()) {
-      const double minutes = *logged.startMinute - *before_->startMinute - before_->samples.back().minutes;
-      if (minutes >= 0) return tell(exchange_text::kIntervalFromClock, std::min(minutes, kMaximumSurfaceInterval));
+    constexpr double kRounding = 1;  // minutes
+    const bool clock = logged.startMinute && before_->startMinute && !before_->samples.empty();
+    const double gap = clock ? *logged.startMinute - *before_->startMinute - before_->samples.back().minutes : 0;
+    const double told = logged.surfaceInterval.value_or(logged.longInterval ? kMaximumSurfaceInterval : 0);
+    if (clock && *logged.startMinute < *before_->startMinute) return tell(exchange_text::kBackwards, 0, told);
+    if (gap < -kRounding) return tell(exchange_text::kOverlaps, -gap, told);
+    if (logged.surfaceInterval) {
+      const bool agree = !clock || std::fabs(gap - told) <= kRounding;
+      return agree ? told : tell(exchange_text::kIntervalContradicted, gap, told);
     }
-    return tell(exchange_text::kIntervalUnknown, logged.longInterval ? kMaximumSurfaceInterval : 0);
+    if (!clock) return tell(exchange_text::kIntervalUnknown, told, told);
+    const double taken = std::clamp(gap, 0.0, kMaximumSurfaceInterval);
+    return tell(exchange_text::kIntervalFromClock, taken, taken);
   }
 
   const std::filesystem::path& file_;
@@ -136,13 +141,17 @@ ImportedDives ImportUddf(const std::filesystem::path& file, std::string text, co
 
 ImportedDives ImportFile(const std::filesystem::path& file, const DiveTemplate& settings, int dive,
                          const TextSource& texts) {
-  std::string text = ReadTextFile(file);
+  std::string text = ReadTextFile(file, UddfDocument::kLargestFile);
   std::string extension = file.extension().string();
   const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   std::transform(extension.begin(), extension.end(), extension.begin(), small);
   DiveTemplate ofNewPlans = settings;
   SetUpNewPlan(ofNewPlans);
-  if (extension == kCsvExtension) return ImportCsv(file, text, ofNewPlans, texts);
+  if (extension == kCsvExtension) {
+    // Waypoints are those of one dive.
+    if (dive > 1) throw FileError(file, 0, {exchange_text::kNoSuchDive, {std::to_string(dive), "1"}});
+    return ImportCsv(file, text, ofNewPlans, texts);
+  }
   return ImportUddf(file, std::move(text), ofNewPlans, dive, texts);
 }
 

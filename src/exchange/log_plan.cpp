@@ -25,6 +25,8 @@ class OneDive {
       : log_(log), dive_(dive), settings_(settings), texts_(texts), remarks_(remarks) {}
 
   LogFault Run(ClassUseractions& actions) {
+    for (const auto& [element, number, unit] : dive_.readAs) Tell(exchange_text::kReadAs, element, number, unit);
+    for (const std::string& mode : dive_.otherModes) Tell(exchange_text::kModeNotPlanned, mode);
     const std::vector<GasFrom> gases = Gases();
     TakeLoop();
     TakeSurface();

@@ -33,6 +33,13 @@ struct LoggedDive {
     double bar = 0;
   };
 
+  /// A pressure that is not in pascal, as it should be.
+  struct ReadAs {
+    std::string element;
+    std::string number;  ///< as it stands in the file
+    std::string unit;
+  };
+
   int number = 0;                   ///< place in the file, from 1
   int line = 0;                     ///< of the file
   std::string plan;                 ///< the record of a plan; empty for a dive of other programs
@@ -43,6 +50,8 @@ struct LoggedDive {
   std::vector<Setpoint> setpoints;  ///< in order of time
   bool rebreather = false;
   bool leavesLoop = false;                ///< the log changes between loop and open circuit
+  std::vector<std::string> otherModes;    ///< dive modes that can't be planned, each once
+  std::vector<ReadAs> readAs;             ///< each element once
   std::optional<double> startMinute;      ///< by the clock, from some day on
   std::optional<double> surfaceInterval;  ///< minutes
   bool longInterval = false;              ///< "infinity" is told

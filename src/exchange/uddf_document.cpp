@@ -49,7 +49,10 @@ std::string TextOf(pugi::xml_node element) {
 UddfDocument::UddfDocument(std::filesystem::path file, std::string text, const TextSource& texts)
     : file_(std::move(file)), text_(std::move(text)), texts_(texts) {
   if (text_.size() > kLargestFile) {
-    Fail(0, exchange_text::kTooLarge, {std::to_string(kLargestFile / 1024 / 1024)});
+    Fail(0, exchange_text::kTooLarge, {std::to_string(kLargestFile / kMiB)});
+  }
+  for (std::size_t end = text_.find('\n'); end != std::string::npos; end = text_.find('\n', end + 1)) {
+    lineEnds_.push_back(end);
   }
   constexpr unsigned kParts = pugi::parse_default | pugi::parse_pi | pugi::parse_doctype;
   const pugi::xml_parse_result result = document_.load_buffer(text_.data(), text_.size(), kParts, pugi::encoding_utf8);
@@ -70,8 +73,8 @@ void UddfDocument::Fail(int line, int id, std::initializer_list<std::string> val
 
 int UddfDocument::LineAt(std::ptrdiff_t offset) const {
   if (offset < 0) return 0;
-  const auto end = std::min(static_cast<std::size_t>(offset), text_.size());
-  return 1 + static_cast<int>(std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+  const auto before = std::ranges::lower_bound(lineEnds_, static_cast<std::size_t>(offset));
+  return 1 + static_cast<int>(before - lineEnds_.begin());
 }
 
 double UddfDocument::Number(pugi::xml_node element, double least, double most) const {

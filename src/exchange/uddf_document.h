@@ -5,7 +5,9 @@
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "persist/text_file.h"
 #include "platform/text_source.h"
 
 namespace tav {
@@ -15,7 +17,8 @@ namespace tav {
 /// by their local name, whatever prefix they have.
 class UddfDocument {
  public:
-  static constexpr std::size_t kLargestFile = std::size_t{32} * 1024 * 1024;
+  /// A series of 10,000 deep dives takes half of it.
+  static constexpr std::size_t kLargestFile = 256 * kMiB;
 
   /// `text` is UTF-8. Throws FileError, with line and reason in the words of `texts`, for what is no UDDF. `texts` must
   /// outlive the document.
@@ -40,6 +43,7 @@ class UddfDocument {
   std::filesystem::path file_;
   std::string text_;
   const TextSource& texts_;
+  std::vector<std::size_t> lineEnds_;
   pugi::xml_document document_;
 };
 

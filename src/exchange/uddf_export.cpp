@@ -225,7 +225,8 @@ std::string WriteUddf(DocumentForms& forms, const std::vector<std::int16_t>& doc
   }
   mixes.Write(definitions);
   std::ostringstream out;
-  file.save(out, "  ", pugi::format_default, pugi::encoding_utf8);
+  // Without indentation: it would be a third of the file.
+  file.save(out, "", pugi::format_default, pugi::encoding_utf8);
   return out.str();
 }
 

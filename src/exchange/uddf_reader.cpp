@@ -18,9 +18,14 @@ namespace {
 
 using pugi::xml_node;
 
-constexpr double kDeepest = 500;             // m
-constexpr double kAboveSurface = -10;        // m: what a gauge that was not set to zero may show
-constexpr double kMostPressure = 1e8;        // Pa
+constexpr double kDeepest = 500;       // m
+constexpr double kAboveSurface = -10;  // m: what a gauge that was not set to zero may show
+constexpr double kMostPressure = 1e8;  // Pa
+constexpr double kHighest = 6000;      // m
+constexpr double kLeastSurface = 0.3;  // bar: of a shore
+constexpr double kMostSurface = 1.2;
+constexpr double kLeastSetpoint = 0.2;  // bar
+constexpr double kMostSetpoint = 2;
 constexpr std::size_t kMostSamples = 50000;  // of a dive: 14 hours with one a second
 constexpr std::size_t kMostDives = 30000;
 constexpr std::size_t kMostMixes = 1000;
@@ -33,10 +38,15 @@ class Reader {
 
   DiveLog Run() {
     ReadMixes();
-    for (const xml_node group : Child(document_.Root(), "profiledata").children()) {
-      if (!IsElement(group, "repetitiongroup")) continue;
-      for (const xml_node dive : group.children()) {
-        if (IsElement(dive, "dive")) ReadDive(dive);
+    // The schema has one "profiledata" of groups; what has more, or dives without a group, holds dives all the same.
+    for (const xml_node data : document_.Root().children()) {
+      if (!IsElement(data, "profiledata")) continue;
+      for (const xml_node group : data.children()) {
+        if (IsElement(group, "dive")) ReadDive(group);
+        if (!IsElement(group, "repetitiongroup")) continue;
+        for (const xml_node dive : group.children()) {
+          if (IsElement(dive, "dive")) ReadDive(dive);
+        }
       }
     }
     if (log_.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
@@ -53,10 +63,11 @@ class Reader {
   }
 
   /// A gas that can't be breathed matters to logged dives alone: a plan has its own.
-  void Blame(xml_node mix, int text) {
+  void Blame(xml_node mix, int text, const std::string& more = "") {
     if (mixFault_ != 0) return;
     faultyMix_ = mix;
     mixFault_ = text;
+    mixMore_ = more;
   }
 
   /// By its name, else by its "id".
@@ -68,30 +79,45 @@ class Reader {
   }
 
   void ReadMixes() {
-    for (const xml_node node : Child(document_.Root(), "gasdefinitions").children()) {
-      if (!IsElement(node, "mix")) continue;
-      if (log_.mixes.size() == kMostMixes) return Blame(node, exchange_text::kTooManyGases);
-      LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
-      if (HasControl(mix.name)) Blame(node, exchange_text::kControlCharacter);
-      if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
-      const double nitrogen = Share(node, "n2");
-      if (!Child(node, "o2")) {
-        // What is left is oxygen where both other gases are told; a mix that tells less could be anything.
-        if (!Child(node, "n2") || !Child(node, "he")) Blame(node, exchange_text::kOxygenUntold);
-        mix.o2 = 100 - nitrogen - mix.he;
+    for (const xml_node data : document_.Root().children()) {
+      if (!IsElement(data, "gasdefinitions")) continue;
+      for (const xml_node node : data.children()) {
+        if (IsElement(node, "mix")) ReadMix(node);
       }
-      constexpr double kRounding = 0.5;  // per cent
-      if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < -kRounding) {
-        Blame(node, exchange_text::kSharesBeyondWhole);
-      }
-      constexpr double kNone = 0.05;  // per cent
-      if (mix.o2 < kNone) Blame(node, exchange_text::kNoOxygen);
-      mix.o2 = std::clamp(mix.o2, 0.0, 100.0);
-      mix.he = std::min(mix.he, 100 - mix.o2);
-      mixOfId_.emplace(node.attribute("id").value(), log_.mixes.size());
-      log_.mixes.push_back(std::move(mix));
     }
   }
+
+  void ReadMix(xml_node node) {
+    if (log_.mixes.size() == kMostMixes) return Blame(node, exchange_text::kTooManyGases);
+    LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
+    if (HasControl(mix.name)) Blame(node, exchange_text::kControlCharacter);
+    if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
+    const double nitrogen = Share(node, "n2");
+    if (!Child(node, "o2")) {
+      // What is left is oxygen where both other gases are told; a mix that tells less could be anything.
+      if (!Child(node, "n2") || !Child(node, "he")) Blame(node, exchange_text::kOxygenUntold);
+      mix.o2 = 100 - nitrogen - mix.he;
+    }
+    constexpr double kRounding = 0.5;  // per cent
+    if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < -kRounding) {
+      Blame(node, exchange_text::kSharesBeyondWhole);
+    }
+    if (Child(node, "n2") && mix.o2 + mix.he + nitrogen < 100 - kRounding) {
+      Blame(node, exchange_text::kSharesNotWhole, FormatFixed(Single(mix.o2 + mix.he + nitrogen), 1));
+    }
+    constexpr double kNone = 0.05;  // per cent
+    if (mix.o2 < kNone) Blame(node, exchange_text::kNoOxygen);
+    mix.o2 = std::clamp(mix.o2, 0.0, 100.0);
+    mix.he = std::min(mix.he, 100 - mix.o2);
+    const std::string id = node.attribute("id").value();
+    if (!id.empty()) {
+      const auto [known, first] = mixOfId_.emplace(id, log_.mixes.size());
+      if (!first && !SameShares(log_.mixes[known->second], mix)) Blame(node, exchange_text::kTwoOfOneId, id);
+    }
+    log_.mixes.push_back(std::move(mix));
+  }
+
+  static bool SameShares(const LoggedMix& a, const LoggedMix& b) { return a.o2 == b.o2 && a.he == b.he; }
 
   void ReadDive(xml_node node) {
     if (log_.dives.size() == kMostDives) document_.Fail(node, exchange_text::kTooManyDives);
@@ -107,7 +133,7 @@ class Reader {
       if (IsElement(child, "tankdata") && dive.tanks.size() < kMostTanks) ReadTank(child, dive);
     }
     if (!dive.plan.empty()) return ReadPlanned(node, dive);
-    if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_, {NameOf(faultyMix_)});
+    if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_, {NameOf(faultyMix_), mixMore_});
     ReadBefore(Child(node, "informationbeforedive"), dive);
     lastMinute_ = 0;
     for (const xml_node sample : Child(node, "samples").children()) {
@@ -117,7 +143,9 @@ class Reader {
 
   /// What tells whether the dive still is its plan.
   static void ReadPlanned(xml_node node, LoggedDive& dive) {
-    const xml_node interval = Child(Child(node, "informationbeforedive"), "surfaceintervalbeforedive");
+    const xml_node before = Child(node, "informationbeforedive");
+    dive.startMinute = MinuteOf(TextOf(Child(before, "datetime")));
+    const xml_node interval = Child(before, "surfaceintervalbeforedive");
     dive.longInterval = !Child(interval, "infinity").empty();
     const auto number = [](xml_node element) {
       return ParseStrict(TextOf(element)).value_or(std::numeric_limits<double>::quiet_NaN());
@@ -161,7 +189,8 @@ class Reader {
       const bool digits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
       return digits ? static_cast<int>(ParseLenient(text)) : -1;
     };
-    if (dateTime.size() < 16 || part(11, 2) < 0 || part(14, 2) < 0) return std::nullopt;
+    const auto within = [](int number, int most) { return number >= 0 && number <= most; };
+    if (dateTime.size() < 16 || !within(part(11, 2), 24) || !within(part(14, 2), 59)) return std::nullopt;
     const std::chrono::year_month_day date(std::chrono::year(part(0, 4)),
                                            std::chrono::month(static_cast<unsigned>(part(5, 2))),
                                            std::chrono::day(static_cast<unsigned>(part(8, 2))));
@@ -178,10 +207,9 @@ class Reader {
       dive.surfaceInterval =
           document_.Number(passed, 0, kMaximumSurfaceInterval * si::kSecondsPerMinute) / si::kSecondsPerMinute;
     }
-    if (const xml_node altitude = Child(before, "altitude")) dive.altitude = document_.Number(altitude, -500, 9000);
+    if (const xml_node altitude = Child(before, "altitude")) dive.altitude = document_.Number(altitude, -500, kHighest);
     if (const xml_node pressure = Child(before, "surfacepressure")) {
-      const double number = document_.Number(pressure, 0.3, 200000);
-      dive.surfacePressure = number > 20 ? number / si::kPascalPerBar : number;
+      dive.surfacePressure = Bar(pressure, kLeastSurface, kMostSurface, dive);
     }
     dive.rebreather = TextOf(Child(before, "apparatus")) == "rebreather";
     for (const xml_node link : before.children()) {
@@ -199,14 +227,37 @@ class Reader {
     ReadDepth(node, minutes, dive);
     if (const xml_node link = Child(node, "switchmix")) dive.switches.push_back({minutes, Linked(link)});
     if (const xml_node setpoint = Child(node, "setpo2")) {
-      const double number = document_.Number(setpoint, 0.1, 1e6);
-      dive.setpoints.push_back({minutes, number > 20 ? number / si::kPascalPerBar : number});
+      dive.setpoints.push_back({minutes, Bar(setpoint, kLeastSetpoint, kMostSetpoint, dive)});
     }
     if (const xml_node mode = Child(node, "divemode")) {
-      const bool loop = std::string_view(mode.attribute("type").value()) == "closedcircuit";
+      const std::string_view type = mode.attribute("type").value();
+      const bool loop = type == "closedcircuit";
+      if (!loop && type != "opencircuit") NoteMode(type, dive);
       dive.leavesLoop = dive.leavesLoop || (dive.rebreather && !loop) || (loop && !dive.rebreather && minutes > 0);
       dive.rebreather = dive.rebreather || loop;
     }
+  }
+
+  static void NoteMode(std::string_view type, LoggedDive& dive) {
+    constexpr std::size_t kMostShown = 40;
+    std::string mode = WithoutControl(type.substr(0, kMostShown));
+    constexpr std::size_t kMostModes = 5;
+    const bool known = std::ranges::find(dive.otherModes, mode) != dive.otherModes.end();
+    if (!known && dive.otherModes.size() < kMostModes) dive.otherModes.push_back(std::move(mode));
+  }
+
+  /// A pressure of `least` to `most` bar, in pascal or in the unit in which it is one.
+  [[nodiscard]] double Bar(xml_node element, double least, double most, LoggedDive& dive) const {
+    constexpr std::pair<double, const char*> kUnits[] = {{100000, "Pa"}, {1000, "hPa"}, {100, "kPa"}, {1, "bar"}};
+    const double number = document_.Number(element, 0, kMostPressure);
+    for (const auto& [ofBar, unit] : kUnits) {
+      if (number < least * ofBar || number > most * ofBar) continue;
+      const std::string name = element.name();
+      const bool told = std::ranges::find(dive.readAs, name, &LoggedDive::ReadAs::element) != dive.readAs.end();
+      if (ofBar < si::kPascalPerBar && !told) dive.readAs.push_back({name, TextOf(element), unit});
+      return number / ofBar;
+    }
+    return document_.Number(element, least * si::kPascalPerBar, most * si::kPascalPerBar) / si::kPascalPerBar;
   }
 
   /// A sample without a depth tells an event between two others.
@@ -227,6 +278,7 @@ class Reader {
   DiveLog log_;
   xml_node faultyMix_;  // the first one
   int mixFault_ = 0;
+  std::string mixMore_;
   double lastMinute_ = 0;  // of the dive at hand
   std::map<std::string, std::size_t> mixOfId_;
 };

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "mixer/gauge_list.h"
+#include "mixer/fill_advice.h"
 #include "model/number_text.h"
 #include "platform/text_source.h"
 
@@ -17,34 +17,44 @@ struct CylinderSize {
   Single volume;
   Single ratedPressure;  ///< of no meaning for litres
 
-  /// Litres, or cubic feet, of free gas in the cylinder for each bar.
-  [[nodiscard]] double FreeGasPerBar(bool metric) const {
-    return metric ? double{volume} : volume * kPsiPerBar / ratedPressure;
+  /// What a litre of gas in each litre of the cylinder, at 1 bar, is in all: litres at 1 bar, or cubic feet at one
+  /// atmosphere.
+  [[nodiscard]] double FreeGas(bool metric) const {
+    return metric ? double{volume} : volume * kPsiPerBar / ratedPressure / kBarPerAtmosphere;
   }
 };
 
-/// The list to fill by in words and rows: what window, sheet and command line say.
+/// The list to fill by in words and rows: what window, sheet and command line say. A text that there is no need for is
+/// empty.
 class FillWords {
  public:
   /// Numbers take the decimal separator; units follow `metric`.
   FillWords(const TextSource& texts, const LocaleSeparators& separators, bool metric)
-      : texts_(texts), decimal_(separators.decimal), metric_(metric) {}
+      : texts_(texts), separators_(separators), metric_(metric) {}
 
-  /// The heads of the list: gas, pressure to fill to, the same for ideal gases, and the amount when asked for.
-  [[nodiscard]] std::vector<std::string> Heads(bool amount) const;
+  /// The heads of the list: gas, pressure to fill to, the same in a warm cylinder and for ideal gases, amount.
+  [[nodiscard]] std::vector<std::string> Heads(const std::optional<Single>& warm, bool amount) const;
   /// The list as rows of a table, the heads first. Amounts are told with a cylinder size alone.
-  [[nodiscard]] std::vector<std::vector<std::string>> Rows(const FillRequest& request, const GaugeList& list,
+  [[nodiscard]] std::vector<std::vector<std::string>> Rows(const FillAdvice& advice,
                                                            const std::optional<CylinderSize>& cylinder) const;
-  /// What keeps the fill from being possible and what helps; that there is nothing to fill; else empty.
-  [[nodiscard]] std::string Hindrance(const FillRequest& request, const GaugeList& list) const;
-  /// The mix that the list gives, with its MOD; empty for an empty list.
-  [[nodiscard]] std::string Outcome(const GaugeList& list) const;
-  /// What it would give if the gases were ideal: so far may a real fill be off; empty for an empty list.
-  [[nodiscard]] std::string IfIdeal(const GaugeList& list) const;
-  /// What misses the wanted mix; empty when nothing does.
-  [[nodiscard]] std::string Misses(const FillRequest& request, const GaugeList& list) const;
-  /// That pressures are absolute, and what a gauge reads.
-  [[nodiscard]] std::string AboutPressures() const;
+  /// What keeps the fill from being possible and what helps; that there is nothing to fill.
+  [[nodiscard]] std::string Hindrance(const FillAdvice& advice) const;
+  /// The mix that the list gives, with its MOD.
+  [[nodiscard]] std::string Outcome(const FillAdvice& advice) const;
+  /// What the pressures for ideal gases would really give.
+  [[nodiscard]] std::string IfIdeal(const FillAdvice& advice) const;
+  /// What misses the wanted mix because of the rounding.
+  [[nodiscard]] std::string Misses(const FillAdvice& advice) const;
+  /// To what a warm cylinder is filled, and to what it settles.
+  [[nodiscard]] std::string Warm(const FillAdvice& advice) const;
+  /// That pressures are absolute, what a gauge reads, and at which temperature.
+  [[nodiscard]] std::string AboutPressures(const FillRequest& request) const;
+  /// What stands beside the block for ideal gases: which gas would have to come out.
+  [[nodiscard]] std::string AboutAirTop(const FillResult& result, const FillRequest& request) const;
+  /// What stands beside the van der Waals block: that a figure below 0 is no pressure.
+  [[nodiscard]] std::string AboutVanDerWaals(const FillResult& result, const FillRequest& request) const;
+  /// The mix that steps as they were done give.
+  [[nodiscard]] std::string OutcomeOfSteps(const MixShares& mix) const;
 
   [[nodiscard]] std::string Unit() const;
 
@@ -56,14 +66,14 @@ class FillWords {
   }
   [[nodiscard]] std::string Written(const std::string& number) const;
   [[nodiscard]] std::string Number(Single value, int decimals) const;
+  [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }
+  [[nodiscard]] std::string Degrees(Single celsius) const;
   [[nodiscard]] std::string Depth(Single percentO2, double ppo2) const;
+  [[nodiscard]] std::string WithDepths(int id, const MixShares& mix) const;
 
   const TextSource& texts_;
-  std::string decimal_;
+  LocaleSeparators separators_;
   bool metric_;
 };
-
-/// The name of a gas of the list, from the texts.
-std::string NameOf(FillGas gas, const TextSource& texts);
 
 }  // namespace tav

@@ -20,7 +20,7 @@ class Sheet {
       : report_(report),
         writer_(writer),
         words_(writer.Texts(), writer.Services().separators, report.request.metric),
-        list_(GaugeListOf(report.request, GaugeMark(report.request.metric))) {}
+        advice_(report.request, GaugeMark(report.request.metric)) {}
 
   void Write() {
     const FillRequest& request = report_.request;
@@ -72,40 +72,53 @@ class Sheet {
     const FillResult& result = report_.result;
     Block(2.0, 12.0, T(6401), 13.5, 15.0,
           {{T(6402), shown(result.AirO2)}, {T(6404), shown(result.Heneed)}, {T(6405), shown(result.Air)}});
+    constexpr double kWords = 15.05;
+    constexpr double kWidth = 6.7;
+    Lines(2.0, kWords, kWidth, words_.AboutAirTop(result, report_.request));
+  }
+
+  /// Writes a sentence in lines of a width, and tells where the next one begins.
+  double Lines(double x, double y, double width, const std::string& sentence) {
+    constexpr int kSmall = 9;
+    constexpr double kLine = 0.42;
+    if (sentence.empty()) return y;
+    for (const std::string& line : WrappedText(sentence, width, {kArial, kSmall, false}, writer_.Services().measure)) {
+      Text(x, y, line, kSmall);
+      y += kLine;
+    }
+    return y;
   }
 
   void List() {
     constexpr double kLeft = 9.0;
-    constexpr double kColumns[] = {15.0, 20.5, 26.0};  // right edges
-    constexpr int kSize = 12;                          // to be read at arm's length
+    const auto rows = words_.Rows(advice_, report_.cylinder);
+    // Right edges.
+    const std::vector<double> columns =
+        rows.front().size() > 4 ? std::vector{15.0, 19.5, 24.0, 28.0} : std::vector{15.0, 20.5, 26.0};
+    constexpr int kSize = 12;  // to be read at arm's length
     constexpr double kListRow = 0.6;
     constexpr double kTop = 9.9;
     Text(kLeft, 9.0, T(7400), kTitleSize);
     double y = kTop;
-    for (const auto& row : words_.Rows(report_.request, list_, report_.cylinder)) {
+    for (const auto& row : rows) {
       const int bold = y == kTop ? 1 : 0;
       Text(kLeft, y, row.front(), kSize, bold);
       for (std::size_t i = 1; i < row.size(); ++i) {
-        writer_.PrintTextRight(kColumns[i - 1], y, row[i], kArial, kSize, bold);
+        writer_.PrintTextRight(columns.at(i - 1), y, row[i], kArial, kSize, bold);
       }
       y += kListRow;
-      if (bold != 0) writer_.PrintBoxOutline(kLeft, y - 0.05, kColumns[row.size() - 2], y - 0.05);
+      if (bold != 0) writer_.PrintBoxOutline(kLeft, y - 0.05, columns.at(row.size() - 2), y - 0.05);
     }
   }
 
   void Sentences() {
     constexpr double kLeft = 9.0;
-    double y = 13.2;
-    for (const std::string& sentence : {words_.Hindrance(report_.request, list_), words_.Misses(report_.request, list_),
-                                        words_.Outcome(list_), words_.IfIdeal(list_), words_.AboutPressures()}) {
-      if (sentence.empty()) continue;
-      constexpr int kSmall = 9;
-      constexpr double kWidth = 19.3;  // to the edge of the title's band
-      for (const std::string& line :
-           WrappedText(sentence, kWidth, {kArial, kSmall, false}, writer_.Services().measure)) {
-        Text(kLeft, y, line, kSmall);
-        y += 0.45;
-      }
+    constexpr double kWidth = 19.3;  // to the edge of the title's band
+    double y = 12.95;
+    for (const std::string& sentence :
+         {words_.Hindrance(advice_), words_.Misses(advice_), words_.Outcome(advice_), words_.Warm(advice_),
+          words_.IfIdeal(advice_), words_.AboutPressures(report_.request)}) {
+      y = Lines(kLeft, y, kWidth, sentence);
     }
   }
 
@@ -128,7 +141,7 @@ class Sheet {
   const MixReport& report_;
   PrintPreview& writer_;
   FillWords words_;
-  GaugeList list_;
+  FillAdvice advice_;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "model/number_text.h"
@@ -12,7 +13,7 @@ namespace tav {
 inline constexpr double kGasConstant = 0.0831451;  ///< l bar / (mol K)
 inline constexpr double kFillTemperature = 293.0;  ///< K, of the filled cylinder
 
-// Air as each of the two results takes it. The list to fill by takes the air of its own result.
+// Air as each of the two results takes it. The list to fill by takes it as the ideal one does.
 inline constexpr double kIdealAirO2 = 0.21;
 inline constexpr double kIdealAirN2 = 0.79;
 inline constexpr double kRealAirO2 = 0.208;
@@ -49,13 +50,20 @@ Single PressureFromDensity(Single n, Single t, Single a, Single b);
 /// What to add, from fractions and densities. Air is taken as 20.8 % oxygen and 79.2 % nitrogen.
 MolesAdded MolesToAdd(const MixShares& desired, const MixShares& current, Single desiredDensity, Single currentDensity);
 
-/// A fill as the user states it: percentages and pressures, in bar, or in psi when not metric.
+/// Compressed air, percent.
+inline constexpr MixShares kAir{21, 0, 79};
+
+/// A fill as the user states it: percentages and pressures, in bar, or in psi when not metric. The two results of this
+/// file take air on top, whatever `top` is, and their own temperature.
 struct FillRequest {
   MixShares current;
   Single currentFill;
   MixShares desired;
   Single desiredFill;
   bool metric = true;
+  MixShares top = kAir;          ///< the gas on top, which must hold nitrogen
+  Single celsius = 20;           ///< temperature at which all its pressures are read
+  std::optional<Single> warm{};  ///< degrees Celsius of the cylinder while it is filled
 };
 
 /// The two results as the labels show them, one decimal, in bar or psi. The van der Waals block fills helium first,
@@ -75,6 +83,16 @@ struct FillResult {
 
 /// psi per unit of pressure in imperial fills.
 constexpr double kPsiPerBar = 14.7;
+
+/// Beyond this, a pressure is a slip of the pen: psi in a field of bar.
+constexpr double HighestFill(bool metric) { return metric ? 1000.0 : 1000.0 * kPsiPerBar; }
+
+/// What a cylinder that is filled may have, in degrees Celsius.
+inline constexpr double kColdestFill = -20;
+inline constexpr double kWarmestFill = 80;
+
+/// Percent; the nitrogen of a mix comes out of the gas on top alone.
+inline constexpr double kLeastNitrogen = 1;
 
 /// Works out both results. Any numbers are accepted; what can't be reached is told by the result.
 FillResult Recalculate(const FillRequest& request);

@@ -8,22 +8,9 @@ namespace tav {
 namespace {
 
 constexpr int kTitle = 6318;
-constexpr int kOver100 = 6335;
-constexpr int kWantedOver100 = 7770;
 constexpr int kPrint = 6310;
-constexpr int kNotPossible = 3033;
-constexpr int kMissing = 7430;
-constexpr int kNoNumber = 7431;
-constexpr int kNoFill = 7427;
-constexpr int kTooMuch = 7428;
 
 const std::string kSection = "Mix";
-
-/// A line that takes no room when there is nothing to say.
-void Say(Label& line, const std::string& text) {
-  line.Caption = text;
-  line.Visible = !text.empty();
-}
 
 }  // namespace
 
@@ -36,15 +23,27 @@ frmPartialMix::frmPartialMix(Platform platform, PrintPreview& writer, DiveTempla
 }
 
 void frmPartialMix::Wire() {
-  CurFill.Change = [this] { FillTyped(CurFill); };
+  CurFill.Change = [this] {
+    Check1.Value = false;
+    FillTyped(CurFill);
+  };
   DesFill.Change = [this] { FillTyped(DesFill); };
   for (TextBox* box : {&CurO2, &CurHe}) {
-    box->Change = [this, box] { UpdateCurrentMix(*box); };
+    box->Change = [this, box] {
+      Check1.Value = false;
+      MixTyped(current_, *box);
+    };
   }
   for (TextBox* box : {&DesO2, &DesHe}) {
     box->Change = [this, box] { UpdateDesiredMix(*box); };
   }
-  for (TextBox* box : {&CurFill, &CurO2, &CurHe, &DesFill, &DesO2, &DesHe, &tbCylinder, &tbRated}) {
+  for (TextBox* box : {&tbTopO2, &tbTopHe, &tbCelsius}) {
+    box->Change = [this, box] { Typed(*box); };
+  }
+  tbFilledAt.Change = [this] { Recalculate(); };
+  tbSteps.Change = [this] { ShowSteps(); };
+  for (TextBox* box : {&CurFill, &CurO2, &CurHe, &DesFill, &DesO2, &DesHe, &tbTopO2, &tbTopHe, &tbCelsius, &tbFilledAt,
+                       &tbCylinder, &tbRated}) {
     box->GotFocus = [box] {
       if (box->SelectWanted) box->SelectWanted();
     };
@@ -61,6 +60,7 @@ void frmPartialMix::Wire() {
   Command1.Click = [this] { Command1_Click(); };
   Command2.Cancel = true;
   Command2.Click = [this] { Command2_Click(); };
+  cbMend.Click = [this] { cbMend_Click(); };
 }
 
 void frmPartialMix::Form_Load() {
@@ -77,7 +77,13 @@ void frmPartialMix::Form_Load() {
   }
   constexpr double kUsualBar = 200;
   DesFill.Text = Plain(FillScale() * kUsualBar);
-  ShowMix(desired_, Saved("sDesO2"), Saved("sDesHe"));
+  // The first time with what most divers fill first.
+  const bool first = Saved("sDesO2").empty() && Saved("sDesHe").empty();
+  ShowMix(desired_, first ? "32" : Saved("sDesO2"), first ? "0" : Saved("sDesHe"));
+  // A gas from a bank, or a cold day, is nothing to find unawares on the next one.
+  tbTopO2.Text = Plain(kAir.O2);
+  tbTopHe.Text = Plain(kAir.He);
+  tbCelsius.Text = Plain(FillRequest{}.celsius);
   tbCylinder.Text = Saved(template_.Metric ? "CylinderLitres" : "CylinderCuFt");
   const std::string rated = Saved("CylinderPsi");
   tbRated.Text = rated.empty() ? "3000" : rated;
@@ -93,17 +99,23 @@ void frmPartialMix::Form_Load() {
 void frmPartialMix::SetCaptions() {
   Caption = T(kTitle);
   const std::pair<Control*, int> captions[] = {
-      {&Frame1, 6304},      {&Check1, 6334},     {&Label1, 6300},       {&Label2, 6301},       {&Label3, 6302},
-      {&Label4, 6303},      {&Frame4, 6305},     {&Label29, 1607},      {&Label14, 6306},      {&Label13, 6307},
-      {&Label12, 6308},     {&Label11, 6309},    {&Frame3, 6313},       {&lbAirTopO2, 6402},   {&lbAirTopHe, 6404},
-      {&lbAirTopAir, 6405}, {&Frame2, 6312},     {&lbIdealTopO2, 6402}, {&lbIdealTopHe, 6404}, {&lbIdealTopN2, 6405},
-      {&Frame5, 7400},      {&lbCylinder, 7433}, {&lbRated, 7434},      {&Command1, kPrint},   {&Command2, 6311}};
+      {&Frame1, 6304},    {&Check1, 6334},        {&Label1, 6300},       {&Label2, 6301},
+      {&Label3, 6302},    {&Label4, 6303},        {&Frame4, 6305},       {&Label29, 1607},
+      {&Label14, 6306},   {&Label13, 6307},       {&Label12, 6308},      {&Label11, 6309},
+      {&Frame3, 6313},    {&lbAirTopO2, 6402},    {&lbAirTopHe, 6404},   {&lbAirTopAir, 6405},
+      {&Frame2, 6312},    {&lbIdealTopO2, 6402},  {&lbIdealTopHe, 6404}, {&lbIdealTopN2, 6405},
+      {&Frame5, 7400},    {&lbCylinder, 7433},    {&lbRated, 7434},      {&Command1, kPrint},
+      {&Command2, 6311},  {&Frame6, 8420},        {&lbTopO2, 8421},      {&lbTopHe, 8422},
+      {&lbCelsius, 8423}, {&lbCelsiusUnit, 8424}, {&lbFilledAt, 8425},   {&lbFilledAtUnit, 8424},
+      {&Frame7, 8426},    {&lbSteps, 8427},       {&cbMend, 8428}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
   for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir}) label->ToolTipText = T(7435);
   IdealTopHe.ToolTipText = T(7436);
   IdealTopO2.ToolTipText = T(7437);
   IdealTopN2.ToolTipText = T(7438);
-  lbPressures.Caption = words_.AboutPressures();
+  tbFilledAt.ToolTipText = T(8429);
+  tbSteps.ToolTipText = T(8430);
+  cbMend.ToolTipText = T(8431);
 }
 
 void frmPartialMix::SetUnits() {
@@ -150,36 +162,33 @@ void frmPartialMix::Combo1_Click() {
   setmix(template_.Blends.at(index).O2, template_.Blends.at(index).He);
 }
 
-void frmPartialMix::FillTyped(TextBox& fill) {
-  const auto value = NumberIn(fill.Text);
-  if (value && *value < 0) fill.Text = "0";
-  if (value) {
+void frmPartialMix::Typed(const TextBox& box) {
+  if (NumberIn(box.Text)) {
     Recalculate();
   } else {
     ClearResults(MissingField());
   }
 }
 
-bool frmPartialMix::ApplyMixRules(const Cylinder& cylinder) {
+void frmPartialMix::FillTyped(TextBox& fill) {
+  const auto value = NumberIn(fill.Text);
+  if (value && *value < 0) fill.Text = "0";
+  Typed(fill);
+}
+
+void frmPartialMix::ApplyMixRules(const Cylinder& cylinder) {
   const bool whole = NumberIn(cylinder.o2.Text) && NumberIn(cylinder.he.Text);
   const auto number = [this](const TextBox& box) { return NumberIn(box.Text) ? box.Text.Get() : ""; };
   const PercentageFields fields = UpdateMix(number(cylinder.o2), number(cylinder.he), platform_.separators);
   if (fields.o2Reset) cylinder.o2.Text = "0";
   if (fields.heReset) cylinder.he.Text = "0";
   cylinder.n2.Text = whole ? Plain(fields.mix.N2) : "";
-  return !(whole && fields.over100);
 }
 
-void frmPartialMix::MixTyped(const Cylinder& cylinder, const TextBox& typed, const std::string& over100) {
-  if (!ApplyMixRules(cylinder)) Box(over100, T(kTitle), BoxIcon::Stop);
-  if (NumberIn(typed.Text)) {
-    Recalculate();
-  } else {
-    ClearResults(MissingField());
-  }
+void frmPartialMix::MixTyped(const Cylinder& cylinder, const TextBox& typed) {
+  ApplyMixRules(cylinder);
+  Typed(typed);
 }
-
-void frmPartialMix::UpdateCurrentMix(const TextBox& typed) { MixTyped(current_, typed, T(kOver100)); }
 
 void frmPartialMix::ShowBlend() {
   const auto o2 = NumberIn(DesO2.Text);
@@ -191,92 +200,7 @@ void frmPartialMix::ShowBlend() {
 
 void frmPartialMix::UpdateDesiredMix(const TextBox& typed) {
   ShowBlend();
-  MixTyped(desired_, typed, T(kWantedOver100));
-}
-
-std::string frmPartialMix::MissingField() const {
-  const std::pair<const TextBox*, const Label*> fields[] = {{&CurFill, &Label1}, {&CurO2, &Label2},
-                                                            {&CurHe, &Label3},   {&DesFill, &Label14},
-                                                            {&DesO2, &Label13},  {&DesHe, &Label12}};
-  const auto named = [this](int id, const Label& label) { return ReplaceAll(T(id), "%1", FieldName(label)); };
-  for (const auto& [box, label] : fields) {
-    if (TrimBlanks(box->Text.Get()).empty()) return named(kMissing, *label);
-    if (!NumberIn(box->Text)) return named(kNoNumber, *label);
-  }
-  const double highest = HighestFill(template_.Metric);
-  for (const auto& [box, label] : {fields[0], fields[3]}) {
-    const double value = Number(box->Text);
-    const bool filled = box == &DesFill;
-    if (value <= highest && !(filled && value <= 0)) continue;
-    return ReplaceAll(ReplaceAll(named(filled ? kNoFill : kTooMuch, *label), "%2", Plain(highest)), "%3",
-                      words_.Unit());
-  }
-  if (Number(CurN2.Text) < 0 || Number(DesN2.Text) < 0) return T(kOver100);
-  return "";
-}
-
-void frmPartialMix::Recalculate() {
-  const std::string missing = MissingField();
-  if (missing.empty()) {
-    ShowResults({MixOf(Number(CurO2.Text), Number(CurHe.Text)), Number(CurFill.Text),
-                 MixOf(Number(DesO2.Text), Number(DesHe.Text)), Number(DesFill.Text), template_.Metric});
-  } else {
-    ClearResults(missing);
-  }
-  Save();
-}
-
-void frmPartialMix::ShowResults(const FillRequest& request) {
-  const FillResult result = tav::Recalculate(request);
-  AirTopO2.Caption = Written(result.AirTopO2);
-  AirTopHe.Caption = Written(result.AirTopHe);
-  AirTopAir.Caption = Written(result.AirTopAir);
-  IdealTopO2.Caption = Written(result.IdealTopO2);
-  IdealTopHe.Caption = Written(result.IdealTopHe);
-  IdealTopN2.Caption = Written(result.IdealTopN2);
-  Command1.Caption = T(result.AirImpossible ? kNotPossible : kPrint);
-  Command1.Enabled = !result.AirImpossible;
-  report_ = MixReport{request, result, {}};
-  ShowFillList();
-}
-
-void frmPartialMix::ShowFillList() {
-  const auto size = SizeOfCylinder();
-  if (!report_) return;
-  report_->cylinder = size;
-  const FillRequest& request = report_->request;
-  const GaugeList list = GaugeListOf(request, GaugeMark(request.metric));
-  fgFill.SetRows(words_.Rows(request, list, size));
-  Say(lbHindrance, words_.Hindrance(request, list));
-  lbHindrance.ForeColor = list.Possible() ? -1 : kRed;
-  Say(lbMisses, words_.Misses(request, list));
-  Say(lbOutcome, words_.Outcome(list));
-  Say(lbIfIdeal, words_.IfIdeal(list));
-}
-
-void frmPartialMix::ClearResults(const std::string& why) {
-  report_.reset();
-  for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir, &IdealTopO2, &IdealTopHe, &IdealTopN2}) label->Caption = "";
-  for (Label* label : {&lbMisses, &lbOutcome, &lbIfIdeal}) Say(*label, "");
-  fgFill.SetRows({words_.Heads(false)});
-  Say(lbHindrance, why);
-  lbHindrance.ForeColor = kRed;
-  Command1.Caption = T(kPrint);
-  Command1.Enabled = false;
-}
-
-std::optional<CylinderSize> frmPartialMix::SizeOfCylinder() {
-  bool usable = true;
-  const auto positive = [&](TextBox& box) -> Single {
-    const auto value = NumberIn(box.Text);
-    const bool good = value && *value > 0 && *value <= HighestFill(false);
-    box.ForeColor = good ? -1 : kRed;
-    usable = usable && good;
-    return value.value_or(0);
-  };
-  CylinderSize size{positive(tbCylinder), 1};
-  if (!template_.Metric) size.ratedPressure = positive(tbRated);
-  return usable ? std::optional(size) : std::nullopt;
+  MixTyped(desired_, typed);
 }
 
 std::string frmPartialMix::Saved(const std::string& name) const {

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "mixer/gauge_list.h"
 #include "mixer/mix_report.h"
 #include "model/dive_template.h"
 #include "platform/text_form.h"
@@ -46,6 +45,18 @@ class frmPartialMix : public TextForm {
   Label Label11{*this, "Label11"};
   TextBox DesN2{*this, "DesN2"};
 
+  Frame Frame6{*this, "Frame6"};  ///< how it is filled
+  Label lbTopO2{*this, "lbTopO2"};
+  TextBox tbTopO2{*this, "tbTopO2"};
+  Label lbTopHe{*this, "lbTopHe"};
+  TextBox tbTopHe{*this, "tbTopHe"};
+  Label lbCelsius{*this, "lbCelsius"};
+  TextBox tbCelsius{*this, "tbCelsius"};  ///< temperature at which the gauge is read
+  Label lbCelsiusUnit{*this, "lbCelsiusUnit"};
+  Label lbFilledAt{*this, "lbFilledAt"};
+  TextBox tbFilledAt{*this, "tbFilledAt"};  ///< that of the cylinder while it is filled; may be blank
+  Label lbFilledAtUnit{*this, "lbFilledAtUnit"};
+
   Frame Frame3{*this, "Frame3"};  ///< ideal gases: what to add
   Label lbAirTopO2{*this, "lbAirTopO2"};
   Label AirTopO2{*this, "AirTopO2"};
@@ -56,6 +67,7 @@ class frmPartialMix : public TextForm {
   Label lbAirTopAir{*this, "lbAirTopAir"};
   Label AirTopAir{*this, "AirTopAir"};
   Label Label19{*this, "Label19"};
+  Label lbAboutAirTop{*this, "lbAboutAirTop"};  ///< what can't be reached
 
   Frame Frame2{*this, "Frame2"};  ///< real gases
   Label lbIdealTopO2{*this, "lbIdealTopO2"};
@@ -67,6 +79,7 @@ class frmPartialMix : public TextForm {
   Label lbIdealTopN2{*this, "lbIdealTopN2"};
   Label IdealTopN2{*this, "IdealTopN2"};
   Label Label26{*this, "Label26"};
+  Label lbAboutReal{*this, "lbAboutReal"};  ///< that a figure below 0 is no pressure
 
   Frame Frame5{*this, "Frame5"};  ///< the list to fill by
   Label lbCylinder{*this, "lbCylinder"};
@@ -79,8 +92,15 @@ class frmPartialMix : public TextForm {
   Label lbHindrance{*this, "lbHindrance"};  ///< what is missing, or keeps the fill from being possible
   Label lbMisses{*this, "lbMisses"};        ///< how far the list misses the mix
   Label lbOutcome{*this, "lbOutcome"};      ///< the mix that the list gives
-  Label lbIfIdeal{*this, "lbIfIdeal"};      ///< how far a real fill may be off
+  Label lbWarm{*this, "lbWarm"};            ///< to what a warm cylinder is filled
+  Label lbIfIdeal{*this, "lbIfIdeal"};      ///< what simple arithmetic would give
   Label lbPressures{*this, "lbPressures"};
+
+  Frame Frame7{*this, "Frame7"};  ///< what came out of a fill as it was done
+  Label lbSteps{*this, "lbSteps"};
+  TextBox tbSteps{*this, "tbSteps"};
+  Button cbMend{*this, "cbMend"};  ///< its outcome becomes the current cylinder
+  Label lbStepsGive{*this, "lbStepsGive"};
 
   Button Command1{*this, "Command1"};  ///< print
   Button Command2{*this, "Command2"};  ///< close
@@ -92,6 +112,7 @@ class frmPartialMix : public TextForm {
   void Combo1_Click();
   void Command1_Click();
   void Command2_Click();
+  void cbMend_Click();
 
  protected:
   void Form_Load() override;
@@ -111,21 +132,27 @@ class frmPartialMix : public TextForm {
   /// The rule of a pressure field: not below 0.
   void FillTyped(TextBox& fill);
   /// The rules of a mix: shares outside 0 to 100 become 0, nitrogen is the rest.
-  void MixTyped(const Cylinder& cylinder, const TextBox& typed, const std::string& over100);
-  /// Brings the fields of a mix in line with its rules; false when its shares are more than 100.
-  bool ApplyMixRules(const Cylinder& cylinder);
+  void MixTyped(const Cylinder& cylinder, const TextBox& typed);
+  /// Recomputes after typing into a field; one that is no number stores nothing.
+  void Typed(const TextBox& box);
+  /// Brings the fields of a mix in line with its rules.
+  void ApplyMixRules(const Cylinder& cylinder);
   void ShowMix(const Cylinder& cylinder, const std::string& o2, const std::string& he);
   void UseEmptyCylinder();
   /// The list of gases names the one that the fields hold.
   void ShowBlend();
-  void UpdateCurrentMix(const TextBox& typed);
   void UpdateDesiredMix(const TextBox& typed);
   void Recalculate();
   void ShowResults(const FillRequest& request);
   void ShowFillList();
+  void ShowSteps();
+  /// The current cylinder and how it is filled, as far as the fields tell.
+  [[nodiscard]] FillRequest Request();
   void ClearResults(const std::string& why);
   /// Which field keeps the mixer from computing, in words; empty when none does.
   [[nodiscard]] std::string MissingField() const;
+  /// The same for the fields of how it is filled.
+  [[nodiscard]] std::string WrongWay() const;
   [[nodiscard]] std::optional<CylinderSize> SizeOfCylinder();
   void Save();
   [[nodiscard]] std::string Saved(const std::string& name) const;
@@ -137,7 +164,8 @@ class frmPartialMix : public TextForm {
   FillWords words_;
   Cylinder current_{CurFill, CurO2, CurHe, CurN2};
   Cylinder desired_{DesFill, DesO2, DesHe, DesN2};
-  std::optional<MixReport> report_;  ///< of the last Recalculate; nothing while a field is missing
+  std::optional<FillRequest> mended_;  ///< what came out of the steps, as current cylinder
+  std::optional<MixReport> report_;    ///< of the last Recalculate; nothing while a field is missing
   bool loading_ = false;
 };
 

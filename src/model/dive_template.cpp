@@ -6,27 +6,10 @@
 #include "model/number_text.h"
 
 namespace tav {
-namespace {
-
-/// Assigns unless the source is empty; the list in place survives an empty source.
-template <class List>
-void CopyList(const List& source, const List& before, List& destination) {
-  destination = source.empty() ? before : source;
-}
-
-}  // namespace
 
 GasMix AirMix() { return {"Air", 21, 79, 0}; }
 
-void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination) {
-  if (&source == &destination) return;
-  const DiveTemplate before = destination;
-  destination = source;
-  CopyList(source.ChangeGasMixes, before.ChangeGasMixes, destination.ChangeGasMixes);
-  CopyList(source.AscendRates, before.AscendRates, destination.AscendRates);
-  CopyList(source.DescendRates, before.DescendRates, destination.DescendRates);
-  CopyList(source.Blends, before.Blends, destination.Blends);
-}
+void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination) { destination = source; }
 
 void SetUpNewPlan(DiveTemplate& diveTemplate) {
   diveTemplate.KeepsDiluent = true;

@@ -85,8 +85,7 @@ struct DiveTemplate {
 /// The gas that stands first in every list: "Air", 21 / 79 / 0.
 GasMix AirMix();
 
-/// Copies every field. An empty rate table, gas list or list of gas changes in `source` leaves that list of
-/// `destination` as it was.
+/// Copies every field; an empty list is copied as an empty one.
 void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination);
 
 /// How a new rebreather plan differs from one in a file that says nothing of it: it keeps its diluent, and its surface

@@ -192,6 +192,8 @@ double ParseLenient(std::string_view text) {
   return length == 0 ? 0.0 : NumberValue(text.substr(0, length));
 }
 
+bool BeginsWithNumber(std::string_view text) { return NumericPrefix(TrimBlanks(text)) > 0; }
+
 bool IsNumber(std::string_view text) {
   text = TrimBlanks(text);
   return !text.empty() && NumericPrefix(text) == text.size();

@@ -37,6 +37,9 @@ std::string FormatZeroFilled(int value, int width);
 /// is none. A number too large for a double gives infinity.
 double ParseLenient(std::string_view text);
 
+/// True when the text begins with a number, blanks ahead of it allowed: the lenient reading has something to read.
+bool BeginsWithNumber(std::string_view text);
+
 /// True when nothing but blanks stands around a number, that is, when the lenient reading loses nothing.
 bool IsNumber(std::string_view text);
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/altitude.h"
 #include "model/number_text.h"
 
 namespace tav {
@@ -17,16 +18,28 @@ constexpr double kSlowestRate = 0.1;
 // Far above any depth, pressure or volume; what lies far beyond overflows the 32 bits of a result.
 constexpr double kLargestNumber = 1e6;
 
+// Surface pressures of shores, bar or atmospheres: with room above sea level, and the highest lakes far within.
+constexpr double kLowestPressure = 0.3;
+constexpr double kHighestPressure = 1.2;
+constexpr double kHectopascalPerBar = 1000;
+
+// From here on a gradient factor is taken for per cent.
+constexpr double kLeastPercent = 2;
+
+// Of 100 %: shares are often written in whole numbers.
+constexpr double kSumTolerance = 0.5;
+
 // Texts by number.
+constexpr int kSumOfShares = 7941;
+constexpr int kOutside = 8155;
+constexpr int kHectopascal = 8156;
+constexpr int kPercent = 8157;
+constexpr int kNegative = 8158;
 constexpr int kNotFinite = 7860;
 constexpr int kTooLarge = 7861;
 constexpr int kStepTooSmall = 7862;
-constexpr int kLastStopNegative = 7863;
-constexpr int kFactorNegative = 7864;
 constexpr int kNoSetpoint = 7865;
 constexpr int kNoDecoSetpoint = 7866;
-constexpr int kNoStartPressure = 7867;
-constexpr int kNoEndPressure = 7868;
 constexpr int kAscent = 7869;
 constexpr int kDescent = 7870;
 constexpr int kNoRate = 7871;
@@ -51,7 +64,7 @@ class Checker {
   std::vector<TemplateFault> Run() {
     CheckNumbers();
     CheckStops();
-    CheckPressures();
+    CheckSurface();
     CheckRates(template_.AscendRates, "AscendRates", kAscent);
     CheckRates(template_.DescendRates, "DescendRates", kDescent);
     CheckGases();
@@ -81,6 +94,14 @@ class Checker {
     for (const auto& [key, value] : numbers) {
       if (!CanBe(value)) Add(key, NumberFault(key, value));
     }
+    const std::pair<const char*, Single> amounts[] = {
+        {"Setpoint", template_.Setpoint}, {"DecoSetpoint", template_.DecoSetpoint},
+        {"MinPPO2", template_.MinPPO2},   {"MaxPPO2", template_.MaxPPO2},
+        {"DecoPPO2", template_.DecoPPO2}, {"Maximal END", template_.MaximalEND},
+        {"RMV", template_.RMV},           {"DecoRMV", template_.DecoRMV}};
+    for (const auto& [key, value] : amounts) {
+      if (CanBe(value) && value < 0) Add(key, {kNegative, {key, FormatPlain(value)}});
+    }
   }
 
   /// Whether a number of a template can be this one. Asked before each run, so the words are made only when it can't.
@@ -95,17 +116,39 @@ class Checker {
     if (std::isfinite(template_.StepSize) && !(template_.StepSize >= Single(kSmallestStep))) {
       Add("StepSize", {kStepTooSmall, {FormatPlain(template_.StepSize), FormatPlain(kSmallestStep)}});
     }
-    if (template_.LastStop < 0) Add("LastStop", {kLastStopNegative, {FormatPlain(template_.LastStop)}});
-    if (template_.UseGF && (template_.GFHigh < 0 || template_.GFLow < 0)) Add("GF", kFactorNegative);
+    CheckWithin("LastStop", template_.LastStop, 0, template_.Metric ? 30 : 100);
+    for (const Single factor : {template_.GFHigh, template_.GFLow}) {
+      if (!CanBe(factor)) continue;
+      if (factor < 0) Add("GF", {kNegative, {"GF", FormatPlain(factor)}});
+      if (factor >= kLeastPercent) Add("GF", {kPercent, {"GF", FormatPlain(factor), FormatPlain(factor / 100)}});
+    }
     if (!template_.OpenCircuit) {
-      if (!(template_.Setpoint > 0)) Add("Setpoint", kNoSetpoint);
-      if (!template_.OCDeco && !(template_.DecoSetpoint > 0)) Add("DecoSetpoint", kNoDecoSetpoint);
+      if (template_.Setpoint == 0) Add("Setpoint", kNoSetpoint);
+      if (!template_.OCDeco && template_.DecoSetpoint == 0) Add("DecoSetpoint", kNoDecoSetpoint);
     }
   }
 
-  void CheckPressures() {
-    if (!(template_.StartPressure > 0)) Add("StartPressure", kNoStartPressure);
-    if (!(template_.EndPressure > 0)) Add("EndPressure", kNoEndPressure);
+  void CheckWithin(const char* key, Single value, double least, double most) {
+    if (!CanBe(value) || (value >= Single(least) && value <= Single(most))) return;
+    Add(key, {kOutside, {key, FormatPlain(least), FormatPlain(most), FormatPlain(value)}});
+  }
+
+  void CheckPressure(const char* key, Single value) {
+    const Single inBar = value / kHectopascalPerBar;
+    if (CanBe(value) && inBar >= Single(kLowestPressure) && inBar <= Single(kHighestPressure)) {
+      Add(key, {kHectopascal, {key, FormatPlain(value), FormatPlain(inBar)}});
+    } else {
+      CheckWithin(key, value, kLowestPressure, kHighestPressure);
+    }
+  }
+
+  void CheckSurface() {
+    CheckPressure("StartPressure", template_.StartPressure);
+    CheckPressure("EndPressure", template_.EndPressure);
+    for (const auto& [key, altitude] :
+         {std::pair{"StartAltitude", template_.StartAltitude}, std::pair{"EndAltitude", template_.EndAltitude}}) {
+      CheckWithin(key, altitude, template_.Metric ? -500 : -1640, template_.Metric ? 6000 : 19685);
+    }
   }
 
   /// `move` is the text of "ascent" or "descent".
@@ -133,7 +176,9 @@ class Checker {
     const auto outside = [](Single percent) { return percent < 0 || percent > 100; };
     if (!std::isfinite(mix.O2) || !std::isfinite(mix.N2) || !std::isfinite(mix.He)) return {kGasNotFinite, {mix.Name}};
     if (outside(mix.O2) || outside(mix.N2) || outside(mix.He)) return {kGasOutside, {mix.Name}};
-    if (mix.O2 + mix.N2 + mix.He == 0) return {kGasEmpty, {mix.Name}};
+    const double sum = mix.O2 + mix.N2 + mix.He;
+    if (sum == 0) return {kGasEmpty, {mix.Name}};
+    if (std::fabs(sum - 100) > kSumTolerance) return {kSumOfShares, {"Blends Available", mix.Name, FormatPlain(sum)}};
     return {};
   }
 
@@ -156,6 +201,14 @@ class Checker {
 }  // namespace
 
 std::vector<TemplateFault> TemplateFaults(const DiveTemplate& diveTemplate) { return Checker(diveTemplate).Run(); }
+
+std::optional<Single> ContradictedPressure(Single altitude, Single pressure, bool metric) {
+  constexpr double kTolerance = 0.05;  // bar: what weather makes of a day
+  constexpr double kBarPerAtmosphere = 1.01325;
+  const Single usual = AltitudeToPressure(altitude, metric);
+  const double apart = std::fabs(usual - pressure) * (metric ? 1 : kBarPerAtmosphere);
+  return apart > kTolerance ? std::optional(usual) : std::nullopt;
+}
 
 Message LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate) {
   if (!(depth >= 0 && depth <= kMaximumDepth)) return {kLegDepth, {FormatPlain(depth), FormatPlain(kMaximumDepth)}};

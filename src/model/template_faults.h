@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,12 +19,18 @@ struct TemplateFault {
   int occurrence = -1;
 };
 
-/// Every reason for which the engine would fail, loop or give a wrong number on this template: a number that is not
-/// finite or beyond 1,000,000; a step between stops below 0.1; a negative last stop; a pressure of 0 or less; a rate
-/// table without an entry at the surface, out of order or with a rate below 0.1; a gas without content or with a
-/// percentage outside 0 to 100; a negative gradient factor; a rebreather without a setpoint. Empty for a sound
-/// template.
+/// Every reason for which the engine would fail, loop or give a wrong number on this template, and every number that
+/// can only be a slip: a number that is not finite or beyond 1,000,000; a step between stops below 0.1; a last stop
+/// outside 0 to 30 m or 100 ft; a surface pressure outside 0.3 to 1.2 bar or atmospheres; an altitude outside -500 to
+/// 6,000 m; a rate table without an entry at the surface, out of order or with a rate below 0.1; a gas without content,
+/// with a share outside 0 to 100 % or whose shares are not 100 % within 0.5; a gradient factor that is negative or 2
+/// and more; a negative RMV, END, PPO2 limit or setpoint; a rebreather without a setpoint. Empty for a sound template.
+/// All readers, dialogs and the engine ask here, so that they agree.
 std::vector<TemplateFault> TemplateFaults(const DiveTemplate& diveTemplate);
+
+/// The pressure that an altitude usually has, where it is more than 0.05 bar from the one told for it: one of the two
+/// is wrong. Nothing where they agree.
+std::optional<Single> ContradictedPressure(Single altitude, Single pressure, bool metric);
 
 /// The longest leg and the deepest depth that a plan may hold, far beyond any dive: minutes and depth units.
 constexpr double kMaximumLegTime = 100000;

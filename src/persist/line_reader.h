@@ -5,6 +5,11 @@
 
 namespace tav {
 
+/// Whether a line is this marker; blanks and tabs may stand behind it.
+inline bool IsMarker(std::optional<std::string_view> line, std::string_view marker) {
+  return line && line->substr(0, line->find_last_not_of(" \t") + 1) == marker;
+}
+
 /// Hands out the lines of a text, one by one. Lines end in CR LF or LF; the last may have no end.
 class LineReader {
  public:

@@ -9,6 +9,7 @@
 #include "model/template_faults.h"
 #include "model/tokenizer.h"
 #include "persist/line_reader.h"
+#include "persist/template_file.h"
 
 namespace tav {
 namespace {
@@ -25,14 +26,15 @@ constexpr int kLineMissing = 7914;
 constexpr int kNoSurfaceTime = 7915;
 constexpr int kSurfaceTimeOutside = 7916;
 constexpr int kSurfaceTimeOfFirst = 7917;
-constexpr int kNoAction = 7918;
 constexpr int kFileEnds = 7919;
 constexpr int kTooManyActions = 7920;
-constexpr int kShouldBeAction = 7921;
+constexpr int kShouldBeAction = 8159;
+constexpr int kSettingsMissing = 8153;
+constexpr int kNoKind = 8162;
+constexpr int kAscentTakesNothing = 8163;
 constexpr int kDepthNoNumber = 7922;
 constexpr int kTimeNoNumber = 7923;
 constexpr int kMixNoNumber = 7924;
-constexpr int kKindNoNumber = 7925;
 constexpr int kNoAscentBefore = 7926;
 
 class Reader {
@@ -56,8 +58,8 @@ class Reader {
   /// False when the text is not even a dive record, so that reading on makes no sense.
   bool ReadDive() {
     LineReader first = lines_;
-    if (first.Next() != "Start Template Block") {
-      faults_.Error(lines_.LineNumber() + 1, {kNoBeginning, {"Start Template Block"}});
+    if (!IsMarker(first.Next(), kStartOfBlock)) {
+      faults_.Error(lines_.LineNumber() + 1, {kNoBeginning, {std::string(kStartOfBlock)}});
       return false;
     }
     DiveRecord& dive = profile_.dives.emplace_back();
@@ -66,12 +68,20 @@ class Reader {
     where.keys = ReadTemplateBlock(dive.Template, lines_, faults_);
     // An open-circuit dive has no loop to tell of. Should it be made one on a rebreather, that is a new plan.
     if (dive.Template.OpenCircuit) SetUpNewPlan(dive.Template);
-    if (lines_.Next() != kStartOfProfile) {
+    JudgeSettings(dive, where);
+    if (!IsMarker(lines_.Next(), kStartOfProfile)) {
       Error({kLineMissing, {std::string(kStartOfProfile)}});
       return false;
     }
     ReadSurfaceInterval(dive);
     return ReadActions(dive, where);
+  }
+
+  /// Nothing stands in for what a dive does not tell: without "Metric=" a plan in metres would be one in feet.
+  void JudgeSettings(const DiveRecord& dive, const DiveRecordLines& where) {
+    const std::string missing = MissingKeys(where.keys, BlockOf::Dive);
+    if (!missing.empty()) faults_.Error(where.block, {kSettingsMissing, {missing}});
+    ReportTemplateFaults(dive.Template, where.keys, BlockOf::Dive, where.block, faults_);
   }
 
   void ReadSurfaceInterval(DiveRecord& dive) {
@@ -95,14 +105,10 @@ class Reader {
 
   bool ReadActions(DiveRecord& dive, DiveRecordLines& where) {
     while (const auto line = lines_.Next()) {
-      if (ClassTokenizer::hastokens(*line, ",")) {
-        if (!ReadAction(*line, dive)) return false;
-        where.actions.push_back(lines_.LineNumber());
-      } else if (*line == kEndOfProfile) {
-        return true;
-      } else if (!TrimBlanks(*line).empty()) {
-        faults_.Advise(lines_.LineNumber(), {kNoAction, {Shown(*line)}});
-      }
+      if (IsMarker(line, kEndOfProfile)) return true;
+      if (TrimBlanks(*line).empty()) continue;
+      if (!ReadAction(*line, dive)) return false;
+      where.actions.push_back(lines_.LineNumber());
     }
     Error({kFileEnds, {std::string(kEndOfProfile)}});
     return false;
@@ -115,20 +121,26 @@ class Reader {
       Error(kTooManyActions);
       return false;
     }
-    if (ClassTokenizer::tokenCount(line, ",") != 5 || !line.ends_with(',')) {
-      faults_.Advise(lines_.LineNumber(), kShouldBeAction);
-    }
-    // A line with fewer fields gives its last one again for those that are missing.
-    const Single depth = Number(ClassTokenizer::nextToken(line, ","), kDepthNoNumber);
-    const Single time = Number(ClassTokenizer::nextToken(line, ","), kTimeNoNumber);
-    const std::int16_t mix = Integer(ClassTokenizer::nextToken(line, ","), kMixNoNumber);
-    const bool isAscent = Integer(ClassTokenizer::nextToken(line, ","), kKindNoNumber) != 0;
-    if (!isAscent) {
-      const Message fault = LegFault(time, depth, mix, dive.Template);
-      if (!fault.IsEmpty()) Error(fault);
-    }
-    actions.NewAction();
+    actions.NewAction();  // also for a line that is wrong: the places of the others stay
     const std::int16_t last = actions.GetLength();
+    std::string_view fields = TrimBlanks(line);
+    if (fields.ends_with(',')) fields.remove_suffix(1);
+    constexpr int kFields = 4;
+    if (ClassTokenizer::tokenCount(fields, ",") != kFields) {
+      Error({kShouldBeAction, {Shown(line)}});
+      return true;
+    }
+    const Single depth = Number(ClassTokenizer::nextToken(fields, ","), kDepthNoNumber);
+    const Single time = Number(ClassTokenizer::nextToken(fields, ","), kTimeNoNumber);
+    const std::int16_t mix = Integer(ClassTokenizer::nextToken(fields, ","), kMixNoNumber);
+    const std::int16_t kind = Integer(fields, kNoKind);
+    if (kind != ClassUseractions::kLeg && kind != ClassUseractions::kAscent) Error({kNoKind, {Shown(fields)}});
+    const bool isAscent = kind == ClassUseractions::kAscent;
+    const Message fault = LegFault(isAscent ? Single(0) : time, isAscent ? Single(0) : depth, mix, dive.Template);
+    if (!fault.IsEmpty()) Error(fault);
+    if (isAscent && (depth != -1 || time != -1)) {
+      faults_.Advise(lines_.LineNumber(), {kAscentTakesNothing, {FormatPlain(depth), FormatPlain(time)}});
+    }
     actions.setuser(last, depth, time, mix);
     if (isAscent) actions.setdeco(last);
     return true;
@@ -143,7 +155,7 @@ class Reader {
 
   std::int16_t Integer(std::string_view text, int complaint) {
     const auto number = ParseStrict(text);
-    const auto integer = number ? RoundToInt16(*number) : std::nullopt;
+    const auto integer = number && *number == std::floor(*number) ? RoundToInt16(*number) : std::nullopt;
     if (!integer) Error({complaint, {Shown(text)}});
     return integer.value_or(0);
   }
@@ -171,7 +183,9 @@ ProfileText ReadProfileText(std::string_view text, FormatFaults& faults) { retur
 
 ProfileText ReadProfileFile(const std::filesystem::path& file) {
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
-  return ReadProfileText(ReadTextFile(file), faults);
+  ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
+  profile.advice = faults.List();
+  return profile;
 }
 
 void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults) {

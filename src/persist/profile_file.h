@@ -33,13 +33,15 @@ struct DiveRecordLines {
 struct ProfileText {
   std::vector<DiveRecord> dives;
   std::vector<DiveRecordLines> lines;  ///< one for each dive
+  std::vector<FormatFault> advice;     ///< of a file that was read: what is odd in it
 };
 
 /// The text of one dive record: template block, "Start of Profile", surface interval, actions, "End of Profile".
 std::string WriteDiveRecord(const DiveTemplate& diveTemplate, Single surfaceInterval, const ClassUseractions& actions);
 
 /// Reads all dive records of a text; blank lines after the last are tolerated. Errors, beside those of the block: no
-/// dive at all, more than 32,766 dives or 32,767 actions, a missing marker, a number that is none or does not fit, a
+/// dive at all, more than 32,766 dives or 32,767 actions, a missing marker, a dive that lacks settings (MissingKeys) or
+/// can't be planned on (TemplateFaults), an action that is not four fields, depth, time, number of a gas and 0 or 1, a
 /// leg that can't be planned (LegFault), a surface interval outside 0 to 1,000,000 minutes.
 ProfileText ReadProfileText(std::string_view text, FormatFaults& faults);
 

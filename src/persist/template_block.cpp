@@ -1,5 +1,6 @@
 #include "persist/template_block.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -11,7 +12,9 @@
 namespace tav {
 namespace {
 
-constexpr std::string_view kEndMarker = "End Template Block";
+constexpr std::string_view kDecoRMV = "DecoRMV";
+constexpr std::string_view kBlends = "Blends Available";
+constexpr std::string_view kChanges = "Change Gas Mixes";
 constexpr std::size_t kMostEntries = std::numeric_limits<std::int16_t>::max();
 
 // Texts by number.
@@ -20,6 +23,7 @@ constexpr int kTwice = 7927;
 constexpr int kNoKey = 7928;
 constexpr int kNumberTooLarge = 7929;
 constexpr int kShouldBeNumber = 7930;
+constexpr int kNoNumber = 8160;
 constexpr int kNoFlag = 7931;
 constexpr int kShouldBeFlag = 7932;
 constexpr int kNot16Bits = 7933;
@@ -30,7 +34,8 @@ constexpr int kNoComma = 7937;
 constexpr int kTooManyBlends = 7938;
 constexpr int kShouldBeBlend = 7939;
 constexpr int kShouldGiveShares = 7940;
-constexpr int kSumOfShares = 7941;
+constexpr int kThreeFactors = 8161;
+constexpr int kDecimalComma = 8165;
 constexpr int kNoDepth = 7942;
 constexpr int kNoSuchGas = 7943;
 
@@ -50,7 +55,7 @@ constexpr NumberField kNumberFields[] = {{"Setpoint", &DiveTemplate::Setpoint},
                                          {"StartPressure", &DiveTemplate::StartPressure},
                                          {"EndPressure", &DiveTemplate::EndPressure},
                                          {"RMV", &DiveTemplate::RMV},
-                                         {"DecoRMV", &DiveTemplate::DecoRMV},
+                                         {kDecoRMV, &DiveTemplate::DecoRMV},
                                          {"StepSize", &DiveTemplate::StepSize},
                                          {"LastStop", &DiveTemplate::LastStop}};
 
@@ -70,33 +75,39 @@ constexpr FlagField kFlagFields[] = {{"OCDeco", &DiveTemplate::OCDeco},
                                      {"Metric", &DiveTemplate::Metric},
                                      {"DepthAdjust", &DiveTemplate::DepthAdjust}};
 
+std::string Quoted(std::string_view key) { return '"' + std::string(key) + '"'; }
+
 class Reader {
  public:
   Reader(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults)
       : template_(diveTemplate), lines_(lines), faults_(faults), comments_(diveTemplate, faults) {}
 
   KeyLines Run() {
-    template_.Blends.assign(1, AirMix());
+    if (template_.Blends.empty()) template_.Blends.assign(1, AirMix());
     lines_.Next();
-    std::string_view rest;
-    while (rest != kEndMarker) {
+    bool atEnd = false;
+    while (!atEnd) {
       const auto line = lines_.Next();
       if (!line) {
-        faults_.Error(lines_.LineNumber(), {kFileEnds, {std::string(kEndMarker)}});
+        faults_.Error(lines_.LineNumber(), {kFileEnds, {std::string(kEndOfBlock)}});
         break;
       }
-      // A comment is told by its first column alone. The end marker is looked for in the untrimmed rest of a line.
+      // A comment is told by its first column alone. Blanks may stand behind the end marker, but not ahead of it.
       if (line->starts_with('#')) {
         comments_.Read(*line, lines_.LineNumber());
         continue;
       }
       const std::size_t equals = line->find('=');
-      rest = equals == std::string_view::npos ? *line : line->substr(equals + 1);
+      const std::string_view rest = equals == std::string_view::npos ? *line : line->substr(equals + 1);
       key_ = TrimBlanks(line->substr(0, equals));
-      if (rest != kEndMarker || equals != std::string_view::npos) Store(TrimBlanks(rest));
+      atEnd = IsMarker(rest, kEndOfBlock);
+      if (!atEnd || equals != std::string_view::npos) Store(TrimBlanks(rest));
     }
-    // Files written before the separate breathing rate of the decompression existed.
-    if (template_.DecoRMV == 0) template_.DecoRMV = template_.RMV;
+    // Files written before the separate breathing rate of the decompression existed lack it alone, or hold 0.
+    const bool older = MissingKeys(keyLines_, BlockOf::Template) == Quoted(kDecoRMV);
+    if (older) keyLines_[std::string(kDecoRMV)];
+    if (older || template_.DecoRMV == 0) template_.DecoRMV = template_.RMV;
+    FinishGases();
     comments_.Finish();
     return std::move(keyLines_);
   }
@@ -118,7 +129,7 @@ class Reader {
     if (StoreKnown(value)) {
       auto& lines = keyLines_[std::string(key_)];
       lines.push_back(lines_.LineNumber());
-      if (lines.size() == 2 && key_ != "Blends Available") Advise(kTwice);
+      if (lines.size() == 2 && key_ != kBlends) Advise(kTwice);
     } else if (key_ != "CeilingOverride" && !key_.empty()) {
       faults_.Advise(lines_.LineNumber(), {kNoKey, {Shown(key_)}});
     }
@@ -135,8 +146,8 @@ class Reader {
     if (key_ == "GF") return StoreGradientFactors(value), true;
     if (key_ == "AscendRates") return StoreRates(value, template_.AscendRates), true;
     if (key_ == "DescendRates") return StoreRates(value, template_.DescendRates), true;
-    if (key_ == "Blends Available") return StoreBlend(value), true;
-    if (key_ == "Change Gas Mixes") return StoreChanges(value), true;
+    if (key_ == kBlends) return StoreBlend(value), true;
+    if (key_ == kChanges) return StoreChanges(value), true;
     if (key_ == "Templatename") return (template_.Templatename = value), true;
     return false;
   }
@@ -151,6 +162,15 @@ class Reader {
   }
 
   Single Lenient(std::string_view text) {
+    if (!BeginsWithNumber(text)) {
+      Error(kNoNumber, {Shown(text)});
+      return 0;
+    }
+    const std::size_t comma = text.find(',');
+    if (IsNumber(text.substr(0, comma)) && comma != std::string_view::npos &&
+        BeginsWithNumber(text.substr(comma + 1))) {
+      Error(kDecimalComma, {Shown(text)});
+    }
     if (!IsNumber(text)) Advise(kShouldBeNumber, {Shown(text), FormatPlain(Single(ParseLenient(text)))});
     return Fitting(ParseLenient(text), text);
   }
@@ -172,6 +192,13 @@ class Reader {
   }
 
   void StoreGradientFactors(std::string_view value) {
+    // A fourth value is the half of a number with a comma for its point.
+    const int count = ClassTokenizer::tokenCount(value, ",");
+    const bool commaBehind = count == 4 && ClassTokenizer::nthToken(value, 4, ",").empty();
+    if (count != 3 && !commaBehind) {
+      Error(kThreeFactors, {Shown(value)});
+      return;
+    }
     template_.UseGF = Flag(ClassTokenizer::nthToken(value, 1, ","));
     template_.GFHigh = Lenient(ClassTokenizer::nthToken(value, 2, ","));
     template_.GFLow = Lenient(ClassTokenizer::nthToken(value, 3, ","));
@@ -180,7 +207,7 @@ class Reader {
     }
   }
 
-  /// Hands each item that ends in a comma to `store`, as (number of the item, text before ":", text behind).
+  /// Hands each item that ends in a comma to `store`, as (text before ":", text behind).
   template <class Store>
   void ForEachItem(std::string_view value, Store store) {
     for (std::size_t count = 0; ClassTokenizer::hastokens(value, ","); ++count) {
@@ -190,28 +217,36 @@ class Reader {
       }
       std::string_view item = ClassTokenizer::nextToken(value, ",");
       const bool pair = ClassTokenizer::hastokens(item, ":");
-      if (!pair) Advise(kNoColon, {Shown(item)});
+      if (!pair) {
+        Error(kNoColon, {Shown(item)});
+        continue;
+      }
       const std::string_view before = ClassTokenizer::nextToken(item, ":");
-      store(count, before, item);
+      store(before, item);
     }
     if (!TrimBlanks(value).empty()) Advise(kNoComma, {Shown(value)});
   }
 
   void StoreRates(std::string_view value, std::vector<RateEntry>& rates) {
-    ForEachItem(value, [&](std::size_t count, std::string_view depth, std::string_view rate) {
-      rates.resize(count + 1);
-      rates[count].Depth = Lenient(depth);
-      rates[count].Rate = Lenient(rate);
+    rates.clear();
+    ForEachItem(value, [&](std::string_view depth, std::string_view rate) {
+      RateEntry& entry = rates.emplace_back();
+      entry.Depth = Lenient(depth);
+      entry.Rate = Lenient(rate);
     });
   }
 
   void StoreBlend(std::string_view value) {
+    if (!keyLines_.contains(kBlends)) template_.Blends.assign(1, AirMix());
     if (template_.Blends.size() > kMostEntries) {
       Error(kTooManyBlends);
       return;
     }
     GasMix mix;
-    if (!ClassTokenizer::hastokens(value, ":")) Advise(kShouldBeBlend);
+    if (!ClassTokenizer::hastokens(value, ":")) {
+      Error(kShouldBeBlend);
+      return;
+    }
     mix.Name = ClassTokenizer::nextToken(value, ":");
     const auto percentage = [&] {
       if (!ClassTokenizer::hastokens(value, "/")) Advise(kShouldGiveShares, {Shown(mix.Name)});
@@ -219,22 +254,40 @@ class Reader {
     };
     mix.O2 = percentage();
     mix.N2 = percentage();
+    const bool closed = ClassTokenizer::hastokens(value, "/");
     mix.He = percentage();
-    const double sum = mix.O2 + mix.N2 + mix.He;
-    if (std::fabs(sum - 100) > 0.5) Advise(kSumOfShares, {Shown(mix.Name), FormatPlain(sum)});
+    if (closed && !TrimBlanks(value).empty()) Advise(kShouldGiveShares, {Shown(mix.Name)});
     template_.Blends.push_back(std::move(mix));
   }
 
   void StoreChanges(std::string_view value) {
-    ForEachItem(value, [&](std::size_t count, std::string_view depth, std::string_view name) {
-      template_.ChangeGasMixes.resize(count + 1);
-      GasChange& change = template_.ChangeGasMixes[count];
+    template_.ChangeGasMixes.clear();
+    ForEachItem(value, [&](std::string_view depth, std::string_view name) {
       const auto number = ParseStrict(depth);
       if (!number) Error(kNoDepth, {Shown(depth)});
-      change = {std::string(name), 0, 0, 0, Fitting(number.value_or(0), depth)};
+      template_.ChangeGasMixes.push_back({std::string(name), 0, 0, 0, Fitting(number.value_or(0), depth)});
     });
+    ResolveChanges();
+  }
+
+  void ResolveChanges() {
     for (const std::string& name : ResolveGasChanges(template_)) {
-      Advise(kNoSuchGas, {Shown(name)});
+      faults_.Advise(lines_.LineNumber(), {kNoSuchGas, {std::string(kChanges), Shown(name)}});
+    }
+  }
+
+  /// The gases of a block that tells none are those of the record, unless it tells all else: so a record that has Air
+  /// alone is written.
+  void FinishGases() {
+    const auto isAir = [](const GasChange& change) { return change.Name == AirMix().Name; };
+    if (!keyLines_.contains(kBlends)) {
+      const bool complete = MissingKeys(keyLines_, BlockOf::Template) == Quoted(kBlends);
+      if (complete && std::ranges::all_of(template_.ChangeGasMixes, isAir)) {
+        template_.Blends.assign(1, AirMix());
+        keyLines_[std::string(kBlends)];
+      }
+    } else if (!keyLines_.contains(kChanges)) {
+      ResolveChanges();
     }
   }
 
@@ -246,88 +299,31 @@ class Reader {
   KeyLines keyLines_;
 };
 
-/// Collects the lines of a block.
-class Writer {
- public:
-  void Line(std::string_view text) { (text_ += text) += "\r\n"; }
-  void Number(std::string_view key, Single value) { Line(std::string(key) + "=" + FormatPadded(value)); }
-  void Flag(std::string_view key, bool value) { Line(std::string(key) + (value ? "=1" : "=0")); }
-  void Rates(std::string_view key, const std::vector<RateEntry>& rates) {
-    std::string line = std::string(key) + "=";
-    for (const RateEntry& entry : rates) line += FormatPadded(entry.Depth) + ":" + FormatPadded(entry.Rate) + ",";
-    Line(line);
-  }
-  std::string Take() { return std::move(text_); }
-
- private:
-  std::string text_;
-};
-
 }  // namespace
-
-std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
-  const DiveTemplate& t = diveTemplate;
-  Writer out;
-  out.Line("Start Template Block");
-  out.Line("# Constant PPO2 settings");
-  out.Number("Setpoint", t.Setpoint);
-  out.Number("DecoSetpoint", t.DecoSetpoint);
-  out.Flag("OCDeco", t.OCDeco);
-  out.Flag("AutoDecoGas", t.AutoDecoGas);
-  out.Flag("Open Circuit", t.OpenCircuit);
-  out.Flag("O2Narcotic", t.O2Narcotic);
-  out.Number("MinPPO2", t.MinPPO2);
-  out.Number("Maximal END", t.MaximalEND);
-  out.Number("MaxPPO2", t.MaxPPO2);
-  out.Number("DecoPPO2", t.DecoPPO2);
-  out.Line("# Altitude settings");
-  out.Flag("AdeptedToHeight", t.AdeptedToHeight);
-  out.Number("TimeToHeight", static_cast<double>(t.TimeToHeight));
-  out.Number("StartAltitude", t.StartAltitude);
-  out.Number("StartPressure", t.StartPressure);
-  out.Number("EndAltitude", t.EndAltitude);
-  out.Number("EndPressure", t.EndPressure);
-  out.Line("# Warning section");
-  out.Flag("PPO2Low", t.PPO2Low);
-  out.Flag("PPO2High", t.PPO2High);
-  out.Flag("MaxEnd", t.MaxEnd);
-  out.Line(t.CeilingOverride ? "CeilingOverride= 1" : "CeilingOverride= 0");
-  out.Line("# Properties");
-  out.Number("RMV", t.RMV);
-  out.Number("DecoRMV", t.DecoRMV);
-  out.Number("StepSize", t.StepSize);
-  out.Number("LastStop", t.LastStop);
-  out.Flag("Metric", t.Metric);
-  out.Line("# Conservatism");
-  out.Flag("DepthAdjust", t.DepthAdjust);
-  out.Line((t.UseGF ? "GF=1," : "GF=0,") + FormatPadded(t.GFHigh) + "," + FormatPadded(t.GFLow));
-  out.Line("# Ascend Descend Rates");
-  out.Rates("AscendRates", t.AscendRates);
-  out.Rates("DescendRates", t.DescendRates);
-  out.Line("# Gas Mixes");
-  for (std::size_t i = 1; i < t.Blends.size(); ++i) {
-    const GasMix& mix = t.Blends[i];
-    out.Line("Blends Available=" + mix.Name + ":" + FormatPadded(mix.O2) + "/" + FormatPadded(mix.N2) + "/" +
-             FormatPadded(mix.He) + "/");
-  }
-  out.Line("# ChangeGasMix");
-  std::string changes = "Change Gas Mixes=";
-  for (const GasChange& change : t.ChangeGasMixes) changes += FormatPadded(change.Depth) + ":" + change.Name + ",";
-  out.Line(changes);
-  for (const std::string& line : WriteCommentLines(t)) out.Line(line);
-  // A value that reads as the end marker would end the block early; behind a blank it is a name like any other.
-  out.Line((t.Templatename == kEndMarker ? "Templatename= " : "Templatename=") + t.Templatename);
-  out.Line(kEndMarker);
-  return out.Take();
-}
 
 KeyLines ReadTemplateBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults) {
   return Reader(diveTemplate, lines, faults).Run();
 }
 
+std::string MissingKeys(const KeyLines& told, BlockOf block) {
+  std::vector<std::string_view> keys;
+  for (const NumberField& number : kNumberFields) keys.push_back(number.key);
+  for (const FlagField& flag : kFlagFields) keys.push_back(flag.key);
+  for (const std::string_view key : {"TimeToHeight", "GF", "AscendRates", "DescendRates"}) keys.push_back(key);
+  keys.push_back(kBlends);
+  keys.push_back(kChanges);
+  std::string missing;
+  for (const std::string_view key : keys) {
+    if (told.contains(key) || key == "AutoDecoGas") continue;
+    if (block == BlockOf::Dive && (key == kBlends || key == kDecoRMV)) continue;
+    missing += (missing.empty() ? "" : ", ") + Quoted(key);
+  }
+  return missing;
+}
+
 int LineOfFault(const TemplateFault& fault, const KeyLines& lines, int blockLine) {
   const auto found = lines.find(fault.key);
-  if (found == lines.end()) return blockLine;
+  if (found == lines.end() || found->second.empty()) return blockLine;
   const bool counted = fault.occurrence >= 0 && static_cast<std::size_t>(fault.occurrence) < found->second.size();
   return counted ? found->second[static_cast<std::size_t>(fault.occurrence)] : found->second.back();
 }

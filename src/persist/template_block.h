@@ -12,6 +12,9 @@
 
 namespace tav {
 
+constexpr std::string_view kStartOfBlock = "Start Template Block";
+constexpr std::string_view kEndOfBlock = "End Template Block";
+
 /// The lines of a text on which each key of a template block stands, in order.
 using KeyLines = std::map<std::string, std::vector<int>, std::less<>>;
 
@@ -21,10 +24,19 @@ using KeyLines = std::map<std::string, std::vector<int>, std::less<>>;
 std::string WriteTemplateBlock(const DiveTemplate& diveTemplate);
 
 /// Reads from a "Start Template Block" line, which the caller has seen to be there, up to and including the end marker.
-/// A key that is absent leaves its field as it is; `Blends` always starts anew from Air. Errors: a flag or the depth of
-/// a gas change that is no number, a number that does not fit its field, a list beyond 32,767 entries, a
-/// missing end, and what CommentLines finds.
+/// What the block does not tell stays as it is in the record; lists that it tells, also empty ones, replace those of
+/// the record. Errors: a value that does not begin with a number where one belongs, a flag or the depth of a gas change
+/// that is no number, a number that does not fit its field, an entry of a list without ":", gradient factors that are
+/// not three values, a list beyond 32,767 entries, a missing end, and what CommentLines finds. Whether the values can
+/// be is for TemplateFaults to say.
 KeyLines ReadTemplateBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults);
+
+/// A template may tell a part of the settings; a dive tells all of them.
+enum class BlockOf { Template, Dive };
+
+/// The keys that a block lacks: "Metric", "GF". Not told of: the keys without a bearing on a plan ("AutoDecoGas",
+/// "CeilingOverride", "Templatename"), and, of a dive, "Blends Available" and "DecoRMV", which files may do without.
+std::string MissingKeys(const KeyLines& told, BlockOf block);
 
 /// The line to name for a fault of the record: that of its key, or `blockLine` when the key is absent.
 int LineOfFault(const TemplateFault& fault, const KeyLines& lines, int blockLine);

@@ -1,5 +1,6 @@
 #include "persist/template_file.h"
 
+#include "model/number_text.h"
 #include "model/path_text.h"
 #include "persist/default_template.h"
 #include "persist/line_reader.h"
@@ -10,16 +11,15 @@ namespace {
 // Texts by number.
 constexpr int kNoBeginning = 7947;
 constexpr int kIgnoredEnd = 7948;
+constexpr int kNotTold = 8154;
+constexpr int kContradiction = 8164;
 
-void Load(DiveTemplate& diveTemplate, const std::filesystem::path& file, bool plannable) {
-  DiveTemplate read = diveTemplate;
-  read.Templatename = SplitPath(file.string(), PathPart::FileName);
-  read.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
-  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
-  const KeyLines keys = ReadTemplateText(read, ReadTextFile(file), faults);
-  if (plannable) ReportTemplateFaults(read, keys, 1, faults);
-  read.TemplateChanged = false;
-  diveTemplate = std::move(read);
+void AdviseOfPressure(const std::string& key, Single altitude, Single pressure, const DiveTemplate& diveTemplate,
+                      const KeyLines& keys, int blockLine, FormatFaults& faults) {
+  const auto usual = ContradictedPressure(altitude, pressure, diveTemplate.Metric);
+  if (!usual) return;
+  faults.Advise(LineOfFault({key, {}}, keys, blockLine),
+                {kContradiction, {key, FormatPlain(pressure), FormatPlain(altitude), FormatFixed(*usual, 3)}});
 }
 
 }  // namespace
@@ -27,32 +27,45 @@ void Load(DiveTemplate& diveTemplate, const std::filesystem::path& file, bool pl
 KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, FormatFaults& faults) {
   LineReader lines(text);
   LineReader first = lines;
-  if (first.Next() != "Start Template Block") {
-    faults.Error(1, {kNoBeginning, {"Start Template Block"}});
+  if (!IsMarker(first.Next(), kStartOfBlock)) {
+    faults.Error(1, {kNoBeginning, {std::string(kStartOfBlock)}});
   }
   KeyLines keys = ReadTemplateBlock(diveTemplate, lines, faults);
+  const std::string missing = MissingKeys(keys, BlockOf::Template);
+  if (!missing.empty()) faults.Advise(1, {kNotTold, {missing}});
+  ReportTemplateFaults(diveTemplate, keys, BlockOf::Template, 1, faults);
   if (!lines.SkipBlankLines()) {
     faults.Advise(lines.LineNumber() + 1, kIgnoredEnd);
   }
   return keys;
 }
 
-void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, int blockLine, FormatFaults& faults) {
+void ReportTemplateFaults(const DiveTemplate& diveTemplate, const KeyLines& keys, BlockOf block, int blockLine,
+                          FormatFaults& faults) {
   for (const TemplateFault& fault : TemplateFaults(diveTemplate)) {
-    faults.Error(LineOfFault(fault, keys, blockLine), fault.text);
+    // A dive that lacks a key is refused for that; the empty value in its place is no fault of its own.
+    if (block == BlockOf::Template || keys.contains(fault.key))
+      faults.Error(LineOfFault(fault, keys, blockLine), fault.text);
   }
+  AdviseOfPressure("StartPressure", diveTemplate.StartAltitude, diveTemplate.StartPressure, diveTemplate, keys,
+                   blockLine, faults);
+  AdviseOfPressure("EndPressure", diveTemplate.EndAltitude, diveTemplate.EndPressure, diveTemplate, keys, blockLine,
+                   faults);
 }
 
-void LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  Load(diveTemplate, file, false);
+std::vector<FormatFault> LoadTemplateFile(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
+  DiveTemplate read = diveTemplate;
+  read.Templatename = SplitPath(file.string(), PathPart::FileName);
+  read.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  ReadTemplateText(read, ReadTextFile(file), faults);
+  read.TemplateChanged = false;
+  diveTemplate = std::move(read);
+  return faults.List();
 }
 
-void LoadPlannableTemplate(DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  Load(diveTemplate, file, true);
-}
-
-void SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  WriteTextFile(file, WriteTemplateBlock(diveTemplate));
+SaveNotes SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {
+  return WriteTextFile(file, WriteTemplateBlock(diveTemplate));
 }
 
 DiveTemplate ShippedDefaultTemplate() {

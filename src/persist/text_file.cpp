@@ -2,13 +2,13 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
+#include <optional>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+
+#include "persist/descriptor.h"
 
 namespace tav {
 namespace {
@@ -16,38 +16,7 @@ namespace {
 // Texts by number.
 constexpr int kNotOpened = 7898;
 constexpr int kNotRead = 7899;
-constexpr int kNotWritten = 7900;
-constexpr int kNotReplaced = 7901;
-constexpr int kIsFolder = 7902;
 constexpr int kLargerThan = 7903;
-
-constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
-
-// The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
-constexpr std::string_view kUnfinished = ".saving-";
-constexpr std::string_view kRandom = "XXXXXX";
-
-/// A file descriptor that closes itself.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
-
-  [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }
-  [[nodiscard]] int Get() const { return fd_; }
-  /// Closes now; false when the system reports a late write error.
-  bool Close() {
-    if (fd_ < 0) return true;
-    const int fd = fd_;
-    fd_ = -1;
-    return ::close(fd) == 0;
-  }
-
- private:
-  int fd_;
-};
 
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
@@ -86,6 +55,11 @@ void AppendUtf8(std::string& text, unsigned codePoint) {
   } else if (codePoint < 0x800) {
     text += static_cast<char>(0xC0U | codePoint >> 6U);
     text += static_cast<char>(0x80U | (codePoint & 0x3FU));
+  } else if (codePoint >= 0x10000) {
+    text += static_cast<char>(0xF0U | codePoint >> 18U);
+    text += static_cast<char>(0x80U | (codePoint >> 12U & 0x3FU));
+    text += static_cast<char>(0x80U | (codePoint >> 6U & 0x3FU));
+    text += static_cast<char>(0x80U | (codePoint & 0x3FU));
   } else {
     text += static_cast<char>(0xE0U | codePoint >> 12U);
     text += static_cast<char>(0x80U | (codePoint >> 6U & 0x3FU));
@@ -99,29 +73,36 @@ constexpr std::array<unsigned, 32> kWindows1252 = {0x20AC, 0x81,   0x201A, 0x019
                                                    0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-void WriteAll(int fd, std::string_view text, const std::filesystem::path& file) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(fd, text.data(), text.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    }
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
+/// The place of the high byte in the pairs of a text in UTF-16; nothing for another text.
+std::optional<std::size_t> Utf16Order(std::string_view text) {
+  constexpr std::string_view kXmlHighFirst("\0<", 2);
+  constexpr std::string_view kXmlLowFirst("<\0", 2);
+  if (text.starts_with("\xFE\xFF") || text.starts_with(kXmlHighFirst)) return 0;
+  if (text.starts_with("\xFF\xFE") || text.starts_with(kXmlLowFirst)) return 1;
+  return std::nullopt;
 }
 
-/// Makes a new file beside the target, opens and locks it. The lock ends with the process, whatever ends that: it tells
-/// a file that is being written from one that has been left. Returns -1 when it can't be made.
-int OpenUnfinished(const std::filesystem::path& target, std::string& name) {
-  while (true) {
-    (name = target.string()).append(kUnfinished).append(kRandom);
-    const int fd = ::mkostemp(name.data(), O_CLOEXEC);
-    if (fd < 0) return fd;
-    ::flock(fd, LOCK_EX);
-    struct stat made {};
-    if (::fstat(fd, &made) != 0 || made.st_nlink > 0) return fd;
-    ::close(fd);  // another save has taken it for a left one, before it was locked
+/// Halves of a pair that stand alone become U+FFFD, which replaces what can't be read.
+std::string FromUtf16(std::string_view text, std::size_t high) {
+  constexpr unsigned kByteOrderMark = 0xFEFF;
+  constexpr unsigned kReplacement = 0xFFFD;
+  const auto unit = [&](std::size_t i) {
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned>(static_cast<unsigned char>(text[at])); };
+    return i + 1 < text.size() ? byte(i + high) * 256 + byte(i + 1 - high) : 0U;
+  };
+  std::string utf8;
+  utf8.reserve(text.size());
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+    unsigned code = unit(i);
+    if (code >= 0xD800 && code < 0xE000) {
+      const unsigned low = unit(i + 2);
+      const bool pair = code < 0xDC00 && low >= 0xDC00 && low < 0xE000;
+      code = pair ? 0x10000 + (code - 0xD800) * 0x400 + (low - 0xDC00) : kReplacement;
+      if (pair) i += 2;
+    }
+    if (i > 0 || code != kByteOrderMark) AppendUtf8(utf8, code);
   }
+  return utf8;
 }
 
 }  // namespace
@@ -149,8 +130,8 @@ std::string ToUtf8(std::string text) {
   return utf8;
 }
 
-std::string ReadTextFile(const std::filesystem::path& file) {
-  Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest) {
+  const Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
   if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
   std::string text;
   std::array<char, 65536> buffer{};
@@ -160,69 +141,12 @@ std::string ReadTextFile(const std::filesystem::path& file) {
     if (got < 0) throw FileError(file, 0, {kNotRead, {ErrorText(errno)}});
     if (got == 0) break;
     text.append(buffer.data(), static_cast<std::size_t>(got));
-    if (text.size() > kLargestFile) throw FileError(file, 0, kLargerThan);
+    if (text.size() > largest) throw FileError(file, 0, {kLargerThan, {std::to_string(largest / kMiB)}});
   }
+  if (const auto order = Utf16Order(text)) return FromUtf16(text, *order);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
   return ToUtf8(std::move(text));
-}
-
-void WriteTextFile(const std::filesystem::path& file, std::string_view text) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  fs::path target = fs::weakly_canonical(file, error);
-  if (error) target = file;
-  if (fs::is_directory(target, error)) throw FileError(file, 0, kIsFolder);
-
-  // A file that is there but must not be written stays, although its folder would allow the rename.
-  struct stat old {};
-  const bool exists = ::stat(target.c_str(), &old) == 0;
-  if (exists && ::access(target.c_str(), W_OK) != 0) {
-    throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-  }
-  if (exists && !S_ISREG(old.st_mode)) {  // a pipe or a terminal has nothing to lose
-    Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!device.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    WriteAll(device.Get(), text, file);
-    return;
-  }
-
-  RemoveUnfinishedSaves(target.parent_path(), target.filename().string());
-  std::string beside;
-  Descriptor fd(OpenUnfinished(target, beside));
-  if (!fd.IsOpen()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-  const Descriptor lock(::fcntl(fd.Get(), F_DUPFD_CLOEXEC, 0));  // holds it until the file has its name
-  try {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    if (::fchmod(fd.Get(), exists ? old.st_mode & 07777U : 0666U & ~mask) != 0) {
-      throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    }
-    WriteAll(fd.Get(), text, file);
-    if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FileError(file, 0, {kNotWritten, {ErrorText(errno)}});
-    if (::rename(beside.c_str(), target.c_str()) != 0) {
-      throw FileError(file, 0, {kNotReplaced, {ErrorText(errno)}});
-    }
-  } catch (...) {
-    ::unlink(beside.c_str());
-    throw;
-  }
-  // The rename itself reaches the disk with the folder.
-  Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.IsOpen()) ::fsync(folder.Get());
-}
-
-void RemoveUnfinishedSaves(const std::filesystem::path& folder, std::string_view name) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string found = entry->path().filename().string();
-    const std::size_t mark = found.rfind(kUnfinished);
-    if (mark == std::string::npos || found.size() != mark + kUnfinished.size() + kRandom.size()) continue;
-    if (!name.empty() && found.substr(0, mark) != name) continue;
-    const Descriptor fd(::open(entry->path().c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (fd.IsOpen() && ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0) ::unlink(entry->path().c_str());
-  }
 }
 
 }  // namespace tav

@@ -1,7 +1,7 @@
 #include "plan/bailout_cuts.h"
 
 #include "model/number_text.h"
-#include "plan/scratch_run.h"
+#include "plan/breathed_gas.h"
 
 namespace tav {
 namespace {
@@ -33,12 +33,15 @@ BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single int
     : services_(forms.Services()),
       document_(services_.documents(document)),
       plan_(forms(document).InputProfile),
+      openFrom_(FirstOpenRow(plan_, document_.Template)),
       interval_(interval == 0 ? Single(1) : interval),
       fault_(forms(document).EvaluationFault()) {
   const std::int16_t previous = forms(document).PrevProfile;
   if (previous != -1) previous_ = services_.documents(previous);
   if (fault_.empty() && plan_.GetLength() == 0) fault_ = services_.texts.GetResString(kNoLegs);
-  if (fault_.empty()) fault_ = SizeFault();
+  if (!fault_.empty()) return;
+  fault_ = SizeFault();
+  intervalIsAtFault_ = !fault_.empty();
 }
 
 std::string BailoutCuts::SizeFault() const {
@@ -81,6 +84,16 @@ ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
   return cut;
 }
 
+bool BailoutCuts::Ascend(ScratchRun& run, const Moment& moment, TableDive& dive,
+                         const std::function<bool()>& proceed) const {
+  const ClassProfile cut = PlanUntil(moment);
+  dive.head = moment.time;
+  dive.depth = cut.getDepth(moment.row);
+  // On a rebreather whose stops are on open circuit the loop was left before a cut among them.
+  const std::int16_t openFrom = !document_.Template.OpenCircuit && moment.row >= openFrom_ ? openFrom_ : 0;
+  return run.Compute(cut, true, dive, proceed, openFrom);
+}
+
 std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
   TableDives result{DropGasChange(document_.Template, scenario), {}, true};
   if (scenario < Scenarios() - 1) {
@@ -88,17 +101,14 @@ std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& 
   }
   ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
   run.Template() = result.diveTemplate;
+  result.model = run.Model();
   const std::vector<Moment> moments = Moments();
   result.dives.resize(1 + moments.size());
   result.dives.front().profile = plan_;
   int done = 0;
   const auto proceed = [&] { return progress(done, static_cast<int>(moments.size())); };
   for (const Moment& moment : moments) {
-    const ClassProfile cut = PlanUntil(moment);
-    TableDive& dive = result.dives[static_cast<std::size_t>(done) + 1];
-    dive.head = moment.time;
-    dive.depth = cut.getDepth(moment.row);
-    if (!run.Compute(cut, true, dive, proceed)) return std::nullopt;
+    if (!Ascend(run, moment, result.dives[static_cast<std::size_t>(done) + 1], proceed)) return std::nullopt;
     ++done;
     if (!proceed()) return std::nullopt;
   }
@@ -109,10 +119,7 @@ void BailoutCuts::Visit(const std::function<bool(const TableDive& cut)>& visit) 
   ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
   TableDive dive;
   for (const Moment& moment : Moments()) {
-    const ClassProfile cut = PlanUntil(moment);
-    dive.head = moment.time;
-    dive.depth = cut.getDepth(moment.row);
-    run.Compute(cut, true, dive, [] { return true; });
+    Ascend(run, moment, dive, [] { return true; });
     if (!visit(dive)) return;
   }
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "plan/document_forms.h"
+#include "plan/scratch_run.h"
 #include "plan/table_dives.h"
 
 namespace tav {
@@ -36,6 +37,8 @@ class BailoutCuts {
   /// Why there can be no run: no rows, a plan that could not be computed, too many cuts or none. Empty when there can
   /// be one.
   [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// Another interval would mend the fault.
+  [[nodiscard]] bool IntervalIsAtFault() const { return intervalIsAtFault_; }
   [[nodiscard]] Single Interval() const { return interval_; }
   /// Scenario i is the loss of entry i; the last one has all gases.
   [[nodiscard]] int Scenarios() const { return static_cast<int>(document_.Template.ChangeGasMixes.size()) + 1; }
@@ -57,13 +60,17 @@ class BailoutCuts {
   [[nodiscard]] std::string SizeFault() const;
   [[nodiscard]] std::vector<Moment> Moments() const;
   [[nodiscard]] ClassProfile PlanUntil(const Moment& moment) const;
+  /// Its ascent into `dive`. False when `proceed` ended it.
+  bool Ascend(ScratchRun& run, const Moment& moment, TableDive& dive, const std::function<bool()>& proceed) const;
 
   const PlanServices& services_;
   DocumentState document_;
   std::optional<DocumentState> previous_;
   ClassProfile plan_;
+  std::int16_t openFrom_;  ///< its first row on open circuit
   Single interval_;
   std::string fault_;
+  bool intervalIsAtFault_ = false;
 };
 
 }  // namespace tav

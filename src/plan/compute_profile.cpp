@@ -39,7 +39,7 @@ class EngineDoor {
 
   void Ascend(const ClassProfile& userProfile, ClassProfile& segmentedProfile) const {
     segmentedProfile.clear();
-    Start()->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC);
+    Start()->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC, run_.openFrom);
   }
 
   /// Of the run that gave these rows: with a computed ascent when rows follow those of the plan.
@@ -52,7 +52,7 @@ class EngineDoor {
     if (lastOfPlan < rows.GetLength()) {
       ClassProfile plan = rows;
       plan.CutAfter(lastOfPlan);
-      engine->StartBuhlmann(plan, replayed, true, run_.forceOC);
+      engine->StartBuhlmann(plan, replayed, true, run_.forceOC, run_.openFrom);
     } else {
       engine->LoadCompartments(rows, replayed);
     }

@@ -28,6 +28,7 @@ struct EngineRun {
   std::int16_t previousDocument = -1;  ///< the dive before in the series; -1 starts a first dive
   bool loadOnly = false;               ///< replay the rows as they are, without a stop search
   bool forceOC = false;                ///< the ascent of a rebreather plan on open circuit
+  std::int16_t openFrom = 0;           ///< its row from which on it was breathed so already; 0 for none
 };
 
 /// The one door from a document to the engine: creates an engine, starts it fresh or after the surface interval, and

@@ -37,26 +37,35 @@ std::int16_t DocumentForms::LoadNewDoc() {
 }
 
 std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir) {
+  DiveRecord dive{services_.documents(previous).Template, surfaceInterval, {}};
+  dive.Template.IntervalOnAir = intervalOnAir;
+  // The new dive itself has no changes yet, but its series has.
+  return InsertDive(previous, dive);
+}
+
+std::int16_t DocumentForms::InsertDive(std::int16_t previous, const DiveRecord& dive) {
   const std::int16_t number = NewDocument();
   DocumentState& document = services_.documents(number);
   const DocumentState& before = services_.documents(previous);
-  CopyDiveTemplate(before.Template, document.Template);
-  document.Template.IntervalOnAir = intervalOnAir;
-  document.TemplateTitle = before.Template.Templatename;
+  document.Template = dive.Template;
+  document.TemplateTitle = dive.Template.Templatename;
   document.ProfileName = before.ProfileName;
   document.ProfileFolder = before.ProfileFolder;
-  document.SurfaceInterval = surfaceInterval;
+  document.SurfaceInterval = dive.SurfaceInterval;
   document.PreviousDocument = previous;
   frmWaypointEditor& window = (*this)(number);
+  window.UserActions = dive.UserActions;
   window.SetTemplate();
-  window.setPrevNext(previous, -1);
-  window.CarryDoses();
-  window.setNullWaypoint();
+  const std::int16_t next = (*this)(previous).NextProfile;
+  window.setPrevNext(previous, next);
   (*this)(previous).setNext(number);
-  services_.display.ShowRepetitiveIcon(number);
-  // The new dive itself has no changes yet, but its series has.
+  if (next != -1) {
+    (*this)(next).PrevProfile = number;
+    services_.documents(next).PreviousDocument = number;
+  }
+  for (std::int16_t i = next; i != -1; i = (*this)(i).NextProfile) (*this)(i).UpdateSurfProfiles();
   services_.documents(window.getFirstProfile()).Modified = true;
-  services_.display.RedrawProfile(number);
+  window.ReEvaluateUserEnteredWaypoints();
   return number;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "persist/profile_file.h"
 #include "plan/plan_services.h"
 #include "plan/waypoint_editor.h"
 
@@ -29,6 +30,9 @@ class DocumentForms {
   /// minutes, on air or, on a rebreather, from the loop. The new plan is empty and has a copy of the template. Returns
   /// its number.
   std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir = true);
+
+  /// The same for a dive that there was already, and between any two of a series: the later ones are computed anew.
+  std::int16_t InsertDive(std::int16_t previous, const DiveRecord& dive);
 
   /// The caption of a document by its place in its series.
   [[nodiscard]] std::string Caption(std::int16_t document);

@@ -4,7 +4,9 @@
 #include <iterator>
 #include <utility>
 
+#include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/units.h"
 
 namespace tav {
 namespace {
@@ -35,19 +37,55 @@ void LegTable::SetMix(Row& row, std::optional<std::int16_t> mix) const {
 
 void LegTable::Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate) {
   template_ = &diveTemplate;
+  metric_ = diveTemplate.Metric;
   rows_.clear();
-  for (int i = 1; i <= actions.GetLength(); ++i) {
-    const auto action = static_cast<std::int16_t>(i);
-    Row row;
-    row.origin = action;
-    row.ascent = actions.getaction(action) != ClassUseractions::kLeg;
-    SetMix(row, actions.getmixnumber(action));
-    if (!row.ascent) {
-      row.depth = {Written(actions.getDepth(action)), actions.getDepth(action)};
-      row.time = {Written(actions.gettime(action)), actions.gettime(action)};
-    }
-    rows_.push_back(std::move(row));
+  for (int i = 1; i <= actions.GetLength(); ++i) rows_.push_back(Made(actions, static_cast<std::int16_t>(i)));
+}
+
+LegTable::Row LegTable::Made(const ClassUseractions& actions, std::int16_t action) const {
+  Row row;
+  row.origin = action;
+  row.ascent = actions.getaction(action) != ClassUseractions::kLeg;
+  SetMix(row, actions.getmixnumber(action));
+  if (!row.ascent) {
+    row.depth = {Written(actions.getDepth(action)), actions.getDepth(action)};
+    row.time = {Written(actions.gettime(action)), actions.gettime(action)};
   }
+  return row;
+}
+
+void LegTable::Follow(const ClassUseractions& before, const ClassUseractions& now) {
+  const double factor = template_->Metric ? kMetresPerFoot : kFeetPerMetre;
+  const auto converted = [factor](Single depth) { return RoundSingle(depth * factor, 1); };
+  bool depthsConverted = false;
+  // Actions are added and taken away at the end.
+  std::int16_t shared = 0;
+  for (auto i = std::int16_t{1}; i <= std::min(before.GetLength(), now.GetLength()); ++i, ++shared) {
+    const bool isLeg = now.getaction(i) == ClassUseractions::kLeg;
+    const bool isSame = now.getDepth(i) == before.getDepth(i);
+    const bool isConverted = isLeg && template_->Metric != metric_ && now.getDepth(i) == converted(before.getDepth(i));
+    if (before.getaction(i) != now.getaction(i) || before.gettime(i) != now.gettime(i)) break;
+    if (before.getmixnumber(i) != now.getmixnumber(i) || (!isSame && !isConverted)) break;
+    depthsConverted |= isConverted && !isSame;
+  }
+  metric_ = template_->Metric;
+  std::erase_if(rows_, [shared](const Row& row) { return row.origin > shared; });
+  for (Row& row : rows_) {
+    if (row.ascent) continue;
+    if (row.origin > 0 && row.mix == now.getmixnumber(row.origin)) {
+      SetMix(row, row.mix);
+    } else {
+      row.mix = FindBlend(row.gas, *template_);
+    }
+    if (row.origin > 0 && !row.depth.typed) {
+      row.depth = Made(now, row.origin).depth;
+    } else if (depthsConverted && row.depth.value) {
+      row.depth.value = converted(*row.depth.value);
+      row.depth.text = Written(*row.depth.value);
+    }
+  }
+  for (int i = shared + 1; i <= now.GetLength(); ++i) rows_.push_back(Made(now, static_cast<std::int16_t>(i)));
+  DropIdleAscents();
 }
 
 void LegTable::Set(int row, Field field, const std::string& text) {
@@ -188,11 +226,6 @@ ClassUseractions LegTable::Actions() const {
     if (row.ascent) actions.setdeco(last);
   }
   return actions;
-}
-
-void LegTable::Adopt() {
-  std::int16_t action = 0;
-  for (Row& row : rows_) row.origin = ++action;
 }
 
 std::vector<std::int16_t> LegTable::Origins() const {

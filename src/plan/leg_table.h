@@ -71,8 +71,10 @@ class LegTable {
   [[nodiscard]] std::vector<Fault> Faults(const TextSource& texts) const;
   /// Of a table without faults.
   [[nodiscard]] ClassUseractions Actions() const;
-  /// The plan has these rows now: each is its own origin.
-  void Adopt();
+  /// The actions or the template of the plan have changed while the rows can't be planned. Rows that were not typed
+  /// become what their actions are now, go with those that are gone and are joined by those that are new; a gas that
+  /// was chosen keeps its name, a depth that was typed its place when the depths of the plan were converted.
+  void Follow(const ClassUseractions& before, const ClassUseractions& now);
   /// The origin of each action, from element 1 on.
   [[nodiscard]] std::vector<std::int16_t> Origins() const;
 
@@ -80,6 +82,7 @@ class LegTable {
   [[nodiscard]] std::optional<std::int16_t> GasAbove(int row) const;
   void SetMix(Row& row, std::optional<std::int16_t> mix) const;
   void Put(int row, Row made);
+  [[nodiscard]] Row Made(const ClassUseractions& actions, std::int16_t action) const;
   /// An ascent needs a leg ahead of it.
   void DropIdleAscents();
   [[nodiscard]] std::string DepthReason(const Number& depth, const TextSource& texts) const;
@@ -88,6 +91,7 @@ class LegTable {
 
   LocaleSeparators separators_;
   const DiveTemplate* template_ = nullptr;
+  bool metric_ = true;  ///< the units of the rows
   std::vector<Row> rows_;
 };
 

@@ -1,8 +1,10 @@
 #include "plan/plan_trial.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/template_faults.h"
+#include "persist/profile_file.h"
 
 namespace tav {
 
@@ -10,12 +12,20 @@ void PlanTrial::Begin(std::int16_t document) {
   if (running_ && document == document_) return;
   Keep();
   running_ = true;
-  templateChanged_ = false;
+  inForce_ = false;
   document_ = document;
-  formerActions_ = Editor().UserActions;
-  formerTemplate_ = Template();
+  opening_ = Editor().Opening();
+  former_ = Editor().StatesFromHere();
+  formerText_ = Text();
   formerlyAbove_ = LegsAboveCeiling();
   history_.Hold(true);
+}
+
+/// As a file would hold the plan.
+std::string PlanTrial::Text() const { return WriteDiveRecord(Template(), 0, Editor().UserActions); }
+
+bool PlanTrial::IsOpen() const {
+  return !forms_.Services().documents(document_).SlotFree && Editor().Opening() == opening_;
 }
 
 std::vector<PlanRefusal::Leg> PlanTrial::LegsAboveCeiling() const {
@@ -32,54 +42,67 @@ std::vector<PlanRefusal::Leg> PlanTrial::LegsAboveCeiling() const {
 
 PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins) {
   PlanRefusal refusal;
-  const bool hadFault = !Editor().EvaluationFault().empty();
+  const bool hadFault = !Former().fault.empty();
   const auto stood = [&](const PlanRefusal::Leg& leg) {
     const std::int16_t origin = origins.at(static_cast<std::size_t>(leg.action));
     return std::any_of(formerlyAbove_.begin(), formerlyAbove_.end(),
                        [&](const PlanRefusal::Leg& former) { return former.action == origin; }) &&
-           formerActions_.getDepth(origin) == actions.getDepth(leg.action);
+           Former().actions.getDepth(origin) == actions.getDepth(leg.action);
   };
-  Editor().TryActions(actions, [&] {
+  const bool taken = Editor().TryActions(actions, [&] {
     if (!hadFault) refusal.fault = Editor().EvaluationFault();
     refusal.legs = LegsAboveCeiling();
     std::erase_if(refusal.legs, stood);
     return refusal.IsEmpty();
   });
+  if (taken) {
+    inForce_ = true;
+  } else {
+    Refuse();
+  }
   return refusal;
 }
 
 std::string PlanTrial::TryTemplate(const std::function<void(DiveTemplate&)>& change) {
-  DiveTemplate wanted = Template();
+  DiveTemplate wanted = Former().document.Template;
   change(wanted);
   wanted.TemplateChanged = true;
   std::string fault = forms_.Services().texts.Words(JoinFaults(TemplateFaults(wanted)));
-  if (!fault.empty()) return fault;
-  Template() = wanted;
-  templateChanged_ = true;
-  Editor().ReEvaluateUserEnteredWaypoints();
-  return {};
+  if (fault.empty()) {
+    Template() = wanted;
+    inForce_ = true;
+    Editor().ReEvaluateUserEnteredWaypoints();
+    if (Former().fault.empty()) fault = Editor().EvaluationFault();
+  }
+  if (!fault.empty()) Refuse();
+  return fault;
+}
+
+void PlanTrial::Refuse() {
+  if (!std::exchange(inForce_, false) || !IsOpen()) return;
+  // A copy, because what shows the plan may end the trial.
+  const std::vector<PlanState> former = former_;
+  Editor().PutBack(former);
 }
 
 void PlanTrial::Keep() {
   if (!running_) return;
-  if (IsChanged()) Editor().MarkModified();
+  // Typed back to what it was, it is what it was.
+  if (inForce_ && IsOpen() && Text() == formerText_) Refuse();
+  if (inForce_ && IsOpen()) Editor().MarkModified();
   End();
 }
 
 void PlanTrial::Drop() {
-  if (!running_) return;
-  if (IsChanged()) {
-    Editor().UserActions = formerActions_;
-    Template() = formerTemplate_;
-    Editor().ReEvaluateUserEnteredWaypoints();
-  }
-  End();
+  Refuse();
+  if (running_) End();
 }
 
 void PlanTrial::End() {
   running_ = false;
+  former_.clear();
   history_.Hold(false);
-  history_.Record(document_);
+  if (IsOpen()) history_.Record(document_);
 }
 
 }  // namespace tav

@@ -8,6 +8,7 @@
 #include "model/dive_template.h"
 #include "plan/document_forms.h"
 #include "plan/undo_history.h"
+#include "plan/waypoint_editor.h"
 
 namespace tav {
 
@@ -25,8 +26,9 @@ struct PlanRefusal {
 };
 
 /// A change of a plan while its user is still at it: each state that makes sense is computed and shown, the later dives
-/// of the series with it; one that does not leaves the state before in force. Keep makes the last one a change of the
-/// document and one step of undo, Drop brings the plan back that was there before.
+/// of the series with it; one that does not brings the plan back that was there before, to the bit. Keep makes what is
+/// in force a change of the document and one step of undo, Drop brings the former plan back. A trial ends with the
+/// plan that it is about: when that has been closed, nothing of it is kept.
 class PlanTrial {
  public:
   PlanTrial(DocumentForms& forms, UndoHistory& history) : forms_(forms), history_(history) {}
@@ -42,6 +44,8 @@ class PlanTrial {
   PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins);
   /// Another template. The reason why the plan can't be computed with it; empty when it is in force.
   std::string TryTemplate(const std::function<void(DiveTemplate&)>& change);
+  /// What is being entered can't be at all: the former plan is in force meanwhile.
+  void Refuse();
 
   void Keep();
   void Drop();
@@ -49,17 +53,20 @@ class PlanTrial {
  private:
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
   [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
+  [[nodiscard]] const PlanState& Former() const { return former_.front(); }
   [[nodiscard]] std::vector<PlanRefusal::Leg> LegsAboveCeiling() const;
-  [[nodiscard]] bool IsChanged() const { return templateChanged_ || !(Editor().UserActions == formerActions_); }
+  [[nodiscard]] bool IsOpen() const;
+  [[nodiscard]] std::string Text() const;
   void End();
 
   DocumentForms& forms_;
   UndoHistory& history_;
   bool running_ = false;
-  bool templateChanged_ = false;
+  bool inForce_ = false;  ///< something that was tried is
   std::int16_t document_ = 0;
-  ClassUseractions formerActions_;
-  DiveTemplate formerTemplate_;
+  int opening_ = 0;                ///< of its window
+  std::vector<PlanState> former_;  ///< the dive and the later ones of its series
+  std::string formerText_;
   std::vector<PlanRefusal::Leg> formerlyAbove_;
 };
 

@@ -27,7 +27,7 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     frmWaypointEditor& window = forms(number);
     window.SetTemplate();
     window.UserActions = dive.UserActions;
-    window.DiveNumber = static_cast<std::int16_t>(opened.size());
+    window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
     if (!opened.empty()) {
       document.PreviousDocument = opened.back();
       window.PrevProfile = opened.back();
@@ -51,9 +51,9 @@ std::string ProfileFileText(DocumentForms& forms, std::int16_t document) {
   return text;
 }
 
-void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file) {
+SaveNotes SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file) {
   const PlanServices& services = forms.Services();
-  WriteTextFile(file, ProfileFileText(forms, document));
+  SaveNotes notes = WriteTextFile(file, ProfileFileText(forms, document));
   for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
     DocumentState& dive = services.documents(n);
     dive.ProfileName = SplitPath(file.string(), PathPart::FileName);
@@ -62,6 +62,7 @@ void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesys
     dive.Modified = false;
     forms.ShowCaption(n);
   }
+  return notes;
 }
 
 }  // namespace tav

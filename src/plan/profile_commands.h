@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "persist/profile_file.h"
+#include "persist/text_file.h"
 #include "plan/document_forms.h"
 
 namespace tav {
@@ -24,7 +25,7 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
 std::string ProfileFileText(DocumentForms& forms, std::int16_t document);
 
 /// Saves the whole series of a document, whole or not at all; then its dives bear the name of the file and are not
-/// modified any more. Throws FileError; then nothing has changed.
-void SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file);
+/// modified any more. Returns what the save could not keep of the file. Throws FileError; then nothing has changed.
+SaveNotes SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file);
 
 }  // namespace tav

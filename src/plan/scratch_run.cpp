@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "plan/breathed_gas.h"
+
 namespace tav {
 namespace {
 
@@ -26,17 +28,22 @@ void ScratchRun::Listener::StopHitLimit(const StopLimit& stop) {
   if (proceed != nullptr && !(*proceed)()) throw RunEnded();
 }
 
-bool ScratchRun::Compute(const ClassProfile& plan, bool forceOC, TableDive& dive,
-                         const std::function<bool()>& proceed) {
+bool ScratchRun::Compute(const ClassProfile& plan, bool forceOC, TableDive& dive, const std::function<bool()>& proceed,
+                         std::int16_t openFrom) {
   listener_.proceed = &proceed;
   std::string fault;
   try {
-    fault = ComputeProfile(services_, {document_, previous_, false, forceOC}, plan, dive.profile);
+    fault = ComputeProfile(services_, {document_, previous_, false, forceOC, openFrom}, plan, dive.profile);
   } catch (const RunEnded&) {
     return false;
   }
   if (!fault.empty()) throw std::runtime_error(fault);
   dive.decompresses = store_(document_).Decompresses;
+  const DiveTemplate& settings = store_(document_).Template;
+  const auto ascent = static_cast<std::int16_t>(LastUserRow(dive.profile) + 1);
+  dive.openFrom = openFrom != 0                      ? openFrom
+                  : forceOC && !settings.OpenCircuit ? ascent
+                                                     : FirstOpenRow(dive.profile, settings);
   return true;
 }
 

@@ -21,10 +21,13 @@ class ScratchRun {
   ~ScratchRun() = default;
 
   [[nodiscard]] DiveTemplate& Template() { return store_(document_).Template; }
+  [[nodiscard]] const ModelChoice& Model() const { return model_; }
 
   /// The whole dive of a plan with its ascent into `dive`. False when `proceed` answered false on the way; what `dive`
   /// holds is then void. Throws std::runtime_error for a template with faults and for a dive of too many rows.
-  bool Compute(const ClassProfile& plan, bool forceOC, TableDive& dive, const std::function<bool()>& proceed);
+  /// With `forceOC` the ascent of a rebreather is on open circuit, and its rows from `openFrom` on were so already.
+  bool Compute(const ClassProfile& plan, bool forceOC, TableDive& dive, const std::function<bool()>& proceed,
+               std::int16_t openFrom = 0);
 
  private:
   /// Says on what the engine says, and asks at each stop that never clears whether to go on: nothing else takes long.

@@ -79,6 +79,8 @@ std::optional<TableDives> SquareDives::Next(const RunProgress& progress) {
   };
   if (depth_ > axes_.EndDepth || !proceed()) return std::nullopt;
   TableDives result{run_.Template(), std::vector<TableDive>(1)};
+  result.model = run_.Model();
+  result.descentCounts = !fastDescent_;
   for (Single time = axes_.StartTime; time <= axes_.EndTime; time += axes_.TimeStep) {
     if (!fillProfile(result.dives.emplace_back(), depth_, time, proceed)) return std::nullopt;
     ++done_;

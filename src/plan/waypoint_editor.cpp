@@ -29,7 +29,7 @@ frmWaypointEditor::frmWaypointEditor(DocumentForms& forms, std::int16_t document
 
 const PlanServices& frmWaypointEditor::Services() const { return forms_.Services(); }
 
-DocumentState& frmWaypointEditor::Document() { return Services().documents(documentNumber_); }
+DocumentState& frmWaypointEditor::Document() const { return Services().documents(documentNumber_); }
 
 void frmWaypointEditor::Form_Load() {
   DiveNumber = 1;
@@ -112,12 +112,49 @@ void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
   SurfStartDeco();
 }
 
+PlanState frmWaypointEditor::PresentState() const {
+  return {UserActions, InputProfile,   resultProfile_,  savedProfile_,    actionResults_,
+          editState_,  evaluatedWith_, currentRunTime_, evaluationFault_, Document()};
+}
+
+void frmWaypointEditor::PutBack(const PlanState& state) {
+  ++evaluation_;
+  UserActions = state.actions;
+  InputProfile = state.rows;
+  resultProfile_ = state.loadedRows;
+  savedProfile_ = state.rowsBeforeAscent;
+  actionResults_ = state.actionResults;
+  editState_ = state.editState;
+  evaluatedWith_ = state.model;
+  currentRunTime_ = state.runTime;
+  evaluationFault_ = state.fault;
+  Document() = state.document;
+}
+
+std::vector<PlanState> frmWaypointEditor::StatesFromHere() const {
+  std::vector<PlanState> states;
+  for (std::int16_t n = documentNumber_; n != -1; n = forms_(n).NextProfile) states.push_back(forms_(n).PresentState());
+  return states;
+}
+
+void frmWaypointEditor::PutBack(const std::vector<PlanState>& states) {
+  std::int16_t n = documentNumber_;
+  for (const PlanState& state : states) {
+    forms_(n).PutBack(state);
+    n = forms_(n).NextProfile;
+    if (n == -1) break;
+  }
+  // Shown when all of them are back: a window may look at the dive before.
+  for (n = documentNumber_; n != -1; n = forms_(n).NextProfile) forms_(n).ShowEvaluation();
+  EnableCommandsByState();
+}
+
 bool frmWaypointEditor::TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts) {
-  const ClassUseractions former = std::exchange(UserActions, actions);
+  const PlanState former = PresentState();
+  UserActions = actions;
   Compute();
   if (!accepts()) {
-    UserActions = former;
-    Compute();
+    PutBack(former);
     return false;
   }
   ShowEvaluation();
@@ -321,12 +358,12 @@ void frmWaypointEditor::MarkModified() {
   Services().documents(getFirstProfile()).Modified = true;
 }
 
-bool frmWaypointEditor::ConfirmClose(const std::function<bool()>& saveAs) {
+bool frmWaypointEditor::ConfirmClose(const std::function<bool()>& saveAs, const std::string& lost) {
   const PlanServices& services = Services();
   if (PrevProfile != -1 || !Document().Modified) return true;
   const TextSource& texts = services.texts;
   const std::string question = texts.GetResString(kUnsavedName) + DocumentCaption(texts, Document()) + "]?\r\n" +
-                               texts.GetResString(kUnsavedQuestion);
+                               texts.GetResString(kUnsavedQuestion) + (lost.empty() ? "" : "\r\n\r\n" + lost);
   const BoxAnswer answer =
       services.boxes.Show(question, texts.GetResString(kUnsavedTitle), BoxIcon::Exclamation, BoxButtons::YesNoCancel);
   // A save that failed or was given up must not cost the plan.
@@ -345,8 +382,9 @@ void frmWaypointEditor::LeaveDocument(bool closedByUser) {
   if (closedByUser) SurfDeleteProfile();
 }
 
-bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs) {
-  if (!ConfirmClose(saveAs)) return false;
+bool frmWaypointEditor::Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs,
+                                         const std::string& lost) {
+  if (!ConfirmClose(saveAs, lost)) return false;
   LeaveDocument(closedByUser);
   return true;
 }

@@ -28,6 +28,21 @@ struct ActionResult {
   Single ceilingBefore;      ///< where it begins
 };
 
+/// A plan with all that its last evaluation has made of it, to be put back to the bit: computed anew, it may be another
+/// one under the models that are chosen meanwhile.
+struct PlanState {
+  ClassUseractions actions;
+  ClassProfile rows;
+  ClassProfile loadedRows;
+  ClassProfile rowsBeforeAscent;
+  std::vector<ActionResult> actionResults;
+  EditState editState = EditState::Empty;
+  ModelChoice model;
+  Single runTime;
+  std::string fault;
+  DocumentState document;
+};
+
 /// A document window: one open dive plan, apart from its drawing.
 ///
 /// The plan is held twice: `UserActions` is what the user asked for, `InputProfile` what comes out when those actions
@@ -88,6 +103,10 @@ class frmWaypointEditor {
   /// Puts other actions in the place of those of the plan, if `accepts` agrees: it is asked when this dive has been
   /// computed with them, before anything of it is shown. Else the plan is as it was, to the bit, and false is returned.
   bool TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts);
+  /// This dive and the later ones of its series, which change with it.
+  [[nodiscard]] std::vector<PlanState> StatesFromHere() const;
+  /// Puts them back and shows them.
+  void PutBack(const std::vector<PlanState>& states);
   /// The user's ascent command. False when the plan can't be computed: a box has said why, and nothing has changed.
   bool StartDeco();
   /// A waypoint as the user confirmed it. False when it lies above the ceiling or can't be planned: a box has said so.
@@ -103,13 +122,13 @@ class frmWaypointEditor {
   /// Brings the main window in line with this document.
   void Form_Activate();
   /// Asks about unsaved changes, once for a series, from its first dive. False calls the close off. `saveAs` saves the
-  /// series under a name that the user gives and tells whether it did.
-  bool ConfirmClose(const std::function<bool()>& saveAs);
+  /// series under a name that the user gives and tells whether it did. `lost` tells what not even that would keep.
+  bool ConfirmClose(const std::function<bool()>& saveAs, const std::string& lost = "");
   /// What a close that goes ahead does: carried values of a changed plan are cleared, and a dive that the user closes
   /// leaves its series.
   void LeaveDocument(bool closedByUser);
   /// Both, for a single window.
-  bool Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs);
+  bool Form_QueryUnload(bool closedByUser, const std::function<bool()>& saveAs, const std::string& lost = "");
 
   // Series (waypoint_editor_series.cpp).
   void setPrevNext(std::int16_t previous, std::int16_t next);
@@ -126,6 +145,8 @@ class frmWaypointEditor {
 
  private:
   void Evaluate();
+  [[nodiscard]] PlanState PresentState() const;
+  void PutBack(const PlanState& state);
   /// Rebuilds the rows of this dive; nothing of it shows before ShowEvaluation.
   void Compute();
   void ShowEvaluation();
@@ -137,7 +158,7 @@ class frmWaypointEditor {
   void BeginEvaluation();
   void EnableCommandsByState();
   void DisableSurfaceInterval();
-  DocumentState& Document();
+  [[nodiscard]] DocumentState& Document() const;
   [[nodiscard]] const PlanServices& Services() const;
 
   DocumentForms& forms_;

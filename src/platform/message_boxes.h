@@ -20,6 +20,13 @@ struct BoxCheck {
   bool ticked = false;
 };
 
+/// What the three buttons of a question say, where Yes and No would not tell what they do.
+struct BoxChoices {
+  std::string yes;
+  std::string no;
+  std::string cancel;  ///< changes nothing
+};
+
 /// Modal message boxes.
 class MessageBoxes {
  public:
@@ -35,6 +42,11 @@ class MessageBoxes {
                                   BoxCheck& check) {
     check.ticked = false;
     return Show(text, title, icon, buttons);
+  }
+  /// A question whose answers are told in words: Yes, No or Cancel.
+  virtual BoxAnswer ShowWithChoices(const std::string& text, const std::string& title, BoxIcon icon,
+                                    const BoxChoices& /*choices*/) {
+    return Show(text, title, icon, BoxButtons::YesNoCancel);
   }
 };
 

@@ -1,6 +1,7 @@
 #include "report/ascent_cards.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "model/numbers.h"
 #include "report/dive_figures.h"
@@ -16,14 +17,17 @@ class Card {
       : cut_(cut),
         numbers_(separators),
         settings_(scenario.diveTemplate),
-        lost_(scenario.lost),
         rows_(cut.profile),
         bottom_(LastUserRow(rows_)) {
     late_ = rows_.GetRunTime(bottom_) - cut.head;
+    // What was before the diver leaves is not on the card.
+    for (GasWarning& warning : GasWarnings(scenario, cut)) {
+      if (warning.lastRow >= bottom_) card_.warnings.push_back(std::move(warning));
+    }
   }
 
   AscentCard Make() {
-    card_.moment = Whole(cut_.head);
+    card_.moment = numbers_.Plain(RoundSingle(cut_.head, 2));
     card_.depth = Depth(cut_.depth);
     card_.decompresses = cut_.decompresses;
     Leave();
@@ -31,9 +35,9 @@ class Card {
       const Waypoint& row = rows_.Row(i);
       const bool last = i == rows_.GetLength();
       if (row.StopTime != 0) {
-        Add(row, Whole(row.StopTime), row);
+        Add(i, Whole(row.StopTime), i);
       } else if (last || ChangesOnTheWay(i)) {
-        Add(row, "", last ? row : Next(i));
+        Add(i, "", last ? i : Behind(i));
       }
       Count(row);
     }
@@ -44,11 +48,12 @@ class Card {
   }
 
  private:
-  [[nodiscard]] const Waypoint& Next(std::int16_t i) const { return rows_.Row(static_cast<std::int16_t>(i + 1)); }
+  static std::int16_t Behind(std::int16_t i) { return static_cast<std::int16_t>(i + 1); }
 
   /// The gas behind row i is another one, and no stop there tells it.
   [[nodiscard]] bool ChangesOnTheWay(std::int16_t i) const {
-    return Next(i).GasMixName != rows_.Row(i).GasMixName && Next(i).StopTime == 0;
+    const Waypoint& next = rows_.Row(Behind(i));
+    return next.GasMixName != rows_.Row(i).GasMixName && next.StopTime == 0;
   }
 
   /// A depth with a decimal only where it has one.
@@ -56,25 +61,28 @@ class Card {
 
   /// The first line: where and when the ascent begins, and on what; a stop there comes in the next line.
   void Leave() {
-    const Waypoint& start = rows_.Row(bottom_);
-    gas_ = start.GasMixName;
-    if (bottom_ < rows_.GetLength()) Add(start, "", Next(bottom_));
+    gas_ = rows_.Row(bottom_).GasMixName;
+    if (bottom_ == rows_.GetLength()) return;
+    Add(bottom_, "", Behind(bottom_));
+    card_.rows.back().runTime = card_.moment;
   }
 
-  /// A line for the depth of `place`, on the gas of `breathed`.
-  void Add(const Waypoint& place, const std::string& stop, const Waypoint& breathed) {
+  /// A line for the depth at which a row ends, on the gas of another.
+  void Add(std::int16_t place, const std::string& stop, std::int16_t breathed) {
+    constexpr double kNoise = 0.001;  // minutes
+    const Single depth = rows_.getDepth(place);
     CardRow& row = card_.rows.emplace_back();
-    row.depth = Depth(place.Depth);
+    row.depth = Depth(depth);
     row.stop = stop;
-    row.runTime = Whole(place.RunTime - late_);
-    row.gas = breathed.GasMixName;
+    row.runTime = Whole(std::ceil(rows_.GetRunTime(place) - late_ - kNoise));
+    row.gas = rows_.GetGasMixName(breathed);
     row.gasChanges = row.gas != gas_;
     gas_ = row.gas;
-    row.lostGas = place.Depth > 0 && lost_ && row.gas == *lost_;
-    if (place.Depth == 0) row.gas.clear();  // nothing is breathed from a cylinder any more
-    const Single surface = settings_.EndPressure;
-    const double ppo2 = (surface + place.Depth / DepthPerPressure(settings_.Metric)) * breathed.GasMixO2 / 100;
-    row.lowPPO2 = RoundSingle(ppo2, 2) < settings_.MinPPO2 && place.Depth > 0;
+    if (depth == 0) {
+      row.gas.clear();  // nothing is breathed from a cylinder any more
+      return;
+    }
+    row.warned = std::ranges::any_of(card_.warnings, [&](const GasWarning& w) { return w.Concerns(breathed); });
   }
 
   void Count(const Waypoint& row) {
@@ -86,7 +94,6 @@ class Card {
   const TableDive& cut_;
   NumberTexts numbers_;
   const DiveTemplate& settings_;
-  const std::optional<std::string>& lost_;
   const ClassProfile& rows_;
   std::int16_t bottom_;
   Single late_;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "model/number_text.h"
+#include "plan/gas_warnings.h"
 #include "plan/table_dives.h"
 
 namespace tav {
@@ -11,12 +12,13 @@ namespace tav {
 /// A line of a card: a depth that the diver comes to.
 struct CardRow {
   std::string depth;
-  std::string stop;     ///< minutes; empty where the diver does not wait
-  std::string runTime;  ///< minutes since the start of the dive, at the end of the stop or on arrival
+  std::string stop;  ///< minutes; empty where the diver does not wait
+  /// Whole minutes since the start of the dive, at the end of the stop or on arrival; rounded up, so that no stop seems
+  /// to end before it began.
+  std::string runTime;
   std::string gas;
   bool gasChanges = false;
-  bool lowPPO2 = false;  ///< the gas is below `MinPPO2` here
-  bool lostGas = false;  ///< the gas that the scenario takes for lost: it was in use at the cut
+  bool warned = false;  ///< a warning concerns it
 };
 
 /// One gas of an ascent.
@@ -27,10 +29,11 @@ struct CardGas {
 
 /// The whole ascent from one moment of a plan.
 struct AscentCard {
-  std::string moment;  ///< minute of the dive
+  std::string moment;  ///< minute of the dive, with decimals where the plan ends between two
   std::string depth;   ///< where it begins
   bool decompresses = true;
   std::vector<CardRow> rows;
+  std::vector<GasWarning> warnings;
   std::vector<CardGas> needed;  ///< in the order in which they are breathed
 };
 

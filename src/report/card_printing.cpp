@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "report/table_remarks.h"
 #include "report/wrapped_text.h"
 
 namespace tav {
@@ -19,8 +20,6 @@ constexpr int kNeeded = 7319;
 constexpr int kLitres = 7320;
 constexpr int kCubicFeet = 7321;
 constexpr int kNoDecompression = 7322;
-constexpr int kLowPPO2 = 7309;
-constexpr int kLostGas = 7330;
 constexpr int kMetres = 6027;
 constexpr int kFeet = 6029;
 
@@ -42,6 +41,7 @@ constexpr int kSmallestSize = 9;
 constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 9;
 const std::string kArial = "Arial";
+const std::string kWarning = "! ";
 
 class CardPrinter {
  public:
@@ -53,8 +53,8 @@ class CardPrinter {
     const std::size_t rows = card_.rows.size();
     const double onCard = kEnd - kRows;
     const auto most = static_cast<std::size_t>(std::floor(onCard / kRowHeight));
-    const auto mostOfLast =
-        static_cast<std::size_t>(std::floor((onCard - static_cast<double>(notes.size()) * kNoteHeight) / kRowHeight));
+    const double beside = std::max(0.0, onCard - static_cast<double>(notes.size()) * kNoteHeight);
+    const auto mostOfLast = static_cast<std::size_t>(std::floor(beside / kRowHeight));
     // Full cards, and a last one with room for the notes.
     parts_ = rows <= mostOfLast ? 1 : 1 + (rows - mostOfLast + most - 1) / most;
     for (std::size_t part = 1, row = 0; part <= parts_; ++part) {
@@ -64,10 +64,14 @@ class CardPrinter {
       for (; row < end; ++row, y += kRowHeight) Row(card_.rows[row], y);
       if (part < parts_) continue;
       y = kEnd - static_cast<double>(notes.size()) * kNoteHeight;
+      bool warning = false;  // from the first of them on
       for (const std::string& note : notes) {
+        warning = warning || note.starts_with(kWarning);
+        writer_.SetForeColor(warning ? kRed : kBlack);
         Fitted(kMargin, y, note, kNoteSize, true);
         y += kNoteHeight;
       }
+      writer_.SetForeColor(kBlack);
     }
   }
 
@@ -112,8 +116,7 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + kDepthRight, y_ + y, row.depth, kArial, kRowSize, 1);
     writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
-    const std::string mark = row.lowPPO2 || row.lostGas ? " !" : "";
-    Fitted(kGasLeft, y, row.gas + mark, kRowSize, row.gasChanges);
+    Fitted(kGasLeft, y, row.gas + (row.warned ? " !" : ""), kRowSize, row.gasChanges);
   }
 
   /// The gas that is needed, and what is wrong with it, below the last row.
@@ -125,13 +128,13 @@ class CardPrinter {
     }
     const TextFont font{kArial, kNoteSize, true};
     std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
-    const auto warn = [&](bool CardRow::*wrong, int id) {
-      if (std::any_of(card_.rows.begin(), card_.rows.end(), [&](const CardRow& row) { return row.*wrong; })) {
-        lines.push_back("! " + T(id));
+    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().separators);
+    for (const GasWarning& warning : card_.warnings) {
+      const std::string text = kWarning + WarningText(warning, words);
+      for (const std::string& line : WrappedText(text, kRight - kMargin, font, writer_.Services().measure)) {
+        lines.push_back(line);
       }
-    };
-    warn(&CardRow::lowPPO2, kLowPPO2);
-    warn(&CardRow::lostGas, kLostGas);
+    }
     return lines;
   }
 

@@ -1,6 +1,7 @@
 #include "report/dive_figures.h"
 
 #include "model/numbers.h"
+#include "plan/model_name.h"
 
 namespace tav {
 
@@ -35,6 +36,19 @@ DiveFigures FiguresOf(const ClassProfile& profile) {
   return figures;
 }
 
+bool LacksAscent(const ClassProfile& profile) {
+  const std::int16_t last = profile.GetLength();
+  return last > 0 && LastUserRow(profile) == last && profile.getDepth(last) > 0;
+}
+
+std::optional<int> NoticeOf(const ClassProfile& profile, bool decompresses) {
+  constexpr int kDoesNotDecompress = 7020;
+  // Without an ascent, what a former one did says nothing.
+  if (LacksAscent(profile)) return kLacksAscent;
+  if (!decompresses) return kDoesNotDecompress;
+  return std::nullopt;
+}
+
 std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts) {
   constexpr std::int16_t kLast = 5;
   if (row.Status >= 0 && row.Status <= kLast) return texts.first + row.Status;
@@ -44,9 +58,9 @@ std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts) {
   return std::nullopt;
 }
 
-std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelMarks& marks) {
+std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelChoice& model) {
   if (row.ModelControl == ModelMarker::kVPM) return "VPM";
-  if (row.ModelControl == ModelMarker::kZHL16) return TableName(marks);
+  if (row.ModelControl == ModelMarker::kZHL16) return TableName(model);
   return std::nullopt;
 }
 

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "engine/model_choice.h"
 #include "model/dive_template.h"
 #include "model/number_text.h"
 #include "model/profile.h"
-#include "report/model_marks.h"
 
 /// What windows and reports tell of a computed dive: sums over its rows, and the texts of single figures. Each is
 /// worked out here, so that no two outputs differ.
@@ -40,6 +40,15 @@ struct DiveFigures {
 };
 DiveFigures FiguresOf(const ClassProfile& profile);
 
+/// Text by number: "This plan has no ascent ...".
+constexpr int kLacksAscent = 8256;
+
+/// The plan ends under water: no ascent has been computed.
+bool LacksAscent(const ClassProfile& profile);
+
+/// What must be said ahead of all figures of a dive, a text by number: it does not decompress, it has no ascent.
+std::optional<int> NoticeOf(const ClassProfile& profile, bool decompresses);
+
 /// The texts for kinds of row, by number.
 struct StatusTexts {
   int first = 0;              ///< of status 0; those of 1 to 5 follow
@@ -50,8 +59,8 @@ struct StatusTexts {
 /// The number of the text for the kind of a row; nothing for a row without one.
 std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts);
 
-/// Which model set the ceiling of a row; nothing when none did.
-std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelMarks& marks);
+/// Which of the models in force set the ceiling of a row; nothing when none did.
+std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelChoice& model);
 
 /// Number text with the user's decimal separator.
 class NumberTexts {

@@ -1,6 +1,8 @@
 #include "report/information.h"
 
 #include "model/numbers.h"
+#include "plan/model_name.h"
+#include "report/loop_state.h"
 
 namespace tav {
 namespace {
@@ -44,9 +46,9 @@ DiveInformation::Table DiveInformation::Profile() const {
     const Waypoint& row = profile_.Row(i);
     deco = deco || row.StopDepth != 0;
     const Single cns = row.CNS * 100;
-    const bool showsGF = template_.UseGF && row.GF != 1.0;
+    const bool showsGF = GradientFactorsAct(template_, model_) && row.GF != 1.0;
     const bool highGF = showsGF && row.GF > 1.0;
-    if (const auto own = ModelOfRow(row, marks_)) model = *own;
+    if (const auto own = ModelOfRow(row, model_)) model = *own;
     const auto status = StatusTextOf(row, kStatus);
     table.push_back({Plain(numbers_.Fixed(row.Depth, 1)), Plain(numbers_.Fixed(row.SegmentTime, 1)),
                      Plain(numbers_.Fixed(row.RunTime, 1)), Plain(numbers_.Fixed(row.GasMixO2, 0)),
@@ -106,10 +108,11 @@ DiveInformation::Block DiveInformation::Info() const {
   const std::string length = t.Metric ? " m" : " ft";
   const std::string pressure = t.Metric ? " bar" : " ata";
   Block block;
-  block.model = TableName(marks_);
+  const bool actingGF = GradientFactorsAct(t, model_);
+  block.model = ModelName(model_);
   block.depthConservatism = T(2123) + " " + T(2142) + ": " + onOff(t.DepthAdjust);
-  block.gfConservatism = T(2124) + " " + T(2142) + ": " + onOff(t.UseGF);
-  block.showsGF = t.UseGF;
+  block.gfConservatism = T(2124) + " " + T(2142) + ": " + onOff(actingGF);
+  block.showsGF = actingGF;
   block.highGF = numbers_.Fixed(t.GFHigh, 2);
   block.lowGF = numbers_.Fixed(t.GFLow, 2);
   block.highGFAboveOne = t.GFHigh > 1.0;
@@ -118,9 +121,9 @@ DiveInformation::Block DiveInformation::Info() const {
   block.endAltitude = numbers_.Fixed(t.EndAltitude, 0) + length;
   block.startPressure = numbers_.Fixed(t.StartPressure, 3) + pressure;
   block.endPressure = numbers_.Fixed(t.EndPressure, 3) + pressure;
-  block.stepSize = numbers_.Fixed(t.StepSize, 0) + length;
-  block.lastStop = numbers_.Fixed(t.LastStop, 0) + length;
-  block.apparatus = T(t.OpenCircuit ? 2125 : 2126);
+  block.stepSize = numbers_.Plain(RoundSingle(t.StepSize, 1)) + length;
+  block.lastStop = numbers_.Plain(RoundSingle(t.LastStop, 1)) + length;
+  block.apparatus = t.OpenCircuit ? T(2125) : T(2126) + ", " + LoopState(t, false, texts_);
   block.o2Narcotic = T(t.O2Narcotic ? 3025 : 3026);
   return block;
 }

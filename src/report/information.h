@@ -18,9 +18,9 @@ class DiveInformation {
   using Table = std::vector<std::vector<GridCell>>;
 
   /// All that is handed over must outlive the object.
-  DiveInformation(const ClassProfile& profile, const DiveTemplate& diveTemplate, const ModelMarks& marks,
+  DiveInformation(const ClassProfile& profile, const DiveTemplate& diveTemplate, const ModelChoice& model,
                   const TextSource& texts, const LocaleSeparators& separators)
-      : profile_(profile), template_(diveTemplate), marks_(marks), texts_(texts), numbers_(separators) {}
+      : profile_(profile), template_(diveTemplate), model_(model), texts_(texts), numbers_(separators) {}
 
   /// Every row of the dive, 14 columns. From the first stop on, PPO2 is held against `DecoPPO2`.
   [[nodiscard]] Table Profile() const;
@@ -59,7 +59,7 @@ class DiveInformation {
 
   const ClassProfile& profile_;
   const DiveTemplate& template_;
-  const ModelMarks& marks_;
+  const ModelChoice& model_;
   const TextSource& texts_;
   NumberTexts numbers_;
 };

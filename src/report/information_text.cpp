@@ -80,7 +80,9 @@ std::string SupplyText(const SupplyTables& supply) {
 std::string InformationText(const ShownInformation& shown, const TextSource& texts) {
   const auto T = [&texts](int id) { return texts.GetResString(id); };
   const DiveInformation::Block& info = shown.info;
-  std::string text = Title(T(6084) + ":   " + shown.planCaption) + Centred(T(2100));
+  std::string text = Title(T(6084) + ":   " + shown.planCaption);
+  if (!shown.notice.empty()) text += Centred("! " + shown.notice);
+  text += Centred(T(2100));
   text += T(6022) + shown.surfaceInterval + "\r\n\r\n";
 
   text += ThreeColumns(Labelled(T(2143), info.model), Labelled(T(2140), info.units), Labelled(T(6048), info.apparatus));

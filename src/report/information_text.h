@@ -16,6 +16,7 @@ struct ShownInformation {
   DiveInformation::Table decoStops;
   DiveInformation::Table gas;
   SupplyTables supply = {};  ///< without rows when no cylinders are told
+  std::string notice = {};   ///< what must be read ahead of all figures
 };
 
 /// The information of a dive as plain text of 80 columns, with CR LF at the ends of lines.

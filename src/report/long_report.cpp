@@ -1,5 +1,7 @@
 #include "report/long_report.h"
 
+#include "plan/model_name.h"
+#include "report/loop_state.h"
 #include "report/page_units.h"
 
 namespace tav {
@@ -12,8 +14,8 @@ const std::string kArial = "Arial";
 
 }  // namespace
 
-GeneralReport::GeneralReport(PrintPreview& out, const ModelMarks& marks, std::function<void(const std::string&)> step)
-    : out_(out), marks_(marks), numbers_(out.Services().separators), step_(std::move(step)) {}
+GeneralReport::GeneralReport(PrintPreview& out, const ModelChoice& model, std::function<void(const std::string&)> step)
+    : out_(out), model_(model), numbers_(out.Services().separators), step_(std::move(step)) {}
 
 void GeneralReport::Step(int textId) {
   if (step_) step_(T(6000) + " " + std::to_string(ReportPage_) + " " + T(textId));
@@ -66,12 +68,17 @@ void GeneralReport::ShowLongReport() {
 }
 
 void GeneralReport::ReportHeader() {
-  const bool warn = Template().GFHigh > 1.0 && Template().UseGF;
-  out_.PrintHeader(T(6081), T(warn ? 6082 : 6084), T(6083) + out_.Services().environment.Today());
-  if (dive_->decompresses) return;
-  constexpr int kDoesNotDecompress = 7020;
+  const bool warn = Template().GFHigh > 1.0 && GradientFactorsAct(Template(), model_);
+  const std::string program = T(6081);
+  out_.PrintHeader(dive_->title.empty() ? program : program + ", " + dive_->title, T(warn ? 6082 : 6084),
+                   T(6083) + out_.Services().environment.Today());
+  constexpr double kLoopState = 3.55;  // between the notice and the first band
+  const std::string loop = LoopState(Template(), false, out_.Texts());
+  if (!loop.empty()) Left(1.9, kLoopState, loop, 8);
+  const auto notice = NoticeOf(Profile(), dive_->decompresses);
+  if (!notice) return;
   out_.SetForeColor(kRed);
-  Left(1.9, 3.1, T(kDoesNotDecompress), 12, true);
+  Left(1.9, 3.1, T(*notice), 12, true);
   out_.SetForeColor(kBlack);
 }
 

@@ -25,11 +25,13 @@ class GeneralReport {
     Single surfaceInterval;  ///< minutes
     bool decompresses = true;
     SupplyTables supply = {};  ///< told after the gas table; nothing without rows
+    std::string title = {};    ///< of the plan, in a series with its number; stands beside the program's name
   };
 
   /// `step` is told how far the report is, as a text for the wait window.
-  GeneralReport(PrintPreview& out, const ModelMarks& marks, std::function<void(const std::string&)> step);
+  GeneralReport(PrintPreview& out, const ModelChoice& model, std::function<void(const std::string&)> step);
 
+  [[nodiscard]] const TextSource& Texts() const { return out_.Texts(); }
   void InitLongReport();
   /// Appends all pages of one dive.
   void LongReport(const Dive& dive);
@@ -81,9 +83,11 @@ class GeneralReport {
 
   [[nodiscard]] const ClassProfile& Profile() const { return dive_->profile; }
   [[nodiscard]] DiveTemplate& Template() const { return dive_->diveTemplate; }
+  /// The factor of a row in per cent; "--" where it is 1 or does not act.
+  [[nodiscard]] std::string FactorOf(const Waypoint& row) const;
 
   PrintPreview& out_;
-  ModelMarks marks_;
+  ModelChoice model_;
   NumberTexts numbers_;
   std::function<void(const std::string&)> step_;
   int ReportPage_ = 1;

@@ -4,12 +4,14 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "platform/used_folder.h"
 #include "report/print_form.h"
 
 namespace tav {
 namespace {
 
 const std::string kSection = "Preview";
+const std::string kPdfFolder = "PdfFolder";
 constexpr double kUsualZoom = 0.65;
 constexpr double kLargestZoom = 1.5;
 constexpr double kSmallestZoom = 0.1;
@@ -131,9 +133,14 @@ std::string PrintPrev::Title() const {
 
 void PrintPrev::SavePdf() {
   const std::string name = report_.documentName.empty() ? Caption.Get() : report_.documentName;
-  const std::filesystem::path file =
-      platform_.files.Save({T(7212), T(7213), {}, std::filesystem::path(name).stem().string() + ".pdf", ".pdf", {}});
+  const std::filesystem::path file = platform_.files.Save({T(7212),
+                                                           T(7213),
+                                                           FolderUsedLast(platform_.settings, kPdfFolder),
+                                                           std::filesystem::path(name).stem().string() + ".pdf",
+                                                           ".pdf",
+                                                           {}});
   if (file.empty()) return;
+  KeepFolder(platform_.settings, kPdfFolder, file);
   platform_.screen.ShowHourglass(true);
   std::string fault;
   try {

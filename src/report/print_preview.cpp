@@ -51,7 +51,8 @@ void PrintPreview::PrintHeader(const std::string& left, const std::string& centr
   StartPlainPage();
   PrintFilledBox(1.0, 1.0, 28.5, 2.9, kMidGrey);
   PrintBoxOutline(1.0, 1.0, 28.5, 2.9);
-  PrintTextLeft(1.3, 2.2, left, kArial, 15, 1);
+  constexpr double kToDate = 20.0;
+  PrintTextFitted(1.3, 2.2, left, kToDate, kArial, 15, 1);
   PrintInCen(11.0, 1.2, centre, kArial, 30, 1);
   PrintTextRight(28.0, 2.2, right, kArial, 15, 1);
 }

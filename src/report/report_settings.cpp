@@ -4,6 +4,7 @@
 
 #include "model/altitude.h"
 #include "model/numbers.h"
+#include "plan/model_name.h"
 #include "report/long_report.h"
 
 namespace tav {
@@ -57,8 +58,9 @@ void GeneralReport::SettingsTable() {
   if (const auto altitude = PressureToAltitude(t.EndPressure, t.Metric)) t.EndAltitude = *altitude;
   const std::string pressure = T(t.Metric ? 6028 : 6030);
   const std::string length = T(t.Metric ? 6027 : 6029);
-  const bool veryHighGF = t.UseGF && t.GFHigh > 1.0;
-  const std::string factors = t.UseGF ? numbers_.Fixed(t.GFLow, 2) + "-" + numbers_.Fixed(t.GFHigh, 2) : T(6050);
+  const bool veryHighGF = GradientFactorsAct(t, model_) && t.GFHigh > 1.0;
+  const std::string factors =
+      GradientFactorsAct(t, model_) ? numbers_.Fixed(t.GFLow, 2) + "-" + numbers_.Fixed(t.GFHigh, 2) : T(6050);
 
   struct Setting {
     int group;  // 0: no text
@@ -74,9 +76,9 @@ void GeneralReport::SettingsTable() {
       {0, 0, 0, 0, length, 0, numbers_.Fixed(t.StartAltitude, 0)},
       {0, 0, 6031, 0.5, pressure, 0, numbers_.Fixed(t.EndPressure, 3)},
       {0, 0, 0, 0, length, 0, numbers_.Fixed(t.EndAltitude, 0)},
-      {6032, 0.3, 6033, 0, length, 0.1, numbers_.Fixed(t.StepSize, 0)},
-      {0, 0, 6034, 0, length, 0.1, numbers_.Fixed(t.LastStop, 0)},
-      {6035, 0.5, 6036, 0, "", 0, ModelText(marks_)},
+      {6032, 0.3, 6033, 0, length, 0.1, numbers_.Plain(RoundSingle(t.StepSize, 1))},
+      {0, 0, 6034, 0, length, 0.1, numbers_.Plain(RoundSingle(t.LastStop, 1))},
+      {6035, 0.5, 6036, 0, "", 0, ModelName(model_)},
       {0, 0, 6037, 1.0, T(6038), 0, factors},
       {0, 0, 0, 0, T(6039), 0, T(t.DepthAdjust ? 6049 : 6050)},
       {6040, 1.1, 6041, 0.5, T(6042), 0, numbers_.Fixed(t.MinPPO2, 2)},
@@ -99,7 +101,7 @@ void GeneralReport::SettingsTable() {
     constexpr std::size_t kFactors = 7;
     const Colour ink = i == kFactors && veryHighGF ? kRed : OnBlack(kSettingsBoxes, x) ? RGB(255, 255, 255) : kBlack;
     out_.SetForeColor(ink);
-    Left(x, y + 2.5, setting.value);
+    Fitted(x, y + 2.5, setting.value, kSettingsCols[i + 1] - x - 0.1);
     out_.SetForeColor(kBlack);
   }
   Outline(y, y + 3.0);

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "model/numbers.h"
+#include "plan/model_name.h"
 #include "report/long_report.h"
 
 namespace tav {
@@ -100,13 +102,13 @@ void GeneralReport::ProfileRow(std::int16_t index) {
 
   const bool planned = row.Status >= 0 && row.Status <= RowStatus::kAscentBand;
   const bool named = !planned && row.DoShow && row.Rate == 0;
-  PrintCellLeft(6, y, named ? ModelOfRow(row, marks_).value_or("") : "--");
+  PrintCellLeft(6, y, named ? ModelOfRow(row, model_).value_or("") : "--");
   if (row.MaxMValue == 0) {
     PrintCellLeft(7, y, "--");
   } else {
     PrintCellRight(7, y, numbers_.Fixed(Single(row.MaxMValue * 100), 1));
   }
-  PrintCellLeft(8, y, row.GF == 1.0 ? "--" : numbers_.Fixed(Single(row.GF * 100), 0));
+  PrintCellLeft(8, y, FactorOf(row));
   const auto status = StatusTextOf(row, kStatus);
   PrintCellLeft(9, y, status ? T(*status) : "");
 
@@ -190,27 +192,32 @@ void GeneralReport::DecoRows(DecoTable table, int step) {
     }
   }
   if (rows.empty()) {
-    Left(kDecoCols[6], DecoY_, T(bottom ? 6013 : 6016));
+    const int noStops = LacksAscent(Profile()) ? kLacksAscent : 6016;
+    Left(kDecoCols[6], DecoY_, T(bottom ? 6013 : noStops));
     DecoY_ += kRow;
   }
   close();
 }
 
+std::string GeneralReport::FactorOf(const Waypoint& row) const {
+  const std::string factor = numbers_.Fixed(Single(row.GF * 100), 0);
+  return row.GF == 1.0 || factor == "100" || !GradientFactorsAct(Template(), model_) ? "--" : factor;
+}
+
 void GeneralReport::DecoRow(DecoTable table, const Waypoint& row) {
   const bool bottom = table == DecoTable::Bottom;
   const Single y = DecoY_;
-  const std::string factor = numbers_.Fixed(Single(row.GF * 100), 0);
   InWhite([&] {
-    Right(kDecoCols[0] + 0.7, y, numbers_.Fixed(bottom ? row.Depth : row.StopDepth, 0));
+    Right(kDecoCols[0] + 0.7, y, numbers_.Plain(RoundSingle(bottom ? row.Depth : row.StopDepth, 1)));
     Right(kDecoCols[2] + 1.3, y, numbers_.Fixed(row.RunTime, bottom ? 1 : 0));
     Right(kDecoCols[4] + 0.7, y, numbers_.Fixed(row.GasMixO2, 0));
     Right(kDecoCols[6] + 1.0, y, numbers_.Fixed(row.GasUsed, 0));
-    Left(kDecoCols[9], y, bottom || factor == "100" ? "--" : factor);
+    Left(kDecoCols[9], y, bottom ? "--" : FactorOf(row));
   });
   Right(kDecoCols[1] + 0.7, y, numbers_.Fixed(bottom ? row.Rate : row.StopTime, 0));
   Fitted(kDecoCols[3], y, row.GasMixName, 1.6);
   Right(kDecoCols[5] + 0.5, y, numbers_.Fixed(row.GasMixHe, 0));
-  Left(kDecoCols[8], y, bottom ? ModelText(marks_) : ModelOfRow(row, marks_).value_or(""));
+  Fitted(kDecoCols[8], y, bottom ? ModelName(model_) : ModelOfRow(row, model_).value_or(""), 2.1);
   Left(kDecoCols[10], y, bottom ? "--" : numbers_.Fixed(Single(row.MaxMValue * 100), 1));
 }
 

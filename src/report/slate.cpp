@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "plan/model_name.h"
+#include "report/dive_figures.h"
+#include "report/loop_state.h"
 #include "report/page_units.h"
 #include "report/schedule.h"
 
@@ -13,6 +16,7 @@ constexpr int kCaption = 7733;
 constexpr int kUntil = 7734;
 constexpr int kTurn = 7735;
 constexpr int kDoesNotDecompress = 7736;
+constexpr int kWithoutAscent = 8257;
 constexpr int kSurface = 7737;
 constexpr int kLoop = 7738;
 constexpr int kPPO2 = 7739;
@@ -181,11 +185,13 @@ void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part,
            "  " + out_.Texts().Filled(kPPO2, {bottom.PPO2});
   }
   std::string note = dive.turn.empty() ? "" : out_.Texts().Filled(kTurn, {dive.turn});
+  const bool lacksAscent = LacksAscent(dive.rows);
   if (!dive.decompresses) note = T(kDoesNotDecompress);
+  if (lacksAscent) note = T(kWithoutAscent);
   constexpr int kSize = 16;
   constexpr int kNoteSize = 14;
   const double noteWidth = note.empty() ? 0.0 : Width(note, kNoteSize, true) + 0.4;
-  if (!dive.decompresses) out_.SetForeColor(kRed);
+  if (!dive.decompresses || lacksAscent) out_.SetForeColor(kRed);
   Right(right, y_ + kLine + 0.05, note, kNoteSize, 1);
   out_.SetForeColor(kBlack);
   Fitted(left, y_ + kLine, told, kSize, 1, right - left - noteWidth);
@@ -235,16 +241,18 @@ std::string Slate::SettingsLine(const DiveTemplate& settings) const {
   const auto fixed = [&](Single value, int decimals) {
     return WriteLocaleNumber(FormatFixed(value, decimals), out_.Services().separators);
   };
-  std::string line = ModelText(marks_);
+  std::string line = ModelName(model_);
   const auto add = [&line](const std::string& part) { line += (line.empty() ? "" : ", ") + part; };
-  const bool vpmAlone = !marks_.ZHL16B && !marks_.ZHL16C;  // gradient factors do nothing to it
-  if (settings.UseGF && !vpmAlone) add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
+  if (GradientFactorsAct(settings, model_)) {
+    add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
+  }
   if (settings.DepthAdjust) add(T(kDepthsAdjusted));
   if (settings.OpenCircuit) {
     add(T(kOpenCircuit));
   } else {
     add(T(kLoop) + " " + fixed(settings.Setpoint, 2) + "/" + fixed(settings.DecoSetpoint, 2));
     if (settings.OCDeco) add(T(kStopsOpen));
+    add(LoopState(settings, false, out_.Texts()));
   }
   add(out_.Texts().Filled(kSteps, {length(settings.StepSize), length(settings.LastStop)}));
   if (settings.StartPressure != settings.EndPressure) {

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "engine/model_choice.h"
 #include "model/dive_template.h"
 #include "model/profile.h"
-#include "report/model_marks.h"
 #include "report/print_preview.h"
 #include "report/slate_rows.h"
 
@@ -26,7 +26,7 @@ struct SlateDive {
 /// column in 18 points, a longer one two, and what is left goes on in the next card.
 class Slate {
  public:
-  Slate(PrintPreview& out, const ModelMarks& marks) : out_(out), marks_(marks) {}
+  Slate(PrintPreview& out, const ModelChoice& model) : out_(out), model_(model) {}
 
   void Begin();
   /// Adds the cards of one dive.
@@ -52,7 +52,7 @@ class Slate {
   void Right(double x, double y, const std::string& text, int size, int bold = 0);
 
   PrintPreview& out_;
-  ModelMarks marks_;
+  ModelChoice model_;
   bool metric_ = true;
   int cards_ = 0;  ///< on the open page
   double x_ = 0;   ///< top left corner of the open card, cm

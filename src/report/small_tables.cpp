@@ -10,6 +10,7 @@ namespace tav {
 namespace {
 
 std::string Whole(Single value) { return FormatFixed(value, 0); }
+std::string Exact(Single depth) { return FormatPlain(RoundSingle(depth, 1)); }
 
 /// Whether the ascent has a row of its own where profile row i ends: a level stretch, or a change of gas on the way.
 bool HasRow(const ClassProfile& profile, std::int16_t i) {
@@ -23,7 +24,7 @@ class Builder {
  public:
   Builder(const TableDives& profiles, const std::string& depthHead)
       : profiles_(profiles), last_(profiles.dives.back().profile), lastRow_(CountTableRows(profiles)) {
-    AddRow("Mix", depthHead);
+    AddRow("Mix", depthHead, depthHead);
   }
 
   SmallTable Build() {
@@ -33,6 +34,7 @@ class Builder {
     }
     for (std::size_t dive = 0; dive < profiles_.dives.size(); ++dive) FillColumn(dive);
     table_.cells.resize(std::min(table_.cells.size(), static_cast<std::size_t>(lastRow_) + 1));
+    table_.depths.resize(table_.cells.size());
     for (std::size_t dive = 1; dive < profiles_.dives.size(); ++dive) {
       const ClassProfile& profile = profiles_.dives[dive].profile;
       table_.totals.push_back(Whole(profile.GetRunTime(profile.GetLength())));
@@ -44,22 +46,24 @@ class Builder {
   }
 
  private:
-  void AddRow(const std::string& mix, const std::string& depth) {
+  void AddRow(const Waypoint& gas, Single depth) { AddRow(MixLabel(gas), Whole(depth), Exact(depth)); }
+  void AddRow(const std::string& mix, const std::string& depth, const std::string& exact) {
     auto& row = table_.cells.emplace_back(profiles_.dives.size() + 2);
     row[TableColumn::kMix] = mix;
     row[TableColumn::kDepth] = depth;
+    table_.depths.push_back(exact);
   }
 
   void AddRows() {
     const std::int16_t length = last_.GetLength();
     // A dive of fewer rows (a moment after the start, or at the surface) has its bottom in its last one.
     const std::int16_t bottom = std::min<std::int16_t>(2, length);
-    AddRow(MixLabel(last_.Row(bottom)), Whole(last_.getDepth(bottom)));
+    AddRow(last_.Row(bottom), last_.getDepth(bottom));
     if (length >= 3 && last_.getmixnumber(2) != last_.getmixnumber(3)) {
-      AddRow(MixLabel(last_.Row(3)), Whole(last_.getDepth(2)));
+      AddRow(last_.Row(3), last_.getDepth(2));
     }
     for (std::int16_t i = 3; i < length; ++i) {
-      if (HasRow(last_, i)) AddRow(MixLabel(last_.Row(static_cast<std::int16_t>(i + 1))), Whole(last_.getDepth(i)));
+      if (HasRow(last_, i)) AddRow(last_.Row(static_cast<std::int16_t>(i + 1)), last_.getDepth(i));
     }
   }
 
@@ -69,7 +73,7 @@ class Builder {
     const auto rowOf = [&](const Waypoint& stop) {
       return FindDepthRow(table_.cells, Whole(stop.StopDepth), lastRow_);
     };
-    CheckBottom(dive);
+    CheckDescent(dive);
     for (std::int16_t k = 0; k <= profile.GetLength(); ++k) {
       const Waypoint& stop = profile.Row(k);
       if (stop.StopTime == 0) continue;
@@ -81,46 +85,36 @@ class Builder {
     for (std::int16_t k = 0; k <= profile.GetLength(); ++k) {
       const Waypoint& stop = profile.Row(k);
       if (stop.StopTime == 0) continue;
-      if (RoundSingle(stop.PPO2, 2) < profiles_.diveTemplate.MinPPO2) {
-        Remark(table_.low_ppo2, dive, stop, FormatFixed(stop.PPO2, 2));
-      }
-      if (IsTooHigh(stop.PPO2, profiles_.diveTemplate.DecoPPO2)) {
-        Remark(table_.high_ppo2, dive, stop, FormatFixed(stop.PPO2, 2));
-      }
-      // Rows up to the cut are the plan's own: there the gas was not lost yet.
-      if (profiles_.lost && k > LastUserRow(profile) && stop.GasMixName == *profiles_.lost) {
-        Remark(table_.lost_gas, dive, stop, stop.GasMixName);
-      }
       const int found = rowOf(stop);
       if (found == -1 || told[static_cast<std::size_t>(found)] != &stop) continue;
-      auto& row = table_.cells[static_cast<std::size_t>(found)];
+      const auto at = static_cast<std::size_t>(found);
+      auto& row = table_.cells[at];
       row[dive + 2] = Whole(stop.StopTime);
       if (found == 1) Remark(table_.bottom, dive, stop, Whole(stop.StopTime));
       if (MixLabel(stop) != row[TableColumn::kMix]) Remark(table_.other_gas, dive, stop, MixLabel(stop));
+      if (Exact(stop.StopDepth) != table_.depths[at]) Remark(table_.other_depth, dive, stop, table_.depths[at]);
+    }
+    if (dive == 0) return;
+    for (GasWarning& warning : GasWarnings(profiles_, profiles_.dives[dive])) {
+      table_.warnings.push_back({dive - 1, table_.cells[0][dive + 2], std::move(warning)});
     }
   }
 
-  /// The bottom of a square dive is no stop; that of a plan was judged with the plan.
-  void CheckBottom(std::size_t dive) {
+  /// A square dive that is still on its way down when its bottom time is over goes on down.
+  void CheckDescent(std::size_t dive) {
     if (profiles_.bailout || dive == 0) return;
     const ClassProfile& profile = profiles_.dives[dive].profile;
     const Waypoint& bottom = profile.Row(LastUserRow(profile));
-    constexpr double kNothing = 0.01;  // minutes, more than being on the bottom at once takes
-    if (bottom.RunTime > profiles_.dives[dive].head + kNothing) {
-      table_.long_descent.push_back({dive - 1, table_.cells[0][dive + 2], "", FormatFixed(bottom.RunTime, 1)});
-    }
-    if (!IsTooHigh(bottom.PPO2, profiles_.diveTemplate.MaxPPO2)) return;
-    table_.high_ppo2.push_back({dive - 1, table_.cells[0][dive + 2], Whole(bottom.Depth), FormatFixed(bottom.PPO2, 2)});
-  }
-
-  static bool IsTooHigh(Single ppo2, Single limit) {
-    constexpr double kRounding = 0.02;  // bar: oxygen at 6 m has 1.61
-    return RoundSingle(ppo2, 2) > limit + kRounding;
+    constexpr double kNoise = 0.01;  // minutes
+    if (!(bottom.Rate > 0) || bottom.RunTime <= profiles_.dives[dive].head + kNoise) return;
+    table_.long_descent.push_back({dive - 1, table_.cells[0][dive + 2], "", FormatFixed(bottom.RunTime, 1)});
   }
 
   /// A remark on a stop of a dive that has a column.
   void Remark(std::vector<StopRemark>& list, std::size_t dive, const Waypoint& stop, const std::string& what) {
-    if (dive > 0) list.push_back({dive - 1, table_.cells[0][dive + 2], Whole(stop.StopDepth), what});
+    if (dive == 0) return;
+    list.push_back(
+        {dive - 1, table_.cells[0][dive + 2], Whole(stop.StopDepth), what, Exact(stop.StopDepth), MixLabel(stop)});
   }
 
   const TableDives& profiles_;

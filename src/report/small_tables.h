@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "plan/gas_warnings.h"
 #include "plan/table_dives.h"
 
 namespace tav {
@@ -21,27 +22,34 @@ constexpr std::size_t kFirstDive = 3;
 
 /// A stop that a small table does not tell as it is.
 struct StopRemark {
-  std::size_t dive = 0;  ///< the column, from 0; two columns may have one head
-  std::string head;      ///< of that column
-  std::string depth;
-  std::string what;  ///< its minutes, or the label of its gas
+  std::size_t dive = 0;    ///< the column, from 0; two columns may have one head
+  std::string head;        ///< of that column
+  std::string depth;       ///< as the cells have it, in whole numbers
+  std::string what;        ///< its minutes, or the label of its gas
+  std::string exact = {};  ///< the depth, with a decimal where it has one
+  std::string mix = {};    ///< the label of its gas
+};
+
+/// What must not be breathed in a dive of a table.
+struct TableWarning {
+  std::size_t dive = 0;
+  std::string head;
+  GasWarning warning;
 };
 
 /// A family of dives as a table: rows are the depths of the ascent with the gas breathed there, columns the dives.
 ///
 /// The rows are those of the last dive, its gases are their labels. What that drops or gives a wrong label is told in
-/// `left_out` and `other_gas`, so that no number is missing without a word; `low_ppo2` says what the program would warn
-/// of.
+/// `left_out` and `other_gas`, so that no number is missing without a word; `warnings` tell what must not be breathed.
 struct SmallTable {
-  TableCells cells;                   ///< all rows in use, the heads included
-  std::vector<std::string> totals;    ///< run time of each dive
-  std::vector<StopRemark> left_out;   ///< stops without a row, and such that a later one has replaced: minutes
-  std::vector<StopRemark> other_gas;  ///< stops on another gas than the label of their row: mix label
-  std::vector<StopRemark> bottom;     ///< stops in row 1, which paper does not show: minutes
-  std::vector<StopRemark> low_ppo2;   ///< stops at a PPO2 below `MinPPO2`, a gas that does not keep one awake: PPO2
-  std::vector<StopRemark> high_ppo2;  ///< stops above `DecoPPO2`, or the bottom of a square dive above `MaxPPO2`: PPO2
-  std::vector<StopRemark>
-      lost_gas;  ///< stops on the gas that the table takes for lost: it was in use at the cut; its name
+  TableCells cells;                     ///< all rows in use, the heads included
+  std::vector<std::string> depths;      ///< of each row of cells, with a decimal where it has one; the head first
+  std::vector<std::string> totals;      ///< run time of each dive
+  std::vector<StopRemark> left_out;     ///< stops without a row, and such that a later one has replaced: minutes
+  std::vector<StopRemark> other_gas;    ///< stops on another gas than the label of their row: mix label
+  std::vector<StopRemark> bottom;       ///< stops in row 1, which paper does not show: minutes
+  std::vector<StopRemark> other_depth;  ///< stops at another depth than their row, whose whole number is the same
+  std::vector<TableWarning> warnings;
   std::vector<StopRemark>
       long_descent;  ///< square dives whose descent takes longer than their bottom time: its minutes
   std::vector<StopRemark> no_decompression;  ///< dives with a stop that never clears; its depth and gas are not told

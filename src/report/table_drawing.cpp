@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "plan/model_name.h"
 #include "report/dive_figures.h"
+#include "report/loop_state.h"
 
 namespace tav {
 namespace {
@@ -10,6 +12,8 @@ namespace {
 constexpr Colour kGrey = RGB(200, 200, 200);
 constexpr int kSize = 7;  // points
 const std::string kArial = "Arial";
+constexpr int kMetres = 7425;
+constexpr int kFeet = 7426;
 
 class Drawing {
  public:
@@ -24,9 +28,12 @@ class Drawing {
     }
     writer_.PrintBoxOutline(f_.left, f_.top, f_.Right(), f_.Bottom());
     GasRules();
-    Text(f_.left + 0.1, f_.top, title, 1);
+    writer_.PrintTextFitted(f_.left + 0.1, f_.top, title, f_.TitleWidth(), kArial, kSize, 1);
     Text(f_.left + 0.8, f_.top + 0.4, Cell(0, TableColumn::kDepth));
-    for (int row = 1; row <= f_.rows; ++row) Text(f_.left + 0.9, f_.Text(row), Cell(row, TableColumn::kDepth));
+    for (int row = 1; row <= f_.rows; ++row) {
+      const std::string& depth = table_.depths[static_cast<std::size_t>(row)];
+      Text(f_.left + 0.9, f_.Text(row), WriteLocaleNumber(depth, writer_.Services().separators));
+    }
     for (int dive = 0; dive < f_.columns; ++dive) {
       Centred(dive, f_.top + 0.4, DiveCell(0, dive));
       Centred(dive, f_.Text(f_.rows + 1), table_.totals[static_cast<std::size_t>(dive)]);
@@ -82,16 +89,37 @@ class Drawing {
 
 }  // namespace
 
-std::string TableTitle(const TableDives& profiles, const PrintPreview& writer) {
+std::string ModelLine(const TableDives& profiles, const PrintPreview& writer) {
   const DiveTemplate& settings = profiles.diveTemplate;
-  const ClassProfile& last = profiles.dives.back().profile;
   constexpr int kOff = 6169;
   const NumberTexts numbers(writer.Services().separators);
-  const std::string gradient =
-      settings.UseGF ? "GF " + numbers.Fixed(settings.GFLow, 2) + "-" + numbers.Fixed(settings.GFHigh, 2) + "  "
-                     : "GF " + writer.Texts().GetResString(kOff) + "   ";
-  return gradient + MixLabel(last.Row(std::min<std::int16_t>(2, last.GetLength()))) +
-         (settings.OpenCircuit ? "  OC" : "  RB");
+  std::string line = ModelName(profiles.model);
+  if (GradientFactorsAct(settings, profiles.model)) {
+    line += "  GF " + numbers.Fixed(settings.GFLow, 2) + "-" + numbers.Fixed(settings.GFHigh, 2);
+  } else if (!profiles.model.VPMMode) {
+    line += "  GF " + writer.Texts().GetResString(kOff);
+  }
+  return line;
+}
+
+std::string TableTitle(const TableDives& profiles, const PrintPreview& writer) {
+  const ClassProfile& last = profiles.dives.back().profile;
+  // A bail-out is an ascent on open circuit, whatever the plan is dived on.
+  const bool open = profiles.bailout || profiles.diveTemplate.OpenCircuit;
+  return ModelLine(profiles, writer) + "  " + MixLabel(last.Row(std::min<std::int16_t>(2, last.GetLength()))) +
+         (open ? "  OC" : "  RB");
+}
+
+std::string TableCaption(const TableDives& profiles, const TextSource& texts) {
+  const DiveTemplate& settings = profiles.diveTemplate;
+  constexpr int kBailout = 8252;
+  constexpr int kOpen = 8253;
+  constexpr int kLoop = 8254;
+  constexpr int kLoopStopsOpen = 8255;
+  const std::string unit = texts.GetResString(settings.Metric ? kMetres : kFeet);
+  if (profiles.bailout) return texts.Filled(kBailout, {unit});
+  if (settings.OpenCircuit) return texts.Filled(kOpen, {unit});
+  return texts.Filled(settings.OCDeco ? kLoopStopsOpen : kLoop, {unit}) + "; " + LoopState(settings, false, texts);
 }
 
 void DrawTable(PrintPreview& writer, const SmallTable& table, const TablePlace& place, const std::string& title,

@@ -48,6 +48,7 @@ class Column {
     Text(0.9, 4.6, T(6085) + environment.UserName());
     Text(0.9, 5.0, T(6083) + environment.Today());
     Text(0.9, 0.6, T(6086) + T(6087), 7);
+    Text(0.9, 6.0, Cut(info_.model));
   }
 
   void Limits() {
@@ -83,8 +84,8 @@ class Column {
     Text(x + 1.0, kY + 3.5, T(6063));
     double y = kRatesTop;
     for (const RateEntry& entry : rates) {
-      Text(x, y, FormatFixed(entry.Depth, 0), 7);
-      Text(x + 1.0, y, FormatFixed(entry.Rate, 0), 7);
+      Text(x, y, Local(FormatPlain(entry.Depth)), 7);
+      Text(x + 1.0, y, Local(FormatPlain(entry.Rate)), 7);
       y += kRateHeight;
     }
   }

@@ -11,6 +11,7 @@ namespace tav {
 struct TableInfo {
   DiveTemplate diveTemplate;  ///< what the tables were computed on
   bool bailout = false;
+  std::string model;    ///< its name, with gradient factors where they act
   std::string caption;  ///< of a bail-out: the window's caption; what follows the first " [" is left out
 };
 

@@ -23,6 +23,7 @@ constexpr double kSheetRight = 29.4;  // what printers reach of a page of 29.7 b
 constexpr double kSheetBottom = 20.7;
 constexpr double kLineHeight = 0.27;
 constexpr int kRemarkSize = 6;
+constexpr int kSmallestSize = 5;
 const std::string kArial = "Arial";
 
 /// Where the remarks of a table may stand.
@@ -36,7 +37,9 @@ Room RoomOf(const SmallTable& table, const TablePlace& place) {
   using Slots = TableSlots;
   const double lowerRow = Slots::kTop + Slots::kCellHeight;
   const bool upper = place.y < lowerRow;
-  const double bottom = upper ? lowerRow - 0.1 : lowerRow + Slots::kCellHeight + 0.4;
+  // A table that reaches into the lower row has what is left of it; tables that would stand there are referred to.
+  const bool reachesDown = TableFrame(table, place).End() > lowerRow - 0.1;
+  const double bottom = upper && !reachesDown ? lowerRow - 0.1 : lowerRow + Slots::kCellHeight + 0.4;
   if (table.Width() > 2 * Slots::kCellWidth) return {Slots::kLeft + 0.3, 21.6, bottom};
   // A tall table has the cell below, too.
   const bool both = upper && table.Height() + 2.0 > Slots::kCellHeight;
@@ -46,9 +49,6 @@ Room RoomOf(const SmallTable& table, const TablePlace& place) {
       table.Width() > Slots::kCellWidth && !both ? 2 * Slots::kCellWidth - 0.5 : Slots::kCellWidth - 0.5;
   return {left, width, both ? lowerRow + Slots::kCellHeight + 0.4 : bottom};
 }
-
-/// Where the name of a table stands, above it: within the grid.
-double NameLeft(const TablePlace& place) { return std::max<double>(place.x + 0.1, TableSlots::kLeft + 0.4); }
 
 /// Columns and rows of a table, the heads included.
 SmallTable Part(const SmallTable& table, std::size_t firstDive, std::size_t endDive, std::size_t firstRow,
@@ -61,8 +61,12 @@ SmallTable Part(const SmallTable& table, std::size_t firstDive, std::size_t endD
                  dives + static_cast<std::ptrdiff_t>(endDive));
     return cells;
   };
-  part.cells.push_back(slice(table.cells[0]));
-  for (std::size_t row = firstRow; row < endRow; ++row) part.cells.push_back(slice(table.cells[row]));
+  const auto add = [&](std::size_t row) {
+    part.cells.push_back(slice(table.cells[row]));
+    part.depths.push_back(table.depths[row]);
+  };
+  add(0);
+  for (std::size_t row = firstRow; row < endRow; ++row) add(row);
   part.totals.assign(table.totals.begin() + static_cast<std::ptrdiff_t>(firstDive),
                      table.totals.begin() + static_cast<std::ptrdiff_t>(endDive));
   return part;
@@ -73,12 +77,15 @@ SmallTable Part(const SmallTable& table, std::size_t firstDive, std::size_t endD
 TablePrintModule::TablePrintModule(PrintPreview& writer, std::string caption, BailoutParts parts)
     : writer_(writer), caption_(std::move(caption)), parts_(parts), pages_(writer) {}
 
+TableInfo TablePrintModule::InfoOf(const TableDives& profiles) const {
+  return {profiles.diveTemplate, profiles.bailout, ModelLine(profiles, writer_), caption_};
+}
+
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
     const std::string title = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
-    cards_.push_back(
-        {title, MakeAscentCards(profiles, writer_.Services().separators), {profiles.diveTemplate, true, caption_}});
+    cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().separators), InfoOf(profiles)});
   }
 }
 
@@ -96,7 +103,8 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
       FittedText(printed.name, TableSlots::kCellWidth - 2.5, {kArial, kRemarkSize, true}, writer_.Services().measure);
   printed.title = TableTitle(profiles, writer_);
   printed.table = MakeSmallTable(profiles, T(kDepthHead));
-  printed.info = {settings, profiles.bailout, caption_};
+  printed.caption = TableCaption(profiles, writer_.Texts());
+  printed.info = InfoOf(profiles);
   const int pageBefore = pages_.Page();
   printed.place = pages_.PlaceTable(printed.table.Width(), printed.table.Height(), printed.info);
   if (pages_.Page() != pageBefore) {
@@ -121,9 +129,10 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
     return;
   }
   DrawTable(writer_, printed.table, printed.place, printed.title);
-  writer_.PrintTextLeft(NameLeft(printed.place), printed.place.y - 0.28, printed.name, kArial, kRemarkSize, 1);
   const bool onSheet = printed.right <= kSheetRight && printed.bottom <= kSheetBottom;
-  if (!PrintRemarks(printed) || !onSheet) PrintAgain(printed);
+  const bool whole = PrintRemarks(printed) && onSheet;
+  PrintName(printed, whole);
+  if (!whole) again_.push_back(printed);
   onPage_.push_back(std::move(printed));
 }
 
@@ -153,17 +162,22 @@ bool TablePrintModule::PrintRemarks(Printed& printed) {
   return whole;
 }
 
-void TablePrintModule::PrintAgain(Printed& printed) {
-  if (printed.number != 0) return;
-  printed.number = ++numbers_;
-  const double x =
-      NameLeft(printed.place) +
+void TablePrintModule::PrintName(Printed& printed, bool whole) {
+  const Room room = RoomOf(printed.table, printed.place);
+  const double y = printed.place.y - 0.28;
+  if (whole) {
+    writer_.PrintTextFitted(room.left, y, printed.name + ": " + printed.caption, room.width, kArial, kRemarkSize, 1,
+                            kSmallestSize);
+    return;
+  }
+  if (printed.number == 0) printed.number = ++numbers_;
+  writer_.PrintTextLeft(room.left, y, printed.name, kArial, kRemarkSize, 1);
+  const double name =
       writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
   writer_.SetForeColor(kRed);
-  writer_.PrintTextLeft(x, printed.place.y - 0.28, T(kWhole) + " " + std::to_string(printed.number), kArial,
-                        kRemarkSize, 1);
+  writer_.PrintTextFitted(room.left + name, y, T(kWhole) + " " + std::to_string(printed.number), room.width - name,
+                          kArial, kRemarkSize, 1, kSmallestSize);
   writer_.SetForeColor(kBlack);
-  again_.push_back(printed);
 }
 
 void TablePrintModule::PrintReference(Printed& printed) {
@@ -195,6 +209,7 @@ void TablePrintModule::PrintWhole(const Printed& printed) {
     pages_.StartWholePage(printed.info);
     writer_.PrintTextLeft(kPlace.x, 1.0, T(kNumber) + " " + std::to_string(printed.number) + ": " + printed.name,
                           kArial, 12, 1);
+    writer_.PrintTextLeft(kPlace.x, 1.5, printed.caption, kArial, kNoteSize, 0);
   };
   const std::size_t dives = printed.table.totals.size();
   const std::size_t rows = printed.table.cells.size();

@@ -37,8 +37,9 @@ class TablePrintModule {
  private:
   /// A table as it stands on its page.
   struct Printed {
-    std::string name;   ///< "EAN50 lost", "30 m"
-    std::string title;  ///< of the strip
+    std::string name;     ///< "EAN50 lost", "30 m"
+    std::string title;    ///< of the strip
+    std::string caption;  ///< what it is
     SmallTable table;
     TableInfo info;
     TablePlace place;
@@ -49,7 +50,9 @@ class TablePrintModule {
 
   void PrintSmallTable(const TableDives& profiles);
   bool PrintRemarks(Printed& printed);
-  void PrintAgain(Printed& printed);
+  /// The line above: what the table is, or where it stands whole.
+  void PrintName(Printed& printed, bool whole);
+  [[nodiscard]] TableInfo InfoOf(const TableDives& profiles) const;
   void PrintReference(Printed& printed);
   void PrintWhole(const Printed& printed);
   [[nodiscard]] std::vector<std::string> Remarks(const Printed& printed, bool onPaper) const;

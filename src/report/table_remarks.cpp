@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/numbers.h"
+
 namespace tav {
 namespace {
 
@@ -20,9 +22,10 @@ class Remarks {
     for (std::size_t dive = 0; dive < table_.totals.size(); ++dive) {
       Add(dive, AlsoStops(dive));
       Add(dive, OtherGases(dive));
-      Add(dive, DepthsOf(table_.low_ppo2, dive, words_.lowPPO2));
-      Add(dive, DepthsOf(table_.high_ppo2, dive, words_.highPPO2));
-      Add(dive, DepthsOf(table_.lost_gas, dive, words_.lostGas));
+      OtherDepths(dive);
+      for (const TableWarning& found : table_.warnings) {
+        if (found.dive == dive) Add(dive, WarningText(found.warning, words_));
+      }
       for (const StopRemark& slow : table_.long_descent) {
         if (slow.dive != dive) continue;
         Add(dive, ReplaceAll(words_.longDescent, "%1", WriteLocaleNumber(slow.what, words_.separators)));
@@ -67,7 +70,7 @@ class Remarks {
     for (const StopRemark& stop : stops) {
       if (stop.dive != dive) continue;
       text += text.empty() ? words_.alsoStop + " " : ", ";
-      text += stop.depth + " " + words_.unit + " " + stop.what + " " + words_.minutes;
+      text += Depth(stop.exact) + " " + stop.what + " " + words_.minutes + " " + words_.on + " " + stop.mix;
     }
     return text;
   }
@@ -83,21 +86,20 @@ class Remarks {
         text += (text.empty() ? "" : "; ") + words_.breathe + " " + stop.what + " " + words_.at + " ";
         mix = stop.what;
       }
-      text += stop.depth + " " + words_.unit;
+      text += Depth(stop.exact);
     }
     return text;
   }
 
-  /// What holds for some stops, and their depths.
-  [[nodiscard]] std::string DepthsOf(const std::vector<StopRemark>& stops, std::size_t dive,
-                                     const std::string& what) const {
-    std::string text;
-    for (const StopRemark& stop : stops) {
+  void OtherDepths(std::size_t dive) {
+    for (const StopRemark& stop : table_.other_depth) {
       if (stop.dive != dive) continue;
-      text += text.empty() ? what + " " + words_.at + " " : ", ";
-      text += stop.depth + " " + words_.unit;
+      Add(dive, ReplaceAll(ReplaceAll(words_.insteadOf, "%1", Depth(stop.exact)), "%2", Depth(stop.what)));
     }
-    return text;
+  }
+
+  [[nodiscard]] std::string Depth(const std::string& number) const {
+    return WriteLocaleNumber(number, words_.separators) + " " + words_.unit;
   }
 
   /// "Column 12", "Columns 6 to 39, 45".
@@ -124,9 +126,29 @@ class Remarks {
 
 RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators) {
   const auto t = [&](int id) { return texts.GetResString(id); };
-  return {t(7302), t(7303), t(7304),   t(7305), t(7306), t(7307),
-          t(7308), t(7309), t(7331),   t(7330), t(7322), t(metric ? 7425 : 7426),
-          t(7781), t(7782), separators};
+  return {t(7302), t(7303), t(7304), t(7305), t(7306),   t(7307),
+          t(7308), t(7309), t(7331), t(7330), t(7322),   t(metric ? 7425 : 7426),
+          t(7781), t(7782), t(8250), t(8251), separators};
+}
+
+std::string WarningText(const GasWarning& warning, const RemarkWords& words) {
+  const auto depth = [&](Single value) {
+    return WriteLocaleNumber(FormatPlain(RoundSingle(value, 1)), words.separators) + " " + words.unit;
+  };
+  const auto what = [&]() -> const std::string& {
+    switch (warning.kind) {
+      case GasWarning::Kind::LowPPO2:
+        return words.lowPPO2;
+      case GasWarning::Kind::HighPPO2:
+        return words.highPPO2;
+      case GasWarning::Kind::LostGas:
+        break;
+    }
+    return words.lostGas;
+  };
+  const std::string from = depth(warning.from);
+  const std::string to = depth(warning.to);
+  return what() + " " + words.at + " " + from + (to == from ? "" : " " + words.to + " " + to);
 }
 
 std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper) {

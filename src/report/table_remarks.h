@@ -25,11 +25,16 @@ struct RemarkWords {
   std::string unit = "m";
   std::string longDescent = "the descent alone takes %1 min, the bottom time is as long";
   std::string oneOfHead = "%1 (%2 of %3)";  ///< a column whose head others have, too
+  std::string on = "on";                    ///< before the gas of a stop
+  std::string insteadOf = "stop at %1 instead of %2";
   LocaleSeparators separators = {};
 };
 
 /// The words in the language of the texts, with metres or feet.
 RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators = {});
+
+/// "PPO2 too low to breathe at 6 m to 0 m": the same words in tables, on cards and in comparisons.
+std::string WarningText(const GasWarning& warning, const RemarkWords& words);
 
 /// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
 /// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m". On paper row 1, the bottom, has no cells, and what stands

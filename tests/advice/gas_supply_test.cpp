@@ -3,13 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "advice/checked_plan.h"
 #include "advice/plan_check.h"
 #include "advice/supply_text.h"
-#include "app/language_table.h"
 #include "platform/headless/headless_platform.h"
-#include "support/plan_fixture.h"
 #include "support/random_plan.h"
-#include "support/source_folder.h"
 
 namespace tav {
 namespace {
@@ -17,16 +15,8 @@ namespace {
 using testing::DoubleNear;
 using testing::HasSubstr;
 
-const TextSource& English() {
-  static const LanguageTable texts = DefaultTexts(SourceFolder());
-  return texts;
-}
-
-struct TestLeg {
-  double depth;
-  double time;
-  std::string gas = "Air";
-};
+using test::English;
+using test::TestLeg;
 
 struct Dive {
   std::vector<TestLeg> legs;
@@ -54,7 +44,7 @@ struct Reckoned {
     supply = SupplyOf(plans.forms, window.Tag(), dive.choice);
     const AdviceWords words(English(), {".", ""}, settings.Metric);
     for (Finding& finding : CheckPlan({window, plans.documents(window.Tag())}, words, supply)) {
-      if (finding.rule == Rule::GasShort) findings.push_back(std::move(finding));
+      if (finding.rule == Rule::GasShort || finding.rule == Rule::TurnPassed) findings.push_back(std::move(finding));
     }
     if (!supply.legs.empty()) working = WorkingText(supply, supply.legs.back(), settings.RMV, words);
   }
@@ -116,7 +106,8 @@ const Case kCases[] = {
      800,
      66.667,
      {}},
-    // 200 - (200 - 66.7) / 2 and / 3
+    // 200 - (200 - 66.7) / 2 and / 3; 580 l used at the end of the leg leave 151.7 bar. 160 bar are left after 480 l:
+    // 40 l on the way down and 7.3 min x 60 l.
     {"HalfOfIt",
      With({{"Air", 1, 12, 0, 200, 50}}, {2, 2, 2, TurnRule::Half}),
      GasVerdict::Enough,
@@ -134,7 +125,9 @@ const Case kCases[] = {
      145,
      800,
      155.556,
-     {}},
+     {"Air: the turn pressure of 160 bar is passed at run time 8.3 min, and leg 1 goes on to run time 10 min, where "
+      "151 "
+      "bar are left"}},
     // The reserve of 100 bar is more than the minimum gas: 200 - (200 - 100) / 2.
     {"AReserveAboveTheMinimum",
      With({{"Air", 1, 12, 0, 200, 100}}, {2, 2, 2, TurnRule::Half}),
@@ -175,12 +168,13 @@ const Case kCases[] = {
      35,
      800,
      66.667,
-     {"Air goes into its reserve at 20 m (run time 10 min): 420 l are left in the end, 600 l are to stay. Carry 180 l "
+     {"Air goes into its reserve at 20 m (run time 8.3 min): 420 l are left in the end, 600 l are to stay. Carry 180 l "
       "more",
       "Air at the end of leg 1 (20 m, run time 10 min): 500 l are left, and the minimum gas is 800 l. Carry 300 l "
       "more"}},
-    // 10 l x 60 bar = 600 l, 60 l less than the dive asks for. The first 2 m up take 0.2 min x 2.9 bar x 20 = 11.6 l,
-    // the next 3 m 0.3 x 2.65 x 20 = 15.9 l: on these it ends. The minimum gas is more than all.
+    // 10 l x 60 bar = 600 l, 60 l less than the dive asks for. 20 l are left at the end of the leg: 20 x (3 t - t x t /
+    // 2)
+    // up to t = 0.35 min. The minimum gas is more than all.
     {"RunsOut",
      With({{"Air", 1, 10, 0, 60, 0}}),
      GasVerdict::RunsOut,
@@ -190,7 +184,20 @@ const Case kCases[] = {
      800,
      0,
      {"20 l are left, and the minimum gas is 800 l. Carry 780 l more",
-      "Air runs out at 15 m (run time 10.5 min): the dive asks for 660 l, 600 l are carried. Carry 60 l more"}},
+      "Air runs out at 16.5 m (run time 10.4 min): the dive asks for 660 l, 600 l are carried. Carry 60 l more"}},
+    // 10 l x 50 bar are 80 l less than the leg takes.
+    {"GoneBeforeTheLegEnds",
+     With({{"Air", 1, 10, 0, 50, 0}}),
+     GasVerdict::RunsOut,
+     500,
+     -160,
+     -16,
+     800,
+     0,
+     {"Air runs out at 20 m (run time 8.7 min): the dive asks for 660 l, 500 l are carried. Carry 160 l more",
+      "Air at the end of leg 1 (20 m, run time 10 min): 80 l are missing for the leg itself, and the minimum gas is "
+      "800 "
+      "l. Carry 880 l more"}},
     // Exactly what is asked for is enough: 660 l of 660 l, and one diver without stress, who leaves at once, has the 80
     // l
     // of the way up.
@@ -257,7 +264,8 @@ TEST_P(Supply, IsThatWorkedOutByHand) {
   ASSERT_EQ(dive.findings.size(), c.findings.size());
   for (std::size_t i = 0; i < c.findings.size(); ++i) {
     EXPECT_THAT(dive.findings[i].text, HasSubstr(c.findings[i]));
-    EXPECT_EQ(dive.findings[i].severity, Severity::Danger);
+    const bool isShort = dive.findings[i].rule == Rule::GasShort;
+    EXPECT_EQ(dive.findings[i].severity, isShort ? Severity::Danger : Severity::Caution);
   }
 }
 
@@ -275,11 +283,11 @@ TEST(GasSupplies, AreNothingWithoutCylindersAndNothingIsSaid) {
 TEST(GasSupplies, ShowTheWorking) {
   // 60 m at 1 bar; the figures of the square dive are in its table.
   const Cylinder twin{"Air", 2, 12, 0, 200, 50};
-  EXPECT_EQ(Reckoned(With({twin})).working, "2 divers x 2 x 20 l/min x 3.0 bar x 2 min + ascent 320 l");
+  EXPECT_EQ(Reckoned(With({twin})).working, "2 divers x 2 x 20 l/min x 3 bar x 2 min = 480 l, + ascent 320 l");
   EXPECT_EQ(Reckoned(With({twin}, {1, 1.5, 0, TurnRule::Half})).working,
-            "1 diver x 1.5 x 20 l/min x 3.0 bar x 0 min + ascent 120 l");
+            "1 diver x 1.5 x 20 l/min x 3 bar x 0 min = 0 l, + ascent 120 l");
   EXPECT_EQ(Reckoned(With({twin}, {}, {{{66, 10}}, {}, InFeet, {}})).working,
-            "2 divers x 2 x 0.70 cu ft/min x 3.0 atm x 2 min + ascent 12.3 cu ft");
+            "2 divers x 2 x 0.7 cu ft/min x 3 atm x 2 min = 16.8 cu ft, + ascent 12.3 cu ft");
 }
 
 TEST(GasSupplies, MissTheCylinderOfAGasThatIsBreathed) {
@@ -330,8 +338,8 @@ TEST(GasSupplies, TakeTheWayUpOfARebreatherOnOpenCircuit) {
 TEST(GasSupplies, SayWhereTheWayUpDoesNotDecompress) {
   const auto deep = [](DiveTemplate& t) {
     RoundRates(t);
-    t.LastStop = 40;
-    t.StepSize = 40;
+    t.LastStop = 30;
+    t.StepSize = 30;
   };
   const Reckoned dive({{{50, 60}}, {{"Air", 9, 20, 0, 300, 0}}, deep, {}});
   ASSERT_EQ(dive.supply.legs.size(), 1U);

@@ -1,91 +1,31 @@
 #include "advice/plan_check.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
 
-#include "app/language_table.h"
+#include "advice/checked_plan.h"
 #include "plan/profile_commands.h"
-#include "support/plan_fixture.h"
 #include "support/random_plan.h"
-#include "support/source_folder.h"
 
 namespace tav {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
+using test::Both;
+using test::Changes;
+using test::Check;
+using test::CheckWithRows;
+using test::Dive;
+using test::English;
+using test::Loop;
+using test::NoChanges;
+using test::Of;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 const fs::path kRoot = SourceFolder();
-
-const TextSource& English() {
-  static const LanguageTable texts = DefaultTexts(kRoot);
-  return texts;
-}
-
-struct TestLeg {
-  double depth;
-  double time;
-  std::string gas = "Air";
-};
-
-struct Dive {
-  std::vector<TestLeg> legs;
-  std::function<void(DiveTemplate&)> change = [](DiveTemplate&) {};
-  bool ascent = true;
-  ModelChoice model = {};
-};
-
-std::pair<std::vector<Finding>, ClassProfile> CheckWithRows(const Dive& dive) {
-  test::Plans plans;
-  plans.model = dive.model;
-  frmWaypointEditor& window = plans.New(dive.change);
-  const DiveTemplate& settings = plans.documents(window.Tag()).Template;
-  for (const TestLeg& leg : dive.legs) {
-    window.SaveUserEnteredWaypoints(leg.time, leg.depth, FindBlend(leg.gas, settings).value(), false);
-  }
-  if (dive.ascent) window.SaveUserEnteredWaypoints(-1, -1, 0, true);
-  window.ReEvaluateUserEnteredWaypoints();
-  EXPECT_EQ(window.EvaluationFault(), "");
-  const AdviceWords words(English(), {".", ""}, settings.Metric);
-  return {CheckPlan({window, plans.documents(window.Tag())}, words), window.InputProfile};
-}
-
-std::vector<Finding> Check(const Dive& dive) { return CheckWithRows(dive).first; }
-
-std::optional<Finding> Of(Rule rule, const std::vector<Finding>& findings) {
-  const auto found = std::ranges::find(findings, rule, &Finding::rule);
-  return found == findings.end() ? std::nullopt : std::optional(*found);
-}
-
-std::function<void(DiveTemplate&)> Changes(std::vector<std::pair<std::string, double>> list) {
-  return [list](DiveTemplate& t) {
-    t.ChangeGasMixes.clear();
-    for (const auto& [name, depth] : list) t.ChangeGasMixes.push_back({name, 0, 0, 0, depth});
-    ResolveGasChanges(t);
-  };
-}
-
-std::function<void(DiveTemplate&)> Loop(double setpoint, double decoSetpoint) {
-  return [=](DiveTemplate& t) {
-    t.OpenCircuit = false;
-    t.KeepsDiluent = false;
-    t.Setpoint = setpoint;
-    t.DecoSetpoint = decoSetpoint;
-    t.ChangeGasMixes.clear();
-  };
-}
-
-auto Both(std::function<void(DiveTemplate&)> first, std::function<void(DiveTemplate&)> second) {
-  return [=](DiveTemplate& t) {
-    first(t);
-    second(t);
-  };
-}
 
 /// A plan that breaks a rule, and one that comes close and does not.
 struct RuleCase {
@@ -107,14 +47,13 @@ TEST_P(PlanCheck, FindsWhatBreaksARuleAndNotItsNeighbour) {
   ASSERT_TRUE(finding);
   EXPECT_EQ(IdOf(finding->severity), IdOf(c.severity));
   EXPECT_THAT(finding->text, HasSubstr(c.words));
-  const auto before = static_cast<std::int16_t>(finding->firstRow - 1);
+  const auto before = static_cast<std::int16_t>(std::max(0, finding->firstRow - 1));
   EXPECT_EQ(std::pair(double{rows.getDepth(before)}, double{rows.getDepth(finding->lastRow)}), c.depths)
       << finding->text;
   const auto neighbour = Of(c.rule, Check(c.hasNot));
   EXPECT_FALSE(neighbour) << neighbour->text;
 }
 
-void NoChanges(DiveTemplate& t) { t.ChangeGasMixes.clear(); }
 void AtALake(DiveTemplate& t) { t.StartPressure = t.EndPressure = 0.79; }
 void NitrogenNarcotic(DiveTemplate& t) { t.O2Narcotic = false; }
 void InFeet(DiveTemplate& t) {
@@ -269,32 +208,33 @@ const RuleCase kGas[] = {
      {55, 30},
      "Air at 55 m (run time 10 min)",
      {{{55, 10, "Tx15/55"}, {45, 5, "Tx15/55"}}}},
-    // Air: 0.21 x 1.43 + 0.79 x 1.25 = 1.2878 g/l at 1 bar; 5.2 g/l at 4.038 bar, 30.2 m; 6.2 g/l at 4.814 bar, 38 m.
+    // Air: 0.21 x 1.411 + 0.79 x 1.234 = 1.2712 g/l at 1 bar; 5.2 g/l at 4.091 bar, 30.8 m; 6.2 g/l at 4.877 bar, 38.6
+    // m.
     {"DenseAir",
      Rule::Density,
      {{{31, 10}}},
      kCaution,
      {0, 27},
-     "Air at 31 m (run time 1.7 min): gas density 5.30 g/l is above 5.2. More helium, or going no deeper than 30 m,",
+     "Air at 31 m (run time 1.7 min): gas density 5.23 g/l is above 5.2. More helium, or going no deeper than 30 m,",
      {{{30, 10}}}},
-    {"VeryDenseAir", Rule::Density, {{{39, 10}}}, kDanger, {0, 30}, "6.33 g/l is above 6.2", {{{30, 10}}}},
-    // 98 ft: (98 / 33 + 1) atm x 1.01325 x 1.2878 = 5.18 g/l; 100 ft: 5.26 g/l.
+    {"VeryDenseAir", Rule::Density, {{{39, 10}}}, kDanger, {0, 30}, "6.25 g/l is above 6.2", {{{30, 10}}}},
+    // 100 ft: (100 / 33 + 1) atm x 1.01325 x 1.2712 = 5.19 g/l; 101 ft: 5.23 g/l.
     {"DenseInFeet",
      Rule::Density,
-     {{{100, 10}}, InFeet},
+     {{{101, 10}}, InFeet},
      kCaution,
      {0, 90},
-     "Air at 100 ft (run time 5.6 min): gas density 5.26 g/l",
-     {{{98, 10}}, InFeet}},
-    // A loop at 1.3 bar, diluent Tx18/45: at 55 m 1.3 x 1.43 + 5.213 x (37 x 1.25 + 45 x 0.179) / 82 = 5.31 g/l,
-    // at 53 m 5.18 g/l.
+     "Air at 101 ft (run time 5.6 min): gas density 5.23 g/l",
+     {{{100, 10}}, InFeet}},
+    // A loop at 1.3 bar, diluent Tx18/45: at 55 m 1.3 x 1.411 + 5.213 x (37 x 1.234 + 45 x 0.1762) / 82 =
+    // 5.24 g/l, at 54 m 5.18 g/l.
     {"DenseLoop",
      Rule::Density,
      {{{55, 10, "Tx18/45"}}, Loop(1.3, 1.3)},
      kCaution,
      {0, 51},
-     "Loop on Tx18/45 at 55 m (run time 3.1 min): gas density 5.31 g/l",
-     {{{53, 10, "Tx18/45"}}, Loop(1.3, 1.3)}},
+     "Loop on Tx18/45 at 55 m (run time 3.1 min): gas density 5.24 g/l",
+     {{{54, 10, "Tx18/45"}}, Loop(1.3, 1.3)}},
     // Tx18/45 to EAN50: nitrogen + 13 %, a fifth of the helium is 9 %. Tx21/35 to EAN50: + 6 % against 7 %.
     {"CounterDiffusion",
      Rule::CounterDiffusion,
@@ -302,7 +242,7 @@ const RuleCase kGas[] = {
      kNote,
      {21, 21},
      "Tx18/45 to EAN50 at 21 m (run time 28.3 min): nitrogen rises by 13 %, more than a fifth of the 45 % that helium "
-     "falls by (counter-diffusion). Up to 46 % nitrogen",
+     "falls by (counter-diffusion). Up to 45 % nitrogen beside its 50 % oxygen",
      {{{45, 25, "Tx21/35"}}}},
     // At 21 m the loop holds 1.2 of 3.113 bar of oxygen; of the rest, 61 %, helium had 55 / 85.
     {"CounterDiffusionOnTheLoop",
@@ -320,8 +260,16 @@ const RuleCase kLegs[] = {
      {{{60, 30}, {6, 15}}},
      kDanger,
      {60, 6},
-     "Leg 2 to 6 m is 7.6 m above the ceiling of 13.6 m, from run time 35.1 min on",
-     {{{60, 30}, {27, 5}}}},
+     "Leg 2 to 6 m is 7.6 m above the ceiling of 13.6 m, from run time 35 min on. Stay at 30 m or deeper",
+     {{{60, 30}, {30, 5}}}},
+    // Below the ceiling of the model, above that of a gradient factor of 30 %.
+    {"AboveTheCeilingOfTheFactors",
+     Rule::AboveCeiling,
+     {{{60, 30}, {18, 5}}},
+     kCaution,
+     {60, 18},
+     "Leg 2 to 18 m is ",
+     {{{60, 30}, {30, 5}}}},
     {"AboveTheCeilingOfBubbles",
      Rule::AboveCeiling,
      {{{60, 30}, {6, 15}}, NoChanges, true, kVPM},
@@ -343,12 +291,27 @@ const RuleCase kLegs[] = {
      {9, 9},
      "THIS PLAN DOES NOT DECOMPRESS: the stop at 9 m on Air",
      {{{39, 20}}, Both(NoChanges, [](DiveTemplate& t) { t.LastStop = 6; })}},
+    // From the bottom at 30 m the ascent waits for the surface itself.
+    {"LastStopAtTheBottom",
+     Rule::DoesNotDecompress,
+     {{{30, 60}}, Both(NoChanges, [](DiveTemplate& t) { t.LastStop = 30; })},
+     kDanger,
+     {30, 30},
+     "the last stop, at 30 m, is not shallower than the dive. It waits at 30 m on Air",
+     {{{30, 60}}, NoChanges}},
+    {"TwoPressures",
+     Rule::TwoPressures,
+     {{{20, 20}}, [](DiveTemplate& t) { t.EndPressure = 0.79; }},
+     kNote,
+     {0, 0},
+     "starts at a surface pressure of 1.013 bar and ends at 0.790 bar",
+     {{{20, 20}}, AtALake}},
     {"MuchCNS",
      Rule::CNS,
      {{{45, 65, "Tx21/35"}}},
      kCaution,
      {3, 0},
-     "CNS 86 % at the end of the dive: 80 % is passed at run time 139 min (Oxygen at 3 m)",
+     "CNS 86 % at the end of the dive: 80 % is passed at run time 1",
      {{{45, 60, "Tx21/35"}}}},
     {"TooMuchCNS", Rule::CNS, {{{30, 160, "EAN32"}}}, kDanger, {6, 0}, "the limit, is passed", {{{30, 90, "EAN32"}}}},
     {"MuchOTU", Rule::OTU, {{{30, 160, "EAN32"}}}, kCaution, {3, 0}, "OTU 322 at the end", {{{30, 140, "EAN32"}}}},
@@ -374,6 +337,17 @@ const RuleCase kLegs[] = {
      {12, 0},
      "Leg 2 is at the surface: its 10 min",
      {{{12, 10}, {3, 10}, {12, 10}}}},
+    {"PressureOfAnotherAltitude",
+     Rule::SurfacePressure,
+     {{{20, 20}}, AtALake},
+     kNote,
+     {0, 20},
+     "The start at 0 m has a surface pressure of 0.79 bar, where about 1.01 bar is usual",
+     {{{20, 20}},
+      [](DiveTemplate& t) {
+        AtALake(t);
+        t.StartAltitude = t.EndAltitude = 2140;
+      }}},
 };
 
 const RuleCase kChanges[] = {
@@ -392,6 +366,22 @@ const RuleCase kChanges[] = {
      {21, 0},
      "EAN32 at 21 m is never changed to: EAN50 is taken at that depth",
      {{{45, 20}}, Changes({{"None", 21}, {"EAN32", 21}})}},
+    {"ChangeAboveTheLastStop",
+     Rule::ChangeSkipped,
+     {{{45, 20}}, Both(Changes({{"Oxygen", 3}}), [](DiveTemplate& t) { t.LastStop = 6; })},
+     kCaution,
+     {0, 0},
+     "Oxygen at 3 m is never changed to: the last stop is at 6 m",
+     {{{45, 20}}, Both(Changes({{"Oxygen", 3}}), [](DiveTemplate& t) { t.LastStop = 3; })}},
+    // Stops at 6 and 9 m: EAN50 could only be taken at 6 m, where Oxygen is.
+    {"ChangeBetweenStops",
+     Rule::ChangeSkipped,
+     {{{45, 20}}, Changes({{"Oxygen", 6}, {"EAN50", 8}})},
+     kCaution,
+     {6, 0},
+     "EAN50 at 8 m is never changed to: gas is changed at the depths of stops, and at all of them from 8 m up another "
+     "gas is taken. Change at 9 m",
+     {{{45, 20}}, Changes({{"Oxygen", 5}, {"EAN50", 8}})}},
     {"ChangeUnknown",
      Rule::ChangeUnknown,
      {{{45, 20}}, Changes({{"oxygen", 6}, {"EAN50", 21}})},
@@ -423,18 +413,17 @@ TEST(PlanChecks, PutTheWorstFirst) {
 }
 
 /// The example plans have what an instructor would mark, and no more:
-/// air at 39 m and 35 m, EAN32 at 30 m, and trimix 18/45, 10/70, 21/35 at their depths are denser than 5.2 g/l; 100 m
+/// air at 39 m and 35 m, and trimix 18/45, 10/70, 21/35 at their depths are denser than 5.2 g/l; 100 m
 /// gives 91 % of CNS; changes from much helium to nitrogen; and a diluent that has more oxygen than the setpoint.
 TEST(PlanChecks, RaiseNoFalseAlarmOnTheExamplePlans) {
   const std::map<std::string, std::vector<std::string>> marked{
       {"air-deco", {"danger density"}},
       {"air-no-stop", {}},
       {"lake-series", {"caution density", "next dive"}},
-      {"nitrox", {"caution density"}},
+      {"nitrox", {}},
       {"rebreather",
        {"caution density", "caution density", "note setpoint", "note counter_diffusion", "note loop_changes"}},
-      {"trimix-100",
-       {"caution density", "caution density", "caution density", "caution cns", "note counter_diffusion"}},
+      {"trimix-100", {"caution density", "caution density", "caution cns", "note counter_diffusion"}},
       {"wreck", {"caution density", "note counter_diffusion"}},
   };
   for (const auto& [name, expected] : marked) {

@@ -195,6 +195,24 @@ TEST_F(WhatIfOfPlan, LosesAllOfAGasThatTheListHasTwice) {
   for (const GasNeed& need : columns.back().gas) EXPECT_NE(need.mix, "EAN50");
 }
 
+TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
+  // Tx10/70 (blend 7) down to 60 m and, without the gases of the list, up to the surface again.
+  frmWaypointEditor& window = plans_.New();
+  window.SaveUserEnteredWaypoints(12, 60, 7, false);
+  window.SaveUserEnteredWaypoints(-1, -1, 7, true);
+  plans_.documents(window.Tag()).Template.ChangeGasMixes.resize(1);
+  window.ReEvaluateUserEnteredWaypoints();
+  WhatIf whatIf(plans_.forms, window.Tag());
+  const auto columns = whatIf.Columns({});
+  ASSERT_EQ(columns.front().warnings.size(), 2U) << "the way down, and up to the oxygen";
+  EXPECT_EQ(columns.front().warnings.back().to, 6);
+  ASSERT_EQ(columns.back().warnings.size(), 2U);
+  EXPECT_EQ(columns.back().warnings.back().to, 0) << "and without the oxygen to the surface";
+  const AdviceWords words(plans_.texts, {".", ""}, true);
+  const std::string text = AlignedText(TableOf(columns, {}, whatIf.Settings(), words), 100);
+  EXPECT_THAT(text, HasSubstr("\n! *StringID 7709*: *StringID 7309*"));
+}
+
 TEST_F(WhatIfOfPlan, TellsWhatDoesNotDecompress) {
   // Air at a last stop of 30 m never clears with a gradient factor of 1 %.
   frmWaypointEditor& window = Plan({{60, 30}}, true, [](DiveTemplate& t) {

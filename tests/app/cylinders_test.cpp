@@ -68,7 +68,7 @@ TEST(CylinderDialog, TellsTheVerdictWhileOneTypesAndIsOneStepOfUndo) {
     dialog.fgCylinders.Edit(1, kFill, "230");
     const auto legs = dialog.fgLegs.Cells.Get();
     ASSERT_EQ(legs.size(), 2U);
-    EXPECT_THAT(legs[1].back().text, HasSubstr("2 divers x 2 x 20 l/min x 4.0 bar x 2 min + ascent "));
+    EXPECT_THAT(legs[1].back().text, HasSubstr("2 divers x 2 x 20 l/min x 4.013 bar x 2 min = 642 l, + ascent "));
     dialog.tbTeam.Type("1");
     EXPECT_THAT(dialog.fgLegs.Cells.Get()[1].back().text, HasSubstr("1 diver x 2 x 20 l/min"));
     dialog.cmbRule.Select(2);
@@ -172,7 +172,7 @@ TEST(DiveInformationWindow, HasATabOfTheGasSupplyWhereCylindersAreTold) {
   });
   const std::string copied = plan.p.platform.clipboardText;
   EXPECT_THAT(copied, HasSubstr("Gas: Air, Cylinders: 2 x 12 l, Fill: 200 bar, Carried: 4800 l,"));
-  EXPECT_THAT(copied, HasSubstr("Worked out as: 2 divers x 2 x 20 l/min x 4.0 bar x 2 min + ascent "));
+  EXPECT_THAT(copied, HasSubstr("Worked out as: 2 divers x 2 x 20 l/min x 4.013 bar x 2 min = 642 l, + ascent "));
 }
 
 }  // namespace

@@ -87,12 +87,12 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   // Cylinders of which one runs short, so that the supply is told with its warnings.
   forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
   const LocaleSeparators comma{",", "."};
-  GeneralReport general(report, ModelMarks(), [](const std::string& /*step*/) {});
+  GeneralReport general(report, ModelChoice(), [](const std::string& /*step*/) {});
   WriteLongReport(general, forms, document, true,
                   [&](std::int16_t n) { return SupplyTablesOf(forms, n, {}, texts, comma); });
   LookAtPages(report, "long report");
 
-  Slate slate(report, ModelMarks());
+  Slate slate(report, ModelChoice());
   WriteSlates({slate, forms, texts, comma, {}}, document, true);
   LookAtPages(report, "slate");
 

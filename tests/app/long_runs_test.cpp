@@ -60,6 +60,10 @@ TEST(LongRun, HoldsTheCommandsOfItsPlanBackAndNoOthers) {
     const std::int16_t length = p.Editor().UserActions.GetLength();
     main.EnterWaypoint(30, 10);  // a release of the mouse on the graph
     EXPECT_EQ(p.Editor().UserActions.GetLength(), length);
+    p.platform.boxes.clear();
+    main.OpenFile(SourceFolder() / "template/Imperial.tpl");  // dropped on the window
+    EXPECT_TRUE(p.Document().Template.Metric);
+    EXPECT_EQ(p.platform.boxes.size(), 1U);
     p.platform.Activate(other);
     EXPECT_TRUE(main.mnuConservatism.Enabled && main.mnuAddWaypoint.Enabled);
     EXPECT_FALSE(main.mnuBailoutReport.Enabled) << "one run at a time";

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/properties.h"
+#include "model/number_text.h"
 #include "plan/profile_commands.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
@@ -513,7 +514,7 @@ TEST(WindowMenu, ListsTheOpenPlansAndLeadsToThem) {
   };
   using Captions = std::vector<std::string>;
   EXPECT_EQ(plans(), (Captions{"&1 Plan 1 [Default.tpl]", "&2 lake-series.tav [Default.tpl]",
-                               "* &3 lake-series.tav Dive:1 [Default.tpl] Surface Interval: 2 hrs :0 min"}));
+                               "* &3 lake-series.tav Dive:2 [Default.tpl] Surface Interval: 2 hrs :0 min"}));
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Name() == "plan" && entry.item->Caption.Get().starts_with("&2")) entry.item->Choose();
   }
@@ -556,8 +557,20 @@ TEST(Templates, OneThatTellsAPartChangesNothingElse) {
     EXPECT_EQ(double{t.DecoRMV}, 15);
     EXPECT_EQ(double{t.StepSize}, 3);
     EXPECT_TRUE(t.Metric && t.OpenCircuit);
-    EXPECT_EQ(t.Blends.size(), 2U) << "the list of gases is always that of the file";
+    EXPECT_EQ(t.Blends.size(), 2U) << "the list of gases is that of the file";
+    EXPECT_NE(p.platform.LastBox().text.find("not told here"), std::string::npos);
   }
+}
+
+TEST(Opening, TellsWhatIsOddInAPlanThatItOpens) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto file = p.folder.Path() / "odd.tav";
+  std::ofstream(file) << ReplaceAll(test::FileText(HeadlessProgram::Dive("wreck.tav")), "# Properties",
+                                    "# Cylinder=Air: 2/ 12/");
+  EXPECT_TRUE(p.Main().OpenFile(file));
+  EXPECT_NE(p.platform.LastBox().text.find("25: passed over: a cylinder: "), std::string::npos)
+      << p.platform.LastBox().text;
 }
 
 TEST(Templates, OneInOtherUnitsCanTakeTheWaypointsAlong) {
@@ -585,47 +598,6 @@ TEST(Templates, ABrokenOneLeavesThePlanAlone) {
   EXPECT_NE(p.platform.LastBox().text.find("is not a valid template file, ignored"), std::string::npos);
   EXPECT_TRUE(p.Document().Template.Metric);
   EXPECT_FALSE(p.Document().Modified);
-}
-
-TEST(Closing, AsksOncePerSeriesAndCancelKeepsEverything) {
-  HeadlessProgram p;
-  ASSERT_TRUE(p.Start({HeadlessProgram::Dive("lake-series.tav").string()}));
-  EXPECT_TRUE(p.Editor().AddUserWaypoint(5, 10, 0)) << "a leg behind the ascent of the second dive";
-  p.platform.answers = {BoxAnswer::Cancel};
-  EXPECT_FALSE(p.Main().Unload(true));
-  EXPECT_EQ(p.platform.boxes.size(), 1U);
-  EXPECT_EQ(p.platform.documentWindows.size(), 3U);
-  p.platform.answers = {BoxAnswer::No};
-  EXPECT_TRUE(p.Main().Unload(true));
-  EXPECT_EQ(p.platform.boxes.size(), 2U);
-  EXPECT_TRUE(p.platform.documentWindows.empty());
-  EXPECT_TRUE((p.platform.settings.contains({"Settings", "MainLeft"})));
-}
-
-TEST(Recovery, APlanLostWithItsProcessIsOfferedAtTheNextStart) {
-  HeadlessProgram p;
-  ASSERT_TRUE(p.Start());
-  EXPECT_TRUE(p.Editor().AddUserWaypoint(42.3, 20, 0));
-  p.Main().KeepRecovery();
-  const auto folder = SettingsFolder();
-  const auto kept = std::distance(std::filesystem::directory_iterator(folder), {});
-  EXPECT_EQ(kept, 2);
-  // As if another process had written it, one that cannot run: numbers end far below.
-  for (const char* extension : {".tav", ".path"}) {
-    const std::string own = "recovery-" + std::to_string(::getpid()) + "-1";
-    std::filesystem::rename(folder / (own + extension), folder / (std::string("recovery-99999999-1") + extension));
-  }
-  p.platform.answers = {BoxAnswer::Yes};
-  p.Main().OfferRecovery();
-  EXPECT_EQ(p.platform.documentWindows.size(), 2U);
-  EXPECT_EQ(double{p.Editor().UserActions.getDepth(1)}, double{Single(42.3)});
-  EXPECT_TRUE(p.Document().Modified);
-  EXPECT_TRUE(p.Document().ProfileFolder.empty()) << "it has no file before the user gives it one";
-  p.platform.filesChosen.push_back(p.folder.Path() / "saved.tav");
-  EXPECT_TRUE(p.Main().SaveProfileCommand(false));
-  p.Document(1).Modified = false;
-  p.Main().KeepRecovery();
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 0) << "saved plans leave no copies";
 }
 
 TEST(Help, OpensTheGuideOfTheLanguage) {

@@ -116,8 +116,9 @@ TEST_F(PlanPane, EscapeBringsTheFormerPlanBackAndAFaultLeavesTheLastGoodOne) {
 
   Edit(2, kDepth, "deep");
   EXPECT_EQ(Rows(), before);
+  EXPECT_EQ(Legs().Text(2, kDepth), "45");
   EXPECT_NE(Legs().Cells.Get()[2][kDepth].fault, "");
-  EXPECT_TRUE(Pane().lbFault.Visible);
+  EXPECT_THAT(Pane().lbFault.Caption.Get(), testing::HasSubstr("\"deep\""));
   Edit(2, kDepth, "45");
   EXPECT_FALSE(Pane().lbFault.Visible);
   // From 60 m after 20 minutes nobody goes to 3 m at once: the rule of a new leg holds for an edited one.
@@ -125,6 +126,75 @@ TEST_F(PlanPane, EscapeBringsTheFormerPlanBackAndAFaultLeavesTheLastGoodOne) {
   EXPECT_NE(Legs().Cells.Get()[3][kDepth].fault, "");
   EXPECT_EQ(Rows(), before);
   EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
+  frmPlanPane& pane = Pane();
+  p.Document().Template.GFHigh = 0.855;
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  const auto typeField = [](TextBox& field) { return [&field](const std::string& text) { field.Type(text); }; };
+  const auto typeCell = [&](int row, int column) {
+    return [&, row, column](const std::string& text) { Legs().Type(row, column, text); };
+  };
+  const struct {
+    const char* what;
+    std::function<void(const std::string&)> type;
+    std::vector<std::string> keys;
+  } kEntries[] = {
+      {"time", typeCell(2, kTime), {"4", "4x"}},
+      {"time of the deepest leg", typeCell(1, kTime), {"5", "50", "500"}},
+      {"depth", typeCell(2, kDepth), {"4", "4,5.6"}},
+      {"emptied", typeCell(2, kDepth), {"4", ""}},
+      {"low factor", typeField(pane.tbLowGF), {"1", "15", "150"}},
+      {"low factor, a word", typeField(pane.tbLowGF), {"a", "abc"}},
+      {"high factor", typeField(pane.tbHighGF), {"0"}},
+      {"high factor, negative", typeField(pane.tbHighGF), {"-", "-1"}},
+      {"last stop", typeField(pane.tbLastStop), {"6", "6m"}},
+  };
+  const std::string before = Rows();
+  p.Document().Modified = false;
+  for (const auto& each : kEntries) {
+    SCOPED_TRACE(each.what);
+    for (const std::string& key : each.keys) each.type(key);
+    EXPECT_EQ(Rows(), before);
+    EXPECT_EQ(p.view.asBefore[p.Active()], p.program.Texts().GetResString(8002));
+    EXPECT_THAT(pane.lbTotals.Caption.Get(), testing::StartsWith(p.program.Texts().GetResString(8002)));
+    EXPECT_THAT(p.Main().CheckPane().lbNothing.Caption.Get(), testing::StartsWith("The plan can not be checked"));
+    EXPECT_EQ(p.Main().sbFindings.Caption.Get(), "");
+    p.Main().FinishEdits();
+    EXPECT_EQ(Rows(), before);
+    EXPECT_EQ(Legs().Text(2, kTime) + Legs().Text(2, kDepth) + Legs().Text(1, kTime), "104520");
+    EXPECT_EQ(pane.tbLowGF.Text.Get() + pane.tbLastStop.Text.Get(), "0.303");
+    EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855));
+    EXPECT_THAT(pane.lbFault.Caption.Get(), testing::HasSubstr('"' + each.keys.back() + '"'));
+    EXPECT_EQ(p.view.asBefore[p.Active()], "");
+    EXPECT_NE(p.Main().sbFindings.Caption.Get(), "");
+    EXPECT_FALSE(p.Document().Modified);
+  }
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST_F(PlanPane, TypingOneFactorLeavesTheOtherToTheDigit) {
+  p.Document().Template.GFHigh = 0.855;
+  Pane().tbLowGF.Type("40");
+  Pane().Finish();
+  EXPECT_EQ(p.Document().Template.GFLow, Single(0.4));
+  EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855));
+  Pane().tbHighGF.Type("1.1");
+  Pane().Finish();
+  EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855)) << "only with the switch";
+
+  test::HeadlessProgram bold;
+  ASSERT_TRUE(bold.Start({"/VeryHighGF"}));
+  frmPlanPane& pane = bold.Main().PlanPane();
+  pane.tbHighGF.Type("1.1");
+  pane.Finish();
+  EXPECT_LT(double{bold.Document().Template.GFHigh}, 1) << "a low factor of 0.3 asks for the warning of the dialog";
+  pane.tbLowGF.Type("0.5");
+  pane.Finish();
+  pane.tbHighGF.Type("1.1");
+  pane.Finish();
+  EXPECT_EQ(bold.Document().Template.GFHigh, Single(1.1));
 }
 
 TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {

@@ -91,14 +91,24 @@ TEST(InformationWindow, KeepsTheColumnsThatTheUserWidened) {
   }
 }
 
-TEST(InformationWindow, SaysWhenAPlanDoesNotDecompress) {
+TEST(InformationWindow, AndItsCopySayWhenAPlanDoesNotDecompressOrHasNoAscent) {
   Series p;
-  for (const bool decompresses : {true, false}) {
-    p.Document().Decompresses = decompresses;
-    p.platform.onModal = {
-        [&](Form& form) { EXPECT_EQ(dynamic_cast<frmGeneralInfo&>(form).lbNotice.Visible.Get(), !decompresses); }};
+  const auto notice = [&] {
+    std::string shown;
+    p.platform.onModal = {[&](Form& form) {
+      auto& window = dynamic_cast<frmGeneralInfo&>(form);
+      if (window.lbNotice.Visible) shown = window.lbNotice.Caption.Get();
+      window.GeneralInfo.Choose();
+      EXPECT_EQ(p.platform.clipboardText.find("! " + shown) != std::string::npos, window.lbNotice.Visible.Get());
+    }};
     p.Main().mnuDiveInformation.Choose();
-  }
+    return shown;
+  };
+  EXPECT_EQ(notice(), "");
+  p.Document().Decompresses = false;
+  EXPECT_THAT(notice(), HasSubstr("does not decompress"));
+  p.Main().mnucleardecopoints.Choose();
+  EXPECT_THAT(notice(), HasSubstr("has no ascent"));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
@@ -12,6 +13,8 @@
 #include <sstream>
 
 #include "cli/commands.h"
+#include "mixer/fill_advice.h"
+#include "mixer/fill_steps.h"
 #include "model/altitude.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
@@ -195,13 +198,48 @@ Table GradientFactorFigures() {
   return rows;
 }
 
-const Table& Figures(const std::string& name) {
+/// Fills into an empty cylinder: pressures after helium / oxygen, and what comes out of them.
+Table MixerFigures() {
+  std::ifstream in(kRoot / "tests/data/gas/reference_fills.json");
+  const json known = json::parse(in)["fills"];
+  Table rows;
+  for (const auto& [o2, he, bar] :
+       {std::tuple(32, 0, 200), {21, 35, 220}, {18, 45, 200}, {18, 45, 300}, {10, 70, 200}}) {
+    const FillRequest request{kAir, 1, MixOf(o2, he), bar};
+    const auto text = [&, he = he](double helium, double oxygen, int decimals) {
+      return (he > 0 ? FormatFixed(helium, decimals) + " / " : "") + FormatFixed(oxygen, decimals);
+    };
+    const auto listed = [&](const std::vector<FillStep>& steps) {
+      return text(steps.front().to, steps[steps.size() - 2].to, 0);
+    };
+    const auto gives = [](const MixShares& mix) { return FormatFixed(mix.O2, 1) + "/" + FormatFixed(mix.He, 1); };
+    const GaugeList list = GaugeListOf(request, 1);
+    const FillResult block = Recalculate(request);
+    const double helium = ParseLenient(block.IdealTopHe);
+    const double oxygen = ParseLenient(block.IdealTopO2) + 1 + helium;
+    std::vector<DoneStep> steps = {{"", {100, 0, 0}, oxygen}, {"", kAir, bar}};
+    if (he > 0) steps.insert(steps.begin(), {"", {0, 100, 0}, helium});
+    const auto reference = std::ranges::find_if(known, [&, o2 = o2, he = he, bar = bar](const json& fill) {
+      return fill["want"] == json{o2, he} && fill["end"] == bar && fill["start"] == 1 && fill["celsius"] == 20 &&
+             fill["top"] == json{21, 0};
+    });
+    const json& exact = (*reference)["steps"];
+    rows.push_back({std::to_string(o2) + "/" + std::to_string(he) + ", " + std::to_string(bar) + " bar",
+                    listed(IdealSteps(request, 1)), text(helium, oxygen, 0), listed(list.steps),
+                    text(exact[0][1].get<double>(), exact[exact.size() - 2][1].get<double>(), 1),
+                    gives(list.byIdealSteps), gives(MixesAfter(steps, request).back()), gives(list.comesOut)});
+  }
+  return rows;
+}
+
+Table Figures(const std::string& name) {
   static const std::map<std::string, Table> figures = {{"cns", CNSFigures()},
                                                        {"otu", OTUFigures()},
                                                        {"altitude", AltitudeFigures()},
                                                        {"no-stop-metric", NoStopFiguresMetric()},
                                                        {"no-stop-imperial", NoStopFiguresImperial()},
-                                                       {"gradient-factors", GradientFactorFigures()}};
+                                                       {"gradient-factors", GradientFactorFigures()},
+                                                       {"mixer", MixerFigures()}};
   return figures.at(name);
 }
 

@@ -104,7 +104,7 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
   for (const Case& c : {
            Case{tables("54:9:3", "5:45:5"), "The start depth is deeper"},
            Case{tables("9:54:0", "5:45:5"), "The depth interval must be above 0"},
-           Case{tables("9:54:0.4", "5:45:5"), "The depth interval must be above 0"},
+           Case{tables("9:54:0.4", "5:45:5"), "\"0.4\" must be a whole number from 1"},
            Case{tables("9:54:3", "45:5:5"), "The start time is later"},
            Case{tables("9:54:3", "5:45:-1"), "The time interval must be above 0"},
            Case{tables("9:54:3", "-5:45:5"), "The start time must not be below 0"},
@@ -148,6 +148,14 @@ TEST(TablesOfTavplan, SayWhatADiverMustNotBreathe) {
   // EAN50 is in use when the ascent is cut at 47 minutes, and the engine goes on with it.
   const std::string wreck = Tavplan({"bailout", (kRoot / "dives/wreck.tav").string(), "--interval", "47"}).out;
   EXPECT_THAT(of(wreck, "EAN50 lost"), HasSubstr("! Column 47: STILL ON THE LOST GAS at 9 m"));
+  const json lost = json::parse(
+      Tavplan({"bailout", (kRoot / "dives/wreck.tav").string(), "--interval", "47", "--json"}).out)["scenarios"][1];
+  EXPECT_EQ(lost["warnings"][0], (json{{"head", "47"},
+                                       {"what", "lost_gas"},
+                                       {"gas", "EAN50"},
+                                       {"from", 9.0},
+                                       {"to", 9.0},
+                                       {"ppo2", lost["warnings"][0]["ppo2"]}}));
   EXPECT_THAT(of(wreck, "Oxygen lost"), Not(HasSubstr("LOST GAS")));
   EXPECT_THAT(of(wreck, "With all gases"), Not(HasSubstr("LOST GAS")));
 
@@ -163,6 +171,9 @@ TEST(TablesOfTavplan, TellABottomTimeShorterThanTheDescent) {
   EXPECT_THAT(Tavplan(tables).out, testing::Not(HasSubstr("descent alone")));
   tables.emplace_back("--descent-counts");
   EXPECT_THAT(Tavplan(tables).out, HasSubstr("! Columns 1, 2: the descent alone takes 3.0 min"));
+  // A diver who is at once on the bottom is there at once at 200 m, too.
+  const Output deep = Tavplan({"tables", "--gas", "Tx10/70", "--depths=200:200:1", "--times=5:5:1"});
+  EXPECT_THAT(deep.out, testing::Not(HasSubstr("descent alone")));
 }
 
 TEST(TablesOfTavplan, NameTheDiveOfASeries) {
@@ -185,6 +196,7 @@ TEST(TablesOfTavplan, ReadInATerminalOf100Columns) {
   EXPECT_EQ(Tavplan({"tables", "--gas", "EAN32", "--depths", "30:33:3", "--times", "20:40:10"}).out,
             R"(Deco tables on EAN32
 Columns are bottom times in minutes, cells minutes of stop; the time of the descent is left out.
+ZH-L16B, GF 30/85, open circuit, depths in m
 
 30 m
   Mix      Depth    20    30    40

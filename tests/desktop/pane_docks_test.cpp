@@ -90,6 +90,22 @@ TEST(PlanPane, TakesALineAndALegByKeysAlone) {
   EXPECT_EQ(plan.UserActions.gettime(1), 25);
   EXPECT_EQ(legs->currentRow(), 1);
   EXPECT_EQ(legs->currentColumn(), frmPlanPane::kDepthColumn);
+
+  // The copy is selected, and not the leg with it.
+  legs->setCurrentCell(0, frmPlanPane::kDepthColumn);
+  QTest::keyClick(legs, Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(plan.UserActions.GetLength(), 3);
+  QTest::keyClick(legs, Qt::Key_Delete);
+  EXPECT_EQ(plan.UserActions.GetLength(), 2);
+
+  // An open cell is a change when the window is closed.
+  p.program.Forms().Services().documents(1).Modified = false;
+  p.headless.platform.boxes.clear();
+  legs->setCurrentCell(0, frmPlanPane::kTimeColumn);
+  QTest::keyClicks(legs->viewport(), QStringLiteral("8"));
+  EXPECT_FALSE(p.window.close());
+  EXPECT_EQ(p.headless.platform.boxes.size(), 1U);
+  EXPECT_EQ(plan.UserActions.gettime(1), 8);
 }
 
 }  // namespace

@@ -86,6 +86,21 @@ TEST(Conservatism, AppliesToThePlanAndKeepsTheCheckOfARefusal) {
   refused.cbOK.Press();
   EXPECT_TRUE(refused.IsLoaded());
   EXPECT_FALSE(d.Document().Template.UseGF);
+  refused.cbCancel.Press();
+  EXPECT_TRUE(d.Document().Template.UseGF) << "given up";
+}
+
+TEST(Conservatism, KeepsAFactorToTheDigitThatNobodyTyped) {
+  Dialogs d;
+  d.Open();
+  d.Document().Template.GFHigh = 0.855;
+  frmConservatism dialog(d.Services());
+  dialog.Load();
+  dialog.Text2.Leave();
+  dialog.Text1.Type("40");
+  dialog.cbOK.Press();
+  EXPECT_EQ(d.Document().Template.GFLow, Single(0.4));
+  EXPECT_EQ(d.Document().Template.GFHigh, Single(0.855));
 }
 
 TEST(GasBlend, KeepsTheSumAt100) {
@@ -128,12 +143,39 @@ TEST(GasBlend, ReturnIsOKWhenNothingIsLeftToWorkOut) {
   EXPECT_EQ(double{d.Document().Template.Blends.back().N2}, 68);
 }
 
+TEST(GasBlend, OKShowsWhatBecameOfAnEntryBeforeItCounts) {
+  struct {
+    std::string o2, he, becomes;
+  } const cases[] = {{"32", "70", "32/68"}, {"320", "0", "100/0"}, {"x", "0", "100/0"}, {"20.6", "0", "21/0"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.o2 + "/" + each.he);
+    Dialogs d;
+    d.Open();
+    const std::size_t before = d.Document().Template.Blends.size();
+    frmGasBlend dialog(d.Services());
+    dialog.SetTemplate(d.Active());
+    dialog.Load();
+    dialog.tbBlendName.Type("Mine");
+    dialog.tbO2.Type(each.o2);
+    dialog.tbO2.Leave();
+    if (each.he != "0") dialog.tbHe.Type(each.he);
+    dialog.cbOK.Press();
+    EXPECT_TRUE(dialog.IsLoaded());
+    EXPECT_EQ(d.platform.boxes.size(), 1U);
+    EXPECT_EQ(dialog.tbO2.Text.Get() + "/" + dialog.tbHe.Text.Get(), each.becomes);
+    EXPECT_EQ(d.Document().Template.Blends.size(), before);
+    dialog.cbOK.Press();
+    EXPECT_EQ(d.Document().Template.Blends.size(), before + 1);
+  }
+}
+
 TEST(GasBlend, AddsANameOnceAndRefusesWhatTheFileCannotHold) {
   struct {
     std::string name;
     std::size_t boxes;
     std::size_t added;
-  } const cases[] = {{"", 1, 0}, {"Air", 1, 0}, {"EAN32", 1, 0}, {"My mix", 0, 1}, {"a:b", 1, 0}, {"a,b", 1, 0}};
+  } const cases[] = {{"", 1, 0},       {"Air", 1, 0}, {"EAN32", 1, 0}, {"ean032", 1, 0},
+                     {"My mix", 0, 1}, {"a:b", 1, 0}, {"a,b", 1, 0}};
   for (const auto& each : cases) {
     Dialogs d;
     d.Open();

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <functional>
+
 #include "dialogs/properties_fixture.h"
 
 namespace tav {
@@ -29,6 +32,32 @@ TEST_F(Properties, OKWithoutAChangeKeepsEveryValue) {
   EXPECT_EQ(double{after.ChangeGasMixes[0].O2}, double{before.ChangeGasMixes[0].O2});
   EXPECT_EQ(after.AscendRates.size(), before.AscendRates.size());
   EXPECT_EQ(double{after.AscendRates[1].Rate}, double{before.AscendRates[1].Rate});
+}
+
+TEST_F(Properties, OKKeepsWhatNobodyTypedToTheLastDigit) {
+  d.platform.separators = {",", "."};
+  DiveTemplate& t = Template();
+  t.LastStop = 4.5;
+  t.MaxPPO2 = 1.425;
+  t.MaximalEND = 29.5;
+  t.AscendRates = {{0, 0, 2.5, 0}, {0, 0, 9, 4.5}};
+  t.ChangeGasMixes[0].Depth = 20.5;
+  const auto gas = static_cast<std::size_t>(FindBlendIndex("EAN32", t));
+  t.Blends[gas] = {"EAN32", 31.7, 68.3, 0};
+  frmProperties& f = Show();
+  EXPECT_EQ(f.tbLastStop.Text.Get(), "4,5") << "what is shown is what is there";
+  f.tbRMV.Type("17");
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_EQ(double{t.LastStop}, 4.5);
+  EXPECT_EQ(t.MaxPPO2, Single(1.425));
+  EXPECT_EQ(double{t.MaximalEND}, 29.5);
+  EXPECT_EQ(double{t.AscendRates[0].Rate}, 2.5);
+  EXPECT_EQ(double{t.AscendRates[1].Depth}, 4.5);
+  EXPECT_EQ(t.Blends[gas].O2, Single(31.7));
+  EXPECT_EQ(double{t.RMV}, 17);
+  const auto change = [](const GasChange& each) { return each.Depth == Single(20.5); };
+  EXPECT_TRUE(std::any_of(t.ChangeGasMixes.begin(), t.ChangeGasMixes.end(), change));
 }
 
 TEST_F(Properties, CancelChangesNothingButWhatCountsAtOnce) {
@@ -105,7 +134,11 @@ TEST_F(Properties, WhatCanNotBePlannedOnIsNotStored) {
 
 TEST_F(Properties, TheDefaultTemplateIsEditedInPlaceOfThePlans) {
   frmProperties& f = Show();
+  EXPECT_FALSE(f.lbNewPlans.Visible);
   f.cbDefault.Press();
+  EXPECT_TRUE(d.platform.boxes.empty()) << "nothing was typed that could be lost";
+  EXPECT_TRUE(f.lbNewPlans.Visible);
+  EXPECT_FALSE(f.cbDefault.Enabled);
   f.tbStepSize.Type("6");
   f.tbLastStop.Type("6");
   f.cbOK.Press();
@@ -113,6 +146,86 @@ TEST_F(Properties, TheDefaultTemplateIsEditedInPlaceOfThePlans) {
   EXPECT_TRUE(d.Document(0).Template.TemplateChanged);
   EXPECT_EQ(double{Template().StepSize}, 3);
   EXPECT_EQ(d.applied, 0) << "the plan in the active window has nothing to do with it";
+}
+
+TEST_F(Properties, TheDefaultTemplateAsksBeforeItDropsWhatWasTyped) {
+  struct {
+    const char* what;
+    std::function<void(frmProperties&)> change;
+  } const changes[] = {{"a field", [](auto& f) { f.tbRMV.Type("17"); }},
+                       {"a box", [](auto& f) { f.cbWarnMaxEND.Set(!f.cbWarnMaxEND.Value); }},
+                       {"a cell", [](auto& f) { f.fgAscend.Edit(2, 1, "8"); }},
+                       {"a row", [](auto& f) { f.cbAddChange.Press(); }},
+                       {"units", [](auto& f) { f.Option1_0.Choose(); }}};
+  for (const auto& each : changes) {
+    SCOPED_TRACE(each.what);
+    d.platform.boxes.clear();
+    frmProperties& f = Show();
+    each.change(f);
+    const std::string typed = f.tbRMV.Text;
+    d.platform.answers = {BoxAnswer::No};
+    f.cbDefault.Press();
+    EXPECT_FALSE(f.lbNewPlans.Visible);
+    EXPECT_EQ(f.tbRMV.Text.Get(), typed);
+    d.platform.answers = {BoxAnswer::Yes};
+    f.cbDefault.Press();
+    EXPECT_TRUE(f.lbNewPlans.Visible);
+    EXPECT_EQ(f.tbRMV.Text.Get(), "20");
+    EXPECT_EQ(d.platform.boxes.size(), 2U);
+    EXPECT_EQ(d.platform.LastBox().buttons, BoxButtons::YesNo);
+    f.tbRMV.Leave();
+    EXPECT_EQ(d.platform.boxes.size(), 2U) << "what was dropped is not judged";
+  }
+}
+
+TEST_F(Properties, ChangedSettingsOfNewPlansAreOfferedForLaterStarts) {
+  int kept = 0;
+  DialogServices services = d.Services();
+  services.defaultTemplateFile = "/home/Default.tpl";
+  services.keepDefaultTemplate = [&] { ++kept; };
+  const auto ok = [&](const char* rate, BoxAnswer answer) {
+    d.platform.boxes.clear();
+    d.platform.answers = {answer};
+    frmProperties f(services);
+    f.Load();
+    f.cbDefault.Press();
+    f.tbRMV.Type(rate);
+    f.cbOK.Press();
+    EXPECT_FALSE(f.IsLoaded());
+    EXPECT_EQ(double{d.Document(0).Template.RMV}, std::stod(rate));
+  };
+  ok("20", BoxAnswer::Yes);
+  EXPECT_TRUE(d.platform.boxes.empty()) << "nothing was changed";
+  d.Document(0).Template.TemplateChanged = false;
+  ok("17", BoxAnswer::No);
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  EXPECT_EQ(kept, 0);
+  ok("17", BoxAnswer::Yes);
+  EXPECT_EQ(kept, 1) << "they are still not kept";
+}
+
+TEST_F(Properties, TheSurfacingStaysAtTheAltitudeOfTheStartUntilItIsGivenItsOwn) {
+  frmProperties& f = Show();
+  f.Text2.Type("2000");
+  EXPECT_EQ(f.Text5.Text.Get() + " " + f.Text3.Text.Get(), "2000 " + f.Text4.Text.Get());
+  f.cbOK.Press();
+  EXPECT_EQ(double{Template().EndAltitude}, 2000);
+  EXPECT_EQ(Template().EndPressure, Template().StartPressure);
+  EXPECT_LT(double{Template().EndPressure}, 0.81);
+
+  Show();
+  form->Text5.Type("0.");
+  form->Text2.Type("1500");
+  EXPECT_EQ(form->Text5.Text.Get(), "0.");
+  form->Text5.Type("1500");
+  form->Text2.Type("");
+  EXPECT_EQ(form->Text4.Text.Get(), "") << "no altitude, no pressure";
+  form->Text2.Leave();
+  EXPECT_EQ(form->Text5.Text.Get(), form->Text2.Text.Get()) << "equal again, also when it is reset";
+
+  Template().EndAltitude = 1000;
+  Show().Text2.Type("500");
+  EXPECT_EQ(form->Text5.Text.Get(), "1000");
 }
 
 TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
@@ -191,6 +304,11 @@ TEST_F(Properties, WhatCountsAtOnceReachesThePlanAndItsSeries) {
   EXPECT_TRUE(d.Document().Modified);
   form->cbCancel.Press();
   EXPECT_GT(first.CurrentRunTime(), adapted) << "who has just come up from the sea carries more nitrogen";
+  Show().Check1.Set(true);
+  form->cbDefault.Press();
+  form->Check1.Set(false);
+  form->cbOK.Press();
+  EXPECT_EQ(first.CurrentRunTime(), adapted) << "OK stores the settings of new plans alone";
 
   const std::int16_t firstDive = d.Active();
   const std::int16_t second = d.forms.AddRepetitiveDive(firstDive, 120);

@@ -1,4 +1,5 @@
 #include <functional>
+#include <tuple>
 
 #include "dialogs/gas_blend.h"
 #include "dialogs/properties_fixture.h"
@@ -111,6 +112,18 @@ TEST_F(Properties, HeadsTellTheUnits) {
             "*StringID 1621* *StringID 1223**StringID 1622*");
 }
 
+TEST_F(Properties, ACellThatIsSetToSomethingElseIsTold) {
+  frmProperties& f = Show();
+  for (const auto& [typed, becomes, told] :
+       {std::tuple("8", "8", false), std::tuple("8 m/min", "8", false), std::tuple("", "", false),
+        std::tuple("fast", "10", true), std::tuple("-7", "7", true)}) {
+    d.platform.boxes.clear();
+    f.fgAscend.Edit(2, 1, typed);
+    EXPECT_EQ(f.fgAscend.Text(2, 1), becomes);
+    EXPECT_EQ(!d.platform.boxes.empty(), told) << typed;
+  }
+}
+
 TEST_F(Properties, FirstRowsStay) {
   frmProperties& f = Show();
   f.fgAscend.Edit(1, 0, "3");
@@ -174,6 +187,9 @@ TEST_F(Properties, AutomaticDepthsFollowTheDecoPPO2) {
   const auto row = [&](const std::string& gas) { return f.fgGasChange.Text(1, 1) == gas ? 1 : 2; };
   EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "22");
   EXPECT_EQ(f.fgGasChange.Text(row("Oxygen"), 0), "6");
+  f.Text2.Type("3000");
+  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "25") << "where it is 0.715 bar";
+  f.Text2.Type("0");
   f.Text7.Type("1.4");
   EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "18");
   f.Option1_0.Choose();

@@ -120,22 +120,31 @@ TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) 
   struct Case {
     std::string typed;
     std::string box;
+    bool refused;
   };
-  for (const Case& c : {Case{"-1", "*StringID 3000*"}, Case{"100", "*StringID 3001*"}, Case{"often", "*StringID 3000*"},
-                        Case{"", "*StringID 3000*"}, Case{"99.6", "*StringID 3001*"}, Case{"99.4", "*StringID 7780*"},
-                        Case{"30.4", ""}, Case{"0", ""}, Case{"-0.4", ""}}) {
+  for (const Case& c : {Case{"-1", "*StringID 3000*", true}, Case{"100", "*StringID 3001*", true},
+                        Case{"often", "*StringID 7326*", true}, Case{"", "*StringID 7326*", true},
+                        Case{"99.6", "*StringID 3001*", true}, Case{"99.4", "*StringID 7780*", true},
+                        Case{"10", "", false}, Case{"30.4", "*StringID 7987*", false},
+                        Case{"0", "*StringID 7987*", false}, Case{"-0.4", "*StringID 7987*", false}}) {
+    SCOPED_TRACE(c.typed);
     dialogs.platform.boxes.clear();
     preview.shown.clear();
     With<frmBailoutStart>([&](frmBailoutStart& dialog) {
       dialog.tbTime.Type(c.typed);
       dialog.cbOK.Press();
+      EXPECT_EQ(dialog.IsLoaded(), c.refused);
+      if (!c.refused) return;
+      EXPECT_EQ(dialog.tbTime.ForeColor, kRed);
+      EXPECT_EQ(dialog.tbTime.ToolTipText.Get(), c.box);
+      dialog.tbTime.Type("10");
+      EXPECT_EQ(dialog.tbTime.ForeColor, -1);
+      EXPECT_TRUE(dialog.cbOK.Enabled && dialog.tbTime.Enabled);
+      dialog.Unload();
     });
-    EXPECT_EQ(dialogs.platform.LastBox().text, c.box) << c.typed;
-    EXPECT_EQ(preview.shown.empty(), !c.box.empty()) << c.typed;
-    if (!c.box.empty()) {
-      EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 3002*");
-      EXPECT_EQ(dialogs.platform.LastBox().icon, BoxIcon::Exclamation);
-    }
+    const std::string entry = "*StringID 2603* " + c.typed + "\r\n\r\n";
+    EXPECT_EQ(dialogs.platform.boxes.empty() ? "" : dialogs.platform.LastBox().text, c.refused ? entry + c.box : c.box);
+    EXPECT_EQ(preview.shown.empty(), c.refused);
   }
 }
 
@@ -240,16 +249,26 @@ TEST_F(TableDialogs, TheTableExpertRemembersItsGridForEachUnit) {
     EXPECT_EQ(dialog.Label7.Caption.Get(), "21/0");
     dialog.Combo1.Select(5);
     EXPECT_EQ(dialog.Label7.Caption.Get(), "18/45");
-    // Refused, and kept all the same.
+    // What is refused is not kept, and takes nothing else with it.
+    dialog.tbED.Type("12");
     dialog.tbDI.Type("0");
     dialog.Check1.Set(false);
     dialog.cbStart.Press();
+    EXPECT_THAT(Boxes(), ElementsAre("*StringID 2703* 0\r\n\r\n*StringID 2715*"));
+    EXPECT_TRUE(dialogs.platform.settings.empty());
+    EXPECT_EQ(preview.shown, "");
+    EXPECT_EQ(dialog.tbED.Text.Get() + dialog.Label7.Caption.Get(), "1218/45");
+    dialog.tbDI.Type("1");
+    dialog.cbStart.Press();
   });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 2715*"));
-  EXPECT_EQ((dialogs.platform.settings[{"TableExpert", "StepM"}]), "0");
+  EXPECT_EQ((dialogs.platform.settings[{"TableExpert", "StepM"}]), "1");
   EXPECT_EQ((dialogs.platform.settings[{"TableExpert", "FastDescent"}]), "0");
   EXPECT_EQ((dialogs.platform.settings.count({"TableExpert", "StepF"})), 0U);
-  EXPECT_EQ(preview.shown, "");
+  dialogs.platform.settings[{"TableExpert", "StepM"}] = "0";
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    EXPECT_EQ(dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "54 3") << "a grid that can't be is not offered";
+    dialog.cbCancel.Press();
+  });
   dialogs.Document().Template.Metric = false;
   With<frmTableExpert>([&](frmTableExpert& dialog) {
     EXPECT_EQ(dialog.tbSD.Text.Get() + " " + dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "30 180 10");
@@ -307,20 +326,31 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
   dialogs.Open();
   struct Case {
     std::vector<std::string> typed;  ///< depths, then times
-    std::string box;
+    int field;
+    std::string reason;
   };
-  for (const Case& c : {Case{{"54", "9", "3", "5", "45", "5"}, "*StringID 2714*"},
-                        Case{{"9", "54", "3", "5", "45", "x"}, "*StringID 7326* x"},
-                        Case{{"1", "1000", "1", "1", "1000", "1"}, "*StringID 7301*"}}) {
+  for (const Case& c : {Case{{"54", "9", "3", "5", "45", "5"}, 0, "*StringID 2714*"},
+                        Case{{"-9", "54", "3", "5", "45", "5"}, 0, "*StringID 2720*"},
+                        Case{{"-9", "-9", "3", "5", "45", "5"}, 0, "*StringID 2720*"},
+                        Case{{"9", "20000", "3", "5", "45", "5"}, 1, "*StringID 7300*"},
+                        Case{{"9", "54", "0.4", "5", "45", "5"}, 2, "*StringID 7987*\r\n*StringID 2715*"},
+                        Case{{"1", "1000", "1", "1", "1000", "1"}, 2, "*StringID 7301*"},
+                        Case{{"9", "54", "3", "50", "45", "5"}, 3, "*StringID 2716*"},
+                        Case{{"9", "54", "3", "5", "200000", "5"}, 4, "*StringID 7300*"},
+                        Case{{"9", "54", "3", "5", "45", "-1"}, 5, "*StringID 2717*"},
+                        Case{{"9", "54", "3", "5", "45", "x"}, 5, "*StringID 7326*"}}) {
+    SCOPED_TRACE(c.reason);
     dialogs.platform.boxes.clear();
     With<frmTableExpert>([&](frmTableExpert& dialog) {
+      TextBox* const fields[] = {&dialog.tbSD, &dialog.tbED, &dialog.tbDI, &dialog.tbST, &dialog.tbET, &dialog.tbTI};
       auto text = c.typed.begin();
-      for (TextBox* box : {&dialog.tbSD, &dialog.tbED, &dialog.tbDI, &dialog.tbST, &dialog.tbET, &dialog.tbTI}) {
-        box->Type(*text++);
-      }
+      for (TextBox* box : fields) box->Type(*text++);
       dialog.cbStart.Press();
+      for (int i = 0; i < 6; ++i) EXPECT_EQ(fields[i]->ForeColor == kRed, i == c.field) << i;
+      dialog.Unload();
     });
-    EXPECT_THAT(Boxes(), ElementsAre(c.box));
+    EXPECT_THAT(Boxes(), ElementsAre("*StringID " + std::to_string(2701 + c.field) + "* " +
+                                     c.typed[static_cast<std::size_t>(c.field)] + "\r\n\r\n" + c.reason));
     EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 2700*");
   }
   dialogs.platform.boxes.clear();
@@ -340,6 +370,8 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
     dialog.Combo1.Select(3);
     dialogs.Document().Template.Blends.resize(2);
     dialog.cbStart.Press();
+    EXPECT_EQ(dialog.Combo1.Items.Get().size(), 2U) << "those that there are now";
+    dialog.Unload();
   });
   EXPECT_THAT(Boxes(), ElementsAre("*StringID 7328*"));
 }

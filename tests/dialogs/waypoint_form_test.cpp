@@ -70,6 +70,16 @@ TEST_F(WaypointForm, EachButtonMakesTheMixOfItsFieldsAndSelectsIt) {
   }
 }
 
+TEST_F(WaypointForm, AMixWhoseNameStandsForAnotherGasIsTold) {
+  Template().Blends.push_back({"EAN35", 36, 64, 0});
+  At(30).cbNitroxAdd.Press();
+  EXPECT_EQ(form->tbO2.Text.Get(), "36");
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  Template().Blends.back() = {"EAN35", 35, 65, 0};
+  form->cbNitroxAdd.Press();
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+}
+
 TEST_F(WaypointForm, AMixMadeOnALaterDiveAsksToSaveTheSeries) {
   frmWaypointEditor& first = d.forms(d.Active());
   ASSERT_TRUE(first.AddUserWaypoint(30, 20, 0));

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "model/gas_name.h"
 #include "model/template_faults.h"
 
 namespace tav {
@@ -22,24 +23,15 @@ DiveTemplate Sound() {
   return t;
 }
 
-TEST(CopyDiveTemplate, KeepsTheListsOfTheTargetWhereTheSourceHasNone) {
+TEST(CopyDiveTemplate, CopiesEmptyListsAsEmptyOnes) {
+  DiveTemplate target = Sound();
   DiveTemplate source = Sound();
-  source.TemplateChanged = true;
   source.ChangeGasMixes.clear();
   source.AscendRates.clear();
-  DiveTemplate target = Sound();
-  target.TemplateFolder = "gone/";
-  target.DescendRates = target.AscendRates;
-  target.Blends.clear();
   CopyDiveTemplate(source, target);
-  EXPECT_TRUE(target.TemplateChanged);
-  EXPECT_EQ(target.TemplateFolder, "");
-  EXPECT_EQ(target.ChangeGasMixes.size(), 1U);
-  EXPECT_EQ(target.AscendRates.size(), 2U);
+  EXPECT_TRUE(target.ChangeGasMixes.empty());
+  EXPECT_TRUE(target.AscendRates.empty());
   EXPECT_EQ(target.DescendRates.size(), 1U);
-  EXPECT_EQ(target.Blends.size(), 2U);
-  CopyDiveTemplate(target, target);
-  EXPECT_EQ(target.Blends.size(), 2U);
 }
 
 TEST(Blends, AreFoundByExactNameAndUnknownOnesAreAir) {
@@ -80,7 +72,19 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
                            {"LastStop", [](DiveTemplate& t) { t.LastStop = -1; }},
                            {"StartPressure", [](DiveTemplate& t) { t.StartPressure = 0; }},
                            {"EndPressure", [](DiveTemplate& t) { t.EndPressure = -1; }},
-                           {"GF", [](DiveTemplate& t) { t.UseGF = true, t.GFLow = -0.1; }},
+                           {"EndPressure", [](DiveTemplate& t) { t.EndPressure = 1013.25; }},
+                           {"StartPressure", [](DiveTemplate& t) { t.StartPressure = 0.29; }},
+                           {"StartPressure", [](DiveTemplate& t) { t.StartPressure = 1.21; }},
+                           {"StartAltitude", [](DiveTemplate& t) { t.Metric = true, t.StartAltitude = 6001; }},
+                           {"EndAltitude", [](DiveTemplate& t) { t.EndAltitude = -1641; }},
+                           {"LastStop", [](DiveTemplate& t) { t.Metric = true, t.LastStop = 30.5; }},
+                           {"LastStop", [](DiveTemplate& t) { t.LastStop = 101; }},
+                           {"MaxPPO2", [](DiveTemplate& t) { t.MaxPPO2 = -1; }},
+                           {"Maximal END", [](DiveTemplate& t) { t.MaximalEND = -1; }},
+                           {"DecoSetpoint", [](DiveTemplate& t) { t.DecoSetpoint = -1; }},
+                           {"Blends Available", [](DiveTemplate& t) { t.Blends[1].O2 = 55; }, 0},
+                           {"GF", [](DiveTemplate& t) { t.GFLow = -0.1; }},
+                           {"GF", [](DiveTemplate& t) { t.GFHigh = 2; }},
                            {"Setpoint", [](DiveTemplate& t) { t.OpenCircuit = false, t.DecoSetpoint = 1.3; }},
                            {"DecoSetpoint", [](DiveTemplate& t) { t.OpenCircuit = false, t.Setpoint = 1.3; }},
                            {"AscendRates", [](DiveTemplate& t) { t.AscendRates.clear(); }},
@@ -115,6 +119,24 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
   openDeco.OCDeco = true;
   openDeco.Setpoint = 1.3;
   EXPECT_TRUE(TemplateFaults(openDeco).empty()) << "stops on open circuit need no setpoint";
+  DiveTemplate feet = Sound();
+  feet.Metric = false;
+  feet.StartAltitude = 19685;
+  feet.LastStop = 100;
+  feet.GFHigh = 1.99;
+  feet.Blends[1].O2 = 50.5;
+  EXPECT_TRUE(TemplateFaults(feet).empty());
+}
+
+TEST(GasNamed, TakesAnyCaseOfLettersAndTheUsualName) {
+  DiveTemplate t = Sound();
+  t.Blends.push_back({"Tx18/45", 18, 37, 45});
+  for (const char* name : {"EAN50", "ean50", "EAN050", "Ean50.0"}) EXPECT_EQ(GasNamed(name, t), 1) << name;
+  for (const char* name : {"air", "AIR"}) EXPECT_EQ(GasNamed(name, t), 0) << name;
+  EXPECT_EQ(GasNamed("tx018/45", t), 2);
+  for (const char* name : {"EAN51", "EAN500", "best", ""}) EXPECT_EQ(GasNamed(name, t), std::nullopt) << name;
+  EXPECT_EQ(MixOfName("h085").value().Name, "H85");
+  EXPECT_EQ(MixOfName("oxygen").value().Name, "Oxygen");
 }
 
 TEST(PlanFaults, TellTheActionOfALegThatCannotBePlanned) {

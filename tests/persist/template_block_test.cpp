@@ -28,18 +28,20 @@ std::string FileText(const std::filesystem::path& file) {
 
 std::string Block(const std::string& lines) { return "Start Template Block\n" + lines + "\nEnd Template Block\n"; }
 
-DiveTemplate Read(const std::string& text, DiveTemplate diveTemplate = {}) {
+DiveTemplate Read(const std::string& text, DiveTemplate diveTemplate = ShippedDefaultTemplate()) {
   FormatFaults faults("x.tpl", FormatFaults::Mode::StopAtFirstError);
   ReadTemplateText(diveTemplate, text, faults);
   return diveTemplate;
 }
 
+/// Faults and advice without the line that tells which keys are missing.
 std::string Advice(const std::string& text) {
   FormatFaults faults("x.tpl", FormatFaults::Mode::Collect);
-  DiveTemplate diveTemplate;
+  DiveTemplate diveTemplate = ShippedDefaultTemplate();
   ReadTemplateText(diveTemplate, text, faults);
   std::string all;
   for (const FormatFault& fault : faults.List()) {
+    if (fault.text.text == 8154) continue;
     all += std::to_string(fault.line) + (fault.error ? " error: " : " advice: ") + test::English().Words(fault.text) +
            "\n";
   }
@@ -49,10 +51,9 @@ std::string Advice(const std::string& text) {
 TEST(TemplateBlock, OfTheShippedFilesIsWrittenAsItStandsThere) {
   for (const char* name : {"Default.tpl", "Imperial.tpl"}) {
     const auto file = SourceFolder() / "template" / name;
-    DiveTemplate diveTemplate;
+    DiveTemplate diveTemplate = ShippedDefaultTemplate();
     LoadTemplateFile(diveTemplate, file);
     EXPECT_EQ(WriteTemplateBlock(diveTemplate), FileText(file));
-    EXPECT_TRUE(TemplateFaults(diveTemplate).empty());
     EXPECT_EQ(Advice(FileText(file)), "");
   }
   EXPECT_EQ(WriteTemplateBlock(ShippedDefaultTemplate()), FileText(SourceFolder() / "template/Default.tpl"));
@@ -76,39 +77,46 @@ struct KeyCase {
 
 TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
   const KeyCase cases[] = {
-      {"RMV= 20", [](const auto& t) { return t.RMV == 20 && t.DecoRMV == 20; }},
-      {"RMV=20\nDecoRMV=0", [](const auto& t) { return t.DecoRMV == 20; }},
-      {"RMV=20\nDecoRMV=15", [](const auto& t) { return t.DecoRMV == 15; }},
-      {"RMV=lots", [](const auto& t) { return t.RMV == 0; }, "2 advice: \"RMV\" should be a number, not \"lots\""},
-      {"RMV=20 l/min", [](const auto& t) { return t.RMV == 20; }, "it is taken as 20"},
+      {"RMV= 22", [](const auto& t) { return t.RMV == 22 && t.DecoRMV == 15; }},
+      {"RMV=22\nDecoRMV=0", [](const auto& t) { return t.DecoRMV == 22; }},
+      {"RMV=22\nDecoRMV=16", [](const auto& t) { return t.DecoRMV == 16; }},
+      {"RMV=22 l/min", [](const auto& t) { return t.RMV == 22; }, "it is taken as 22"},
       {"  RMV \t=\t 7 \t", [](const auto& t) { return t.RMV == 7; }},
       {"RMV=1\nRMV=2", [](const auto& t) { return t.RMV == 2; }, "3 advice: \"RMV\" stands twice"},
       {"OCDeco=1", [](const auto& t) { return t.OCDeco; }},
       {"OCDeco= 1.0", [](const auto& t) { return t.OCDeco; }},
       {"OCDeco=2", [](const auto& t) { return !t.OCDeco; }, "should be 0 or 1"},
-      {"metric=1", [](const auto& t) { return !t.Metric; }, "\"metric\" is not a key"},
-      {"# Metric=1", [](const auto& t) { return !t.Metric; }},
-      {" # note", [](const auto& t) { return !t.Metric; }, "\"# note\" is not a key"},
+      {"ocdeco=1", [](const auto& t) { return !t.OCDeco; }, "\"ocdeco\" is not a key"},
+      {"# OCDeco=1", [](const auto& t) { return !t.OCDeco; }},
+      {" # note", [](const auto& t) { return t.Metric; }, "\"# note\" is not a key"},
       {"CeilingOverride= 1", [](const auto& t) { return !t.CeilingOverride; }},
       {"# Loop=diluent", [](const auto& t) { return t.KeepsDiluent && !t.IntervalOnAir; }},
       {"#  Surface interval = air \t", [](const auto& t) { return !t.KeepsDiluent && t.IntervalOnAir; }},
       {"TimeToHeight=2.5", [](const auto& t) { return t.TimeToHeight == 2; }},
       {"GF=0,.8,.3", [](const auto& t) { return !t.UseGF && t.GFHigh == Single(.8) && t.GFLow == Single(.3); }},
+      {"GF=1,.8,.3, ", [](const auto& t) { return t.UseGF && t.GFLow == Single(.3); }},
       {"GF=1,.3,.8", [](const auto& t) { return t.UseGF; }, "the high one stands first"},
       {"Templatename= my=own ", [](const auto& t) { return t.Templatename == "my=own"; }},
       {"AscendRates=0:3,6:9,30:10,\nAscendRates= 0:3, 6: 9,",
        [](const auto& t) { return t.AscendRates.size() == 2 && t.AscendRates[1].Rate == 9; }, "stands twice"},
       {"AscendRates=0:3,6:9", [](const auto& t) { return t.AscendRates.size() == 1; }, "which is ignored"},
-      {"DescendRates=18,", [](const auto& t) { return t.DescendRates[0].Depth == 18; }, "without \":\""},
-      {"DescendRates=", [](const auto& t) { return t.DescendRates.empty(); }},
-      {"Blends Available=Air: 20.9/ 79.1/ 0/",
+      {"Change Gas Mixes=", [](const auto& t) { return t.ChangeGasMixes.empty() && t.Blends.size() == 8; }},
+      {"Change Gas Mixes=6:Oxygen", [](const auto& t) { return t.ChangeGasMixes.empty(); }, "which is ignored"},
+      {"Change Gas Mixes=6:EAN80,", [](const auto& t) { return t.ChangeGasMixes.size() == 1; }, "not in the list"},
+      {"Blends Available=Air: 20.9/ 79.1/ 0/\nChange Gas Mixes=",
        [](const auto& t) { return t.Blends.size() == 2 && t.Blends[0].O2 == 21 && t.Blends[1].O2 == Single(20.9); }},
-      {"Blends Available=a: 10/ 20/", [](const auto& t) { return t.Blends[1].N2 == 20; }, "should give O2/N2/He/"},
-      {"Blends Available=a: 10/ 20/ 30/", [](const auto& t) { return t.Blends[1].He == 30; }, "60 % in all"},
+      {"Blends Available=EAN50: 50/ 50/ 0/", [](const auto& t) { return t.Blends.size() == 2; },
+       "names the gas \"Oxygen\", which is not in the list"},
+      {"Blends Available=a: 10/ 20/ 70\nChange Gas Mixes=", [](const auto& t) { return t.Blends[1].He == 70; },
+       "should give O2/N2/He/"},
+      {"Blends Available=a: 10/ 20/ 70/ 5\nChange Gas Mixes=", [](const auto& t) { return t.Blends[1].He == 70; },
+       "should give O2/N2/He/"},
       {"Change Gas Mixes=6:O,\nBlends Available=O: 100/ 0/ 0/",
        [](const auto& t) { return t.ChangeGasMixes[0].O2 == 0; }, "2 advice: \"Change Gas Mixes\" names the gas \"O\""},
       {"Blends Available=O: 99/ 1/ 0/\nBlends Available=O: 98/ 2/ 0/\nChange Gas Mixes=6:O,21:Air,",
-       [](const auto& t) { return t.ChangeGasMixes[0].O2 == 98 && t.ChangeGasMixes[1].N2 == 79; }}};
+       [](const auto& t) { return t.ChangeGasMixes[0].O2 == 98 && t.ChangeGasMixes[1].N2 == 79; }},
+      {"StartAltitude=2000", [](const auto& t) { return t.StartAltitude == 2000; },
+       "at an altitude of 2000 a pressure of about 0.803 is usual"}};
   for (const KeyCase& known : cases) {
     SCOPED_TRACE(known.lines);
     const std::string text = Block(known.lines);
@@ -119,20 +127,33 @@ TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
   }
 }
 
-TEST(TemplateBlock, WithoutKeysLeavesTheRecordButForItsGases) {
-  DiveTemplate before = ShippedDefaultTemplate();
-  before.DecoRMV = 0;
-  const DiveTemplate after = Read(Block("# nothing"), before);
-  EXPECT_EQ(after.Blends.size(), 1U);
-  EXPECT_EQ(after.DecoRMV, before.RMV);
-  EXPECT_EQ(after.AscendRates.size(), before.AscendRates.size());
-  EXPECT_EQ(after.Templatename, before.Templatename);
+TEST(TemplateBlock, ChangesOnlyWhatItTells) {
+  const DiveTemplate before = ShippedDefaultTemplate();
+  EXPECT_EQ(WriteTemplateBlock(Read(Block("# nothing"), before)), WriteTemplateBlock(before));
+  const DiveTemplate after = Read(Block("StepSize=5\nChange Gas Mixes=9:EAN50,"), before);
+  EXPECT_EQ(after.Blends.size(), before.Blends.size());
+  EXPECT_EQ(after.ChangeGasMixes.size(), 1U);
+  EXPECT_EQ(after.ChangeGasMixes[0].O2, Single(50));
+  // From before there was a breathing rate of its own for the decompression.
+  EXPECT_EQ(Read(ReplaceAll(WriteTemplateBlock(before), "DecoRMV", "X"), before).DecoRMV, before.RMV);
+  // A record that has Air alone is written without lines of gases, and is itself again.
+  DiveTemplate air = before;
+  air.Blends = {AirMix()};
+  air.ChangeGasMixes.clear();
+  EXPECT_EQ(Read(WriteTemplateBlock(air), before).Blends.size(), 1U);
+  FormatFaults faults("x.tpl", FormatFaults::Mode::StopAtFirstError);
+  DiveTemplate told = before;
+  ReadTemplateText(told, ReplaceAll(ReplaceAll(WriteTemplateBlock(before), "Metric", "X"), "GF=", "Y="), faults);
+  ASSERT_EQ(faults.List().size(), 3U);
+  EXPECT_EQ(test::English().Words(faults.List()[2].text),
+            "not told here, so that what was set before stays: \"Metric\", \"GF\"");
 }
 
 TEST(TemplateBlock, EndsAtItsMarkerAlone) {
   EXPECT_EQ(Read("Start Template Block\nRMV=1\nTemplatename=End Template Block\nRMV=2\n").RMV, Single(1));
+  EXPECT_EQ(Read("Start Template Block \nRMV=1\nEnd Template Block\t \n").RMV, Single(1));
   EXPECT_EQ(Read("Start Template Block\nTemplatename= End Template Block\nRMV=2\nEnd Template Block").RMV, Single(2));
-  DiveTemplate named;
+  DiveTemplate named = ShippedDefaultTemplate();
   named.Templatename = "End Template Block";
   EXPECT_EQ(Read(WriteTemplateBlock(named)).Templatename, named.Templatename);
   EXPECT_THAT(Advice(Block("RMV=1") + "\r\n \nmore"), HasSubstr("6 advice: what follows the end"));
@@ -149,24 +170,45 @@ TEST(TemplateBlock, RefusesWhatItCannotReadAndNamesTheLine) {
   for (int i = 0; i < 40000; ++i) many += "1:1,";
   std::string gases;
   for (int i = 0; i < 40000; ++i) gases += "Blends Available=a: 100/ 0/ 0/\n";
-  const FaultCase cases[] = {{"", 1, "a template begins with"},
-                             {" Start Template Block\nEnd Template Block", 1, "a template begins with"},
-                             {"Start Template Block", 1, "the file ends before \"End Template Block\""},
-                             {"Start Template Block\nRMV=1\nEnd Template Block \n", 3, "the file ends before"},
-                             {Block("RMV=1\nMetric="), 3, "\"Metric\" must be 0 or 1, not \"\""},
-                             {Block("Metric=yes"), 2, "\"Metric\" must be 0 or 1, not \"yes\""},
-                             {Block("Metric=1 0"), 2, "\"Metric\" must be 0 or 1"},
-                             {Block("GF=,.8,.3"), 2, "\"GF\" must be 0 or 1"},
-                             {Block("RMV=1e39"), 2, "\"RMV\" holds the number \"1e39\", which is too large"},
-                             {Block("AscendRates=0:1e400,"), 2, "too large"},
-                             {Block("Blends Available=a: 1e39/"), 2, "too large"},
-                             {Block("TimeToHeight=32768"), 2, "must fit 16 bits"},
-                             {Block("Change Gas Mixes=deep:Air,"), 2, "must give a depth before \":\""},
-                             {Block("Change Gas Mixes=1e39:Air,"), 2, "too large"},
-                             {Block("RMV=1\n# Loop=EAN50"), 3, "\"# Loop=EAN50\" is not understood"},
-                             {Block("# Surface interval="), 2, "\"# Surface interval=\" is not understood"},
-                             {Block(many), 2, "more than 32,767 entries"},
-                             {Block(gases), 32769, "more than 32,767 times"}};
+  const FaultCase cases[] = {
+      {"", 1, "a template begins with"},
+      {" Start Template Block\nEnd Template Block", 1, "a template begins with"},
+      {"Start Template Block", 1, "the file ends before \"End Template Block\""},
+      {"Start Template Block\nRMV=1\n End Template Block\n", 3, "the file ends before"},
+      {Block("RMV=1\nMetric="), 3, "\"Metric\" must be 0 or 1, not \"\""},
+      {Block("Metric=yes"), 2, "\"Metric\" must be 0 or 1, not \"yes\""},
+      {Block("Metric=1 0"), 2, "\"Metric\" must be 0 or 1"},
+      {Block("GF=,.8,.3"), 2, "\"GF\" must be 0 or 1"},
+      {Block("GF=1,.8"), 2, "\"GF\" takes three values"},
+      {Block("GF=1,0,85,0,3"), 2, "\"GF\" takes three values"},
+      {Block("GF=1, 85, 30"), 2, "\"GF\" holds 85 per cent: a gradient factor is a fraction, write 0.85"},
+      {Block("GF=0, .85, -.3"), 2, "\"GF\" must not be below 0, but is -0.3"},
+      {Block("RMV=lots"), 2, "\"RMV\" holds \"lots\", where a number belongs"},
+      {Block("RMV=-5"), 2, "\"RMV\" must not be below 0, but is -5"},
+      {Block("StepSize=2,5"), 2, "numbers in files have a point, not a comma"},
+      {Block("Setpoint="), 2, "where a number belongs"},
+      {Block("RMV=20\nEndPressure=1013.25"), 3, "is 1013.25, a pressure in hectopascal: write 1.01325"},
+      {Block("EndPressure=2"), 2, "\"EndPressure\" must be 0.3 to 1.2, not 2"},
+      {Block("StartAltitude=9000"), 2, "\"StartAltitude\" must be -500 to 6000, not 9000"},
+      {Block("LastStop=31"), 2, "\"LastStop\" must be 0 to 30, not 31"},
+      {Block("AscendRates=\nRMV=1"), 2, "no ascent rate"},
+      {Block("DescendRates=18,"), 2, "\"DescendRates\" holds the entry \"18\" without \":\""},
+      {Block("AscendRates=0:3,:9,"), 2, "\"AscendRates\" holds \"\", where a number belongs"},
+      {Block("Change Gas Mixes=21,5:EAN50,"), 2, "holds the entry \"21\" without \":\""},
+      {Block("Blends Available=Air: 21/79/0/\nBlends Available=a: 10/ 20/ 30/"), 3, "60 % in all"},
+      {Block("Blends Available=a: 50/ 70/ 0/"), 2, "120 % in all"},
+      {Block("Blends Available=a: 50/ 50/"), 2, "where a number belongs"},
+      {Block("Blends Available=a"), 2, "should be a name"},
+      {Block("RMV=1e39"), 2, "\"RMV\" holds the number \"1e39\", which is too large"},
+      {Block("AscendRates=0:1e400,"), 2, "too large"},
+      {Block("Blends Available=a: 1e39/ 0/ 0/"), 2, "too large"},
+      {Block("TimeToHeight=32768"), 2, "must fit 16 bits"},
+      {Block("Change Gas Mixes=deep:Air,"), 2, "must give a depth before \":\""},
+      {Block("Change Gas Mixes=1e39:Air,"), 2, "too large"},
+      {Block("RMV=1\n# Loop=EAN50"), 3, "\"# Loop=EAN50\" is not understood"},
+      {Block("# Surface interval="), 2, "\"# Surface interval=\" is not understood"},
+      {Block(many), 2, "more than 32,767 entries"},
+      {Block(gases), 32769, "more than 32,767 times"}};
   for (const FaultCase& fault : cases) {
     SCOPED_TRACE(fault.text.substr(0, 80));
     try {
@@ -235,7 +277,7 @@ TEST(CommentLines, ThatNothingHereKnowsAreKeptAndWrittenAgain) {
       "# Place=wreck \xC3\xA9, 30 m = deep \r\n# Cylinder=Air: 1/ 12/\r\n# Boat=x\r\n# Place=\r\n";
   const DiveTemplate t = Read(Block("RMV=20\n# a note\n#Boat=no name\n" + lines));
   const std::string written = WriteTemplateBlock(t);
-  EXPECT_THAT(written, HasSubstr("Change Gas Mixes=\r\n" + lines + "Templatename="));
+  EXPECT_THAT(written, HasSubstr("21:EAN50,\r\n" + lines + "Templatename="));
   EXPECT_THAT(written, testing::Not(HasSubstr("note")));
   EXPECT_EQ(Read(written).Comments, t.Comments);
   // What a template tells stands in place of what the plan had under that name; a line that is passed over changes
@@ -253,13 +295,13 @@ TEST(TemplateFile, IsLoadedAsAWholeOrNotAtAll) {
   WriteTextFile(file, Block("RMV=25"));
   DiveTemplate record = ShippedDefaultTemplate();
   record.TemplateChanged = true;
-  LoadTemplateFile(record, file);
+  EXPECT_EQ(LoadTemplateFile(record, file).size(), 1U) << "which keys it lacks";
   EXPECT_EQ(record.RMV, Single(25));
   EXPECT_EQ(record.Templatename, "cold.tpl");
   EXPECT_EQ(record.TemplateFolder, folder.Path().string() + "/");
   EXPECT_FALSE(record.TemplateChanged);
 
-  WriteTextFile(file, Block("RMV=30\nMetric=?"));
+  WriteTextFile(file, Block("RMV=30\nGF=1,85,30"));
   EXPECT_THROW(LoadTemplateFile(record, file), FileError);
   EXPECT_EQ(record.RMV, Single(25));
   SaveTemplateFile(record, file);

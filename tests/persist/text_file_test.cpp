@@ -6,10 +6,12 @@
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 
@@ -111,18 +113,97 @@ TEST(ReadTextFile, TellsWhyItCannot) {
   EXPECT_THAT(reason(folder.Path() / "huge"), HasSubstr("is larger than 64 MiB"));
 }
 
-TEST(WriteTextFile, ReplacesTheFileBehindALinkAndKeepsItsPermissions) {
+TEST(WriteTextFile, KeepsWhatTheFileHasAndTellsWhatItCannot) {
+  constexpr uid_t kOther = 4711;
+  const struct {
+    const char* what;
+    uid_t saves;
+    uid_t owner;
+    gid_t group;
+    mode_t mode;
+    bool otherName;
+    mode_t modeThen;
+    std::vector<int> notes;
+  } cases[] = {
+      {"by its owner", kOther, kOther, kOther, 0640, false, 0640, {}},
+      {"by an administrator", 0, kOther, kOther, 0664, false, 0664, {}},
+      {"by another of its group", kOther + 1, kOther, kOther, 0664, false, 0664, {8060}},
+      {"by anyone", kOther + 2, kOther, kOther, 0676, false, 0666, {8060, 8061}},
+      {"that has another name", kOther, kOther, kOther, 0600, true, 0600, {8062}},
+  };
+  if (::geteuid() != 0) GTEST_SKIP() << "only an administrator can make files of others";
+  for (const auto& known : cases) {
+    SCOPED_TRACE(known.what);
+    const test::ScratchFolder folder;
+    ::chmod(folder.Path().c_str(), 0777);
+    const fs::path file = folder.Path() / "plan.tav";
+    PutBytes(file, "old");
+    ASSERT_EQ(::chown(file.c_str(), known.owner, known.group), 0);
+    ASSERT_EQ(::chmod(file.c_str(), known.mode), 0);
+    if (known.otherName) fs::create_hard_link(file, folder.Path() / "other.tav");
+    EXPECT_EQ(ExitCode(Fork([&] {
+                const gid_t own = known.saves == kOther + 1 ? gid_t{kOther} : gid_t{known.saves};
+                if (known.saves != 0 && (::setgroups(0, nullptr) != 0 || ::setgid(own) != 0)) return 2;
+                if (known.saves != 0 && ::setuid(known.saves) != 0) return 2;
+                std::vector<int> notes;
+                for (const Message& note : WriteTextFile(file, "new")) notes.push_back(note.text);
+                return notes == known.notes ? 0 : 1;
+              })),
+              0);
+    struct stat now {};
+    ASSERT_EQ(::stat(file.c_str(), &now), 0);
+    const bool told = !known.notes.empty() && !known.otherName;
+    EXPECT_EQ(now.st_uid, told ? known.saves : known.owner);
+    EXPECT_EQ(now.st_gid, known.notes.size() == 2 ? gid_t{known.saves} : known.group);
+    EXPECT_EQ(now.st_mode & 07777U, known.modeThen);
+    EXPECT_EQ(ReadTextFile(file), "new");
+    if (known.otherName) {
+      EXPECT_EQ(ReadTextFile(folder.Path() / "other.tav"), "old");
+    }
+  }
+}
+
+TEST(WriteTextFile, KeepsAttributes) {
   const test::ScratchFolder folder;
   const fs::path file = folder.Path() / "plan.tav";
-  const fs::path link = folder.Path() / "link.tav";
   WriteTextFile(file, "old");
-  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
-  fs::create_symlink("plan.tav", link);
-  WriteTextFile(link, "new");
-  EXPECT_TRUE(fs::is_symlink(link));
+  if (::setxattr(file.c_str(), "user.dive", "deep", 4, 0) != 0) GTEST_SKIP() << "the disk knows none";
+  EXPECT_TRUE(WriteTextFile(file, "new").empty());
+  std::string value(8, '\0');
+  EXPECT_EQ(::getxattr(file.c_str(), "user.dive", value.data(), value.size()), 4);
+  EXPECT_THAT(value, testing::StartsWith("deep"));
+}
+
+TEST(WriteTextFile, FollowsLinksAndReplacesNone) {
+  const test::ScratchFolder folder;
+  const auto link = [&](const char* name, const char* to) { fs::create_symlink(to, folder.Path() / name); };
+  const fs::path file = folder.Path() / "plan.tav";
+  WriteTextFile(file, "old");
+  link("to plan", "to link");
+  link("to link", "plan.tav");
+  link("to nothing", "none.tav");
+  link("one", "other");
+  link("other", "one");
+  const struct {
+    const char* name;
+    const char* refused;
+  } cases[] = {{"to plan", ""},
+               {"to nothing", "is a link to none.tav, which is not there; nothing was written"},
+               {"one", "is a link that leads round in a circle; nothing was written"}};
+  for (const auto& known : cases) {
+    SCOPED_TRACE(known.name);
+    std::string refused;
+    try {
+      WriteTextFile(folder.Path() / known.name, "new");
+    } catch (const FileError& error) {
+      refused = test::English().Words(error);
+    }
+    EXPECT_THAT(refused, testing::EndsWith(known.refused));
+    EXPECT_EQ(refused.empty(), *known.refused == '\0');
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / known.name));
+  }
   EXPECT_EQ(ReadTextFile(file), "new");
-  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
-  EXPECT_EQ(FilesIn(folder.Path()), 2U);
+  EXPECT_EQ(FilesIn(folder.Path()), 6U);
 }
 
 TEST(WriteTextFile, LeavesTheOldFileWhenItIsRefused) {

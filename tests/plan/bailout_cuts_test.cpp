@@ -1,5 +1,6 @@
 #include "plan/bailout_cuts.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -84,6 +85,36 @@ TEST_F(Bailout, ARebreatherIsLeftAtTheCut) {
   const ClassProfile rows = Cuts(window, 20).dives[1].profile;
   for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
     EXPECT_EQ(rows.getGasUsed(i) > 0, i > LastUserRow(rows)) << "row " << i;
+  }
+}
+
+/// The way out from a moment within the stops is what the plan does from there: each of its rows was breathed as the
+/// plan has it, by the loop up to the first stop, then on open circuit.
+TEST_F(Bailout, ACutAmongOpenCircuitStopsOfARebreatherGoesOnAsThePlanDoes) {
+  for (const bool hybrid : {false, true}) {
+    plans_.model.HybridMode = hybrid;
+    frmWaypointEditor& window = Plan({{65, 35}}, true);
+    DiveTemplate& settings = plans_.documents(window.Tag()).Template;
+    settings.OpenCircuit = false;
+    settings.OCDeco = true;
+    settings.GFLow = settings.GFHigh;  // the line of factors would begin at the cut
+    window.ReEvaluateUserEnteredWaypoints();
+    const ClassProfile& plan = window.InputProfile;
+    int within = 0;
+    bool stops = false;
+    for (std::int16_t row = 1; row <= plan.GetLength(); ++row) {
+      // A cut at the end of a stop, whose time is a whole minute: the plan goes on to the next one.
+      stops = stops || plan.GetStatus(row) == RowStatus::kStop;
+      if (!stops || plan.GetStatus(row) != RowStatus::kStop) continue;
+      const TableDive cut = Cuts(window, std::round(plan.GetRunTime(row)), 2).dives[1];
+      const ClassProfile& rows = cut.profile;
+      for (std::int16_t i = 1; i <= row; ++i) EXPECT_EQ(rows.getGasUsed(i) > 0, plan.getGasUsed(i) > 0) << "row " << i;
+      EXPECT_NEAR(rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(LastUserRow(rows)),
+                  plan.GetRunTime(plan.GetLength()) - plan.GetRunTime(row), 1.01)
+          << "cut at " << double{plan.GetRunTime(row)} << (hybrid ? ", hybrid" : "");
+      ++within;
+    }
+    EXPECT_GT(within, 5);
   }
 }
 

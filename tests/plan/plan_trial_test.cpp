@@ -118,6 +118,59 @@ TEST_F(Trial, WhileOneTypesIsNeitherAChangeNorAStep) {
   EXPECT_FALSE(Document().Modified) << "nothing was changed";
 }
 
+TEST_F(Trial, ARefusalLeavesThePlanAsItWasToTheBit) {
+  Paste("40\t30\tAir\nAscent\n");
+  const std::int16_t second = plans_.forms.AddRepetitiveDive(plan_.Tag(), 60);
+  frmWaypointEditor& later = plans_.forms(second);
+  ASSERT_TRUE(later.AddUserWaypoint(30, 30, 0) && later.StartDeco());
+  const auto state = [&] {
+    return Rows() + test::RowsText(later.InputProfile) + FormatPlain(Document().TotalCNS) +
+           (plan_.EvaluatedWith().VPMMode ? "VPM" : "") + (Document().Modified ? "*" : "");
+  };
+  Document().Modified = false;
+  const std::string before = state();
+  const Compartments loads = Document().N2Compartments;
+  // What was computed stays the plan until somebody changes it, whatever model is chosen meanwhile.
+  plans_.model.VPMMode = true;
+  const std::pair<const char*, std::function<void()>> entries[] = {
+      {"a refused leg",
+       [&] {
+         legs_.Insert(1);
+         legs_.Set(1, Field::Depth, "1");
+         legs_.Set(1, Field::Time, "0");
+         EXPECT_FALSE(Try().IsEmpty());
+       }},
+      {"taken, then refused",
+       [&] {
+         legs_.Set(0, Field::Time, "4");
+         EXPECT_TRUE(Try().IsEmpty());
+         EXPECT_NE(state(), before);
+         trial_.Refuse();
+         EXPECT_EQ(state(), before) << "while it is still being typed";
+       }},
+      {"typed back",
+       [&] {
+         for (const char* typed : {"4", "30"}) {
+           legs_.Set(0, Field::Time, typed);
+           EXPECT_TRUE(Try().IsEmpty());
+         }
+       }},
+      {"a refused setting",
+       [&] {
+         trial_.Begin(plan_.Tag());
+         EXPECT_EQ(trial_.TryTemplate([](DiveTemplate& t) { t.GFLow = 0.15; }), "");
+         EXPECT_NE(trial_.TryTemplate([](DiveTemplate& t) { t.LastStop = -1; }), "");
+       }},
+  };
+  for (const auto& [what, enter] : entries) {
+    Reload();
+    enter();
+    trial_.Keep();
+    EXPECT_EQ(state(), before) << what;
+    EXPECT_EQ(Document().N2Compartments, loads) << what;
+  }
+}
+
 TEST_F(Trial, AnEditedLegHasTheCeilingOfANewOne) {
   Paste("60\t30\tTx18/45\n40\t5\tEAN32\n21\t6\tEAN32\n");
   const std::string before = Rows();
@@ -167,7 +220,7 @@ TEST_F(Trial, OfATemplateIsAStepToo) {
   EXPECT_EQ(trial_.TryTemplate([](DiveTemplate& t) { t.GFHigh = 0.7; }), "");
   EXPECT_NE(Rows(), before);
   EXPECT_NE(trial_.TryTemplate([](DiveTemplate& t) { t.LastStop = -1; }), "");
-  EXPECT_EQ(Rows(), TypedRows()) << "the last good one stays";
+  EXPECT_EQ(Rows(), before) << "the one before the trial";
   trial_.Drop();
   EXPECT_EQ(Rows(), before);
   EXPECT_FALSE(Document().Template.TemplateChanged || Document().Modified);

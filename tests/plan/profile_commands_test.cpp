@@ -16,22 +16,22 @@ using testing::ElementsAre;
 
 const fs::path kSeries = SourceFolder() / "dives/lake-series.tav";
 
-TEST(OpenProfile, LinksItsDivesAndNumbersThemFromZero) {
+TEST(OpenProfile, LinksItsDivesAndNumbersThemFromOne) {
   test::Plans plans;
   const auto opened = OpenProfile(plans.forms, kSeries);
   EXPECT_THAT(opened, ElementsAre(1, 2));
   EXPECT_EQ(plans.forms(1).NextProfile, 2);
   EXPECT_EQ(plans.forms(2).PrevProfile, 1);
   EXPECT_EQ(plans.documents(2).PreviousDocument, 1);
-  EXPECT_EQ(plans.forms(1).DiveNumber, 0);
-  EXPECT_EQ(plans.forms(2).DiveNumber, 1);
+  EXPECT_EQ(plans.forms(1).DiveNumber, 1);
+  EXPECT_EQ(plans.forms(2).DiveNumber, 2);
   EXPECT_EQ(plans.documents(1).StartCNS, Single(0));
   EXPECT_GT(plans.documents(2).StartCNS, 0);
   EXPECT_EQ(plans.documents(2).StartOTU, plans.documents(1).TotalOTU);
   EXPECT_EQ(plans.documents(2).ProfileFolder, kSeries.parent_path().string() + "/");
   EXPECT_FALSE(plans.documents(1).Modified);
   EXPECT_THAT(plans.display.told, Contains("caption 1: lake-series.tav*StringID 6163*Default.tpl]"));
-  EXPECT_THAT(plans.display.told, Contains(testing::StartsWith("caption 2: lake-series.tav*StringID 3013*:1")));
+  EXPECT_THAT(plans.display.told, Contains(testing::StartsWith("caption 2: lake-series.tav*StringID 3013*:2")));
   EXPECT_EQ(ProfileFileText(plans.forms, 2), ReadTextFile(kSeries)) << "opening changes nothing";
 }
 

@@ -142,7 +142,7 @@ TEST_F(Editor, KeepsThePlanWhenAnAscentCannotBeComputed) {
   const std::string rows = Rows();
   Document().Template.EndPressure = 0;
   EXPECT_FALSE(plan_.StartDeco());
-  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 7868*"));
+  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 8155*"));
   EXPECT_EQ(plan_.UserActions.GetLength(), 1);
   EXPECT_EQ(Rows(), rows);
   EXPECT_FALSE(Document().Modified);

@@ -35,7 +35,7 @@ struct Dive {
 
   DiveTemplate t = ShippedDefaultTemplate();
   ClassProfile profile;
-  ModelMarks marks;
+  ModelChoice marks;
   TextSource texts;
 };
 
@@ -158,6 +158,33 @@ TEST(InformationText, TellsGradientFactorsWhereTheyAreOn) {
       {"wreck", "", information.Info(), information.Profile(), information.DecoStops(), information.Gas()}, dive.texts);
   EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6171*: 0.30"));
   EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6170*: 0.85"));
+}
+
+TEST(Information, NamesTheModelInForceAndNoFactorsThatDoNothing) {
+  Dive dive;
+  dive.Add().GF = 0.85;
+  dive.marks = {true, false, false};
+  EXPECT_EQ(dive.Information().Info().model, "VPM");
+  EXPECT_FALSE(dive.Information().Info().showsGF);
+  EXPECT_EQ(dive.Cell(1, 11).text, "");
+  dive.marks = {false, true, false};
+  EXPECT_EQ(dive.Information().Info().model, "ZH-L16B + VPM");
+  EXPECT_EQ(dive.Cell(1, 11).text, "85.0");
+}
+
+TEST(InformationText, SaysAtItsHeadWhatMustBeReadFirst) {
+  const Dive dive;
+  const DiveInformation information = dive.Information();
+  const std::string text = InformationText({"wreck",
+                                            "",
+                                            information.Info(),
+                                            information.Profile(),
+                                            information.DecoStops(),
+                                            information.Gas(),
+                                            {},
+                                            "It ends under water."},
+                                           dive.texts);
+  EXPECT_LT(text.find("! It ends under water."), text.find("*StringID 2100*"));
 }
 
 TEST(InformationText, StandsInColumns) {

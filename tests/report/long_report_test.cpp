@@ -137,6 +137,38 @@ TEST_F(LongReports, APlanThatDoesNotDecompressSaysSoOnEachPageInTheOpen) {
   }
 }
 
+TEST_F(LongReports, APlanWithoutAscentSaysSoWhereTheStopsWouldBe) {
+  ClassProfile profile;
+  profile.NewWayPoint();
+  profile.Row(1).Depth = 40;
+  profile.Row(1).EndUserProfile = true;
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0, true, {}, "wreck.tav, dive 1"});
+  for (int page = 1; page <= writer.Pages().Pages(); ++page) {
+    EXPECT_THAT(Texts(page), Contains("*StringID 8256*")) << page;
+    EXPECT_THAT(Texts(page), Not(Contains("*StringID 6016*"))) << page;
+    EXPECT_THAT(Texts(page), Contains("*StringID 6081*, wreck.tav, dive 1")) << page;
+  }
+  // A plan that comes up by its own legs has an ascent and no stops.
+  profile.Row(1).Depth = 0;
+  report.InitLongReport();
+  report.LongReport({profile, t, false, 1, 0});
+  EXPECT_THAT(Texts(1), Not(Contains("*StringID 8256*")));
+  EXPECT_THAT(Texts(2), Contains("*StringID 6016*"));
+}
+
+TEST_F(LongReports, NameTheModelInForceAndNoFactorsThatDoNothing) {
+  GeneralReport vpm(writer, {true, false, false}, nullptr);
+  ClassProfile profile;
+  profile.NewWayPoint();
+  profile.Row(1).GF = 0.85;
+  vpm.InitLongReport();
+  vpm.LongReport({profile, t, false, 1, 0});
+  EXPECT_THAT(Texts(1), Contains("VPM"));
+  EXPECT_THAT(Texts(1), Not(Contains("0.30-0.85")));
+  EXPECT_THAT(Texts(1), Not(Contains("85")));
+}
+
 TEST_F(LongReports, APPO2AtItsLimitIsBold) {
   ClassProfile profile;
   for (const double ppo2 : {1.39, 1.4}) {

@@ -99,6 +99,8 @@ TEST_F(Preview, SavesAPdfOfAllPagesUnderTheNameOfThePlan) {
   EXPECT_EQ(platform.printer.jobs[0]->file, "/tmp/plan.pdf");
   EXPECT_EQ(platform.printer.jobs[0]->sheets.size(), 5U);
   EXPECT_THAT(platform.printer.jobs[0]->title, HasSubstr("wreck"));
+  preview.cbPdf.Press();
+  EXPECT_EQ(platform.fileDialogs.back().folder, "/tmp") << "the folder used last";
 }
 
 TEST_F(Preview, APdfThatCanNotBeWrittenIsAMessage) {

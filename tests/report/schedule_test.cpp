@@ -42,6 +42,7 @@ TEST_F(Schedule, NamesTheGasChangesThatHaveNoStopOfTheirOwn) {
                           "stop 12 1 43 EAN50 1.11", "stop 9 1 44 EAN50 0.96", "stop 6 1 45 Oxygen 1.61 *",
                           "stop 3 2 48 Oxygen 1.31", "surface 0  49 Oxygen 1.01"));
   Template().OpenCircuit = false;
+  Template().KeepsDiluent = false;
   plan_.ReEvaluateUserEnteredWaypoints();
   EXPECT_THAT(Lines(), testing::Contains("switch 21  41 EAN50 1.30 *")) << "a diluent, at the setpoint";
 }

@@ -1,5 +1,6 @@
 #include "report/slate.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -172,6 +173,15 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   EXPECT_THAT(all, HasSubstr("text 7736"));
   EXPECT_THAT(all, HasSubstr("Turn at 120 bar"));
   EXPECT_THAT(all, HasSubstr("text 7744"));
+
+  // Legs alone: it is told at the head that there is no ascent.
+  profile.CutAfter(1);
+  slate.Begin();
+  slate.Add({"plan.tav", "", profile, settings, true, "120 bar"});
+  slate.End();
+  RecordingSurface surface(page::kWidth, page::kHeight);
+  PagePlayer(pages.Pages()).tempshow(1, surface, 1);
+  EXPECT_TRUE(std::ranges::any_of(surface.strokes, [](const auto& stroke) { return stroke.text == "text 8257"; }));
 }
 
 }  // namespace

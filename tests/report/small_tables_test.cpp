@@ -39,6 +39,7 @@ TableDive Dive(double head, const std::vector<Leg>& legs) {
     row.RunTime = time += leg.stop > 0 ? leg.stop : 1;
     row.StopTime = leg.stop;
     row.StopDepth = leg.stop > 0 ? leg.depth : 0;
+    row.Status = leg.stop > 0 ? RowStatus::kStop : RowStatus::kAscentEnd;
   }
   return dive;
 }
@@ -98,15 +99,22 @@ TEST(SmallTables, WhatTheTableDropsOrLabelsWithAnotherGasIsTold) {
   const SmallTable table = Table({
       Dive(10, Square({{12, -9, 0}, {12, 0, 0, 2}, {9, -9, 0}, {9, 0, 0, 3}, {0, -9, 0}})),
       // 9.4 m has the text of 9 m, and the stop there comes later.
-      Dive(20, Square({{9, -9, 2}, {9, 0, 2, 4}, {9.4, -9, 2}, {9.4, 0, 2, 5}, {0, -9, 2}})),
-      Dive(30, Square({{9, -9, 2}, {9, 0, 2, 1}, {0, -9, 2}})),
+      Dive(20, Square({{9, -9, 0}, {9, 0, 2, 4}, {9.4, -9, 2}, {9.4, 0, 2, 5}, {0, -9, 2}})),
+      Dive(30, Square({{9, -9, 0}, {9, 0, 2, 1}, {0, -9, 2}})),
   });
-  EXPECT_EQ(table.cells[3], (std::vector<std::string>{"50/0", "9", "", "3", "5", "1"}));
+  EXPECT_EQ(table.cells[2], (std::vector<std::string>{"50/0", "9", "", "3", "5", "1"}));
   EXPECT_THAT(Told(table.left_out), ElementsAre("10 12 2", "20 9 4"));
   EXPECT_THAT(Told(table.other_gas), ElementsAre("10 9 21/0"));
   EXPECT_THAT(TableRemarks(table, {}, false),
-              ElementsAre("Column 10: stop also at 12 m 2 min", "Column 10: breathe 21/0 at 9 m",
-                          "Column 20: stop also at 9 m 4 min"));
+              ElementsAre("Column 10: stop also at 12 m 2 min on 21/0", "Column 10: breathe 21/0 at 9 m",
+                          "Column 20: stop also at 9 m 4 min on 50/0", "Column 20: stop at 9.4 m instead of 9 m"));
+}
+
+TEST(SmallTables, DepthsOfHalfAMetreAreToldAsTheyAreBesideTheCells) {
+  const SmallTable table = Table({Dive(10, Square({{4.5, -9, 0}, {4.5, 0, 0, 3}, {0, -9, 0}}))});
+  EXPECT_EQ(table.cells[2][1], FormatFixed(4.5, 0));
+  EXPECT_THAT(table.depths, ElementsAre("Depth", "50", "4.5"));
+  EXPECT_THAT(table.other_depth, IsEmpty());
 }
 
 TEST(SmallTables, DivesOfOneOrNoRowAreNoFault) {
@@ -116,24 +124,24 @@ TEST(SmallTables, DivesOfOneOrNoRowAreNoFault) {
 }
 
 TEST(SmallTables, ColumnsWithOneRemarkShareALine) {
-  const std::vector<Leg> oxygen = Square({{9, -9, 2}, {9, 0, 2, 1}, {6, -9, 2}, {6, 0, 3, 1}, {0, -9, 3}});
-  const std::vector<Leg> without = Square({{9, -9, 2}, {9, 0, 2, 1}, {6, -9, 2}, {6, 0, 2, 1}, {0, -9, 2}});
+  const std::vector<Leg> oxygen = Square({{9, -9, 0}, {9, 0, 2, 1}, {6, -9, 2}, {6, 0, 3, 1}, {0, -9, 3}});
+  const std::vector<Leg> without = Square({{9, -9, 0}, {9, 0, 2, 1}, {6, -9, 2}, {6, 0, 2, 1}, {0, -9, 2}});
   const std::vector<Leg> air = Square({{9, -9, 0}, {9, 0, 0, 1}, {6, -9, 0}, {6, 0, 2, 1}, {0, -9, 0}});
   SmallTable table = Table({Dive(5, without), Dive(10, without), Dive(15, oxygen), Dive(20, without), Dive(25, without),
                             Dive(30, without), Dive(35, air), Dive(40, oxygen)});
-  table.low_ppo2.push_back({0, "5", "3", "0.10"});
+  table.warnings.push_back({0, "5", {GasWarning::Kind::LowPPO2, 1, 2, 3, 0, 0.10, "Tx10/70"}});
   RemarkWords feet;
   feet.unit = "ft";
-  EXPECT_THAT(TableRemarks(table, feet, true),
-              ElementsAre("Columns 5, 10, 20 to 30: breathe 50/0 at 6 ft", "Column 5: PPO2 too low to breathe at 3 ft",
-                          "Column 35: breathe 21/0 at 9 ft; breathe 50/0 at 6 ft"));
+  EXPECT_THAT(TableRemarks(table, feet, true), ElementsAre("Columns 5, 10, 20 to 30: breathe 50/0 at 6 ft",
+                                                           "Column 5: PPO2 too low to breathe at 3 ft to 0 ft",
+                                                           "Column 35: breathe 21/0 at 9 ft; breathe 50/0 at 6 ft"));
 }
 
 TEST(SmallTables, ColumnsWithOneHeadAreToldApartAndALongDescentIsTold) {
   const std::vector<Leg> air = Square({{9, -9, 0}, {9, 0, 0, 1}, {0, -9, 0}});
-  const std::vector<Leg> oxygen = Square({{9, -9, 2}, {9, 0, 2, 1}, {0, -9, 2}});
+  const std::vector<Leg> oxygen = Square({{9, -9, 0}, {9, 0, 2, 1}, {0, -9, 2}});
   SmallTable table = Table({Dive(10, oxygen), Dive(30, oxygen), Dive(30.4, air), Dive(40, oxygen)});
-  table.other_gas = {{2, "30", "9", "21/0"}};
+  table.other_gas = {{2, "30", "9", "21/0", "9"}};
   EXPECT_THAT(TableRemarks(table, {}, true), ElementsAre("Column 30 (2 of 2): breathe 21/0 at 9 m"));
   table.other_gas.clear();
   table.long_descent = {{0, "10", "", "11.1"}, {1, "30", "", "11.1"}};

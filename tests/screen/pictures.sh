@@ -125,7 +125,7 @@ keys Tab Tab Tab Tab Tab Tab
 type_text 18
 keys Tab
 type_text 45
-keys Tab
+keys Tab Tab Tab Tab Tab
 type_text 12
 shot mixer "^Gas Mixer"
 keys alt+p

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# A dive of three levels by keyboard alone, in the pane of the plan: entered, one depth changed in its cell, undone.
+# A dive of three levels by keyboard alone, in the pane of the plan: entered, one depth changed in its cell, undone; a
+# leg twice and the copy away; a text that is refused; an open cell when the window is closed.
 #   plan_table.sh TAV TAVPLAN
 set -euo pipefail
 tav=$1
@@ -57,6 +58,37 @@ keys ctrl+s
 await "the undo is not saved" grep -E '^45,' "$work/dive.tav"
 saved >"$work/undone"
 diff "$work/entered" "$work/undone" >&2 || fail "the plan is not as it was"
+
+echo "== a leg twice, and the copy away"
+keys F12 Up Up Up Up ctrl+d
+sleep 0.3
+keys Delete
+sleep 0.3
+keys ctrl+s
+saved >"$work/twice"
+diff "$work/entered" "$work/twice" >&2 || fail "the leg went with its copy"
+
+echo "== half a number"
+keys F12 Up Up Up Up Right
+type_text 4x
+sleep 0.5
+shot plan-table-refused
+keys Return
+sleep 0.3
+shot plan-table-put-back
+keys ctrl+s
+saved >"$work/refused"
+diff "$work/entered" "$work/refused" >&2 || fail "half a number has become the plan"
+
+echo "== closed while a cell is open"
+keys F12 Up Up Up Up
+type_text 9
+keys alt+F4
+focus "^Unsaved"
+keys Escape
+await "the question stays" gone "^Unsaved"
+focus "^TAV"
+keys Escape ctrl+z ctrl+s
 
 echo "== end"
 focus "^TAV"

@@ -44,6 +44,7 @@ struct HeadlessMainView : MainView {
   void FitPlan(bool fit) override { fitPlan = fit; }
   void ShowExtras(const GraphExtras& wanted) override { extras = wanted; }
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override { overlays[document] = line; }
+  void ShowAsBefore(std::int16_t document, const std::string& words) override { asBefore[document] = words; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -56,6 +57,7 @@ struct HeadlessMainView : MainView {
   bool fitPlan = false;
   GraphExtras extras;
   std::map<std::int16_t, std::vector<PlotPoint>> overlays;
+  std::map<std::int16_t, std::string> asBefore;
   std::pair<std::int16_t, std::int16_t> selected;  ///< rows marked in the graph
   std::string exported;
   std::set<PaneForm*> panes;  ///< shown

@@ -1,23 +1,19 @@
 #pragma once
 
-#include <cstring>
+#include <cmath>
 #include <random>
 #include <string>
 
 #include "model/dive_template.h"
 #include "model/user_actions.h"
 
-/// Records with any content that their types allow and a file can hold.
+/// Records with any content that can be planned on and a file can hold.
 namespace tav::test {
 
-/// Any finite 32-bit number but 0, of any magnitude.
-inline Single RandomSingle(std::mt19937& random) {
-  while (true) {
-    const auto bits = static_cast<std::uint32_t>(random());
-    float value = 0;
-    std::memcpy(&value, &bits, sizeof value);
-    if (value - value == 0 && value != 0) return static_cast<double>(value);
-  }
+/// From `least` to `most`, small parts as often as large ones.
+inline Single RandomWithin(std::mt19937& random, double least, double most) {
+  std::uniform_real_distribution<double> upTo1;
+  return least + (most - least) * std::pow(upTo1(random), 1 + random() % 8);
 }
 
 /// 1 to 9 characters, blanks inside, none of `without`.
@@ -34,11 +30,14 @@ inline std::string RandomName(std::mt19937& random, const std::string& without) 
 
 inline DiveTemplate RandomTemplate(std::mt19937& random) {
   DiveTemplate t;
-  for (Single* number :
-       {&t.StartAltitude, &t.StartPressure, &t.EndAltitude, &t.EndPressure, &t.StepSize, &t.LastStop, &t.Setpoint,
-        &t.DecoSetpoint, &t.RMV, &t.DecoRMV, &t.MinPPO2, &t.MaxPPO2, &t.DecoPPO2, &t.MaximalEND, &t.GFHigh, &t.GFLow}) {
-    *number = RandomSingle(random);
+  for (Single* pressure : {&t.StartPressure, &t.EndPressure}) *pressure = RandomWithin(random, 0.3, 1.2);
+  for (Single* altitude : {&t.StartAltitude, &t.EndAltitude}) *altitude = RandomWithin(random, -500, 6000);
+  for (Single* factor : {&t.GFHigh, &t.GFLow}) *factor = RandomWithin(random, 0, 1.99);
+  for (Single* number : {&t.StepSize, &t.Setpoint, &t.DecoSetpoint, &t.RMV, &t.DecoRMV, &t.MinPPO2, &t.MaxPPO2,
+                         &t.DecoPPO2, &t.MaximalEND}) {
+    *number = RandomWithin(random, 0.1, 1e6);
   }
+  t.LastStop = RandomWithin(random, 0, 30);
   for (bool* flag :
        {&t.AdeptedToHeight, &t.Metric, &t.OpenCircuit, &t.OCDeco, &t.KeepsDiluent, &t.IntervalOnAir, &t.O2Narcotic,
         &t.AutoDecoGas, &t.CeilingOverride, &t.UseGF, &t.DepthAdjust, &t.PPO2Low, &t.PPO2High, &t.MaxEnd}) {
@@ -47,17 +46,23 @@ inline DiveTemplate RandomTemplate(std::mt19937& random) {
   t.TimeToHeight = static_cast<std::int16_t>(random());
   t.Templatename = RandomName(random, "");
   for (auto* rates : {&t.AscendRates, &t.DescendRates}) {
-    rates->resize(random() % 4);
-    for (RateEntry& entry : *rates) entry = {0, 0, RandomSingle(random), RandomSingle(random)};
+    rates->resize(1 + random() % 4);
+    Single depth = RandomWithin(random, -10, 0);
+    for (RateEntry& entry : *rates) {
+      entry = {0, 0, RandomWithin(random, 0.1, 1e6), depth};
+      depth += 1 + RandomWithin(random, 0, 1000);
+    }
   }
   t.Blends = {AirMix()};
   for (std::size_t n = random() % 5; n > 0; --n) {
-    t.Blends.push_back({RandomName(random, ":,"), RandomSingle(random), RandomSingle(random), RandomSingle(random)});
+    const Single o2 = RandomWithin(random, 0, 100);
+    const Single he = RandomWithin(random, 0, 100 - o2);
+    t.Blends.push_back({RandomName(random, ":,"), o2, 100 - o2 - he, he});
   }
   t.ChangeGasMixes.resize(random() % 4);
   for (GasChange& change : t.ChangeGasMixes) {
     change.Name = t.Blends[random() % t.Blends.size()].Name;
-    change.Depth = RandomSingle(random);
+    change.Depth = RandomWithin(random, 0, 1e6);
   }
   t.Cylinders.resize(random() % 4);
   for (Cylinder& cylinder : t.Cylinders) {

@@ -58,8 +58,8 @@ void ExpectRow(const Waypoint& row, const json& expected) {
   ExpectNear("segment_time", row.SegmentTime, expected["segment_time"]);
   ExpectNear("run_time", row.RunTime, expected["run_time"]);
   ExpectNear("rate", row.Rate, expected["rate"]);
-  EXPECT_EQ(row.Status, expected["status"]);
-  EXPECT_EQ(row.GasMixName, expected["mix"]);
+  EXPECT_EQ(json(row.Status), expected["status"]);
+  EXPECT_EQ(json(row.GasMixName), expected["mix"]);
   EXPECT_EQ(row.MixNumber, expected["mix_number"]);
   ExpectNear("o2", row.GasMixO2, expected["o2"]);
   ExpectNear("he", row.GasMixHe, expected["he"]);
@@ -82,7 +82,7 @@ void ExpectRow(const Waypoint& row, const json& expected) {
 }
 
 void ExpectDive(const DocumentState& document, const ClassProfile& rows, const json& expected) {
-  EXPECT_EQ(document.Template.Templatename, expected["template"]);
+  EXPECT_EQ(json(document.Template.Templatename), expected["template"]);
   EXPECT_EQ(document.Template.Metric, expected["metric"]);
   ExpectNear("surface_interval", document.SurfaceInterval, expected["surface_interval"]);
   ExpectNear("total_cns", document.TotalCNS, expected["total_cns"]);

@@ -1,4 +1,4 @@
-#include "advice/breathed_gas.h"
+#include "plan/breathed_gas.h"
 
 #include <algorithm>
 
@@ -46,28 +46,34 @@ class DeepestOnGases {
 
 }  // namespace
 
-std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive) {
+std::int16_t FirstOpenRow(const ClassProfile& rows, const DiveTemplate& settings) {
+  if (settings.OpenCircuit) return 1;
+  const auto behind = static_cast<std::int16_t>(rows.GetLength() + 1);
+  if (!settings.OCDeco) return behind;
+  auto row = static_cast<std::int16_t>(LastUserRow(rows) + 1);
+  while (row < behind && rows.GetStatus(row) != RowStatus::kStop) ++row;
+  return row;
+}
+
+std::vector<BreathedSegment> BreathedSegments(const BreathedDive& dive) {
   const DiveTemplate& settings = dive.settings;
   std::vector<BreathedSegment> segments;
   segments.reserve(static_cast<std::size_t>(dive.rows.GetLength()));
   DeepestOnGases deepest;  // since the diver left the surface
   bool stopping = false;
-  bool circuitOpened = settings.OpenCircuit;
   for (std::int16_t i = 1; i <= dive.rows.GetLength(); ++i) {
     BreathedSegment segment;
     segment.row = i;
     segment.end = &dive.rows.Row(i);
-    segment.from = dive.Before(i).Depth;
-    segment.startTime = dive.Before(i).RunTime;
+    const Waypoint& before = dive.rows.Row(static_cast<std::int16_t>(i - 1));
+    segment.from = before.Depth;
+    segment.startTime = before.RunTime;
     segment.surface = dive.SurfacePressure(i);
     segment.perPressure = DepthPerPressure(settings.Metric);
     if (segment.from == 0 && segment.end->Rate > 0) deepest = {};
     if (segment.end->Rate > 0) stopping = false;
-    const bool stop = segment.end->Status == RowStatus::kStop;
-    stopping = stopping || stop;
-    // A rebreather dive with its stops on open circuit leaves the loop at the first stop of the computed ascent.
-    circuitOpened = circuitOpened || (settings.OCDeco && stop && i > dive.lastUserRow);
-    segment.openCircuit = circuitOpened;
+    stopping = stopping || segment.end->Status == RowStatus::kStop;
+    segment.openCircuit = i >= dive.openFrom;
     const std::string& gas = segment.end->GasMixName;
     // A gas of the list that is breathed on the way down, or at the bottom, has not been changed to for decompression.
     const auto taken = [&](const GasChange& change) {
@@ -83,9 +89,9 @@ std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive) {
 }
 
 double GasDensity(const BreathedShares& shares, double ambientBar) {
-  constexpr double kOxygen = 1.43;
-  constexpr double kNitrogen = 1.25;
-  constexpr double kHelium = 0.179;
+  constexpr double kOxygen = 1.411;
+  constexpr double kNitrogen = 1.234;
+  constexpr double kHelium = 0.1762;
   return ambientBar * (shares.O2 * kOxygen + shares.N2 * kNitrogen + shares.He * kHelium);
 }
 

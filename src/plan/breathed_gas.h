@@ -3,11 +3,29 @@
 #include <cstdint>
 #include <vector>
 
-#include "advice/checked_dive.h"
+#include "model/dive_template.h"
+#include "model/profile.h"
 
 /// What the diver breathes on each segment of a dive, on open circuit or from the loop. Pressures in bar or
 /// atmospheres.
 namespace tav {
+
+/// Rows of a dive and on what they are breathed. What it refers to outlives it and is not changed meanwhile.
+struct BreathedDive {
+  const ClassProfile& rows;
+  const DiveTemplate& settings;
+  std::int16_t lastUserRow = 0;  ///< the computed ascent follows
+  std::int16_t openFrom = 1;     ///< the first row on open circuit; beyond the last for none
+
+  /// Surface pressure of the plan, or of the ascent, bar or atmospheres.
+  [[nodiscard]] Single SurfacePressure(std::int16_t row) const {
+    return row <= lastUserRow ? settings.StartPressure : settings.EndPressure;
+  }
+};
+
+/// The first row of a plan with its ascent that is breathed on open circuit: all on open circuit, none on a rebreather,
+/// but for those from the first stop of the computed ascent on where its stops are on open circuit.
+std::int16_t FirstOpenRow(const ClassProfile& rows, const DiveTemplate& settings);
 
 /// Fractions of what is breathed.
 struct BreathedShares {
@@ -43,10 +61,11 @@ struct BreathedSegment {
 };
 
 /// All segments, in the order of their rows, from row 1.
-std::vector<BreathedSegment> BreathedSegments(const CheckedDive& dive);
+std::vector<BreathedSegment> BreathedSegments(const BreathedDive& dive);
 
-/// Density of a gas, g/l.
-/// Source of the densities at 1 bar: O2 1.43, N2 1.25, He 0.179 g/l.
+/// Density of a gas, g/l, as G. Anthony and S. Mitchell reckon it ("Respiratory physiology of rebreather diving", in:
+/// Rebreathers and scientific diving, 2016): O2 1.411, N2 1.234, He 0.1762 g/l at 1 bar and 0 C. Their 5.2 g/l then are
+/// air at 31 m.
 double GasDensity(const BreathedShares& shares, double ambientBar);
 
 }  // namespace tav

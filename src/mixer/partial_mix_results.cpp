@@ -1,0 +1,181 @@
+// What the fields of the mixer tell, and what it shows of it.
+#include <utility>
+
+#include "mixer/fill_steps.h"
+#include "mixer/partial_mix_form.h"
+
+namespace tav {
+namespace {
+
+constexpr int kOver100 = 6335;
+constexpr int kPrint = 6310;
+constexpr int kNotPossible = 3033;
+constexpr int kMissing = 7430;
+constexpr int kNoNumber = 7431;
+constexpr int kNoFill = 7427;
+constexpr int kTooMuch = 7428;
+constexpr int kNoNitrogen = 8402;
+constexpr int kOutside = 8417;
+
+/// A line that takes no room when there is nothing to say.
+void Say(Label& line, const std::string& text) {
+  line.Caption = text;
+  line.Visible = !text.empty();
+}
+
+}  // namespace
+
+std::string frmPartialMix::MissingField() const {
+  const std::pair<const TextBox*, const Label*> fields[] = {
+      {&CurFill, &Label1}, {&CurO2, &Label2},    {&CurHe, &Label3},    {&DesFill, &Label14},    {&DesO2, &Label13},
+      {&DesHe, &Label12},  {&tbTopO2, &lbTopO2}, {&tbTopHe, &lbTopHe}, {&tbCelsius, &lbCelsius}};
+  const auto named = [this](int id, const Label& label) { return ReplaceAll(T(id), "%1", FieldName(label)); };
+  for (const auto& [box, label] : fields) {
+    if (TrimBlanks(box->Text.Get()).empty()) return named(kMissing, *label);
+    if (!NumberIn(box->Text)) return named(kNoNumber, *label);
+  }
+  const double highest = HighestFill(template_.Metric);
+  for (const auto& [box, label] : {fields[0], fields[3]}) {
+    const double value = Number(box->Text);
+    const bool filled = box == &DesFill;
+    if (value <= highest && !(filled && value <= 0)) continue;
+    return ReplaceAll(ReplaceAll(named(filled ? kNoFill : kTooMuch, *label), "%2", Plain(highest)), "%3",
+                      words_.Unit());
+  }
+  if (Number(CurN2.Text) < 0) return Frame1.Caption.Get() + ": " + T(kOver100);
+  if (Number(DesN2.Text) < 0) return Frame4.Caption.Get() + ": " + T(kOver100);
+  return WrongWay();
+}
+
+std::string frmPartialMix::WrongWay() const {
+  const auto outside = [this](const TextBox& box, const Label& label, double least, double most) -> std::string {
+    const auto value = NumberIn(box.Text);
+    if (value && *value >= least && *value <= most) return "";
+    return texts_.Filled(kOutside, {FieldName(label), Plain(least), Plain(most)});
+  };
+  std::string wrong = outside(tbTopO2, lbTopO2, 0, 100);
+  if (wrong.empty()) wrong = outside(tbTopHe, lbTopHe, 0, 100);
+  if (wrong.empty() && Number(tbTopO2.Text) + Number(tbTopHe.Text) > 100 - kLeastNitrogen) {
+    wrong = texts_.Filled(kNoNitrogen, {tbTopO2.Text.Get() + "/" + tbTopHe.Text.Get()});
+  }
+  if (wrong.empty()) wrong = outside(tbCelsius, lbCelsius, kColdestFill, kWarmestFill);
+  if (wrong.empty() && !TrimBlanks(tbFilledAt.Text.Get()).empty()) {
+    wrong = outside(tbFilledAt, lbFilledAt, kColdestFill, kWarmestFill);
+  }
+  return wrong;
+}
+
+FillRequest frmPartialMix::Request() {
+  FillRequest request{MixOf(Number(CurO2.Text), Number(CurHe.Text)), Number(CurFill.Text),
+                      MixOf(Number(DesO2.Text), Number(DesHe.Text)), Number(DesFill.Text), template_.Metric};
+  request.top = MixOf(Number(tbTopO2.Text), Number(tbTopHe.Text));
+  request.celsius = Number(tbCelsius.Text);
+  if (const auto warm = NumberIn(tbFilledAt.Text)) request.warm = *warm;
+  return request;
+}
+
+void frmPartialMix::Recalculate() {
+  const std::string missing = MissingField();
+  if (missing.empty()) {
+    ShowResults(Request());
+  } else {
+    ClearResults(missing);
+  }
+  Save();
+}
+
+void frmPartialMix::ShowResults(const FillRequest& request) {
+  const FillResult result = tav::Recalculate(request);
+  AirTopO2.Caption = Written(result.AirTopO2);
+  AirTopHe.Caption = Written(result.AirTopHe);
+  AirTopAir.Caption = Written(result.AirTopAir);
+  IdealTopO2.Caption = Written(result.IdealTopO2);
+  IdealTopHe.Caption = Written(result.IdealTopHe);
+  IdealTopN2.Caption = Written(result.IdealTopN2);
+  Say(lbAboutAirTop, words_.AboutAirTop(result, request));
+  Say(lbAboutReal, words_.AboutVanDerWaals(result, request));
+  report_ = MixReport{request, result, {}};
+  ShowFillList();
+  ShowSteps();
+}
+
+void frmPartialMix::ShowFillList() {
+  const auto size = SizeOfCylinder();
+  if (!report_) return;
+  report_->cylinder = size;
+  const FillAdvice advice(report_->request, GaugeMark(template_.Metric));
+  const bool possible = advice.AsAsked().possible;
+  fgFill.SetRows(words_.Rows(advice, size));
+  Say(lbHindrance, words_.Hindrance(advice));
+  lbHindrance.ForeColor = possible ? -1 : kRed;
+  Say(lbMisses, words_.Misses(advice));
+  Say(lbOutcome, words_.Outcome(advice));
+  Say(lbWarm, words_.Warm(advice));
+  Say(lbIfIdeal, words_.IfIdeal(advice));
+  Say(lbPressures, words_.AboutPressures(advice.asked));
+  Command1.Caption = T(possible ? kPrint : kNotPossible);
+  Command1.Enabled = possible;
+}
+
+void frmPartialMix::ShowSteps() {
+  mended_.reset();
+  std::string text;
+  bool wrong = false;
+  if (report_ && !TrimBlanks(tbSteps.Text.Get()).empty()) {
+    try {
+      FillRequest request = report_->request;
+      const auto steps = ParseSteps(tbSteps.Text, request, texts_, platform_.separators);
+      request.current = MixesAfter(steps, request).back();
+      request.currentFill = steps.back().to;
+      text = words_.OutcomeOfSteps(request.current);
+      mended_ = request;
+    } catch (const MessageError& error) {
+      text = texts_.Words(error);
+      wrong = true;
+    }
+  }
+  Say(lbStepsGive, text);
+  lbStepsGive.ForeColor = wrong ? kRed : -1;
+  cbMend.Enabled = mended_.has_value();
+}
+
+void frmPartialMix::cbMend_Click() {
+  if (!mended_) return;
+  const FillRequest from = *mended_;
+  const auto tenths = [this](Single share) { return Written(FormatFixed(share, 1)); };
+  Check1.Value = false;
+  tbSteps.Text = "";
+  CurFill.Text = Plain(from.currentFill);
+  ShowMix(current_, tenths(from.current.O2), tenths(from.current.He));
+  Recalculate();
+}
+
+void frmPartialMix::ClearResults(const std::string& why) {
+  report_.reset();
+  for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir, &IdealTopO2, &IdealTopHe, &IdealTopN2}) label->Caption = "";
+  for (Label* label : {&lbMisses, &lbOutcome, &lbIfIdeal, &lbWarm, &lbAboutAirTop, &lbAboutReal, &lbPressures}) {
+    Say(*label, "");
+  }
+  fgFill.SetRows({words_.Heads({}, false)});
+  Say(lbHindrance, why);
+  lbHindrance.ForeColor = kRed;
+  Command1.Caption = T(kPrint);
+  Command1.Enabled = false;
+  ShowSteps();
+}
+
+std::optional<CylinderSize> frmPartialMix::SizeOfCylinder() {
+  bool usable = true;
+  const auto positive = [&](TextBox& box) -> Single {
+    const auto value = NumberIn(box.Text);
+    const bool good = value && *value > 0 && *value <= HighestFill(false);
+    box.ForeColor = good ? -1 : kRed;
+    usable = usable && good;
+    return value.value_or(0);
+  };
+  CylinderSize size{positive(tbCylinder), 1};
+  if (!template_.Metric) size.ratedPressure = positive(tbRated);
+  return usable ? std::optional(size) : std::nullopt;
+}
+
+}  // namespace tav
