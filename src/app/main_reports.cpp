@@ -11,8 +11,10 @@
 namespace tav {
 
 void frmMain::ShowDiveInformation() {
-  if (!Active()) return;
-  frmGeneralInfo window(Dialogs(), services_.model);
+  const auto active = Active();
+  if (!active) return;
+  // The model that made the rows: another one that is marked meanwhile has not computed them yet.
+  frmGeneralInfo window(Dialogs(), services_.forms(*active).EvaluatedWith());
   services_.platform.windows.ShowModal(window);
 }
 
@@ -30,7 +32,7 @@ void frmMain::ShowSlate() {
   if (!active) return;
   const auto all = WholeSeries(*active);
   if (!all) return;
-  Slate slate(services_.report, services_.model);
+  Slate slate(services_.report, services_.forms(*active).EvaluatedWith());
   WriteSlates({slate, services_.forms, services_.texts, services_.platform.separators,
                ReadSupplyChoice(services_.platform.settings)},
               *active, *all);
@@ -61,7 +63,7 @@ void frmMain::ShowGeneralReport() {
   const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
   services_.platform.windows.Show(wait);
   services_.platform.screen.DoEvents();
-  GeneralReport report(services_.report, services_.model,
+  GeneralReport report(services_.report, services_.forms(*active).EvaluatedWith(),
                        [&wait](const std::string& step) { wait->Label1.Caption = step; });
   const SupplyChoice choice = ReadSupplyChoice(services_.platform.settings);
   WriteLongReport(report, services_.forms, *active, *all, [&](std::int16_t dive) {

@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "mixer/fill_advice.h"
@@ -29,8 +30,8 @@ struct CylinderSize {
 class FillWords {
  public:
   /// Numbers take the decimal separator; units follow `metric`.
-  FillWords(const TextSource& texts, const LocaleSeparators& separators, bool metric)
-      : texts_(texts), separators_(separators), metric_(metric) {}
+  FillWords(const TextSource& texts, LocaleSeparators separators, bool metric)
+      : texts_(texts), separators_(std::move(separators)), metric_(metric) {}
 
   /// The heads of the list: gas, pressure to fill to, the same in a warm cylinder and for ideal gases, amount.
   [[nodiscard]] std::vector<std::string> Heads(const std::optional<Single>& warm, bool amount) const;

@@ -55,6 +55,7 @@ TEST(InformationWindow, ShowsTheDiveOfItsTab) {
     auto& window = dynamic_cast<frmGeneralInfo&>(form);
     EXPECT_EQ(window.Caption.Get(), "Dive Information: lake-series.tav");
     EXPECT_EQ(window.TabStrip1.Tabs.Get().size(), 2U);
+    EXPECT_EQ(window.lbModel.Caption.Get(), "ZH-L16B") << "the model of the rows, whichever is marked now";
     EXPECT_FALSE(window.Label17.Visible);
     const std::string first = window.fgSummary.Cells.Get()[4][3].text;
     window.TabStrip1.Select(1);
@@ -70,6 +71,7 @@ TEST(InformationWindow, ShowsTheDiveOfItsTab) {
     EXPECT_EQ(p.platform.LastBox().text, "Copy to clipboard done");
     window.Command1.Press();
   }};
+  p.Main().mnuBulhmannC.Choose();
   p.Main().mnuDiveInformation.Choose();
   EXPECT_EQ(p.platform.modalForms.back(), "frmGeneralInfo");
 }
