@@ -83,7 +83,7 @@ TEST(UddfExport, APlanOfMonthsComesBackWithTimesOfSevenDigits) {
 
 TEST(UddfExport, AGasOfMoreThanAllComesBackWithItsPlan) {
   ProfileText profile = ReadProfileFile(SourceFolder() / "dives/nitrox.tav");
-  for (GasMix& blend : profile.dives.front().Template.Blends) blend.He = 0.4;
+  for (GasMix& blend : profile.dives.front().Template.Blends) blend.He = blend.He + 0.4;
   EXPECT_EQ(Back(Uddf(profile)), Text(profile));
 }
 
