@@ -149,7 +149,7 @@ void MainWindow::BuildToolBar() {
       action->setChecked(button->Checked);
     };
     button->Changed();
-    connect(action, &QAction::triggered, this, [this, button] {
+    connect(action, &QAction::triggered, this, [button] {
       button->Press();
       button->Changed();
     });
