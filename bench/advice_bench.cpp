@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "advice/plan_check.h"
-#include "app/language_table.h"
+#include "start/language_table.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 

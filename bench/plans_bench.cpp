@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "baseline.h"
+#include "compute/leg_expansion.h"
 #include "engine/buhlmann.h"
 #include "persist/profile_file.h"
-#include "plan/leg_expansion.h"
 #include "support/plan_fixture.h"
 
 namespace tav::bench {

@@ -3,9 +3,9 @@
 #include <benchmark/benchmark.h>
 #include <filesystem>
 
-#include "plan/profile_commands.h"
-#include "platform/headless/headless_platform.h"
-#include "report/dive_report.h"
+#include "headless/headless_platform.h"
+#include "plans/profile_commands.h"
+#include "reports/dive_report.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 

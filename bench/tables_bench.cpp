@@ -2,13 +2,13 @@
 
 #include <benchmark/benchmark.h>
 
-#include "plan/bailout_cuts.h"
-#include "plan/profile_commands.h"
-#include "plan/square_dives.h"
-#include "platform/headless/headless_platform.h"
-#include "report/table_print.h"
+#include "headless/headless_platform.h"
+#include "plans/bailout_cuts.h"
+#include "plans/profile_commands.h"
+#include "plans/square_dives.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
+#include "tables/table_print.h"
 
 namespace tav::bench {
 namespace {

@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
-#include "advice/what_if_table.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
+#include "reports/what_if_table.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 

@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include "fuzz_support.h"
-#include "platform/headless/recording_surface.h"
-#include "report/page_player.h"
+#include "headless/recording_surface.h"
+#include "pages/page_player.h"
 
 using namespace tav;
 

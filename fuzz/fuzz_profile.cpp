@@ -2,7 +2,7 @@
 
 #include "fuzz_support.h"
 #include "model/template_faults.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 
 using namespace tav;

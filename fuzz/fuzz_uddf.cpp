@@ -5,7 +5,7 @@
 #include "fuzz_support.h"
 #include "model/template_faults.h"
 #include "persist/template_file.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 
 using namespace tav;

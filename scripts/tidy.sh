@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# clang-tidy over all of src, or over the sources whose path matches one of the arguments: scripts/tidy.sh report/ main
+# clang-tidy over all of src, or over the sources whose path matches one of the arguments: scripts/tidy.sh reports/ main
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/setup.sh

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
+#include "compute/breathed_gas.h"
 #include "engine/model_choice.h"
 #include "model/document_store.h"
-#include "plan/breathed_gas.h"
-#include "plan/waypoint_editor.h"
+#include "plans/waypoint_editor.h"
 
 namespace tav {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "compute/breathed_gas.h"
 #include "engine/compartment_kernels.h"
-#include "plan/breathed_gas.h"
 
 namespace tav::plan_check {
 

@@ -2,11 +2,11 @@
 
 #include <vector>
 
-#include "advice/advice_words.h"
 #include "advice/checked_dive.h"
 #include "advice/finding.h"
-#include "advice/gas_supply.h"
-#include "plan/breathed_gas.h"
+#include "compute/breathed_gas.h"
+#include "figures/advice_words.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 

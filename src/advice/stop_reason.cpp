@@ -5,7 +5,7 @@
 #include "engine/leading_compartment.h"
 #include "engine/vpm.h"
 #include "engine/zhl16.h"
-#include "plan/model_name.h"
+#include "figures/model_name.h"
 
 namespace tav {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "advice/advice_words.h"
 #include "advice/checked_dive.h"
+#include "figures/advice_words.h"
 
 namespace tav {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "plan/breathed_gas.h"
+#include "compute/breathed_gas.h"
 
 namespace tav::plan_check {
 

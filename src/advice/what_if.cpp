@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "plan/bailout_cuts.h"
-#include "report/dive_figures.h"
+#include "figures/dive_figures.h"
+#include "plans/bailout_cuts.h"
 
 namespace tav {
 namespace {

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "compute/gas_warnings.h"
 #include "engine/model_choice.h"
 #include "engine/observer.h"
 #include "model/document_store.h"
 #include "model/profile.h"
-#include "plan/document_forms.h"
-#include "plan/gas_warnings.h"
+#include "plans/document_forms.h"
 
 namespace tav {
 

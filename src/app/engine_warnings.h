@@ -10,9 +10,9 @@
 #include "app/warning_memory.h"
 #include "engine/observer.h"
 #include "model/number_text.h"
-#include "persist/phi_log.h"
 #include "platform/message_boxes.h"
 #include "platform/text_source.h"
+#include "start/phi_log.h"
 
 namespace tav {
 

@@ -3,7 +3,7 @@
 #include <sys/utsname.h>
 #include <utility>
 
-#include "platform/localize_form.h"
+#include "controls/localize_form.h"
 
 namespace tav {
 

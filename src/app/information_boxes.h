@@ -3,11 +3,11 @@
 #include <functional>
 #include <string>
 
-#include "app/language_table.h"
-#include "app/program_folders.h"
-#include "platform/form.h"
+#include "controls/form.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
+#include "start/language_table.h"
+#include "start/program_folders.h"
 
 namespace tav {
 

@@ -4,10 +4,10 @@
 #include <system_error>
 #include <utility>
 
-#include "app/language_table.h"
-#include "app/user_texts.h"
+#include "controls/localize_form.h"
 #include "persist/text_file.h"
-#include "platform/localize_form.h"
+#include "start/language_table.h"
+#include "start/user_texts.h"
 
 namespace tav {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/form.h"
+#include "controls/form.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
 

@@ -6,7 +6,7 @@
 #include "exchange/import.h"
 #include "exchange/uddf_export.h"
 #include "persist/text_file.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 
 namespace tav {
 namespace fs = std::filesystem;

@@ -3,14 +3,14 @@
 #include <cstdlib>
 
 #include "app/main_form.h"
-#include "app/user_texts.h"
 #include "dialogs/unit_change.h"
 #include "exchange/import.h"
 #include "model/path_text.h"
 #include "persist/template_file.h"
-#include "plan/captions.h"
-#include "plan/profile_commands.h"
+#include "plans/captions.h"
+#include "plans/profile_commands.h"
 #include "platform/used_folder.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace fs = std::filesystem;

@@ -4,7 +4,7 @@
 
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
-#include "platform/localize_form.h"
+#include "controls/localize_form.h"
 
 namespace tav {
 namespace {

@@ -8,12 +8,12 @@
 
 #include "app/main_services.h"
 #include "app/what_if_form.h"
+#include "controls/form.h"
 #include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
 #include "mixer/partial_mix_form.h"
 #include "persist/format_faults.h"
 #include "persist/text_file.h"
-#include "platform/form.h"
 
 namespace tav {
 

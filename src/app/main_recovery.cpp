@@ -1,8 +1,8 @@
 // Copies of unsaved plans while the program runs, and what is offered of them after it was lost.
 
 #include "app/main_form.h"
-#include "plan/captions.h"
-#include "plan/profile_commands.h"
+#include "plans/captions.h"
+#include "plans/profile_commands.h"
 
 namespace tav {
 namespace fs = std::filesystem;

@@ -1,12 +1,12 @@
 // The commands of the main window that show and report what was computed.
 
-#include "advice/plan_slate.h"
-#include "advice/supply_text.h"
 #include "app/main_form.h"
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
-#include "report/dive_report.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 

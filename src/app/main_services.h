@@ -3,17 +3,17 @@
 #include <filesystem>
 #include <string>
 
-#include "app/command_line.h"
-#include "app/language_table.h"
 #include "app/long_runs.h"
 #include "app/main_view.h"
-#include "app/program_folders.h"
 #include "app/recent_files.h"
 #include "app/recovery.h"
 #include "dialogs/dialog_services.h"
 #include "engine/model_choice.h"
-#include "plan/undo_history.h"
-#include "report/print_preview.h"
+#include "pages/print_preview.h"
+#include "plans/undo_history.h"
+#include "start/command_line.h"
+#include "start/language_table.h"
+#include "start/program_folders.h"
 
 namespace tav {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/controls.h"
 #include "graph/overlay_line.h"
-#include "graph/profile_plot.h"
-#include "platform/controls.h"
+#include "picture/profile_plot.h"
 
 namespace tav {
 

@@ -3,13 +3,13 @@
 #include <system_error>
 #include <utility>
 
-#include "app/start_up.h"
-#include "app/user_texts.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 #include "persist/text_file.h"
+#include "start/start_up.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace fs = std::filesystem;

@@ -7,7 +7,7 @@
 #include "app/engine_warnings.h"
 #include "app/main_form.h"
 #include "app/start_forms.h"
-#include "report/preview_form.h"
+#include "pages/preview_form.h"
 
 namespace tav {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/localize_form.h"
+#include "controls/localize_form.h"
 
 namespace tav {
 

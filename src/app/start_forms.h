@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "platform/form.h"
+#include "controls/form.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "advice/plan_slate.h"
-#include "report/dive_report.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
 
 namespace tav {
 namespace {

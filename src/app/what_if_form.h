@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "advice/what_if_table.h"
 #include "dialogs/dialog_form.h"
 #include "graph/overlay_line.h"
-#include "report/print_preview.h"
-#include "report/slate.h"
+#include "pages/print_preview.h"
+#include "reports/slate.h"
+#include "reports/what_if_table.h"
 
 namespace tav {
 

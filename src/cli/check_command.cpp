@@ -1,11 +1,11 @@
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "model/number_text.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "advice/supply_choice.h"
-#include "app/program_folders.h"
 #include "engine/model_choice.h"
+#include "start/program_folders.h"
+#include "supply/supply_choice.h"
 
 /// The commands of tavplan. Each writes its result to `out`, its errors as lines "FILE:LINE: REASON" to `err`, and
 /// returns the exit status.

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "advice/finding.h"
-#include "advice/gas_supply.h"
 #include "advice/stop_reason.h"
 #include "cli/plan_session.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 

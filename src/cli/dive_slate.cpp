@@ -2,10 +2,10 @@
 
 #include "cli/computed_dive.h"
 #include "cli/terminal_text.h"
+#include "figures/dive_figures.h"
+#include "figures/loop_state.h"
+#include "figures/schedule.h"
 #include "model/number_text.h"
-#include "report/dive_figures.h"
-#include "report/loop_state.h"
-#include "report/schedule.h"
 
 namespace tav {
 namespace {

@@ -2,12 +2,12 @@
 #include <filesystem>
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_session.h"
 #include "exchange/import.h"
 #include "exchange/uddf_export.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

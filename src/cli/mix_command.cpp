@@ -2,7 +2,6 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/terminal_text.h"
@@ -10,6 +9,7 @@
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

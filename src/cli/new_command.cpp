@@ -1,11 +1,11 @@
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "model/template_faults.h"
 #include "persist/cylinder_line.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

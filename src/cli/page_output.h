@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string>
 
-#include "app/program_folders.h"
-#include "app/user_texts.h"
-#include "platform/arial_measure.h"
-#include "report/print_preview.h"
+#include "pages/arial_measure.h"
+#include "pages/print_preview.h"
+#include "start/program_folders.h"
+#include "start/user_texts.h"
 
 namespace tav {
 

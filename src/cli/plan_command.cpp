@@ -1,9 +1,9 @@
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
+#include "start/user_texts.h"
 
 namespace tav {
 int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,

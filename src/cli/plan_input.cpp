@@ -4,11 +4,11 @@
 #include <optional>
 #include <ostream>
 
-#include "app/start_up.h"
 #include "cli/commands.h"
 #include "model/gas_name.h"
 #include "model/number_text.h"
 #include "persist/template_file.h"
+#include "start/start_up.h"
 
 namespace tav {
 namespace {

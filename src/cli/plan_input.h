@@ -9,11 +9,11 @@
 #include <utility>
 #include <vector>
 
-#include "app/program_folders.h"
 #include "model/document_store.h"
 #include "persist/profile_file.h"
 #include "persist/text_file.h"
 #include "platform/text_source.h"
+#include "start/program_folders.h"
 
 namespace tav {
 

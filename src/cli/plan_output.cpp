@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "advice/plan_check.h"
-#include "plan/model_name.h"
+#include "figures/model_name.h"
 
 namespace tav {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "persist/phi_log.h"
-#include "plan/document_forms.h"
-#include "plan/profile_commands.h"
+#include "plans/document_forms.h"
+#include "plans/profile_commands.h"
+#include "start/phi_log.h"
 
 namespace tav {
 

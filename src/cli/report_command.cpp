@@ -3,14 +3,14 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "advice/plan_slate.h"
-#include "advice/supply_text.h"
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
 #include "cli/plan_input.h"
 #include "cli/plan_session.h"
-#include "report/dive_report.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
+#include "start/user_texts.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 

@@ -3,8 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "compute/gas_warnings.h"
 #include "model/profile.h"
-#include "plan/gas_warnings.h"
 
 namespace tav {
 

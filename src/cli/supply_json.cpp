@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "advice/supply_text.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {

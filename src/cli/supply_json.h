@@ -1,7 +1,7 @@
 #pragma once
 
-#include "advice/gas_supply.h"
 #include "cli/row_json.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 

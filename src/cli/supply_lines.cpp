@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "advice/supply_text.h"
 #include "cli/computed_dive.h"
 #include "cli/terminal_text.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {

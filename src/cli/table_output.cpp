@@ -4,10 +4,10 @@
 #include <ostream>
 
 #include "cli/terminal_text.h"
+#include "figures/loop_state.h"
+#include "figures/model_name.h"
 #include "model/number_text.h"
-#include "plan/model_name.h"
-#include "report/loop_state.h"
-#include "report/table_remarks.h"
+#include "tables/table_remarks.h"
 
 namespace tav {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "cli/row_json.h"
-#include "plan/table_dives.h"
+#include "compute/table_dives.h"
 #include "platform/text_source.h"
-#include "report/small_tables.h"
-#include "report/table_slots.h"
+#include "tables/small_tables.h"
+#include "tables/table_slots.h"
 
 namespace tav {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/page_output.h"
-#include "report/table_print.h"
+#include "tables/table_print.h"
 
 namespace tav {
 

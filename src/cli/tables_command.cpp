@@ -2,7 +2,6 @@
 #include <ostream>
 #include <sstream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
@@ -10,7 +9,8 @@
 #include "cli/table_pdf.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
-#include "plan/square_dives.h"
+#include "plans/square_dives.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

@@ -3,10 +3,10 @@
 #include <limits>
 #include <ostream>
 
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/plan_input.h"
 #include "cli/usage_fault.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

@@ -2,15 +2,15 @@
 #include <optional>
 #include <ostream>
 
-#include "advice/plan_slate.h"
-#include "advice/what_if_table.h"
-#include "app/user_texts.h"
 #include "cli/commands.h"
 #include "cli/page_output.h"
 #include "cli/plan_input.h"
 #include "cli/plan_output.h"
 #include "cli/row_json.h"
 #include "cli/terminal_text.h"
+#include "reports/plan_slate.h"
+#include "reports/what_if_table.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 #include <stdexcept>
 
+#include "controls/form.h"
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
 #include "desktop/page_area.h"
@@ -11,7 +12,6 @@
 #include "desktop/result_grid_binding.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text_colour.h"
-#include "platform/form.h"
 
 namespace tav {
 namespace {

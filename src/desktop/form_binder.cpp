@@ -8,13 +8,13 @@
 #include <set>
 #include <stdexcept>
 
+#include "controls/form.h"
 #include "desktop/control_binding.h"
 #include "desktop/page_area.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/spoken_names.h"
-#include "platform/form.h"
 
 namespace tav {
 namespace {

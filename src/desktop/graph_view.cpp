@@ -8,7 +8,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/surface_widget.h"
 #include "desktop/text_colour.h"
-#include "graph/graph_colours.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 namespace {

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "desktop/qt_surface.h"
-#include "graph/graph_layout.h"
 #include "graph/profile_graph.h"
+#include "picture/graph_layout.h"
 
 class QLabel;
 class QScrollBar;

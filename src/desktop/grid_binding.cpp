@@ -2,10 +2,10 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
 #include "desktop/qt_text.h"
 #include "desktop/shared_columns.h"
 #include "desktop/text_colour.h"
-#include "platform/controls.h"
 
 namespace tav {
 namespace {

@@ -17,7 +17,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/silent_pdf.h"
 #include "desktop/start_check.h"
-#include "platform/arial_measure.h"
+#include "pages/arial_measure.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
 #include "desktop/qt_surface.h"
-#include "platform/controls.h"
-#include "report/page_units.h"
+#include "pages/page_units.h"
 
 namespace tav {
 namespace {

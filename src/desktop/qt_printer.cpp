@@ -12,9 +12,9 @@
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "model/message.h"
+#include "pages/page_units.h"
+#include "pages/pdf_labels.h"
 #include "persist/text_file.h"
-#include "report/page_units.h"
-#include "report/pdf_labels.h"
 
 namespace tav {
 namespace {

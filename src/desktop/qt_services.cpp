@@ -4,6 +4,8 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include "controls/controls.h"
+#include "controls/form.h"
 #include "desktop/form_binder.h"
 #include "desktop/help_window.h"
 #include "desktop/qt_surface.h"

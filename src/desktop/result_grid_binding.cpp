@@ -3,9 +3,9 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "controls/controls.h"
 #include "desktop/qt_text.h"
 #include "desktop/text_colour.h"
-#include "platform/controls.h"
 
 namespace tav {
 namespace {

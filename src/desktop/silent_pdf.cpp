@@ -6,11 +6,11 @@
 #include <exception>
 #include <string_view>
 
-#include "app/program_folders.h"
-#include "app/user_texts.h"
 #include "desktop/qt_printer.h"
+#include "pages/page_player.h"
 #include "persist/text_file.h"
-#include "report/page_player.h"
+#include "start/program_folders.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "dialogs/dialog_form.h"
 #include "dialogs/long_run.h"
-#include "plan/bailout_cuts.h"
-#include "report/table_print.h"
+#include "plans/bailout_cuts.h"
+#include "tables/table_print.h"
 
 namespace tav {
 

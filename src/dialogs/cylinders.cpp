@@ -4,8 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "advice/supply_text.h"
 #include "model/numbers.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {

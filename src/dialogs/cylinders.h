@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "advice/supply_choice.h"
 #include "dialogs/dialog_form.h"
 #include "model/cylinder.h"
+#include "supply/supply_choice.h"
 
 namespace tav {
 

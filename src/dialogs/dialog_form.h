@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "controls/text_form.h"
 #include "dialogs/dialog_services.h"
-#include "platform/text_form.h"
 
 namespace tav {
 

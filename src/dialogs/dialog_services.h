@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "plan/document_forms.h"
+#include "plans/document_forms.h"
 #include "platform/platform.h"
 
 namespace tav {

@@ -1,8 +1,8 @@
 #include "dialogs/general_info.h"
 
-#include "advice/supply_text.h"
 #include "model/numbers.h"
-#include "report/information_text.h"
+#include "reports/information_text.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {

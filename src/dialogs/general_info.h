@@ -5,8 +5,8 @@
 #include <string>
 
 #include "dialogs/dialog_form.h"
-#include "report/information.h"
-#include "report/supply_tables.h"
+#include "figures/information.h"
+#include "supply/supply_tables.h"
 
 namespace tav {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "plan/table_dives.h"
-#include "platform/controls.h"
+#include "compute/table_dives.h"
+#include "controls/controls.h"
 #include "platform/screen.h"
 
 namespace tav {

@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "compute/gas_suggestions.h"
 #include "model/dive_template.h"
-#include "plan/gas_suggestions.h"
 
 namespace tav {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "dialogs/pane_form.h"
-#include "plan/leg_table.h"
-#include "plan/plan_trial.h"
-#include "report/schedule.h"
+#include "figures/schedule.h"
+#include "plans/leg_table.h"
+#include "plans/plan_trial.h"
 
 namespace tav {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form.h"
+#include "controls/form.h"
 #include "platform/text_source.h"
 
 namespace tav {

@@ -2,7 +2,7 @@
 
 #include "model/numbers.h"
 #include "model/template_faults.h"
-#include "report/table_print.h"
+#include "tables/table_print.h"
 
 namespace tav {
 namespace {

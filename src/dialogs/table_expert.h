@@ -6,8 +6,8 @@
 
 #include "dialogs/dialog_form.h"
 #include "dialogs/long_run.h"
-#include "plan/square_dives.h"
-#include "report/print_preview.h"
+#include "pages/print_preview.h"
+#include "plans/square_dives.h"
 
 namespace tav {
 

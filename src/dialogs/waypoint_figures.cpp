@@ -1,7 +1,7 @@
 // What the waypoint dialog tells, while one types, of the gas at the depth and of the leg.
 
+#include "compute/leg_expansion.h"
 #include "dialogs/waypoint_form.h"
-#include "plan/leg_expansion.h"
 
 namespace tav {
 

@@ -7,7 +7,7 @@
 #include "model/gas_name.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
-#include "plan/leg_table.h"
+#include "plans/leg_table.h"
 
 namespace tav {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "compute/leg_expansion.h"
 #include "exchange/polyline.h"
 #include "exchange/si_units.h"
 #include "model/units.h"
-#include "plan/leg_expansion.h"
 
 namespace tav {
 namespace {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "exchange/si_units.h"
-#include "plan/document_forms.h"
-#include "plan/profile_commands.h"
+#include "plans/document_forms.h"
+#include "plans/profile_commands.h"
 
 namespace tav {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "plan/document_forms.h"
+#include "plans/document_forms.h"
 
 namespace tav {
 

@@ -1,6 +1,6 @@
 #include "graph/leg_preview.h"
 
-#include "graph/graph_colours.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/graph_scale.h"
+#include "picture/graph_scale.h"
 #include "platform/drawing_surface.h"
 
 namespace tav {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/graph_colours.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "graph/graph_scale.h"
-#include "graph/profile_plot.h"
+#include "picture/graph_scale.h"
+#include "picture/profile_plot.h"
 #include "platform/drawing_surface.h"
 
 namespace tav {

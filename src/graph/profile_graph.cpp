@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/compartment_bars.h"
-#include "graph/graph_colours.h"
 #include "graph/leg_preview.h"
-#include "graph/offset_surface.h"
-#include "graph/plot_labels.h"
-#include "graph/tissue_map.h"
-#include "plan/compute_profile.h"
+#include "picture/compartment_bars.h"
+#include "picture/graph_colours.h"
+#include "picture/offset_surface.h"
+#include "picture/plot_labels.h"
+#include "picture/tissue_map.h"
+#include "plans/compute_profile.h"
 
 namespace tav {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "engine/dive_moment.h"
 #include "graph/overlay_line.h"
-#include "graph/profile_plot.h"
 #include "model/number_text.h"
-#include "plan/document_forms.h"
+#include "picture/profile_plot.h"
+#include "plans/document_forms.h"
 
 namespace tav {
 

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "report/wrapped_text.h"
+#include "pages/wrapped_text.h"
 
 namespace tav {
 namespace {

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "mixer/fill_words.h"
-#include "report/print_preview.h"
+#include "pages/print_preview.h"
 
 namespace tav {
 

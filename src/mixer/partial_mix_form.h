@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/text_form.h"
 #include "mixer/mix_report.h"
 #include "model/dive_template.h"
-#include "platform/text_form.h"
 
 namespace tav {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls.h"
+#include "platform/colour.h"
 #include "platform/text_font.h"
 
 namespace tav {

@@ -4,9 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/form.h"
-
 namespace tav {
+
+class Form;
+class MenuItem;
 
 /// Shows forms on the screen.
 class Windows {

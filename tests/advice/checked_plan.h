@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "advice/plan_check.h"
-#include "app/language_table.h"
+#include "start/language_table.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 

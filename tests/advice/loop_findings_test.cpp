@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "advice/plan_check.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/english.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"

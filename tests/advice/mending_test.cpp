@@ -3,8 +3,8 @@
 #include <regex>
 
 #include "advice/checked_plan.h"
-#include "advice/gas_supply.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 namespace {

@@ -6,7 +6,7 @@
 #include <map>
 
 #include "advice/checked_plan.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/random_plan.h"
 
 namespace tav {

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "app/language_table.h"
 #include "engine/vpm.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
+#include "start/language_table.h"
 #include "support/plan_fixture.h"
 #include "support/random_plan.h"
 #include "support/source_folder.h"

@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "advice/gas_supply.h"
-#include "advice/plan_slate.h"
-#include "advice/what_if_table.h"
-#include "app/language_table.h"
-#include "plan/bailout_cuts.h"
-#include "plan/profile_commands.h"
-#include "report/schedule.h"
+#include "figures/schedule.h"
+#include "plans/bailout_cuts.h"
+#include "plans/profile_commands.h"
+#include "reports/plan_slate.h"
+#include "reports/what_if_table.h"
+#include "start/language_table.h"
+#include "supply/gas_supply.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
 #include "support/random_plan.h"

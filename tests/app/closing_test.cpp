@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "persist/template_file.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/program_fixture.h"
 
 namespace tav {

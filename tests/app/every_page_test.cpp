@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "advice/plan_slate.h"
-#include "advice/supply_choice.h"
-#include "advice/supply_text.h"
-#include "platform/arial_measure.h"
-#include "platform/headless/recording_surface.h"
-#include "report/dive_report.h"
-#include "report/page_player.h"
-#include "report/page_units.h"
+#include "headless/recording_surface.h"
+#include "pages/arial_measure.h"
+#include "pages/page_player.h"
+#include "pages/page_units.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
+#include "supply/supply_choice.h"
+#include "supply/supply_text.h"
 #include "support/all_forms.h"
 
 namespace tav {

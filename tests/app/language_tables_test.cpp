@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "app/language_table.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
+#include "start/language_table.h"
 #include "support/program_fixture.h"
 
 namespace tav {

@@ -3,7 +3,7 @@
 
 #include "dialogs/properties.h"
 #include "model/number_text.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
 

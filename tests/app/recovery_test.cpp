@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "dialogs/plan_pane.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/program_fixture.h"
 
 namespace tav {

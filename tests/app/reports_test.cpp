@@ -3,7 +3,7 @@
 
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
-#include "report/preview_form.h"
+#include "pages/preview_form.h"
 #include "support/program_fixture.h"
 
 namespace tav {

@@ -1,12 +1,12 @@
-#include "app/start_up.h"
+#include "start/start_up.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/command_line.h"
-#include "app/user_texts.h"
 #include "dialogs/properties.h"
 #include "persist/template_file.h"
+#include "start/command_line.h"
+#include "start/user_texts.h"
 #include "support/english.h"
 #include "support/program_fixture.h"
 #include "support/scratch_folder.h"

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "report/preview_form.h"
+#include "pages/preview_form.h"
 #include "support/profile_text.h"
 #include "support/program_fixture.h"
 

@@ -11,9 +11,9 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "controls/form.h"
 #include "desktop/form_binder.h"
 #include "desktop/qt_text.h"
-#include "platform/form.h"
 
 namespace tav {
 namespace {

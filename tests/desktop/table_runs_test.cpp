@@ -11,7 +11,7 @@
 
 #include "desktop/qt_services.h"
 #include "dialogs/bailout_start.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/dialog_fixture.h"
 #include "support/source_folder.h"
 

@@ -3,7 +3,7 @@
 
 #include "dialogs/bailout_start.h"
 #include "dialogs/table_expert.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/dialog_fixture.h"
 #include "support/profile_text.h"
 #include "support/scratch_folder.h"

@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "app/language_table.h"
 #include "exchange/import.h"
 #include "model/number_text.h"
 #include "persist/template_file.h"
+#include "start/language_table.h"
 #include "support/source_folder.h"
 
 /// Dive logs as other programs write them, and what the import makes of them.

@@ -10,7 +10,7 @@
 #include "exchange/dive_log.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 
 namespace tav {

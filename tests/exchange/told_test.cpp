@@ -4,7 +4,7 @@
 
 #include "exchange/dive_log.h"
 #include "exchange/uddf_export.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
 

@@ -6,7 +6,7 @@
 
 #include "exchange/import.h"
 #include "model/number_text.h"
-#include "plan/profile_commands.h"
+#include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/random_plan.h"
 #include "support/random_records.h"

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "graph/graph_colours.h"
-#include "plan/leg_expansion.h"
-#include "platform/headless/recording_surface.h"
+#include "compute/leg_expansion.h"
+#include "headless/recording_surface.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 namespace {

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "graph/graph_colours.h"
-#include "platform/headless/recording_surface.h"
+#include "headless/recording_surface.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 namespace {

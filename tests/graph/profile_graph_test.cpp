@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "../support/plan_fixture.h"
-#include "graph/graph_colours.h"
+#include "headless/recording_surface.h"
 #include "model/number_text.h"
-#include "platform/headless/recording_surface.h"
+#include "picture/graph_colours.h"
 
 namespace tav {
 namespace {

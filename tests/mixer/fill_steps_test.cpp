@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/language_table.h"
 #include "mixer/gauge_list.h"
+#include "start/language_table.h"
 #include "support/source_folder.h"
 
 namespace tav {

@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/language_table.h"
+#include "headless/headless_platform.h"
 #include "mixer/partial_mix_form.h"
+#include "pages/page_player.h"
 #include "persist/template_file.h"
 #include "persist/text_file.h"
-#include "platform/headless/headless_platform.h"
-#include "report/page_player.h"
+#include "start/language_table.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
 

@@ -24,8 +24,8 @@
 #include "dialogs/table_expert.h"
 #include "dialogs/waypoint_form.h"
 #include "mixer/partial_mix_form.h"
-#include "report/preview_form.h"
-#include "report/print_form.h"
+#include "pages/preview_form.h"
+#include "pages/print_form.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
 

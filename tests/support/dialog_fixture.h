@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialogs/dialog_services.h"
-#include "platform/headless/headless_platform.h"
+#include "headless/headless_platform.h"
 #include "support/plan_fixture.h"
 
 namespace tav::test {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/language_table.h"
+#include "start/language_table.h"
 #include "support/source_folder.h"
 
 namespace tav::test {

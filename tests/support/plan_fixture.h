@@ -7,7 +7,7 @@
 #include "engine/model_choice.h"
 #include "engine/observer.h"
 #include "persist/template_file.h"
-#include "plan/document_forms.h"
+#include "plans/document_forms.h"
 
 namespace tav::test {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "platform/headless/headless_platform.h"
+#include "headless/headless_platform.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
 

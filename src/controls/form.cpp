@@ -1,0 +1,30 @@
+#include "controls/form.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tav {
+
+// A control joins its form when it is made, and leaves it when it ends.
+Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
+  form_.controls_.push_back(this);
+}
+
+Control::~Control() { std::erase(form_.controls_, this); }
+
+Control* Form::Find(std::string_view name) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](auto* c) { return c->Name() == name; });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+bool Form::Unload(bool byUser) {
+  if (!loaded_) return true;
+  if (!Form_QueryUnload(byUser)) return false;
+  if (!loaded_) return true;
+  loaded_ = false;
+  Form_Unload();
+  if (CloseWanted) CloseWanted();
+  return true;
+}
+
+}  // namespace tav

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "platform/colour.h"
+
+namespace tav {
+
+/// A cell of a table as it is shown.
+struct GridCell {
+  std::string text;
+  Colour colour = -1;
+  bool bold = false;
+  bool italic = false;
+  std::string spoken = {};  ///< what a screen reader says in place of the text; empty for the text itself
+  std::string fault = {};   ///< why what the cell holds can't be: it is marked, and this is its tool tip
+  friend bool operator==(const GridCell&, const GridCell&) = default;
+};
+
+}  // namespace tav

@@ -1,0 +1,67 @@
+#include "figures/dive_figures.h"
+
+#include "figures/model_name.h"
+#include "model/numbers.h"
+
+namespace tav {
+
+std::vector<GasTotal> GasTotals(const ClassProfile& profile, const DiveTemplate& diveTemplate) {
+  std::vector<GasTotal> totals;
+  for (const GasMix& blend : diveTemplate.Blends) {
+    GasTotal gas{blend.Name, blend.O2, blend.He, 0};
+    for (std::int16_t i = 0; i <= profile.GetLength(); ++i) {
+      if (profile.Row(i).GasMixName == blend.Name) gas.total += profile.Row(i).GasUsed;
+    }
+    if (gas.total != 0) totals.push_back(gas);
+  }
+  return totals;
+}
+
+DiveFigures FiguresOf(const ClassProfile& profile) {
+  constexpr double kAboveAll = 50000;
+  DiveFigures figures;
+  figures.lowestPPO2Below = kAboveAll;
+  for (std::int16_t i = 0; i <= profile.GetLength(); ++i) {
+    const Waypoint& row = profile.Row(i);
+    figures.CNS += row.CNS;
+    figures.OTU += row.OTU;
+    figures.highestPPO2 = MaxSingle(figures.highestPPO2, row.PPO2);
+    figures.highestEND = MaxSingle(figures.highestEND, row.END);
+    figures.deepest = MaxSingle(figures.deepest, row.Depth);
+    if (i > 0) figures.lowestPPO2Below = MinSingle(figures.lowestPPO2Below, row.PPO2);
+    if (i > 0 && row.StopDepth != 0) figures.stopTime += RoundSingle(row.StopTime, 1);
+  }
+  figures.lowestPPO2 = MinSingle(figures.lowestPPO2Below, profile.Row(0).PPO2);
+  figures.runTime = profile.Row(profile.GetLength()).RunTime;
+  return figures;
+}
+
+bool LacksAscent(const ClassProfile& profile) {
+  const std::int16_t last = profile.GetLength();
+  return last > 0 && LastUserRow(profile) == last && profile.getDepth(last) > 0;
+}
+
+std::optional<int> NoticeOf(const ClassProfile& profile, bool decompresses) {
+  constexpr int kDoesNotDecompress = 7020;
+  // Without an ascent, what a former one did says nothing.
+  if (LacksAscent(profile)) return kLacksAscent;
+  if (!decompresses) return kDoesNotDecompress;
+  return std::nullopt;
+}
+
+std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts) {
+  constexpr std::int16_t kLast = 5;
+  if (row.Status >= 0 && row.Status <= kLast) return texts.first + row.Status;
+  if (!row.DoShow) return texts.hidden;
+  if (row.Rate < 0) return texts.ascent;
+  if (row.Rate > 0) return texts.descent;
+  return std::nullopt;
+}
+
+std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelChoice& model) {
+  if (row.ModelControl == ModelMarker::kVPM) return "VPM";
+  if (row.ModelControl == ModelMarker::kZHL16) return TableName(model);
+  return std::nullopt;
+}
+
+}  // namespace tav

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <algorithm>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "headless/headless_printer.h"
+#include "platform/platform.h"
+
+/// A window system without windows, for tests and for machines without a display: boxes are recorded and answered from
+/// a script, modal forms are handed to a callback that clicks and types, the settings live in memory.
+namespace tav {
+
+struct ShownBox {
+  std::string text;
+  std::string title;
+  BoxIcon icon = BoxIcon::None;
+  BoxButtons buttons = BoxButtons::OK;
+  std::string check = {};  ///< caption of the check box in it
+};
+
+class HeadlessPlatform : private MessageBoxes,
+                         private FileDialogs,
+                         private Windows,
+                         private DocumentWindows,
+                         private SettingsStore,
+                         private Screen,
+                         private Sound,
+                         private HelpViewer,
+                         private Clipboard,
+                         private TextMeasure,
+                         private Environment {
+ public:
+  HeadlessPlatform() = default;
+  HeadlessPlatform(const HeadlessPlatform&) = delete;
+  HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+  ~HeadlessPlatform() override = default;
+
+  operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
+  Platform Services() { return Services(*this); }
+  /// The same with document windows of another kind.
+  Platform Services(DocumentWindows& windows) {
+    return {*this, *this, *this, windows, *this, *this, *this, *this, *this, printer, *this, *this, separators};
+  }
+
+  // What has happened.
+  std::vector<ShownBox> boxes;
+  [[nodiscard]] ShownBox LastBox() const { return boxes.empty() ? ShownBox() : boxes.back(); }
+  std::vector<FileDialogRequest> fileDialogs;
+  std::vector<std::shared_ptr<Form>> modeless;  ///< those still loaded, oldest first
+  std::vector<std::string> modalForms;          ///< the names of all shown
+  std::vector<MenuItem*> popup;                 ///< of the last pop-up
+  std::vector<std::filesystem::path> sounds;
+  std::vector<std::pair<std::filesystem::path, HelpViewer::Page>> helpShown;
+  std::string clipboardText;
+  std::map<std::pair<std::string, std::string>, std::string> settings;
+  bool hourglass = false;
+  struct Window {
+    std::string caption;
+    std::string notice;
+    bool modified = false;
+    bool repetitive = false;
+    int redraws = 0;
+  };
+  std::map<std::int16_t, Window> documentWindows;
+  std::vector<DocumentWindows::Arrangement> arrangements;
+  HeadlessPrinter printer;
+
+  // What is to happen.
+  std::deque<bool> ticks;                          ///< whether the check boxes of the next boxes are ticked
+  std::deque<BoxAnswer> answers;                   ///< of the next boxes; Cancel (or OK alone) when used up
+  std::deque<std::filesystem::path> filesChosen;   ///< of the next file dialogs; empty gives up
+  std::deque<std::function<void(Form&)>> onModal;  ///< acts for the user in the next modal forms
+  std::function<void(const ShownBox&)> onBox;      ///< looks around while a box stands
+  std::function<void()> onEvents;                  ///< acts for the user when pending events are handled
+  std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
+  LocaleSeparators separators;
+  std::string locale;  ///< of the desktop
+  std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();
+
+  void Activate(std::int16_t document) { ActivateWindow(document); }
+
+ private:
+  BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
+  BoxAnswer ShowWithCheck(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons,
+                          BoxCheck& check) override;
+  std::filesystem::path Open(const FileDialogRequest& request) override { return Choose(request); }
+  std::filesystem::path Save(const FileDialogRequest& request) override { return Choose(request); }
+  std::filesystem::path Choose(const FileDialogRequest& request);
+  void ShowModal(Form& form) override;
+  void Show(const std::shared_ptr<Form>& form) override;
+  void PopupMenu(const std::vector<MenuItem*>& items) override { popup = items; }
+  void PopupMenuAtFocus(const std::vector<MenuItem*>& items) override { popup = items; }
+  void OpenWindow(std::int16_t document) override;
+  void RemoveWindow(std::int16_t document) override;
+  void ActivateWindow(std::int16_t document) override;
+  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const override;
+  void Arrange(DocumentWindows::Arrangement arrangement) override { arrangements.push_back(arrangement); }
+  void SetCaption(std::int16_t document, const std::string& caption) override;
+  void SetModified(std::int16_t document, bool modified) override;
+  void SetRepetitiveIcon(std::int16_t document) override;
+  void TemplateChanged(std::int16_t /*document*/) override {}
+  void Redraw(std::int16_t document) override;
+  void ShowNotice(std::int16_t document, const std::string& text) override;
+  [[nodiscard]] std::string ReadSetting(const std::string& section, const std::string& name) const override;
+  void WriteSetting(const std::string& section, const std::string& name, const std::string& value) override;
+  void ShowHourglass(bool on) override { hourglass = on; }
+  [[nodiscard]] Room AvailableRoom() const override { return {28800, 16200}; }
+  void DoEvents() override {
+    if (onEvents) onEvents();
+  }
+  void WaitForEvents() override {}
+  [[nodiscard]] double Timer() const override { return seconds_++; }  // every look at the clock takes a second
+  void Play(const std::filesystem::path& file) override { sounds.push_back(file); }
+  void ShowHelp(const std::filesystem::path& file, HelpViewer::Page page) override {
+    helpShown.emplace_back(file, page);
+  }
+  [[nodiscard]] std::string Text() const override { return clipboardText; }
+  void SetText(const std::string& text) override { clipboardText = text; }
+  /// Half an em for each byte.
+  [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override {
+    return font.points * 10 * static_cast<double>(text.size());
+  }
+  [[nodiscard]] std::string UserName() const override { return "diver"; }
+  [[nodiscard]] std::string Locale() const override { return locale; }
+  [[nodiscard]] std::string Today() const override { return "2026-05-01"; }
+  [[nodiscard]] std::filesystem::path TemporaryFolder() const override { return temporaryFolder; }
+  [[nodiscard]] std::string Logo() const override { return "<svg/>"; }
+
+  Window* Find(std::int16_t document);
+
+  std::vector<std::shared_ptr<Form>> closed_;
+  std::vector<std::int16_t> activeOrder_;  // the active window last
+  mutable double seconds_ = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "headless/recording_surface.h"
+#include "platform/printer.h"
+
+namespace tav {
+
+/// A printer without paper: what was sent is kept as recorded sheets.
+class HeadlessPrinter : public Printer {
+ public:
+  struct Sent {
+    std::string title;
+    std::filesystem::path file;  ///< of a PDF; empty for paper
+    std::vector<std::shared_ptr<RecordingSurface>> sheets;
+    bool ended = false;
+  };
+
+  std::vector<std::shared_ptr<Sent>> jobs;
+  bool installed = true;
+  bool givesUp = false;  ///< the user leaves the print dialog
+  std::string fails;     ///< why a job can't be ended; empty when it can
+  int setUps = 0;
+
+  [[nodiscard]] bool HasPrinter() const override { return installed; }
+  void SetUp() override { ++setUps; }
+  std::unique_ptr<PrintJob> Start(const std::string& title) override { return givesUp ? nullptr : Begin(title, {}); }
+  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) override {
+    return Begin(title, file);
+  }
+
+ private:
+  class Job : public PrintJob {
+   public:
+    Job(std::shared_ptr<Sent> sent, std::string fails) : sent_(std::move(sent)), fails_(std::move(fails)) {
+      Job::NewSheet();
+    }
+    [[nodiscard]] DrawingSurface& Sheet() override { return *sent_->sheets.back(); }
+    void NewSheet() override { sent_->sheets.push_back(std::make_shared<RecordingSurface>(16839.9, 11907.0)); }
+    void EndDoc() override {
+      if (!fails_.empty()) throw std::runtime_error(fails_);
+      sent_->ended = true;
+    }
+
+   private:
+    std::shared_ptr<Sent> sent_;
+    std::string fails_;
+  };
+
+  std::unique_ptr<PrintJob> Begin(const std::string& title, const std::filesystem::path& file) {
+    jobs.push_back(std::make_shared<Sent>(Sent{title, file, {}, false}));
+    return std::make_unique<Job>(jobs.back(), fails);
+  }
+};
+
+}  // namespace tav

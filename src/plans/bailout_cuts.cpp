@@ -1,0 +1,127 @@
+#include "plans/bailout_cuts.h"
+
+#include "compute/breathed_gas.h"
+#include "model/number_text.h"
+
+namespace tav {
+namespace {
+
+// Texts by number.
+constexpr int kNoLegs = 7886;
+constexpr int kTooManyCuts = 7887;
+constexpr int kTooManyRows = 7888;
+constexpr int kLongerThanPlan = 7780;
+
+}  // namespace
+
+Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
+  const Waypoint& end = profile.Row(row);
+  if (end.Rate == 0) return end.Depth;
+  return (time - end.RunTime + end.SegmentTime) * end.Rate + end.Depth - end.SegmentTime * end.Rate;
+}
+
+DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
+  DiveTemplate copy = source;
+  std::vector<GasChange>& changes = copy.ChangeGasMixes;
+  if (index < 0 || index >= static_cast<int>(changes.size())) return copy;
+  changes.erase(changes.begin() + index);
+  if (changes.empty()) changes.emplace_back();
+  return copy;
+}
+
+BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single interval)
+    : services_(forms.Services()),
+      document_(services_.documents(document)),
+      plan_(forms(document).InputProfile),
+      openFrom_(FirstOpenRow(plan_, document_.Template)),
+      interval_(interval == 0 ? Single(1) : interval),
+      fault_(forms(document).EvaluationFault()) {
+  const std::int16_t previous = forms(document).PrevProfile;
+  if (previous != -1) previous_ = services_.documents(previous);
+  if (fault_.empty() && plan_.GetLength() == 0) fault_ = services_.texts.GetResString(kNoLegs);
+  if (!fault_.empty()) return;
+  fault_ = SizeFault();
+  intervalIsAtFault_ = !fault_.empty();
+}
+
+std::string BailoutCuts::SizeFault() const {
+  if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
+    return services_.texts.Filled(kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)});
+  }
+  const std::vector<Moment> moments = Moments();
+  if (moments.empty()) return services_.texts.Filled(kLongerThanPlan, {FormatPlain(interval_)});
+  std::size_t rows = 0;
+  for (const Moment& moment : moments) rows += static_cast<std::size_t>(moment.row);
+  if (rows <= kMostRows) return {};
+  return services_.texts.Filled(kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)});
+}
+
+std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
+  std::vector<Moment> moments;
+  const std::int16_t last = plan_.GetLength();
+  const Single end = plan_.GetRunTime(last);
+  std::int16_t row = 1;
+  for (Single time = interval_; time <= end; time += interval_) {
+    while (plan_.GetRunTime(row) < time) ++row;
+    moments.push_back({time, row, false});
+  }
+  const bool endIsCut = !moments.empty() && moments.back().time == end;
+  if (!endIsCut && plan_.getDepth(last) != 0) moments.push_back({end, last, true});
+  return moments;
+}
+
+ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
+  ClassProfile cut;
+  cut.CopyUntil(plan_, moment.row);
+  if (moment.atEnd) return cut;
+  Waypoint& row = cut.Row(moment.row);
+  row.Depth = CreateNewWay(plan_, moment.time, moment.row);
+  row.RunTime = moment.time;
+  row.StopDepth = 0;
+  row.StopTime = 0;
+  row.Status = RowStatus::kLeg;
+  row.SegmentTime = moment.time - plan_.GetRunTime(static_cast<std::int16_t>(moment.row - 1));
+  return cut;
+}
+
+bool BailoutCuts::Ascend(ScratchRun& run, const Moment& moment, TableDive& dive,
+                         const std::function<bool()>& proceed) const {
+  const ClassProfile cut = PlanUntil(moment);
+  dive.head = moment.time;
+  dive.depth = cut.getDepth(moment.row);
+  // On a rebreather whose stops are on open circuit the loop was left before a cut among them.
+  const std::int16_t openFrom = !document_.Template.OpenCircuit && moment.row >= openFrom_ ? openFrom_ : 0;
+  return run.Compute(cut, true, dive, proceed, openFrom);
+}
+
+std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
+  TableDives result{DropGasChange(document_.Template, scenario), {}, true};
+  if (scenario < Scenarios() - 1) {
+    result.lost = document_.Template.ChangeGasMixes[static_cast<std::size_t>(scenario)].Name;
+  }
+  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  run.Template() = result.diveTemplate;
+  result.model = run.Model();
+  const std::vector<Moment> moments = Moments();
+  result.dives.resize(1 + moments.size());
+  result.dives.front().profile = plan_;
+  int done = 0;
+  const auto proceed = [&] { return progress(done, static_cast<int>(moments.size())); };
+  for (const Moment& moment : moments) {
+    if (!Ascend(run, moment, result.dives[static_cast<std::size_t>(done) + 1], proceed)) return std::nullopt;
+    ++done;
+    if (!proceed()) return std::nullopt;
+  }
+  return result;
+}
+
+void BailoutCuts::Visit(const std::function<bool(const TableDive& cut)>& visit) const {
+  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  TableDive dive;
+  for (const Moment& moment : Moments()) {
+    Ascend(run, moment, dive, [] { return true; });
+    if (!visit(dive)) return;
+  }
+}
+
+}  // namespace tav

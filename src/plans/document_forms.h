@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "persist/profile_file.h"
+#include "plans/plan_services.h"
+#include "plans/waypoint_editor.h"
+
+namespace tav {
+
+/// The document windows, indexed as the document store. A closed document keeps its window object until its slot is
+/// used again.
+class DocumentForms {
+ public:
+  explicit DocumentForms(const PlanServices& services) : services_(services) {}
+
+  /// The window of a document; made when it is first asked for.
+  frmWaypointEditor& operator()(std::int16_t document);
+
+  /// A document number for a new window, with a fresh record and a window at its start values.
+  std::int16_t NewDocument();
+
+  /// Opens a new empty plan with the settings of the default document, and returns its number.
+  std::int16_t LoadNewDoc();
+
+  /// Adds a repetitive dive behind `previous`, which must be one that CanBeFollowed, after a surface interval in
+  /// minutes, on air or, on a rebreather, from the loop. The new plan is empty and has a copy of the template. Returns
+  /// its number.
+  std::int16_t AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir = true);
+
+  /// The same for a dive that there was already, and between any two of a series: the later ones are computed anew.
+  std::int16_t InsertDive(std::int16_t previous, const DiveRecord& dive);
+
+  /// The caption of a document by its place in its series.
+  [[nodiscard]] std::string Caption(std::int16_t document);
+  /// Gives the window of a document its caption.
+  void ShowCaption(std::int16_t document);
+
+  /// The slot of a closed window may be used again.
+  void Unload(std::int16_t document);
+
+  [[nodiscard]] const PlanServices& Services() const { return services_; }
+
+ private:
+  PlanServices services_;
+  std::vector<std::unique_ptr<frmWaypointEditor>> forms_;
+};
+
+}  // namespace tav

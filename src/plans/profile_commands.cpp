@@ -1,0 +1,68 @@
+#include "plans/profile_commands.h"
+
+#include "model/path_text.h"
+#include "plans/captions.h"
+
+namespace tav {
+
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file) {
+  return OpenProfile(forms, file, ReadProfileFile(file));
+}
+
+std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file,
+                                      const ProfileText& profile, const std::function<void(std::int16_t)>& computed) {
+  const PlanServices& services = forms.Services();
+  std::vector<std::int16_t> opened;
+  for (const DiveRecord& dive : profile.dives) {
+    const std::int16_t number = forms.NewDocument();
+    DocumentState& document = services.documents(number);
+    document.Template = dive.Template;
+    document.ProfileName = SplitPath(file.string(), PathPart::FileName);
+    document.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
+    document.TemplateTitle = document.ProfileName;
+    document.SurfaceInterval = dive.SurfaceInterval;
+    services.display.ShowCaption(number, DocumentCaption(services.texts, document));
+
+    frmWaypointEditor& window = forms(number);
+    window.SetTemplate();
+    window.UserActions = dive.UserActions;
+    window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
+    if (!opened.empty()) {
+      document.PreviousDocument = opened.back();
+      window.PrevProfile = opened.back();
+      forms(opened.back()).NextProfile = number;
+      services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
+    }
+    window.ReEvaluateUserEnteredWaypoints();
+    opened.push_back(number);
+    if (computed) computed(number);
+  }
+  return opened;
+}
+
+std::string ProfileFileText(DocumentForms& forms, std::int16_t document) {
+  const PlanServices& services = forms.Services();
+  std::string text;
+  for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
+    const DocumentState& dive = services.documents(n);
+    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, forms(n).UserActions);
+  }
+  return text;
+}
+
+SaveNotes SaveProfile(DocumentForms& forms, std::int16_t document, const std::filesystem::path& file) {
+  const PlanServices& services = forms.Services();
+  SaveNotes notes = WriteTextFile(file, ProfileFileText(forms, document));
+  for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
+    DocumentState& dive = services.documents(n);
+    dive.ProfileName = SplitPath(file.string(), PathPart::FileName);
+    dive.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
+    if (dive.ProfileFolder.empty()) dive.ProfileFolder = "./";
+    dive.Modified = false;
+    forms.ShowCaption(n);
+  }
+  return notes;
+}
+
+}  // namespace tav

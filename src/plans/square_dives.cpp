@@ -1,0 +1,109 @@
+#include "plans/square_dives.h"
+
+#include <cmath>
+
+#include "compute/leg_expansion.h"
+#include "model/template_faults.h"
+
+namespace tav {
+namespace {
+
+double CountOf(Single start, Single end, Single step) { return std::floor((end - start) / step) + 1; }
+
+double DiveCount(const TableAxes& axes) {
+  return CountOf(axes.StartDepth, axes.EndDepth, axes.DepthStep) * CountOf(axes.StartTime, axes.EndTime, axes.TimeStep);
+}
+
+}  // namespace
+
+AxesFault FindAxesFault(const TableAxes& axes) {
+  if (axes.StartDepth > axes.EndDepth) return AxesFault::StartDepthBeyondEnd;
+  if (axes.DepthStep <= 0) return AxesFault::DepthStepNotPositive;
+  if (axes.StartTime > axes.EndTime) return AxesFault::StartTimeBeyondEnd;
+  if (axes.TimeStep <= 0) return AxesFault::TimeStepNotPositive;
+  if (axes.StartTime < 0) return AxesFault::StartTimeNegative;
+  if (axes.EndTime < 0) return AxesFault::EndTimeNegative;
+  if (axes.StartDepth < 0) return AxesFault::StartDepthNegative;
+  if (axes.EndDepth < 0) return AxesFault::EndDepthNegative;
+  if (axes.EndDepth > kMaximumDepth || axes.EndTime > kMaximumLegTime) return AxesFault::OutOfReach;
+  if (DiveCount(axes) > kMostSquareDives) return AxesFault::TooManyDives;
+  return AxesFault::None;
+}
+
+int TextOf(AxesFault fault) {
+  switch (fault) {
+    case AxesFault::None:
+      return 0;
+    case AxesFault::StartDepthBeyondEnd:
+      return 2714;
+    case AxesFault::DepthStepNotPositive:
+      return 2715;
+    case AxesFault::StartTimeBeyondEnd:
+      return 2716;
+    case AxesFault::TimeStepNotPositive:
+      return 2717;
+    case AxesFault::StartTimeNegative:
+      return 2718;
+    case AxesFault::EndTimeNegative:
+      return 2719;
+    case AxesFault::StartDepthNegative:
+      return 2720;
+    case AxesFault::EndDepthNegative:
+      return 2721;
+    case AxesFault::OutOfReach:
+      return 7300;
+    case AxesFault::TooManyDives:
+      return 7301;
+  }
+  return 0;
+}
+
+void setFastTemplate(DiveTemplate& diveTemplate) { diveTemplate.DescendRates = {{0, 0, 1000.0, 0}}; }
+
+SquareDives::SquareDives(const PlanServices& services, std::int16_t document, std::int16_t mix, bool fastDescent,
+                         const TableAxes& axes)
+    : run_(services, services.documents(document), nullptr),
+      fault_(services.texts.Words(JoinFaults(TemplateFaults(run_.Template())))),
+      mix_(mix),
+      fastDescent_(fastDescent),
+      axes_(axes),
+      depth_(axes.StartDepth),
+      of_(static_cast<int>(DiveCount(axes))) {
+  if (fastDescent) setFastTemplate(run_.Template());
+}
+
+std::optional<TableDives> SquareDives::Next(const RunProgress& progress) {
+  const auto proceed = [&] {
+    cancelled_ = cancelled_ || !progress(done_, of_);
+    return !cancelled_;
+  };
+  if (depth_ > axes_.EndDepth || !proceed()) return std::nullopt;
+  TableDives result{run_.Template(), std::vector<TableDive>(1)};
+  result.model = run_.Model();
+  result.descentCounts = !fastDescent_;
+  for (Single time = axes_.StartTime; time <= axes_.EndTime; time += axes_.TimeStep) {
+    if (!fillProfile(result.dives.emplace_back(), depth_, time, proceed)) return std::nullopt;
+    ++done_;
+    if (!proceed()) return std::nullopt;
+  }
+  depth_ += axes_.DepthStep;
+  return result;
+}
+
+bool SquareDives::fillProfile(TableDive& dive, Single depth, Single time, const std::function<bool()>& proceed) {
+  dive.head = time;
+  dive.depth = depth;
+  const DiveTemplate& settings = run_.Template();
+  ClassProfile plan;
+  if (fastDescent_) {
+    constexpr double kAtOnce = 10000.0;  // depth units per minute
+    SaveUserProfile(plan, settings, depth, 0.001, kAtOnce, 0, 0, mix_);
+    SaveUserProfile(plan, settings, depth, time, 0, 0, 0, mix_);
+  } else {
+    Leg leg{0, 0, time, depth, mix_};
+    GetSegmentedProfile(leg, settings, plan);
+  }
+  return run_.Compute(plan, false, dive, proceed);
+}
+
+}  // namespace tav

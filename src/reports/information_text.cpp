@@ -1,0 +1,134 @@
+#include "reports/information_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tav {
+namespace {
+
+constexpr int kColumns = 80;
+constexpr int kCells = 13;
+constexpr std::array<int, kCells> kWidths{6, 5, 7, 4, 3, 5, 5, 5, 3, 7, 6, 6, 4};
+constexpr std::size_t kStatusColumn = 12;
+
+using Cells = std::array<std::string, kCells>;
+
+/// Letters, not bytes: all but the continuation bytes of UTF-8.
+int LengthOf(const std::string& text) {
+  return static_cast<int>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+std::string Blanks(int count) { return std::string().append(static_cast<std::size_t>(std::max(0, count)), ' '); }
+std::string Rule(int length) { return std::string(static_cast<std::size_t>(length), '_') + "\r\n"; }
+
+std::string Centred(const std::string& text) {
+  const int length = LengthOf(text);
+  if (length > kColumns) return text + "\r\n";
+  const int before = static_cast<int>(std::nearbyint((kColumns - length) / 2.0));
+  return Blanks(before + 1) + text + Blanks(kColumns - before + 1) + "\r\n";
+}
+
+std::string Title(const std::string& title) { return Rule(kColumns + 1) + Centred(title) + Rule(kColumns + 1); }
+
+std::string ThreeColumns(const std::string& first, const std::string& second, const std::string& third) {
+  constexpr int kSecondAt = 19;
+  constexpr int kThirdAt = 50;
+  std::string line = first + Blanks(kSecondAt - LengthOf(first)) + second;
+  return line + Blanks(kThirdAt - LengthOf(line)) + third + "\r\n";
+}
+
+std::string TableRow(const Cells& cells) {
+  std::string line;
+  for (std::size_t i = 0; i < cells.size(); ++i) line += cells[i] + Blanks(kWidths[i] + 1 - LengthOf(cells[i]));
+  return line + "\r\n";
+}
+
+/// A label and its value: one ": " between them, also behind a label that ends in a colon.
+std::string Labelled(const std::string& label, const std::string& value) {
+  return label + (label.ends_with(':') ? " " : ": ") + value;
+}
+
+/// Tables that are wider than 80 columns: a line for each gas and each leg, "Cylinders: 2 x 12 l, Fill: 200 bar, ...".
+std::string SupplyText(const SupplyTables& supply) {
+  std::string text;
+  const auto add = [&](const SupplyTables::Table& table, const std::string& title) {
+    text += Title(title + ":   ");
+    for (std::size_t row = 1; row < table.size(); ++row) {
+      std::string line;
+      for (std::size_t i = 0; i < table[row].size(); ++i) {
+        const std::string piece =
+            Labelled(table[0][i].text, table[row][i].text) + (i + 1 < table[row].size() ? "," : "");
+        if (LengthOf(line) + LengthOf(piece) + 1 > kColumns) {
+          text += line + "\r\n";
+          line = "   ";
+        }
+        if (!line.empty()) line += " ";
+        line += piece;
+      }
+      text += line + "\r\n";
+    }
+  };
+  add(supply.gases, supply.gasTitle);
+  if (supply.legs.size() > 1) add(supply.legs, supply.legTitle);
+  return text + Rule(kColumns);
+}
+
+}  // namespace
+
+std::string InformationText(const ShownInformation& shown, const TextSource& texts) {
+  const auto T = [&texts](int id) { return texts.GetResString(id); };
+  const DiveInformation::Block& info = shown.info;
+  std::string text = Title(T(6084) + ":   " + shown.planCaption);
+  if (!shown.notice.empty()) text += Centred("! " + shown.notice);
+  text += Centred(T(2100));
+  text += T(6022) + shown.surfaceInterval + "\r\n\r\n";
+
+  text += ThreeColumns(Labelled(T(2143), info.model), Labelled(T(2140), info.units), Labelled(T(6048), info.apparatus));
+  text += "\r\n";
+  text += ThreeColumns(T(6032), T(6037), T(6025));
+  text +=
+      ThreeColumns(Labelled(T(1643), info.stepSize), " " + info.depthConservatism, " " + T(2134) + info.startAltitude);
+  text += ThreeColumns(Labelled(T(2138), info.lastStop), " " + info.gfConservatism, "   " + info.startPressure);
+  const std::string lowGF = info.showsGF ? "   " + Labelled(T(6171), info.lowGF) : "";
+  const std::string highGF = info.showsGF ? "   " + Labelled(T(6170), info.highGF) : "";
+  text += ThreeColumns("", lowGF, " " + T(2135) + info.endAltitude);
+  text += ThreeColumns("", highGF, "    " + info.endPressure);
+  text += Labelled(T(6045), info.o2Narcotic) + "\r\n\r\n\r\n";
+
+  text += Title(T(2127));
+  text += TableRow({T(6060), T(6142), T(2110), "%O2", "%He", T(6041), T(6073), T(6074), T(6044), T(2104), T(2108),
+                    T(2109), T(2143)});
+  const auto rows = [](const DiveInformation::Table& table, auto cellsOf) {
+    std::string lines;
+    for (std::size_t row = 1; row < table.size(); ++row) lines += TableRow(cellsOf(table[row]));
+    return lines;
+  };
+  text += rows(shown.profile, [](const std::vector<GridCell>& row) {
+    Cells cells;
+    std::size_t at = 0;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+      if (column != kStatusColumn) cells.at(at++) = row[column].text;
+    }
+    return cells;
+  });
+
+  text += Title(T(1605) + ":   ");
+  text += TableRow({T(6060), T(6142), T(2110), "%O2", "%He"});
+  text += rows(shown.decoStops, [](const std::vector<GridCell>& row) {
+    Cells cells;
+    for (std::size_t column = 0; column < row.size(); ++column) cells.at(column) = row[column].text;
+    return cells;
+  });
+  text += Rule(kColumns);
+
+  text += Title(T(2128) + ":   ");
+  text += TableRow({T(2122), "", T(6108)});
+  text += rows(shown.gas, [](const std::vector<GridCell>& row) { return Cells{row[0].text, "", row[1].text}; });
+  text += Rule(kColumns);
+  if (!shown.supply.gases.empty()) text += SupplyText(shown.supply);
+  return text;
+}
+
+}  // namespace tav

@@ -1,0 +1,267 @@
+#include "reports/slate.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "figures/dive_figures.h"
+#include "figures/loop_state.h"
+#include "figures/model_name.h"
+#include "figures/schedule.h"
+#include "pages/page_units.h"
+
+namespace tav {
+namespace {
+
+constexpr int kCaption = 7733;
+constexpr int kUntil = 7734;
+constexpr int kTurn = 7735;
+constexpr int kDoesNotDecompress = 7736;
+constexpr int kWithoutAscent = 8257;
+constexpr int kSurface = 7737;
+constexpr int kLoop = 7738;
+constexpr int kPPO2 = 7739;
+constexpr int kSteps = 7740;
+constexpr int kAltitudes = 7742;
+constexpr int kAltitude = 7743;
+constexpr int kDepthsAdjusted = 7744;
+constexpr int kStopsOpen = 7745;
+constexpr int kOpenCircuit = 1107;
+constexpr int kDepth = 7315;
+constexpr int kStop = 7316;
+constexpr int kRun = 7317;
+constexpr int kGas = 7318;
+constexpr int kMetres = 7425;
+constexpr int kFeet = 7426;
+
+constexpr int kColumns = 2;
+constexpr int kRows = 2;
+constexpr double kPageWidth = page::kWidth / page::kUnitsPerCm;
+constexpr double kPageHeight = page::kHeight / page::kUnitsPerCm;
+constexpr double kCardWidth = kPageWidth / kColumns;
+constexpr double kCardHeight = kPageHeight / kRows;
+
+// cm within a card; printers leave the edge of a page white
+constexpr double kMargin = 0.7;
+constexpr double kRight = kCardWidth - kMargin;
+constexpr double kHeads = 2.35;
+constexpr double kTop = 2.75;
+constexpr double kSettings = kCardHeight - 0.85;
+constexpr double kBottom = kSettings - 0.1;
+
+constexpr int kSmall = 7;
+constexpr int kHeadSize = 9;
+constexpr Colour kWhite = RGB(255, 255, 255);
+constexpr Colour kGrey = RGB(225, 225, 225);
+const std::string kArial = "Arial";
+
+}  // namespace
+
+/// A column of rows: places in cm from its left edge, of the right edges of figures and the left edge of the gas.
+struct Slate::Layout {
+  int size;
+  double rowHeight;
+  int columns;
+  double width;
+  double depth, stop, run, gas;
+
+  [[nodiscard]] std::size_t RowsOfColumn() const {
+    return static_cast<std::size_t>(std::floor((kBottom - kTop) / rowHeight));
+  }
+  /// The index behind the last row of each column. A gas change stands above its stop, not alone at the end of one.
+  [[nodiscard]] std::vector<std::size_t> Ends(const std::vector<SlateRow>& rows) const {
+    std::vector<std::size_t> ends;
+    for (std::size_t next = 0; next < rows.size();) {
+      std::size_t end = std::min(next + RowsOfColumn(), rows.size());
+      if (end < rows.size() && rows[end - 1].kind == SlateRow::Kind::Gas) --end;
+      ends.push_back(end);
+      next = end;
+    }
+    return ends;
+  }
+};
+
+void Slate::Left(double x, double y, const std::string& text, int size, int bold) {
+  out_.PrintTextLeft(x, y, text, kArial, size, bold);
+}
+
+void Slate::Right(double x, double y, const std::string& text, int size, int bold) {
+  out_.PrintTextRight(x, y, text, kArial, size, bold);
+}
+
+void Slate::Fitted(double x, double y, const std::string& text, int size, int bold, double cm) {
+  out_.PrintTextFitted(x, y, text, cm, kArial, size, bold);
+}
+
+double Slate::Width(const std::string& text, int size, bool bold) const {
+  return out_.Services().measure.TextWidth(text, {kArial, static_cast<double>(size), bold}) / page::kUnitsPerCm;
+}
+
+void Slate::Begin() {
+  out_.InitPreview();
+  cards_ = 0;
+}
+
+void Slate::End() {
+  if (cards_ > 0) out_.PrintPlainFooter("", "");
+  out_.EndReport(T(kCaption));
+}
+
+void Slate::OpenCard() {
+  if (cards_ == kColumns * kRows) {
+    out_.PrintPlainFooter("", "");
+    cards_ = 0;
+  }
+  if (cards_ == 0) {
+    out_.StartPlainPage();
+    CutMarks();
+  }
+  const int row = cards_ / kColumns;
+  const int column = cards_ % kColumns;
+  x_ = column * kCardWidth;
+  y_ = row * kCardHeight;
+  ++cards_;
+}
+
+void Slate::CutMarks() {
+  constexpr double kArm = 0.5;
+  const double x = kCardWidth;
+  const double y = kCardHeight;
+  out_.SetForeColor(kBlack);
+  out_.PrintBoxOutline(x, 0, x, kArm);
+  out_.PrintBoxOutline(x, kPageHeight - kArm, x, kPageHeight);
+  out_.PrintBoxOutline(0, y, kArm, y);
+  out_.PrintBoxOutline(kPageWidth - kArm, y, kPageWidth, y);
+  out_.PrintBoxOutline(x, y - kArm, x, y + kArm);
+  out_.PrintBoxOutline(x - kArm, y, x + kArm, y);
+}
+
+std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas + " " + T(kLoop) : row.gas; }
+
+void Slate::Add(const SlateDive& dive) {
+  const PrintPreview::Batch batch(out_);
+  metric_ = dive.settings.Metric;
+  const SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().separators);
+  constexpr double kInner = kRight - kMargin;
+  constexpr double kGap = 0.35;
+  const Layout wide{18, 0.76, 1, kInner, 2.2, 4.9, 7.7, 8.6};
+  const Layout narrow{14, 0.6, 2, (kInner - kGap) / 2, 1.25, 2.45, 3.85, 4.1};
+  const Layout& layout = rows.rows.size() <= wide.RowsOfColumn() ? wide : narrow;
+  const std::vector<std::size_t> ends = layout.Ends(rows.rows);
+  const auto columns = static_cast<std::size_t>(layout.columns);
+  const std::size_t parts = std::max<std::size_t>(1, (ends.size() + columns - 1) / columns);
+  std::size_t next = 0;
+  for (std::size_t part = 1; part <= parts; ++part) {
+    OpenCard();
+    Head(dive, rows, part, parts);
+    Left(x_ + kMargin, y_ + kSettings, SettingsLine(dive.settings), kSmall);
+    double left = x_ + kMargin;
+    for (std::size_t c = (part - 1) * columns; c < std::min(part * columns, ends.size()); ++c) {
+      ColumnHeads(layout, left);
+      for (double y = y_ + kTop; next < ends[c]; ++next, y += layout.rowHeight) {
+        Row(layout, rows.rows[next], left, y);
+      }
+      left += layout.width + kGap;
+    }
+  }
+}
+
+void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part, std::size_t parts) {
+  const double left = x_ + kMargin;
+  const double right = x_ + kRight;
+  std::string title = dive.title;
+  if (parts > 1) title += "  " + std::to_string(part) + "/" + std::to_string(parts);
+  if (!dive.variant.empty()) {
+    out_.PrintFilledBox(left, y_ + kMargin - 0.05, right, y_ + kMargin + 0.55, kGrey);
+    Right(right - 0.1, y_ + kMargin - 0.02, dive.variant, 14, 1);
+  }
+  Fitted(left + 0.1, y_ + kMargin + 0.05, title, 10, 1,
+         right - left - 0.6 - (dive.variant.empty() ? 0.0 : Width(dive.variant, 14, true)));
+  const SlateRow& bottom = rows.bottom;
+  const std::string unit = T(metric_ ? kMetres : kFeet);
+  constexpr double kLine = 1.45;
+  std::string told;
+  if (!bottom.depth.empty()) {
+    told = bottom.depth + " " + unit + "  " + out_.Texts().Filled(kUntil, {bottom.runTime}) + "  " + GasOf(bottom) +
+           "  " + out_.Texts().Filled(kPPO2, {bottom.PPO2});
+  }
+  std::string note = dive.turn.empty() ? "" : out_.Texts().Filled(kTurn, {dive.turn});
+  const bool lacksAscent = LacksAscent(dive.rows);
+  if (!dive.decompresses) note = T(kDoesNotDecompress);
+  if (lacksAscent) note = T(kWithoutAscent);
+  constexpr int kSize = 16;
+  constexpr int kNoteSize = 14;
+  const double noteWidth = note.empty() ? 0.0 : Width(note, kNoteSize, true) + 0.4;
+  if (!dive.decompresses || lacksAscent) out_.SetForeColor(kRed);
+  Right(right, y_ + kLine + 0.05, note, kNoteSize, 1);
+  out_.SetForeColor(kBlack);
+  Fitted(left, y_ + kLine, told, kSize, 1, right - left - noteWidth);
+}
+
+void Slate::ColumnHeads(const Layout& layout, double left) {
+  const double y = y_ + kHeads;
+  Right(left + layout.depth, y, T(kDepth), kHeadSize);
+  Right(left + layout.stop, y, T(kStop), kHeadSize);
+  Right(left + layout.run, y, T(kRun), kHeadSize);
+  Left(left + layout.gas, y, T(kGas), kHeadSize);
+  out_.PrintBoxOutline(left, y_ + kTop - 0.02, left + layout.width, y_ + kTop - 0.02);
+}
+
+void Slate::Row(const Layout& layout, const SlateRow& row, double left, double y) {
+  if (row.kind == SlateRow::Kind::Gas) {
+    GasRow(layout, row, left, y);
+    return;
+  }
+  if (row.kind == SlateRow::Kind::Leg) out_.PrintFilledBox(left, y, left + layout.width, y + layout.rowHeight, kGrey);
+  Right(left + layout.depth, y, row.depth, layout.size, 1);
+  Right(left + layout.stop, y, row.minutes, layout.size, 1);
+  Right(left + layout.run, y, row.runTime, layout.size);
+  const std::string gas = row.kind == SlateRow::Kind::Surface ? T(kSurface) : row.gas;
+  Fitted(left + layout.gas, y, gas, layout.size, 0, layout.width - layout.gas);
+}
+
+void Slate::GasRow(const Layout& layout, const SlateRow& row, double left, double y) {
+  constexpr double kHair = 0.02;  // two black rows one below the other are two
+  const double right = left + layout.width;
+  out_.PrintFilledBox(left, y + kHair, right, y + layout.rowHeight - kHair, kBlack);
+  out_.SetForeColor(kWhite);
+  Right(left + layout.depth, y, row.depth, layout.size, 1);
+  const double gasLeft = left + layout.depth + 0.35;
+  const std::string gas = GasOf(row);
+  std::string ppo2 = out_.Texts().Filled(kPPO2, {row.PPO2});
+  const double room = right - 0.15 - gasLeft - 0.25;
+  if (Width(gas, layout.size, true) + Width(ppo2, layout.size, true) > room) ppo2 = row.PPO2;
+  Right(right - 0.15, y, ppo2, layout.size, 1);
+  Fitted(gasLeft, y, gas, layout.size, 1, room - Width(ppo2, layout.size, true));
+  out_.SetForeColor(kBlack);
+}
+
+std::string Slate::SettingsLine(const DiveTemplate& settings) const {
+  const auto number = [&](Single value) { return ScheduleText::ShortNumber(value, out_.Services().separators); };
+  const auto length = [&](Single value) { return number(value) + " " + T(settings.Metric ? kMetres : kFeet); };
+  const auto fixed = [&](Single value, int decimals) {
+    return WriteLocaleNumber(FormatFixed(value, decimals), out_.Services().separators);
+  };
+  std::string line = ModelName(model_);
+  const auto add = [&line](const std::string& part) { line += (line.empty() ? "" : ", ") + part; };
+  if (GradientFactorsAct(settings, model_)) {
+    add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
+  }
+  if (settings.DepthAdjust) add(T(kDepthsAdjusted));
+  if (settings.OpenCircuit) {
+    add(T(kOpenCircuit));
+  } else {
+    add(T(kLoop) + " " + fixed(settings.Setpoint, 2) + "/" + fixed(settings.DecoSetpoint, 2));
+    if (settings.OCDeco) add(T(kStopsOpen));
+    add(LoopState(settings, false, out_.Texts()));
+  }
+  add(out_.Texts().Filled(kSteps, {length(settings.StepSize), length(settings.LastStop)}));
+  if (settings.StartPressure != settings.EndPressure) {
+    add(out_.Texts().Filled(kAltitudes, {length(settings.StartAltitude), length(settings.EndAltitude)}));
+  } else if (settings.StartAltitude != 0) {
+    add(out_.Texts().Filled(kAltitude, {length(settings.StartAltitude)}));
+  }
+  add(out_.Services().environment.Today());
+  return line;
+}
+
+}  // namespace tav

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/model_choice.h"
+#include "model/dive_template.h"
+#include "model/profile.h"
+#include "pages/print_preview.h"
+#include "reports/slate_rows.h"
+
+namespace tav {
+
+/// One dive as a slate takes it. What it refers to outlives the call that takes it.
+struct SlateDive {
+  std::string title;    ///< of the plan
+  std::string variant;  ///< what is different from the plan; empty for the plan itself
+  const ClassProfile& rows;
+  const DiveTemplate& settings;
+  bool decompresses = true;
+  std::string turn = {};  ///< pressure to turn at, with its unit; empty when not told
+};
+
+/// Slates to take into the water: cards of the size A6, four to a page, with cut marks. Figures are in 14 points or
+/// more; a gas change is a whole row in white on black, ahead of the stop at which it is made. A short dive has one
+/// column in 18 points, a longer one two, and what is left goes on in the next card.
+class Slate {
+ public:
+  Slate(PrintPreview& out, const ModelChoice& model) : out_(out), model_(model) {}
+
+  void Begin();
+  /// Adds the cards of one dive.
+  void Add(const SlateDive& dive);
+  /// Closes the last page and shows the report.
+  void End();
+
+ private:
+  struct Layout;
+
+  void OpenCard();
+  void CutMarks();
+  void Head(const SlateDive& dive, const SlateRows& rows, std::size_t part, std::size_t parts);
+  void ColumnHeads(const Layout& layout, double left);
+  void Row(const Layout& layout, const SlateRow& row, double left, double y);
+  void GasRow(const Layout& layout, const SlateRow& row, double left, double y);
+  [[nodiscard]] std::string SettingsLine(const DiveTemplate& settings) const;
+  [[nodiscard]] std::string GasOf(const SlateRow& row) const;
+  void Fitted(double x, double y, const std::string& text, int size, int bold, double cm);
+  [[nodiscard]] double Width(const std::string& text, int size, bool bold) const;
+  [[nodiscard]] std::string T(int id) const { return out_.Texts().GetResString(id); }
+  void Left(double x, double y, const std::string& text, int size, int bold = 0);
+  void Right(double x, double y, const std::string& text, int size, int bold = 0);
+
+  PrintPreview& out_;
+  ModelChoice model_;
+  bool metric_ = true;
+  int cards_ = 0;  ///< on the open page
+  double x_ = 0;   ///< top left corner of the open card, cm
+  double y_ = 0;
+};
+
+}  // namespace tav

@@ -1,0 +1,245 @@
+#include "reports/what_if_table.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+#include "figures/schedule.h"
+#include "tables/table_remarks.h"
+
+namespace tav {
+namespace {
+
+using Kind = WhatIfColumn::Kind;
+
+constexpr int kNames = 7705;  // by Kind
+constexpr int kLostName = 7709;
+constexpr int kLongerBy = 7711;
+constexpr int kDeeperBy = 7712;
+constexpr int kMoment = 7713;
+constexpr int kRunTime = 7714;
+constexpr int kStops = 7715;
+constexpr int kCNS = 7716;
+constexpr int kCarried = 7717;
+constexpr int kEnough = 7718;
+constexpr int kShort = 7719;
+constexpr int kEndless = 7720;
+constexpr int kImpossible = 7721;
+constexpr int kStopAt = 7722;
+constexpr int kSwitchAt = 7056;
+constexpr int kMinutes = 7703;
+
+/// What a dive does at one depth of its ascent.
+using Stops = std::map<double, WhatIfTable::Cell, std::greater<>>;
+
+Stops StopsOf(const WhatIfColumn& column, const DiveTemplate& settings) {
+  Stops stops;
+  for (const ScheduleRow& row : ScheduleOf(column.rows, settings)) {
+    const bool stop = row.kind == ScheduleRow::Kind::Stop;
+    if (!stop && row.kind != ScheduleRow::Kind::GasChange) continue;
+    WhatIfTable::Cell& cell = stops[row.depth];
+    // A plan that goes down again comes to a depth twice.
+    if (stop) cell.figure += (cell.figure.empty() ? "" : "+") + ScheduleText::ShortNumber(row.minutes.value_or(0));
+    if (row.changesGas) cell.note += (cell.note.empty() ? "" : " ") + row.gas;
+  }
+  return stops;
+}
+
+class Builder {
+ public:
+  Builder(const std::vector<WhatIfColumn>& columns, const DiveTemplate& settings, const AdviceWords& words)
+      : columns_(columns), settings_(settings), words_(words) {}
+
+  WhatIfTable Build(const WhatIfWish& wish) {
+    for (const WhatIfColumn& column : columns_) {
+      table_.heads.push_back({NameOf(column, words_), DetailOf(column, wish, words_)});
+    }
+    StopRows();
+    Total(kRunTime, words_.T(kMinutes), [this](const Waypoint& last, const WhatIfColumn& column) {
+      WhatIfTable::Cell cell{words_.Short(last.RunTime), "", false};
+      if (!column.decompresses) cell = {cell.figure, words_.T(kEndless), true};
+      return cell;
+    });
+    Total(kStops, words_.T(kMinutes), [this](const Waypoint&, const WhatIfColumn& column) {
+      double minutes = 0;
+      for (std::int16_t i = 1; i <= column.rows.GetLength(); ++i) minutes += column.rows.getStopTime(i);
+      return WhatIfTable::Cell{words_.Short(minutes), "", false};
+    });
+    Total(kCNS, "%", [this](const Waypoint& last, const WhatIfColumn&) {
+      return WhatIfTable::Cell{words_.Fixed(last.TotalCNS * 100, 0), "", last.TotalCNS >= 1};
+    });
+    GasRows();
+    Warnings(wish);
+    return std::move(table_);
+  }
+
+ private:
+  void StopRows() {
+    std::vector<Stops> stops;
+    Stops depths;
+    for (const WhatIfColumn& column : columns_) {
+      stops.push_back(StopsOf(column, settings_));
+      for (const auto& [depth, cell] : stops.back()) depths[depth];
+    }
+    for (const auto& [depth, none] : depths) {
+      WhatIfTable::Row row{words_.T(kStopAt, {words_.Depth(depth)}), words_.T(kMinutes), {}, false};
+      bool stop = false;
+      for (const Stops& own : stops) {
+        const auto found = own.find(depth);
+        row.cells.push_back(found == own.end() ? WhatIfTable::Cell() : found->second);
+        stop = stop || !row.cells.back().figure.empty();
+      }
+      // No column stops there, some only change their gas.
+      if (!stop) {
+        row.label = words_.T(kSwitchAt, {words_.Depth(depth)});
+        row.unit.clear();
+      }
+      table_.rows.push_back(std::move(row));
+    }
+  }
+
+  template <class CellOf>
+  void Total(int label, const std::string& unit, CellOf cellOf) {
+    WhatIfTable::Row row{words_.T(label), unit, {}, true};
+    for (const WhatIfColumn& column : columns_) {
+      if (column.fault.empty()) {
+        row.cells.push_back(cellOf(column.rows.Row(column.rows.GetLength()), column));
+      } else {
+        row.cells.push_back({"", label == kRunTime ? words_.T(kImpossible) : "", true});
+      }
+    }
+    table_.rows.push_back(std::move(row));
+  }
+
+  void GasRows() {
+    std::vector<const GasNeed*> gases;
+    for (const WhatIfColumn& column : columns_) {
+      for (const GasNeed& need : column.gas) {
+        if (std::ranges::none_of(gases, [&](const GasNeed* known) { return known->mix == need.mix; })) {
+          gases.push_back(&need);
+        }
+      }
+    }
+    for (const GasNeed* gas : gases) {
+      WhatIfTable::Row row{gas->mix, words_.VolumeUnit(), {}, true};
+      if (gas->carried && *gas->carried > 0) {
+        row.label = words_.T(kCarried, {gas->mix, words_.Volume(*gas->carried)});
+        row.unit.clear();
+      }
+      for (const WhatIfColumn& column : columns_) {
+        const auto need = std::ranges::find(column.gas, gas->mix, &GasNeed::mix);
+        WhatIfTable::Cell& cell = row.cells.emplace_back();
+        if (need == column.gas.end()) continue;
+        cell.figure = words_.Fixed(need->used, words_.Metric() ? 0 : 1);
+        const std::optional<bool> enough = need->Enough();
+        if (!enough) continue;
+        cell.note = words_.T(*enough ? kEnough : kShort);
+        cell.bad = !*enough;
+      }
+      table_.rows.push_back(std::move(row));
+    }
+  }
+
+  /// The same lines as below bail-out tables and on cards.
+  void Warnings(const WhatIfWish& wish) {
+    const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Separators());
+    for (const WhatIfColumn& column : columns_) {
+      std::string name = NameOf(column, words_);
+      if (column.kind == Kind::BailOut) name += " " + DetailOf(column, wish, words_);
+      for (const GasWarning& warning : column.warnings) {
+        table_.warnings.push_back(name + ": " + WarningText(warning, words) + " (" + warning.gas + ")");
+      }
+    }
+  }
+
+  const std::vector<WhatIfColumn>& columns_;
+  const DiveTemplate& settings_;
+  const AdviceWords& words_;
+  WhatIfTable table_;
+};
+
+}  // namespace
+
+std::string NameOf(const WhatIfColumn& column, const AdviceWords& words) {
+  return column.kind == Kind::Lost ? words.T(kLostName, {column.lost})
+                                   : words.T(kNames + static_cast<int>(column.kind));
+}
+
+std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const AdviceWords& words) {
+  std::string longer = words.T(kLongerBy, {words.Short(wish.minutes)});
+  std::string deeper = words.T(kDeeperBy, {words.Depth(wish.depth)});
+  switch (column.kind) {
+    case Kind::Longer:
+      return longer;
+    case Kind::Deeper:
+      return deeper;
+    case Kind::Both:
+      return longer + " " + deeper;
+    case Kind::BailOut:
+      return column.rows.GetLength() == 0 ? ""
+                                          : words.T(kMoment, {words.Short(column.moment), words.Depth(column.depth)});
+    default:
+      return {};
+  }
+}
+
+WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const DiveTemplate& settings,
+                    const AdviceWords& words) {
+  return Builder(columns, settings, words).Build(wish);
+}
+
+std::string AlignedText(const WhatIfTable& table, std::size_t width) {
+  const auto padded = [](const std::string& text, std::size_t letters, bool left) {
+    const std::size_t own = Letters(text);
+    const std::string blanks(own < letters ? letters - own : 0, ' ');
+    return left ? text + blanks : blanks + text;
+  };
+  std::size_t labels = 0;
+  for (const WhatIfTable::Row& row : table.rows) labels = std::max(labels, Letters(row.Heading()));
+  struct Widths {
+    std::size_t figure = 3;
+    std::size_t note = 0;
+    std::size_t all = 0;
+  };
+  std::vector<Widths> widths(table.heads.size());
+  for (std::size_t c = 0; c < widths.size(); ++c) {
+    for (const WhatIfTable::Row& row : table.rows) {
+      widths[c].figure = std::max(widths[c].figure, Letters(row.cells[c].figure));
+      widths[c].note = std::max(widths[c].note, Letters(row.cells[c].note));
+    }
+    widths[c].all =
+        std::max({widths[c].figure + 1 + widths[c].note, Letters(table.heads[c].name), Letters(table.heads[c].detail)});
+  }
+  std::string text;
+  for (std::size_t first = 0; first < widths.size();) {
+    std::size_t end = first;
+    std::size_t taken = labels;
+    while (end < widths.size() && (end == first || taken + 2 + widths[end].all <= width)) {
+      taken += 2 + widths[end].all;
+      ++end;
+    }
+    const auto line = [&](const std::string& label, const auto& cellOf) {
+      std::string made = padded(label, labels, true);
+      for (std::size_t c = first; c < end; ++c) made += "  " + padded(cellOf(c), widths[c].all, true);
+      made.erase(made.find_last_not_of(' ') + 1);
+      text += made + "\n";
+    };
+    if (first > 0) text += "\n";
+    line("", [&](std::size_t c) { return table.heads[c].name; });
+    line("", [&](std::size_t c) { return table.heads[c].detail; });
+    bool totals = false;
+    for (const WhatIfTable::Row& row : table.rows) {
+      if (row.total && !totals) text += "\n";
+      totals = row.total;
+      line(row.Heading(), [&](std::size_t c) {
+        return padded(row.cells[c].figure, widths[c].figure, false) + " " + row.cells[c].note;
+      });
+    }
+    first = end;
+  }
+  if (!table.warnings.empty()) text += "\n";
+  for (const std::string& warning : table.warnings) text += "! " + warning + "\n";
+  return text;
+}
+
+}  // namespace tav

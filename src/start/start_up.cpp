@@ -1,0 +1,21 @@
+#include "start/start_up.h"
+
+#include "persist/template_file.h"
+
+namespace tav {
+
+StartFaults InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
+  DocumentState& standard = documents(DocumentStore::DefaultDocument);
+  standard.Modified = false;
+  standard.TemplateTitle = "Default";
+  standard.Template = ShippedDefaultTemplate();
+  StartFaults faults{folders.Find("template/Default.tpl"), {}, {}};
+  try {
+    faults.advice = LoadTemplateFile(standard.Template, faults.file);
+  } catch (const FileError& error) {
+    faults.broken = error;
+  }
+  return faults;
+}
+
+}  // namespace tav

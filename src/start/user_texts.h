@@ -1,0 +1,49 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "persist/format_faults.h"
+#include "start/language_table.h"
+
+namespace tav {
+
+/// The table for a locale such as "de_AT.UTF-8" among those of the language folder; the default one when there is none
+/// for its language.
+std::string TableOfLocale(const std::filesystem::path& programFolder, std::string_view locale);
+
+/// The locale of messages that the environment names: LC_ALL, LC_MESSAGES or LANG, the first that is set; empty for
+/// none.
+std::string LocaleOfMessages();
+
+/// The texts of one language, for programs without a window; the table is read when the first text is asked for. One
+/// that can't be read leaves the default language.
+class LazyTexts : public TextSource {
+ public:
+  enum class Language {
+    User,     ///< that of his settings, else that of his environment
+    Default,  ///< for output that programs read
+  };
+
+  LazyTexts(std::filesystem::path programFolder, Language language)
+      : programFolder_(std::move(programFolder)), language_(language) {}
+
+  [[nodiscard]] std::string GetResString(int id) const override;
+
+ private:
+  void Read() const;
+
+  std::filesystem::path programFolder_;
+  Language language_;
+  mutable LanguageTable table_;
+  mutable bool read_ = false;
+};
+
+/// What is odd in a file that was read, for a box: the file, and a line for each, the first ten. Empty for no advice.
+std::string AdviceText(const TextSource& texts, const std::filesystem::path& file,
+                       const std::vector<FormatFault>& advice);
+
+}  // namespace tav

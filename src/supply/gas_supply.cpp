@@ -1,0 +1,255 @@
+#include "supply/gas_supply.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+#include "compute/leg_expansion.h"
+#include "engine/breathing_gas.h"
+#include "plans/scratch_run.h"
+
+namespace tav {
+namespace {
+
+constexpr double kNoise = 1e-3;  // litres or cubic feet; far below what is shown
+
+/// What cylinders and rows tell of each gas.
+class Stores {
+ public:
+  Stores(const DiveTemplate& settings, const ClassProfile& rows, const std::vector<Cylinder>& cylinders)
+      : settings_(settings), rows_(rows), cylinders_(cylinders) {}
+
+  std::vector<GasStore> All() {
+    for (const GasMix& blend : settings_.Blends) Add(blend.Name);
+    for (const Cylinder& cylinder : cylinders_) Add(cylinder.Gas);
+    return std::move(stores_);
+  }
+
+ private:
+  void Add(const std::string& gas) {
+    if (std::ranges::find(stores_, gas, &GasStore::gas) != stores_.end()) return;
+    GasStore store;
+    store.gas = gas;
+    Fill(store);
+    Breathe(store);
+    Judge(store);
+    if (!store.cylinders.empty() || store.used > 0) stores_.push_back(std::move(store));
+  }
+
+  void Fill(GasStore& store) const {
+    const bool metric = settings_.Metric;
+    bool bar = false;
+    bool psi = false;
+    for (const Cylinder& cylinder : cylinders_) {
+      if (cylinder.Gas != store.gas) continue;
+      store.cylinders.push_back(cylinder);
+      (cylinder.InLitres() ? bar : psi) = true;
+      const double perPressure = GasPerPressure(cylinder, metric);
+      store.perPressure += perPressure;
+      store.carried += perPressure * PressureIn(metric, cylinder, cylinder.Fill);
+      store.reserve += perPressure * PressureIn(metric, cylinder, cylinder.Reserve);
+    }
+    store.gaugeInBar = bar == psi ? metric : bar;
+    store.perPressure /= GaugePressure(1, metric, store.gaugeInBar);
+  }
+
+  void Breathe(GasStore& store) const {
+    for (std::int16_t i = 0; i <= rows_.GetLength(); ++i) {
+      if (rows_.GetGasMixName(i) != store.gas || !(rows_.getGasUsed(i) > 0)) continue;
+      store.used += rows_.getGasUsed(i);
+      store.lastRow = i;
+    }
+  }
+
+  void Judge(GasStore& store) const {
+    if (!FindBlend(store.gas, settings_)) {
+      store.verdict = GasVerdict::UnknownGas;
+    } else if (!(store.used > 0)) {
+      store.verdict = GasVerdict::NotBreathed;
+    } else if (store.cylinders.empty()) {
+      store.verdict = GasVerdict::NoCylinder;
+      store.firstRow = RowThatPasses(store, 0);
+    } else if (store.ShownLeft(settings_.Metric) < -kNoise) {
+      store.verdict = GasVerdict::RunsOut;
+      store.firstRow = RowThatPasses(store, store.carried);
+    } else if (store.ShownLeft(settings_.Metric) < ShownVolume(store.reserve, settings_.Metric) - kNoise) {
+      store.verdict = GasVerdict::IntoReserve;
+      store.firstRow = RowThatPasses(store, store.carried - store.reserve);
+    }
+  }
+
+  /// The row in which more than a volume has been breathed.
+  [[nodiscard]] std::int16_t RowThatPasses(const GasStore& store, double volume) const {
+    double used = 0;
+    for (std::int16_t i = 0; i < store.lastRow; ++i) {
+      if (rows_.GetGasMixName(i) != store.gas) continue;
+      used += rows_.getGasUsed(i);
+      if (used > volume + kNoise) return i;
+    }
+    return store.lastRow;
+  }
+
+  const DiveTemplate& settings_;
+  const ClassProfile& rows_;
+  const std::vector<Cylinder>& cylinders_;
+  std::vector<GasStore> stores_;
+};
+
+/// The legs of a plan, each with the way up from its end.
+class Legs {
+ public:
+  Legs(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice)
+      : window_(forms(document)),
+        state_(forms.Services().documents(document)),
+        settings_(state_.Template),
+        rows_(window_.InputProfile),
+        choice_(choice),
+        services_(forms.Services()),
+        model_(window_.EvaluatedWith()),
+        quiet_{services_.documents, model_, observer_, services_.display, services_.boxes, services_.texts},
+        run_(quiet_, state_, window_.PrevProfile == -1 ? nullptr : &services_.documents(window_.PrevProfile)) {}
+
+  std::vector<LegSupply> All() {
+    std::vector<LegSupply> legs;
+    int leg = 0;
+    std::int16_t before = 0;
+    for (std::int16_t n = 1; n <= window_.UserActions.GetLength(); ++n) {
+      const std::int16_t last = window_.LastRowOf(n);
+      if (window_.UserActions.getaction(n) == ClassUseractions::kLeg) {
+        ++leg;
+        if (last > before && rows_.getDepth(last) > 0) legs.push_back(EndOf(leg, last));
+      }
+      before = last;
+    }
+    return legs;
+  }
+
+ private:
+  [[nodiscard]] LegSupply EndOf(int number, std::int16_t row) {
+    const Waypoint& end = rows_.Row(row);
+    LegSupply leg;
+    leg.leg = number;
+    leg.row = row;
+    leg.depth = end.Depth;
+    leg.runTime = end.RunTime;
+    leg.gas = end.GasMixName;
+    // Gas is counted at the depth that the plan is computed on.
+    const double perPressure = DepthPerPressure(settings_.Metric);
+    leg.ambient = settings_.StartPressure + AdjustedDepth(end.Depth, settings_) / perPressure;
+    const double breathing = choice_.team * choice_.stress * settings_.RMV;
+    leg.sorting = breathing * choice_.minutes * leg.ambient;
+    const std::optional<double> wayUp = WayUpFrom(row);
+    leg.decompresses = wayUp.has_value();
+    leg.ascent = breathing * wayUp.value_or(0);
+    return leg;
+  }
+
+  /// Minutes times pressure of the way up on the gas of a row, until the next gas; nothing when a stop never clears.
+  [[nodiscard]] std::optional<double> WayUpFrom(std::int16_t row) {
+    const Waypoint& end = rows_.Row(row);
+    ClassProfile cut;
+    cut.CopyUntil(rows_, row);
+    if (choice_.minutes > 0) {
+      SaveUserProfile(cut, settings_, end.Depth, choice_.minutes, 0, end.RunTime, RowStatus::kLeg, end.MixNumber);
+    }
+    TableDive dive;
+    // What never clears is asked about at its first stop, and ended there.
+    if (!run_.Compute(cut, true, dive, [] { return false; })) return std::nullopt;
+    const ClassProfile& way = dive.profile;
+    double breathed = 0;
+    for (auto i = static_cast<std::int16_t>(cut.GetLength() + 1); i <= way.GetLength(); ++i) {
+      const Waypoint& piece = way.Row(i);
+      if (piece.GasMixName != end.GasMixName) break;
+      const Single from = way.getDepth(static_cast<std::int16_t>(i - 1));
+      const Single surface = settings_.EndPressure;
+      breathed += piece.Rate == 0 ? GasUsedAtDepth(piece.Depth, piece.SegmentTime, 1, surface, settings_.Metric)
+                                  : GasUsedOnRamp(from, piece.Depth, piece.Rate, 1, surface, settings_.Metric);
+    }
+    return breathed;
+  }
+
+  frmWaypointEditor& window_;
+  const DocumentState& state_;
+  const DiveTemplate& settings_;
+  const ClassProfile& rows_;
+  const SupplyChoice& choice_;
+  const PlanServices& services_;
+  ModelChoice model_;        // that made the rows, whichever is chosen now
+  EngineObserver observer_;  // the ways up warn nobody
+  PlanServices quiet_;
+  ScratchRun run_;
+};
+
+/// What a leg leaves in its cylinders, and when to turn on it.
+void HoldAgainstStore(LegSupply& leg, const GasStore* store, const ClassProfile& rows, const DiveTemplate& settings,
+                      TurnRule rule) {
+  if (store == nullptr || store->cylinders.empty()) return;
+  for (std::int16_t i = 0; i <= leg.row; ++i) {
+    if (rows.GetGasMixName(i) == leg.gas) leg.used += rows.getGasUsed(i);
+  }
+  leg.left = store->carried - leg.used;
+  if (!settings.OpenCircuit || !leg.decompresses) return;
+  const double kept = std::max(leg.Minimum(), store->reserve);
+  if (kept <= store->carried) {
+    leg.turnPressure = store->Pressure(store->carried - (store->carried - kept) * ShareOf(rule));
+  }
+}
+
+}  // namespace
+
+double ShownVolume(double volume, bool metric) {
+  const double parts = metric ? 1 : 10;
+  return std::round(Single(volume) * parts) / parts;
+}
+
+double PressureToActBy(double pressure, bool inBar) {
+  const double step = inBar ? 10 : 100;
+  return std::ceil((pressure - kNoise) / step) * step;
+}
+
+const GasStore* GasSupply::Of(const std::string& gas) const {
+  const auto found = std::ranges::find(gases, gas, &GasStore::gas);
+  return found == gases.end() ? nullptr : &*found;
+}
+
+double GasSupply::ShownLeft(const LegSupply& leg) const {
+  const GasStore* store = Of(leg.gas);
+  if (store == nullptr || store->cylinders.empty()) return 0;
+  return ShownVolume(store->carried, metric) - ShownVolume(leg.used, metric);
+}
+
+bool GasSupply::HoldsMinimum(const LegSupply& leg) const {
+  return leg.decompresses && ShownLeft(leg) >= leg.ShownMinimum(metric) - kNoise;
+}
+
+bool GasSupply::PassesTurn(const LegSupply& leg) const {
+  const GasStore* store = Of(leg.gas);
+  if (store == nullptr || !leg.turnPressure) return false;
+  return *store->Pressure(leg.left) < PressureToActBy(*leg.turnPressure, store->gaugeInBar) - kNoise;
+}
+
+GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
+                   const std::vector<Cylinder>& cylinders) {
+  GasSupply supply;
+  supply.choice = choice;
+  supply.metric = forms.Services().documents(document).Template.Metric;
+  const frmWaypointEditor& window = forms(document);
+  const ClassProfile& rows = window.InputProfile;
+  if (cylinders.empty() || rows.GetLength() == 0 || !window.EvaluationFault().empty()) return supply;
+  const DiveTemplate& settings = forms.Services().documents(document).Template;
+  supply.gases = Stores(settings, rows, cylinders).All();
+  try {
+    supply.legs = Legs(forms, document, choice).All();
+  } catch (const std::runtime_error&) {
+    // A plan that has as many rows as there can be has none left for a way up.
+    return supply;
+  }
+  for (LegSupply& leg : supply.legs) HoldAgainstStore(leg, supply.Of(leg.gas), rows, settings, choice.rule);
+  return supply;
+}
+
+GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice) {
+  return SupplyOf(forms, document, choice, forms.Services().documents(document).Template.Cylinders);
+}
+
+}  // namespace tav

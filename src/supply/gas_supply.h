@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/cylinder.h"
+#include "plans/document_forms.h"
+#include "supply/supply_choice.h"
+
+/// Whether the cylinders that a diver carries hold what a dive asks for. Gas is ideal, volumes are litres at 1 bar or
+/// cubic feet at 1 atmosphere, as the plan counts them.
+namespace tav {
+
+enum class GasVerdict {
+  Enough,
+  IntoReserve,  ///< less is left than the reserve
+  RunsOut,
+  NoCylinder,  ///< breathed, and no cylinder holds it
+  NotBreathed,
+  UnknownGas,  ///< in a cylinder, and no gas of the template has its name
+};
+
+/// A volume as it is printed: in whole litres, or tenths of a cubic foot. Volumes are held against each other in this
+/// form, so that what is printed adds up, and no gas is short by what nobody can read.
+double ShownVolume(double volume, bool metric);
+
+/// A pressure to act by, in bar or psi: rounded up to 10 bar or 100 psi, which a gauge shows.
+double PressureToActBy(double pressure, bool inBar);
+
+/// One gas: what is carried and what the plan breathes of it. Several cylinders of one gas are one supply, as if joined
+/// by a manifold: their pressures are those after evening out. Pressures are in the unit of its gauges, that of the
+/// plan where they differ.
+struct GasStore {
+  std::string gas;
+  std::vector<Cylinder> cylinders;
+  bool gaugeInBar = true;
+  double perPressure = 0;  ///< volume for each bar or psi; 0 without cylinders
+  double carried = 0;
+  double reserve = 0;
+  double used = 0;
+  GasVerdict verdict = GasVerdict::Enough;
+  std::int16_t firstRow = 0;  ///< where it runs out or goes into its reserve, or is first breathed without a cylinder
+  std::int16_t lastRow = 0;   ///< the last row that breathes it; 0 when none does
+
+  [[nodiscard]] double Left() const { return carried - used; }
+  /// In whole litres or tenths of a cubic foot, as printed: the difference of what is printed beside it.
+  [[nodiscard]] double ShownLeft(bool metric) const { return ShownVolume(carried, metric) - ShownVolume(used, metric); }
+  /// A volume as a pressure of its cylinders; nothing without cylinders.
+  [[nodiscard]] std::optional<double> Pressure(double volume) const {
+    return perPressure > 0 ? std::optional(volume / perPressure) : std::nullopt;
+  }
+};
+
+/// What must be left at the end of a leg, and when to turn. The way up is computed from there, after the minutes of
+/// sorting out, on open circuit with the gas changes of the template, until the next gas or the surface.
+struct LegSupply {
+  int leg = 1;           ///< from 1
+  std::int16_t row = 0;  ///< where it ends
+  Single depth;
+  Single runTime;
+  std::string gas;                     ///< breathed there
+  double ambient = 0;                  ///< bar or atmospheres
+  double sorting = 0;                  ///< volume of the minutes at depth, for the whole team
+  double ascent = 0;                   ///< volume of the way up on this gas, for the whole team
+  bool decompresses = true;            ///< else the way up never ends, and no gas is enough
+  double left = 0;                     ///< what the plan leaves of the gas there; 0 without cylinders
+  double used = 0;                     ///< of the gas up to there
+  std::optional<double> turnPressure;  ///< nothing without cylinders, and from a loop, which uses none of it
+
+  /// team x stress x RMV x (minutes at depth + the way up)
+  [[nodiscard]] double Minimum() const { return sorting + ascent; }
+  /// As printed: the sum of its printed parts.
+  [[nodiscard]] double ShownMinimum(bool metric) const {
+    return ShownVolume(sorting, metric) + ShownVolume(ascent, metric);
+  }
+};
+
+struct GasSupply {
+  std::vector<GasStore> gases;  ///< in the order of the template, then those that it lacks; empty: nothing was told
+  std::vector<LegSupply> legs;  ///< those that end below the surface
+  SupplyChoice choice;
+  bool metric = true;  ///< volumes are litres, else cubic feet
+
+  [[nodiscard]] bool IsTold() const { return !gases.empty(); }
+  /// nullptr for a gas without use and cylinders.
+  [[nodiscard]] const GasStore* Of(const std::string& gas) const;
+  /// What the plan leaves of its gas at the end of a leg, as printed; 0 without cylinders.
+  [[nodiscard]] double ShownLeft(const LegSupply& leg) const;
+  /// The cylinders hold the minimum gas of a leg when it ends.
+  [[nodiscard]] bool HoldsMinimum(const LegSupply& leg) const;
+  /// The plan goes past the pressure to turn at before a leg ends.
+  [[nodiscard]] bool PassesTurn(const LegSupply& leg) const;
+};
+
+/// The supply of a computed dive with the cylinders of its template, or with others. Empty when there are no cylinders
+/// or no rows. Takes one run of the engine for each leg.
+GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice);
+GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
+                   const std::vector<Cylinder>& cylinders);
+
+}  // namespace tav

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "figures/advice_words.h"
+#include "supply/gas_supply.h"
+#include "supply/supply_tables.h"
+
+/// The gas supply in words and tables, the same in windows, on paper and in the terminal.
+namespace tav {
+
+/// "2 x 12 l", "1 x 80 cu ft (3000 psi)"; the cylinders of one gas joined by " + ".
+std::string CylindersText(const GasStore& store, const AdviceWords& words);
+
+/// "enough", "runs out", ...
+std::string VerdictText(const GasStore& store, const AdviceWords& words);
+std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words);
+/// Whether a verdict is one to act on.
+bool IsShort(const GasStore& store);
+bool IsShort(const GasSupply& supply, const LegSupply& leg);
+
+/// A pressure to act by as it is printed (PressureToActBy).
+std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words);
+
+/// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.013 bar x 2 min = 1122 l, + ascent 1240 l".
+/// The product and the sum are those of the figures that stand there. `rmv` is that of the template.
+std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words);
+
+/// All of it in two tables; both without rows when there is no supply.
+SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words);
+
+/// The tables of a computed dive with the cylinders of its template.
+SupplyTables SupplyTablesOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
+                            const TextSource& texts, const LocaleSeparators& separators);
+
+}  // namespace tav

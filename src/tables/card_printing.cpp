@@ -1,0 +1,156 @@
+#include "tables/card_printing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "pages/wrapped_text.h"
+#include "tables/table_remarks.h"
+
+namespace tav {
+namespace {
+
+// What the cards say.
+constexpr int kLeaveAt = 7314;
+constexpr int kMinutes = 7306;
+constexpr int kDepth = 7315;
+constexpr int kStop = 7316;
+constexpr int kRunTime = 7317;
+constexpr int kGas = 7318;
+constexpr int kNeeded = 7319;
+constexpr int kLitres = 7320;
+constexpr int kCubicFeet = 7321;
+constexpr int kNoDecompression = 7322;
+constexpr int kMetres = 6027;
+constexpr int kFeet = 6029;
+
+// cm within a card
+constexpr double kMargin = 0.4;
+constexpr double kHeads = 1.65;
+constexpr double kRows = 2.1;
+constexpr double kRowHeight = 0.53;
+constexpr double kNoteHeight = 0.42;
+constexpr double kEnd = TableSlots::kCellHeight - 0.3;
+constexpr double kDepthRight = 1.6;
+constexpr double kStopRight = 2.8;
+constexpr double kRunRight = 4.2;
+constexpr double kGasLeft = 4.5;
+constexpr double kRight = TableSlots::kCellWidth - kMargin;
+
+constexpr int kRowSize = 13;  // points: read at arm's length, by a lamp
+constexpr int kSmallestSize = 9;
+constexpr int kHeadSize = 9;
+constexpr int kNoteSize = 9;
+const std::string kArial = "Arial";
+const std::string kWarning = "! ";
+
+class CardPrinter {
+ public:
+  CardPrinter(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card)
+      : writer_(writer), pages_(pages), set_(set), card_(card) {}
+
+  void Print() {
+    const std::vector<std::string> notes = Notes();
+    const std::size_t rows = card_.rows.size();
+    const double onCard = kEnd - kRows;
+    const auto most = static_cast<std::size_t>(std::floor(onCard / kRowHeight));
+    const double beside = std::max(0.0, onCard - static_cast<double>(notes.size()) * kNoteHeight);
+    const auto mostOfLast = static_cast<std::size_t>(std::floor(beside / kRowHeight));
+    // Full cards, and a last one with room for the notes.
+    parts_ = rows <= mostOfLast ? 1 : 1 + (rows - mostOfLast + most - 1) / most;
+    for (std::size_t part = 1, row = 0; part <= parts_; ++part) {
+      const std::size_t end = part == parts_ ? rows : std::min(row + most, rows);
+      Head(part);
+      double y = kRows;
+      for (; row < end; ++row, y += kRowHeight) Row(card_.rows[row], y);
+      if (part < parts_) continue;
+      y = kEnd - static_cast<double>(notes.size()) * kNoteHeight;
+      bool warning = false;  // from the first of them on
+      for (const std::string& note : notes) {
+        warning = warning || note.starts_with(kWarning);
+        writer_.SetForeColor(warning ? kRed : kBlack);
+        Fitted(kMargin, y, note, kNoteSize, true);
+        y += kNoteHeight;
+      }
+      writer_.SetForeColor(kBlack);
+    }
+  }
+
+ private:
+  [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
+  [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
+  /// A text from `x` on to the right edge of the card, or `before` it: nothing may run over the cut marks.
+  void Fitted(double x, double y, const std::string& text, int size, bool bold, double before = 0) {
+    writer_.PrintTextFitted(x_ + x, y_ + y, text, kRight - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
+  }
+  [[nodiscard]] std::string Unit() const { return T(Metric() ? kMetres : kFeet); }
+
+  void Head(std::size_t part) {
+    const TablePlace place = pages_.PlaceCard(set_.info);
+    x_ = place.x;
+    y_ = place.y;
+    const double forPart = parts_ > 1 ? 1.2 : 0;
+    Fitted(kMargin, 0.25, set_.title, 12, true, forPart);
+    if (parts_ > 1) {
+      writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
+                             1);
+    }
+    const std::string leave = T(kLeaveAt) + " " + card_.moment + " " + T(kMinutes) + ", " + card_.depth + " " + Unit();
+    Fitted(kMargin, 0.75, leave, 12, true);
+    if (!card_.decompresses) {
+      writer_.SetForeColor(kRed);
+      Fitted(kMargin, 1.23, T(kNoDecompression), 10, true);
+      writer_.SetForeColor(kBlack);
+    }
+    writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(kDepth), kArial, kHeadSize, 0);
+    writer_.PrintTextRight(x_ + kStopRight, y_ + kHeads, T(kStop), kArial, kHeadSize, 0);
+    writer_.PrintTextRight(x_ + kRunRight, y_ + kHeads, T(kRunTime), kArial, kHeadSize, 0);
+    writer_.PrintTextLeft(x_ + kGasLeft, y_ + kHeads, T(kGas), kArial, kHeadSize, 0);
+    writer_.PrintBoxOutline(x_ + kMargin, y_ + kRows, x_ + kRight, y_ + kRows);
+  }
+
+  void Row(const CardRow& row, double y) {
+    if (row.gasChanges) {
+      writer_.PrintFilledBox(x_ + kGasLeft - 0.1, y_ + y + 0.02, x_ + kRight, y_ + y + kRowHeight - 0.02,
+                             RGB(200, 200, 200));
+    }
+    writer_.PrintTextRight(x_ + kDepthRight, y_ + y, row.depth, kArial, kRowSize, 1);
+    writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
+    writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
+    Fitted(kGasLeft, y, row.gas + (row.warned ? " !" : ""), kRowSize, row.gasChanges);
+  }
+
+  /// The gas that is needed, and what is wrong with it, below the last row.
+  [[nodiscard]] std::vector<std::string> Notes() const {
+    std::string needed = T(kNeeded);
+    for (const CardGas& gas : card_.needed) {
+      needed += (gas.mix == card_.needed.front().mix ? " " : ", ") + gas.mix + " " + gas.volume + " " +
+                T(Metric() ? kLitres : kCubicFeet);
+    }
+    const TextFont font{kArial, kNoteSize, true};
+    std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
+    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().separators);
+    for (const GasWarning& warning : card_.warnings) {
+      const std::string text = kWarning + WarningText(warning, words);
+      for (const std::string& line : WrappedText(text, kRight - kMargin, font, writer_.Services().measure)) {
+        lines.push_back(line);
+      }
+    }
+    return lines;
+  }
+
+  PrintPreview& writer_;
+  TablePages& pages_;
+  const CardSet& set_;
+  const AscentCard& card_;
+  std::size_t parts_ = 1;
+  double x_ = 0;
+  double y_ = 0;
+};
+
+}  // namespace
+
+void PrintCard(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card) {
+  CardPrinter(writer, pages, set, card).Print();
+}
+
+}  // namespace tav

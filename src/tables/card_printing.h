@@ -1,0 +1,18 @@
+#pragma once
+
+#include "tables/ascent_cards.h"
+#include "tables/table_pages.h"
+
+namespace tav {
+
+/// The cards of one scenario, ready to be printed.
+struct CardSet {
+  std::string title;  ///< "EAN50 lost"
+  std::vector<AscentCard> cards;
+  TableInfo info;
+};
+
+/// Prints a card of a set, six to a page. An ascent that is longer than a card goes on in the next one.
+void PrintCard(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card);
+
+}  // namespace tav

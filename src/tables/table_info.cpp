@@ -1,0 +1,102 @@
+#include "tables/table_info.h"
+
+#include <algorithm>
+
+#include "pages/wrapped_text.h"
+
+namespace tav {
+namespace {
+
+constexpr Colour kGrey = RGB(200, 200, 200);
+constexpr double kX = 0.8;  // cm, the column's left edge
+constexpr double kY = 4.5;  // and the top of its texts
+constexpr double kRatesTop = 8.5;
+constexpr double kRateHeight = 0.4;
+
+class Column {
+ public:
+  Column(PrintPreview& writer, const TableInfo& info) : writer_(writer), info_(info), template_(info.diveTemplate) {}
+
+  void Print() {
+    Head();
+    Limits();
+    RatesFrame();
+    Rates(0, 6011, template_.AscendRates);
+    Rates(2.5, 6012, template_.DescendRates);
+  }
+
+ private:
+  [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
+  void Text(double x, double y, const std::string& text, int size = 8, int bold = 0) {
+    writer_.PrintTextLeft(x, y, text, "Arial", size, bold);
+  }
+
+  [[nodiscard]] std::string Local(const std::string& number) const {
+    return WriteLocaleNumber(number, writer_.Services().separators);
+  }
+  /// A name too long for the column ends in dots, so that it does not run into the tables.
+  [[nodiscard]] std::string Cut(const std::string& text) const {
+    return FittedText(text, 4.85, {"Arial", 8, false}, writer_.Services().measure);
+  }
+
+  void Head() {
+    const Environment& environment = writer_.Services().environment;
+    Text(0.85, 1.0, T(info_.bailout ? 6134 : 6132), 14, 1);
+    writer_.PrintPicture(environment.Logo(), kX, 2.0, 5.05, 2.0);
+    if (info_.bailout) Text(0.9, 5.4, Cut(T(1928) + ": " + info_.caption.substr(0, info_.caption.find(" ["))));
+    writer_.PrintBoxOutline(kX, kY, 5.8, 5.9);
+    Text(0.9, 4.6, T(6085) + environment.UserName());
+    Text(0.9, 5.0, T(6083) + environment.Today());
+    Text(0.9, 0.6, T(6086) + T(6087), 7);
+    Text(0.9, 6.0, Cut(info_.model));
+  }
+
+  void Limits() {
+    writer_.PrintBoxOutline(kX, 6.5, 5.8, 7.3);
+    writer_.PrintFilledBox(0.81, 6.91, 5.75, 7.28, kGrey);
+    constexpr int kEND = 6044;
+    Text(kX + 0.1, kY + 2.0, T(kEND));
+    Text(kX + 1.15, kY + 2.0, FormatFixed(template_.MaximalEND, 0));
+    Text(kX + 0.15, kY + 2.4, "PPO2");
+    Text(kX + 1.15, kY + 2.4, Local(FormatFixed(template_.MaxPPO2, 2)));
+    Text(kX + 2.7, kY + 2.0, T(6103));
+    // Cubic feet in whole numbers would be 1 for any diver.
+    const int decimals = template_.Metric ? 0 : 2;
+    Text(kX + 4.2, kY + 2.0, Local(FormatFixed(template_.RMV, decimals)));
+    Text(kX + 2.7, kY + 2.4, T(6106));
+    Text(kX + 4.2, kY + 2.4, Local(FormatFixed(template_.DecoRMV, decimals)));
+  }
+
+  void RatesFrame() {
+    writer_.PrintBoxOutline(kX, 7.5, 5.8, 7.9);
+    writer_.PrintBoxOutline(kX, 7.9, 5.8, 8.3);
+    const auto rows = static_cast<int>(std::max(template_.AscendRates.size(), template_.DescendRates.size()));
+    writer_.PrintBoxOutline(kX, 8.3, 5.8, kRatesTop + rows * kRateHeight);
+    for (int i = 0; i < rows; i += 2) {
+      writer_.PrintFilledBox(0.81, kRatesTop + i * kRateHeight, 5.75, kRatesTop + (i + 1) * kRateHeight - 0.02, kGrey);
+    }
+  }
+
+  void Rates(double half, int title, const std::vector<RateEntry>& rates) {
+    const double x = kX + 0.2 + half;
+    Text(x, kY + 3.0, T(title));
+    Text(x, kY + 3.5, T(2101));
+    Text(x + 1.0, kY + 3.5, T(6063));
+    double y = kRatesTop;
+    for (const RateEntry& entry : rates) {
+      Text(x, y, Local(FormatPlain(entry.Depth)), 7);
+      Text(x + 1.0, y, Local(FormatPlain(entry.Rate)), 7);
+      y += kRateHeight;
+    }
+  }
+
+  PrintPreview& writer_;
+  const TableInfo& info_;
+  const DiveTemplate& template_;
+};
+
+}  // namespace
+
+void PrintTableInfo(PrintPreview& writer, const TableInfo& info) { Column(writer, info).Print(); }
+
+}  // namespace tav

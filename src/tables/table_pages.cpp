@@ -1,0 +1,86 @@
+#include "tables/table_pages.h"
+
+namespace tav {
+namespace {
+
+constexpr int kCells = TableSlots::kRows * TableSlots::kColumns;
+
+}  // namespace
+
+void TablePages::StartTableOutput() {
+  writer_.InitPreview();
+  slots_.ClearTableSlots();
+  writer_.StartPlainPage();
+}
+
+void TablePages::NextTablePage() {
+  writer_.PrintPlainFooter("", "");
+  writer_.StartPlainPage();
+  ++page_;
+  cards_ = 0;
+  hasMarks_ = false;
+  hasColumn_ = false;
+  DrawCutMarks();
+}
+
+void TablePages::EndTableOutput() {
+  writer_.PrintPlainFooter("", "");
+  constexpr int kCaption = 6132;
+  writer_.EndReport(writer_.Texts().GetResString(kCaption));
+}
+
+TablePlace TablePages::PlaceTable(Single width, Single height, const TableInfo& info) {
+  const TablePlace place = slots_.PlaceTable(width, height);
+  if (!TableSlots::Holds(width)) return place;
+  if (place.page != slotPage_ && hasColumn_) NextTablePage();
+  slotPage_ = place.page;
+  Furnish(info);
+  return place;
+}
+
+TablePlace TablePages::PlaceCard(const TableInfo& info) {
+  // The first card after tables takes a page of its own; without tables the first page is still free.
+  const bool pageIsFree = cards_ > 0 ? cards_ < kCells : !hasColumn_;
+  if (!pageIsFree) NextTablePage();
+  Furnish(info);
+  const int row = cards_ / TableSlots::kColumns;
+  const int column = cards_ % TableSlots::kColumns;
+  ++cards_;
+  return {page_, TableSlots::kLeft + column * TableSlots::kCellWidth, TableSlots::kTop + row * TableSlots::kCellHeight};
+}
+
+void TablePages::StartWholePage(const TableInfo& info) {
+  if (hasColumn_) {
+    writer_.PrintPlainFooter("", "");
+    writer_.StartPlainPage();
+    ++page_;
+  }
+  cards_ = 0;
+  hasMarks_ = true;  // there is nothing to cut
+  hasColumn_ = false;
+  Furnish(info);
+}
+
+void TablePages::Furnish(const TableInfo& info) {
+  DrawCutMarks();
+  if (!hasColumn_) PrintTableInfo(writer_, info);
+  hasColumn_ = true;
+  writer_.SetForeColor(kBlack);
+}
+
+void TablePages::DrawCutMarks() {
+  if (hasMarks_) return;
+  hasMarks_ = true;
+  constexpr double kArm = 0.25;  // cm
+  for (int row = 0; row <= TableSlots::kRows; ++row) {
+    const double y = TableSlots::kTop + row * TableSlots::kCellHeight;
+    for (int column = 0; column <= TableSlots::kColumns; ++column) {
+      const double x = TableSlots::kLeft + column * TableSlots::kCellWidth;
+      // No arm points out of the grid.
+      writer_.PrintBoxOutline(x, row > 0 ? y - kArm : y, x, row < TableSlots::kRows ? y + kArm : y);
+      writer_.PrintBoxOutline(column > 0 ? x - kArm : x, y, column < TableSlots::kColumns ? x + kArm : x, y);
+    }
+  }
+}
+
+}  // namespace tav

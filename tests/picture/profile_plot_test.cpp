@@ -1,0 +1,219 @@
+#include "picture/profile_plot.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "headless/recording_surface.h"
+#include "picture/graph_colours.h"
+
+namespace tav {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Field;
+using testing::Not;
+using Kind = RecordingSurface::Kind;
+using Stroke = RecordingSurface::Stroke;
+
+// An empty plan, or one up to 60 minutes and 60 deep: 100 units to the minute, 8900 to 130 of depth, from y 550.
+class ProfilePlotTest : public testing::Test {
+ protected:
+  Waypoint& Add(double time, double depth, const std::string& gas = "Air", bool doShow = true,
+                std::int16_t status = RowStatus::kLeg) {
+    profile.NewWayPoint();
+    Waypoint& row = profile.Row(profile.GetLength());
+    row.RunTime = time;
+    row.Depth = depth;
+    row.GasMixName = gas;
+    row.DoShow = doShow;
+    row.Status = status;
+    return row;
+  }
+  void Draw() { plot.Redraw(profile, ProfilePlot::kRoomToGrow); }
+  [[nodiscard]] std::vector<Stroke> Labels() const {
+    std::vector<Stroke> labels = grid.Of(Kind::Text);
+    std::erase_if(labels, [](const Stroke& text) { return text.colour != graph::kYellow; });
+    return labels;
+  }
+
+  RecordingSurface container{10000, 7500};
+  RecordingSurface grid{19000, 10000};
+  ProfilePlot plot{container, grid};
+  ClassProfile profile;
+};
+
+TEST_F(ProfilePlotTest, TheWorldLeavesRoomForThePlanToGrow) {
+  const struct {
+    double time;
+    double depth;
+    double right;
+    double bottom;
+  } cases[] = {
+      {0, 0, 190, -130}, {60, 60, 190, -130}, {61.3, 60, 190, -130}, {64, 66, 200, -150}, {100, 100, 310, -210}};
+  for (const auto& known : cases) {
+    SCOPED_TRACE(known.time);
+    profile.clear();
+    if (known.time > 0) Add(known.time, known.depth);
+    Draw();
+    EXPECT_EQ(plot.Scale().WorldLeft, 0);
+    EXPECT_EQ(plot.Scale().WorldTop, 0);
+    EXPECT_EQ(plot.Scale().WorldRight, known.right);
+    EXPECT_EQ(plot.Scale().WorldBottom, known.bottom);
+  }
+}
+
+TEST_F(ProfilePlotTest, AxesOfAnEmptyPlan) {
+  Draw();
+  const auto times = grid.Of(Kind::Text);
+  ASSERT_EQ(times.size(), 30U);
+  EXPECT_EQ(times.front(), (Stroke{Kind::Text, 550, 350, 0, 0, kBlack, "6"}));
+  EXPECT_EQ(times.back(), (Stroke{Kind::Text, 17850, 350, 0, 0, kBlack, "180"}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 600, 9450, 600, 450, graph::kGrey, ""}));
+
+  EXPECT_THAT(container.Texts(),
+              ElementsAre("9", "18", "27", "36", "45", "54", "63", "72", "81", "90", "99", "108", "117"));
+  const Stroke nine = container.Of(Kind::Text).front();
+  EXPECT_EQ(nine.x0, 500);                              // ends 200 left of the axis
+  EXPECT_NEAR(nine.y0, 550 + 616.15 + 300 - 90, 0.01);  // centred on 9
+  EXPECT_EQ(grid.Of(Kind::Dotted).size(), 13U);
+  EXPECT_THAT(container.strokes, Contains(Stroke{Kind::Line, 780, 850, 780, 7500, graph::kWhite, ""}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 0, 550, 19000, 550, graph::kWhite, ""}));
+}
+
+TEST_F(ProfilePlotTest, StretchedTimeIsToldInFinerStepsOfAtLeastTwoMinutes) {
+  for (const auto& [zoom, second] : {std::pair{1.0, "12"}, {1.6, "8"}, {3.0, "4"}, {12.0, "4"}}) {
+    RecordingSurface stretched(19000 * zoom, 10000);
+    ProfilePlot(container, stretched).Redraw(profile, ProfilePlot::kRoomToGrow, zoom);
+    EXPECT_EQ(stretched.Texts()[1], second) << zoom;
+  }
+}
+
+TEST_F(ProfilePlotTest, NumbersThinOutBeforeTheyTouch) {
+  for (const auto& [width, height] :
+       {std::pair{19000.0, 10000.0}, {9000.0, 3000.0}, {4000.0, 1500.0}, {1000.0, 800.0}}) {
+    SCOPED_TRACE(width);
+    RecordingSurface small(width, height);
+    RecordingSurface around(width / 2, height + 300);
+    ProfilePlot(around, small).Redraw(profile, ProfilePlot::kRoomToGrow);
+    const auto times = small.Of(Kind::Text);
+    ASSERT_FALSE(times.empty());
+    for (std::size_t i = 1; i < times.size(); ++i) {
+      EXPECT_GT(times[i].x0, times[i - 1].x0 + small.TextWidth(times[i - 1].text, false));
+    }
+    const auto depths = around.Of(Kind::Text);
+    ASSERT_FALSE(depths.empty());
+    for (std::size_t i = 1; i < depths.size(); ++i) EXPECT_GT(depths[i].y0, depths[i - 1].y0 + 180);
+    EXPECT_EQ(small.Of(Kind::Dotted).size(), 13U) << "the lines stay";
+  }
+}
+
+TEST_F(ProfilePlotTest, AFittedPlanFillsThePlot) {
+  const struct {
+    double time, depth, right, bottom;
+  } cases[] = {{20, 12, 30, -30}, {100, 60, 120, -70}, {5, 3, 20, -20}};
+  for (const auto& known : cases) {
+    profile.clear();
+    Add(known.time, known.depth);
+    plot.Redraw(profile, ProfilePlot::kFitted);
+    EXPECT_EQ(plot.Scale().WorldRight, known.right);
+    EXPECT_EQ(plot.Scale().WorldBottom, known.bottom);
+  }
+}
+
+TEST_F(ProfilePlotTest, RowsAreJoinedAndMarkedByTheirKind) {
+  Add(10, 13);
+  Add(20, 26, "Air", true, RowStatus::kDescentBand);
+  Add(30, 13, "Air", false, RowStatus::kAscentBand);
+  Add(40, 13, "Air", true, RowStatus::kStop);
+  Add(50, 0, "Air", true, RowStatus::kAscentEnd);
+  profile.Row(0).DoShow = false;
+  Draw();
+  const auto circles = grid.Of(Kind::FilledCircle);
+  ASSERT_EQ(circles.size(), 4U);
+  EXPECT_EQ(circles[0], (Stroke{Kind::FilledCircle, 1000, 1440, 50, 0, graph::kWhite, ""}));
+  EXPECT_EQ(circles[1], (Stroke{Kind::FilledCircle, 2000, 2330, 50, 0, kRed, ""}));
+  EXPECT_EQ(circles[2], (Stroke{Kind::FilledCircle, 4000, 1440, 50, 0, graph::kBlue, ""}));
+  EXPECT_EQ(circles[3], (Stroke{Kind::FilledCircle, 5000, 550, 50, 0, graph::kGreen, ""}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Circle, 4000, 1440, 50, 0, graph::kStopOutline, ""}));
+  const std::vector<Stroke> legs = grid.Of(Kind::Thick);
+  ASSERT_EQ(legs.size(), 6U);  // the first of no length, at the start row
+  for (std::size_t i = 1; i < legs.size(); ++i) {
+    EXPECT_EQ(legs[i].x0, legs[i - 1].x1);
+    EXPECT_EQ(legs[i].y0, legs[i - 1].y1);
+  }
+  EXPECT_EQ(legs[0].x0, 0);
+  EXPECT_EQ(legs[0].y0, 550);
+  EXPECT_EQ(legs[5].x1, 5000);
+  EXPECT_EQ(legs[5].y1, 550);
+}
+
+TEST_F(ProfilePlotTest, ARedrawBeginsAtTheStartOfTheDive) {
+  Add(10, 13);
+  Draw();
+  const auto once = grid.strokes;
+  Draw();
+  EXPECT_EQ(grid.strokes, once);
+}
+
+TEST_F(ProfilePlotTest, TheFirstGasStandsAtTheStart) {
+  Add(10, 13, "Trimix");
+  Draw();
+  ASSERT_EQ(Labels().size(), 1U);
+  EXPECT_EQ(Labels()[0], (Stroke{Kind::Text, 500, 570, 0, 0, graph::kYellow, "Trimix"}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 70, 620, 500, 750, kBlack, ""}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 500, 750, 1140, 750, kBlack, ""}));
+}
+
+TEST_F(ProfilePlotTest, AGasChangeIsNamedWhereItTakesPlace) {
+  const struct {
+    const char* what;
+    double time;  // of the row before or of the change
+    bool doShow;
+    Stroke label;
+    bool circle;
+  } cases[] = {
+      {"marked row: the gas that follows it", 20, true, {Kind::Text, 2500, 1460, 0, 0, graph::kYellow, "EAN50"}, false},
+      {"unmarked row: its own gas, up and left",
+       20,
+       false,
+       {Kind::Text, 960, 1010, 0, 0, graph::kYellow, "EAN50"},
+       true},
+      {"unmarked row with no room at the left",
+       9.9,
+       false,
+       {Kind::Text, 1490, 1460, 0, 0, graph::kYellow, "EAN50"},
+       true},
+  };
+  for (const auto& known : cases) {
+    SCOPED_TRACE(known.what);
+    profile.clear();
+    Add(5, 13);
+    Add(known.time, 13, known.doShow ? "Air" : "EAN50", known.doShow);
+    Add(30, 13, "EAN50");
+    Draw();
+    const auto labels = Labels();
+    // A marked row names the gas of the next one: the row before an unmarked change does so, too.
+    ASSERT_FALSE(labels.empty());
+    EXPECT_EQ(labels.front().text, "Air");
+    EXPECT_NEAR(labels.back().x0, known.label.x0, 0.01);
+    EXPECT_NEAR(labels.back().y0, known.label.y0, 0.01);
+    EXPECT_EQ(labels.back().text, "EAN50");
+    EXPECT_EQ(grid.Of(Kind::Circle).size(), known.circle ? 1U : 0U);
+  }
+}
+
+TEST_F(ProfilePlotTest, TheLastRowAndAnUnchangedGasHaveNoLabel) {
+  Add(10, 13);
+  Add(20, 13);
+  Add(30, 13, "EAN50", false);
+  Draw();
+  // The start, and the marked row before the change; the last row, itself a change, none.
+  ASSERT_EQ(Labels().size(), 2U);
+  EXPECT_EQ(Labels()[1].x0, 2500);
+  EXPECT_THAT(grid.strokes, Not(Contains(Field(&Stroke::kind, Kind::Circle))));
+}
+
+}  // namespace
+}  // namespace tav

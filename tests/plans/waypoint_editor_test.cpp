@@ -1,0 +1,282 @@
+#include "plans/waypoint_editor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+
+#include "model/number_text.h"
+#include "support/plan_fixture.h"
+#include "support/profile_text.h"
+
+namespace tav {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Editor : public testing::Test {
+ protected:
+  void ExpectState(EditState state, bool ascent, bool information, bool clearAscent) {
+    EXPECT_EQ(plan_.State(), state);
+    EXPECT_EQ(plans_.display.ascent, ascent);
+    EXPECT_EQ(plans_.display.information, information);
+    EXPECT_EQ(plans_.display.clearAscent, clearAscent);
+    EXPECT_EQ(plan_.CurrentRunTime(), plan_.InputProfile.GetRunTime(plan_.InputProfile.GetLength()));
+  }
+  [[nodiscard]] std::string Rows() const { return test::RowsText(plan_.InputProfile); }
+  DocumentState& Document() { return plans_.documents(plan_.Tag()); }
+
+  test::Plans plans_;
+  frmWaypointEditor& plan_ = plans_.New();
+};
+
+TEST_F(Editor, GoesFromEmptyToLegsToAscentAndBack) {
+  ExpectState(EditState::Empty, false, false, false);
+  EXPECT_EQ(plan_.InputProfile.GetPPO2(0), Single(Document().Template.EndPressure * 0.21));
+  ASSERT_TRUE(plan_.AddUserWaypoint(40, 25, 0));
+  ExpectState(EditState::Legs, true, true, false);
+  EXPECT_TRUE(Document().Modified);
+  EXPECT_FALSE(plans_.display.surfaceInterval);
+  const std::string legs = Rows();
+
+  ASSERT_TRUE(plan_.StartDeco());
+  ExpectState(EditState::Ascent, false, true, true);
+  EXPECT_TRUE(plans_.display.surfaceInterval);
+  const std::string ascent = Rows();
+  plan_.ReEvaluateUserEnteredWaypoints();
+  ExpectState(EditState::Ascent, false, true, true);
+  EXPECT_EQ(Rows(), ascent) << "evaluated twice";
+
+  plan_.mnucleardecopoints();
+  ExpectState(EditState::Legs, true, true, false);
+  EXPECT_FALSE(plans_.display.surfaceInterval);
+  EXPECT_EQ(Rows(), legs) << "without the ascent";
+  plan_.mnucleardecopoints();
+  EXPECT_EQ(plan_.UserActions.GetLength(), 1) << "there is no ascent to clear";
+
+  plan_.mnuclearlastwaypoint();
+  ExpectState(EditState::Empty, false, false, false);
+  EXPECT_EQ(plan_.CurrentRunTime(), Single(0));
+}
+
+TEST_F(Editor, ClearsTheLastWaypointOrAll) {
+  plan_.AddUserWaypoint(30, 10, 0);
+  const std::string one = Rows();
+  plan_.AddUserWaypoint(20, 15, 0);
+  plan_.mnuclearlastwaypoint();
+  EXPECT_EQ(Rows(), one);
+  plan_.StartDeco();
+  plan_.mnuclearlastwaypoint();
+  ExpectState(EditState::Legs, true, true, false);
+  EXPECT_EQ(Rows(), one) << "the ascent was the last action";
+  plan_.StartDeco();
+  plan_.mnuclearallwaypoints();
+  ExpectState(EditState::Empty, false, false, false);
+  EXPECT_EQ(plan_.UserActions.GetLength(), 0);
+}
+
+TEST_F(Editor, GoesOnFromTheEndOfAnAscentInsideTheList) {
+  plan_.AddUserWaypoint(30, 30, 0);
+  plan_.StartDeco();
+  const std::int16_t surfaced = plan_.InputProfile.GetLength();
+  ASSERT_TRUE(plan_.AddUserWaypoint(9, 20, 0));
+  ExpectState(EditState::Legs, true, true, false);
+  const ClassProfile& rows = plan_.InputProfile;
+  EXPECT_EQ(rows.getDepth(surfaced), Single(0));
+  EXPECT_EQ(rows.getDepth(static_cast<std::int16_t>(surfaced + 1)), Single(9));
+  EXPECT_NEAR(rows.GetRunTime(rows.GetLength()), rows.GetRunTime(surfaced) + 20, 1e-4);
+  EXPECT_GT(rows.GetRate(static_cast<std::int16_t>(surfaced + 1)), 0);
+}
+
+TEST_F(Editor, StartsTheNextLegWhereALegThatWasTooShortEnds) {
+  plan_.AddUserWaypoint(36, 1, 0);  // takes two minutes at 18 m/min
+  plan_.AddUserWaypoint(36, 3, 0);
+  EXPECT_EQ(plan_.CurrentRunTime(), Single(5));
+}
+
+TEST_F(Editor, RefusesAWaypointThatCannotBe) {
+  plan_.AddUserWaypoint(50, 40, 0);
+  Document().Modified = false;
+  const std::string before = Rows();
+  EXPECT_GT(plan_.InputProfile.GetCeiling(plan_.InputProfile.GetLength()), 5);
+  EXPECT_FALSE(plan_.AddUserWaypoint(5, 10, 0));
+  EXPECT_FALSE(plan_.AddUserWaypoint(60, -1, 0));
+  EXPECT_FALSE(plan_.AddUserWaypoint(60, 10, 77));
+  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 3061*", "*StringID 7882*", "*StringID 7883*"));
+  EXPECT_EQ(plan_.UserActions.GetLength(), 1);
+  EXPECT_EQ(Rows(), before);
+  EXPECT_FALSE(Document().Modified);
+}
+
+TEST_F(Editor, TellsWhyItCannotComputeAndRecovers) {
+  plan_.AddUserWaypoint(30, 30, 1);
+  plan_.StartDeco();
+  const std::string rows = Rows();
+  const DiveTemplate sound = Document().Template;
+  const auto expectFault = [&](const std::string& reason) {
+    plan_.ReEvaluateUserEnteredWaypoints();
+    EXPECT_EQ(plan_.EvaluationFault(), reason);
+    ExpectState(EditState::Empty, false, false, false);
+    EXPECT_EQ(plan_.InputProfile.GetLength(), 0);
+    EXPECT_EQ(plan_.UserActions.GetLength(), 2);
+    Document().Template = sound;
+  };
+  Document().Template.DescendRates.clear();
+  Document().Template.StepSize = 0;
+  expectFault("*StringID 7862*; *StringID 7871*");
+  Document().Template.Blends.resize(1);
+  expectFault("*StringID 7884*");
+  Document().Template.StepSize = 0.1;
+  plan_.UserActions.setuser(1, 9000, 90000, 1);
+  expectFault("*StringID 7507*");
+
+  plan_.UserActions.setuser(1, 30, 30, 1);
+  plan_.ReEvaluateUserEnteredWaypoints();
+  EXPECT_EQ(plan_.EvaluationFault(), "");
+  EXPECT_EQ(Rows(), rows);
+}
+
+TEST_F(Editor, KeepsThePlanWhenAnAscentCannotBeComputed) {
+  plan_.AddUserWaypoint(30, 30, 0);
+  Document().Modified = false;
+  const std::string rows = Rows();
+  Document().Template.EndPressure = 0;
+  EXPECT_FALSE(plan_.StartDeco());
+  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 8155*"));
+  EXPECT_EQ(plan_.UserActions.GetLength(), 1);
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_FALSE(Document().Modified);
+  ExpectState(EditState::Legs, true, true, false);
+}
+
+/// Wants the trace, so that each action is replayed from the start, and keeps the warnings.
+struct Listener : EngineObserver {
+  explicit Listener(bool trace) : traces(trace) {}
+  void WarnEND(const LimitWarning& w) override { warnings.push_back("END " + FormatPlain(w.value)); }
+  void WarnPPO2High(const LimitWarning& w) override { warnings.push_back("high " + FormatPlain(w.value)); }
+  void WarnPPO2Low(const LimitWarning& w) override { warnings.push_back("low " + FormatPlain(w.value)); }
+  [[nodiscard]] bool WantsTrace() const override { return traces; }
+  bool traces;
+  std::vector<std::string> warnings;
+};
+
+TEST(ReplayMemory, GivesTheRowsAndWarningsOfAReplayFromTheStart) {
+  std::mt19937 random(5);
+  std::size_t warned = 0;
+  for (int n = 0; n < 200; ++n) {
+    std::string rows[2];
+    std::vector<std::string> warnings[2];
+    ClassUseractions actions;
+    for (std::size_t legs = 2 + random() % 6; legs > 0; --legs) {
+      actions.NewAction();
+      const auto mix = static_cast<std::int16_t>(random() % 8);
+      actions.setuser(actions.GetLength(), static_cast<double>(random() % 70), static_cast<double>(random() % 15), mix);
+      if (random() % 8 == 0) actions.setdeco(actions.GetLength());
+    }
+    const bool openCircuit = random() % 2 == 0;
+    for (const bool trace : {false, true}) {
+      DocumentStore documents;
+      const ModelChoice model;
+      Listener listener(trace);
+      test::RecordedDisplay display;
+      test::ScriptedBoxes boxes;
+      const TextSource texts;
+      DocumentForms forms({documents, model, listener, display, boxes, texts});
+      documents(0).Template = ShippedDefaultTemplate();
+      DiveTemplate& settings = documents(0).Template;
+      settings.OpenCircuit = openCircuit;
+      settings.PPO2Low = settings.PPO2High = settings.MaxEnd = true;
+      frmWaypointEditor& plan = forms(forms.LoadNewDoc());
+      plan.UserActions = actions;
+      plan.ReEvaluateUserEnteredWaypoints();
+      ASSERT_EQ(plan.EvaluationFault(), "");
+      rows[trace] = test::RowsText(plan.InputProfile);
+      warnings[trace] = listener.warnings;
+    }
+    ASSERT_EQ(rows[0], rows[1]);
+    ASSERT_EQ(warnings[0], warnings[1]);
+    warned += warnings[0].size();
+  }
+  EXPECT_GT(warned, 100U);
+}
+
+struct Closing {
+  const char* what;
+  bool modified;
+  std::vector<BoxAnswer> answers;
+  bool saves;
+  bool closes;
+  int questions;
+  int saveCalls;
+};
+
+TEST(Closing, AsksOnceAboutUnsavedChangesAndLosesNothingUnasked) {
+  const Closing cases[] = {{"unchanged", false, {}, false, true, 0, 0},
+                           {"cancelled", true, {BoxAnswer::Cancel}, true, false, 1, 0},
+                           {"saved", true, {BoxAnswer::Yes}, true, true, 1, 1},
+                           {"not saved after all", true, {BoxAnswer::Yes}, false, false, 1, 1},
+                           {"given up", true, {BoxAnswer::No}, true, true, 1, 0}};
+  for (const Closing& known : cases) {
+    SCOPED_TRACE(known.what);
+    test::Plans plans;
+    frmWaypointEditor& plan = plans.New();
+    plan.AddUserWaypoint(30, 20, 0);
+    plan.StartDeco();
+    DocumentState& document = plans.documents(plan.Tag());
+    document.Modified = known.modified;
+    plans.boxes.answers = known.answers;
+    int saveCalls = 0;
+    const bool closes = plan.Form_QueryUnload(true, [&] {
+      ++saveCalls;
+      return known.saves;
+    });
+    EXPECT_EQ(closes, known.closes);
+    EXPECT_EQ(saveCalls, known.saveCalls);
+    EXPECT_EQ(static_cast<int>(plans.boxes.shown.size()), known.questions);
+    for (const std::string& question : plans.boxes.shown) {
+      EXPECT_EQ(question, "*StringID 3057**StringID 1060*1*StringID 6163*Default.tpl]]?\r\n*StringID 3058*");
+    }
+    EXPECT_EQ(document.TotalOTU == 0, known.closes && known.modified) << "what the next dive starts from";
+    EXPECT_EQ(plan.UserActions.GetLength(), 2);
+  }
+}
+
+TEST(Closing, LeavesNothingToThePlanThatTakesItsNumber) {
+  test::Plans plans;
+  frmWaypointEditor& first = plans.New();
+  const std::string empty = test::RowsText(first.InputProfile);
+  first.AddUserWaypoint(30, 20, 0);
+  first.StartDeco();
+  const std::int16_t second = plans.forms.AddRepetitiveDive(first.Tag(), 60);
+  plans.forms(second).AddUserWaypoint(20, 20, 0);
+  plans.forms(second).StartDeco();
+  EXPECT_TRUE(plans.forms(second).Form_QueryUnload(true, [] { return false; }));
+  plans.forms.Unload(second);
+  plans.display.told.clear();
+  frmWaypointEditor& next = plans.New();
+  ASSERT_EQ(next.Tag(), second);
+  EXPECT_EQ(test::RowsText(next.InputProfile), empty);
+  EXPECT_EQ(next.UserActions.GetLength(), 0);
+  EXPECT_EQ(next.State(), EditState::Empty);
+  EXPECT_EQ(next.CurrentRunTime(), Single(0));
+  EXPECT_EQ(next.DiveNumber, 1);
+  EXPECT_EQ(next.PrevProfile, -1);
+  EXPECT_THAT(plans.display.told, testing::Contains("caption 2: *StringID 1060*2*StringID 6163*Default.tpl]"));
+  EXPECT_FALSE(plans.display.ascent || plans.display.information || plans.display.surfaceInterval);
+  next.mnucleardecopoints();
+  EXPECT_EQ(test::RowsText(next.InputProfile), empty) << "no ascent of the old plan comes back";
+}
+
+TEST(Closing, ALaterDiveNeverAsks) {
+  test::Plans plans;
+  frmWaypointEditor& first = plans.New();
+  first.AddUserWaypoint(30, 20, 0);
+  first.StartDeco();
+  frmWaypointEditor& second = plans.forms(plans.forms.AddRepetitiveDive(first.Tag(), 60));
+  second.AddUserWaypoint(20, 20, 0);
+  EXPECT_TRUE(second.Form_QueryUnload(true, [] { return false; }));
+  EXPECT_THAT(plans.boxes.shown, IsEmpty());
+}
+
+}  // namespace
+}  // namespace tav

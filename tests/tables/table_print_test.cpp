@@ -1,0 +1,494 @@
+#include "tables/table_print.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "headless/headless_platform.h"
+#include "pages/arial_measure.h"
+#include "pages/page_player.h"
+#include "pages/page_units.h"
+#include "plans/bailout_cuts.h"
+#include "plans/square_dives.h"
+#include "support/plan_fixture.h"
+#include "support/random_plan.h"
+#include "support/scratch_folder.h"
+#include "tables/table_remarks.h"
+
+namespace tav {
+namespace {
+
+using Kind = RecordingSurface::Kind;
+using Stroke = RecordingSurface::Stroke;
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Field;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+const RunProgress kGoOn = [](int, int) { return true; };
+
+/// The English words that the tests look for.
+struct Words : TextSource {
+  [[nodiscard]] std::string GetResString(int id) const override {
+    static const std::map<int, std::string> kTexts{{7302, "Column"},
+                                                   {7303, "Columns"},
+                                                   {7304, "to"},
+                                                   {7305, "also"},
+                                                   {7306, "min"},
+                                                   {7307, "on"},
+                                                   {7308, "at"},
+                                                   {7309, "low PPO2"},
+                                                   {7310, "lost"},
+                                                   {7311, "All gases"},
+                                                   {7312, "Whole:"},
+                                                   {7313, "More:"},
+                                                   {7314, "Leave at"},
+                                                   {7319, "Needed:"},
+                                                   {7320, "l"},
+                                                   {7323, "No."},
+                                                   {6027, "m"},
+                                                   {1928, "Profile"},
+                                                   {6134, "Bail-out Tables"},
+                                                   {2110, "Runtime"}};
+    const auto found = kTexts.find(id);
+    return found == kTexts.end() ? "#" + std::to_string(id) : found->second;
+  }
+};
+
+class TablePrint : public testing::Test {
+ protected:
+  TablePrint() {
+    platform.temporaryFolder = folder.Path();
+    writer.window = &window;
+  }
+
+  struct Window : PreviewWindow {
+    void ShowPreview(const std::string& caption) override { shown = caption; }
+    std::string shown;
+  };
+
+  [[nodiscard]] int Pages() const { return writer.Pages().Pages(); }
+  [[nodiscard]] std::vector<Stroke> Drawn(int page, Kind kind) const {
+    RecordingSurface surface(page::kWidth, page::kHeight);
+    PagePlayer(writer.Pages()).tempshow(page, surface, 1);
+    return surface.Of(kind);
+  }
+  [[nodiscard]] std::vector<std::string> Texts(int page) const {
+    std::vector<std::string> drawn;
+    for (const Stroke& stroke : Drawn(page, Kind::PageText)) drawn.push_back(stroke.text);
+    return drawn;
+  }
+  /// Where a text stands, in cm.
+  [[nodiscard]] std::vector<std::pair<double, double>> PlacesOf(int page, const std::string& text) const {
+    std::vector<std::pair<double, double>> places;
+    for (const Stroke& stroke : Drawn(page, Kind::PageText)) {
+      if (stroke.text == text) places.emplace_back(stroke.x0 / page::kUnitsPerCm, stroke.y0 / page::kUnitsPerCm);
+    }
+    return places;
+  }
+
+  frmWaypointEditor& Plan(const std::vector<std::pair<double, double>>& legs, std::int16_t mix = 0) {
+    frmWaypointEditor& plan = plans.New();
+    for (const auto& [depth, minutes] : legs) plan.SaveUserEnteredWaypoints(minutes, depth, mix, false);
+    plan.SaveUserEnteredWaypoints(-1, -1, mix, true);
+    plan.ReEvaluateUserEnteredWaypoints();
+    return plan;
+  }
+  void Print(const frmWaypointEditor& plan, double interval, BailoutParts parts) {
+    const BailoutCuts cuts(plans.forms, plan.Tag(), interval);
+    TablePrintModule print(writer, "wreck.tav [Default.tpl]", parts);
+    print.StartTableOutput();
+    for (int i = 0; i < cuts.Scenarios(); ++i) print.PrintTableSet(*cuts.Compute(i, kGoOn));
+    print.EndTableOutput();
+  }
+
+  test::ScratchFolder folder;
+  HeadlessPlatform platform;
+  Words texts;
+  PrintPreview writer{platform, texts};
+  Window window;
+  test::Plans plans;
+};
+
+constexpr BailoutParts kTables{true, false};
+constexpr BailoutParts kCards{false, true};
+
+TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
+  const frmWaypointEditor& plan = Plan({{40, 20}});
+  Print(plan, 10, kTables);
+  EXPECT_EQ(window.shown, "#6132");
+  ASSERT_EQ(Pages(), 1);
+  // Three columns: the first of three tables is centred in its cell, at 7.9 and 1.3 cm.
+  const double x0 = 6.0 + (7.4 - 3.6) / 2;
+  const auto centred = [](double x, const std::string& text) {
+    return x - std::floor(static_cast<double>(text.size()) * 82.5 / 2) / page::kUnitsPerCm;
+  };
+  const auto near = [](double x, double y) {
+    return testing::Pair(testing::DoubleNear(x, 0.002), testing::DoubleNear(y, 0.002));
+  };
+  EXPECT_THAT(PlacesOf(1, "ZH-L16B  GF 0.30-0.85  21/0  OC"),
+              ElementsAre(near(x0 + 0.1, 1.3), near(x0 + 7.5, 1.3), near(x0 + 14.9, 1.3)));
+  EXPECT_THAT(PlacesOf(1, "Mix"), Contains(near(x0 + 0.1, 1.7)));
+  EXPECT_THAT(PlacesOf(1, "20"), Contains(near(centred(x0 + 1.6 + 0.55 + 0.27, "20"), 1.7)));
+  EXPECT_THAT(PlacesOf(1, "40"), Contains(near(x0 + 0.9, 2.2)));  // depth of the bottom
+  EXPECT_THAT(PlacesOf(1, "21/0"), Contains(near(x0 + 0.05, 2.2)));
+  const SmallTable table = MakeSmallTable(*BailoutCuts(plans.forms, plan.Tag(), 10).Compute(0, kGoOn), "Depth");
+  const double totals = 1.7 + (table.LastRow() + 1) * 0.5;
+  EXPECT_THAT(PlacesOf(1, "Runtime"), Contains(near(x0 + 0.2, totals)));
+  EXPECT_THAT(PlacesOf(1, table.totals[0]), Contains(near(centred(x0 + 1.6 + 0.27, table.totals[0]), totals)));
+  // Every second column is grey, down to the frame.
+  const double u = page::kUnitsPerCm;
+  EXPECT_THAT(Drawn(1, Kind::FilledBox), Contains(AllOf(Field(&Stroke::x0, testing::DoubleNear((x0 + 2.15) * u, 1)),
+                                                        Field(&Stroke::y0, testing::DoubleNear(1.73 * u, 1)),
+                                                        Field(&Stroke::x1, testing::DoubleNear((x0 + 2.7) * u, 1)),
+                                                        Field(&Stroke::y1, testing::DoubleNear((totals - 0.12) * u, 1)),
+                                                        Field(&Stroke::colour, RGB(200, 200, 200)))));
+}
+
+TEST_F(TablePrint, EachPageHasOneInformationColumnAndTheCutMarksOfTheGrid) {
+  Print(Plan({{40, 20}}), 10, kTables);
+  EXPECT_THAT(Texts(1), Contains("Bail-out Tables").Times(1));
+  EXPECT_THAT(Texts(1), Contains("Profile: wreck.tav"));
+  // Ends of the arms, as seen from the twelve crossings.
+  int arms = 0;
+  for (const Stroke& s : Drawn(1, Kind::Box)) {
+    const bool rule = (s.x0 == s.x1) != (s.y0 == s.y1);
+    const double length = (s.x1 - s.x0 + s.y1 - s.y0) / page::kUnitsPerCm;
+    if (!rule || length > 0.51) continue;
+    arms += length > 0.3 ? 2 : 1;
+    EXPECT_GE(s.x0, 6.0 * page::kUnitsPerCm - 1);
+    EXPECT_LE(s.x1, 28.2 * page::kUnitsPerCm + 1);
+    EXPECT_GE(s.y0, 1.0 * page::kUnitsPerCm - 1);
+    EXPECT_LE(s.y1, 20.0 * page::kUnitsPerCm + 1);
+  }
+  EXPECT_EQ(arms, 4 * 2 + 6 * 3 + 2 * 4);
+}
+
+TEST_F(TablePrint, RemarksStandRightBelowInBoldRed) {
+  Print(Plan({{55, 20}, {20, 20}}, 5), 12, kTables);
+  bool found = false;
+  for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
+    if (!stroke.text.starts_with("Column")) continue;
+    found = true;
+    EXPECT_TRUE(stroke.font.bold) << stroke.text;
+    EXPECT_EQ(stroke.colour, kRed) << stroke.text;
+    EXPECT_LT(stroke.y0, 10.5 * page::kUnitsPerCm);
+  }
+  EXPECT_TRUE(found);
+  EXPECT_THAT(Texts(1),
+              AllOf(Contains("EAN50 lost: #8252"), Contains("All gases: #8252"), Not(Contains(HasSubstr("Whole:")))));
+}
+
+TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
+  // Some fifteen columns and more than twenty rows: two cells wide, and taller than one.
+  const frmWaypointEditor& plan = Plan({{95, 20}}, 7);
+  Print(plan, 6, kTables);
+  const BailoutCuts cuts(plans.forms, plan.Tag(), 6);
+  std::vector<std::string> pointers;
+  std::vector<int> whole;
+  for (int page = 1; page <= Pages(); ++page) {
+    for (const std::string& text : Texts(page)) {
+      if (text.starts_with("Whole: ")) pointers.push_back(text.substr(7));
+      if (text.starts_with("No. ")) whole.push_back(page);
+    }
+  }
+  // The first has the room below it for its red lines; the next would lie over it.
+  EXPECT_THAT(Texts(1), Contains(StartsWith("Column")));
+  ASSERT_THAT(pointers, ElementsAre("1"));
+  ASSERT_EQ(whole.size(), 1U);
+  for (const int page : whole) {
+    // Nothing of it leaves the paper.
+    for (const Stroke& stroke : Drawn(page, Kind::PageText)) {
+      EXPECT_LT(stroke.x0, 29 * page::kUnitsPerCm) << stroke.text;
+      EXPECT_LT(stroke.y0, 20.5 * page::kUnitsPerCm) << stroke.text;
+    }
+  }
+  // All its rows and totals are there.
+  for (int i = 0; i < cuts.Scenarios(); ++i) {
+    const TableDives dives = *cuts.Compute(i, kGoOn);
+    const SmallTable table = MakeSmallTable(dives, "#1702");
+    const std::string name = dives.lost ? *dives.lost + " lost" : "All gases";
+    for (const int page : whole) {
+      const std::vector<std::string> printed = Texts(page);
+      if (!testing::Value(printed, Contains(AllOf(StartsWith("No. "), HasSubstr(name))))) continue;
+      for (const auto& row : table.cells) EXPECT_THAT(printed, Contains(row[TableColumn::kDepth]));
+      for (const std::string& total : table.totals) EXPECT_THAT(printed, Contains(total));
+    }
+  }
+}
+
+TEST_F(TablePrint, ATableWiderThanTheGridHasPagesOfItsOwnAndLeavesNoneBlank) {
+  SquareDives dives(plans.forms.Services(), 0, 0, true, {9, 9, 1, 1, 41, 1});  // 41 columns, no remarks
+  TablePrintModule print(writer);
+  print.StartTableOutput();
+  print.PrintTableSet(*dives.Next(kGoOn));
+  print.EndTableOutput();
+  ASSERT_EQ(Pages(), 2);  // 36 columns, and 5
+  EXPECT_THAT(Texts(1), AllOf(Contains("No. 1: 9 m"), Contains("36")));
+  EXPECT_THAT(Texts(2), AllOf(Contains("No. 1: 9 m"), Contains("37"), Contains("41")));
+}
+
+TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {
+  const frmWaypointEditor& plan = Plan({{20, 60}});
+  Print(plan, 1, kTables);  // some 65 columns: wider than the sheet
+  ASSERT_GT(Pages(), 5);
+  // 36 columns to a part.
+  std::vector<std::size_t> heads;
+  for (int page = 1; page <= Pages(); ++page) {
+    if (!testing::Value(Texts(page), Contains(StartsWith("No. 1")))) continue;
+    heads.push_back(PlacesOf(page, "1").size());
+    for (const Stroke& stroke : Drawn(page, Kind::PageText)) EXPECT_LT(stroke.x0, 28.5 * page::kUnitsPerCm);
+  }
+  EXPECT_EQ(heads.size(), 2U);
+}
+
+// The clock of a cut within the ascent runs late in the replay; a card starts from its own moment.
+TEST_F(TablePrint, ACardTellsTheWholeAscentFromItsMoment) {
+  const frmWaypointEditor& plan = Plan({{40, 25}});
+  const BailoutCuts cuts(plans.forms, plan.Tag(), 7);
+  const TableDives dives = *cuts.Compute(cuts.Scenarios() - 1, kGoOn);
+  const std::vector<AscentCard> cards = MakeAscentCards(dives);
+  ASSERT_EQ(cards.size(), dives.dives.size() - 1);
+  for (std::size_t i = 0; i < cards.size(); ++i) {
+    const ClassProfile& rows = dives.dives[i + 1].profile;
+    const std::int16_t bottom = LastUserRow(rows);
+    EXPECT_EQ(cards[i].rows.front().runTime, cards[i].moment);
+    EXPECT_EQ(cards[i].rows.back().depth, "0");
+    const double ascent = rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(bottom);
+    // Rounded up: no stop seems to end before it began.
+    EXPECT_EQ(cards[i].rows.back().runTime,
+              FormatFixed(Single(std::ceil(dives.dives[i + 1].head + ascent - 0.001)), 0));
+    for (std::size_t row = 1; row < cards[i].rows.size(); ++row) {
+      const double stop = ParseLenient(cards[i].rows[row].stop);
+      EXPECT_GE(ParseLenient(cards[i].rows[row].runTime), ParseLenient(cards[i].rows[row - 1].runTime) + stop - 1)
+          << "card " << cards[i].moment;
+    }
+    std::map<std::string, double> used;
+    std::vector<std::string> stops;
+    std::vector<std::string> told;
+    for (auto row = static_cast<std::int16_t>(bottom + 1); row <= rows.GetLength(); ++row) {
+      used[rows.GetGasMixName(row)] += rows.getGasUsed(row);
+      if (rows.getStopTime(row) == 0) continue;
+      stops.push_back(FormatPlain(rows.getDepth(row)) + " " + FormatPlain(rows.getStopTime(row)) + " " +
+                      rows.GetGasMixName(row));
+    }
+    for (const CardRow& row : cards[i].rows) {
+      if (!row.stop.empty()) told.push_back(row.depth + " " + row.stop + " " + row.gas);
+    }
+    EXPECT_EQ(told, stops);
+    ASSERT_EQ(cards[i].needed.size(), used.size());
+    for (const CardGas& gas : cards[i].needed) EXPECT_EQ(gas.volume, FormatFixed(Single(used[gas.mix]), 0));
+  }
+  EXPECT_NE(dives.dives.back().profile.GetRunTime(LastUserRow(dives.dives.back().profile)), dives.dives.back().head)
+      << "the replay is late";
+}
+
+TEST_F(TablePrint, ChangesOnTheWayAndGasesThatAreTooLeanAreMarked) {
+  frmWaypointEditor& plan = Plan({{60, 12}}, 7);
+  const BailoutCuts cuts(plans.forms, plan.Tag(), 12);
+  const auto marked = [&](int scenario, bool CardRow::*flag) {
+    std::vector<std::string> rows;
+    const std::vector<AscentCard> cards = MakeAscentCards(*cuts.Compute(scenario, kGoOn));
+    for (const CardRow& row : cards.front().rows) {
+      if (row.*flag) rows.push_back(row.depth + " " + row.gas);
+    }
+    return rows;
+  };
+  ASSERT_EQ(plans.documents(plan.Tag()).Template.ChangeGasMixes.size(), 2U);
+  EXPECT_THAT(marked(2, &CardRow::gasChanges), Each(testing::AnyOf(HasSubstr("EAN50"), HasSubstr("Oxygen"))));
+  EXPECT_EQ(marked(2, &CardRow::gasChanges).size(), 2U);
+  // Without EAN50 Tx10/70 is breathed up to 9 m, at 0.19 bar; without both gases up to 3 m, at 0.13 bar.
+  for (int i = 0; i < 2; ++i) EXPECT_THAT(marked(i, &CardRow::warned), IsEmpty());
+  plans.documents(plan.Tag()).Template.ChangeGasMixes.resize(1);
+  const BailoutCuts one(plans.forms, plan.Tag(), 12);
+  const TableDives none = *one.Compute(0, kGoOn);
+  const std::vector<AscentCard> cards = MakeAscentCards(none);
+  EXPECT_TRUE(cards.front().rows[cards.front().rows.size() - 2].warned);
+  // Table and card have the same words.
+  const SmallTable table = MakeSmallTable(none, "Depth");
+  ASSERT_FALSE(table.warnings.empty());
+  EXPECT_EQ(table.warnings.front().warning, cards.front().warnings.front());
+  Print(plan, 12, {true, true});
+  const std::string words = WarningText(cards.front().warnings.front(), RemarkWordsOf(texts, true));
+  std::vector<std::string> told;
+  for (int page = 1; page <= Pages(); ++page) {
+    for (const std::string& text : Texts(page)) told.push_back(text);
+  }
+  EXPECT_THAT(told, Contains("Column 12: " + words));
+  EXPECT_THAT(told, Contains("! " + words));
+}
+
+TEST_F(TablePrint, HeadsTellTheModelInForceAndTheCircuitOfTheAscent) {
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  DiveTemplate& settings = plans.documents(plan.Tag()).Template;
+  settings.OpenCircuit = false;
+  plan.ReEvaluateUserEnteredWaypoints();
+  struct Case {
+    ModelChoice model;
+    bool factors;
+    std::string title;
+  };
+  for (const Case& c : {Case{{false, false, false}, true, "ZH-L16B  GF 0.30-0.85  21/0  "},
+                        Case{{false, false, false}, false, "ZH-L16B  GF #6169  21/0  "},
+                        Case{{false, false, true}, true, "ZH-L16C  GF 0.30-0.85  21/0  "},
+                        Case{{true, false, false}, true, "VPM  21/0  "},
+                        Case{{false, true, false}, true, "ZH-L16B + VPM  GF 0.30-0.85  21/0  "}}) {
+    plans.model = c.model;
+    settings.UseGF = c.factors;
+    EXPECT_EQ(TableTitle(*BailoutCuts(plans.forms, plan.Tag(), 7).Compute(0, kGoOn), writer), c.title + "OC");
+    SquareDives dives(plans.forms.Services(), plan.Tag(), 0, true, {30, 30, 1, 10, 10, 1});
+    EXPECT_EQ(TableTitle(*dives.Next(kGoOn), writer), c.title + "RB");
+  }
+}
+
+TEST_F(TablePrint, RatesAndMomentsBetweenWholeNumbersAreToldAsTheyAre) {
+  frmWaypointEditor& plan = plans.New();
+  plan.SaveUserEnteredWaypoints(20.4, 30, 0, false);
+  DiveTemplate& settings = plans.documents(plan.Tag()).Template;
+  settings.AscendRates = {{0, 0, 0.4, 0}, {0, 0, 9, 4.5}};
+  settings.DescendRates = {{0, 0, 17.5, 0}};
+  plan.ReEvaluateUserEnteredWaypoints();
+  const std::vector<AscentCard> cards = MakeAscentCards(*BailoutCuts(plans.forms, plan.Tag(), 20).Compute(0, kGoOn));
+  ASSERT_EQ(cards.size(), 2U);
+  EXPECT_EQ(cards[0].moment, "20");
+  EXPECT_EQ(cards[1].moment, "20.4");
+  EXPECT_EQ(cards[1].rows.front().runTime, "20.4");
+  Print(plan, 20, kTables);
+  for (const char* number : {"0.4", "4.5", "17.5"}) EXPECT_THAT(Texts(1), Contains(number));
+}
+
+TEST_F(TablePrint, CardsStandSixToAPageAndALongAscentGoesOnInTheNext) {
+  Print(Plan({{30, 14}}), 2, kCards);
+  // Cuts at 2 to 14 and in the ascent, three scenarios; none at the surface.
+  const BailoutCuts cuts(plans.forms, 1, 2);
+  std::size_t cards = 0;
+  for (int i = 0; i < cuts.Scenarios(); ++i) cards += MakeAscentCards(*cuts.Compute(i, kGoOn)).size();
+  EXPECT_EQ(Pages(), static_cast<int>((cards + 5) / 6));
+  std::size_t heads = 0;
+  for (const std::string& text : Texts(1)) heads += static_cast<std::size_t>(text.starts_with("Leave at "));
+  EXPECT_EQ(heads, 6U);
+
+  Print(Plan({{90, 25}}, 7), 25, kCards);
+  EXPECT_THAT(Texts(1), AllOf(Contains("1/2"), Contains("2/2")));
+  std::vector<double> depths;  // bold, in the first column of cards
+  for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
+    if (stroke.font.points == 13 && stroke.font.bold &&
+        stroke.text.find_first_not_of("0123456789") == std::string::npos) {
+      depths.push_back(ParseLenient(stroke.text));
+    }
+  }
+  EXPECT_GT(depths.size(), 15U);
+  EXPECT_EQ(depths.front(), 90);
+}
+
+TEST_F(TablePrint, TablesAndCardsHaveTheDecimalSeparatorOfTheReader) {
+  platform.separators = {",", "."};
+  const PrintPreview german(platform, texts);
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  const TableDives dives = *BailoutCuts(plans.forms, plan.Tag(), 7).Compute(0, kGoOn);
+  EXPECT_THAT(TableTitle(dives, german), HasSubstr("GF 0,30-0,85"));
+  EXPECT_THAT(TableTitle(dives, writer), HasSubstr("GF 0.30-0.85"));
+  TableDives half = dives;
+  half.dives[1].depth = 4.5;
+  half.diveTemplate.Metric = false;
+  const AscentCard card = MakeAscentCards(half, platform.separators).front();
+  EXPECT_EQ(card.depth, "4,5");
+  EXPECT_THAT(card.needed.front().volume, HasSubstr(","));
+}
+
+TEST_F(TablePrint, ALongNameStaysWithinItsCard) {
+  const std::string name = "A deco gas with a name for two of its kind 50";
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  DiveTemplate& settings = plans.documents(plan.Tag()).Template;
+  for (GasMix& mix : settings.Blends) mix.Name = mix.Name == "EAN50" ? name : mix.Name;
+  for (GasChange& change : settings.ChangeGasMixes) change.Name = change.Name == "EAN50" ? name : change.Name;
+  plan.ReEvaluateUserEnteredWaypoints();
+  Print(plan, 7, kCards);
+  int names = 0;
+  for (int number = 1; number <= Pages(); ++number) {
+    for (const Stroke& stroke : Drawn(number, Kind::PageText)) {
+      if (!stroke.text.starts_with("A de")) continue;
+      ++names;
+      const double from = stroke.x0 / page::kUnitsPerCm - TableSlots::kLeft;
+      const double to = from + ArialMeasure().TextWidth(stroke.text, stroke.font) / page::kUnitsPerCm;
+      EXPECT_EQ(std::floor(from / TableSlots::kCellWidth), std::floor(to / TableSlots::kCellWidth)) << stroke.text;
+      EXPECT_TRUE(stroke.text.ends_with("50") || stroke.text.ends_with("50 lost")) << stroke.text;
+    }
+  }
+  EXPECT_GT(names, 4);
+}
+
+TEST_F(TablePrint, NoCardIsMadeOfACutAtTheSurface) {
+  // The ascent ends on a whole minute.
+  const frmWaypointEditor& plan = Plan({{30, 14}});
+  const TableDives dives = *BailoutCuts(plans.forms, plan.Tag(), 1).Compute(0, kGoOn);
+  ASSERT_EQ(double{dives.dives.back().depth}, 0);
+  EXPECT_EQ(MakeAscentCards(dives).size(), dives.dives.size() - 2);
+}
+
+TEST_F(TablePrint, ACancelWithinTheCardsShowsNothing) {
+  const frmWaypointEditor& plan = Plan({{30, 14}});
+  const BailoutCuts cuts(plans.forms, plan.Tag(), 2);
+  TablePrintModule print(writer);
+  print.StartTableOutput();
+  print.PrintTableSet(*cuts.Compute(0, kGoOn));
+  int asked = 0;
+  print.EndTableOutput([&] { return ++asked < 3; });
+  EXPECT_EQ(asked, 3);
+  EXPECT_EQ(window.shown, "");
+}
+
+// The laws of small tables, tried on the cuts of random plans.
+TEST_F(TablePrint, EveryStopOfEveryDiveIsInACellOrInARemarkOfItsColumn) {
+  std::mt19937 random(21);
+  for (int n = 0; n < 60; ++n) {
+    const test::RandomPlan made = test::MakePlan(random);
+    test::Plans own;
+    frmWaypointEditor& plan = own.New([&](DiveTemplate& t) { t = made.settings; });
+    plan.UserActions = made.actions;
+    plan.ReEvaluateUserEnteredWaypoints();
+    if (plan.CurrentRunTime() > 300) continue;
+    const BailoutCuts cuts(own.forms, plan.Tag(), 9);
+    for (int i = 0; i < cuts.Scenarios(); ++i) {
+      const TableDives dives = *cuts.Compute(i, kGoOn);
+      const SmallTable table = MakeSmallTable(dives, "Depth");
+      for (std::size_t dive = 0; dive < table.totals.size(); ++dive) {
+        std::multimap<std::string, std::string> told;  // depth, minutes
+        std::multimap<std::string, std::string> gases;
+        for (std::size_t row = 1; row < table.cells.size(); ++row) {
+          const std::string& minutes = table.cells[row][TableColumn::kFirstDive + dive];
+          if (minutes.empty()) continue;
+          told.emplace(table.cells[row][TableColumn::kDepth], minutes);
+          const auto other = std::find_if(table.other_gas.begin(), table.other_gas.end(), [&](const StopRemark& r) {
+            return r.dive == dive && r.depth == table.cells[row][TableColumn::kDepth];
+          });
+          gases.emplace(table.cells[row][TableColumn::kDepth],
+                        other == table.other_gas.end() ? table.cells[row][TableColumn::kMix] : other->what);
+        }
+        for (const StopRemark& remark : table.left_out) {
+          if (remark.dive == dive) told.emplace(remark.depth, remark.what);
+        }
+        std::multimap<std::string, std::string> stops;
+        const ClassProfile& rows = dives.dives[dive + 1].profile;
+        for (std::int16_t row = 1; row <= rows.GetLength(); ++row) {
+          if (rows.getStopTime(row) == 0) continue;
+          const std::string depth = FormatFixed(rows.getStopDepth(row), 0);
+          stops.emplace(depth, FormatFixed(rows.getStopTime(row), 0));
+          if (const auto gas = gases.find(depth); gas != gases.end()) {
+            EXPECT_EQ(gas->second, MixLabel(rows.Row(row))) << depth << "\n" << test::File(made);
+          }
+        }
+        ASSERT_EQ(told, stops) << test::File(made);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tav
