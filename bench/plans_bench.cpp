@@ -38,8 +38,8 @@ struct Size {
 
 void Compute(test::Plans& plans, const ReadyPlan& plan, ClassProfile& result) {
   result.clear();
-  ClassBuhlmann engine(plans.documents, plans.model, plans.observer);
-  engine.Init(1, false);
+  ClassBuhlmann engine(plans.documents(1).Template, plans.model, plans.observer);
+  engine.Init(false);
   engine.StartBuhlmann(plan.rows, result, true, false);
 }
 

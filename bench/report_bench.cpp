@@ -28,7 +28,7 @@ void LongReportOfASeries(benchmark::State& state) {
   TextSource texts;
   PrintPreview writer(platform, texts);
   GeneralReport report(writer, {}, nullptr);
-  for (auto _ : state) WriteLongReport(report, plans.forms, last, true);
+  for (auto _ : state) WriteLongReport(report, plans.forms.Series(last));
   state.counters["pages"] = writer.Pages().Pages();
 }
 BENCHMARK(LongReportOfASeries)->Unit(benchmark::kMillisecond);

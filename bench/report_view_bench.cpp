@@ -45,7 +45,7 @@ class Report {
   Report() {
     const std::int16_t dive = OpenProfile(dialogs_.forms, Trimix()).front();
     GeneralReport report(writer_, {}, nullptr);
-    WriteLongReport(report, dialogs_.forms, dive, false);
+    WriteLongReport(report, dialogs_.forms.Series(dive, false));
   }
   [[nodiscard]] const PageFile& Pages() const { return writer_.Pages(); }
 

@@ -2,10 +2,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "compute/bailout_cuts.h"
+#include "compute/square_dives.h"
 #include "headless/headless_platform.h"
-#include "plans/bailout_cuts.h"
 #include "plans/profile_commands.h"
-#include "plans/square_dives.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 #include "tables/table_print.h"
@@ -61,7 +61,7 @@ void StandardGrid(benchmark::State& state, Stage stage) {
   int pages = 0;
   for (auto _ : state) {
     Output output(stage);
-    SquareDives grid(plans.forms.Services(), 0, 0, true, {9, 54, 3, 5, 45, 5});
+    SquareDives grid = plans.Squares(0, {0, true, {9, 54, 3, 5, 45, 5}});
     dives = 0;
     while (const auto table = grid.Next(clock.Progress())) {
       dives += static_cast<int>(table->dives.size()) - 1;
@@ -82,7 +82,7 @@ void Trimix100(benchmark::State& state, Stage stage) {
   int pages = 0;
   for (auto _ : state) {
     Output output(stage);
-    const BailoutCuts cuts(plans.forms, document, 1);
+    const BailoutCuts cuts = plans.Cuts(document, 1);
     dives = 0;
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const auto scenario = cuts.Compute(i, clock.Progress());

@@ -5,8 +5,6 @@
 #include "fuzz_support.h"
 #include "model/template_faults.h"
 #include "persist/template_file.h"
-#include "plans/profile_commands.h"
-#include "support/plan_fixture.h"
 
 using namespace tav;
 
@@ -56,9 +54,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Require(PlanFaults(dive.UserActions, dive.Template).empty(), "its legs can be planned");
   }
   if (!IsSmall(imported->profile)) return 0;
-  test::Plans plans;
-  const auto documents = OpenProfile(plans.forms, "input.tav", imported->profile);
-  const std::string uddf = WriteUddf(plans.forms, documents, {"", {}});
+  EngineObserver silent;
+  const std::vector<ComputedPlan> plans = ComputeSeries(imported->profile.dives, {}, silent);
+  const std::string uddf = WriteUddf(PlannedSeries(imported->profile.dives, plans), {"", {}});
   const auto again = Read(uddf, false);
   fuzz::Require(again.has_value(), "what is written is read");
   fuzz::Require(Write(again->profile) == Write(imported->profile), "it is the same");

@@ -73,13 +73,14 @@ class Ceilings {
   explicit Ceilings(const Context& context) : context_(context), dive_(context.dive) {}
 
   void Check() {
-    const ClassUseractions& actions = dive_.window.UserActions;
+    const ClassUseractions& actions = dive_.planned.record.UserActions;
     int legs = 0;
     for (std::int16_t n = 1; n <= actions.GetLength(); ++n) {
       const bool isLeg = actions.getaction(n) == ClassUseractions::kLeg;
       if (isLeg) ++legs;
-      const std::int16_t last = dive_.window.LastRowOf(n);
-      for (std::int16_t row = Next(dive_.window.LastRowOf(static_cast<std::int16_t>(n - 1))); row <= last; ++row) {
+      const std::int16_t last = dive_.planned.plan.LastRowOf(n);
+      for (std::int16_t row = Next(dive_.planned.plan.LastRowOf(static_cast<std::int16_t>(n - 1))); row <= last;
+           ++row) {
         Add(isLeg ? legs : 0, row);
       }
     }

@@ -3,24 +3,22 @@
 #include <cstdint>
 
 #include "compute/breathed_gas.h"
-#include "engine/model_choice.h"
-#include "model/document_store.h"
-#include "plans/waypoint_editor.h"
+#include "compute/compute.h"
 
 namespace tav {
 
 /// A computed dive as the advice reads it. What it refers to outlives it and is not changed meanwhile.
 struct CheckedDive {
-  CheckedDive(const frmWaypointEditor& plan, const DocumentState& document)
-      : window(plan),
-        rows(plan.LoadedProfile()),
-        settings(document.Template),
-        surfaceInterval(document.SurfaceInterval),
-        decompresses(document.Decompresses),
-        model(plan.EvaluatedWith()),
+  CheckedDive(const PlannedDive& dive)
+      : planned(dive),
+        rows(dive.plan.loadedRows),
+        settings(dive.record.Template),
+        surfaceInterval(dive.record.SurfaceInterval),
+        decompresses(dive.plan.end.Decompresses),
+        model(dive.plan.model),
         lastUserRow(LastUserRow(rows)) {}
 
-  const frmWaypointEditor& window;
+  PlannedDive planned;
   const ClassProfile& rows;  ///< with the loads
   const DiveTemplate& settings;
   Single surfaceInterval;  ///< minutes, ahead of a repetitive dive

@@ -28,14 +28,14 @@ void CheckLength(const Context& context, int leg, std::int16_t first, std::int16
 }
 
 void CheckEachLeg(const Context& context) {
-  const frmWaypointEditor& window = context.dive.window;
-  const ClassUseractions& actions = window.UserActions;
+  const ComputedPlan& plan = context.dive.planned.plan;
+  const ClassUseractions& actions = context.dive.planned.record.UserActions;
   int leg = 0;
   for (std::int16_t n = 1; n <= actions.GetLength(); ++n) {
     if (actions.getaction(n) != ClassUseractions::kLeg) continue;
     ++leg;
-    const auto first = static_cast<std::int16_t>(window.LastRowOf(static_cast<std::int16_t>(n - 1)) + 1);
-    const std::int16_t last = window.LastRowOf(n);
+    const auto first = static_cast<std::int16_t>(plan.LastRowOf(static_cast<std::int16_t>(n - 1)) + 1);
+    const std::int16_t last = plan.LastRowOf(n);
     if (last < first) continue;
     CheckLength(context, leg, first, last, actions.gettime(n));
     if (actions.getDepth(n) != 0) continue;

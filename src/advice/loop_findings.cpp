@@ -19,7 +19,7 @@ void CheckInterval(const Context& context) {
   const CheckedDive& dive = context.dive;
   const DiveTemplate& settings = dive.settings;
   const bool onLoop = !settings.OpenCircuit && !settings.IntervalOnAir;
-  if (dive.window.PrevProfile == -1 || !onLoop || dive.surfaceInterval == 0) return;
+  if (dive.planned.before == nullptr || !onLoop || dive.surfaceInterval == 0) return;
   const AdviceWords& words = context.words;
   context.findings.push_back(
       {Rule::IntervalOnLoop, Severity::Danger, 0, 0,

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "compute/bailout_cuts.h"
 #include "figures/dive_figures.h"
-#include "plans/bailout_cuts.h"
 
 namespace tav {
 namespace {
@@ -28,9 +28,17 @@ struct Demand {
 };
 
 /// A gas that is lost is lost from the start.
-std::vector<GasWarning> WarningsOf(const ClassProfile& rows, const DiveTemplate& settings,
-                                   const std::optional<std::string>& lost = std::nullopt) {
-  return GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
+WhatIfColumn ColumnOf(Kind kind, const ComputedPlan& plan, const DiveTemplate& settings,
+                      const std::optional<std::string>& lost = std::nullopt) {
+  const ClassProfile& rows = plan.rows;
+  WhatIfColumn column;
+  column.kind = kind;
+  column.fault = plan.fault;
+  column.decompresses = plan.end.Decompresses;
+  column.rows = rows;
+  column.gas = GasNeeds(rows, settings);
+  column.warnings = GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
+  return column;
 }
 
 Demand DemandOf(const TableDive& cut, const DiveTemplate& settings) {
@@ -96,82 +104,56 @@ std::string WhatIfColumn::Id() const {
   return {};
 }
 
-WhatIf::WhatIf(DocumentForms& forms, std::int16_t document)
-    : model_(forms.Services().model),
-      forms_({store_, model_, observer_, display_, boxes_, forms.Services().texts}),
-      plan_(forms.Services().documents(document)),
-      actions_(forms(document).UserActions),
-      fault_(forms(document).EvaluationFault()) {
-  const frmWaypointEditor& window = forms(document);
-  for (std::int16_t i = 1; i <= actions_.GetLength(); ++i) {
-    if (actions_.getaction(i) != ClassUseractions::kLeg) continue;
-    if (deepest_ == 0 || actions_.getDepth(i) >= actions_.getDepth(deepest_)) deepest_ = i;
+WhatIf::WhatIf(const PlannedDive& dive, const ModelChoice& model)
+    : plan_(dive.record), model_(model), fault_(dive.plan.fault) {
+  if (dive.before != nullptr) before_ = *dive.before;
+  ClassUseractions& actions = plan_.UserActions;
+  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+    if (actions.getaction(i) != ClassUseractions::kLeg) continue;
+    if (deepest_ == 0 || actions.getDepth(i) >= actions.getDepth(deepest_)) deepest_ = i;
   }
-  if (fault_.empty() && deepest_ == 0) fault_ = forms.Services().texts.GetResString(kNoLegs);
-  if (!fault_.empty()) return;
-  addsAscent_ = window.State() != EditState::Ascent;
+  if (fault_.IsEmpty() && deepest_ == 0) fault_ = kNoLegs;
+  if (!fault_.IsEmpty()) return;
+  addsAscent_ = dive.plan.state != EditState::Ascent;
   if (addsAscent_) {
-    actions_.NewAction();
-    actions_.setdeco(actions_.GetLength());
+    actions.NewAction();
+    actions.setdeco(actions.GetLength());
   }
-  std::int16_t before = -1;
-  if (window.PrevProfile != -1) {
-    // Its window must know that it has an ascent; its loads are those that the user's series has.
-    before = forms_.NewDocument();
-    const DocumentState& previous = forms.Services().documents(window.PrevProfile);
-    store_(before) = previous;
-    forms_(before).UserActions = forms(window.PrevProfile).UserActions;
-    forms_(before).ReEvaluateUserEnteredWaypoints();
-    store_(before) = previous;
-  }
-  scratch_ = forms_.NewDocument();
-  store_(scratch_) = plan_;
-  forms_(scratch_).DiveNumber = window.DiveNumber;
-  forms_(scratch_).PrevProfile = before;
 }
 
-WhatIfColumn WhatIf::Run(Kind kind, const ClassUseractions& actions, const DiveTemplate& settings) {
-  frmWaypointEditor& window = forms_(scratch_);
-  store_(scratch_).Template = settings;
-  window.UserActions = actions;
-  window.ReEvaluateUserEnteredWaypoints();
-  WhatIfColumn column;
-  column.kind = kind;
-  column.fault = window.EvaluationFault();
-  column.decompresses = store_(scratch_).Decompresses;
-  column.rows = window.InputProfile;
-  column.gas = GasNeeds(column.rows, settings);
-  column.warnings = WarningsOf(column.rows, settings);
-  return column;
+ComputedPlan WhatIf::Computed(const DiveRecord& dive) const {
+  EngineObserver silent;
+  return Compute(dive, model_, before_ ? &*before_ : nullptr, silent);
 }
 
-WhatIfColumn WhatIf::Changed(Kind kind, const WhatIfWish& wish) {
-  ClassUseractions actions = actions_;
+WhatIfColumn WhatIf::Changed(Kind kind, const WhatIfWish& wish) const {
+  DiveRecord dive = plan_;
+  ClassUseractions& actions = dive.UserActions;
   const double longer = kind == Kind::Deeper ? 0.0 : double{wish.minutes};
   const double deeper = kind == Kind::Longer ? 0.0 : double{wish.depth};
-  actions.setuser(deepest_, actions_.getDepth(deepest_) + deeper, actions_.gettime(deepest_) + longer,
-                  actions_.getmixnumber(deepest_));
-  return Run(kind, actions, plan_.Template);
+  actions.setuser(deepest_, actions.getDepth(deepest_) + deeper, actions.gettime(deepest_) + longer,
+                  actions.getmixnumber(deepest_));
+  return ColumnOf(kind, Computed(dive), dive.Template);
 }
 
-WhatIfColumn WhatIf::Lost(const std::string& gas) {
-  DiveTemplate settings = plan_.Template;
-  for (std::size_t i = settings.ChangeGasMixes.size(); i-- > 0;) {
+WhatIfColumn WhatIf::Lost(const std::string& gas) const {
+  DiveRecord dive = plan_;
+  for (std::size_t i = dive.Template.ChangeGasMixes.size(); i-- > 0;) {
     // The list may have a gas twice; all of it is in the cylinder that is lost.
-    if (settings.ChangeGasMixes[i].Name == gas) settings = DropGasChange(settings, static_cast<int>(i));
+    if (dive.Template.ChangeGasMixes[i].Name == gas) dive.Template = DropGasChange(dive.Template, static_cast<int>(i));
   }
-  WhatIfColumn column = Run(Kind::Lost, actions_, settings);
+  WhatIfColumn column = ColumnOf(Kind::Lost, Computed(dive), dive.Template, gas);
   column.lost = gas;
-  column.warnings = WarningsOf(column.rows, settings, gas);
   return column;
 }
 
-WhatIfColumn WhatIf::BailOut() {
+WhatIfColumn WhatIf::BailOut(const ComputedPlan& planned) const {
   WhatIfColumn worst;
   worst.kind = Kind::BailOut;
-  const BailoutCuts cuts(forms_, scratch_, 1);
+  EngineObserver silent;
+  const BailoutCuts cuts({plan_, planned, before_ ? &*before_ : nullptr}, model_, 1, silent);
   worst.fault = cuts.Fault();
-  if (!worst.fault.empty()) return worst;
+  if (!worst.fault.IsEmpty()) return worst;
   Demand most;
   try {
     cuts.Visit([&](const TableDive& cut) {
@@ -186,11 +168,10 @@ WhatIfColumn WhatIf::BailOut() {
       worst.warnings = GasWarnings({plan_.Template, {}, true}, cut);
       return cut.decompresses;  // nothing is worse than what never ends
     });
-  } catch (const std::runtime_error& error) {
-    worst.fault = forms_.Services().texts.Words(error);
+  } catch (const MessageError& error) {
+    worst.fault = error.Reason();
   }
-  if (worst.fault.empty() && worst.rows.GetLength() == 0)
-    worst.fault = forms_.Services().texts.GetResString(kNeverUnderWater);
+  if (worst.fault.IsEmpty() && worst.rows.GetLength() == 0) worst.fault = kNeverUnderWater;
   worst.gas = GasNeeds(worst.rows, plan_.Template);
   return worst;
 }
@@ -202,11 +183,11 @@ std::vector<WhatIfColumn> WhatIf::Columns(const WhatIfWish& wish) {
       const bool known = FindBlend(change.Name, plan_.Template).has_value();
       if (known && std::ranges::find(lost, change.Name) == lost.end()) lost.push_back(change.Name);
     }
+    const ComputedPlan planned = Computed(plan_);
     fixed_.reserve(lost.size() + 2);
+    fixed_.push_back(ColumnOf(Kind::Planned, planned, plan_.Template));
     for (const std::string& gas : lost) fixed_.push_back(Lost(gas));
-    // The loop plan stands in the scratch document when the bail-out cuts it.
-    fixed_.insert(fixed_.begin(), Run(Kind::Planned, actions_, plan_.Template));
-    if (!plan_.Template.OpenCircuit) fixed_.push_back(BailOut());
+    if (!plan_.Template.OpenCircuit) fixed_.push_back(BailOut(planned));
   }
   std::vector<WhatIfColumn> columns;
   columns.reserve(fixed_.size() + 3);

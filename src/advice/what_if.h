@@ -5,12 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "compute/compute.h"
 #include "compute/gas_warnings.h"
-#include "engine/model_choice.h"
-#include "engine/observer.h"
-#include "model/document_store.h"
-#include "model/profile.h"
-#include "plans/document_forms.h"
 
 namespace tav {
 
@@ -45,10 +41,10 @@ struct WhatIfColumn {
   enum class Kind { Planned, Longer, Deeper, Both, Lost, BailOut };
 
   Kind kind = Kind::Planned;
-  std::string lost;   ///< name of the gas that is missing
-  Single moment;      ///< of a bail-out: minute of the plan at which it begins
-  Single depth;       ///< and the depth there
-  std::string fault;  ///< why it can't be computed; then it has no rows
+  std::string lost;  ///< name of the gas that is missing
+  Single moment;     ///< of a bail-out: minute of the plan at which it begins
+  Single depth;      ///< and the depth there
+  Message fault;     ///< why it can't be computed; then it has no rows
   bool decompresses = true;
   ClassProfile rows;                 ///< the whole dive with its ascent
   std::vector<GasWarning> warnings;  ///< what must not be breathed in it
@@ -60,18 +56,14 @@ struct WhatIfColumn {
 
 /// What becomes of a plan when something changes: a longer or deeper leg, a lost gas, the loop that fails.
 ///
-/// Each column is the plan with one change, evaluated like any plan, in a store of its own: neither the user's document
-/// nor its series is touched. The plan is taken when the object is made, with the loads and doses of the dive before.
-/// A plan without an ascent gets one, since without it there is nothing to compare.
+/// Each column is the plan with one change, computed like any plan. The plan is taken when the object is made, with the
+/// loads and doses of the dive before. A plan without an ascent gets one, since without it there is nothing to compare.
 class WhatIf {
  public:
-  WhatIf(DocumentForms& forms, std::int16_t document);
-  WhatIf(const WhatIf&) = delete;
-  WhatIf& operator=(const WhatIf&) = delete;
-  ~WhatIf() = default;
+  WhatIf(const PlannedDive& dive, const ModelChoice& model);
 
   /// Why there is nothing to compare: no legs, a plan that can't be computed. Empty when there is.
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  [[nodiscard]] const Message& Fault() const { return fault_; }
   /// The plan had no ascent: that of the columns was added.
   [[nodiscard]] bool AddsAscent() const { return addsAscent_; }
   [[nodiscard]] const DiveTemplate& Settings() const { return plan_.Template; }
@@ -81,33 +73,19 @@ class WhatIf {
   [[nodiscard]] std::vector<WhatIfColumn> Columns(const WhatIfWish& wish);
 
  private:
-  [[nodiscard]] WhatIfColumn Run(WhatIfColumn::Kind kind, const ClassUseractions& actions,
-                                 const DiveTemplate& settings);
-  [[nodiscard]] WhatIfColumn Changed(WhatIfColumn::Kind kind, const WhatIfWish& wish);
-  [[nodiscard]] WhatIfColumn Lost(const std::string& gas);
+  [[nodiscard]] ComputedPlan Computed(const DiveRecord& dive) const;
+  [[nodiscard]] WhatIfColumn Changed(WhatIfColumn::Kind kind, const WhatIfWish& wish) const;
+  [[nodiscard]] WhatIfColumn Lost(const std::string& gas) const;
   /// Of all whole minutes of the plan, the one whose ascent on open circuit asks for the most gas in relation to what
   /// is carried; or takes longest, where no cylinders are told.
-  [[nodiscard]] WhatIfColumn BailOut();
+  [[nodiscard]] WhatIfColumn BailOut(const ComputedPlan& planned) const;
 
-  /// Boxes have nobody to answer them here.
-  struct NoBoxes : MessageBoxes {
-    BoxAnswer Show(const std::string&, const std::string&, BoxIcon, BoxButtons buttons) override {
-      return DismissedAnswer(buttons);
-    }
-  };
-
-  DocumentStore store_;
+  DiveRecord plan_;  ///< with its ascent
+  std::optional<EndState> before_;
   ModelChoice model_;
-  EngineObserver observer_;
-  EditorDisplay display_;
-  NoBoxes boxes_;
-  DocumentForms forms_;
-  std::int16_t scratch_ = 0;  ///< the document in `store_` that the columns are computed in
-  DocumentState plan_;        ///< as the user has it
-  ClassUseractions actions_;
   std::int16_t deepest_ = 0;  ///< action of the deepest leg
   bool addsAscent_ = false;
-  std::string fault_;
+  Message fault_;
   std::vector<WhatIfColumn> fixed_;  ///< those that no wish changes: planned, lost gases, bail-out
 };
 

@@ -19,7 +19,7 @@ void EngineWarnings::Warn(const LimitWarning& warning, const Words& words) {
 
 void EngineWarnings::Show(const Subject& subject, const std::string& text, const std::string& title) {
   if (silent) return;
-  if (!inCommand_) {
+  if (!inCommand_ && subject.document != -1) {
     if (memory_.IsNews(subject.document, text, returning())) {
       boxes_.Show(text, title, BoxIcon::Exclamation, BoxButtons::OK);
     }

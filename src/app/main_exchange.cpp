@@ -64,16 +64,16 @@ bool frmMain::ImportPlan(const fs::path& file) {
 void frmMain::ExportCommand() {
   const auto active = Active();
   if (!active) return;
-  std::vector<std::int16_t> dives;
+  std::vector<PlannedDive> dives;
   for (std::int16_t n = services_.forms(*active).getFirstProfile(); n != -1; n = services_.forms(n).NextProfile) {
-    const std::string& fault = services_.forms(n).EvaluationFault();
+    const std::string fault = services_.forms(n).EvaluationFault();
     if (!fault.empty()) {
       services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + fault, "", BoxIcon::Stop, BoxButtons::OK);
       return;
     }
-    dives.push_back(n);
+    dives.push_back(services_.forms(n).Planned());
   }
-  const std::string name = fs::path(Document(dives.front()).ProfileName).stem().string();
+  const std::string name = fs::path(Document(*active).ProfileName).stem().string();
   const fs::path file = services_.platform.files.Save({T(kExportTitle),
                                                        T(kExportFilter),
                                                        FolderUsedLast(kExchangeFolder),
@@ -84,7 +84,7 @@ void frmMain::ExportCommand() {
   SaveNotes notes;
   try {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    notes = WriteTextFile(file, WriteUddf(services_.forms, dives, {TAV_VERSION, now}));
+    notes = WriteTextFile(file, WriteUddf(dives, {TAV_VERSION, now}));
   } catch (const std::exception& error) {
     services_.platform.boxes.Show(T(kNotSaved) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
                                   BoxButtons::OK);

@@ -51,7 +51,7 @@ void frmMain::ShowGraphExtras() {
 
 std::string frmMain::WhyStop(std::int16_t document, std::int16_t row) const {
   const frmWaypointEditor& editor = services_.forms(document);
-  const CheckedDive dive(editor, Document(document));
+  const CheckedDive dive(editor.Planned());
   for (const StopReason& reason : StopReasons(dive)) {
     if (reason.row != row) continue;
     return TextOf(reason, AdviceWords(services_.texts, services_.platform.separators, dive.settings.Metric));

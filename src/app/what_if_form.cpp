@@ -72,8 +72,9 @@ void frmWhatIf::PlanChanged() {
     ShowNotice({});
     return;
   }
-  Caption = T(kTitle) + ": " + DiveTitle(services_.forms, document, texts_);
-  whatIf_ = std::make_unique<WhatIf>(services_.forms, document);
+  const SeriesDive dive = services_.forms.Series(document, false).front();
+  Caption = T(kTitle) + ": " + DiveTitle(dive, texts_);
+  whatIf_ = std::make_unique<WhatIf>(dive.dive, model_());
   metric_ = TemplateOf(document).Metric;
   lbUnit.Caption = T(metric_ ? kMetres : kFeet);
   if (first || metric_ != wasMetric) {
@@ -100,16 +101,17 @@ void frmWhatIf::TakeWish() {
   take(tbDeeper, WhatIfWish::kMostDepth, wish_.depth);
   if (whatIf_ == nullptr) return;
   std::vector<std::string> notices;
-  if (whatIf_->Fault().empty()) {
+  if (whatIf_->Fault().IsEmpty()) {
     columns_ = whatIf_->Columns(wish_);
     table_ = TableOf(columns_, wish_, whatIf_->Settings(), Words());
     if (whatIf_->AddsAscent()) notices.push_back(T(kWithAscent));
     for (const WhatIfColumn& column : columns_) {
-      if (!column.fault.empty()) notices.push_back(T(kNoColumn, {NameOf(column, Words()), column.fault}));
+      if (column.fault.IsEmpty()) continue;
+      notices.push_back(T(kNoColumn, {NameOf(column, Words()), texts_.Words(column.fault)}));
     }
     for (const std::string& warning : table_.warnings) notices.push_back("! " + warning);
   } else {
-    notices.push_back(T(kNothing, {whatIf_->Fault()}));
+    notices.push_back(T(kNothing, {texts_.Words(whatIf_->Fault())}));
   }
   ShowColumns();
   ShowNotice(notices);
@@ -180,8 +182,8 @@ void frmWhatIf::PrintSlate() {
   if (cbWith.ListIndex == AllColumns) chosen = columns_;
   if (cbWith.ListIndex == ThePlanAndTheChosen && Chosen() > 0) chosen.push_back(columns_[Chosen()]);
   Slate slate(report_, model_());
-  WriteSlates({slate, services_.forms, texts_, platform_.separators, ReadSupplyChoice(platform_.settings)}, document_,
-              chosen, wish_);
+  WriteSlates({slate, texts_, platform_.separators, ReadSupplyChoice(platform_.settings)},
+              services_.forms.Series(document_, false).front(), chosen, wish_);
   report_.documentName = services_.Documents()(document_).ProfileName;
 }
 

@@ -7,9 +7,9 @@
 #include "cli/plan_output.h"
 #include "cli/table_output.h"
 #include "cli/table_pdf.h"
+#include "compute/bailout_cuts.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
-#include "plans/bailout_cuts.h"
 #include "start/user_texts.h"
 
 namespace tav {
@@ -46,8 +46,8 @@ int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, 
     const Single interval = ChosenInterval(bailout.interval);
     const auto documents = OpenProfile(session.Forms(), bailout.file, ReadPlannable(bailout.file, texts, err));
     const std::int16_t document = ChosenDive(bailout.dive, documents);
-    const BailoutCuts cuts(session.Forms(), document, interval);
-    if (!cuts.Fault().empty()) throw FileError(bailout.file, 0, cuts.Fault());
+    const BailoutCuts cuts(session.Forms()(document).Planned(), session.Model(), interval, session.Trace());
+    if (!cuts.Fault().IsEmpty()) throw FileError(bailout.file, 0, cuts.Fault());
 
     const bool json = options.form == OutputForm::Json;
     std::optional<TablePdf> pdf;

@@ -33,14 +33,15 @@ int ExportCommand(const ExportOptions& options, const OutputOptions& model, cons
     const auto documents =
         ChosenDives(options.dive, OpenProfile(session.Forms(), options.file, ReadPlannable(options.file, texts, err)));
     bool decompress = true;
+    std::vector<PlannedDive> dives;
     for (const std::int16_t document : documents) {
-      const std::string& fault = session.Forms()(document).EvaluationFault();
+      dives.push_back(session.Forms()(document).Planned());
+      const std::string fault = session.Forms()(document).EvaluationFault();
       if (!fault.empty()) throw FileError(options.file, 0, fault);
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    TellNotes(options.uddf, WriteTextFile(options.uddf, WriteUddf(session.Forms(), documents, {TAV_VERSION, now})),
-              texts, err);
+    TellNotes(options.uddf, WriteTextFile(options.uddf, WriteUddf(dives, {TAV_VERSION, now})), texts, err);
     const frmWaypointEditor& first = session.Forms()(documents.front());
     if (first.PrevProfile != -1) {
       err << options.file << ": " << texts.Filled(kWithoutLoads, {std::to_string(first.DiveNumber)}) << "\n";

@@ -33,8 +33,8 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     dive.document = &session.Documents()(documents[i]);
     dive.rows = &window.InputProfile;
     const bool metric = dive.document->Template.Metric;
-    const CheckedDive checked(window, *dive.document);
-    dive.supply = SupplyOf(session.Forms(), documents[i], options.supply);
+    const CheckedDive checked(window.Planned());
+    dive.supply = SupplyOf(checked.planned, options.supply);
     dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
     dive.model = ModelName(session.Model());

@@ -10,7 +10,6 @@
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
 #include "start/user_texts.h"
-#include "supply/supply_text.h"
 
 namespace tav {
 
@@ -24,21 +23,18 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
     const auto chosen = ChosenDives(report.dive, documents);
     bool decompress = true;
     for (const std::int16_t document : chosen) {
-      const std::string& fault = session.Forms()(document).EvaluationFault();
+      const std::string fault = session.Forms()(document).EvaluationFault();
       if (!fault.empty()) throw FileError(report.file, 0, fault);
       decompress = decompress && session.Documents()(document).Decompresses;
     }
     PageOutput output(folders, report.pdf);
-    const bool wholeSeries = chosen.size() > 1;
+    const auto dives = session.Forms().Series(chosen.front(), chosen.size() > 1);
     if (report.slate) {
       Slate slate(output.Pages(), session.Model());
-      WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen.front(),
-                  wholeSeries);
+      WriteSlates({slate, output.Pages().Texts(), {".", ""}, options.supply}, dives);
     } else {
       GeneralReport pages(output.Pages(), session.Model(), nullptr);
-      WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
-        return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
-      });
+      WriteLongReport(pages, dives, ReportedSupply{options.supply, {".", ""}});
     }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;

@@ -7,9 +7,9 @@
 #include "cli/plan_output.h"
 #include "cli/table_output.h"
 #include "cli/table_pdf.h"
+#include "compute/square_dives.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
-#include "plans/square_dives.h"
 #include "start/user_texts.h"
 
 namespace tav {
@@ -66,8 +66,8 @@ int TablesCommand(const TablesOptions& tables, const OutputOptions& options, con
     const AxesFault axesFault = FindAxesFault(axes);
     if (axesFault != AxesFault::None) throw OptionError(TextOf(axesFault));
 
-    SquareDives dives(session.Forms().Services(), DocumentStore::DefaultDocument, mix, !tables.descentCounts, axes);
-    if (!dives.Fault().empty()) throw OptionError(dives.Fault());
+    SquareDives dives(settings, session.Model(), {mix, !tables.descentCounts, axes}, session.Trace());
+    if (!dives.Fault().IsEmpty()) throw OptionError(dives.Fault());
     err << rounded.str();
     const std::string unit = settings.Metric ? " m" : " ft";
     std::optional<TablePdf> pdf;

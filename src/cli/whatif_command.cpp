@@ -24,10 +24,10 @@ Single Wished(const std::string& text, const char* option, Single usual, double 
 
 /// A plan that can't be computed with the change that was asked for is unusable input; a bail-out that can't be is only
 /// one column less.
-void RefuseFaults(const std::vector<WhatIfColumn>& columns, const std::string& file) {
+void RefuseFaults(const std::vector<WhatIfColumn>& columns, const std::string& file, const TextSource& texts) {
   for (const WhatIfColumn& column : columns) {
-    if (column.fault.empty() || column.kind == WhatIfColumn::Kind::BailOut) continue;
-    throw FileError(file, 0, column.Id() + ": " + column.fault);
+    if (column.fault.IsEmpty() || column.kind == WhatIfColumn::Kind::BailOut) continue;
+    throw FileError(file, 0, column.Id() + ": " + texts.Words(column.fault));
   }
 }
 
@@ -72,23 +72,24 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
     ApplyOptions(options, session);
     const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file, texts, err));
     const std::int16_t document = ChosenDive(whatIf.dive, documents);
-    WhatIf plan(session.Forms(), document);
-    if (!plan.Fault().empty()) throw FileError(whatIf.file, 0, plan.Fault());
+    const SeriesDive dive = session.Forms().Series(document, false).front();
+    WhatIf plan(dive.dive, session.Model());
+    if (!plan.Fault().IsEmpty()) throw FileError(whatIf.file, 0, plan.Fault());
     const bool metric = plan.Settings().Metric;
     WhatIfWish wish = WhatIfWish::Usual(metric);
     wish.minutes = Wished(whatIf.longer, "--longer", wish.minutes, WhatIfWish::kMostMinutes);
     wish.depth = Wished(whatIf.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
     std::vector<WhatIfColumn> columns = plan.Columns(wish);
-    RefuseFaults(columns, whatIf.file);
-    if (!columns.back().fault.empty()) {
-      err << whatIf.file << ": " << columns.back().Id() << ": " << columns.back().fault << "\n";
+    RefuseFaults(columns, whatIf.file, texts);
+    if (!columns.back().fault.IsEmpty()) {
+      err << whatIf.file << ": " << columns.back().Id() << ": " << texts.Words(columns.back().fault) << "\n";
       columns.pop_back();
     }
     const AdviceWords words(texts, {".", ""}, metric);
     if (!whatIf.pdf.empty()) {
       PageOutput pdf(folders, whatIf.pdf);
       Slate slate(pdf.Pages(), session.Model());
-      WriteSlates({slate, session.Forms(), texts, {".", ""}, options.supply}, document, columns, wish);
+      WriteSlates({slate, texts, {".", ""}, options.supply}, dive, columns, wish);
       pdf.WritePdf(std::filesystem::path(whatIf.file).stem().string());
     }
     if (options.form == OutputForm::Json) {

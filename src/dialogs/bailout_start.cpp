@@ -95,13 +95,14 @@ void frmBailoutStart::cbOK_Click() {
     Unload();
     return;
   }
-  const BailoutCuts cuts(services_.forms, plan_->Number(), *interval);
+  const PlanServices& plans = services_.forms.Services();
+  const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer);
   if (cuts.IntervalIsAtFault()) {
-    RefuseEntry(lbtime, tbTime, cuts.Fault(), T(kFaultTitle));
+    RefuseEntry(lbtime, tbTime, texts_.Words(cuts.Fault()), T(kFaultTitle));
     return;
   }
-  if (!cuts.Fault().empty()) {
-    Box(cuts.Fault(), T(kFaultTitle), BoxIcon::Exclamation);
+  if (!cuts.Fault().IsEmpty()) {
+    Box(texts_.Words(cuts.Fault()), T(kFaultTitle), BoxIcon::Exclamation);
     Unload();
     return;
   }

@@ -3,9 +3,9 @@
 #include <memory>
 #include <optional>
 
+#include "compute/bailout_cuts.h"
 #include "dialogs/dialog_form.h"
 #include "dialogs/long_run.h"
-#include "plans/bailout_cuts.h"
 #include "tables/table_print.h"
 
 namespace tav {

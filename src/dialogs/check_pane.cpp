@@ -53,9 +53,9 @@ void frmCheckPane::Check(std::optional<std::int16_t> document) {
     fault = forms(*document).EvaluationFault();
     if (fault.empty() && refusal_) fault = refusal_(*document);
     if (fault.empty()) {
-      const GasSupply supply = SupplyOf(forms, *document, ReadSupplyChoice(platform_.settings));
-      findings = CheckPlan({forms(*document), state}, AdviceWords(texts_, platform_.separators, state.Template.Metric),
-                           supply);
+      const PlannedDive dive = forms(*document).Planned();
+      const GasSupply supply = SupplyOf(dive, ReadSupplyChoice(platform_.settings));
+      findings = CheckPlan(dive, AdviceWords(texts_, platform_.separators, state.Template.Metric), supply);
     }
   }
   const bool same = document == document_ && fault == fault_ && findings == findings_;

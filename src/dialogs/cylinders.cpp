@@ -233,7 +233,7 @@ void frmCylinders::Show() {
   SupplyChoice choice;
   std::string fault = ReadAll(cylinders, choice);
   const DiveTemplate& settings = TemplateOf(document_);
-  const GasSupply supply = SupplyOf(services_.forms, document_, choice, cylinders);
+  const GasSupply supply = SupplyOf(services_.forms(document_).Planned(), choice, cylinders);
   const SupplyTables tables =
       TablesOf(supply, settings.RMV, AdviceWords(texts_, platform_.separators, settings.Metric));
   fgSupply.Cells = tables.gases;

@@ -139,8 +139,8 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
 void frmGeneralInfo::ShowSupply(std::int16_t dive) {
   constexpr int kDive = 7683;
   constexpr int kSupply = 7635;
-  supply_ = SupplyTablesOf(services_.forms, dive, ReadSupplyChoice(services_.platform.settings), services_.texts,
-                           services_.platform.separators);
+  supply_ = SupplyTablesOf(services_.forms(dive).Planned(), ReadSupplyChoice(services_.platform.settings),
+                           services_.texts, services_.platform.separators);
   fgSupply.Cells = supply_.gases;
   fgLegs.Cells = supply_.legs;
   const bool told = !supply_.gases.empty();

@@ -163,9 +163,10 @@ void frmTableExpert::cbStart_Click() {
     ShowGases();
     return;
   }
-  SquareDives dives(services_.forms.Services(), TableDocument(), *mix, Check1.Value, *axes);
-  if (!dives.Fault().empty()) {
-    Box(dives.Fault(), T(kTitle), BoxIcon::Stop);
+  const PlanServices& plans = services_.forms.Services();
+  SquareDives dives(TemplateOf(TableDocument()), plans.model, {*mix, Check1.Value, *axes}, plans.observer);
+  if (!dives.Fault().IsEmpty()) {
+    Box(texts_.Words(dives.Fault()), T(kTitle), BoxIcon::Stop);
     return;
   }
   SetRunning(true);

@@ -4,10 +4,10 @@
 #include <memory>
 #include <optional>
 
+#include "compute/square_dives.h"
 #include "dialogs/dialog_form.h"
 #include "dialogs/long_run.h"
 #include "pages/print_preview.h"
-#include "plans/square_dives.h"
 
 namespace tav {
 

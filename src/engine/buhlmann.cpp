@@ -9,19 +9,17 @@
 
 namespace tav {
 
-ClassBuhlmann::ClassBuhlmann(DocumentStore& store, const ModelChoice& model, EngineObserver& observer)
-    : store_(store), model_(model), observer_(observer), kernels_(BestKernels()), tracing_(observer.WantsTrace()) {}
-
-void ClassBuhlmann::SetUp(std::int16_t documentIndex, bool useC) {
-  document_ = documentIndex;
-  template_ = &store_(documentIndex).Template;
-  mValues_ = MValuesOf(template_->Metric, useC);
-}
+ClassBuhlmann::ClassBuhlmann(const DiveTemplate& settings, const ModelChoice& model, EngineObserver& observer)
+    : template_(&settings),
+      model_(model),
+      observer_(observer),
+      kernels_(BestKernels()),
+      tracing_(observer.WantsTrace()) {}
 
 Single ClassBuhlmann::Vapour() const { return template_->Metric ? zhl16::kVapourMetres : zhl16::kVapourFeet; }
 
-void ClassBuhlmann::Init(std::int16_t documentIndex, bool useC) {
-  SetUp(documentIndex, useC);
+void ClassBuhlmann::Init(bool useC) {
+  mValues_ = MValuesOf(template_->Metric, useC);
   loads_.He = {};
   if (template_->AdeptedToHeight) {
     // 33 / 1.01325 feet of sea water to the unit of pressure, not 33: the start load of imperial dives rests on it.
@@ -48,9 +46,9 @@ void ClassBuhlmann::AltitudeSegment(Single altitude, Single time) {
   kernels_.LoadConstant(ChangingLoads(), OpenCircuitInspired(ambient), decay_.For(time));
 }
 
-void ClassBuhlmann::InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,
-                                             const Compartments& heLoads, Single surfaceInterval) {
-  SetUp(documentIndex, useC);
+void ClassBuhlmann::InitAfterSurfaceInterval(bool useC, const Compartments& n2Loads, const Compartments& heLoads,
+                                             Single surfaceInterval) {
+  mValues_ = MValuesOf(template_->Metric, useC);
   loads_ = {heLoads, n2Loads};
   openCircuit_ = template_->OpenCircuit || template_->IntervalOnAir;
   ClassProfile sink;
@@ -132,17 +130,6 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
   segmentedProfile.SetEndUserProfile(segmentedProfile.GetLength(), true);
   openCircuit_ = forceOC || template_->OpenCircuit;
   if (runDeco) Ascend(userProfile.getDepth(userProfile.GetLength()), maximumDepth);
-  SaveEndState();
-}
-
-void ClassBuhlmann::SaveEndState() {
-  if (moments_ != nullptr) return;
-  DocumentState& document = store_(document_);
-  document.HeCompartments = loads_.He;
-  document.N2Compartments = loads_.N2;
-  document.TotalOTU = otuTotal_;
-  document.TotalCNS = cnsTotal_;
-  document.Decompresses = decompresses_;
 }
 
 Single ClassBuhlmann::PercentCompartLoad(Compartments& loads) const {

@@ -7,7 +7,7 @@
 #include "engine/dive_moment.h"
 #include "engine/model_choice.h"
 #include "engine/observer.h"
-#include "model/document_store.h"
+#include "model/dive_template.h"
 #include "model/profile.h"
 
 namespace tav {
@@ -16,27 +16,26 @@ namespace tav {
 /// constant-PPO2 rebreather.
 ///
 /// Life of an object: created, started once with Init or InitAfterSurfaceInterval, driven by LoadCompartments or
-/// StartBuhlmann, dropped. It reads the template of its document and never changes it. The template must have no
-/// TemplateFaults and the rows no PlanFaults; the callers see to it.
+/// StartBuhlmann, dropped. The template must have no TemplateFaults and the rows no PlanFaults; the
+/// callers see to it.
 ///
 /// All pressures inside are in depth units of the template: metres of sea water (bar * 10) or feet (atmospheres * 33).
 /// Throws std::length_error when the dive has more rows than a profile holds.
 class ClassBuhlmann {
  public:
-  /// `store` and `observer` must outlive the object.
-  ClassBuhlmann(DocumentStore& store, const ModelChoice& model, EngineObserver& observer);
+  /// `settings` and `observer` must outlive the object.
+  ClassBuhlmann(const DiveTemplate& settings, const ModelChoice& model, EngineObserver& observer);
 
   /// Start state of a repetitive dive: the loads of the dive before, after `surfaceInterval` minutes at the surface on
   /// Blends(0), on open circuit or, on a rebreather without `IntervalOnAir`, from the loop. `useC` takes the C
   /// coefficients, else B.
-  void InitAfterSurfaceInterval(std::int16_t documentIndex, bool useC, const Compartments& n2Loads,
-                                const Compartments& heLoads, Single surfaceInterval);
+  void InitAfterSurfaceInterval(bool useC, const Compartments& n2Loads, const Compartments& heLoads,
+                                Single surfaceInterval);
 
   /// Start state of a first dive: saturated at the start altitude, or come there from sea level.
-  void Init(std::int16_t documentIndex, bool useC);
+  void Init(bool useC);
 
-  /// Replays the rows of a plan, without an ascent. Row 0 of the plan becomes row 0 of the result. The document's end
-  /// state stays as it is.
+  /// Replays the rows of a plan, without an ascent. Row 0 of the plan becomes row 0 of the result.
   void LoadCompartments(const ClassProfile& userProfile, ClassProfile& segmentedProfile);
 
   /// Continues the last LoadCompartments of this object with the rows that the plan has gained since; the result must
@@ -45,13 +44,13 @@ class ClassBuhlmann {
   void LoadMore(const ClassProfile& userProfile, ClassProfile& segmentedProfile);
 
   /// Replays the plan and, if runDeco is set, appends the ascent. `segmentedProfile` comes cleared. forceOC runs the
-  /// ascent of a rebreather plan on open circuit, and its rows from `openFrom` on were breathed so; 0 for none. The end
-  /// state goes to the document: loads, CNS and OTU totals, and whether the plan decompresses.
+  /// ascent of a rebreather plan on open circuit, and its rows from `openFrom` on were breathed so; 0 for none. The
+  /// loads, the totals and whether the plan decompresses are then those at its end.
   void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC,
                      std::int16_t openFrom = 0);
 
-  /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run; the end
-  /// state of the document stays as it is. To be called after Init; `moments` must outlive the run.
+  /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run. To be
+  /// called after Init; `moments` must outlive the run.
   void KeepMoments(std::vector<DiveMoment>& moments) { moments_ = &moments; }
 
   /// Loads as fractions of their M-values at the surface of `EndPressure`, whatever the depth. Returns the largest.
@@ -61,8 +60,10 @@ class ClassBuhlmann {
   /// the ascent.
   [[nodiscard]] Single Dadjust(Single depth) const;
 
-  /// The present loads; for tests and traces.
   [[nodiscard]] const Loads& CurrentLoads() const { return loads_; }
+  [[nodiscard]] Single TotalCNS() const { return cnsTotal_; }
+  [[nodiscard]] Single TotalOTU() const { return otuTotal_; }
+  [[nodiscard]] bool Decompresses() const { return decompresses_; }
 
  private:
   /// How a ramp is breathed: the setpoint in force matters on a rebreather, the breathing rate on open circuit.
@@ -113,7 +114,6 @@ class ClassBuhlmann {
   };
 
   // Start state (buhlmann.cpp).
-  void SetUp(std::int16_t documentIndex, bool useC);
   void AltitudeSegment(Single altitude, Single time);
   void TravelToAltitude();
 
@@ -121,7 +121,6 @@ class ClassBuhlmann {
   /// Row 0 of a result: at the surface that the dive starts from, with the doses that it starts with.
   void FillStartRow(const Waypoint& start, Waypoint& result) const;
   void LoadRows(const ClassProfile& userProfile, std::int16_t first);
-  void SaveEndState();
 
   // Segments (buhlmann_segments.cpp).
   void ConstantSegment(Single depth, Single time, Single surfacePressure, bool doShow);
@@ -177,14 +176,12 @@ class ClassBuhlmann {
   [[nodiscard]] double ToDepthUnits(double pressure) const { return pressure * DepthPerPressure(template_->Metric); }
   [[nodiscard]] Single Vapour() const;
 
-  DocumentStore& store_;
+  const DiveTemplate* template_;
   ModelChoice model_;
   EngineObserver& observer_;
   const CompartmentKernels& kernels_;
   bool tracing_;
 
-  std::int16_t document_ = 0;
-  const DiveTemplate* template_ = nullptr;
   MValueCoefficients mValues_;
   DecayFactors decay_;
   Loads loads_;

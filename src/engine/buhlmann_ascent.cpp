@@ -168,7 +168,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
     if (waited >= kLongestStop) {
       decompresses_ = false;
       observer_.StopHitLimit(
-          {document_, template_->Metric, depth, Mix().Name, lastStopBelowBottom_ ? kLastStopKeepsDown : wait.reason});
+          {-1, template_->Metric, depth, Mix().Name, lastStopBelowBottom_ ? kLastStopKeepsDown : wait.reason});
       break;
     }
     waited += wait.step;

@@ -186,7 +186,7 @@ void ClassBuhlmann::WriteSegmentRow(Single depth, Single rate, const Doses& dose
 void ClassBuhlmann::Warn(Single depth, const Doses& doses, bool isStop) {
   using Kind = Warning::Kind;
   const auto warn = [&](Kind kind, Single value, Single limit) {
-    WarnOnce({kind, {document_, value, limit, depth, Mix().Name, template_->Metric}});
+    WarnOnce({kind, {-1, value, limit, depth, Mix().Name, template_->Metric}});
   };
   if (template_->MaxEnd && doses.end > template_->MaximalEND) warn(Kind::END, doses.end, template_->MaximalEND);
   const Single ppo2 = RoundSingle(doses.ppo2, 2);

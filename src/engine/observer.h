@@ -22,8 +22,8 @@ struct TraceSegment {
 
 /// A row that passes a limit of its template.
 struct LimitWarning {
-  std::int16_t document = 0;
-  Single value;  ///< END in depth units, or PPO2
+  std::int16_t document = -1;  ///< set by who runs the engine for a document
+  Single value;                ///< END in depth units, or PPO2
   Single limit;
   Single depth;     ///< of the row
   std::string gas;  ///< breathed there
@@ -32,7 +32,7 @@ struct LimitWarning {
 
 /// A stop that hit its limit of time without clearing.
 struct StopLimit {
-  std::int16_t document = 0;
+  std::int16_t document = -1;  ///< set by who runs the engine for a document
   bool metric = true;
   Single depth;
   std::string gas;
@@ -59,6 +59,30 @@ class EngineObserver {
   /// Whether Trace is to be called for each loaded segment.
   [[nodiscard]] virtual bool WantsTrace() const { return false; }
   virtual void Trace(const TraceSegment& /*segment*/) {}
+};
+
+/// Hands all that it is told on to another listener, as said of a document.
+class ObserverRelay : public EngineObserver {
+ public:
+  explicit ObserverRelay(EngineObserver& listener, std::int16_t document = -1)
+      : listener_(listener), document_(document) {}
+
+  void WarnEND(const LimitWarning& warning) override { listener_.WarnEND(OfDocument(warning)); }
+  void WarnPPO2High(const LimitWarning& warning) override { listener_.WarnPPO2High(OfDocument(warning)); }
+  void WarnPPO2Low(const LimitWarning& warning) override { listener_.WarnPPO2Low(OfDocument(warning)); }
+  void StopHitLimit(const StopLimit& stop) override { listener_.StopHitLimit(OfDocument(stop)); }
+  [[nodiscard]] bool WantsTrace() const override { return listener_.WantsTrace(); }
+  void Trace(const TraceSegment& segment) override { listener_.Trace(segment); }
+
+ private:
+  template <class Told>
+  [[nodiscard]] Told OfDocument(Told told) const {
+    told.document = document_;
+    return told;
+  }
+
+  EngineObserver& listener_;
+  std::int16_t document_;
 };
 
 }  // namespace tav

@@ -4,40 +4,25 @@
 #include <cmath>
 #include <vector>
 
+#include "compute/compute.h"
 #include "exchange/si_units.h"
-#include "plans/document_forms.h"
-#include "plans/profile_commands.h"
 
 namespace tav {
 namespace {
 
 using Samples = std::vector<LoggedDive::Sample>;
 
-/// Nobody is asked while a plan is computed for its depths.
-struct NoBoxes : MessageBoxes {
-  BoxAnswer Show(const std::string& /*text*/, const std::string& /*title*/, BoxIcon /*icon*/,
-                 BoxButtons buttons) override {
-    return DismissedAnswer(buttons);
-  }
-};
-
 /// What an export of each dive writes; nothing for one that can't be computed.
-std::vector<Samples> SamplesOf(const ProfileText& series, const ModelChoice& model) {
-  const TextSource texts;
-  DocumentStore documents;
-  EngineObserver observer;
-  EditorDisplay display;
-  NoBoxes boxes;
-  DocumentForms forms({documents, model, observer, display, boxes, texts});
-  std::vector<Samples> all;
-  all.reserve(series.dives.size());
-  for (const std::int16_t document : OpenProfile(forms, "", series)) {
-    Samples& samples = all.emplace_back();
-    if (!forms(document).EvaluationFault().empty()) continue;
-    const ClassProfile& rows = forms(document).InputProfile;
-    samples.reserve(static_cast<std::size_t>(rows.GetLength()) + 1);
+std::vector<Samples> SamplesOf(const std::vector<DiveRecord>& series, const ModelChoice& model) {
+  EngineObserver silent;
+  const std::vector<ComputedPlan> plans = ComputeSeries(series, model, silent);
+  std::vector<Samples> all(plans.size());
+  for (std::size_t i = 0; i < plans.size(); ++i) {
+    if (!plans[i].fault.IsEmpty()) continue;
+    const ClassProfile& rows = plans[i].rows;
+    all[i].reserve(static_cast<std::size_t>(rows.GetLength()) + 1);
     for (std::int16_t row = 0; row <= rows.GetLength(); ++row) {
-      samples.push_back({rows.GetRunTime(row), si::Metres(rows.getDepth(row), documents(document).Template.Metric)});
+      all[i].push_back({rows.GetRunTime(row), si::Metres(rows.getDepth(row), series[i].Template.Metric)});
     }
   }
   return all;
@@ -73,17 +58,17 @@ DiveRecord LegsAlone(const DiveRecord& dive) {
 
 std::set<int> ContradictedPlans(const DiveLog& log, const std::map<int, DiveRecord>& plans) {
   // The series from its first dive on, as long as each dive has its plan.
-  ProfileText series;
+  std::vector<DiveRecord> series;
   std::set<int> open;
   bool whole = !log.dives.empty() && log.dives.front().longInterval;
   for (const LoggedDive& logged : log.dives) {
     const auto plan = plans.find(logged.number);
     whole = whole && plan != plans.end();
     if (plan == plans.end()) continue;
-    if (whole) series.dives.push_back(plan->second);
+    if (whole) series.push_back(plan->second);
     if (!logged.samples.empty()) open.insert(logged.number);
   }
-  const int ofSeries = static_cast<int>(series.dives.size());
+  const int ofSeries = static_cast<int>(series.size());
   const auto logged = [&](int number) -> const Samples& {
     return log.dives[static_cast<std::size_t>(number) - 1].samples;
   };
@@ -99,9 +84,8 @@ std::set<int> ContradictedPlans(const DiveLog& log, const std::map<int, DiveReco
     }
   }
   for (auto number = open.upper_bound(ofSeries); number != open.end();) {
-    ProfileText legs;
-    legs.dives.push_back(LegsAlone(plans.at(*number)));
-    number = BeginsWith(logged(*number), SamplesOf(legs, {}).front()) ? open.erase(number) : std::next(number);
+    const Samples legs = SamplesOf({LegsAlone(plans.at(*number))}, {}).front();
+    number = BeginsWith(logged(*number), legs) ? open.erase(number) : std::next(number);
   }
   return open;
 }

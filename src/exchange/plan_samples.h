@@ -4,7 +4,7 @@
 #include <set>
 
 #include "exchange/logged_dive.h"
-#include "persist/profile_file.h"
+#include "model/dive_record.h"
 
 namespace tav {
 

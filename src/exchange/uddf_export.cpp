@@ -69,8 +69,8 @@ struct Breathing {
 
 class DiveWriter {
  public:
-  DiveWriter(const frmWaypointEditor& window, const DocumentState& document, MixList& mixes)
-      : window_(window), rows_(window.InputProfile), document_(document), settings_(document.Template), mixes_(mixes) {
+  DiveWriter(const PlannedDive& dive, MixList& mixes)
+      : dive_(dive), rows_(dive.plan.rows), settings_(dive.record.Template), mixes_(mixes) {
     lastUserRow_ = LastUserRow(rows_);
     bool circuitOpened = settings_.OpenCircuit;
     for (std::int16_t i = 1; i <= rows_.GetLength(); ++i) {
@@ -99,17 +99,17 @@ class DiveWriter {
   void WritePlan(xml_node dive) const {
     xml_node instruction = dive.append_child(pugi::node_pi);
     instruction.set_name(kPlanInstruction);
-    const std::string record = WriteDiveRecord(settings_, document_.SurfaceInterval, window_.UserActions);
+    const std::string record = WriteDiveRecord(settings_, dive_.record.SurfaceInterval, dive_.record.UserActions);
     instruction.set_value(EscapePlan(record).c_str());
   }
 
   void WriteBefore(xml_node before, std::chrono::sys_seconds start) const {
     Add(before, "datetime", DateTime(start));
     xml_node interval = Add(before, "surfaceintervalbeforedive");
-    if (window_.PrevProfile == -1) {
+    if (dive_.before == nullptr) {
       Add(interval, "infinity");
     } else {
-      Add(interval, "passedtime", FormatFixed(document_.SurfaceInterval * si::kSecondsPerMinute, 0));
+      Add(interval, "passedtime", FormatFixed(dive_.record.SurfaceInterval * si::kSecondsPerMinute, 0));
     }
     AddNumber(before, "altitude", Metres(settings_.StartAltitude));
     Add(before, "apparatus", settings_.OpenCircuit ? "open-scuba" : "rebreather");
@@ -177,9 +177,8 @@ class DiveWriter {
     if (minutes > 0) AddNumber(after, "averagedepth", Metres(area / minutes));
   }
 
-  const frmWaypointEditor& window_;
+  const PlannedDive& dive_;
   const ClassProfile& rows_;
-  const DocumentState& document_;
   const DiveTemplate& settings_;
   MixList& mixes_;
   std::int16_t lastUserRow_ = 0;
@@ -192,7 +191,7 @@ std::chrono::sys_seconds Later(std::chrono::sys_seconds time, double minutes) {
 
 }  // namespace
 
-std::string WriteUddf(DocumentForms& forms, const std::vector<std::int16_t>& documents, const UddfOrigin& origin) {
+std::string WriteUddf(const std::vector<PlannedDive>& dives, const UddfOrigin& origin) {
   pugi::xml_document file;
   xml_node declaration = file.append_child(pugi::node_declaration);
   declaration.append_attribute("version").set_value("1.0");
@@ -211,17 +210,16 @@ std::string WriteUddf(DocumentForms& forms, const std::vector<std::int16_t>& doc
   xml_node group = Add(Add(root, "profiledata"), "repetitiongroup");
   group.append_attribute("id").set_value("series1");
   std::chrono::sys_seconds start = origin.start;
-  for (std::size_t i = 0; i < documents.size(); ++i) {
-    const DocumentState& document = forms.Services().documents(documents[i]);
-    const frmWaypointEditor& window = forms(documents[i]);
-    if (i > 0) start = Later(start, document.SurfaceInterval);
-    for (const GasChange& change : document.Template.ChangeGasMixes) {
-      if (FindBlend(change.Name, document.Template)) mixes.Id(change.Name, change.O2, change.N2, change.He);
+  for (std::size_t i = 0; i < dives.size(); ++i) {
+    const DiveTemplate& settings = dives[i].record.Template;
+    if (i > 0) start = Later(start, dives[i].record.SurfaceInterval);
+    for (const GasChange& change : settings.ChangeGasMixes) {
+      if (FindBlend(change.Name, settings)) mixes.Id(change.Name, change.O2, change.N2, change.He);
     }
     xml_node dive = Add(group, "dive");
     dive.append_attribute("id").set_value(("dive" + std::to_string(i + 1)).c_str());
-    DiveWriter(window, document, mixes).Write(dive, start);
-    start = Later(start, window.InputProfile.GetRunTime(window.InputProfile.GetLength()));
+    DiveWriter(dives[i], mixes).Write(dive, start);
+    start = Later(start, dives[i].plan.rows.GetRunTime(dives[i].plan.rows.GetLength()));
   }
   mixes.Write(definitions);
   std::ostringstream out;

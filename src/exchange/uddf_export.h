@@ -1,11 +1,10 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "plans/document_forms.h"
+#include "compute/compute.h"
 
 namespace tav {
 
@@ -19,6 +18,6 @@ struct UddfOrigin {
 /// at the end of every row, gas switches and setpoints at the sample where they begin, stops where they begin, and the
 /// plan itself as a processing instruction (kPlanInstruction), from which ImportUddf makes it again. A later dive
 /// begins its surface interval after the one before.
-std::string WriteUddf(DocumentForms& forms, const std::vector<std::int16_t>& documents, const UddfOrigin& origin);
+std::string WriteUddf(const std::vector<PlannedDive>& dives, const UddfOrigin& origin);
 
 }  // namespace tav

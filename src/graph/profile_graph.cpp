@@ -9,7 +9,6 @@
 #include "picture/offset_surface.h"
 #include "picture/plot_labels.h"
 #include "picture/tissue_map.h"
-#include "plans/compute_profile.h"
 
 namespace tav {
 namespace {
@@ -68,8 +67,7 @@ const std::vector<DiveMoment>& ProfileGraph::Moments() const {
   const frmWaypointEditor& editor = Editor();
   if (momentsOf_ != editor.Evaluation()) {
     momentsOf_ = editor.Evaluation();
-    moments_ = ReplayMoments(forms_.Services(), {document_, editor.PrevProfile}, editor.EvaluatedWith(),
-                             editor.LoadedProfile());
+    moments_ = editor.Planned().Moments();
   }
   return moments_;
 }

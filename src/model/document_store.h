@@ -4,28 +4,21 @@
 #include <deque>
 #include <string>
 
-#include "model/dive_template.h"
-#include "model/profile.h"
+#include "model/dive_record.h"
 
 namespace tav {
 
-/// What is kept of one open document apart from its window.
-struct DocumentState {
-  bool SlotFree = false;  ///< may be given to a new document
-  bool Modified = false;  ///< has unsaved changes
-  DiveTemplate Template;
+/// What is kept of one open document apart from its window: the dive, and how its last evaluation left it.
+struct DocumentState : DiveRecord, EndState {
+  bool SlotFree = false;               ///< may be given to a new document
+  bool Modified = false;               ///< has unsaved changes
   std::string TemplateTitle;           ///< name of the template in use; "Default" in element 0
   std::string ProfileName;             ///< name of the profile file
   std::string ProfileFolder;           ///< its folder with trailing separator; empty until saved
   std::int16_t PreviousDocument = -1;  ///< the dive before in a series, -1 for none
-  Compartments HeCompartments{};       ///< loads at the end of the last run with an ascent, depth units
-  Compartments N2Compartments{};
-  Single TotalOTU;  ///< totals at the end of the last run; until then the doses that the dive starts with
-  Single TotalCNS;
-  Single StartOTU;  ///< doses that a repetitive dive starts with, kept apart from the totals that a run writes
+  std::int16_t NextDocument = -1;      ///< the dive after
+  Single StartOTU;                     ///< doses that a repetitive dive starts with
   Single StartCNS;
-  Single SurfaceInterval;    ///< minutes on the surface before this dive
-  bool Decompresses = true;  ///< false when a stop of the last ascent hit its limit without clearing
 };
 
 /// All documents. Element 0 is the default document: it has no window and never becomes free; every new document

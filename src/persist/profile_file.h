@@ -5,9 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/dive_template.h"
-#include "model/single.h"
-#include "model/user_actions.h"
+#include "model/dive_record.h"
 #include "persist/format_faults.h"
 #include "persist/template_block.h"
 
@@ -15,13 +13,6 @@ namespace tav {
 
 /// Extension of profile files.
 constexpr std::string_view kProfileExtension = ".tav";
-
-/// One dive of a profile file: the settings and what the user asked for. Results are computed anew.
-struct DiveRecord {
-  DiveTemplate Template;
-  Single SurfaceInterval;  ///< minutes ahead of this dive
-  ClassUseractions UserActions;
-};
 
 /// Where the parts of a record stand in its file, for messages.
 struct DiveRecordLines {

@@ -52,21 +52,41 @@ std::int16_t DocumentForms::InsertDive(std::int16_t previous, const DiveRecord& 
   document.ProfileName = before.ProfileName;
   document.ProfileFolder = before.ProfileFolder;
   document.SurfaceInterval = dive.SurfaceInterval;
-  document.PreviousDocument = previous;
+  document.UserActions = dive.UserActions;
   frmWaypointEditor& window = (*this)(number);
-  window.UserActions = dive.UserActions;
   window.SetTemplate();
-  const std::int16_t next = (*this)(previous).NextProfile;
+  const std::int16_t next = before.NextDocument;
   window.setPrevNext(previous, next);
-  (*this)(previous).setNext(number);
-  if (next != -1) {
-    (*this)(next).PrevProfile = number;
-    services_.documents(next).PreviousDocument = number;
-  }
   for (std::int16_t i = next; i != -1; i = (*this)(i).NextProfile) (*this)(i).UpdateSurfProfiles();
   services_.documents(window.getFirstProfile()).Modified = true;
   window.ReEvaluateUserEnteredWaypoints();
   return number;
+}
+
+void DocumentForms::Link(std::int16_t document, std::int16_t previous, std::int16_t next) {
+  DocumentStore& documents = services_.documents;
+  const auto join = [&](std::int16_t first, std::int16_t second) {
+    if (first != -1) documents(first).NextDocument = second;
+    if (second != -1) documents(second).PreviousDocument = first;
+  };
+  join(documents(document).PreviousDocument, documents(document).NextDocument);
+  documents(document).PreviousDocument = -1;
+  documents(document).NextDocument = -1;
+  if (previous != -1) join(previous, document);
+  if (next != -1) join(document, next);
+}
+
+std::vector<SeriesDive> DocumentForms::Series(std::int16_t document, bool whole) {
+  std::vector<SeriesDive> dives;
+  int number = 0;
+  for (std::int16_t n = (*this)(document).getFirstProfile(); n != -1; n = (*this)(n).NextProfile) {
+    ++number;
+    if (!whole && n != document) continue;
+    DocumentState& state = services_.documents(n);
+    dives.push_back({(*this)(n).Planned(), state.Template, state.ProfileName, number});
+  }
+  for (SeriesDive& dive : dives) dive.ofDives = number;
+  return dives;
 }
 
 std::string DocumentForms::Caption(std::int16_t document) {

@@ -7,6 +7,7 @@
 
 #include "persist/profile_file.h"
 #include "plans/plan_services.h"
+#include "plans/series_dive.h"
 #include "plans/waypoint_editor.h"
 
 namespace tav {
@@ -33,6 +34,12 @@ class DocumentForms {
 
   /// The same for a dive that there was already, and between any two of a series: the later ones are computed anew.
   std::int16_t InsertDive(std::int16_t previous, const DiveRecord& dive);
+
+  /// Puts a document into a series between two of it, which are neighbours, or behind or ahead of one; takes it out of
+  /// its series where both are -1. Those that it stood between are then neighbours.
+  void Link(std::int16_t document, std::int16_t previous, std::int16_t next);
+  /// A dive with its place in its series, or all dives of it.
+  [[nodiscard]] std::vector<SeriesDive> Series(std::int16_t document, bool whole = true);
 
   /// The caption of a document by its place in its series.
   [[nodiscard]] std::string Caption(std::int16_t document);

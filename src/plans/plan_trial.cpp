@@ -42,12 +42,12 @@ std::vector<PlanRefusal::Leg> PlanTrial::LegsAboveCeiling() const {
 
 PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins) {
   PlanRefusal refusal;
-  const bool hadFault = !Former().fault.empty();
+  const bool hadFault = !Former().plan.fault.IsEmpty();
   const auto stood = [&](const PlanRefusal::Leg& leg) {
     const std::int16_t origin = origins.at(static_cast<std::size_t>(leg.action));
     return std::any_of(formerlyAbove_.begin(), formerlyAbove_.end(),
                        [&](const PlanRefusal::Leg& former) { return former.action == origin; }) &&
-           Former().actions.getDepth(origin) == actions.getDepth(leg.action);
+           Former().document.UserActions.getDepth(origin) == actions.getDepth(leg.action);
   };
   const bool taken = Editor().TryActions(actions, [&] {
     if (!hadFault) refusal.fault = Editor().EvaluationFault();
@@ -72,7 +72,7 @@ std::string PlanTrial::TryTemplate(const std::function<void(DiveTemplate&)>& cha
     Template() = wanted;
     inForce_ = true;
     Editor().ReEvaluateUserEnteredWaypoints();
-    if (Former().fault.empty()) fault = Editor().EvaluationFault();
+    if (Former().plan.fault.IsEmpty()) fault = Editor().EvaluationFault();
   }
   if (!fault.empty()) Refuse();
   return fault;

@@ -16,22 +16,18 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
   for (const DiveRecord& dive : profile.dives) {
     const std::int16_t number = forms.NewDocument();
     DocumentState& document = services.documents(number);
-    document.Template = dive.Template;
+    static_cast<DiveRecord&>(document) = dive;
     document.ProfileName = SplitPath(file.string(), PathPart::FileName);
     document.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
     if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
     document.TemplateTitle = document.ProfileName;
-    document.SurfaceInterval = dive.SurfaceInterval;
     services.display.ShowCaption(number, DocumentCaption(services.texts, document));
 
     frmWaypointEditor& window = forms(number);
     window.SetTemplate();
-    window.UserActions = dive.UserActions;
     window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
     if (!opened.empty()) {
-      document.PreviousDocument = opened.back();
-      window.PrevProfile = opened.back();
-      forms(opened.back()).NextProfile = number;
+      forms.Link(number, opened.back(), -1);
       services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
     }
     window.ReEvaluateUserEnteredWaypoints();

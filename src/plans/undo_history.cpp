@@ -122,8 +122,7 @@ std::shared_ptr<const UndoHistory::TakenOut> UndoHistory::Remove(std::int16_t do
   const PlanServices& services = forms_.Services();
   frmWaypointEditor& editor = forms_(document);
   const DocumentState& state = services.documents(document);
-  auto takenOut =
-      std::make_shared<TakenOut>(TakenOut{{state.Template, state.SurfaceInterval, editor.UserActions}, Of(document)});
+  auto takenOut = std::make_shared<TakenOut>(TakenOut{static_cast<const DiveRecord&>(state), Of(document)});
   forms_(editor.PrevProfile).MarkModified();
   editor.LeaveDocument(true);
   services.display.CloseWindow(document);

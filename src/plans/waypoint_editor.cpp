@@ -3,8 +3,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "compute/leg_expansion.h"
-#include "engine/oxygen_dose.h"
 #include "model/numbers.h"
 #include "model/template_faults.h"
 #include "model/units.h"
@@ -20,65 +18,42 @@ constexpr int kUnsavedQuestion = 3058;
 constexpr int kUnsavedTitle = 3059;
 constexpr int kAboveCeiling = 3061;
 constexpr int kTooManyRows = 7507;
-constexpr int kNotComputed = 7885;
+constexpr int kRunning = 5006;
+constexpr int kIdle = 5005;
 
 }  // namespace
 
 frmWaypointEditor::frmWaypointEditor(DocumentForms& forms, std::int16_t documentNumber)
-    : forms_(forms), documentNumber_(documentNumber) {}
+    : UserActions(forms.Services().documents(documentNumber).UserActions),
+      PrevProfile(forms.Services().documents(documentNumber).PreviousDocument),
+      NextProfile(forms.Services().documents(documentNumber).NextDocument),
+      forms_(forms),
+      documentNumber_(documentNumber) {}
 
 const PlanServices& frmWaypointEditor::Services() const { return forms_.Services(); }
 
 DocumentState& frmWaypointEditor::Document() const { return Services().documents(documentNumber_); }
 
+PlannedDive frmWaypointEditor::Planned() const {
+  return {Document(), computed_, PrevProfile == -1 ? nullptr : &Services().documents(PrevProfile)};
+}
+
 void frmWaypointEditor::Form_Load() {
   DiveNumber = 1;
-  PrevProfile = -1;
-  NextProfile = -1;
-  InputProfile.Class_Initialize();
-  resultProfile_.Class_Initialize();
-  savedProfile_.Class_Initialize();
+  forms_.Link(documentNumber_, -1, -1);
   UserActions.clear();
-  currentRunTime_ = 0;
-  editState_ = EditState::Empty;
   ++opening_;
-  BeginEvaluation();
-  evaluationFault_.clear();
-  actionResults_.assign(1, {});
+  ComputedPlan empty;
+  empty.model = Services().model;
+  Take(std::move(empty));
   setNullWaypoint();
   Services().display.EnableProfileCommands(false, false);
 }
 
-std::optional<std::int16_t> frmWaypointEditor::LegAt(std::int16_t row) const {
-  for (std::size_t i = 1; i < actionResults_.size() && row > 0; ++i) {
-    const auto action = static_cast<std::int16_t>(i);
-    if (row > actionResults_[i].lastRow) continue;
-    return UserActions.getaction(action) == ClassUseractions::kLeg ? std::optional(action) : std::nullopt;
-  }
-  return std::nullopt;
-}
-
 void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
 
-void frmWaypointEditor::CarryDoses() {
-  DocumentState& document = Document();
-  document.StartCNS = 0;
-  document.StartOTU = 0;
-  if (PrevProfile != -1) {
-    const DocumentState& before = Services().documents(PrevProfile);
-    document.StartCNS = CNSAfterSurfaceInterval(before.TotalCNS, document.SurfaceInterval);
-    document.StartOTU = before.TotalOTU;
-  }
-  document.TotalCNS = document.StartCNS;
-  document.TotalOTU = document.StartOTU;
-}
-
 void frmWaypointEditor::setNullWaypoint() {
-  const DocumentState& document = Document();
-  Waypoint& start = InputProfile.Row(0);
-  start.PPO2 = document.Template.EndPressure * start.GasMixO2 / 100;
-  start.CNS = document.StartCNS;
-  start.OTU = document.StartOTU;
+  FillStartRow(Document().Template, computed_.startCNS, computed_.startOTU, computed_.rows);
 }
 
 void frmWaypointEditor::SaveUserEnteredWaypoints(Single duration, Single depth, std::int16_t mix, bool isAscent) {
@@ -98,37 +73,22 @@ void frmWaypointEditor::ConvertDepths(bool toMetres) {
   }
 }
 
-EngineRun frmWaypointEditor::Run(bool loadOnly) const { return {documentNumber_, PrevProfile, loadOnly, false}; }
-
-std::string frmWaypointEditor::PreviousDiveFault() const {
-  if (PrevProfile == -1 || forms_(PrevProfile).State() == EditState::Ascent) return {};
-  // A later dive starts from the loads at the end of the one before: without an ascent there are none.
-  return Services().texts.Filled(kNotComputed,
-                                 {std::to_string(DiveNumber), std::to_string(forms_(PrevProfile).DiveNumber)});
-}
-
 void frmWaypointEditor::ReEvaluateUserEnteredWaypoints() {
   Evaluate();
   SurfStartDeco();
 }
 
-PlanState frmWaypointEditor::PresentState() const {
-  return {UserActions, InputProfile,   resultProfile_,  savedProfile_,    actionResults_,
-          editState_,  evaluatedWith_, currentRunTime_, evaluationFault_, Document()};
-}
+PlanState frmWaypointEditor::PresentState() const { return {Document(), computed_}; }
 
 void frmWaypointEditor::PutBack(const PlanState& state) {
   ++evaluation_;
-  UserActions = state.actions;
-  InputProfile = state.rows;
-  resultProfile_ = state.loadedRows;
-  savedProfile_ = state.rowsBeforeAscent;
-  actionResults_ = state.actionResults;
-  editState_ = state.editState;
-  evaluatedWith_ = state.model;
-  currentRunTime_ = state.runTime;
-  evaluationFault_ = state.fault;
+  computed_ = state.plan;
+  // Its place in the series is the present one.
+  const std::int16_t previous = PrevProfile;
+  const std::int16_t next = NextProfile;
   Document() = state.document;
+  Document().PreviousDocument = previous;
+  Document().NextDocument = next;
 }
 
 std::vector<PlanState> frmWaypointEditor::StatesFromHere() const {
@@ -167,92 +127,29 @@ void frmWaypointEditor::Evaluate() {
   ShowEvaluation();
 }
 
-void frmWaypointEditor::BeginEvaluation() {
+void frmWaypointEditor::Take(ComputedPlan plan) {
   ++evaluation_;
-  evaluatedWith_ = Services().model;
+  computed_ = std::move(plan);
+  DocumentState& document = Document();
+  static_cast<EndState&>(document) = computed_.end;
+  document.StartCNS = computed_.startCNS;
+  document.StartOTU = computed_.startOTU;
 }
 
 void frmWaypointEditor::Compute() {
-  BeginEvaluation();
-  InputProfile.clear();
-  resultProfile_.clear();
-  actionResults_.assign(1, {});
-  CarryDoses();
-  setNullWaypoint();
-  Document().Decompresses = true;
-  editState_ = EditState::Empty;
-  std::string& fault = evaluationFault_;
-  fault = PreviousDiveFault();
-  // Legs are expanded by the rate tables before the engine sees them: a table without entries would be no table.
-  const TextSource& texts = Services().texts;
-  if (fault.empty() && UserActions.GetLength() > 0)
-    fault = texts.Words(JoinFaults(TemplateFaults(Document().Template)));
-  if (fault.empty()) fault = texts.Words(Message::List(PlanFaults(UserActions, Document().Template)));
-
-  Single endTime = 0;
-  Single startTime = 0;
-  Single startDepth = 0;
-  ReplayMemory memory;
-  for (int n = 1; n <= UserActions.GetLength() && fault.empty(); ++n) {
-    const auto action = static_cast<std::int16_t>(n);
-    const Single ceiling = InputProfile.GetCeiling(InputProfile.GetLength());
-    if (UserActions.getaction(action) == ClassUseractions::kLeg) {
-      if (!EvaluateLeg(action, endTime, startTime, startDepth, memory)) break;
-      editState_ = EditState::Legs;
-    } else {
-      if (!EvaluateAscent(endTime, startTime, startDepth)) break;
-      editState_ = EditState::Ascent;
-      memory.Forget();
-    }
-    actionResults_.push_back({InputProfile.GetLength(), ceiling});
-  }
-  if (!fault.empty()) {
-    InputProfile.clear();
-    resultProfile_.clear();
-    actionResults_.assign(1, {});
-    editState_ = EditState::Empty;
-  }
-  currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
+  const PlannedDive dive = Planned();
+  ObserverRelay observer(Services().observer, documentNumber_);
+  Services().display.ShowStatus(kRunning);
+  Take(tav::Compute(dive.record, Services().model, dive.before, observer));
+  Services().display.ShowStatus(kIdle);
 }
 
 void frmWaypointEditor::ShowEvaluation() {
   EditorDisplay& display = Services().display;
   if (PrevProfile != -1) display.ShowRepetitiveIcon(documentNumber_);
-  display.ShowEvaluationFault(documentNumber_, evaluationFault_);
+  display.ShowEvaluationFault(documentNumber_, EvaluationFault());
   EnableCommandsByState();
   display.RedrawProfile(documentNumber_);
-}
-
-bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth,
-                                    ReplayMemory& memory) {
-  endTime += UserActions.gettime(action);
-  Leg leg{startTime, startDepth, endTime, UserActions.getDepth(action), UserActions.getmixnumber(action)};
-  const std::int16_t known = InputProfile.GetLength();
-  try {
-    GetSegmentedProfile(leg, Document().Template, InputProfile);
-  } catch (const std::length_error&) {
-    evaluationFault_ = Services().texts.GetResString(kTooManyRows);
-    return false;
-  }
-  endTime = leg.endTime;
-  startTime = endTime;
-  startDepth = UserActions.getDepth(action);
-  const bool continued = memory.Remembers();
-  evaluationFault_ = ComputeProfile(Services(), Run(true), InputProfile, resultProfile_, &memory);
-  // A continued replay has left the rows before this leg as they were, but for the mark of the last one.
-  InputProfile.CopyFrom(resultProfile_, continued ? known : std::int16_t{0});
-  return evaluationFault_.empty();
-}
-
-bool frmWaypointEditor::EvaluateAscent(Single& endTime, Single& startTime, Single& startDepth) {
-  evaluationFault_ = ComputeProfile(Services(), Run(false), InputProfile, resultProfile_);
-  if (!evaluationFault_.empty()) return false;
-  InputProfile.Copy(resultProfile_);
-  const std::int16_t last = InputProfile.GetLength();
-  endTime = InputProfile.GetRunTime(last);
-  startTime = endTime;
-  startDepth = InputProfile.getDepth(last);
-  return true;
 }
 
 bool frmWaypointEditor::StartDeco() {
@@ -265,25 +162,18 @@ bool frmWaypointEditor::StartDeco() {
   }
   UserActions.setdeco(UserActions.GetLength());
   services.display.ShowHourglass(true);
-  savedProfile_.Copy(InputProfile);
-  Document().Decompresses = true;
-  std::string fault = evaluationFault_;
-  ClassProfile computed;
-  if (fault.empty()) fault = ComputeProfile(services, Run(false), InputProfile, computed);
-  if (!fault.empty()) {
+  ObserverRelay observer(services.observer, documentNumber_);
+  const PlannedDive dive = Planned();
+  ComputedPlan plan = computed_;
+  if (plan.fault.IsEmpty()) plan = WithAscent(std::move(plan), dive.record, services.model, dive.before, observer);
+  if (!plan.fault.IsEmpty()) {
     UserActions.DeleteLast();
     services.display.ShowHourglass(false);
-    services.boxes.Show(fault, "", BoxIcon::Stop, BoxButtons::OK);
+    services.boxes.Show(services.texts.Words(plan.fault), "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
   MarkModified();
-  const Single ceiling = InputProfile.GetCeiling(InputProfile.GetLength());
-  BeginEvaluation();
-  resultProfile_ = std::move(computed);
-  InputProfile.Copy(resultProfile_);
-  actionResults_.push_back({InputProfile.GetLength(), ceiling});
-  currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
-  editState_ = EditState::Ascent;
+  Take(std::move(plan));
   services.display.EnableSurfaceInterval(CanBeFollowed());
   UpdateSurfProfiles();
   services.display.RedrawProfile(documentNumber_);
@@ -314,9 +204,7 @@ bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::i
 
 void frmWaypointEditor::mnucleardecopoints() {
   MarkModified();
-  if (editState_ != EditState::Ascent) return;
-  editState_ = EditState::Legs;
-  InputProfile.Copy(savedProfile_);
+  if (State() != EditState::Ascent) return;
   UserActions.DeleteLast();
   ReEvaluateUserEnteredWaypoints();
   DisableSurfaceInterval();
@@ -331,7 +219,6 @@ void frmWaypointEditor::mnuclearlastwaypoint() {
 
 void frmWaypointEditor::mnuclearallwaypoints() {
   MarkModified();
-  InputProfile.clear();
   UserActions.clear();
   ReEvaluateUserEnteredWaypoints();
   DisableSurfaceInterval();
@@ -340,9 +227,9 @@ void frmWaypointEditor::mnuclearallwaypoints() {
 void frmWaypointEditor::DisableSurfaceInterval() { Services().display.EnableSurfaceInterval(false); }
 
 void frmWaypointEditor::EnableCommandsByState() {
-  const bool anything = editState_ != EditState::Empty;
-  Services().display.EnableProfileCommands(editState_ == EditState::Legs, anything);
-  Services().display.EnableClearAscent(editState_ == EditState::Ascent);
+  const bool anything = State() != EditState::Empty;
+  Services().display.EnableProfileCommands(State() == EditState::Legs, anything);
+  Services().display.EnableClearAscent(State() == EditState::Ascent);
 }
 
 void frmWaypointEditor::Form_Activate() {

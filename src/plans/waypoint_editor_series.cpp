@@ -5,18 +5,7 @@
 namespace tav {
 
 void frmWaypointEditor::setPrevNext(std::int16_t previous, std::int16_t next) {
-  PrevProfile = previous;
-  NextProfile = next;
-  UpdateSurfProfiles();
-}
-
-void frmWaypointEditor::setPrev(std::int16_t previous) {
-  PrevProfile = previous;
-  UpdateSurfProfiles();
-}
-
-void frmWaypointEditor::setNext(std::int16_t next) {
-  NextProfile = next;
+  forms_.Link(documentNumber_, previous, next);
   UpdateSurfProfiles();
 }
 
@@ -43,23 +32,18 @@ void frmWaypointEditor::SurfDeleteProfile() {
     // The first dive carries the series: it closes from the last dive back.
     for (std::int16_t i = getLastProfile(); i != documentNumber_;) {
       const std::int16_t before = forms_(i).PrevProfile;
-      forms_(i).PrevProfile = -1;
-      forms_(before).NextProfile = -1;
+      forms_.Link(i, -1, -1);
       services.display.CloseWindow(i);
       forms_.Unload(i);
       i = before;
     }
     return;
   }
-  forms_(PrevProfile).NextProfile = NextProfile;
-  if (NextProfile != -1) {
-    forms_(NextProfile).PrevProfile = PrevProfile;
-    services.documents(NextProfile).PreviousDocument = PrevProfile;
-    for (std::int16_t i = NextProfile; i != -1; i = forms_(i).NextProfile) forms_(i).UpdateSurfProfiles();
-    forms_(PrevProfile).ReEvaluateUserEnteredWaypoints();
-  }
-  PrevProfile = -1;
-  NextProfile = -1;
+  const std::int16_t before = PrevProfile;
+  const std::int16_t after = NextProfile;
+  forms_.Link(documentNumber_, -1, -1);
+  for (std::int16_t i = after; i != -1; i = forms_(i).NextProfile) forms_(i).UpdateSurfProfiles();
+  if (after != -1) forms_(before).ReEvaluateUserEnteredWaypoints();
 }
 
 std::int16_t frmWaypointEditor::getFirstProfile() const {

@@ -1,19 +1,25 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
+#include <optional>
+#include <vector>
 
-#include "plans/document_forms.h"
+#include "plans/series_dive.h"
 #include "reports/long_report.h"
+#include "supply/supply_choice.h"
 
 namespace tav {
 
 /// "wreck.tav"; in a series with the number of the dive, from the first on.
-std::string DiveTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts);
+std::string DiveTitle(const SeriesDive& dive, const TextSource& texts);
 
-/// Writes the long report of a dive, or of all dives of its series from the first on. `supplyOf` gives the gas supply
-/// of a dive; without it, reports tell none.
-void WriteLongReport(GeneralReport& report, DocumentForms& forms, std::int16_t document, bool wholeSeries,
-                     const std::function<SupplyTables(std::int16_t document)>& supplyOf = {});
+/// What a long report tells of the gas supply.
+struct ReportedSupply {
+  SupplyChoice choice;
+  LocaleSeparators separators;
+};
+
+/// Writes the long report of one dive of a series, or of all of them. Without a `supply` it tells none.
+void WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives,
+                     const std::optional<ReportedSupply>& supply = {});
 
 }  // namespace tav

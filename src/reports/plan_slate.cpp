@@ -5,9 +5,9 @@
 #include "supply/supply_text.h"
 
 namespace tav {
-std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
-                     const AdviceWords& words) {
-  const GasSupply supply = SupplyOf(forms, document, choice);
+
+std::string TurnText(const PlannedDive& dive, const SupplyChoice& choice, const AdviceWords& words) {
+  const GasSupply supply = SupplyOf(dive, choice);
   const LegSupply* deepest = nullptr;
   for (const LegSupply& leg : supply.legs) {
     if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
@@ -18,37 +18,32 @@ std::string TurnText(DocumentForms& forms, std::int16_t document, const SupplyCh
 
 namespace {
 
-SlateDive PlanOf(const SlateServices& services, std::int16_t document) {
-  const DocumentState& state = services.forms.Services().documents(document);
-  const AdviceWords words(services.texts, services.separators, state.Template.Metric);
-  return {DiveTitle(services.forms, document, services.texts),
+SlateDive PlanOf(const SlateServices& services, const SeriesDive& dive) {
+  const auto& [record, plan, before] = dive.dive;
+  const AdviceWords words(services.texts, services.separators, record.Template.Metric);
+  return {DiveTitle(dive, services.texts),
           "",
-          services.forms(document).InputProfile,
-          state.Template,
-          state.Decompresses,
-          TurnText(services.forms, document, services.supply, words)};
+          plan.rows,
+          record.Template,
+          plan.end.Decompresses,
+          TurnText(dive.dive, services.supply, words)};
 }
 
 }  // namespace
 
-void WriteSlates(const SlateServices& services, std::int16_t document, bool wholeSeries) {
+void WriteSlates(const SlateServices& services, const std::vector<SeriesDive>& dives) {
   services.slate.Begin();
-  if (wholeSeries) {
-    std::int16_t dive = services.forms(document).getFirstProfile();
-    for (; dive != -1; dive = services.forms(dive).NextProfile) services.slate.Add(PlanOf(services, dive));
-  } else {
-    services.slate.Add(PlanOf(services, document));
-  }
+  for (const SeriesDive& dive : dives) services.slate.Add(PlanOf(services, dive));
   services.slate.End();
 }
 
-void WriteSlates(const SlateServices& services, std::int16_t document, const std::vector<WhatIfColumn>& columns,
+void WriteSlates(const SlateServices& services, const SeriesDive& planned, const std::vector<WhatIfColumn>& columns,
                  const WhatIfWish& wish) {
   services.slate.Begin();
-  const SlateDive plan = PlanOf(services, document);
+  const SlateDive plan = PlanOf(services, planned);
   const AdviceWords words(services.texts, services.separators, plan.settings.Metric);
   for (const WhatIfColumn& column : columns) {
-    if (!column.fault.empty()) continue;
+    if (!column.fault.IsEmpty()) continue;
     SlateDive dive{plan.title, "", column.rows, plan.settings, column.decompresses};
     if (column.kind == WhatIfColumn::Kind::Planned) {
       dive.turn = plan.turn;

@@ -102,7 +102,7 @@ class Builder {
   void Total(int label, const std::string& unit, CellOf cellOf) {
     WhatIfTable::Row row{words_.T(label), unit, {}, true};
     for (const WhatIfColumn& column : columns_) {
-      if (column.fault.empty()) {
+      if (column.fault.IsEmpty()) {
         row.cells.push_back(cellOf(column.rows.Row(column.rows.GetLength()), column));
       } else {
         row.cells.push_back({"", label == kRunTime ? words_.T(kImpossible) : "", true});

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 
 #include "compute/leg_expansion.h"
+#include "compute/scratch_run.h"
 #include "engine/breathing_gas.h"
-#include "plans/scratch_run.h"
 
 namespace tav {
 namespace {
@@ -98,24 +97,21 @@ class Stores {
 /// The legs of a plan, each with the way up from its end.
 class Legs {
  public:
-  Legs(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice)
-      : window_(forms(document)),
-        state_(forms.Services().documents(document)),
-        settings_(state_.Template),
-        rows_(window_.InputProfile),
+  Legs(const PlannedDive& dive, const SupplyChoice& choice)
+      : dive_(dive),
+        settings_(dive.record.Template),
+        rows_(dive.plan.rows),
         choice_(choice),
-        services_(forms.Services()),
-        model_(window_.EvaluatedWith()),
-        quiet_{services_.documents, model_, observer_, services_.display, services_.boxes, services_.texts},
-        run_(quiet_, state_, window_.PrevProfile == -1 ? nullptr : &services_.documents(window_.PrevProfile)) {}
+        run_(ScratchRun::Start(dive, dive.plan.model), observer_) {}
 
   std::vector<LegSupply> All() {
     std::vector<LegSupply> legs;
     int leg = 0;
     std::int16_t before = 0;
-    for (std::int16_t n = 1; n <= window_.UserActions.GetLength(); ++n) {
-      const std::int16_t last = window_.LastRowOf(n);
-      if (window_.UserActions.getaction(n) == ClassUseractions::kLeg) {
+    const ClassUseractions& actions = dive_.record.UserActions;
+    for (std::int16_t n = 1; n <= actions.GetLength(); ++n) {
+      const std::int16_t last = dive_.plan.LastRowOf(n);
+      if (actions.getaction(n) == ClassUseractions::kLeg) {
         ++leg;
         if (last > before && rows_.getDepth(last) > 0) legs.push_back(EndOf(leg, last));
       }
@@ -168,15 +164,11 @@ class Legs {
     return breathed;
   }
 
-  frmWaypointEditor& window_;
-  const DocumentState& state_;
+  const PlannedDive& dive_;
   const DiveTemplate& settings_;
   const ClassProfile& rows_;
   const SupplyChoice& choice_;
-  const PlanServices& services_;
-  ModelChoice model_;        // that made the rows, whichever is chosen now
   EngineObserver observer_;  // the ways up warn nobody
-  PlanServices quiet_;
   ScratchRun run_;
 };
 
@@ -228,19 +220,17 @@ bool GasSupply::PassesTurn(const LegSupply& leg) const {
   return *store->Pressure(leg.left) < PressureToActBy(*leg.turnPressure, store->gaugeInBar) - kNoise;
 }
 
-GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
-                   const std::vector<Cylinder>& cylinders) {
+GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders) {
+  const DiveTemplate& settings = dive.record.Template;
+  const ClassProfile& rows = dive.plan.rows;
   GasSupply supply;
   supply.choice = choice;
-  supply.metric = forms.Services().documents(document).Template.Metric;
-  const frmWaypointEditor& window = forms(document);
-  const ClassProfile& rows = window.InputProfile;
-  if (cylinders.empty() || rows.GetLength() == 0 || !window.EvaluationFault().empty()) return supply;
-  const DiveTemplate& settings = forms.Services().documents(document).Template;
+  supply.metric = settings.Metric;
+  if (cylinders.empty() || rows.GetLength() == 0 || !dive.plan.fault.IsEmpty()) return supply;
   supply.gases = Stores(settings, rows, cylinders).All();
   try {
-    supply.legs = Legs(forms, document, choice).All();
-  } catch (const std::runtime_error&) {
+    supply.legs = Legs(dive, choice).All();
+  } catch (const MessageError&) {
     // A plan that has as many rows as there can be has none left for a way up.
     return supply;
   }
@@ -248,8 +238,8 @@ GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoi
   return supply;
 }
 
-GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice) {
-  return SupplyOf(forms, document, choice, forms.Services().documents(document).Template.Cylinders);
+GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice) {
+  return SupplyOf(dive, choice, dive.record.Template.Cylinders);
 }
 
 }  // namespace tav

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "compute/compute.h"
 #include "model/cylinder.h"
-#include "plans/document_forms.h"
 #include "supply/supply_choice.h"
 
 /// Whether the cylinders that a diver carries hold what a dive asks for. Gas is ideal, volumes are litres at 1 bar or
@@ -96,8 +96,7 @@ struct GasSupply {
 
 /// The supply of a computed dive with the cylinders of its template, or with others. Empty when there are no cylinders
 /// or no rows. Takes one run of the engine for each leg.
-GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice);
-GasSupply SupplyOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
-                   const std::vector<Cylinder>& cylinders);
+GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice);
+GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders);
 
 }  // namespace tav

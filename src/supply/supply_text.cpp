@@ -154,10 +154,10 @@ SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& wo
   return tables;
 }
 
-SupplyTables SupplyTablesOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
-                            const TextSource& texts, const LocaleSeparators& separators) {
-  const DiveTemplate& settings = forms.Services().documents(document).Template;
-  return TablesOf(SupplyOf(forms, document, choice), settings.RMV, AdviceWords(texts, separators, settings.Metric));
+SupplyTables SupplyTablesOf(const PlannedDive& dive, const SupplyChoice& choice, const TextSource& texts,
+                            const LocaleSeparators& separators) {
+  const DiveTemplate& settings = dive.record.Template;
+  return TablesOf(SupplyOf(dive, choice), settings.RMV, AdviceWords(texts, separators, settings.Metric));
 }
 
 }  // namespace tav

@@ -32,7 +32,7 @@ std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rm
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words);
 
 /// The tables of a computed dive with the cylinders of its template.
-SupplyTables SupplyTablesOf(DocumentForms& forms, std::int16_t document, const SupplyChoice& choice,
-                            const TextSource& texts, const LocaleSeparators& separators);
+SupplyTables SupplyTablesOf(const PlannedDive& dive, const SupplyChoice& choice, const TextSource& texts,
+                            const LocaleSeparators& separators);
 
 }  // namespace tav

@@ -46,7 +46,7 @@ inline std::pair<std::vector<Finding>, ClassProfile> CheckWithRows(const Dive& d
   window.ReEvaluateUserEnteredWaypoints();
   EXPECT_EQ(window.EvaluationFault(), "");
   const AdviceWords words(English(), {".", ""}, settings.Metric);
-  return {CheckPlan({window, plans.documents(window.Tag())}, words), window.InputProfile};
+  return {CheckPlan(window.Planned(), words), window.InputProfile};
 }
 
 inline std::vector<Finding> Check(const Dive& dive) { return CheckWithRows(dive).first; }

@@ -22,7 +22,7 @@ std::string TextOf(Rule rule, Severity severity, const std::vector<Finding>& fin
 }
 
 std::vector<Finding> Check(test::Plans& plans, std::int16_t document) {
-  return CheckPlan({plans.forms(document), plans.documents(document)},
+  return CheckPlan(plans.Planned(document),
                    AdviceWords(test::English(), {".", ""}, plans.documents(document).Template.Metric));
 }
 
@@ -80,11 +80,11 @@ TEST(PlanChecks, JudgeRowsByTheModelThatMadeThem) {
     for (const double depth : {50.0, 3.0}) plan.SaveUserEnteredWaypoints(40, depth, 0, false);
     plan.ReEvaluateUserEnteredWaypoints();
     const auto findings = Check(plans, plan.Tag());
-    const GasSupply supply = SupplyOf(plans.forms, plan.Tag(), {});
+    const GasSupply supply = SupplyOf(plan.Planned(), {});
     ASSERT_NE(TextOf(Rule::AboveCeiling, Severity::Danger, findings), "");
     plans.model = now;
     EXPECT_EQ(Check(plans, plan.Tag()), findings);
-    const GasSupply again = SupplyOf(plans.forms, plan.Tag(), {});
+    const GasSupply again = SupplyOf(plan.Planned(), {});
     for (std::size_t i = 0; i < supply.legs.size(); ++i) {
       EXPECT_EQ(again.legs[i].Minimum(), supply.legs[i].Minimum()) << i;
     }

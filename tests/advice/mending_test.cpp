@@ -176,7 +176,7 @@ std::vector<Finding> CheckLast(const std::vector<DiveRecord>& series) {
   test::Plans plans;
   const std::int16_t last = OpenProfile(plans.forms, "series.tav", {series, {}, {}}).back();
   const AdviceWords words(test::English(), {".", ""}, true);
-  return CheckPlan({plans.forms(last), plans.documents(last)}, words);
+  return CheckPlan(plans.Planned(last), words);
 }
 
 DiveRecord DiveOf(double depth, double minutes, const std::string& gas, double interval, bool ascent = true) {

@@ -432,7 +432,7 @@ TEST(PlanChecks, RaiseNoFalseAlarmOnTheExamplePlans) {
     for (const std::int16_t document : OpenProfile(plans.forms, kRoot / "dives" / (name + ".tav"))) {
       if (plans.documents(document).PreviousDocument != -1) found.emplace_back("next dive");
       const AdviceWords words(English(), {".", ""}, true);
-      for (const Finding& finding : CheckPlan({plans.forms(document), plans.documents(document)}, words)) {
+      for (const Finding& finding : CheckPlan(plans.Planned(document), words)) {
         found.push_back(std::string(IdOf(finding.severity)) + " " + std::string(IdOf(finding.rule)));
       }
     }
@@ -452,7 +452,7 @@ TEST(PlanChecks, HoldTheirLawsOnRandomPlans) {
       frmWaypointEditor& window = plans.New([&](DiveTemplate& t) { t = settings; });
       window.UserActions = plan.actions;
       window.ReEvaluateUserEnteredWaypoints();
-      const auto findings = CheckPlan({window, plans.documents(window.Tag())}, AdviceWords(English(), {".", ""}, true));
+      const auto findings = CheckPlan(window.Planned(), AdviceWords(English(), {".", ""}, true));
       for (const Finding& finding : findings) {
         EXPECT_LE(0, finding.firstRow);
         EXPECT_LE(finding.firstRow, finding.lastRow);

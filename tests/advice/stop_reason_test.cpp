@@ -21,7 +21,7 @@ const std::filesystem::path kRoot = SourceFolder();
 TEST(StopReason, TellsLoadAndToleranceOfTheLeadingCompartment) {
   test::Plans plans;
   const auto documents = OpenProfile(plans.forms, kRoot / "dives/air-no-stop.tav");
-  const CheckedDive dive(plans.forms(documents[0]), plans.documents(documents[0]));
+  const CheckedDive dive(plans.Planned(documents[0]));
   const auto reasons = StopReasons(dive);
   ASSERT_EQ(reasons.size(), 2U);
   const StopReason& last = reasons.back();
@@ -50,7 +50,7 @@ TEST(StopReason, HoldsForEveryStopOfRandomPlans) {
     frmWaypointEditor& window = plans.New([&](DiveTemplate& t) { t = plan.settings; });
     window.UserActions = plan.actions;
     window.ReEvaluateUserEnteredWaypoints();
-    const CheckedDive dive(window, plans.documents(window.Tag()));
+    const CheckedDive dive(window.Planned());
     const double surface = plan.settings.EndPressure * 10;
     Single deepest = 0;
     for (std::int16_t i = 0; i <= dive.lastUserRow; ++i) deepest = std::max(deepest, dive.rows.getDepth(i));

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
+#include "compute/bailout_cuts.h"
 #include "figures/schedule.h"
-#include "plans/bailout_cuts.h"
 #include "plans/profile_commands.h"
 #include "reports/plan_slate.h"
 #include "reports/what_if_table.h"
@@ -28,11 +28,10 @@ const std::filesystem::path kRoot = SourceFolder();
 
 /// The plan with a change, opened as a file with its whole series: what `tavplan plan` prints of it.
 std::string RowsOfFile(const ProfileText& profile, std::size_t dive, const ModelChoice& model, bool* ends = nullptr) {
-  test::Plans plans;
-  plans.model = model;
-  const auto documents = OpenProfile(plans.forms, "changed.tav", profile);
-  if (ends != nullptr) *ends = plans.documents(documents[dive]).Decompresses;
-  return test::RowsText(plans.forms(documents[dive]).InputProfile);
+  EngineObserver silent;
+  const ComputedPlan plan = ComputeSeries(profile.dives, model, silent).at(dive);
+  if (ends != nullptr) *ends = plan.end.Decompresses;
+  return test::RowsText(plan.rows);
 }
 
 void Change(ClassUseractions& actions, std::int16_t leg, double longer, double deeper) {
@@ -41,12 +40,11 @@ void Change(ClassUseractions& actions, std::int16_t leg, double longer, double d
 
 /// Holds every column of every dive of a file against the file with that change made in it.
 void ExpectColumnsOfFiles(const ProfileText& profile, std::int16_t deepest, const ModelChoice& model) {
-  test::Plans plans;
-  plans.model = model;
-  const auto documents = OpenProfile(plans.forms, "plan.tav", profile);
-  const std::size_t last = documents.size() - 1;
-  WhatIf whatIf(plans.forms, documents[last]);
-  ASSERT_EQ(whatIf.Fault(), "");
+  EngineObserver silent;
+  const std::vector<ComputedPlan> plans = ComputeSeries(profile.dives, model, silent);
+  const std::size_t last = plans.size() - 1;
+  WhatIf whatIf(PlannedSeries(profile.dives, plans)[last], model);
+  ASSERT_TRUE(whatIf.Fault().IsEmpty());
   const auto columns = whatIf.Columns({7, 4});
   for (const WhatIfColumn& column : columns) {
     ProfileText changed = profile;
@@ -125,7 +123,7 @@ TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
   };
   const std::string before = state();
   plans_.display.told.clear();
-  WhatIf whatIf(plans_.forms, documents.back());
+  WhatIf whatIf(plans_.Planned(documents.back()), plans_.model);
   EXPECT_EQ(whatIf.Columns({20, 30}).size(), 5U);
   EXPECT_EQ(state(), before);
   EXPECT_THAT(plans_.display.told, testing::IsEmpty());
@@ -134,7 +132,7 @@ TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
 
 TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
   frmWaypointEditor& window = Plan({{30, 10}, {20, 5}, {30, 10}, {15, 5}});
-  WhatIf whatIf(plans_.forms, window.Tag());
+  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
   const auto columns = whatIf.Columns(WhatIfWish::Usual(true));
   EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
   EXPECT_EQ(test::RowsText(columns[0].rows), test::RowsText(window.InputProfile));
@@ -156,25 +154,25 @@ TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
 TEST_F(WhatIfOfPlan, GivesAPlanWithoutAscentOne) {
   frmWaypointEditor& open = Plan({{40, 20}}, false);
   frmWaypointEditor& whole = Plan({{40, 20}});
-  WhatIf whatIf(plans_.forms, open.Tag());
+  WhatIf whatIf(plans_.Planned(open.Tag()), plans_.model);
   EXPECT_TRUE(whatIf.AddsAscent());
   EXPECT_EQ(test::RowsText(whatIf.Columns({})[0].rows), test::RowsText(whole.InputProfile));
   EXPECT_EQ(open.State(), EditState::Legs);
 }
 
 TEST_F(WhatIfOfPlan, SaysWhatCanNotBeCompared) {
-  EXPECT_THAT(WhatIf(plans_.forms, plans_.New().Tag()).Fault(), "*StringID 7886*");
+  EXPECT_THAT(plans_.texts.Words(WhatIf(plans_.Planned(plans_.New().Tag()), plans_.model).Fault()), "*StringID 7886*");
   frmWaypointEditor& broken = Plan({{40, 20}});
   plans_.documents(broken.Tag()).Template.StepSize = 0;
   broken.ReEvaluateUserEnteredWaypoints();
-  EXPECT_EQ(WhatIf(plans_.forms, broken.Tag()).Fault(), broken.EvaluationFault());
+  EXPECT_EQ(plans_.texts.Words(WhatIf(plans_.Planned(broken.Tag()), plans_.model).Fault()), broken.EvaluationFault());
   EXPECT_NE(broken.EvaluationFault(), "");
   // A leg may last 100,000 min: one that is longer can't be computed, the other columns stand.
-  WhatIf whatIf(plans_.forms, Plan({{5, 99990}}).Tag());
+  WhatIf whatIf(plans_.Planned(Plan({{5, 99990}}).Tag()), plans_.model);
   const auto columns = whatIf.Columns({20, 1});
-  EXPECT_EQ(columns[1].fault, "*StringID 7884*");
+  EXPECT_EQ(columns[1].fault.text, 7884);
   EXPECT_EQ(columns[1].rows.GetLength(), 0);
-  EXPECT_EQ(columns[2].fault, "");
+  EXPECT_TRUE(columns[2].fault.IsEmpty());
   EXPECT_NE(columns[2].rows.GetLength(), 0);
 }
 
@@ -189,7 +187,7 @@ TEST_F(WhatIfOfPlan, LosesAllOfAGasThatTheListHasTwice) {
     }
     ResolveGasChanges(t);
   });
-  WhatIf whatIf(plans_.forms, window.Tag());
+  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
   const auto columns = whatIf.Columns({});
   EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
   for (const GasNeed& need : columns.back().gas) EXPECT_NE(need.mix, "EAN50");
@@ -202,7 +200,7 @@ TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
   window.SaveUserEnteredWaypoints(-1, -1, 7, true);
   plans_.documents(window.Tag()).Template.ChangeGasMixes.resize(1);
   window.ReEvaluateUserEnteredWaypoints();
-  WhatIf whatIf(plans_.forms, window.Tag());
+  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
   const auto columns = whatIf.Columns({});
   ASSERT_EQ(columns.front().warnings.size(), 2U) << "the way down, and up to the oxygen";
   EXPECT_EQ(columns.front().warnings.back().to, 6);
@@ -222,7 +220,7 @@ TEST_F(WhatIfOfPlan, TellsWhatDoesNotDecompress) {
     t.ChangeGasMixes.resize(1);
   });
   ASSERT_FALSE(plans_.documents(window.Tag()).Decompresses);
-  WhatIf whatIf(plans_.forms, window.Tag());
+  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
   for (const WhatIfColumn& column : whatIf.Columns({})) EXPECT_FALSE(column.decompresses) << column.Id();
 }
 
@@ -244,7 +242,7 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
       if (!c.told) return;
       if (c.count > 0) t.Cylinders.push_back({"Air", c.count, 12, 0, c.fill, 50});
     });
-    WhatIf whatIf(plans_.forms, window.Tag());
+    WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
     const WhatIfColumn planned = whatIf.Columns({})[0];
     ASSERT_EQ(planned.gas.size(), 1U);
     EXPECT_EQ(planned.gas[0].mix, "Air");
@@ -252,14 +250,14 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
     EXPECT_EQ(planned.gas[0].carried, c.carried);
     EXPECT_EQ(planned.gas[0].Enough(), c.enough) << c.fill;
     // The gas supply of the plan says the same.
-    const GasSupply supply = SupplyOf(plans_.forms, window.Tag(), {});
+    const GasSupply supply = SupplyOf(window.Planned(), {});
     EXPECT_EQ(supply.IsTold(), c.told);
     if (c.told) {
       EXPECT_EQ(supply.Of("Air")->verdict == GasVerdict::Enough, c.enough);
       EXPECT_EQ(supply.Of("Air")->carried, c.carried);
     }
     const AdviceWords words(plans_.texts, {".", ""}, true);
-    const std::string turn = TurnText(plans_.forms, window.Tag(), {}, words);
+    const std::string turn = TurnText(window.Planned(), {}, words);
     EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnPressure);
   }
   // A gas without a cylinder, where others have one, is short.
@@ -291,10 +289,10 @@ TEST_F(WhatIfOfPlan, BailsOutAtTheWorstMoment) {
       for (const char* gas : {"Tx18/45", "Tx21/35", "EAN50"}) settings.Cylinders.push_back({gas, 2, 12, 0, 200, 20});
       settings.Cylinders.push_back({"Oxygen", 1, oxygen, 0, 200, 20});
     }
-    WhatIf whatIf(plans_.forms, document);
+    WhatIf whatIf(plans_.Planned(document), plans_.model);
     const WhatIfColumn worst = whatIf.Columns({}).back();
     ASSERT_EQ(worst.kind, Kind::BailOut);
-    ASSERT_EQ(worst.fault, "");
+    ASSERT_TRUE(worst.fault.IsEmpty());
     const auto demandOf = [&](const ClassProfile& rows) {
       double demand = rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(LastUserRow(rows));
       if (oxygen > 0) {
@@ -303,7 +301,7 @@ TEST_F(WhatIfOfPlan, BailsOutAtTheWorstMoment) {
       }
       return demand;
     };
-    const TableDives cuts = *BailoutCuts(plans_.forms, document, 1).Compute(3, [](int, int) { return true; });
+    const TableDives cuts = *plans_.Cuts(document, 1).Compute(3, [](int, int) { return true; });
     for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
       const TableDive& cut = cuts.dives[i];
       if (cut.depth > 0) {
@@ -323,7 +321,7 @@ TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
   frmWaypointEditor& window = Plan({{40, 25}}, true, [](DiveTemplate& t) {
     t.Cylinders = {{"Air", 2, 12, 0, 200, 50}, {"EAN50", 1, 7, 0, 200, 0}, {"Oxygen", 1, 7, 0, 20, 0}};
   });
-  WhatIf whatIf(plans_.forms, window.Tag());
+  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
   const WhatIfWish wish{5, 3};
   const auto columns = whatIf.Columns(wish);
   const AdviceWords words(english, {",", "."}, true);

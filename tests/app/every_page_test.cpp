@@ -88,12 +88,11 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
   const LocaleSeparators comma{",", "."};
   GeneralReport general(report, ModelChoice(), [](const std::string& /*step*/) {});
-  WriteLongReport(general, forms, document, true,
-                  [&](std::int16_t n) { return SupplyTablesOf(forms, n, {}, texts, comma); });
+  WriteLongReport(general, forms.Series(document), ReportedSupply{{}, comma});
   LookAtPages(report, "long report");
 
   Slate slate(report, ModelChoice());
-  WriteSlates({slate, forms, texts, comma, {}}, document, true);
+  WriteSlates({slate, texts, comma, {}}, forms.Series(document));
   LookAtPages(report, "slate");
 
   auto& bailOut = all.Of<frmBailoutStart>();

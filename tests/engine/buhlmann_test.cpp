@@ -27,7 +27,7 @@ struct Bench {
     Template().PPO2High = Template().PPO2Low = Template().MaxEnd = false;
   }
 
-  DiveTemplate& Template() { return documents(0).Template; }
+  DiveTemplate& Template() { return settings; }
 
   void Row(double depth, double rate, double time, std::int16_t mix, std::int16_t status = RowStatus::kLeg) {
     plan.NewWayPoint();
@@ -45,10 +45,11 @@ struct Bench {
   }
 
   void Run(bool forceOC = false) {
-    ClassBuhlmann engine(documents, model, listener);
-    engine.Init(0, false);
+    ClassBuhlmann engine(settings, model, listener);
+    engine.Init(false);
     result.clear();
     engine.StartBuhlmann(plan, result, true, forceOC);
+    decompresses = engine.Decompresses();
   }
 
   [[nodiscard]] std::vector<double> StopDepths() const {
@@ -60,11 +61,12 @@ struct Bench {
   }
   [[nodiscard]] const Waypoint& Last() const { return result.Row(result.GetLength()); }
 
-  DocumentStore documents;
+  DiveTemplate settings;
   ModelChoice model;
   Listener listener;
   ClassProfile plan;
   ClassProfile result;
+  bool decompresses = true;
 };
 
 TEST(StartRow, IsAtTheSurfaceThatTheDiveStartsFrom) {
@@ -74,8 +76,8 @@ TEST(StartRow, IsAtTheSurfaceThatTheDiveStartsFrom) {
   bench.Square(30, 20);
   bench.plan.Row(0).PPO2 = 0.5;
   bench.plan.Row(0).CNS = 12;
-  ClassBuhlmann replay(bench.documents, bench.model, bench.listener);
-  replay.Init(0, false);
+  ClassBuhlmann replay(bench.settings, bench.model, bench.listener);
+  replay.Init(false);
   replay.LoadCompartments(bench.plan, bench.result);
   EXPECT_NEAR(bench.result.GetPPO2(0), 0.8 * 0.21, 1e-6);
   EXPECT_EQ(bench.result.getCNS(0), Single(12));
@@ -87,8 +89,8 @@ TEST(StartRow, IsAtTheSurfaceThatTheDiveStartsFrom) {
 TEST(StartState, IsSaturatedAtTheSurfacePressure) {
   Bench bench;
   bench.Template().StartPressure = 1.0;
-  ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-  engine.Init(0, false);
+  ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+  engine.Init(false);
   for (const Single load : engine.CurrentLoads().N2) EXPECT_EQ(double{load}, double{Single((10 - 0.527) * 0.79)});
   for (const Single load : engine.CurrentLoads().He) EXPECT_EQ(double{load}, 0);
 }
@@ -102,8 +104,8 @@ TEST(StartState, AfterTravelLiesBetweenSeaLevelAndTheAltitude) {
     bench.Template().StartPressure = 0.7154;
     bench.Template().AdeptedToHeight = false;
     bench.Template().TimeToHeight = static_cast<std::int16_t>(minutes);
-    ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-    engine.Init(0, false);
+    ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+    engine.Init(false);
     const double seaLevel = (10.13 - 0.527) * 0.79;
     const double adapted = (7.154 - 0.527) * 0.79;
     for (const Single load : engine.CurrentLoads().N2) {
@@ -127,8 +129,8 @@ TEST(SurfaceInterval, OfZeroKeepsTheLoadsAndOneHalfTimeHalvesTheRest) {
   n2.fill(15);
   he.fill(4);
   for (const double minutes : {0.0, 109.0}) {
-    ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-    engine.InitAfterSurfaceInterval(0, false, n2, he, minutes);
+    ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+    engine.InitAfterSurfaceInterval(false, n2, he, minutes);
     const double air = (10.1325 - 0.527) * 0.79;
     // Compartment 9 has a nitrogen half-time of 109 minutes.
     EXPECT_NEAR(engine.CurrentLoads().N2[8], minutes == 0 ? 15 : air + (15 - air) / 2, 1e-4);
@@ -141,8 +143,8 @@ TEST(SurfaceInterval, OnARebreatherBreathesNoInertGas) {
   bench.Template().OpenCircuit = false;
   Compartments n2;
   n2.fill(15);
-  ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-  engine.InitAfterSurfaceInterval(0, false, n2, {}, 109);
+  ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+  engine.InitAfterSurfaceInterval(false, n2, {}, 109);
   EXPECT_NEAR(engine.CurrentLoads().N2[8], 7.5, 1e-4);
 }
 
@@ -175,8 +177,8 @@ TEST(Rebreather, LoadsOnlyFallWhereNoInertGasIsBreathed) {
     const std::int16_t mix = FindBlendIndex(move.gas, bench.Template());
     if (move.from > 0) bench.Row(move.from, 18, 0, mix);
     bench.Row(move.to, move.rate, 0, mix);
-    ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-    engine.Init(0, false);
+    ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+    engine.Init(false);
     engine.LoadCompartments(bench.plan, bench.result);
     double before = (10.1325 - 0.527) * 0.79;
     for (std::int16_t i = 1; i <= bench.result.GetLength(); ++i) {
@@ -191,8 +193,8 @@ TEST(Rebreather, LoadsOnlyFallWhereNoInertGasIsBreathed) {
 TEST(DepthAdjust, DeepensThePlanButNotTheSurfaceNorTheAscent) {
   Bench bench;
   bench.Template().DepthAdjust = true;
-  ClassBuhlmann engine(bench.documents, bench.model, bench.listener);
-  engine.Init(0, false);
+  ClassBuhlmann engine(bench.settings, bench.model, bench.listener);
+  engine.Init(false);
   EXPECT_EQ(double{engine.Dadjust(0)}, 0);
   EXPECT_NEAR(engine.Dadjust(10), 11.3, 1e-5);
   bench.Template().Metric = false;
@@ -366,7 +368,7 @@ TEST(StopLimit, EndsAStopThatNeverClears) {
   ASSERT_FALSE(bench.listener.stuck.empty());
   EXPECT_EQ(double{bench.listener.stuck.front().depth}, 60);
   EXPECT_EQ(bench.listener.stuck.front().gas, "Air");
-  EXPECT_FALSE(bench.documents(0).Decompresses);
+  EXPECT_FALSE(bench.decompresses);
   EXPECT_EQ(double{bench.Last().Depth}, 0);
 }
 

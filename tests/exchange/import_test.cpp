@@ -6,12 +6,12 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "compute/compute.h"
 #include "exchange/dive_legs.h"
 #include "exchange/dive_log.h"
 #include "model/number_text.h"
+#include "persist/template_file.h"
 #include "persist/text_file.h"
-#include "plans/profile_commands.h"
-#include "support/plan_fixture.h"
 
 namespace tav {
 namespace {
@@ -146,15 +146,13 @@ TEST(LogImport, LegsStayWithinAMetreOfTheSamples) {
     if (made.deviation > 1.1) ++beyond;
     EXPECT_LT(made.legs.size() * 3, samples.size());
     // What is told of the deviation is so in the computed plan.
-    test::Plans plans;
-    ProfileText profile;
-    DiveRecord& dive = profile.dives.emplace_back();
-    dive.Template = settings;
+    DiveRecord dive{settings, 0, {}};
     for (const LogLeg& leg : made.legs) {
       dive.UserActions.NewAction();
       dive.UserActions.setuser(dive.UserActions.GetLength(), leg.depth, leg.minutes, 0);
     }
-    const ClassProfile& rows = plans.forms(OpenProfile(plans.forms, "a.tav", profile).front()).InputProfile;
+    EngineObserver silent;
+    const ClassProfile rows = Compute(dive, {}, nullptr, silent).rows;
     std::int16_t row = 1;
     for (const LoggedDive::Sample& sample : samples) {
       while (row < rows.GetLength() && rows.GetRunTime(row) < sample.minutes) ++row;

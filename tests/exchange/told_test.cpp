@@ -4,8 +4,7 @@
 
 #include "exchange/dive_log.h"
 #include "exchange/uddf_export.h"
-#include "plans/profile_commands.h"
-#include "support/plan_fixture.h"
+#include "persist/template_file.h"
 #include "support/scratch_folder.h"
 
 namespace tav {
@@ -157,8 +156,9 @@ TEST(UddfExport, ALongSeriesComesBack) {
   constexpr std::size_t kDives = 1000;
   profile.dives.assign(kDives, dive);
   profile.dives.front().SurfaceInterval = 0;
-  test::Plans plans;
-  const std::string uddf = WriteUddf(plans.forms, OpenProfile(plans.forms, "plan.tav", profile), {"1", {}});
+  EngineObserver silent;
+  const std::vector<ComputedPlan> plans = ComputeSeries(profile.dives, {}, silent);
+  const std::string uddf = WriteUddf(PlannedSeries(profile.dives, plans), {"1", {}});
   const ImportedDives back = ImportUddf("plan.uddf", uddf, ShippedDefaultTemplate(), 0, TextSource());
   EXPECT_TRUE(back.remarks.empty());
   ASSERT_EQ(back.profile.dives.size(), kDives);

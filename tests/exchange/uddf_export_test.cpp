@@ -6,8 +6,7 @@
 
 #include "exchange/import.h"
 #include "model/number_text.h"
-#include "plans/profile_commands.h"
-#include "support/plan_fixture.h"
+#include "persist/template_file.h"
 #include "support/random_plan.h"
 #include "support/random_records.h"
 #include "support/source_folder.h"
@@ -25,9 +24,14 @@ std::string Text(const ProfileText& profile) {
   return text;
 }
 
-std::string Uddf(const ProfileText& profile) {
-  test::Plans plans;
-  return WriteUddf(plans.forms, OpenProfile(plans.forms, "plan.tav", profile), kOrigin);
+std::vector<ComputedPlan> Computed(const ProfileText& profile, const ModelChoice& model = {}) {
+  EngineObserver silent;
+  return ComputeSeries(profile.dives, model, silent);
+}
+
+std::string Uddf(const ProfileText& profile, const ModelChoice& model = {}) {
+  const std::vector<ComputedPlan> plans = Computed(profile, model);
+  return WriteUddf(PlannedSeries(profile.dives, plans), kOrigin);
 }
 
 std::string Back(const std::string& uddf) {
@@ -89,11 +93,10 @@ TEST(UddfExport, AGasOfMoreThanAllComesBackWithItsPlan) {
 
 TEST(UddfExport, APlanGivesWayToSamplesThatContradictIt) {
   const ProfileText series = ReadProfileFile(SourceFolder() / "dives/lake-series.tav");
-  test::Plans plans;
-  const auto documents = OpenProfile(plans.forms, "plan.tav", series);
-  const std::string both = WriteUddf(plans.forms, documents, kOrigin);
-  const std::string second = WriteUddf(plans.forms, {documents.back()}, kOrigin);
-  const ClassProfile& rows = plans.forms(documents.front()).InputProfile;
+  const std::vector<ComputedPlan> plans = Computed(series);
+  const std::string both = Uddf(series);
+  const std::string second = WriteUddf({PlannedSeries(series.dives, plans).back()}, kOrigin);
+  const ClassProfile& rows = plans.front().rows;
   const auto depth = [](double metres) { return "<depth>" + FormatPlain(Single(metres)) + "</depth>"; };
   const auto changed = [](std::string text, const std::string& find, const std::string& replacement) {
     const std::size_t at = text.find(find);
@@ -129,8 +132,7 @@ TEST(UddfExport, APlanGivesWayToSamplesThatContradictIt) {
     EXPECT_EQ(Text(imported.profile) == Text(series), each.told == 0 && &each != &cases[1]);
   }
   // The models differ in their stops, and the plan does not tell which was in force.
-  plans.model.VPMMode = true;
-  const std::string bubble = WriteUddf(plans.forms, OpenProfile(plans.forms, "plan.tav", series), kOrigin);
+  const std::string bubble = Uddf(series, {.VPMMode = true});
   EXPECT_NE(bubble, both);
   EXPECT_EQ(Back(bubble), Text(series));
 }
@@ -149,8 +151,8 @@ class WrittenFile : public testing::Test {
  protected:
   void Load(const char* file) { Load(ReadProfileFile(SourceFolder() / file)); }
   void Load(const ProfileText& profile) {
-    documents_ = OpenProfile(plans_.forms, "plan.tav", profile);
-    ASSERT_TRUE(file_.load_string(WriteUddf(plans_.forms, documents_, kOrigin).c_str()));
+    plans_ = Computed(profile);
+    ASSERT_TRUE(file_.load_string(Uddf(profile).c_str()));
   }
   [[nodiscard]] pugi::xml_node Root() const { return file_.child("uddf"); }
   [[nodiscard]] std::vector<pugi::xml_node> Dives() const {
@@ -161,8 +163,7 @@ class WrittenFile : public testing::Test {
     return Root().child("gasdefinitions").find_child_by_attribute("mix", "id", id.c_str()).child_value("name");
   }
 
-  test::Plans plans_;
-  std::vector<std::int16_t> documents_;
+  std::vector<ComputedPlan> plans_;
   pugi::xml_document file_;
 };
 
@@ -188,7 +189,7 @@ TEST_F(WrittenFile, KeepsTheOrderOfTheSchema) {
 
 TEST_F(WrittenFile, HasASampleForEveryRowInSiWithItsGas) {
   Load("tests/data/vectors/feet-air.tav");
-  const ClassProfile& rows = plans_.forms(documents_.front()).InputProfile;
+  const ClassProfile& rows = plans_.front().rows;
   std::string gas;
   std::int16_t row = 0;
   for (const pugi::xml_node sample : Dives().front().child("samples").children()) {
@@ -250,7 +251,7 @@ TEST_F(WrittenFile, ALaterDiveFollowsItsSurfaceInterval) {
   EXPECT_STREQ(before(0).child_value("datetime"), "2026-05-31T23:00:00Z");
   EXPECT_TRUE(before(0).child("surfaceintervalbeforedive").child("infinity"));
   EXPECT_STREQ(before(1).child("surfaceintervalbeforedive").child_value("passedtime"), "7200");
-  const ClassProfile& first = plans_.forms(documents_.front()).InputProfile;
+  const ClassProfile& first = plans_.front().rows;
   EXPECT_EQ(FormatFixed(first.GetRunTime(first.GetLength()), 0), "42");
   EXPECT_STREQ(before(1).child_value("datetime"), "2026-06-01T01:42:00Z");
 }

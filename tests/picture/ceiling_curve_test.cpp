@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "headless/recording_surface.h"
-#include "plans/compute_profile.h"
 #include "support/plan_fixture.h"
 
 namespace tav {
@@ -58,7 +57,7 @@ TEST(CeilingCurve, LiesWithinAPixelOfEachMomentOfADive) {
   window.SaveUserEnteredWaypoints(25, 60, FindBlendIndex("Tx18/45", settings), false);
   window.ReEvaluateUserEnteredWaypoints();
   ASSERT_TRUE(window.StartDeco());
-  const auto moments = ReplayMoments(plans.forms.Services(), {window.Tag()}, plans.model, window.LoadedProfile());
+  const auto moments = window.Planned().Moments();
   const GraphScale scale = ScaleOf(200, 70);
   const auto curves = CeilingCurves(moments, scale);
   ASSERT_EQ(curves.size(), 1U);

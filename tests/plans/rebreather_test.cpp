@@ -92,9 +92,7 @@ TEST(Loop, StaysOnItsDiluentUntilOpenCircuit) {
       t.ChangeGasMixes = {{"Oxygen", 100, 0, 0, 6}, {"EAN50", 50, 50, 0, 21}, {"Tx21/35", 21, 44, 35, 57}};
     });
     plan.AddUserWaypoint(65, 35, FindBlendIndex("Tx18/45", plans.documents(plan.Tag()).Template));
-    ClassProfile rows;
-    EXPECT_EQ(ComputeProfile(plans.forms.Services(), {plan.Tag(), -1, false, each.bailOut}, plan.InputProfile, rows),
-              "");
+    const ClassProfile rows = plans.Ascent(plan, each.bailOut);
     std::vector<std::string> breathed;
     for (auto i = LastUserRow(rows); i <= rows.GetLength(); ++i) {
       const std::string gas = (rows.getGasUsed(i) > 0 ? "open " : "loop ") + rows.GetGasMixName(i);

@@ -73,7 +73,7 @@ TEST_F(Series, IsTheSameAfterOpeningItsFile) {
 TEST_F(Series, WithoutAnIntervalIsOneLongDive) {
   frmWaypointEditor& one = Dived(plans_.New([](DiveTemplate& t) { t.UseGF = false; }), 18, 15);
   const ClassProfile apart = Dived(After(one, 0), 12, 20).InputProfile;
-  one.NextProfile = -1;
+  Document(one).NextDocument = -1;
   const ClassProfile& whole = Dived(one, 12, 20).InputProfile;
   for (std::int16_t i = 1; i <= apart.GetLength(); ++i) {
     const auto same = static_cast<std::int16_t>(whole.GetLength() - apart.GetLength() + i);
@@ -86,7 +86,7 @@ TEST_F(Series, WithoutAnIntervalIsOneLongDive) {
 // Loads are pressures in the depth units of a dive; the next dive may have other units.
 TEST_F(Series, CarriesTheLoadsOverIntoOtherUnits) {
   const ClassProfile metres = Dived(After(third_, 60), 30.48, 20).InputProfile;
-  third_.NextProfile = -1;
+  Document(third_).NextDocument = -1;
   frmWaypointEditor& fourth = After(third_, 60);
   LoadTemplateFile(Document(fourth).Template, SourceFolder() / "template/Imperial.tpl");
   const ClassProfile& feet = Dived(fourth, 100, 20).InputProfile;

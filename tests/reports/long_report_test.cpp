@@ -283,7 +283,7 @@ TEST_F(LongReports, ASeriesTellsNumberAndIntervalOfEachDiveButTheFirst) {
   const std::int16_t second = plans.forms.AddRepetitiveDive(first.Tag(), 65);
   plans.forms(second).AddUserWaypoint(20, 20, 0);
 
-  WriteLongReport(report, plans.forms, second, true);
+  WriteLongReport(report, plans.forms.Series(second));
   std::vector<int> bands;
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
     const auto on = Texts(page);
@@ -294,7 +294,7 @@ TEST_F(LongReports, ASeriesTellsNumberAndIntervalOfEachDiveButTheFirst) {
   }
   EXPECT_EQ(bands.size(), 1U);
 
-  WriteLongReport(report, plans.forms, first.Tag(), false);
+  WriteLongReport(report, plans.forms.Series(first.Tag(), false));
   EXPECT_THAT(Texts(1), Not(Contains("*StringID 6019*")));
 }
 

@@ -41,9 +41,9 @@ struct Reckoned {
     window.SaveUserEnteredWaypoints(-1, -1, 0, true);
     window.ReEvaluateUserEnteredWaypoints();
     EXPECT_EQ(window.EvaluationFault(), "");
-    supply = SupplyOf(plans.forms, window.Tag(), dive.choice);
+    supply = SupplyOf(window.Planned(), dive.choice);
     const AdviceWords words(English(), {".", ""}, settings.Metric);
-    for (Finding& finding : CheckPlan({window, plans.documents(window.Tag())}, words, supply)) {
+    for (Finding& finding : CheckPlan(window.Planned(), words, supply)) {
       if (finding.rule == Rule::GasShort || finding.rule == Rule::TurnPassed) findings.push_back(std::move(finding));
     }
     if (!supply.legs.empty()) working = WorkingText(supply, supply.legs.back(), settings.RMV, words);
@@ -361,9 +361,9 @@ TEST(GasSupplies, HoldTheirLawsOnRandomPlans) {
     for (const GasMix& blend : settings.Blends) settings.Cylinders.push_back({blend.Name, 2, 12, 0, 200, 50});
     const std::string rows =
         std::to_string(window.InputProfile.GetLength()) + " " + std::to_string(plans.documents(window.Tag()).TotalCNS);
-    const GasSupply usual = SupplyOf(plans.forms, window.Tag(), {});
+    const GasSupply usual = SupplyOf(window.Planned(), {});
     for (const SupplyChoice& choice : {SupplyChoice{3, 2, 2}, SupplyChoice{2, 3, 2}}) {
-      const GasSupply more = SupplyOf(plans.forms, window.Tag(), choice);
+      const GasSupply more = SupplyOf(window.Planned(), choice);
       ASSERT_EQ(more.legs.size(), usual.legs.size());
       for (std::size_t i = 0; i < more.legs.size(); ++i) {
         if (!more.legs[i].decompresses) continue;

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "engine/model_choice.h"
-#include "engine/observer.h"
+#include "compute/bailout_cuts.h"
+#include "compute/compute_profile.h"
+#include "compute/square_dives.h"
 #include "persist/template_file.h"
 #include "plans/document_forms.h"
 
@@ -67,6 +69,20 @@ struct Plans {
   }
   frmWaypointEditor& New() {
     return New([](DiveTemplate&) {});
+  }
+
+  /// The rows of a first dive with the ascent behind them.
+  ClassProfile Ascent(const frmWaypointEditor& window, bool forceOC) {
+    ClassProfile rows;
+    EndState end;
+    const EngineRun run{documents(window.Tag()).Template, model, nullptr, 0, false, forceOC};
+    if (!ComputeProfile(run, window.InputProfile, rows, end, observer).IsEmpty()) throw std::logic_error("no ascent");
+    return rows;
+  }
+  PlannedDive Planned(std::int16_t document) { return forms(document).Planned(); }
+  BailoutCuts Cuts(std::int16_t document, Single interval) { return {Planned(document), model, interval, observer}; }
+  SquareDives Squares(std::int16_t document, const SquareDives::Wish& wish) {
+    return {documents(document).Template, model, wish, observer};
   }
 
   DocumentStore documents;

@@ -5,12 +5,12 @@
 #include <gtest/gtest.h>
 #include <map>
 
+#include "compute/bailout_cuts.h"
+#include "compute/square_dives.h"
 #include "headless/headless_platform.h"
 #include "pages/arial_measure.h"
 #include "pages/page_player.h"
 #include "pages/page_units.h"
-#include "plans/bailout_cuts.h"
-#include "plans/square_dives.h"
 #include "support/plan_fixture.h"
 #include "support/random_plan.h"
 #include "support/scratch_folder.h"
@@ -101,7 +101,7 @@ class TablePrint : public testing::Test {
     return plan;
   }
   void Print(const frmWaypointEditor& plan, double interval, BailoutParts parts) {
-    const BailoutCuts cuts(plans.forms, plan.Tag(), interval);
+    const BailoutCuts cuts = plans.Cuts(plan.Tag(), interval);
     TablePrintModule print(writer, "wreck.tav [Default.tpl]", parts);
     print.StartTableOutput();
     for (int i = 0; i < cuts.Scenarios(); ++i) print.PrintTableSet(*cuts.Compute(i, kGoOn));
@@ -138,7 +138,7 @@ TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
   EXPECT_THAT(PlacesOf(1, "20"), Contains(near(centred(x0 + 1.6 + 0.55 + 0.27, "20"), 1.7)));
   EXPECT_THAT(PlacesOf(1, "40"), Contains(near(x0 + 0.9, 2.2)));  // depth of the bottom
   EXPECT_THAT(PlacesOf(1, "21/0"), Contains(near(x0 + 0.05, 2.2)));
-  const SmallTable table = MakeSmallTable(*BailoutCuts(plans.forms, plan.Tag(), 10).Compute(0, kGoOn), "Depth");
+  const SmallTable table = MakeSmallTable(*plans.Cuts(plan.Tag(), 10).Compute(0, kGoOn), "Depth");
   const double totals = 1.7 + (table.LastRow() + 1) * 0.5;
   EXPECT_THAT(PlacesOf(1, "Runtime"), Contains(near(x0 + 0.2, totals)));
   EXPECT_THAT(PlacesOf(1, table.totals[0]), Contains(near(centred(x0 + 1.6 + 0.27, table.totals[0]), totals)));
@@ -189,7 +189,7 @@ TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
   // Some fifteen columns and more than twenty rows: two cells wide, and taller than one.
   const frmWaypointEditor& plan = Plan({{95, 20}}, 7);
   Print(plan, 6, kTables);
-  const BailoutCuts cuts(plans.forms, plan.Tag(), 6);
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 6);
   std::vector<std::string> pointers;
   std::vector<int> whole;
   for (int page = 1; page <= Pages(); ++page) {
@@ -224,7 +224,7 @@ TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
 }
 
 TEST_F(TablePrint, ATableWiderThanTheGridHasPagesOfItsOwnAndLeavesNoneBlank) {
-  SquareDives dives(plans.forms.Services(), 0, 0, true, {9, 9, 1, 1, 41, 1});  // 41 columns, no remarks
+  SquareDives dives = plans.Squares(0, {0, true, {9, 9, 1, 1, 41, 1}});  // 41 columns, no remarks
   TablePrintModule print(writer);
   print.StartTableOutput();
   print.PrintTableSet(*dives.Next(kGoOn));
@@ -251,7 +251,7 @@ TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {
 // The clock of a cut within the ascent runs late in the replay; a card starts from its own moment.
 TEST_F(TablePrint, ACardTellsTheWholeAscentFromItsMoment) {
   const frmWaypointEditor& plan = Plan({{40, 25}});
-  const BailoutCuts cuts(plans.forms, plan.Tag(), 7);
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 7);
   const TableDives dives = *cuts.Compute(cuts.Scenarios() - 1, kGoOn);
   const std::vector<AscentCard> cards = MakeAscentCards(dives);
   ASSERT_EQ(cards.size(), dives.dives.size() - 1);
@@ -291,7 +291,7 @@ TEST_F(TablePrint, ACardTellsTheWholeAscentFromItsMoment) {
 
 TEST_F(TablePrint, ChangesOnTheWayAndGasesThatAreTooLeanAreMarked) {
   frmWaypointEditor& plan = Plan({{60, 12}}, 7);
-  const BailoutCuts cuts(plans.forms, plan.Tag(), 12);
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 12);
   const auto marked = [&](int scenario, bool CardRow::*flag) {
     std::vector<std::string> rows;
     const std::vector<AscentCard> cards = MakeAscentCards(*cuts.Compute(scenario, kGoOn));
@@ -306,7 +306,7 @@ TEST_F(TablePrint, ChangesOnTheWayAndGasesThatAreTooLeanAreMarked) {
   // Without EAN50 Tx10/70 is breathed up to 9 m, at 0.19 bar; without both gases up to 3 m, at 0.13 bar.
   for (int i = 0; i < 2; ++i) EXPECT_THAT(marked(i, &CardRow::warned), IsEmpty());
   plans.documents(plan.Tag()).Template.ChangeGasMixes.resize(1);
-  const BailoutCuts one(plans.forms, plan.Tag(), 12);
+  const BailoutCuts one = plans.Cuts(plan.Tag(), 12);
   const TableDives none = *one.Compute(0, kGoOn);
   const std::vector<AscentCard> cards = MakeAscentCards(none);
   EXPECT_TRUE(cards.front().rows[cards.front().rows.size() - 2].warned);
@@ -341,8 +341,8 @@ TEST_F(TablePrint, HeadsTellTheModelInForceAndTheCircuitOfTheAscent) {
                         Case{{false, true, false}, true, "ZH-L16B + VPM  GF 0.30-0.85  21/0  "}}) {
     plans.model = c.model;
     settings.UseGF = c.factors;
-    EXPECT_EQ(TableTitle(*BailoutCuts(plans.forms, plan.Tag(), 7).Compute(0, kGoOn), writer), c.title + "OC");
-    SquareDives dives(plans.forms.Services(), plan.Tag(), 0, true, {30, 30, 1, 10, 10, 1});
+    EXPECT_EQ(TableTitle(*plans.Cuts(plan.Tag(), 7).Compute(0, kGoOn), writer), c.title + "OC");
+    SquareDives dives = plans.Squares(plan.Tag(), {0, true, {30, 30, 1, 10, 10, 1}});
     EXPECT_EQ(TableTitle(*dives.Next(kGoOn), writer), c.title + "RB");
   }
 }
@@ -354,7 +354,7 @@ TEST_F(TablePrint, RatesAndMomentsBetweenWholeNumbersAreToldAsTheyAre) {
   settings.AscendRates = {{0, 0, 0.4, 0}, {0, 0, 9, 4.5}};
   settings.DescendRates = {{0, 0, 17.5, 0}};
   plan.ReEvaluateUserEnteredWaypoints();
-  const std::vector<AscentCard> cards = MakeAscentCards(*BailoutCuts(plans.forms, plan.Tag(), 20).Compute(0, kGoOn));
+  const std::vector<AscentCard> cards = MakeAscentCards(*plans.Cuts(plan.Tag(), 20).Compute(0, kGoOn));
   ASSERT_EQ(cards.size(), 2U);
   EXPECT_EQ(cards[0].moment, "20");
   EXPECT_EQ(cards[1].moment, "20.4");
@@ -366,7 +366,7 @@ TEST_F(TablePrint, RatesAndMomentsBetweenWholeNumbersAreToldAsTheyAre) {
 TEST_F(TablePrint, CardsStandSixToAPageAndALongAscentGoesOnInTheNext) {
   Print(Plan({{30, 14}}), 2, kCards);
   // Cuts at 2 to 14 and in the ascent, three scenarios; none at the surface.
-  const BailoutCuts cuts(plans.forms, 1, 2);
+  const BailoutCuts cuts = plans.Cuts(1, 2);
   std::size_t cards = 0;
   for (int i = 0; i < cuts.Scenarios(); ++i) cards += MakeAscentCards(*cuts.Compute(i, kGoOn)).size();
   EXPECT_EQ(Pages(), static_cast<int>((cards + 5) / 6));
@@ -391,7 +391,7 @@ TEST_F(TablePrint, TablesAndCardsHaveTheDecimalSeparatorOfTheReader) {
   platform.separators = {",", "."};
   const PrintPreview german(platform, texts);
   frmWaypointEditor& plan = Plan({{30, 14}});
-  const TableDives dives = *BailoutCuts(plans.forms, plan.Tag(), 7).Compute(0, kGoOn);
+  const TableDives dives = *plans.Cuts(plan.Tag(), 7).Compute(0, kGoOn);
   EXPECT_THAT(TableTitle(dives, german), HasSubstr("GF 0,30-0,85"));
   EXPECT_THAT(TableTitle(dives, writer), HasSubstr("GF 0.30-0.85"));
   TableDives half = dives;
@@ -427,14 +427,14 @@ TEST_F(TablePrint, ALongNameStaysWithinItsCard) {
 TEST_F(TablePrint, NoCardIsMadeOfACutAtTheSurface) {
   // The ascent ends on a whole minute.
   const frmWaypointEditor& plan = Plan({{30, 14}});
-  const TableDives dives = *BailoutCuts(plans.forms, plan.Tag(), 1).Compute(0, kGoOn);
+  const TableDives dives = *plans.Cuts(plan.Tag(), 1).Compute(0, kGoOn);
   ASSERT_EQ(double{dives.dives.back().depth}, 0);
   EXPECT_EQ(MakeAscentCards(dives).size(), dives.dives.size() - 2);
 }
 
 TEST_F(TablePrint, ACancelWithinTheCardsShowsNothing) {
   const frmWaypointEditor& plan = Plan({{30, 14}});
-  const BailoutCuts cuts(plans.forms, plan.Tag(), 2);
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 2);
   TablePrintModule print(writer);
   print.StartTableOutput();
   print.PrintTableSet(*cuts.Compute(0, kGoOn));
@@ -454,7 +454,7 @@ TEST_F(TablePrint, EveryStopOfEveryDiveIsInACellOrInARemarkOfItsColumn) {
     plan.UserActions = made.actions;
     plan.ReEvaluateUserEnteredWaypoints();
     if (plan.CurrentRunTime() > 300) continue;
-    const BailoutCuts cuts(own.forms, plan.Tag(), 9);
+    const BailoutCuts cuts = own.Cuts(plan.Tag(), 9);
     for (int i = 0; i < cuts.Scenarios(); ++i) {
       const TableDives dives = *cuts.Compute(i, kGoOn);
       const SmallTable table = MakeSmallTable(dives, "Depth");

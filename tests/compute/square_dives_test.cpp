@@ -1,4 +1,4 @@
-#include "plans/square_dives.h"
+#include "compute/square_dives.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,8 +32,8 @@ class Tables : public testing::Test {
   Tables() { plans_.documents(0).Template.PPO2High = plans_.documents(0).Template.PPO2Low = false; }
 
   std::vector<TableDives> All(bool fast, const TableAxes& axes, std::int16_t mix = 0) {
-    SquareDives dives(plans_.forms.Services(), 0, mix, fast, axes);
-    EXPECT_EQ(dives.Fault(), "");
+    SquareDives dives = plans_.Squares(0, {mix, fast, axes});
+    EXPECT_TRUE(dives.Fault().IsEmpty());
     std::vector<TableDives> tables;
     while (auto table = dives.Next(kGoOn)) tables.push_back(std::move(*table));
     EXPECT_FALSE(dives.Cancelled());
@@ -89,7 +89,7 @@ TEST_F(Tables, ADiveIsThatOfAPlan) {
 TEST_F(Tables, EndAtOnceAndLeaveTheTemplateAlone) {
   const DiveTemplate before = plans_.documents(0).Template;
   for (int end = 1; end <= 5; ++end) {
-    SquareDives dives(plans_.forms.Services(), 0, 0, true, {9, 12, 3, 5, 10, 5});
+    SquareDives dives = plans_.Squares(0, {0, true, {9, 12, 3, 5, 10, 5}});
     int asked = 0;
     int tables = 0;
     while (dives.Next([&](int, int of) {
@@ -109,7 +109,7 @@ TEST_F(Tables, EndAtOnceAndLeaveTheTemplateAlone) {
 
 TEST_F(Tables, ATemplateWithFaultsHasNoRun) {
   plans_.documents(0).Template.DescendRates.clear();
-  EXPECT_NE(SquareDives(plans_.forms.Services(), 0, 0, false, {9, 12, 3, 5, 10, 5}).Fault(), "");
+  EXPECT_FALSE(plans_.Squares(0, {0, false, {9, 12, 3, 5, 10, 5}}).Fault().IsEmpty());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "plans/bailout_cuts.h"
+#include "compute/bailout_cuts.h"
 
 #include "compute/breathed_gas.h"
 #include "model/number_text.h"
@@ -29,31 +29,29 @@ DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
   return copy;
 }
 
-BailoutCuts::BailoutCuts(DocumentForms& forms, std::int16_t document, Single interval)
-    : services_(forms.Services()),
-      document_(services_.documents(document)),
-      plan_(forms(document).InputProfile),
-      openFrom_(FirstOpenRow(plan_, document_.Template)),
+BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer)
+    : start_(dive, model),
+      observer_(observer),
+      plan_(dive.plan.rows),
+      openFrom_(FirstOpenRow(plan_, start_.settings)),
       interval_(interval == 0 ? Single(1) : interval),
-      fault_(forms(document).EvaluationFault()) {
-  const std::int16_t previous = forms(document).PrevProfile;
-  if (previous != -1) previous_ = services_.documents(previous);
-  if (fault_.empty() && plan_.GetLength() == 0) fault_ = services_.texts.GetResString(kNoLegs);
-  if (!fault_.empty()) return;
+      fault_(dive.plan.fault) {
+  if (fault_.IsEmpty() && plan_.GetLength() == 0) fault_ = kNoLegs;
+  if (!fault_.IsEmpty()) return;
   fault_ = SizeFault();
-  intervalIsAtFault_ = !fault_.empty();
+  intervalIsAtFault_ = !fault_.IsEmpty();
 }
 
-std::string BailoutCuts::SizeFault() const {
+Message BailoutCuts::SizeFault() const {
   if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
-    return services_.texts.Filled(kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)});
+    return {kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)}};
   }
   const std::vector<Moment> moments = Moments();
-  if (moments.empty()) return services_.texts.Filled(kLongerThanPlan, {FormatPlain(interval_)});
+  if (moments.empty()) return {kLongerThanPlan, {FormatPlain(interval_)}};
   std::size_t rows = 0;
   for (const Moment& moment : moments) rows += static_cast<std::size_t>(moment.row);
   if (rows <= kMostRows) return {};
-  return services_.texts.Filled(kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)});
+  return {kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)}};
 }
 
 std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
@@ -90,16 +88,16 @@ bool BailoutCuts::Ascend(ScratchRun& run, const Moment& moment, TableDive& dive,
   dive.head = moment.time;
   dive.depth = cut.getDepth(moment.row);
   // On a rebreather whose stops are on open circuit the loop was left before a cut among them.
-  const std::int16_t openFrom = !document_.Template.OpenCircuit && moment.row >= openFrom_ ? openFrom_ : 0;
+  const std::int16_t openFrom = !start_.settings.OpenCircuit && moment.row >= openFrom_ ? openFrom_ : 0;
   return run.Compute(cut, true, dive, proceed, openFrom);
 }
 
 std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
-  TableDives result{DropGasChange(document_.Template, scenario), {}, true};
+  TableDives result{DropGasChange(start_.settings, scenario), {}, true};
   if (scenario < Scenarios() - 1) {
-    result.lost = document_.Template.ChangeGasMixes[static_cast<std::size_t>(scenario)].Name;
+    result.lost = start_.settings.ChangeGasMixes[static_cast<std::size_t>(scenario)].Name;
   }
-  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  ScratchRun run(start_, observer_);
   run.Template() = result.diveTemplate;
   result.model = run.Model();
   const std::vector<Moment> moments = Moments();
@@ -116,7 +114,7 @@ std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& 
 }
 
 void BailoutCuts::Visit(const std::function<bool(const TableDive& cut)>& visit) const {
-  ScratchRun run(services_, document_, previous_ ? &*previous_ : nullptr);
+  ScratchRun run(start_, observer_);
   TableDive dive;
   for (const Moment& moment : Moments()) {
     Ascend(run, moment, dive, [] { return true; });

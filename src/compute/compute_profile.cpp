@@ -1,4 +1,4 @@
-#include "plans/compute_profile.h"
+#include "compute/compute_profile.h"
 
 #include <stdexcept>
 
@@ -7,6 +7,8 @@
 
 namespace tav {
 namespace {
+
+constexpr int kTooManyRows = 7507;
 
 /// Loads of a dive in the depth units of the dive after it: each dive of a series has units of its own.
 Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
@@ -23,11 +25,11 @@ Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
 /// Starts and drives the engine of one run.
 class EngineDoor {
  public:
-  EngineDoor(const PlanServices& services, const EngineRun& run) : services_(services), run_(run) {}
+  EngineDoor(const EngineRun& run, EngineObserver& observer) : run_(run), observer_(observer) {}
 
   void Replay(const ClassProfile& userProfile, ClassProfile& segmentedProfile, ReplayMemory* memory) const {
     // A trace shows every segment of every replay.
-    const bool remembers = memory != nullptr && !services_.observer.WantsTrace();
+    const bool remembers = memory != nullptr && !observer_.WantsTrace();
     if (remembers && memory->engine_) {
       memory->engine_->LoadMore(userProfile, segmentedProfile);
       return;
@@ -37,9 +39,16 @@ class EngineDoor {
     if (remembers) memory->engine_ = std::move(engine);
   }
 
-  void Ascend(const ClassProfile& userProfile, ClassProfile& segmentedProfile) const {
+  void Ascend(const ClassProfile& userProfile, ClassProfile& segmentedProfile, EndState& end) const {
     segmentedProfile.clear();
-    Start()->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC, run_.openFrom);
+    const auto engine = Start();
+    engine->StartBuhlmann(userProfile, segmentedProfile, true, run_.forceOC, run_.openFrom);
+    end.HeCompartments = engine->CurrentLoads().He;
+    end.N2Compartments = engine->CurrentLoads().N2;
+    end.TotalOTU = engine->TotalOTU();
+    end.TotalCNS = engine->TotalCNS();
+    end.Decompresses = engine->Decompresses();
+    end.LoadsAreMetric = run_.settings.Metric;
   }
 
   /// Of the run that gave these rows: with a computed ascent when rows follow those of the plan.
@@ -70,60 +79,51 @@ class EngineDoor {
   }
 
   [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
-    auto engine = std::make_unique<ClassBuhlmann>(services_.documents, services_.model, services_.observer);
-    if (run_.previousDocument == -1) {
-      engine->Init(run_.document, services_.model.ZHL16C);
+    auto engine = std::make_unique<ClassBuhlmann>(run_.settings, run_.model, observer_);
+    if (run_.before == nullptr) {
+      engine->Init(run_.model.ZHL16C);
     } else {
-      const DocumentState& previous = services_.documents(run_.previousDocument);
-      const DocumentState& document = services_.documents(run_.document);
+      const EndState& before = *run_.before;
       const auto carried = [&](const Compartments& loads) {
-        return InUnits(loads, previous.Template.Metric, document.Template.Metric);
+        return InUnits(loads, before.LoadsAreMetric, run_.settings.Metric);
       };
-      engine->InitAfterSurfaceInterval(run_.document, services_.model.ZHL16C, carried(previous.N2Compartments),
-                                       carried(previous.HeCompartments), document.SurfaceInterval);
+      engine->InitAfterSurfaceInterval(run_.model.ZHL16C, carried(before.N2Compartments),
+                                       carried(before.HeCompartments), run_.surfaceInterval);
     }
     return engine;
   }
 
-  const PlanServices& services_;
   const EngineRun& run_;
+  EngineObserver& observer_;
 };
 
-std::string ComputeProfile(const PlanServices& services, const EngineRun& run, const ClassProfile& userProfile,
-                           ClassProfile& segmentedProfile, ReplayMemory* memory) {
-  const auto faults = TemplateFaults(services.documents(run.document).Template);
+Message ComputeProfile(const EngineRun& run, const ClassProfile& userProfile, ClassProfile& segmentedProfile,
+                       EndState& end, EngineObserver& observer, ReplayMemory* memory) {
+  const auto faults = TemplateFaults(run.settings);
   if (!faults.empty()) {
     segmentedProfile.clear();
-    return services.texts.Words(JoinFaults(faults));
+    return JoinFaults(faults);
   }
-  constexpr int kTooManyRows = 7507;
-  constexpr int kRunning = 5006;
-  constexpr int kIdle = 5005;
-  services.display.ShowStatus(kRunning);
-  std::string fault;
   try {
-    const EngineDoor door(services, run);
+    const EngineDoor door(run, observer);
     if (run.loadOnly) {
       door.Replay(userProfile, segmentedProfile, memory);
     } else {
-      door.Ascend(userProfile, segmentedProfile);
+      door.Ascend(userProfile, segmentedProfile, end);
     }
   } catch (const std::length_error&) {
     segmentedProfile.clear();
     if (memory != nullptr) memory->Forget();
-    fault = services.texts.GetResString(kTooManyRows);
+    return kTooManyRows;
   }
-  services.display.ShowStatus(kIdle);
-  return fault;
+  return {};
 }
 
-std::vector<DiveMoment> ReplayMoments(const PlanServices& services, const EngineRun& run, const ModelChoice& model,
-                                      const ClassProfile& rows) {
-  if (!TemplateFaults(services.documents(run.document).Template).empty()) return {};
+std::vector<DiveMoment> ReplayMoments(const EngineRun& run, const ClassProfile& rows) {
+  if (!TemplateFaults(run.settings).empty()) return {};
   EngineObserver silent;
-  const PlanServices quiet{services.documents, model, silent, services.display, services.boxes, services.texts};
   try {
-    return EngineDoor(quiet, run).Moments(rows);
+    return EngineDoor(run, silent).Moments(rows);
   } catch (const std::length_error&) {
     return {};
   }

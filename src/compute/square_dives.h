@@ -2,11 +2,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
+#include "compute/scratch_run.h"
 #include "compute/table_dives.h"
-#include "plans/plan_services.h"
-#include "plans/scratch_run.h"
+#include "model/message.h"
 
 namespace tav {
 
@@ -47,17 +46,21 @@ int TextOf(AxesFault fault);
 /// `DescendRates` becomes one entry of 1000 depth units per minute: how the descent is taken out of the tables.
 void setFastTemplate(DiveTemplate& diveTemplate);
 
-/// Computes a square dive on one gas for each depth and bottom time of a grid, as a first dive with the settings of a
-/// document. The document is never changed, and may change or go away meanwhile.
+/// Computes a square dive on one gas for each depth and bottom time of a grid, as a first dive.
 class SquareDives {
  public:
-  /// The grid must have no faults. `mix` is an index in `Blends`. With `fastDescent` the diver is on the bottom at once
-  /// and stays for the whole time; else the time counts from leaving the surface.
-  SquareDives(const PlanServices& services, std::int16_t document, std::int16_t mix, bool fastDescent,
-              const TableAxes& axes);
+  /// What the dives are of. The grid must have no faults.
+  struct Wish {
+    std::int16_t mix = 0;      ///< an index in `Blends`
+    bool fastDescent = false;  ///< the diver is on the bottom at once; else the time counts from leaving the surface
+    TableAxes axes = {};
+  };
+
+  /// `observer` outlives the run.
+  SquareDives(const DiveTemplate& settings, const ModelChoice& model, const Wish& wish, EngineObserver& observer);
 
   /// Why there can be no run: the faults of the template. Empty when there can be one.
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  [[nodiscard]] const Message& Fault() const { return fault_; }
   /// The dives of the next depth, element 0 being an empty one. Nothing after the last depth, and when `progress`,
   /// which counts the dives of the whole grid, ended the run. There must be no Fault.
   std::optional<TableDives> Next(const RunProgress& progress);
@@ -68,10 +71,8 @@ class SquareDives {
   bool fillProfile(TableDive& dive, Single depth, Single time, const std::function<bool()>& proceed);
 
   ScratchRun run_;
-  std::string fault_;
-  std::int16_t mix_;
-  bool fastDescent_;
-  TableAxes axes_;
+  Message fault_;
+  Wish wish_;
   Single depth_;
   int done_ = 0;
   int of_;

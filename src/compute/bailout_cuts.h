@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <string>
 
+#include "compute/compute.h"
+#include "compute/scratch_run.h"
 #include "compute/table_dives.h"
-#include "plans/document_forms.h"
-#include "plans/scratch_run.h"
 
 namespace tav {
 
@@ -21,7 +20,7 @@ DiveTemplate DropGasChange(const DiveTemplate& source, int index);
 /// Cuts a plan off at regular moments of its run time and computes the ascent from each on open circuit: once for the
 /// loss of each entry of `ChangeGasMixes` and once with all of them.
 ///
-/// The plan is taken when the object is made. The document is never changed, and may change or go away meanwhile.
+/// The plan is taken when the object is made, and may change or go away meanwhile.
 class BailoutCuts {
  public:
   /// The longest interval, minutes.
@@ -31,17 +30,17 @@ class BailoutCuts {
   /// Rows that the cuts of one scenario take from the plan together; they are kept until the scenario is printed.
   static constexpr std::size_t kMostRows = 500000;
 
-  /// `interval` is whole minutes from 0 to 99; 0 is taken as 1.
-  BailoutCuts(DocumentForms& forms, std::int16_t document, Single interval);
+  /// `interval` is whole minutes from 0 to 99; 0 is taken as 1. `observer` outlives the object.
+  BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer);
 
   /// Why there can be no run: no rows, a plan that could not be computed, too many cuts or none. Empty when there can
   /// be one.
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  [[nodiscard]] const Message& Fault() const { return fault_; }
   /// Another interval would mend the fault.
   [[nodiscard]] bool IntervalIsAtFault() const { return intervalIsAtFault_; }
   [[nodiscard]] Single Interval() const { return interval_; }
   /// Scenario i is the loss of entry i; the last one has all gases.
-  [[nodiscard]] int Scenarios() const { return static_cast<int>(document_.Template.ChangeGasMixes.size()) + 1; }
+  [[nodiscard]] int Scenarios() const { return static_cast<int>(start_.settings.ChangeGasMixes.size()) + 1; }
   /// One scenario: element 0 is the plan, the others are its cuts in rising order of time. Nothing when `progress`
   /// ended the run. There must be no Fault. Throws std::runtime_error when a dive gets too many rows.
   [[nodiscard]] std::optional<TableDives> Compute(int scenario, const RunProgress& progress) const;
@@ -57,19 +56,18 @@ class BailoutCuts {
     bool atEnd;  ///< the whole plan as it stands
   };
 
-  [[nodiscard]] std::string SizeFault() const;
+  [[nodiscard]] Message SizeFault() const;
   [[nodiscard]] std::vector<Moment> Moments() const;
   [[nodiscard]] ClassProfile PlanUntil(const Moment& moment) const;
   /// Its ascent into `dive`. False when `proceed` ended it.
   bool Ascend(ScratchRun& run, const Moment& moment, TableDive& dive, const std::function<bool()>& proceed) const;
 
-  const PlanServices& services_;
-  DocumentState document_;
-  std::optional<DocumentState> previous_;
+  ScratchRun::Start start_;
+  EngineObserver& observer_;
   ClassProfile plan_;
   std::int16_t openFrom_;  ///< its first row on open circuit
   Single interval_;
-  std::string fault_;
+  Message fault_;
   bool intervalIsAtFault_ = false;
 };
 

@@ -1,4 +1,4 @@
-#include "plans/square_dives.h"
+#include "compute/square_dives.h"
 
 #include <cmath>
 
@@ -60,16 +60,14 @@ int TextOf(AxesFault fault) {
 
 void setFastTemplate(DiveTemplate& diveTemplate) { diveTemplate.DescendRates = {{0, 0, 1000.0, 0}}; }
 
-SquareDives::SquareDives(const PlanServices& services, std::int16_t document, std::int16_t mix, bool fastDescent,
-                         const TableAxes& axes)
-    : run_(services, services.documents(document), nullptr),
-      fault_(services.texts.Words(JoinFaults(TemplateFaults(run_.Template())))),
-      mix_(mix),
-      fastDescent_(fastDescent),
-      axes_(axes),
-      depth_(axes.StartDepth),
-      of_(static_cast<int>(DiveCount(axes))) {
-  if (fastDescent) setFastTemplate(run_.Template());
+SquareDives::SquareDives(const DiveTemplate& settings, const ModelChoice& model, const Wish& wish,
+                         EngineObserver& observer)
+    : run_(ScratchRun::Start(settings, model), observer),
+      fault_(JoinFaults(TemplateFaults(settings))),
+      wish_(wish),
+      depth_(wish.axes.StartDepth),
+      of_(static_cast<int>(DiveCount(wish.axes))) {
+  if (wish.fastDescent) setFastTemplate(run_.Template());
 }
 
 std::optional<TableDives> SquareDives::Next(const RunProgress& progress) {
@@ -77,16 +75,16 @@ std::optional<TableDives> SquareDives::Next(const RunProgress& progress) {
     cancelled_ = cancelled_ || !progress(done_, of_);
     return !cancelled_;
   };
-  if (depth_ > axes_.EndDepth || !proceed()) return std::nullopt;
+  if (depth_ > wish_.axes.EndDepth || !proceed()) return std::nullopt;
   TableDives result{run_.Template(), std::vector<TableDive>(1)};
   result.model = run_.Model();
-  result.descentCounts = !fastDescent_;
-  for (Single time = axes_.StartTime; time <= axes_.EndTime; time += axes_.TimeStep) {
+  result.descentCounts = !wish_.fastDescent;
+  for (Single time = wish_.axes.StartTime; time <= wish_.axes.EndTime; time += wish_.axes.TimeStep) {
     if (!fillProfile(result.dives.emplace_back(), depth_, time, proceed)) return std::nullopt;
     ++done_;
     if (!proceed()) return std::nullopt;
   }
-  depth_ += axes_.DepthStep;
+  depth_ += wish_.axes.DepthStep;
   return result;
 }
 
@@ -95,12 +93,12 @@ bool SquareDives::fillProfile(TableDive& dive, Single depth, Single time, const 
   dive.depth = depth;
   const DiveTemplate& settings = run_.Template();
   ClassProfile plan;
-  if (fastDescent_) {
+  if (wish_.fastDescent) {
     constexpr double kAtOnce = 10000.0;  // depth units per minute
-    SaveUserProfile(plan, settings, depth, 0.001, kAtOnce, 0, 0, mix_);
-    SaveUserProfile(plan, settings, depth, time, 0, 0, 0, mix_);
+    SaveUserProfile(plan, settings, depth, 0.001, kAtOnce, 0, 0, wish_.mix);
+    SaveUserProfile(plan, settings, depth, time, 0, 0, 0, wish_.mix);
   } else {
-    Leg leg{0, 0, time, depth, mix_};
+    Leg leg{0, 0, time, depth, wish_.mix};
     GetSegmentedProfile(leg, settings, plan);
   }
   return run_.Compute(plan, false, dive, proceed);

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "plans/bailout_cuts.h"
+#include "compute/bailout_cuts.h"
 #include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
@@ -27,11 +27,11 @@ struct CutPlan {
     if (!withAscent) window->UserActions.DeleteLast();
     window->ReEvaluateUserEnteredWaypoints();
     EXPECT_EQ(window->EvaluationFault(), "");
-    cuts = std::make_unique<BailoutCuts>(plans.forms, window->Tag(), interval);
+    cuts = std::make_unique<BailoutCuts>(plans.Cuts(window->Tag(), interval));
   }
   /// Without the plans that take hours on a poor gas, which have many cuts and nothing new, and those that are over
   /// before the first cut.
-  [[nodiscard]] bool IsUsable() const { return cuts->Fault().empty() && window->CurrentRunTime() < 300; }
+  [[nodiscard]] bool IsUsable() const { return cuts->Fault().IsEmpty() && window->CurrentRunTime() < 300; }
   [[nodiscard]] TableDives Scenario(int index) const { return *cuts->Compute(index, kGoOn); }
   [[nodiscard]] TableDives AllGases() const { return Scenario(cuts->Scenarios() - 1); }
 
@@ -68,12 +68,9 @@ TEST(BailoutLaws, TheLastCutOfAPlanAtDepthIsItsOwnAscentOnOpenCircuit) {
   for (int n = 0; n < 1000; ++n) {
     const RandomPlan plan = MakePlan(random);
     // The end of a plan is no multiple of 99, so the last cut is the plan as it stands.
-    const CutPlan cut(plan, 99, false);
+    CutPlan cut(plan, 99, false);
     const TableDives all = cut.AllGases();
-    const std::int16_t document = cut.window->Tag();
-    ClassProfile own;
-    ASSERT_EQ(ComputeProfile(cut.plans.forms.Services(), {document, -1, false, true}, cut.window->InputProfile, own),
-              "");
+    const ClassProfile own = cut.plans.Ascent(*cut.window, true);
     ASSERT_EQ(test::RowsText(all.dives.back().profile), test::RowsText(own)) << File(plan);
   }
 }

@@ -1,4 +1,4 @@
-#include "plans/bailout_cuts.h"
+#include "compute/bailout_cuts.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -32,7 +32,7 @@ class Bailout : public testing::Test {
     return window;
   }
   TableDives Cuts(const frmWaypointEditor& window, double interval, int scenario = 2) {
-    return *BailoutCuts(plans_.forms, window.Tag(), interval).Compute(scenario, kGoOn);
+    return *plans_.Cuts(window.Tag(), interval).Compute(scenario, kGoOn);
   }
 
   test::Plans plans_;
@@ -122,7 +122,7 @@ TEST_F(Bailout, EachScenarioLacksOneEntryAndTheLastNone) {
   frmWaypointEditor& window = Plan({{40, 20}});
   DiveTemplate& settings = plans_.documents(window.Tag()).Template;
   ASSERT_EQ(settings.ChangeGasMixes.size(), 2U);
-  const BailoutCuts cuts(plans_.forms, window.Tag(), 20);
+  const BailoutCuts cuts = plans_.Cuts(window.Tag(), 20);
   ASSERT_EQ(cuts.Scenarios(), 3);
   for (int i = 0; i < 3; ++i) {
     const TableDives scenario = *cuts.Compute(i, kGoOn);
@@ -146,24 +146,24 @@ TEST_F(Bailout, EachScenarioLacksOneEntryAndTheLastNone) {
 }
 
 TEST_F(Bailout, SaysWhyThereCanBeNoRun) {
-  EXPECT_THAT(BailoutCuts(plans_.forms, plans_.New().Tag(), 5).Fault(), "*StringID 7886*");
-  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{3, 1}, {0, 1}}).Tag(), 99).Fault(), "*StringID 7780*");
-  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 1).Fault(), "*StringID 7887*");
-  EXPECT_THAT(BailoutCuts(plans_.forms, Plan({{10, 20000}}).Tag(), 2).Fault(), IsEmpty());
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(plans_.New().Tag(), 5).Fault()), "*StringID 7886*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{3, 1}, {0, 1}}).Tag(), 99).Fault()), "*StringID 7780*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{10, 20000}}).Tag(), 1).Fault()), "*StringID 7887*");
+  EXPECT_TRUE(plans_.Cuts(Plan({{10, 20000}}).Tag(), 2).Fault().IsEmpty());
   frmWaypointEditor& window = Plan({{30, 10}});
   plans_.documents(window.Tag()).Template.StepSize = 0;
   window.ReEvaluateUserEnteredWaypoints();
-  EXPECT_THAT(BailoutCuts(plans_.forms, window.Tag(), 5).Fault(), "*StringID 7862*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(window.Tag(), 5).Fault()), "*StringID 7862*");
   // A million rows in two thousand cuts.
   frmWaypointEditor& many = plans_.New();
   for (int i = 0; i < 2000; ++i) many.SaveUserEnteredWaypoints(1, 10, 0, false);
   many.ReEvaluateUserEnteredWaypoints();
-  EXPECT_THAT(BailoutCuts(plans_.forms, many.Tag(), 1).Fault(), "*StringID 7888*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(many.Tag(), 1).Fault()), "*StringID 7888*");
 }
 
 TEST_F(Bailout, EndsAtOnceWhereverTheUserCancels) {
   frmWaypointEditor& window = Plan({{40, 20}}, true);
-  const BailoutCuts cuts(plans_.forms, window.Tag(), 5);
+  const BailoutCuts cuts = plans_.Cuts(window.Tag(), 5);
   int asked = 0;
   int all = 0;
   ASSERT_TRUE(cuts.Compute(0, [&](int done, int of) {
@@ -186,7 +186,7 @@ TEST_F(Bailout, StopsThatNeverClearAreAskedForOneByOne) {
   settings.ChangeGasMixes = {{"Nitrogen", 1, 99, 0, 40}};
   settings.GFLow = settings.GFHigh = 0.2;
   window.ReEvaluateUserEnteredWaypoints();
-  const BailoutCuts cuts(plans_.forms, window.Tag(), 20);
+  const BailoutCuts cuts = plans_.Cuts(window.Tag(), 20);
   int asked = 0;
   const auto all = cuts.Compute(1, [&](int, int) { return ++asked > 0; });
   EXPECT_FALSE(all->dives[1].decompresses);
@@ -215,7 +215,7 @@ TEST_F(Bailout, NothingOfARunReachesTheSeriesNorTheOtherWayRound) {
   };
   const std::string before = state();
   const std::int16_t slots = plans_.documents.UpperBound();
-  const BailoutCuts cuts(plans_.forms, second, 5);
+  const BailoutCuts cuts = plans_.Cuts(second, 5);
   const std::string expected = Text(*cuts.Compute(0, kGoOn));
   for (int end = 1; end <= 4; ++end) {
     int now = 0;
