@@ -37,10 +37,10 @@ void KeyInACell(benchmark::State& state) {
   bool longer = false;
   for (auto _ : state) {
     longer = !longer;
-    pane.fgLegs.Type(2, frmPlanPane::kTimeColumn, longer ? "11" : "10");
+    pane.legs.fgLegs.Type(2, PlanPaneLegs::kTime, longer ? "11" : "10");
     QCoreApplication::processEvents();
   }
-  pane.fgLegs.Restore();
+  pane.legs.fgLegs.Restore();
 }
 BENCHMARK(KeyInACell)->Arg(5)->Arg(200)->Unit(benchmark::kMillisecond);
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid.h"
 #include "dialogs/dialog_form.h"
 #include "graph/overlay_line.h"
 #include "pages/print_preview.h"

@@ -12,6 +12,12 @@ Control::Control(Form& form, std::string name) : form_(form), name_(std::move(na
 
 Control::~Control() { std::erase(form_.controls_, this); }
 
+void TextBox::Type(const std::string& text) {
+  if (!CanAct() || Locked) return;
+  Text = text;
+  Fire(Change);
+}
+
 Control* Form::Find(std::string_view name) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(), [&](auto* c) { return c->Name() == name; });
   return found == controls_.end() ? nullptr : *found;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "controls/form.h"
+#include "controls/grid.h"
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
 #include "desktop/page_area.h"

@@ -2,7 +2,7 @@
 
 #include <QtWidgets>
 
-#include "controls/controls.h"
+#include "controls/grid.h"
 #include "desktop/qt_text.h"
 #include "desktop/shared_columns.h"
 #include "desktop/text_colour.h"

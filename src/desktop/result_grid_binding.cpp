@@ -3,7 +3,7 @@
 #include <QtWidgets>
 #include <algorithm>
 
-#include "controls/controls.h"
+#include "controls/grid.h"
 #include "desktop/qt_text.h"
 #include "desktop/text_colour.h"
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "advice/finding.h"
+#include "controls/grid.h"
 #include "dialogs/pane_form.h"
 
 namespace tav {

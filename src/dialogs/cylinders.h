@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid.h"
 #include "dialogs/dialog_form.h"
 #include "model/cylinder.h"
 #include "supply/supply_choice.h"

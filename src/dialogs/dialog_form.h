@@ -14,14 +14,8 @@ class DialogForm : public TextForm {
   DialogForm(std::string name, DialogServices services)
       : TextForm(std::move(name), services.platform, services.texts), services_(std::move(services)) {}
 
-  /// The template of a document has changed, and with it the plan.
-  void MarkChanged(std::int16_t document) const {
-    TemplateOf(document).TemplateChanged = true;
-    if (document != DocumentStore::DefaultDocument) services_.forms(document).MarkModified();
-  }
-  [[nodiscard]] DiveTemplate& TemplateOf(std::int16_t document) const {
-    return services_.Documents()(document).Template;
-  }
+  void MarkChanged(std::int16_t document) const { services_.MarkChanged(document); }
+  [[nodiscard]] DiveTemplate& TemplateOf(std::int16_t document) const { return services_.TemplateOf(document); }
 
   /// Says what is wrong with the entry of a field and goes there. The field stays marked, with the reason as its tool
   /// tip, until the user changes it.

@@ -29,6 +29,12 @@ struct DialogServices {
   [[nodiscard]] std::int16_t ActiveOrDefault() const {
     return ActiveDocument().value_or(DocumentStore::DefaultDocument);
   }
+  [[nodiscard]] DiveTemplate& TemplateOf(std::int16_t document) const { return Documents()(document).Template; }
+  /// The template of a document has changed, and with it the plan.
+  void MarkChanged(std::int16_t document) const {
+    TemplateOf(document).TemplateChanged = true;
+    if (document != DocumentStore::DefaultDocument) forms(document).MarkModified();
+  }
 };
 
 /// The document that a window was opened for. It may be closed while the window stays, and its number may go to another

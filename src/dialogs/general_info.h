@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "controls/grid.h"
 #include "dialogs/dialog_form.h"
 #include "figures/information.h"
 #include "supply/supply_tables.h"

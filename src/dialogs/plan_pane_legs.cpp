@@ -1,61 +1,76 @@
-// The grid of legs in the plan pane: what its cells show and what the user does in them.
+#include "dialogs/plan_pane_legs.h"
 
 #include <algorithm>
 
 #include "dialogs/mix_information.h"
-#include "dialogs/plan_pane.h"
+#include "figures/schedule.h"
 
 namespace tav {
 namespace {
 
-constexpr int kDepth = 7028;
-constexpr int kTime = 7502;
-constexpr int kGas = 7030;
-constexpr int kRun = 7521;
+constexpr int kDepthText = 7028;
+constexpr int kTimeText = 7502;
+constexpr int kGasText = 7030;
+constexpr int kRunText = 7521;
 constexpr int kTimeMeans = 7514;
+constexpr int kLegs = 7526;
+constexpr int kAscent = 7530;
+constexpr int kFirstMenu = 7531;
 constexpr int kAscentWord = 7543;
-constexpr int kAboveCeiling = 7545;
 
 LegTable::Field FieldOf(int column) {
-  if (column == frmPlanPane::kDepthColumn) return LegTable::Field::Depth;
-  return column == frmPlanPane::kTimeColumn ? LegTable::Field::Time : LegTable::Field::Gas;
+  if (column == PlanPaneLegs::kDepth) return LegTable::Field::Depth;
+  return column == PlanPaneLegs::kTime ? LegTable::Field::Time : LegTable::Field::Gas;
 }
 
 int ColumnOf(LegTable::Field field) {
-  if (field == LegTable::Field::Depth) return frmPlanPane::kDepthColumn;
-  return field == LegTable::Field::Time ? frmPlanPane::kTimeColumn : frmPlanPane::kGasColumn;
+  if (field == LegTable::Field::Depth) return PlanPaneLegs::kDepth;
+  return field == LegTable::Field::Time ? PlanPaneLegs::kTime : PlanPaneLegs::kGas;
 }
 
 }  // namespace
 
-void frmPlanPane::WireLegs() {
-  fgLegs.EditorOf = [this](int row, int column) { return EditorOf(row, column); };
-  fgLegs.Typed = [this](int row, int column, const std::string& text) { TypeCell(row, column, text); };
-  fgLegs.Commit = [this](int row, int column, const std::string& text) { CommitCell(row, column, text); };
-  fgLegs.Restored = [this] { RestoreCell(); };
+PlanPaneLegs::PlanPaneLegs(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
+  fgLegs.EditorOf = [this](int line, int column) { return EditorOf(line, column); };
+  fgLegs.Typed = [this](int line, int column, const std::string& text) {
+    entry_.TypeCell(line, FieldOf(column), text);
+  };
+  fgLegs.Commit = [this](int line, int column, const std::string& text) {
+    entry_.CommitCell(line, FieldOf(column), text, text != fgLegs.Text(line, column));
+  };
+  fgLegs.Restored = [this] { entry_.RestoreCell(); };
   fgLegs.Stepped = [this](const std::string& text, int by) { return Stepped(text, by); };
   fgLegs.Click = [this] {
     // Typing goes on in the row of the next leg with its depth.
-    if (fgLegs.SelectedRow == table_.EndOfLegs() + 1 && fgLegs.SelectedColumn != kDepthColumn) {
-      return fgLegs.SelectCell(fgLegs.SelectedRow, kDepthColumn);
+    if (fgLegs.SelectedRow == Table().EndOfLegs() + 1 && fgLegs.SelectedColumn != kDepth) {
+      return fgLegs.SelectCell(fgLegs.SelectedRow, kDepth);
     }
-    const auto row = LegRow(fgLegs.SelectedRow);
-    if (row && isInForce_ && *row + 1 < static_cast<int>(Editor().ActionResults().size())) {
-      pane_.markRow(Editor().LastRowOf(static_cast<std::int16_t>(*row + 1)));
+    const auto row = Legs().RowOf(fgLegs.SelectedRow);
+    if (row && Legs().IsInForce() && *row + 1 < static_cast<int>(entry_.Editor().ActionResults().size())) {
+      entry_.Services().markRow(entry_.Editor().LastRowOf(static_cast<std::int16_t>(*row + 1)));
     }
   };
-  const auto onRange = [this](void (frmPlanPane::*command)(int first, int last)) {
+  ckAscent.Click = [this] {
+    const bool on = ckAscent.Value;
+    entry_.Change([on](LegTable& table) { table.SetFinalAscent(on); });
+    Show();
+  };
+  WireMenu();
+}
+
+void PlanPaneLegs::WireMenu() {
+  const auto onRange = [this](void (PlanPaneLegs::*command)(int first, int last)) {
     return [this, command] {
-      if (const auto range = SelectedLegs()) (this->*command)(range->first, range->second);
+      if (const auto range = Selected()) (this->*command)(range->first, range->second);
     };
   };
-  fgLegs.InsertKey = mnuInsertLeg.Click = [this] { InsertLeg(); };
-  fgLegs.DeleteKey = mnuDeleteLegs.Click = onRange(&frmPlanPane::DeleteLegs);
-  mnuDuplicateLegs.Click = onRange(&frmPlanPane::DuplicateLegs);
-  mnuMoveLegsUp.Click = [this] { MoveLegs(-1); };
-  mnuMoveLegsDown.Click = [this] { MoveLegs(1); };
-  mnuCopyLegs.Click = onRange(&frmPlanPane::CopyLegs);
-  mnuPasteLegs.Click = [this] { PasteLegs(); };
+  fgLegs.InsertKey = mnuInsertLeg.Click = [this] { Insert(); };
+  fgLegs.DeleteKey = mnuDeleteLegs.Click = onRange(&PlanPaneLegs::Delete);
+  mnuDuplicateLegs.Click = onRange(&PlanPaneLegs::Duplicate);
+  mnuMoveLegsUp.Click = [this] { Move(-1); };
+  mnuMoveLegsDown.Click = [this] { Move(1); };
+  mnuCopyLegs.Click = onRange(&PlanPaneLegs::Copy);
+  mnuPasteLegs.Click = [this] { Paste(); };
   fgLegs.Wished = [this](Grid::Wish wish) {
     const MenuItem* item = nullptr;
     if (wish == Grid::Wish::Duplicate) item = &mnuDuplicateLegs;
@@ -65,100 +80,64 @@ void frmPlanPane::WireLegs() {
     if (wish == Grid::Wish::Paste) item = &mnuPasteLegs;
     if (item != nullptr) item->Choose();
   };
-  const auto menu = [this] {
-    return std::vector<MenuItem*>{&mnuInsertLeg,    &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp,
-                                  &mnuMoveLegsDown, &mnuCopyLegs,   &mnuPasteLegs};
+  fgLegs.RowMenu = [this] {
+    fgLegs.MenuByKey ? platform_.windows.PopupMenuAtFocus(Menu()) : platform_.windows.PopupMenu(Menu());
   };
-  fgLegs.RowMenu = [this, menu] {
-    fgLegs.MenuByKey ? platform_.windows.PopupMenuAtFocus(menu()) : platform_.windows.PopupMenu(menu());
-  };
-  cbLegs.Click = [this, menu] { platform_.windows.PopupMenuAtFocus(menu()); };
-  ckAscent.Click = [this] {
-    const bool on = ckAscent.Value;
-    Change([this, on] { table_.SetFinalAscent(on); });
-    ShowLegs();
-  };
+  cbLegs.Click = [this] { platform_.windows.PopupMenuAtFocus(Menu()); };
 }
 
-std::optional<int> frmPlanPane::LegRow(int gridRow) const {
-  const int row = gridRow - 1;
-  if (row < 0 || row == table_.EndOfLegs() || row > table_.Rows()) return std::nullopt;
-  return row < table_.EndOfLegs() ? row : row - 1;
+std::vector<MenuItem*> PlanPaneLegs::Menu() {
+  return {&mnuInsertLeg,    &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp,
+          &mnuMoveLegsDown, &mnuCopyLegs,   &mnuPasteLegs};
 }
 
-Grid::Editor frmPlanPane::EditorOf(int gridRow, int column) const {
+void PlanPaneLegs::SetTexts() {
+  ckAscent.Caption = T(kAscent);
+  cbLegs.Caption = T(kLegs) + "...";
+  fgLegs.SpokenName = T(kLegs);
+  int id = kFirstMenu;
+  for (MenuItem* item : Menu()) item->Caption = T(id++);
+  fgLegs.RightColumns = {kNumber, kDepth, kTime, kPPO2, kEND, kRun};
+  fgLegs.WideColumn = kGas;
+}
+
+void PlanPaneLegs::TakeFocus() {
+  // A cell that takes typing.
+  fgLegs.SelectCell(std::max(fgLegs.SelectedRow, 1), std::max<int>(fgLegs.SelectedColumn, kDepth));
+  fgLegs.SetFocus();
+}
+
+void PlanPaneLegs::SelectRow(std::int16_t row) {
+  if (!entry_.HasPlan()) return;
+  const auto action = entry_.Editor().LegAt(row);
+  if (!action || !Legs().IsInForce() || Legs().CellIsOpen()) return;
+  fgLegs.SelectCell(Legs().LineOf(*action - 1), std::max<int>(fgLegs.SelectedColumn, kDepth));
+}
+
+void PlanPaneLegs::EditLeg(std::int16_t action) {
+  const int line = Legs().LineOf(action - 1);
+  if (line >= fgLegs.Rows()) return;
+  fgLegs.SelectCell(line, kDepth);
+  fgLegs.SetFocus();
+  fgLegs.OpenSelected();
+}
+
+Grid::Editor PlanPaneLegs::EditorOf(int line, int column) const {
   using Kind = Grid::Editor::Kind;
-  if (!IsFree()) return {};
-  const auto row = LegRow(gridRow);
-  if (!row) return {gridRow == table_.EndOfLegs() + 1 && column == kDepthColumn ? Kind::Text : Kind::None, {}};
-  if (table_.At(*row).ascent) return {};
-  if (column == kDepthColumn || column == kTimeColumn) return {Kind::Text, {}};
-  if (column != kGasColumn) return {};
+  if (!entry_.IsFree()) return {};
+  const auto row = Legs().RowOf(line);
+  if (!row) return {line == Table().EndOfLegs() + 1 && column == kDepth ? Kind::Text : Kind::None, {}};
+  if (Table().At(*row).ascent) return {};
+  if (column == kDepth || column == kTime) return {Kind::Text, {}};
+  if (column != kGas) return {};
+  const auto& blends = entry_.Template().Blends;
   Grid::Editor list{Kind::List, {}};
-  list.entries.reserve(Template().Blends.size());
-  for (const GasMix& mix : Template().Blends) list.entries.push_back(mix.Name);
+  list.entries.reserve(blends.size());
+  for (const GasMix& mix : blends) list.entries.push_back(mix.Name);
   return list;
 }
 
-void frmPlanPane::TypeCell(int gridRow, int column, const std::string& text) {
-  if (!IsFree()) return;
-  if (!former_) {
-    Finish();
-    former_ = table_;
-    formerInForce_ = isInForce_;
-  }
-  told_.clear(), mark_.reset();
-  const bool wasRefused = !RefusalNow().empty();
-  trial_.Begin(*document_);
-  // Each text is a change of the rows as they were before the cell was opened, so that typing back is no change.
-  table_ = *former_;
-  auto row = LegRow(gridRow);
-  if (!row && !TrimBlanks(text).empty()) {
-    row = table_.EndOfLegs();
-    table_.Insert(*row);
-  }
-  openRow_ = row.value_or(table_.EndOfLegs());
-  openField_ = FieldOf(column);
-  if (row) table_.Set(*row, openField_, text);
-  TryRows();
-  ShowLegs();
-  ShowFaults();
-  if (wasRefused || !isInForce_) pane_.entered(*document_);
-}
-
-void frmPlanPane::CommitCell(int gridRow, int column, const std::string& text) {
-  if (former_ || text != fgLegs.Text(gridRow, column)) {
-    TypeCell(gridRow, column, text);
-    Finish();
-  } else if (!told_.empty()) {
-    told_.clear(), mark_.reset();
-  } else {
-    return;
-  }
-  ShowLegs();
-  ShowFaults();
-}
-
-void frmPlanPane::RestoreCell() {
-  told_.clear(), mark_.reset();
-  if (former_) {
-    trial_.Drop();
-    table_ = *former_;
-    former_.reset();
-    faults_ = table_.Faults(texts_);
-    isInForce_ = formerInForce_;
-    planFault_.clear();
-    if (isInForce_) Reload();
-  } else if (!isInForce_) {
-    GiveUp(*document_);  // the rows that the plan has
-  }
-  ShowLegs();
-  ShowSchedule();
-  ShowFaults();
-  pane_.entered(*document_);
-}
-
-std::string frmPlanPane::Stepped(const std::string& text, int by) const {
+std::string PlanPaneLegs::Stepped(const std::string& text, int by) const {
   const auto value = NumberIn(text);
   if (!value) return text;
   const std::string number = FormatPlain(*value);
@@ -169,101 +148,113 @@ std::string frmPlanPane::Stepped(const std::string& text, int by) const {
   return Fixed(std::max(0.0, *value + step), decimals);
 }
 
-bool frmPlanPane::TryRows() {
-  faults_ = table_.Faults(texts_);
-  planFault_.clear();
-  isInForce_ = false;
-  trying_ = true;
-  PlanRefusal refusal;
-  if (faults_.empty()) {
-    refusal = trial_.TryActions(table_.Actions(), table_.Origins());
-  } else {
-    trial_.Refuse();
-  }
-  trying_ = false;
-  faults_.reserve(refusal.legs.size());
-  for (const PlanRefusal::Leg& leg : refusal.legs) {
-    faults_.push_back(
-        {leg.action - 1, LegTable::Field::Depth, T(kAboveCeiling, {Fixed(leg.ceiling, 1) + " " + LengthUnit()})});
-  }
-  planFault_ = refusal.fault;
-  isInForce_ = faults_.empty() && planFault_.empty();
-  inForce_ = Editor().UserActions;
-  ShowSchedule();
-  return isInForce_;
+std::string PlanPaneLegs::RunTimeOf(int row) const {
+  const frmWaypointEditor& plan = entry_.Editor();
+  if (!Legs().IsInForce() || static_cast<std::size_t>(row) + 1 >= plan.ActionResults().size()) return {};
+  const std::int16_t last = plan.LastRowOf(static_cast<std::int16_t>(row + 1));
+  return ScheduleText::ShortNumber(plan.InputProfile.GetRunTime(last), platform_.separators);
 }
 
-std::string frmPlanPane::RunTimeOf(int row) const {
-  const bool computed = isInForce_ && static_cast<std::size_t>(row) + 1 < Editor().ActionResults().size();
-  if (!computed) return {};
-  const std::int16_t last = Editor().LastRowOf(static_cast<std::int16_t>(row + 1));
-  return ScheduleText::ShortNumber(Editor().InputProfile.GetRunTime(last), platform_.separators);
-}
-
-std::vector<GridCell> frmPlanPane::LegCells(int row) const {
-  const LegTable::Row& leg = table_.At(row);
-  std::vector<GridCell> cells(kRunColumn + 1);
-  cells[kRunColumn].text = RunTimeOf(row);
+std::vector<GridCell> PlanPaneLegs::CellsOf(int row) const {
+  const LegTable::Row& leg = Table().At(row);
+  std::vector<GridCell> cells(kRun + 1);
+  cells[kRun].text = RunTimeOf(row);
   if (leg.ascent) {
-    cells[kGasColumn] = {T(kAscentWord), -1, false, true};
+    cells[kGas] = {T(kAscentWord), -1, false, true};
     return cells;
   }
-  cells[kNumberColumn].text = std::to_string(row + 1);
-  cells[kDepthColumn].text = leg.depth.text;
-  cells[kTimeColumn].text = leg.time.text;
-  cells[kGasColumn].text = leg.gas;
-  const DiveTemplate& t = Template();
+  cells[kNumber].text = std::to_string(row + 1);
+  cells[kDepth].text = leg.depth.text;
+  cells[kTime].text = leg.time.text;
+  cells[kGas].text = leg.gas;
+  const DiveTemplate& t = entry_.Template();
   const bool known = leg.mix && *leg.mix >= 0 && static_cast<std::size_t>(*leg.mix) < t.Blends.size();
   if (known && leg.depth.value && *leg.depth.value >= 0) {
     const GasFigures figures = FiguresAt(*leg.depth.value, t.Blends[static_cast<std::size_t>(*leg.mix)], t);
-    cells[kPPO2Column] = {Fixed(figures.PPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
-    cells[kENDColumn] = {ScheduleText::ShortNumber(figures.END, platform_.separators), figures.endTooDeep ? kRed : -1};
+    cells[kPPO2] = {Fixed(figures.PPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
+    cells[kEND] = {ScheduleText::ShortNumber(figures.END, platform_.separators), figures.endTooDeep ? kRed : -1};
   }
   return cells;
 }
 
-void frmPlanPane::ShowLegs() {
-  const bool metric = !document_ || Template().Metric;
+void PlanPaneLegs::Show() {
+  const bool hasPlan = entry_.HasPlan();
+  const bool metric = !hasPlan || entry_.Template().Metric;
   const std::string length = metric ? "\nm" : "\nft";
   std::vector<std::vector<GridCell>> cells;
-  cells.reserve(static_cast<std::size_t>(table_.Rows()) + 2);
+  cells.reserve(static_cast<std::size_t>(Table().Rows()) + 2);
   cells.push_back({{""},
-                   {T(kDepth) + length},
-                   {T(kTime) + "\nmin"},
-                   {T(kGas)},
+                   {T(kDepthText) + length},
+                   {T(kTimeText) + "\nmin"},
+                   {T(kGasText)},
                    {metric ? "PPO2\nbar" : "PPO2\nata"},
                    {"END" + length},
-                   {T(kRun) + "\nmin"}});
-  for (int row = 0; document_ && row < table_.Rows(); ++row) {
-    if (row == table_.EndOfLegs()) cells.emplace_back(kRunColumn + 1);
-    cells.push_back(LegCells(row));
+                   {T(kRunText) + "\nmin"}});
+  for (int row = 0; hasPlan && row < Table().Rows(); ++row) {
+    if (row == Table().EndOfLegs()) cells.emplace_back(kRun + 1);
+    cells.push_back(CellsOf(row));
   }
-  if (document_ && !table_.EndsWithAscent()) cells.emplace_back(kRunColumn + 1);
-  std::vector<LegTable::Fault> faults = faults_;
-  if (mark_) faults.push_back(*mark_);
+  if (hasPlan && !Table().EndsWithAscent()) cells.emplace_back(kRun + 1);
+  std::vector<LegTable::Fault> faults = Legs().Faults();
+  if (entry_.Mark()) faults.push_back(*entry_.Mark());
   for (const LegTable::Fault& fault : faults) {
-    if (fault.row >= table_.Rows()) continue;
-    cells.at(static_cast<std::size_t>(GridRow(fault.row))).at(static_cast<std::size_t>(ColumnOf(fault.field))).fault =
-        fault.reason;
+    if (fault.row >= Table().Rows()) continue;
+    auto& line = cells.at(static_cast<std::size_t>(Legs().LineOf(fault.row)));
+    line.at(static_cast<std::size_t>(ColumnOf(fault.field))).fault = fault.reason;
   }
   fgLegs.ToolTipText = T(kTimeMeans);
-  fgLegs.Enabled = document_.has_value();
+  fgLegs.Enabled = hasPlan;
   fgLegs.Cells = std::move(cells);
-  ckAscent.Enabled = IsFree() && table_.EndOfLegs() > 0;
-  ckAscent.Value = table_.EndsWithAscent();
-  for (MenuItem* item :
-       {&mnuInsertLeg, &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp, &mnuMoveLegsDown, &mnuPasteLegs}) {
-    item->Enabled = IsFree();
-  }
-  cbLegs.Enabled = document_.has_value();
+  ckAscent.Enabled = entry_.IsFree() && Table().EndOfLegs() > 0;
+  ckAscent.Value = Table().EndsWithAscent();
+  for (MenuItem* item : Menu()) item->Enabled = item == &mnuCopyLegs || entry_.IsFree();
+  cbLegs.Enabled = hasPlan;
 }
 
-void frmPlanPane::EditLeg(std::int16_t action) {
-  const int row = GridRow(action - 1);
-  if (row >= fgLegs.Rows()) return;
-  fgLegs.SelectCell(row, kDepthColumn);
-  fgLegs.SetFocus();
+std::optional<std::pair<int, int>> PlanPaneLegs::Selected() const {
+  std::optional<std::pair<int, int>> range;
+  for (int line = std::min(fgLegs.FirstRow, fgLegs.SelectedRow); line <= std::max(fgLegs.LastRow, fgLegs.SelectedRow);
+       ++line) {
+    const auto row = Legs().RowOf(line);
+    if (row) range = {range ? range->first : *row, *row};
+  }
+  return range;
+}
+
+void PlanPaneLegs::Insert() {
+  if (!entry_.IsFree()) return;
+  const int row = InsertedAt();
+  entry_.Change([row](LegTable& table) { table.Insert(row); });
+  fgLegs.SelectCell(Legs().LineOf(row), kDepth);
   fgLegs.OpenSelected();
+}
+
+void PlanPaneLegs::Delete(int first, int last) {
+  entry_.Change([&](LegTable& table) { table.Delete(first, last); });
+  fgLegs.SelectCell(std::min(fgLegs.SelectedRow, fgLegs.Rows() - 1), fgLegs.SelectedColumn);
+}
+
+void PlanPaneLegs::Duplicate(int first, int last) {
+  entry_.Change([&](LegTable& table) { table.Duplicate(first, last); });
+  fgLegs.SelectCell(Legs().LineOf(std::min(last + 1, Table().EndOfLegs())), fgLegs.SelectedColumn);
+}
+
+void PlanPaneLegs::Move(int by) {
+  const auto range = Selected();
+  if (!range) return;
+  bool moved = false;
+  const bool changed = entry_.Change([&](LegTable& table) { moved = table.Move(range->first, range->second, by); });
+  if (!moved || !changed) return;
+  fgLegs.SelectCell(Legs().LineOf((by > 0 ? range->second : range->first) + by), fgLegs.SelectedColumn);
+}
+
+void PlanPaneLegs::Copy(int first, int last) { platform_.clipboard.SetText(Table().Text(first, last, T(kAscentWord))); }
+
+void PlanPaneLegs::Paste() {
+  if (!entry_.IsFree()) return;
+  const int row = InsertedAt();
+  const std::string text = platform_.clipboard.Text();
+  entry_.Change([&](LegTable& table) { table.Paste(row, text, T(kAscentWord)); });
 }
 
 }  // namespace tav

@@ -1,8 +1,6 @@
-// The schedule in the plan pane.
+#include "dialogs/plan_pane_schedule.h"
 
 #include <algorithm>
-
-#include "dialogs/plan_pane.h"
 
 namespace tav {
 namespace {
@@ -16,12 +14,32 @@ constexpr int kRun = 7521;
 constexpr int kTotals = 7522;
 constexpr int kGases = 7523;
 constexpr int kNoAscent = 7524;
+constexpr int kCopySchedule = 7525;
+constexpr int kSchedule = 7527;
 constexpr int kAsBefore = 8002;
 constexpr Colour kGrey = RGB(112, 112, 112);
 
 }  // namespace
 
-ScheduleWords frmPlanPane::Words() const {
+PlanPaneSchedule::PlanPaneSchedule(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
+  fgSchedule.Click = [this] {
+    const auto at = static_cast<std::size_t>(fgSchedule.SelectedRow);
+    if (at > 0 && at <= rows_.size()) entry_.Services().markRow(rows_[at - 1]);
+  };
+  cbCopySchedule.Click = [this] {
+    if (!entry_.HasPlan()) return;
+    const std::string before = entry_.Refusal().empty() ? "" : T(kAsBefore) + "\n";
+    platform_.clipboard.SetText(before + Schedule().Aligned());
+  };
+}
+
+void PlanPaneSchedule::SetTexts() {
+  cbCopySchedule.Caption = T(kCopySchedule);
+  fgSchedule.SpokenName = T(kSchedule);
+  fgSchedule.TextColumns = {0, 4};
+}
+
+ScheduleWords PlanPaneSchedule::Words() const {
   ScheduleWords words;
   for (std::size_t i = 0; i < words.kinds.size(); ++i) words.kinds.at(i) = T(kFirstKind + static_cast<int>(i));
   words.heads = {T(kDepth), T(kTime), T(kRun), T(kGas), T(kPPO2)};
@@ -32,19 +50,19 @@ ScheduleWords frmPlanPane::Words() const {
   return words;
 }
 
-ScheduleText frmPlanPane::Schedule() const {
-  return {Editor().InputProfile, Template(), Words(), platform_.separators};
+ScheduleText PlanPaneSchedule::Schedule() const {
+  return {entry_.Editor().InputProfile, entry_.Template(), Words(), platform_.separators};
 }
 
-void frmPlanPane::ShowSchedule() {
-  fgSchedule.Enabled = cbCopySchedule.Enabled = document_.has_value();
-  scheduleRows_.clear();
-  if (!document_) {
+void PlanPaneSchedule::Show() {
+  fgSchedule.Enabled = cbCopySchedule.Enabled = entry_.HasPlan();
+  rows_.clear();
+  if (!entry_.HasPlan()) {
     fgSchedule.Cells = {};
     lbTotals.Caption = "";
     return;
   }
-  const bool asBefore = !RefusalNow().empty();
+  const bool asBefore = !entry_.Refusal().empty();
   const Colour colour = asBefore ? kGrey : -1;
   const ScheduleText schedule = Schedule();
   std::vector<std::vector<GridCell>> cells;
@@ -55,9 +73,9 @@ void frmPlanPane::ShowSchedule() {
   for (std::size_t i = 0; i < heads[0].size(); ++i) {
     head.push_back({heads[0].at(i) + (heads[1].at(i).empty() ? "" : "\n" + heads[1].at(i))});
   }
-  scheduleRows_.reserve(schedule.Lines().size());
+  rows_.reserve(schedule.Lines().size());
   for (std::size_t i = 0; i < schedule.Lines().size(); ++i) {
-    scheduleRows_.push_back(schedule.Rows()[i].row);
+    rows_.push_back(schedule.Rows()[i].row);
     auto& row = cells.emplace_back();
     row.reserve(heads[0].size());
     for (const std::string& text : schedule.Lines()[i]) row.push_back({text, colour, schedule.Rows()[i].changesGas});
@@ -71,16 +89,11 @@ void frmPlanPane::ShowSchedule() {
   lbTotals.ForeColor = colour;
 }
 
-void frmPlanPane::SelectRow(std::int16_t row) {
-  // A row that the schedule leaves out, a move between stops, leads to the next one that it has.
-  const auto line = std::lower_bound(scheduleRows_.begin(), scheduleRows_.end(), row);
-  if (line != scheduleRows_.end()) {
-    fgSchedule.SelectRow(static_cast<int>(line - scheduleRows_.begin()) + 1);
-  }
-  if (!document_) return;
-  if (const auto action = Editor().LegAt(row); action && isInForce_ && !former_) {
-    fgLegs.SelectCell(GridRow(*action - 1), std::max<int>(fgLegs.SelectedColumn, kDepthColumn));
-  }
+void PlanPaneSchedule::SelectRow(std::int16_t row) {
+  // A row that the schedule leaves out, a move between stops, leads to the next
+  // one that it has.
+  const auto line = std::lower_bound(rows_.begin(), rows_.end(), row);
+  if (line != rows_.end()) fgSchedule.SelectRow(static_cast<int>(line - rows_.begin()) + 1);
 }
 
 }  // namespace tav

@@ -1,13 +1,17 @@
-// The settings that the plan pane has at hand. A change is one of the template of this plan.
+#include "dialogs/plan_pane_settings.h"
 
 #include <algorithm>
 
 #include "dialogs/gradient_factors.h"
-#include "dialogs/plan_pane.h"
 
 namespace tav {
 namespace {
 
+constexpr int kLowFactor = 1711;
+constexpr int kHighFactor = 1710;
+constexpr int kFactors = 7540;
+constexpr int kLastStop = 7541;
+constexpr int kEdit = 7542;
 constexpr int kFactorsOutside = 7546;
 constexpr int kSettings = 7547;
 constexpr int kLastStopOutside = 7549;
@@ -15,27 +19,13 @@ constexpr int kBoldFactors = 8006;
 
 }  // namespace
 
-void frmPlanPane::WireSettings() {
+PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
   udLowGF.Buddy = tbLowGF.Name();
   udHighGF.Buddy = tbHighGF.Name();
   udLastStop.Buddy = tbLastStop.Name();
   for (TextBox* field : {&tbLowGF, &tbHighGF, &tbLastStop}) {
-    field->LostFocus = field->KeyReturn = [this] {
-      if (!trial_.Running()) return;
-      Finish();
-      ShowSettings();
-      ShowFaults();
-    };
-    field->KeyEscape = [this] {
-      if (!document_) return;
-      if (trial_.Running()) trial_.Drop();
-      settingFault_.clear();
-      told_.clear(), mark_.reset();
-      ShowSettings();
-      ShowSchedule();
-      ShowFaults();
-      pane_.entered(*document_);
-    };
+    field->LostFocus = field->KeyReturn = [this] { entry_.Finish(); };
+    field->KeyEscape = [this] { entry_.RestoreSetting(); };
   }
   for (TextBox* field : {&tbLowGF, &tbHighGF}) field->Change = [this, field] { TypeFactor(*field); };
   tbLastStop.Change = [this] { TypeLastStop(); };
@@ -46,81 +36,73 @@ void frmPlanPane::WireSettings() {
   udLastStop.UpClick = [this] { StepLastStop(1); };
   udLastStop.DownClick = [this] { StepLastStop(-1); };
   cbEditTemplate.Click = [this] {
-    Finish();
-    pane_.editTemplate();
+    entry_.Finish();
+    entry_.Services().editTemplate();
   };
 }
 
-void frmPlanPane::ShowSettings() {
-  const bool factors = IsFree() && Template().UseGF;
+void PlanPaneSettings::SetTexts() {
+  cbEditTemplate.Caption = T(kEdit);
+  lbGF.Caption = T(kFactors);
+  lbLastStop.Caption = T(kLastStop);
+  tbLowGF.ToolTipText = T(kLowFactor);
+  tbHighGF.ToolTipText = T(kHighFactor);
+  tbLastStop.SpokenName = T(kLastStop);
+}
+
+void PlanPaneSettings::Show() {
+  if (entry_.SettingIsOpen()) return;
+  const bool factors = entry_.IsFree() && entry_.Template().UseGF;
   for (Control* control : std::initializer_list<Control*>{&tbLowGF, &udLowGF, &tbHighGF, &udHighGF}) {
     control->Enabled = factors;
   }
   for (Control* control : std::initializer_list<Control*>{&tbLastStop, &udLastStop, &cbEditTemplate}) {
-    control->Enabled = IsFree();
+    control->Enabled = entry_.IsFree();
   }
-  if (!document_) return;
-  const DiveTemplate& t = Template();
+  if (!entry_.HasPlan()) return;
+  const DiveTemplate& t = entry_.Template();
   lbTemplate.Caption = t.Templatename;
   lbTemplate.ToolTipText = T(kSettings, {t.TemplateFolder + t.Templatename});
   tbLowGF.Text = Fixed(t.GFLow, 2);
   tbHighGF.Text = Fixed(t.GFHigh, 2);
   tbLastStop.Text = Plain(t.LastStop);
-  lbLastStopUnit.Caption = LengthUnit();
+  lbLastStopUnit.Caption = entry_.LengthUnit();
 }
 
-void frmPlanPane::TrySetting(const TextBox& field, std::string fault,
-                             const std::function<void(DiveTemplate&)>& change) {
-  told_.clear(), mark_.reset();
-  trial_.Begin(*document_);
-  if (fault.empty()) {
-    fault = trial_.TryTemplate(change);
-  } else {
-    trial_.Refuse();
-  }
-  settingText_ = field.Text;
-  settingFault_ = std::move(fault);
-  ShowSchedule();
-  ShowFaults();
-  pane_.entered(*document_);
-}
+Single PlanPaneSettings::Highest() const { return gradient_factors::Highest(entry_.Services().dialogs.veryHighGF); }
 
-void frmPlanPane::TypeFactor(const TextBox& field) {
-  if (!IsFree() || former_) return;
+void PlanPaneSettings::TypeFactor(const TextBox& field) {
+  if (!entry_.IsFree()) return;
   const bool isLow = &field == &tbLowGF;
   const Single factor = gradient_factors::Entered(Number(field.Text));
   // The other one stays as it is, to the digit.
-  const Single low = isLow ? factor : Template().GFLow;
-  const Single high = isLow ? Template().GFHigh : factor;
-  const Single highest = gradient_factors::Highest(services_.veryHighGF);
+  const Single low = isLow ? factor : entry_.Template().GFLow;
+  const Single high = isLow ? entry_.Template().GFHigh : factor;
   std::string fault;
-  if (!gradient_factors::ArePair(low, high, highest)) fault = T(kFactorsOutside, {Plain(highest)});
+  if (!gradient_factors::ArePair(low, high, Highest())) fault = T(kFactorsOutside, {Plain(Highest())});
   if (fault.empty() && gradient_factors::IsBold(low, high)) {
     fault = T(kBoldFactors, {Plain(gradient_factors::kBoldHighAbove), Plain(gradient_factors::kBoldLowUpTo)});
   }
-  TrySetting(field, fault, [&](DiveTemplate& t) { (isLow ? t.GFLow : t.GFHigh) = factor; });
+  entry_.TypeSetting(field.Text, fault, [&](DiveTemplate& t) { (isLow ? t.GFLow : t.GFHigh) = factor; });
 }
 
-void frmPlanPane::TypeLastStop() {
-  if (!IsFree() || former_) return;
+void PlanPaneSettings::TypeLastStop() {
   const Single depth = Number(tbLastStop.Text);
-  TrySetting(tbLastStop, depth <= 0 ? T(kLastStopOutside) : "", [&](DiveTemplate& t) { t.LastStop = depth; });
+  const std::string fault = depth <= 0 ? T(kLastStopOutside) : "";
+  entry_.TypeSetting(tbLastStop.Text, fault, [&](DiveTemplate& t) { t.LastStop = depth; });
 }
 
-void frmPlanPane::StepFactor(TextBox& field, int by) {
+void PlanPaneSettings::StepFactor(TextBox& field, int by) {
   constexpr double kStep = 0.01;
-  const double value = Number(field.Text);
-  field.Text = Fixed(std::clamp(value + by * kStep, kStep, double{gradient_factors::Highest(services_.veryHighGF)}), 2);
+  field.Text = Fixed(std::clamp(Number(field.Text) + by * kStep, kStep, double{Highest()}), 2);
   TypeFactor(field);
-  Finish();
-  ShowFaults();
+  entry_.Finish();
 }
 
-void frmPlanPane::StepLastStop(int by) {
+void PlanPaneSettings::StepLastStop(int by) {
   tbLastStop.Text = Plain(std::max(1.0, Number(tbLastStop.Text) + by));
   TypeLastStop();
-  Finish();
-  ShowFaults();
+  entry_.Finish();
 }
 
 }  // namespace tav

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid.h"
 #include "controls/text_form.h"
 #include "mixer/mix_report.h"
 #include "model/dive_template.h"

@@ -12,7 +12,7 @@ namespace {
 using test::HeadlessProgram;
 using testing::HasSubstr;
 
-constexpr int kTime = frmPlanPane::kTimeColumn;
+constexpr int kTime = PlanPaneLegs::kTime;
 
 /// A plan of one leg, saved in a file, and a program that has opened it.
 struct Opened : HeadlessProgram {
@@ -53,7 +53,7 @@ TEST(Edits, AreAChangeBeforeTheirPlanIsClosed) {
   for (const auto& way : kWays) {
     SCOPED_TRACE(way.what);
     Opened p;
-    p.Pane().fgLegs.Type(1, kTime, "28");
+    p.Pane().legs.fgLegs.Type(1, kTime, "28");
     way.leave(p);  // the question is answered with Cancel
     ASSERT_EQ(p.platform.boxes.size(), 1U);
     EXPECT_EQ(p.platform.documentWindows.size(), 1U);
@@ -65,7 +65,7 @@ TEST(Edits, OfAClosedPlanAreNoStepOfTheNextOneInItsPlace) {
   Opened p;
   const std::int16_t closed = p.Active();
   p.platform.answers = {BoxAnswer::No};
-  p.Pane().fgLegs.Type(1, kTime, "28");
+  p.Pane().legs.fgLegs.Type(1, kTime, "28");
   ASSERT_TRUE(p.Main().CloseDocument(closed));
   p.Main().LoadNewDoc();
   ASSERT_EQ(p.Active(), closed);
@@ -121,7 +121,7 @@ TEST(Undo, BringsNameFolderAndTitleOfTheTemplateBack) {
 
 TEST(Undo, KeepsTheNameThatATemplateWasSavedUnder) {
   Opened p;
-  p.Pane().tbHighGF.Type("0.70");
+  p.Pane().settings.tbHighGF.Type("0.70");
   p.Pane().Finish();
   p.Quick("20", "10");
   p.platform.answers = {BoxAnswer::OK};
@@ -143,8 +143,8 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
   const std::int16_t plan = p.Active();
   const std::string file = test::FileText(p.folder.Path() / "plan.tav");
   p.platform.clipboardText = kSeven;
-  p.Pane().mnuPasteLegs.Choose();
-  const int rows = p.Pane().fgLegs.Rows();
+  p.Pane().legs.mnuPasteLegs.Choose();
+  const int rows = p.Pane().legs.fgLegs.Rows();
   EXPECT_TRUE(p.IsMarked(plan)) << "counts as changed";
   EXPECT_NE(p.view.asBefore[plan], "");
   EXPECT_THAT(p.Main().CheckPane().lbNothing.Caption.Get(), HasSubstr("Leg"));
@@ -162,16 +162,16 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
   p.Main().LoadNewDoc();
   EXPECT_EQ(p.Pane().lbFault.Caption.Get(), "");
   p.platform.Activate(plan);
-  EXPECT_EQ(p.Pane().fgLegs.Rows(), rows);
+  EXPECT_EQ(p.Pane().legs.fgLegs.Rows(), rows);
   EXPECT_THAT(p.Pane().lbFault.Caption.Get(), HasSubstr("Leg 5"));
   // Filled, they are the plan.
-  p.Pane().fgLegs.Edit(5, frmPlanPane::kDepthColumn, "30");
+  p.Pane().legs.fgLegs.Edit(5, PlanPaneLegs::kDepth, "30");
   EXPECT_EQ(p.Editor().UserActions.GetLength(), 9);
   EXPECT_EQ(p.view.asBefore[plan], "");
   p.Main().mnuUndo.Choose();
   EXPECT_FALSE(p.IsMarked(plan));
 
-  p.Pane().mnuPasteLegs.Choose();
+  p.Pane().legs.mnuPasteLegs.Choose();
   p.Main().mnuUndo.Choose();
   EXPECT_EQ(p.Editor().UserActions.GetLength(), 2);
   EXPECT_FALSE(p.IsMarked(plan)) << "given up";
@@ -179,11 +179,11 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
 
 TEST(MarkedCells, FollowThePlanUnderThem) {
   Opened p;
-  p.Pane().fgLegs.Edit(1, frmPlanPane::kGasColumn, "EAN32");
+  p.Pane().legs.fgLegs.Edit(1, PlanPaneLegs::kGas, "EAN32");
   p.platform.clipboardText = "20\t\n";
-  p.Pane().fgLegs.SelectCell(2, frmPlanPane::kDepthColumn);
-  p.Pane().mnuPasteLegs.Choose();
-  const auto gasOf = [&](int row) { return p.Pane().fgLegs.Text(row, frmPlanPane::kGasColumn); };
+  p.Pane().legs.fgLegs.SelectCell(2, PlanPaneLegs::kDepth);
+  p.Pane().legs.mnuPasteLegs.Choose();
+  const auto gasOf = [&](int row) { return p.Pane().legs.fgLegs.Text(row, PlanPaneLegs::kGas); };
   ASSERT_EQ(gasOf(1) + gasOf(2), "EAN32EAN32");
   // The blend of the same number is another one now.
   const auto blend = static_cast<std::size_t>(p.Editor().UserActions.getmixnumber(1));
@@ -199,11 +199,11 @@ TEST(MarkedCells, FollowThePlanUnderThem) {
   p.Document().Template.Metric = false;
   p.Editor().ConvertDepths(false);
   p.Editor().ReEvaluateUserEnteredWaypoints();
-  EXPECT_EQ(p.Pane().fgLegs.Text(1, frmPlanPane::kDepthColumn), "98.4");
-  EXPECT_EQ(p.Pane().fgLegs.Text(2, frmPlanPane::kDepthColumn), "65.6");
+  EXPECT_EQ(p.Pane().legs.fgLegs.Text(1, PlanPaneLegs::kDepth), "98.4");
+  EXPECT_EQ(p.Pane().legs.fgLegs.Text(2, PlanPaneLegs::kDepth), "65.6");
   p.Main().mnucleardecopoints.Choose();
-  EXPECT_FALSE(p.Pane().ckAscent.Value);
-  EXPECT_EQ(p.Pane().fgLegs.Text(2, frmPlanPane::kDepthColumn), "65.6");
+  EXPECT_FALSE(p.Pane().legs.ckAscent.Value);
+  EXPECT_EQ(p.Pane().legs.fgLegs.Text(2, PlanPaneLegs::kDepth), "65.6");
   p.Main().mnuclearallwaypoints.Choose();
   EXPECT_EQ(p.Pane().MarkedCells(p.Active()), "");
 }

@@ -79,8 +79,8 @@ TEST(GasMixer, OpensOnceFromTheMenuTheToolBarAndTheTemplateDialog) {
   p.Main().Tool(18).Press();
   p.platform.onModal.emplace_back([](Form& form) {
     auto& dialog = dynamic_cast<frmProperties&>(form);
-    dialog.FgGas.Select(1, 0);
-    dialog.Command1.Press();
+    dialog.gases.FgGas.Select(1, 0);
+    dialog.gases.Command1.Press();
   });
   p.Main().mnuTemplate.Choose();
   EXPECT_EQ(mixers().size(), 1U);

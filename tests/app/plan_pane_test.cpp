@@ -11,9 +11,9 @@
 namespace tav {
 namespace {
 
-constexpr int kDepth = frmPlanPane::kDepthColumn;
-constexpr int kTime = frmPlanPane::kTimeColumn;
-constexpr int kGas = frmPlanPane::kGasColumn;
+constexpr int kDepth = PlanPaneLegs::kDepth;
+constexpr int kTime = PlanPaneLegs::kTime;
+constexpr int kGas = PlanPaneLegs::kGas;
 
 /// The program with a trimix dive of three levels, entered by the quick line.
 class PlanPane : public testing::Test {
@@ -26,7 +26,7 @@ class PlanPane : public testing::Test {
   }
 
   frmPlanPane& Pane() { return p.Main().PlanPane(); }
-  Grid& Legs() { return Pane().fgLegs; }
+  Grid& Legs() { return Pane().legs.fgLegs; }
   void Quick(const std::string& depth, const std::string& time, const std::string& gas) {
     frmPlanPane& pane = Pane();
     pane.tbQuickDepth.Type(depth);
@@ -66,31 +66,31 @@ TEST_F(PlanPane, AnEditedPlanIsThePlanTypedFromScratchAndOneStepOfUndo) {
       {"a leg less",
        [&] {
          Legs().SelectCell(2, kDepth);
-         Pane().mnuDeleteLegs.Choose();
+         Pane().legs.mnuDeleteLegs.Choose();
        },
        2},
       {"a leg twice",
        [&] {
          Legs().SelectCell(2, kDepth);
-         Pane().mnuDuplicateLegs.Choose();
+         Pane().legs.mnuDuplicateLegs.Choose();
        },
        4},
       {"a leg moved up",
        [&] {
          Legs().SelectCell(2, kDepth);
-         Pane().mnuMoveLegsUp.Choose();
+         Pane().legs.mnuMoveLegsUp.Choose();
        },
        3},
       {"a leg from a spreadsheet",
        [&] {
          Legs().SelectCell(3, kDepth);
          p.platform.clipboardText = "40\t6\tTx18/45\n";
-         Pane().mnuPasteLegs.Choose();
+         Pane().legs.mnuPasteLegs.Choose();
        },
        4},
-      {"no ascent", [&] { Pane().ckAscent.Set(false); }, 3},
-      {"another gradient factor", [&] { Pane().tbHighGF.Type("0.70"); }, 3},
-      {"another last stop", [&] { Pane().tbLastStop.Type("6"); }, 3},
+      {"no ascent", [&] { Pane().legs.ckAscent.Set(false); }, 3},
+      {"another gradient factor", [&] { Pane().settings.tbHighGF.Type("0.70"); }, 3},
+      {"another last stop", [&] { Pane().settings.tbLastStop.Type("6"); }, 3},
   };
   const std::string before = Rows();
   for (const auto& each : kEdits) {
@@ -145,11 +145,11 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
       {"time of the deepest leg", typeCell(1, kTime), {"5", "50", "500"}},
       {"depth", typeCell(2, kDepth), {"4", "4,5.6"}},
       {"emptied", typeCell(2, kDepth), {"4", ""}},
-      {"low factor", typeField(pane.tbLowGF), {"1", "15", "150"}},
-      {"low factor, a word", typeField(pane.tbLowGF), {"a", "abc"}},
-      {"high factor", typeField(pane.tbHighGF), {"0"}},
-      {"high factor, negative", typeField(pane.tbHighGF), {"-", "-1"}},
-      {"last stop", typeField(pane.tbLastStop), {"6", "6m"}},
+      {"low factor", typeField(pane.settings.tbLowGF), {"1", "15", "150"}},
+      {"low factor, a word", typeField(pane.settings.tbLowGF), {"a", "abc"}},
+      {"high factor", typeField(pane.settings.tbHighGF), {"0"}},
+      {"high factor, negative", typeField(pane.settings.tbHighGF), {"-", "-1"}},
+      {"last stop", typeField(pane.settings.tbLastStop), {"6", "6m"}},
   };
   const std::string before = Rows();
   p.Document().Modified = false;
@@ -158,13 +158,13 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
     for (const std::string& key : each.keys) each.type(key);
     EXPECT_EQ(Rows(), before);
     EXPECT_EQ(p.view.asBefore[p.Active()], p.program.Texts().GetResString(8002));
-    EXPECT_THAT(pane.lbTotals.Caption.Get(), testing::StartsWith(p.program.Texts().GetResString(8002)));
+    EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(), testing::StartsWith(p.program.Texts().GetResString(8002)));
     EXPECT_THAT(p.Main().CheckPane().lbNothing.Caption.Get(), testing::StartsWith("The plan can not be checked"));
     EXPECT_EQ(p.Main().sbFindings.Caption.Get(), "");
     p.Main().FinishEdits();
     EXPECT_EQ(Rows(), before);
     EXPECT_EQ(Legs().Text(2, kTime) + Legs().Text(2, kDepth) + Legs().Text(1, kTime), "104520");
-    EXPECT_EQ(pane.tbLowGF.Text.Get() + pane.tbLastStop.Text.Get(), "0.303");
+    EXPECT_EQ(pane.settings.tbLowGF.Text.Get() + pane.settings.tbLastStop.Text.Get(), "0.303");
     EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855));
     EXPECT_THAT(pane.lbFault.Caption.Get(), testing::HasSubstr('"' + each.keys.back() + '"'));
     EXPECT_EQ(p.view.asBefore[p.Active()], "");
@@ -176,23 +176,23 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
 
 TEST_F(PlanPane, TypingOneFactorLeavesTheOtherToTheDigit) {
   p.Document().Template.GFHigh = 0.855;
-  Pane().tbLowGF.Type("40");
+  Pane().settings.tbLowGF.Type("40");
   Pane().Finish();
   EXPECT_EQ(p.Document().Template.GFLow, Single(0.4));
   EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855));
-  Pane().tbHighGF.Type("1.1");
+  Pane().settings.tbHighGF.Type("1.1");
   Pane().Finish();
   EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855)) << "only with the switch";
 
   test::HeadlessProgram bold;
   ASSERT_TRUE(bold.Start({"/VeryHighGF"}));
   frmPlanPane& pane = bold.Main().PlanPane();
-  pane.tbHighGF.Type("1.1");
+  pane.settings.tbHighGF.Type("1.1");
   pane.Finish();
   EXPECT_LT(double{bold.Document().Template.GFHigh}, 1) << "a low factor of 0.3 asks for the warning of the dialog";
-  pane.tbLowGF.Type("0.5");
+  pane.settings.tbLowGF.Type("0.5");
   pane.Finish();
-  pane.tbHighGF.Type("1.1");
+  pane.settings.tbHighGF.Type("1.1");
   pane.Finish();
   EXPECT_EQ(bold.Document().Template.GFHigh, Single(1.1));
 }
@@ -202,7 +202,7 @@ TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {
   std::mt19937 random(3);
   const auto any = [&](int from, int to) { return std::uniform_int_distribution<int>(from, to)(random); };
   for (int i = 0; i < 1000; ++i) {
-    const int row = any(1, Pane().fgLegs.Rows() - 3);
+    const int row = any(1, Pane().legs.fgLegs.Rows() - 3);
     Legs().SelectCell(row, kDepth);
     switch (any(0, 6)) {
       case 0:
@@ -215,19 +215,19 @@ TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {
         Edit(row, kGas, any(0, 1) == 0 ? "Tx18/45" : "Air");
         break;
       case 3:
-        if (Legs().Rows() < 8) Pane().mnuDuplicateLegs.Choose();
+        if (Legs().Rows() < 8) Pane().legs.mnuDuplicateLegs.Choose();
         break;
       case 4:
-        if (Legs().Rows() > 5) Pane().mnuDeleteLegs.Choose();
+        if (Legs().Rows() > 5) Pane().legs.mnuDeleteLegs.Choose();
         break;
       case 5:
-        Pane().mnuMoveLegsUp.Choose();
+        Pane().legs.mnuMoveLegsUp.Choose();
         break;
       default:
-        Pane().ckAscent.Set(!Pane().ckAscent.Value);
+        Pane().legs.ckAscent.Set(!Pane().legs.ckAscent.Value);
     }
     Legs().Restore();  // what the plan did not take
-    if (!Pane().ckAscent.Value) Pane().ckAscent.Set(true);
+    if (!Pane().legs.ckAscent.Value) Pane().legs.ckAscent.Set(true);
   }
   EXPECT_EQ(Rows(), Typed());
   const std::string end = Rows();
@@ -240,7 +240,7 @@ TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {
 }
 
 TEST_F(PlanPane, SelectsTheSameRowsAsTheGraph) {
-  Pane().fgSchedule.Select(3);
+  Pane().schedule.fgSchedule.Select(3);
   EXPECT_GT(p.view.selected.first, 0);
   p.Main().EditLegOf(p.Editor().LastRowOf(2));
   EXPECT_EQ(Legs().SelectedRow, 2);

@@ -120,7 +120,7 @@ TEST_F(Lost, WhatIsBeingTypedIsKept) {
   Lose(
       [](HeadlessProgram& p) {
         EXPECT_TRUE(p.Main().OpenFile(HeadlessProgram::Dive("wreck.tav")));
-        p.Main().PlanPane().fgLegs.Type(1, frmPlanPane::kTimeColumn, "7");
+        p.Main().PlanPane().legs.fgLegs.Type(1, PlanPaneLegs::kTime, "7");
       },
       BoxAnswer::Yes);
   EXPECT_EQ(double{next_->Editor().UserActions.gettime(1)}, 7);

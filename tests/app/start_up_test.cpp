@@ -103,7 +103,7 @@ TEST(DefaultTemplate, OfTheDialogIsThereAtTheNextStartWhenTheUserKeepsIt) {
     p.platform.onModal.emplace_back([&](Form& form) {
       auto& dialog = dynamic_cast<frmProperties&>(form);
       dialog.cbDefault.Press();
-      dialog.tbRMV.Type(rate);
+      dialog.limits.tbRMV.Type(rate);
       dialog.cbOK.Press();
     });
     p.platform.answers = {keep};

@@ -220,7 +220,7 @@ TEST(Windows, AGridIsEditedInPlace) {
   QTest::keyClicks(editor, QStringLiteral("12"));
   QTest::keyClick(editor, Qt::Key_Return);
   QCoreApplication::processEvents();
-  EXPECT_EQ(form.fgAscend.Text(2, 1), "12");
+  EXPECT_EQ(form.rates.fgAscend.Text(2, 1), "12");
 }
 
 TEST(GraphWindow, ADragAsksForItsWaypoint) {

@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "controls/form.h"
+#include "controls/grid.h"
 #include "desktop/form_binder.h"
 #include "desktop/qt_text.h"
 

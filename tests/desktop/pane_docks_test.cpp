@@ -80,7 +80,7 @@ TEST(PlanPane, TakesALineAndALegByKeysAlone) {
   // Return in the time of the last leg leads to the depth of the next one.
   auto* legs = dock->findChild<QTableWidget*>(QStringLiteral("fgLegs"));
   legs->setFocus();
-  legs->setCurrentCell(0, frmPlanPane::kTimeColumn);
+  legs->setCurrentCell(0, PlanPaneLegs::kTime);
   QTest::keyClicks(legs->viewport(), QStringLiteral("2"));
   auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   ASSERT_NE(editor, nullptr);
@@ -89,10 +89,10 @@ TEST(PlanPane, TakesALineAndALegByKeysAlone) {
   QCoreApplication::processEvents();
   EXPECT_EQ(plan.UserActions.gettime(1), 25);
   EXPECT_EQ(legs->currentRow(), 1);
-  EXPECT_EQ(legs->currentColumn(), frmPlanPane::kDepthColumn);
+  EXPECT_EQ(legs->currentColumn(), PlanPaneLegs::kDepth);
 
   // The copy is selected, and not the leg with it.
-  legs->setCurrentCell(0, frmPlanPane::kDepthColumn);
+  legs->setCurrentCell(0, PlanPaneLegs::kDepth);
   QTest::keyClick(legs, Qt::Key_D, Qt::ControlModifier);
   EXPECT_EQ(plan.UserActions.GetLength(), 3);
   QTest::keyClick(legs, Qt::Key_Delete);
@@ -101,7 +101,7 @@ TEST(PlanPane, TakesALineAndALegByKeysAlone) {
   // An open cell is a change when the window is closed.
   p.program.Forms().Services().documents(1).Modified = false;
   p.headless.platform.boxes.clear();
-  legs->setCurrentCell(0, frmPlanPane::kTimeColumn);
+  legs->setCurrentCell(0, PlanPaneLegs::kTime);
   QTest::keyClicks(legs->viewport(), QStringLiteral("8"));
   EXPECT_FALSE(p.window.close());
   EXPECT_EQ(p.headless.platform.boxes.size(), 1U);

@@ -45,8 +45,8 @@ TEST_F(Properties, OKKeepsWhatNobodyTypedToTheLastDigit) {
   const auto gas = static_cast<std::size_t>(FindBlendIndex("EAN32", t));
   t.Blends[gas] = {"EAN32", 31.7, 68.3, 0};
   frmProperties& f = Show();
-  EXPECT_EQ(f.tbLastStop.Text.Get(), "4,5") << "what is shown is what is there";
-  f.tbRMV.Type("17");
+  EXPECT_EQ(f.stops.tbLastStop.Text.Get(), "4,5") << "what is shown is what is there";
+  f.limits.tbRMV.Type("17");
   f.cbOK.Press();
   ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
   EXPECT_EQ(double{t.LastStop}, 4.5);
@@ -62,9 +62,9 @@ TEST_F(Properties, OKKeepsWhatNobodyTypedToTheLastDigit) {
 
 TEST_F(Properties, CancelChangesNothingButWhatCountsAtOnce) {
   frmProperties& f = Show();
-  f.tbStepSize.Type("5");
-  f.Check1.Set(false);
-  EXPECT_TRUE(f.Text1.Visible);
+  f.stops.tbStepSize.Type("5");
+  f.altitude.Check1.Set(false);
+  EXPECT_TRUE(f.altitude.Text1.Visible);
   f.cbCancel.Press();
   EXPECT_TRUE(f.Cancelled());
   EXPECT_EQ(double{Template().StepSize}, 3);
@@ -73,59 +73,59 @@ TEST_F(Properties, CancelChangesNothingButWhatCountsAtOnce) {
 
 TEST_F(Properties, LimitsAreAppliedAtOK) {
   struct {
-    TextBox frmProperties::*box;
+    const char* box;
     Single DiveTemplate::*field;
     std::string typed;
     double stored;
-  } const cases[] = {{&frmProperties::tbMinPPO, &DiveTemplate::MinPPO2, "3.5", 2},
-                     {&frmProperties::tbMaxPPO, &DiveTemplate::MaxPPO2, "3.5", 3},
-                     {&frmProperties::tbRMV, &DiveTemplate::RMV, "250", 200},
-                     {&frmProperties::Text8, &DiveTemplate::DecoRMV, "14.256", 14.26},
-                     {&frmProperties::tbMaximalEND, &DiveTemplate::MaximalEND, "600", 500},
-                     {&frmProperties::tbStepSize, &DiveTemplate::StepSize, "4.6", 5}};
+  } const cases[] = {{"tbMinPPO", &DiveTemplate::MinPPO2, "3.5", 2},
+                     {"tbMaxPPO", &DiveTemplate::MaxPPO2, "3.5", 3},
+                     {"tbRMV", &DiveTemplate::RMV, "250", 200},
+                     {"Text8", &DiveTemplate::DecoRMV, "14.256", 14.26},
+                     {"tbMaximalEND", &DiveTemplate::MaximalEND, "600", 500},
+                     {"tbStepSize", &DiveTemplate::StepSize, "4.6", 5}};
   for (const auto& each : cases) {
     frmProperties& f = Show();
-    (f.*each.box).Type(each.typed);
+    dynamic_cast<TextBox&>(*f.Find(each.box)).Type(each.typed);
     f.cbOK.Press();
     EXPECT_EQ(double{Template().*each.field}, double{Single(each.stored)}) << each.typed;
   }
   Single zero = 0;
-  EXPECT_EQ(frmProperties::Between(zero, 0, 200, 1, 200, 1), "1.0");
+  EXPECT_EQ(Between(zero, 0, 200, 1, 200, 1), "1.0");
 }
 
 TEST_F(Properties, AFieldLeftWithoutANumberIsResetWithAWarning) {
   frmProperties& f = Show();
   for (const char* typed : {"", "word", "0", "-2"}) {
-    f.tbRMV.Type(typed);
-    f.tbRMV.Leave();
-    EXPECT_EQ(f.tbRMV.Text.Get(), "20") << typed;
+    f.limits.tbRMV.Type(typed);
+    f.limits.tbRMV.Leave();
+    EXPECT_EQ(f.limits.tbRMV.Text.Get(), "20") << typed;
   }
   EXPECT_EQ(d.platform.boxes.size(), 4U);
   EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Exclamation);
-  f.Option1_0.Choose();
-  f.tbRMV.Type("");
-  f.tbRMV.Leave();
-  EXPECT_EQ(f.tbRMV.Text.Get(), "0.6");
+  f.units.Option1_0.Choose();
+  f.limits.tbRMV.Type("");
+  f.limits.tbRMV.Leave();
+  EXPECT_EQ(f.limits.tbRMV.Text.Get(), "0.6");
 }
 
 TEST_F(Properties, AFieldThatWasNotChangedIsNotJudged) {
   frmProperties& f = Show();
-  for (TextBox* field : {&f.Text2, &f.Text5, &f.tbLastStop, &f.Text7}) {
+  for (TextBox* field : {&f.altitude.Text2, &f.altitude.Text5, &f.stops.tbLastStop, &f.stops.Text7}) {
     field->Enter();
     field->Leave();
   }
   EXPECT_TRUE(d.platform.boxes.empty());
-  EXPECT_EQ(f.Text2.Text.Get(), "0") << "sea level";
-  f.Text2.Type("0");
-  f.Text2.Leave();
+  EXPECT_EQ(f.altitude.Text2.Text.Get(), "0") << "sea level";
+  f.altitude.Text2.Type("0");
+  f.altitude.Text2.Leave();
   EXPECT_EQ(d.platform.boxes.size(), 1U);
-  f.Text2.Leave();
+  f.altitude.Text2.Leave();
   EXPECT_EQ(d.platform.boxes.size(), 1U);
 }
 
 TEST_F(Properties, WhatCanNotBePlannedOnIsNotStored) {
   frmProperties& f = Show();
-  f.fgAscend.Edit(1, 1, "0");
+  f.rates.fgAscend.Edit(1, 1, "0");
   f.cbOK.Press();
   EXPECT_TRUE(f.IsLoaded());
   EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
@@ -139,8 +139,8 @@ TEST_F(Properties, TheDefaultTemplateIsEditedInPlaceOfThePlans) {
   EXPECT_TRUE(d.platform.boxes.empty()) << "nothing was typed that could be lost";
   EXPECT_TRUE(f.lbNewPlans.Visible);
   EXPECT_FALSE(f.cbDefault.Enabled);
-  f.tbStepSize.Type("6");
-  f.tbLastStop.Type("6");
+  f.stops.tbStepSize.Type("6");
+  f.stops.tbLastStop.Type("6");
   f.cbOK.Press();
   EXPECT_EQ(double{d.Document(0).Template.StepSize}, 6);
   EXPECT_TRUE(d.Document(0).Template.TemplateChanged);
@@ -152,28 +152,28 @@ TEST_F(Properties, TheDefaultTemplateAsksBeforeItDropsWhatWasTyped) {
   struct {
     const char* what;
     std::function<void(frmProperties&)> change;
-  } const changes[] = {{"a field", [](auto& f) { f.tbRMV.Type("17"); }},
-                       {"a box", [](auto& f) { f.cbWarnMaxEND.Set(!f.cbWarnMaxEND.Value); }},
-                       {"a cell", [](auto& f) { f.fgAscend.Edit(2, 1, "8"); }},
-                       {"a row", [](auto& f) { f.cbAddChange.Press(); }},
-                       {"units", [](auto& f) { f.Option1_0.Choose(); }}};
+  } const changes[] = {{"a field", [](auto& f) { f.limits.tbRMV.Type("17"); }},
+                       {"a box", [](auto& f) { f.warnings.cbWarnMaxEND.Set(!f.warnings.cbWarnMaxEND.Value); }},
+                       {"a cell", [](auto& f) { f.rates.fgAscend.Edit(2, 1, "8"); }},
+                       {"a row", [](auto& f) { f.stops.cbAddChange.Press(); }},
+                       {"units", [](auto& f) { f.units.Option1_0.Choose(); }}};
   for (const auto& each : changes) {
     SCOPED_TRACE(each.what);
     d.platform.boxes.clear();
     frmProperties& f = Show();
     each.change(f);
-    const std::string typed = f.tbRMV.Text;
+    const std::string typed = f.limits.tbRMV.Text;
     d.platform.answers = {BoxAnswer::No};
     f.cbDefault.Press();
     EXPECT_FALSE(f.lbNewPlans.Visible);
-    EXPECT_EQ(f.tbRMV.Text.Get(), typed);
+    EXPECT_EQ(f.limits.tbRMV.Text.Get(), typed);
     d.platform.answers = {BoxAnswer::Yes};
     f.cbDefault.Press();
     EXPECT_TRUE(f.lbNewPlans.Visible);
-    EXPECT_EQ(f.tbRMV.Text.Get(), "20");
+    EXPECT_EQ(f.limits.tbRMV.Text.Get(), "20");
     EXPECT_EQ(d.platform.boxes.size(), 2U);
     EXPECT_EQ(d.platform.LastBox().buttons, BoxButtons::YesNo);
-    f.tbRMV.Leave();
+    f.limits.tbRMV.Leave();
     EXPECT_EQ(d.platform.boxes.size(), 2U) << "what was dropped is not judged";
   }
 }
@@ -189,7 +189,7 @@ TEST_F(Properties, ChangedSettingsOfNewPlansAreOfferedForLaterStarts) {
     frmProperties f(services);
     f.Load();
     f.cbDefault.Press();
-    f.tbRMV.Type(rate);
+    f.limits.tbRMV.Type(rate);
     f.cbOK.Press();
     EXPECT_FALSE(f.IsLoaded());
     EXPECT_EQ(double{d.Document(0).Template.RMV}, std::stod(rate));
@@ -206,26 +206,26 @@ TEST_F(Properties, ChangedSettingsOfNewPlansAreOfferedForLaterStarts) {
 
 TEST_F(Properties, TheSurfacingStaysAtTheAltitudeOfTheStartUntilItIsGivenItsOwn) {
   frmProperties& f = Show();
-  f.Text2.Type("2000");
-  EXPECT_EQ(f.Text5.Text.Get() + " " + f.Text3.Text.Get(), "2000 " + f.Text4.Text.Get());
+  f.altitude.Text2.Type("2000");
+  EXPECT_EQ(f.altitude.Text5.Text.Get() + " " + f.altitude.Text3.Text.Get(), "2000 " + f.altitude.Text4.Text.Get());
   f.cbOK.Press();
   EXPECT_EQ(double{Template().EndAltitude}, 2000);
   EXPECT_EQ(Template().EndPressure, Template().StartPressure);
   EXPECT_LT(double{Template().EndPressure}, 0.81);
 
   Show();
-  form->Text5.Type("0.");
-  form->Text2.Type("1500");
-  EXPECT_EQ(form->Text5.Text.Get(), "0.");
-  form->Text5.Type("1500");
-  form->Text2.Type("");
-  EXPECT_EQ(form->Text4.Text.Get(), "") << "no altitude, no pressure";
-  form->Text2.Leave();
-  EXPECT_EQ(form->Text5.Text.Get(), form->Text2.Text.Get()) << "equal again, also when it is reset";
+  form->altitude.Text5.Type("0.");
+  form->altitude.Text2.Type("1500");
+  EXPECT_EQ(form->altitude.Text5.Text.Get(), "0.");
+  form->altitude.Text5.Type("1500");
+  form->altitude.Text2.Type("");
+  EXPECT_EQ(form->altitude.Text4.Text.Get(), "") << "no altitude, no pressure";
+  form->altitude.Text2.Leave();
+  EXPECT_EQ(form->altitude.Text5.Text.Get(), form->altitude.Text2.Text.Get()) << "equal again, also when it is reset";
 
   Template().EndAltitude = 1000;
-  Show().Text2.Type("500");
-  EXPECT_EQ(form->Text5.Text.Get(), "1000");
+  Show().altitude.Text2.Type("500");
+  EXPECT_EQ(form->altitude.Text5.Text.Get(), "1000");
 }
 
 TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
@@ -233,15 +233,15 @@ TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
   Template().RMV = 17.5;
   Template().StartAltitude = 1200;
   frmProperties& f = Show();
-  EXPECT_EQ(f.tbMaxPPO.Text.Get(), "1,40");
-  EXPECT_EQ(f.Text4.Text.Get(), "0,882");
-  f.tbMinPPO.Type("none");
-  f.tbMinPPO.Leave();
-  f.Option1_0.Choose();
-  f.Option1_1.Choose();
-  f.fgAscend.Edit(1, 1, "2,6");
-  f.fgAscend.Edit(2, 1, "8.6");
-  f.Text2.Type("1.500");
+  EXPECT_EQ(f.limits.tbMaxPPO.Text.Get(), "1,40");
+  EXPECT_EQ(f.altitude.Text4.Text.Get(), "0,882");
+  f.limits.tbMinPPO.Type("none");
+  f.limits.tbMinPPO.Leave();
+  f.units.Option1_0.Choose();
+  f.units.Option1_1.Choose();
+  f.rates.fgAscend.Edit(1, 1, "2,6");
+  f.rates.fgAscend.Edit(2, 1, "8.6");
+  f.altitude.Text2.Type("1.500");
   f.cbOK.Press();
   ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
   EXPECT_EQ(double{Template().MaxPPO2}, double{Single(1.4)});
@@ -255,9 +255,9 @@ TEST_F(Properties, ADecimalCommaComesBackAsItWasShown) {
 
 TEST_F(Properties, OKResetsAFieldThatHoldsNoNumber) {
   frmProperties& f = Show();
-  f.tbLastStop.Type("");
-  f.tbStepSize.Type("x");
-  f.Text1.Text = "90000";
+  f.stops.tbLastStop.Type("");
+  f.stops.tbStepSize.Type("x");
+  f.altitude.Text1.Text = "90000";
   f.cbOK.Press();
   EXPECT_EQ(d.platform.boxes.size(), 2U);
   EXPECT_EQ(double{Template().LastStop}, 3);
@@ -271,23 +271,24 @@ TEST_F(Properties, SwitchTheLoopOfAPlanAndNotThatOfNewPlans) {
   Template().KeepsDiluent = Template().IntervalOnAir = false;
   {
     frmProperties& f = Show();
-    EXPECT_FALSE(f.cbKeepsDiluent.Value || f.cbIntervalOnAir.Value);
-    f.cbIntervalOnAir.Set(true);
+    EXPECT_FALSE(f.rebreather.cbKeepsDiluent.Value || f.rebreather.cbIntervalOnAir.Value);
+    f.rebreather.cbIntervalOnAir.Set(true);
     f.cbOK.Press();
   }
   EXPECT_TRUE(Template().IntervalOnAir);
   EXPECT_FALSE(Template().KeepsDiluent);
   frmProperties& f = Show();
   f.cbDefault.Press();
-  EXPECT_TRUE(f.cbKeepsDiluent.Value && f.cbIntervalOnAir.Value) << "every new plan begins with them";
-  EXPECT_FALSE(f.cbKeepsDiluent.Enabled || f.cbIntervalOnAir.Enabled);
+  EXPECT_TRUE(f.rebreather.cbKeepsDiluent.Value && f.rebreather.cbIntervalOnAir.Value)
+      << "every new plan begins with them";
+  EXPECT_FALSE(f.rebreather.cbKeepsDiluent.Enabled || f.rebreather.cbIntervalOnAir.Enabled);
 }
 
 TEST_F(Properties, AFieldOfADialogThatHasGoneWarnsNoMore) {
   frmProperties& f = Show();
-  f.Text2.Enter();
+  f.altitude.Text2.Enter();
   f.cbCancel.Press();
-  f.Text2.Leave();
+  f.altitude.Text2.Leave();
   EXPECT_TRUE(d.platform.boxes.empty());
 }
 
@@ -300,13 +301,13 @@ TEST_F(Properties, WhatCountsAtOnceReachesThePlanAndItsSeries) {
   ASSERT_TRUE(first.StartDeco());
   const Single adapted = first.CurrentRunTime();
   d.Document().Modified = false;
-  Show().Check1.Set(false);
+  Show().altitude.Check1.Set(false);
   EXPECT_TRUE(d.Document().Modified);
   form->cbCancel.Press();
   EXPECT_GT(first.CurrentRunTime(), adapted) << "who has just come up from the sea carries more nitrogen";
-  Show().Check1.Set(true);
+  Show().altitude.Check1.Set(true);
   form->cbDefault.Press();
-  form->Check1.Set(false);
+  form->altitude.Check1.Set(false);
   form->cbOK.Press();
   EXPECT_EQ(first.CurrentRunTime(), adapted) << "OK stores the settings of new plans alone";
 

@@ -9,20 +9,20 @@ namespace {
 
 TEST_F(Properties, ARowNotGivenYetIsEmptyAndRefused) {
   frmProperties& f = Show();
-  f.fgDescend.Select(1, 0);
-  f.fgDescend.OpenMenu();
+  f.rates.fgDescend.Select(1, 0);
+  f.rates.fgDescend.OpenMenu();
   f.AddRow.Choose();
-  EXPECT_EQ(f.fgDescend.Text(2, 0) + f.fgDescend.Text(2, 1), "");
-  EXPECT_EQ(f.fgDescend.SelectedRow, 2);
-  f.Option1_0.Choose();
-  EXPECT_EQ(f.fgDescend.Text(2, 0), "");
+  EXPECT_EQ(f.rates.fgDescend.Text(2, 0) + f.rates.fgDescend.Text(2, 1), "");
+  EXPECT_EQ(f.rates.fgDescend.SelectedRow, 2);
+  f.units.Option1_0.Choose();
+  EXPECT_EQ(f.rates.fgDescend.Text(2, 0), "");
   f.cbOK.Press();
   EXPECT_TRUE(f.IsLoaded());
   EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
   EXPECT_EQ(d.platform.LastBox().text, "*StringID 1603*, 2: *StringID 7050*");
   EXPECT_TRUE(Template().Metric) << "nothing is stored";
-  f.fgDescend.Edit(2, 0, "66 ft");
-  f.fgDescend.Edit(2, 1, "30");
+  f.rates.fgDescend.Edit(2, 0, "66 ft");
+  f.rates.fgDescend.Edit(2, 1, "30");
   f.cbOK.Press();
   EXPECT_FALSE(f.IsLoaded());
   ASSERT_EQ(Template().DescendRates.size(), 2U);
@@ -30,13 +30,13 @@ TEST_F(Properties, ARowNotGivenYetIsEmptyAndRefused) {
 }
 
 TEST_F(Properties, AFileMayHoldAMarkInPlaceOfANumber) {
-  Template().DescendRates.push_back({0, 0, frmProperties::kNotGiven, frmProperties::kNotGiven});
-  Template().ChangeGasMixes[0].Depth = frmProperties::kNotGiven;
+  Template().DescendRates.push_back({0, 0, kNotGiven, kNotGiven});
+  Template().ChangeGasMixes[0].Depth = kNotGiven;
   frmProperties& f = Show();
-  EXPECT_EQ(f.fgDescend.Text(2, 0) + f.fgDescend.Text(2, 1) + f.fgGasChange.Text(1, 0), "");
-  f.cbAutoDecoGas.Set(true);
-  f.cbAutoDecoGas.Set(false);
-  EXPECT_EQ(f.fgGasChange.Text(1, 0), "");
+  EXPECT_EQ(f.rates.fgDescend.Text(2, 0) + f.rates.fgDescend.Text(2, 1) + f.stops.fgGasChange.Text(1, 0), "");
+  f.stops.cbAutoDecoGas.Set(true);
+  f.stops.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.stops.fgGasChange.Text(1, 0), "");
 }
 
 TEST_F(Properties, RowsAreAddedAndRemovedByButtonsAndKeys) {
@@ -44,11 +44,12 @@ TEST_F(Properties, RowsAreAddedAndRemovedByButtonsAndKeys) {
   struct {
     Grid& grid;
     std::function<void()> add, remove;
-  } const cases[] = {{f.fgDescend, [&] { f.cbAddDescend.Press(); }, [&] { f.cbDelDescend.Press(); }},
-                     {f.fgAscend, [&] { f.cbAddAscend.Press(); }, [&] { f.cbDelAscend.Press(); }},
-                     {f.fgGasChange, [&] { f.cbAddChange.Press(); }, [&] { f.cbDelChange.Press(); }},
-                     {f.fgAscend, [&] { f.fgAscend.PressInsert(); }, [&] { f.fgAscend.PressDelete(); }},
-                     {f.fgGasChange, [&] { f.fgGasChange.PressInsert(); }, [&] { f.fgGasChange.PressDelete(); }}};
+  } const cases[] = {
+      {f.rates.fgDescend, [&] { f.rates.cbAddDescend.Press(); }, [&] { f.rates.cbDelDescend.Press(); }},
+      {f.rates.fgAscend, [&] { f.rates.cbAddAscend.Press(); }, [&] { f.rates.cbDelAscend.Press(); }},
+      {f.stops.fgGasChange, [&] { f.stops.cbAddChange.Press(); }, [&] { f.stops.cbDelChange.Press(); }},
+      {f.rates.fgAscend, [&] { f.rates.fgAscend.PressInsert(); }, [&] { f.rates.fgAscend.PressDelete(); }},
+      {f.stops.fgGasChange, [&] { f.stops.fgGasChange.PressInsert(); }, [&] { f.stops.fgGasChange.PressDelete(); }}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.grid.Name());
     const int rows = each.grid.Rows();
@@ -59,27 +60,27 @@ TEST_F(Properties, RowsAreAddedAndRemovedByButtonsAndKeys) {
     each.remove();
     EXPECT_EQ(each.grid.Rows(), rows);
   }
-  f.cbAutoDecoGas.Set(true);
-  EXPECT_FALSE(f.cbAddChange.Enabled || f.cbDelChange.Enabled);
-  const int changes = f.fgGasChange.Rows();
-  f.fgGasChange.PressInsert();
-  f.fgGasChange.PressDelete();
-  EXPECT_EQ(f.fgGasChange.Rows(), changes);
-  const int gases = f.FgGas.Rows();
-  f.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
-  f.cbDelGas.Press();
-  EXPECT_EQ(f.FgGas.Rows(), gases - 1);
+  f.stops.cbAutoDecoGas.Set(true);
+  EXPECT_FALSE(f.stops.cbAddChange.Enabled || f.stops.cbDelChange.Enabled);
+  const int changes = f.stops.fgGasChange.Rows();
+  f.stops.fgGasChange.PressInsert();
+  f.stops.fgGasChange.PressDelete();
+  EXPECT_EQ(f.stops.fgGasChange.Rows(), changes);
+  const int gases = f.gases.FgGas.Rows();
+  f.gases.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
+  f.gases.cbDelGas.Press();
+  EXPECT_EQ(f.gases.FgGas.Rows(), gases - 1);
 }
 
 TEST_F(Properties, RowsArePutInOrderAtOK) {
   frmProperties& f = Show();
   for (const auto& [depth, rate] : {std::pair("40", "15"), std::pair("20", "12")}) {
-    f.cbAddDescend.Press();
-    f.fgDescend.Edit(f.fgDescend.Rows() - 1, 0, depth);
-    f.fgDescend.Edit(f.fgDescend.Rows() - 1, 1, rate);
+    f.rates.cbAddDescend.Press();
+    f.rates.fgDescend.Edit(f.rates.fgDescend.Rows() - 1, 0, depth);
+    f.rates.fgDescend.Edit(f.rates.fgDescend.Rows() - 1, 1, rate);
   }
-  f.cbAddChange.Press();
-  f.fgGasChange.Edit(f.fgGasChange.Rows() - 1, 0, "12");
+  f.stops.cbAddChange.Press();
+  f.stops.fgGasChange.Edit(f.stops.fgGasChange.Rows() - 1, 0, "12");
   f.cbOK.Press();
   ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
   std::string order;
@@ -89,7 +90,7 @@ TEST_F(Properties, RowsArePutInOrderAtOK) {
     order += FormatPlain(change.Depth) + " " + change.Name + " ";
   EXPECT_EQ(order, "0:18 20:12 40:15 6 Oxygen 12 Air 21 EAN50 ");
   // Two rates for one depth are no order.
-  Show().fgDescend.Edit(2, 0, "40");
+  Show().rates.fgDescend.Edit(2, 0, "40");
   form->cbOK.Press();
   EXPECT_TRUE(form->IsLoaded());
 }
@@ -98,14 +99,15 @@ TEST_F(Properties, HeadsTellTheUnits) {
   frmProperties& f = Show();
   const auto heads = [&] {
     std::string all;
-    for (const Grid* grid : {&f.fgDescend, &f.fgAscend, &f.fgGasChange}) all += grid->Text(0, 0) + grid->Text(0, 1);
+    for (const Grid* grid : {&f.rates.fgDescend, &f.rates.fgAscend, &f.stops.fgGasChange})
+      all += grid->Text(0, 0) + grid->Text(0, 1);
     return all;
   };
   EXPECT_EQ(heads(),
             "*StringID 1621* *StringID 1222**StringID 1624* *StringID 7164*"
             "*StringID 1623* *StringID 1222**StringID 1624* *StringID 7164*"
             "*StringID 1621* *StringID 1222**StringID 1622*");
-  f.Option1_0.Choose();
+  f.units.Option1_0.Choose();
   EXPECT_EQ(heads(),
             "*StringID 1621* *StringID 1223**StringID 1624* *StringID 7165*"
             "*StringID 1623* *StringID 1223**StringID 1624* *StringID 7165*"
@@ -118,18 +120,18 @@ TEST_F(Properties, ACellThatIsSetToSomethingElseIsTold) {
        {std::tuple("8", "8", false), std::tuple("8 m/min", "8", false), std::tuple("", "", false),
         std::tuple("fast", "10", true), std::tuple("-7", "7", true)}) {
     d.platform.boxes.clear();
-    f.fgAscend.Edit(2, 1, typed);
-    EXPECT_EQ(f.fgAscend.Text(2, 1), becomes);
+    f.rates.fgAscend.Edit(2, 1, typed);
+    EXPECT_EQ(f.rates.fgAscend.Text(2, 1), becomes);
     EXPECT_EQ(!d.platform.boxes.empty(), told) << typed;
   }
 }
 
 TEST_F(Properties, FirstRowsStay) {
   frmProperties& f = Show();
-  f.fgAscend.Edit(1, 0, "3");
-  EXPECT_EQ(f.fgAscend.Text(1, 0), "0");
+  f.rates.fgAscend.Edit(1, 0, "3");
+  EXPECT_EQ(f.rates.fgAscend.Text(1, 0), "0");
   EXPECT_EQ(d.platform.boxes.size(), 1U);
-  for (Grid* grid : {&f.fgDescend, &f.fgAscend, &f.fgGasChange, &f.FgGas}) {
+  for (Grid* grid : {&f.rates.fgDescend, &f.rates.fgAscend, &f.stops.fgGasChange, &f.gases.FgGas}) {
     const int rows = grid->Rows();
     grid->Select(1, 0);
     grid->OpenMenu();
@@ -137,31 +139,31 @@ TEST_F(Properties, FirstRowsStay) {
     EXPECT_EQ(grid->Rows(), rows) << grid->Name();
   }
   EXPECT_EQ(d.platform.boxes.size(), 5U);
-  f.fgAscend.Select(2, 0);
-  f.fgAscend.OpenMenu();
+  f.rates.fgAscend.Select(2, 0);
+  f.rates.fgAscend.OpenMenu();
   f.DelRow.Choose();
-  EXPECT_EQ(f.fgAscend.Rows(), 2);
+  EXPECT_EQ(f.rates.fgAscend.Rows(), 2);
 }
 
 TEST_F(Properties, AGasGoesWithItsChangeUnlessThePlanOrTheLastChangeNeedsIt) {
   frmProperties& f = Show();
   const auto remove = [&](const std::string& name) {
-    for (int row = 1; row < f.FgGas.Rows(); ++row) {
-      if (f.FgGas.Text(row, 0) == name) f.FgGas.Select(row, 0);
+    for (int row = 1; row < f.gases.FgGas.Rows(); ++row) {
+      if (f.gases.FgGas.Text(row, 0) == name) f.gases.FgGas.Select(row, 0);
     }
-    f.FgGas.OpenMenu();
+    f.gases.FgGas.OpenMenu();
     f.DelRow.Choose();
   };
-  EXPECT_FALSE(f.AddRow.Visible && f.FgGas.Rows() == 0);
-  const int gases = f.FgGas.Rows();
+  EXPECT_FALSE(f.AddRow.Visible && f.gases.FgGas.Rows() == 0);
+  const int gases = f.gases.FgGas.Rows();
   remove("EAN50");
-  EXPECT_EQ(f.FgGas.Rows(), gases - 1);
-  EXPECT_EQ(f.fgGasChange.Rows(), 2);
+  EXPECT_EQ(f.gases.FgGas.Rows(), gases - 1);
+  EXPECT_EQ(f.stops.fgGasChange.Rows(), 2);
   remove("Oxygen");
-  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the only gas change names it";
+  EXPECT_EQ(f.gases.FgGas.Rows(), gases - 1) << "the only gas change names it";
   ASSERT_TRUE(d.forms(d.Active()).AddUserWaypoint(30, 20, 0));
   remove("EAN32");
-  EXPECT_EQ(f.FgGas.Rows(), gases - 1) << "the plan holds numbers of gases";
+  EXPECT_EQ(f.gases.FgGas.Rows(), gases - 1) << "the plan holds numbers of gases";
 }
 
 TEST_F(Properties, HandsTheChosenGasToTheMixerAsTheListShowsIt) {
@@ -170,45 +172,45 @@ TEST_F(Properties, HandsTheChosenGasToTheMixerAsTheListShowsIt) {
   services.openMixer = [&](Single o2, Single he) { handed.emplace_back(o2, he); };
   frmProperties f(services);
   f.Load();
-  EXPECT_FALSE(f.Command1.Visible);
+  EXPECT_FALSE(f.gases.Command1.Visible);
   const int row = FindBlendIndex("Tx18/45", Template()) + 1;
-  f.FgGas.Select(row, 0);
-  f.Command1.Press();
-  f.FgGas.Edit(row, 1, "20");
-  f.Command1.Press();
+  f.gases.FgGas.Select(row, 0);
+  f.gases.Command1.Press();
+  f.gases.FgGas.Edit(row, 1, "20");
+  f.gases.Command1.Press();
   EXPECT_EQ(handed, (std::vector<std::pair<double, double>>{{18, 45}, {20, 45}}));
 }
 
 TEST_F(Properties, AutomaticDepthsFollowTheDecoPPO2) {
   frmProperties& f = Show();
-  const std::string before = f.fgGasChange.Text(1, 0);
-  f.cbAutoDecoGas.Set(true);
+  const std::string before = f.stops.fgGasChange.Text(1, 0);
+  f.stops.cbAutoDecoGas.Set(true);
   // 1.6 bar of EAN50 is 3.2 bar of ambient pressure, 1.6 of oxygen 1.6: (p - 1.01325) * 10 metres.
-  const auto row = [&](const std::string& gas) { return f.fgGasChange.Text(1, 1) == gas ? 1 : 2; };
-  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "22");
-  EXPECT_EQ(f.fgGasChange.Text(row("Oxygen"), 0), "6");
-  f.Text2.Type("3000");
-  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "25") << "where it is 0.715 bar";
-  f.Text2.Type("0");
-  f.Text7.Type("1.4");
-  EXPECT_EQ(f.fgGasChange.Text(row("EAN50"), 0), "18");
-  f.Option1_0.Choose();
-  f.fgGasChange.Edit(1, 0, "3");
-  EXPECT_NE(f.fgGasChange.Text(1, 0), "3") << "the depths are not typed while they are automatic";
-  f.Option1_1.Choose();
-  f.cbAutoDecoGas.Set(false);
-  EXPECT_EQ(f.fgGasChange.Text(1, 0), before);
+  const auto row = [&](const std::string& gas) { return f.stops.fgGasChange.Text(1, 1) == gas ? 1 : 2; };
+  EXPECT_EQ(f.stops.fgGasChange.Text(row("EAN50"), 0), "22");
+  EXPECT_EQ(f.stops.fgGasChange.Text(row("Oxygen"), 0), "6");
+  f.altitude.Text2.Type("3000");
+  EXPECT_EQ(f.stops.fgGasChange.Text(row("EAN50"), 0), "25") << "where it is 0.715 bar";
+  f.altitude.Text2.Type("0");
+  f.stops.Text7.Type("1.4");
+  EXPECT_EQ(f.stops.fgGasChange.Text(row("EAN50"), 0), "18");
+  f.units.Option1_0.Choose();
+  f.stops.fgGasChange.Edit(1, 0, "3");
+  EXPECT_NE(f.stops.fgGasChange.Text(1, 0), "3") << "the depths are not typed while they are automatic";
+  f.units.Option1_1.Choose();
+  f.stops.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.stops.fgGasChange.Text(1, 0), before);
 }
 
 TEST_F(Properties, PercentagesAreEditedButNotThoseOfAirNorNames) {
   frmProperties& f = Show();
-  f.cbAutoDecoGas.Set(true);
+  f.stops.cbAutoDecoGas.Set(true);
   const int row = FindBlendIndex("EAN50", Template()) + 1;
-  f.FgGas.Edit(1, 1, "30");
-  f.FgGas.Edit(row, 0, "a:b");
-  f.FgGas.Edit(row, 1, "40 %");
-  const int change = f.fgGasChange.Text(1, 1) == "EAN50" ? 1 : 2;
-  EXPECT_EQ(f.fgGasChange.Text(change, 0), "30") << "1.6 bar of 40 %";
+  f.gases.FgGas.Edit(1, 1, "30");
+  f.gases.FgGas.Edit(row, 0, "a:b");
+  f.gases.FgGas.Edit(row, 1, "40 %");
+  const int change = f.stops.fgGasChange.Text(1, 1) == "EAN50" ? 1 : 2;
+  EXPECT_EQ(f.stops.fgGasChange.Text(change, 0), "30") << "1.6 bar of 40 %";
   f.cbOK.Press();
   ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
   EXPECT_EQ(double{Template().Blends[0].O2}, 21);
@@ -232,12 +234,12 @@ TEST_F(Properties, AMixIsAHundredPercent) {
     SCOPED_TRACE(each.o2 + " " + each.he);
     const GasMix before = Template().Blends[static_cast<std::size_t>(row - 1)];
     frmProperties& f = Show();
-    f.FgGas.Edit(row, 1, each.o2);
-    f.FgGas.Edit(row, 2, each.he);
-    f.FgGas.Edit(row, 3, "12");
+    f.gases.FgGas.Edit(row, 1, each.o2);
+    f.gases.FgGas.Edit(row, 2, each.he);
+    f.gases.FgGas.Edit(row, 3, "12");
     const bool refused = !each.refusal.empty();
-    EXPECT_TRUE(refused || f.FgGas.Text(row, 3) == each.n2);
-    EXPECT_EQ(f.FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, refused ? kRed : -1);
+    EXPECT_TRUE(refused || f.gases.FgGas.Text(row, 3) == each.n2);
+    EXPECT_EQ(f.gases.FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, refused ? kRed : -1);
     f.cbOK.Press();
     EXPECT_EQ(f.IsLoaded(), refused);
     const GasMix& after = Template().Blends[static_cast<std::size_t>(row - 1)];
@@ -247,7 +249,7 @@ TEST_F(Properties, AMixIsAHundredPercent) {
   // A file may hold such a gas.
   Template().Blends[static_cast<std::size_t>(row - 1)] = {"EAN32", 36, 68, 0};
   Show();
-  EXPECT_EQ(form->FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, kRed);
+  EXPECT_EQ(form->gases.FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, kRed);
   form->cbOK.Press();
   EXPECT_EQ(d.platform.LastBox().text, place + "*StringID 7150*104 %");
 }
@@ -255,40 +257,40 @@ TEST_F(Properties, AMixIsAHundredPercent) {
 TEST_F(Properties, DepthsThatAreKeptStayWithTheirGases) {
   Template().ChangeGasMixes = {{"EAN32", 0, 0, 0, 33}, {"EAN50", 0, 0, 0, 21}, {"Oxygen", 0, 0, 0, 5}};
   frmProperties& f = Show();
-  f.cbAutoDecoGas.Set(true);
-  f.fgGasChange.OpenMenu();
+  f.stops.cbAutoDecoGas.Set(true);
+  f.stops.fgGasChange.OpenMenu();
   EXPECT_FALSE(f.AddRow.Enabled || f.DelRow.Enabled) << "depths that follow from the gases are read only";
-  f.FgGas.Select(FindBlendIndex("EAN50", Template()) + 1, 0);
-  f.FgGas.OpenMenu();
+  f.gases.FgGas.Select(FindBlendIndex("EAN50", Template()) + 1, 0);
+  f.gases.FgGas.OpenMenu();
   EXPECT_FALSE(f.AddRow.Visible);
   f.DelRow.Choose();
-  f.Option1_0.Choose();
-  f.cbAutoDecoGas.Set(false);
-  ASSERT_EQ(f.fgGasChange.Rows(), 3);
-  EXPECT_EQ(f.fgGasChange.Text(1, 0), "108");
-  EXPECT_EQ(f.fgGasChange.Text(2, 1), "Oxygen");
-  EXPECT_EQ(f.fgGasChange.Text(2, 0), "16");
+  f.units.Option1_0.Choose();
+  f.stops.cbAutoDecoGas.Set(false);
+  ASSERT_EQ(f.stops.fgGasChange.Rows(), 3);
+  EXPECT_EQ(f.stops.fgGasChange.Text(1, 0), "108");
+  EXPECT_EQ(f.stops.fgGasChange.Text(2, 1), "Oxygen");
+  EXPECT_EQ(f.stops.fgGasChange.Text(2, 0), "16");
 }
 
 TEST_F(Properties, ATemplateWithAutomaticDepthsKeepsThoseOfTheFile) {
   Template().ChangeGasMixes = {{"EAN50", 0, 0, 0, 20}, {"Oxygen", 0, 0, 0, 0}};
   Template().AutoDecoGas = true;
   frmProperties& f = Show();
-  EXPECT_EQ(f.fgGasChange.Text(1, 0), "22") << "1.6 bar";
-  f.cbAutoDecoGas.Set(false);
-  EXPECT_EQ(f.fgGasChange.Text(1, 0), "20");
-  EXPECT_EQ(f.fgGasChange.Text(2, 0), "4") << "a depth of 0 is replaced by that of the highest PPO2, 1.4 bar";
+  EXPECT_EQ(f.stops.fgGasChange.Text(1, 0), "22") << "1.6 bar";
+  f.stops.cbAutoDecoGas.Set(false);
+  EXPECT_EQ(f.stops.fgGasChange.Text(1, 0), "20");
+  EXPECT_EQ(f.stops.fgGasChange.Text(2, 0), "4") << "a depth of 0 is replaced by that of the highest PPO2, 1.4 bar";
 }
 
 TEST_F(Properties, TheRowMenuFollowsTheSelectionAfterARemoval) {
   frmProperties& f = Show();
-  f.fgAscend.Select(1, 0);
-  f.fgAscend.OpenMenu();
+  f.rates.fgAscend.Select(1, 0);
+  f.rates.fgAscend.OpenMenu();
   f.AddRow.Choose();
-  f.fgAscend.Select(3, 0);
+  f.rates.fgAscend.Select(3, 0);
   f.DelRow.Choose();
   f.DelRow.Choose();
-  EXPECT_EQ(f.fgAscend.Rows(), 2) << "the row that moved into place is the selected one";
+  EXPECT_EQ(f.rates.fgAscend.Rows(), 2) << "the row that moved into place is the selected one";
 }
 
 TEST_F(Properties, GasesOfAPlanThatCanNotBeComputedStay) {
@@ -298,11 +300,11 @@ TEST_F(Properties, GasesOfAPlanThatCanNotBeComputedStay) {
   editor.ReEvaluateUserEnteredWaypoints();
   ASSERT_EQ(editor.InputProfile.GetLength(), 0);
   frmProperties& f = Show();
-  const int gases = f.FgGas.Rows();
-  f.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
-  f.FgGas.OpenMenu();
+  const int gases = f.gases.FgGas.Rows();
+  f.gases.FgGas.Select(FindBlendIndex("EAN32", Template()) + 1, 0);
+  f.gases.FgGas.OpenMenu();
   f.DelRow.Choose();
-  EXPECT_EQ(f.FgGas.Rows(), gases);
+  EXPECT_EQ(f.gases.FgGas.Rows(), gases);
 }
 
 TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
@@ -317,13 +319,14 @@ TEST_F(Properties, ACustomBlendJoinsTheGasesAtOnce) {
     blend.cbOK.Press();
   });
   const int row = FindBlendIndex("EAN32", Template()) + 1;
-  f.FgGas.Edit(row, 1, "36");
-  f.cbCustomBlend.Press();
-  EXPECT_EQ(f.FgGas.Text(row, 1), "36") << "what was typed stays";
-  const int last = f.FgGas.Rows() - 1;
-  EXPECT_EQ(f.FgGas.Text(last, 0) + f.FgGas.Text(last, 1) + f.FgGas.Text(last, 2) + f.FgGas.Text(last, 3),
+  f.gases.FgGas.Edit(row, 1, "36");
+  f.gases.cbCustomBlend.Press();
+  EXPECT_EQ(f.gases.FgGas.Text(row, 1), "36") << "what was typed stays";
+  const int last = f.gases.FgGas.Rows() - 1;
+  EXPECT_EQ(f.gases.FgGas.Text(last, 0) + f.gases.FgGas.Text(last, 1) + f.gases.FgGas.Text(last, 2) +
+                f.gases.FgGas.Text(last, 3),
             "Deep126028");
-  EXPECT_EQ(f.fgGasChange.EditorOf(1, 1).entries.back(), "Deep");
+  EXPECT_EQ(f.stops.fgGasChange.EditorOf(1, 1).entries.back(), "Deep");
   f.cbCancel.Press();
   EXPECT_EQ(Template().Blends.back().Name, "Deep");
 }
@@ -339,7 +342,7 @@ TEST(PurgeNumericInput, KeepsTheNumberOfATypedText) {
                      {"-4.5", english, "4.5"},    {"1,500", english, "1500"}, {"1,5", english, "1,5"},
                      {"1.500", german, "1500"},   {"2.6", german, "2,6"},     {"2,6", german, "2,6"}};
   for (const auto& each : cases) {
-    EXPECT_EQ(frmProperties::PurgeNumericInput(each.typed, each.separators), each.kept) << each.typed;
+    EXPECT_EQ(TemplateTable::PurgeNumericInput(each.typed, each.separators), each.kept) << each.typed;
   }
 }
 

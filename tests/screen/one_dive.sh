@@ -32,8 +32,7 @@ eval "$(xdotool getwindowgeometry --shell "$(window "^TAV")")"
 drag() {
   xdotool mousemove $((X + $1)) $((Y + $2)) mousedown 1
   for step in 1 2 3 4 5; do
-    xdotool mousemove $((X + $1 + ($3 - $1) * step / 5)) $((Y + $2 + ($4 - $2) * step / 5))
-    sleep 0.05
+    xdotool mousemove --sync $((X + $1 + ($3 - $1) * step / 5)) $((Y + $2 + ($4 - $2) * step / 5))
   done
   [ -z "${5:-}" ] || shot "$5"
   xdotool mouseup 1
@@ -53,13 +52,6 @@ waypoint() {
   await "the waypoint dialog stays" gone "New Stop Data"
   focus "^TAV"
 }
-# saves under the name that the plan has
-save_again() {
-  touch -d yesterday "$work/plan.tav"
-  focus "^TAV"
-  keys ctrl+s
-  await "the plan is not saved" test "$work/plan.tav" -nt "$work/out"
-}
 # presses the key of a unit in the template dialog
 units() {
   keys ctrl+t
@@ -75,7 +67,7 @@ units() {
 shows_the_rows_of() {
   rm -f "$work/graph.svg"
   xdotool mousemove $((X + 500)) $((Y + 300)) click 3
-  sleep 0.3
+  await "the menu of the graph does not open" menu
   keys Up Return
   choose_file "Export graph as SVG" "$work/graph.svg"
   await "the graph is not exported" test -s "$work/graph.svg"
@@ -124,18 +116,21 @@ keys Insert
 waypoint 21 25
 keys F8
 shot second-dive
-save_again
+focus "^TAV"
+save_again "$work/plan.tav"
 grep -q '^SurfTime = 90' "$work/plan.tav" || fail "the surface interval is not in the file"
 shows_the_rows_of 2
 "$tavplan" plan --csv "$work/plan.tav" >"$work/metric.csv" 2>/dev/null
 
 echo "== its template in feet, and back in metres"
 units alt+i template
-save_again
+focus "^TAV"
+save_again "$work/plan.tav"
 grep -q '^68.9,25,0,0,' "$work/plan.tav" || fail "21 m are not 68.9 ft"
 shows_the_rows_of 2
 units alt+m
-save_again
+focus "^TAV"
+save_again "$work/plan.tav"
 shows_the_rows_of 2
 "$tavplan" plan --csv "$work/plan.tav" >"$work/again.csv" 2>/dev/null
 awk -F, 'FNR == NR { was[FNR] = $4 " " $6 " " $9; next }

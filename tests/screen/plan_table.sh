@@ -9,15 +9,14 @@ shots=${3:-}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 source "$here/tests/screen/screen.sh"
 
-# the quick line: depth, time, gas, and its button, behind which the depth waits for the next leg
+# the quick line: depth, time, gas by its place in the list, and the button, behind which the depth waits for the next leg
 quick() {
   type_text "$1"
   keys Tab
   type_text "$2"
-  keys Tab
-  type_text "$3"
+  keys Tab Home
+  keys --repeat "$3" Down
   keys Tab space
-  sleep 0.3
 }
 saved() { "$tavplan" plan "$work/dive.tav"; }
 
@@ -27,9 +26,9 @@ await "there is no plan" window "Plan 1"
 echo "== three levels"
 focus "^TAV"
 keys F12
-quick 60 20 Tx18/45
-quick 45 10 Tx18/45
-quick 30 8 Tx21/35
+quick 60 20 5
+quick 45 10 5
+quick 30 8 4
 shot plan-table
 keys ctrl+s
 choose_file "^Save" "$work/dive.tav"
@@ -42,7 +41,6 @@ echo "== another middle depth"
 keys F12 Down
 type_text 48
 keys Return
-sleep 0.3
 shot plan-table-changed
 keys ctrl+s
 await "the change is not saved" grep -E '^48,' "$work/dive.tav"
@@ -52,31 +50,24 @@ grep "level *48 " "$work/changed" >/dev/null || fail "the middle level is not at
 
 echo "== undone"
 focus "^TAV"
-keys Escape ctrl+z
-sleep 0.3
-keys ctrl+s
+keys Escape ctrl+z ctrl+s
 await "the undo is not saved" grep -E '^45,' "$work/dive.tav"
 saved >"$work/undone"
 diff "$work/entered" "$work/undone" >&2 || fail "the plan is not as it was"
 
 echo "== a leg twice, and the copy away"
-keys F12 Up Up Up Up ctrl+d
-sleep 0.3
-keys Delete
-sleep 0.3
-keys ctrl+s
+keys F12 Up Up Up Up ctrl+d Delete
+save_again "$work/dive.tav"
 saved >"$work/twice"
 diff "$work/entered" "$work/twice" >&2 || fail "the leg went with its copy"
 
 echo "== half a number"
 keys F12 Up Up Up Up Right
 type_text 4x
-sleep 0.5
 shot plan-table-refused
 keys Return
-sleep 0.3
 shot plan-table-put-back
-keys ctrl+s
+save_again "$work/dive.tav"
 saved >"$work/refused"
 diff "$work/entered" "$work/refused" >&2 || fail "half a number has become the plan"
 

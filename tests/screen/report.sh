@@ -13,8 +13,7 @@ await "the plan is not open" window "trimix-100.tav"
 echo "== the information window keeps its place and closes by Escape"
 keys ctrl+f
 focus "^Dive Information"
-xdotool windowmove "$(window "^Dive Information")" 120 90
-sleep 0.3
+xdotool windowmove --sync "$(window "^Dive Information")" 120 90
 keys Escape
 await "the information window stays" gone "^Dive Information"
 focus "^TAV"
@@ -47,11 +46,20 @@ pdftotext -layout "$work/plan.pdf" - | grep "Tx10/70.*4599.9" >/dev/null || fail
 echo "== without a printer a message says so"
 keys alt+p
 focus "^Print$"
-keys Return
-focus "^Print$"
-keys alt+y
-sleep 0.5
-focus "^Print$"
+# presses a key after which another box of that name has the keyboard
+print() {
+  local seen
+  seen=$(xdotool search --name "^Print$")
+  keys "$1"
+  await "no box comes after $1" is_new "$seen"
+}
+is_new() {
+  local now
+  now=$(xdotool getwindowfocus)
+  ! grep -w "$now" <<<"$1" && xdotool getwindowname "$now" | grep "^Print$"
+}
+print Return
+print alt+y
 keys Return
 await "the print dialog stays" gone "^Print$"
 focus "^General report"

@@ -28,21 +28,37 @@ await() {
 }
 window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1 | grep .; }
 gone() { ! window "$1"; }
+# a menu is the only window of the program that has no frame
+menu() { xwininfo -root -children | grep '("tav" "TAV")'; }
+has_keyboard() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
 focus() {
   local id
   await "the window \"$1\" does not come" window "$1"
   id=$(window "$1")
   xdotool windowactivate --sync "$id" 2>/dev/null || xdotool windowfocus --sync "$id"
-  sleep 0.3
+  await "the window \"$1\" has not got the keyboard" has_keyboard "$id"
+}
+look() { import -window "$1" rgb:- | cksum; }
+is_still() {
+  local before
+  before=$(look "$1")
+  sleep 0.1
+  [ "$(look "$1")" = "$before" ]
 }
 # takes a picture of a window with its frame: of the main window, unless another one is named
 shot() {
   [ -n "$shots" ] || return 0
-  sleep 0.5
+  await "the picture $1 does not come to rest" is_still "$(window "${2:-^TAV}")"
   import -frame -window "$(window "${2:-^TAV}")" -strip "$shots/$1.png"
 }
 keys() { xdotool key --delay 40 "$@"; }
 type_text() { xdotool type --delay 15 "$1"; }
+# saves a plan under the name that it has, changed or not
+save_again() {
+  touch -d yesterday "$1"
+  keys ctrl+s
+  await "$1 is not saved" test "$1" -nt "$work/out"
+}
 # types a path into the file dialog that is open
 choose_file() {
   focus "$1"
@@ -60,7 +76,8 @@ export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
 await "the screen does not start" xdotool getmouselocation
 openbox >/dev/null 2>&1 &
 pids+=($!)
-sleep 0.5
+manages_windows() { xprop -root _NET_SUPPORTING_WM_CHECK | grep "window id"; }
+await "the window manager does not start" manages_windows
 
 start() {
   "$tav" "$@" >"$work/out" 2>&1 &

@@ -1,12 +1,6 @@
-#include "controls/controls.h"
+#include "controls/grid.h"
 
 namespace tav {
-
-void TextBox::Type(const std::string& text) {
-  if (!CanAct() || Locked) return;
-  Text = text;
-  Fire(Change);
-}
 
 std::string Grid::Text(int row, int column) const {
   if (row < 0 || row >= Rows() || column < 0 || column >= Columns()) return {};
