@@ -125,7 +125,7 @@ void frmProperties::StoreGrids(DiveTemplate& t) const {
   const auto rates = [&](const Grid& grid) {
     std::vector<RateEntry> table;
     for (int row = 1; row < grid.Rows(); ++row) {
-      table.push_back({0, 0, whole(grid, row, 1), whole(grid, row, 0)});
+      table.push_back({whole(grid, row, 1), whole(grid, row, 0)});
     }
     // Of two rows of one depth none is ahead: they are refused.
     std::stable_sort(table.begin(), table.end(), [](const auto& a, const auto& b) { return a.Depth < b.Depth; });
