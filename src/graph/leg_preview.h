@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/dive_template.h"
 #include "picture/graph_scale.h"
 #include "platform/drawing_surface.h"
 

@@ -72,8 +72,7 @@ std::string SvgSurface::File(const std::string& title, const std::string& descri
   };
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\"" +
          Set("width", size(width_)) + Set("height", size(height_)) +
-         Set("viewBox", "0 0 " + Pixels(width_) + " " + Pixels(height_)) +
-         Set("font-family", "'Liberation Sans', Arial, Helvetica, sans-serif") +
+         Set("viewBox", "0 0 " + Pixels(width_) + " " + Pixels(height_)) + Set("font-family", "Arial") +
          Set("font-size", kPoints * kUnitsPerPoint) + ">\n<title>" + Escaped(title) + "</title>\n<desc>" +
          Escaped(description) + "</desc>\n" + elements_ + "</svg>\n";
 }

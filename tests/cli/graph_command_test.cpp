@@ -88,7 +88,7 @@ TEST_F(TavplanGraph, SaysWhatAPlanLacks) {
   const std::string file = (scratch_.Path() / "endless.tav").string();
   WriteTextFile(file, endless);
   EXPECT_EQ(Run({file, "-o", svg_}), ExitStatus::kDoesNotDecompress);
-  EXPECT_THAT(Texts(Picture()), HasSubstr("THIS PLAN DOES NOT DECOMPRESS"));
+  EXPECT_THAT(Texts(Picture()), HasSubstr("This plan does not decompress: a stop never clears.\n"));
 }
 
 TEST_F(TavplanGraph, RefusesWhatItCanNotWriteOrDraw) {
