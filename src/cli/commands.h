@@ -59,6 +59,18 @@ struct ReportOptions {
 int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
                   std::ostream& err);
 
+struct GraphOptions {
+  std::string file;
+  std::string svg;
+  std::string dive;           ///< number from 1; empty for the last
+  std::string width, height;  ///< "1000px", "180mm"; empty for the usual size
+  bool tissues = false;       ///< with the map of the loads
+};
+
+/// Writes the graph of a plan as an SVG picture.
+int GraphCommand(const GraphOptions& options, const OutputOptions& model, const ProgramFolders& folders,
+                 std::ostream& err);
+
 struct BailoutOptions {
   std::string file;
   std::string dive;            ///< number from 1; empty for the last

@@ -13,13 +13,6 @@ namespace tav {
 namespace {
 
 constexpr int kWithoutLoads = 7785;
-constexpr int kOwnInput = 7786;
-
-/// What is read stays: it is of another kind than what is written. Links are followed.
-void RefuseOwnInput(const std::string& input, const std::string& output) {
-  std::error_code error;
-  if (std::filesystem::equivalent(input, output, error)) throw FileError(output, 0, Message(kOwnInput));
-}
 
 }  // namespace
 

@@ -38,6 +38,12 @@ int Refused(const std::exception& error, std::string_view command, const TextSou
   return ExitStatus::kUnusableInput;
 }
 
+void RefuseOwnInput(const std::string& input, const std::string& output) {
+  constexpr int kOwnInput = 7786;
+  std::error_code error;
+  if (std::filesystem::equivalent(input, output, error)) throw FileError(output, 0, Message(kOwnInput));
+}
+
 void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err) {
   for (const Message& note : notes) err << file.string() << ": " << texts.Words(note) << "\n";
 }

@@ -26,6 +26,9 @@ class OptionError : public MessageError {
 /// Says in one line why a command can't do its work, with its name ahead where an option is to blame.
 int Refused(const std::exception& error, std::string_view command, const TextSource& texts, std::ostream& err);
 
+/// Throws FileError when the output is the file that is read: it is of another kind. Links are followed.
+void RefuseOwnInput(const std::string& input, const std::string& output);
+
 /// Says what a save could not keep of the file that was there.
 void TellNotes(const std::filesystem::path& file, const SaveNotes& notes, const TextSource& texts, std::ostream& err);
 

@@ -88,6 +88,13 @@ Examples:
 The PDF is drawn by tav, the desktop program; no display is needed.
 )";
 
+constexpr const char* kGraphExamples = R"(
+Examples:
+  tavplan graph dives/wreck.tav -o wreck.svg
+  tavplan graph dives/lake-series.tav --dive 2 --tissues -o second.svg
+  tavplan graph dives/wreck.tav --width 180mm -o handout.svg
+)";
+
 constexpr const char* kBailoutExamples = R"(
 Examples:
   tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
@@ -202,6 +209,19 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   AddSupplyOptions(*report, reportOptions);
   report->footer(kReportExamples);
   report->callback([&] { status = ReportCommand(reportDive, reportOptions, folders, err); });
+
+  GraphOptions graphPicture;
+  OutputOptions graphOptions;
+  CLI::App* graph = app.add_subcommand("graph", "Write the graph of a plan as an SVG picture");
+  graph->add_option("FILE", graphPicture.file, "Profile file (.tav)")->required();
+  graph->add_option("-o,--svg", graphPicture.svg, "The file to write")->required();
+  graph->add_option("--dive", graphPicture.dive, "Number of the dive, from 1; the last if not given");
+  graph->add_flag("--tissues", graphPicture.tissues, "Add the map of the loads of the compartments");
+  graph->add_option("--width", graphPicture.width, "Such as 1000px or 180mm; 1000px if not given");
+  graph->add_option("--height", graphPicture.height, "The same; 700px if not given, or in that proportion");
+  AddModelOptions(*graph, graphOptions);
+  graph->footer(kGraphExamples);
+  graph->callback([&] { status = GraphCommand(graphPicture, graphOptions, folders, err); });
 
   OutputOptions bailoutOptions;
   BailoutOptions bailoutPlan;

@@ -58,7 +58,7 @@ int TextOf(AxesFault fault) {
   return 0;
 }
 
-void setFastTemplate(DiveTemplate& diveTemplate) { diveTemplate.DescendRates = {{0, 0, 1000.0, 0}}; }
+void setFastTemplate(DiveTemplate& diveTemplate) { diveTemplate.DescendRates = {{1000.0, 0}}; }
 
 SquareDives::SquareDives(const DiveTemplate& settings, const ModelChoice& model, const Wish& wish,
                          EngineObserver& observer)

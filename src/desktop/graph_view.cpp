@@ -1,7 +1,6 @@
 #include "desktop/graph_view.h"
 
 #include <QSaveFile>
-#include <QSvgGenerator>
 #include <QtWidgets>
 
 #include "app/program.h"
@@ -9,6 +8,7 @@
 #include "desktop/surface_widget.h"
 #include "desktop/text_colour.h"
 #include "picture/graph_colours.h"
+#include "picture/svg_surface.h"
 
 namespace tav {
 namespace {
@@ -39,7 +39,8 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
     : forms_(forms),
       document_(document),
       actions_(std::move(actions)),
-      graph_(forms, document, *this, std::move(separators)),
+      plan_(forms, document, std::move(separators)),
+      graph_([this] { return plan_(); }, *this),
       container_(new SurfaceWidget(this)),
       grid_(new SurfaceWidget(container_)),
       bars_(new SurfaceWidget(this)),
@@ -96,7 +97,7 @@ void GraphView::TemplateChanged() {
   time_->setText(ToQt(texts.GetResString(kTimeTitle)));
   ceiling_->setText(ToQt(texts.GetResString(kCeilingTitle)));
   QStringList letters;
-  for (const std::string& letter : graph_.DepthLetters()) letters << ToQt(letter);
+  for (const std::string& letter : PlanPicture(plan_()).DepthLetters()) letters << ToQt(letter);
   depth_->setText(letters.join(QLatin1Char('\n')));
   LayOut();
   scrollBar_->setValue(0);
@@ -142,10 +143,10 @@ void GraphView::Redraw() {
   grid_->Flush();
   bars_->Flush();
   if (shown_.extras.tissues) {
-    graph_.DrawTissues(tissues_->Surface(), scrollBar_->value() * kUnitsPerPixel);
+    PlanPicture(plan_()).DrawTissues(tissues_->Surface(), graph_.Scale(), scrollBar_->value() * kUnitsPerPixel);
     tissues_->Flush();
   }
-  setAccessibleDescription(ToQt(graph_.Description()));
+  setAccessibleDescription(ToQt(PlanPicture(plan_()).Description()));
 }
 
 void GraphView::ViewRow(std::int16_t row) {
@@ -372,30 +373,20 @@ bool GraphView::ExportPng(const QString& file) {
   {
     QPainter painter(&image);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    graph_.DrawPicture(surface, shown_.extras);
+    PlanPicture(plan_()).Draw(surface, shown_.extras);
   }
   QSaveFile out(file);
   return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
 }
 
 bool GraphView::ExportSvg(const QString& file) {
-  QSaveFile out(file);
-  if (!out.open(QIODevice::WriteOnly)) return false;
-  QSvgGenerator generator;
-  generator.setOutputDevice(&out);
   const QSize size = PictureSize();
-  constexpr int kPixelsPerInch = 96;
-  generator.setResolution(kPixelsPerInch);
-  generator.setSize(size);
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  generator.setTitle(accessibleName());
-  generator.setDescription(accessibleDescription());
-  {
-    QPainter painter(&generator);
-    PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    graph_.DrawPicture(surface, shown_.extras);
-  }
-  return out.commit();
+  SvgSurface surface(size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
+  PlanPicture(plan_()).Draw(surface, shown_.extras);
+  const QByteArray svg = QByteArray::fromStdString(
+      surface.File(FromQt(accessibleName()), FromQt(accessibleDescription()), SvgSurface::Unit::Pixel));
+  QSaveFile out(file);
+  return out.open(QIODevice::WriteOnly) && out.write(svg) == svg.size() && out.commit();
 }
 
 GraphView* MakeGraphView(Program& program, std::int16_t document) {

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "desktop/qt_surface.h"
+#include "graph/document_plan.h"
 #include "graph/profile_graph.h"
-#include "picture/graph_layout.h"
 
 class QLabel;
 class QScrollBar;
@@ -60,6 +60,7 @@ class GraphView : public QWidget, public GraphWindow {
   void ShowCeiling(const std::string& text, Colour colour) override;
   void ShowCross(bool cross) override;
   void ShowPopup() override { actions_.popup(); }
+  void MarkModified() override { forms_(document_).MarkModified(); }
   void NewWaypoint(Single depth, Single segmentTime) override;
   void ViewRow(std::int16_t row) override;
 
@@ -81,6 +82,7 @@ class GraphView : public QWidget, public GraphWindow {
   DocumentForms& forms_;
   std::int16_t document_;
   Actions actions_;
+  DocumentPlan plan_;
   ProfileGraph graph_;
   PlotView shown_;
   QSize plot_;  ///< pixels, of which the grid shows a part

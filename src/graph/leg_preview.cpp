@@ -7,6 +7,19 @@ namespace {
 
 constexpr double kRadius = 50;
 
+/// An entry of a rate table on the plot.
+struct DrawnRate {
+  Single DrawRate;   ///< slope: x per y
+  Single DrawDepth;  ///< y
+};
+
+std::vector<DrawnRate> Transformed(const std::vector<RateEntry>& rates, const GraphScale& scale) {
+  std::vector<DrawnRate> drawn;
+  drawn.reserve(rates.size());
+  for (const RateEntry& entry : rates) drawn.push_back({scale.Drate(entry.Rate), scale.Ddepth(entry.Depth)});
+  return drawn;
+}
+
 /// The pen at the end of what has been drawn.
 class Pen {
  public:
@@ -33,7 +46,7 @@ class Pen {
   ScreenPoint at_;
 };
 
-void Ascend(Pen& pen, const std::vector<RateEntry>& bands, ScreenPoint to) {
+void Ascend(Pen& pen, const std::vector<DrawnRate>& bands, ScreenPoint to) {
   for (auto band = bands.rbegin(); band != bands.rend(); ++band) {
     if (pen.Y() <= band->DrawDepth) continue;
     if (to.y > band->DrawDepth) {
@@ -46,7 +59,7 @@ void Ascend(Pen& pen, const std::vector<RateEntry>& bands, ScreenPoint to) {
   }
 }
 
-void Descend(Pen& pen, const std::vector<RateEntry>& bands, ScreenPoint to) {
+void Descend(Pen& pen, const std::vector<DrawnRate>& bands, ScreenPoint to) {
   std::size_t next = 0;
   for (; next < bands.size() && !(pen.Y() < bands[next].DrawDepth && to.y <= bands[next].DrawDepth); ++next) {
     if (next == 0 || pen.Y() >= bands[next].DrawDepth) continue;
@@ -60,14 +73,15 @@ void Descend(Pen& pen, const std::vector<RateEntry>& bands, ScreenPoint to) {
 
 }  // namespace
 
-void DrawSegmentedLine(DrawingSurface& surface, const DiveTemplate& diveTemplate, ScreenPoint from, ScreenPoint to) {
+void DrawSegmentedLine(DrawingSurface& surface, const GraphScale& scale, const DiveTemplate& diveTemplate,
+                       ScreenPoint from, ScreenPoint to) {
   Pen pen(surface, from);
   if (to.y == from.y) {
     pen.LevelTo(to.x);
   } else if (to.y < from.y) {
-    Ascend(pen, diveTemplate.AscendRates, to);
+    Ascend(pen, Transformed(diveTemplate.AscendRates, scale), to);
   } else {
-    Descend(pen, diveTemplate.DescendRates, to);
+    Descend(pen, Transformed(diveTemplate.DescendRates, scale), to);
   }
 }
 

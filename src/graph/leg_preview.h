@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/dive_template.h"
 #include "picture/graph_scale.h"
 #include "platform/drawing_surface.h"
 
@@ -7,7 +8,7 @@ namespace tav {
 
 /// Draws a leg as it would be planned, from one point of the plot to another: the move at the rates of the template,
 /// with a circle at each limit of a band, then the level stretch. What is drawn twice in exclusive-or mode is gone.
-/// The drawing fields of the rate tables must be filled.
-void DrawSegmentedLine(DrawingSurface& surface, const DiveTemplate& diveTemplate, ScreenPoint from, ScreenPoint to);
+void DrawSegmentedLine(DrawingSurface& surface, const GraphScale& scale, const DiveTemplate& diveTemplate,
+                       ScreenPoint from, ScreenPoint to);
 
 }  // namespace tav

@@ -21,10 +21,8 @@ struct GasMix {
 
 /// One band of a rate table: from `Depth` downward, until the next deeper entry, the diver moves at `Rate`.
 struct RateEntry {
-  Single DrawRate;   ///< `Rate` in drawing units of the graph
-  Single DrawDepth;  ///< `Depth` in drawing units of the graph
-  Single Rate;       ///< depth units per minute, above 0
-  Single Depth;      ///< depth units
+  Single Rate;   ///< depth units per minute, above 0
+  Single Depth;  ///< depth units
 };
 
 /// A planned gas switch of the ascent: at `Depth` and above, the blend named `Name`.

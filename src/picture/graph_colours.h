@@ -19,6 +19,7 @@ constexpr Colour kCeilingShade = RGB(84, 40, 8);
 constexpr Colour kCeilingLine = RGB(240, 140, 60);
 constexpr Colour kLabel = RGB(216, 216, 216);
 constexpr Colour kOverlay = RGB(0, 224, 255);
+constexpr Colour kNotice = RGB(176, 0, 32);
 
 /// The colour of a row by its `Status`.
 Colour OfStatus(std::int16_t status);

@@ -64,13 +64,4 @@ Single GraphScale::Drate(Single rate) const {
 
 Single GraphScale::Ddepth(Single depth) const { return WorldToScreen(0, -depth).y; }
 
-void GraphScale::TransformRates(DiveTemplate& diveTemplate) const {
-  for (auto* table : {&diveTemplate.AscendRates, &diveTemplate.DescendRates}) {
-    for (RateEntry& entry : *table) {
-      entry.DrawRate = Drate(entry.Rate);
-      entry.DrawDepth = Ddepth(entry.Depth);
-    }
-  }
-}
-
 }  // namespace tav

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/dive_template.h"
 #include "model/single.h"
 
 namespace tav {
@@ -46,8 +45,6 @@ class GraphScale {
   [[nodiscard]] Single Drate(Single rate) const;
   /// y of a depth on the plot.
   [[nodiscard]] Single Ddepth(Single depth) const;
-  /// Fills the drawing fields of both rate tables.
-  void TransformRates(DiveTemplate& diveTemplate) const;
 };
 
 }  // namespace tav

@@ -151,10 +151,12 @@ void ProfilePlot::PlotGasUsed(ScreenPoint at, const std::string& text, LabelPlac
   const double y = at.y;
   if (place == LabelPlace::UpLeft) {
     const double left = x - 500 - width - 40;
-    grid_.Line(x - 40, y - 70, x - 500, y - 250, kBlack);
-    grid_.Line(x - 500, y - 250, left, y - 250, kBlack);
-    grid_.Text(left, y - 250 - height, text, graph::kYellow, true);
-    gasLabels_.push_back({changeRow, left, y - 250 - height, left + width, y - 250});
+    // Above the plot it would hide the numbers of the time axis.
+    const double under = std::max(y - 250, scale_.PlotTop + height);
+    grid_.Line(x - 40, y - 70, x - 500, under, kBlack);
+    grid_.Line(x - 500, under, left, under, kBlack);
+    grid_.Text(left, under - height, text, graph::kYellow, true);
+    gasLabels_.push_back({changeRow, left, under - height, left + width, under});
   } else {
     grid_.Line(x + 70, y + 70, x + 500, y + 200, kBlack);
     grid_.Line(x + 500, y + 200, x + 500 + width + 40, y + 200, kBlack);

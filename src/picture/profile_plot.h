@@ -28,13 +28,6 @@ struct GraphExtras {
   friend bool operator==(const GraphExtras&, const GraphExtras&) = default;
 };
 
-/// What of the world the plot of a document window shows.
-struct PlotView {
-  double timeZoom = 1;   ///< 1 or more stretches the time
-  bool fitPlan = false;  ///< the plan fills the window; else there is room for it to grow
-  GraphExtras extras = {};
-};
-
 /// The label of a gas, as it was drawn.
 struct GasLabel {
   std::int16_t changeRow = 0;  ///< the gas is breathed from the end of that row on

@@ -54,8 +54,8 @@ TEST(LegExpansion, CutsAMoveAtTheLimitsOfTheRateTables) {
       {"up to above the surface", 3, -5, 1, {{0, 1, -3, kUp}}, 1},
       {"up too short", 6, 3, 0.25, {{3, 1, -3, kLeg}, {3, 0, 0, kLeg}}, 1}};
   DiveTemplate t;
-  t.AscendRates = {{0, 0, 3, 0}, {0, 0, 9, 6}, {0, 0, 10, 20}};
-  t.DescendRates = {{0, 0, 18, 0}, {0, 0, 12, 20}, {0, 0, 6, 40}};
+  t.AscendRates = {{3, 0}, {9, 6}, {10, 20}};
+  t.DescendRates = {{18, 0}, {12, 20}, {6, 40}};
   t.Blends = {AirMix(), {"EAN50", 50, 49, 1}};
   for (const LegCase& known : cases) {
     SCOPED_TRACE(known.what);

@@ -40,7 +40,7 @@ TEST_F(Properties, OKKeepsWhatNobodyTypedToTheLastDigit) {
   t.LastStop = 4.5;
   t.MaxPPO2 = 1.425;
   t.MaximalEND = 29.5;
-  t.AscendRates = {{0, 0, 2.5, 0}, {0, 0, 9, 4.5}};
+  t.AscendRates = {{2.5, 0}, {9, 4.5}};
   t.ChangeGasMixes[0].Depth = 20.5;
   const auto gas = static_cast<std::size_t>(FindBlendIndex("EAN32", t));
   t.Blends[gas] = {"EAN32", 31.7, 68.3, 0};

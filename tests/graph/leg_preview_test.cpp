@@ -17,8 +17,8 @@ struct Case {
   double endTime, to;
 };
 
-// The expansion of a leg into rows is told from the template, its preview from the drawing fields: the two must agree
-// at every corner.
+// The expansion of a leg into rows is told in minutes and depths, its preview in drawing units: the two must agree at
+// every corner.
 TEST(LegPreview, FollowsTheRowsOfTheLeg) {
   const Case cases[] = {{"level", 10, 30, 20, 30},
                         {"down in the first band", 0, 0, 10, 9},
@@ -33,13 +33,12 @@ TEST(LegPreview, FollowsTheRowsOfTheLeg) {
                         {"up to the surface", 10, 15, 30, 0},
                         {"up, too short", 40, 50, 41, 12}};
   DiveTemplate t;
-  t.AscendRates = {{0, 0, 3, 0}, {0, 0, 9, 6}, {0, 0, 10, 20}};
-  t.DescendRates = {{0, 0, 18, 0}, {0, 0, 12, 20}, {0, 0, 6, 40}};
+  t.AscendRates = {{3, 0}, {9, 6}, {10, 20}};
+  t.DescendRates = {{18, 0}, {12, 20}, {6, 40}};
   t.Blends = {AirMix()};
   GraphScale scale;
   scale.SetPlot(28800, 10000);
   scale.SetWorld(0, 180, 0, -140);
-  scale.TransformRates(t);
   for (const Case& known : cases) {
     SCOPED_TRACE(known.what);
     ClassProfile rows;
@@ -47,7 +46,7 @@ TEST(LegPreview, FollowsTheRowsOfTheLeg) {
     GetSegmentedProfile(leg, t, rows);
 
     RecordingSurface surface(28800, 10000);
-    DrawSegmentedLine(surface, t, scale.WorldToScreen(known.startTime, -known.from),
+    DrawSegmentedLine(surface, scale, t, scale.WorldToScreen(known.startTime, -known.from),
                       scale.WorldToScreen(known.endTime, -known.to));
 
     std::vector<ScreenPoint> corners;  // of the rows, those of no length left out

@@ -16,8 +16,8 @@ DiveTemplate Sound() {
   t.OpenCircuit = t.Metric = true;
   t.StartPressure = t.EndPressure = 1;
   t.StepSize = 3;
-  t.AscendRates = {{0, 0, 3, 0}, {0, 0, 9, 6}};
-  t.DescendRates = {{0, 0, 18, 0}};
+  t.AscendRates = {{3, 0}, {9, 6}};
+  t.DescendRates = {{18, 0}};
   t.Blends = {AirMix(), {"EAN50", 50, 50, 0}};
   t.ChangeGasMixes = {{"EAN50", 50, 50, 0, 21}};
   return t;

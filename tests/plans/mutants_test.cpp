@@ -140,7 +140,7 @@ void RateSlip(Mutant& mutant, Random& random) {
   rates.clear();
   std::string text;
   for (std::size_t n = random() % 4; n > 0; --n) {
-    const RateEntry entry{0, 0, OneOf(kValues, random), rates.empty() ? 0 : OneOf(kValues, random)};
+    const RateEntry entry{OneOf(kValues, random), rates.empty() ? 0 : OneOf(kValues, random)};
     text += Written(entry.Depth, false, mutant, random) + (random() % 12 == 0 ? mutant.refused = true, "" : ":") +
             Written(entry.Rate, false, mutant, random) + ",";
     rates.push_back(entry);

@@ -59,15 +59,15 @@ struct Reckoned {
 void InFeet(DiveTemplate& t) {
   t.Metric = false;
   t.StepSize = t.LastStop = 10;
-  t.AscendRates = {{0, 0, 30, 0}};
-  t.DescendRates = {{0, 0, 60, 0}};
+  t.AscendRates = {{30, 0}};
+  t.DescendRates = {{60, 0}};
   t.RMV = t.DecoRMV = 0.7;
   t.UseGF = false;
 }
 /// 10 m/min up, 20 m/min down and no gradient factors: 20 m for 10 minutes need no stop.
 void RoundRates(DiveTemplate& t) {
-  t.AscendRates = {{0, 0, 10, 0}};
-  t.DescendRates = {{0, 0, 20, 0}};
+  t.AscendRates = {{10, 0}};
+  t.DescendRates = {{20, 0}};
   t.RMV = t.DecoRMV = 20;
   t.UseGF = false;
 }

@@ -49,7 +49,7 @@ inline DiveTemplate RandomTemplate(std::mt19937& random) {
     rates->resize(1 + random() % 4);
     Single depth = RandomWithin(random, -10, 0);
     for (RateEntry& entry : *rates) {
-      entry = {0, 0, RandomWithin(random, 0.1, 1e6), depth};
+      entry = {RandomWithin(random, 0.1, 1e6), depth};
       depth += 1 + RandomWithin(random, 0, 1000);
     }
   }

@@ -351,8 +351,8 @@ TEST_F(TablePrint, RatesAndMomentsBetweenWholeNumbersAreToldAsTheyAre) {
   frmWaypointEditor& plan = plans.New();
   plan.SaveUserEnteredWaypoints(20.4, 30, 0, false);
   DiveTemplate& settings = plans.documents(plan.Tag()).Template;
-  settings.AscendRates = {{0, 0, 0.4, 0}, {0, 0, 9, 4.5}};
-  settings.DescendRates = {{0, 0, 17.5, 0}};
+  settings.AscendRates = {{0.4, 0}, {9, 4.5}};
+  settings.DescendRates = {{17.5, 0}};
   plan.ReEvaluateUserEnteredWaypoints();
   const std::vector<AscentCard> cards = MakeAscentCards(*plans.Cuts(plan.Tag(), 20).Compute(0, kGoOn));
   ASSERT_EQ(cards.size(), 2U);

@@ -6,6 +6,13 @@
 
 namespace tav {
 
+/// What of the world the plot of a document window shows.
+struct PlotView {
+  double timeZoom = 1;   ///< 1 or more stretches the time
+  bool fitPlan = false;  ///< the plan fills the window; else there is room for it to grow
+  GraphExtras extras = {};
+};
+
 struct GraphRect {
   double left = 0;
   double top = 0;

@@ -1,0 +1,23 @@
+#include "graph/document_plan.h"
+
+#include "figures/dive_figures.h"
+#include "plans/compute_profile.h"
+
+namespace tav {
+
+DrawnPlan DocumentPlan::operator()() {
+  const PlanServices& services = forms_.Services();
+  const frmWaypointEditor& editor = forms_(document_);
+  if (momentsOf_ != editor.Evaluation()) {
+    momentsOf_ = editor.Evaluation();
+    moments_ = ReplayMoments(services, {document_, editor.PrevProfile}, editor.EvaluatedWith(), editor.LoadedProfile());
+  }
+  const DocumentState& state = services.documents(document_);
+  std::string notice = editor.EvaluationFault();
+  if (const auto of = NoticeOf(editor.InputProfile, state.Decompresses); of && notice.empty()) {
+    notice = services.texts.GetResString(*of);
+  }
+  return {editor.InputProfile, state.Template, moments_, services.texts, separators_, std::move(notice)};
+}
+
+}  // namespace tav

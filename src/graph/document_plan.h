@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "picture/plan_picture.h"
+#include "plans/document_forms.h"
+
+namespace tav {
+
+/// The plan of a document as it is now, to be drawn.
+class DocumentPlan {
+ public:
+  DocumentPlan(DocumentForms& forms, std::int16_t document, LocaleSeparators separators)
+      : forms_(forms), document_(document), separators_(std::move(separators)) {}
+
+  [[nodiscard]] DrawnPlan operator()();
+
+ private:
+  DocumentForms& forms_;
+  std::int16_t document_;
+  LocaleSeparators separators_;
+  std::vector<DiveMoment> moments_;
+  int momentsOf_ = -1;  ///< the evaluation that they belong to
+};
+
+}  // namespace tav

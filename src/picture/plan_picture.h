@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/dive_moment.h"
+#include "model/dive_template.h"
+#include "model/number_text.h"
+#include "model/profile.h"
+#include "picture/profile_plot.h"
+#include "platform/drawing_surface.h"
+#include "platform/text_source.h"
+
+namespace tav {
+
+/// A computed plan to be drawn. What it refers to outlives the drawing.
+struct DrawnPlan {
+  const ClassProfile& rows;
+  const DiveTemplate& settings;
+  const std::vector<DiveMoment>& moments;  ///< of the same dive; without any there are neither ceiling nor tissues
+  const TextSource& texts;
+  LocaleSeparators separators = {};  ///< of all numbers in words
+  std::string notice = {};           ///< what must be said ahead of all figures; empty for none
+};
+
+/// A plan as a picture, and in words for those who do not see it.
+class PlanPicture {
+ public:
+  explicit PlanPicture(DrawnPlan plan) : plan_(std::move(plan)) {}
+
+  /// Draws all of the plan on one surface, with the titles and the notice: the plan fills the plot.
+  void Draw(DrawingSurface& picture, const GraphExtras& extras) const;
+
+  // Parts of it, on surfaces of their own.
+  /// The plot with its axes and figures (ProfilePlot); returns its scale.
+  GraphScale DrawPlot(DrawingSurface& container, DrawingSurface& grid, ProfilePlot::Reach reach, double timeZoom,
+                      const GraphExtras& extras) const;
+  /// The tissues below a plot of that scale, which is scrolled by that much.
+  void DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const;
+  void DrawBars(DrawingSurface& bars) const;
+  struct ColouredText {
+    std::string text;
+    Colour colour = kBlack;
+  };
+  /// The ceiling at the end, yellow as long as there is one.
+  [[nodiscard]] ColouredText LastCeiling() const;
+  /// The title of the depth axis, to be written downwards: its letters, then the unit.
+  [[nodiscard]] std::vector<std::string> DepthLetters() const;
+
+  /// What is told of a row, with that text between the figures.
+  [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
+  /// The plan in words, a line a row.
+  [[nodiscard]] std::string Description() const;
+
+ private:
+  [[nodiscard]] std::string T(int id) const { return plan_.texts.GetResString(id); }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const {
+    return WriteLocaleNumber(FormatFixed(value, decimals), plan_.separators);
+  }
+  [[nodiscard]] std::string LengthUnit() const { return plan_.settings.Metric ? " m" : " ft"; }
+  /// Along the lower edge of that part of the picture; returns how high it is.
+  double DrawNotice(DrawingSurface& picture, double bottom) const;
+
+  DrawnPlan plan_;
+};
+
+}  // namespace tav

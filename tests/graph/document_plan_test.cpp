@@ -1,0 +1,30 @@
+#include "graph/document_plan.h"
+
+#include <gtest/gtest.h>
+
+#include "support/plan_fixture.h"
+
+namespace tav {
+namespace {
+
+TEST(DocumentPlan, FollowsEachEvaluation) {
+  test::Plans plans;
+  frmWaypointEditor& editor = plans.New();
+  DocumentPlan plan(plans.forms, editor.Tag(), {});
+  ASSERT_TRUE(editor.AddUserWaypoint(45, 30, 0));
+  const auto lastMoment = [&] { return plan().moments.empty() ? -1.0 : double{plan().moments.back().time}; };
+  EXPECT_EQ(lastMoment(), 30);
+  EXPECT_EQ(plan().notice, "*StringID 8256*") << "it has no ascent";
+  ASSERT_TRUE(editor.StartDeco());
+  EXPECT_EQ(lastMoment(), editor.CurrentRunTime());
+  EXPECT_EQ(plan().notice, "");
+  plans.documents(editor.Tag()).Decompresses = false;
+  EXPECT_EQ(plan().notice, "*StringID 7020*");
+  plans.documents(editor.Tag()).Template.StepSize = 0;  // can't be planned on
+  editor.ReEvaluateUserEnteredWaypoints();
+  EXPECT_EQ(lastMoment(), -1);
+  EXPECT_EQ(plan().notice, editor.EvaluationFault());
+}
+
+}  // namespace
+}  // namespace tav
