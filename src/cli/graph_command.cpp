@@ -64,8 +64,7 @@ int GraphCommand(const GraphOptions& options, const OutputOptions& model, const 
     const frmWaypointEditor& dive = session.Forms()(document);
     if (!dive.EvaluationFault().empty()) throw FileError(options.file, 0, dive.EvaluationFault());
     const DocumentState& state = session.Documents()(document);
-    const auto moments = ReplayMoments(session.Forms().Services(), {document, dive.PrevProfile}, dive.EvaluatedWith(),
-                                       dive.LoadedProfile());
+    const auto moments = dive.Planned().Moments();
     const auto notice = NoticeOf(dive.InputProfile, state.Decompresses);
     const PlanPicture picture(
         {dive.InputProfile, state.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""});

@@ -61,7 +61,7 @@ std::string RatesPage::Fault() const {
 
 std::vector<RateEntry> RatesPage::Rates(const Grid& grid, const TemplateTable& table) {
   std::vector<RateEntry> rates;
-  for (int row = 1; row < grid.Rows(); ++row) rates.push_back({0, 0, table.Stored(row, 1), table.Stored(row, 0)});
+  for (int row = 1; row < grid.Rows(); ++row) rates.push_back({table.Stored(row, 1), table.Stored(row, 0)});
   // Of two rows of one depth none is ahead: they are refused.
   std::stable_sort(rates.begin(), rates.end(), [](const auto& a, const auto& b) { return a.Depth < b.Depth; });
   return rates;

@@ -1,7 +1,6 @@
 #include "graph/document_plan.h"
 
 #include "figures/dive_figures.h"
-#include "plans/compute_profile.h"
 
 namespace tav {
 
@@ -10,7 +9,7 @@ DrawnPlan DocumentPlan::operator()() {
   const frmWaypointEditor& editor = forms_(document_);
   if (momentsOf_ != editor.Evaluation()) {
     momentsOf_ = editor.Evaluation();
-    moments_ = ReplayMoments(services, {document_, editor.PrevProfile}, editor.EvaluatedWith(), editor.LoadedProfile());
+    moments_ = editor.Planned().Moments();
   }
   const DocumentState& state = services.documents(document_);
   std::string notice = editor.EvaluationFault();

@@ -30,7 +30,7 @@ TEST_F(Properties, ARowNotGivenYetIsEmptyAndRefused) {
 }
 
 TEST_F(Properties, AFileMayHoldAMarkInPlaceOfANumber) {
-  Template().DescendRates.push_back({0, 0, kNotGiven, kNotGiven});
+  Template().DescendRates.push_back({kNotGiven, kNotGiven});
   Template().ChangeGasMixes[0].Depth = kNotGiven;
   frmProperties& f = Show();
   EXPECT_EQ(f.rates.fgDescend.Text(2, 0) + f.rates.fgDescend.Text(2, 1) + f.stops.fgGasChange.Text(1, 0), "");

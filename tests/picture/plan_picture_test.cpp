@@ -10,7 +10,6 @@
 #include "pages/arial_measure.h"
 #include "picture/graph_colours.h"
 #include "picture/svg_surface.h"
-#include "plans/compute_profile.h"
 #include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
@@ -27,8 +26,7 @@ class ShownPlan {
   ShownPlan(test::Plans& plans, std::int16_t document)
       : rows(plans.forms(document).InputProfile),
         settings_(plans.documents(document).Template),
-        moments_(ReplayMoments(plans.forms.Services(), {document, plans.forms(document).PrevProfile}, plans.model,
-                               plans.forms(document).LoadedProfile())) {}
+        moments_(plans.forms(document).Planned().Moments()) {}
 
   [[nodiscard]] PlanPicture Picture(const std::string& notice = "", const LocaleSeparators& separators = {}) const {
     return PlanPicture({rows, settings_, moments_, texts_, separators, notice});
