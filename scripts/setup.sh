@@ -25,7 +25,7 @@ setup() {
   rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
   libpugixml-dev   qt6-base-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev libgl-dev fonts-liberation2 qt6-translations-l10n)
 
 # What scripts/package needs beside that.

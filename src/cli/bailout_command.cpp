@@ -1,16 +1,9 @@
-#include <algorithm>
-#include <optional>
-#include <ostream>
-
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "cli/plan_output.h"
+#include "cli/command_frame.h"
+#include "cli/option_values.h"
 #include "cli/table_output.h"
-#include "cli/table_pdf.h"
 #include "compute/bailout_cuts.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
@@ -21,12 +14,36 @@ constexpr int kLost = 7982;
 constexpr int kAllGases = 7983;
 constexpr int kDiveOf = 7336;
 
+constexpr const char* kDetails =
+    "Cuts a plan off at regular moments of its run time and prints the ascent from each of them on open circuit as "
+    "tables: one for the loss of each gas of the change list, the last with all of them. The head of a column is the "
+    "minute at which the ascent begins.\n"
+    "Rows are the depths at which the last dive of a table stops or changes its gas, with that gas as oxygen and "
+    "helium "
+    "per cent, and cells are minutes of stop. What a table so leaves out, or gives with another gas than a dive "
+    "breathes "
+    "there, is told right below it behind a \"!\". --json has every row of every dive, too, and the places of the "
+    "tables "
+    "on paper.";
+
+constexpr const char* kExamples = R"(
+  tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
+  tavplan bailout --interval 1 --json a.tav  from every minute, for a script
+  tavplan bailout a.tav --pdf a.pdf          tables and cards to cut out; tav draws the PDF, without a display
+)";
+
+struct Given {
+  std::string file;
+  std::string dive;
+  std::string interval = "5";
+  std::string pdf;
+};
+
 /// Which dive of a series it is, to be put behind the name of the file: two sheets of one file must not be mistaken for
 /// each other. Empty for a single dive.
-std::string DiveOf(std::int16_t document, const std::vector<std::int16_t>& documents, const TextSource& texts) {
-  if (documents.size() == 1) return {};
-  const auto place = std::find(documents.begin(), documents.end(), document) - documents.begin();
-  return texts.Filled(kDiveOf, {std::to_string(place + 1), std::to_string(documents.size())});
+std::string DiveOf(std::size_t dive, const OpenedPlan& plan, const TextSource& texts) {
+  if (plan.Dives() == 1) return {};
+  return texts.Filled(kDiveOf, {std::to_string(dive + 1), std::to_string(plan.Dives())});
 }
 
 Single ChosenInterval(const std::string& text) {
@@ -35,44 +52,47 @@ Single ChosenInterval(const std::string& text) {
   return static_cast<double>(WholeNumberOf(text, "--interval", 0, BailoutCuts::kLongestInterval));  // says so
 }
 
+void Run(const Given& given, CommandFrame& frame) {
+  const TextSource& texts = frame.Texts();
+  const Single interval = ChosenInterval(given.interval);
+  OpenedPlan& plan = frame.OpenPlan(given.file);
+  const std::size_t number = CommandFrame::OneDive(given.dive, plan);
+  const BailoutCuts cuts(plan.Planned(number), frame.Model(), interval, frame.Observer());
+  if (!cuts.Fault().IsEmpty()) throw FileError(given.file, 0, cuts.Fault());
+
+  const std::string dive = DiveOf(number, plan, texts);
+  TableOutput output(frame, given.pdf, plan.InSeries(number).file + dive);
+  const std::string heading = texts.Filled(kHeading, {given.file + dive, FormatPlain(cuts.Interval())}) + "\n" +
+                              SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
+  output.Write({[&](JsonWriter& json) { json.Member("interval", cuts.Interval()); }, "scenarios", heading,
+                std::filesystem::path(given.file).stem().string() + dive},
+               [&] {
+                 for (int i = 0; i < cuts.Scenarios(); ++i) {
+                   const auto scenario = cuts.Compute(i, output.Progress());
+                   const std::optional<std::string>& lost = scenario->lost;
+                   output.Print(
+                       *scenario, [&](JsonWriter& json) { json.Member("lost", lost); },
+                       lost ? texts.Filled(kLost, {*lost}) : texts.GetResString(kAllGases));
+                 }
+               });
+}
+
 }  // namespace
 
-int BailoutCommand(const BailoutOptions& bailout, const OutputOptions& options, const ProgramFolders& folders,
-                   std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  PlanSession session(texts);
-  try {
-    ApplyOptions(options, session);
-    const Single interval = ChosenInterval(bailout.interval);
-    const auto documents = OpenProfile(session.Forms(), bailout.file, ReadPlannable(bailout.file, texts, err));
-    const std::int16_t document = ChosenDive(bailout.dive, documents);
-    const BailoutCuts cuts(session.Forms()(document).Planned(), session.Model(), interval, session.Trace());
-    if (!cuts.Fault().IsEmpty()) throw FileError(bailout.file, 0, cuts.Fault());
-
-    const bool json = options.form == OutputForm::Json;
-    std::optional<TablePdf> pdf;
-    const std::string dive = DiveOf(document, documents, texts);
-    if (!bailout.pdf.empty()) pdf.emplace(folders, bailout.pdf, session.Documents()(document).ProfileName + dive);
-    TableOutput output(out, texts,
-                       json  ? TableOutput::Form::Data
-                       : pdf ? TableOutput::Form::Nothing
-                             : TableOutput::Form::Text);
-    output.Begin({{"interval", Digits(cuts.Interval())}}, "scenarios",
-                 texts.Filled(kHeading, {bailout.file + dive, FormatPlain(cuts.Interval())}) + "\n" +
-                     SettingsOfTables(session.Documents()(document).Template, session.Model(), true, texts));
-    for (int i = 0; i < cuts.Scenarios(); ++i) {
-      const auto scenario = cuts.Compute(i, [](int, int) { return true; });
-      if (pdf) pdf->Print(*scenario);
-      const std::optional<std::string>& lost = scenario->lost;
-      output.Print(*scenario, {{"lost", lost ? Json(*lost) : Json()}},
-                   lost ? texts.Filled(kLost, {*lost}) : texts.GetResString(kAllGases));
-    }
-    output.End();
-    if (pdf) pdf->Write(std::filesystem::path(bailout.file).stem().string() + dive);
-    return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const std::exception& error) {
-    return Refused(error, "bailout", texts, err);
-  }
+Command BailoutCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"bailout", "Print the ascents from any moment of a plan, gases lost in turn", kDetails, kExamples};
+  command.options = {
+      PlanFile(given->file),
+      DiveOption(given->dive, "the last"),
+      {"--interval", "MINUTES", "Whole minutes between two moments, 0 to 99; 5 if not given, 0 counts as 1",
+       &given->interval},
+      PdfOption(given->pdf, "Write the tables and cards, with cut marks, to this file, and no text"),
+  };
+  command.AddJson("Print the tables, and every row of every ascent, as JSON");
+  command.AddModel();
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

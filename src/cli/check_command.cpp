@@ -1,11 +1,9 @@
 #include <ostream>
 
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "model/number_text.h"
+#include "cli/command_frame.h"
 #include "persist/profile_file.h"
+#include "model/number_text.h"
 #include "persist/template_file.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
@@ -14,6 +12,18 @@ namespace {
 constexpr int kNoFaults = 7956;
 constexpr int kLoopTakesChanges = 8311;
 constexpr int kIntervalOnLoop = 8312;
+
+constexpr const char* kDetails =
+    "Lists all faults of template and profile files with their line numbers: errors, which keep a file from being "
+    "used, "
+    "and advice, which the other commands tell on standard error, too. A plan must tell all its settings; a template "
+    "may "
+    "tell some.";
+
+constexpr const char* kExamples = R"(
+  tavplan check my.tpl                       all faults of a template, with line numbers
+  tavplan check dives/*.tav
+)";
 
 bool IsTemplate(const std::string& file, const std::string& text) {
   if (file.ends_with(kTemplateExtension)) return true;
@@ -31,8 +41,7 @@ void AdviseOfLoop(const DiveRecord& dive, bool repetitive, int line, FormatFault
   }
 }
 
-/// True when the file can be used.
-bool Check(const std::string& file, const TextSource& texts, std::ostream& out) {
+void Check(const std::string& file, CommandFrame& frame) {
   const std::string text = ReadTextFile(file);
   FormatFaults faults(file, FormatFaults::Mode::Collect);
   if (IsTemplate(file, text)) {
@@ -45,26 +54,28 @@ bool Check(const std::string& file, const TextSource& texts, std::ostream& out) 
     }
     ReportSeriesFaults(profile, faults);
   }
-  TellFaults(file, faults.List(), texts, out);
-  if (faults.List().empty()) out << file << ": " << texts.GetResString(kNoFaults) << "\n";
-  return !faults.HasErrors();
+  frame.TellFaults(file, faults.List(), frame.Out());
+  if (faults.List().empty()) frame.Out() << file << ": " << frame.Texts().GetResString(kNoFaults) << "\n";
+  if (faults.HasErrors()) frame.Mark(ExitStatus::kUnusableInput);
 }
 
 }  // namespace
 
-int CheckCommand(const std::vector<std::string>& files, const ProgramFolders& folders, std::ostream& out,
-                 std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  int status = ExitStatus::kFine;
-  for (const std::string& file : files) {
-    try {
-      if (!Check(file, texts, out)) status = ExitStatus::kUnusableInput;
-    } catch (const FileError& error) {
-      err << texts.Words(error) << "\n";
-      status = ExitStatus::kUnusableInput;
+Command CheckCommand() {
+  const auto files = std::make_shared<std::vector<std::string>>();
+  Command command{"check", "List all faults of templates and profiles", kDetails, kExamples};
+  command.options = {
+      {"FILE", "", "Template (.tpl) and profile (.tav) files", files.get(), true, Option::Role::FileToRead, "tav|tpl"}};
+  command.run = [files](CommandFrame& frame) {
+    for (const std::string& file : *files) {
+      try {
+        Check(file, frame);
+      } catch (const FileError& error) {
+        frame.Tell(error);
+      }
     }
-  }
-  return status;
+  };
+  return command;
 }
 
 }  // namespace tav

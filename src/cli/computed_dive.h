@@ -1,11 +1,12 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "advice/finding.h"
 #include "advice/stop_reason.h"
-#include "cli/plan_session.h"
+#include "cli/command_frame.h"
 #include "supply/gas_supply.h"
 
 namespace tav {
@@ -15,8 +16,7 @@ struct ComputedDive {
   std::string file;
   int number = 1;   ///< place in its file, from 1
   int ofDives = 1;  ///< dives of its file
-  const DocumentState* document = nullptr;
-  const ClassProfile* rows = nullptr;
+  PlannedDive dive;
   std::vector<Finding> findings;
   std::vector<StopReason> reasons;  ///< of its stops
   GasSupply supply;                 ///< empty when no cylinders are told
@@ -24,11 +24,18 @@ struct ComputedDive {
   bool gradientFactors = false;     ///< they are switched on, and act: on all models but VPM alone
 };
 
+/// Adds the dives of a plan, with the findings of each in the words of `texts`. Throws FileError when one could not be
+/// computed.
+void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts, std::vector<ComputedDive>& dives);
+
+/// Prints dives in the form asked for; with `why` a slate tells what each stop waits for.
+void Print(CommandFrame& frame, const std::vector<ComputedDive>& dives, bool why, const TextSource& texts);
+
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.
-std::string DivesJson(const std::vector<ComputedDive>& dives);
+void WriteDivesJson(const std::vector<ComputedDive>& dives, std::ostream& out);
 
 /// The dives as CSV, one line a row, with a header.
-std::string DivesCsv(const std::vector<ComputedDive>& dives);
+void WriteDivesCsv(const std::vector<ComputedDive>& dives, std::ostream& out);
 
 /// A finding in lines for the terminal: "!" ahead of danger and caution, "-" ahead of a note.
 std::string FindingLine(const Finding& finding);

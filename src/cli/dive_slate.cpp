@@ -32,13 +32,13 @@ class Slate {
   Slate(const ComputedDive& dive, const TextSource& texts)
       : dive_(dive),
         texts_(texts),
-        template_(dive.document->Template),
-        schedule_(*dive.rows, template_, ScheduleWordsOf(texts)) {}
+        template_(dive.dive.record.Template),
+        schedule_(dive.dive.plan.rows, template_, ScheduleWordsOf(texts)) {}
 
   std::string Text(bool why) {
     Title();
     Settings();
-    if (const auto notice = NoticeOf(*dive_.rows, dive_.document->Decompresses)) Line("! " + T(*notice));
+    if (const auto notice = NoticeOf(dive_.dive.plan.rows, dive_.dive.plan.end.Decompresses)) Line("! " + T(*notice));
     text_ += "\n" + schedule_.Aligned() + "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
     if (why) Reasons(AdviceWords(texts_, {".", ""}, template_.Metric));
@@ -57,7 +57,7 @@ class Slate {
     if (dive_.ofDives == 1) return Line(dive_.file);
     Line(T(dive_.number > 1 ? kDiveAfter : kDiveOf,
            {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
-            Short(dive_.document->SurfaceInterval)}));
+            Short(dive_.dive.record.SurfaceInterval)}));
   }
 
   void Settings() {
@@ -88,7 +88,7 @@ class Slate {
   void Reasons(const AdviceWords& words) {
     Line("");
     for (const StopReason& reason : dive_.reasons) {
-      const std::string depth = words.Depth(dive_.rows->getDepth(reason.row));
+      const std::string depth = words.Depth(dive_.dive.plan.rows.getDepth(reason.row));
       const std::string stop =
           "  " + T(kStop) + " " + std::string(depth.size() < 6 ? 6 - depth.size() : 0, ' ') + depth + "  ";
       text_ += Wrapped(stop + TextOf(reason, words), CharacterCount(stop));

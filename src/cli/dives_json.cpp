@@ -1,48 +1,152 @@
 #include "cli/computed_dive.h"
-#include "cli/row_json.h"
-#include "cli/supply_json.h"
+#include "cli/row_columns.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {
 
-Json DiveJson(const ComputedDive& dive) {
-  const DocumentState& document = *dive.document;
-  Json json{{"template", document.Template.Templatename},
-            {"metric", document.Template.Metric},
-            {"surface_interval", Digits(document.SurfaceInterval)},
-            {"total_cns", Digits(document.TotalCNS)},
-            {"total_otu", Digits(document.TotalOTU)},
-            {"n2_compartments", ArrayJson(document.N2Compartments)},
-            {"he_compartments", ArrayJson(document.HeCompartments)},
-            {"decompresses", document.Decompresses}};
-  json["rows"] = RowsJson(*dive.rows);
-  for (const StopReason& reason : dive.reasons) {
-    json["rows"][static_cast<std::size_t>(reason.row)]["why"] = {{"compartment", reason.compartment},
-                                                                 {"half_time", Digits(reason.halfTimeN2)},
-                                                                 {"half_time_he", Digits(reason.halfTimeHe)},
-                                                                 {"load", Digits(reason.load)},
-                                                                 {"tolerated", Digits(reason.tolerated)},
-                                                                 {"next_stop", Digits(reason.nextStop)},
-                                                                 {"gf", Digits(reason.GF)},
-                                                                 {"model", ModelOf(reason)}};
+constexpr const char* RuleName(TurnRule rule) {
+  return rule == TurnRule::Half ? "half" : rule == TurnRule::Thirds ? "thirds" : "all";
+}
+
+constexpr const char* VerdictName(GasVerdict verdict) {
+  switch (verdict) {
+    case GasVerdict::IntoReserve:
+      return "into_reserve";
+    case GasVerdict::RunsOut:
+      return "runs_out";
+    case GasVerdict::NoCylinder:
+      return "no_cylinder";
+    case GasVerdict::NotBreathed:
+      return "not_breathed";
+    case GasVerdict::UnknownGas:
+      return "unknown_gas";
+    case GasVerdict::Enough:
+      break;
   }
-  json["findings"] = Json::array();
-  for (const Finding& finding : dive.findings) {
-    json["findings"].push_back({{"rule", IdOf(finding.rule)},
-                                {"severity", IdOf(finding.severity)},
-                                {"rows", {finding.firstRow, finding.lastRow}},
-                                {"text", finding.text}});
-  }
-  json["gas_supply"] = SupplyJson(dive.supply);
-  return json;
+  return "enough";
+}
+
+/// A number, where it is known.
+std::optional<double> Known(bool known, double number) { return known ? std::optional(number) : std::nullopt; }
+
+void WriteStore(JsonWriter& json, const GasStore& store) {
+  json.Member("mix", store.gas);
+  json.List("cylinders", [&] {
+    for (const Cylinder& cylinder : store.cylinders) {
+      json.Object([&] {
+        json.Member("count", cylinder.Count);
+        json.Member("size", cylinder.Size);
+        json.Member("rated_pressure", Known(!cylinder.InLitres(), cylinder.RatedPressure));
+        json.Member("fill", cylinder.Fill);
+        json.Member("reserve", cylinder.Reserve);
+      });
+    }
+  });
+  json.Member("pressure_unit", store.gaugeInBar ? "bar" : "psi");
+  json.Member("carried", store.carried);
+  json.Member("reserve", store.reserve);
+  json.Member("used", store.used);
+  json.Member("left", Known(!store.cylinders.empty(), store.Left()));
+  json.Member("start_pressure", store.Pressure(store.carried));
+  json.Member("end_pressure", store.Pressure(store.Left()));
+  json.Member("enough", !IsShort(store));
+  json.Member("verdict", VerdictName(store.verdict));
+}
+
+void WriteLeg(JsonWriter& json, const GasSupply& supply, const LegSupply& leg) {
+  const GasStore* store = supply.Of(leg.gas);
+  json.Member("leg", leg.leg);
+  json.Member("row", leg.row);
+  json.Member("depth", leg.depth);
+  json.Member("run_time", leg.runTime);
+  json.Member("mix", leg.gas);
+  json.Member("left", Known(store != nullptr && !store->cylinders.empty(), leg.left));
+  json.Member("sorting_out", leg.sorting);
+  json.Member("ascent", Known(leg.decompresses, leg.ascent));
+  json.Member("minimum_gas", Known(leg.decompresses, leg.Minimum()));
+  json.Member("minimum_pressure", store != nullptr && leg.decompresses ? store->Pressure(leg.Minimum()) : std::nullopt);
+  json.Member("turn_pressure", leg.turnPressure);
+  json.Member("enough", !IsShort(supply, leg));
+}
+
+/// The diver's choice, gases and legs; null when no cylinders are told.
+void WriteSupply(JsonWriter& json, const GasSupply& supply) {
+  if (!supply.IsTold()) return json.Member("gas_supply", std::nullopt);
+  json.Object("gas_supply", [&] {
+    json.Member("team", supply.choice.team);
+    json.Member("stress", supply.choice.stress);
+    json.Member("minutes", supply.choice.minutes);
+    json.Member("rule", RuleName(supply.choice.rule));
+    json.List("gases", [&] {
+      for (const GasStore& store : supply.gases) json.Object([&] { WriteStore(json, store); });
+    });
+    json.List("legs", [&] {
+      for (const LegSupply& leg : supply.legs) json.Object([&] { WriteLeg(json, supply, leg); });
+    });
+  });
+}
+
+void WriteReason(JsonWriter& json, const StopReason& reason) {
+  json.Object("why", [&] {
+    json.Member("compartment", reason.compartment);
+    json.Member("half_time", reason.halfTimeN2);
+    json.Member("half_time_he", reason.halfTimeHe);
+    json.Member("load", reason.load);
+    json.Member("tolerated", reason.tolerated);
+    json.Member("next_stop", reason.nextStop);
+    json.Member("gf", reason.GF);
+    json.Member("model", ModelOf(reason));
+  });
+}
+
+void WriteDive(JsonWriter& json, const ComputedDive& dive) {
+  const DiveRecord& record = dive.dive.record;
+  const ClassProfile& rows = dive.dive.plan.rows;
+  const EndState& end = dive.dive.plan.end;
+  json.Member("template", record.Template.Templatename);
+  json.Member("metric", record.Template.Metric);
+  json.Member("surface_interval", record.SurfaceInterval);
+  json.Member("total_cns", end.TotalCNS);
+  json.Member("total_otu", end.TotalOTU);
+  WriteLoads(json, "n2_compartments", end.N2Compartments);
+  WriteLoads(json, "he_compartments", end.HeCompartments);
+  json.Member("decompresses", end.Decompresses);
+  json.List("rows", [&] {
+    auto reason = dive.reasons.begin();
+    for (int i = 0; i <= rows.GetLength(); ++i) {
+      json.Object([&] {
+        WriteRow(json, rows.Row(static_cast<std::int16_t>(i)));
+        if (reason != dive.reasons.end() && reason->row == i) WriteReason(json, *reason++);
+      });
+    }
+  });
+  json.List("findings", [&] {
+    for (const Finding& finding : dive.findings) {
+      json.Object([&] {
+        json.Member("rule", IdOf(finding.rule));
+        json.Member("severity", IdOf(finding.severity));
+        json.List("rows", [&] {
+          json.Value(finding.firstRow);
+          json.Value(finding.lastRow);
+        });
+        json.Member("text", finding.text);
+      });
+    }
+  });
+  WriteSupply(json, dive.supply);
 }
 
 }  // namespace
 
-std::string DivesJson(const std::vector<ComputedDive>& dives) {
-  Json json{{"dives", Json::array()}};
-  for (const ComputedDive& dive : dives) json["dives"].push_back(DiveJson(dive));
-  return Written(json) + "\n";
+void WriteDivesJson(const std::vector<ComputedDive>& dives, std::ostream& out) {
+  JsonWriter json(out);
+  json.Object([&] {
+    json.List("dives", [&] {
+      for (const ComputedDive& dive : dives) json.Object([&] { WriteDive(json, dive); });
+    });
+  });
+  out << "\n";
 }
 
 }  // namespace tav

@@ -1,14 +1,13 @@
 #include <algorithm>
-#include <ostream>
+#include <filesystem>
 
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "cli/plan_session.h"
+#include "cli/command_frame.h"
+#include "cli/option_values.h"
 #include "figures/dive_figures.h"
+#include "model/number_text.h"
+#include "persist/text_file.h"
 #include "picture/plan_picture.h"
 #include "picture/svg_surface.h"
-#include "plans/compute_profile.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
@@ -17,6 +16,32 @@ namespace {
 constexpr int kOutside = 7960;
 constexpr int kDiveOf = 7962;
 constexpr int kNoLength = 8600;
+
+constexpr const char* kDetails =
+    "Writes the graph of a plan as an SVG picture, as the desktop program exports it: rows, gases, ceiling, stops and "
+    "the "
+    "loads of the compartments, with the plan in words for those who do not see it. A plan that has no ascent, or does "
+    "not decompress, says so in the picture.\n"
+    "Sizes are in pixels of 1/96 inch or in millimetres, such as 1000px or 180mm, from 400 to 10,000 pixels; the "
+    "letters "
+    "keep their size of 9 points. Without them the picture is 1000 pixels wide and 700 high, with the tissues as high "
+    "as "
+    "wide; one alone keeps these proportions.";
+
+constexpr const char* kExamples = R"(
+  tavplan graph dives/wreck.tav -o wreck.svg
+  tavplan graph dives/lake-series.tav --dive 2 --tissues -o second.svg
+  tavplan graph dives/wreck.tav --width 180mm -o handout.svg
+)";
+
+struct Given {
+  std::string file;
+  std::string svg;
+  std::string dive;
+  std::string width;
+  std::string height;
+  bool tissues = false;
+};
 
 constexpr double kPixel = 15;  // drawing units
 constexpr double kMillimetre = 1440 / 25.4;
@@ -48,41 +73,53 @@ SvgSurface SurfaceOf(Length width, Length height, bool tissues) {
   return {wide, height.units > 0 ? height.units : std::clamp(wide * share, kLeast, kMost)};
 }
 
+void Run(const Given& given, CommandFrame& frame) {
+  const TextSource& texts = frame.Texts();
+  const Length width = LengthOf(given.width, "--width");
+  const Length height = LengthOf(given.height, "--height");
+  const OpenedPlan& plan = frame.OpenPlan(given.file);
+  const std::size_t number = CommandFrame::OneDive(given.dive, plan);
+  frame.CheckComputed(plan, number);
+  const PlannedDive dive = plan.Planned(number);
+  const auto moments = dive.Moments();
+  const auto notice = NoticeOf(dive.plan.rows, dive.plan.end.Decompresses);
+  const PlanPicture picture(
+      {dive.plan.rows, dive.record.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""});
+  SvgSurface surface = SurfaceOf(width, height, given.tissues);
+  GraphExtras extras;
+  extras.tissues = given.tissues;
+  picture.Draw(surface, extras);
+  std::string title = std::filesystem::path(given.file).stem().string();
+  if (plan.Dives() > 1) {
+    title = texts.Filled(kDiveOf, {title, std::to_string(number + 1), std::to_string(plan.Dives())});
+  }
+  const auto unit = width.millimetres || height.millimetres ? SvgSurface::Unit::Millimetre : SvgSurface::Unit::Pixel;
+  frame.Save(given.svg, [&] { return WriteTextFile(given.svg, surface.File(title, picture.Description(), unit)); });
+}
+
 }  // namespace
 
-int GraphCommand(const GraphOptions& options, const OutputOptions& model, const ProgramFolders& folders,
-                 std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  try {
-    RefuseOwnInput(options.file, options.svg);
-    const Length width = LengthOf(options.width, "--width");
-    const Length height = LengthOf(options.height, "--height");
-    PlanSession session(texts);
-    session.Model() = model.Model();
-    const auto documents = OpenProfile(session.Forms(), options.file, ReadPlannable(options.file, texts, err));
-    const std::int16_t document = ChosenDive(options.dive, documents);
-    const frmWaypointEditor& dive = session.Forms()(document);
-    if (!dive.EvaluationFault().empty()) throw FileError(options.file, 0, dive.EvaluationFault());
-    const DocumentState& state = session.Documents()(document);
-    const auto moments = dive.Planned().Moments();
-    const auto notice = NoticeOf(dive.InputProfile, state.Decompresses);
-    const PlanPicture picture(
-        {dive.InputProfile, state.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""});
-    SvgSurface surface = SurfaceOf(width, height, options.tissues);
-    GraphExtras extras;
-    extras.tissues = options.tissues;
-    picture.Draw(surface, extras);
-    std::string title = std::filesystem::path(options.file).stem().string();
-    if (documents.size() > 1) {
-      const auto number = std::find(documents.begin(), documents.end(), document) - documents.begin() + 1;
-      title = texts.Filled(kDiveOf, {title, std::to_string(number), std::to_string(documents.size())});
-    }
-    const auto unit = width.millimetres || height.millimetres ? SvgSurface::Unit::Millimetre : SvgSurface::Unit::Pixel;
-    TellNotes(options.svg, WriteTextFile(options.svg, surface.File(title, picture.Description(), unit)), texts, err);
-    return state.Decompresses ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const std::exception& error) {
-    return Refused(error, "graph", texts, err);
-  }
+Command GraphCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"graph", "Write the graph of a plan as an SVG picture", kDetails, kExamples};
+  command.options = {
+      PlanFile(given->file),
+      {.name = "--svg",
+       .value = "FILE",
+       .text = "The picture to write",
+       .place = &given->svg,
+       .required = true,
+       .role = Option::Role::FileToWrite,
+       .offers = "svg",
+       .shortName = "-o"},
+      DiveOption(given->dive, "the last"),
+      {"--tissues", "", "Add the map of the loads of the 16 compartments over time", &given->tissues},
+      {"--width", "SIZE", "Width of the picture, such as 1000px or 180mm", &given->width},
+      {"--height", "SIZE", "Its height", &given->height},
+  };
+  command.AddModel();
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

@@ -1,22 +1,19 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "cli/commands.h"
-#include "cli/plan_input.h"
+#include "cli/command_frame.h"
+#include "cli/json_writer.h"
+#include "cli/option_values.h"
 #include "cli/terminal_text.h"
 #include "mixer/fill_steps.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
-#include "persist/text_file.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 // Texts by number.
+constexpr int kMissing = 7854;
 constexpr int kNoNumber = 7957;
 constexpr int kMustBe = 7959;
 constexpr int kOutside = 7960;
@@ -27,6 +24,48 @@ constexpr int kStepHead = 8415;
 constexpr int kStepFault = 8416;
 
 const LocaleSeparators kPoint{".", ""};
+
+constexpr const char* kDetails =
+    "Prints what to fill into a cylinder so that it ends up with another gas: what to add by the arithmetic of ideal "
+    "gases "
+    "and by the van der Waals equation, and a list to fill by, which tells the pressure of the cylinder after helium, "
+    "oxygen and air, rounded to what a gauge shows. The list is by GERG-2008, the reference equation of state for gas "
+    "mixtures. The mix that comes out of the rounded list is worked out backwards and told with its maximum operating "
+    "depths. A fill that is not possible is told in words, with the pressure to drain the cylinder to and the mix that "
+    "comes nearest without draining. A fill within 0.5 % of oxygen and 1 % of helium is possible.\n"
+    "With --steps it tells what came out of a fill as it was done, and with --want as well what mends it. A step is "
+    "gas and "
+    "pressure after it; a gas is he, o2, air, top, a usual name such as EAN32, or O2/HE.\n"
+    "Pressures are absolute: an empty cylinder holds air at 1 bar (14.7 psi).\n"
+    "--json has \"air_top\" and \"van_der_waals\", what to add by the two calculations, null where there is no answer, "
+    "and "
+    "\"fill_to\", the gases in order of filling with the pressure to fill to, to one decimal, an empty list when the "
+    "fill "
+    "is not possible; \"fill_list\" tells whether it is, the temperature and the mix that comes out, or what to drain "
+    "to, "
+    "the list from there and the nearest mix. With --steps it has the mix after each step and the result; the rest is "
+    "in "
+    "\"mend\".";
+
+constexpr const char* kExamples = R"(
+  tavplan mix --have 21/0@1 --want 32/0@200             EAN32 into an empty cylinder
+  tavplan mix --have 21/35@80 --want 18/45@220          topping up trimix
+  tavplan mix --have 21/0@14.7 --want 32/0@3000 --imperial
+  tavplan mix --have 21/35@80 --want 21/35@220 --top 32/0   with EAN32 from a bank on top
+  tavplan mix --have 21/0@1 --want 18/45@210 --warm 45  what the gauge shows while the cylinder is warm
+  tavplan mix --have 21/0@1 --steps "he@67 o2@86 air@220" --want 21/35@230
+                                                        what came out of a fill, and what mends it
+)";
+
+struct Given {
+  std::string have;         ///< O2/HE@PRESSURE, the cylinder as it is
+  std::string want;         ///< the same, as it shall be
+  std::string top;          ///< O2/HE, the gas on top; air for an empty text
+  std::string temperature;  ///< degrees Celsius at which the gauge is read; 20 for an empty text
+  std::string warm;         ///< degrees Celsius of the cylinder while it is filled; empty for none
+  std::string steps;        ///< a fill as it was done, "he@67 o2@86 air@220"; empty for none
+  bool imperial = false;    ///< pressures in psi, not in bar
+};
 
 struct Fill {
   MixShares mix;
@@ -63,7 +102,7 @@ Fill ParseFill(const std::string& option, const std::string& text, bool metric) 
 }
 
 /// All but what is wanted.
-FillRequest ParseRequest(const MixOptions& options) {
+FillRequest ParseRequest(const Given& options) {
   FillRequest request;
   request.metric = !options.imperial;
   const Fill have = ParseFill("--have", options.have, request.metric);
@@ -81,55 +120,63 @@ FillRequest ParseRequest(const MixOptions& options) {
   return request;
 }
 
-void ParseWanted(const MixOptions& options, FillRequest& request) {
+void ParseWanted(const Given& options, FillRequest& request) {
   const Fill want = ParseFill("--want", options.want, request.metric);
   if (want.pressure == 0) throw OptionError({kNoPressure, {"--want", options.want}});
   request.desired = want.mix;
   request.desiredFill = want.pressure;
 }
 
-/// A label as a number; null for one that shows nothing.
-Json Shown(const std::string& label) { return label.empty() ? Json() : Json(ParseLenient(label)); }
-
 constexpr double kFine = 0.1;  // what "fill_to" is rounded to
 
-Json Figure(Single value, int decimals) { return Shown(FormatFixed(value, decimals)); }
-
-Json MixFigures(const MixShares& mix) { return {{"o2", Figure(mix.O2, 2)}, {"he", Figure(mix.He, 2)}}; }
-
-Json StepsJson(const FillRequest& request, const GaugeList& list) {
-  const bool withAir = request.top.O2 == kAir.O2 && request.top.He == kAir.He;
-  Json steps = Json::array();
-  for (const FillStep& step : list.steps) {
-    const char* gas = step.gas == FillGas::Helium ? "helium" : step.gas == FillGas::Oxygen ? "oxygen" : "top";
-    steps.push_back({{"gas", step.gas == FillGas::Top && withAir ? "air" : gas}, {"to", Figure(step.to, 1)}});
-    if (request.warm) steps.back()["warm"] = Figure(step.warm, 1);
-  }
-  return steps;
+void WriteMix(JsonWriter& json, const MixShares& mix) {
+  json.Shown("o2", FormatFixed(mix.O2, 2));
+  json.Shown("he", FormatFixed(mix.He, 2));
 }
 
-Json MixJson(const FillRequest& request) {
+void WriteSteps(JsonWriter& json, const char* name, const FillRequest& request, const GaugeList& list) {
+  const bool withAir = request.top.O2 == kAir.O2 && request.top.He == kAir.He;
+  json.List(name, [&] {
+    for (const FillStep& step : list.steps) {
+      const char* gas = step.gas == FillGas::Helium ? "helium" : step.gas == FillGas::Oxygen ? "oxygen" : "top";
+      json.Object([&] {
+        json.Member("gas", step.gas == FillGas::Top && withAir ? "air" : gas);
+        json.Shown("to", FormatFixed(step.to, 1));
+        if (request.warm) json.Shown("warm", FormatFixed(step.warm, 1));
+      });
+    }
+  });
+}
+
+void WriteFill(JsonWriter& json, const FillRequest& request) {
   const FillResult result = Recalculate(request);
   const FillAdvice advice(request, kFine);
   const GaugeList& asked = advice.AsAsked();
-  Json list = {{"possible", asked.possible}, {"temperature", Figure(request.celsius, 2)}, {"result", Json()}};
-  if (asked.possible) {
-    list["result"] = MixFigures(asked.comesOut);
-  } else {
-    list["drain_to"] = asked.drainTo ? Figure(*asked.drainTo, 1) : Json();
-    list["nearest"] = asked.nearest ? MixFigures(*asked.nearest) : Json();
-    list["after_draining"] = advice.Drains() ? StepsJson(advice.from, advice.list) : Json::array();
-  }
-  return {
-      {"air_top",
-       {{"possible", !result.AirImpossible},
-        {"oxygen", Shown(result.AirTopO2)},
-        {"helium", Shown(result.AirTopHe)},
-        {"air", Shown(result.AirTopAir)}}},
-      {"van_der_waals",
-       {{"oxygen", Shown(result.IdealTopO2)}, {"helium", Shown(result.IdealTopHe)}, {"air", Shown(result.IdealTopN2)}}},
-      {"fill_to", StepsJson(request, asked)},
-      {"fill_list", list}};
+  json.Object("air_top", [&] {
+    json.Member("possible", !result.AirImpossible);
+    json.Shown("oxygen", result.AirTopO2);
+    json.Shown("helium", result.AirTopHe);
+    json.Shown("air", result.AirTopAir);
+  });
+  json.Object("van_der_waals", [&] {
+    json.Shown("oxygen", result.IdealTopO2);
+    json.Shown("helium", result.IdealTopHe);
+    json.Shown("air", result.IdealTopN2);
+  });
+  WriteSteps(json, "fill_to", request, asked);
+  json.Object("fill_list", [&] {
+    json.Member("possible", asked.possible);
+    json.Shown("temperature", FormatFixed(request.celsius, 2));
+    if (asked.possible) return json.Object("result", [&] { WriteMix(json, asked.comesOut); });
+    json.Member("result", std::nullopt);
+    json.Shown("drain_to", asked.drainTo ? FormatFixed(Single(*asked.drainTo), 1) : std::string());
+    if (asked.nearest) {
+      json.Object("nearest", [&] { WriteMix(json, *asked.nearest); });
+    } else {
+      json.Member("nearest", std::nullopt);
+    }
+    WriteSteps(json, "after_draining", advice.from, advice.Drains() ? advice.list : GaugeList());
+  });
 }
 
 /// A fill as it was done.
@@ -138,14 +185,17 @@ struct Done {
   std::vector<MixShares> mixes;  ///< after each step
 };
 
-Json DoneJson(const Done& done) {
-  Json steps = Json::array();
-  for (std::size_t i = 0; i < done.steps.size(); ++i) {
-    Json step = {{"gas", done.steps[i].name}, {"to", Figure(done.steps[i].to, 1)}};
-    step.update(MixFigures(done.mixes[i]));
-    steps.push_back(step);
-  }
-  return {{"steps", steps}, {"result", MixFigures(done.mixes.back())}};
+void WriteDone(JsonWriter& json, const Done& done) {
+  json.List("steps", [&] {
+    for (std::size_t i = 0; i < done.steps.size(); ++i) {
+      json.Object([&] {
+        json.Member("gas", done.steps[i].name);
+        json.Shown("to", FormatFixed(done.steps[i].to, 1));
+        WriteMix(json, done.mixes[i]);
+      });
+    }
+  });
+  json.Object("result", [&] { WriteMix(json, done.mixes.back()); });
 }
 
 /// A table: the first column to the left, the others to the right, all but the first of one width.
@@ -175,7 +225,7 @@ std::string Written(const MixShares& mix, Single pressure, const FillWords& word
   return FormatFixed(mix.O2, 1) + "/" + FormatFixed(mix.He, 1) + "@" + FormatPlain(pressure) + " " + words.Unit();
 }
 
-void PrintDone(const MixOptions& options, const Done& done, const FillWords& words, const TextSource& texts,
+void PrintDone(const Given& options, const Done& done, const FillWords& words, const TextSource& texts,
                std::ostream& out) {
   out << options.have << " " << words.Unit() << "\n\n";
   const auto heads = words.Heads({}, false);
@@ -189,7 +239,7 @@ void PrintDone(const MixOptions& options, const Done& done, const FillWords& wor
   PrintSentence(words.OutcomeOfSteps(done.mixes.back()), "", out);
 }
 
-void PrintMix(const std::string& have, const MixOptions& options, const FillAdvice& advice, const FillWords& words,
+void PrintMix(const std::string& have, const Given& options, const FillAdvice& advice, const FillWords& words,
               const TextSource& texts, std::ostream& out) {
   const FillRequest& request = advice.asked;
   const FillResult result = Recalculate(request);
@@ -218,7 +268,7 @@ void PrintMix(const std::string& have, const MixOptions& options, const FillAdvi
 }
 
 /// The steps of the options, done; the request goes on from what came out of them.
-Done DoSteps(const MixOptions& options, FillRequest& request, const TextSource& texts) {
+Done DoSteps(const Given& options, FillRequest& request, const TextSource& texts) {
   const auto steps = [&] {
     try {
       return ParseSteps(options.steps, request, texts, kPoint);
@@ -232,50 +282,62 @@ Done DoSteps(const MixOptions& options, FillRequest& request, const TextSource& 
   return done;
 }
 
+void WriteJson(const Given& options, const FillRequest& request, const std::optional<Done>& done, std::ostream& out) {
+  constexpr std::size_t kIndent = 2;
+  JsonWriter json(out, kIndent);
+  json.Object([&] {
+    if (done) WriteDone(json, *done);
+    if (options.want.empty()) return;
+    if (!done) return WriteFill(json, request);
+    json.Object("mend", [&] { WriteFill(json, request); });
+  });
+  out << "\n";
+}
+
+void Run(const Given& options, CommandFrame& frame) {
+  if (options.want.empty() && options.steps.empty()) throw UsageError({kMissing, {"--want"}});
+  const TextSource& texts = frame.Texts();
+  std::ostream& out = frame.Out();
+  FillRequest request = ParseRequest(options);
+  const FillWords words(texts, kPoint, request.metric);
+  std::string have = options.have + " " + words.Unit();
+  std::optional<Done> done;
+  if (!options.steps.empty()) {
+    done = DoSteps(options, request, texts);
+    have = Written(request.current, request.currentFill, words);
+  }
+  if (!options.want.empty()) ParseWanted(options, request);
+  if (frame.Common().json) {
+    WriteJson(options, request, done, out);
+  } else if (done) {
+    PrintDone(options, *done, words, texts, out);
+  }
+  if (options.want.empty()) return;
+  const FillAdvice advice(request, GaugeMark(request.metric));
+  if (!frame.Common().json) {
+    if (done) out << "\n";
+    PrintMix(have, options, advice, words, texts, out);
+  }
+  if (!advice.AsAsked().possible) throw OptionError(words.Hindrance(advice));
+}
+
 }  // namespace
 
-int MixCommand(const MixOptions& options, const ProgramFolders& folders, std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  try {
-    FillRequest request = ParseRequest(options);
-    const FillWords words(texts, kPoint, request.metric);
-    std::string have = options.have + " " + words.Unit();
-    std::optional<Done> done;
-    if (!options.steps.empty() || options.want.empty()) {
-      done = DoSteps(options, request, texts);
-      have = Written(request.current, request.currentFill, words);
-    }
-    if (options.want.empty()) {
-      if (options.json) {
-        out << DoneJson(*done).dump(2) << "\n";
-      } else {
-        PrintDone(options, *done, words, texts, out);
-      }
-      return ExitStatus::kFine;
-    }
-    ParseWanted(options, request);
-    const FillAdvice advice(request, GaugeMark(request.metric));
-    if (options.json) {
-      Json json = MixJson(request);
-      if (done) {
-        Json both = DoneJson(*done);
-        both["mend"] = json;
-        json = both;
-      }
-      out << json.dump(2) << "\n";
-    } else {
-      if (done) {
-        PrintDone(options, *done, words, texts, out);
-        out << "\n";
-      }
-      PrintMix(have, options, advice, words, texts, out);
-    }
-    if (advice.AsAsked().possible) return ExitStatus::kFine;
-    err << "tavplan mix: " << words.Hindrance(advice) << "\n";
-    return ExitStatus::kUnusableInput;
-  } catch (const std::exception& error) {
-    return Refused(error, "mix", texts, err);
-  }
+Command MixCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"mix", "Print what to fill into a cylinder to make a mix", kDetails, kExamples};
+  command.options = {
+      {"--have", "O2/HE@PRESSURE", "What is in the cylinder, in per cent and bar", &given->have, true},
+      {"--want", "O2/HE@PRESSURE", "What shall be in it", &given->want},
+      {"--top", "O2/HE", "The gas on top, which must hold nitrogen; air if not given", &given->top},
+      {"--temperature", "C", "Degrees Celsius at which the gauge is read; 20 if not given", &given->temperature},
+      {"--warm", "C", "Degrees Celsius of the cylinder while it is filled", &given->warm},
+      {"--steps", "STEPS", "A fill as it was done, from --have: \"he@67 o2@86 air@220\"", &given->steps},
+      {"--imperial", "", "Pressures are in psi", &given->imperial},
+  };
+  command.AddJson("Print the figures as JSON");
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

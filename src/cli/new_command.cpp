@@ -1,11 +1,9 @@
-#include <ostream>
-
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "cli/plan_output.h"
+#include "cli/computed_dive.h"
+#include "cli/option_values.h"
 #include "model/template_faults.h"
 #include "persist/cylinder_line.h"
-#include "start/user_texts.h"
+#include "persist/profile_file.h"
+#include "persist/text_file.h"
 
 namespace tav {
 namespace {
@@ -13,10 +11,37 @@ namespace {
 // Texts by number.
 constexpr int kMustBe = 7959;
 constexpr int kNewPlan = 7988;
+constexpr int kCylinder = 7991;
+constexpr int kNoLegs = 7855;
 
-constexpr int kCylinder = 7991;  // text by number
+constexpr const char* kDetails =
+    "Makes a plan from legs on the settings of a template, computes its ascent and prints it as plan does; with -o it "
+    "is "
+    "saved as a profile file as well. Times are the minutes of a leg, the move to its depth included.\n"
+    "A gas that is not in the template is made from its name: EAN36, Tx15/60, H85, in any case of letters.\n"
+    "A cylinder is GAS:COUNT/LITRES/FILL/RESERVE with pressures in bar, or GAS:COUNT/CUBIC FEET/RATED "
+    "PRESSURE/FILL/RESERVE with pressures in psi.\n"
+    "A template is read over the program's own values; what it does not tell is named on standard error.";
 
-void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveTemplate, frmWaypointEditor& window) {
+constexpr const char* kExamples = R"(
+  tavplan new --depth 30 --time 25
+  tavplan new --depth 60 --time 25 --gas Tx18/45 -o wreck.tav
+  tavplan new --leg 40:15 --leg 25:20@EAN32 --leg 12:10
+  tavplan new --depth 130 --time 30 --template Imperial
+  tavplan new --depth 30 --time 25 --cylinder Air:2/12/200/50 --cylinder EAN50:1/7/200/20
+)";
+
+struct Given {
+  std::string depth, time;
+  std::vector<std::string> legs;  ///< DEPTH:TIME or DEPTH:TIME@GAS
+  std::string gas;
+  std::string templateName;
+  std::vector<std::string> cylinders;
+  std::string output;
+  bool why = false;
+};
+
+void AddLeg(const std::string& text, const std::string& gas, DiveRecord& plan) {
   const std::size_t at = text.find('@');
   const std::string place = text.substr(0, at);
   const std::string gasOfLeg = at == std::string::npos ? gas : text.substr(at + 1);
@@ -24,10 +49,10 @@ void AddLeg(const std::string& text, const std::string& gas, DiveTemplate& diveT
   if (colon == std::string::npos) throw OptionError({kMustBe, {"--leg", text, "DEPTH:TIME, DEPTH:TIME@GAS"}});
   const Single depth = NumberOf(place.substr(0, colon), "--depth");
   const Single time = NumberOf(place.substr(colon + 1), "--time");
-  const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, diveTemplate);
-  const Message fault = LegFault(time, depth, mix, diveTemplate);
+  const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, plan.Template);
+  const Message fault = LegFault(time, depth, mix, plan.Template);
   if (!fault.IsEmpty()) throw OptionError(fault);
-  window.SaveUserEnteredWaypoints(time, depth, mix, false);
+  plan.UserActions.AddLeg(time, depth, mix);
 }
 
 void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
@@ -37,36 +62,66 @@ void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
   MixNumber(cylinder.Gas, diveTemplate);
 }
 
+void Run(const Given& given, CommandFrame& frame) {
+  if (given.legs.empty() && given.depth.empty()) throw OptionError(kNoLegs);
+  DiveRecord record;
+  record.Template = frame.Settings(given.templateName);
+  if (!given.depth.empty()) AddLeg(given.depth + ":" + given.time, given.gas, record);
+  for (const std::string& leg : given.legs) AddLeg(leg, given.gas, record);
+  if (!given.cylinders.empty()) record.Template.Cylinders.clear();
+  for (const std::string& cylinder : given.cylinders) AddCylinder(cylinder, record.Template);
+  record.UserActions.AddAscent();
+
+  const OutputForm form = frame.Common().Form();
+  // What programs read is English in every language; CSV has no words of a dive, they go to the user.
+  const TextSource& titleTexts = form == OutputForm::Text ? frame.Texts() : frame.DataTexts();
+  const TextSource& words = form == OutputForm::Json ? frame.DataTexts() : frame.Texts();
+  std::vector<ComputedDive> dives;
+  const std::string title = given.output.empty() ? titleTexts.GetResString(kNewPlan) : given.output;
+  const OpenedPlan& plan = frame.Compute(title, {record});
+  Gather(frame, plan, words, dives);
+  if (!given.output.empty()) {
+    frame.Save(given.output, [&] { return WriteTextFile(given.output, WriteDiveRecord(record.Template, record.SurfaceInterval, record.UserActions)); });
+  }
+  Print(frame, dives, given.why, words);
+}
+
 }  // namespace
 
-int NewCommand(const NewPlanOptions& plan, const OutputOptions& options, const ProgramFolders& folders,
-               std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  // What programs read is English in every language.
-  const LazyTexts words(folders.ProgramFolder(),
-                        options.form == OutputForm::Slate ? LazyTexts::Language::User : LazyTexts::Language::Default);
-  PlanSession session(texts);
-  std::string title = plan.output.empty() ? words.GetResString(kNewPlan) : plan.output;
-  try {
-    ApplyOptions(options, session);
-    StartSettings(session.Documents(), plan.templateName, folders, texts, err);
-    const std::int16_t number = session.Forms().LoadNewDoc();
-    frmWaypointEditor& window = session.Forms()(number);
-    for (const std::string& leg : plan.legs) AddLeg(leg, plan.gas, session.Documents()(number).Template, window);
-    DiveTemplate& settings = session.Documents()(number).Template;
-    if (!plan.cylinders.empty()) settings.Cylinders.clear();
-    for (const std::string& cylinder : plan.cylinders) AddCylinder(cylinder, settings);
-    window.SaveUserEnteredWaypoints(-1, -1, window.UserActions.getmixnumber(window.UserActions.GetLength()), true);
-    window.ReEvaluateUserEnteredWaypoints();
-    std::vector<ComputedDive> dives;
-    // CSV has no words of a dive, they go to the user.
-    const TextSource& told = options.form == OutputForm::Csv ? texts : words;
-    if (!Gather(session, title, {number}, options, told, dives, err)) return ExitStatus::kUnusableInput;
-    if (!plan.output.empty()) TellNotes(plan.output, SaveProfile(session.Forms(), number, plan.output), texts, err);
-    return Print(dives, options, told, out, err);
-  } catch (const std::exception& error) {
-    return Refused(error, "new", texts, err);
-  }
+Command NewCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"new", "Make a plan with its ascent and print it", kDetails, kExamples};
+  command.options = {
+      {.name = "--depth",
+       .value = "DEPTH",
+       .text = "Depth of a square dive, in the units of the template",
+       .place = &given->depth,
+       .needs = "--time"},
+      {.name = "--time",
+       .value = "MINUTES",
+       .text = "Minutes from leaving the surface to leaving that depth",
+       .place = &given->time,
+       .needs = "--depth"},
+      {.name = "--leg",
+       .value = "DEPTH:TIME[@GAS]",
+       .text = "A leg of a multi-level dive, in place of --depth; may be given several times",
+       .place = &given->legs,
+       .excludes = {"--depth"}},
+      {"--gas", "NAME", "Gas of the legs that name none; Air if not given", &given->gas},
+      TemplateOption(given->templateName),
+      {"--cylinder", "GAS:COUNT/SIZE/FILL/RESERVE",
+       "Cylinders of a gas, in place of those of the template; may be given several times", &given->cylinders},
+      {.name = "--output",
+       .value = "FILE",
+       .text = "Profile file to write, over an older one",
+       .place = &given->output,
+       .role = Option::Role::FileToWrite,
+       .offers = "tav",
+       .shortName = "-o"},
+  };
+  command.AddRows(given->why);
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "cli/long_work.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -19,7 +20,6 @@ namespace {
 // Texts by number.
 constexpr int kNotDrawn = 7992;
 constexpr int kNotStarted = 7993;
-constexpr int kNoName = 7994;
 
 /// The desktop program: beside this one, else on the search path.
 std::string DesktopProgram() {
@@ -101,12 +101,12 @@ std::string PageOutput::Machine::Logo() const {
   }
 }
 
-PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
+PageOutput::PageOutput(CommandFrame& frame, fs::path out)
     : out_(std::move(out)),
-      texts_(folders.ProgramFolder(), LazyTexts::Language::User),
-      machine_(folders.ProgramFolder() / "logo.svg"),
+      texts_(frame.Texts()),
+      machine_(frame.Folders().ProgramFolder() / "logo.svg"),
       pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
-  if (out_.empty()) throw MessageError("--pdf", kNoName);
+  frame.RefuseInput(out_);
 }
 
 void PageOutput::WritePdf(const std::string& title) const {
@@ -119,6 +119,7 @@ void PageOutput::WritePdf(const std::string& title) const {
   if (ended.status == -1 || ended.status == kNotFound) {
     throw FileError(out_, 0, kNotStarted);
   }
+  if (ended.status == ExitStatus::kInterrupted) throw Interrupted();  // Ctrl+C reaches both programs
   if (ended.status == 0) return;
   const std::string reason = ReasonIn(ended.errors);
   if (reason.empty()) throw FileError(out_, 0, kNotDrawn);

@@ -3,10 +3,9 @@
 #include <filesystem>
 #include <string>
 
+#include "cli/command_frame.h"
 #include "pages/arial_measure.h"
 #include "pages/print_preview.h"
-#include "start/program_folders.h"
-#include "start/user_texts.h"
 
 namespace tav {
 
@@ -14,8 +13,8 @@ namespace tav {
 /// for that. So tavplan itself starts without a window system.
 class PageOutput {
  public:
-  /// `out` is the PDF to be written. Throws FileError when the texts of the reports can't be read.
-  PageOutput(const ProgramFolders& folders, std::filesystem::path out);
+  /// `out` is the PDF to be written. Throws FileError where it is a file that the command reads.
+  PageOutput(CommandFrame& frame, std::filesystem::path out);
 
   [[nodiscard]] PrintPreview& Pages() { return pages_; }
   /// Draws what has been written. Throws std::runtime_error, whose text is one line that names the file.
@@ -42,7 +41,7 @@ class PageOutput {
   };
 
   std::filesystem::path out_;
-  LazyTexts texts_;
+  const TextSource& texts_;
   KeptBoxes boxes_;
   ArialMeasure measure_;
   Machine machine_;

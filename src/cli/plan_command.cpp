@@ -1,37 +1,55 @@
-#include <ostream>
-
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "cli/plan_output.h"
-#include "start/user_texts.h"
+#include "cli/computed_dive.h"
 
 namespace tav {
-int PlanCommand(const std::vector<std::string>& files, const OutputOptions& options, const ProgramFolders& folders,
-                std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
+namespace {
+
+constexpr const char* kDetails =
+    "Prints the slate of each dive of profile files: settings, legs and stops with run time, gas and PPO2, and the "
+    "totals. The dives of a series follow one another on their surface intervals.\n"
+    "--json always tells why each stop lasts. Where the plan tells its cylinders, the gas supply is printed after the "
+    "totals, and --json has it as \"gas_supply\", which is null otherwise. The minimum gas at the end of a leg is team "
+    "x "
+    "stress x RMV x (minutes at depth + the way up from there on open circuit until the next gas or the surface), in "
+    "volumes of an ideal gas at surface pressure; the turn pressure is start - (start - the larger of minimum gas and "
+    "reserve) x share, with a share of 1, 1/2 or 1/3.";
+
+constexpr const char* kExamples = R"(
+  tavplan plan dives/wreck.tav               the slate of each dive
+  tavplan plan --json a.tav b.tav            every row of both files, for a script
+  tavplan plan --csv a.tav > rows.csv        the same for a spreadsheet
+  tavplan plan --hybrid a.tav                with the deeper of both ceilings
+  tavplan plan --why a.tav                   what each stop waits for
+  tavplan plan --team 3 --turn thirds a.tav  the gas supply, where the plan tells its cylinders
+)";
+
+struct Given {
+  std::vector<std::string> files;
+  bool why = false;
+};
+
+void Run(const Given& given, CommandFrame& frame) {
   // What programs read is English in every language; CSV has no words of a dive, they go to the user.
-  const LazyTexts words(folders.ProgramFolder(),
-                        options.form == OutputForm::Json ? LazyTexts::Language::Default : LazyTexts::Language::User);
-  PlanSession session(texts);
+  const TextSource& words = frame.Common().json ? frame.DataTexts() : frame.Texts();
   std::vector<ComputedDive> dives;
-  int status = ExitStatus::kFine;
-  try {
-    ApplyOptions(options, session);
-  } catch (const FileError& error) {
-    err << texts.Words(error) << "\n";
-    return ExitStatus::kUnusableInput;
-  }
-  for (const std::string& file : files) {
+  for (const std::string& file : given.files) {
     try {
-      const auto documents = OpenProfile(session.Forms(), file, ReadPlannable(file, texts, err));
-      if (!Gather(session, file, documents, options, words, dives, err)) status = ExitStatus::kUnusableInput;
+      Gather(frame, frame.OpenPlan(file), words, dives);
     } catch (const std::exception& error) {
-      err << texts.Words(error) << "\n";
-      status = ExitStatus::kUnusableInput;
+      frame.Tell(error);  // the other files are printed
     }
   }
-  if (dives.empty()) return status;
-  return std::max(status, Print(dives, options, words, out, err));
+  if (!dives.empty()) Print(frame, dives, given.why, words);
+}
+
+}  // namespace
+
+Command PlanCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"plan", "Print the schedule of each dive of profile files", kDetails, kExamples};
+  command.options = {{"FILE", "", "Profile files (.tav)", &given->files, true, Option::Role::FileToRead, "tav"}};
+  command.AddRows(given->why);
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

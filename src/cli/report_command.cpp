@@ -1,46 +1,69 @@
-#include <algorithm>
-#include <filesystem>
-#include <ostream>
-#include <stdexcept>
-
-#include "cli/commands.h"
+#include "cli/command_frame.h"
+#include "cli/long_work.h"
 #include "cli/page_output.h"
-#include "cli/plan_input.h"
-#include "cli/plan_session.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
-#include "start/user_texts.h"
 
 namespace tav {
+namespace {
 
-int ReportCommand(const ReportOptions& report, const OutputOptions& options, const ProgramFolders& folders,
-                  std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  try {
-    PlanSession session(texts);
-    session.Model() = options.Model();
-    const auto documents = OpenProfile(session.Forms(), report.file, ReadPlannable(report.file, texts, err));
-    const auto chosen = ChosenDives(report.dive, documents);
-    bool decompress = true;
-    for (const std::int16_t document : chosen) {
-      const std::string fault = session.Forms()(document).EvaluationFault();
-      if (!fault.empty()) throw FileError(report.file, 0, fault);
-      decompress = decompress && session.Documents()(document).Decompresses;
-    }
-    PageOutput output(folders, report.pdf);
-    const auto dives = session.Forms().Series(chosen.front(), chosen.size() > 1);
-    if (report.slate) {
-      Slate slate(output.Pages(), session.Model());
-      WriteSlates({slate, output.Pages().Texts(), {".", ""}, options.supply}, dives);
-    } else {
-      GeneralReport pages(output.Pages(), session.Model(), nullptr);
-      WriteLongReport(pages, dives, ReportedSupply{options.supply, {".", ""}});
-    }
-    output.WritePdf(std::filesystem::path(report.file).stem().string());
-    return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const std::exception& error) {
-    return Refused(error, "report", texts, err);
+constexpr const char* kDetails =
+    "Writes the long report of a profile file, all dives or one, as a PDF. The PDF is drawn by tav, the desktop "
+    "program, "
+    "which needs no display for it.\n"
+    "With --slate it holds cards to dive by, of the size A6 and four to a page: depth, minutes, run time and gas in "
+    "large type, each gas change as a row in white on black.";
+
+constexpr const char* kExamples = R"(
+  tavplan report dives/trimix-100.tav --pdf plan.pdf
+  tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
+  tavplan report dives/wreck.tav --slate --pdf slate.pdf
+)";
+
+struct Given {
+  std::string file;
+  std::string pdf;
+  std::string dive;
+  bool slate = false;
+};
+
+void Run(const Given& given, CommandFrame& frame) {
+  OpenedPlan& plan = frame.OpenPlan(given.file);
+  std::vector<SeriesDive> dives;
+  for (const std::size_t dive : CommandFrame::Dives(given.dive, plan)) {
+    frame.CheckComputed(plan, dive);
+    dives.push_back(plan.InSeries(dive));
   }
+  const SupplyChoice& supply = frame.Common().supply;
+  PageOutput output(frame, given.pdf);
+  if (given.slate) {
+    Slate slate(output.Pages(), frame.Model());
+    WriteSlates({slate, output.Pages().Texts(), {".", ""}, supply}, dives);
+  } else {
+    LongWork work(frame);
+    GeneralReport pages(output.Pages(), frame.Model(),
+                        [&](const std::string&) { work.Step(output.Pages().Pages().Pages()); });
+    WriteLongReport(pages, dives, ReportedSupply{supply, {".", ""}});
+  }
+  output.WritePdf(std::filesystem::path(given.file).stem().string());
+}
+
+}  // namespace
+
+Command ReportCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"report", "Write the long report or the slates of a profile file as a PDF", kDetails, kExamples};
+  command.options = {
+      PlanFile(given->file),
+      PdfOption(given->pdf, "The file to write"),
+      DiveOption(given->dive, "all"),
+      {"--slate", "", "Write the slates to dive by: cards of the size A6, four to a page", &given->slate},
+  };
+  command.options[1].required = true;
+  command.AddModel();
+  command.AddSupply();
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

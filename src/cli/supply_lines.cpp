@@ -32,7 +32,7 @@ std::string Line(const std::vector<GridCell>& row, const std::vector<std::size_t
 }  // namespace
 
 std::string SupplyLines(const ComputedDive& dive, const TextSource& texts) {
-  const DiveTemplate& settings = dive.document->Template;
+  const DiveTemplate& settings = dive.dive.record.Template;
   const SupplyTables tables = TablesOf(dive.supply, settings.RMV, AdviceWords(texts, {".", ""}, settings.Metric));
   if (tables.gases.empty()) return {};
   constexpr std::size_t kTextColumns = 2;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cli/command_frame.h"
+#include "cli/row_columns.h"
 #include "cli/terminal_text.h"
 #include "figures/loop_state.h"
 #include "figures/model_name.h"
@@ -20,41 +22,33 @@ constexpr std::size_t kMixWidth = 7;
 constexpr std::size_t kDepthWidth = 7;
 constexpr std::size_t kCellWidth = 6;
 
-Json RemarksJson(const std::vector<StopRemark>& remarks) {
-  Json list = Json::array();
-  for (const StopRemark& remark : remarks) list.push_back({remark.head, remark.depth, remark.what});
-  return list;
+void WriteRemarks(JsonWriter& json, const char* name, const std::vector<StopRemark>& remarks) {
+  json.List(name, [&] {
+    for (const StopRemark& remark : remarks) {
+      json.List([&] {
+        for (const std::string& text : {remark.head, remark.depth, remark.what}) json.Value(text);
+      });
+    }
+  });
 }
 
-Json WarningsJson(const std::vector<TableWarning>& warnings) {
-  Json list = Json::array();
-  for (const auto& [dive, head, warning] : warnings) {
-    Json entry{{"head", head}};
-    entry.update(WarningJson(warning));
-    list.push_back(std::move(entry));
-  }
-  return list;
+void WriteTexts(JsonWriter& json, const std::vector<std::string>& texts) {
+  for (const std::string& text : texts) json.Value(text);
 }
 
-Json CellsJson(const TableCells& cells) {
-  Json rows = Json::array();
-  for (const auto& row : cells) {
-    Json texts{row[TableColumn::kMix], row[TableColumn::kDepth]};
-    for (std::size_t column = TableColumn::kFirstDive; column < row.size(); ++column) texts.push_back(row[column]);
-    rows.push_back(std::move(texts));
-  }
-  return rows;
+/// Without the column that is never drawn.
+void WriteCells(JsonWriter& json, const TableCells& cells) {
+  json.List("cells", [&] {
+    for (const auto& row : cells) {
+      json.List([&] {
+        WriteTexts(json, {row[TableColumn::kMix], row[TableColumn::kDepth]});
+        WriteTexts(json, {row.begin() + TableColumn::kFirstDive, row.end()});
+      });
+    }
+  });
 }
 
 }  // namespace
-
-void TableOutput::Begin(const Json& head, const std::string& listName, const std::string& heading) {
-  if (form_ == Form::Text) out_ << heading;
-  if (form_ != Form::Data) return;
-  std::string text = Written(head);
-  text.pop_back();  // its closing brace
-  out_ << text << ",\"" << listName << "\":[";
-}
 
 std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
                              const TextSource& texts) {
@@ -80,49 +74,85 @@ std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& mo
   return line + ", " + texts.Filled(kDepthsIn, {texts.GetResString(settings.Metric ? kMetres : kFeet)}) + "\n";
 }
 
-void TableOutput::End() {
-  if (form_ == Form::Data) out_ << "]}\n";
+TableOutput::TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption)
+    : frame_(frame), texts_(frame.Texts()), data_(frame.Common().json), json_(frame.Out()), work_(frame) {
+  if (pdf.empty()) return;
+  paper_.emplace(frame, pdf, caption);
 }
 
-void TableOutput::Print(const TableDives& dives, const Json& members, const std::string& title) {
-  for (const TableDive& dive : dives.dives) decompresses_ = decompresses_ && dive.decompresses;
-  if (form_ == Form::Nothing) return;
-  const SmallTable table = MakeSmallTable(dives, form_ == Form::Data ? "Depth" : texts_.GetResString(kDepth));
-  if (form_ == Form::Data) {
+void TableOutput::Write(const Head& head, const std::function<void()>& tables) {
+  if (data_) {
+    json_.Object([&] {
+      head.members(json_);
+      json_.List(head.listName, tables);
+    });
+    frame_.Out() << "\n";
+  } else {
+    if (!paper_) frame_.Out() << head.heading;
+    tables();
+  }
+  if (paper_) paper_->Write(head.title);
+}
+
+RunProgress TableOutput::Progress() {
+  return [this](int done, int of) {
+    work_.Step(done, of);
+    return true;
+  };
+}
+
+void TableOutput::Print(const TableDives& dives, const std::function<void(JsonWriter&)>& members,
+                        const std::string& title) {
+  for (const TableDive& dive : dives.dives) frame_.MarkDecompression(dive.decompresses);
+  if (paper_) paper_->print.PrintTableSet(dives);
+  if (paper_ && !data_) return;
+  const SmallTable table = MakeSmallTable(dives, data_ ? "Depth" : texts_.GetResString(kDepth));
+  if (data_) {
     PrintJson(dives, table, members);
   } else {
     PrintText(dives, table, title);
   }
-  first_ = false;
 }
 
-void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table, const Json& members) {
+void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table,
+                            const std::function<void(JsonWriter&)>& members) {
   const TablePlace place = slots_.PlaceTable(table.Width(), table.Height());
-  Json json = members;
-  Json& list = json[dives.bailout ? "cuts" : "dives"] = Json::array();
-  for (std::size_t i = 1; i < dives.dives.size(); ++i) {
-    const TableDive& dive = dives.dives[i];
-    Json entry;
-    if (dives.bailout) {
-      entry = {{"run_time", Digits(dive.head)}, {"depth", Digits(dive.depth)}};
-    } else {
-      entry = {{"time", Digits(dive.head)}};
-    }
-    entry["decompresses"] = dive.decompresses;
-    entry["rows"] = RowsJson(dive.profile);
-    list.push_back(std::move(entry));
-  }
-  json["cells"] = CellsJson(table.cells);
-  json["totals"] = table.totals;
-  json["left_out"] = RemarksJson(table.left_out);
-  json["other_gas"] = RemarksJson(table.other_gas);
-  json["warnings"] = WarningsJson(table.warnings);
-  json["place"] = {{"page", place.page}, {"x", Digits(place.x)}, {"y", Digits(place.y)}};
-  out_ << (first_ ? "" : ",") << Written(json);
+  json_.Object([&] {
+    members(json_);
+    json_.List(dives.bailout ? "cuts" : "dives", [&] {
+      for (std::size_t i = 1; i < dives.dives.size(); ++i) {
+        const TableDive& dive = dives.dives[i];
+        json_.Object([&] {
+          json_.Member(dives.bailout ? "run_time" : "time", dive.head);
+          if (dives.bailout) json_.Member("depth", dive.depth);
+          json_.Member("decompresses", dive.decompresses);
+          WriteRows(json_, dive.profile);
+        });
+      }
+    });
+    WriteCells(json_, table.cells);
+    json_.List("totals", [&] { WriteTexts(json_, table.totals); });
+    WriteRemarks(json_, "left_out", table.left_out);
+    WriteRemarks(json_, "other_gas", table.other_gas);
+    json_.List("warnings", [&] {
+      for (const TableWarning& warning : table.warnings) {
+        json_.Object([&] {
+          json_.Member("head", warning.head);
+          WriteWarning(json_, warning.warning);
+        });
+      }
+    });
+    json_.Object("place", [&] {
+      json_.Member("page", place.page);
+      json_.Member("x", place.x);
+      json_.Member("y", place.y);
+    });
+  });
 }
 
 void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, const std::string& title) {
-  out_ << "\n" << title << "\n";
+  std::ostream& out = frame_.Out();
+  out << "\n" << title << "\n";
   const std::size_t columns = table.totals.size();
   const std::size_t depthWidth = std::max(kDepthWidth, CharacterCount(table.cells.front()[TableColumn::kDepth]));
   const std::size_t headWidth = 2 + kMixWidth + depthWidth;
@@ -133,9 +163,9 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
     const auto line = [&](const std::string& head, const auto& textOf) {
       std::string text = head;
       for (std::size_t column = from; column < to; ++column) text += Right(textOf(column), kCellWidth);
-      out_ << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
+      out << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
     };
-    if (from > 0) out_ << "\n";
+    if (from > 0) out << "\n";
     for (std::size_t i = 0; i < table.cells.size(); ++i) {
       const auto& row = table.cells[i];
       line("  " + Left(row[TableColumn::kMix], kMixWidth) + Right(table.depths[i], depthWidth),
@@ -146,7 +176,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
     from = to;
   } while (from < columns);
   const RemarkWords words = RemarkWordsOf(texts_, dives.diveTemplate.Metric);
-  for (const std::string& remark : TableRemarks(table, words, false)) out_ << Wrapped("  ! " + remark, 4);
+  for (const std::string& remark : TableRemarks(table, words, false)) out << Wrapped("  ! " + remark, 4);
 }
 
 }  // namespace tav

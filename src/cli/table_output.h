@@ -1,12 +1,14 @@
 #pragma once
 
-#include <iosfwd>
+#include <functional>
+#include <optional>
 #include <string>
 
-#include "cli/row_json.h"
-#include "compute/table_dives.h"
-#include "platform/text_source.h"
+#include "cli/json_writer.h"
+#include "cli/long_work.h"
+#include "cli/page_output.h"
 #include "tables/small_tables.h"
+#include "tables/table_print.h"
 #include "tables/table_slots.h"
 
 namespace tav {
@@ -15,32 +17,53 @@ namespace tav {
 std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
                              const TextSource& texts);
 
-/// Prints small tables one after the other, as JSON or in words for a terminal, so that a large set is never held in
-/// memory as a whole.
+/// Prints small tables one after the other, as JSON, in words for a terminal or on paper, so that a large set is never
+/// held in memory as a whole.
 class TableOutput {
  public:
-  enum class Form { Text, Data, Nothing };
+  /// `pdf` is the file for paper, in place of words; empty for none. `caption` names the plan of a bail-out there.
+  TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption);
 
-  TableOutput(std::ostream& out, const TextSource& texts, Form form) : out_(out), texts_(texts), form_(form) {}
+  /// What the output begins with.
+  struct Head {
+    std::function<void(JsonWriter&)> members;  ///< of the JSON, ahead of the list of tables
+    const char* listName;
+    std::string heading;  ///< in words
+    std::string title;    ///< of the PDF
+  };
+  /// The whole output: `tables` calls Print for each of them.
+  void Write(const Head& head, const std::function<void()>& tables);
+  /// One table. `members` writes those ahead of its dives.
+  void Print(const TableDives& dives, const std::function<void(JsonWriter&)>& members, const std::string& title);
 
-  /// Opens the output: the members of the JSON ahead of the list of that name, or a heading.
-  void Begin(const Json& head, const std::string& listName, const std::string& heading);
-  /// One table. `members` are those ahead of its dives.
-  void Print(const TableDives& dives, const Json& members, const std::string& title);
-  void End();
-
-  /// A dive of the tables so far does not decompress.
-  [[nodiscard]] bool Decompresses() const { return decompresses_; }
+  /// Shows on the terminal how far the run is, and ends it by Ctrl+C.
+  [[nodiscard]] RunProgress Progress();
 
  private:
-  void PrintJson(const TableDives& dives, const SmallTable& table, const Json& members);
+  void PrintJson(const TableDives& dives, const SmallTable& table, const std::function<void(JsonWriter&)>& members);
   void PrintText(const TableDives& dives, const SmallTable& table, const std::string& title);
 
-  std::ostream& out_;
+  /// Tables on paper: their pages, and the PDF that is drawn of them at the end.
+  struct Paper {
+    Paper(CommandFrame& frame, const std::string& file, const std::string& caption)
+        : output(frame, file), print(output.Pages(), caption) {
+      print.StartTableOutput();
+    }
+    void Write(const std::string& title) {
+      print.EndTableOutput();
+      output.WritePdf(title);
+    }
+
+    PageOutput output;
+    TablePrintModule print;
+  };
+
+  CommandFrame& frame_;
   const TextSource& texts_;
-  Form form_;
-  bool first_ = true;
-  bool decompresses_ = true;
+  bool data_;
+  JsonWriter json_;
+  std::optional<Paper> paper_;
+  LongWork work_;
   TableSlots slots_;
 };
 

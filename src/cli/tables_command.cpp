@@ -1,16 +1,12 @@
-#include <optional>
 #include <ostream>
 #include <sstream>
 
-#include "cli/commands.h"
-#include "cli/plan_input.h"
-#include "cli/plan_output.h"
+#include "cli/command_frame.h"
+#include "cli/option_values.h"
 #include "cli/table_output.h"
-#include "cli/table_pdf.h"
 #include "compute/square_dives.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
@@ -25,12 +21,32 @@ constexpr int kNotWhole = 7849;
 
 constexpr double kLargestStep = 1000;  // a step beyond it is one of a single dive
 
+constexpr const char* kDetails =
+    "Prints deco tables: for each depth one table of square dives, a column for each bottom time, on the settings of a "
+    "template; all in all at most 10,000 dives. Without --descent-counts the diver is on the bottom at once and stays "
+    "for "
+    "the whole time. Tables are read as those of bailout.";
+
+constexpr const char* kExamples = R"(
+  tavplan tables --gas Air --depths 9:54:3 --times 5:45:5
+  tavplan tables --gas EAN32 --depths 60:130:10 --times 10:60:10 --template Imperial
+)";
+
+struct Given {
+  std::string templateName;
+  std::string gas;
+  std::string depths;
+  std::string times;
+  std::string pdf;
+  bool descentCounts = false;
+};
+
 struct Axis {
   Single from, to, step;
 };
 
-/// "FROM:TO:STEP" in whole numbers; what has decimals is rounded, and `err` told.
-Axis AxisOf(const std::string& text, const std::string& option, const TextSource& texts, std::ostream& err) {
+/// "FROM:TO:STEP" in whole numbers; what has decimals is rounded, and `told`.
+Axis AxisOf(const std::string& text, const std::string& option, const TextSource& texts, std::ostream& told) {
   const std::size_t first = text.find(':');
   const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
   if (second == std::string::npos) throw OptionError({kMustBe, {option, text, "FROM:TO:STEP"}});
@@ -38,7 +54,7 @@ Axis AxisOf(const std::string& text, const std::string& option, const TextSource
     const Single value = NumberOf(text.substr(from, to - from), option);
     const Single whole = RoundSingle(value, 0);
     if (whole != value) {
-      err << "tavplan tables: " << texts.Filled(kRounded, {option, FormatPlain(value), FormatPlain(whole)}) << "\n";
+      told << "tavplan tables: " << texts.Filled(kRounded, {option, FormatPlain(value), FormatPlain(whole)}) << "\n";
     }
     return whole;
   };
@@ -48,50 +64,52 @@ Axis AxisOf(const std::string& text, const std::string& option, const TextSource
   return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
 }
 
+void Run(const Given& given, CommandFrame& frame) {
+  const TextSource& texts = frame.Texts();
+  DiveTemplate settings = frame.Settings(given.templateName);
+  const std::int16_t mix = MixNumber(given.gas, settings);
+  std::ostringstream rounded;
+  const Axis depths = AxisOf(given.depths, "--depths", texts, rounded);
+  const Axis times = AxisOf(given.times, "--times", texts, rounded);
+  const TableAxes axes{depths.from, depths.to, depths.step, times.from, times.to, times.step};
+  const AxesFault axesFault = FindAxesFault(axes);
+  if (axesFault != AxesFault::None) throw OptionError(TextOf(axesFault));
+  SquareDives dives(settings, frame.Model(), {mix, !given.descentCounts, axes}, frame.Observer());
+  if (!dives.Fault().IsEmpty()) throw OptionError(dives.Fault());
+  frame.Err() << rounded.str();
+
+  const std::string title = texts.Filled(kHeading, {given.gas});
+  const std::string heading = title + "\n" +
+                              texts.GetResString(given.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n" +
+                              SettingsOfTables(settings, frame.Model(), false, texts);
+  TableOutput output(frame, given.pdf, "");
+  output.Write({[&](JsonWriter& json) { json.Member("gas", given.gas); }, "tables", heading, title}, [&] {
+    while (const auto table = dives.Next(output.Progress())) {
+      const Single depth = table->dives.back().depth;
+      output.Print(
+          *table, [&](JsonWriter& json) { json.Member("depth", depth); },
+          FormatPlain(depth) + (settings.Metric ? " m" : " ft"));
+    }
+  });
+}
+
 }  // namespace
 
-int TablesCommand(const TablesOptions& tables, const OutputOptions& options, const ProgramFolders& folders,
-                  std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  PlanSession session(texts);
-  try {
-    ApplyOptions(options, session);
-    StartSettings(session.Documents(), tables.templateName, folders, texts, err);
-    DiveTemplate& settings = session.Documents()(DocumentStore::DefaultDocument).Template;
-    const std::int16_t mix = MixNumber(tables.gas, settings);
-    std::ostringstream rounded;
-    const Axis depths = AxisOf(tables.depths, "--depths", texts, rounded);
-    const Axis times = AxisOf(tables.times, "--times", texts, rounded);
-    const TableAxes axes{depths.from, depths.to, depths.step, times.from, times.to, times.step};
-    const AxesFault axesFault = FindAxesFault(axes);
-    if (axesFault != AxesFault::None) throw OptionError(TextOf(axesFault));
-
-    SquareDives dives(settings, session.Model(), {mix, !tables.descentCounts, axes}, session.Trace());
-    if (!dives.Fault().IsEmpty()) throw OptionError(dives.Fault());
-    err << rounded.str();
-    const std::string unit = settings.Metric ? " m" : " ft";
-    std::optional<TablePdf> pdf;
-    if (!tables.pdf.empty()) pdf.emplace(folders, tables.pdf, "");
-    const bool json = options.form == OutputForm::Json;
-    TableOutput output(out, texts,
-                       json  ? TableOutput::Form::Data
-                       : pdf ? TableOutput::Form::Nothing
-                             : TableOutput::Form::Text);
-    output.Begin({{"gas", tables.gas}}, "tables",
-                 texts.Filled(kHeading, {tables.gas}) + "\n" +
-                     texts.GetResString(tables.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n" +
-                     SettingsOfTables(settings, session.Model(), false, texts));
-    while (const auto table = dives.Next([](int, int) { return true; })) {
-      if (pdf) pdf->Print(*table);
-      const Single depth = table->dives.back().depth;
-      output.Print(*table, {{"depth", Digits(depth)}}, FormatPlain(depth) + unit);
-    }
-    output.End();
-    if (pdf) pdf->Write(texts.Filled(kHeading, {tables.gas}));
-    return output.Decompresses() ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const std::exception& error) {
-    return Refused(error, "tables", texts, err);
-  }
+Command TablesCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"tables", "Print deco tables for depths and bottom times on one gas", kDetails, kExamples};
+  command.options = {
+      TemplateOption(given->templateName),
+      {"--gas", "NAME", "Gas of the dives, of the template or made from its name", &given->gas, true},
+      {"--depths", "FROM:TO:STEP", "Depths in the units of the template, whole numbers", &given->depths, true},
+      {"--times", "FROM:TO:STEP", "Bottom times in whole minutes", &given->times, true},
+      {"--descent-counts", "", "Bottom times count from leaving the surface", &given->descentCounts},
+      PdfOption(given->pdf, "Write the tables, with cut marks, to this file, and no text"),
+  };
+  command.AddJson("Print the tables, and every row of every dive, as JSON");
+  command.AddModel();
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

@@ -1,21 +1,46 @@
 #include <filesystem>
-#include <optional>
 #include <ostream>
 
-#include "cli/commands.h"
+#include "cli/command_frame.h"
+#include "cli/option_values.h"
 #include "cli/page_output.h"
-#include "cli/plan_input.h"
-#include "cli/plan_output.h"
-#include "cli/row_json.h"
+#include "cli/row_columns.h"
 #include "cli/terminal_text.h"
 #include "reports/plan_slate.h"
 #include "reports/what_if_table.h"
-#include "start/user_texts.h"
 
 namespace tav {
 namespace {
 
 constexpr int kWithAscent = 7723;
+
+constexpr const char* kDetails =
+    "Prints a plan beside what may become of it, in columns: planned; longer and deeper, which change the deepest leg, "
+    "of "
+    "equals the last; both; \"lost GAS\", one for each gas of the change list; and for a rebreather the bail-out on "
+    "open "
+    "circuit at its worst moment: of all whole minutes the one that asks for the most gas in relation to what the "
+    "cylinders of the plan hold, or takes longest where the plan tells no cylinders. A plan without an ascent gets "
+    "one.\n"
+    "In --json each column has its name, run time, rows and gases, these with what is \"used\", what is \"carried\" "
+    "and "
+    "whether that is \"enough\", null where the plan tells no cylinders. --team, --stress, --sort-out and --turn "
+    "matter for "
+    "the slates.";
+
+constexpr const char* kExamples = R"(
+  tavplan whatif dives/wreck.tav             5 min longer, 3 m (10 ft) deeper, each gas lost
+  tavplan whatif a.tav --longer 10 --deeper 6
+  tavplan whatif a.tav --pdf a.pdf           a slate for each column; tav draws the PDF, without a display
+)";
+
+struct Given {
+  std::string file;
+  std::string dive;
+  std::string longer;
+  std::string deeper;
+  std::string pdf;
+};
 
 /// The number of an option, 0 or more.
 Single Wished(const std::string& text, const char* option, Single usual, double most) {
@@ -31,78 +56,84 @@ void RefuseFaults(const std::vector<WhatIfColumn>& columns, const std::string& f
   }
 }
 
-Json GasJson(const std::vector<GasNeed>& gases) {
-  Json list = Json::array();
-  for (const GasNeed& gas : gases) {
-    const std::optional<bool> enough = gas.Enough();
-    list.push_back({{"mix", gas.mix},
-                    {"used", Digits(gas.used)},
-                    {"carried", gas.carried ? Json(Digits(*gas.carried)) : Json()},
-                    {"enough", enough ? Json(*enough) : Json()}});
-  }
-  return list;
+void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
+  json.Member("name", column.Id());
+  json.Member("run_time", column.rows.GetRunTime(column.rows.GetLength()));
+  json.Member("decompresses", column.decompresses);
+  json.List("warnings", [&] {
+    for (const GasWarning& warning : column.warnings) json.Object([&] { WriteWarning(json, warning); });
+  });
+  WriteRows(json, column.rows);
+  json.List("gas", [&] {
+    for (const GasNeed& gas : column.gas) {
+      json.Object([&] {
+        json.Member("mix", gas.mix);
+        json.Member("used", gas.used);
+        json.Member("carried", gas.carried);
+        json.Member("enough", gas.Enough());
+      });
+    }
+  });
 }
 
-Json WarningsJson(const std::vector<GasWarning>& warnings) {
-  Json list = Json::array();
-  for (const GasWarning& warning : warnings) list.push_back(WarningJson(warning));
-  return list;
+void WriteColumns(const std::vector<WhatIfColumn>& columns, std::ostream& out) {
+  JsonWriter json(out);
+  json.Object([&] {
+    json.List("columns", [&] {
+      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column); });
+    });
+  });
+  out << "\n";
 }
 
-std::string ColumnsJson(const std::vector<WhatIfColumn>& columns) {
-  Json json{{"columns", Json::array()}};
-  for (const WhatIfColumn& column : columns) {
-    json["columns"].push_back({{"name", column.Id()},
-                               {"run_time", Digits(column.rows.GetRunTime(column.rows.GetLength()))},
-                               {"decompresses", column.decompresses},
-                               {"warnings", WarningsJson(column.warnings)},
-                               {"rows", RowsJson(column.rows)},
-                               {"gas", GasJson(column.gas)}});
+void Run(const Given& given, CommandFrame& frame) {
+  const TextSource& texts = frame.Texts();
+  OpenedPlan& opened = frame.OpenPlan(given.file);
+  const std::size_t dive = CommandFrame::OneDive(given.dive, opened);
+  WhatIf plan(opened.Planned(dive), frame.Model());
+  if (!plan.Fault().IsEmpty()) throw FileError(given.file, 0, plan.Fault());
+  const bool metric = plan.Settings().Metric;
+  WhatIfWish wish = WhatIfWish::Usual(metric);
+  wish.minutes = Wished(given.longer, "--longer", wish.minutes, WhatIfWish::kMostMinutes);
+  wish.depth = Wished(given.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
+  std::vector<WhatIfColumn> columns = plan.Columns(wish);
+  RefuseFaults(columns, given.file, texts);
+  if (!columns.back().fault.IsEmpty()) {
+    frame.Tell(given.file, columns.back().Id() + ": " + texts.Words(columns.back().fault));
+    columns.pop_back();
   }
-  return Written(json) + "\n";
+  frame.MarkDecompression(columns.front().decompresses);
+  if (!given.pdf.empty()) {
+    PageOutput pdf(frame, given.pdf);
+    Slate slate(pdf.Pages(), frame.Model());
+    WriteSlates({slate, texts, {".", ""}, frame.Common().supply}, opened.InSeries(dive), columns, wish);
+    pdf.WritePdf(std::filesystem::path(given.file).stem().string());
+  }
+  if (frame.Common().json) return WriteColumns(columns, frame.Out());
+  if (!given.pdf.empty()) return;
+  const AdviceWords words(texts, {".", ""}, metric);
+  frame.Out() << given.file << "\n";
+  if (plan.AddsAscent()) frame.Out() << words.T(kWithAscent) << "\n";
+  frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);
 }
 
 }  // namespace
 
-int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, const ProgramFolders& folders,
-                  std::ostream& out, std::ostream& err) {
-  const LazyTexts texts(folders.ProgramFolder(), LazyTexts::Language::User);
-  PlanSession session(texts);
-  try {
-    ApplyOptions(options, session);
-    const auto documents = OpenProfile(session.Forms(), whatIf.file, ReadPlannable(whatIf.file, texts, err));
-    const std::int16_t document = ChosenDive(whatIf.dive, documents);
-    const SeriesDive dive = session.Forms().Series(document, false).front();
-    WhatIf plan(dive.dive, session.Model());
-    if (!plan.Fault().IsEmpty()) throw FileError(whatIf.file, 0, plan.Fault());
-    const bool metric = plan.Settings().Metric;
-    WhatIfWish wish = WhatIfWish::Usual(metric);
-    wish.minutes = Wished(whatIf.longer, "--longer", wish.minutes, WhatIfWish::kMostMinutes);
-    wish.depth = Wished(whatIf.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
-    std::vector<WhatIfColumn> columns = plan.Columns(wish);
-    RefuseFaults(columns, whatIf.file, texts);
-    if (!columns.back().fault.IsEmpty()) {
-      err << whatIf.file << ": " << columns.back().Id() << ": " << texts.Words(columns.back().fault) << "\n";
-      columns.pop_back();
-    }
-    const AdviceWords words(texts, {".", ""}, metric);
-    if (!whatIf.pdf.empty()) {
-      PageOutput pdf(folders, whatIf.pdf);
-      Slate slate(pdf.Pages(), session.Model());
-      WriteSlates({slate, texts, {".", ""}, options.supply}, dive, columns, wish);
-      pdf.WritePdf(std::filesystem::path(whatIf.file).stem().string());
-    }
-    if (options.form == OutputForm::Json) {
-      out << ColumnsJson(columns);
-    } else if (whatIf.pdf.empty()) {
-      out << whatIf.file << "\n";
-      if (plan.AddsAscent()) out << words.T(kWithAscent) << "\n";
-      out << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);
-    }
-    return columns.front().decompresses ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;
-  } catch (const std::exception& error) {
-    return Refused(error, "whatif", texts, err);
-  }
+Command WhatIfCommand() {
+  const auto given = std::make_shared<Given>();
+  Command command{"whatif", "Print a plan beside longer and deeper ones, and with lost gases", kDetails, kExamples};
+  command.options = {
+      PlanFile(given->file),
+      DiveOption(given->dive, "the last"),
+      {"--longer", "MINUTES", "Added to the deepest leg, 0 to 999; 5 if not given", &given->longer},
+      {"--deeper", "DEPTH", "Added to the deepest leg, 0 to 999; 3 m or 10 ft if not given", &given->deeper},
+      PdfOption(given->pdf, "Write a slate of each column to this file, and no text"),
+  };
+  command.AddJson("Print the columns, with every row, as JSON");
+  command.AddModel();
+  command.AddSupply();
+  command.run = [given](CommandFrame& frame) { Run(*given, frame); };
+  return command;
 }
 
 }  // namespace tav

@@ -3,6 +3,8 @@
 #include <QScreen>
 #include <QSysInfo>
 #include <QTimer>
+#include <cstdio>
+#include <cstdlib>
 #include <optional>
 
 #include "app/error_report.h"
@@ -18,6 +20,9 @@
 #include "desktop/silent_pdf.h"
 #include "desktop/start_check.h"
 #include "pages/arial_measure.h"
+#include "start/command_line.h"
+#include "start/standard_streams.h"
+#include "start/user_texts.h"
 
 namespace {
 
@@ -32,11 +37,34 @@ std::string WindowSystemInformation() {
   return tav::FromQt(text);
 }
 
+constexpr int kNotStarted = 2;
+
+/// What Qt says before there is an application: it ends the process where it finds no display to open windows on.
+void TellLackOfDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+  if (type != QtFatalMsg) return;
+  constexpr int kNoDisplay = 8502;
+  const tav::LazyTexts texts(tav::ProgramFolders::OfThisProgram().ProgramFolder(), tav::LazyTexts::Language::User);
+  std::fprintf(stderr, "tav: %s\n", texts.GetResString(kNoDisplay).c_str());
+  std::_Exit(kNotStarted);
+}
+
+/// Prints help or version. The exit status.
+int Print(const std::string& text) {
+  const bool printed = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+  if (!printed) std::perror("tav");
+  return printed ? 0 : kNotStarted;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  tav::FillStandardStreams();
   if (tav::WantsSilentPdf(argc, argv)) return tav::SilentPdf(argc, argv);
+  const std::string about = tav::AboutProgram({argv + 1, argv + argc}, TAV_VERSION);
+  if (!about.empty()) return Print(about);
+  qInstallMessageHandler(TellLackOfDisplay);
   tav::GuardedApplication application(argc, argv);
+  qInstallMessageHandler(nullptr);
   QApplication::setApplicationName(QStringLiteral("TAV"));
   QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tav"));  // by which a desktop finds the icon of a window

@@ -30,6 +30,17 @@ class ClassUseractions {
   void setuser(std::int16_t index, Single depth, Single time, std::int16_t mix);
   /// An ascent command: time and depth become -1; the mix stays.
   void setdeco(std::int16_t index);
+  /// Appends a leg.
+  void AddLeg(Single time, Single depth, std::int16_t mix) {
+    NewAction();
+    setuser(GetLength(), depth, time, mix);
+  }
+  /// Appends an ascent command, on the gas of the last entry.
+  void AddAscent() {
+    const std::int16_t mix = getmixnumber(GetLength());
+    AddLeg(-1, -1, mix);
+    setdeco(GetLength());
+  }
   /// Drops the last entry and returns the time of the one that is last now; 0 on an empty list.
   Single DeleteLast();
   void NewAction();

@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <optional>
+#include <poll.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -17,6 +19,7 @@ namespace {
 constexpr int kNotOpened = 7898;
 constexpr int kNotRead = 7899;
 constexpr int kLargerThan = 7903;
+constexpr int kNobodyWrites = 8500;
 
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
@@ -131,18 +134,26 @@ std::string ToUtf8(std::string text) {
 }
 
 std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest) {
-  const Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  // A pipe is waited for as long as somebody has it open to write into it; to open it must not wait for one to come.
+  const Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
   std::string text;
   std::array<char, 65536> buffer{};
   while (true) {
     const ssize_t got = ::read(fd.Get(), buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
+    if (got < 0 && errno == EAGAIN) {
+      pollfd ready{fd.Get(), POLLIN, 0};
+      ::poll(&ready, 1, -1);
+      continue;
+    }
     if (got < 0) throw FileError(file, 0, {kNotRead, {ErrorText(errno)}});
     if (got == 0) break;
     text.append(buffer.data(), static_cast<std::size_t>(got));
     if (text.size() > largest) throw FileError(file, 0, {kLargerThan, {std::to_string(largest / kMiB)}});
   }
+  struct stat state {};
+  if (text.empty() && ::fstat(fd.Get(), &state) == 0 && S_ISFIFO(state.st_mode)) throw FileError(file, 0, kNobodyWrites);
   if (const auto order = Utf16Order(text)) return FromUtf16(text, *order);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());

@@ -17,6 +17,9 @@ struct Switches {
 /// Splits a command line at blanks and tabs. Beyond `maximum` arguments the rest of the line is dropped.
 std::vector<std::string> GetCommandLine(std::string_view line, std::size_t maximum = 10);
 
+/// What the desktop program prints, and ends, for "--help" and "--version"; empty where neither stands.
+std::string AboutProgram(const std::vector<std::string>& arguments, const std::string& version);
+
 /// Reads the switches, each a whole word and matched with case. Other words are ignored.
 Switches ParseCommandLine(const std::vector<std::string>& arguments);
 

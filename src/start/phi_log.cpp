@@ -8,7 +8,9 @@
 namespace tav {
 namespace {
 
-constexpr int kNotOpened = 7898;  // text by number
+// Texts by number.
+constexpr int kNotOpened = 7898;
+constexpr int kNotWritten = 7900;
 
 std::string Item(const std::string& text) { return "\"" + text + "\""; }
 
@@ -37,8 +39,13 @@ std::string TraceBlock(const TraceSegment& segment) {
   return block;
 }
 
-PhiLog::PhiLog(const std::filesystem::path& file) : out_(file, std::ios::binary | std::ios::trunc) {
+PhiLog::PhiLog(const std::filesystem::path& file) : file_(file), out_(file, std::ios::binary | std::ios::trunc) {
   if (!out_) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
+}
+
+void PhiLog::Write(const TraceSegment& segment) {
+  if (!fault_ && !(out_ << TraceBlock(segment) << std::flush))
+    fault_.emplace(file_, 0, Message{kNotWritten, {ErrorText(errno)}});
 }
 
 }  // namespace tav

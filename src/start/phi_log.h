@@ -2,9 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "engine/observer.h"
+#include "persist/text_file.h"
 
 namespace tav {
 
@@ -19,10 +21,14 @@ class PhiLog {
   /// Throws FileError when the file can't be opened.
   explicit PhiLog(const std::filesystem::path& file);
 
-  void Write(const TraceSegment& segment) { out_ << TraceBlock(segment) << std::flush; }
+  void Write(const TraceSegment& segment);
+  /// Why the file does not hold all that was written; nothing when it does.
+  [[nodiscard]] const std::optional<FileError>& Fault() const { return fault_; }
 
  private:
+  std::filesystem::path file_;
   std::ofstream out_;
+  std::optional<FileError> fault_;
 };
 
 }  // namespace tav

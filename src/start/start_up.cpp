@@ -4,18 +4,22 @@
 
 namespace tav {
 
+StartFaults LoadDefaultTemplate(DiveTemplate& settings, const ProgramFolders& folders) {
+  StartFaults faults{folders.Find("template/Default.tpl"), {}, {}};
+  try {
+    faults.advice = LoadTemplateFile(settings, faults.file);
+  } catch (const FileError& error) {
+    faults.broken = error;
+  }
+  return faults;
+}
+
 StartFaults InitDocuments(DocumentStore& documents, const ProgramFolders& folders) {
   DocumentState& standard = documents(DocumentStore::DefaultDocument);
   standard.Modified = false;
   standard.TemplateTitle = "Default";
   standard.Template = ShippedDefaultTemplate();
-  StartFaults faults{folders.Find("template/Default.tpl"), {}, {}};
-  try {
-    faults.advice = LoadTemplateFile(standard.Template, faults.file);
-  } catch (const FileError& error) {
-    faults.broken = error;
-  }
-  return faults;
+  return LoadDefaultTemplate(standard.Template, folders);
 }
 
 }  // namespace tav

@@ -17,8 +17,10 @@ struct StartFaults {
   std::vector<FormatFault> advice;  ///< what is odd in it, and which keys it lacks
 };
 
-/// Makes element 0 of the store the default document: the values shipped with the program, and over them what
-/// "Default.tpl" tells.
+/// Takes what "Default.tpl" tells into settings, which are those shipped with the program.
+StartFaults LoadDefaultTemplate(DiveTemplate& settings, const ProgramFolders& folders);
+
+/// Makes element 0 of the store the default document, by these.
 StartFaults InitDocuments(DocumentStore& documents, const ProgramFolders& folders);
 
 }  // namespace tav

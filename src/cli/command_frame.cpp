@@ -1,0 +1,172 @@
+#include "cli/command_frame.h"
+
+#include <cmath>
+#include <numeric>
+#include <ostream>
+#include <utility>
+
+#include "cli/command_words.h"
+#include "cli/long_work.h"
+#include "cli/option_values.h"
+#include "persist/profile_file.h"
+#include "persist/template_file.h"
+#include "start/start_up.h"
+
+namespace tav {
+namespace fs = std::filesystem;
+
+namespace {
+
+// Texts by number.
+constexpr int kNoSuchDive = 7961;
+constexpr int kAdvice = 7955;
+constexpr int kBuiltIn = 7954;
+constexpr int kOwnInput = 7786;
+constexpr int kUsage = 7995;
+
+constexpr const char* kTrace = "phi.log";
+
+}  // namespace
+
+CommandFrame::CommandFrame(const Command& command, const ProgramFolders& folders, std::ostream& out, std::ostream& err,
+                           bool progress)
+    : command_(command),
+      folders_(folders),
+      out_(out),
+      err_(err),
+      progress_(progress),
+      texts_(folders.ProgramFolder(), LazyTexts::Language::User),
+      dataTexts_(folders.ProgramFolder(), LazyTexts::Language::Default) {}
+
+int CommandFrame::Run() {
+  try {
+    Begin();
+    command_.run(*this);
+  } catch (const Interrupted&) {
+    return ExitStatus::kInterrupted;
+  } catch (const std::exception& error) {
+    Tell(error);
+  }
+  FlushOut();
+  if (trace_.Fault() != nullptr) Tell(*trace_.Fault());
+  return status_;
+}
+
+void CommandFrame::FlushOut() {
+  if (!out_) return;  // it has been told that it fails
+  try {
+    out_.flush();
+  } catch (const MessageError& lost) {
+    Mark(ExitStatus::kUnusableInput);
+    err_ << texts_.Words(lost) << "\n";
+  }
+}
+
+void CommandFrame::Begin() {
+  for (const std::string& file : ValuesOf(command_, Option::Role::FileToRead)) inputs_.emplace_back(file);
+  for (const std::string& name : ValuesOf(command_, Option::Role::Template)) inputs_.push_back(TemplateFile(name));
+  for (const std::string& file : ValuesOf(command_, Option::Role::FileToWrite)) RefuseInput(file);
+  if (!Common().phi) return;
+  RefuseInput(kTrace);
+  trace_.Open(kTrace);
+}
+
+fs::path CommandFrame::TemplateFile(const std::string& name) const {
+  std::error_code error;
+  if (fs::exists(name, error)) return name;
+  const std::string fileName = name.ends_with(kTemplateExtension) ? name : name + std::string(kTemplateExtension);
+  const auto found = folders_.Find(fs::path("template") / fileName);
+  return fs::exists(found, error) ? found : fs::path(name);
+}
+
+DiveTemplate CommandFrame::Settings(const std::string& templateName) {
+  DiveTemplate settings = ShippedDefaultTemplate();
+  if (templateName.empty()) {
+    const StartFaults faults = LoadDefaultTemplate(settings, folders_);
+    if (faults.broken) err_ << texts_.Filled(kBuiltIn, {texts_.Words(*faults.broken)}) << "\n";
+    TellFaults(faults.file.string(), faults.advice, err_);
+    inputs_.push_back(faults.file);
+  } else {
+    const fs::path file = TemplateFile(templateName);
+    TellFaults(file.string(), LoadTemplateFile(settings, file), err_);
+  }
+  return settings;
+}
+
+OpenedPlan& CommandFrame::OpenPlan(const std::string& file) {
+  FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
+  ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
+  ReportSeriesFaults(profile, faults);
+  TellFaults(file, faults.List(), err_);
+  return Compute(file, std::move(profile.dives));
+}
+
+OpenedPlan& CommandFrame::Compute(const std::string& file, std::vector<DiveRecord> records) {
+  OpenedPlan& plan = opened_.emplace_back(file, std::move(records));
+  plan.plans.reserve(plan.Dives());
+  LongWork work(*this);
+  for (const DiveRecord& dive : plan.records) {
+    plan.plans.push_back(
+        tav::Compute(dive, Model(), plan.plans.empty() ? nullptr : &plan.plans.back().end, Observer()));
+    work.Step(static_cast<int>(plan.plans.size()), static_cast<int>(plan.Dives()));
+  }
+  return plan;
+}
+
+std::size_t CommandFrame::OneDive(const std::string& number, const OpenedPlan& plan) {
+  if (number.empty()) return plan.Dives() - 1;
+  const Single place = NumberOf(number, "--dive");
+  if (place != std::floor(place) || place < 1 || place > static_cast<double>(plan.Dives())) {
+    throw OptionError({kNoSuchDive, {"--dive", number, std::to_string(plan.Dives())}});
+  }
+  return static_cast<std::size_t>(place) - 1;
+}
+
+std::vector<std::size_t> CommandFrame::Dives(const std::string& number, const OpenedPlan& plan) {
+  if (!number.empty()) return {OneDive(number, plan)};
+  std::vector<std::size_t> all(plan.Dives());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return all;
+}
+
+void CommandFrame::CheckComputed(const OpenedPlan& plan, std::size_t dive) {
+  const ComputedPlan& computed = plan.plans[dive];
+  if (!computed.fault.IsEmpty()) throw FileError(plan.file, 0, computed.fault);
+  MarkDecompression(computed.end.Decompresses);
+}
+
+void CommandFrame::Save(const std::string& file, const std::function<SaveNotes()>& save) {
+  RefuseInput(file);
+  for (const Message& note : save()) Tell(file, texts_.Words(note));
+}
+
+void CommandFrame::RefuseInput(const fs::path& output) const {
+  for (const fs::path& input : inputs_) {
+    std::error_code error;
+    if (fs::equivalent(input, output, error)) throw FileError(output, 0, kOwnInput);
+  }
+}
+
+void CommandFrame::Tell(const std::exception& error) {
+  FlushOut();
+  Mark(ExitStatus::kUnusableInput);
+  std::string words = texts_.Words(error);
+  const std::string program = command_.name.empty() ? "tavplan" : "tavplan " + command_.name;
+  if (dynamic_cast<const UsageError*>(&error) != nullptr) words = texts_.Filled(kUsage, {words, program + " --help"});
+  if (dynamic_cast<const OptionError*>(&error) != nullptr) words.insert(0, program + ": ");
+  err_ << words << "\n";
+}
+
+void CommandFrame::Tell(const std::string& file, const std::string& words) {
+  FlushOut();
+  err_ << file << ": " << words << "\n";
+}
+
+void CommandFrame::TellFaults(const std::string& file, const std::vector<FormatFault>& faults, std::ostream& out) {
+  for (const FormatFault& fault : faults) {
+    out << file << ":" << fault.line << ": "
+        << (fault.error ? texts_.Words(fault.text) : texts_.Words({kAdvice, {fault.text}})) << "\n";
+  }
+}
+
+}  // namespace tav
