@@ -66,6 +66,7 @@ void Run(const Given& given, CommandFrame& frame) {
   if (given.legs.empty() && given.depth.empty()) throw OptionError(kNoLegs);
   DiveRecord record;
   record.Template = frame.Settings(given.templateName);
+  SetUpNewPlan(record.Template);
   if (!given.depth.empty()) AddLeg(given.depth + ":" + given.time, given.gas, record);
   for (const std::string& leg : given.legs) AddLeg(leg, given.gas, record);
   if (!given.cylinders.empty()) record.Template.Cylinders.clear();
