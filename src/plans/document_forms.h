@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "compute/series_dive.h"
 #include "persist/profile_file.h"
 #include "plans/plan_services.h"
-#include "plans/series_dive.h"
 #include "plans/waypoint_editor.h"
 
 namespace tav {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "plans/series_dive.h"
+#include "compute/series_dive.h"
 #include "reports/long_report.h"
 #include "supply/supply_choice.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "plans/series_dive.h"
+#include "compute/series_dive.h"
 #include "reports/slate.h"
 #include "reports/what_if_table.h"
 #include "supply/supply_choice.h"

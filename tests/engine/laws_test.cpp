@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "support/plan_fixture.h"
 #include "support/random_plan.h"
 
 // What holds for every plan, tried on thousands of them. A failing plan is printed as a file that can be opened.
@@ -9,47 +8,35 @@
 namespace tav {
 namespace {
 
+using test::Computed;
 using test::File;
 using test::MakePlan;
 using test::RandomPlan;
 
-class Laws : public testing::Test {
- protected:
-  /// Computes a plan in a fresh document and returns its window.
-  frmWaypointEditor& Compute(const RandomPlan& plan, const ModelChoice& model = {}) {
-    plans_.emplace_back(std::make_unique<test::Plans>());
-    plans_.back()->model = model;
-    frmWaypointEditor& window = plans_.back()->New([&](DiveTemplate& t) { t = plan.settings; });
-    window.UserActions = plan.actions;
-    window.ReEvaluateUserEnteredWaypoints();
-    EXPECT_EQ(window.EvaluationFault(), "");
-    return window;
-  }
-  void TearDown() override { plans_.clear(); }
-  void Reset() { plans_.clear(); }
-
-  /// Minutes from leaving the bottom to the surface, and the stops among them.
-  struct Ascent {
-    double minutes = 0;
-    int stops = 0;
-  };
-  static Ascent AscentOf(const frmWaypointEditor& window) {
-    const ClassProfile& rows = window.InputProfile;
-    const std::int16_t bottom = LastUserRow(rows);
-    Ascent ascent{rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(bottom), 0};
-    for (std::int16_t i = bottom; i <= rows.GetLength(); ++i) ascent.stops += rows.GetStatus(i) == RowStatus::kStop;
-    return ascent;
-  }
-
- private:
-  std::vector<std::unique_ptr<test::Plans>> plans_;
+/// Minutes from leaving the bottom to the surface, and the stops among them.
+struct Ascent {
+  double minutes = 0;
+  int stops = 0;
 };
 
-TEST_F(Laws, EveryAscentGoesUpInTimeOrderBelowItsCeilingToTheSurface) {
+Ascent AscentOf(const RandomPlan& plan, const ModelChoice& model = {}) {
+  const ClassProfile rows = Computed(plan, model).rows;
+  const std::int16_t bottom = LastUserRow(rows);
+  Ascent ascent{rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(bottom), 0};
+  for (std::int16_t i = bottom; i <= rows.GetLength(); ++i) ascent.stops += rows.GetStatus(i) == RowStatus::kStop;
+  return ascent;
+}
+
+Waypoint EndOf(const RandomPlan& plan) {
+  const ClassProfile rows = Computed(plan).rows;
+  return rows.Row(rows.GetLength());
+}
+
+TEST(Laws, EveryAscentGoesUpInTimeOrderBelowItsCeilingToTheSurface) {
   std::mt19937 random(1);
   for (int n = 0; n < 2000; ++n) {
     const RandomPlan plan = MakePlan(random);
-    const ClassProfile& rows = Compute(plan).InputProfile;
+    const ClassProfile rows = Computed(plan).rows;
     ASSERT_EQ(double{rows.getDepth(rows.GetLength())}, 0) << File(plan);
     for (std::int16_t i = static_cast<std::int16_t>(LastUserRow(rows) + 1); i <= rows.GetLength(); ++i) {
       const std::int16_t before = static_cast<std::int16_t>(i - 1);
@@ -64,12 +51,11 @@ TEST_F(Laws, EveryAscentGoesUpInTimeOrderBelowItsCeilingToTheSurface) {
       }
       ASSERT_TRUE(rows.GetCeiling(i) <= next || rows.GetSegmentTime(i) >= 5999) << File(plan);
     }
-    Reset();
   }
 }
 
 // The rounding of each stop to whole minutes may take up to a minute of it.
-TEST_F(Laws, ALongerBottomTimeDoesNotShortenTheAscent) {
+TEST(Laws, ALongerBottomTimeDoesNotShortenTheAscent) {
   std::mt19937 random(2);
   for (int n = 0; n < 2000; ++n) {
     RandomPlan plan = MakePlan(random);
@@ -77,49 +63,44 @@ TEST_F(Laws, ALongerBottomTimeDoesNotShortenTheAscent) {
     while (plan.actions.GetLength() > 1) plan.actions.DeleteLast();
     plan.actions.NewAction();
     plan.actions.setdeco(2);
-    const Ascent shorter = AscentOf(Compute(plan));
+    const Ascent shorter = AscentOf(plan);
     plan.actions.setuser(1, plan.actions.getDepth(1), plan.actions.gettime(1) + 5, plan.actions.getmixnumber(1));
-    const Ascent longer = AscentOf(Compute(plan));
+    const Ascent longer = AscentOf(plan);
     ASSERT_GE(longer.minutes + 1 + longer.stops, shorter.minutes) << File(plan);
-    Reset();
   }
 }
 
-TEST_F(Laws, LowerGradientFactorsDoNotShortenTheAscent) {
+TEST(Laws, LowerGradientFactorsDoNotShortenTheAscent) {
   std::mt19937 random(3);
   for (int n = 0; n < 2000; ++n) {
     RandomPlan plan = MakePlan(random);
     plan.settings.UseGF = true;
-    const Ascent liberal = AscentOf(Compute(plan));
+    const Ascent liberal = AscentOf(plan);
     plan.settings.GFHigh = plan.settings.GFHigh - 0.1;
     plan.settings.GFLow = plan.settings.GFLow * 0.8;
-    const Ascent strict = AscentOf(Compute(plan));
+    const Ascent strict = AscentOf(plan);
     ASSERT_GE(strict.minutes + 1 + strict.stops, liberal.minutes) << File(plan);
-    Reset();
   }
 }
 
 // The C table lets compartments 5 to 15 hold less nitrogen.
-TEST_F(Laws, TheTableCDoesNotShortenTheAscentAndChangesNothingOfVPM) {
+TEST(Laws, TheTableCDoesNotShortenTheAscentAndChangesNothingOfVPM) {
   std::mt19937 random(5);
   double longer = 0;
   for (int n = 0; n < 500; ++n) {
     const RandomPlan plan = MakePlan(random);
     for (const bool hybrid : {false, true}) {
-      const Ascent b = AscentOf(Compute(plan, {false, hybrid, false}));
-      const Ascent c = AscentOf(Compute(plan, {false, hybrid, true}));
+      const Ascent b = AscentOf(plan, {false, hybrid, false});
+      const Ascent c = AscentOf(plan, {false, hybrid, true});
       ASSERT_GE(c.minutes + 1 + c.stops, b.minutes) << File(plan);
       longer += c.minutes - b.minutes;
     }
-    ASSERT_EQ(AscentOf(Compute(plan, {true, false, true})).minutes,
-              AscentOf(Compute(plan, {true, false, false})).minutes)
-        << File(plan);
-    Reset();
+    ASSERT_EQ(AscentOf(plan, {true, false, true}).minutes, AscentOf(plan, {true, false, false}).minutes) << File(plan);
   }
   EXPECT_GT(longer, 500);
 }
 
-TEST_F(Laws, ALevelLegMayBeCutInTwo) {
+TEST(Laws, ALevelLegMayBeCutInTwo) {
   std::mt19937 random(4);
   for (int n = 0; n < 1000; ++n) {
     const RandomPlan plan = MakePlan(random);
@@ -138,14 +119,13 @@ TEST_F(Laws, ALevelLegMayBeCutInTwo) {
       whole.actions.NewAction();
       whole.actions.setuser(whole.actions.GetLength(), depth, time, mix);
     }
-    const Waypoint a = Compute(whole).InputProfile.Row(Compute(whole).InputProfile.GetLength());
-    const Waypoint b = Compute(cut).InputProfile.Row(Compute(cut).InputProfile.GetLength());
+    const Waypoint a = EndOf(whole);
+    const Waypoint b = EndOf(cut);
     ASSERT_NEAR(a.RunTime, b.RunTime, 1e-3) << File(whole);
     for (std::size_t i = 0; i < kCompartments; ++i) {
       ASSERT_NEAR(a.PercentCompartments[i], b.PercentCompartments[i], 2e-5) << File(whole);
     }
     ASSERT_NEAR(a.TotalCNS, b.TotalCNS, 1e-4) << File(whole);
-    Reset();
   }
 }
 

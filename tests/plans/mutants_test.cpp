@@ -4,9 +4,9 @@
 #include <optional>
 #include <random>
 
+#include "compute/compute.h"
 #include "model/number_text.h"
 #include "model/template_faults.h"
-#include "support/plan_fixture.h"
 #include "support/random_plan.h"
 
 // A slip in a plan or a template is refused with file and line, or gives the schedule of the values that stand there:
@@ -269,13 +269,11 @@ Outcome Read(const Mutant& mutant, bool dive) {
 
 /// Every row as text.
 std::string Schedule(const RandomPlan& plan) {
-  test::Plans plans;
-  frmWaypointEditor& window = plans.New([&](DiveTemplate& t) { t = plan.settings; });
-  window.UserActions = plan.actions;
-  window.ReEvaluateUserEnteredWaypoints();
-  if (!window.EvaluationFault().empty()) return "none: " + window.EvaluationFault();
+  EngineObserver silent;
+  const ComputedPlan computed = Compute({plan.settings, 0, plan.actions}, {}, nullptr, silent);
+  if (!computed.fault.IsEmpty()) return "none: " + computed.fault.Raw();
   std::string text;
-  const ClassProfile& rows = window.InputProfile;
+  const ClassProfile& rows = computed.rows;
   for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
     text += FormatPlain(rows.getDepth(i)) + " " + FormatPlain(rows.GetRunTime(i)) + " " + rows.GetGasMixName(i) + " " +
             FormatPlain(rows.getTotalCNS(i)) + " " + FormatPlain(rows.Row(i).GasUsed) + "\n";

@@ -2,7 +2,6 @@
 #include <iostream>
 #include <random>
 
-#include "support/plan_fixture.h"
 #include "support/random_plan.h"
 
 // Plans beside each other: a minute longer, a metre deeper.
@@ -19,12 +18,7 @@ struct Dive {
 };
 
 Dive Compute(const RandomPlan& plan) {
-  test::Plans plans;
-  frmWaypointEditor& window = plans.New([&](DiveTemplate& t) { t = plan.settings; });
-  window.UserActions = plan.actions;
-  window.ReEvaluateUserEnteredWaypoints();
-  EXPECT_EQ(window.EvaluationFault(), "") << test::File(plan);
-  const ClassProfile& rows = window.InputProfile;
+  const ClassProfile rows = test::Computed(plan).rows;
   const std::int16_t bottom = LastUserRow(rows);
   Dive dive;
   dive.minutes = rows.GetRunTime(rows.GetLength());

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <random>
 #include <string>
 
+#include "compute/compute.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 
@@ -46,6 +48,14 @@ inline RandomPlan MakePlan(std::mt19937& random) {
   plan.actions.NewAction();
   plan.actions.setdeco(plan.actions.GetLength());
   return plan;
+}
+
+/// Of a plan that can be computed.
+inline ComputedPlan Computed(const RandomPlan& plan, const ModelChoice& model = {}) {
+  EngineObserver silent;
+  ComputedPlan computed = Compute({plan.settings, 0, plan.actions}, model, nullptr, silent);
+  EXPECT_EQ(computed.fault.Raw(), "") << WriteDiveRecord(plan.settings, 0, plan.actions);
+  return computed;
 }
 
 /// The plan as a file that can be opened, for the message of a test that fails.

@@ -5,8 +5,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "plans/profile_commands.h"
-#include "support/plan_fixture.h"
+#include "compute/compute.h"
+#include "persist/profile_file.h"
 #include "support/source_folder.h"
 
 namespace tav {
@@ -81,15 +81,16 @@ void ExpectRow(const Waypoint& row, const json& expected) {
   ExpectNear("percent_compartments", row.PercentCompartments, expected["percent_compartments"]);
 }
 
-void ExpectDive(const DocumentState& document, const ClassProfile& rows, const json& expected) {
-  EXPECT_EQ(json(document.Template.Templatename), expected["template"]);
-  EXPECT_EQ(document.Template.Metric, expected["metric"]);
-  ExpectNear("surface_interval", document.SurfaceInterval, expected["surface_interval"]);
-  ExpectNear("total_cns", document.TotalCNS, expected["total_cns"]);
-  ExpectNear("total_otu", document.TotalOTU, expected["total_otu"]);
-  ExpectNear("n2_compartments", document.N2Compartments, expected["n2_compartments"]);
-  ExpectNear("he_compartments", document.HeCompartments, expected["he_compartments"]);
-  EXPECT_EQ(document.Decompresses, expected["decompresses"]);
+void ExpectDive(const DiveRecord& dive, const ComputedPlan& plan, const json& expected) {
+  const ClassProfile& rows = plan.rows;
+  EXPECT_EQ(json(dive.Template.Templatename), expected["template"]);
+  EXPECT_EQ(dive.Template.Metric, expected["metric"]);
+  ExpectNear("surface_interval", dive.SurfaceInterval, expected["surface_interval"]);
+  ExpectNear("total_cns", plan.end.TotalCNS, expected["total_cns"]);
+  ExpectNear("total_otu", plan.end.TotalOTU, expected["total_otu"]);
+  ExpectNear("n2_compartments", plan.end.N2Compartments, expected["n2_compartments"]);
+  ExpectNear("he_compartments", plan.end.HeCompartments, expected["he_compartments"]);
+  EXPECT_EQ(plan.end.Decompresses, expected["decompresses"]);
   ASSERT_EQ(static_cast<std::size_t>(rows.GetLength()) + 1, expected["rows"].size());
   for (std::int16_t i = 0; i <= rows.GetLength(); ++i) {
     SCOPED_TRACE("row " + std::to_string(i));
@@ -106,15 +107,15 @@ ModelChoice ModelOf(fs::path dive) {
 class KnownDives : public testing::TestWithParam<fs::path> {};
 
 TEST_P(KnownDives, AreComputedAsKnown) {
-  test::Plans plans;
-  plans.model = ModelOf(GetParam());
-  const auto documents = OpenProfile(plans.forms, GetParam());
+  EngineObserver silent;
+  const std::vector<DiveRecord> dives = ReadProfileFile(GetParam()).dives;
+  const std::vector<ComputedPlan> plans = ComputeSeries(dives, ModelOf(GetParam()), silent);
   fs::path expectedFile = GetParam();
   const json expected = json::parse(std::ifstream(expectedFile.replace_extension(".expected.json")))["dives"];
-  ASSERT_EQ(documents.size(), expected.size());
-  for (std::size_t i = 0; i < documents.size(); ++i) {
+  ASSERT_EQ(plans.size(), expected.size());
+  for (std::size_t i = 0; i < plans.size(); ++i) {
     SCOPED_TRACE("dive " + std::to_string(i + 1));
-    ExpectDive(plans.documents(documents[i]), plans.forms(documents[i]).InputProfile, expected[i]);
+    ExpectDive(dives[i], plans[i], expected[i]);
   }
 }
 
