@@ -6,7 +6,6 @@
 #include "dialogs/report_selection.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
-#include "supply/supply_text.h"
 
 namespace tav {
 
@@ -65,10 +64,7 @@ void frmMain::ShowGeneralReport() {
   services_.platform.screen.DoEvents();
   GeneralReport report(services_.report, services_.forms(*active).EvaluatedWith(),
                        [&wait](const std::string& step) { wait->Label1.Caption = step; });
-  const SupplyChoice choice = ReadSupplyChoice(services_.platform.settings);
-  WriteLongReport(report, services_.forms, *active, *all, [&](std::int16_t dive) {
-    return SupplyTablesOf(services_.forms, dive, choice, services_.texts, services_.platform.separators);
-  });
+  WriteLongReport(report, services_.forms, *active, *all, ReadSupplyChoice(services_.platform.settings));
   services_.report.documentName = Document(*active).ProfileName;
   report.ShowLongReport();
   wait->Unload();

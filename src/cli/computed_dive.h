@@ -20,8 +20,7 @@ struct ComputedDive {
   std::vector<Finding> findings;
   std::vector<StopReason> reasons;  ///< of its stops
   GasSupply supply;                 ///< empty when no cylinders are told
-  std::string model;                ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
-  bool gradientFactors = false;     ///< they are switched on, and act: on all models but VPM alone
+  ModelChoice model;
 };
 
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.

@@ -1,6 +1,7 @@
 #include "cli/computed_dive.h"
 #include "cli/row_json.h"
 #include "cli/supply_json.h"
+#include "figures/dive_figures.h"
 
 namespace tav {
 namespace {
@@ -26,6 +27,14 @@ Json DiveJson(const ComputedDive& dive) {
                                                                  {"gf", Digits(reason.GF)},
                                                                  {"model", ModelOf(reason)}};
   }
+  const DiveFigures figures = FiguresOf(*dive.rows);
+  Json gases = Json::array();
+  for (const GasTotal& gas : GasTotals(*dive.rows)) gases.push_back({{"mix", gas.Name}, {"used", Digits(gas.total)}});
+  json["totals"] = {{"run_time", Digits(figures.runTime)},
+                    {"stops", Digits(figures.stopTime)},
+                    {"cns", Digits(figures.CNS)},
+                    {"otu", Digits(figures.OTU)},
+                    {"gas", std::move(gases)}};
   json["findings"] = Json::array();
   for (const Finding& finding : dive.findings) {
     json["findings"].push_back({{"rule", IdOf(finding.rule)},

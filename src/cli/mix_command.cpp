@@ -4,10 +4,11 @@
 
 #include "cli/commands.h"
 #include "cli/plan_input.h"
-#include "cli/terminal_text.h"
 #include "mixer/fill_steps.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
+#include "model/text_columns.h"
+#include "model/utf8.h"
 #include "persist/text_file.h"
 #include "start/user_texts.h"
 
@@ -156,12 +157,12 @@ void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream&
   for (const auto& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       std::size_t& width = i == 0 ? first : other;
-      width = std::max(width, CharacterCount(row[i]));
+      width = std::max(width, Letters(row[i]));
     }
   }
   for (const auto& row : rows) {
     std::string line = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? Left(row[i], first) : Right(row[i], other + kGap);
+    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? AtLeft(row[i], first) : AtRight(row[i], other + kGap);
     out << line << "\n";
   }
   out << "\n";

@@ -3,7 +3,6 @@
 #include <ostream>
 
 #include "advice/plan_check.h"
-#include "figures/model_name.h"
 
 namespace tav {
 namespace {
@@ -35,10 +34,9 @@ bool Gather(PlanSession& session, const std::string& file, const std::vector<std
     const bool metric = dive.document->Template.Metric;
     const CheckedDive checked(window, *dive.document);
     dive.supply = SupplyOf(session.Forms(), documents[i], options.supply);
-    dive.findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, metric), dive.supply);
+    dive.findings = CheckPlan(checked, AdviceWords(texts, {}, metric), dive.supply);
     dive.reasons = StopReasons(checked);
-    dive.model = ModelName(session.Model());
-    dive.gradientFactors = GradientFactorsAct(dive.document->Template, session.Model());
+    dive.model = session.Model();
   }
   return true;
 }

@@ -10,7 +10,6 @@
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
 #include "start/user_texts.h"
-#include "supply/supply_text.h"
 
 namespace tav {
 
@@ -35,10 +34,8 @@ int ReportCommand(const ReportOptions& report, const OutputOptions& options, con
       WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, options.supply}, chosen.front(),
                   wholeSeries);
     } else {
-      GeneralReport pages(output.Pages(), session.Model(), nullptr);
-      WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
-        return SupplyTablesOf(session.Forms(), dive, options.supply, texts, {".", ""});
-      });
+      GeneralReport pages(output.Pages(), session.Model());
+      WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, options.supply);
     }
     output.WritePdf(std::filesystem::path(report.file).stem().string());
     return decompress ? ExitStatus::kFine : ExitStatus::kDoesNotDecompress;

@@ -84,7 +84,7 @@ int WhatIfCommand(const WhatIfOptions& whatIf, const OutputOptions& options, con
       err << whatIf.file << ": " << columns.back().Id() << ": " << columns.back().fault << "\n";
       columns.pop_back();
     }
-    const AdviceWords words(texts, {".", ""}, metric);
+    const AdviceWords words(texts, {}, metric);
     if (!whatIf.pdf.empty()) {
       PageOutput pdf(folders, whatIf.pdf);
       Slate slate(pdf.Pages(), session.Model());

@@ -9,7 +9,7 @@
 #include "controls/controls.h"
 #include "controls/form.h"
 #include "controls/localize_form.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "platform/platform.h"
 
 namespace tav {
@@ -18,7 +18,7 @@ namespace tav {
 class TextForm : public Form {
  protected:
   TextForm(std::string name, Platform platform, const TextSource& texts)
-      : Form(std::move(name)), platform_(std::move(platform)), texts_(texts) {}
+      : Form(std::move(name)), platform_(std::move(platform)), texts_(texts), numbers_(platform_.separators) {}
 
   void Localize() { LocalizeForm(*this, texts_); }
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
@@ -36,20 +36,17 @@ class TextForm : public Form {
     return std::string(TrimBlanks(caption.ends_with(':') ? caption.substr(0, caption.size() - 1) : caption));
   }
   /// The number in a text as the user writes numbers; nothing for a text that is none.
-  [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const {
-    return ParseLocaleNumber(text, platform_.separators);
-  }
+  [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const { return numbers_.Read(text); }
   /// The same as it is stored; 0 for a text that is no number.
   [[nodiscard]] Single Number(const std::string& text) const { return NumberIn(text).value_or(0); }
   /// Number text with the user's decimal separator; `NumberIn` reads it back.
-  [[nodiscard]] std::string Written(const std::string& number) const {
-    return WriteLocaleNumber(number, platform_.separators);
-  }
-  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
-  [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }
+  [[nodiscard]] std::string Written(const std::string& number) const { return numbers_.Written(number); }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }
+  [[nodiscard]] std::string Plain(Single value) const { return numbers_.Plain(value); }
 
   Platform platform_;
   const TextSource& texts_;
+  NumberTexts numbers_;
 };
 
 }  // namespace tav

@@ -6,7 +6,7 @@
 
 #include "dialogs/dialog_form.h"
 #include "figures/information.h"
-#include "supply/supply_tables.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 

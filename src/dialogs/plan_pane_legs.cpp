@@ -197,7 +197,7 @@ std::string frmPlanPane::RunTimeOf(int row) const {
   const bool computed = isInForce_ && static_cast<std::size_t>(row) + 1 < Editor().ActionResults().size();
   if (!computed) return {};
   const std::int16_t last = Editor().LastRowOf(static_cast<std::int16_t>(row + 1));
-  return ScheduleText::ShortNumber(Editor().InputProfile.GetRunTime(last), platform_.separators);
+  return numbers_.Short(Editor().InputProfile.GetRunTime(last));
 }
 
 std::vector<GridCell> frmPlanPane::LegCells(int row) const {
@@ -217,7 +217,7 @@ std::vector<GridCell> frmPlanPane::LegCells(int row) const {
   if (known && leg.depth.value && *leg.depth.value >= 0) {
     const GasFigures figures = FiguresAt(*leg.depth.value, t.Blends[static_cast<std::size_t>(*leg.mix)], t);
     cells[kPPO2Column] = {Fixed(figures.PPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
-    cells[kENDColumn] = {ScheduleText::ShortNumber(figures.END, platform_.separators), figures.endTooDeep ? kRed : -1};
+    cells[kENDColumn] = {numbers_.Short(figures.END), figures.endTooDeep ? kRed : -1};
   }
   return cells;
 }

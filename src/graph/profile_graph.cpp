@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "graph/leg_preview.h"
+#include "model/utf8.h"
 #include "picture/compartment_bars.h"
 #include "picture/graph_colours.h"
 #include "picture/offset_surface.h"
@@ -50,7 +51,7 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const bool fit = view.fitPlan && rows.GetLength() > 0;
   const ProfilePlot::Reach reach = fit ? Including(overlay_, rows, ProfilePlot::kFitted) : ProfilePlot::kRoomToGrow;
   plot.Redraw(rows, reach, view.timeZoom, view.extras.ceiling ? Moments() : std::vector<DiveMoment>());
-  WriteFigures(grid, plot, rows, view.extras, {LengthUnit(), separators_});
+  WriteFigures(grid, plot, rows, view.extras, {LengthUnit(), numbers_});
   scale_ = plot.Scale();
   scale_.TransformRates(Template());
   DrawOverlayLine(grid, scale_, overlay_);
@@ -137,7 +138,7 @@ void ProfileGraph::DrawPicture(DrawingSurface& picture, const GraphExtras& extra
   const ClassProfile& rows = Editor().InputProfile;
   ProfilePlot plot(container, grid);
   plot.Redraw(rows, ProfilePlot::kJustThePlan, 1, extras.ceiling ? Moments() : std::vector<DiveMoment>());
-  WriteFigures(grid, plot, rows, extras, {LengthUnit(), separators_});
+  WriteFigures(grid, plot, rows, extras, {LengthUnit(), numbers_});
   if (extras.tissues) {
     OffsetSurface tissues(picture, 0, plotBottom, width - kMargin, barsTop - plotBottom);
     DrawTissues(tissues, plot.Scale(), 0);
@@ -276,8 +277,7 @@ std::vector<std::string> ProfileGraph::DepthLetters() const {
   std::vector<std::string> letters;
   for (const char byte : T(kDepthTitle)) {
     // The bytes of one UTF-8 letter stay together.
-    const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-    if (letters.empty() || !continues) letters.emplace_back();
+    if (letters.empty() || BeginsLetter(byte)) letters.emplace_back();
     letters.back() += byte;
   }
   letters.push_back(T(Template().Metric ? kMetres : kFeet));

@@ -9,7 +9,7 @@
 
 #include "engine/dive_moment.h"
 #include "graph/overlay_line.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "picture/profile_plot.h"
 #include "plans/document_forms.h"
 
@@ -39,8 +39,8 @@ class GraphWindow {
 /// The graph of one document: what it draws and what the mouse does on it.
 class ProfileGraph {
  public:
-  ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window, LocaleSeparators separators = {})
-      : forms_(forms), document_(document), window_(window), separators_(std::move(separators)) {}
+  ProfileGraph(DocumentForms& forms, std::int16_t document, GraphWindow& window, NumberTexts numbers = {})
+      : forms_(forms), document_(document), window_(window), numbers_(std::move(numbers)) {}
 
   /// What else there is to tell of a row of the plan; may be empty.
   std::function<std::string(std::int16_t row)> rowRemark;
@@ -104,15 +104,13 @@ class ProfileGraph {
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
   [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
   [[nodiscard]] std::string T(int id) const { return forms_.Services().texts.GetResString(id); }
-  [[nodiscard]] std::string Fixed(Single value, int decimals) const {
-    return WriteLocaleNumber(FormatFixed(value, decimals), separators_);
-  }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }
   [[nodiscard]] std::string LengthUnit() const { return Template().Metric ? " m" : " ft"; }
 
   DocumentForms& forms_;
   std::int16_t document_;
   GraphWindow& window_;
-  LocaleSeparators separators_;  ///< of all numbers in words
+  NumberTexts numbers_;
   GraphScale scale_;
   std::vector<PlotPoint> overlay_;
   ScreenPoint lastPoint_;  ///< of the last row

@@ -8,6 +8,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "model/utf8.h"
 #include "persist/descriptor.h"
 
 namespace tav {
@@ -21,7 +22,7 @@ constexpr int kLargerThan = 7903;
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
   const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-  const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0U) == 0x80U; };
+  const auto continues = [&](std::size_t i) { return i < text.size() && !BeginsLetter(text[i]); };
   const unsigned lead = byte(at);
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return continues(at + 1) ? 2 : 0;

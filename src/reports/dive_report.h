@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 
 #include "plans/document_forms.h"
 #include "reports/long_report.h"
@@ -11,9 +10,9 @@ namespace tav {
 /// "wreck.tav"; in a series with the number of the dive, from the first on.
 std::string DiveTitle(DocumentForms& forms, std::int16_t document, const TextSource& texts);
 
-/// Writes the long report of a dive, or of all dives of its series from the first on. `supplyOf` gives the gas supply
-/// of a dive; without it, reports tell none.
-void WriteLongReport(GeneralReport& report, DocumentForms& forms, std::int16_t document, bool wholeSeries,
-                     const std::function<SupplyTables(std::int16_t document)>& supplyOf = {});
+/// Writes the long report of a dive, or of all dives of its series from the first on. False when the progress of the
+/// report has ended it: then there is nothing to show.
+bool WriteLongReport(GeneralReport& report, DocumentForms& forms, std::int16_t document, bool wholeSeries,
+                     const SupplyChoice& choice = {});
 
 }  // namespace tav

@@ -88,8 +88,7 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
   const LocaleSeparators comma{",", "."};
   GeneralReport general(report, ModelChoice(), [](const std::string& /*step*/) {});
-  WriteLongReport(general, forms, document, true,
-                  [&](std::int16_t n) { return SupplyTablesOf(forms, n, {}, texts, comma); });
+  WriteLongReport(general, forms, document, true);
   LookAtPages(report, "long report");
 
   Slate slate(report, ModelChoice());
