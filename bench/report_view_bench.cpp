@@ -44,7 +44,7 @@ class Report {
  public:
   Report() {
     const std::int16_t dive = OpenProfile(dialogs_.forms, Trimix()).front();
-    GeneralReport report(writer_, {}, nullptr);
+    GeneralReport report(writer_, {});
     WriteLongReport(report, dialogs_.forms.Series(dive, false));
   }
   [[nodiscard]] const PageFile& Pages() const { return writer_.Pages(); }

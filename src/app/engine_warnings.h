@@ -9,7 +9,7 @@
 
 #include "app/warning_memory.h"
 #include "engine/observer.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "platform/message_boxes.h"
 #include "platform/text_source.h"
 #include "start/phi_log.h"
@@ -20,9 +20,8 @@ namespace tav {
 /// warns of changes; the trace to its file.
 class EngineWarnings : public EngineObserver {
  public:
-  EngineWarnings(MessageBoxes& boxes, const TextSource& texts, const DocumentStore& documents,
-                 LocaleSeparators separators)
-      : boxes_(boxes), texts_(texts), separators_(std::move(separators)), memory_(documents) {}
+  EngineWarnings(MessageBoxes& boxes, const TextSource& texts, const DocumentStore& documents, NumberTexts numbers)
+      : boxes_(boxes), texts_(texts), numbers_(std::move(numbers)), memory_(documents) {}
 
   void WarnEND(const LimitWarning& warning) override;
   void WarnPPO2High(const LimitWarning& warning) override;
@@ -69,13 +68,11 @@ class EngineWarnings : public EngineObserver {
   void Show(const Subject& subject, const std::string& text, const std::string& title);
   /// Where it is: depth and gas.
   [[nodiscard]] std::string Place(Single depth, const std::string& gas, bool metric) const;
-  [[nodiscard]] std::string Fixed(Single value, int decimals) const {
-    return WriteLocaleNumber(FormatFixed(value, decimals), separators_);
-  }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }
 
   MessageBoxes& boxes_;
   const TextSource& texts_;
-  LocaleSeparators separators_;
+  NumberTexts numbers_;
   WarningMemory memory_;
   std::optional<PhiLog> trace_;
   bool inCommand_ = false;

@@ -63,8 +63,7 @@ void frmMain::ShowGeneralReport() {
   services_.platform.screen.DoEvents();
   GeneralReport report(services_.report, services_.forms(*active).EvaluatedWith(),
                        [&wait](const std::string& step) { wait->Label1.Caption = step; });
-  WriteLongReport(report, services_.forms.Series(*active, *all),
-                  ReportedSupply{ReadSupplyChoice(services_.platform.settings), services_.platform.separators});
+  WriteLongReport(report, services_.forms.Series(*active, *all), ReadSupplyChoice(services_.platform.settings));
   services_.report.documentName = Document(*active).ProfileName;
   report.ShowLongReport();
   wait->Unload();

@@ -1,8 +1,8 @@
 #include <ostream>
 
 #include "cli/command_frame.h"
-#include "persist/profile_file.h"
 #include "model/number_text.h"
+#include "persist/profile_file.h"
 #include "persist/template_file.h"
 
 namespace tav {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "advice/plan_check.h"
-#include "figures/model_name.h"
 
 namespace tav {
 
@@ -15,10 +14,9 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
     const DiveTemplate& settings = planned.record.Template;
     const CheckedDive checked(planned);
     GasSupply supply = SupplyOf(planned, frame.Common().supply);
-    std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {".", ""}, settings.Metric), supply);
+    std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {}, settings.Metric), supply);
     dives.push_back({plan.file, static_cast<int>(i) + 1, static_cast<int>(plan.Dives()), planned, std::move(findings),
-                     StopReasons(checked), std::move(supply), ModelName(frame.Model()),
-                     GradientFactorsAct(settings, frame.Model())});
+                     StopReasons(checked), std::move(supply), frame.Model()});
   }
 }
 

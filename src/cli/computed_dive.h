@@ -20,8 +20,7 @@ struct ComputedDive {
   std::vector<Finding> findings;
   std::vector<StopReason> reasons;  ///< of its stops
   GasSupply supply;                 ///< empty when no cylinders are told
-  std::string model;                ///< "ZH-L16B", "VPM", "ZH-L16B and VPM"
-  bool gradientFactors = false;     ///< they are switched on, and act: on all models but VPM alone
+  ModelChoice model;
 };
 
 /// Adds the dives of a plan, with the findings of each in the words of `texts`. Throws FileError when one could not be

@@ -3,9 +3,11 @@
 #include "cli/computed_dive.h"
 #include "cli/terminal_text.h"
 #include "figures/dive_figures.h"
-#include "figures/loop_state.h"
 #include "figures/schedule.h"
-#include "model/number_text.h"
+#include "figures/settings_words.h"
+#include "model/number_texts.h"
+#include "model/text_columns.h"
+#include "model/utf8.h"
 
 namespace tav {
 namespace {
@@ -13,19 +15,13 @@ namespace {
 // Texts by number.
 constexpr int kDiveOf = 7962;
 constexpr int kDiveAfter = 7963;
-constexpr int kDepthsAdjusted = 7965;
-constexpr int kOpenCircuit = 7966;
-constexpr int kRebreather = 7967;
-constexpr int kStopsOnOpenCircuit = 7968;
 constexpr int kSeaLevel = 7969;
 constexpr int kNotAdapted = 7970;
 constexpr int kEndsAt = 7971;
 constexpr int kStops = 7972;
 constexpr int kStop = 7975;
 
-std::string Short(Single value) { return ScheduleText::ShortNumber(value); }
-
-std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100), 0); }
+std::string Short(Single value) { return NumberTexts().Short(value); }
 
 class Slate {
  public:
@@ -41,7 +37,7 @@ class Slate {
     if (const auto notice = NoticeOf(dive_.dive.plan.rows, dive_.dive.plan.end.Decompresses)) Line("! " + T(*notice));
     text_ += "\n" + schedule_.Aligned() + "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
-    if (why) Reasons(AdviceWords(texts_, {".", ""}, template_.Metric));
+    if (why) Reasons(AdviceWords(texts_, {}, template_.Metric));
     text_ += SupplyLines(dive_, texts_);
     for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);
@@ -61,17 +57,7 @@ class Slate {
   }
 
   void Settings() {
-    std::string text = dive_.model;
-    if (dive_.gradientFactors) text += ", GF " + Percent(template_.GFLow) + "/" + Percent(template_.GFHigh);
-    if (template_.DepthAdjust) text += ", " + T(kDepthsAdjusted);
-    if (template_.OpenCircuit) {
-      text += ", " + T(kOpenCircuit);
-    } else {
-      text += ", " + T(kRebreather, {FormatFixed(template_.Setpoint, 2) + "/" + FormatFixed(template_.DecoSetpoint, 2) +
-                                     PressureUnit()});
-      if (template_.OCDeco) text += ", " + T(kStopsOnOpenCircuit);
-      text += ", " + LoopState(template_, dive_.number > 1, texts_);
-    }
+    std::string text = ComputedWith(template_, dive_.model, dive_.number > 1, texts_);
     const std::string start = Place(template_.StartAltitude, template_.StartPressure);
     text += ", " + (template_.AdeptedToHeight ? start : T(kNotAdapted, {start}));
     if (template_.EndPressure != template_.StartPressure) {
@@ -88,10 +74,9 @@ class Slate {
   void Reasons(const AdviceWords& words) {
     Line("");
     for (const StopReason& reason : dive_.reasons) {
-      const std::string depth = words.Depth(dive_.dive.plan.rows.getDepth(reason.row));
       const std::string stop =
-          "  " + T(kStop) + " " + std::string(depth.size() < 6 ? 6 - depth.size() : 0, ' ') + depth + "  ";
-      text_ += Wrapped(stop + TextOf(reason, words), CharacterCount(stop));
+          "  " + T(kStop) + " " + AtRight(words.Depth(dive_.dive.plan.rows.getDepth(reason.row)), 6) + "  ";
+      text_ += Wrapped(stop + TextOf(reason, words), Letters(stop));
     }
   }
 

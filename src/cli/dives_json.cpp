@@ -1,5 +1,6 @@
 #include "cli/computed_dive.h"
 #include "cli/row_columns.h"
+#include "figures/dive_figures.h"
 #include "supply/supply_text.h"
 
 namespace tav {
@@ -120,6 +121,21 @@ void WriteDive(JsonWriter& json, const ComputedDive& dive) {
         if (reason != dive.reasons.end() && reason->row == i) WriteReason(json, *reason++);
       });
     }
+  });
+  const DiveFigures figures = FiguresOf(rows);
+  json.Object("totals", [&] {
+    json.Member("run_time", figures.runTime);
+    json.Member("stops", figures.stopTime);
+    json.Member("cns", figures.CNS);
+    json.Member("otu", figures.OTU);
+    json.List("gas", [&] {
+      for (const GasTotal& gas : GasTotals(rows)) {
+        json.Object([&] {
+          json.Member("mix", gas.Name);
+          json.Member("used", gas.total);
+        });
+      }
+    });
   });
   json.List("findings", [&] {
     for (const Finding& finding : dive.findings) {

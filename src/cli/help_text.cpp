@@ -1,5 +1,6 @@
 #include "cli/terminal_text.h"
 #include "cli/usage_texts.h"
+#include "model/text_columns.h"
 
 namespace tav {
 namespace {
@@ -13,7 +14,7 @@ Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input or a
 
 /// A row of two columns; what is too long for the first gets a line of its own.
 std::string Row(const std::string& head, const std::string& text) {
-  std::string start = Left("  " + head, kTextColumn);
+  std::string start = AtLeft("  " + head, kTextColumn);
   std::string above;
   if (start.back() != ' ') {
     above = start + "\n";

@@ -8,6 +8,8 @@
 #include "mixer/fill_steps.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
+#include "model/text_columns.h"
+#include "model/utf8.h"
 
 namespace tav {
 namespace {
@@ -206,12 +208,12 @@ void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream&
   for (const auto& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       std::size_t& width = i == 0 ? first : other;
-      width = std::max(width, CharacterCount(row[i]));
+      width = std::max(width, Letters(row[i]));
     }
   }
   for (const auto& row : rows) {
     std::string line = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? Left(row[i], first) : Right(row[i], other + kGap);
+    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? AtLeft(row[i], first) : AtRight(row[i], other + kGap);
     out << line << "\n";
   }
   out << "\n";

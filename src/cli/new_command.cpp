@@ -82,7 +82,9 @@ void Run(const Given& given, CommandFrame& frame) {
   const OpenedPlan& plan = frame.Compute(title, {record});
   Gather(frame, plan, words, dives);
   if (!given.output.empty()) {
-    frame.Save(given.output, [&] { return WriteTextFile(given.output, WriteDiveRecord(record.Template, record.SurfaceInterval, record.UserActions)); });
+    frame.Save(given.output, [&] {
+      return WriteTextFile(given.output, WriteDiveRecord(record.Template, record.SurfaceInterval, record.UserActions));
+    });
   }
   Print(frame, dives, given.why, words);
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "plans/series_dive.h"
+#include "compute/series_dive.h"
 
 namespace tav {
 

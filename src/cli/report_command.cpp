@@ -43,7 +43,7 @@ void Run(const Given& given, CommandFrame& frame) {
     LongWork work(frame);
     GeneralReport pages(output.Pages(), frame.Model(),
                         [&](const std::string&) { work.Step(output.Pages().Pages().Pages()); });
-    WriteLongReport(pages, dives, ReportedSupply{supply, {".", ""}});
+    WriteLongReport(pages, dives, supply);
   }
   output.WritePdf(std::filesystem::path(given.file).stem().string());
 }

@@ -1,52 +1,42 @@
-#include <algorithm>
-
 #include "cli/computed_dive.h"
-#include "cli/terminal_text.h"
+#include "model/text_columns.h"
 #include "supply/supply_text.h"
 
 namespace tav {
 namespace {
 
-using Cells = std::vector<std::vector<GridCell>>;
-
-std::vector<std::size_t> WidthsOf(const Cells& cells, std::size_t columns) {
-  std::vector<std::size_t> widths(columns);
-  for (const auto& row : cells) {
-    for (std::size_t i = 0; i < columns; ++i) widths[i] = std::max(widths[i], CharacterCount(row[i].text));
-  }
-  return widths;
+std::vector<std::string> TextsOf(const std::vector<GridCell>& row) {
+  std::vector<std::string> texts;
+  for (const GridCell& cell : row) texts.push_back(cell.text);
+  return texts;
 }
 
-/// One line of a table, its columns of text at the left and its numbers at the right.
-std::string Line(const std::vector<GridCell>& row, const std::vector<std::size_t>& widths, std::size_t textColumns) {
-  std::string line = " ";
-  for (std::size_t i = 0; i < widths.size(); ++i) {
-    const bool last = i + 1 == widths.size();
-    const std::string fill(widths[i] - CharacterCount(row[i].text), ' ');
-    line += " " + (last ? " " + row[i].text : i < textColumns ? row[i].text + fill : fill + row[i].text) + " ";
+/// A table whose first columns, and the last one, are of text; the others are numbers. The last `notes` columns have a
+/// line of their own below that of their row.
+std::string Lines(const SupplyTables::Table& table, std::size_t textColumns, std::size_t notes) {
+  using Column = TextColumns::Column;
+  std::vector<Column> columns(table.front().size() - notes, {Column::Side::Right});
+  for (std::size_t i = 0; i < textColumns; ++i) columns[i].side = Column::Side::Left;
+  columns.back() = {Column::Side::Left, 0, 3};
+  TextColumns aligned(std::move(columns));
+  for (const auto& row : table) aligned.Fit(TextsOf(row));
+  std::string text;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    text += aligned.Line(TextsOf(table[i]));
+    if (i > 0 && notes > 0) text += "      " + table[i].back().text + "\n";
   }
-  while (line.ends_with(' ')) line.pop_back();
-  return line + "\n";
+  return text;
 }
 
 }  // namespace
 
 std::string SupplyLines(const ComputedDive& dive, const TextSource& texts) {
   const DiveTemplate& settings = dive.dive.record.Template;
-  const SupplyTables tables = TablesOf(dive.supply, settings.RMV, AdviceWords(texts, {".", ""}, settings.Metric));
+  const SupplyTables tables = TablesOf(dive.supply, settings.RMV, AdviceWords(texts, {}, settings.Metric));
   if (tables.gases.empty()) return {};
-  constexpr std::size_t kTextColumns = 2;
-  std::string text = "\n" + tables.gasTitle + "\n";
-  const auto gasWidths = WidthsOf(tables.gases, tables.gases.front().size());
-  for (const auto& row : tables.gases) text += Line(row, gasWidths, kTextColumns);
-  text += tables.legTitle + "\n";
   // How the minimum gas is worked out has a line of its own.
-  const auto legWidths = WidthsOf(tables.legs, tables.legs.front().size() - 1);
-  for (std::size_t i = 0; i < tables.legs.size(); ++i) {
-    text += Line(tables.legs[i], legWidths, 0);
-    if (i > 0) text += "      " + tables.legs[i].back().text + "\n";
-  }
-  return text + "\n";
+  return "\n" + tables.gasTitle + "\n" + Lines(tables.gases, 2, 0) + tables.legTitle + "\n" + Lines(tables.legs, 0, 1) +
+         "\n";
 }
 
 }  // namespace tav

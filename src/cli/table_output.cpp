@@ -6,9 +6,10 @@
 #include "cli/command_frame.h"
 #include "cli/row_columns.h"
 #include "cli/terminal_text.h"
-#include "figures/loop_state.h"
-#include "figures/model_name.h"
+#include "figures/settings_words.h"
 #include "model/number_text.h"
+#include "model/text_columns.h"
+#include "model/utf8.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
@@ -52,26 +53,13 @@ void WriteCells(JsonWriter& json, const TableCells& cells) {
 
 std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
                              const TextSource& texts) {
-  constexpr int kOpenCircuit = 7966;
-  constexpr int kRebreather = 7967;
-  constexpr int kStopsOnOpenCircuit = 7968;
   constexpr int kDepthsIn = 8258;
-  const auto fixed = [](Single value, int decimals) { return FormatFixed(value, decimals); };
-  std::string line = ModelName(model);
-  if (GradientFactorsAct(settings, model)) {
-    line += ", GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0);
-  }
-  if (bailout || settings.OpenCircuit) {
-    line += ", " + texts.GetResString(kOpenCircuit);
-  } else {
-    line += ", " + texts.Filled(kRebreather, {fixed(settings.Setpoint, 2) + "/" + fixed(settings.DecoSetpoint, 2) +
-                                              (settings.Metric ? " bar" : " atm")});
-    if (settings.OCDeco) line += ", " + texts.GetResString(kStopsOnOpenCircuit);
-    line += ", " + LoopState(settings, false, texts);
-  }
   constexpr int kMetres = 7425;
   constexpr int kFeet = 7426;
-  return line + ", " + texts.Filled(kDepthsIn, {texts.GetResString(settings.Metric ? kMetres : kFeet)}) + "\n";
+  DiveTemplate dived = settings;
+  dived.OpenCircuit = bailout || settings.OpenCircuit;
+  return ComputedWith(dived, model, false, texts) + ", " +
+         texts.Filled(kDepthsIn, {texts.GetResString(settings.Metric ? kMetres : kFeet)}) + "\n";
 }
 
 TableOutput::TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption)
@@ -154,7 +142,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
   std::ostream& out = frame_.Out();
   out << "\n" << title << "\n";
   const std::size_t columns = table.totals.size();
-  const std::size_t depthWidth = std::max(kDepthWidth, CharacterCount(table.cells.front()[TableColumn::kDepth]));
+  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[TableColumn::kDepth]));
   const std::size_t headWidth = 2 + kMixWidth + depthWidth;
   const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
   std::size_t from = 0;
@@ -162,16 +150,16 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
     const std::size_t to = std::min(from + atOnce, columns);
     const auto line = [&](const std::string& head, const auto& textOf) {
       std::string text = head;
-      for (std::size_t column = from; column < to; ++column) text += Right(textOf(column), kCellWidth);
+      for (std::size_t column = from; column < to; ++column) text += AtRight(textOf(column), kCellWidth);
       out << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
     };
     if (from > 0) out << "\n";
     for (std::size_t i = 0; i < table.cells.size(); ++i) {
       const auto& row = table.cells[i];
-      line("  " + Left(row[TableColumn::kMix], kMixWidth) + Right(table.depths[i], depthWidth),
+      line("  " + AtLeft(row[TableColumn::kMix], kMixWidth) + AtRight(table.depths[i], depthWidth),
            [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
     }
-    line(Left("  " + texts_.GetResString(kRunTime), headWidth),
+    line(AtLeft("  " + texts_.GetResString(kRunTime), headWidth),
          [&](std::size_t column) { return table.totals[column]; });
     from = to;
   } while (from < columns);

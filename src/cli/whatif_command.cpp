@@ -111,7 +111,7 @@ void Run(const Given& given, CommandFrame& frame) {
   }
   if (frame.Common().json) return WriteColumns(columns, frame.Out());
   if (!given.pdf.empty()) return;
-  const AdviceWords words(texts, {".", ""}, metric);
+  const AdviceWords words(texts, {}, metric);
   frame.Out() << given.file << "\n";
   if (plan.AddsAscent()) frame.Out() << words.T(kWithAscent) << "\n";
   frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);

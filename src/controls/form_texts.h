@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "controls/controls.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
 
@@ -17,7 +17,8 @@ namespace tav {
 /// to numbers as the user writes them.
 class FormTexts {
  protected:
-  FormTexts(Platform platform, const TextSource& texts) : platform_(std::move(platform)), texts_(texts) {}
+  FormTexts(Platform platform, const TextSource& texts)
+      : platform_(std::move(platform)), texts_(texts), numbers_(platform_.separators) {}
 
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
   /// The same with "%1", "%2", ... filled in.
@@ -35,20 +36,17 @@ class FormTexts {
   }
   /// The number in a text as the user writes numbers; nothing for a text that
   /// is none.
-  [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const {
-    return ParseLocaleNumber(text, platform_.separators);
-  }
+  [[nodiscard]] std::optional<double> NumberIn(const std::string& text) const { return numbers_.Read(text); }
   /// The same as it is stored; 0 for a text that is no number.
   [[nodiscard]] Single Number(const std::string& text) const { return NumberIn(text).value_or(0); }
   /// Number text with the user's decimal separator; `NumberIn` reads it back.
-  [[nodiscard]] std::string Written(const std::string& number) const {
-    return WriteLocaleNumber(number, platform_.separators);
-  }
-  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
-  [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }
+  [[nodiscard]] std::string Written(const std::string& number) const { return numbers_.Written(number); }
+  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }
+  [[nodiscard]] std::string Plain(Single value) const { return numbers_.Plain(value); }
 
   Platform platform_;
   const TextSource& texts_;
+  NumberTexts numbers_;
 };
 
 }  // namespace tav

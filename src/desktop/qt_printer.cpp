@@ -9,11 +9,11 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "desktop/pdf_labels.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "model/message.h"
 #include "pages/page_units.h"
-#include "pages/pdf_labels.h"
 #include "persist/text_file.h"
 
 namespace tav {

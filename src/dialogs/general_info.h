@@ -7,7 +7,7 @@
 #include "controls/grid.h"
 #include "dialogs/dialog_form.h"
 #include "figures/information.h"
-#include "supply/supply_tables.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 

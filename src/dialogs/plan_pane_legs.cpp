@@ -152,7 +152,7 @@ std::string PlanPaneLegs::RunTimeOf(int row) const {
   const frmWaypointEditor& plan = entry_.Editor();
   if (!Legs().IsInForce() || static_cast<std::size_t>(row) + 1 >= plan.ActionResults().size()) return {};
   const std::int16_t last = plan.LastRowOf(static_cast<std::int16_t>(row + 1));
-  return ScheduleText::ShortNumber(plan.InputProfile.GetRunTime(last), platform_.separators);
+  return numbers_.Short(plan.InputProfile.GetRunTime(last));
 }
 
 std::vector<GridCell> PlanPaneLegs::CellsOf(int row) const {
@@ -172,7 +172,7 @@ std::vector<GridCell> PlanPaneLegs::CellsOf(int row) const {
   if (known && leg.depth.value && *leg.depth.value >= 0) {
     const GasFigures figures = FiguresAt(*leg.depth.value, t.Blends[static_cast<std::size_t>(*leg.mix)], t);
     cells[kPPO2] = {Fixed(figures.PPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
-    cells[kEND] = {ScheduleText::ShortNumber(figures.END, platform_.separators), figures.endTooDeep ? kRed : -1};
+    cells[kEND] = {numbers_.Short(figures.END), figures.endTooDeep ? kRed : -1};
   }
   return cells;
 }

@@ -17,17 +17,7 @@ constexpr int kCubicFeet = 7424;
 
 }  // namespace
 
-std::string AdviceWords::Fixed(double value, int decimals) const {
-  return WriteLocaleNumber(FormatFixed(Single(value), decimals), separators_);
-}
-
-std::string AdviceWords::Short(double value) const {
-  return WriteLocaleNumber(FormatPlain(RoundSingle(value, 1)), separators_);
-}
-
-std::string AdviceWords::Factor(double value) const {
-  return WriteLocaleNumber(FormatPlain(RoundSingle(value, 3)), separators_);
-}
+std::string AdviceWords::Factor(double value) const { return numbers_.Plain(RoundSingle(value, 3)); }
 
 std::string AdviceWords::Depth(double depth) const { return Short(depth) + " " + LengthUnit(); }
 std::string AdviceWords::PPO2(double ppo2) const { return Fixed(ppo2, 2) + " " + PressureUnit(); }

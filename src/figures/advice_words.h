@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/single.h"
 #include "platform/text_source.h"
 
@@ -12,17 +12,17 @@ namespace tav {
 /// Texts, numbers and units of what the program advises, as divers write them. Units are those of a template.
 class AdviceWords {
  public:
-  AdviceWords(const TextSource& texts, LocaleSeparators separators, bool metric)
-      : texts_(texts), separators_(std::move(separators)), metric_(metric) {}
+  AdviceWords(const TextSource& texts, NumberTexts numbers, bool metric)
+      : texts_(texts), numbers_(std::move(numbers)), metric_(metric) {}
 
   [[nodiscard]] std::string T(int id) const { return texts_.GetResString(id); }
   [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
     return texts_.Filled(id, values);
   }
 
-  [[nodiscard]] std::string Fixed(double value, int decimals) const;
+  [[nodiscard]] std::string Fixed(double value, int decimals) const { return numbers_.Fixed(value, decimals); }
   /// One decimal where there is one: "22.5", "30".
-  [[nodiscard]] std::string Short(double value) const;
+  [[nodiscard]] std::string Short(double value) const { return numbers_.Short(value); }
   /// Three decimals where there are any: a factor that the reader multiplies with.
   [[nodiscard]] std::string Factor(double value) const;
   /// "57 m", "33.5 ft"
@@ -41,11 +41,11 @@ class AdviceWords {
   [[nodiscard]] std::string VolumeUnit() const;
   [[nodiscard]] bool Metric() const { return metric_; }
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
-  [[nodiscard]] const LocaleSeparators& Separators() const { return separators_; }
+  [[nodiscard]] const NumberTexts& Numbers() const { return numbers_; }
 
  private:
   const TextSource& texts_;
-  LocaleSeparators separators_;
+  NumberTexts numbers_;
   bool metric_;
 };
 

@@ -1,18 +1,29 @@
 #include "figures/dive_figures.h"
 
+#include <algorithm>
+
 #include "figures/model_name.h"
 #include "model/numbers.h"
 
 namespace tav {
 
+std::vector<GasTotal> GasTotals(const ClassProfile& profile) {
+  std::vector<GasTotal> totals;
+  for (int i = 1; i <= profile.GetLength(); ++i) {
+    const Waypoint& row = profile.Row(static_cast<std::int16_t>(i));
+    auto gas = std::ranges::find(totals, row.GasMixName, &GasTotal::Name);
+    if (gas == totals.end()) gas = totals.insert(gas, {row.GasMixName, row.GasMixO2, row.GasMixHe, 0});
+    gas->total += row.GasUsed;
+  }
+  return totals;
+}
+
 std::vector<GasTotal> GasTotals(const ClassProfile& profile, const DiveTemplate& diveTemplate) {
+  const std::vector<GasTotal> breathed = GasTotals(profile);
   std::vector<GasTotal> totals;
   for (const GasMix& blend : diveTemplate.Blends) {
-    GasTotal gas{blend.Name, blend.O2, blend.He, 0};
-    for (std::int16_t i = 0; i <= profile.GetLength(); ++i) {
-      if (profile.Row(i).GasMixName == blend.Name) gas.total += profile.Row(i).GasUsed;
-    }
-    if (gas.total != 0) totals.push_back(gas);
+    const auto gas = std::ranges::find(breathed, blend.Name, &GasTotal::Name);
+    if (gas != breathed.end() && gas->total != 0) totals.push_back({blend.Name, blend.O2, blend.He, gas->total});
   }
   return totals;
 }
@@ -29,7 +40,7 @@ DiveFigures FiguresOf(const ClassProfile& profile) {
     figures.highestEND = MaxSingle(figures.highestEND, row.END);
     figures.deepest = MaxSingle(figures.deepest, row.Depth);
     if (i > 0) figures.lowestPPO2Below = MinSingle(figures.lowestPPO2Below, row.PPO2);
-    if (i > 0 && row.StopDepth != 0) figures.stopTime += RoundSingle(row.StopTime, 1);
+    if (IsStop(row)) figures.stopTime += row.StopTime;
   }
   figures.lowestPPO2 = MinSingle(figures.lowestPPO2Below, profile.Row(0).PPO2);
   figures.runTime = profile.Row(profile.GetLength()).RunTime;

@@ -7,7 +7,7 @@
 
 #include "engine/model_choice.h"
 #include "model/dive_template.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/profile.h"
 
 /// What windows and reports tell of a computed dive: sums over its rows, and the texts of single figures. Each is
@@ -22,14 +22,21 @@ struct GasTotal {
   Single total;  ///< litres or cubic feet at surface pressure
 };
 
+/// One element for each name of a gas, in the order in which they are breathed first.
+std::vector<GasTotal> GasTotals(const ClassProfile& profile);
+
 /// One element for each blend with a total that is not 0, in the order of `Blends`. A name that stands there twice gets
 /// what its rows used in both.
 std::vector<GasTotal> GasTotals(const ClassProfile& profile, const DiveTemplate& diveTemplate);
 
-/// Sums and extremes over the rows of a dive.
+/// A stop of the ascent that was computed. The stops of an ascent that further legs follow have become legs of the
+/// plan.
+inline bool IsStop(const Waypoint& row) { return row.StopDepth != 0; }
+
+/// Sums and extremes over the rows of a dive. Of a repetitive dive the doses have what the dives before it left.
 struct DiveFigures {
   Single runTime;   ///< minutes
-  Single stopTime;  ///< minutes, of the rows with a stop depth
+  Single stopTime;  ///< minutes of all stops
   Single CNS;       ///< a fraction
   Single OTU;
   Single highestPPO2;
@@ -61,18 +68,5 @@ std::optional<int> StatusTextOf(const Waypoint& row, const StatusTexts& texts);
 
 /// Which of the models in force set the ceiling of a row; nothing when none did.
 std::optional<std::string> ModelOfRow(const Waypoint& row, const ModelChoice& model);
-
-/// Number text with the user's decimal separator.
-class NumberTexts {
- public:
-  explicit NumberTexts(LocaleSeparators separators) : separators_(std::move(separators)) {}
-
-  [[nodiscard]] std::string Fixed(Single value, int decimals) const { return Local(FormatFixed(value, decimals)); }
-  [[nodiscard]] std::string Plain(Single value) const { return Local(FormatPlain(value)); }
-
- private:
-  [[nodiscard]] std::string Local(const std::string& number) const { return WriteLocaleNumber(number, separators_); }
-  LocaleSeparators separators_;
-};
 
 }  // namespace tav

@@ -1,7 +1,7 @@
 #include "figures/information.h"
 
-#include "figures/loop_state.h"
 #include "figures/model_name.h"
+#include "figures/settings_words.h"
 #include "model/numbers.h"
 
 namespace tav {
@@ -44,7 +44,7 @@ DiveInformation::Table DiveInformation::Profile() const {
   std::string model;
   for (std::int16_t i = 0; i <= profile_.GetLength(); ++i) {
     const Waypoint& row = profile_.Row(i);
-    deco = deco || row.StopDepth != 0;
+    deco = deco || IsStop(row);
     const Single cns = row.CNS * 100;
     const bool showsGF = GradientFactorsAct(template_, model_) && row.GF != 1.0;
     const bool highGF = showsGF && row.GF > 1.0;
@@ -67,7 +67,7 @@ DiveInformation::Table DiveInformation::DecoStops() const {
   Table table{Heads({T(2101), T(2121), T(2103), "O2%", "He%"})};
   for (std::int16_t i = 1; i <= profile_.GetLength(); ++i) {
     const Waypoint& row = profile_.Row(i);
-    if (row.StopDepth == 0) continue;
+    if (!IsStop(row)) continue;
     table.push_back({Plain(numbers_.Fixed(row.StopDepth, 1)), Plain(numbers_.Fixed(row.StopTime, 1)),
                      Plain(numbers_.Fixed(row.RunTime, 0)), Plain(numbers_.Fixed(row.GasMixO2, 0)),
                      Plain(numbers_.Fixed(row.GasMixHe, 0))});

@@ -5,19 +5,16 @@
 
 #include "engine/breathing_gas.h"
 #include "figures/dive_figures.h"
+#include "model/text_columns.h"
 
 namespace tav {
 namespace {
-
-/// The pieces of the text columns stand at the left, figures at the right.
-constexpr std::size_t kKindColumn = 0;
-constexpr std::size_t kGasColumn = 4;
 
 /// What a row is to the diver; nothing for the moves between stops.
 std::optional<ScheduleRow::Kind> KindOf(const ClassProfile& profile, std::int16_t row, std::int16_t lastUserRow) {
   using Kind = ScheduleRow::Kind;
   const Waypoint& point = profile.Row(row);
-  if (point.Status == RowStatus::kStop) return Kind::Stop;
+  if (IsStop(point)) return Kind::Stop;
   if (row <= lastUserRow) return point.Rate > 0 ? Kind::Descent : point.Rate < 0 ? Kind::Ascent : Kind::Level;
   if (row == profile.GetLength()) return Kind::Surface;
   return std::nullopt;
@@ -35,18 +32,7 @@ ScheduleRow GasChangeAt(const Waypoint& before, const Waypoint& move, const Dive
   return change;
 }
 
-std::string Padded(const std::string& text, std::size_t width, bool left) {
-  const std::size_t letters = Letters(text);
-  const std::string blanks(letters < width ? width - letters : 0, ' ');
-  return left ? text + blanks : blanks + text;
-}
-
 }  // namespace
-
-std::size_t Letters(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
-}
 
 std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTemplate& diveTemplate) {
   std::vector<ScheduleRow> schedule;
@@ -66,21 +52,10 @@ std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTempl
     }
     if (!kind) continue;
     ScheduleRow made{*kind, row, point.Depth, std::nullopt, point.RunTime, point.GasMixName, point.PPO2, false};
-    const bool stop = kind == ScheduleRow::Kind::Stop && point.StopTime > 0;
-    if (kind != ScheduleRow::Kind::Surface) made.minutes = stop ? point.StopTime : point.SegmentTime;
+    if (kind != ScheduleRow::Kind::Surface) made.minutes = IsStop(point) ? point.StopTime : point.SegmentTime;
     add(row, std::move(made));
   }
   return schedule;
-}
-
-std::string ScheduleText::ShortNumber(Single value, const LocaleSeparators& separators) {
-  std::string text = FormatFixed(value, 1);
-  if (text.ends_with(".0")) text.resize(text.size() - 2);
-  return WriteLocaleNumber(text, separators);
-}
-
-std::string ScheduleText::Fixed(double value, int decimals) const {
-  return WriteLocaleNumber(FormatFixed(Single(value), decimals), separators_);
 }
 
 ScheduleWords ScheduleWordsOf(const TextSource& texts) {
@@ -100,15 +75,16 @@ ScheduleWords ScheduleWordsOf(const TextSource& texts) {
 }
 
 ScheduleText::ScheduleText(const ClassProfile& profile, const DiveTemplate& diveTemplate, ScheduleWords words,
-                           LocaleSeparators separators)
+                           NumberTexts numbers)
     : profile_(profile),
       template_(diveTemplate),
       words_(std::move(words)),
-      separators_(std::move(separators)),
+      numbers_(std::move(numbers)),
       rows_(ScheduleOf(profile, diveTemplate)) {
   for (const ScheduleRow& row : rows_) {
-    lines_.push_back({words_.kinds.at(static_cast<std::size_t>(row.kind)), Short(row.depth),
-                      row.minutes ? Short(*row.minutes) : "", Short(row.runTime), row.gas, Fixed(row.PPO2, 2)});
+    lines_.push_back({words_.kinds.at(static_cast<std::size_t>(row.kind)), numbers_.Short(row.depth),
+                      row.minutes ? numbers_.Short(*row.minutes) : "", numbers_.Short(row.runTime), row.gas,
+                      numbers_.Fixed(row.PPO2, 2)});
   }
 }
 
@@ -120,65 +96,44 @@ std::array<ScheduleText::Line, 2> ScheduleText::Heads() const {
 }
 
 std::string ScheduleText::Aligned(std::size_t first, std::size_t last) const {
+  using Side = TextColumns::Column::Side;
+  TextColumns columns({{Side::Left, 8, 2},
+                       {Side::Right, 6, 1},
+                       {Side::Right, 6, 1},
+                       {Side::Right, 6, 1},
+                       {Side::Left, 3, 2},
+                       {Side::Right, 6, 1}});
   const auto heads = Heads();
-  std::array<std::size_t, 6> widths{8, 7, 7, 7, 3, 7};
-  for (const auto& line : {heads[0], heads[1]}) {
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      // Numbers stand at the right of their column: a long head keeps a blank to the one before.
-      const std::size_t gap = i == kKindColumn || i == kGasColumn ? 0 : 1;
-      widths.at(i) = std::max(widths.at(i), Letters(line.at(i)) + gap);
-    }
-  }
+  for (const Line& head : heads) columns.Fit(head);
   // As wide as the whole schedule needs, so that parts of it align, too.
-  for (const Line& line : lines_) {
-    for (const std::size_t i : {kKindColumn, kGasColumn}) widths.at(i) = std::max(widths.at(i), Letters(line.at(i)));
-  }
+  for (const Line& line : lines_) columns.Fit(line);
   std::string text;
-  const auto add = [&](const Line& line) {
-    text += "  ";
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      if (i == kGasColumn) text += "  ";
-      text += Padded(line.at(i), widths.at(i), i == kKindColumn || i == kGasColumn);
-    }
-    text += "\n";
-  };
-  for (const Line& head : heads) add(head);
-  for (std::size_t i = first; i <= last && i < lines_.size(); ++i) add(lines_[i]);
+  for (const Line& head : heads) text += columns.Line(head);
+  for (std::size_t i = first; i <= last && i < lines_.size(); ++i) text += columns.Line(lines_[i]);
   return text;
 }
 
 std::string ScheduleText::GasesUsed() const {
-  std::vector<std::pair<std::string, double>> gases;
-  for (int i = 1; i <= profile_.GetLength(); ++i) {
-    const Waypoint& row = profile_.Row(static_cast<std::int16_t>(i));
-    auto gas = std::find_if(gases.begin(), gases.end(), [&](const auto& g) { return g.first == row.GasMixName; });
-    if (gas == gases.end()) gas = gases.insert(gases.end(), {row.GasMixName, 0.0});
-    gas->second += row.GasUsed;
-  }
   std::string used;
-  for (const auto& [name, volume] : gases) {
-    if (volume <= 0) continue;
-    used += (used.empty() ? "" : ", ") + name + " " + Fixed(volume, template_.Metric ? 0 : 1) + " " +
+  for (const GasTotal& gas : GasTotals(profile_)) {
+    if (gas.total <= 0) continue;
+    used += (used.empty() ? "" : ", ") + gas.Name + " " + numbers_.Fixed(gas.total, template_.Metric ? 0 : 1) + " " +
             (template_.Metric ? words_.litres : words_.cubicFeet);
   }
   return used;
 }
 
 std::vector<std::string> ScheduleText::Totals() const {
-  // With the doses that the dive starts with, which the running totals of a plan without an ascent leave out.
-  const DiveFigures doses = FiguresOf(profile_);
-  const Waypoint& last = profile_.Row(profile_.GetLength());
-  double stops = 0;
-  for (int i = 1; i <= profile_.GetLength(); ++i) stops += profile_.Row(static_cast<std::int16_t>(i)).StopTime;
+  const DiveFigures told = FiguresOf(profile_);
+  const std::array<std::string, 4> figures{numbers_.Short(told.runTime), numbers_.Short(told.stopTime),
+                                           numbers_.Fixed(told.CNS * 100, 0), numbers_.Fixed(told.OTU, 0)};
   std::string totals = words_.totals;
-  const std::array<std::string, 4> figures{Short(last.RunTime), Short(stops), Fixed(doses.CNS * 100, 0),
-                                           Fixed(doses.OTU, 0)};
   for (std::size_t i = 0; i < figures.size(); ++i) {
     totals = ReplaceAll(totals, "%" + std::to_string(i + 1), figures.at(i));
   }
   std::vector<std::string> lines{totals};
   if (const std::string gases = GasesUsed(); !gases.empty()) lines.push_back(ReplaceAll(words_.gases, "%1", gases));
-  if (LastUserRow(profile_) == profile_.GetLength()) lines.push_back(words_.noAscent);
+  if (LacksAscent(profile_)) lines.push_back(words_.noAscent);
   return lines;
 }
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/dive_template.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/profile.h"
 #include "platform/text_source.h"
 
@@ -31,9 +31,6 @@ struct ScheduleRow {
 /// surface. The moves between stops are left out.
 std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTemplate& diveTemplate);
 
-/// The letters of a text; the bytes of one UTF-8 letter count as one.
-std::size_t Letters(const std::string& text);
-
 /// The words around the figures; those of the command line unless others are set.
 struct ScheduleWords {
   std::array<std::string, 6> kinds{"descent", "level", "ascent", "switch", "stop", "surface"};  ///< by Kind
@@ -51,9 +48,9 @@ ScheduleWords ScheduleWordsOf(const TextSource& texts);
 /// The schedule of a dive in figures as divers write them: "22.2", and "25" without a decimal.
 class ScheduleText {
  public:
-  /// All that is handed over must outlive the object, but the words and the separators.
+  /// All that is handed over must outlive the object, but the words and the numbers.
   ScheduleText(const ClassProfile& profile, const DiveTemplate& diveTemplate, ScheduleWords words = {},
-               LocaleSeparators separators = {});
+               NumberTexts numbers = {});
 
   [[nodiscard]] const std::vector<ScheduleRow>& Rows() const { return rows_; }
   /// Kind, depth, time, run time, gas and PPO2 of each row.
@@ -68,18 +65,13 @@ class ScheduleText {
   /// Run time, stops, doses and the gas of each mix; a line that says so when there is no ascent.
   [[nodiscard]] std::vector<std::string> Totals() const;
 
-  /// A number with one decimal, and without it where it is 0.
-  static std::string ShortNumber(Single value, const LocaleSeparators& separators = {});
-
  private:
-  [[nodiscard]] std::string Short(double value) const { return ShortNumber(value, separators_); }
-  [[nodiscard]] std::string Fixed(double value, int decimals) const;
   [[nodiscard]] std::string GasesUsed() const;
 
   const ClassProfile& profile_;
   const DiveTemplate& template_;
   ScheduleWords words_;
-  LocaleSeparators separators_;
+  NumberTexts numbers_;
   std::vector<ScheduleRow> rows_;
   std::vector<Line> lines_;
 };

@@ -5,6 +5,7 @@
 
 #include "mixer/gas_words.h"
 #include "model/gas_name.h"
+#include "model/number_texts.h"
 
 namespace tav {
 namespace {
@@ -66,8 +67,8 @@ std::vector<DoneStep> ParseSteps(const std::string& text, const FillRequest& req
     if (!to) throw MessageError("", {kMustBeSteps, {part}});
     const double highest = HighestFill(request.metric);
     if (!(*to > last && *to <= highest)) {
-      const auto number = [&](double value) { return WriteLocaleNumber(FormatPlain(value), separators); };
-      throw MessageError("", {kMustRise, {part, number(last), number(highest)}});
+      const NumberTexts numbers(separators);
+      throw MessageError("", {kMustRise, {part, numbers.Plain(last), numbers.Plain(highest)}});
     }
     steps.push_back({name, *gas, *to});
     last = *to;

@@ -49,10 +49,6 @@ void Append(std::string& text, const std::string& sentence) { text += (text.empt
 
 }  // namespace
 
-std::string FillWords::Written(const std::string& number) const { return WriteLocaleNumber(number, separators_); }
-
-std::string FillWords::Number(Single value, int decimals) const { return Written(FormatFixed(value, decimals)); }
-
 std::string FillWords::Unit() const { return T(metric_ ? kBar : kPsi); }
 
 std::string FillWords::Degrees(Single celsius) const {

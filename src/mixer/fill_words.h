@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "mixer/fill_advice.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "platform/text_source.h"
 
 namespace tav {
@@ -30,8 +30,8 @@ struct CylinderSize {
 class FillWords {
  public:
   /// Numbers take the decimal separator; units follow `metric`.
-  FillWords(const TextSource& texts, LocaleSeparators separators, bool metric)
-      : texts_(texts), separators_(std::move(separators)), metric_(metric) {}
+  FillWords(const TextSource& texts, NumberTexts numbers, bool metric)
+      : texts_(texts), numbers_(std::move(numbers)), metric_(metric) {}
 
   /// The heads of the list: gas, pressure to fill to, the same in a warm cylinder and for ideal gases, amount.
   [[nodiscard]] std::vector<std::string> Heads(const std::optional<Single>& warm, bool amount) const;
@@ -65,15 +65,14 @@ class FillWords {
   [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values) const {
     return texts_.Filled(id, values);
   }
-  [[nodiscard]] std::string Written(const std::string& number) const;
-  [[nodiscard]] std::string Number(Single value, int decimals) const;
-  [[nodiscard]] std::string Plain(Single value) const { return Written(FormatPlain(value)); }
+  [[nodiscard]] std::string Number(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }
+  [[nodiscard]] std::string Plain(Single value) const { return numbers_.Plain(value); }
   [[nodiscard]] std::string Degrees(Single celsius) const;
   [[nodiscard]] std::string Depth(Single percentO2, double ppo2) const;
   [[nodiscard]] std::string WithDepths(int id, const MixShares& mix) const;
 
   const TextSource& texts_;
-  LocaleSeparators separators_;
+  NumberTexts numbers_;
   bool metric_;
 };
 

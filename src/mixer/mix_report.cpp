@@ -19,7 +19,7 @@ class Sheet {
   Sheet(const MixReport& report, PrintPreview& writer)
       : report_(report),
         writer_(writer),
-        words_(writer.Texts(), writer.Services().separators, report.request.metric),
+        words_(writer.Texts(), writer.Services().numbers, report.request.metric),
         advice_(report.request, GaugeMark(report.request.metric)) {}
 
   void Write() {
@@ -34,9 +34,7 @@ class Sheet {
 
  private:
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
-  [[nodiscard]] std::string Number(Single value) const {
-    return WriteLocaleNumber(FormatFixed(value, 1), writer_.Services().separators);
-  }
+  [[nodiscard]] std::string Number(Single value) const { return writer_.Services().numbers.Fixed(value, 1); }
   [[nodiscard]] std::string Pressure(Single value) const { return Number(value) + " " + words_.Unit(); }
   void Text(double x, double y, const std::string& text, int size = kTextSize, int bold = 0) {
     writer_.PrintTextLeft(x, y, text, kArial, size, bold);

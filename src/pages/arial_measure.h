@@ -5,7 +5,7 @@
 namespace tav {
 
 /// Widths of "Arial" (the same as Liberation Sans and Helvetica) from a table, so that pages are laid out alike on
-/// every machine, with or without fonts. Other faces are measured as Arial; letters beyond Latin as a digit.
+/// every machine, with or without fonts. Other faces are measured as Arial; letters that the table lacks as a digit.
 class ArialMeasure : public TextMeasure {
  public:
   [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override;

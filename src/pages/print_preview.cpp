@@ -88,16 +88,12 @@ void PrintPreview::EndReport(const std::string& caption) {
   if (window != nullptr) window->ShowPreview(caption);
 }
 
-std::string PrintPreview::Written(Single value) const {
-  return WriteLocaleNumber(FormatPlain(value), services_.separators);
-}
-
-std::string PrintPreview::Units(Single cm) const { return Written(cm * page::kUnitsPerCm); }
+std::string PrintPreview::Units(Single cm) const { return services_.numbers.Plain(cm * page::kUnitsPerCm); }
 
 void PrintPreview::Text(std::string_view keyword, Single left, Single y, const std::string& text,
                         const std::string& fontName, int fontSize, int bold) {
   Lines({"#fn", fontName, "#fs", std::to_string(fontSize), "#fb", std::to_string(bold), "#y", Units(y), "#x",
-         Written(left), keyword, text});
+         services_.numbers.Plain(left), keyword, text});
 }
 
 void PrintPreview::PrintTextLeft(Single x, Single y, const std::string& text, const std::string& fontName, int fontSize,

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/single.h"
 #include "pages/page_file.h"
 #include "pages/scratch_folder.h"
@@ -36,7 +36,7 @@ struct PageServices {
   MessageBoxes& boxes;
   const TextMeasure& measure;
   const Environment& environment;
-  LocaleSeparators separators;
+  NumberTexts numbers;
 };
 
 /// Writes reports as page description files. Report code calls the operations and draws nothing; PagePlayer replays the
@@ -122,7 +122,6 @@ class PrintPreview {
   void Box(Single x1, Single y1, Single x2, Single y2, std::string_view fill, const std::string& colour,
            std::string_view style);
   void Lines(std::initializer_list<std::string_view> lines);
-  [[nodiscard]] std::string Written(Single value) const;
   [[nodiscard]] std::string Units(Single cm) const;
 
   PageServices services_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "model/utf8.h"
 #include "pages/page_units.h"
 
 namespace tav {
@@ -37,7 +38,7 @@ std::string FittedText(const std::string& text, double width, const TextFont& fo
   if (fits(text)) return text;
   std::vector<std::size_t> letters;  // where each begins: one of several bytes goes as a whole
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) letters.push_back(i);
+    if (BeginsLetter(text[i])) letters.push_back(i);
   }
   for (std::size_t kept = letters.size(); kept-- > 1;) {
     const std::size_t ahead = kept / 2;

@@ -8,11 +8,11 @@
 #include "model/numbers.h"
 #include "model/tokenizer.h"
 #include "persist/comment_lines.h"
+#include "persist/template_fields.h"
 
 namespace tav {
 namespace {
 
-constexpr std::string_view kDecoRMV = "DecoRMV";
 constexpr std::string_view kBlends = "Blends Available";
 constexpr std::string_view kChanges = "Change Gas Mixes";
 constexpr std::size_t kMostEntries = std::numeric_limits<std::int16_t>::max();
@@ -38,42 +38,6 @@ constexpr int kThreeFactors = 8161;
 constexpr int kDecimalComma = 8165;
 constexpr int kNoDepth = 7942;
 constexpr int kNoSuchGas = 7943;
-
-struct NumberField {
-  std::string_view key;
-  Single DiveTemplate::*field;
-};
-
-constexpr NumberField kNumberFields[] = {{"Setpoint", &DiveTemplate::Setpoint},
-                                         {"DecoSetpoint", &DiveTemplate::DecoSetpoint},
-                                         {"MinPPO2", &DiveTemplate::MinPPO2},
-                                         {"MaxPPO2", &DiveTemplate::MaxPPO2},
-                                         {"Maximal END", &DiveTemplate::MaximalEND},
-                                         {"DecoPPO2", &DiveTemplate::DecoPPO2},
-                                         {"StartAltitude", &DiveTemplate::StartAltitude},
-                                         {"EndAltitude", &DiveTemplate::EndAltitude},
-                                         {"StartPressure", &DiveTemplate::StartPressure},
-                                         {"EndPressure", &DiveTemplate::EndPressure},
-                                         {"RMV", &DiveTemplate::RMV},
-                                         {kDecoRMV, &DiveTemplate::DecoRMV},
-                                         {"StepSize", &DiveTemplate::StepSize},
-                                         {"LastStop", &DiveTemplate::LastStop}};
-
-struct FlagField {
-  std::string_view key;
-  bool DiveTemplate::*field;
-};
-
-constexpr FlagField kFlagFields[] = {{"OCDeco", &DiveTemplate::OCDeco},
-                                     {"AutoDecoGas", &DiveTemplate::AutoDecoGas},
-                                     {"Open Circuit", &DiveTemplate::OpenCircuit},
-                                     {"O2Narcotic", &DiveTemplate::O2Narcotic},
-                                     {"AdeptedToHeight", &DiveTemplate::AdeptedToHeight},
-                                     {"PPO2Low", &DiveTemplate::PPO2Low},
-                                     {"PPO2High", &DiveTemplate::PPO2High},
-                                     {"MaxEnd", &DiveTemplate::MaxEnd},
-                                     {"Metric", &DiveTemplate::Metric},
-                                     {"DepthAdjust", &DiveTemplate::DepthAdjust}};
 
 std::string Quoted(std::string_view key) { return '"' + std::string(key) + '"'; }
 
@@ -136,11 +100,10 @@ class Reader {
   }
 
   bool StoreKnown(std::string_view value) {
-    for (const NumberField& number : kNumberFields) {
-      if (number.key == key_) return (template_.*number.field = Lenient(value)), true;
-    }
-    for (const FlagField& flag : kFlagFields) {
-      if (flag.key == key_) return (template_.*flag.field = Flag(value)), true;
+    const auto* const known = std::ranges::find(kTemplateFields, key_, &TemplateField::key);
+    if (known != std::end(kTemplateFields)) {
+      std::visit([&](auto field) { Take(value, template_.*field); }, known->field);
+      return true;
     }
     if (key_ == "TimeToHeight") return StoreTimeToHeight(value), true;
     if (key_ == "GF") return StoreGradientFactors(value), true;
@@ -184,6 +147,9 @@ class Reader {
     if (*number != 0 && *number != 1) Advise(kShouldBeFlag, {Shown(text)});
     return *number == 1;
   }
+
+  void Take(std::string_view value, Single& field) { field = Lenient(value); }
+  void Take(std::string_view value, bool& field) { field = Flag(value); }
 
   void StoreTimeToHeight(std::string_view value) {
     const auto minutes = RoundToInt16(Lenient(value));
@@ -307,8 +273,7 @@ KeyLines ReadTemplateBlock(DiveTemplate& diveTemplate, LineReader& lines, Format
 
 std::string MissingKeys(const KeyLines& told, BlockOf block) {
   std::vector<std::string_view> keys;
-  for (const NumberField& number : kNumberFields) keys.push_back(number.key);
-  for (const FlagField& flag : kFlagFields) keys.push_back(flag.key);
+  for (const TemplateField& field : kTemplateFields) keys.push_back(field.key);
   for (const std::string_view key : {"TimeToHeight", "GF", "AscendRates", "DescendRates"}) keys.push_back(key);
   keys.push_back(kBlends);
   keys.push_back(kChanges);

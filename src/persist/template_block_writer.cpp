@@ -1,6 +1,7 @@
 #include "model/number_text.h"
 #include "persist/comment_lines.h"
 #include "persist/template_block.h"
+#include "persist/template_fields.h"
 
 namespace tav {
 namespace {
@@ -9,8 +10,13 @@ namespace {
 class Writer {
  public:
   void Line(std::string_view text) { (text_ += text) += "\r\n"; }
-  void Number(std::string_view key, Single value) { Line(std::string(key) + "=" + FormatPadded(value)); }
-  void Flag(std::string_view key, bool value) { Line(std::string(key) + (value ? "=1" : "=0")); }
+  void Value(std::string_view key, Single value) { Line(std::string(key) + "=" + FormatPadded(value)); }
+  void Value(std::string_view key, bool value) { Line(std::string(key) + (value ? "=1" : "=0")); }
+  void Fields(BlockSection section, const DiveTemplate& t) {
+    for (const TemplateField& field : kTemplateFields) {
+      if (field.section == section) std::visit([&](auto member) { Value(field.key, t.*member); }, field.field);
+    }
+  }
   void Rates(std::string_view key, const std::vector<RateEntry>& rates) {
     std::string line = std::string(key) + "=";
     for (const RateEntry& entry : rates) line += FormatPadded(entry.Depth) + ":" + FormatPadded(entry.Rate) + ",";
@@ -29,36 +35,18 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
   Writer out;
   out.Line(kStartOfBlock);
   out.Line("# Constant PPO2 settings");
-  out.Number("Setpoint", t.Setpoint);
-  out.Number("DecoSetpoint", t.DecoSetpoint);
-  out.Flag("OCDeco", t.OCDeco);
-  out.Flag("AutoDecoGas", t.AutoDecoGas);
-  out.Flag("Open Circuit", t.OpenCircuit);
-  out.Flag("O2Narcotic", t.O2Narcotic);
-  out.Number("MinPPO2", t.MinPPO2);
-  out.Number("Maximal END", t.MaximalEND);
-  out.Number("MaxPPO2", t.MaxPPO2);
-  out.Number("DecoPPO2", t.DecoPPO2);
+  out.Fields(BlockSection::Setpoints, t);
   out.Line("# Altitude settings");
-  out.Flag("AdeptedToHeight", t.AdeptedToHeight);
-  out.Number("TimeToHeight", static_cast<double>(t.TimeToHeight));
-  out.Number("StartAltitude", t.StartAltitude);
-  out.Number("StartPressure", t.StartPressure);
-  out.Number("EndAltitude", t.EndAltitude);
-  out.Number("EndPressure", t.EndPressure);
+  out.Fields(BlockSection::Travel, t);
+  out.Value("TimeToHeight", Single(t.TimeToHeight));
+  out.Fields(BlockSection::Altitude, t);
   out.Line("# Warning section");
-  out.Flag("PPO2Low", t.PPO2Low);
-  out.Flag("PPO2High", t.PPO2High);
-  out.Flag("MaxEnd", t.MaxEnd);
+  out.Fields(BlockSection::Warnings, t);
   out.Line(t.CeilingOverride ? "CeilingOverride= 1" : "CeilingOverride= 0");
   out.Line("# Properties");
-  out.Number("RMV", t.RMV);
-  out.Number("DecoRMV", t.DecoRMV);
-  out.Number("StepSize", t.StepSize);
-  out.Number("LastStop", t.LastStop);
-  out.Flag("Metric", t.Metric);
+  out.Fields(BlockSection::Properties, t);
   out.Line("# Conservatism");
-  out.Flag("DepthAdjust", t.DepthAdjust);
+  out.Fields(BlockSection::Conservatism, t);
   out.Line((t.UseGF ? "GF=1," : "GF=0,") + FormatPadded(t.GFHigh) + "," + FormatPadded(t.GFLow));
   out.Line("# Ascend Descend Rates");
   out.Rates("AscendRates", t.AscendRates);

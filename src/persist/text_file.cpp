@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "model/utf8.h"
 #include "persist/descriptor.h"
 
 namespace tav {
@@ -24,7 +25,7 @@ constexpr int kNobodyWrites = 8500;
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
   const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-  const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0U) == 0x80U; };
+  const auto continues = [&](std::size_t i) { return i < text.size() && !BeginsLetter(text[i]); };
   const unsigned lead = byte(at);
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return continues(at + 1) ? 2 : 0;
@@ -153,7 +154,8 @@ std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest)
     if (text.size() > largest) throw FileError(file, 0, {kLargerThan, {std::to_string(largest / kMiB)}});
   }
   struct stat state {};
-  if (text.empty() && ::fstat(fd.Get(), &state) == 0 && S_ISFIFO(state.st_mode)) throw FileError(file, 0, kNobodyWrites);
+  if (text.empty() && ::fstat(fd.Get(), &state) == 0 && S_ISFIFO(state.st_mode))
+    throw FileError(file, 0, kNobodyWrites);
   if (const auto order = Utf16Order(text)) return FromUtf16(text, *order);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());

@@ -68,12 +68,7 @@ class Figures {
   [[nodiscard]] std::string DepthOf(std::int16_t row) const {
     return Number(profile_.getDepth(row)) + words_.lengthUnit;
   }
-  /// One decimal where there is one: "22.5", "30".
-  [[nodiscard]] std::string Number(Single value) const {
-    const std::string text = FormatFixed(value, 1);
-    const bool whole = text.ends_with(".0");
-    return WriteLocaleNumber(whole ? text.substr(0, text.size() - 2) : text, words_.separators);
-  }
+  [[nodiscard]] std::string Number(Single value) const { return words_.numbers.Short(value); }
 
   DrawingSurface& surface_;
   const ProfilePlot& plot_;

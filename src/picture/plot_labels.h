@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "picture/profile_plot.h"
 
 namespace tav {
@@ -30,8 +30,8 @@ class PlotLabels {
 
 /// How the figures on the plot are written.
 struct FigureWords {
-  std::string lengthUnit;       ///< " m" or " ft"
-  LocaleSeparators separators;  ///< of the user
+  std::string lengthUnit;  ///< " m" or " ft"
+  NumberTexts numbers;
 };
 
 /// Writes the run time at the end, the depths of the first stop and of each gas change, and the minutes of each stop,

@@ -100,7 +100,7 @@ void LegTable::Set(int row, Field field, const std::string& text) {
   }
   Number& number = field == Field::Depth ? leg.depth : leg.time;
   if (number.text == trimmed) return;
-  const auto value = ParseLocaleNumber(trimmed, separators_);
+  const auto value = numbers_.Read(trimmed);
   number = {trimmed, value ? std::optional<Single>(*value) : std::nullopt, true};
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "model/dive_template.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/user_actions.h"
 #include "platform/text_source.h"
 
@@ -38,7 +38,7 @@ class LegTable {
     std::string reason;  ///< a sentence
   };
 
-  explicit LegTable(LocaleSeparators separators = {}) : separators_(std::move(separators)) {}
+  explicit LegTable(NumberTexts numbers = {}) : numbers_(std::move(numbers)) {}
 
   /// All rows anew. The template must outlive the table.
   void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
@@ -87,9 +87,9 @@ class LegTable {
   void DropIdleAscents();
   [[nodiscard]] std::string DepthReason(const Number& depth, const TextSource& texts) const;
   [[nodiscard]] std::string TimeReason(const Number& time, const TextSource& texts) const;
-  [[nodiscard]] std::string Written(Single value) const { return WriteLocaleNumber(FormatPlain(value), separators_); }
+  [[nodiscard]] std::string Written(Single value) const { return numbers_.Plain(value); }
 
-  LocaleSeparators separators_;
+  NumberTexts numbers_;
   const DiveTemplate* template_ = nullptr;
   bool metric_ = true;  ///< the units of the rows
   std::vector<Row> rows_;

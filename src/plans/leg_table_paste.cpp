@@ -44,9 +44,7 @@ int LegTable::Paste(int row, const std::string& text, const std::string& ascentW
       Put(row + pasted++, std::move(ascent));
       continue;
     }
-    const auto isNumber = [this](const std::string& field) {
-      return ParseLocaleNumber(field, separators_).has_value();
-    };
+    const auto isNumber = [this](const std::string& field) { return numbers_.Read(field).has_value(); };
     if (pasted == 0 && std::none_of(fields.begin(), fields.end(), isNumber)) continue;
     Insert(row + pasted);
     Set(row + pasted, Field::Depth, fields[0]);

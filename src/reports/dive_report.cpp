@@ -1,6 +1,6 @@
 #include "reports/dive_report.h"
 
-#include "supply/supply_text.h"
+#include <algorithm>
 
 namespace tav {
 
@@ -10,18 +10,17 @@ std::string DiveTitle(const SeriesDive& dive, const TextSource& texts) {
   return dive.file + ", " + texts.Filled(kDive, {std::to_string(dive.number)});
 }
 
-void WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives,
-                     const std::optional<ReportedSupply>& supply) {
-  const TextSource& texts = report.Texts();
-  report.InitLongReport();
-  for (const SeriesDive& dive : dives) {
+bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives, const SupplyChoice& choice) {
+  int rows = 0;
+  for (const SeriesDive& dive : dives) rows += dive.dive.plan.rows.GetLength() + 1;
+  report.InitLongReport(rows);
+  return std::ranges::all_of(dives, [&](const SeriesDive& dive) {
     const auto& [record, plan, before] = dive.dive;
     const bool showSeries = dives.size() == 1 ? record.SurfaceInterval != 0 : dive.number != 1;
-    report.LongReport({plan.rows, dive.settings, showSeries, showSeries ? dive.number : 1, record.SurfaceInterval,
-                       plan.end.Decompresses,
-                       supply ? SupplyTablesOf(dive.dive, supply->choice, texts, supply->separators) : SupplyTables(),
-                       DiveTitle(dive, texts)});
-  }
+    return report.LongReport({plan.rows, dive.settings, showSeries, showSeries ? dive.number : 1,
+                              record.SurfaceInterval, plan.end.Decompresses, SupplyOf(dive.dive, choice),
+                              DiveTitle(dive, report.Texts())});
+  });
 }
 
 }  // namespace tav

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "compute/series_dive.h"
@@ -12,14 +11,8 @@ namespace tav {
 /// "wreck.tav"; in a series with the number of the dive, from the first on.
 std::string DiveTitle(const SeriesDive& dive, const TextSource& texts);
 
-/// What a long report tells of the gas supply.
-struct ReportedSupply {
-  SupplyChoice choice;
-  LocaleSeparators separators;
-};
-
-/// Writes the long report of one dive of a series, or of all of them. Without a `supply` it tells none.
-void WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives,
-                     const std::optional<ReportedSupply>& supply = {});
+/// Writes the long report of one dive of a series, or of all of them. False when the progress of the report has ended
+/// it: then there is nothing to show.
+bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives, const SupplyChoice& choice = {});
 
 }  // namespace tav

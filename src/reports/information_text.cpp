@@ -1,47 +1,41 @@
 #include "reports/information_text.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "model/text_columns.h"
+#include "model/utf8.h"
 
 namespace tav {
 namespace {
 
-constexpr int kColumns = 80;
-constexpr int kCells = 13;
-constexpr std::array<int, kCells> kWidths{6, 5, 7, 4, 3, 5, 5, 5, 3, 7, 6, 6, 4};
+constexpr std::size_t kColumns = 80;
+constexpr std::size_t kCells = 13;
+constexpr std::array<std::size_t, kCells> kWidths{6, 5, 7, 4, 3, 5, 5, 5, 3, 7, 6, 6, 4};
 constexpr std::size_t kStatusColumn = 12;
 
 using Cells = std::array<std::string, kCells>;
 
-/// Letters, not bytes: all but the continuation bytes of UTF-8.
-int LengthOf(const std::string& text) {
-  return static_cast<int>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
-
-std::string Blanks(int count) { return std::string().append(static_cast<std::size_t>(std::max(0, count)), ' '); }
-std::string Rule(int length) { return std::string(static_cast<std::size_t>(length), '_') + "\r\n"; }
+std::string Rule(std::size_t length) { return std::string(length, '_') + "\r\n"; }
 
 std::string Centred(const std::string& text) {
-  const int length = LengthOf(text);
+  const std::size_t length = Letters(text);
   if (length > kColumns) return text + "\r\n";
-  const int before = static_cast<int>(std::nearbyint((kColumns - length) / 2.0));
-  return Blanks(before + 1) + text + Blanks(kColumns - before + 1) + "\r\n";
+  const auto before = static_cast<std::size_t>(std::nearbyint(static_cast<double>(kColumns - length) / 2.0));
+  return std::string(before + 1, ' ') + text + std::string(kColumns - before + 1, ' ') + "\r\n";
 }
 
 std::string Title(const std::string& title) { return Rule(kColumns + 1) + Centred(title) + Rule(kColumns + 1); }
 
 std::string ThreeColumns(const std::string& first, const std::string& second, const std::string& third) {
-  constexpr int kSecondAt = 19;
-  constexpr int kThirdAt = 50;
-  std::string line = first + Blanks(kSecondAt - LengthOf(first)) + second;
-  return line + Blanks(kThirdAt - LengthOf(line)) + third + "\r\n";
+  constexpr std::size_t kSecondAt = 19;
+  constexpr std::size_t kThirdAt = 50;
+  return AtLeft(AtLeft(first, kSecondAt) + second, kThirdAt) + third + "\r\n";
 }
 
 std::string TableRow(const Cells& cells) {
   std::string line;
-  for (std::size_t i = 0; i < cells.size(); ++i) line += cells[i] + Blanks(kWidths[i] + 1 - LengthOf(cells[i]));
+  for (std::size_t i = 0; i < cells.size(); ++i) line += AtLeft(cells[i], kWidths[i] + 1);
   return line + "\r\n";
 }
 
@@ -60,7 +54,7 @@ std::string SupplyText(const SupplyTables& supply) {
       for (std::size_t i = 0; i < table[row].size(); ++i) {
         const std::string piece =
             Labelled(table[0][i].text, table[row][i].text) + (i + 1 < table[row].size() ? "," : "");
-        if (LengthOf(line) + LengthOf(piece) + 1 > kColumns) {
+        if (Letters(line) + Letters(piece) + 1 > kColumns) {
           text += line + "\r\n";
           line = "   ";
         }

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "figures/information.h"
-#include "supply/supply_tables.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 

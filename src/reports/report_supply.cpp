@@ -1,8 +1,7 @@
 // The gas supply in the long report, for plans that tell their cylinders.
 
-#include <array>
-
-#include "reports/long_report.h"
+#include "reports/report_blocks.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {
@@ -14,98 +13,91 @@ struct Place {
   double width;  ///< of the longest text, cm
 };
 
-constexpr std::array<Place, 8> kGasPlaces{{{2.0, false, 2.6},
-                                           {4.9, false, 6.4},
-                                           {13.2, true, 0},
-                                           {15.6, true, 0},
-                                           {18.0, true, 0},
-                                           {20.4, true, 0},
-                                           {23.0, true, 0},
-                                           {23.5, false, 3.5}}};
-constexpr std::array<Place, 9> kLegPlaces{{{2.9, true, 0},
-                                           {4.9, true, 0},
-                                           {6.6, true, 0},
-                                           {7.2, false, 2.6},
-                                           {12.4, true, 0},
-                                           {15.4, true, 0},
-                                           {18.2, true, 0},
-                                           {21.0, true, 0},
-                                           {21.6, false, 5.4}}};
+const std::vector<Place> kGasPlaces{{2.0, false, 2.6}, {4.9, false, 6.4}, {13.2, true, 0}, {15.6, true, 0},
+                                    {18.0, true, 0},   {20.4, true, 0},   {23.0, true, 0}, {23.5, false, 3.5}};
+const std::vector<Place> kLegPlaces{{2.9, true, 0},    {4.9, true, 0},  {6.6, true, 0},
+                                    {7.2, false, 2.6}, {12.4, true, 0}, {15.4, true, 0},
+                                    {18.2, true, 0},   {21.0, true, 0}, {21.6, false, 5.4}};
 
-constexpr double kRow = 0.5;
+constexpr double kRow = ReportPages::kRow;
 constexpr double kHead = 1.7;
-constexpr double kPageEnd = 16.8;
+constexpr double kPageEnd = 17.3;
 constexpr double kTopOfPage = 4.0;
-constexpr double kTitleX = 12.5;
 
-Place PlaceOf(std::size_t column, bool legs) { return legs ? kLegPlaces.at(column) : kGasPlaces.at(column); }
+class SupplyTable {
+ public:
+  /// A row of two lines has a note on its second one.
+  SupplyTable(ReportPages& pages, const SupplyTables::Table& table, const std::vector<Place>& places, int linesOfRow)
+      : pages_(pages), table_(table), places_(places), height_(linesOfRow * kRow) {}
+
+  Single Write(Single y, const std::string& title, Single titleX) {
+    y_ = y + kRow;
+    // A head is never alone on its page.
+    if (y_ + kHead + height_ > kPageEnd) NextPage();
+    Head(title, titleX);
+    for (std::size_t i = 1; i < table_.size(); ++i) {
+      if (y_ + height_ > kPageEnd) {
+        pages_.Outline(top_, y_);
+        NextPage();
+        Head(title, titleX);
+      }
+      Row(table_[i], static_cast<int>(i) - 1);
+      y_ += height_;
+    }
+    pages_.Outline(top_, y_);
+    return y_;
+  }
+
+ private:
+  void NextPage() {
+    pages_.NewPage();
+    y_ = kTopOfPage;
+  }
+
+  void Head(const std::string& title, Single titleX) {
+    constexpr int kSize = 8;
+    pages_.TitleBand(y_, 0.8, title, titleX);
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+      const std::string& text = table_[0][i].text;
+      places_[i].right ? pages_.Right(places_[i].x, y_ + 1.1, text, true, kSize)
+                       : pages_.Left(places_[i].x, y_ + 1.1, text, kSize, true);
+    }
+    top_ = y_ + 0.8;
+    y_ += kHead;
+  }
+
+  void Row(const std::vector<GridCell>& row, int index) {
+    const bool note = height_ > kRow;
+    pages_.RowBand(y_, index, {});
+    if (note) pages_.RowBand(y_ + kRow, index, {});
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+      const auto& [x, right, width] = places_[i];
+      if (row[i].colour >= 0) pages_.Out().SetForeColor(row[i].colour);
+      right ? pages_.Right(x, y_, row[i].text, row[i].bold) : pages_.Fitted(x, y_, row[i].text, width, row[i].bold);
+      pages_.Out().SetForeColor(kBlack);
+    }
+    // How the minimum gas is worked out.
+    constexpr int kSmall = 8;
+    if (note) pages_.Left(places_.at(3).x, y_ + kRow, row.back().text, kSmall);
+  }
+
+  ReportPages& pages_;
+  const SupplyTables::Table& table_;
+  const std::vector<Place>& places_;
+  double height_;
+  Single y_;    ///< of the next row
+  Single top_;  ///< of the table on this page
+};
 
 }  // namespace
 
-void GeneralReport::SupplyBlock() {
-  const SupplyTables& supply = dive_->supply;
+void WriteSupply(ReportPages& pages, Single y) {
+  const DiveTemplate& settings = pages.Template();
+  const SupplyTables supply =
+      TablesOf(pages.Dive().supply, settings.RMV, AdviceWords(pages.Out().Texts(), pages.Numbers(), settings.Metric));
   if (supply.gases.empty()) return;
-  SupplyTable(supply.gases, supply.gasTitle, false);
-  if (supply.legs.size() > 1) SupplyTable(supply.legs, supply.legTitle, true);
-}
-
-void GeneralReport::SupplyHead(const SupplyTables::Table& table, const std::string& title) {
-  const bool legs = &table == &dive_->supply.legs;
-  const Single y = SectionY_;
-  TitleBand(y, 0.8, title, legs ? kTitleX - 3 : kTitleX);
-  const std::size_t columns = legs ? kLegPlaces.size() : kGasPlaces.size();
-  for (std::size_t i = 0; i < columns; ++i) {
-    const Place place = PlaceOf(i, legs);
-    if (place.right) {
-      out_.PrintTextRight(place.x, y + 1.1, table[0][i].text, "Arial", 8, 1);
-    } else {
-      Left(place.x, y + 1.1, table[0][i].text, 8, true);
-    }
-  }
-  TableTop_ = y + 0.8;
-  SectionY_ += kHead;
-}
-
-void GeneralReport::SupplyTable(const SupplyTables::Table& table, const std::string& title, bool twoLines) {
-  const double height = twoLines ? 2 * kRow : kRow;
-  SectionY_ += kRow;
-  // A head is never alone on its page.
-  if (SectionY_ + kHead + height > kPageEnd + kRow) {
-    NewPage();
-    SectionY_ = kTopOfPage;
-  }
-  SupplyHead(table, title);
-  for (std::size_t i = 1; i < table.size(); ++i) {
-    if (SectionY_ + height > kPageEnd + kRow) {
-      Outline(TableTop_, SectionY_);
-      NewPage();
-      SectionY_ = kTopOfPage;
-      SupplyHead(table, title);
-    }
-    SupplyRow(table[i], static_cast<int>(i) - 1, twoLines);
-    SectionY_ += height;
-  }
-  Outline(TableTop_, SectionY_);
-}
-
-void GeneralReport::SupplyRow(const std::vector<GridCell>& row, int index, bool twoLines) {
-  const Single y = SectionY_;
-  RowBand(y, index, {});
-  if (twoLines) RowBand(y + kRow, index, {});
-  const std::size_t columns = twoLines ? kLegPlaces.size() : kGasPlaces.size();
-  for (std::size_t i = 0; i < columns; ++i) {
-    const Place place = PlaceOf(i, twoLines);
-    if (row[i].colour >= 0) out_.SetForeColor(row[i].colour);
-    if (place.right) {
-      Right(place.x, y, row[i].text, row[i].bold);
-    } else {
-      Fitted(place.x, y, row[i].text, place.width, row[i].bold);
-    }
-    out_.SetForeColor(kBlack);
-  }
-  // How the minimum gas is worked out.
-  constexpr int kSmall = 8;
-  if (twoLines) Left(kLegPlaces.at(3).x, y + kRow, row.back().text, kSmall);
+  const Single end = SupplyTable(pages, supply.gases, kGasPlaces, 1).Write(y, supply.gasTitle, 12.5);
+  if (supply.legs.size() > 1) SupplyTable(pages, supply.legs, kLegPlaces, 2).Write(end, supply.legTitle, 9.5);
 }
 
 }  // namespace tav

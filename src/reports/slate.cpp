@@ -4,9 +4,7 @@
 #include <cmath>
 
 #include "figures/dive_figures.h"
-#include "figures/loop_state.h"
-#include "figures/model_name.h"
-#include "figures/schedule.h"
+#include "figures/settings_words.h"
 #include "pages/page_units.h"
 
 namespace tav {
@@ -23,8 +21,6 @@ constexpr int kPPO2 = 7739;
 constexpr int kSteps = 7740;
 constexpr int kAltitudes = 7742;
 constexpr int kAltitude = 7743;
-constexpr int kDepthsAdjusted = 7744;
-constexpr int kStopsOpen = 7745;
 constexpr int kOpenCircuit = 1107;
 constexpr int kDepth = 7315;
 constexpr int kStop = 7316;
@@ -140,7 +136,7 @@ std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas 
 void Slate::Add(const SlateDive& dive) {
   const PrintPreview::Batch batch(out_);
   metric_ = dive.settings.Metric;
-  const SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().separators);
+  const SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().numbers);
   constexpr double kInner = kRight - kMargin;
   constexpr double kGap = 0.35;
   const Layout wide{18, 0.76, 1, kInner, 2.2, 4.9, 7.7, 8.6};
@@ -236,24 +232,11 @@ void Slate::GasRow(const Layout& layout, const SlateRow& row, double left, doubl
 }
 
 std::string Slate::SettingsLine(const DiveTemplate& settings) const {
-  const auto number = [&](Single value) { return ScheduleText::ShortNumber(value, out_.Services().separators); };
-  const auto length = [&](Single value) { return number(value) + " " + T(settings.Metric ? kMetres : kFeet); };
-  const auto fixed = [&](Single value, int decimals) {
-    return WriteLocaleNumber(FormatFixed(value, decimals), out_.Services().separators);
-  };
-  std::string line = ModelName(model_);
-  const auto add = [&line](const std::string& part) { line += (line.empty() ? "" : ", ") + part; };
-  if (GradientFactorsAct(settings, model_)) {
-    add("GF " + fixed(settings.GFLow * 100, 0) + "/" + fixed(settings.GFHigh * 100, 0));
-  }
-  if (settings.DepthAdjust) add(T(kDepthsAdjusted));
-  if (settings.OpenCircuit) {
-    add(T(kOpenCircuit));
-  } else {
-    add(T(kLoop) + " " + fixed(settings.Setpoint, 2) + "/" + fixed(settings.DecoSetpoint, 2));
-    if (settings.OCDeco) add(T(kStopsOpen));
-    add(LoopState(settings, false, out_.Texts()));
-  }
+  const NumberTexts& numbers = out_.Services().numbers;
+  const auto length = [&](Single value) { return numbers.Short(value) + " " + T(settings.Metric ? kMetres : kFeet); };
+  const std::string circuit = settings.OpenCircuit ? T(kOpenCircuit) : T(kLoop) + " " + Setpoints(settings, numbers);
+  std::string line = ComputedWith(settings, model_, circuit, false, out_.Texts());
+  const auto add = [&line](const std::string& part) { line += ", " + part; };
   add(out_.Texts().Filled(kSteps, {length(settings.StepSize), length(settings.LastStop)}));
   if (settings.StartPressure != settings.EndPressure) {
     add(out_.Texts().Filled(kAltitudes, {length(settings.StartAltitude), length(settings.EndAltitude)}));

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "engine/breathing_gas.h"
-#include "figures/schedule.h"
+#include "figures/dive_figures.h"
+#include "model/numbers.h"
 
 namespace tav {
 namespace {
@@ -12,19 +13,19 @@ using Kind = SlateRow::Kind;
 
 class Builder {
  public:
-  Builder(const ClassProfile& profile, const DiveTemplate& settings, const LocaleSeparators& separators)
-      : profile_(profile), settings_(settings), separators_(separators), lastUserRow_(LastUserRow(profile)) {}
+  Builder(const ClassProfile& profile, const DiveTemplate& settings, const NumberTexts& numbers)
+      : profile_(profile), settings_(settings), numbers_(numbers), lastUserRow_(LastUserRow(profile)) {}
 
   SlateRows Build() {
     for (std::int16_t i = 1; i <= profile_.GetLength(); ++i) {
       const Waypoint& row = profile_.Row(i);
       const Waypoint& before = profile_.Row(static_cast<std::int16_t>(i - 1));
-      const bool leg = i <= lastUserRow_ && row.Status != RowStatus::kStop;
+      const bool leg = i <= lastUserRow_ && !IsStop(row);
       if (row.GasMixName != gas_ || OnLoop(row) != loop_) ChangeGas(row, before.Depth, i <= lastUserRow_);
       if (leg) {
         if (EndsLeg(i)) AddLeg(row);
-      } else if (row.Status == RowStatus::kStop) {
-        Add(Kind::Stop, row, row.StopTime > 0 ? row.StopTime : row.SegmentTime);
+      } else if (IsStop(row)) {
+        Add(Kind::Stop, row, row.StopTime);
       } else if (i == profile_.GetLength()) {
         Add(Kind::Surface, row, 0);
       }
@@ -34,14 +35,14 @@ class Builder {
   }
 
  private:
-  [[nodiscard]] std::string Short(Single value) const { return ScheduleText::ShortNumber(value, separators_); }
+  [[nodiscard]] std::string Short(Single value) const { return numbers_.Short(value); }
 
   [[nodiscard]] bool OnLoop(const Waypoint& row) const { return !settings_.OpenCircuit && !(row.GasUsed > 0); }
 
   /// Nothing of the leg follows: neither its level part nor a next band of rates.
   [[nodiscard]] bool EndsLeg(std::int16_t i) const {
     const Waypoint& row = profile_.Row(i);
-    if (row.Status != RowStatus::kLeg) return false;
+    if (row.Status != RowStatus::kLeg && row.Status != RowStatus::kStop) return false;
     if (i == lastUserRow_) return true;
     const Waypoint& next = profile_.Row(static_cast<std::int16_t>(i + 1));
     return next.Depth != row.Depth || next.Rate != 0 || next.GasMixName != row.GasMixName;
@@ -54,7 +55,7 @@ class Builder {
     made.runTime = Short(row.RunTime);
     made.gas = row.GasMixName;
     made.loop = OnLoop(row);
-    made.PPO2 = WriteLocaleNumber(FormatFixed(row.PPO2, 2), separators_);
+    made.PPO2 = numbers_.Fixed(row.PPO2, 2);
     return made;
   }
 
@@ -86,7 +87,7 @@ class Builder {
     if (!loop_) {
       const Single surface = planned ? settings_.StartPressure : settings_.EndPressure;
       const Single there = PPO2AtDepth(depth, surface, row.GasMixO2 / 100, settings_.Metric);
-      change.PPO2 = WriteLocaleNumber(FormatFixed(std::max<double>(there, row.PPO2), 2), separators_);
+      change.PPO2 = numbers_.Fixed(MaxSingle(there, row.PPO2), 2);
     }
     made_.rows.push_back(std::move(change));
   }
@@ -102,7 +103,7 @@ class Builder {
 
   const ClassProfile& profile_;
   const DiveTemplate& settings_;
-  const LocaleSeparators& separators_;
+  const NumberTexts& numbers_;
   std::int16_t lastUserRow_;
   std::string gas_;
   bool loop_ = false;
@@ -113,8 +114,8 @@ class Builder {
 
 }  // namespace
 
-SlateRows SlateRowsOf(const ClassProfile& profile, const DiveTemplate& settings, const LocaleSeparators& separators) {
-  return Builder(profile, settings, separators).Build();
+SlateRows SlateRowsOf(const ClassProfile& profile, const DiveTemplate& settings, const NumberTexts& numbers) {
+  return Builder(profile, settings, numbers).Build();
 }
 
 }  // namespace tav

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "model/dive_template.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "model/profile.h"
 
 namespace tav {
@@ -32,7 +32,6 @@ struct SlateRows {
   std::vector<SlateRow> rows;  ///< all legs where there is more than one, then the ascent with its gas changes
 };
 
-/// `separators` are those of the user.
-SlateRows SlateRowsOf(const ClassProfile& profile, const DiveTemplate& settings, const LocaleSeparators& separators);
+SlateRows SlateRowsOf(const ClassProfile& profile, const DiveTemplate& settings, const NumberTexts& numbers);
 
 }  // namespace tav

@@ -4,7 +4,10 @@
 #include <functional>
 #include <map>
 
+#include "figures/dive_figures.h"
 #include "figures/schedule.h"
+#include "model/text_columns.h"
+#include "model/utf8.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
@@ -32,14 +35,14 @@ constexpr int kMinutes = 7703;
 /// What a dive does at one depth of its ascent.
 using Stops = std::map<double, WhatIfTable::Cell, std::greater<>>;
 
-Stops StopsOf(const WhatIfColumn& column, const DiveTemplate& settings) {
+Stops StopsOf(const WhatIfColumn& column, const DiveTemplate& settings, const AdviceWords& words) {
   Stops stops;
   for (const ScheduleRow& row : ScheduleOf(column.rows, settings)) {
     const bool stop = row.kind == ScheduleRow::Kind::Stop;
     if (!stop && row.kind != ScheduleRow::Kind::GasChange) continue;
     WhatIfTable::Cell& cell = stops[row.depth];
     // A plan that goes down again comes to a depth twice.
-    if (stop) cell.figure += (cell.figure.empty() ? "" : "+") + ScheduleText::ShortNumber(row.minutes.value_or(0));
+    if (stop) cell.figure += (cell.figure.empty() ? "" : "+") + words.Short(row.minutes.value_or(0));
     if (row.changesGas) cell.note += (cell.note.empty() ? "" : " ") + row.gas;
   }
   return stops;
@@ -55,18 +58,16 @@ class Builder {
       table_.heads.push_back({NameOf(column, words_), DetailOf(column, wish, words_)});
     }
     StopRows();
-    Total(kRunTime, words_.T(kMinutes), [this](const Waypoint& last, const WhatIfColumn& column) {
-      WhatIfTable::Cell cell{words_.Short(last.RunTime), "", false};
+    Total(kRunTime, words_.T(kMinutes), [this](const DiveFigures& figures, const WhatIfColumn& column) {
+      WhatIfTable::Cell cell{words_.Short(figures.runTime), "", false};
       if (!column.decompresses) cell = {cell.figure, words_.T(kEndless), true};
       return cell;
     });
-    Total(kStops, words_.T(kMinutes), [this](const Waypoint&, const WhatIfColumn& column) {
-      double minutes = 0;
-      for (std::int16_t i = 1; i <= column.rows.GetLength(); ++i) minutes += column.rows.getStopTime(i);
-      return WhatIfTable::Cell{words_.Short(minutes), "", false};
+    Total(kStops, words_.T(kMinutes), [this](const DiveFigures& figures, const WhatIfColumn&) {
+      return WhatIfTable::Cell{words_.Short(figures.stopTime), "", false};
     });
-    Total(kCNS, "%", [this](const Waypoint& last, const WhatIfColumn&) {
-      return WhatIfTable::Cell{words_.Fixed(last.TotalCNS * 100, 0), "", last.TotalCNS >= 1};
+    Total(kCNS, "%", [this](const DiveFigures& figures, const WhatIfColumn&) {
+      return WhatIfTable::Cell{words_.Fixed(figures.CNS * 100, 0), "", figures.CNS >= 1};
     });
     GasRows();
     Warnings(wish);
@@ -78,7 +79,7 @@ class Builder {
     std::vector<Stops> stops;
     Stops depths;
     for (const WhatIfColumn& column : columns_) {
-      stops.push_back(StopsOf(column, settings_));
+      stops.push_back(StopsOf(column, settings_, words_));
       for (const auto& [depth, cell] : stops.back()) depths[depth];
     }
     for (const auto& [depth, none] : depths) {
@@ -103,7 +104,7 @@ class Builder {
     WhatIfTable::Row row{words_.T(label), unit, {}, true};
     for (const WhatIfColumn& column : columns_) {
       if (column.fault.IsEmpty()) {
-        row.cells.push_back(cellOf(column.rows.Row(column.rows.GetLength()), column));
+        row.cells.push_back(cellOf(FiguresOf(column.rows), column));
       } else {
         row.cells.push_back({"", label == kRunTime ? words_.T(kImpossible) : "", true});
       }
@@ -142,7 +143,7 @@ class Builder {
 
   /// The same lines as below bail-out tables and on cards.
   void Warnings(const WhatIfWish& wish) {
-    const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Separators());
+    const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Numbers());
     for (const WhatIfColumn& column : columns_) {
       std::string name = NameOf(column, words_);
       if (column.kind == Kind::BailOut) name += " " + DetailOf(column, wish, words_);
@@ -189,11 +190,6 @@ WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& 
 }
 
 std::string AlignedText(const WhatIfTable& table, std::size_t width) {
-  const auto padded = [](const std::string& text, std::size_t letters, bool left) {
-    const std::size_t own = Letters(text);
-    const std::string blanks(own < letters ? letters - own : 0, ' ');
-    return left ? text + blanks : blanks + text;
-  };
   std::size_t labels = 0;
   for (const WhatIfTable::Row& row : table.rows) labels = std::max(labels, Letters(row.Heading()));
   struct Widths {
@@ -219,8 +215,8 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
       ++end;
     }
     const auto line = [&](const std::string& label, const auto& cellOf) {
-      std::string made = padded(label, labels, true);
-      for (std::size_t c = first; c < end; ++c) made += "  " + padded(cellOf(c), widths[c].all, true);
+      std::string made = AtLeft(label, labels);
+      for (std::size_t c = first; c < end; ++c) made += "  " + AtLeft(cellOf(c), widths[c].all);
       made.erase(made.find_last_not_of(' ') + 1);
       text += made + "\n";
     };
@@ -231,9 +227,8 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     for (const WhatIfTable::Row& row : table.rows) {
       if (row.total && !totals) text += "\n";
       totals = row.total;
-      line(row.Heading(), [&](std::size_t c) {
-        return padded(row.cells[c].figure, widths[c].figure, false) + " " + row.cells[c].note;
-      });
+      line(row.Heading(),
+           [&](std::size_t c) { return AtRight(row.cells[c].figure, widths[c].figure) + " " + row.cells[c].note; });
     }
     first = end;
   }

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid_cell.h"
 #include "figures/advice_words.h"
 #include "supply/gas_supply.h"
-#include "supply/supply_tables.h"
 
 /// The gas supply in words and tables, the same in windows, on paper and in the terminal.
 namespace tav {
@@ -27,6 +27,23 @@ std::string ToActByText(const GasStore& store, std::optional<double> pressure, c
 /// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.013 bar x 2 min = 1122 l, + ascent 1240 l".
 /// The product and the sum are those of the figures that stand there. `rmv` is that of the template.
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words);
+
+/// What a report or a window tells of the gas supply of a dive: texts in rows, row 0 the heads; what is short is red
+/// and bold. Without rows there is nothing to tell.
+struct SupplyTables {
+  using Table = std::vector<std::vector<GridCell>>;
+  /// Gas, cylinders, fill, carried, used, left, pressure left, verdict.
+  Table gases;
+  /// Leg, depth, run time, gas, left, minimum gas, as a pressure, turn pressure, verdict, how the minimum is worked
+  /// out.
+  Table legs;
+  std::string gasTitle;
+  std::string legTitle;
+};
+
+/// Columns of text in them; the others are numbers.
+const std::vector<int> kSupplyTextColumns{0, 1, 7};
+const std::vector<int> kLegTextColumns{3, 8, 9};
 
 /// All of it in two tables; both without rows when there is no supply.
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words);

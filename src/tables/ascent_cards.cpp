@@ -13,9 +13,9 @@ std::string Whole(Single value) { return FormatFixed(value, 0); }
 
 class Card {
  public:
-  Card(const TableDive& cut, const TableDives& scenario, const LocaleSeparators& separators)
+  Card(const TableDive& cut, const TableDives& scenario, const NumberTexts& numbers)
       : cut_(cut),
-        numbers_(separators),
+        numbers_(numbers),
         settings_(scenario.diveTemplate),
         rows_(cut.profile),
         bottom_(LastUserRow(rows_)) {
@@ -104,10 +104,10 @@ class Card {
 
 }  // namespace
 
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const LocaleSeparators& separators) {
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers) {
   std::vector<AscentCard> cards;
   for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
-    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts, separators).Make());
+    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts, numbers).Make());
   }
   return cards;
 }

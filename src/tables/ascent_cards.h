@@ -5,7 +5,7 @@
 
 #include "compute/gas_warnings.h"
 #include "compute/table_dives.h"
-#include "model/number_text.h"
+#include "model/number_texts.h"
 
 namespace tav {
 
@@ -40,7 +40,7 @@ struct AscentCard {
 /// The cards of a scenario, one for each cut under water.
 ///
 /// The replay of a cut within the ascent of the plan counts the short first minute of each earlier stop whole and so
-/// runs late; a card counts from its own moment. Numbers have the separators of the reader.
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const LocaleSeparators& separators = {});
+/// runs late; a card counts from its own moment. Numbers are written as `numbers` does.
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers = {});
 
 }  // namespace tav

@@ -128,7 +128,7 @@ class CardPrinter {
     }
     const TextFont font{kArial, kNoteSize, true};
     std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
-    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().separators);
+    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().numbers);
     for (const GasWarning& warning : card_.warnings) {
       const std::string text = kWarning + WarningText(warning, words);
       for (const std::string& line : WrappedText(text, kRight - kMargin, font, writer_.Services().measure)) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "figures/dive_figures.h"
-#include "figures/loop_state.h"
 #include "figures/model_name.h"
+#include "figures/settings_words.h"
 
 namespace tav {
 namespace {
@@ -32,7 +32,7 @@ class Drawing {
     Text(f_.left + 0.8, f_.top + 0.4, Cell(0, TableColumn::kDepth));
     for (int row = 1; row <= f_.rows; ++row) {
       const std::string& depth = table_.depths[static_cast<std::size_t>(row)];
-      Text(f_.left + 0.9, f_.Text(row), WriteLocaleNumber(depth, writer_.Services().separators));
+      Text(f_.left + 0.9, f_.Text(row), writer_.Services().numbers.Written(depth));
     }
     for (int dive = 0; dive < f_.columns; ++dive) {
       Centred(dive, f_.top + 0.4, DiveCell(0, dive));
@@ -92,10 +92,10 @@ class Drawing {
 std::string ModelLine(const TableDives& profiles, const PrintPreview& writer) {
   const DiveTemplate& settings = profiles.diveTemplate;
   constexpr int kOff = 6169;
-  const NumberTexts numbers(writer.Services().separators);
+  const NumberTexts& numbers = writer.Services().numbers;
   std::string line = ModelName(profiles.model);
   if (GradientFactorsAct(settings, profiles.model)) {
-    line += "  GF " + numbers.Fixed(settings.GFLow, 2) + "-" + numbers.Fixed(settings.GFHigh, 2);
+    line += "  GF " + FactorRange(settings, numbers);
   } else if (!profiles.model.VPMMode) {
     line += "  GF " + writer.Texts().GetResString(kOff);
   }

@@ -31,9 +31,7 @@ class Column {
     writer_.PrintTextLeft(x, y, text, "Arial", size, bold);
   }
 
-  [[nodiscard]] std::string Local(const std::string& number) const {
-    return WriteLocaleNumber(number, writer_.Services().separators);
-  }
+  [[nodiscard]] const NumberTexts& Numbers() const { return writer_.Services().numbers; }
   /// A name too long for the column ends in dots, so that it does not run into the tables.
   [[nodiscard]] std::string Cut(const std::string& text) const {
     return FittedText(text, 4.85, {"Arial", 8, false}, writer_.Services().measure);
@@ -56,15 +54,15 @@ class Column {
     writer_.PrintFilledBox(0.81, 6.91, 5.75, 7.28, kGrey);
     constexpr int kEND = 6044;
     Text(kX + 0.1, kY + 2.0, T(kEND));
-    Text(kX + 1.15, kY + 2.0, FormatFixed(template_.MaximalEND, 0));
+    Text(kX + 1.15, kY + 2.0, Numbers().Fixed(template_.MaximalEND, 0));
     Text(kX + 0.15, kY + 2.4, "PPO2");
-    Text(kX + 1.15, kY + 2.4, Local(FormatFixed(template_.MaxPPO2, 2)));
+    Text(kX + 1.15, kY + 2.4, Numbers().Fixed(template_.MaxPPO2, 2));
     Text(kX + 2.7, kY + 2.0, T(6103));
     // Cubic feet in whole numbers would be 1 for any diver.
     const int decimals = template_.Metric ? 0 : 2;
-    Text(kX + 4.2, kY + 2.0, Local(FormatFixed(template_.RMV, decimals)));
+    Text(kX + 4.2, kY + 2.0, Numbers().Fixed(template_.RMV, decimals));
     Text(kX + 2.7, kY + 2.4, T(6106));
-    Text(kX + 4.2, kY + 2.4, Local(FormatFixed(template_.DecoRMV, decimals)));
+    Text(kX + 4.2, kY + 2.4, Numbers().Fixed(template_.DecoRMV, decimals));
   }
 
   void RatesFrame() {
@@ -84,8 +82,8 @@ class Column {
     Text(x + 1.0, kY + 3.5, T(6063));
     double y = kRatesTop;
     for (const RateEntry& entry : rates) {
-      Text(x, y, Local(FormatPlain(entry.Depth)), 7);
-      Text(x + 1.0, y, Local(FormatPlain(entry.Rate)), 7);
+      Text(x, y, Numbers().Plain(entry.Depth), 7);
+      Text(x + 1.0, y, Numbers().Plain(entry.Rate), 7);
       y += kRateHeight;
     }
   }

@@ -85,7 +85,7 @@ void TablePrintModule::PrintTableSet(const TableDives& profiles) {
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
     const std::string title = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
-    cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().separators), InfoOf(profiles)});
+    cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().numbers), InfoOf(profiles)});
   }
 }
 
@@ -96,8 +96,8 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
   if (profiles.bailout) {
     printed.name = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
   } else {
-    printed.name = NumberTexts(writer_.Services().separators).Plain(profiles.dives.back().depth) + " " +
-                   T(settings.Metric ? kMetres : kFeet);
+    printed.name =
+        writer_.Services().numbers.Plain(profiles.dives.back().depth) + " " + T(settings.Metric ? kMetres : kFeet);
   }
   printed.name =
       FittedText(printed.name, TableSlots::kCellWidth - 2.5, {kArial, kRemarkSize, true}, writer_.Services().measure);
@@ -138,7 +138,7 @@ void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
 
 std::vector<std::string> TablePrintModule::Remarks(const Printed& printed, bool onPaper) const {
   const RemarkWords words =
-      RemarkWordsOf(writer_.Texts(), printed.info.diveTemplate.Metric, writer_.Services().separators);
+      RemarkWordsOf(writer_.Texts(), printed.info.diveTemplate.Metric, writer_.Services().numbers);
   return TableRemarks(printed.table, words, onPaper);
 }
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "model/numbers.h"
-
 namespace tav {
 namespace {
 
@@ -28,7 +26,7 @@ class Remarks {
       }
       for (const StopRemark& slow : table_.long_descent) {
         if (slow.dive != dive) continue;
-        Add(dive, ReplaceAll(words_.longDescent, "%1", WriteLocaleNumber(slow.what, words_.separators)));
+        Add(dive, ReplaceAll(words_.longDescent, "%1", words_.numbers.Written(slow.what)));
       }
       for (const StopRemark& never : table_.no_decompression) {
         if (never.dive == dive) Add(dive, words_.noDecompression);
@@ -99,7 +97,7 @@ class Remarks {
   }
 
   [[nodiscard]] std::string Depth(const std::string& number) const {
-    return WriteLocaleNumber(number, words_.separators) + " " + words_.unit;
+    return words_.numbers.Written(number) + " " + words_.unit;
   }
 
   /// "Column 12", "Columns 6 to 39, 45".
@@ -124,17 +122,15 @@ class Remarks {
 
 }  // namespace
 
-RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators) {
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const NumberTexts& numbers) {
   const auto t = [&](int id) { return texts.GetResString(id); };
-  return {t(7302), t(7303), t(7304), t(7305), t(7306),   t(7307),
-          t(7308), t(7309), t(7331), t(7330), t(7322),   t(metric ? 7425 : 7426),
-          t(7781), t(7782), t(8250), t(8251), separators};
+  return {t(7302), t(7303), t(7304), t(7305), t(7306), t(7307),
+          t(7308), t(7309), t(7331), t(7330), t(7322), t(metric ? 7425 : 7426),
+          t(7781), t(7782), t(8250), t(8251), numbers};
 }
 
 std::string WarningText(const GasWarning& warning, const RemarkWords& words) {
-  const auto depth = [&](Single value) {
-    return WriteLocaleNumber(FormatPlain(RoundSingle(value, 1)), words.separators) + " " + words.unit;
-  };
+  const auto depth = [&](Single value) { return words.numbers.Short(value) + " " + words.unit; };
   const auto what = [&]() -> const std::string& {
     switch (warning.kind) {
       case GasWarning::Kind::LowPPO2:

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "model/number_text.h"
+#include "model/number_texts.h"
 #include "platform/text_source.h"
 #include "tables/small_tables.h"
 
@@ -27,11 +27,11 @@ struct RemarkWords {
   std::string oneOfHead = "%1 (%2 of %3)";  ///< a column whose head others have, too
   std::string on = "on";                    ///< before the gas of a stop
   std::string insteadOf = "stop at %1 instead of %2";
-  LocaleSeparators separators = {};
+  NumberTexts numbers = {};
 };
 
 /// The words in the language of the texts, with metres or feet.
-RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const LocaleSeparators& separators = {});
+RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const NumberTexts& numbers = {});
 
 /// "PPO2 too low to breathe at 6 m to 0 m": the same words in tables, on cards and in comparisons.
 std::string WarningText(const GasWarning& warning, const RemarkWords& words);

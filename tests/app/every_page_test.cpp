@@ -88,7 +88,7 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
   const LocaleSeparators comma{",", "."};
   GeneralReport general(report, ModelChoice(), [](const std::string& /*step*/) {});
-  WriteLongReport(general, forms.Series(document), ReportedSupply{{}, comma});
+  WriteLongReport(general, forms.Series(document));
   LookAtPages(report, "long report");
 
   Slate slate(report, ModelChoice());

@@ -69,7 +69,7 @@ class LongReports : public testing::Test {
   HeadlessPlatform platform;
   TextSource texts;
   PrintPreview writer{platform, texts};
-  GeneralReport report{writer, {}, nullptr};
+  GeneralReport report{writer, {}};
   DiveTemplate t = ShippedDefaultTemplate();
 };
 
@@ -158,7 +158,7 @@ TEST_F(LongReports, APlanWithoutAscentSaysSoWhereTheStopsWouldBe) {
 }
 
 TEST_F(LongReports, NameTheModelInForceAndNoFactorsThatDoNothing) {
-  GeneralReport vpm(writer, {true, false, false}, nullptr);
+  GeneralReport vpm(writer, {true, false, false});
   ClassProfile profile;
   profile.NewWayPoint();
   profile.Row(1).GF = 0.85;
@@ -182,6 +182,22 @@ TEST_F(LongReports, APPO2AtItsLimitIsBold) {
     EXPECT_FALSE(stroke.text == "1.39" && stroke.font.bold);
     EXPECT_FALSE(stroke.text == "1.40" && stroke.x0 > 17 * kCm && !stroke.font.bold);
   }
+}
+
+TEST_F(LongReports, TellHowFarTheyAreAndEndWhenTheyAreTold) {
+  ClassProfile profile;
+  for (int i = 0; i < 30; ++i) profile.NewWayPoint();
+  std::vector<std::string> told;
+  GeneralReport watched(writer, {}, nullptr, [&](int done, int of) {
+    told.push_back(std::to_string(done) + " of " + std::to_string(of));
+    return done < 62;
+  });
+  watched.InitLongReport(62);
+  EXPECT_TRUE(watched.LongReport({profile, t, false, 1, 0}));
+  EXPECT_FALSE(watched.LongReport({profile, t, false, 1, 0}));
+  EXPECT_EQ(told.size(), 62U);
+  EXPECT_EQ(told.front(), "1 of 62");
+  EXPECT_EQ(told.back(), "62 of 62");
 }
 
 TEST_F(LongReports, FiguresStandInTheirColumns) {

@@ -133,7 +133,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
     profile.NewWayPoint();
     Waypoint& stop = profile.Row(profile.GetLength());
     stop.Status = RowStatus::kStop;
-    stop.Depth = 10.0 * (kStops - i) + 0.5;
+    stop.Depth = stop.StopDepth = 10.0 * (kStops - i) + 0.5;
     stop.StopTime = stop.SegmentTime = 100 + i;
     stop.RunTime = 1000 + i;
     stop.GasMixName = i % 10 == 0 ? "A gas with quite a long name" : "Tx" + std::to_string(10 + i / 10) + "/70";

@@ -146,7 +146,7 @@ TEST(SmallTables, ColumnsWithOneHeadAreToldApartAndALongDescentIsTold) {
   table.other_gas.clear();
   table.long_descent = {{0, "10", "", "11.1"}, {1, "30", "", "11.1"}};
   RemarkWords german;
-  german.separators = {",", "."};
+  german.numbers = {",", "."};
   EXPECT_THAT(TableRemarks(table, german, true),
               ElementsAre("Columns 10, 30 (1 of 2): the descent alone takes 11,1 min, the bottom time is as long"));
 }

@@ -1,4 +1,4 @@
-#include "pages/pdf_labels.h"
+#include "desktop/pdf_labels.h"
 
 #include <regex>
 

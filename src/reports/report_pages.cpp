@@ -1,0 +1,111 @@
+#include "reports/report_pages.h"
+
+#include <algorithm>
+
+#include "figures/model_name.h"
+#include "figures/settings_words.h"
+
+namespace tav {
+namespace {
+
+constexpr Colour kHeadGrey = RGB(160, 160, 160);
+constexpr Colour kLightBand = RGB(220, 220, 220);
+constexpr Colour kWhite = RGB(255, 255, 255);
+const std::string kArial = "Arial";
+
+}  // namespace
+
+ReportPages::ReportPages(PrintPreview& out, const ModelChoice& model, const ReportDive& dive, int number)
+    : out_(out), model_(model), dive_(dive), number_(number) {
+  Header();
+}
+
+void ReportPages::NewPage() {
+  Footer();
+  Header();
+}
+
+int ReportPages::Close() {
+  Footer();
+  return number_;
+}
+
+void ReportPages::Header() {
+  const bool warn = Template().GFHigh > 1.0 && GradientFactorsAct(Template(), model_);
+  const std::string program = T(6081);
+  out_.PrintHeader(dive_.title.empty() ? program : program + ", " + dive_.title, T(warn ? 6082 : 6084),
+                   T(6083) + out_.Services().environment.Today());
+  constexpr double kLoopState = 3.55;  // between the notice and the first band
+  const std::string loop = LoopState(Template(), false, out_.Texts());
+  if (!loop.empty()) Left(1.9, kLoopState, loop, 8);
+  const auto notice = NoticeOf(Profile(), dive_.decompresses);
+  if (!notice) return;
+  out_.SetForeColor(kRed);
+  Left(1.9, 3.1, T(*notice), 12, true);
+  out_.SetForeColor(kBlack);
+}
+
+void ReportPages::Footer() {
+  out_.PrintFooter(T(6085) + out_.Services().environment.UserName(), T(6086), T(6087),
+                   T(6000) + std::to_string(number_));
+  ++number_;
+}
+
+void ReportPages::Left(Single x, Single y, const std::string& text, int size, bool bold) {
+  out_.PrintTextLeft(x, y, text, kArial, size, bold ? 1 : 0);
+}
+
+void ReportPages::Right(Single x, Single y, const std::string& text, bool bold, int size) {
+  out_.PrintTextRight(x, y, text, kArial, size, bold ? 1 : 0);
+}
+
+void ReportPages::Fitted(Single x, Single y, const std::string& text, double cm, bool bold) {
+  out_.PrintTextFitted(x, y, text, cm, kArial, 10, bold ? 1 : 0);
+}
+
+void ReportPages::InWhite(const std::function<void()>& write) {
+  out_.SetForeColor(kWhite);
+  write();
+  out_.SetForeColor(kBlack);
+}
+
+void ReportPages::Band(Single y, Single height) {
+  out_.PrintFilledBox(1.9, y, 27.1, y + height, kHeadGrey);
+  Outline(y, y + height);
+}
+
+void ReportPages::TitleBand(Single y, Single height, const std::string& title, Single titleX) {
+  Band(y, height);
+  Left(titleX, y, title, 18, true);
+}
+
+void ReportPages::Heads(const std::vector<Head>& heads, Single y, Single unitY) {
+  constexpr int kSize = 8;
+  for (const Head& head : heads) {
+    const auto write = [&](Single x, Single at, int text, bool bold) {
+      head.right ? Right(x, at, T(text), bold, kSize) : Left(x, at, T(text), kSize, bold);
+    };
+    write(head.x, y, head.head, true);
+    if (head.unit != 0) write(head.x + head.unitShift, unitY, head.unit, false);
+  }
+}
+
+void ReportPages::RowBand(Single y, int index, const Boxes& blackBoxes) {
+  constexpr double kSeparator = 0.03;
+  if (index % 2 == 0) out_.PrintFilledBox(1.9, y, 27.1, y + kRow, kLightBand);
+  for (const auto& [from, to] : blackBoxes) {
+    out_.PrintFilledBox(from, y, to, y + kRow, kBlack);
+    out_.PrintFilledBox(from, y + kRow - kSeparator, to, y + kRow, kWhite);
+  }
+}
+
+bool ReportPages::OnBlack(const Boxes& boxes, double x) {
+  return std::ranges::any_of(boxes, [x](const auto& box) { return x >= box.first && x < box.second; });
+}
+
+std::string ReportPages::FactorOf(const Waypoint& row) const {
+  const std::string factor = Numbers().Fixed(Single(row.GF * 100), 0);
+  return row.GF == 1.0 || factor == "100" || !GradientFactorsAct(Template(), model_) ? "--" : factor;
+}
+
+}  // namespace tav

@@ -1,0 +1,139 @@
+// Every row of a dive in the long report.
+
+#include <array>
+
+#include "reports/report_blocks.h"
+
+namespace tav {
+namespace {
+
+constexpr std::array<double, 21> kProfileCols{2.0,  3.4,  4.4,  5.6,  6.8,  7.4,  9.4,  10.5, 11.4, 13.4, 15.2,
+                                              16.4, 17.4, 18.4, 19.4, 20.4, 21.8, 22.8, 24.4, 25.0, 27.0};
+
+constexpr StatusTexts kStatus{6004, 6010, 6011, 6012};
+
+double EdgeOf(int cell) { return kProfileCols[static_cast<std::size_t>(cell - 1)]; }
+double MiddleOf(int cell) { return (EdgeOf(cell) + EdgeOf(cell + 1)) / 2; }
+
+/// Cells of the profile table that stand on black.
+bool IsWhite(int cell) { return cell <= 4 || (cell >= 11 && cell <= 14); }
+
+class ProfileTable {
+ public:
+  ProfileTable(ReportPages& pages, Single y) : pages_(pages), numbers_(pages.Numbers()), y_(y), top_(y) {}
+
+  bool Write(const std::function<bool()>& goOn) {
+    Head();
+    const std::int16_t last = pages_.Profile().GetLength();
+    for (std::int16_t row = 0; row <= last; ++row) {
+      if (!goOn()) return false;
+      Row(row);
+      y_ += ReportPages::kRow;
+      constexpr double kPageEnd = 17.0;
+      if (row == last || y_ <= kPageEnd) continue;
+      Close();
+      y_ = 5.0;
+      pages_.NewPage();
+      Head();
+    }
+    if (last == 0) {
+      constexpr int kStatusCell = 9;
+      PrintCellLeft(kStatusCell, y_, pages_.T(6013));
+      y_ += ReportPages::kRow;
+    }
+    Close();
+    return true;
+  }
+
+ private:
+  void Close() { pages_.Outline(top_ - 0.04, y_); }
+
+  void Head() {
+    const bool metric = pages_.Template().Metric;
+    pages_.Out().SetForeColor(kBlack);
+    pages_.TitleBand(y_, 0.8, pages_.T(6057), 13.5);
+    struct Group {
+      int text;
+      double x;
+    };
+    for (const Group& group : {Group{6059, EdgeOf(1) + 0.5}, Group{6035, EdgeOf(6) + 0.6},
+                               Group{6040, EdgeOf(11) + 0.4}, Group{6075, EdgeOf(16) + 1.3}}) {
+      pages_.Left(group.x, y_ + 1.0, pages_.T(group.text), 10, true);
+    }
+    pages_.Heads({{EdgeOf(1), 6060, metric ? 6061 : 6062},
+                  {EdgeOf(2) - 0.3, 6063, metric ? 6064 : 6065, false, 0.1},
+                  {EdgeOf(3), 6066, 6067},
+                  {EdgeOf(4), 6068, 6067},
+                  {EdgeOf(6), 6069},
+                  {EdgeOf(7), 6070},
+                  {EdgeOf(8), 6071},
+                  {EdgeOf(9), 6072},
+                  {EdgeOf(11), 6073},
+                  {EdgeOf(12), 6074},
+                  {EdgeOf(13), 6044},
+                  {EdgeOf(14), 6041},
+                  {EdgeOf(16), 6069},
+                  {EdgeOf(17), 6076},
+                  {EdgeOf(18), 6077},
+                  {EdgeOf(19), 6078, metric ? 6079 : 6080}},
+                 y_ + 1.5, y_ + 1.9);
+    y_ += 2.3;
+    top_ = y_;
+  }
+
+  void Row(std::int16_t index) {
+    const Waypoint& row = pages_.Profile().Row(index);
+    const Single y = y_;
+    pages_.RowBand(y, index, {{1.9, 6.9}, {14.5, 19.5}});
+    PrintCellRight(1, y, numbers_.Plain(row.Depth));
+    PrintCellRight(2, y, numbers_.Plain(row.Rate));
+    PrintCellRight(3, y, numbers_.Fixed(row.SegmentTime, 1));
+    PrintCellRight(4, y, numbers_.Fixed(row.RunTime, 1));
+
+    const bool planned = row.Status >= 0 && row.Status <= RowStatus::kAscentBand;
+    const bool named = !planned && row.DoShow && row.Rate == 0;
+    PrintCellLeft(6, y, named ? ModelOfRow(row, pages_.Model()).value_or("") : "--");
+    if (row.MaxMValue == 0) {
+      PrintCellLeft(7, y, "--");
+    } else {
+      PrintCellRight(7, y, numbers_.Fixed(Single(row.MaxMValue * 100), 1));
+    }
+    PrintCellLeft(8, y, pages_.FactorOf(row));
+    const auto status = StatusTextOf(row, kStatus);
+    PrintCellLeft(9, y, status ? pages_.T(*status) : "");
+
+    PrintCellRight(11, y, numbers_.Fixed(Single(row.CNS * 100), 1));
+    PrintCellRight(12, y, numbers_.Fixed(row.OTU, 1));
+    PrintCellRight(13, y, numbers_.Fixed(row.END, 1));
+    PrintCellRight(14, y, numbers_.Fixed(row.PPO2, 2), row.PPO2 >= pages_.Template().MaxPPO2);
+
+    pages_.Out().SetForeColor(kBlack);
+    pages_.Fitted(EdgeOf(16), y, row.GasMixName, 1.5);
+    PrintCellRight(17, y, numbers_.Fixed(row.GasMixO2, 0));
+    PrintCellLeft(18, y, numbers_.Fixed(row.GasMixHe, 0));
+    PrintCellRight(19, y, numbers_.Fixed(row.GasUsed, 1));
+  }
+
+  void PrintCellRight(int cell, Single y, const std::string& text, bool bold = false) {
+    pages_.Out().SetForeColor(IsWhite(cell) ? RGB(255, 255, 255) : kBlack);
+    pages_.Right(MiddleOf(cell), y, text, bold);
+  }
+
+  void PrintCellLeft(int cell, Single y, const std::string& text, bool bold = false) {
+    pages_.Out().SetForeColor(IsWhite(cell) ? RGB(255, 255, 255) : kBlack);
+    pages_.Left(EdgeOf(cell), y, text, 10, bold);
+  }
+
+  ReportPages& pages_;
+  const NumberTexts& numbers_;
+  Single y_;    ///< of the next row
+  Single top_;  ///< of the table on this page
+};
+
+}  // namespace
+
+bool WriteProfile(ReportPages& pages, Single y, const std::function<bool()>& goOn) {
+  return ProfileTable(pages, y).Write(goOn);
+}
+
+}  // namespace tav

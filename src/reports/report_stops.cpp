@@ -1,0 +1,130 @@
+// The bottom segments and the stops in the long report.
+
+#include <array>
+
+#include "figures/model_name.h"
+#include "model/numbers.h"
+#include "reports/report_blocks.h"
+
+namespace tav {
+namespace {
+
+constexpr std::array<double, 13> kCols{2.0, 3.0, 4.5, 7.0, 8.8, 9.8, 10.8, 12.0, 15.0, 17.5, 19.5, 22.0, 24.0};
+
+constexpr double kTopOfPage = 5.0;
+
+class StopTables {
+ public:
+  StopTables(ReportPages& pages, Single y) : pages_(pages), numbers_(pages.Numbers()), y_(y), top_(y) {}
+
+  void Write() {
+    for (const Table table : {Table::Bottom, Table::Stops}) {
+      Head(table);
+      Rows(table);
+    }
+  }
+
+ private:
+  enum class Table { Bottom, Stops };
+
+  void Head(Table table) {
+    const bool bottom = table == Table::Bottom;
+    // A head is never alone on its page: a row of stops must end above the footer.
+    constexpr double kLowestBottomHead = 15.5;
+    constexpr double kLowestStopHead = 14.6;
+    if (bottom && y_ > kLowestBottomHead) {
+      pages_.NewPage();
+      y_ = 3.0;
+    } else if (!bottom && y_ > kLowestStopHead) {
+      pages_.NewPage();
+      y_ = kTopOfPage;
+    }
+    const bool metric = pages_.Template().Metric;
+    const Single y = y_;
+    pages_.Band(y, 0.8);
+    if (bottom) {
+      pages_.Out().PrintInCen(12.5, y, pages_.T(6088), "Arial", 18, 1);
+    } else {
+      pages_.Left(12.5, y, pages_.T(6096), 18, true);
+    }
+    pages_.Left(kCols[3] + 1.2, y + 0.82, pages_.T(6093), 10, true);
+    pages_.Left(kCols[8] + 2.0, y + 0.82, pages_.T(6095), 10, true);
+    using ReportHead = ReportPages::Head;
+    const ReportHead second =
+        bottom ? ReportHead{kCols[1], 6063, metric ? 6064 : 6065} : ReportHead{kCols[1], 6060, 6092};
+    pages_.Heads({{kCols[0], 6060, metric ? 6061 : 6062},
+                  second,
+                  {kCols[2], bottom ? 6091 : 6068, 6092},
+                  {kCols[3], 6069},
+                  {kCols[4], 6076},
+                  {kCols[5], 6077},
+                  {kCols[6], 6094, metric ? 6079 : 6080},
+                  {kCols[8], 6069},
+                  {kCols[9], 6071},
+                  {kCols[10], 6070}},
+                 y + 1.21, y + 1.54);
+    pages_.Outline(y, y + 2.6);
+    y_ += 2.1;
+    top_ = y_;
+  }
+
+  void Rows(Table table) {
+    const bool bottom = table == Table::Bottom;
+    std::vector<const Waypoint*> rows;
+    for (std::int16_t i = 0; i <= pages_.Profile().GetLength(); ++i) {
+      const Waypoint& row = pages_.Profile().Row(i);
+      if (bottom ? row.Status == RowStatus::kLeg : IsStop(row)) rows.push_back(&row);
+    }
+    const auto close = [this] { pages_.Outline(top_, y_); };
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      pages_.RowBand(y_, static_cast<int>(i), {{1.9, 2.8}, {4.3, 6.0}, {8.7, 9.6}, {10.6, 12.0}, {17.2, 19.0}});
+      Row(table, *rows[i]);
+      y_ += ReportPages::kRow;
+      constexpr double kPageEnd = 15.8;
+      if (i + 1 == rows.size() || y_ <= kPageEnd) continue;
+      close();
+      y_ = kTopOfPage;
+      pages_.NewPage();
+      Head(Table::Bottom);
+      // Bottom segments go on under their own head.
+      if (!bottom) {
+        y_ -= 0.2;
+        Head(Table::Stops);
+      }
+    }
+    if (rows.empty()) {
+      const int noStops = LacksAscent(pages_.Profile()) ? kLacksAscent : 6016;
+      pages_.Left(kCols[6], y_, pages_.T(bottom ? 6013 : noStops));
+      y_ += ReportPages::kRow;
+    }
+    close();
+  }
+
+  void Row(Table table, const Waypoint& row) {
+    const bool bottom = table == Table::Bottom;
+    const Single y = y_;
+    pages_.InWhite([&] {
+      pages_.Right(kCols[0] + 0.7, y, numbers_.Plain(RoundSingle(bottom ? row.Depth : row.StopDepth, 1)));
+      pages_.Right(kCols[2] + 1.3, y, numbers_.Fixed(row.RunTime, bottom ? 1 : 0));
+      pages_.Right(kCols[4] + 0.7, y, numbers_.Fixed(row.GasMixO2, 0));
+      pages_.Right(kCols[6] + 1.0, y, numbers_.Fixed(row.GasUsed, 0));
+      pages_.Left(kCols[9], y, bottom ? "--" : pages_.FactorOf(row));
+    });
+    pages_.Right(kCols[1] + 0.7, y, numbers_.Fixed(bottom ? row.Rate : row.StopTime, 0));
+    pages_.Fitted(kCols[3], y, row.GasMixName, 1.6);
+    pages_.Right(kCols[5] + 0.5, y, numbers_.Fixed(row.GasMixHe, 0));
+    pages_.Fitted(kCols[8], y, bottom ? ModelName(pages_.Model()) : ModelOfRow(row, pages_.Model()).value_or(""), 2.1);
+    pages_.Left(kCols[10], y, bottom ? "--" : numbers_.Fixed(Single(row.MaxMValue * 100), 1));
+  }
+
+  ReportPages& pages_;
+  const NumberTexts& numbers_;
+  Single y_;    ///< of the next head or row
+  Single top_;  ///< of the table on this page
+};
+
+}  // namespace
+
+void WriteStops(ReportPages& pages, Single y) { StopTables(pages, y).Write(); }
+
+}  // namespace tav

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "compute/bailout_cuts.h"
+#include "headless/headless_platform.h"
+#include "pages/page_player.h"
+#include "pages/page_units.h"
+#include "support/plan_fixture.h"
+#include "support/scratch_folder.h"
+#include "tables/table_print.h"
+
+namespace tav {
+
+inline const RunProgress kGoOn = [](int, int) { return true; };
+
+/// The English words that the tests look for.
+struct Words : TextSource {
+  [[nodiscard]] std::string GetResString(int id) const override {
+    static const std::map<int, std::string> kTexts{{7302, "Column"},
+                                                   {7303, "Columns"},
+                                                   {7304, "to"},
+                                                   {7305, "also"},
+                                                   {7306, "min"},
+                                                   {7307, "on"},
+                                                   {7308, "at"},
+                                                   {7309, "low PPO2"},
+                                                   {7310, "lost"},
+                                                   {7311, "All gases"},
+                                                   {7312, "Whole:"},
+                                                   {7313, "More:"},
+                                                   {7314, "Leave at"},
+                                                   {7319, "Needed:"},
+                                                   {7320, "l"},
+                                                   {7323, "No."},
+                                                   {6027, "m"},
+                                                   {1928, "Profile"},
+                                                   {6134, "Bail-out Tables"},
+                                                   {2110, "Runtime"}};
+    const auto found = kTexts.find(id);
+    return found == kTexts.end() ? "#" + std::to_string(id) : found->second;
+  }
+};
+
+class TablePrint : public testing::Test {
+ protected:
+  TablePrint() {
+    platform.temporaryFolder = folder.Path();
+    writer.window = &window;
+  }
+
+  struct Window : PreviewWindow {
+    void ShowPreview(const std::string& caption) override { shown = caption; }
+    std::string shown;
+  };
+
+  [[nodiscard]] int Pages() const { return writer.Pages().Pages(); }
+  [[nodiscard]] std::vector<RecordingSurface::Stroke> Drawn(int page, RecordingSurface::Kind kind) const {
+    RecordingSurface surface(page::kWidth, page::kHeight);
+    PagePlayer(writer.Pages()).tempshow(page, surface, 1);
+    return surface.Of(kind);
+  }
+  [[nodiscard]] std::vector<std::string> Texts(int page) const {
+    std::vector<std::string> drawn;
+    for (const RecordingSurface::Stroke& stroke : Drawn(page, RecordingSurface::Kind::PageText))
+      drawn.push_back(stroke.text);
+    return drawn;
+  }
+  /// Where a text stands, in cm.
+  [[nodiscard]] std::vector<std::pair<double, double>> PlacesOf(int page, const std::string& text) const {
+    std::vector<std::pair<double, double>> places;
+    for (const RecordingSurface::Stroke& stroke : Drawn(page, RecordingSurface::Kind::PageText)) {
+      if (stroke.text == text) places.emplace_back(stroke.x0 / page::kUnitsPerCm, stroke.y0 / page::kUnitsPerCm);
+    }
+    return places;
+  }
+
+  frmWaypointEditor& Plan(const std::vector<std::pair<double, double>>& legs, std::int16_t mix = 0) {
+    frmWaypointEditor& plan = plans.New();
+    for (const auto& [depth, minutes] : legs) plan.SaveUserEnteredWaypoints(minutes, depth, mix, false);
+    plan.SaveUserEnteredWaypoints(-1, -1, mix, true);
+    plan.ReEvaluateUserEnteredWaypoints();
+    return plan;
+  }
+  void Print(const frmWaypointEditor& plan, double interval, BailoutParts parts) {
+    const BailoutCuts cuts = plans.Cuts(plan.Tag(), interval);
+    TablePrintModule print(writer, "wreck.tav [Default.tpl]", parts);
+    print.StartTableOutput();
+    for (int i = 0; i < cuts.Scenarios(); ++i) print.PrintTableSet(*cuts.Compute(i, kGoOn));
+    print.EndTableOutput();
+  }
+
+  test::ScratchFolder folder;
+  HeadlessPlatform platform;
+  Words texts;
+  PrintPreview writer{platform, texts};
+  Window window;
+  test::Plans plans;
+};
+
+constexpr BailoutParts kTables{true, false};
+constexpr BailoutParts kCards{false, true};
+
+}  // namespace tav
