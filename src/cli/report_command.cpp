@@ -56,11 +56,10 @@ Command ReportCommand() {
   Command command{"report", "Write the long report or the slates of a profile file as a PDF", kDetails, kExamples};
   command.options = {
       PlanFile(given->file),
-      PdfOption(given->pdf, "The file to write"),
+      PdfOption(given->pdf, "The file to write", true),
       DiveOption(given->dive, "all"),
       {"--slate", "", "Write the slates to dive by: cards of the size A6, four to a page", &given->slate},
   };
-  command.options[1].required = true;
   command.AddModel();
   command.AddSupply();
   command.run = [given](CommandFrame& frame) { Run(*given, frame); };
