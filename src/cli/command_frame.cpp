@@ -99,7 +99,7 @@ std::vector<std::int16_t> CommandFrame::OpenPlan(const std::string& file) {
   const ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
   ReportSeriesFaults(profile, faults);
   TellFaults(file, faults.List(), err_);
-  LongWork work(*this);
+  LongWork work(Terminal());
   int done = 0;
   return OpenProfile(session_.Forms(), file, profile,
                      [&](std::int16_t) { work.Step(++done, static_cast<int>(profile.dives.size())); });

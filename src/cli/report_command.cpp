@@ -39,7 +39,7 @@ void Run(const Given& given, CommandFrame& frame) {
     Slate slate(output.Pages(), session.Model());
     WriteSlates({slate, session.Forms(), output.Pages().Texts(), {".", ""}, supply}, chosen.front(), wholeSeries);
   } else {
-    LongWork work(frame);
+    LongWork work(frame.Terminal());
     GeneralReport pages(output.Pages(), session.Model(),
                         [&](const std::string&) { work.Step(output.Pages().Pages().Pages()); });
     WriteLongReport(pages, session.Forms(), chosen.front(), wholeSeries, [&](std::int16_t dive) {
