@@ -31,54 +31,50 @@ void Command::AddRows(bool& why) {
 
 void Command::AddModel() {
   ModelChoice& model = common->model;
-  options.push_back({.name = "--vpm",
-                     .text = "Take the ceiling of the bubble model (VPM)",
-                     .place = &model.VPMMode,
-                     .excludes = {"--hybrid", "--zhl16c"}});
+  options.push_back({"--vpm", "", "Take the ceiling of the bubble model (VPM)", &model.VPMMode});
+  options.back().excludes = {"--hybrid", "--zhl16c"};
   options.push_back({"--hybrid", "", "Take the deeper of the ceilings of ZH-L16 and VPM", &model.HybridMode});
   options.push_back(
       {"--zhl16c", "", "Take the C coefficients of ZH-L16 in place of B, in the hybrid, too", &model.ZHL16C});
 }
 
 void Command::AddSupply() {
-  const auto shared = common;
-  options.push_back(
-      {"--team", "1-9", "Divers that the minimum gas must bring up; 2 if not given",
-       [shared](const std::string& text) { shared->supply.team = WholeNumberOf(text, "--team", 1, kLargestTeam); }});
-  options.push_back({"--stress", "1-10", "Factor on the RMV for it; 2 if not given", [shared](const std::string& text) {
-                       shared->supply.stress = NumberOf(text, "--stress", 1, kLargestStress);
-                     }});
-  options.push_back(
-      {"--sort-out", "0-30", "Minutes at depth before the way up; 2 if not given", [shared](const std::string& text) {
-         shared->supply.minutes = NumberOf(text, "--sort-out", 0, kLongestSortingOut);
-       }});
-  options.push_back({.name = "--turn",
-                     .value = "all|half|thirds",
-                     .text = "How much of the gas above the minimum is breathed before turning; all if not given",
-                     .place = [shared](const std::string& text) { shared->supply.rule = TurnRuleOf(text); },
-                     .offers = "all half thirds"});
+  SupplyChoice& supply = common->supply;
+  const auto add = [this](const char* option, const char* value, const char* text, auto take, const char* offers = "") {
+    options.push_back({option, value, text, take, false, Option::Role::Value, offers});
+  };
+  add("--team", "1-9", "Divers that the minimum gas must bring up; 2 if not given",
+      [&supply](const std::string& text) { supply.team = WholeNumberOf(text, "--team", 1, kLargestTeam); });
+  add("--stress", "1-10", "Factor on the RMV for it; 2 if not given",
+      [&supply](const std::string& text) { supply.stress = NumberOf(text, "--stress", 1, kLargestStress); });
+  add("--sort-out", "0-30", "Minutes at depth before the way up; 2 if not given",
+      [&supply](const std::string& text) { supply.minutes = NumberOf(text, "--sort-out", 0, kLongestSortingOut); });
+  add(
+      "--turn", "all|half|thirds", "How much of the gas above the minimum is breathed before turning; all if not given",
+      [&supply](const std::string& text) { supply.rule = TurnRuleOf(text); }, "all half thirds");
 }
 
 Option PlanFile(std::string& place) {
   return {"FILE", "", "Profile file (.tav)", &place, true, Option::Role::FileToRead, "tav"};
 }
 
-Option TemplateOption(std::string& place) {
-  return {.name = "--template",
-          .value = "TEMPLATE",
-          .text = "Template file, or the name of one in the template folder; the default one if not given",
-          .place = &place,
-          .role = Option::Role::Template,
-          .offers = "tpl"};
+Option OutputOption(std::string& place, bool required) {
+  return {"--output", "FILE", "Profile file to write, over an older one", &place, required, Option::Role::FileToWrite,
+          "tav",      "-o"};
 }
 
-Option PdfOption(std::string& place, const std::string& text) {
-  return {.name = "--pdf",
-          .value = "OUT",
-          .text = text,
-          .place = &place,
-          .role = Option::Role::FileToWrite,
-          .offers = "pdf"};
+Option TemplateOption(std::string& place) {
+  return {"--template",
+          "TEMPLATE",
+          "Template file, or the name of one in the template folder; the default one if not given",
+          &place,
+          false,
+          Option::Role::Template,
+          "tpl"};
+}
+
+Option PdfOption(std::string& place, const std::string& text, bool required) {
+  return {"--pdf", "OUT", text, &place, required, Option::Role::FileToWrite, "pdf"};
 }
 
 Option DiveOption(std::string& place, const std::string& without) {

@@ -73,7 +73,8 @@ struct Command {
 /// Options of one meaning, whose values have different places.
 Option PlanFile(std::string& place);
 Option TemplateOption(std::string& place);
-Option PdfOption(std::string& place, const std::string& text);
+Option OutputOption(std::string& place, bool required);
+Option PdfOption(std::string& place, const std::string& text, bool required = false);
 Option DiveOption(std::string& place, const std::string& without);
 
 /// All of them, in the order of the help.

@@ -104,7 +104,7 @@ OpenedPlan& CommandFrame::OpenPlan(const std::string& file) {
 OpenedPlan& CommandFrame::Compute(const std::string& file, std::vector<DiveRecord> records) {
   OpenedPlan& plan = opened_.emplace_back(file, std::move(records));
   plan.plans.reserve(plan.Dives());
-  LongWork work(*this);
+  LongWork work(Terminal());
   for (const DiveRecord& dive : plan.records) {
     plan.plans.push_back(
         tav::Compute(dive, Model(), plan.plans.empty() ? nullptr : &plan.plans.back().end, Observer()));

@@ -68,7 +68,8 @@ class CommandFrame {
   /// Throws FileError for an output that is one of the files that the command has read or is going to read, whatever
   /// link leads to it. Every output passes it.
   void RefuseInput(const std::filesystem::path& output) const;
-  [[nodiscard]] bool ShowsProgress() const { return progress_; }
+  /// Where long work shows how far it is; null for nowhere.
+  [[nodiscard]] std::ostream* Terminal() { return progress_ ? &err_ : nullptr; }
 
   // Marks.
   /// A plan of the command does not decompress.

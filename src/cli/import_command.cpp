@@ -52,14 +52,7 @@ Command ImportCommand() {
   command.options = {
       {"LOG", "", "UDDF, or CSV where the file's name ends in .csv", &given->file, true, Option::Role::FileToRead,
        "uddf|xml|csv"},
-      {.name = "--output",
-       .value = "FILE",
-       .text = "Profile file to write, over an older one",
-       .place = &given->output,
-       .required = true,
-       .role = Option::Role::FileToWrite,
-       .offers = "tav",
-       .shortName = "-o"},
+      OutputOption(given->output, true),
       TemplateOption(given->templateName),
       {"--dive", "N", "One dive of the log, from 1; all, as a series, if not given",
        [given = given.get()](const std::string& text) {

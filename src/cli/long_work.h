@@ -1,10 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <iosfwd>
 
 namespace tav {
-
-class CommandFrame;
 
 /// The user has ended a run with Ctrl+C.
 struct Interrupted {};
@@ -13,7 +12,8 @@ struct Interrupted {};
 /// its next step by an exception, so that whatever was begun is taken away; elsewhere Ctrl+C ends the process at once.
 class LongWork {
  public:
-  explicit LongWork(CommandFrame& frame);
+  /// `terminal` is where it shows; null for nowhere.
+  explicit LongWork(std::ostream* terminal);
   LongWork(const LongWork&) = delete;
   LongWork& operator=(const LongWork&) = delete;
   ~LongWork();
@@ -26,7 +26,7 @@ class LongWork {
  private:
   using Clock = std::chrono::steady_clock;
 
-  CommandFrame& frame_;
+  std::ostream* terminal_;
   Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
   bool shown_ = false;
 };

@@ -40,9 +40,11 @@ void Run(const Given& given, CommandFrame& frame) {
     Slate slate(output.Pages(), frame.Model());
     WriteSlates({slate, output.Pages().Texts(), {".", ""}, supply}, dives);
   } else {
-    LongWork work(frame);
-    GeneralReport pages(output.Pages(), frame.Model(),
-                        [&](const std::string&) { work.Step(output.Pages().Pages().Pages()); });
+    LongWork work(frame.Terminal());
+    GeneralReport pages(output.Pages(), frame.Model(), nullptr, [&](int done, int of) {
+      work.Step(done, of);
+      return true;
+    });
     WriteLongReport(pages, dives, supply);
   }
   output.WritePdf(std::filesystem::path(given.file).stem().string());
@@ -55,11 +57,10 @@ Command ReportCommand() {
   Command command{"report", "Write the long report or the slates of a profile file as a PDF", kDetails, kExamples};
   command.options = {
       PlanFile(given->file),
-      PdfOption(given->pdf, "The file to write"),
+      PdfOption(given->pdf, "The file to write", true),
       DiveOption(given->dive, "all"),
       {"--slate", "", "Write the slates to dive by: cards of the size A6, four to a page", &given->slate},
   };
-  command.options[1].required = true;
   command.AddModel();
   command.AddSupply();
   command.run = [given](CommandFrame& frame) { Run(*given, frame); };

@@ -63,7 +63,7 @@ std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& mo
 }
 
 TableOutput::TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption)
-    : frame_(frame), texts_(frame.Texts()), data_(frame.Common().json), json_(frame.Out()), work_(frame) {
+    : frame_(frame), texts_(frame.Texts()), data_(frame.Common().json), json_(frame.Out()), work_(frame.Terminal()) {
   if (pdf.empty()) return;
   paper_.emplace(frame, pdf, caption);
 }
