@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/long_runs.h"
+#include "dialogs/long_runs.h"
 #include "app/main_view.h"
 #include "app/recent_files.h"
 #include "app/recovery.h"

@@ -105,7 +105,7 @@ PageOutput::PageOutput(const ProgramFolders& folders, fs::path out)
     : out_(std::move(out)),
       texts_(folders.ProgramFolder(), LazyTexts::Language::User),
       machine_(folders.ProgramFolder() / "logo.svg"),
-      pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
+      pages_(PageServices{boxes_, machine_, {}}, texts_) {
   if (out_.empty()) throw MessageError("--pdf", kNoName);
 }
 

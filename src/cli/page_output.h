@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 
-#include "pages/arial_measure.h"
 #include "pages/print_preview.h"
 #include "start/program_folders.h"
 #include "start/user_texts.h"
@@ -44,7 +43,6 @@ class PageOutput {
   std::filesystem::path out_;
   LazyTexts texts_;
   KeptBoxes boxes_;
-  ArialMeasure measure_;
   Machine machine_;
   PrintPreview pages_;
 };

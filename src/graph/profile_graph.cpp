@@ -33,8 +33,6 @@ constexpr int kTissuesOver = 7766;
 class ExclusiveOr {
  public:
   explicit ExclusiveOr(DrawingSurface& surface) : surface_(surface) { surface_.SetExclusiveOr(true); }
-  ExclusiveOr(const ExclusiveOr&) = delete;
-  ExclusiveOr& operator=(const ExclusiveOr&) = delete;
   ~ExclusiveOr() { surface_.SetExclusiveOr(false); }
 
  private:
