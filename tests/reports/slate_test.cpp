@@ -6,6 +6,7 @@
 
 #include "headless/headless_platform.h"
 #include "headless/recording_surface.h"
+#include "pages/arial_measure.h"
 #include "pages/page_player.h"
 #include "pages/page_units.h"
 #include "plans/profile_commands.h"
