@@ -1,3 +1,5 @@
+#include "controls/grid.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -12,7 +14,6 @@
 #include <memory>
 
 #include "controls/form.h"
-#include "controls/grid.h"
 #include "desktop/form_binder.h"
 #include "desktop/qt_text.h"
 
