@@ -3,11 +3,11 @@
 #include <filesystem>
 #include <string>
 
-#include "app/long_runs.h"
 #include "app/main_view.h"
 #include "app/recent_files.h"
 #include "app/recovery.h"
 #include "dialogs/dialog_services.h"
+#include "dialogs/long_runs.h"
 #include "engine/model_choice.h"
 #include "pages/print_preview.h"
 #include "plans/undo_history.h"

@@ -31,7 +31,6 @@ class Program {
   /// The table of the language that was loaded.
   [[nodiscard]] const std::filesystem::path& LanguageFile() const { return language_.library; }
   [[nodiscard]] const LocaleSeparators& Separators() const { return platform_.separators; }
-  [[nodiscard]] const Switches& GivenSwitches() const { return switches_; }
 
  private:
   /// Passes on what the documents want shown.
@@ -80,7 +79,7 @@ class Program {
   PreviewWindows preview_{report_, platform_};
   PrintPreview tables_;
   PreviewWindows tablesPreview_{tables_, platform_};
-  LongRuns runs_{warnings_};
+  LongRuns runs_{[this](bool running) { running ? warnings_.CommandBegins() : warnings_.CommandEnds(); }};
   std::unique_ptr<frmMain> mainForm_;
 };
 

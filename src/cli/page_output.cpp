@@ -105,7 +105,7 @@ PageOutput::PageOutput(CommandFrame& frame, fs::path out)
     : out_(std::move(out)),
       texts_(frame.Texts()),
       machine_(frame.Folders().ProgramFolder() / "logo.svg"),
-      pages_(PageServices{boxes_, measure_, machine_, {}}, texts_) {
+      pages_(PageServices{boxes_, machine_, {}}, texts_) {
   frame.RefuseInput(out_);
 }
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "cli/command_frame.h"
-#include "pages/arial_measure.h"
 #include "pages/print_preview.h"
 
 namespace tav {
@@ -43,7 +42,6 @@ class PageOutput {
   std::filesystem::path out_;
   const TextSource& texts_;
   KeptBoxes boxes_;
-  ArialMeasure measure_;
   Machine machine_;
   PrintPreview pages_;
 };

@@ -26,8 +26,6 @@ using Event = std::function<void()>;
 class Control {
  public:
   Control(Form& form, std::string name);
-  Control(const Control&) = delete;
-  Control& operator=(const Control&) = delete;
   virtual ~Control();
 
   [[nodiscard]] const std::string& Name() const { return name_; }

@@ -6,15 +6,14 @@
 #include <vector>
 
 #include "controls/controls.h"
+#include "model/not_copied.h"
 
 namespace tav {
 
 /// A window with its controls. Life: `Load` runs the load step, the view shows it, `Unload` ends it.
-class Form {
+class Form : NotCopied {
  public:
   explicit Form(std::string name) : name_(std::move(name)) {}
-  Form(const Form&) = delete;
-  Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
   [[nodiscard]] const std::string& Name() const { return name_; }

@@ -19,7 +19,6 @@
 #include "desktop/qt_text.h"
 #include "desktop/silent_pdf.h"
 #include "desktop/start_check.h"
-#include "pages/arial_measure.h"
 #include "start/command_line.h"
 #include "start/standard_streams.h"
 #include "start/user_texts.h"
@@ -84,12 +83,11 @@ int main(int argc, char** argv) {
   tav::QtHelp help(window);
   tav::QtClipboard clipboard;
   tav::QtPrinter printer;
-  tav::ArialMeasure measure;
   tav::QtEnvironment environment;
   const QLocale locale;
   const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};
-  const tav::Platform platform{boxes, files,     windows, window,  settings,    screen,    sound,
-                               help,  clipboard, printer, measure, environment, separators};
+  const tav::Platform platform{boxes, files, windows,   window,  settings,    screen,
+                               sound, help,  clipboard, printer, environment, separators};
 
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
   help.SetTexts(program.Texts());

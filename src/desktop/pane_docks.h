@@ -21,8 +21,6 @@ class PaneDocks : public QObject {
  public:
   /// `leave` takes the keyboard out of a pane that the user closes.
   PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave);
-  PaneDocks(const PaneDocks&) = delete;
-  PaneDocks& operator=(const PaneDocks&) = delete;
   ~PaneDocks() override;
 
   void Show(PaneForm& pane, bool shown);

@@ -10,6 +10,7 @@
 #include "desktop/help_window.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "model/not_copied.h"
 
 #ifdef TAV_SOUND
 #include <QSoundEffect>
@@ -74,13 +75,11 @@ std::filesystem::path Ask(const FileDialogRequest& request, bool save) {
 }
 
 /// The hourglass gives way while the user is asked something.
-class PointerBreak {
+class PointerBreak : NotCopied {
  public:
   PointerBreak() : had_(QApplication::overrideCursor() != nullptr) {
     if (had_) QApplication::changeOverrideCursor(Qt::ArrowCursor);
   }
-  PointerBreak(const PointerBreak&) = delete;
-  PointerBreak& operator=(const PointerBreak&) = delete;
   ~PointerBreak() {
     if (had_ && QApplication::overrideCursor() != nullptr) QApplication::changeOverrideCursor(Qt::WaitCursor);
   }

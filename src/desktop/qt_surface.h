@@ -82,9 +82,6 @@ class ImageSurface {
   /// The surface to draw on; valid until the next Show.
   [[nodiscard]] PainterSurface& Surface() { return *surface_; }
 
-  ImageSurface() = default;
-  ImageSurface(const ImageSurface&) = delete;
-  ImageSurface& operator=(const ImageSurface&) = delete;
   ~ImageSurface();
 
  private:

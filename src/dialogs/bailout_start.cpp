@@ -21,8 +21,8 @@ const std::string kSection = "Bailout";
 
 }  // namespace
 
-frmBailoutStart::frmBailoutStart(const DialogServices& services, PrintPreview& report, RunHost& host)
-    : DialogForm("frmBailoutStart", services), report_(report), host_(host) {
+frmBailoutStart::frmBailoutStart(const DialogServices& services, PrintPreview& report, LongRuns& runs)
+    : DialogForm("frmBailoutStart", services), report_(report), runs_(runs) {
   if (const auto active = services.ActiveDocument()) plan_.emplace(services, *active);
   cbOK.Default = true;
   cbOK.Click = [this] { cbOK_Click(); };
@@ -80,7 +80,7 @@ std::optional<Single> frmBailoutStart::ReadInterval() {
 
 void frmBailoutStart::cbOK_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
-  if (host_.IsRunning()) {
+  if (runs_.IsRunning()) {
     Box(T(kBusy), T(kFaultTitle), BoxIcon::Exclamation);
     return;
   }
@@ -128,7 +128,7 @@ bool frmBailoutStart::Form_QueryUnload(bool /*byUser*/) {
 
 void frmBailoutStart::Bailoutproc(const BailoutCuts& cuts) {
   const std::int16_t document = plan_->Number();
-  LongRun run(platform_.screen, host_, document, pbProgress);
+  LongRun run(platform_.screen, runs_, document, pbProgress);
   run_ = &run;
   std::string fault;
   try {

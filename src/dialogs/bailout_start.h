@@ -17,8 +17,8 @@ namespace tav {
 /// events.
 class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<frmBailoutStart> {
  public:
-  /// `report` and `host` outlive the dialog.
-  frmBailoutStart(const DialogServices& services, PrintPreview& report, RunHost& host);
+  /// `report` and `runs` outlive the dialog.
+  frmBailoutStart(const DialogServices& services, PrintPreview& report, LongRuns& runs);
 
   Frame Frame2{*this, "Frame2"};
   Frame Frame1{*this, "Frame1"};
@@ -51,7 +51,7 @@ class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<f
 
   std::optional<OpenedDocument> plan_;
   PrintPreview& report_;
-  RunHost& host_;
+  LongRuns& runs_;
   LongRun* run_ = nullptr;  ///< while one lasts
 };
 

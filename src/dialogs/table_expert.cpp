@@ -45,8 +45,8 @@ std::size_t FieldOf(AxesFault fault, const TableAxes& axes) {
 
 }  // namespace
 
-frmTableExpert::frmTableExpert(const DialogServices& services, PrintPreview& report, RunHost& host)
-    : DialogForm("frmTableExpert", services), report_(report), host_(host) {
+frmTableExpert::frmTableExpert(const DialogServices& services, PrintPreview& report, LongRuns& runs)
+    : DialogForm("frmTableExpert", services), report_(report), runs_(runs) {
   if (const auto active = services.ActiveDocument()) plan_.emplace(services, *active);
   cbStart.Default = true;
   cbStart.Click = [this] { cbStart_Click(); };
@@ -146,7 +146,7 @@ bool frmTableExpert::CanStart() {
     Unload();
     return false;
   }
-  if (host_.IsRunning()) return refuse(kBusy);
+  if (runs_.IsRunning()) return refuse(kBusy);
   if (TemplateOf(TableDocument()).Metric == metric_) return true;
   ShowFields();
   return refuse(kOtherUnits);
@@ -220,7 +220,7 @@ std::optional<TableAxes> frmTableExpert::ReadAxes() {
 void frmTableExpert::GenerateTables(SquareDives& dives) {
   std::string fault;
   {
-    LongRun run(platform_.screen, host_, TableDocument(), pbProgress);
+    LongRun run(platform_.screen, runs_, TableDocument(), pbProgress);
     run_ = &run;
     try {
       TablePrintModule print(report_);

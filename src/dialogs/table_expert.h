@@ -15,8 +15,8 @@ namespace tav {
 /// document. The template is copied at the start of a run and never changed.
 class frmTableExpert : public DialogForm, public std::enable_shared_from_this<frmTableExpert> {
  public:
-  /// `report` and `host` outlive the dialog.
-  frmTableExpert(const DialogServices& services, PrintPreview& report, RunHost& host);
+  /// `report` and `runs` outlive the dialog.
+  frmTableExpert(const DialogServices& services, PrintPreview& report, LongRuns& runs);
 
   Frame Frame1{*this, "Frame1"};  ///< depths and times
   Label Label1{*this, "Label1"};
@@ -79,7 +79,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   void SetRunning(bool running);
 
   PrintPreview& report_;
-  RunHost& host_;
+  LongRuns& runs_;
   bool metric_ = true;                  ///< unit of the depths that are shown
   std::optional<OpenedDocument> plan_;  ///< without one the settings are those of the default document
   LongRun* run_ = nullptr;              ///< while one lasts

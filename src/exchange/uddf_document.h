@@ -23,8 +23,6 @@ class UddfDocument {
   /// `text` is UTF-8. Throws FileError, with line and reason in the words of `texts`, for what is no UDDF. `texts` must
   /// outlive the document.
   UddfDocument(std::filesystem::path file, std::string text, const TextSource& texts);
-  UddfDocument(const UddfDocument&) = delete;
-  UddfDocument& operator=(const UddfDocument&) = delete;
 
   [[nodiscard]] pugi::xml_node Root() const { return document_.document_element(); }
   [[nodiscard]] int Line(pugi::xml_node node) const { return LineAt(node.offset_debug()); }

@@ -15,8 +15,6 @@ constexpr int kHint = 7101;
 class ExclusiveOr {
  public:
   explicit ExclusiveOr(DrawingSurface& surface) : surface_(surface) { surface_.SetExclusiveOr(true); }
-  ExclusiveOr(const ExclusiveOr&) = delete;
-  ExclusiveOr& operator=(const ExclusiveOr&) = delete;
   ~ExclusiveOr() { surface_.SetExclusiveOr(false); }
 
  private:

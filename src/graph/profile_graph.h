@@ -15,9 +15,6 @@ namespace tav {
 /// What the graph asks of its window. Positions are in drawing units of the plot.
 class GraphWindow {
  public:
-  GraphWindow() = default;
-  GraphWindow(const GraphWindow&) = delete;
-  GraphWindow& operator=(const GraphWindow&) = delete;
   virtual ~GraphWindow() = default;
 
   /// The read-out of a drag, with its top left corner there.

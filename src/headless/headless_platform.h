@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "headless/headless_printer.h"
+#include "model/not_copied.h"
 #include "platform/platform.h"
 
 /// A window system without windows, for tests and for machines without a display: boxes are recorded and answered from
@@ -25,7 +26,8 @@ struct ShownBox {
   std::string check = {};  ///< caption of the check box in it
 };
 
-class HeadlessPlatform : private MessageBoxes,
+class HeadlessPlatform : NotCopied,
+                         private MessageBoxes,
                          private FileDialogs,
                          private Windows,
                          private DocumentWindows,
@@ -34,19 +36,15 @@ class HeadlessPlatform : private MessageBoxes,
                          private Sound,
                          private HelpViewer,
                          private Clipboard,
-                         private TextMeasure,
                          private Environment {
  public:
-  HeadlessPlatform() = default;
-  HeadlessPlatform(const HeadlessPlatform&) = delete;
-  HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
   ~HeadlessPlatform() override = default;
 
   operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
   Platform Services() { return Services(*this); }
   /// The same with document windows of another kind.
   Platform Services(DocumentWindows& windows) {
-    return {*this, *this, *this, windows, *this, *this, *this, *this, *this, printer, *this, *this, separators};
+    return {*this, *this, *this, windows, *this, *this, *this, *this, *this, printer, *this, separators};
   }
 
   // What has happened.
@@ -123,10 +121,6 @@ class HeadlessPlatform : private MessageBoxes,
   }
   [[nodiscard]] std::string Text() const override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }
-  /// Half an em for each byte.
-  [[nodiscard]] double TextWidth(const std::string& text, const TextFont& font) const override {
-    return font.points * 10 * static_cast<double>(text.size());
-  }
   [[nodiscard]] std::string UserName() const override { return "diver"; }
   [[nodiscard]] std::string Locale() const override { return locale; }
   [[nodiscard]] std::string Today() const override { return "2026-05-01"; }

@@ -67,7 +67,8 @@ struct Waypoint {
 /// The table on which planner and engine meet: row 0 is the state before the dive, rows 1 to GetLength its segments.
 ///
 /// A plain store. A row outside 0 to GetLength throws std::out_of_range. A 16-bit index bounds the table: NewWayPoint
-/// throws std::length_error beyond 32,767 rows.
+/// throws std::length_error beyond 32,767 rows. Each field has its two accessors, whether something uses them or not:
+/// they are the vocabulary in which rules of a plan are told.
 class ClassProfile {
  public:
   ClassProfile() { Class_Initialize(); }

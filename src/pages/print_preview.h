@@ -7,6 +7,7 @@
 
 #include "model/number_texts.h"
 #include "model/single.h"
+#include "pages/arial_measure.h"
 #include "pages/page_file.h"
 #include "pages/scratch_folder.h"
 #include "platform/colour.h"
@@ -34,9 +35,9 @@ class PreviewWindow {
 /// What the writer works with. All of it outlives it.
 struct PageServices {
   MessageBoxes& boxes;
-  const TextMeasure& measure;
   const Environment& environment;
   NumberTexts numbers;
+  ArialMeasure measure = {};
 };
 
 /// Writes reports as page description files. Report code calls the operations and draws nothing; PagePlayer replays the
@@ -49,8 +50,7 @@ class PrintPreview {
  public:
   PrintPreview(PageServices services, const TextSource& texts);
   PrintPreview(const Platform& platform, const TextSource& texts)
-      : PrintPreview(PageServices{platform.boxes, platform.measure, platform.environment, platform.separators}, texts) {
-  }
+      : PrintPreview(PageServices{platform.boxes, platform.environment, platform.separators}, texts) {}
   PrintPreview(const PrintPreview&) = delete;
   PrintPreview& operator=(const PrintPreview&) = delete;
   /// Removes the scratch folder.

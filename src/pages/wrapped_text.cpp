@@ -14,7 +14,7 @@ constexpr std::string_view kDots = "\u2026";
 }  // namespace
 
 std::vector<std::string> WrappedText(const std::string& text, double width, const TextFont& font,
-                                     const TextMeasure& measure) {
+                                     const ArialMeasure& measure) {
   std::vector<std::string> lines(1);
   for (std::size_t from = 0; from < text.size();) {
     const std::size_t blank = std::min(text.find(' ', from), text.size());
@@ -33,7 +33,7 @@ std::vector<std::string> WrappedText(const std::string& text, double width, cons
   return lines;
 }
 
-std::string FittedText(const std::string& text, double width, const TextFont& font, const TextMeasure& measure) {
+std::string FittedText(const std::string& text, double width, const TextFont& font, const ArialMeasure& measure) {
   const auto fits = [&](const std::string& part) { return measure.TextWidth(part, font) <= width * page::kUnitsPerCm; };
   if (fits(text)) return text;
   std::vector<std::size_t> letters;  // where each begins: one of several bytes goes as a whole

@@ -14,8 +14,6 @@ class Descriptor {
     std::swap(fd_, other.fd_);
     return *this;
   }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() { Close(); }
 
   [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }

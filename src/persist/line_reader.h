@@ -16,7 +16,6 @@ class LineReader {
   /// `text` must outlive the reader.
   explicit LineReader(std::string_view text) : rest_(text) {}
 
-  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
   /// Number of the line that was read last, from 1; 0 before the first.
   [[nodiscard]] int LineNumber() const { return number_; }
 

@@ -6,9 +6,6 @@ namespace tav {
 
 class Clipboard {
  public:
-  Clipboard() = default;
-  Clipboard(const Clipboard&) = delete;
-  Clipboard& operator=(const Clipboard&) = delete;
   virtual ~Clipboard() = default;
 
   /// The text on it; empty without one.

@@ -11,9 +11,6 @@ class DocumentWindows {
  public:
   enum class Arrangement { Cascade, TileHorizontal, TileVertical, Icons };
 
-  DocumentWindows() = default;
-  DocumentWindows(const DocumentWindows&) = delete;
-  DocumentWindows& operator=(const DocumentWindows&) = delete;
   virtual ~DocumentWindows() = default;
 
   /// Makes and shows the window of a document and makes it the active one.

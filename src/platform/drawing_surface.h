@@ -21,9 +21,6 @@ class DrawingSurface {
  public:
   enum class LineStyle { Solid, Dotted, Thick };  ///< a thick line is twice as wide as the others
 
-  DrawingSurface() = default;
-  DrawingSurface(const DrawingSurface&) = delete;
-  DrawingSurface& operator=(const DrawingSurface&) = delete;
   virtual ~DrawingSurface() = default;
 
   [[nodiscard]] virtual double Width() const = 0;

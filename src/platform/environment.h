@@ -8,9 +8,6 @@ namespace tav {
 /// What the program asks the machine about its user and the day.
 class Environment {
  public:
-  Environment() = default;
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
   virtual ~Environment() = default;
 
   /// The name under which the user is logged on.

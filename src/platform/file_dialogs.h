@@ -19,9 +19,6 @@ struct FileDialogRequest {
 /// The common dialogs that ask for a file. An empty path means that the user gave up.
 class FileDialogs {
  public:
-  FileDialogs() = default;
-  FileDialogs(const FileDialogs&) = delete;
-  FileDialogs& operator=(const FileDialogs&) = delete;
   virtual ~FileDialogs() = default;
 
   virtual std::filesystem::path Open(const FileDialogRequest& request) = 0;

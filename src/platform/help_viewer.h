@@ -6,9 +6,6 @@ namespace tav {
 
 class HelpViewer {
  public:
-  HelpViewer() = default;
-  HelpViewer(const HelpViewer&) = delete;
-  HelpViewer& operator=(const HelpViewer&) = delete;
   virtual ~HelpViewer() = default;
 
   enum class Page { Contents, Search };

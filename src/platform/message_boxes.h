@@ -30,9 +30,6 @@ struct BoxChoices {
 /// Modal message boxes.
 class MessageBoxes {
  public:
-  MessageBoxes() = default;
-  MessageBoxes(const MessageBoxes&) = delete;
-  MessageBoxes& operator=(const MessageBoxes&) = delete;
   virtual ~MessageBoxes() = default;
 
   /// Shows a box and waits for the user's answer. A box closed without a button answers DismissedAnswer.

@@ -28,7 +28,6 @@ struct Platform {
   HelpViewer& help;
   Clipboard& clipboard;
   Printer& printer;
-  TextMeasure& measure;
   Environment& environment;
   LocaleSeparators separators;  ///< of the user's locale
 };

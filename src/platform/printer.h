@@ -11,9 +11,6 @@ namespace tav {
 /// A print job under way: pages that go out when it ends. Dropped without EndDoc it prints what was drawn so far, too.
 class PrintJob {
  public:
-  PrintJob() = default;
-  PrintJob(const PrintJob&) = delete;
-  PrintJob& operator=(const PrintJob&) = delete;
   virtual ~PrintJob() = default;
 
   /// The sheet in hand, a landscape A4 page of which (0, 0) is the corner of the paper. Lengths in 1/567 cm.
@@ -27,9 +24,6 @@ class PrintJob {
 /// Paper, and files that look like paper.
 class Printer {
  public:
-  Printer() = default;
-  Printer(const Printer&) = delete;
-  Printer& operator=(const Printer&) = delete;
   virtual ~Printer() = default;
 
   /// The system's dialogs. False when no printer is installed, or when the user gave up.

@@ -5,9 +5,6 @@ namespace tav {
 /// The pointer and the events of the screen as a whole.
 class Screen {
  public:
-  Screen() = default;
-  Screen(const Screen&) = delete;
-  Screen& operator=(const Screen&) = delete;
   virtual ~Screen() = default;
 
   /// The pointer over all windows: hourglass or default.

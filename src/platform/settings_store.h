@@ -8,9 +8,6 @@ namespace tav {
 /// result. A value of 256 bytes or more reads as empty. A value that can't be stored is lost without a message.
 class SettingsStore {
  public:
-  SettingsStore() = default;
-  SettingsStore(const SettingsStore&) = delete;
-  SettingsStore& operator=(const SettingsStore&) = delete;
   virtual ~SettingsStore() = default;
 
   /// The value stored under section (may be empty) and name, or an empty text.

@@ -6,9 +6,6 @@ namespace tav {
 
 class Sound {
  public:
-  Sound() = default;
-  Sound(const Sound&) = delete;
-  Sound& operator=(const Sound&) = delete;
   virtual ~Sound() = default;
 
   /// Starts playing and returns at once. A file that can't be played is passed over in silence.

@@ -5,15 +5,13 @@
 #include <string>
 
 #include "model/message.h"
+#include "model/not_copied.h"
 
 namespace tav {
 
 /// The texts of the user interface, by number. Without a language table every text is its placeholder.
-class TextSource {
+class TextSource : NotCopied {
  public:
-  TextSource() = default;
-  TextSource(const TextSource&) = delete;
-  TextSource& operator=(const TextSource&) = delete;
   virtual ~TextSource() = default;
 
   /// The text of an ID; "*StringID 1234*" for one that has none, so that a gap shows on the screen and is no error.

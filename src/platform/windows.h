@@ -12,9 +12,6 @@ class MenuItem;
 /// Shows forms on the screen.
 class Windows {
  public:
-  Windows() = default;
-  Windows(const Windows&) = delete;
-  Windows& operator=(const Windows&) = delete;
   virtual ~Windows() = default;
 
   /// Loads the form, shows it over the program and returns when it has been unloaded. A form that unloads itself while

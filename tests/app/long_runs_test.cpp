@@ -1,4 +1,4 @@
-#include "app/long_runs.h"
+#include "dialogs/long_runs.h"
 
 #include <gtest/gtest.h>
 #include <set>

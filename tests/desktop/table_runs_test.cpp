@@ -32,13 +32,13 @@ class TableRun : public testing::Test {
   }
   [[nodiscard]] DialogServices Services() {
     const Platform headless = dialogs.platform.Services();
-    return {dialogs.forms,
-            {headless.boxes, headless.files, windows, headless.documentWindows, headless.settings, screen,
-             headless.sound, headless.help, headless.clipboard, headless.printer, headless.measure,
-             headless.environment, headless.separators},
-            dialogs.texts,
-            false,
-            {}};
+    return {
+        dialogs.forms,
+        {headless.boxes, headless.files, windows, headless.documentWindows, headless.settings, screen, headless.sound,
+         headless.help, headless.clipboard, headless.printer, headless.environment, headless.separators},
+        dialogs.texts,
+        false,
+        {}};
   }
   /// The button of a dialog that stands.
   QPushButton* ButtonOf(const char* name) {
@@ -62,7 +62,7 @@ class TableRun : public testing::Test {
   QtWindows windows{owner, dialogs.platform.Services().settings};
   PrintPreview report{dialogs.platform, dialogs.texts};
   Preview preview;
-  RunHost host;
+  LongRuns host;
   int acted = 0;
 };
 

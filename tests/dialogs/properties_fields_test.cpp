@@ -152,11 +152,14 @@ TEST_F(Properties, TheDefaultTemplateAsksBeforeItDropsWhatWasTyped) {
   struct {
     const char* what;
     std::function<void(frmProperties&)> change;
-  } const changes[] = {{"a field", [](auto& f) { f.limits.tbRMV.Type("17"); }},
-                       {"a box", [](auto& f) { f.warnings.cbWarnMaxEND.Set(!f.warnings.cbWarnMaxEND.Value); }},
-                       {"a cell", [](auto& f) { f.rates.fgAscend.Edit(2, 1, "8"); }},
-                       {"a row", [](auto& f) { f.stops.cbAddChange.Press(); }},
-                       {"units", [](auto& f) { f.units.Option1_0.Choose(); }}};
+  } const changes[] = {
+      {"a field", [](auto& f) { f.limits.tbRMV.Type("17"); }},
+      {"a box", [](auto& f) { f.warnings.cbWarnMaxEND.Set(!f.warnings.cbWarnMaxEND.Value); }},
+      {"a cell", [](auto& f) { f.rates.fgAscend.Edit(2, 1, "8"); }},
+      {"a row", [](auto& f) { f.stops.cbAddChange.Press(); }},
+      {"a switch", [](auto& f) { f.rebreather.cbIntervalOnAir.Set(!f.rebreather.cbIntervalOnAir.Value); }},
+      {"units", [](auto& f) { f.units.Option1_0.Choose(); }}};
+  Template().OpenCircuit = false;
   for (const auto& each : changes) {
     SCOPED_TRACE(each.what);
     d.platform.boxes.clear();

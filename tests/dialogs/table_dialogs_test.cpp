@@ -14,14 +14,16 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct RecordedHost : RunHost {
-  void RunBegins(std::int16_t document) override { told.push_back("begins " + std::to_string(document)); }
-  void RunEnds() override { told.emplace_back("ends"); }
-  [[nodiscard]] bool IsRunning() const override { return running; }
-  [[nodiscard]] bool MustEnd() const override { return mustEnd; }
+/// Notes whose commands were held back.
+struct RecordedRuns : LongRuns {
+  RecordedRuns() {
+    changed = [this] {
+      std::int16_t document = 0;
+      while (IsRunning() && !Holds(document)) ++document;
+      told.push_back(IsRunning() ? "begins " + std::to_string(document) : "ends");
+    };
+  }
   std::vector<std::string> told;
-  bool running = false;
-  bool mustEnd = false;
 };
 
 struct RecordedPreview : PreviewWindow {
@@ -53,7 +55,7 @@ class TableDialogs : public testing::Test {
   /// Loads a dialog in a window of its own and lets `act` work with it.
   template <class Dialog, class Act>
   void With(Act act) {
-    auto dialog = std::make_shared<Dialog>(dialogs.Services(), report, host);
+    auto dialog = std::make_shared<Dialog>(dialogs.Services(), report, runs);
     dialogs.platform.Services().windows.Show(dialog);
     act(*dialog);
     EXPECT_FALSE(dialog->IsLoaded());
@@ -69,7 +71,7 @@ class TableDialogs : public testing::Test {
   test::Dialogs dialogs;
   PrintPreview report{dialogs.platform, dialogs.texts};
   RecordedPreview preview;
-  RecordedHost host;
+  RecordedRuns runs;
 };
 
 TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
@@ -92,7 +94,7 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
     EXPECT_GT(events, 8) << "at least one turn for each cut";
   });
   EXPECT_EQ(preview.shown, "*StringID 6132*");
-  EXPECT_THAT(host.told, ElementsAre("begins " + std::to_string(plan), "ends"));
+  EXPECT_THAT(runs.told, ElementsAre("begins " + std::to_string(plan), "ends"));
   EXPECT_EQ(State(plan), before);
   const int all = report.Pages().Pages();
   EXPECT_GT(all, 1);
@@ -164,7 +166,7 @@ TEST_F(TableDialogs, WithoutAPlanThereIsNoRun) {
     dialog.cbOK.Press();
   });
   EXPECT_THAT(Boxes(), ElementsAre("*StringID 7327*"));
-  EXPECT_THAT(host.told, IsEmpty());
+  EXPECT_THAT(runs.told, IsEmpty());
   EXPECT_EQ(preview.shown, "");
 }
 
@@ -231,7 +233,7 @@ TEST_F(TableDialogs, ThePlanMayBeClosedAndTheProgramMayEndWhileARunLasts) {
   preview.shown.clear();
   OpenPlan();
   With<frmBailoutStart>([&](frmBailoutStart& dialog) {
-    dialogs.platform.onEvents = [&] { host.mustEnd = true; };
+    dialogs.platform.onEvents = [&] { runs.EndAll(); };
     dialog.cbOK.Press();
   });
   EXPECT_EQ(preview.shown, "");
@@ -290,13 +292,13 @@ TEST_F(TableDialogs, TheTableExpertPrintsOneTableForEachDepth) {
   // 16 tables, six to a page; some of the deeper ones take two cells.
   EXPECT_GE(report.Pages().Pages(), 3);
   EXPECT_EQ(preview.shown, "*StringID 6132*");
-  EXPECT_THAT(host.told, ElementsAre("begins 0", "ends"));
+  EXPECT_THAT(runs.told, ElementsAre("begins 0", "ends"));
   EXPECT_EQ(dialogs.documents(0).Template.DescendRates[0].Rate, Single(18));
 }
 
 TEST_F(TableDialogs, OneRunAtATimeWritesItsPages) {
   OpenPlan();
-  host.running = true;
+  runs.RunBegins(7);
   With<frmTableExpert>([](frmTableExpert& dialog) {
     dialog.cbStart.Press();
     dialog.Unload();
@@ -306,7 +308,7 @@ TEST_F(TableDialogs, OneRunAtATimeWritesItsPages) {
     dialog.Unload();
   });
   EXPECT_THAT(Boxes(), ElementsAre("*StringID 7332*", "*StringID 7332*"));
-  EXPECT_THAT(host.told, IsEmpty());
+  EXPECT_THAT(runs.told, ElementsAre("begins 7")) << "no other has begun";
 }
 
 TEST_F(TableDialogs, TheTableExpertTakesNoMetresForFeet) {
@@ -319,7 +321,7 @@ TEST_F(TableDialogs, TheTableExpertTakesNoMetresForFeet) {
     EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6029*");
     dialog.Unload();
   });
-  EXPECT_THAT(host.told, IsEmpty());
+  EXPECT_THAT(runs.told, IsEmpty());
 }
 
 TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {

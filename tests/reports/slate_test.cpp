@@ -6,6 +6,7 @@
 
 #include "headless/headless_platform.h"
 #include "headless/recording_surface.h"
+#include "pages/arial_measure.h"
 #include "pages/page_player.h"
 #include "pages/page_units.h"
 #include "plans/profile_commands.h"
@@ -162,7 +163,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
       if (stroke.colour == RGB(255, 255, 255)) ++inverted;
       const double card = page::kWidth / 2;
       const double left = stroke.x0 < card ? 0 : card;
-      const double right = stroke.x0 + platform_.Services().measure.TextWidth(stroke.text, stroke.font);
+      const double right = stroke.x0 + ArialMeasure().TextWidth(stroke.text, stroke.font);
       EXPECT_GE(stroke.x0, left + 0.6 * page::kUnitsPerCm) << stroke.text;
       EXPECT_LE(right, left + card - 0.6 * page::kUnitsPerCm) << stroke.text;
       if (stroke.text.ends_with(".5") && stroke.font.points >= 14) ++stops;

@@ -93,7 +93,7 @@ struct Forms {
 
   HeadlessProgram program;
   ClassProfile profile;
-  RunHost host;
+  LongRuns host;
   UndoHistory history{program.program.Forms()};
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;

@@ -9,8 +9,6 @@ namespace tav::test {
 /// Documents with the default template on the headless platform, for the dialogs that edit them.
 struct Dialogs {
   Dialogs() { documents(0).Template = ShippedDefaultTemplate(); }
-  Dialogs(const Dialogs&) = delete;
-  Dialogs& operator=(const Dialogs&) = delete;
 
   /// A new plan in the active window.
   frmWaypointEditor& Open() {
