@@ -6,6 +6,7 @@
 #include <map>
 
 #include "figures/schedule.h"
+#include "model/utf8.h"
 #include "plans/bailout_cuts.h"
 #include "plans/profile_commands.h"
 #include "reports/plan_slate.h"

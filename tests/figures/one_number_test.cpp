@@ -65,7 +65,7 @@ class ToldDive {
     std::string gases;
     for (const json& gas : totals_["gas"]) {
       if (gas["used"] == 0) continue;
-      gases += (gases.empty() ? "Gas " : ", ") + gas["mix"].get<std::string>() + " " +
+      gases += (gases.empty() ? "" : ", ") + gas["mix"].get<std::string>() + " " +
                numbers_.Fixed(Single(gas["used"].get<double>()), metric ? 0 : 1) + (metric ? " l" : " cu ft");
     }
     EXPECT_THAT(terminal, HasSubstr(totals));
@@ -123,7 +123,8 @@ class ToldDive {
     EXPECT_EQ(behind(summary, t(6122), 1), Fixed("otu", 1));
     const auto gases = static_cast<std::size_t>(std::find(texts.begin(), texts.end(), t(6100)) - texts.begin());
     for (const auto& [name, used] : Gases()) {
-      if (used != "0.0") EXPECT_EQ(behind(gases, name, 3), used) << name;
+      if (used == "0.0") continue;
+      EXPECT_EQ(behind(gases, name, 3), used) << name;
     }
   }
 
@@ -192,7 +193,7 @@ TEST(AFigure, IsTheSameNumberWhereverItIsTold) {
     }};
     p.Main().mnuDiveInformation.Choose();
   }
-  EXPECT_GT(dives, 60);
+  EXPECT_GT(dives, 50);
 }
 
 }  // namespace
