@@ -7,6 +7,7 @@
 
 #include "compute/bailout_cuts.h"
 #include "figures/schedule.h"
+#include "model/utf8.h"
 #include "plans/profile_commands.h"
 #include "reports/plan_slate.h"
 #include "reports/what_if_table.h"

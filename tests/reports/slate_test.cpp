@@ -173,7 +173,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   EXPECT_GT(inverted, 0);
   EXPECT_THAT(all, HasSubstr("text 7736"));
   EXPECT_THAT(all, HasSubstr("Turn at 120 bar"));
-  EXPECT_THAT(all, HasSubstr("text 7744"));
+  EXPECT_THAT(all, HasSubstr("text 7965"));
 
   // Legs alone: it is told at the head that there is no ascent.
   profile.CutAfter(1);
