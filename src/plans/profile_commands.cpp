@@ -1,7 +1,6 @@
 #include "plans/profile_commands.h"
 
 #include "model/path_text.h"
-#include "plans/captions.h"
 
 namespace tav {
 
@@ -22,22 +21,19 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
     document.TemplateTitle = document.ProfileName;
     document.SurfaceInterval = dive.SurfaceInterval;
-    services.display.ShowCaption(number, DocumentCaption(services.texts, document));
-
     frmWaypointEditor& window = forms(number);
-    window.SetTemplate();
     window.UserActions = dive.UserActions;
     window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
     if (!opened.empty()) {
       document.PreviousDocument = opened.back();
       window.PrevProfile = opened.back();
       forms(opened.back()).NextProfile = number;
-      services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
     }
     window.ReEvaluateUserEnteredWaypoints();
     opened.push_back(number);
     if (computed) computed(number);
   }
+  if (!opened.empty()) forms.Activate(opened.back());
   return opened;
 }
 
@@ -60,7 +56,7 @@ SaveNotes SaveProfile(DocumentForms& forms, std::int16_t document, const std::fi
     dive.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
     if (dive.ProfileFolder.empty()) dive.ProfileFolder = "./";
     dive.Modified = false;
-    forms.ShowCaption(n);
+    services.display.StateChanged(n);
   }
   return notes;
 }

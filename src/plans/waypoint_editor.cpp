@@ -46,7 +46,6 @@ void frmWaypointEditor::Form_Load() {
   evaluationFault_.clear();
   actionResults_.assign(1, {});
   setNullWaypoint();
-  Services().display.EnableProfileCommands(false, false);
 }
 
 std::optional<std::int16_t> frmWaypointEditor::LegAt(std::int16_t row) const {
@@ -58,7 +57,7 @@ std::optional<std::int16_t> frmWaypointEditor::LegAt(std::int16_t row) const {
   return std::nullopt;
 }
 
-void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
+void frmWaypointEditor::SetTemplate() { Services().display.StateChanged(documentNumber_); }
 
 void frmWaypointEditor::CarryDoses() {
   DocumentState& document = Document();
@@ -146,7 +145,6 @@ void frmWaypointEditor::PutBack(const std::vector<PlanState>& states) {
   }
   // Shown when all of them are back: a window may look at the dive before.
   for (n = documentNumber_; n != -1; n = forms_(n).NextProfile) forms_(n).ShowEvaluation();
-  EnableCommandsByState();
 }
 
 bool frmWaypointEditor::TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts) {
@@ -215,13 +213,7 @@ void frmWaypointEditor::Compute() {
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
 }
 
-void frmWaypointEditor::ShowEvaluation() {
-  EditorDisplay& display = Services().display;
-  if (PrevProfile != -1) display.ShowRepetitiveIcon(documentNumber_);
-  display.ShowEvaluationFault(documentNumber_, evaluationFault_);
-  EnableCommandsByState();
-  display.RedrawProfile(documentNumber_);
-}
+void frmWaypointEditor::ShowEvaluation() { Services().display.StateChanged(documentNumber_); }
 
 bool frmWaypointEditor::EvaluateLeg(std::int16_t action, Single& endTime, Single& startTime, Single& startDepth,
                                     ReplayMemory& memory) {
@@ -284,9 +276,8 @@ bool frmWaypointEditor::StartDeco() {
   actionResults_.push_back({InputProfile.GetLength(), ceiling});
   currentRunTime_ = InputProfile.GetRunTime(InputProfile.GetLength());
   editState_ = EditState::Ascent;
-  services.display.EnableSurfaceInterval(CanBeFollowed());
   UpdateSurfProfiles();
-  services.display.RedrawProfile(documentNumber_);
+  ShowEvaluation();
   services.display.ShowHourglass(false);
   SurfStartDeco();
   return true;
@@ -319,13 +310,11 @@ void frmWaypointEditor::mnucleardecopoints() {
   InputProfile.Copy(savedProfile_);
   UserActions.DeleteLast();
   ReEvaluateUserEnteredWaypoints();
-  DisableSurfaceInterval();
 }
 
 void frmWaypointEditor::mnuclearlastwaypoint() {
   MarkModified();
   UserActions.DeleteLast();
-  DisableSurfaceInterval();
   ReEvaluateUserEnteredWaypoints();
 }
 
@@ -334,23 +323,6 @@ void frmWaypointEditor::mnuclearallwaypoints() {
   InputProfile.clear();
   UserActions.clear();
   ReEvaluateUserEnteredWaypoints();
-  DisableSurfaceInterval();
-}
-
-void frmWaypointEditor::DisableSurfaceInterval() { Services().display.EnableSurfaceInterval(false); }
-
-void frmWaypointEditor::EnableCommandsByState() {
-  const bool anything = editState_ != EditState::Empty;
-  Services().display.EnableProfileCommands(editState_ == EditState::Legs, anything);
-  Services().display.EnableClearAscent(editState_ == EditState::Ascent);
-}
-
-void frmWaypointEditor::Form_Activate() {
-  const PlanServices& services = Services();
-  services.display.ShowBreathingMode(Document().Template.OpenCircuit);
-  EnableCommandsByState();
-  services.display.EnableSurfaceInterval(CanBeFollowed());
-  if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
 }
 
 void frmWaypointEditor::MarkModified() {

@@ -88,6 +88,7 @@ class frmWaypointEditor {
 
   /// Puts the window back to its start values, for a slot that is used again.
   void Form_Load();
+  /// Shows the document by its template of now.
   void SetTemplate();
   /// Takes the oxygen doses that the dive starts with from the dive before, as its last run left them, after the
   /// surface interval; a first dive has none. They are the totals until this dive has an ascent.
@@ -119,8 +120,6 @@ class frmWaypointEditor {
   void mnuclearlastwaypoint();
   void mnuclearallwaypoints();
 
-  /// Brings the main window in line with this document.
-  void Form_Activate();
   /// Asks about unsaved changes, once for a series, from its first dive. False calls the close off. `saveAs` saves the
   /// series under a name that the user gives and tells whether it did. `lost` tells what not even that would keep.
   bool ConfirmClose(const std::function<bool()>& saveAs, const std::string& lost = "");
@@ -134,7 +133,7 @@ class frmWaypointEditor {
   void setPrevNext(std::int16_t previous, std::int16_t next);
   void setPrev(std::int16_t previous);
   void setNext(std::int16_t next);
-  /// Sets `DiveNumber` and, on a repetitive dive, the caption.
+  /// Sets `DiveNumber`.
   void UpdateSurfProfiles();
   /// Re-evaluates the later dives of the series, in order.
   void SurfStartDeco();
@@ -156,8 +155,6 @@ class frmWaypointEditor {
   [[nodiscard]] EngineRun Run(bool loadOnly) const;
   /// The rows are about to be others.
   void BeginEvaluation();
-  void EnableCommandsByState();
-  void DisableSurfaceInterval();
   [[nodiscard]] DocumentState& Document() const;
   [[nodiscard]] const PlanServices& Services() const;
 

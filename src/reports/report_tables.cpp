@@ -81,6 +81,7 @@ void GeneralReport::ProfileTable() {
     close();
     TableY_ = kTopOfPage;
     NewPage();
+    Step(6003);
     ProfileHead();
   }
   if (last == 0) {
@@ -184,6 +185,7 @@ void GeneralReport::DecoRows(DecoTable table, int step) {
     close();
     DecoY_ = kTopOfPage;
     NewPage();
+    Step(step);
     DecoHead(DecoTable::Bottom);
     // Bottom segments go on under their own head.
     if (!bottom) {

@@ -26,16 +26,14 @@ struct Preview : PreviewWindow {
 class TableRun : public testing::Test {
  protected:
   TableRun() {
-    const auto plan = OpenProfile(dialogs.forms, SourceFolder() / "dives/trimix-100.tav").back();
-    dialogs.platform.Services().documentWindows.OpenWindow(plan);
+    OpenProfile(dialogs.forms, SourceFolder() / "dives/trimix-100.tav");
     report.window = &preview;
   }
   [[nodiscard]] DialogServices Services() {
     const Platform headless = dialogs.platform.Services();
     return {dialogs.forms,
-            {headless.boxes, headless.files, windows, headless.documentWindows, headless.settings, screen,
-             headless.sound, headless.help, headless.clipboard, headless.printer, headless.measure,
-             headless.environment, headless.separators},
+            {headless.boxes, headless.files, windows, headless.settings, screen, headless.sound, headless.help,
+             headless.clipboard, headless.printer, headless.measure, headless.environment, headless.separators},
             dialogs.texts,
             false,
             {}};
