@@ -169,11 +169,6 @@ void GraphView::Follow(const PlanLook& look) {
   NameAxes();
   const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
-  ShowSelected();
-  Redraw();
-}
-
-void GraphView::ShowSelected() {
   if (const auto span = graph_.SelectedSpan()) {
     constexpr int kMargin = 30;
     const int from = Pixels(span->first) - kMargin;
@@ -182,6 +177,7 @@ void GraphView::ShowSelected() {
     if (to > scrollBar_->value() + grid_->width()) scrollBar_->setValue(to - grid_->width());
     if (from < scrollBar_->value()) scrollBar_->setValue(from);
   }
+  Redraw();
 }
 
 void GraphView::resizeEvent(QResizeEvent* event) {
@@ -391,15 +387,14 @@ bool GraphView::ExportSvg(const QString& file) {
 }
 
 GraphView* MakeGraphView(Program& program, std::int16_t document) {
-  return new GraphView(
-      program.Forms(), document,
-      {[&program](Single depth, Single time) { program.MainForm().Dialogs().EnterWaypoint(depth, time); },
-       [&program](std::int16_t row) { program.MainForm().Dialogs().ViewRow(row); },
-       [&program] { program.MainForm().PopupGraphMenu(); },
-       [&program, document](std::int16_t row) { return program.MainForm().Reports().WhyStop(document, row); },
-       [&program](std::int16_t row) { return program.MainForm().Panes().LegEndingAt(row).has_value(); },
-       [&program](std::int16_t row) { program.MainForm().Panes().EditLegOf(row); }},
-      program.Separators());
+  frmMain& main = program.MainForm();
+  return new GraphView(program.Forms(), document,
+                       {[&main](Single depth, Single time) { main.Dialogs().EnterWaypoint(depth, time); },
+                        [&main](std::int16_t row) { main.Dialogs().ViewRow(row); }, [&main] { main.PopupGraphMenu(); },
+                        [&main, document](std::int16_t row) { return main.Reports().WhyStop(document, row); },
+                        [&main](std::int16_t row) { return main.Panes().LegEndingAt(row).has_value(); },
+                        [&main](std::int16_t row) { main.Panes().EditLegOf(row); }},
+                       program.Separators());
 }
 
 }  // namespace tav

@@ -63,7 +63,6 @@ class GraphView : public QWidget, public GraphWindow {
   void NameAxes();
   void LayOut();
   void Show(const PlotView& shown);
-  void ShowSelected();
   [[nodiscard]] ScreenPoint OnPlot(QPointF position) const;
   void GridMouse(QEvent* event);
   /// Stretches the time; what lies at that pixel of the view of the plot stays there.
