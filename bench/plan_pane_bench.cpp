@@ -33,7 +33,7 @@ void StartWithLegs(test::WindowedProgram& program, std::int64_t legs) {
 void KeyInACell(benchmark::State& state) {
   test::WindowedProgram program;
   StartWithLegs(program, state.range(0));
-  frmPlanPane& pane = program.program.MainForm().PlanPane();
+  frmPlanPane& pane = program.program.MainForm().Panes().PlanPane();
   bool longer = false;
   for (auto _ : state) {
     longer = !longer;

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "app/information_boxes.h"
-#include "app/languages_form.h"
 #include "controls/localize_form.h"
+#include "exchange/import.h"
+#include "persist/template_file.h"
 
 namespace tav {
 namespace {
@@ -12,21 +12,35 @@ namespace {
 constexpr int kIdle = 5005;
 constexpr int kOpenCircuit = 1107;
 constexpr int kConstPPO = 1108;
-constexpr int kNoHelpFile = 1065;
-constexpr const char* kFitPlan = "FitPlan";  // the setting
+
+void Enable(std::initializer_list<Control*> commands, bool enabled) {
+  for (Control* command : commands) command->Enabled = enabled;
+}
 
 }  // namespace
 
 frmMain::frmMain(MainServices services)
     : Form("frmMain"),
       services_(std::move(services)),
-      planPane_(PaneServices()),
-      checkPane_(
-          Dialogs(),
-          [this](std::int16_t document, std::int16_t first, std::int16_t last) {
-            services_.view.SelectRows(document, first, last);
-          },
-          [this](std::int16_t document) { return planPane_.Refusal(document); }) {
+      templates_(services_, dialogServices_),
+      dialogServices_(MakeDialogs()),
+      looks_(services_),
+      panes_(services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuGoToPlan, sbFindings},
+             [this] { dialogs_.EditTemplate(); }),
+      dialogs_(services_, dialogServices_, panes_),
+      recent_(*this, services_, mnuRecent, [this](const std::filesystem::path& file) { OpenFile(file); }),
+      plans_(*this, services_, mnuWindowBar2),
+      files_(services_, panes_, recent_),
+      closing_(services_, panes_, files_),
+      exchange_(services_),
+      recovery_(services_),
+      reports_(services_, dialogServices_, looks_),
+      switches_(services_.platform.settings, looks_,
+                {{mnuViewCeiling, &GraphExtras::ceiling, "ShowCeiling"},
+                 {mnuViewStopMinutes, &GraphExtras::stopMinutes, "ShowStopMinutes"},
+                 {mnuViewDepths, &GraphExtras::depths, "ShowDepths"},
+                 {mnuViewTissues, &GraphExtras::tissues, "ShowTissues"}},
+                mnuFitPlan, toolFitPlan) {
   BuildMenu();
   BuildToolBar();
   Wire();
@@ -34,47 +48,60 @@ frmMain::frmMain(MainServices services)
 
 frmMain::~frmMain() { services_.view.Detach(); }
 
+DialogServices frmMain::MakeDialogs() {
+  return {services_.forms,
+          services_.platform,
+          services_.texts,
+          services_.switches.VeryHighGF,
+          [this] { ApplyToProfile(); },
+          [this](Single o2, Single he) { dialogs_.ShowMixer().setmix(o2, he); },
+          templates_.OwnDefault().string(),
+          [this] { templates_.KeepDefault(); }};
+}
+
 void frmMain::Form_Load() {
   LocalizeForm(*this, services_.texts);
   Caption = "TAV";
-  FillRecent();
-  sbStatusBar.Caption = T(kIdle);
-  FitPlan(services_.platform.settings.ReadSetting("Settings", kFitPlan) == "On");
-  LoadGraphExtras();
-  RestorePanes();
+  sbStatusBar.Caption = services_.T(kIdle);
+  switches_.Load();
+  panes_.Restore();
   LoadNewDoc();
 }
 
-void frmMain::LoadNewDoc() {
-  LocalizeForm(*this, services_.texts);
-  services_.history.MarkSaved(services_.forms.LoadNewDoc());
-  SyncCommands();
+bool frmMain::Form_QueryUnload(bool /*byUser*/) {
+  FinishEdits();
+  // All questions first: a Cancel leaves every plan open.
+  return closing_.ConfirmAll();
 }
 
-void frmMain::SetOpenCircuit(bool apply) { SetBreathingMode(true, apply); }
+void frmMain::Form_Unload() {
+  services_.runs.EndAll();
+  panes_.Keep();
+  closing_.CloseAll();
+  if (services_.view.IsMinimised()) return;
+  const Placement place = services_.view.PlaceNow();
+  SettingsStore& settings = services_.platform.settings;
+  settings.WriteSetting("Settings", "MainLeft", std::to_string(place.left));
+  settings.WriteSetting("Settings", "MainTop", std::to_string(place.top));
+  settings.WriteSetting("Settings", "MainWidth", std::to_string(place.width));
+  settings.WriteSetting("Settings", "MainHeight", std::to_string(place.height));
+}
 
-void frmMain::SetConstPPO(bool apply) { SetBreathingMode(false, apply); }
+void frmMain::LoadNewDoc() { services_.history.MarkSaved(services_.forms.LoadNewDoc()); }
 
 void frmMain::SetBreathingMode(bool openCircuit, bool apply) {
-  ToolButton& button = Tool(9);
-  button.Image = openCircuit ? "opencircuit" : "constppo2";
-  button.ToolTipText = T(openCircuit ? kOpenCircuit : kConstPPO);
+  toolOpenCircuit.Image = openCircuit ? "opencircuit" : "constppo2";
+  toolOpenCircuit.ToolTipText = services_.T(openCircuit ? kOpenCircuit : kConstPPO);
   // The menu names the mode that a click would give.
-  mnuOC.Caption = T(openCircuit ? kConstPPO : kOpenCircuit);
+  mnuOC.Caption = services_.T(openCircuit ? kConstPPO : kOpenCircuit);
   OpenCircuitMode = openCircuit;
   if (apply) ApplyToProfile();
-}
-
-void frmMain::FitPlan(bool fit) {
-  mnuFitPlan.Checked = fit;
-  Tool(20).Checked = fit;
-  services_.view.FitPlan(fit);
 }
 
 void frmMain::ApplyToProfile() {
   const auto active = Active();
   if (!active) return;
-  DiveTemplate& diveTemplate = Document(*active).Template;
+  DiveTemplate& diveTemplate = services_.Document(*active).Template;
   diveTemplate.OpenCircuit = OpenCircuitMode;
   diveTemplate.TemplateChanged = true;
   services_.forms(*active).MarkModified();
@@ -110,10 +137,22 @@ void frmMain::MarkTable(bool b, bool c) {
 }
 
 void frmMain::StartAscent() {
-  const auto active = Active();
-  if (!active) return;
-  services_.forms(*active).StartDeco();
-  SyncCommands();
+  if (const auto active = Active()) services_.forms(*active).StartDeco();
+}
+
+bool frmMain::OpenFile(const std::filesystem::path& file) {
+  FinishEdits();
+  if (file.extension() == kTemplateExtension) {
+    templates_.Load(file);
+    return true;
+  }
+  if (file.extension() == kUddfExtension || file.extension() == kCsvExtension) return exchange_.Import(file);
+  return files_.Open(file);
+}
+
+bool frmMain::CloseDocument(std::int16_t document) {
+  FinishEdits();
+  return closing_.Close(document);
 }
 
 void frmMain::PopupGraphMenu() {
@@ -122,224 +161,87 @@ void frmMain::PopupGraphMenu() {
                                         &mnuFitPlan, &mnuExportPng, &mnuExportSvg});
 }
 
-void frmMain::ShowHelp(HelpViewer::Page page) {
-  if (services_.language.helpFile.empty()) {
-    services_.platform.boxes.Show(T(kNoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
-    return;
-  }
-  try {
-    services_.platform.help.ShowHelp(services_.language.helpFile, page);
-  } catch (const std::exception& error) {
-    services_.platform.boxes.Show(services_.texts.Words(error), "", BoxIcon::None, BoxButtons::OK);
-  }
+void frmMain::StateChanged(std::int16_t document) {
+  const auto active = Active();
+  const int evaluation = active ? services_.forms(*active).Evaluation() : 0;
+  const bool another = std::exchange(front_, active) != active;
+  if (another) FinishEdits();
+  if (!IsOpen(document)) looks_.Forget(document);
+  plans_.Follow(document);
+  if (another) plans_.MarkFront();
+  if (another || document == active || !IsOpen(document)) SyncCommands();
+  services_.view.StateChanged(document);
+  if (std::exchange(evaluation_, evaluation) != evaluation || another) ShowFront();
+}
+
+void frmMain::ShowFront() {
+  panes_.Follow();
+  reports_.Follow();
 }
 
 void frmMain::SyncCommands() {
   const auto active = Active();
   EditState state = EditState::Empty;
   bool surface = false;
+  bool anything = false;
   if (active) {
     const frmWaypointEditor& editor = services_.forms(*active);
     state = editor.State();
     surface = editor.CanBeFollowed();
-    SetBreathingMode(Document(*active).Template.OpenCircuit, false);
+    anything = editor.UserActions.GetLength() > 0;
+    SetBreathingMode(services_.Document(*active).Template.OpenCircuit, false);
   }
-  ShowModified();
-  const bool ascent = state == EditState::Legs;
-  const bool information = state != EditState::Empty;
-  Tool(6).Enabled = ascent;
-  mnuStartAscent.Enabled = ascent;
-  Tool(7).Enabled = information;
-  mnuDiveInformation.Enabled = information;
-  Tool(16).Enabled = surface;
-  mnuSurface.Enabled = surface;
+  EnableProfileCommands(state == EditState::Legs, state != EditState::Empty);
+  Enable({&toolMultilevel, &mnuSurface}, surface);
   mnucleardecopoints.Enabled = state == EditState::Ascent;
-  const bool anything = active && services_.forms(*active).UserActions.GetLength() > 0;
-  mnuclearlastwaypoint.Enabled = anything;
-  mnuclearallwaypoints.Enabled = anything;
-  mnuUndo.Enabled = active && (services_.history.CanUndo(*active) || !planPane_.MarkedCells(*active).empty());
+  Enable({&mnuclearlastwaypoint, &mnuclearallwaypoints}, anything);
+  mnuUndo.Enabled = active && (services_.history.CanUndo(*active) || !panes_.PlanPane().MarkedCells(*active).empty());
   mnuRedo.Enabled = active && services_.history.CanRedo(*active);
   // Settings can be edited, loaded and saved without a plan: they are then those of new plans.
-  for (Control* command : std::initializer_list<Control*>{&mnuClose,
-                                                          &mnuSaveProfile,
-                                                          &mnuSaveProfileAs,
-                                                          &mnuExport,
-                                                          &mnuAddWaypoint,
-                                                          &mnuPopupAddWaypoint,
-                                                          &mnuOC,
-                                                          &mnuWindowCascade,
-                                                          &mnuWindowTileHorizontal,
-                                                          &mnuWindowTileVertical,
-                                                          &mnuWindowArrangeIcons,
-                                                          &mnuResetZoom,
-                                                          &mnuExportPng,
-                                                          &mnuExportSvg,
-                                                          &mnuGeneralReport,
-                                                          &mnuSlate,
-                                                          &mnuWhatIf,
-                                                          &mnuCylinders,
-                                                          &Tool(3),
-                                                          &Tool(9),
-                                                          &Tool(13)}) {
-    command->Enabled = active.has_value();
-  }
-  ListPlans();
-  HoldCommands(active);
+  Enable({&mnuClose,
+          &mnuSaveProfile,
+          &toolSave,
+          &mnuSaveProfileAs,
+          &mnuExport,
+          &mnuAddWaypoint,
+          &mnuPopupAddWaypoint,
+          &mnuOC,
+          &toolOpenCircuit,
+          &mnuWindowCascade,
+          &mnuWindowTileHorizontal,
+          &mnuWindowTileVertical,
+          &mnuWindowArrangeIcons,
+          &mnuResetZoom,
+          &mnuExportPng,
+          &mnuExportSvg,
+          &mnuGeneralReport,
+          &toolReport,
+          &mnuSlate,
+          &mnuWhatIf,
+          &mnuCylinders},
+         active.has_value());
+  HoldCommands();
 }
 
-void frmMain::ShowModified() {
-  for (const std::int16_t first : OpenDocuments()) {
-    if (services_.forms(first).PrevProfile != -1) continue;  // a series is saved as a whole
-    for (std::int16_t n = first; n != -1; n = services_.forms(n).NextProfile) {
-      services_.platform.documentWindows.SetModified(n, Document(first).Modified);
-    }
-  }
+void frmMain::EnableProfileCommands(bool enableAscent, bool enableInformation) {
+  Enable({&toolAscent, &mnuStartAscent}, enableAscent);
+  Enable({&toolAscentInfo, &mnuDiveInformation}, enableInformation);
 }
 
-void frmMain::HoldCommands(const std::optional<std::int16_t>& active) {
-  const auto enable = [](std::initializer_list<Control*> commands, bool enabled) {
-    for (Control* command : commands) command->Enabled = enabled;
-  };
+void frmMain::HoldCommands() {
   // One run of tables at a time; and the plan that it computes from can't be changed while it lasts.
+  const auto active = Active();
   const bool free = !services_.runs.IsRunning();
-  enable({&mnuBailoutReport, &Tool(14)}, free && active.has_value());
-  enable({&mnuGenerateTables, &Tool(15)}, free);
+  Enable({&mnuBailoutReport, &toolBailout}, free && active.has_value());
+  Enable({&mnuGenerateTables, &toolTableExpert}, free);
   const bool held = active && services_.runs.Holds(*active);
-  enable({&mnuConservatism, &ShowConservatism, &Tool(5), &mnuTemplate, &Tool(11), &mnuLoadTemplate}, !held);
+  Enable({&mnuConservatism, &ShowConservatism, &toolConservatism, &mnuTemplate, &toolTemplate, &mnuLoadTemplate},
+         !held);
   if (!held) return;
-  enable({&mnuStartAscent, &Tool(6), &mnuSurface, &Tool(16), &mnucleardecopoints, &mnuclearlastwaypoint,
+  Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &toolMultilevel, &mnucleardecopoints, &mnuclearlastwaypoint,
           &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuCylinders, &mnuOC,
-          &Tool(9)},
+          &toolOpenCircuit},
          false);
-}
-
-void frmMain::DocumentActivated() {
-  FinishEdits();
-  if (const auto active = Active()) services_.forms(*active).Form_Activate();
-  SyncCommands();
-  PlanChanged();
-}
-
-void frmMain::Wire() {
-  WirePlanCommands();
-  WireWindowCommands();
-  WirePanes();
-  WireViewCommands();
-  FinishEditsBeforeCommands();
-  services_.runs.changed = [this] {
-    SyncCommands();
-    PlanChanged();
-  };
-}
-
-void frmMain::FinishEditsBeforeCommands() {
-  const auto finishFirst = [this](auto* command) {
-    if (command == nullptr || !command->Click) return;
-    command->Click = [this, act = std::move(command->Click)] {
-      FinishEdits();
-      act();
-    };
-  };
-  for (Control* control : Controls()) {
-    finishFirst(dynamic_cast<MenuItem*>(control));
-    finishFirst(dynamic_cast<ToolButton*>(control));
-  }
-}
-
-void frmMain::WirePlanCommands() {
-  const auto onActive = [this](void (frmWaypointEditor::*command)()) {
-    return [this, command] {
-      if (const auto active = Active()) (services_.forms(*active).*command)();
-      SyncCommands();
-    };
-  };
-  mnuUndo.Click = [this] {
-    // Cells that are still marked are what was entered last.
-    if (const auto active = Active(); active && !planPane_.GiveUp(*active)) services_.history.Undo(*active);
-    planPane_.MarkUnfinished();
-    DocumentActivated();
-  };
-  mnuRedo.Click = [this] {
-    if (const auto active = Active()) services_.history.Redo(*active);
-    planPane_.MarkUnfinished();
-    DocumentActivated();
-  };
-  mnuAddWaypoint.Click = mnuPopupAddWaypoint.Click = [this] { AddWaypoint(); };
-  mnuBulhmannB.Click = [this] { MarkTable(true, false); };
-  mnuBulhmannC.Click = [this] { MarkTable(false, true); };
-  mnuVPM.Click = [this] { mnuVPM_Click(); };
-  mnuHybrid.Click = [this] { mnuHybrid_Click(); };
-  mnuConservatism.Click = ShowConservatism.Click = Tool(5).Click = [this] { ShowConservatism_Click(); };
-  mnuCylinders.Click = [this] { ShowCylinders(); };
-  mnuOC.Click = Tool(9).Click = [this] { SetBreathingMode(!OpenCircuitMode, true); };
-  mnuStartAscent.Click = Tool(6).Click = [this] { StartAscent(); };
-  mnuSurface.Click = Tool(16).Click = [this] { ShowMultiLevel(); };
-  mnucleardecopoints.Click = onActive(&frmWaypointEditor::mnucleardecopoints);
-  mnuclearlastwaypoint.Click = onActive(&frmWaypointEditor::mnuclearlastwaypoint);
-  mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
-  mnuDiveInformation.Click = Tool(7).Click = [this] { ShowDiveInformation(); };
-  mnuGeneralReport.Click = Tool(13).Click = [this] { ShowGeneralReport(); };
-  mnuSlate.Click = [this] { ShowSlate(); };
-  mnuWhatIf.Click = [this] { ShowWhatIf(); };
-  mnuBailoutReport.Click = [this] { ShowBailout(true); };
-  Tool(14).Click = [this] { ShowBailout(false); };
-  mnuGenerateTables.Click = Tool(15).Click = [this] { ShowTableExpert(); };
-  mnuTemplate.Click = Tool(11).Click = [this] { EditTemplateOfActive(); };
-}
-
-void frmMain::WireWindowCommands() {
-  mnuNewProfile.Click = Tool(1).Click = [this] { LoadNewDoc(); };
-  mnuOpen.Click = Tool(2).Click = [this] { OpenProfileCommand(); };
-  mnuClearRecent.Click = [this] {
-    services_.recent.Clear();
-    FillRecent();
-  };
-  mnuClose.Click = [this] {
-    if (const auto active = Active()) CloseDocument(*active);
-  };
-  mnuLoadTemplate.Click = [this] { LoadTemplateCommand(); };
-  mnuSaveTemplate.Click = [this] { SaveTemplateCommand(); };
-  mnuSaveProfile.Click = Tool(3).Click = [this] { SaveProfileCommand(false); };
-  mnuSaveProfileAs.Click = [this] { SaveProfileCommand(true); };
-  mnuImport.Click = [this] { ImportCommand(); };
-  mnuExport.Click = [this] { ExportCommand(); };
-  mnuExit.Click = [this] { Form::Unload(true); };
-  mnuMixer.Click = Tool(18).Click = [this] { ShowMixer(); };
-  mnuLanguages.Click = [this] {
-    services_.platform.windows.Show(std::make_shared<frmLanguages>(
-        services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));
-  };
-  const auto arrange = [this](DocumentWindows::Arrangement how) {
-    return [this, how] { services_.platform.documentWindows.Arrange(how); };
-  };
-  mnuWindowCascade.Click = arrange(DocumentWindows::Arrangement::Cascade);
-  mnuWindowTileHorizontal.Click = arrange(DocumentWindows::Arrangement::TileHorizontal);
-  mnuWindowTileVertical.Click = arrange(DocumentWindows::Arrangement::TileVertical);
-  mnuWindowArrangeIcons.Click = arrange(DocumentWindows::Arrangement::Icons);
-  mnuFitPlan.Click = Tool(20).Click = [this] {
-    FitPlan(!mnuFitPlan.Checked);
-    services_.platform.settings.WriteSetting("Settings", kFitPlan, mnuFitPlan.Checked ? "On" : "Off");
-  };
-  mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
-  mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
-  mnuHelpAbout.Click = [this] {
-    frmAbout box(services_.texts, [this] { ShowHelp(HelpViewer::Page::Contents); });
-    services_.platform.windows.ShowModal(box);
-  };
-  mnuContributors.Click = [this] {
-    frmContributers box(services_.texts);
-    services_.platform.windows.ShowModal(box);
-  };
-  mnuSystemInformation.Click = [this] {
-    frmSystemInformation box(services_.platform, services_.texts,
-                             SystemInformation(services_.folders, services_.language, services_.systemInformation));
-    services_.platform.windows.ShowModal(box);
-  };
-  mnuResetZoom.Click = [this] {
-    if (const auto active = Active()) services_.view.ResetZoom(*active);
-  };
-  mnuExportPng.Click = [this] { ExportGraph(false); };
-  mnuExportSvg.Click = [this] { ExportGraph(true); };
 }
 
 }  // namespace tav

@@ -1,7 +1,6 @@
 // What stands in the menus and on the tool bar of the main window, and in which order.
 
 #include "app/main_form.h"
-#include "model/number_text.h"
 
 namespace tav {
 namespace {
@@ -107,32 +106,32 @@ constexpr MenuRow kHidden[] = {
 };
 
 struct ToolRow {
-  const char* key;  // empty for a separator
+  ToolButton frmMain::*button;  // nullptr for a separator
   const char* image;
   const char* toolTip;  // a string ID
 };
 
 constexpr ToolRow kToolBar[] = {
-    {"New", "new", "1100"},
-    {"Open", "open", "1101"},
-    {"Save", "save", "1102"},
-    {"", "", ""},
-    {"Conservatism", "conservatism", "1104"},
-    {"Ascent", "ascent", "1105"},
-    {"AscentInfo", "ascentinfo", "1106"},
-    {"", "", ""},
-    {"OpenCircuit", "opencircuit", "1107"},
-    {"", "", ""},
-    {"Template", "template", "1111"},
-    {"", "", ""},
-    {"Report", "report", "1109"},
-    {"Bailout", "bailout", "1110"},
-    {"TableExpert", "tableexpert", "1112"},
-    {"Multilevel", "multilevel", "6333"},
-    {"", "", ""},
-    {"Mixer", "mixer", "7767"},
-    {"", "", ""},
-    {"FitPlan", "fit", "7103"},
+    {&frmMain::toolNew, "new", "1100"},
+    {&frmMain::toolOpen, "open", "1101"},
+    {&frmMain::toolSave, "save", "1102"},
+    {nullptr, "", ""},
+    {&frmMain::toolConservatism, "conservatism", "1104"},
+    {&frmMain::toolAscent, "ascent", "1105"},
+    {&frmMain::toolAscentInfo, "ascentinfo", "1106"},
+    {nullptr, "", ""},
+    {&frmMain::toolOpenCircuit, "opencircuit", "1107"},
+    {nullptr, "", ""},
+    {&frmMain::toolTemplate, "template", "1111"},
+    {nullptr, "", ""},
+    {&frmMain::toolReport, "report", "1109"},
+    {&frmMain::toolBailout, "bailout", "1110"},
+    {&frmMain::toolTableExpert, "tableexpert", "1112"},
+    {&frmMain::toolMultilevel, "multilevel", "6333"},
+    {nullptr, "", ""},
+    {&frmMain::toolMixer, "mixer", "7767"},
+    {nullptr, "", ""},
+    {&frmMain::toolFitPlan, "fit", "7103"},
 };
 
 }  // namespace
@@ -155,64 +154,25 @@ void frmMain::BuildMenu() {
 
 void frmMain::BuildToolBar() {
   for (const ToolRow& row : kToolBar) {
-    if (*row.key == '\0') {
-      toolBar_.push_back(nullptr);
-      continue;
-    }
-    toolButtons_.push_back(std::make_unique<ToolButton>(*this, row.key));
-    ToolButton& button = *toolButtons_.back();
-    button.Image = row.image;
-    button.ToolTipText = row.toolTip;
-    toolBar_.push_back(&button);
+    ToolButton* button = row.button == nullptr ? nullptr : &(this->*row.button);
+    toolBar_.push_back(button);
+    if (button == nullptr) continue;
+    button->Image = row.image;
+    button->ToolTipText = row.toolTip;
   }
 }
 
-std::vector<MenuEntry> frmMain::Menu() const {
+std::vector<MenuEntry> frmMain::Menu() {
   std::vector<MenuEntry> menu;
+  const auto add = [&menu](const MenuItems& items, int level) {
+    for (const auto& item : items) menu.push_back({item.get(), level});
+  };
   for (const MenuEntry& entry : menu_) {
-    if (entry.item == &mnuClearRecent) {
-      for (const auto& recent : recentItems_) menu.push_back({recent.get(), 2});
-    }
+    if (entry.item == &mnuClearRecent) add(recent_.Items(), 2);
     menu.push_back(entry);
-    if (entry.item == &mnuWindowBar2) {
-      for (const auto& plan : planItems_) menu.push_back({plan.get(), 1});
-    }
+    if (entry.item == &mnuWindowBar2) add(plans_.Items(), 1);
   }
   return menu;
-}
-
-void frmMain::FillRecent() {
-  recentItems_.clear();
-  for (const std::filesystem::path& file : services_.recent.List()) {
-    auto item = std::make_unique<MenuItem>(*this, "recent");
-    item->Caption = file.string();
-    item->Click = [this, file] { OpenFile(file); };
-    recentItems_.push_back(std::move(item));
-  }
-  mnuRecent.Enabled = !recentItems_.empty();
-  services_.view.MenuChanged();
-}
-
-void frmMain::ListPlans() {
-  std::vector<PlanItem> plans;
-  for (const std::int16_t document : OpenDocuments()) plans.push_back({document, services_.forms.Caption(document)});
-  if (plans != plans_) {
-    plans_ = std::move(plans);
-    planItems_.clear();
-    for (const PlanItem& plan : plans_) {
-      constexpr std::size_t kDigits = 9;
-      const std::size_t number = planItems_.size() + 1;
-      const std::string caption = ReplaceAll(plan.caption, "&", "&&");
-      auto item = std::make_unique<MenuItem>(*this, "plan");
-      item->Caption = number <= kDigits ? "&" + std::to_string(number) + " " + caption : caption;
-      item->Click = [this, document = plan.document] { services_.platform.documentWindows.ActivateWindow(document); };
-      planItems_.push_back(std::move(item));
-    }
-    mnuWindowBar2.Visible = !plans_.empty();
-    services_.view.MenuChanged();
-  }
-  const auto active = Active();
-  for (std::size_t i = 0; i < plans_.size(); ++i) planItems_[i]->Checked = active == plans_[i].document;
 }
 
 }  // namespace tav

@@ -1,8 +1,7 @@
-// The panes beside the graphs: shown, hidden, remembered, and brought up to date with the plan in front.
+#include "app/main_panes.h"
 
 #include <algorithm>
-
-#include "app/main_form.h"
+#include <utility>
 
 namespace tav {
 namespace {
@@ -15,119 +14,129 @@ std::string PieceName(int piece) { return "Panes" + std::to_string(piece); }
 
 }  // namespace
 
-PlanPaneServices frmMain::PaneServices() {
-  return {Dialogs(),
-          services_.history,
-          [this](std::int16_t document) { return services_.runs.Holds(document); },
-          [this] { EditTemplateOfActive(); },
-          [this](std::int16_t document) { ShowRefusal(document); },
-          [this](std::int16_t row) {
-            if (const auto active = Active()) services_.view.SelectRows(*active, row, row);
-          }};
-}
-
-void frmMain::WirePanes() {
+MainPanes::MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks,
+                     const Commands& commands, std::function<void()> editTemplate)
+    : services_(services),
+      looks_(looks),
+      findings_(commands.findings),
+      planPane_(PaneServices(dialogs, std::move(editTemplate))),
+      checkPane_(
+          dialogs,
+          [this](std::int16_t document, std::int16_t first, std::int16_t last) {
+            looks_.SelectRows(document, first, last);
+          },
+          [this](std::int16_t document) { return planPane_.Refusal(document); }),
+      panes_{{planPane_, commands.plan}, {checkPane_, commands.check}} {
   for (const Pane& pane : panes_) {
     pane.entry.Click = [this, &pane] {
-      ShowPane(pane, !pane.entry.Checked);
+      Show(pane, !pane.entry.Checked);
       if (pane.entry.Checked) services_.view.FocusPane(pane.form);
     };
   }
-  sbFindings.Click = [this] {
-    ShowPane(panes_.back(), true);
-    services_.view.FocusPane(checkPane_);
-  };
-  mnuGoToPlan.Click = [this] {
-    ShowPane(panes_.front(), true);
-    services_.view.FocusPane(planPane_);
-  };
+  commands.findings.Click = [this] { ShowAndFocus(panes_.back()); };
+  commands.goToPlan.Click = [this] { ShowAndFocus(panes_.front()); };
 }
 
-void frmMain::ShowPane(const Pane& pane, bool shown) {
+PlanPaneServices MainPanes::PaneServices(const DialogServices& dialogs, std::function<void()> editTemplate) {
+  return {dialogs,
+          services_.history,
+          [this](std::int16_t document) { return services_.runs.Holds(document); },
+          std::move(editTemplate),
+          [this](std::int16_t document) { ShowRefusal(document); },
+          [this](std::int16_t row) {
+            if (const auto active = services_.Active()) looks_.SelectRows(*active, row, row);
+          }};
+}
+
+void MainPanes::Show(const Pane& pane, bool shown) {
   pane.form.Finish();
   pane.entry.Checked = shown;
   if (shown && !pane.form.IsLoaded()) pane.form.Load();
-  if (shown) pane.form.ShowDocument(Active());
+  if (shown) pane.form.ShowDocument(services_.Active());
   services_.view.ShowPane(pane.form, shown);
 }
 
-void frmMain::PaneShown(const PaneForm& shown, bool isShown) {
+void MainPanes::ShowAndFocus(const Pane& pane) {
+  Show(pane, true);
+  services_.view.FocusPane(pane.form);
+}
+
+void MainPanes::Shown(const PaneForm& shown, bool isShown) {
   for (const Pane& pane : panes_) {
-    if (&pane.form == &shown && pane.entry.Checked != isShown) ShowPane(pane, isShown);
+    if (&pane.form == &shown && pane.entry.Checked != isShown) Show(pane, isShown);
   }
 }
 
-void frmMain::PlanChanged() {
-  checkPane_.Check(Active());
+void MainPanes::Follow() {
+  checkPane_.Check(services_.Active());
   ShowFindings();
   for (const Pane& pane : panes_) {
-    if (pane.entry.Checked) pane.form.ShowDocument(Active());
+    if (pane.entry.Checked) pane.form.ShowDocument(services_.Active());
   }
-  if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }
 
-void frmMain::ShowRefusal(std::int16_t document) {
+void MainPanes::ShowRefusal(std::int16_t document) {
   constexpr int kAsBefore = 8002;
   const bool refused = !planPane_.Refusal(document).empty();
-  services_.view.ShowAsBefore(document, refused ? T(kAsBefore) : "");
+  looks_.ShowAsBefore(document, refused ? services_.T(kAsBefore) : "");
   // A plan that holds has been checked when it was computed.
   if (refused || checkPane_.CountNow().marks.empty()) {
-    checkPane_.Check(Active());
+    checkPane_.Check(services_.Active());
     ShowFindings();
   }
-  SyncCommands();
+  services_.Changed(document);
 }
 
-std::string frmMain::MarkedCells(std::int16_t document) {
+void MainPanes::ShowFindings() {
+  const frmCheckPane::Count count = checkPane_.CountNow();
+  findings_.Caption = count.marks;
+  findings_.ToolTipText = count.words;
+  findings_.ForeColor = count.colour;
+  findings_.Visible = !count.marks.empty();
+}
+
+std::string MainPanes::MarkedCells(std::int16_t document) {
   std::string told;
-  for (std::int16_t n = services_.forms(document).getFirstProfile(); n != -1; n = services_.forms(n).NextProfile) {
+  DocumentForms& forms = services_.forms;
+  for (std::int16_t n = forms(document).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
     const std::string cells = planPane_.MarkedCells(n);
     if (cells.empty()) continue;
-    const bool inSeries = services_.forms(n).PrevProfile != -1 || services_.forms(n).NextProfile != -1;
-    told += (told.empty() ? "" : "\n") + (inSeries ? services_.forms.Caption(n) + "\n" : "") + cells;
+    const bool inSeries = forms(n).PrevProfile != -1 || forms(n).NextProfile != -1;
+    told += (told.empty() ? "" : "\n") + (inSeries ? forms.Caption(n) + "\n" : "") + cells;
   }
   return told;
 }
 
-void frmMain::ShowFindings() {
-  const frmCheckPane::Count count = checkPane_.CountNow();
-  sbFindings.Caption = count.marks;
-  sbFindings.ToolTipText = count.words;
-  sbFindings.ForeColor = count.colour;
-  sbFindings.Visible = !count.marks.empty();
-}
-
-void frmMain::FinishEdits() {
+void MainPanes::Finish() {
   for (const Pane& pane : panes_) pane.form.Finish();
 }
 
-void frmMain::SelectInPanes(std::int16_t row) {
+void MainPanes::SelectRow(std::int16_t row) {
   for (const Pane& pane : panes_) {
     if (pane.entry.Checked) pane.form.SelectRow(row);
   }
-  if (const auto active = Active()) services_.view.SelectRows(*active, row, row);
+  if (const auto active = services_.Active()) looks_.SelectRows(*active, row, row);
 }
 
-std::optional<std::int16_t> frmMain::LegAt(std::int16_t row) const {
-  const auto active = Active();
+std::optional<std::int16_t> MainPanes::LegAt(std::int16_t row) const {
+  const auto active = services_.Active();
   return active ? services_.forms(*active).LegAt(row) : std::nullopt;
 }
 
-std::optional<std::int16_t> frmMain::LegEndingAt(std::int16_t row) const {
-  const auto active = Active();
+std::optional<std::int16_t> MainPanes::LegEndingAt(std::int16_t row) const {
+  const auto active = services_.Active();
   const auto leg = LegAt(row);
   return leg && active && services_.forms(*active).LastRowOf(*leg) == row ? leg : std::nullopt;
 }
 
-void frmMain::EditLegOf(std::int16_t row) {
+void MainPanes::EditLegOf(std::int16_t row) {
   const auto leg = LegAt(row);
   if (!leg) return;
-  ShowPane(panes_.front(), true);
-  services_.view.FocusPane(planPane_);
+  ShowAndFocus(panes_.front());
   planPane_.EditLeg(*leg);
 }
 
-void frmMain::RestorePanes() {
+void MainPanes::Restore() {
   std::string kept;
   for (int i = 1; i <= kMostPieces; ++i) {
     const std::string piece = services_.platform.settings.ReadSetting("Settings", PieceName(i));
@@ -136,12 +145,11 @@ void frmMain::RestorePanes() {
   }
   const auto shown = services_.view.RestorePanes(kept);
   for (const Pane& pane : panes_) {
-    // At first all of them are shown.
-    ShowPane(pane, !shown || std::find(shown->begin(), shown->end(), &pane.form) != shown->end());
+    Show(pane, !shown || std::find(shown->begin(), shown->end(), &pane.form) != shown->end());
   }
 }
 
-void frmMain::KeepPanes() {
+void MainPanes::Keep() const {
   const std::string panes = services_.view.PanesNow();
   SettingsStore& settings = services_.platform.settings;
   int piece = 1;

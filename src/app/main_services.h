@@ -1,7 +1,10 @@
 #pragma once
 
+#include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "app/main_view.h"
 #include "app/recent_files.h"
@@ -10,6 +13,7 @@
 #include "dialogs/long_runs.h"
 #include "engine/model_choice.h"
 #include "pages/print_preview.h"
+#include "persist/text_file.h"
 #include "plans/undo_history.h"
 #include "start/command_line.h"
 #include "start/language_table.h"
@@ -17,7 +21,11 @@
 
 namespace tav {
 
-/// What the main window works with. All of it outlives it.
+// The folders that file dialogs of plans and of templates start in, by their names in the settings.
+inline constexpr const char* kPlanFolder = "PlanFolder";
+inline constexpr const char* kTemplateFolder = "TemplateFolder";
+
+/// What the main window and its parts work with, and short ways to it. All of it outlives them.
 struct MainServices {
   DocumentForms& forms;
   Platform platform;
@@ -34,6 +42,25 @@ struct MainServices {
   PrintPreview& tables;  ///< pages of their own, so that a report may be written while a run of tables lasts
   LongRuns& runs;
   std::string systemInformation;  ///< of the window system, lines of text
+
+  /// The document in front; nothing when none is open.
+  [[nodiscard]] std::optional<std::int16_t> Active() const { return forms.Active(); }
+  [[nodiscard]] DocumentState& Document(std::int16_t document) const { return forms.Services().documents(document); }
+  [[nodiscard]] bool IsOpen(std::int16_t document) const {
+    return document != DocumentStore::DefaultDocument && !Document(document).SlotFree;
+  }
+  /// By their numbers.
+  [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const;
+  [[nodiscard]] std::string T(int id) const { return texts.GetResString(id); }
+  /// What shows a document is to follow it: something of it has been set that no operation of the plan tells of.
+  void Changed(std::int16_t document) const { forms.Services().display.StateChanged(document); }
+  void Tell(const std::string& text, BoxIcon icon) const { platform.boxes.Show(text, "", icon, BoxButtons::OK); }
+  /// Tells that something failed, in these words, and why.
+  void TellFailure(const std::string& what, const std::exception& error) const {
+    Tell(what + "\r\n" + texts.Words(error), BoxIcon::Stop);
+  }
+  /// Tells what a save could not keep of the file that was there.
+  void TellNotes(const std::filesystem::path& file, const SaveNotes& notes) const;
 };
 
 }  // namespace tav

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/controls.h"
@@ -25,6 +27,21 @@ struct Placement {
   int height = 10500;
 };
 
+/// What the window of a plan shows beside the rows of the plan.
+struct PlanLook {
+  std::string caption;
+  bool modified = false;    ///< its series has unsaved changes
+  bool repetitive = false;  ///< a dive behind another one
+  std::string notice;       ///< over the plot: why there are no rows, or that the plan does not decompress
+  std::string asBefore;     ///< the plot is grey under these words: it is that of before something that is refused
+  std::pair<std::int16_t, std::int16_t> selected{0, 0};  ///< rows that are marked; 0 to 0 marks none
+  std::vector<PlotPoint> overlay;                        ///< a dashed line over the plot: how a dive would go
+  bool fitPlan = false;                                  ///< the plan fills the window, or has room to grow
+  GraphExtras extras;
+};
+
+enum class Arrangement { Cascade, TileHorizontal, TileVertical, Icons };
+
 class frmMain;
 class PaneForm;
 
@@ -46,7 +63,7 @@ class MainView {
   [[nodiscard]] virtual Placement PlaceNow() const = 0;
   [[nodiscard]] virtual bool IsMinimised() const = 0;
   virtual void ShowWindow() = 0;
-  /// The entries of the menus have changed: recent files.
+  /// The entries of the menus have changed: recent files, open plans.
   virtual void MenuChanged() = 0;
   /// Shows or hides a pane of the form, which is loaded.
   virtual void ShowPane(PaneForm& pane, bool shown) = 0;
@@ -57,19 +74,13 @@ class MainView {
   /// Puts the panes where such a text tells, and returns those that it tells to be shown; nothing for a text of
   /// another program. To be called before a pane is shown.
   virtual std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) = 0;
-  /// The child window of a document: its graph.
+
+  /// A document is another than before: its window follows, made when the document is first in front, gone when it is
+  /// closed. What it shows is read from the form.
+  virtual void StateChanged(std::int16_t document) = 0;
+  /// Arranges the windows of the open plans.
+  virtual void Arrange(Arrangement arrangement) = 0;
   virtual void ResetZoom(std::int16_t document) = 0;
-  /// Marks rows in the graph of a document; 0 to 0 marks none.
-  virtual void SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) = 0;
-  /// In all graphs, those to come too, the plan fills the window, or has room to grow.
-  virtual void FitPlan(bool fit) = 0;
-  /// What all graphs show beside the plan, those to come too.
-  virtual void ShowExtras(const GraphExtras& extras) = 0;
-  /// A dashed line over the plot, which stays through redraws: how a dive would go. Empty takes it away.
-  virtual void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) = 0;
-  /// The graph is that of the plan as it was before something that is refused: it is grey and says so in these words.
-  /// Empty takes that away.
-  virtual void ShowAsBefore(std::int16_t document, const std::string& words) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

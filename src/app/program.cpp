@@ -31,8 +31,7 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       folders_(std::move(folders)),
       systemInformation_(std::move(systemInformation)),
       warnings_(platform_.boxes, texts_, documents_, platform_.separators),
-      display_(*this),
-      forms_({documents_, model_, warnings_, display_, platform_.boxes, texts_}),
+      forms_({documents_, model_, warnings_, *this, platform_.boxes, texts_}),
       history_(forms_),
       recent_(platform_.settings),
       recovery_(SettingsFolder()),
@@ -102,8 +101,7 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   }
   view_.ShowWindow();
   platform_.screen.ShowHourglass(false);
-  mainForm_->SyncCommands();
-  mainForm_->OfferRecovery();
+  mainForm_->Copies().Offer();
   for (const std::string& argument : arguments) {
     std::error_code error;
     const fs::path word(argument);
@@ -113,66 +111,24 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   return true;
 }
 
-void Program::Display::OpenWindow(std::int16_t document) {
-  program_.warnings_.Memory().PlanOpened(document);
-  program_.platform_.documentWindows.OpenWindow(document);
-}
-
-void Program::Display::ShowCaption(std::int16_t document, const std::string& caption) {
-  program_.platform_.documentWindows.SetCaption(document, caption);
-}
-
-void Program::Display::ShowRepetitiveIcon(std::int16_t document) {
-  program_.platform_.documentWindows.SetRepetitiveIcon(document);
-}
-
-void Program::Display::ShowTemplate(std::int16_t document) {
-  program_.platform_.documentWindows.TemplateChanged(document);
-  Sync();  // a message may come before the plan is computed
-}
-
-void Program::Display::RedrawProfile(std::int16_t document) {
-  program_.platform_.documentWindows.Redraw(document);
-  program_.history_.Record(document);
-  program_.warnings_.Memory().EvaluationEnded(document);
-  constexpr int kDoesNotDecompress = 7020;
-  const frmWaypointEditor& editor = program_.forms_(document);
-  if (!editor.EvaluationFault().empty()) {
-    ShowEvaluationFault(document, editor.EvaluationFault());
+void Program::StateChanged(std::int16_t document) {
+  if (documents_(document).SlotFree) {
+    recovery_.Drop(document);
+    history_.Forget(document);
+    warnings_.Memory().PlanClosed(document);
+    evaluations_.erase(document);
   } else {
-    const bool decompresses = program_.documents_(document).Decompresses;
-    ShowEvaluationFault(document, decompresses ? "" : program_.texts_.GetResString(kDoesNotDecompress));
+    const int evaluation = forms_(document).Evaluation();
+    if (std::exchange(evaluations_[document], evaluation) != evaluation) {
+      history_.Record(document);
+      warnings_.Memory().EvaluationEnded(document);
+    }
   }
-  Sync();
-  if (program_.mainForm_ && program_.platform_.documentWindows.ActiveDocument() == document) {
-    program_.mainForm_->PlanChanged();
-  }
+  if (mainForm_) mainForm_->StateChanged(document);
 }
 
-void Program::Display::ShowEvaluationFault(std::int16_t document, const std::string& fault) {
-  program_.platform_.documentWindows.ShowNotice(document, fault);
+void Program::ShowStatus(int textId) {
+  if (mainForm_) mainForm_->sbStatusBar.Caption = texts_.GetResString(textId);
 }
-
-void Program::Display::CloseWindow(std::int16_t document) {
-  program_.recovery_.Drop(document);
-  program_.history_.Forget(document);
-  program_.platform_.documentWindows.RemoveWindow(document);
-}
-
-// The commands follow the active document, and a series evaluates others, too: what a document says of itself is
-// worked out anew for the active one.
-void Program::Display::EnableProfileCommands(bool /*enableAscent*/, bool /*enableInformation*/) { Sync(); }
-void Program::Display::EnableClearAscent(bool /*enable*/) { Sync(); }
-void Program::Display::EnableSurfaceInterval(bool /*enable*/) { Sync(); }
-
-void Program::Display::Sync() {
-  if (program_.mainForm_) program_.mainForm_->SyncCommands();
-}
-
-void Program::Display::ShowStatus(int textId) {
-  if (program_.mainForm_) program_.mainForm_->sbStatusBar.Caption = program_.texts_.GetResString(textId);
-}
-
-void Program::Display::ShowHourglass(bool on) { program_.platform_.screen.ShowHourglass(on); }
 
 }  // namespace tav

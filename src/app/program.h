@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,12 +13,10 @@
 namespace tav {
 
 /// The program from its entry point to the first empty document: owns the documents and all that works on them.
-class Program {
+class Program : private EditorDisplay {
  public:
   Program(Platform platform, MainView& view, ProgramFolders folders, std::string systemInformation);
-  Program(const Program&) = delete;
-  Program& operator=(const Program&) = delete;
-  ~Program();
+  ~Program() override;
 
   /// Starts: language, documents, switches, splash, main window with its first document, notice. `arguments` are those
   /// of the command line; a file among them is opened. False when the program is to end: no language, or the notice
@@ -33,27 +32,10 @@ class Program {
   [[nodiscard]] const LocaleSeparators& Separators() const { return platform_.separators; }
 
  private:
-  /// Passes on what the documents want shown.
-  class Display : public EditorDisplay {
-   public:
-    explicit Display(Program& program) : program_(program) {}
-    void OpenWindow(std::int16_t document) override;
-    void ShowCaption(std::int16_t document, const std::string& caption) override;
-    void ShowRepetitiveIcon(std::int16_t document) override;
-    void ShowTemplate(std::int16_t document) override;
-    void RedrawProfile(std::int16_t document) override;
-    void ShowEvaluationFault(std::int16_t document, const std::string& fault) override;
-    void CloseWindow(std::int16_t document) override;
-    void EnableProfileCommands(bool enableAscent, bool enableInformation) override;
-    void EnableClearAscent(bool enable) override;
-    void EnableSurfaceInterval(bool enable) override;
-    void ShowStatus(int textId) override;
-    void ShowHourglass(bool on) override;
-
-   private:
-    void Sync();
-    Program& program_;
-  };
+  // EditorDisplay
+  void StateChanged(std::int16_t document) override;
+  void ShowStatus(int textId) override;
+  void ShowHourglass(bool on) override { platform_.screen.ShowHourglass(on); }
 
   bool LoadLanguageOfUser();
   void ReadCommandLine(const std::vector<std::string>& arguments);
@@ -70,7 +52,6 @@ class Program {
   DocumentStore documents_;
   ModelChoice model_;
   EngineWarnings warnings_;
-  Display display_;
   DocumentForms forms_;
   UndoHistory history_;
   RecentFiles recent_;
@@ -80,6 +61,7 @@ class Program {
   PrintPreview tables_;
   PreviewWindows tablesPreview_{tables_, platform_};
   LongRuns runs_{[this](bool running) { running ? warnings_.CommandBegins() : warnings_.CommandEnds(); }};
+  std::map<std::int16_t, int> evaluations_;  ///< of the open documents: which one has been taken note of
   std::unique_ptr<frmMain> mainForm_;
 };
 

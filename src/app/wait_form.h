@@ -6,12 +6,16 @@
 
 namespace tav {
 
-/// Stands beside the main window while a report is written, and tells how far it is.
+/// Stands before the program while a report is written: tells how far it is, and ends it.
 class frmWait : public Form {
  public:
   frmWait(Platform platform, const TextSource& texts);
 
   Label Label1{*this, "Label1"};
+  Button cbCancel{*this, "cbCancel"};
+
+  /// Tells a step of the report, and lets the user act. False when the report is to end.
+  [[nodiscard]] bool GoOn(const std::string& step);
 
  protected:
   void Form_Load() override;

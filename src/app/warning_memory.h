@@ -20,8 +20,8 @@ class WarningMemory {
   /// in one that returns to an earlier state of the plan, when it has ever come up.
   bool IsNews(std::int16_t document, const std::string& warning, bool returning);
   void EvaluationEnded(std::int16_t document);
-  /// The number has gone to another plan.
-  void PlanOpened(std::int16_t document) { plans_.erase(document); }
+  /// The number may go to another plan.
+  void PlanClosed(std::int16_t document) { plans_.erase(document); }
 
  private:
   struct Plan {

@@ -33,6 +33,8 @@ class Form : NotCopied {
   /// Size in 1/1440 inch; 0 leaves it to the design. The view keeps them as the user changes the window.
   Property<int> Width{Changed};
   Property<int> Height{Changed};
+  /// Beside the program, it takes all input of the program until it is closed.
+  bool Blocks = false;
   /// The view puts the window where it was when it was last closed.
   bool RemembersPlace = false;
   /// The user asked for the menu of the window, at no control that has one of its own.

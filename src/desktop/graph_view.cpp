@@ -89,18 +89,17 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   scrollBar_->setFocusPolicy(Qt::NoFocus);  // the keys of the view move it
   connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::Redraw);
   for (SurfaceWidget* surface : {container_, grid_, bars_, tissues_}) surface->RedrawWanted = [this] { Redraw(); };
-  TemplateChanged();
+  NameAxes();
+  LayOut();
 }
 
-void GraphView::TemplateChanged() {
+void GraphView::NameAxes() {
   const TextSource& texts = forms_.Services().texts;
   time_->setText(ToQt(texts.GetResString(kTimeTitle)));
   ceiling_->setText(ToQt(texts.GetResString(kCeilingTitle)));
   QStringList letters;
   for (const std::string& letter : PlanPicture(plan_()).DepthLetters()) letters << ToQt(letter);
   depth_->setText(letters.join(QLatin1Char('\n')));
-  LayOut();
-  scrollBar_->setValue(0);
 }
 
 void GraphView::LayOut() {
@@ -155,8 +154,22 @@ void GraphView::ViewRow(std::int16_t row) {
   secondClick_->start(QApplication::doubleClickInterval());
 }
 
-void GraphView::SelectRows(std::int16_t first, std::int16_t last) {
-  graph_.SelectRows(first, last);
+void GraphView::Follow(const PlanLook& look) {
+  if (look.fitPlan != shown_.fitPlan) {
+    shown_.timeZoom = 1;
+    scrollBar_->setValue(0);
+  }
+  shown_.fitPlan = look.fitPlan;
+  shown_.extras = look.extras;
+  graph_.SetOverlay(look.overlay);
+  graph_.SelectRows(look.selected.first, look.selected.second);
+  notice_->setText(ToQt(look.notice));
+  notice_->setVisible(!look.notice.empty());
+  asBefore_->setText(ToQt(look.asBefore));
+  asBefore_->setVisible(!look.asBefore.empty());
+  NameAxes();
+  const QSignalBlocker oneRedraw(scrollBar_);
+  LayOut();
   if (const auto span = graph_.SelectedSpan()) {
     constexpr int kMargin = 30;
     const int from = Pixels(span->first) - kMargin;
@@ -173,22 +186,6 @@ void GraphView::resizeEvent(QResizeEvent* event) {
   LayOut();
   scrollBar_->setValue(0);
   Redraw();
-}
-
-void GraphView::ShowNotice(const QString& text) {
-  notice_->setText(text);
-  notice_->setVisible(!text.isEmpty());
-  LayOut();
-}
-
-void GraphView::ShowAsBefore(const QString& words) {
-  asBefore_->setText(words);
-  asBefore_->setVisible(!words.isEmpty());
-  LayOut();
-}
-
-void GraphView::ShowOverlay(const std::vector<PlotPoint>& line) {
-  if (graph_.SetOverlay(line)) Redraw();
 }
 
 void GraphView::ShowReadOut(double x, double y, const std::string& text) {
@@ -301,15 +298,6 @@ void GraphView::Show(const PlotView& shown) {
 
 void GraphView::ResetZoom() { Show({1, shown_.fitPlan, shown_.extras}); }
 
-void GraphView::FitPlan(bool fit) { Show({1, fit, shown_.extras}); }
-
-void GraphView::ShowExtras(const GraphExtras& extras) {
-  if (extras == shown_.extras) return;
-  shown_.extras = extras;
-  LayOut();
-  Redraw();
-}
-
 void GraphView::keyPressEvent(QKeyEvent* event) {
   const double middle = grid_->width() / 2.0;
   switch (event->key()) {
@@ -390,13 +378,13 @@ bool GraphView::ExportSvg(const QString& file) {
 }
 
 GraphView* MakeGraphView(Program& program, std::int16_t document) {
+  frmMain& main = program.MainForm();
   return new GraphView(program.Forms(), document,
-                       {[&program](Single depth, Single time) { program.MainForm().EnterWaypoint(depth, time); },
-                        [&program](std::int16_t row) { program.MainForm().ViewRow(row); },
-                        [&program] { program.MainForm().PopupGraphMenu(); },
-                        [&program, document](std::int16_t row) { return program.MainForm().WhyStop(document, row); },
-                        [&program](std::int16_t row) { return program.MainForm().LegEndingAt(row).has_value(); },
-                        [&program](std::int16_t row) { program.MainForm().EditLegOf(row); }},
+                       {[&main](Single depth, Single time) { main.Dialogs().EnterWaypoint(depth, time); },
+                        [&main](std::int16_t row) { main.Dialogs().ViewRow(row); }, [&main] { main.PopupGraphMenu(); },
+                        [&main, document](std::int16_t row) { return main.Reports().WhyStop(document, row); },
+                        [&main](std::int16_t row) { return main.Panes().LegEndingAt(row).has_value(); },
+                        [&main](std::int16_t row) { main.Panes().EditLegOf(row); }},
                        program.Separators());
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "app/main_view.h"
 #include "desktop/qt_surface.h"
 #include "graph/document_plan.h"
 #include "graph/profile_graph.h"
@@ -35,21 +36,9 @@ class GraphView : public QWidget, public GraphWindow {
   GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators = {});
 
   void Redraw();
-  /// Units or texts of the axes may have changed.
-  void TemplateChanged();
-  /// A line of text over the plot; empty takes it away.
-  void ShowNotice(const QString& text);
-  /// Grey, under these words; empty for a plot that holds.
-  void ShowAsBefore(const QString& words);
-  /// A dashed line over the plot; empty takes it away.
-  void ShowOverlay(const std::vector<PlotPoint>& line);
+  /// Draws the plan anew with what else is to be shown, the marked rows brought into sight.
+  void Follow(const PlanLook& look);
   void ResetZoom();
-  /// Marks rows and brings them into sight; 0 to 0 marks none.
-  void SelectRows(std::int16_t first, std::int16_t last);
-  /// Whether the plan fills the window, or has room to grow.
-  void FitPlan(bool fit);
-  /// What is shown beside the plan.
-  void ShowExtras(const GraphExtras& extras);
   /// The whole graph as a picture. False when the file could not be written.
   bool ExportPng(const QString& file);
   bool ExportSvg(const QString& file);
@@ -71,6 +60,8 @@ class GraphView : public QWidget, public GraphWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// Units or texts of the axes may have changed.
+  void NameAxes();
   void LayOut();
   void Show(const PlotView& shown);
   [[nodiscard]] ScreenPoint OnPlot(QPointF position) const;

@@ -86,8 +86,8 @@ int main(int argc, char** argv) {
   tav::QtEnvironment environment;
   const QLocale locale;
   const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};
-  const tav::Platform platform{boxes, files, windows,   window,  settings,    screen,
-                               sound, help,  clipboard, printer, environment, separators};
+  const tav::Platform platform{boxes, files, windows,   settings, screen,      sound,
+                               help,  clipboard, printer, environment, separators};
 
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
   help.SetTexts(program.Texts());
@@ -110,7 +110,7 @@ int main(int argc, char** argv) {
   });
   QTimer recovery;
   QObject::connect(&recovery, &QTimer::timeout, [&] {
-    if (program.HasMainForm()) program.MainForm().KeepRecovery();
+    if (program.HasMainForm()) program.MainForm().Copies().Keep();
   });
   constexpr int kEveryMilliseconds = 30000;
   recovery.start(kEveryMilliseconds);

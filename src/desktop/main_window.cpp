@@ -27,6 +27,11 @@ MainWindow::MainWindow() : area_(new QMdiArea) {
   setWindowIcon(IconNamed("tav"));
   setAcceptDrops(true);
   connect(area_, &QMdiArea::subWindowActivated, this, &MainWindow::SubWindowActivated);
+  // The area itself turns only the windows that there are.
+  for (const auto& [keys, step] : {std::pair(QKeySequence::NextChild, 1), {QKeySequence::PreviousChild, -1}}) {
+    auto* turn = new QShortcut(keys, this);
+    connect(turn, &QShortcut::activated, this, [this, by = step] { Turn(by); });
+  }
 }
 
 MainWindow::~MainWindow() { area_->disconnect(this); }
@@ -121,8 +126,10 @@ void MainWindow::BuildMenu() {
 }
 
 void MainWindow::MenuChanged() {
-  // Not at once: the entry that caused it may still be at work.
+  // Not at once: the entry that caused it may still be at work. And once for all that changes until then.
+  if (std::exchange(menuStale_, true)) return;
   QTimer::singleShot(0, this, [this] {
+    menuStale_ = false;
     if (form_ != nullptr) BuildMenu();
   });
 }
@@ -174,128 +181,15 @@ Placement MainWindow::PlaceNow() const {
   return {ToUnits(place.left()), ToUnits(place.top()), ToUnits(place.width()), ToUnits(place.height())};
 }
 
-MainWindow::Child* MainWindow::Find(std::int16_t document) {
-  const auto found = children_.find(document);
-  return found == children_.end() ? nullptr : &found->second;
-}
-
-void MainWindow::OpenWindow(std::int16_t document) {
-  Child child;
-  child.graph = makeGraph(document);
-  child.graph->FitPlan(fitPlan_);
-  child.graph->ShowExtras(extras_);
-  child.window = new QMdiSubWindow;
-  child.window->setWidget(child.graph);
-  child.window->setAttribute(Qt::WA_DeleteOnClose, false);
-  // Ctrl+W is the command of the menu; two of them would cancel each other.
-  for (QAction* action : child.window->systemMenu()->actions()) action->setShortcut({});
-  child.window->setWindowIcon(IconNamed("document"));
-  child.window->installEventFilter(this);
-  child.window->setProperty("document", document);
-  area_->addSubWindow(child.window);
-  children_[document] = child;
-  // A new plan is seen as the one before it is: all over the area, or as a window in it.
-  const QMdiSubWindow* current = area_->currentSubWindow();
-  const bool maximised = children_.size() == 1 || (current != nullptr && current->isMaximized());
-  child.window->resize(area_->size() * 4 / 5);
-  if (maximised) {
-    child.window->showMaximized();
-  } else {
-    child.window->show();
-  }
-  ActivateWindow(document);
-}
-
-void MainWindow::RemoveWindow(std::int16_t document) {
-  Child* child = Find(document);
-  if (child == nullptr) return;
-  QMdiSubWindow* window = child->window;
-  children_.erase(document);
-  if (active_ == document) active_.reset();
-  window->removeEventFilter(this);
-  const bool maximised = window->isMaximized();
-  area_->removeSubWindow(window);
-  window->deleteLater();  // its own close control may be what brought us here
-  QMdiSubWindow* next = area_->currentSubWindow();
-  if (maximised && next != nullptr) next->showMaximized();
-  SubWindowActivated(area_->currentSubWindow());
-  ShowTitle();
-}
-
-void MainWindow::ActivateWindow(std::int16_t document) {
-  Child* child = Find(document);
-  if (child == nullptr) return;
-  active_ = document;
-  area_->setActiveSubWindow(child->window);
-  ShowTitle();
-  if (form_ != nullptr) form_->DocumentActivated();
-}
-
-void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
-  // Another program's window in front takes nothing from the document that commands act on.
-  if (window == nullptr) window = area_->currentSubWindow();
-  const QVariant document = window == nullptr ? QVariant() : window->property("document");
-  const auto number = document.isValid() ? std::optional(static_cast<std::int16_t>(document.toInt())) : std::nullopt;
-  if (number && Find(*number) == nullptr) return;
-  if (number == active_) return;
-  active_ = number;
-  ShowTitle();
-  if (form_ != nullptr) form_->DocumentActivated();
-}
-
-void MainWindow::Arrange(Arrangement arrangement) {
-  const auto windows = area_->subWindowList();
-  for (QMdiSubWindow* window : windows) {
-    if (window->isMaximized() || (arrangement != Arrangement::Icons && window->isMinimized())) window->showNormal();
-  }
-  const QSize room = area_->viewport()->size();
-  const int count = static_cast<int>(windows.size());
-  switch (arrangement) {
-    case Arrangement::Cascade:
-      area_->cascadeSubWindows();
-      break;
-    case Arrangement::TileHorizontal:
-    case Arrangement::TileVertical:
-      // Horizontal tiles are as wide as the window and lie one above the other.
-      for (int i = 0; i < count; ++i) {
-        const bool rows = arrangement == Arrangement::TileHorizontal;
-        const int size = (rows ? room.height() : room.width()) / count;
-        windows[i]->setGeometry(rows ? QRect(0, i * size, room.width(), size)
-                                     : QRect(i * size, 0, size, room.height()));
-      }
-      break;
-    case Arrangement::Icons: {
-      int x = 0;
-      for (QMdiSubWindow* window : windows) {
-        if (!window->isMinimized()) continue;
-        window->move(x, room.height() - window->height());
-        x += window->width();
-      }
-      break;
-    }
-  }
-}
-
-void MainWindow::SetCaption(std::int16_t document, const std::string& caption) {
-  if (Child* child = Find(document)) child->window->setWindowTitle(ToQt(caption) + QStringLiteral("[*]"));
-  ShowTitle();
-}
-
-void MainWindow::SetModified(std::int16_t document, bool modified) {
-  Child* child = Find(document);
-  if (child == nullptr || child->window->isWindowModified() == modified) return;
-  child->window->setWindowModified(modified);
-  ShowTitle();
-}
-
 void MainWindow::ShowTitle() {
   if (form_ == nullptr || showingTitle_) return;
-  const Child* front = active_ ? Find(*active_) : nullptr;
-  const QString name = ToQt(form_->Caption);
-  const QString title = front == nullptr ? name : QStringLiteral("%1 - [%2]").arg(name, front->window->windowTitle());
+  const auto front = form_->Active();
+  const PlanLook look = front ? form_->Looks().Of(*front) : PlanLook();
+  QString title = ToQt(form_->Caption);
+  if (front) title += QStringLiteral(" - [%1[*]]").arg(ToQt(look.caption));
   showingTitle_ = true;
   if (windowTitle() != title) setWindowTitle(title);
-  setWindowModified(front != nullptr && front->window->isWindowModified());
+  setWindowModified(look.modified);
   showingTitle_ = false;
 }
 
@@ -311,13 +205,9 @@ bool MainWindow::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-void MainWindow::SetRepetitiveIcon(std::int16_t document) {
-  if (Child* child = Find(document)) child->window->setWindowIcon(IconNamed("repetitive"));
-}
-
 void MainWindow::FocusPlan() {
-  Child* front = active_ ? Find(*active_) : nullptr;
-  if (front != nullptr) front->graph->setFocus();
+  const auto front = form_ == nullptr ? std::nullopt : form_->Active();
+  if (front) Of(*front).graph->setFocus();
 }
 
 void MainWindow::ShowPane(PaneForm& pane, bool shown) {
@@ -347,16 +237,6 @@ void MainWindow::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile() && form_ != nullptr) form_->OpenFile(FromQt(url.toLocalFile()));
   }
-}
-
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  auto* window = qobject_cast<QMdiSubWindow*>(watched);
-  if (window == nullptr || event->type() != QEvent::Close || form_ == nullptr || !form_->IsLoaded()) {
-    return QMainWindow::eventFilter(watched, event);
-  }
-  event->ignore();
-  form_->CloseDocument(static_cast<std::int16_t>(window->property("document").toInt()));
-  return true;
 }
 
 }  // namespace tav

@@ -5,7 +5,6 @@
 #include <map>
 
 #include "app/main_form.h"
-#include "platform/document_windows.h"
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -16,8 +15,9 @@ namespace tav {
 class GraphView;
 class PaneDocks;
 
-/// The main window on the screen: menu, tool bar and status bar of frmMain, and a child window for each plan.
-class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
+/// The main window on the screen: menu, tool bar and status bar of frmMain, and a child window for each plan that has
+/// been in front.
+class MainWindow : public QMainWindow, public MainView {
   Q_OBJECT
  public:
   MainWindow();
@@ -38,26 +38,10 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   void FocusPane(PaneForm& pane) override;
   [[nodiscard]] std::string PanesNow() const override;
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
-  void ResetZoom(std::int16_t document) override;
-  void SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) override;
-  void FitPlan(bool fit) override;
-  void ShowExtras(const GraphExtras& extras) override;
-  void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override;
-  void ShowAsBefore(std::int16_t document, const std::string& words) override;
-  bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
-
-  // DocumentWindows
-  void OpenWindow(std::int16_t document) override;
-  void RemoveWindow(std::int16_t document) override;
-  void ActivateWindow(std::int16_t document) override;
-  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const override { return active_; }
+  void StateChanged(std::int16_t document) override;
   void Arrange(Arrangement arrangement) override;
-  void SetCaption(std::int16_t document, const std::string& caption) override;
-  void SetModified(std::int16_t document, bool modified) override;
-  void SetRepetitiveIcon(std::int16_t document) override;
-  void TemplateChanged(std::int16_t document) override;
-  void Redraw(std::int16_t document) override;
-  void ShowNotice(std::int16_t document, const std::string& text) override;
+  void ResetZoom(std::int16_t document) override;
+  bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -74,7 +58,15 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
 
   void BuildMenu();
   void BuildToolBar();
-  Child* Find(std::int16_t document);
+  /// The child window of an open document; made when it is first asked for.
+  Child& Of(std::int16_t document);
+  void Remove(std::int16_t document);
+  /// What a child window shows beside its plan.
+  void Follow(std::int16_t document, const Child& child);
+  void BringToFront(std::int16_t document);
+  /// Brings the next or, with -1, the previous of all open plans to the front.
+  void Turn(int step);
+  void Tile(bool rows);
   /// The name of the program, and that of the plan in front with its unsaved mark.
   void ShowTitle();
   /// Gives the keyboard to the graph of the plan in front.
@@ -86,10 +78,9 @@ class MainWindow : public QMainWindow, public DocumentWindows, public MainView {
   PaneDocks* docks_ = nullptr;
   frmMain* form_ = nullptr;
   std::map<std::int16_t, Child> children_;
-  std::optional<std::int16_t> active_;
-  bool fitPlan_ = false;
-  GraphExtras extras_;
+  bool menuStale_ = false;
   bool showingTitle_ = false;
+  bool moving_ = false;  ///< windows come and go by the form's will, which is no choice of the user's
 };
 
 }  // namespace tav

@@ -16,7 +16,7 @@ constexpr int kStateVersion = 1;
 
 PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave)
     : QObject(&window), window_(window), leave_(std::move(leave)) {
-  for (const frmMain::Pane& pane : form.Panes()) {
+  for (const MainPanes::Pane& pane : form.Panes().All()) {
     auto* dock = new QDockWidget(&window);
     dock->setObjectName(ToQt(pane.form.Name()));
     dock->hide();
@@ -25,7 +25,7 @@ PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> l
     docks_[&pane.form] = dock;
     // Also told while the window itself comes and goes, which is no choice of the user's.
     connect(dock->toggleViewAction(), &QAction::toggled, this, [&form, dock, shown = &pane.form](bool on) {
-      if (form.IsLoaded() && on != dock->isHidden()) form.PaneShown(*shown, on);
+      if (form.IsLoaded() && on != dock->isHidden()) form.Panes().Shown(*shown, on);
     });
   }
 }

@@ -208,6 +208,7 @@ void QtWindows::Show(const std::shared_ptr<Form>& form) {
     dialog->setParent(nullptr);
     dialog->setWindowFlags(Qt::SplashScreen | Qt::WindowStaysOnTopHint);
   }
+  dialog->setModal(form->Blocks);
   // The dialog carries the form: when it is deleted, after all events under way, so is the form.
   QObject::connect(dialog, &QDialog::finished, dialog, &QObject::deleteLater);
   QObject::connect(dialog, &QObject::destroyed, [form] {

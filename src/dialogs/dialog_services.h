@@ -23,9 +23,9 @@ struct DialogServices {
   std::function<void()> keepDefaultTemplate = {};
 
   [[nodiscard]] DocumentStore& Documents() const { return forms.Services().documents; }
-  /// The document of the active window.
-  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const { return platform.documentWindows.ActiveDocument(); }
-  /// The same, or the default document when no window is active.
+  /// The document in front.
+  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const { return forms.Active(); }
+  /// The same, or the default document when none is open.
   [[nodiscard]] std::int16_t ActiveOrDefault() const {
     return ActiveDocument().value_or(DocumentStore::DefaultDocument);
   }

@@ -53,54 +53,6 @@ void HeadlessPlatform::Show(const std::shared_ptr<Form>& form) {
   form->Load();
 }
 
-void HeadlessPlatform::OpenWindow(std::int16_t document) {
-  documentWindows[document] = {};
-  ActivateWindow(document);
-}
-
-void HeadlessPlatform::RemoveWindow(std::int16_t document) {
-  documentWindows.erase(document);
-  const bool wasActive = !activeOrder_.empty() && activeOrder_.back() == document;
-  std::erase(activeOrder_, document);
-  if (wasActive && !activeOrder_.empty()) ActivateWindow(activeOrder_.back());
-}
-
-void HeadlessPlatform::ActivateWindow(std::int16_t document) {
-  std::erase(activeOrder_, document);
-  activeOrder_.push_back(document);
-  if (onActivate) onActivate(document);
-}
-
-std::optional<std::int16_t> HeadlessPlatform::ActiveDocument() const {
-  if (activeOrder_.empty()) return std::nullopt;
-  return activeOrder_.back();
-}
-
-HeadlessPlatform::Window* HeadlessPlatform::Find(std::int16_t document) {
-  const auto found = documentWindows.find(document);
-  return found == documentWindows.end() ? nullptr : &found->second;
-}
-
-void HeadlessPlatform::SetCaption(std::int16_t document, const std::string& caption) {
-  if (Window* window = Find(document)) window->caption = caption;
-}
-
-void HeadlessPlatform::SetModified(std::int16_t document, bool modified) {
-  if (Window* window = Find(document)) window->modified = modified;
-}
-
-void HeadlessPlatform::SetRepetitiveIcon(std::int16_t document) {
-  if (Window* window = Find(document)) window->repetitive = true;
-}
-
-void HeadlessPlatform::Redraw(std::int16_t document) {
-  if (Window* window = Find(document)) ++window->redraws;
-}
-
-void HeadlessPlatform::ShowNotice(std::int16_t document, const std::string& text) {
-  if (Window* window = Find(document)) window->notice = text;
-}
-
 std::string HeadlessPlatform::ReadSetting(const std::string& section, const std::string& name) const {
   const auto found = settings.find({section, name});
   return found == settings.end() || found->second.size() > 255 ? "" : found->second;

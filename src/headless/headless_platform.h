@@ -30,7 +30,6 @@ class HeadlessPlatform : NotCopied,
                          private MessageBoxes,
                          private FileDialogs,
                          private Windows,
-                         private DocumentWindows,
                          private SettingsStore,
                          private Screen,
                          private Sound,
@@ -41,10 +40,8 @@ class HeadlessPlatform : NotCopied,
   ~HeadlessPlatform() override = default;
 
   operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
-  Platform Services() { return Services(*this); }
-  /// The same with document windows of another kind.
-  Platform Services(DocumentWindows& windows) {
-    return {*this, *this, *this, windows, *this, *this, *this, *this, *this, printer, *this, separators};
+  Platform Services() {
+    return {*this, *this, *this, *this, *this, *this, *this, *this, printer, *this, separators};
   }
 
   // What has happened.
@@ -59,15 +56,6 @@ class HeadlessPlatform : NotCopied,
   std::string clipboardText;
   std::map<std::pair<std::string, std::string>, std::string> settings;
   bool hourglass = false;
-  struct Window {
-    std::string caption;
-    std::string notice;
-    bool modified = false;
-    bool repetitive = false;
-    int redraws = 0;
-  };
-  std::map<std::int16_t, Window> documentWindows;
-  std::vector<DocumentWindows::Arrangement> arrangements;
   HeadlessPrinter printer;
 
   // What is to happen.
@@ -77,12 +65,9 @@ class HeadlessPlatform : NotCopied,
   std::deque<std::function<void(Form&)>> onModal;  ///< acts for the user in the next modal forms
   std::function<void(const ShownBox&)> onBox;      ///< looks around while a box stands
   std::function<void()> onEvents;                  ///< acts for the user when pending events are handled
-  std::function<void(std::int16_t)> onActivate;    ///< told of the document whose window became active
   LocaleSeparators separators;
   std::string locale;  ///< of the desktop
   std::filesystem::path temporaryFolder = std::filesystem::temp_directory_path();
-
-  void Activate(std::int16_t document) { ActivateWindow(document); }
 
  private:
   BoxAnswer Show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override;
@@ -95,17 +80,6 @@ class HeadlessPlatform : NotCopied,
   void Show(const std::shared_ptr<Form>& form) override;
   void PopupMenu(const std::vector<MenuItem*>& items) override { popup = items; }
   void PopupMenuAtFocus(const std::vector<MenuItem*>& items) override { popup = items; }
-  void OpenWindow(std::int16_t document) override;
-  void RemoveWindow(std::int16_t document) override;
-  void ActivateWindow(std::int16_t document) override;
-  [[nodiscard]] std::optional<std::int16_t> ActiveDocument() const override;
-  void Arrange(DocumentWindows::Arrangement arrangement) override { arrangements.push_back(arrangement); }
-  void SetCaption(std::int16_t document, const std::string& caption) override;
-  void SetModified(std::int16_t document, bool modified) override;
-  void SetRepetitiveIcon(std::int16_t document) override;
-  void TemplateChanged(std::int16_t /*document*/) override {}
-  void Redraw(std::int16_t document) override;
-  void ShowNotice(std::int16_t document, const std::string& text) override;
   [[nodiscard]] std::string ReadSetting(const std::string& section, const std::string& name) const override;
   void WriteSetting(const std::string& section, const std::string& name, const std::string& value) override;
   void ShowHourglass(bool on) override { hourglass = on; }
@@ -127,10 +101,7 @@ class HeadlessPlatform : NotCopied,
   [[nodiscard]] std::filesystem::path TemporaryFolder() const override { return temporaryFolder; }
   [[nodiscard]] std::string Logo() const override { return "<svg/>"; }
 
-  Window* Find(std::int16_t document);
-
   std::vector<std::shared_ptr<Form>> closed_;
-  std::vector<std::int16_t> activeOrder_;  // the active window last
   mutable double seconds_ = 0;
 };
 

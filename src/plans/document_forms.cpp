@@ -15,7 +15,6 @@ std::int16_t DocumentForms::NewDocument() {
   const std::int16_t number = services_.documents.AllocateDocumentSlot();
   services_.documents(number) = {};
   (*this)(number).Form_Load();
-  services_.display.OpenWindow(number);
   return number;
 }
 
@@ -27,12 +26,9 @@ std::int16_t DocumentForms::LoadNewDoc() {
   document.TemplateTitle = document.Template.Templatename;
   document.ProfileName = UntitledName(services_.texts, number);
   frmWaypointEditor& window = (*this)(number);
-  window.SetTemplate();
   window.setNullWaypoint();
-  services_.display.ShowCaption(number, DocumentCaption(services_.texts, document));
   window.setPrevNext(-1, -1);
-  services_.display.EnableSurfaceInterval(false);
-  services_.display.RedrawProfile(number);
+  Activate(number);
   return number;
 }
 
@@ -54,12 +50,12 @@ std::int16_t DocumentForms::InsertDive(std::int16_t previous, const DiveRecord& 
   document.SurfaceInterval = dive.SurfaceInterval;
   document.UserActions = dive.UserActions;
   frmWaypointEditor& window = (*this)(number);
-  window.SetTemplate();
   const std::int16_t next = before.NextDocument;
   window.setPrevNext(previous, next);
   for (std::int16_t i = next; i != -1; i = (*this)(i).NextProfile) (*this)(i).UpdateSurfProfiles();
   services_.documents(window.getFirstProfile()).Modified = true;
   window.ReEvaluateUserEnteredWaypoints();
+  Activate(number);
   return number;
 }
 
@@ -96,8 +92,22 @@ std::string DocumentForms::Caption(std::int16_t document) {
                                   : RepetitiveCaption(services_.texts, state, window.DiveNumber);
 }
 
-void DocumentForms::ShowCaption(std::int16_t document) { services_.display.ShowCaption(document, Caption(document)); }
+std::optional<std::int16_t> DocumentForms::Active() const {
+  if (activated_.empty()) return std::nullopt;
+  return activated_.back();
+}
 
-void DocumentForms::Unload(std::int16_t document) { services_.documents(document).SlotFree = true; }
+void DocumentForms::Activate(std::int16_t document) {
+  if (services_.documents(document).SlotFree) return;
+  std::erase(activated_, document);
+  activated_.push_back(document);
+  services_.display.StateChanged(document);
+}
+
+void DocumentForms::Unload(std::int16_t document) {
+  services_.documents(document).SlotFree = true;
+  std::erase(activated_, document);
+  services_.display.StateChanged(document);
+}
 
 }  // namespace tav

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace tav {
 
-/// What a document window shows of its plan. The logic of the plan calls it; nothing it does changes a result. Each
-/// operation does nothing unless a window overrides it. `document` is the number of the window's document.
+/// What shows the open documents. Each operation does nothing unless a program with windows overrides it; nothing that
+/// it does changes a result.
 class EditorDisplay {
  public:
   EditorDisplay() = default;
@@ -14,24 +13,9 @@ class EditorDisplay {
   EditorDisplay& operator=(const EditorDisplay&) = delete;
   virtual ~EditorDisplay() = default;
 
-  /// A new document wants a window; it becomes the active one.
-  virtual void OpenWindow(std::int16_t /*document*/) {}
-  virtual void ShowCaption(std::int16_t /*document*/, const std::string& /*caption*/) {}
-  virtual void ShowRepetitiveIcon(std::int16_t /*document*/) {}
-  /// The template of the window is another one, or has changed: lay out, units of the axes.
-  virtual void ShowTemplate(std::int16_t /*document*/) {}
-  /// Plots the rows and the compartment bars anew.
-  virtual void RedrawProfile(std::int16_t /*document*/) {}
-  /// The plan could not be computed, and why; an empty text takes the notice away.
-  virtual void ShowEvaluationFault(std::int16_t /*document*/, const std::string& /*fault*/) {}
-  /// The window is to go away.
-  virtual void CloseWindow(std::int16_t /*document*/) {}
-
-  /// Enabled states of the main window: the ascent command and the information command.
-  virtual void EnableProfileCommands(bool /*enableAscent*/, bool /*enableInformation*/) {}
-  virtual void EnableClearAscent(bool /*enable*/) {}
-  virtual void EnableSurfaceInterval(bool /*enable*/) {}
-  virtual void ShowBreathingMode(bool /*openCircuit*/) {}
+  /// A document is another one than before: computed, named, saved, in front, or closed. Told once for each change,
+  /// when it is done; what is to be shown is read from the document.
+  virtual void StateChanged(std::int16_t /*document*/) {}
   /// The status bar takes the text of this ID.
   virtual void ShowStatus(int /*textId*/) {}
   virtual void ShowHourglass(bool /*on*/) {}

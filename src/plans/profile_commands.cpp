@@ -1,7 +1,6 @@
 #include "plans/profile_commands.h"
 
 #include "model/path_text.h"
-#include "plans/captions.h"
 
 namespace tav {
 
@@ -21,19 +20,16 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     document.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
     if (document.ProfileFolder.empty()) document.ProfileFolder = "./";
     document.TemplateTitle = document.ProfileName;
-    services.display.ShowCaption(number, DocumentCaption(services.texts, document));
-
     frmWaypointEditor& window = forms(number);
-    window.SetTemplate();
     window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
     if (!opened.empty()) {
       forms.Link(number, opened.back(), -1);
-      services.display.ShowCaption(number, RepetitiveCaption(services.texts, document, window.DiveNumber));
     }
     window.ReEvaluateUserEnteredWaypoints();
     opened.push_back(number);
     if (computed) computed(number);
   }
+  if (!opened.empty()) forms.Activate(opened.back());
   return opened;
 }
 
@@ -56,7 +52,7 @@ SaveNotes SaveProfile(DocumentForms& forms, std::int16_t document, const std::fi
     dive.ProfileFolder = SplitPath(file.string(), PathPart::DriveFolder);
     if (dive.ProfileFolder.empty()) dive.ProfileFolder = "./";
     dive.Modified = false;
-    forms.ShowCaption(n);
+    services.display.StateChanged(n);
   }
   return notes;
 }

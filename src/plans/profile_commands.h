@@ -12,8 +12,9 @@
 
 namespace tav {
 
-/// Opens a profile file: each dive becomes a document, linked into a series and computed. Returns their numbers in
-/// order. Throws FileError when the file can't be read or is broken; then no document is added and none is changed.
+/// Opens a profile file: each dive becomes a document, linked into a series and computed; the last one is in front.
+/// Returns their numbers in order. Throws FileError when the file can't be read or is broken; then no document is added
+/// and none is changed.
 std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesystem::path& file);
 
 /// The same for a profile that has been read already. `computed` is called after each dive, with its document.

@@ -125,7 +125,6 @@ std::shared_ptr<const UndoHistory::TakenOut> UndoHistory::Remove(std::int16_t do
   auto takenOut = std::make_shared<TakenOut>(TakenOut{static_cast<const DiveRecord&>(state), Of(document)});
   forms_(editor.PrevProfile).MarkModified();
   editor.LeaveDocument(true);
-  services.display.CloseWindow(document);
   forms_.Unload(document);
   Forget(document);
   return takenOut;
@@ -138,9 +137,7 @@ void UndoHistory::PutInForce(std::int16_t document, const State& state) {
   present.Template = state.diveTemplate;
   present.TemplateTitle = state.templateTitle;
   editor.UserActions = state.actions;
-  forms_.ShowCaption(document);
   ShowSaved(document);
-  editor.SetTemplate();
   editor.ReEvaluateUserEnteredWaypoints();
   restoring_ = false;
 }

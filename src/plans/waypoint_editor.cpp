@@ -47,10 +47,9 @@ void frmWaypointEditor::Form_Load() {
   empty.model = Services().model;
   Take(std::move(empty));
   setNullWaypoint();
-  Services().display.EnableProfileCommands(false, false);
 }
 
-void frmWaypointEditor::SetTemplate() { Services().display.ShowTemplate(documentNumber_); }
+void frmWaypointEditor::SetTemplate() { Services().display.StateChanged(documentNumber_); }
 
 void frmWaypointEditor::setNullWaypoint() {
   FillStartRow(Document().Template, computed_.startCNS, computed_.startOTU, computed_.rows);
@@ -106,7 +105,6 @@ void frmWaypointEditor::PutBack(const std::vector<PlanState>& states) {
   }
   // Shown when all of them are back: a window may look at the dive before.
   for (n = documentNumber_; n != -1; n = forms_(n).NextProfile) forms_(n).ShowEvaluation();
-  EnableCommandsByState();
 }
 
 bool frmWaypointEditor::TryActions(const ClassUseractions& actions, const std::function<bool()>& accepts) {
@@ -144,13 +142,7 @@ void frmWaypointEditor::Compute() {
   Services().display.ShowStatus(kIdle);
 }
 
-void frmWaypointEditor::ShowEvaluation() {
-  EditorDisplay& display = Services().display;
-  if (PrevProfile != -1) display.ShowRepetitiveIcon(documentNumber_);
-  display.ShowEvaluationFault(documentNumber_, EvaluationFault());
-  EnableCommandsByState();
-  display.RedrawProfile(documentNumber_);
-}
+void frmWaypointEditor::ShowEvaluation() { Services().display.StateChanged(documentNumber_); }
 
 bool frmWaypointEditor::StartDeco() {
   const PlanServices& services = Services();
@@ -174,9 +166,8 @@ bool frmWaypointEditor::StartDeco() {
   }
   MarkModified();
   Take(std::move(plan));
-  services.display.EnableSurfaceInterval(CanBeFollowed());
   UpdateSurfProfiles();
-  services.display.RedrawProfile(documentNumber_);
+  ShowEvaluation();
   services.display.ShowHourglass(false);
   SurfStartDeco();
   return true;
@@ -207,13 +198,11 @@ void frmWaypointEditor::mnucleardecopoints() {
   if (State() != EditState::Ascent) return;
   UserActions.DeleteLast();
   ReEvaluateUserEnteredWaypoints();
-  DisableSurfaceInterval();
 }
 
 void frmWaypointEditor::mnuclearlastwaypoint() {
   MarkModified();
   UserActions.DeleteLast();
-  DisableSurfaceInterval();
   ReEvaluateUserEnteredWaypoints();
 }
 
@@ -221,23 +210,6 @@ void frmWaypointEditor::mnuclearallwaypoints() {
   MarkModified();
   UserActions.clear();
   ReEvaluateUserEnteredWaypoints();
-  DisableSurfaceInterval();
-}
-
-void frmWaypointEditor::DisableSurfaceInterval() { Services().display.EnableSurfaceInterval(false); }
-
-void frmWaypointEditor::EnableCommandsByState() {
-  const bool anything = State() != EditState::Empty;
-  Services().display.EnableProfileCommands(State() == EditState::Legs, anything);
-  Services().display.EnableClearAscent(State() == EditState::Ascent);
-}
-
-void frmWaypointEditor::Form_Activate() {
-  const PlanServices& services = Services();
-  services.display.ShowBreathingMode(Document().Template.OpenCircuit);
-  EnableCommandsByState();
-  services.display.EnableSurfaceInterval(CanBeFollowed());
-  if (PrevProfile != -1) services.display.ShowRepetitiveIcon(documentNumber_);
 }
 
 void frmWaypointEditor::MarkModified() {

@@ -61,6 +61,7 @@ class frmWaypointEditor {
 
   /// Puts the window back to its start values, for a slot that is used again.
   void Form_Load();
+  /// Shows the document by its template of now.
   void SetTemplate();
   /// Fills the computed fields of row 0: PPO2, and the oxygen doses of a repetitive dive.
   void setNullWaypoint();
@@ -89,8 +90,6 @@ class frmWaypointEditor {
   void mnuclearlastwaypoint();
   void mnuclearallwaypoints();
 
-  /// Brings the main window in line with this document.
-  void Form_Activate();
   /// Asks about unsaved changes, once for a series, from its first dive. False calls the close off. `saveAs` saves the
   /// series under a name that the user gives and tells whether it did. `lost` tells what not even that would keep.
   bool ConfirmClose(const std::function<bool()>& saveAs, const std::string& lost = "");
@@ -102,7 +101,7 @@ class frmWaypointEditor {
 
   // Series (waypoint_editor_series.cpp).
   void setPrevNext(std::int16_t previous, std::int16_t next);
-  /// Sets `DiveNumber` and, on a repetitive dive, the caption.
+  /// Sets `DiveNumber`.
   void UpdateSurfProfiles();
   /// Re-evaluates the later dives of the series, in order.
   void SurfStartDeco();
@@ -120,8 +119,6 @@ class frmWaypointEditor {
   void ShowEvaluation();
   /// Runs the engine, which says what it has to say of this document, and keeps what it gives.
   void Take(ComputedPlan plan);
-  void EnableCommandsByState();
-  void DisableSurfaceInterval();
   [[nodiscard]] DocumentState& Document() const;
   [[nodiscard]] const PlanServices& Services() const;
 

@@ -1,4 +1,3 @@
-#include "plans/captions.h"
 #include "plans/document_forms.h"
 #include "plans/waypoint_editor.h"
 
@@ -12,17 +11,14 @@ void frmWaypointEditor::setPrevNext(std::int16_t previous, std::int16_t next) {
 void frmWaypointEditor::UpdateSurfProfiles() {
   if (PrevProfile == -1) {
     if (NextProfile == -1) DiveNumber = 1;
-    return;  // a first dive keeps the caption that it opened with
+    return;
   }
   DiveNumber = static_cast<std::int16_t>(forms_(PrevProfile).DiveNumber + 1);
-  Services().display.ShowCaption(documentNumber_, RepetitiveCaption(Services().texts, Document(), DiveNumber));
 }
 
 void frmWaypointEditor::SurfStartDeco() {
   // Each dive starts from the fresh end state of the one before. A loop, so that a long series needs no deep stack.
   for (std::int16_t next = NextProfile; next != -1; next = forms_(next).NextProfile) forms_(next).Evaluate();
-  // The main window has the commands of the dive that was changed, not those of the last one computed.
-  EnableCommandsByState();
 }
 
 void frmWaypointEditor::SurfDeleteProfile() {
@@ -33,7 +29,6 @@ void frmWaypointEditor::SurfDeleteProfile() {
     for (std::int16_t i = getLastProfile(); i != documentNumber_;) {
       const std::int16_t before = forms_(i).PrevProfile;
       forms_.Link(i, -1, -1);
-      services.display.CloseWindow(i);
       forms_.Unload(i);
       i = before;
     }

@@ -2,7 +2,6 @@
 
 #include "model/number_text.h"
 #include "platform/clipboard.h"
-#include "platform/document_windows.h"
 #include "platform/environment.h"
 #include "platform/file_dialogs.h"
 #include "platform/help_viewer.h"
@@ -21,7 +20,6 @@ struct Platform {
   MessageBoxes& boxes;
   FileDialogs& files;
   Windows& windows;
-  DocumentWindows& documentWindows;
   SettingsStore& settings;
   Screen& screen;
   Sound& sound;

@@ -28,7 +28,7 @@ std::string Cell(frmCheckPane& pane, std::size_t row, std::size_t column) {
 TEST(CheckPane, ShowsThePlanInFrontTheWorstFirst) {
   HeadlessProgram p;
   PlanHypoxic(p);
-  frmCheckPane& pane = p.Main().CheckPane();
+  frmCheckPane& pane = p.Main().Panes().CheckPane();
   EXPECT_TRUE(p.Main().mnuCheckPane.Checked);
   ASSERT_FALSE(pane.Findings().empty());
   EXPECT_EQ(pane.Findings().front().rule, Rule::Hypoxic);
@@ -43,7 +43,7 @@ TEST(CheckPane, ShowsThePlanInFrontTheWorstFirst) {
   p.Main().mnuNewProfile.Choose();
   EXPECT_TRUE(pane.lbNothing.Visible && !pane.fgFindings.Visible);
   EXPECT_THAT(p.Main().sbFindings.ToolTipText.Get(), HasSubstr("nothing to mark"));
-  p.platform.Services().documentWindows.ActivateWindow(hypoxic);
+  p.Main().Activate(hypoxic);
   EXPECT_EQ(pane.Findings().front().rule, Rule::Hypoxic);
   // What mends the plan takes the finding away at once.
   p.Main().mnuclearallwaypoints.Choose();
@@ -53,16 +53,16 @@ TEST(CheckPane, ShowsThePlanInFrontTheWorstFirst) {
 TEST(CheckPane, MarksTheRowsOfAFindingInTheGraph) {
   HeadlessProgram p;
   PlanHypoxic(p);
-  frmCheckPane& pane = p.Main().CheckPane();
+  frmCheckPane& pane = p.Main().Panes().CheckPane();
   const Finding first = pane.Findings().front();
   pane.fgFindings.Select(0);
-  EXPECT_EQ(p.view.selected, std::pair(first.firstRow, first.lastRow));
-  p.view.selected = {};
+  EXPECT_EQ(p.Look().selected, std::pair(first.firstRow, first.lastRow));
+  p.Main().Panes().SelectRow(0);
   pane.fgFindings.PressReturn(0);
-  EXPECT_EQ(p.view.selected, std::pair(first.firstRow, first.lastRow));
+  EXPECT_EQ(p.Look().selected, std::pair(first.firstRow, first.lastRow));
   // Another plan has other rows.
   p.Main().StartAscent();
-  EXPECT_EQ(p.view.selected, std::pair(std::int16_t{0}, std::int16_t{0}));
+  EXPECT_EQ(p.Look().selected, std::pair(std::int16_t{0}, std::int16_t{0}));
 }
 
 TEST(CheckPane, IsOpenedByItsCount) {
@@ -75,7 +75,7 @@ TEST(CheckPane, IsOpenedByItsCount) {
   EXPECT_THAT(p.Main().sbFindings.Caption.Get(), testing::StartsWith("\u25a0 "));
   p.Main().sbFindings.Press();
   EXPECT_TRUE(p.Main().mnuCheckPane.Checked);
-  EXPECT_EQ(p.view.focused, &p.Main().CheckPane());
+  EXPECT_EQ(p.view.focused, &p.Main().Panes().CheckPane());
 }
 
 TEST(CheckPane, CountsTheGasThatRunsShort) {
@@ -88,7 +88,7 @@ TEST(CheckPane, CountsTheGasThatRunsShort) {
     dialog.cbOK.Press();
   });
   p.Main().mnuCylinders.Choose();
-  EXPECT_NE(std::ranges::count(p.Main().CheckPane().Findings(), Rule::GasShort, &Finding::rule), 0);
+  EXPECT_NE(std::ranges::count(p.Main().Panes().CheckPane().Findings(), Rule::GasShort, &Finding::rule), 0);
 }
 
 }  // namespace

@@ -16,11 +16,11 @@ TEST(Closing, AsksOncePerSeriesAndCancelKeepsEverything) {
   p.platform.answers = {BoxAnswer::Cancel};
   EXPECT_FALSE(p.Main().Unload(true));
   EXPECT_EQ(p.platform.boxes.size(), 1U);
-  EXPECT_EQ(p.platform.documentWindows.size(), 3U);
+  EXPECT_EQ(p.Main().OpenDocuments().size(), 3U);
   p.platform.answers = {BoxAnswer::No};
   EXPECT_TRUE(p.Main().Unload(true));
   EXPECT_EQ(p.platform.boxes.size(), 2U);
-  EXPECT_TRUE(p.platform.documentWindows.empty());
+  EXPECT_TRUE(p.Main().OpenDocuments().empty());
   EXPECT_TRUE((p.platform.settings.contains({"Settings", "MainLeft"})));
 }
 
@@ -44,10 +44,11 @@ class LaterDive : public testing::Test {
     return p_.Main().CloseDocument(document);
   }
   std::string Series(std::int16_t document) { return ProfileFileText(p_.program.Forms(), document); }
-  [[nodiscard]] std::vector<std::string> Captions() const {
+  [[nodiscard]] std::vector<std::string> Captions() {
     std::vector<std::string> captions;
-    for (const auto& [document, window] : p_.platform.documentWindows) {
-      if (document > 1) captions.push_back(window.caption.substr(0, window.caption.find(" [")));
+    for (const std::int16_t document : p_.Main().OpenDocuments()) {
+      const std::string caption = p_.Look(document).caption;
+      if (document > 1) captions.push_back(caption.substr(0, caption.find(" [")));
     }
     return captions;
   }
@@ -85,10 +86,10 @@ TEST_F(LaterDive, LeavesItsSeriesOnlyWhenItsUserSaysSo) {
     EXPECT_EQ(p_.Active(), known.document - 1) << "where Undo brings it back";
     p_.Main().mnuUndo.Choose();
     EXPECT_EQ(Series(2), whole);
-    p_.platform.Activate(static_cast<std::int16_t>(known.document - 1));
+    p_.Main().Activate(static_cast<std::int16_t>(known.document - 1));
     p_.Main().mnuRedo.Choose();
     EXPECT_EQ(Series(2), known.file);
-    p_.platform.Activate(static_cast<std::int16_t>(known.document - 1));
+    p_.Main().Activate(static_cast<std::int16_t>(known.document - 1));
     p_.Main().mnuUndo.Choose();
     ASSERT_EQ(Series(2), whole);
     p_.Document(2).Modified = false;
@@ -97,7 +98,7 @@ TEST_F(LaterDive, LeavesItsSeriesOnlyWhenItsUserSaysSo) {
 
 TEST_F(LaterDive, ComesBackWithWhatItsOwnUndoKnows) {
   const Single runTime = p_.program.Forms()(4).CurrentRunTime();
-  p_.platform.Activate(3);
+  p_.Main().Activate(3);
   p_.Document(3).Template.GFHigh = 0.7;
   p_.Main().ApplyToProfile();
   const std::string changed = Series(2);
@@ -108,7 +109,7 @@ TEST_F(LaterDive, ComesBackWithWhatItsOwnUndoKnows) {
   p_.Main().mnuUndo.Choose();  // dive 3
   EXPECT_EQ(Series(2), changed);
   EXPECT_EQ(p_.Editor().DiveNumber, 3);
-  p_.platform.Activate(p_.Editor().PrevProfile);
+  p_.Main().Activate(p_.Editor().PrevProfile);
   p_.Main().mnuUndo.Choose();  // the gradient factor
   EXPECT_EQ(Series(2), test::FileText(file_));
   EXPECT_EQ(double{p_.program.Forms()(p_.Editor().NextProfile).CurrentRunTime()}, double{runTime});

@@ -22,7 +22,7 @@ struct Opened : HeadlessProgram {
     EXPECT_TRUE(SaveAs("plan.tav"));
     platform.boxes.clear();
   }
-  frmPlanPane& Pane() { return Main().PlanPane(); }
+  frmPlanPane& Pane() { return Main().Panes().PlanPane(); }
   void Quick(const std::string& depth, const std::string& time) {
     Pane().tbQuickDepth.Type(depth);
     Pane().tbQuickTime.Type(time);
@@ -30,9 +30,9 @@ struct Opened : HeadlessProgram {
   }
   bool SaveAs(const std::string& name) {
     platform.filesChosen.push_back(folder.Path() / name);
-    return Main().SaveProfileCommand(true);
+    return Main().Files().SaveActive(true);
   }
-  bool IsMarked(std::int16_t document) { return platform.documentWindows.at(document).modified; }
+  bool IsMarked(std::int16_t document) { return Look(document).modified; }
   std::string Template(const std::string& name, const std::string& change) {
     std::string text = test::FileText(SourceFolder() / "template/Default.tpl");
     const auto file = folder.Path() / name;
@@ -56,7 +56,7 @@ TEST(Edits, AreAChangeBeforeTheirPlanIsClosed) {
     p.Pane().legs.fgLegs.Type(1, kTime, "28");
     way.leave(p);  // the question is answered with Cancel
     ASSERT_EQ(p.platform.boxes.size(), 1U);
-    EXPECT_EQ(p.platform.documentWindows.size(), 1U);
+    EXPECT_EQ(p.Main().OpenDocuments().size(), 1U);
     EXPECT_EQ(p.Editor().UserActions.gettime(1), 28);
   }
 }
@@ -86,8 +86,8 @@ TEST(Edits, MarkEveryWindowOfTheSeriesThatChanged) {
   EXPECT_TRUE(p.IsMarked(first) && p.IsMarked(second));
   p.Main().LoadNewDoc();
   EXPECT_FALSE(p.IsMarked(p.Active()));
-  p.platform.Activate(first);
-  p.Main().SaveProfileCommand(false);
+  p.Main().Activate(first);
+  p.Main().Files().SaveActive(false);
   EXPECT_FALSE(p.IsMarked(first) || p.IsMarked(second));
 }
 
@@ -109,13 +109,13 @@ TEST(Undo, BringsNameFolderAndTitleOfTheTemplateBack) {
   const std::int16_t plan = p.Active();
   const std::string folder = p.Document().Template.TemplateFolder;
   ASSERT_TRUE(p.Main().OpenFile(p.Template("Deep.tpl", "")));
-  EXPECT_EQ(p.platform.documentWindows.at(plan).caption, "plan.tav [Deep.tpl]");
+  EXPECT_EQ(p.Look(plan).caption, "plan.tav [Deep.tpl]");
   p.Main().mnuUndo.Choose();
-  EXPECT_EQ(p.platform.documentWindows.at(plan).caption, "plan.tav [Default.tpl]");
+  EXPECT_EQ(p.Look(plan).caption, "plan.tav [Default.tpl]");
   EXPECT_EQ(p.Document().TemplateTitle, "Default.tpl");
   EXPECT_EQ(p.Document().Template.TemplateFolder, folder);
   p.Main().mnuRedo.Choose();
-  EXPECT_EQ(p.platform.documentWindows.at(plan).caption, "plan.tav [Deep.tpl]");
+  EXPECT_EQ(p.Look(plan).caption, "plan.tav [Deep.tpl]");
   EXPECT_EQ(p.Document().Template.TemplateFolder, p.folder.Path().string() + "/");
 }
 
@@ -131,7 +131,7 @@ TEST(Undo, KeepsTheNameThatATemplateWasSavedUnder) {
     p.Main().mnuUndo.Choose();
     EXPECT_EQ(p.Document().Template.Templatename, "Mine.tpl");
     EXPECT_EQ(p.Document().Template.TemplateFolder, p.folder.Path().string() + "/");
-    EXPECT_THAT(p.platform.documentWindows.at(p.Active()).caption, HasSubstr("[Mine.tpl]"));
+    EXPECT_THAT(p.Look(p.Active()).caption, HasSubstr("[Mine.tpl]"));
   }
 }
 
@@ -146,14 +146,14 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
   p.Pane().legs.mnuPasteLegs.Choose();
   const int rows = p.Pane().legs.fgLegs.Rows();
   EXPECT_TRUE(p.IsMarked(plan)) << "counts as changed";
-  EXPECT_NE(p.view.asBefore[plan], "");
-  EXPECT_THAT(p.Main().CheckPane().lbNothing.Caption.Get(), HasSubstr("Leg"));
+  EXPECT_NE(p.Look(plan).asBefore, "");
+  EXPECT_THAT(p.Main().Panes().CheckPane().lbNothing.Caption.Get(), HasSubstr("Leg"));
 
   p.Main().mnuClose.Choose();
   EXPECT_THAT(p.platform.LastBox().text, HasSubstr("Leg 5: Depth is not a number."));
   p.Main().Form::Unload(true);
   EXPECT_EQ(p.platform.boxes.size(), 2U);
-  EXPECT_EQ(p.platform.documentWindows.size(), 1U);
+  EXPECT_EQ(p.Main().OpenDocuments().size(), 1U);
   p.Main().mnuSaveProfile.Choose();
   EXPECT_THAT(p.platform.LastBox().text, HasSubstr("Leg 5: Depth is not a number."));
   EXPECT_TRUE(p.IsMarked(plan));
@@ -161,13 +161,13 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
 
   p.Main().LoadNewDoc();
   EXPECT_EQ(p.Pane().lbFault.Caption.Get(), "");
-  p.platform.Activate(plan);
+  p.Main().Activate(plan);
   EXPECT_EQ(p.Pane().legs.fgLegs.Rows(), rows);
   EXPECT_THAT(p.Pane().lbFault.Caption.Get(), HasSubstr("Leg 5"));
   // Filled, they are the plan.
   p.Pane().legs.fgLegs.Edit(5, PlanPaneLegs::kDepth, "30");
   EXPECT_EQ(p.Editor().UserActions.GetLength(), 9);
-  EXPECT_EQ(p.view.asBefore[plan], "");
+  EXPECT_EQ(p.Look(plan).asBefore, "");
   p.Main().mnuUndo.Choose();
   EXPECT_FALSE(p.IsMarked(plan));
 

@@ -22,7 +22,7 @@ struct Planned : HeadlessProgram {
   }
   /// Starts the bail-out beside the program; `act` works at each look at the events.
   void RunBailout(const std::function<void()>& act) {
-    Main().Tool(14).Press();
+    Main().toolBailout.Press();
     const auto dialog = std::dynamic_pointer_cast<frmBailoutStart>(platform.modeless.back());
     ASSERT_NE(dialog, nullptr);
     platform.onEvents = act;
@@ -38,40 +38,32 @@ TEST(LongRun, HoldsTheCommandsOfItsPlanBackAndNoOthers) {
   const std::int16_t plan = p.Active();
   main.LoadNewDoc();
   const std::int16_t other = p.Active();
-  p.platform.Activate(plan);
-  const std::vector<Control*> commands{&main.mnuUndo,
-                                       &main.mnucleardecopoints,
-                                       &main.mnuclearlastwaypoint,
-                                       &main.mnuAddWaypoint,
-                                       &main.mnuOC,
-                                       &main.Tool(9),
-                                       &main.mnuConservatism,
-                                       &main.Tool(5),
-                                       &main.mnuTemplate,
-                                       &main.mnuLoadTemplate,
-                                       &main.mnuSurface,
-                                       &main.Tool(16)};
+  p.Main().Activate(plan);
+  const std::vector<Control*> commands{
+      &main.mnuUndo,     &main.mnucleardecopoints, &main.mnuclearlastwaypoint, &main.mnuAddWaypoint,
+      &main.mnuOC,       &main.toolOpenCircuit,    &main.mnuConservatism,      &main.toolConservatism,
+      &main.mnuTemplate, &main.mnuLoadTemplate,    &main.mnuSurface,           &main.toolMultilevel};
   for (const Control* command : commands) EXPECT_TRUE(command->Enabled) << command->Name();
   int turns = 0;
   p.RunBailout([&] {
     if (++turns != 2) return;
     for (const Control* command : commands) EXPECT_FALSE(command->Enabled) << command->Name();
-    EXPECT_FALSE(main.mnuBailoutReport.Enabled || main.Tool(14).Enabled || main.mnuGenerateTables.Enabled);
+    EXPECT_FALSE(main.mnuBailoutReport.Enabled || main.toolBailout.Enabled || main.mnuGenerateTables.Enabled);
     const std::int16_t length = p.Editor().UserActions.GetLength();
-    main.EnterWaypoint(30, 10);  // a release of the mouse on the graph
+    main.Dialogs().EnterWaypoint(30, 10);  // a release of the mouse on the graph
     EXPECT_EQ(p.Editor().UserActions.GetLength(), length);
     p.platform.boxes.clear();
     main.OpenFile(SourceFolder() / "template/Imperial.tpl");  // dropped on the window
     EXPECT_TRUE(p.Document().Template.Metric);
     EXPECT_EQ(p.platform.boxes.size(), 1U);
-    p.platform.Activate(other);
+    p.Main().Activate(other);
     EXPECT_TRUE(main.mnuConservatism.Enabled && main.mnuAddWaypoint.Enabled);
     EXPECT_FALSE(main.mnuBailoutReport.Enabled) << "one run at a time";
-    p.platform.Activate(plan);
+    p.Main().Activate(plan);
   });
   EXPECT_GT(turns, 2);
   for (const Control* command : commands) EXPECT_TRUE(command->Enabled) << command->Name();
-  EXPECT_TRUE(main.mnuBailoutReport.Enabled && main.Tool(14).Enabled && main.mnuGenerateTables.Enabled);
+  EXPECT_TRUE(main.mnuBailoutReport.Enabled && main.toolBailout.Enabled && main.mnuGenerateTables.Enabled);
 }
 
 TEST(LongRun, EndsWithTheProgramAndOutlivesItsPlan) {

@@ -25,7 +25,7 @@ class PlanPane : public testing::Test {
     Quick("30", "8", "EAN32");
   }
 
-  frmPlanPane& Pane() { return p.Main().PlanPane(); }
+  frmPlanPane& Pane() { return p.Main().Panes().PlanPane(); }
   Grid& Legs() { return Pane().legs.fgLegs; }
   void Quick(const std::string& depth, const std::string& time, const std::string& gas) {
     frmPlanPane& pane = Pane();
@@ -157,9 +157,10 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
     SCOPED_TRACE(each.what);
     for (const std::string& key : each.keys) each.type(key);
     EXPECT_EQ(Rows(), before);
-    EXPECT_EQ(p.view.asBefore[p.Active()], p.program.Texts().GetResString(8002));
+    EXPECT_EQ(p.Look(p.Active()).asBefore, p.program.Texts().GetResString(8002));
     EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(), testing::StartsWith(p.program.Texts().GetResString(8002)));
-    EXPECT_THAT(p.Main().CheckPane().lbNothing.Caption.Get(), testing::StartsWith("The plan can not be checked"));
+    EXPECT_THAT(p.Main().Panes().CheckPane().lbNothing.Caption.Get(),
+                testing::StartsWith("The plan can not be checked"));
     EXPECT_EQ(p.Main().sbFindings.Caption.Get(), "");
     p.Main().FinishEdits();
     EXPECT_EQ(Rows(), before);
@@ -167,7 +168,7 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
     EXPECT_EQ(pane.settings.tbLowGF.Text.Get() + pane.settings.tbLastStop.Text.Get(), "0.303");
     EXPECT_EQ(p.Document().Template.GFHigh, Single(0.855));
     EXPECT_THAT(pane.lbFault.Caption.Get(), testing::HasSubstr('"' + each.keys.back() + '"'));
-    EXPECT_EQ(p.view.asBefore[p.Active()], "");
+    EXPECT_EQ(p.Look(p.Active()).asBefore, "");
     EXPECT_NE(p.Main().sbFindings.Caption.Get(), "");
     EXPECT_FALSE(p.Document().Modified);
   }
@@ -186,7 +187,7 @@ TEST_F(PlanPane, TypingOneFactorLeavesTheOtherToTheDigit) {
 
   test::HeadlessProgram bold;
   ASSERT_TRUE(bold.Start({"/VeryHighGF"}));
-  frmPlanPane& pane = bold.Main().PlanPane();
+  frmPlanPane& pane = bold.Main().Panes().PlanPane();
   pane.settings.tbHighGF.Type("1.1");
   pane.Finish();
   EXPECT_LT(double{bold.Document().Template.GFHigh}, 1) << "a low factor of 0.3 asks for the warning of the dialog";
@@ -241,8 +242,8 @@ TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {
 
 TEST_F(PlanPane, SelectsTheSameRowsAsTheGraph) {
   Pane().schedule.fgSchedule.Select(3);
-  EXPECT_GT(p.view.selected.first, 0);
-  p.Main().EditLegOf(p.Editor().LastRowOf(2));
+  EXPECT_GT(p.Look().selected.first, 0);
+  p.Main().Panes().EditLegOf(p.Editor().LastRowOf(2));
   EXPECT_EQ(Legs().SelectedRow, 2);
   EXPECT_EQ(p.view.focused, &Pane());
 }

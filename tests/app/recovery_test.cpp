@@ -54,7 +54,7 @@ class Lost : public testing::Test {
       HeadlessProgram lost;
       ASSERT_TRUE(lost.Start());
       act(lost);
-      lost.Main().KeepRecovery();
+      lost.Main().Copies().Keep();
       fs::copy(SettingsFolder(), copies.Path(), fs::copy_options::recursive);
     }
     next_.emplace();
@@ -87,11 +87,11 @@ TEST_F(Lost, APlanThatHasAFileGoesOnAsThatFile) {
       },
       BoxAnswer::Yes);
   EXPECT_THAT(next_->platform.boxes.at(0).text, HasSubstr(file.string()));
-  EXPECT_EQ(next_->platform.documentWindows.at(next_->Active()).caption, "plan.tav [Default.tpl]");
+  EXPECT_EQ(next_->Look(next_->Active()).caption, "plan.tav [Default.tpl]");
   EXPECT_EQ(next_->Document().TemplateTitle, "plan.tav");
   EXPECT_TRUE(next_->Document().Modified);
   EXPECT_EQ(Copies(), 1U) << "one of the new program";
-  EXPECT_TRUE(next_->Main().SaveProfileCommand(false));
+  EXPECT_TRUE(next_->Main().Files().SaveActive(false));
   EXPECT_TRUE(next_->platform.fileDialogs.empty()) << "no file of another folder is proposed";
   EXPECT_EQ(test::FileText(file), series);
   EXPECT_EQ(Copies(), 0U);
@@ -102,7 +102,7 @@ TEST_F(Lost, APlanThatHadNoneAsksForIt) {
   EXPECT_EQ(double{next_->Editor().UserActions.getDepth(1)}, double{Single(42.3)});
   EXPECT_EQ(next_->Document().ProfileName, "Plan 1");
   EXPECT_TRUE(next_->Document().Modified);
-  EXPECT_FALSE(next_->Main().SaveProfileCommand(false));
+  EXPECT_FALSE(next_->Main().Files().SaveActive(false));
   ASSERT_EQ(next_->platform.fileDialogs.size(), 1U);
   EXPECT_EQ(next_->platform.fileDialogs[0].fileName, "Plan 1");
 }
@@ -113,14 +113,14 @@ TEST_F(Lost, AnOfferIsPutOffOrDeclined) {
   EXPECT_EQ(Copies(), 1U);
   Lose(plan, BoxAnswer::No);
   EXPECT_EQ(Copies(), 0U);
-  EXPECT_EQ(next_->platform.documentWindows.size(), 1U);
+  EXPECT_EQ(next_->Main().OpenDocuments().size(), 1U);
 }
 
 TEST_F(Lost, WhatIsBeingTypedIsKept) {
   Lose(
       [](HeadlessProgram& p) {
         EXPECT_TRUE(p.Main().OpenFile(HeadlessProgram::Dive("wreck.tav")));
-        p.Main().PlanPane().legs.fgLegs.Type(1, PlanPaneLegs::kTime, "7");
+        p.Main().Panes().PlanPane().legs.fgLegs.Type(1, PlanPaneLegs::kTime, "7");
       },
       BoxAnswer::Yes);
   EXPECT_EQ(double{next_->Editor().UserActions.gettime(1)}, 7);
@@ -134,13 +134,13 @@ TEST(Recovery, TheOldCopyStaysUntilANewOneIsWhole) {
   p.platform.answers = {BoxAnswer::Cancel, BoxAnswer::Yes};
   ASSERT_TRUE(p.Start());
   EXPECT_TRUE(p.Editor().AddUserWaypoint(30, 20, 0));
-  p.Main().KeepRecovery();
+  p.Main().Copies().Keep();
   for (const auto& entry : fs::directory_iterator(SettingsFolder())) {
     const std::string name = entry.path().filename().string();
     if (name.ends_with("-1.tav") && !name.starts_with("recovery-older"))
       fs::create_directory(SettingsFolder() / (name.substr(0, name.size() - 5) + "2.tav"));
   }
-  p.Main().OfferRecovery();
+  p.Main().Copies().Offer();
   EXPECT_EQ(p.Document().ProfileName, "Plan 2") << "its own name is lost, that of the copy is none";
   EXPECT_TRUE(p.Document().Modified);
   EXPECT_TRUE(fs::exists(SettingsFolder() / "recovery-older-1.tav"));

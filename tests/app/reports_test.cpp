@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 
+#include "app/wait_form.h"
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
 #include "pages/preview_form.h"
@@ -16,7 +18,7 @@ using testing::Not;
 struct Series : test::HeadlessProgram {
   Series() {
     EXPECT_TRUE(Start({Dive("lake-series.tav").string()}));
-    platform.Activate(Editor().getFirstProfile());
+    Main().Activate(Editor().getFirstProfile());
   }
   /// Presses the report command and answers its question.
   void Report(const std::function<void(frmReportSelection&)>& answer) {
@@ -47,6 +49,33 @@ TEST(ReportCommand, CoversTheCurrentDiveOrTheWholeSeries) {
   p.platform.modeless.clear();
   p.Report([](frmReportSelection& form) { form.Command2.Press(); });
   EXPECT_EQ(p.Preview(), nullptr);
+}
+
+TEST(ReportCommand, TellsHowFarItIsAndCanBeEnded) {
+  Series p;
+  for (std::int16_t leg = 0; leg < 400; ++leg) p.Editor().UserActions.DeleteLast();
+  ClassUseractions& actions = p.Editor().UserActions;
+  for (std::int16_t leg = 1; leg <= 400; ++leg) {
+    actions.NewAction();
+    actions.setuser(leg, leg % 2 == 0 ? 12 : 15, 2, 0);
+  }
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  for (const std::size_t looks : {std::size_t{0}, std::size_t{5}}) {
+    std::set<std::string> steps;
+    p.platform.onEvents = [&] {
+      auto& wait = dynamic_cast<frmWait&>(*p.platform.modeless.back());
+      EXPECT_TRUE(wait.Blocks);
+      steps.insert(wait.Label1.Caption.Get());
+      if (steps.size() == looks) wait.cbCancel.Press();
+    };
+    p.platform.modeless.clear();
+    p.Report([](frmReportSelection& form) { form.Command1.Press(); });
+    p.platform.onEvents = nullptr;
+    EXPECT_EQ(p.Preview() == nullptr, looks > 0);
+    EXPECT_EQ(steps.size() == looks, looks > 0);
+    EXPECT_TRUE(looks > 0 || steps.size() > 20) << "each page";
+    EXPECT_FALSE(p.platform.hourglass);
+  }
 }
 
 TEST(InformationWindow, ShowsTheDiveOfItsTab) {

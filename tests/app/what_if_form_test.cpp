@@ -32,7 +32,7 @@ struct Compared : test::HeadlessProgram {
     }
     return {};
   }
-  std::vector<PlotPoint> Overlay() { return view.overlays[Active()]; }
+  std::vector<PlotPoint> Overlay() { return Look().overlay; }
 };
 
 TEST(WhatIfWindow, FollowsItsFieldsAtOnce) {
@@ -105,12 +105,12 @@ TEST(WhatIfWindow, DrawsTheChosenColumnOverTheGraphWhileItStands) {
   window.cbGraph.Select(2);
   EXPECT_FALSE(p.Overlay().empty());
   p.Main().mnuNewProfile.Choose();
-  EXPECT_THAT(p.view.overlays[document], IsEmpty()) << "another plan is in front";
-  p.platform.Activate(document);
+  EXPECT_THAT(p.Look(document).overlay, IsEmpty()) << "another plan is in front";
+  p.Main().Activate(document);
   window.cbGraph.Select(2);
-  EXPECT_FALSE(p.view.overlays[document].empty());
+  EXPECT_FALSE(p.Look(document).overlay.empty());
   window.Command1.Press();
-  EXPECT_THAT(p.view.overlays[document], IsEmpty());
+  EXPECT_THAT(p.Look(document).overlay, IsEmpty());
 }
 
 TEST(WhatIfWindow, CopiesAndPrintsWhatItShows) {

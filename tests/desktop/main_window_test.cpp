@@ -4,7 +4,9 @@
 #include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTest>
 #include <QTimer>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -52,7 +54,7 @@ TEST(MainWindow, NamesThePlanInFrontHoweverItIsShown) {
   for (const bool maximised : {true, false, true}) {
     for (QMdiSubWindow* window : area->subWindowList()) maximised ? window->showMaximized() : window->showNormal();
     for (const std::int16_t document : {std::int16_t{1}, std::int16_t{2}}) {
-      p.window.ActivateWindow(document);
+      p.program.MainForm().Activate(document);
       QCoreApplication::processEvents();
       EXPECT_EQ(p.Title(),
                 document == 1 ? "TAV - [Plan 1 [Default.tpl][*]] modified" : "TAV - [Plan 2 [Default.tpl][*]]")
@@ -64,6 +66,71 @@ TEST(MainWindow, NamesThePlanInFrontHoweverItIsShown) {
   p.program.MainForm().CloseDocument(1);
   QCoreApplication::processEvents();
   EXPECT_EQ(p.Title(), "TAV");
+}
+
+// A window is dear, and a series may be long.
+TEST(MainWindow, MakesTheWindowOfAPlanWhenItIsFirstInFront) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& main = p.program.MainForm();
+  const std::string dives = ReadTextFile(SourceFolder() / "dives/lake-series.tav");
+  const auto file = p.headless.folder.Path() / "long.tav";
+  WriteTextFile(file, dives);
+  std::string text = dives;
+  constexpr std::size_t kDives = 50;
+  const std::string second = dives.substr(dives.find("Start Template Block", 1));
+  for (std::size_t dive = 2; dive < kDives; ++dive) text += second;
+  WriteTextFile(file, text);
+  const auto windows = [&] { return p.window.findChild<QMdiArea*>()->subWindowList().size(); };
+  const auto inFront = [&] {
+    QCoreApplication::processEvents();
+    return p.window.findChild<QMdiArea*>()->currentSubWindow()->windowTitle().toStdString();
+  };
+  ASSERT_TRUE(main.OpenFile(file));
+  ASSERT_EQ(main.OpenDocuments().size(), kDives + 1);
+  EXPECT_EQ(windows(), 2) << "the empty plan and the last dive";
+  EXPECT_EQ(p.Title(), "TAV - [" + p.program.Forms().Caption(kDives + 1) + "[*]]");
+  QCoreApplication::processEvents();
+  std::size_t listed = 0;
+  for (const MenuEntry& entry : main.Menu()) listed += entry.item->Name() == "plan" ? 1U : 0U;
+  EXPECT_EQ(listed, kDives + 1);
+
+  main.Activate(10);
+  EXPECT_EQ(windows(), 3);
+  EXPECT_THAT(inFront(), testing::HasSubstr("Dive:9"));
+  main.mnuWindowCascade.Choose();
+  EXPECT_EQ(windows(), 3) << "none could be read beside so many";
+  // A change of the first dive reaches the others, and their marks, without a window.
+  frmWaypointEditor& first = p.program.Forms()(2);
+  first.MarkModified();
+  first.ReEvaluateUserEnteredWaypoints();
+  EXPECT_EQ(windows(), 3);
+  EXPECT_EQ(p.Title(), "TAV - [" + p.program.Forms().Caption(10) + "[*]] modified");
+  p.headless.platform.answers = {BoxAnswer::No};
+  EXPECT_TRUE(main.CloseDocument(2));
+  EXPECT_EQ(windows(), 1);
+  EXPECT_THAT(inFront(), testing::StartsWith("Plan 1"));
+}
+
+TEST(MainWindow, ArrangesAllPlansOfAShortSeries) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  ASSERT_TRUE(p.program.MainForm().OpenFile(SourceFolder() / "dives/lake-series.tav"));
+  auto* area = p.window.findChild<QMdiArea*>();
+  EXPECT_EQ(area->subWindowList().size(), 2);
+  p.program.MainForm().mnuWindowTileVertical.Choose();
+  EXPECT_EQ(area->subWindowList().size(), 3);
+  EXPECT_EQ(p.program.MainForm().Active(), 3);
+  // The keys that turn plans reach those without a window, too.
+  WindowedProgram q;
+  ASSERT_TRUE(q.Start());
+  ASSERT_TRUE(q.program.MainForm().OpenFile(SourceFolder() / "dives/lake-series.tav"));
+  const std::pair<QKeySequence::StandardKey, std::int16_t> turns[] = {
+      {QKeySequence::NextChild, 1}, {QKeySequence::NextChild, 2}, {QKeySequence::PreviousChild, 1}};
+  for (const auto& [keys, document] : turns) {
+    QTest::keySequence(&q.window, keys);
+    EXPECT_EQ(q.program.MainForm().Active(), document);
+  }
 }
 
 TEST(MainWindow, ShowsAndExportsTheTissuesWhileTheyAreOn) {

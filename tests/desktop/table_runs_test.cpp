@@ -26,19 +26,17 @@ struct Preview : PreviewWindow {
 class TableRun : public testing::Test {
  protected:
   TableRun() {
-    const auto plan = OpenProfile(dialogs.forms, SourceFolder() / "dives/trimix-100.tav").back();
-    dialogs.platform.Services().documentWindows.OpenWindow(plan);
+    OpenProfile(dialogs.forms, SourceFolder() / "dives/trimix-100.tav");
     report.window = &preview;
   }
   [[nodiscard]] DialogServices Services() {
     const Platform headless = dialogs.platform.Services();
-    return {
-        dialogs.forms,
-        {headless.boxes, headless.files, windows, headless.documentWindows, headless.settings, screen, headless.sound,
-         headless.help, headless.clipboard, headless.printer, headless.environment, headless.separators},
-        dialogs.texts,
-        false,
-        {}};
+    return {dialogs.forms,
+            {headless.boxes, headless.files, windows, headless.settings, screen, headless.sound, headless.help,
+             headless.clipboard, headless.printer, headless.environment, headless.separators},
+            dialogs.texts,
+            false,
+            {}};
   }
   /// The button of a dialog that stands.
   QPushButton* ButtonOf(const char* name) {

@@ -316,7 +316,6 @@ TEST_F(Properties, WhatCountsAtOnceReachesThePlanAndItsSeries) {
 
   const std::int16_t firstDive = d.Active();
   const std::int16_t second = d.forms.AddRepetitiveDive(firstDive, 120);
-  d.platform.Services().documentWindows.OpenWindow(second);
   d.Document(firstDive).Modified = false;
   Show().cbOK.Press();
   EXPECT_TRUE(d.Document(second).Modified);

@@ -84,7 +84,7 @@ TEST_F(WaypointForm, AMixMadeOnALaterDiveAsksToSaveTheSeries) {
   frmWaypointEditor& first = d.forms(d.Active());
   ASSERT_TRUE(first.AddUserWaypoint(30, 20, 0));
   ASSERT_TRUE(first.StartDeco());
-  d.platform.Activate(d.forms.AddRepetitiveDive(first.Tag(), 60));
+  d.forms.AddRepetitiveDive(first.Tag(), 60);
   d.Document(first.Tag()).Modified = false;
   At(30).cbNitroxAdd.Press();
   EXPECT_TRUE(d.Document().Modified);

@@ -17,7 +17,7 @@ constexpr const char* kAscent = "Ascent";
 class Trial : public testing::Test {
  protected:
   Trial() {
-    plans_.display.onRedraw = [this](std::int16_t document) { history_.Record(document); };
+    plans_.display.onChange = [this](std::int16_t document) { history_.Record(document); };
     history_.Record(plan_.Tag());
     Reload();
   }

@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <functional>
 #include <random>
+#include <utility>
 
 #include "model/number_text.h"
 #include "support/plan_fixture.h"
@@ -16,11 +18,8 @@ using testing::IsEmpty;
 
 class Editor : public testing::Test {
  protected:
-  void ExpectState(EditState state, bool ascent, bool information, bool clearAscent) {
+  void ExpectState(EditState state) {
     EXPECT_EQ(plan_.State(), state);
-    EXPECT_EQ(plans_.display.ascent, ascent);
-    EXPECT_EQ(plans_.display.information, information);
-    EXPECT_EQ(plans_.display.clearAscent, clearAscent);
     EXPECT_EQ(plan_.CurrentRunTime(), plan_.InputProfile.GetRunTime(plan_.InputProfile.GetLength()));
   }
   [[nodiscard]] std::string Rows() const { return test::RowsText(plan_.InputProfile); }
@@ -31,32 +30,47 @@ class Editor : public testing::Test {
 };
 
 TEST_F(Editor, GoesFromEmptyToLegsToAscentAndBack) {
-  ExpectState(EditState::Empty, false, false, false);
+  ExpectState(EditState::Empty);
   EXPECT_EQ(plan_.InputProfile.GetPPO2(0), Single(Document().Template.EndPressure * 0.21));
   ASSERT_TRUE(plan_.AddUserWaypoint(40, 25, 0));
-  ExpectState(EditState::Legs, true, true, false);
+  ExpectState(EditState::Legs);
   EXPECT_TRUE(Document().Modified);
-  EXPECT_FALSE(plans_.display.surfaceInterval);
+  EXPECT_FALSE(plan_.CanBeFollowed());
   const std::string legs = Rows();
 
   ASSERT_TRUE(plan_.StartDeco());
-  ExpectState(EditState::Ascent, false, true, true);
-  EXPECT_TRUE(plans_.display.surfaceInterval);
+  ExpectState(EditState::Ascent);
+  EXPECT_TRUE(plan_.CanBeFollowed());
   const std::string ascent = Rows();
   plan_.ReEvaluateUserEnteredWaypoints();
-  ExpectState(EditState::Ascent, false, true, true);
+  ExpectState(EditState::Ascent);
   EXPECT_EQ(Rows(), ascent) << "evaluated twice";
 
   plan_.mnucleardecopoints();
-  ExpectState(EditState::Legs, true, true, false);
-  EXPECT_FALSE(plans_.display.surfaceInterval);
+  ExpectState(EditState::Legs);
+  EXPECT_FALSE(plan_.CanBeFollowed());
   EXPECT_EQ(Rows(), legs) << "without the ascent";
   plan_.mnucleardecopoints();
   EXPECT_EQ(plan_.UserActions.GetLength(), 1) << "there is no ascent to clear";
 
   plan_.mnuclearlastwaypoint();
-  ExpectState(EditState::Empty, false, false, false);
+  ExpectState(EditState::Empty);
   EXPECT_EQ(plan_.CurrentRunTime(), Single(0));
+}
+
+TEST_F(Editor, TellsEachChangeOnce) {
+  const std::pair<const char*, std::function<void()>> changes[] = {
+      {"waypoint", [this] { plan_.AddUserWaypoint(40, 25, 0); }},
+      {"ascent", [this] { plan_.StartDeco(); }},
+      {"clear ascent", [this] { plan_.mnucleardecopoints(); }},
+      {"clear last", [this] { plan_.mnuclearlastwaypoint(); }},
+      {"clear all", [this] { plan_.mnuclearallwaypoints(); }},
+      {"evaluate", [this] { plan_.ReEvaluateUserEnteredWaypoints(); }}};
+  for (const auto& [what, change] : changes) {
+    plans_.display.told.clear();
+    change();
+    EXPECT_THAT(plans_.display.told, ElementsAre(plan_.Tag())) << what;
+  }
 }
 
 TEST_F(Editor, ClearsTheLastWaypointOrAll) {
@@ -67,11 +81,11 @@ TEST_F(Editor, ClearsTheLastWaypointOrAll) {
   EXPECT_EQ(Rows(), one);
   plan_.StartDeco();
   plan_.mnuclearlastwaypoint();
-  ExpectState(EditState::Legs, true, true, false);
+  ExpectState(EditState::Legs);
   EXPECT_EQ(Rows(), one) << "the ascent was the last action";
   plan_.StartDeco();
   plan_.mnuclearallwaypoints();
-  ExpectState(EditState::Empty, false, false, false);
+  ExpectState(EditState::Empty);
   EXPECT_EQ(plan_.UserActions.GetLength(), 0);
 }
 
@@ -80,7 +94,7 @@ TEST_F(Editor, GoesOnFromTheEndOfAnAscentInsideTheList) {
   plan_.StartDeco();
   const std::int16_t surfaced = plan_.InputProfile.GetLength();
   ASSERT_TRUE(plan_.AddUserWaypoint(9, 20, 0));
-  ExpectState(EditState::Legs, true, true, false);
+  ExpectState(EditState::Legs);
   const ClassProfile& rows = plan_.InputProfile;
   EXPECT_EQ(rows.getDepth(surfaced), Single(0));
   EXPECT_EQ(rows.getDepth(static_cast<std::int16_t>(surfaced + 1)), Single(9));
@@ -116,7 +130,7 @@ TEST_F(Editor, TellsWhyItCannotComputeAndRecovers) {
   const auto expectFault = [&](const std::string& reason) {
     plan_.ReEvaluateUserEnteredWaypoints();
     EXPECT_EQ(plan_.EvaluationFault(), reason);
-    ExpectState(EditState::Empty, false, false, false);
+    ExpectState(EditState::Empty);
     EXPECT_EQ(plan_.InputProfile.GetLength(), 0);
     EXPECT_EQ(plan_.UserActions.GetLength(), 2);
     Document().Template = sound;
@@ -146,7 +160,7 @@ TEST_F(Editor, KeepsThePlanWhenAnAscentCannotBeComputed) {
   EXPECT_EQ(plan_.UserActions.GetLength(), 1);
   EXPECT_EQ(Rows(), rows);
   EXPECT_FALSE(Document().Modified);
-  ExpectState(EditState::Legs, true, true, false);
+  ExpectState(EditState::Legs);
 }
 
 /// Wants the trace, so that each action is replayed from the start, and keeps the warnings.
@@ -261,8 +275,7 @@ TEST(Closing, LeavesNothingToThePlanThatTakesItsNumber) {
   EXPECT_EQ(next.CurrentRunTime(), Single(0));
   EXPECT_EQ(next.DiveNumber, 1);
   EXPECT_EQ(next.PrevProfile, -1);
-  EXPECT_THAT(plans.display.told, testing::Contains("caption 2: *StringID 1060*2*StringID 6163*Default.tpl]"));
-  EXPECT_FALSE(plans.display.ascent || plans.display.information || plans.display.surfaceInterval);
+  EXPECT_EQ(plans.forms.Caption(2), "*StringID 1060*2*StringID 6163*Default.tpl]");
   next.mnucleardecopoints();
   EXPECT_EQ(test::RowsText(next.InputProfile), empty) << "no ascent of the old plan comes back";
 }

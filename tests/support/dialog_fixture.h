@@ -10,13 +10,9 @@ namespace tav::test {
 struct Dialogs {
   Dialogs() { documents(0).Template = ShippedDefaultTemplate(); }
 
-  /// A new plan in the active window.
-  frmWaypointEditor& Open() {
-    const std::int16_t number = forms.LoadNewDoc();
-    platform.Services().documentWindows.OpenWindow(number);
-    return forms(number);
-  }
-  std::int16_t Active() { return platform.Services().documentWindows.ActiveDocument().value_or(0); }
+  /// A new plan in front.
+  frmWaypointEditor& Open() { return forms(forms.LoadNewDoc()); }
+  std::int16_t Active() { return forms.Active().value_or(0); }
   DocumentState& Document(std::int16_t number) { return documents(number); }
   DocumentState& Document() { return documents(Active()); }
   DialogServices Services(bool veryHighGF = false) {

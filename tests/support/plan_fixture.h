@@ -26,32 +26,15 @@ struct ScriptedBoxes : MessageBoxes {
   std::vector<BoxAnswer> answers;
 };
 
-/// What the windows were told, as lines: "caption 2: text".
+/// Which documents were told to be others, one after another.
 struct RecordedDisplay : EditorDisplay {
-  void ShowCaption(std::int16_t document, const std::string& caption) override { Add("caption", document, caption); }
-  void ShowEvaluationFault(std::int16_t document, const std::string& fault) override { Add("fault", document, fault); }
-  void RedrawProfile(std::int16_t document) override {
-    Add("redraw", document, "");
-    if (onRedraw) onRedraw(document);
-  }
-  void CloseWindow(std::int16_t document) override { Add("close", document, ""); }
-  void EnableProfileCommands(bool enableAscent, bool enableInformation) override {
-    ascent = enableAscent;
-    information = enableInformation;
-  }
-  void EnableClearAscent(bool enable) override { clearAscent = enable; }
-  void EnableSurfaceInterval(bool enable) override { surfaceInterval = enable; }
-
-  void Add(const std::string& what, std::int16_t document, const std::string& text) {
-    told.push_back(what + " " + std::to_string(document) + ": " + text);
+  void StateChanged(std::int16_t document) override {
+    told.push_back(document);
+    if (onChange) onChange(document);
   }
 
-  std::function<void(std::int16_t)> onRedraw;
-  std::vector<std::string> told;
-  bool ascent = false;
-  bool information = false;
-  bool clearAscent = false;
-  bool surfaceInterval = false;
+  std::function<void(std::int16_t)> onChange;
+  std::vector<std::int16_t> told;
 };
 
 /// Documents and all they work with, without a window. Element 0 holds the shipped default template.

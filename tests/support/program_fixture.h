@@ -37,14 +37,9 @@ struct HeadlessMainView : MainView {
     if (text != panesNow) return std::nullopt;
     return std::vector<PaneForm*>(panes.begin(), panes.end());
   }
+  void StateChanged(std::int16_t document) override { ++changes[document]; }
+  void Arrange(Arrangement arrangement) override { arrangements.push_back(arrangement); }
   void ResetZoom(std::int16_t /*document*/) override {}
-  void SelectRows(std::int16_t /*document*/, std::int16_t first, std::int16_t last) override {
-    selected = {first, last};
-  }
-  void FitPlan(bool fit) override { fitPlan = fit; }
-  void ShowExtras(const GraphExtras& wanted) override { extras = wanted; }
-  void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) override { overlays[document] = line; }
-  void ShowAsBefore(std::int16_t document, const std::string& words) override { asBefore[document] = words; }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -54,11 +49,8 @@ struct HeadlessMainView : MainView {
   Placement place;
   bool minimised = false;
   bool shown = false;
-  bool fitPlan = false;
-  GraphExtras extras;
-  std::map<std::int16_t, std::vector<PlotPoint>> overlays;
-  std::map<std::int16_t, std::string> asBefore;
-  std::pair<std::int16_t, std::int16_t> selected;  ///< rows marked in the graph
+  std::map<std::int16_t, int> changes;  ///< how often each document was told to be another
+  std::vector<Arrangement> arrangements;
   std::string exported;
   std::set<PaneForm*> panes;  ///< shown
   PaneForm* focused = nullptr;
@@ -68,11 +60,7 @@ struct HeadlessMainView : MainView {
 /// The whole program on the headless platform, with the shipped data and a user's folder of its own.
 struct HeadlessProgram {
   explicit HeadlessProgram(const LocaleSeparators& separators = {})
-      : settingsFolder(folder.Path() / "config"), program(With(separators), view, Folders(), "no window system\n") {
-    platform.onActivate = [this](std::int16_t) {
-      if (program.HasMainForm()) program.MainForm().DocumentActivated();
-    };
-  }
+      : settingsFolder(folder.Path() / "config"), program(With(separators), view, Folders(), "no window system\n") {}
 
   /// Starts it, and agrees to the notice.
   bool Start(const std::vector<std::string>& arguments = {}) {
@@ -88,7 +76,10 @@ struct HeadlessProgram {
   }
 
   frmMain& Main() { return program.MainForm(); }
-  std::int16_t Active() { return platform.Services().documentWindows.ActiveDocument().value_or(-1); }
+  std::int16_t Active() { return program.Forms().Active().value_or(-1); }
+  /// What the window of a plan shows.
+  PlanLook Look(std::int16_t n) { return Main().Looks().Of(n); }
+  PlanLook Look() { return Look(Active()); }
   frmWaypointEditor& Editor() { return program.Forms()(Active()); }
   DocumentState& Document(std::int16_t n) { return program.Forms().Services().documents(n); }
   DocumentState& Document() { return Document(Active()); }

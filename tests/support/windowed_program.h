@@ -28,8 +28,8 @@ struct WindowedProgram {
 
   HeadlessProgram headless;  // for its folders
   MainWindow window;
-  Program program{headless.platform.Services(window), window,
-                  ProgramFolders(SourceFolder(), headless.folder.Path() / "data"), ""};
+  Program program{headless.platform.Services(), window, ProgramFolders(SourceFolder(), headless.folder.Path() / "data"),
+                  ""};
 };
 
 }  // namespace tav::test

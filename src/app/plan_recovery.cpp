@@ -1,6 +1,5 @@
-// Copies of unsaved plans while the program runs, and what is offered of them after it was lost.
+#include "app/plan_recovery.h"
 
-#include "app/main_form.h"
 #include "plans/captions.h"
 #include "plans/profile_commands.h"
 
@@ -9,7 +8,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Texts by number.
 constexpr int kOfferRecovery = 7007;
 constexpr int kRecovered = 7008;
 constexpr int kNotOpened = 7022;
@@ -24,64 +22,62 @@ bool IsNewer(const fs::path& file, const fs::path& than) {
 
 }  // namespace
 
-bool frmMain::IsUnsaved(std::int16_t document) const {
-  bool unsaved = Document(document).Modified;
+bool PlanRecovery::IsUnsaved(std::int16_t document) const {
+  bool unsaved = services_.Document(document).Modified;
   for (std::int16_t n = document; n != -1; n = services_.forms(n).NextProfile)
     unsaved = unsaved || services_.history.OnTrial(n);
   return unsaved;
 }
 
-bool frmMain::KeepRecoveryOf(std::int16_t document) {
-  const DocumentState& dive = Document(document);
+bool PlanRecovery::KeepCopyOf(std::int16_t document) const {
+  const DocumentState& dive = services_.Document(document);
   fs::path original = dive.ProfileName;
   std::error_code error;
   if (!dive.ProfileFolder.empty()) original = fs::absolute(fs::path(dive.ProfileFolder) / dive.ProfileName, error);
   return services_.recovery.Keep(document, ProfileFileText(services_.forms, document), original);
 }
 
-void frmMain::KeepRecovery() {
-  for (const std::int16_t document : OpenDocuments()) {
+void PlanRecovery::Keep() const {
+  for (const std::int16_t document : services_.OpenDocuments()) {
     if (services_.forms(document).PrevProfile != -1) continue;  // the first dive keeps the whole series
     if (IsUnsaved(document)) {
-      KeepRecoveryOf(document);
+      KeepCopyOf(document);
     } else {
       services_.recovery.Drop(document);
     }
   }
 }
 
-void frmMain::OfferRecovery() {
+void PlanRecovery::Offer() const {
   const auto copies = services_.recovery.Orphans();
   if (copies.empty()) return;
-  std::string question = T(kOfferRecovery) + "\r\n";
+  std::string question = services_.T(kOfferRecovery) + "\r\n";
   for (const Recovery::Copy& copy : copies) {
-    const std::string name = copy.original.empty() ? T(kNameless) : copy.original.string();
+    const std::string name = copy.original.empty() ? services_.T(kNameless) : copy.original.string();
     const bool since = copy.original.has_parent_path() && IsNewer(copy.original, copy.file);
     question += "\r\n" + (since ? services_.texts.Filled(kSavedSince, {name}) : name);
   }
   const BoxAnswer answer =
-      services_.platform.boxes.Show(question, T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
+      services_.platform.boxes.Show(question, services_.T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
   if (answer == BoxAnswer::Cancel) return;  // they are offered again at the next start
   for (const Recovery::Copy& copy : copies) {
     if (answer == BoxAnswer::No || Recover(copy)) Recovery::Remove(copy);
   }
-  DocumentActivated();
 }
 
-bool frmMain::Recover(const Recovery::Copy& copy) {
+bool PlanRecovery::Recover(const Recovery::Copy& copy) const {
   try {
     const auto opened = OpenProfile(services_.forms, copy.original, ReadProfileFile(copy.file));
     for (const std::int16_t document : opened) {
-      DocumentState& dive = Document(document);
+      DocumentState& dive = services_.Document(document);
       if (copy.original.empty()) dive.ProfileName = UntitledName(services_.texts, opened.front());
       if (!copy.original.has_parent_path()) dive.ProfileFolder.clear();  // it never had a file
       dive.Modified = document == opened.front();
-      services_.forms.ShowCaption(document);
+      services_.Changed(document);
     }
-    return KeepRecoveryOf(opened.front());  // on a full disk the old copy stays
+    return KeepCopyOf(opened.front());  // on a full disk the old copy stays
   } catch (const std::exception& error) {
-    services_.platform.boxes.Show(T(kNotOpened) + "\r\n" + services_.texts.Words(error), "", BoxIcon::Stop,
-                                  BoxButtons::OK);
+    services_.TellFailure(services_.T(kNotOpened), error);
     return false;
   }
 }

@@ -1,0 +1,151 @@
+// Which command of the main window calls which part.
+
+#include "app/information_boxes.h"
+#include "app/languages_form.h"
+#include "app/main_form.h"
+
+namespace tav {
+namespace {
+
+constexpr int kNoHelpFile = 1065;
+
+}  // namespace
+
+void frmMain::Wire() {
+  WireFiles();
+  WirePlan();
+  WireWindow();
+  WireHelp();
+  FinishEditsBeforeCommands();
+  services_.runs.changed = [this] {
+    SyncCommands();
+    ShowFront();
+  };
+}
+
+void frmMain::FinishEditsBeforeCommands() {
+  const auto finishFirst = [this](auto* command) {
+    if (command == nullptr || !command->Click) return;
+    command->Click = [this, act = std::move(command->Click)] {
+      FinishEdits();
+      act();
+    };
+  };
+  for (Control* control : Controls()) {
+    finishFirst(dynamic_cast<MenuItem*>(control));
+    finishFirst(dynamic_cast<ToolButton*>(control));
+  }
+}
+
+void frmMain::WireFiles() {
+  mnuNewProfile.Click = toolNew.Click = [this] { LoadNewDoc(); };
+  mnuOpen.Click = toolOpen.Click = [this] {
+    const auto file = files_.Choose();
+    if (!file.empty()) OpenFile(file);
+  };
+  mnuClearRecent.Click = [this] { recent_.Clear(); };
+  mnuClose.Click = [this] {
+    if (const auto active = Active()) CloseDocument(*active);
+  };
+  mnuLoadTemplate.Click = [this] { templates_.LoadChosen(); };
+  mnuSaveTemplate.Click = [this] { templates_.Save(); };
+  mnuSaveProfile.Click = toolSave.Click = [this] { files_.SaveActive(false); };
+  mnuSaveProfileAs.Click = [this] { files_.SaveActive(true); };
+  mnuImport.Click = [this] { exchange_.ImportChosen(); };
+  mnuExport.Click = [this] { exchange_.Export(); };
+  mnuExportPng.Click = [this] { exchange_.ExportGraph(false); };
+  mnuExportSvg.Click = [this] { exchange_.ExportGraph(true); };
+  mnuExit.Click = [this] { Form::Unload(true); };
+}
+
+void frmMain::WirePlan() {
+  const auto onActive = [this](void (frmWaypointEditor::*command)()) {
+    return [this, command] {
+      if (const auto active = Active()) (services_.forms(*active).*command)();
+    };
+  };
+  // Cells that are still marked are what was entered last.
+  mnuUndo.Click = [this] {
+    const auto active = Active();
+    if (!active || panes_.PlanPane().GiveUp(*active)) return;
+    services_.history.Undo(*active);
+    panes_.PlanPane().MarkUnfinished();
+    StateChanged(*Active());
+  };
+  mnuRedo.Click = [this] {
+    const auto active = Active();
+    if (!active) return;
+    services_.history.Redo(*active);
+    panes_.PlanPane().MarkUnfinished();
+    StateChanged(*Active());
+  };
+  mnuAddWaypoint.Click = mnuPopupAddWaypoint.Click = [this] { dialogs_.AddWaypoint(); };
+  mnuBulhmannB.Click = [this] { MarkTable(true, false); };
+  mnuBulhmannC.Click = [this] { MarkTable(false, true); };
+  mnuVPM.Click = [this] { mnuVPM_Click(); };
+  mnuHybrid.Click = [this] { mnuHybrid_Click(); };
+  mnuConservatism.Click = ShowConservatism.Click = toolConservatism.Click = [this] { dialogs_.ShowConservatism(); };
+  mnuCylinders.Click = [this] { dialogs_.ShowCylinders(); };
+  mnuOC.Click = toolOpenCircuit.Click = [this] { SetBreathingMode(!OpenCircuitMode, true); };
+  mnuStartAscent.Click = toolAscent.Click = [this] { StartAscent(); };
+  mnuSurface.Click = toolMultilevel.Click = [this] { dialogs_.ShowMultiLevel(); };
+  mnucleardecopoints.Click = onActive(&frmWaypointEditor::mnucleardecopoints);
+  mnuclearlastwaypoint.Click = onActive(&frmWaypointEditor::mnuclearlastwaypoint);
+  mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
+  mnuDiveInformation.Click = toolAscentInfo.Click = [this] { reports_.ShowDiveInformation(); };
+  mnuGeneralReport.Click = toolReport.Click = [this] { reports_.ShowGeneralReport(); };
+  mnuSlate.Click = [this] { reports_.ShowSlate(); };
+  mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
+  mnuBailoutReport.Click = [this] { dialogs_.ShowBailout(true); };
+  toolBailout.Click = [this] { dialogs_.ShowBailout(false); };
+  mnuGenerateTables.Click = toolTableExpert.Click = [this] { dialogs_.ShowTableExpert(); };
+  mnuTemplate.Click = toolTemplate.Click = [this] { dialogs_.EditTemplate(); };
+}
+
+void frmMain::WireWindow() {
+  mnuMixer.Click = toolMixer.Click = [this] { dialogs_.ShowMixer(); };
+  mnuLanguages.Click = [this] {
+    services_.platform.windows.Show(std::make_shared<frmLanguages>(
+        services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));
+  };
+  const auto arrange = [this](Arrangement how) { return [this, how] { services_.view.Arrange(how); }; };
+  mnuWindowCascade.Click = arrange(Arrangement::Cascade);
+  mnuWindowTileHorizontal.Click = arrange(Arrangement::TileHorizontal);
+  mnuWindowTileVertical.Click = arrange(Arrangement::TileVertical);
+  mnuWindowArrangeIcons.Click = arrange(Arrangement::Icons);
+  mnuResetZoom.Click = [this] {
+    if (const auto active = Active()) services_.view.ResetZoom(*active);
+  };
+}
+
+void frmMain::WireHelp() {
+  mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
+  mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
+  mnuHelpAbout.Click = [this] {
+    frmAbout box(services_.texts, [this] { ShowHelp(HelpViewer::Page::Contents); });
+    services_.platform.windows.ShowModal(box);
+  };
+  mnuContributors.Click = [this] {
+    frmContributers box(services_.texts);
+    services_.platform.windows.ShowModal(box);
+  };
+  mnuSystemInformation.Click = [this] {
+    frmSystemInformation box(services_.platform, services_.texts,
+                             SystemInformation(services_.folders, services_.language, services_.systemInformation));
+    services_.platform.windows.ShowModal(box);
+  };
+}
+
+void frmMain::ShowHelp(HelpViewer::Page page) {
+  if (services_.language.helpFile.empty()) {
+    services_.platform.boxes.Show(services_.T(kNoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
+    return;
+  }
+  try {
+    services_.platform.help.ShowHelp(services_.language.helpFile, page);
+  } catch (const std::exception& error) {
+    services_.Tell(services_.texts.Words(error), BoxIcon::None);
+  }
+}
+
+}  // namespace tav

@@ -1,0 +1,66 @@
+#include "app/plan_closing.h"
+
+namespace tav {
+namespace {
+
+constexpr int kClosedWithout = 8004;
+constexpr int kCloseLaterDive = 8050;
+constexpr int kCloseLaterDiveTitle = 8051;
+constexpr int kTakeOut = 8052;
+constexpr int kCloseSeries = 8053;
+constexpr int kStay = 8054;
+
+}  // namespace
+
+bool PlanClosing::Close(std::int16_t document) {
+  frmWaypointEditor& editor = services_.forms(document);
+  if (editor.PrevProfile != -1) return CloseLaterDive(document);
+  const auto save = [&] { return files_.Save(document, true); };
+  if (!editor.Form_QueryUnload(true, save, LostCells(document))) return false;
+  services_.forms.Unload(document);
+  const auto left = services_.OpenDocuments();
+  if (!services_.Active() && !left.empty()) services_.forms.Activate(left.back());
+  return true;
+}
+
+std::string PlanClosing::LostCells(std::int16_t document) {
+  const std::string cells = panes_.MarkedCells(document);
+  return cells.empty() ? "" : services_.T(kClosedWithout) + "\r\n" + cells;
+}
+
+bool PlanClosing::CloseLaterDive(std::int16_t document) {
+  const frmWaypointEditor& editor = services_.forms(document);
+  const std::int16_t before = editor.PrevProfile;
+  const std::string lost = LostCells(document);
+  const std::string question =
+      (lost.empty() ? "" : lost + "\r\n\r\n") +
+      services_.texts.Filled(kCloseLaterDive,
+                             {services_.Document(document).ProfileName, std::to_string(editor.DiveNumber),
+                              std::to_string(services_.forms(before).DiveNumber)});
+  const BoxAnswer answer =
+      services_.platform.boxes.ShowWithChoices(question, services_.T(kCloseLaterDiveTitle), BoxIcon::Question,
+                                               {services_.T(kTakeOut), services_.T(kCloseSeries), services_.T(kStay)});
+  if (answer == BoxAnswer::No) return Close(editor.getFirstProfile());
+  if (answer != BoxAnswer::Yes) return false;
+  services_.history.TakeOut(document);
+  services_.forms.Activate(before);
+  return true;
+}
+
+bool PlanClosing::ConfirmAll() {
+  for (const std::int16_t document : services_.OpenDocuments()) {
+    if (services_.forms(document).PrevProfile != -1) continue;
+    const auto save = [&] { return files_.Save(document, true); };
+    if (!services_.forms(document).ConfirmClose(save, LostCells(document))) return false;
+  }
+  return true;
+}
+
+void PlanClosing::CloseAll() const {
+  for (const std::int16_t document : services_.OpenDocuments()) {
+    services_.forms(document).LeaveDocument(false);
+    services_.forms.Unload(document);
+  }
+}
+
+}  // namespace tav

@@ -1,0 +1,59 @@
+#include "app/plan_looks.h"
+
+namespace tav {
+
+PlanLook PlanLooks::Of(std::int16_t document) const {
+  constexpr int kDoesNotDecompress = 7020;
+  const frmWaypointEditor& editor = services_.forms(document);
+  const DocumentState& state = services_.Document(document);
+  PlanLook look;
+  look.caption = services_.forms.Caption(document);
+  look.modified = services_.Document(editor.getFirstProfile()).Modified;  // a series is saved as a whole
+  look.repetitive = editor.PrevProfile != -1;
+  look.notice = editor.EvaluationFault();
+  if (look.notice.empty() && !state.Decompresses) look.notice = services_.T(kDoesNotDecompress);
+  if (const auto set = set_.find(document); set != set_.end()) {
+    if (set->second.evaluation == editor.Evaluation()) look.selected = set->second.selected;
+    look.overlay = set->second.overlay;
+    look.asBefore = set->second.asBefore;
+  }
+  look.fitPlan = fitPlan_;
+  look.extras = extras_;
+  return look;
+}
+
+void PlanLooks::SelectRows(std::int16_t document, std::int16_t first, std::int16_t last) {
+  if (!services_.IsOpen(document)) return;
+  Set& set = set_[document];
+  set.selected = {first, last};
+  set.evaluation = services_.forms(document).Evaluation();
+  services_.view.StateChanged(document);
+}
+
+void PlanLooks::ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line) {
+  if (!services_.IsOpen(document)) return;
+  set_[document].overlay = line;
+  services_.view.StateChanged(document);
+}
+
+void PlanLooks::ShowAsBefore(std::int16_t document, const std::string& words) {
+  if (!services_.IsOpen(document)) return;
+  set_[document].asBefore = words;
+  services_.view.StateChanged(document);
+}
+
+void PlanLooks::FitPlan(bool fit) {
+  fitPlan_ = fit;
+  ShowAll();
+}
+
+void PlanLooks::ShowExtras(const GraphExtras& extras) {
+  extras_ = extras;
+  ShowAll();
+}
+
+void PlanLooks::ShowAll() const {
+  for (const std::int16_t document : services_.OpenDocuments()) services_.view.StateChanged(document);
+}
+
+}  // namespace tav

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/main_services.h"
+
+namespace tav {
+
+/// What the windows of the plans show beside the plans themselves, by document. It stays when a plan is computed anew,
+/// but for the mark on its rows, which are others then.
+class PlanLooks {
+ public:
+  explicit PlanLooks(const MainServices& services) : services_(services) {}
+
+  /// All of it, read from the document and what has been set here.
+  [[nodiscard]] PlanLook Of(std::int16_t document) const;
+
+  /// Marks rows of an open document; 0 to 0 marks none.
+  void SelectRows(std::int16_t document, std::int16_t first, std::int16_t last);
+  /// How a dive would go; empty takes the line away.
+  void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line);
+  /// Empty words take the grey away.
+  void ShowAsBefore(std::int16_t document, const std::string& words);
+  void FitPlan(bool fit);
+  void ShowExtras(const GraphExtras& extras);
+  void Forget(std::int16_t document) { set_.erase(document); }
+
+ private:
+  struct Set {
+    std::pair<std::int16_t, std::int16_t> selected{0, 0};
+    int evaluation = 0;  ///< of the rows that are selected
+    std::vector<PlotPoint> overlay;
+    std::string asBefore;
+  };
+  void ShowAll() const;
+
+  const MainServices& services_;
+  std::map<std::int16_t, Set> set_;
+  bool fitPlan_ = false;
+  GraphExtras extras_;
+};
+
+}  // namespace tav

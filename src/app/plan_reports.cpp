@@ -1,0 +1,96 @@
+#include "app/plan_reports.h"
+
+#include "advice/stop_reason.h"
+#include "app/wait_form.h"
+#include "dialogs/general_info.h"
+#include "dialogs/report_selection.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
+
+namespace tav {
+
+void PlanReports::ShowDiveInformation() const {
+  const auto active = services_.Active();
+  if (!active) return;
+  // The model that made the rows: another one that is marked meanwhile has not computed them yet.
+  frmGeneralInfo window(dialogs_, services_.forms(*active).EvaluatedWith());
+  services_.platform.windows.ShowModal(window);
+}
+
+std::optional<bool> PlanReports::WholeSeries(std::int16_t document) const {
+  const frmWaypointEditor& editor = services_.forms(document);
+  if (editor.PrevProfile == -1 && editor.NextProfile == -1) return false;
+  frmReportSelection selection(services_.texts);
+  services_.platform.windows.ShowModal(selection);
+  if (!selection.Confirmed()) return std::nullopt;
+  return !selection.ReportCurrentDive();
+}
+
+void PlanReports::ShowSlate() const {
+  const auto active = services_.Active();
+  if (!active) return;
+  const auto all = WholeSeries(*active);
+  if (!all) return;
+  Slate slate(services_.report, services_.forms(*active).EvaluatedWith());
+  WriteSlates({slate, services_.texts, services_.platform.separators, ReadSupplyChoice(services_.platform.settings)},
+              services_.forms.Series(*active, *all));
+  services_.report.documentName = services_.Document(*active).ProfileName;
+}
+
+void PlanReports::ShowWhatIf() {
+  if (!services_.Active()) return;
+  auto window = whatIf_.lock();
+  if (window && window->IsLoaded()) {
+    window->BringToFront();
+    return;
+  }
+  window = std::make_shared<frmWhatIf>(
+      dialogs_, services_.report, [this] { return services_.model; },
+      [this](std::int16_t document, const std::vector<PlotPoint>& line) { looks_.ShowOverlay(document, line); });
+  whatIf_ = window;
+  services_.platform.windows.Show(window);
+}
+
+void PlanReports::Follow() const {
+  if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
+}
+
+void PlanReports::ShowGeneralReport() const {
+  const auto active = services_.Active();
+  if (!active) return;
+  const auto all = WholeSeries(*active);
+  if (!all) return;
+  const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
+  services_.platform.windows.Show(wait);
+  constexpr int kRowsBetweenLooks = 100;
+  std::string step;
+  GeneralReport report(
+      services_.report, services_.forms(*active).EvaluatedWith(),
+      [&](const std::string& now) {
+        step = now;
+        wait->GoOn(step);
+      },
+      [&](int done, int of) {
+        if (done % kRowsBetweenLooks != 0) return wait->IsLoaded();
+        return wait->GoOn(step + "  " + std::to_string(done) + "/" + std::to_string(of));
+      });
+  if (WriteLongReport(report, services_.forms.Series(*active, *all), ReadSupplyChoice(services_.platform.settings))) {
+    services_.report.documentName = services_.Document(*active).ProfileName;
+    report.ShowLongReport();
+  } else {
+    services_.report.InitPreview();  // nothing is left of it
+  }
+  wait->Unload();
+}
+
+std::string PlanReports::WhyStop(std::int16_t document, std::int16_t row) const {
+  const frmWaypointEditor& editor = services_.forms(document);
+  const CheckedDive dive(editor.Planned());
+  for (const StopReason& reason : StopReasons(dive)) {
+    if (reason.row != row) continue;
+    return TextOf(reason, AdviceWords(services_.texts, services_.platform.separators, dive.settings.Metric));
+  }
+  return {};
+}
+
+}  // namespace tav

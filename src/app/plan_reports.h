@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/plan_looks.h"
+#include "app/what_if_form.h"
+
+namespace tav {
+
+/// The commands that show and report what was computed.
+class PlanReports {
+ public:
+  PlanReports(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks)
+      : services_(services), dialogs_(dialogs), looks_(looks) {}
+
+  void ShowDiveInformation() const;
+  /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
+  void ShowGeneralReport() const;
+  void ShowSlate() const;
+  /// Opens the comparison of the plan in front, or brings it to the front.
+  void ShowWhatIf();
+  /// The plan in front is another one, or has been computed anew: the comparison follows.
+  void Follow() const;
+  /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
+  [[nodiscard]] std::string WhyStop(std::int16_t document, std::int16_t row) const;
+
+ private:
+  /// Whether a report is to tell all dives of a series; nothing when the user called it off.
+  [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document) const;
+
+  const MainServices& services_;
+  const DialogServices& dialogs_;
+  PlanLooks& looks_;
+  std::weak_ptr<frmWhatIf> whatIf_;
+};
+
+}  // namespace tav
