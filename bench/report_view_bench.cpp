@@ -24,7 +24,7 @@ std::filesystem::path Trimix() { return SourceFolder() / "dives/trimix-100.tav";
 void FillInformationWindow(benchmark::State& state) {
   test::Dialogs dialogs;
   const std::int16_t dive = OpenProfile(dialogs.forms, Trimix()).front();
-  dialogs.platform.Activate(dive);
+  dialogs.forms.Activate(dive);
   frmGeneralInfo form(dialogs.Services(), {});
   const auto dialog = MakeDialog(form, nullptr);
   form.Load();

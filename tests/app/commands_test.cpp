@@ -31,8 +31,8 @@ TEST(GasMixer, OpensOnceFromTheMenuTheToolBarAndTheTemplateDialog) {
   p.Main().toolMixer.Press();
   p.platform.onModal.emplace_back([](Form& form) {
     auto& dialog = dynamic_cast<frmProperties&>(form);
-    dialog.FgGas.Select(1, 0);
-    dialog.Command1.Press();
+    dialog.gases.FgGas.Select(1, 0);
+    dialog.gases.Command1.Press();
   });
   p.Main().mnuTemplate.Choose();
   EXPECT_EQ(mixers().size(), 1U);
@@ -194,7 +194,7 @@ TEST(Commands, FollowEachChangeOnce) {
   const std::pair<const char*, std::function<void()>> changes[] = {
       {"waypoint", [&] { p.Editor().AddUserWaypoint(30, 20, 0); }},
       {"ascent", [&] { p.Main().mnuStartAscent.Choose(); }},
-      {"a key in a cell", [&] { pane.fgLegs.Type(1, frmPlanPane::kTimeColumn, "25"); }},
+      {"a key in a cell", [&] { pane.legs.fgLegs.Type(1, PlanPaneLegs::kTime, "25"); }},
       {"breathing mode", [&] { p.Main().mnuOC.Choose(); }},
       {"clear", [&] { p.Main().mnuclearallwaypoints.Choose(); }},
   };

@@ -47,10 +47,9 @@ TEST(SurfaceInterval, AddsBehindTheDiveThatItWasOpenedFor) {
   Dive(first);
   const std::int16_t second = d.forms.AddRepetitiveDive(first.Tag(), 60);
   Dive(d.forms(second));
-  d.platform.Services().documentWindows.OpenWindow(second);
   frmMultiLevel onSecond(d.Services());
   onSecond.Load();
-  d.platform.Activate(first.Tag());
+  d.forms.Activate(first.Tag());
   onSecond.Command2.Press();
   EXPECT_FALSE(onSecond.IsLoaded());
   EXPECT_EQ(first.NextProfile, second) << "no dive is cut off";

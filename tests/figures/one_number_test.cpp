@@ -70,8 +70,8 @@ class ToldDive {
     }
     EXPECT_THAT(terminal, HasSubstr(totals));
     EXPECT_THAT(terminal, HasSubstr(gases));
-    p_.platform.Activate(document_);
-    frmPlanPane& pane = p_.Main().PlanPane();
+    p_.Main().Activate(document_);
+    frmPlanPane& pane = p_.Main().Panes().PlanPane();
     EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(), HasSubstr(totals));
     EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(), HasSubstr(gases));
     // The stops that stand above the total add up to it.
