@@ -65,11 +65,7 @@ void PlanReports::ShowGeneralReport() const {
   constexpr int kRowsBetweenLooks = 100;
   std::string step;
   GeneralReport report(
-      services_.report, services_.forms(*active).EvaluatedWith(),
-      [&](const std::string& now) {
-        step = now;
-        wait->GoOn(step);
-      },
+      services_.report, services_.forms(*active).EvaluatedWith(), [&](const std::string& now) { step = now; },
       [&](int done, int of) {
         if (done % kRowsBetweenLooks != 0) return wait->IsLoaded();
         return wait->GoOn(step + "  " + std::to_string(done) + "/" + std::to_string(of));
