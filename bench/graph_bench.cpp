@@ -46,6 +46,11 @@ class ShownPlan {
     QMouseEvent event(type, at, grid_->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(grid_, &event);
   }
+  void Show(const GraphExtras& extras) {
+    PlanLook look;
+    look.extras = extras;
+    view_.Follow(look);
+  }
 
  private:
   test::Plans plans_;
@@ -67,7 +72,7 @@ void ReEvaluateAndRedraw(benchmark::State& state) {
 /// With the map of the tissues below the plot.
 void ReEvaluateAndRedrawTissues(benchmark::State& state) {
   ShownPlan plan;
-  plan.View().ShowExtras({true, true, true, true});
+  plan.Show({true, true, true, true});
   for (auto _ : state) {
     plan.Editor().ReEvaluateUserEnteredWaypoints();
     plan.View().Redraw();
@@ -78,7 +83,7 @@ void ReEvaluateAndRedrawTissues(benchmark::State& state) {
 /// The same plan once more, as after a scroll: nothing is worked out anew.
 void Redraw(benchmark::State& state) {
   ShownPlan plan;
-  plan.View().ShowExtras({true, true, true, state.range(0) != 0});
+  plan.Show({true, true, true, state.range(0) != 0});
   for (auto _ : state) {
     plan.View().Redraw();
     QCoreApplication::processEvents();

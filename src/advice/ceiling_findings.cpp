@@ -8,12 +8,10 @@
 #include "advice/plan_check.h"
 #include "engine/compartment_kernels.h"
 #include "engine/vpm.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kAboveCeiling = 7617;
-constexpr int kAboveCeilingOfGF = 8352;
 
 std::int16_t Next(std::int16_t n) { return static_cast<std::int16_t>(n + 1); }
 
@@ -92,9 +90,9 @@ class Ceilings {
         if (same) breach.crossing = std::max(breach.crossing, milder.crossing);
         return same;
       });
-      Tell(breach, Severity::Danger, kAboveCeiling);
+      Tell(breach, Severity::Danger, Text::LegAboveCeiling);
     }
-    for (const Breach& breach : ofFactors) Tell(breach, Severity::Caution, kAboveCeilingOfGF);
+    for (const Breach& breach : ofFactors) Tell(breach, Severity::Caution, Text::LegAboveCeilingOfGF);
   }
 
  private:

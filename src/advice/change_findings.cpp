@@ -4,17 +4,10 @@
 #include "advice/plan_check.h"
 #include "engine/breathing_gas.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kHidden = 7613;
-constexpr int kHiddenAtSameDepth = 7614;
-constexpr int kUnknown = 7615;
-constexpr int kTooDeep = 7616;
-constexpr int kAboveLastStop = 8357;
-constexpr int kBetweenStops = 8358;
-constexpr int kTooRich = 8359;
 
 const double kWithinRounding = RoundSingle(0.02, 2);
 
@@ -32,7 +25,7 @@ class ChangeList {
     for (const GasChange* change : entries_) {
       const auto mix = FindBlend(change->Name, settings_);
       if (!mix) {
-        Add(Rule::ChangeUnknown, *change, words_.T(kUnknown, {change->Name, words_.Depth(change->Depth)}));
+        Add(Rule::ChangeUnknown, *change, words_.T(Text::ChangeToUnknown, {change->Name, words_.Depth(change->Depth)}));
         continue;
       }
       if (!CheckHidden(*change)) CheckSkipped(*change);
@@ -51,7 +44,7 @@ class ChangeList {
     if (hider == self) return false;
     const GasChange& other = **hider;
     Add(Rule::ChangeHidden, change,
-        words_.T(other.Depth == change.Depth ? kHiddenAtSameDepth : kHidden,
+        words_.T(other.Depth == change.Depth ? Text::ChangeHiddenAtDepth : Text::ChangeHidden,
                  {change.Name, words_.Depth(change.Depth), other.Name, words_.Depth(other.Depth), MendingOrder()}));
     return true;
   }
@@ -70,7 +63,7 @@ class ChangeList {
     if (next <= change.Depth) return;
     const bool aboveLast = change.Depth < settings_.LastStop && taken < settings_.LastStop;
     Add(Rule::ChangeSkipped, change,
-        words_.T(aboveLast ? kAboveLastStop : kBetweenStops,
+        words_.T(aboveLast ? Text::ChangeAboveLastStop : Text::ChangeBetweenStops,
                  {change.Name, words_.Depth(change.Depth), words_.Depth(next)}));
   }
 
@@ -112,7 +105,7 @@ class ChangeList {
     // Above the last stop it would never be taken.
     const bool somewhere = deepest > 0 && deepest >= settings_.LastStop;
     Add(Rule::ChangeHyperoxic, change,
-        words_.T(somewhere ? kTooDeep : kTooRich,
+        words_.T(somewhere ? Text::ChangeTooDeep : Text::ChangeTooRich,
                  {change.Name, words_.Depth(change.Depth), words_.PPO2(ppo2), words_.Fixed(excess, 2),
                   words_.Fixed(settings_.DecoPPO2, 2), words_.Depth(deepest)}));
   }

@@ -1,15 +1,10 @@
 #include "advice/passing.h"
 #include "advice/plan_check.h"
 #include "engine/oxygen_dose.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kCNSHigh = 7621;
-constexpr int kCNSBeyond = 7622;
-constexpr int kOTU = 7623;
-constexpr int kCNSCarried = 8350;
-constexpr int kOTUCarried = 8351;
 
 /// One kind of dose over a dive.
 struct Dose {
@@ -106,13 +101,13 @@ void CheckDoses(const Context& context) {
   constexpr double kOTUADay = 300;
   const Doses cns(context, kCNS);
   if (cns.AtEnd() >= kCNSLimit) {
-    Check(context, Rule::CNS, Severity::Danger, cns, kCNSLimit, kPercent, {kCNSBeyond, kCNSCarried});
+    Check(context, Rule::CNS, Severity::Danger, cns, kCNSLimit, kPercent, {Text::CNSBeyond, Text::CNSCarried});
   } else if (cns.AtEnd() >= kCNSMargin) {
-    Check(context, Rule::CNS, Severity::Caution, cns, kCNSMargin, kPercent, {kCNSHigh, kCNSCarried});
+    Check(context, Rule::CNS, Severity::Caution, cns, kCNSMargin, kPercent, {Text::CNSHigh, Text::CNSCarried});
   }
   const Doses otu(context, kOTUs);
   if (otu.AtEnd() >= kOTUADay) {
-    Check(context, Rule::OTU, Severity::Caution, otu, kOTUADay, 1, {kOTU, kOTUCarried});
+    Check(context, Rule::OTU, Severity::Caution, otu, kOTUADay, 1, {Text::OTUHigh, Text::OTUCarried});
   }
 }
 

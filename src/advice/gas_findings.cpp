@@ -5,16 +5,10 @@
 #include "advice/plan_check.h"
 #include "advice/stretches.h"
 #include "engine/breathing_gas.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kNarcoticHelium = 7608;
-constexpr int kNarcoticNitrogen = 7609;
-constexpr int kDense = 7610;
-constexpr int kDenseLoop = 7611;
-constexpr int kCounterDiffusion = 7612;
-constexpr int kCounterDiffusionAlways = 8356;
 
 /// The least whole per cent of helium with which the END keeps to its limit at a depth; where nitrogen alone is
 /// narcotic, the most of it. As the engine reckons the END.
@@ -47,7 +41,7 @@ void CheckNarcotic(const Context& context) {
     const double depth = ofPlan ? AdjustedDepth(stretch.peak.depth, t) : stretch.peak.depth;
     context.findings.push_back(
         {Rule::Narcotic, Severity::Caution, stretch.first, stretch.last,
-         words.T(t.O2Narcotic ? kNarcoticHelium : kNarcoticNitrogen,
+         words.T(t.O2Narcotic ? Text::NarcoticForHelium : Text::NarcoticForNitrogen,
                  {worst.end->GasMixName, words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
                   words.Depth(stretch.peak.value), words.Depth(stretch.peak.excess), words.Depth(t.MaximalEND),
                   words.Fixed(MildestShare(depth, t), 0)})});
@@ -86,7 +80,7 @@ void CheckDensity(const Context& context) {
     const BreathedSegment& worst = *stretch.worst;
     context.findings.push_back(
         {Rule::Density, danger ? Severity::Danger : Severity::Caution, stretch.first, stretch.last,
-         words.T(worst.openCircuit ? kDense : kDenseLoop,
+         words.T(worst.openCircuit ? Text::Dense : Text::DenseLoop,
                  {worst.end->GasMixName, words.Depth(peak.depth), words.Short(peak.time), words.Fixed(peak.value, 2),
                   words.Fixed(danger ? kDensityHighest : kDensityRecommended, 1),
                   words.Depth(DepthOfDensity(worst, peak.depth, t)), words.Fixed(kDensityRecommended, 1)})});
@@ -134,7 +128,7 @@ void CheckCounterDiffusion(const Context& context) {
     const std::optional<int> most = MostNitrogen(from, now);
     context.findings.push_back(
         {Rule::CounterDiffusion, Severity::Note, now.row, now.row,
-         words.T(most ? kCounterDiffusion : kCounterDiffusionAlways,
+         words.T(most ? Text::CounterDiffusion : Text::CounterDiffusionAlways,
                  {before.end->GasMixName, now.end->GasMixName, words.Depth(now.from), words.Short(now.startTime),
                   words.Fixed(helium * 100, 0), words.Fixed(nitrogen * 100, 0), std::to_string(most.value_or(0)),
                   words.Short(now.end->GasMixO2)})});

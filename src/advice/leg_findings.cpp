@@ -2,15 +2,10 @@
 
 #include "advice/plan_check.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kDoesNotDecompress = 7618;
-constexpr int kLengthened = 7619;
-constexpr int kAtSurface = 7620;
-constexpr int kLastStopTooDeep = 8353;
-constexpr int kTwoPressures = 8355;
 
 void CheckLength(const Context& context, int leg, std::int16_t first, std::int16_t last, Single asked) {
   constexpr double kShown = 0.05;  // half of what minutes are shown to
@@ -23,8 +18,8 @@ void CheckLength(const Context& context, int leg, std::int16_t first, std::int16
   }
   if (!(move - asked > kShown)) return;
   context.findings.push_back({Rule::LegLengthened, Severity::Note, first, last,
-                              words.T(kLengthened, {std::to_string(leg), words.Depth(dive.rows.getDepth(last)),
-                                                    words.Short(move), words.Short(asked)})});
+                              words.T(Text::LegLengthened, {std::to_string(leg), words.Depth(dive.rows.getDepth(last)),
+                                                            words.Short(move), words.Short(asked)})});
 }
 
 void CheckEachLeg(const Context& context) {
@@ -41,7 +36,7 @@ void CheckEachLeg(const Context& context) {
     if (actions.getDepth(n) != 0) continue;
     const AdviceWords& words = context.words;
     context.findings.push_back({Rule::LegAtSurface, Severity::Note, first, last,
-                                words.T(kAtSurface, {std::to_string(leg), words.Short(actions.gettime(n))})});
+                                words.T(Text::LegAtSurface, {std::to_string(leg), words.Short(actions.gettime(n))})});
   }
 }
 
@@ -60,7 +55,7 @@ void CheckDecompression(const Context& context) {
       depth == rows.getDepth(context.dive.lastUserRow) && depth <= settings.LastStop && depth > settings.StepSize;
   const AdviceWords& words = context.words;
   context.findings.push_back({Rule::DoesNotDecompress, Severity::Danger, stop, stop,
-                              words.T(atBottom ? kLastStopTooDeep : kDoesNotDecompress,
+                              words.T(atBottom ? Text::LastStopTooDeep : Text::StopNeverClears,
                                       {words.Depth(depth), rows.GetGasMixName(stop), words.Depth(settings.LastStop),
                                        words.Depth(settings.StepSize)})});
 }
@@ -75,7 +70,7 @@ void CheckPressures(const Context& context) {
   const AdviceWords& words = context.words;
   const auto told = [&](double pressure) { return words.Fixed(pressure, kShown) + " " + words.PressureUnit(); };
   context.findings.push_back(
-      {Rule::TwoPressures, Severity::Note, 0, 0, words.T(kTwoPressures, {told(start), told(end)})});
+      {Rule::TwoPressures, Severity::Note, 0, 0, words.T(Text::TwoPressures, {told(start), told(end)})});
 }
 
 }  // namespace

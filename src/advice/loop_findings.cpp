@@ -1,17 +1,13 @@
 #include "advice/plan_check.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
 
-constexpr int kIntervalOnLoop = 8301;
-constexpr int kOxygen = 8302;
-constexpr int kChangesDiluent = 8303;
-constexpr int kChangeAt = 8304;
-
 /// What a loop at the surface comes to: "oxygen", "EAN69".
 std::string BreathedAtSurface(const DiveTemplate& settings, const AdviceWords& words) {
   const double share = settings.Setpoint / settings.StartPressure * 100;
-  return share >= 99.5 ? words.T(kOxygen) : "EAN" + words.Fixed(share, 0);
+  return share >= 99.5 ? words.T(Text::OxygenOnLoop) : "EAN" + words.Fixed(share, 0);
 }
 
 /// On the loop a surface interval empties the tissues as a setpoint's oxygen does, and nobody spends it so.
@@ -23,7 +19,7 @@ void CheckInterval(const Context& context) {
   const AdviceWords& words = context.words;
   context.findings.push_back(
       {Rule::IntervalOnLoop, Severity::Danger, 0, 0,
-       words.T(kIntervalOnLoop, {words.Short(dive.surfaceInterval), BreathedAtSurface(settings, words)})});
+       words.T(Text::IntervalOnLoop, {words.Short(dive.surfaceInterval), BreathedAtSurface(settings, words)})});
 }
 
 /// The gases of the change list are mostly those of the bail-out. A loop that takes them in turn as diluents is
@@ -40,10 +36,11 @@ void CheckDiluent(const Context& context) {
     if (segment.row <= dive.lastUserRow || segment.openCircuit || gas == dive.Before(segment.row).GasMixName) continue;
     if (first == 0) first = segment.row;
     last = segment.row;
-    changes += (changes.empty() ? "" : ", ") + words.T(kChangeAt, {gas, words.Depth(segment.from)});
+    changes += (changes.empty() ? "" : ", ") + words.T(Text::LoopChangeAt, {gas, words.Depth(segment.from)});
   }
   if (first == 0) return;
-  context.findings.push_back({Rule::LoopChanges, Severity::Note, first, last, words.T(kChangesDiluent, {changes})});
+  context.findings.push_back(
+      {Rule::LoopChanges, Severity::Note, first, last, words.T(Text::LoopChangesDiluent, {changes})});
 }
 
 }  // namespace

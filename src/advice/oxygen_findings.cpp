@@ -5,18 +5,10 @@
 #include "advice/stretches.h"
 #include "engine/breathing_gas.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kHypoxic = 7601;
-constexpr int kHypoxicLoop = 7602;
-constexpr int kHyperoxic = 7603;
-constexpr int kHyperoxicLoop = 7604;
-constexpr int kNeverBreathe = 7605;
-constexpr int kSetpointTooHigh = 7606;
-constexpr int kSetpointTooLow = 7607;
-constexpr int kNoOxygen = 7624;
 
 double Rounded(double ppo2) { return RoundSingle(ppo2, 2); }
 
@@ -44,14 +36,15 @@ void CheckHypoxic(const Context& context) {
     const BreathedSegment& worst = *stretch.worst;
     std::string text;
     if (worst.openCircuit && worst.end->GasMixO2 == 0) {
-      text = words.T(kNoOxygen, {worst.end->GasMixName});
+      text = words.T(Text::GasWithoutOxygen, {worst.end->GasMixName});
     } else if (worst.openCircuit) {
       const double enough = std::ceil(DepthOf(limit, worst));
-      text = words.T(kHypoxic, {worst.end->GasMixName, words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
-                                words.PPO2(stretch.peak.value), words.Fixed(limit, 2), words.Depth(enough)});
+      text = words.T(Text::Hypoxic,
+                     {worst.end->GasMixName, words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                      words.PPO2(stretch.peak.value), words.Fixed(limit, 2), words.Depth(enough)});
     } else {
-      text = words.T(kHypoxicLoop, {words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
-                                    words.PPO2(stretch.peak.value), words.Fixed(limit, 2)});
+      text = words.T(Text::HypoxicLoop, {words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
+                                         words.PPO2(stretch.peak.value), words.Fixed(limit, 2)});
     }
     context.findings.push_back({Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text)});
   }
@@ -92,11 +85,11 @@ void CheckHyperoxic(const Context& context) {
     const double deepest = DeepestWithin(limit, worst, context.dive);
     std::string text;
     if (!worst.openCircuit) {
-      text = words.T(kHyperoxicLoop, {where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
-                                      words.Fixed(limit, 2), worst.end->GasMixName});
+      text = words.T(Text::HyperoxicLoop, {where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
+                                           words.Fixed(limit, 2), worst.end->GasMixName});
     } else {
       const bool somewhere = deepest > 0;
-      text = words.T(somewhere ? kHyperoxic : kNeverBreathe,
+      text = words.T(somewhere ? Text::Hyperoxic : Text::HyperoxicEverywhere,
                      {worst.end->GasMixName, where, words.Short(peak.time), value, words.Fixed(peak.excess, 2),
                       words.Fixed(limit, 2), words.Depth(deepest)});
     }
@@ -131,8 +124,8 @@ void CheckSetpoint(const Context& context) {
          words.T(text, {words.Fixed(setpoint, 2), words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
                         words.PPO2(stretch.peak.value), worst.end->GasMixName, words.Depth(deepest)})});
   };
-  for (const Stretch& stretch : Stretches(context.segments, tooHigh)) add(stretch, kSetpointTooHigh);
-  for (const Stretch& stretch : Stretches(context.segments, tooLow)) add(stretch, kSetpointTooLow);
+  for (const Stretch& stretch : Stretches(context.segments, tooHigh)) add(stretch, Text::SetpointTooHigh);
+  for (const Stretch& stretch : Stretches(context.segments, tooLow)) add(stretch, Text::SetpointTooLow);
 }
 
 }  // namespace

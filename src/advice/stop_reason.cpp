@@ -6,13 +6,10 @@
 #include "engine/vpm.h"
 #include "engine/zhl16.h"
 #include "figures/model_name.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kReason = 7625;
-constexpr int kReasonWithGF = 7626;
-constexpr int kTheSurface = 7627;
 
 Single NextStop(const ClassProfile& rows, std::int16_t stop) {
   for (auto i = static_cast<std::int16_t>(stop + 1); i <= rows.GetLength(); ++i) {
@@ -57,10 +54,10 @@ std::string ModelOf(const StopReason& reason) { return ModelName({reason.bubbles
 
 std::string TextOf(const StopReason& reason, const AdviceWords& words) {
   const bool withGF = !reason.bubbles && reason.GF != 1.0;
-  return words.T(withGF ? kReasonWithGF : kReason,
+  return words.T(withGF ? Text::StopReasonOfGF : Text::StopReason,
                  {std::to_string(reason.compartment), words.Short(reason.halfTimeN2), words.Short(reason.halfTimeHe),
                   words.Fixed(reason.load, 3), words.Fixed(reason.tolerated, 3) + " " + words.PressureUnit(),
-                  reason.nextStop == 0 ? words.T(kTheSurface) : words.Depth(reason.nextStop), ModelOf(reason),
+                  reason.nextStop == 0 ? words.T(Text::TheSurface) : words.Depth(reason.nextStop), ModelOf(reason),
                   words.Fixed(reason.GF * 100, 0)});
 }
 

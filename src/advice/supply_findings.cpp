@@ -4,17 +4,10 @@
 #include "advice/passing.h"
 #include "advice/plan_check.h"
 #include "engine/breathing_gas.h"
+#include "model/text_id.h"
 
 namespace tav::plan_check {
 namespace {
-
-constexpr int kRunsOut = 7630;
-constexpr int kIntoReserve = 7631;
-constexpr int kNoCylinder = 7632;
-constexpr int kBelowMinimum = 7633;
-constexpr int kNoWayUp = 7634;
-constexpr int kAllGone = 8360;
-constexpr int kTurnPassed = 8361;
 
 class SupplyCheck {
  public:
@@ -37,15 +30,15 @@ class SupplyCheck {
     const double left = store.ShownLeft(supply_.metric);
     if (store.verdict == GasVerdict::RunsOut) {
       const Passing at = PassingOf(store.gas, store.carried);
-      add(words_.T(kRunsOut, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(store.used),
-                              words_.Volume(store.carried), words_.Volume(-left)}));
+      add(words_.T(Text::GasRunsOut, {store.gas, words_.Depth(at.depth), words_.Short(at.time),
+                                      words_.Volume(store.used), words_.Volume(store.carried), words_.Volume(-left)}));
     } else if (store.verdict == GasVerdict::IntoReserve) {
       const Passing at = PassingOf(store.gas, store.carried - store.reserve);
-      add(words_.T(kIntoReserve, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(left),
-                                  words_.Volume(store.reserve), words_.Volume(Shown(store.reserve) - left)}));
+      add(words_.T(Text::GasIntoReserve, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(left),
+                                          words_.Volume(store.reserve), words_.Volume(Shown(store.reserve) - left)}));
     } else if (store.verdict == GasVerdict::NoCylinder) {
       const Waypoint& before = context_.dive.Before(store.firstRow);
-      add(words_.T(kNoCylinder,
+      add(words_.T(Text::GasWithoutCylinder,
                    {store.gas, words_.Depth(before.Depth), words_.Short(before.RunTime), words_.Volume(store.used)}));
     }
   }
@@ -85,12 +78,13 @@ class SupplyCheck {
     const std::string time = words_.Short(leg.runTime);
     std::string text;
     if (!leg.decompresses) {
-      text = words_.T(kNoWayUp, {leg.gas, number, depth, time});
+      text = words_.T(Text::LegNoWayUp, {leg.gas, number, depth, time});
     } else {
       const double left = supply_.ShownLeft(leg);
       const double minimum = leg.ShownMinimum(supply_.metric);
-      text = words_.T(left < 0 ? kAllGone : kBelowMinimum, {leg.gas, number, depth, time, words_.Volume(std::abs(left)),
-                                                            words_.Volume(minimum), words_.Volume(minimum - left)});
+      text = words_.T(left < 0 ? Text::LegGasGone : Text::LegBelowMinimum,
+                      {leg.gas, number, depth, time, words_.Volume(std::abs(left)), words_.Volume(minimum),
+                       words_.Volume(minimum - left)});
     }
     context_.findings.push_back({Rule::GasShort, Severity::Danger, leg.row, leg.row, std::move(text)});
   }
@@ -107,7 +101,7 @@ class SupplyCheck {
     const Passing at = PassingOf(store.gas, store.carried - turn * store.perPressure);
     context_.findings.push_back(
         {Rule::TurnPassed, Severity::Caution, RowAt(at.time), leg.row,
-         words_.T(kTurnPassed,
+         words_.T(Text::TurnPassed,
                   {store.gas, words_.Gauge(turn, store.gaugeInBar), words_.Short(at.time), std::to_string(leg.leg),
                    words_.Short(leg.runTime), words_.GaugeDown(*store.Pressure(leg.left), store.gaugeInBar)})});
   }

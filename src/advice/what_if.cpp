@@ -4,6 +4,7 @@
 
 #include "compute/bailout_cuts.h"
 #include "figures/dive_figures.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -11,8 +12,6 @@ namespace {
 using Kind = WhatIfColumn::Kind;
 
 constexpr double kNoise = 1e-3;  // litres or cubic feet, far below what is shown
-constexpr int kNoLegs = 7886;
-constexpr int kNeverUnderWater = 7758;
 
 /// How much a bail-out asks for; the more, the worse.
 struct Demand {
@@ -112,7 +111,7 @@ WhatIf::WhatIf(const PlannedDive& dive, const ModelChoice& model)
     if (actions.getaction(i) != ClassUseractions::kLeg) continue;
     if (deepest_ == 0 || actions.getDepth(i) >= actions.getDepth(deepest_)) deepest_ = i;
   }
-  if (fault_.IsEmpty() && deepest_ == 0) fault_ = kNoLegs;
+  if (fault_.IsEmpty() && deepest_ == 0) fault_ = Text::NoLegs;
   if (!fault_.IsEmpty()) return;
   addsAscent_ = dive.plan.state != EditState::Ascent;
   if (addsAscent_) {
@@ -171,7 +170,7 @@ WhatIfColumn WhatIf::BailOut(const ComputedPlan& planned) const {
   } catch (const MessageError& error) {
     worst.fault = error.Reason();
   }
-  if (worst.fault.IsEmpty() && worst.rows.GetLength() == 0) worst.fault = kNeverUnderWater;
+  if (worst.fault.IsEmpty() && worst.rows.GetLength() == 0) worst.fault = Text::NeverUnderWater;
   worst.gas = GasNeeds(worst.rows, plan_.Template);
   return worst;
 }

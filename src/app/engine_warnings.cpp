@@ -1,13 +1,8 @@
 #include "app/engine_warnings.h"
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kDoesNotDecompress = 7020;
-constexpr int kDepth = 7028;
-constexpr int kGas = 7030;
-
-}  // namespace
 
 void EngineWarnings::Warn(const LimitWarning& warning, const Words& words) {
   Show({warning.document, words.title},
@@ -27,32 +22,37 @@ void EngineWarnings::Show(const Subject& subject, const std::string& text, const
   }
   // The dives of a command are no plans that could be remembered; nothing is told twice all the same.
   if (silenced_.contains(subject.kind) || !told_.insert(text).second) return;
-  constexpr int kSilence = 7329;
-  BoxCheck silence{texts_.GetResString(kSilence)};
+  BoxCheck silence{texts_.GetResString(Text::WarnNoMore)};
   boxes_.ShowWithCheck(text, title, BoxIcon::Exclamation, BoxButtons::OK, silence);
   if (silence.ticked) silenced_.insert(subject.kind);
 }
 
 std::string EngineWarnings::Place(Single depth, const std::string& gas, bool metric) const {
-  return texts_.GetResString(kDepth) + ": " + Fixed(depth, 1) + (metric ? " m" : " ft") + ", " +
-         texts_.GetResString(kGas) + ": " + gas;
+  return texts_.GetResString(Text::Depth) + ": " + Fixed(depth, 1) + (metric ? " m" : " ft") + ", " +
+         texts_.GetResString(Text::Gas) + ": " + gas;
 }
 
 void EngineWarnings::WarnEND(const LimitWarning& warning) {
-  Warn(warning, warning.metric ? Words{2400, 2401, 2402, 0, 6160} : Words{2400, 2403, 2404, 0, 6160});
+  Warn(warning, warning.metric
+                    ? Words{Text::WarningEND, Text::WarningDeeperMetres, Text::WarningMetres, 0, Text::ENDTooDeep}
+                    : Words{Text::WarningEND, Text::WarningDeeperFeet, Text::WarningFeet, 0, Text::ENDTooDeep});
 }
 
 void EngineWarnings::WarnPPO2High(const LimitWarning& warning) {
-  Warn(warning, warning.metric ? Words{2406, 2407, 2408, 2, 6161} : Words{2406, 2409, 2412, 2, 6161});
+  Warn(warning, warning.metric
+                    ? Words{Text::WarningPPO2, Text::WarningAboveBar, Text::WarningBar, 2, Text::PPO2TooHigh}
+                    : Words{Text::WarningPPO2, Text::WarningAboveAta, Text::WarningAta, 2, Text::PPO2TooHigh});
 }
 
 void EngineWarnings::WarnPPO2Low(const LimitWarning& warning) {
-  Warn(warning, warning.metric ? Words{2406, 2410, 2408, 2, 6162} : Words{2406, 2411, 2412, 2, 6162});
+  Warn(warning, warning.metric
+                    ? Words{Text::WarningPPO2, Text::WarningBelowBar, Text::WarningBar, 2, Text::PPO2TooLow}
+                    : Words{Text::WarningPPO2, Text::WarningBelowAta, Text::WarningAta, 2, Text::PPO2TooLow});
 }
 
 void EngineWarnings::StopHitLimit(const StopLimit& stop) {
-  Show({stop.document, kDoesNotDecompress},
-       texts_.GetResString(kDoesNotDecompress) + "\r\n" + texts_.GetResString(stop.reason) + "\r\n" +
+  Show({stop.document, Text::DoesNotDecompress},
+       texts_.GetResString(Text::DoesNotDecompress) + "\r\n" + texts_.GetResString(stop.reason) + "\r\n" +
            Place(stop.depth, stop.gas, stop.metric),
        "");
 }

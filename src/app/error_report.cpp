@@ -3,14 +3,9 @@
 #include <exception>
 #include <system_error>
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kTitle = 7771;
-constexpr int kReport = 7772;
-constexpr int kUnknown = 7773;
-
-}  // namespace
 
 RunTimeError CurrentError(const std::string& source, const TextSource& texts) {
   constexpr int kUnnumbered = 1;
@@ -21,7 +16,7 @@ RunTimeError CurrentError(const std::string& source, const TextSource& texts) {
   } catch (const std::exception& error) {
     return {kUnnumbered, source, texts.Words(error)};
   } catch (...) {
-    return {kUnnumbered, source, texts.GetResString(kUnknown)};
+    return {kUnnumbered, source, texts.GetResString(Text::ErrorUnknown)};
   }
 }
 
@@ -29,8 +24,8 @@ void ReportRunTimeError(const RunTimeError& error, MessageBoxes& boxes, const Te
   if (error.number == 0) return;
   // Where a number can have a sign, a blank stands in its place.
   const std::string number = (error.number >= 0 ? " " : "") + std::to_string(error.number);
-  boxes.Show(texts.Filled(kReport, {number, error.source, error.description}), texts.GetResString(kTitle),
-             BoxIcon::None, BoxButtons::OK);
+  boxes.Show(texts.Filled(Text::ErrorReport, {number, error.source, error.description}),
+             texts.GetResString(Text::ErrorTitle), BoxIcon::None, BoxButtons::OK);
 }
 
 }  // namespace tav

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "controls/localize_form.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -30,15 +31,15 @@ frmAbout::frmAbout(const TextSource& texts, std::function<void()> showProgramPag
 
 void frmAbout::Form_Load() {
   LocalizeForm(*this, texts_);
-  Caption = texts_.GetResString(7016);
+  Caption = texts_.GetResString(Text::AboutTitle);
   Picture1.Image = "tav";
   lbTitle.Caption = "TAV";
   lbTitle.Bold = true;
-  lbVersion.Caption = texts_.GetResString(7019) + " " + ProgramVersion();
-  lbDescription.Caption = texts_.GetResString(7024);
-  lbDisclaimer.Caption = texts_.GetResString(7036);
-  cbPage.Caption = texts_.GetResString(7015);
-  cbOK.Caption = texts_.GetResString(1210);
+  lbVersion.Caption = texts_.GetResString(Text::AboutVersion) + " " + ProgramVersion();
+  lbDescription.Caption = texts_.GetResString(Text::AboutProgram);
+  lbDisclaimer.Caption = texts_.GetResString(Text::AboutRisk);
+  cbPage.Caption = texts_.GetResString(Text::Help);
+  cbOK.Caption = texts_.GetResString(Text::OK);
 }
 
 frmContributers::frmContributers(const TextSource& texts) : Form("frmContributers"), texts_(texts) {
@@ -49,9 +50,9 @@ frmContributers::frmContributers(const TextSource& texts) : Form("frmContributer
 
 void frmContributers::Form_Load() {
   LocalizeForm(*this, texts_);
-  Caption = texts_.GetResString(7017);
-  lbNames.Caption = texts_.GetResString(7037);
-  cbOK.Caption = texts_.GetResString(1210);
+  Caption = texts_.GetResString(Text::ContributorsTitle);
+  lbNames.Caption = texts_.GetResString(Text::ContributorsNames);
+  cbOK.Caption = texts_.GetResString(Text::OK);
 }
 
 frmSystemInformation::frmSystemInformation(Platform platform, const TextSource& texts, std::string information)
@@ -67,10 +68,10 @@ frmSystemInformation::frmSystemInformation(Platform platform, const TextSource& 
 
 void frmSystemInformation::Form_Load() {
   LocalizeForm(*this, texts_);
-  Caption = texts_.GetResString(7018);
+  Caption = texts_.GetResString(Text::SystemTitle);
   tvInformation.Text = information_;
-  cbCopy.Caption = texts_.GetResString(7033);
-  cbOK.Caption = texts_.GetResString(1210);
+  cbCopy.Caption = texts_.GetResString(Text::SystemCopy);
+  cbOK.Caption = texts_.GetResString(Text::OK);
 }
 
 }  // namespace tav

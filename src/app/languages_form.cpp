@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "controls/localize_form.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 #include "start/language_table.h"
 #include "start/user_texts.h"
@@ -21,11 +22,11 @@ frmLanguages::frmLanguages(Platform platform, const TextSource& texts, std::file
 
 void frmLanguages::Form_Load() {
   LocalizeForm(*this, texts_);
-  Caption = texts_.GetResString(1038);
-  Command1.Caption = texts_.GetResString(1210);
-  Command2.Caption = texts_.GetResString(1215);
-  Frame1.Caption = texts_.GetResString(6172);
-  Label1.Caption = texts_.GetResString(6173);
+  Caption = texts_.GetResString(Text::Language);
+  Command1.Caption = texts_.GetResString(Text::OK);
+  Command2.Caption = texts_.GetResString(Text::Cancel);
+  Frame1.Caption = texts_.GetResString(Text::LanguagesChoice);
+  Label1.Caption = texts_.GetResString(Text::LanguagesRestart);
 
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error)) {
@@ -36,14 +37,13 @@ void frmLanguages::Form_Load() {
 
   std::string current = platform_.settings.ReadSetting("", "Language");
   if (current.empty()) current = TableOfLocale(folder_.parent_path(), platform_.environment.Locale());
-  constexpr int kNotFound = 7776;
   std::vector<std::string> names;
   std::erase_if(files_, [&](const std::string& file) {
     try {
-      names.push_back(LanguageTable::Read(folder_ / file).GetResString(LanguageTable::kLanguageName));
+      names.push_back(LanguageTable::Read(folder_ / file).GetResString(Text::LanguageName));
       return false;
     } catch (const FileError& fault) {
-      platform_.boxes.Show(texts_.Filled(kNotFound, {(folder_ / file).string(), texts_.Words(fault)}), "",
+      platform_.boxes.Show(texts_.Filled(Text::LanguageNotFound, {(folder_ / file).string(), texts_.Words(fault)}), "",
                            BoxIcon::None, BoxButtons::OK);
       return true;
     }

@@ -3,13 +3,9 @@
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "app/main_form.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-constexpr int kNoHelpFile = 1065;
-
-}  // namespace
 
 void frmMain::Wire() {
   WireFiles();
@@ -138,7 +134,7 @@ void frmMain::WireHelp() {
 
 void frmMain::ShowHelp(HelpViewer::Page page) {
   if (services_.language.helpFile.empty()) {
-    services_.platform.boxes.Show(services_.T(kNoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
+    services_.platform.boxes.Show(services_.T(Text::NoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
     return;
   }
   try {

@@ -4,14 +4,11 @@
 
 #include "controls/localize_form.h"
 #include "exchange/import.h"
+#include "model/text_id.h"
 #include "persist/template_file.h"
 
 namespace tav {
 namespace {
-
-constexpr int kIdle = 5005;
-constexpr int kOpenCircuit = 1107;
-constexpr int kConstPPO = 1108;
 
 void Enable(std::initializer_list<Control*> commands, bool enabled) {
   for (Control* command : commands) command->Enabled = enabled;
@@ -62,7 +59,7 @@ DialogServices frmMain::MakeDialogs() {
 void frmMain::Form_Load() {
   LocalizeForm(*this, services_.texts);
   Caption = "TAV";
-  sbStatusBar.Caption = services_.T(kIdle);
+  sbStatusBar.Caption = services_.T(Text::Ready);
   switches_.Load();
   panes_.Restore();
   LoadNewDoc();
@@ -91,9 +88,9 @@ void frmMain::LoadNewDoc() { services_.history.MarkSaved(services_.forms.LoadNew
 
 void frmMain::SetBreathingMode(bool openCircuit, bool apply) {
   toolOpenCircuit.Image = openCircuit ? "opencircuit" : "constppo2";
-  toolOpenCircuit.ToolTipText = services_.T(openCircuit ? kOpenCircuit : kConstPPO);
+  toolOpenCircuit.ToolTipText = services_.T(openCircuit ? Text::OpenCircuit : Text::ConstantPPO2);
   // The menu names the mode that a click would give.
-  mnuOC.Caption = services_.T(openCircuit ? kConstPPO : kOpenCircuit);
+  mnuOC.Caption = services_.T(openCircuit ? Text::ConstantPPO2 : Text::OpenCircuit);
   OpenCircuitMode = openCircuit;
   if (apply) ApplyToProfile();
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
 
@@ -76,9 +78,8 @@ void MainPanes::Follow() {
 }
 
 void MainPanes::ShowRefusal(std::int16_t document) {
-  constexpr int kAsBefore = 8002;
   const bool refused = !planPane_.Refusal(document).empty();
-  looks_.ShowAsBefore(document, refused ? services_.T(kAsBefore) : "");
+  looks_.ShowAsBefore(document, refused ? services_.T(Text::AsBefore) : "");
   // A plan that holds has been checked when it was computed.
   if (refused || checkPane_.CountNow().marks.empty()) {
     checkPane_.Check(services_.Active());

@@ -1,5 +1,7 @@
 #include "app/main_services.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 
 std::vector<std::int16_t> MainServices::OpenDocuments() const {
@@ -12,9 +14,8 @@ std::vector<std::int16_t> MainServices::OpenDocuments() const {
 }
 
 void MainServices::TellNotes(const std::filesystem::path& file, const SaveNotes& notes) const {
-  constexpr int kSavedBut = 8066;
   if (notes.empty()) return;
-  std::string told = texts.Filled(kSavedBut, {file.string()}) + "\r\n";
+  std::string told = texts.Filled(Text::SavedBut, {file.string()}) + "\r\n";
   for (const Message& note : notes) told += "\r\n" + texts.Words(note);
   Tell(told, BoxIcon::Information);
 }

@@ -1,16 +1,8 @@
 #include "app/plan_closing.h"
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kClosedWithout = 8004;
-constexpr int kCloseLaterDive = 8050;
-constexpr int kCloseLaterDiveTitle = 8051;
-constexpr int kTakeOut = 8052;
-constexpr int kCloseSeries = 8053;
-constexpr int kStay = 8054;
-
-}  // namespace
 
 bool PlanClosing::Close(std::int16_t document) {
   frmWaypointEditor& editor = services_.forms(document);
@@ -25,7 +17,7 @@ bool PlanClosing::Close(std::int16_t document) {
 
 std::string PlanClosing::LostCells(std::int16_t document) {
   const std::string cells = panes_.MarkedCells(document);
-  return cells.empty() ? "" : services_.T(kClosedWithout) + "\r\n" + cells;
+  return cells.empty() ? "" : services_.T(Text::ClosedWithoutEntry) + "\r\n" + cells;
 }
 
 bool PlanClosing::CloseLaterDive(std::int16_t document) {
@@ -34,12 +26,12 @@ bool PlanClosing::CloseLaterDive(std::int16_t document) {
   const std::string lost = LostCells(document);
   const std::string question =
       (lost.empty() ? "" : lost + "\r\n\r\n") +
-      services_.texts.Filled(kCloseLaterDive,
+      services_.texts.Filled(Text::CloseDiveQuestion,
                              {services_.Document(document).ProfileName, std::to_string(editor.DiveNumber),
                               std::to_string(services_.forms(before).DiveNumber)});
-  const BoxAnswer answer =
-      services_.platform.boxes.ShowWithChoices(question, services_.T(kCloseLaterDiveTitle), BoxIcon::Question,
-                                               {services_.T(kTakeOut), services_.T(kCloseSeries), services_.T(kStay)});
+  const BoxAnswer answer = services_.platform.boxes.ShowWithChoices(
+      question, services_.T(Text::CloseDiveTitle), BoxIcon::Question,
+      {services_.T(Text::CloseTakeOut), services_.T(Text::CloseSeries), services_.T(Text::CloseStay)});
   if (answer == BoxAnswer::No) return Close(editor.getFirstProfile());
   if (answer != BoxAnswer::Yes) return false;
   services_.history.TakeOut(document);

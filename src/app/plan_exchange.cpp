@@ -4,6 +4,7 @@
 
 #include "exchange/import.h"
 #include "exchange/uddf_export.h"
+#include "model/text_id.h"
 #include "plans/profile_commands.h"
 #include "platform/used_folder.h"
 
@@ -12,20 +13,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kImportTitle = 7802;
-constexpr int kExportTitle = 7803;
-constexpr int kImportFilter = 7804;
-constexpr int kExportFilter = 7805;
-constexpr int kImportRemarks = 7806;
-constexpr int kNotOpened = 7022;
-constexpr int kNotSaved = 7023;
 constexpr const char* kExchangeFolder = "ExchangeFolder";
 
 }  // namespace
 
 void PlanExchange::ImportChosen() const {
-  const fs::path file = services_.platform.files.Open({services_.T(kImportTitle),
-                                                       services_.T(kImportFilter),
+  const fs::path file = services_.platform.files.Open({services_.T(Text::ImportTitle),
+                                                       services_.T(Text::ImportFilter),
                                                        FolderUsedLast(services_.platform.settings, kExchangeFolder),
                                                        "",
                                                        "",
@@ -51,13 +45,13 @@ bool PlanExchange::Import(const fs::path& file) const {
     screen.ShowHourglass(false);
   } catch (const std::exception& error) {
     screen.ShowHourglass(false);
-    services_.TellFailure(services_.T(kNotOpened), error);
+    services_.TellFailure(services_.T(Text::FileNotOpened), error);
     return false;
   }
   KeepFolder(services_.platform.settings, kExchangeFolder, file);
   if (imported.remarks.empty()) return true;
   constexpr std::size_t kMostShown = 20;
-  std::string told = services_.T(kImportRemarks) + "\r\n";
+  std::string told = services_.T(Text::ImportRemarks) + "\r\n";
   for (std::size_t i = 0; i < imported.remarks.size() && i < kMostShown; ++i) told += "\r\n" + imported.remarks[i];
   if (imported.remarks.size() > kMostShown) told += "\r\n...";
   services_.Tell(told, BoxIcon::Information);
@@ -71,13 +65,13 @@ void PlanExchange::Export() const {
   std::vector<PlannedDive> dives;
   for (std::int16_t n = forms(*active).getFirstProfile(); n != -1; n = forms(n).NextProfile) {
     const std::string fault = forms(n).EvaluationFault();
-    if (!fault.empty()) return services_.Tell(services_.T(kNotSaved) + "\r\n" + fault, BoxIcon::Stop);
+    if (!fault.empty()) return services_.Tell(services_.T(Text::FileNotSaved) + "\r\n" + fault, BoxIcon::Stop);
     dives.push_back(forms(n).Planned());
   }
   const std::string name = fs::path(services_.Document(*active).ProfileName).stem().string();
   SettingsStore& settings = services_.platform.settings;
-  const fs::path file = services_.platform.files.Save({services_.T(kExportTitle),
-                                                       services_.T(kExportFilter),
+  const fs::path file = services_.platform.files.Save({services_.T(Text::ExportTitle),
+                                                       services_.T(Text::ExportFilter),
                                                        FolderUsedLast(settings, kExchangeFolder),
                                                        name + std::string(kUddfExtension),
                                                        std::string(kUddfExtension),
@@ -88,7 +82,7 @@ void PlanExchange::Export() const {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     notes = WriteTextFile(file, WriteUddf(dives, {TAV_VERSION, now}));
   } catch (const std::exception& error) {
-    services_.TellFailure(services_.T(kNotSaved), error);
+    services_.TellFailure(services_.T(Text::FileNotSaved), error);
     return;
   }
   KeepFolder(settings, kExchangeFolder, file);
@@ -101,8 +95,8 @@ void PlanExchange::ExportGraph(bool svg) const {
   const std::string extension = svg ? ".svg" : ".png";
   const fs::path name = fs::path(services_.Document(*active).ProfileName).replace_extension(extension);
   SettingsStore& settings = services_.platform.settings;
-  const fs::path file = services_.platform.files.Save({services_.T(svg ? 7006 : 7005),
-                                                       services_.T(svg ? 7027 : 7026),
+  const fs::path file = services_.platform.files.Save({services_.T(svg ? Text::ExportSvg : Text::ExportPng),
+                                                       services_.T(svg ? Text::SvgFilter : Text::PngFilter),
                                                        FolderUsedLast(settings, kPlanFolder),
                                                        name.string(),
                                                        extension,
@@ -110,7 +104,7 @@ void PlanExchange::ExportGraph(bool svg) const {
   if (file.empty()) return;
   KeepFolder(settings, kPlanFolder, file);
   if (!services_.view.ExportGraph(*active, file.string(), svg)) {
-    services_.Tell(services_.T(kNotSaved) + "\r\n" + file.string(), BoxIcon::Stop);
+    services_.Tell(services_.T(Text::FileNotSaved) + "\r\n" + file.string(), BoxIcon::Stop);
   }
 }
 

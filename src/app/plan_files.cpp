@@ -1,5 +1,6 @@
 #include "app/plan_files.h"
 
+#include "model/text_id.h"
 #include "plans/profile_commands.h"
 #include "platform/used_folder.h"
 #include "start/user_texts.h"
@@ -7,21 +8,10 @@
 namespace tav {
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr int kOpenTitle = 2303;
-constexpr int kSaveTitle = 2305;
-constexpr int kProfileFilter = 2306;
-constexpr int kNotOpened = 7022;
-constexpr int kNotSaved = 7023;
-constexpr int kSavedWithout = 8003;
-
-}  // namespace
-
 fs::path PlanFiles::Choose() const {
   const Platform& platform = services_.platform;
-  return platform.files.Open({services_.T(kOpenTitle),
-                              services_.T(kProfileFilter),
+  return platform.files.Open({services_.T(Text::OpenTitle),
+                              services_.T(Text::PlanFilter),
                               FolderUsedLast(platform.settings, kPlanFolder),
                               "",
                               "",
@@ -41,7 +31,7 @@ bool PlanFiles::Open(const fs::path& file) {
   } catch (const std::exception& error) {
     screen.ShowHourglass(false);
     recent_.Remove(file);
-    services_.TellFailure(services_.T(kNotOpened), error);
+    services_.TellFailure(services_.T(Text::FileNotOpened), error);
     return false;
   }
   KeepFolder(services_.platform.settings, kPlanFolder, file);
@@ -53,7 +43,7 @@ bool PlanFiles::SaveActive(bool saveAs) {
   const auto active = services_.Active();
   if (!active || !Save(*active, saveAs)) return false;
   const std::string cells = panes_.MarkedCells(*active);
-  if (!cells.empty()) services_.Tell(services_.T(kSavedWithout) + "\r\n\r\n" + cells, BoxIcon::Exclamation);
+  if (!cells.empty()) services_.Tell(services_.T(Text::SavedWithoutEntry) + "\r\n\r\n" + cells, BoxIcon::Exclamation);
   return true;
 }
 
@@ -64,8 +54,8 @@ bool PlanFiles::Save(std::int16_t document, bool saveAs) {
   const Platform& platform = services_.platform;
   const fs::path folder =
       dive.ProfileFolder.empty() ? FolderUsedLast(platform.settings, kPlanFolder) : fs::path(dive.ProfileFolder);
-  const fs::path file = platform.files.Save({services_.T(kSaveTitle),
-                                             services_.T(kProfileFilter),
+  const fs::path file = platform.files.Save({services_.T(Text::SaveTitle),
+                                             services_.T(Text::PlanFilter),
                                              folder,
                                              dive.ProfileName,
                                              std::string(kProfileExtension),
@@ -78,7 +68,7 @@ bool PlanFiles::SaveSeries(std::int16_t document, const fs::path& file) {
   try {
     notes = SaveProfile(services_.forms, document, file);
   } catch (const std::exception& error) {
-    services_.TellFailure(services_.T(kNotSaved), error);
+    services_.TellFailure(services_.T(Text::FileNotSaved), error);
     return false;
   }
   services_.history.MarkSaved(document);

@@ -1,9 +1,10 @@
 #include "app/plan_looks.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 
 PlanLook PlanLooks::Of(std::int16_t document) const {
-  constexpr int kDoesNotDecompress = 7020;
   const frmWaypointEditor& editor = services_.forms(document);
   const DocumentState& state = services_.Document(document);
   PlanLook look;
@@ -11,7 +12,7 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
   look.modified = services_.Document(editor.getFirstProfile()).Modified;  // a series is saved as a whole
   look.repetitive = editor.PrevProfile != -1;
   look.notice = editor.EvaluationFault();
-  if (look.notice.empty() && !state.Decompresses) look.notice = services_.T(kDoesNotDecompress);
+  if (look.notice.empty() && !state.Decompresses) look.notice = services_.T(Text::DoesNotDecompress);
   if (const auto set = set_.find(document); set != set_.end()) {
     if (set->second.evaluation == editor.Evaluation()) look.selected = set->second.selected;
     look.overlay = set->second.overlay;

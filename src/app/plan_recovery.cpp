@@ -1,5 +1,6 @@
 #include "app/plan_recovery.h"
 
+#include "model/text_id.h"
 #include "plans/captions.h"
 #include "plans/profile_commands.h"
 
@@ -7,12 +8,6 @@ namespace tav {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr int kOfferRecovery = 7007;
-constexpr int kRecovered = 7008;
-constexpr int kNotOpened = 7022;
-constexpr int kSavedSince = 8056;
-constexpr int kNameless = 8057;
 
 bool IsNewer(const fs::path& file, const fs::path& than) {
   std::error_code error;
@@ -51,14 +46,14 @@ void PlanRecovery::Keep() const {
 void PlanRecovery::Offer() const {
   const auto copies = services_.recovery.Orphans();
   if (copies.empty()) return;
-  std::string question = services_.T(kOfferRecovery) + "\r\n";
+  std::string question = services_.T(Text::RecoveryQuestion) + "\r\n";
   for (const Recovery::Copy& copy : copies) {
-    const std::string name = copy.original.empty() ? services_.T(kNameless) : copy.original.string();
+    const std::string name = copy.original.empty() ? services_.T(Text::RecoveryNameless) : copy.original.string();
     const bool since = copy.original.has_parent_path() && IsNewer(copy.original, copy.file);
-    question += "\r\n" + (since ? services_.texts.Filled(kSavedSince, {name}) : name);
+    question += "\r\n" + (since ? services_.texts.Filled(Text::RecoverySavedSince, {name}) : name);
   }
-  const BoxAnswer answer =
-      services_.platform.boxes.Show(question, services_.T(kRecovered), BoxIcon::Question, BoxButtons::YesNoCancel);
+  const BoxAnswer answer = services_.platform.boxes.Show(question, services_.T(Text::RecoveryTitle), BoxIcon::Question,
+                                                         BoxButtons::YesNoCancel);
   if (answer == BoxAnswer::Cancel) return;  // they are offered again at the next start
   for (const Recovery::Copy& copy : copies) {
     if (answer == BoxAnswer::No || Recover(copy)) Recovery::Remove(copy);
@@ -77,7 +72,7 @@ bool PlanRecovery::Recover(const Recovery::Copy& copy) const {
     }
     return KeepCopyOf(opened.front());  // on a full disk the old copy stays
   } catch (const std::exception& error) {
-    services_.TellFailure(services_.T(kNotOpened), error);
+    services_.TellFailure(services_.T(Text::FileNotOpened), error);
     return false;
   }
 }

@@ -5,6 +5,7 @@
 
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 #include "persist/text_file.h"
@@ -70,8 +71,7 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   if (!LoadLanguageOfUser()) return false;
   const StartFaults faults = InitDocuments(documents_, folders_);
   if (faults.broken) {
-    constexpr int kTemplateIgnored = 7953;
-    platform_.boxes.Show(texts_.Filled(kTemplateIgnored, {texts_.Words(*faults.broken)}), "", BoxIcon::Stop,
+    platform_.boxes.Show(texts_.Filled(Text::TemplateIgnored, {texts_.Words(*faults.broken)}), "", BoxIcon::Stop,
                          BoxButtons::OK);
   }
   const std::string advice = AdviceText(texts_, faults.file, faults.advice);

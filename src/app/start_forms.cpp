@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controls/localize_form.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -37,14 +38,14 @@ frmLiability::frmLiability(Platform platform, const TextSource& texts)
 
 void frmLiability::Form_Load() {
   LocalizeForm(*this, texts_);
-  Caption = texts_.GetResString(2500);
-  Label1.Caption = texts_.GetResString(2503) + "\r\n" + texts_.GetResString(2504);
-  cbAgree.Caption = texts_.GetResString(2502);
-  cbNoAgree.Caption = texts_.GetResString(2501);
-  cbSoundOff.Caption = texts_.GetResString(7040);
-  cbSoundOff.ToolTipText = texts_.GetResString(7768);
-  cbSoundOn.Caption = texts_.GetResString(7041);
-  cbSoundOn.ToolTipText = texts_.GetResString(7769);
+  Caption = texts_.GetResString(Text::LiabilityTitle);
+  Label1.Caption = texts_.GetResString(Text::LiabilityRisk) + "\r\n" + texts_.GetResString(Text::LiabilityDuty);
+  cbAgree.Caption = texts_.GetResString(Text::LiabilityAgree);
+  cbNoAgree.Caption = texts_.GetResString(Text::LiabilityDisagree);
+  cbSoundOff.Caption = texts_.GetResString(Text::SoundOff);
+  cbSoundOff.ToolTipText = texts_.GetResString(Text::SoundOffHelp);
+  cbSoundOn.Caption = texts_.GetResString(Text::SoundOn);
+  cbSoundOn.ToolTipText = texts_.GetResString(Text::SoundOnHelp);
   ShowSoundButtons(SoundIsOn(platform_.settings));
   cbAgree.SetFocus();
 }

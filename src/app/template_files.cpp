@@ -2,6 +2,7 @@
 
 #include "dialogs/unit_change.h"
 #include "model/path_text.h"
+#include "model/text_id.h"
 #include "persist/template_file.h"
 #include "platform/used_folder.h"
 #include "start/user_texts.h"
@@ -9,22 +10,10 @@
 namespace tav {
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr int kFilter = 2307;
-constexpr int kLoadTitle = 2308;
-constexpr int kSaveTitle = 2301;
-constexpr int kSaveQuestion = 2300;
-constexpr int kNotSaved = 7023;
-constexpr int kIgnored = 7953;
-constexpr int kHeldByTables = 8001;
-
-}  // namespace
-
 void TemplateFiles::LoadChosen() const {
   const fs::path file =
-      services_.platform.files.Open({services_.T(kLoadTitle),
-                                     services_.T(kFilter),
+      services_.platform.files.Open({services_.T(Text::LoadTemplateTitle),
+                                     services_.T(Text::TemplateFilter),
                                      FolderUsedLast(services_.platform.settings, kTemplateFolder),
                                      "",
                                      "",
@@ -35,7 +24,7 @@ void TemplateFiles::LoadChosen() const {
 void TemplateFiles::Load(const fs::path& file) const {
   const auto active = services_.Active();
   if (active && services_.runs.Holds(*active)) {
-    services_.Tell(services_.T(kHeldByTables), BoxIcon::Information);
+    services_.Tell(services_.T(Text::HeldByTables), BoxIcon::Information);
     return;
   }
   // The file may tell a part of the settings only; the others stay.
@@ -45,7 +34,7 @@ void TemplateFiles::Load(const fs::path& file) const {
     const std::string advice = AdviceText(services_.texts, file, LoadTemplateFile(loaded, file));
     if (!advice.empty()) services_.Tell(advice, BoxIcon::Information);
   } catch (const FileError& error) {
-    services_.TellFailure(services_.texts.Filled(kIgnored, {file.string()}), error);
+    services_.TellFailure(services_.texts.Filled(Text::TemplateIgnored, {file.string()}), error);
     return;
   }
   KeepFolder(services_.platform.settings, kTemplateFolder, file);
@@ -67,7 +56,8 @@ void TemplateFiles::Save() const {
   DiveTemplate& diveTemplate = document.Template;
   if (!diveTemplate.TemplateChanged) return;
   const Platform& platform = services_.platform;
-  if (platform.boxes.Show(services_.T(kSaveQuestion), "", BoxIcon::Question, BoxButtons::OKCancel) != BoxAnswer::OK) {
+  if (platform.boxes.Show(services_.T(Text::SaveTemplateQuestion), "", BoxIcon::Question, BoxButtons::OKCancel) !=
+      BoxAnswer::OK) {
     return;
   }
   // One that came with the program becomes one of the user's own, which is found before it.
@@ -77,8 +67,8 @@ void TemplateFiles::Save() const {
       shipped || diveTemplate.TemplateFolder.empty() ? folders.OwnTemplates() : fs::path(diveTemplate.TemplateFolder);
   std::error_code ignored;  // the dialog then starts above it
   fs::create_directories(folder, ignored);
-  const fs::path file = platform.files.Save({services_.T(kSaveTitle),
-                                             services_.T(kFilter),
+  const fs::path file = platform.files.Save({services_.T(Text::SaveTemplateTitle),
+                                             services_.T(Text::TemplateFilter),
                                              folder,
                                              diveTemplate.Templatename,
                                              std::string(kTemplateExtension),
@@ -97,7 +87,7 @@ void TemplateFiles::Save() const {
       services_.history.TemplateNamed(*active, before);
     }
   } catch (const std::exception& error) {
-    services_.TellFailure(services_.T(kNotSaved), error);
+    services_.TellFailure(services_.T(Text::FileNotSaved), error);
     return;
   }
   KeepFolder(platform.settings, kTemplateFolder, file);
@@ -118,7 +108,7 @@ void TemplateFiles::KeepDefault() const {
     settings.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
     settings.TemplateChanged = false;
   } catch (const std::exception& error) {
-    services_.TellFailure(services_.T(kNotSaved), error);
+    services_.TellFailure(services_.T(Text::FileNotSaved), error);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "model/text_id.h"
+
 namespace tav {
 
 frmWait::frmWait(Platform platform, const TextSource& texts)
@@ -12,9 +14,9 @@ frmWait::frmWait(Platform platform, const TextSource& texts)
 }
 
 void frmWait::Form_Load() {
-  Caption = texts_.GetResString(1066);
-  Label1.Caption = texts_.GetResString(1067);
-  cbCancel.Caption = texts_.GetResString(2711);
+  Caption = texts_.GetResString(Text::WaitTitle);
+  Label1.Caption = texts_.GetResString(Text::WaitComputing);
+  cbCancel.Caption = texts_.GetResString(Text::Abort);
   platform_.screen.ShowHourglass(true);
 }
 

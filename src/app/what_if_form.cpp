@@ -3,23 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/text_id.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
 
 namespace tav {
-namespace {
-
-constexpr int kTitle = 7701;
-constexpr int kWithAscent = 7723;
-constexpr int kNothing = 7724;
-constexpr int kNoColumn = 7725;
-constexpr int kMetres = 7425;
-constexpr int kFeet = 7426;
-constexpr int kSlateWith = 7728;  // and the two that follow
-constexpr int kClose = 2210;
-constexpr int kCopy = 7215;
-
-}  // namespace
 
 frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelChoice()> model,
                      Overlay overlay)
@@ -41,11 +29,13 @@ frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, std::
 }
 
 void frmWhatIf::Form_Load() {
-  const std::pair<Control*, int> captions[] = {{&lbLonger, 7702}, {&lbMinutes, 7703}, {&lbDeeper, 7704},
-                                               {&lbGraph, 7726},  {&lbSlate, 7727},   {&cbSlate, 7731},
-                                               {&cbCopy, kCopy},  {&Command1, kClose}};
+  const std::pair<Control*, int> captions[] = {{&lbLonger, Text::WhatIfLonger},   {&lbMinutes, Text::WhatIfMinutes},
+                                               {&lbDeeper, Text::WhatIfDeeper},   {&lbGraph, Text::WhatIfGraph},
+                                               {&lbSlate, Text::WhatIfSlateWith}, {&cbSlate, Text::WhatIfSlate},
+                                               {&cbCopy, Text::InfoCopy},         {&Command1, Text::PreviewClose}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
-  cbWith.Items = std::vector<std::string>{T(kSlateWith), T(kSlateWith + 1), T(kSlateWith + 2)};
+  cbWith.Items = std::vector<std::string>{T(Text::WhatIfSlateChoices), T(Text::WhatIfSlateChoices + 1),
+                                          T(Text::WhatIfSlateChoices + 2)};
   cbWith.ListIndex = ThePlan;
   PlanChanged();
 }
@@ -66,17 +56,17 @@ void frmWhatIf::PlanChanged() {
   whatIf_.reset();
   columns_.clear();
   table_ = {};
-  Caption = T(kTitle);
+  Caption = T(Text::WhatIfTitle);
   if (document == -1) {
     ShowColumns();
     ShowNotice({});
     return;
   }
   const SeriesDive dive = services_.forms.Series(document, false).front();
-  Caption = T(kTitle) + ": " + DiveTitle(dive, texts_);
+  Caption = T(Text::WhatIfTitle) + ": " + DiveTitle(dive, texts_);
   whatIf_ = std::make_unique<WhatIf>(dive.dive, model_());
   metric_ = TemplateOf(document).Metric;
-  lbUnit.Caption = T(metric_ ? kMetres : kFeet);
+  lbUnit.Caption = T(metric_ ? Text::Metres : Text::Feet);
   if (first || metric_ != wasMetric) {
     wish_ = WhatIfWish::Usual(metric_);
     tbLonger.Text = Plain(wish_.minutes);
@@ -104,14 +94,14 @@ void frmWhatIf::TakeWish() {
   if (whatIf_->Fault().IsEmpty()) {
     columns_ = whatIf_->Columns(wish_);
     table_ = TableOf(columns_, wish_, whatIf_->Settings(), Words());
-    if (whatIf_->AddsAscent()) notices.push_back(T(kWithAscent));
+    if (whatIf_->AddsAscent()) notices.push_back(T(Text::WhatIfWithAscent));
     for (const WhatIfColumn& column : columns_) {
       if (column.fault.IsEmpty()) continue;
-      notices.push_back(T(kNoColumn, {NameOf(column, Words()), texts_.Words(column.fault)}));
+      notices.push_back(T(Text::WhatIfFault, {NameOf(column, Words()), texts_.Words(column.fault)}));
     }
     for (const std::string& warning : table_.warnings) notices.push_back("! " + warning);
   } else {
-    notices.push_back(T(kNothing, {texts_.Words(whatIf_->Fault())}));
+    notices.push_back(T(Text::WhatIfNothing, {texts_.Words(whatIf_->Fault())}));
   }
   ShowColumns();
   ShowNotice(notices);

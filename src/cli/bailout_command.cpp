@@ -4,15 +4,10 @@
 #include "compute/bailout_cuts.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kHeading = 7981;
-constexpr int kLost = 7982;
-constexpr int kAllGases = 7983;
-constexpr int kDiveOf = 7336;
 
 constexpr const char* kDetails =
     "Cuts a plan off at regular moments of its run time and prints the ascent from each of them on open circuit as "
@@ -43,7 +38,7 @@ struct Given {
 /// each other. Empty for a single dive.
 std::string DiveOf(std::size_t dive, const OpenedPlan& plan, const TextSource& texts) {
   if (plan.Dives() == 1) return {};
-  return texts.Filled(kDiveOf, {std::to_string(dive + 1), std::to_string(plan.Dives())});
+  return texts.Filled(Text::ReportDiveOf, {std::to_string(dive + 1), std::to_string(plan.Dives())});
 }
 
 Single ChosenInterval(const std::string& text) {
@@ -62,8 +57,8 @@ void Run(const Given& given, CommandFrame& frame) {
 
   const std::string dive = DiveOf(number, plan, texts);
   TableOutput output(frame, given.pdf, plan.InSeries(number).file + dive);
-  const std::string heading = texts.Filled(kHeading, {given.file + dive, FormatPlain(cuts.Interval())}) + "\n" +
-                              SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
+  const std::string heading = texts.Filled(Text::BailoutHeading, {given.file + dive, FormatPlain(cuts.Interval())}) +
+                              "\n" + SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
   output.Write({[&](JsonWriter& json) { json.Member("interval", cuts.Interval()); }, "scenarios", heading,
                 std::filesystem::path(given.file).stem().string() + dive},
                [&] {
@@ -72,7 +67,7 @@ void Run(const Given& given, CommandFrame& frame) {
                    const std::optional<std::string>& lost = scenario->lost;
                    output.Print(
                        *scenario, [&](JsonWriter& json) { json.Member("lost", lost); },
-                       lost ? texts.Filled(kLost, {*lost}) : texts.GetResString(kAllGases));
+                       lost ? texts.Filled(Text::BailoutLost, {*lost}) : texts.GetResString(Text::BailoutAllGases));
                  }
                });
 }

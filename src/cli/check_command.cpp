@@ -2,16 +2,12 @@
 
 #include "cli/command_frame.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kNoFaults = 7956;
-constexpr int kLoopTakesChanges = 8311;
-constexpr int kIntervalOnLoop = 8312;
 
 constexpr const char* kDetails =
     "Lists all faults of template and profile files with their line numbers: errors, which keep a file from being "
@@ -35,9 +31,9 @@ bool IsTemplate(const std::string& file, const std::string& text) {
 void AdviseOfLoop(const DiveRecord& dive, bool repetitive, int line, FormatFaults& faults) {
   const DiveTemplate& settings = dive.Template;
   if (settings.OpenCircuit) return;
-  if (!settings.KeepsDiluent && !settings.ChangeGasMixes.empty()) faults.Advise(line, kLoopTakesChanges);
+  if (!settings.KeepsDiluent && !settings.ChangeGasMixes.empty()) faults.Advise(line, Text::FileTakesChanges);
   if (repetitive && !settings.IntervalOnAir) {
-    faults.Advise(line, {kIntervalOnLoop, {FormatPlain(dive.SurfaceInterval)}});
+    faults.Advise(line, {Text::FileIntervalOnLoop, {FormatPlain(dive.SurfaceInterval)}});
   }
 }
 
@@ -55,7 +51,7 @@ void Check(const std::string& file, CommandFrame& frame) {
     ReportSeriesFaults(profile, faults);
   }
   frame.TellFaults(file, faults.List(), frame.Out());
-  if (faults.List().empty()) frame.Out() << file << ": " << frame.Texts().GetResString(kNoFaults) << "\n";
+  if (faults.List().empty()) frame.Out() << file << ": " << frame.Texts().GetResString(Text::NoFaults) << "\n";
   if (faults.HasErrors()) frame.Mark(ExitStatus::kUnusableInput);
 }
 

@@ -1,6 +1,7 @@
 #include "cli/command.h"
 
 #include "cli/option_values.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -9,8 +10,7 @@ TurnRule TurnRuleOf(const std::string& text) {
   if (text == "all") return TurnRule::AllUsable;
   if (text == "half") return TurnRule::Half;
   if (text == "thirds") return TurnRule::Thirds;
-  constexpr int kNoneOf = 7850;
-  throw OptionError({kNoneOf, {"--turn", text, "all, half, thirds"}});
+  throw OptionError({Text::UsageNoneOf, {"--turn", text, "all, half, thirds"}});
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "cli/command_words.h"
 #include "cli/long_work.h"
 #include "cli/option_values.h"
+#include "model/text_id.h"
 #include "persist/profile_file.h"
 #include "persist/template_file.h"
 #include "start/start_up.h"
@@ -16,13 +17,6 @@ namespace tav {
 namespace fs = std::filesystem;
 
 namespace {
-
-// Texts by number.
-constexpr int kNoSuchDive = 7961;
-constexpr int kAdvice = 7955;
-constexpr int kBuiltIn = 7954;
-constexpr int kOwnInput = 7786;
-constexpr int kUsage = 7995;
 
 constexpr const char* kTrace = "phi.log";
 
@@ -83,7 +77,7 @@ DiveTemplate CommandFrame::Settings(const std::string& templateName) {
   DiveTemplate settings = ShippedDefaultTemplate();
   if (templateName.empty()) {
     const StartFaults faults = LoadDefaultTemplate(settings, folders_);
-    if (faults.broken) err_ << texts_.Filled(kBuiltIn, {texts_.Words(*faults.broken)}) << "\n";
+    if (faults.broken) err_ << texts_.Filled(Text::BuiltInSettings, {texts_.Words(*faults.broken)}) << "\n";
     TellFaults(faults.file.string(), faults.advice, err_);
     inputs_.push_back(faults.file);
   } else {
@@ -117,7 +111,7 @@ std::size_t CommandFrame::OneDive(const std::string& number, const OpenedPlan& p
   if (number.empty()) return plan.Dives() - 1;
   const Single place = NumberOf(number, "--dive");
   if (place != std::floor(place) || place < 1 || place > static_cast<double>(plan.Dives())) {
-    throw OptionError({kNoSuchDive, {"--dive", number, std::to_string(plan.Dives())}});
+    throw OptionError({Text::OptionNoSuchDive, {"--dive", number, std::to_string(plan.Dives())}});
   }
   return static_cast<std::size_t>(place) - 1;
 }
@@ -143,7 +137,7 @@ void CommandFrame::Save(const std::string& file, const std::function<SaveNotes()
 void CommandFrame::RefuseInput(const fs::path& output) const {
   for (const fs::path& input : inputs_) {
     std::error_code error;
-    if (fs::equivalent(input, output, error)) throw FileError(output, 0, kOwnInput);
+    if (fs::equivalent(input, output, error)) throw FileError(output, 0, Text::OutputIsInput);
   }
 }
 
@@ -152,7 +146,8 @@ void CommandFrame::Tell(const std::exception& error) {
   Mark(ExitStatus::kUnusableInput);
   std::string words = texts_.Words(error);
   const std::string program = command_.name.empty() ? "tavplan" : "tavplan " + command_.name;
-  if (dynamic_cast<const UsageError*>(&error) != nullptr) words = texts_.Filled(kUsage, {words, program + " --help"});
+  if (dynamic_cast<const UsageError*>(&error) != nullptr)
+    words = texts_.Filled(Text::UsageIsToldBy, {words, program + " --help"});
   if (dynamic_cast<const OptionError*>(&error) != nullptr) words.insert(0, program + ": ");
   err_ << words << "\n";
 }
@@ -165,7 +160,7 @@ void CommandFrame::Tell(const std::string& file, const std::string& words) {
 void CommandFrame::TellFaults(const std::string& file, const std::vector<FormatFault>& faults, std::ostream& out) {
   for (const FormatFault& fault : faults) {
     out << file << ":" << fault.line << ": "
-        << (fault.error ? texts_.Words(fault.text) : texts_.Words({kAdvice, {fault.text}})) << "\n";
+        << (fault.error ? texts_.Words(fault.text) : texts_.Words({Text::Advice, {fault.text}})) << "\n";
   }
 }
 

@@ -4,18 +4,10 @@
 #include <map>
 
 #include "cli/option_values.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kNotExpected = 7853;
-constexpr int kMissing = 7854;
-constexpr int kNeeds = 7856;
-constexpr int kExclude = 7857;
-constexpr int kNoValue = 7858;
-constexpr int kTwice = 7859;
-constexpr int kNotUnderstood = 7055;
 
 class WordReader {
  public:
@@ -64,23 +56,23 @@ class WordReader {
       given_[&option].push_back(word);
       return;
     }
-    throw UsageError({kNotExpected, {word}});
+    throw UsageError({Text::UsageNotExpected, {word}});
   }
 
   void ReadNamed(const std::string& word) {
     const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
     const Option* option = Named(word.substr(0, equals));
-    if (option == nullptr) throw UsageError({kNotExpected, {word}});
+    if (option == nullptr) throw UsageError({Text::UsageNotExpected, {word}});
     std::vector<std::string>& values = given_[option];
     if (!option->TakesValue()) {
-      if (equals != std::string::npos) throw UsageError({kNotUnderstood, {option->name}});
+      if (equals != std::string::npos) throw UsageError({Text::NotUnderstood, {option->name}});
       return;
     }
-    if (!values.empty() && !option->IsList()) throw UsageError({kTwice, {option->name}});
+    if (!values.empty() && !option->IsList()) throw UsageError({Text::UsageTwice, {option->name}});
     const bool inWord = equals != std::string::npos;
-    if (!inWord && words_.empty()) throw UsageError({kNoValue, {option->name}});
+    if (!inWord && words_.empty()) throw UsageError({Text::UsageNoValue, {option->name}});
     values.push_back(inWord ? word.substr(equals + 1) : Next());
-    if (!IsValue(values.back())) throw UsageError({kNoValue, {option->name}});
+    if (!IsValue(values.back())) throw UsageError({Text::UsageNoValue, {option->name}});
     while (option->IsList() && !inWord && !words_.empty() && !words_.front().starts_with('-')) values.push_back(Next());
   }
 
@@ -88,11 +80,12 @@ class WordReader {
 
   void CheckTogether() const {
     for (const Option& option : command_.options) {
-      if (option.required && !given_.contains(&option)) throw UsageError({kMissing, {option.name}});
+      if (option.required && !given_.contains(&option)) throw UsageError({Text::UsageMissing, {option.name}});
       if (!given_.contains(&option)) continue;
-      if (!option.needs.empty() && !IsGiven(option.needs)) throw UsageError({kNeeds, {option.name, option.needs}});
+      if (!option.needs.empty() && !IsGiven(option.needs))
+        throw UsageError({Text::UsageNeeds, {option.name, option.needs}});
       for (const std::string& other : option.excludes) {
-        if (IsGiven(other)) throw UsageError({kExclude, {option.name, other}});
+        if (IsGiven(other)) throw UsageError({Text::UsageExclude, {option.name, other}});
       }
     }
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "advice/plan_check.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -31,10 +32,9 @@ void Print(CommandFrame& frame, const std::vector<ComputedDive>& dives, bool why
   }
   WriteDivesCsv(dives, frame.Out());
   for (const ComputedDive& dive : dives) {
-    constexpr int kDive = 7741;
     for (const Finding& finding : dive.findings) {
       if (finding.severity == Severity::Note) continue;
-      frame.Tell(dive.file, texts.Filled(kDive, {std::to_string(dive.number)}) + ": " + finding.text);
+      frame.Tell(dive.file, texts.Filled(Text::DiveOfSeries, {std::to_string(dive.number)}) + ": " + finding.text);
     }
   }
 }

@@ -7,19 +7,11 @@
 #include "figures/settings_words.h"
 #include "model/number_texts.h"
 #include "model/text_columns.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kDiveOf = 7962;
-constexpr int kDiveAfter = 7963;
-constexpr int kSeaLevel = 7969;
-constexpr int kNotAdapted = 7970;
-constexpr int kEndsAt = 7971;
-constexpr int kStops = 7972;
-constexpr int kStop = 7975;
 
 std::string Short(Single value) { return NumberTexts().Short(value); }
 
@@ -51,7 +43,7 @@ class Slate {
 
   void Title() {
     if (dive_.ofDives == 1) return Line(dive_.file);
-    Line(T(dive_.number > 1 ? kDiveAfter : kDiveOf,
+    Line(T(dive_.number > 1 ? Text::HeadDiveAfter : Text::HeadDiveOf,
            {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
             Short(dive_.dive.record.SurfaceInterval)}));
   }
@@ -59,23 +51,24 @@ class Slate {
   void Settings() {
     std::string text = ComputedWith(template_, dive_.model, dive_.number > 1, texts_);
     const std::string start = Place(template_.StartAltitude, template_.StartPressure);
-    text += ", " + (template_.AdeptedToHeight ? start : T(kNotAdapted, {start}));
+    text += ", " + (template_.AdeptedToHeight ? start : T(Text::HeadNotAdapted, {start}));
     if (template_.EndPressure != template_.StartPressure) {
-      text += ", " + T(kEndsAt, {Place(template_.EndAltitude, template_.EndPressure)});
+      text += ", " + T(Text::HeadEndsAt, {Place(template_.EndAltitude, template_.EndPressure)});
     }
-    Line(text + ", " + T(kStops, {Short(template_.StepSize) + LengthUnit(), Short(template_.LastStop) + LengthUnit()}));
+    Line(text + ", " +
+         T(Text::HeadStops, {Short(template_.StepSize) + LengthUnit(), Short(template_.LastStop) + LengthUnit()}));
   }
 
   [[nodiscard]] std::string Place(Single altitude, Single pressure) const {
-    return altitude == 0 ? T(kSeaLevel)
+    return altitude == 0 ? T(Text::HeadSeaLevel)
                          : Short(altitude) + LengthUnit() + " (" + FormatFixed(pressure, 3) + PressureUnit() + ")";
   }
 
   void Reasons(const AdviceWords& words) {
     Line("");
     for (const StopReason& reason : dive_.reasons) {
-      const std::string stop =
-          "  " + T(kStop) + " " + AtRight(words.Depth(dive_.dive.plan.rows.getDepth(reason.row)), 6) + "  ";
+      const std::string stop = "  " + T(Text::ScheduleStop) + " " +
+                               AtRight(words.Depth(dive_.dive.plan.rows.getDepth(reason.row)), 6) + "  ";
       text_ += Wrapped(stop + TextOf(reason, words), Letters(stop));
     }
   }

@@ -2,6 +2,7 @@
 
 #include "cli/command_frame.h"
 #include "exchange/uddf_export.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -36,9 +37,8 @@ void Run(const Given& given, CommandFrame& frame) {
   }
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   frame.Save(given.uddf, [&] { return WriteTextFile(given.uddf, WriteUddf(dives, {TAV_VERSION, now})); });
-  constexpr int kWithoutLoads = 7785;
   if (chosen.front() != 0) {
-    frame.Tell(given.file, frame.Texts().Filled(kWithoutLoads, {std::to_string(chosen.front() + 1)}));
+    frame.Tell(given.file, frame.Texts().Filled(Text::ExportWithoutLoads, {std::to_string(chosen.front() + 1)}));
   }
 }
 

@@ -5,17 +5,13 @@
 #include "cli/option_values.h"
 #include "figures/dive_figures.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 #include "picture/plan_picture.h"
 #include "picture/svg_surface.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kOutside = 7960;
-constexpr int kDiveOf = 7962;
-constexpr int kNoLength = 8600;
 
 constexpr const char* kDetails =
     "Writes the graph of a plan as an SVG picture, as the desktop program exports it: rows, gases, ceiling, stops and "
@@ -59,9 +55,9 @@ Length LengthOf(const std::string& text, const char* option) {
   const bool millimetres = text.ends_with("mm");
   const std::size_t unit = millimetres || text.ends_with("px") ? 2 : 0;
   const auto number = ParseStrict(text.substr(0, text.size() - unit));
-  if (!number) throw OptionError({kNoLength, {option, text}});
+  if (!number) throw OptionError({Text::OptionNoSize, {option, text}});
   const double units = *number * (millimetres ? kMillimetre : kPixel);
-  if (units < kLeast || units > kMost) throw OptionError({kOutside, {option, text, "400px", "10000px"}});
+  if (units < kLeast || units > kMost) throw OptionError({Text::OptionOutside, {option, text, "400px", "10000px"}});
   return {units, millimetres};
 }
 
@@ -91,7 +87,7 @@ void Run(const Given& given, CommandFrame& frame) {
   picture.Draw(surface, extras);
   std::string title = std::filesystem::path(given.file).stem().string();
   if (plan.Dives() > 1) {
-    title = texts.Filled(kDiveOf, {title, std::to_string(number + 1), std::to_string(plan.Dives())});
+    title = texts.Filled(Text::HeadDiveOf, {title, std::to_string(number + 1), std::to_string(plan.Dives())});
   }
   const auto unit = width.millimetres || height.millimetres ? SvgSurface::Unit::Millimetre : SvgSurface::Unit::Pixel;
   frame.Save(given.svg, [&] { return WriteTextFile(given.svg, surface.File(title, picture.Description(), unit)); });

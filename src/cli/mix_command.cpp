@@ -9,21 +9,11 @@
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
 #include "model/text_columns.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kMissing = 7854;
-constexpr int kNoNumber = 7957;
-constexpr int kMustBe = 7959;
-constexpr int kOutside = 7960;
-constexpr int kMoreThanWhole = 7989;
-constexpr int kNoPressure = 7990;
-constexpr int kNoNitrogen = 8402;
-constexpr int kStepHead = 8415;
-constexpr int kStepFault = 8416;
 
 const LocaleSeparators kPoint{".", ""};
 
@@ -77,9 +67,9 @@ struct Fill {
 /// A number of an option that holds several, `part` of `text`.
 double PartOf(const std::string& option, const std::string& text, const std::string& part, double most) {
   const auto value = ParseStrict(part);
-  if (!value) throw OptionError({kNoNumber, {option + " " + text, part}});
+  if (!value) throw OptionError({Text::OptionNoNumber, {option + " " + text, part}});
   if (!(*value >= 0 && *value <= most)) {
-    throw OptionError({kOutside, {option + " " + text, part, "0", FormatPlain(most)}});
+    throw OptionError({Text::OptionOutside, {option + " " + text, part, "0", FormatPlain(most)}});
   }
   return *value;
 }
@@ -87,10 +77,10 @@ double PartOf(const std::string& option, const std::string& text, const std::str
 /// O2/HE, the first part of `text`, whose form is told where it is another
 MixShares ParseMix(const std::string& option, const std::string& text, const std::string& mix, const char* form) {
   const std::size_t slash = mix.find('/');
-  if (slash == std::string::npos) throw OptionError({kMustBe, {option, text, form}});
+  if (slash == std::string::npos) throw OptionError({Text::OptionMustBe, {option, text, form}});
   const double o2 = PartOf(option, text, mix.substr(0, slash), 100);
   const double he = PartOf(option, text, mix.substr(slash + 1), 100);
-  if (o2 + he > 100) throw OptionError({kMoreThanWhole, {option, text}});
+  if (o2 + he > 100) throw OptionError({Text::OptionMoreThanWhole, {option, text}});
   return MixOf(o2, he);
 }
 
@@ -98,7 +88,7 @@ MixShares ParseMix(const std::string& option, const std::string& text, const std
 Fill ParseFill(const std::string& option, const std::string& text, bool metric) {
   constexpr const char* kForm = "O2/HE@PRESSURE";
   const std::size_t at = text.find('@');
-  if (at == std::string::npos) throw OptionError({kMustBe, {option, text, kForm}});
+  if (at == std::string::npos) throw OptionError({Text::OptionMustBe, {option, text, kForm}});
   const MixShares mix = ParseMix(option, text, text.substr(0, at), kForm);
   return {mix, PartOf(option, text, text.substr(at + 1), HighestFill(metric))};
 }
@@ -112,7 +102,7 @@ FillRequest ParseRequest(const Given& options) {
   request.currentFill = have.pressure;
   if (!options.top.empty()) {
     request.top = ParseMix("--top", options.top, options.top, "O2/HE");
-    if (request.top.N2 < kLeastNitrogen) throw OptionError({kNoNitrogen, {"--top " + options.top}});
+    if (request.top.N2 < kLeastNitrogen) throw OptionError({Text::FillNoNitrogen, {"--top " + options.top}});
   }
   const auto degrees = [](const std::string& text, const char* option) {
     return NumberOf(text, option, kColdestFill, kWarmestFill);
@@ -124,7 +114,7 @@ FillRequest ParseRequest(const Given& options) {
 
 void ParseWanted(const Given& options, FillRequest& request) {
   const Fill want = ParseFill("--want", options.want, request.metric);
-  if (want.pressure == 0) throw OptionError({kNoPressure, {"--want", options.want}});
+  if (want.pressure == 0) throw OptionError({Text::OptionNoPressure, {"--want", options.want}});
   request.desired = want.mix;
   request.desiredFill = want.pressure;
 }
@@ -231,8 +221,9 @@ void PrintDone(const Given& options, const Done& done, const FillWords& words, c
                std::ostream& out) {
   out << options.have << " " << words.Unit() << "\n\n";
   const auto heads = words.Heads({}, false);
-  std::vector<std::vector<std::string>> rows = {{heads[0], texts.Filled(kStepHead, {words.Unit()}),
-                                                 texts.GetResString(6402) + " %", texts.GetResString(6404) + " %"}};
+  std::vector<std::vector<std::string>> rows = {{heads[0], texts.Filled(Text::StepsFilledTo, {words.Unit()}),
+                                                 texts.GetResString(Text::MixerO2) + " %",
+                                                 texts.GetResString(Text::MixerHe) + " %"}};
   for (std::size_t i = 0; i < done.steps.size(); ++i) {
     const MixShares& mix = done.mixes[i];
     rows.push_back({done.steps[i].name, FormatPlain(done.steps[i].to), FormatFixed(mix.O2, 1), FormatFixed(mix.He, 1)});
@@ -247,10 +238,10 @@ void PrintMix(const std::string& have, const Given& options, const FillAdvice& a
   const FillResult result = Recalculate(request);
   out << have << " -> " << options.want << " " << words.Unit() << "\n\n";
   const auto orDash = [](const std::string& label) { return label.empty() ? "-" : label; };
-  const std::string airTop = texts.GetResString(6313);
-  const std::string vanDerWaals = texts.GetResString(6312);
+  const std::string airTop = texts.GetResString(Text::MixerAirTop);
+  const std::string vanDerWaals = texts.GetResString(Text::MixerVanDerWaals);
   PrintTable(
-      {{"", texts.GetResString(6402), texts.GetResString(6404), texts.GetResString(6405)},
+      {{"", texts.GetResString(Text::MixerO2), texts.GetResString(Text::MixerHe), texts.GetResString(Text::MixerAir)},
        {airTop + " (" + words.Unit() + ")", orDash(result.AirTopO2), orDash(result.AirTopHe), orDash(result.AirTopAir)},
        {vanDerWaals + " (" + words.Unit() + ")", result.IdealTopO2, result.IdealTopHe, result.IdealTopN2}},
       out);
@@ -275,7 +266,7 @@ Done DoSteps(const Given& options, FillRequest& request, const TextSource& texts
     try {
       return ParseSteps(options.steps, request, texts, kPoint);
     } catch (const MessageError& error) {
-      throw OptionError({kStepFault, {"--steps", error.Reason()}});
+      throw OptionError({Text::StepsFault, {"--steps", error.Reason()}});
     }
   }();
   Done done{steps, MixesAfter(steps, request)};
@@ -297,7 +288,7 @@ void WriteJson(const Given& options, const FillRequest& request, const std::opti
 }
 
 void Run(const Given& options, CommandFrame& frame) {
-  if (options.want.empty() && options.steps.empty()) throw UsageError({kMissing, {"--want"}});
+  if (options.want.empty() && options.steps.empty()) throw UsageError({Text::UsageMissing, {"--want"}});
   const TextSource& texts = frame.Texts();
   std::ostream& out = frame.Out();
   FillRequest request = ParseRequest(options);

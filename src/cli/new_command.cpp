@@ -1,18 +1,13 @@
 #include "cli/computed_dive.h"
 #include "cli/option_values.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "persist/cylinder_line.h"
 #include "persist/profile_file.h"
 #include "persist/text_file.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kMustBe = 7959;
-constexpr int kNewPlan = 7988;
-constexpr int kCylinder = 7991;
-constexpr int kNoLegs = 7855;
 
 constexpr const char* kDetails =
     "Makes a plan from legs on the settings of a template, computes its ascent and prints it as plan does; with -o it "
@@ -46,7 +41,8 @@ void AddLeg(const std::string& text, const std::string& gas, DiveRecord& plan) {
   const std::string place = text.substr(0, at);
   const std::string gasOfLeg = at == std::string::npos ? gas : text.substr(at + 1);
   const std::size_t colon = place.find(':');
-  if (colon == std::string::npos) throw OptionError({kMustBe, {"--leg", text, "DEPTH:TIME, DEPTH:TIME@GAS"}});
+  if (colon == std::string::npos)
+    throw OptionError({Text::OptionMustBe, {"--leg", text, "DEPTH:TIME, DEPTH:TIME@GAS"}});
   const Single depth = NumberOf(place.substr(0, colon), "--depth");
   const Single time = NumberOf(place.substr(colon + 1), "--time");
   const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, plan.Template);
@@ -58,12 +54,12 @@ void AddLeg(const std::string& text, const std::string& gas, DiveRecord& plan) {
 void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
   Cylinder& cylinder = diveTemplate.Cylinders.emplace_back();
   const Message fault = ReadCylinderLine(text.ends_with('/') ? text : text + "/", cylinder);
-  if (!fault.IsEmpty()) throw OptionError({kCylinder, {text, fault}});
+  if (!fault.IsEmpty()) throw OptionError({Text::OptionCylinder, {text, fault}});
   MixNumber(cylinder.Gas, diveTemplate);
 }
 
 void Run(const Given& given, CommandFrame& frame) {
-  if (given.legs.empty() && given.depth.empty()) throw OptionError(kNoLegs);
+  if (given.legs.empty() && given.depth.empty()) throw OptionError(Text::UsageNoLegs);
   DiveRecord record;
   record.Template = frame.Settings(given.templateName);
   SetUpNewPlan(record.Template);
@@ -78,7 +74,7 @@ void Run(const Given& given, CommandFrame& frame) {
   const TextSource& titleTexts = form == OutputForm::Text ? frame.Texts() : frame.DataTexts();
   const TextSource& words = form == OutputForm::Json ? frame.DataTexts() : frame.Texts();
   std::vector<ComputedDive> dives;
-  const std::string title = given.output.empty() ? titleTexts.GetResString(kNewPlan) : given.output;
+  const std::string title = given.output.empty() ? titleTexts.GetResString(Text::NewPlan) : given.output;
   const OpenedPlan& plan = frame.Compute(title, {record});
   Gather(frame, plan, words, dives);
   if (!given.output.empty()) {

@@ -4,34 +4,26 @@
 
 #include "model/gas_name.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-// Texts by number.
-constexpr int kNoNumber = 7957;
-constexpr int kUnknownGas = 7958;
-constexpr int kOutside = 7960;
-constexpr int kNotWhole = 7849;
-
-}  // namespace
 
 Single NumberOf(const std::string& text, const std::string& option) {
   const auto number = ParseStrict(text);
-  if (!number) throw OptionError({kNoNumber, {option, text}});
+  if (!number) throw OptionError({Text::OptionNoNumber, {option, text}});
   return *number;
 }
 
 Single NumberOf(const std::string& text, const std::string& option, double least, double most) {
   const Single number = NumberOf(text, option);
   if (number >= least && number <= most) return number;
-  throw OptionError({kOutside, {option, text, FormatPlain(least), FormatPlain(most)}});
+  throw OptionError({Text::OptionOutside, {option, text, FormatPlain(least), FormatPlain(most)}});
 }
 
 int WholeNumberOf(const std::string& text, const std::string& option, int least, int most) {
   const auto number = ParseStrict(text);
   if (number && *number == std::floor(*number) && *number >= least && *number <= most) return static_cast<int>(*number);
-  throw OptionError({kNotWhole, {option, text, std::to_string(least), std::to_string(most)}});
+  throw OptionError({Text::UsageNotWhole, {option, text, std::to_string(least), std::to_string(most)}});
 }
 
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
@@ -40,7 +32,7 @@ std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
   if (!mix) {
     std::string known;
     for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
-    throw OptionError({kUnknownGas, {name, known}});
+    throw OptionError({Text::OptionUnknownGas, {name, known}});
   }
   diveTemplate.Blends.push_back(*mix);
   return static_cast<std::int16_t>(diveTemplate.Blends.size() - 1);

@@ -10,16 +10,13 @@
 #include <unistd.h>
 
 #include "cli/long_work.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
 namespace fs = std::filesystem;
 
 namespace {
-
-// Texts by number.
-constexpr int kNotDrawn = 7992;
-constexpr int kNotStarted = 7993;
 
 /// The desktop program: beside this one, else on the search path.
 std::string DesktopProgram() {
@@ -117,12 +114,12 @@ void PageOutput::WritePdf(const std::string& title) const {
                                              fs::absolute(out_).string(), "--title", title});
   constexpr int kNotFound = 127;
   if (ended.status == -1 || ended.status == kNotFound) {
-    throw FileError(out_, 0, kNotStarted);
+    throw FileError(out_, 0, Text::PdfNotStarted);
   }
   if (ended.status == ExitStatus::kInterrupted) throw Interrupted();  // Ctrl+C reaches both programs
   if (ended.status == 0) return;
   const std::string reason = ReasonIn(ended.errors);
-  if (reason.empty()) throw FileError(out_, 0, kNotDrawn);
+  if (reason.empty()) throw FileError(out_, 0, Text::PdfNotDrawn);
   throw std::runtime_error(reason);
 }
 

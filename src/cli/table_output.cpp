@@ -9,15 +9,12 @@
 #include "figures/settings_words.h"
 #include "model/number_text.h"
 #include "model/text_columns.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kDepth = 7028;
-constexpr int kRunTime = 7029;
 
 constexpr std::size_t kMixWidth = 7;
 constexpr std::size_t kDepthWidth = 7;
@@ -42,7 +39,7 @@ void WriteCells(JsonWriter& json, const TableCells& cells) {
   json.List("cells", [&] {
     for (const auto& row : cells) {
       json.List([&] {
-        WriteTexts(json, {row[TableColumn::kMix], row[TableColumn::kDepth]});
+        WriteTexts(json, {row[TableColumn::kMix], row[Text::Depth]});
         WriteTexts(json, {row.begin() + TableColumn::kFirstDive, row.end()});
       });
     }
@@ -53,13 +50,10 @@ void WriteCells(JsonWriter& json, const TableCells& cells) {
 
 std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
                              const TextSource& texts) {
-  constexpr int kDepthsIn = 8258;
-  constexpr int kMetres = 7425;
-  constexpr int kFeet = 7426;
   DiveTemplate dived = settings;
   dived.OpenCircuit = bailout || settings.OpenCircuit;
   return ComputedWith(dived, model, false, texts) + ", " +
-         texts.Filled(kDepthsIn, {texts.GetResString(settings.Metric ? kMetres : kFeet)}) + "\n";
+         texts.Filled(Text::SlateDepthsIn, {texts.GetResString(settings.Metric ? Text::Metres : Text::Feet)}) + "\n";
 }
 
 TableOutput::TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption)
@@ -94,7 +88,7 @@ void TableOutput::Print(const TableDives& dives, const std::function<void(JsonWr
   for (const TableDive& dive : dives.dives) frame_.MarkDecompression(dive.decompresses);
   if (paper_) paper_->print.PrintTableSet(dives);
   if (paper_ && !data_) return;
-  const SmallTable table = MakeSmallTable(dives, data_ ? "Depth" : texts_.GetResString(kDepth));
+  const SmallTable table = MakeSmallTable(dives, data_ ? "Depth" : texts_.GetResString(Text::Depth));
   if (data_) {
     PrintJson(dives, table, members);
   } else {
@@ -142,7 +136,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
   std::ostream& out = frame_.Out();
   out << "\n" << title << "\n";
   const std::size_t columns = table.totals.size();
-  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[TableColumn::kDepth]));
+  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[Text::Depth]));
   const std::size_t headWidth = 2 + kMixWidth + depthWidth;
   const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
   std::size_t from = 0;
@@ -159,7 +153,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
       line("  " + AtLeft(row[TableColumn::kMix], kMixWidth) + AtRight(table.depths[i], depthWidth),
            [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
     }
-    line(AtLeft("  " + texts_.GetResString(kRunTime), headWidth),
+    line(AtLeft("  " + texts_.GetResString(Text::RunTime), headWidth),
          [&](std::size_t column) { return table.totals[column]; });
     from = to;
   } while (from < columns);

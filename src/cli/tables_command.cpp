@@ -7,17 +7,10 @@
 #include "compute/square_dives.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kMustBe = 7959;
-constexpr int kHeading = 7984;
-constexpr int kDescentCounts = 7985;
-constexpr int kDescentLeftOut = 7986;
-constexpr int kRounded = 7987;
-constexpr int kNotWhole = 7849;
 
 constexpr double kLargestStep = 1000;  // a step beyond it is one of a single dive
 
@@ -49,18 +42,20 @@ struct Axis {
 Axis AxisOf(const std::string& text, const std::string& option, const TextSource& texts, std::ostream& told) {
   const std::size_t first = text.find(':');
   const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
-  if (second == std::string::npos) throw OptionError({kMustBe, {option, text, "FROM:TO:STEP"}});
+  if (second == std::string::npos) throw OptionError({Text::OptionMustBe, {option, text, "FROM:TO:STEP"}});
   const auto number = [&](std::size_t from, std::size_t to) {
     const Single value = NumberOf(text.substr(from, to - from), option);
     const Single whole = RoundSingle(value, 0);
     if (whole != value) {
-      told << "tavplan tables: " << texts.Filled(kRounded, {option, FormatPlain(value), FormatPlain(whole)}) << "\n";
+      told << "tavplan tables: " << texts.Filled(Text::TablesRounded, {option, FormatPlain(value), FormatPlain(whole)})
+           << "\n";
     }
     return whole;
   };
   const std::string step = text.substr(second + 1);
   const Single asked = NumberOf(step, option);
-  if (asked > 0 && asked < 0.5) throw OptionError({kNotWhole, {option, step, "1", FormatPlain(kLargestStep)}});
+  if (asked > 0 && asked < 0.5)
+    throw OptionError({Text::UsageNotWhole, {option, step, "1", FormatPlain(kLargestStep)}});
   return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
 }
 
@@ -78,10 +73,10 @@ void Run(const Given& given, CommandFrame& frame) {
   if (!dives.Fault().IsEmpty()) throw OptionError(dives.Fault());
   frame.Err() << rounded.str();
 
-  const std::string title = texts.Filled(kHeading, {given.gas});
-  const std::string heading = title + "\n" +
-                              texts.GetResString(given.descentCounts ? kDescentCounts : kDescentLeftOut) + "\n" +
-                              SettingsOfTables(settings, frame.Model(), false, texts);
+  const std::string title = texts.Filled(Text::TablesHeading, {given.gas});
+  const std::string heading =
+      title + "\n" + texts.GetResString(given.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut) +
+      "\n" + SettingsOfTables(settings, frame.Model(), false, texts);
   TableOutput output(frame, given.pdf, "");
   output.Write({[&](JsonWriter& json) { json.Member("gas", given.gas); }, "tables", heading, title}, [&] {
     while (const auto table = dives.Next(output.Progress())) {

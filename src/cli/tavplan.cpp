@@ -5,14 +5,10 @@
 #include "cli/command_words.h"
 #include "cli/option_values.h"
 #include "cli/usage_texts.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kNoSuchCommand = 7851;
-constexpr int kNoCommand = 7852;
-constexpr int kNotExpected = 7853;
 
 /// What the program prints of itself; nothing for another word.
 std::string AboutProgram(const std::string& word, const std::vector<Command>& commands) {
@@ -36,8 +32,8 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
       frame.Out() << about;
       return;
     }
-    if (first.empty()) throw UsageError(kNoCommand);
-    throw UsageError({first.starts_with('-') ? kNotExpected : kNoSuchCommand, {first}});
+    if (first.empty()) throw UsageError(Text::UsageNoCommand);
+    throw UsageError({first.starts_with('-') ? Text::UsageNotExpected : Text::UsageNoSuchCommand, {first}});
   }};
   if (found != commands.end()) {
     command = *found;

@@ -6,13 +6,12 @@
 #include "cli/page_output.h"
 #include "cli/row_columns.h"
 #include "cli/terminal_text.h"
+#include "model/text_id.h"
 #include "reports/plan_slate.h"
 #include "reports/what_if_table.h"
 
 namespace tav {
 namespace {
-
-constexpr int kWithAscent = 7723;
 
 constexpr const char* kDetails =
     "Prints a plan beside what may become of it, in columns: planned; longer and deeper, which change the deepest leg, "
@@ -113,7 +112,7 @@ void Run(const Given& given, CommandFrame& frame) {
   if (!given.pdf.empty()) return;
   const AdviceWords words(texts, {}, metric);
   frame.Out() << given.file << "\n";
-  if (plan.AddsAscent()) frame.Out() << words.T(kWithAscent) << "\n";
+  if (plan.AddsAscent()) frame.Out() << words.T(Text::WhatIfWithAscent) << "\n";
   frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);
 }
 

@@ -2,17 +2,9 @@
 
 #include "compute/breathed_gas.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-// Texts by number.
-constexpr int kNoLegs = 7886;
-constexpr int kTooManyCuts = 7887;
-constexpr int kTooManyRows = 7888;
-constexpr int kLongerThanPlan = 7780;
-
-}  // namespace
 
 Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
   const Waypoint& end = profile.Row(row);
@@ -36,7 +28,7 @@ BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Sing
       openFrom_(FirstOpenRow(plan_, start_.settings)),
       interval_(interval == 0 ? Single(1) : interval),
       fault_(dive.plan.fault) {
-  if (fault_.IsEmpty() && plan_.GetLength() == 0) fault_ = kNoLegs;
+  if (fault_.IsEmpty() && plan_.GetLength() == 0) fault_ = Text::NoLegs;
   if (!fault_.IsEmpty()) return;
   fault_ = SizeFault();
   intervalIsAtFault_ = !fault_.IsEmpty();
@@ -44,14 +36,14 @@ BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Sing
 
 Message BailoutCuts::SizeFault() const {
   if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
-    return {kTooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)}};
+    return {Text::TooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)}};
   }
   const std::vector<Moment> moments = Moments();
-  if (moments.empty()) return {kLongerThanPlan, {FormatPlain(interval_)}};
+  if (moments.empty()) return {Text::IntervalBeyondPlan, {FormatPlain(interval_)}};
   std::size_t rows = 0;
   for (const Moment& moment : moments) rows += static_cast<std::size_t>(moment.row);
   if (rows <= kMostRows) return {};
-  return {kTooManyRows, {FormatPlain(interval_), std::to_string(kMostRows)}};
+  return {Text::TooManyCutRows, {FormatPlain(interval_), std::to_string(kMostRows)}};
 }
 
 std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {

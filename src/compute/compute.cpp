@@ -6,12 +6,10 @@
 #include "compute/leg_expansion.h"
 #include "engine/oxygen_dose.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kTooManyRows = 7507;
-constexpr int kNotComputed = 7885;
 
 /// One evaluation of a plan, action by action.
 class Evaluation {
@@ -61,7 +59,8 @@ class Evaluation {
   [[nodiscard]] Message Fault() const {
     if (before_ != nullptr && !before_->EndsWithAscent) {
       // A later dive starts from the loads at the end of the one before: without an ascent there are none.
-      return {kNotComputed, {std::to_string(plan_.end.NumberInSeries), std::to_string(before_->NumberInSeries)}};
+      return {Text::DiveNotComputed,
+              {std::to_string(plan_.end.NumberInSeries), std::to_string(before_->NumberInSeries)}};
     }
     if (dive_.UserActions.GetLength() == 0) return {};
     // Legs are expanded by the rate tables before the engine sees them: a table without entries would be no table.
@@ -81,7 +80,7 @@ class Evaluation {
     try {
       GetSegmentedProfile(leg, dive_.Template, plan_.rows);
     } catch (const std::length_error&) {
-      return kTooManyRows;
+      return Text::TooManyRows;
     }
     time_ = leg.endTime;
     depth_ = actions.getDepth(action);

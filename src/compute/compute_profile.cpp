@@ -4,11 +4,10 @@
 
 #include "engine/zhl16.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kTooManyRows = 7507;
 
 /// Loads of a dive in the depth units of the dive after it: each dive of a series has units of its own.
 Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
@@ -114,7 +113,7 @@ Message ComputeProfile(const EngineRun& run, const ClassProfile& userProfile, Cl
   } catch (const std::length_error&) {
     segmentedProfile.clear();
     if (memory != nullptr) memory->Forget();
-    return kTooManyRows;
+    return Text::TooManyRows;
   }
   return {};
 }

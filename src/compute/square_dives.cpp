@@ -4,6 +4,7 @@
 
 #include "compute/leg_expansion.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -35,25 +36,25 @@ int TextOf(AxesFault fault) {
     case AxesFault::None:
       return 0;
     case AxesFault::StartDepthBeyondEnd:
-      return 2714;
+      return Text::TablesDepthsSwapped;
     case AxesFault::DepthStepNotPositive:
-      return 2715;
+      return Text::TablesDepthInterval;
     case AxesFault::StartTimeBeyondEnd:
-      return 2716;
+      return Text::TablesTimesSwapped;
     case AxesFault::TimeStepNotPositive:
-      return 2717;
+      return Text::TablesTimeInterval;
     case AxesFault::StartTimeNegative:
-      return 2718;
+      return Text::TablesStartTimeNegative;
     case AxesFault::EndTimeNegative:
-      return 2719;
+      return Text::TablesEndTimeNegative;
     case AxesFault::StartDepthNegative:
-      return 2720;
+      return Text::TablesStartDepthNegative;
     case AxesFault::EndDepthNegative:
-      return 2721;
+      return Text::TablesEndDepthNegative;
     case AxesFault::OutOfReach:
-      return 7300;
+      return Text::TablesBeyondPlanning;
     case AxesFault::TooManyDives:
-      return 7301;
+      return Text::TablesTooMany;
   }
   return 0;
 }

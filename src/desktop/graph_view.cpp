@@ -7,14 +7,13 @@
 #include "desktop/qt_text.h"
 #include "desktop/surface_widget.h"
 #include "desktop/text_colour.h"
+#include "model/text_id.h"
 #include "picture/graph_colours.h"
 #include "picture/svg_surface.h"
 
 namespace tav {
 namespace {
 
-constexpr int kTimeTitle = 1501;
-constexpr int kCeilingTitle = 1503;
 constexpr double kLargestZoom = 12;
 constexpr double kZoomStep = 1.25;
 
@@ -55,7 +54,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       notice_(new QLabel(this)),
       secondClick_(new QTimer(this)) {
   setFocusPolicy(Qt::StrongFocus);
-  setAccessibleName(ToQt(forms.Services().texts.GetResString(1500)));
+  setAccessibleName(ToQt(forms.Services().texts.GetResString(Text::GraphPlan)));
   setMinimumSize(200, 160);
   QPalette palette = this->palette();
   palette.setColor(QPalette::Window, ColourOf(graph::kBackground));
@@ -95,8 +94,8 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
 
 void GraphView::NameAxes() {
   const TextSource& texts = forms_.Services().texts;
-  time_->setText(ToQt(texts.GetResString(kTimeTitle)));
-  ceiling_->setText(ToQt(texts.GetResString(kCeilingTitle)));
+  time_->setText(ToQt(texts.GetResString(Text::GraphRunTime)));
+  ceiling_->setText(ToQt(texts.GetResString(Text::GraphCeiling)));
   QStringList letters;
   for (const std::string& letter : PlanPicture(plan_()).DepthLetters()) letters << ToQt(letter);
   depth_->setText(letters.join(QLatin1Char('\n')));

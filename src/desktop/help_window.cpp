@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "desktop/qt_text.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -10,30 +11,30 @@ namespace tav {
 HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& texts, QWidget* parent)
     : QMainWindow(parent), texts_(texts) {
   const QString html = ToQt(ReadTextFile(file));
-  setWindowTitle(T(7015));
+  setWindowTitle(T(Text::Help));
   tabs_ = new QTabWidget;
   contents_ = new QTreeWidget;
   contents_->setHeaderHidden(true);
   contents_->setObjectName(QStringLiteral("helpContents"));
-  contents_->setAccessibleName(T(7009));
-  tabs_->addTab(contents_, T(7009));
+  contents_->setAccessibleName(T(Text::HelpContents));
+  tabs_->addTab(contents_, T(Text::HelpContents));
   auto* searchPage = new QWidget;
   auto* searchLayout = new QVBoxLayout(searchPage);
   words_ = new QLineEdit;
   words_->setObjectName(QStringLiteral("helpWords"));
-  words_->setPlaceholderText(T(7010));
+  words_->setPlaceholderText(T(Text::HelpSearch));
   words_->setClearButtonEnabled(true);
   found_ = new QListWidget;
   found_->setObjectName(QStringLiteral("helpFound"));
   found_->setWordWrap(true);
-  words_->setAccessibleName(T(7010));
-  found_->setAccessibleName(T(7010));
+  words_->setAccessibleName(T(Text::HelpSearch));
+  found_->setAccessibleName(T(Text::HelpSearch));
   searchLayout->addWidget(words_);
   searchLayout->addWidget(found_);
-  tabs_->addTab(searchPage, T(7010));
+  tabs_->addTab(searchPage, T(Text::HelpSearch));
   page_ = new QTextBrowser;
   page_->setObjectName(QStringLiteral("helpPage"));
-  page_->setAccessibleName(T(7015));
+  page_->setAccessibleName(T(Text::Help));
   page_->document()->setDocumentMargin(16);
   page_->setSearchPaths({ToQt(file.parent_path().string())});  // of the pictures
   page_->setHtml(html);
@@ -112,7 +113,7 @@ void HelpWindow::Search(const QString& words) {
     found_->addItem(item);
   }
   if (found_->count() == 0) {
-    auto* nothing = new QListWidgetItem(T(7011));
+    auto* nothing = new QListWidgetItem(T(Text::HelpNothing));
     nothing->setFlags(Qt::NoItemFlags);
     found_->addItem(nothing);
   }

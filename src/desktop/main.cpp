@@ -19,6 +19,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/silent_pdf.h"
 #include "desktop/start_check.h"
+#include "model/text_id.h"
 #include "start/command_line.h"
 #include "start/standard_streams.h"
 #include "start/user_texts.h"
@@ -41,9 +42,8 @@ constexpr int kNotStarted = 2;
 /// What Qt says before there is an application: it ends the process where it finds no display to open windows on.
 void TellLackOfDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
-  constexpr int kNoDisplay = 8502;
   const tav::LazyTexts texts(tav::ProgramFolders::OfThisProgram().ProgramFolder(), tav::LazyTexts::Language::User);
-  std::fprintf(stderr, "tav: %s\n", texts.GetResString(kNoDisplay).c_str());
+  std::fprintf(stderr, "tav: %s\n", texts.GetResString(Text::NoDisplay).c_str());
   std::_Exit(kNotStarted);
 }
 
@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
   tav::QtEnvironment environment;
   const QLocale locale;
   const tav::LocaleSeparators separators{tav::FromQt(locale.decimalPoint()), tav::FromQt(locale.groupSeparator())};
-  const tav::Platform platform{boxes, files, windows,   settings, screen,      sound,
+  const tav::Platform platform{boxes, files,     windows, settings,    screen,    sound,
                                help,  clipboard, printer, environment, separators};
 
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());

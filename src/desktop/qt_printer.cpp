@@ -13,15 +13,12 @@
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "model/message.h"
+#include "model/text_id.h"
 #include "pages/page_units.h"
 #include "persist/text_file.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kUnusable = 7774;
-constexpr int kFailed = 7775;
 
 constexpr double kCmPerInch = 2.54;
 constexpr double kPointsPerInch = 72;
@@ -35,19 +32,19 @@ template <class Device>
 class SheetJob : public PrintJob {
  public:
   explicit SheetJob(Device& device) : device_(device) {
-    if (!painter_.begin(&device_)) throw MessageError("", kUnusable);
+    if (!painter_.begin(&device_)) throw MessageError("", Text::PrinterUnusable);
     MakeSurface();
   }
 
   [[nodiscard]] DrawingSurface& Sheet() override { return *surface_; }
   void NewSheet() override {
-    if (!device_.newPage()) throw MessageError("", kFailed);
+    if (!device_.newPage()) throw MessageError("", Text::PrintingFailed);
     MakeSurface();
   }
 
  protected:
   void End() {
-    if (painter_.isActive() && !painter_.end()) throw MessageError("", kFailed);
+    if (painter_.isActive() && !painter_.end()) throw MessageError("", Text::PrintingFailed);
   }
 
  private:

@@ -11,6 +11,7 @@
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "model/not_copied.h"
+#include "model/text_id.h"
 
 #ifdef TAV_SOUND
 #include <QSoundEffect>
@@ -106,8 +107,10 @@ BoxAnswer QtBoxes::ShowWithChoices(const std::string& text, const std::string& t
 
 void QtBoxes::NameButtons(QMessageBox& box) const {
   if (texts_ == nullptr) return;
-  constexpr std::pair<QMessageBox::StandardButton, int> kTexts[] = {
-      {QMessageBox::Ok, 1210}, {QMessageBox::Cancel, 1215}, {QMessageBox::Yes, 3025}, {QMessageBox::No, 3026}};
+  constexpr std::pair<QMessageBox::StandardButton, int> kTexts[] = {{QMessageBox::Ok, Text::OK},
+                                                                    {QMessageBox::Cancel, Text::Cancel},
+                                                                    {QMessageBox::Yes, Text::Yes},
+                                                                    {QMessageBox::No, Text::No}};
   for (const auto& [kind, id] : kTexts) {
     QAbstractButton* button = box.button(kind);
     if (button == nullptr) continue;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "desktop/qt_printer.h"
+#include "model/text_id.h"
 #include "pages/page_player.h"
 #include "persist/text_file.h"
 #include "start/program_folders.h"
@@ -16,10 +17,6 @@ namespace tav {
 namespace {
 
 constexpr int kArguments = 7;
-
-// Texts by number.
-constexpr int kNoPages = 7778;
-constexpr int kUsage = 7779;
 
 int Fail(const std::exception& error) {
   const LazyTexts texts(ProgramFolders::OfThisProgram().ProgramFolder(), LazyTexts::Language::User);
@@ -34,12 +31,12 @@ bool WantsSilentPdf(int argc, char** argv) { return argc > 1 && std::string_view
 
 int SilentPdf(int argc, char** argv) {
   if (argc != kArguments || std::string_view(argv[3]) != "--pdf" || std::string_view(argv[5]) != "--title") {
-    return Fail(MessageError("", {kUsage, {"--pages FILE --pdf OUT --title TITLE"}}));
+    return Fail(MessageError("", {Text::PdfUsage, {"--pages FILE --pdf OUT --title TITLE"}}));
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   PageFile pages;
-  if (!pages.Open(argv[2])) return Fail(FileError(argv[2], 0, kNoPages));
+  if (!pages.Open(argv[2])) return Fail(FileError(argv[2], 0, Text::NoPageFile));
   try {
     QtPrinter printer;
     PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),

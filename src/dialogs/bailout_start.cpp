@@ -1,22 +1,11 @@
 #include "dialogs/bailout_start.h"
 
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
 
-constexpr int kTitle = 2600;
-constexpr int kAbort = 2711;
-constexpr int kOK = 1210;
-constexpr int kCancel = 1215;
-constexpr int kBelow0 = 3000;
-constexpr int kAbove99 = 3001;
-constexpr int kFaultTitle = 3002;
-constexpr int kNoPlan = 3003;
-constexpr int kPlanClosed = 7327;
-constexpr int kBusy = 7332;
-constexpr int kRounded = 7987;
-constexpr int kNoNumber = 7326;
 const std::string kSection = "Bailout";
 
 }  // namespace
@@ -33,17 +22,17 @@ frmBailoutStart::frmBailoutStart(const DialogServices& services, PrintPreview& r
 
 void frmBailoutStart::Form_Load() {
   Localize();
-  Caption = T(kTitle);
-  Label1.Caption = T(6092);
-  lbtime.Caption = T(2603);
-  cbOK.Caption = T(kOK);
-  cbCancel.Caption = T(kCancel);
-  Frame1.Caption = T(2602);
-  Frame2.Caption = T(2601);
-  Label2.Caption = T(2605);
-  Label4.Caption = T(2604);
-  Check1.Caption = T(7324);
-  Check2.Caption = T(7325);
+  Caption = T(Text::BailoutTitle);
+  Label1.Caption = T(Text::ReportMinutes);
+  lbtime.Caption = T(Text::BailoutInterval);
+  cbOK.Caption = T(Text::OK);
+  cbCancel.Caption = T(Text::Cancel);
+  Frame1.Caption = T(Text::BailoutSettings);
+  Frame2.Caption = T(Text::BailoutGenerate);
+  Label2.Caption = T(Text::BailoutTemplate);
+  Label4.Caption = T(Text::Progress);
+  Check1.Caption = T(Text::BailoutPrintTables);
+  Check2.Caption = T(Text::BailoutPrintCards);
   tbTime.Text = "5";
   const SettingsStore& settings = platform_.settings;
   Check1.Value = settings.ReadSetting(kSection, "Tables") != "0";
@@ -52,7 +41,7 @@ void frmBailoutStart::Form_Load() {
     Label3.Caption = TemplateOf(plan_->Number()).Templatename;
     tbTime.SelectAll();
   } else {
-    Box(T(kNoPlan), "", BoxIcon::None);
+    Box(T(Text::BailoutNoPlan), "", BoxIcon::None);
   }
 }
 
@@ -63,7 +52,7 @@ void frmBailoutStart::ChooseParts() {
 
 void frmBailoutStart::SetRunning(bool running) {
   cbCancel.Bold = running;
-  cbCancel.Caption = T(running ? kAbort : kCancel);
+  cbCancel.Caption = T(running ? Text::Abort : Text::Cancel);
   cbOK.Enabled = !running;
   tbTime.Enabled = !running;
   Check1.Enabled = !running;
@@ -74,14 +63,18 @@ std::optional<Single> frmBailoutStart::ReadInterval() {
   const auto typed = NumberIn(tbTime.Text);
   const Single interval = RoundSingle(typed.value_or(0), 0);
   if (typed && interval >= 0 && interval <= BailoutCuts::kLongestInterval) return interval;
-  RefuseEntry(lbtime, tbTime, T(!typed ? kNoNumber : *typed < 0 ? kBelow0 : kAbove99), T(kFaultTitle));
+  RefuseEntry(lbtime, tbTime,
+              T(!typed       ? Text::NoNumber
+                : *typed < 0 ? Text::BailoutBelow0
+                             : Text::BailoutAbove99),
+              T(Text::BailoutFaultTitle));
   return std::nullopt;
 }
 
 void frmBailoutStart::cbOK_Click() {
   const auto self = weak_from_this().lock();  // closing the window must not end what is at work
   if (runs_.IsRunning()) {
-    Box(T(kBusy), T(kFaultTitle), BoxIcon::Exclamation);
+    Box(T(Text::TablesBusy), T(Text::BailoutFaultTitle), BoxIcon::Exclamation);
     return;
   }
   const auto interval = ReadInterval();
@@ -91,23 +84,24 @@ void frmBailoutStart::cbOK_Click() {
     return;
   }
   if (!plan_->IsOpen()) {
-    Box(T(kPlanClosed), T(kFaultTitle), BoxIcon::Exclamation);
+    Box(T(Text::PlanClosed), T(Text::BailoutFaultTitle), BoxIcon::Exclamation);
     Unload();
     return;
   }
   const PlanServices& plans = services_.forms.Services();
   const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer);
   if (cuts.IntervalIsAtFault()) {
-    RefuseEntry(lbtime, tbTime, texts_.Words(cuts.Fault()), T(kFaultTitle));
+    RefuseEntry(lbtime, tbTime, texts_.Words(cuts.Fault()), T(Text::BailoutFaultTitle));
     return;
   }
   if (!cuts.Fault().IsEmpty()) {
-    Box(texts_.Words(cuts.Fault()), T(kFaultTitle), BoxIcon::Exclamation);
+    Box(texts_.Words(cuts.Fault()), T(Text::BailoutFaultTitle), BoxIcon::Exclamation);
     Unload();
     return;
   }
   if (cuts.Interval() != NumberIn(tbTime.Text)) {
-    Box(T(kRounded, {FieldName(lbtime), tbTime.Text, Plain(cuts.Interval())}), T(kFaultTitle), BoxIcon::Information);
+    Box(T(Text::TablesRounded, {FieldName(lbtime), tbTime.Text, Plain(cuts.Interval())}), T(Text::BailoutFaultTitle),
+        BoxIcon::Information);
   }
   SettingsStore& settings = platform_.settings;
   settings.WriteSetting(kSection, "Tables", Check1.Value ? "1" : "0");
@@ -147,7 +141,7 @@ void frmBailoutStart::Bailoutproc(const BailoutCuts& cuts) {
     fault = texts_.Words(error);
   }
   run_ = nullptr;
-  if (!fault.empty()) Box(fault, T(kFaultTitle), BoxIcon::Stop);
+  if (!fault.empty()) Box(fault, T(Text::BailoutFaultTitle), BoxIcon::Stop);
 }
 
 }  // namespace tav

@@ -4,15 +4,10 @@
 #include <array>
 
 #include "advice/plan_check.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kTitle = 7684;
-constexpr int kNothing = 7685;
-constexpr int kCountNothing = 7686;
-constexpr int kCounts = 7687;
-constexpr int kFault = 7692;
 
 /// How a severity looks: a shape of its own beside the colour, for those who tell no colours apart.
 struct Look {
@@ -21,9 +16,9 @@ struct Look {
   int name;
 };
 
-constexpr std::array<Look, 3> kLooks{{{"\u25a0", RGB(192, 0, 0), 7688},     // a square
-                                      {"\u25b2", RGB(176, 96, 0), 7689},    // a triangle
-                                      {"\u25cf", RGB(0, 80, 176), 7690}}};  // a dot
+constexpr std::array<Look, 3> kLooks{{{"\u25a0", RGB(192, 0, 0), Text::Danger},    // a square
+                                      {"\u25b2", RGB(176, 96, 0), Text::Caution},  // a triangle
+                                      {"\u25cf", RGB(0, 80, 176), Text::Note}}};   // a dot
 
 const Look& LookOf(Severity severity) { return kLooks.at(static_cast<std::size_t>(severity)); }
 
@@ -40,8 +35,8 @@ frmCheckPane::frmCheckPane(const DialogServices& services,
 
 void frmCheckPane::Form_Load() {
   Localize();
-  Caption = T(kTitle);
-  fgFindings.Caption = T(kTitle);
+  Caption = T(Text::CheckTitle);
+  fgFindings.Caption = T(Text::CheckTitle);
 }
 
 void frmCheckPane::Check(std::optional<std::int16_t> document) {
@@ -85,7 +80,7 @@ void frmCheckPane::Fill() {
   fgFindings.Cells = cells;
   fgFindings.Visible = !findings_.empty();
   lbNothing.Visible = findings_.empty() && document_.has_value();
-  lbNothing.Caption = fault_.empty() ? T(kNothing) : T(kFault, {fault_});
+  lbNothing.Caption = fault_.empty() ? T(Text::CheckNothing) : T(Text::CheckFault, {fault_});
 }
 
 void frmCheckPane::SelectFinding() {
@@ -98,7 +93,7 @@ void frmCheckPane::SelectFinding() {
 
 frmCheckPane::Count frmCheckPane::CountNow() const {
   if (!document_ || !fault_.empty()) return {};
-  if (findings_.empty()) return {"\u2713", T(kCountNothing)};
+  if (findings_.empty()) return {"\u2713", T(Text::CheckCountNothing)};
   Count count;
   std::array<std::string, kLooks.size()> numbers;
   for (std::size_t i = 0; i < kLooks.size(); ++i) {
@@ -107,7 +102,7 @@ frmCheckPane::Count frmCheckPane::CountNow() const {
     if (number > 0)
       count.marks += (count.marks.empty() ? "" : "  ") + std::string(kLooks.at(i).mark) + " " + numbers.at(i);
   }
-  count.words = T(kCounts, {numbers[0], numbers[1], numbers[2]});
+  count.words = T(Text::CheckCounts, {numbers[0], numbers[1], numbers[2]});
   count.colour = LookOf(findings_.front().severity).colour;
   return count;
 }

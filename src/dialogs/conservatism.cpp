@@ -1,6 +1,7 @@
 #include "dialogs/conservatism.h"
 
 #include "dialogs/gradient_factors.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -23,16 +24,16 @@ frmConservatism::frmConservatism(const DialogServices& services) : DialogForm("f
 void frmConservatism::Form_Load() {
   Localize();
   documentIndex_ = services_.ActiveOrDefault();
-  Caption = T(1700);
-  Check1.Caption = T(1709);
-  Label1.Caption = T(1711);
-  Label2.Caption = T(1710);
-  lbExample.Caption = T(7163, {Fixed(0.3, 2), "30"});
-  Check2.Caption = T(1713);
-  Label3.Caption = T(1707);
-  Label4.Caption = T(1708);
-  cbOK.Caption = T(1210);
-  cbCancel.Caption = T(1215);
+  Caption = T(Text::ConservatismTitle);
+  Check1.Caption = T(Text::ConservatismGradient);
+  Label1.Caption = T(Text::LowGF);
+  Label2.Caption = T(Text::HighGF);
+  lbExample.Caption = T(Text::FactorsExample, {Fixed(0.3, 2), "30"});
+  Check2.Caption = T(Text::ConservatismAdjustDepth);
+  Label3.Caption = T(Text::ConservatismFormula);
+  Label4.Caption = T(Text::ConservatismFormulaOfDepth);
+  cbOK.Caption = T(Text::OK);
+  cbCancel.Caption = T(Text::Cancel);
   const DiveTemplate& t = TemplateOf(documentIndex_);
   formerUseGF_ = t.UseGF;
   Check1.Value = t.UseGF;
@@ -62,7 +63,7 @@ void frmConservatism::cbOK_Click() {
   const Single limit = gradient_factors::Highest(services_.veryHighGF);
   const bool valid = gradient_factors::ArePair(low, high, limit);
   if (!valid) {
-    Box(T(3004) + Plain(limit) + T(3005), Caption, BoxIcon::Stop);
+    Box(T(Text::FactorsAbove0) + Plain(limit) + T(Text::FactorsInOrder), Caption, BoxIcon::Stop);
     return;
   }
   if (!ConfirmHighFactor(low, high)) {
@@ -83,7 +84,9 @@ void frmConservatism::cbOK_Click() {
 
 bool frmConservatism::ConfirmHighFactor(Single low, Single high) {
   if (!services_.veryHighGF || !Check1.Value || !gradient_factors::IsBold(low, high)) return true;
-  const std::string question = T(3006) + "\r" + T(3007) + "\r" + T(3008) + "\r" + T(3009) + Plain(1) + T(3010);
+  const std::string question = T(Text::FactorsFarApart) + "\r" + T(Text::HighFactorRisk) + "\r" +
+                               T(Text::LowFactorRisk) + "\r" + T(Text::FactorsPressOK) + Plain(1) +
+                               T(Text::FactorsOrCancel);
   return Box(question, Caption, BoxIcon::Exclamation, BoxButtons::OKCancel) == BoxAnswer::OK;
 }
 

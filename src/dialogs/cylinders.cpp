@@ -5,27 +5,11 @@
 #include <cmath>
 
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "supply/supply_text.h"
 
 namespace tav {
 namespace {
-
-constexpr int kTitle = 7660;
-constexpr int kGas = 2122;
-constexpr int kFillHead = 7638;
-constexpr int kCount = 7661;
-constexpr int kSize = 7662;
-constexpr int kUnit = 7663;
-constexpr int kRated = 7664;
-constexpr int kReserve = 7665;
-constexpr int kBarUnit = 7666;
-constexpr int kPsiUnit = 7667;
-constexpr int kRowFault = 7679;
-constexpr int kRange = 7680;
-constexpr int kAboveFill = 7681;
-constexpr int kNoRows = 7682;
-constexpr int kOK = 1210;
-constexpr int kCancel = 1215;
 
 /// Cylinders as divers call them.
 struct Kind {
@@ -82,7 +66,7 @@ void frmCylinders::Wire() {
   fgCylinders.EditorOf = [this](int row, int column) {
     if (row < 1 || (column == Rated && InLitres(row))) return Grid::Editor{};
     Grid::Editor editor{column == Gas || column == Unit ? CellKind::List : CellKind::Text, {}};
-    if (column == Unit) editor.entries = {T(kBarUnit), T(kPsiUnit)};
+    if (column == Unit) editor.entries = {T(Text::CylindersMetric), T(Text::CylindersImperial)};
     if (column == Gas) {
       const std::vector<GasMix>& blends = TemplateOf(document_).Blends;
       editor.entries.reserve(blends.size());
@@ -106,17 +90,27 @@ void frmCylinders::Wire() {
 void frmCylinders::Form_Load() {
   Localize();
   document_ = services_.ActiveOrDefault();
-  Caption = T(kTitle);
-  const std::pair<Control*, int> captions[] = {
-      {&lbKind, 7670},    {&cbAdd, 7668},  {&cbRemove, 7669}, {&frTeam, 7671}, {&lbTeam, 7672}, {&lbStress, 7673},
-      {&lbMinutes, 7674}, {&lbRule, 7675}, {&lbGases, 7635},  {&lbLegs, 7636}, {&cbOK, kOK},    {&cbCancel, kCancel}};
+  Caption = T(Text::CylindersTitle);
+  const std::pair<Control*, int> captions[] = {{&lbKind, Text::CylindersKind},
+                                               {&cbAdd, Text::CylindersAdd},
+                                               {&cbRemove, Text::CylindersRemove},
+                                               {&frTeam, Text::CylindersTrouble},
+                                               {&lbTeam, Text::CylindersDivers},
+                                               {&lbStress, Text::CylindersFactor},
+                                               {&lbMinutes, Text::CylindersMinutes},
+                                               {&lbRule, Text::CylindersTurn},
+                                               {&lbGases, Text::SupplyTitle},
+                                               {&lbLegs, Text::SupplyLegs},
+                                               {&cbOK, Text::OK},
+                                               {&cbCancel, Text::Cancel}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
   lbGases.Bold = lbLegs.Bold = true;
   lbFault.ForeColor = kRed;
   FillFields();
   const std::vector<Cylinder>& cylinders = TemplateOf(document_).Cylinders;
-  std::vector<std::vector<std::string>> rows{
-      {T(kGas), T(kCount), T(kSize), T(kUnit), T(kRated), T(kFillHead), T(kReserve)}};
+  std::vector<std::vector<std::string>> rows{{T(Text::InfoGas), T(Text::CylindersCount), T(Text::CylindersSize),
+                                              T(Text::CylindersUnit), T(Text::CylindersRated), T(Text::SupplyFill),
+                                              T(Text::CylindersReserve)}};
   rows.reserve(cylinders.size() + 1);
   for (const Cylinder& cylinder : cylinders) rows.push_back(RowOf(cylinder));
   fgCylinders.SetRows(rows);
@@ -134,7 +128,7 @@ void frmCylinders::FillFields() {
   tbTeam.Text = std::to_string(choice.team);
   tbStress.Text = Plain(choice.stress);
   tbMinutes.Text = Plain(choice.minutes);
-  cmbRule.Items = {T(7676), T(7677), T(7678)};
+  cmbRule.Items = {T(Text::TurnAllUsable), T(Text::TurnHalf), T(Text::TurnThird)};
   cmbRule.ListIndex = static_cast<int>(choice.rule);
 }
 
@@ -142,13 +136,13 @@ std::vector<std::string> frmCylinders::RowOf(const Cylinder& cylinder) const {
   return {cylinder.Gas,
           std::to_string(cylinder.Count),
           Plain(cylinder.Size),
-          T(cylinder.InLitres() ? kBarUnit : kPsiUnit),
+          T(cylinder.InLitres() ? Text::CylindersMetric : Text::CylindersImperial),
           cylinder.InLitres() ? "" : Plain(cylinder.RatedPressure),
           Plain(cylinder.Fill),
           Plain(cylinder.Reserve)};
 }
 
-bool frmCylinders::InLitres(int row) const { return fgCylinders.Text(row, Unit) != T(kPsiUnit); }
+bool frmCylinders::InLitres(int row) const { return fgCylinders.Text(row, Unit) != T(Text::CylindersImperial); }
 
 void frmCylinders::CommitCell(int row, int column, const std::string& text) {
   if (column == Unit && text != fgCylinders.Text(row, Unit)) {
@@ -173,19 +167,20 @@ Cylinder frmCylinders::ReadRow(int row, Fault& fault) const {
   const auto number = [&](Column column, double least, double most) -> Single {
     const auto value = NumberIn(fgCylinders.Text(row, column));
     if (value && *value >= least && *value <= most) return *value;
-    if (fault.column < 0) fault = {column, T(kRange, {Plain(least), Plain(most)})};
+    if (fault.column < 0) fault = {column, T(Text::CylindersRange, {Plain(least), Plain(most)})};
     return 0;
   };
   Cylinder cylinder;
   cylinder.Gas = fgCylinders.Text(row, Gas);
   const Single count = number(Count, 1, kMostCylinders);
   cylinder.Count = RoundToInt16(count).value_or(0);
-  if (count != static_cast<double>(cylinder.Count)) fault = {Count, T(kRange, {"1", std::to_string(kMostCylinders)})};
+  if (count != static_cast<double>(cylinder.Count))
+    fault = {Count, T(Text::CylindersRange, {"1", std::to_string(kMostCylinders)})};
   cylinder.Size = number(Size, kSmallest, kLargestCylinder);
   if (!litres) cylinder.RatedPressure = number(Rated, kLeastRating, HighestPressure(false));
   cylinder.Fill = number(Fill, 0, HighestPressure(litres));
   cylinder.Reserve = number(Reserve, 0, HighestPressure(litres));
-  if (fault.column < 0 && cylinder.Reserve > cylinder.Fill) fault = {Reserve, T(kAboveFill)};
+  if (fault.column < 0 && cylinder.Reserve > cylinder.Fill) fault = {Reserve, T(Text::CylindersAboveFill)};
   return cylinder;
 }
 
@@ -200,7 +195,7 @@ std::string frmCylinders::ReadRows(std::vector<Cylinder>& cylinders) {
     if (fault.column < 0) {
       cylinders.push_back(cylinder);
     } else if (first.empty()) {
-      first = T(kRowFault, {std::to_string(row), fgCylinders.Text(0, fault.column), fault.reason});
+      first = T(Text::CylindersFault, {std::to_string(row), fgCylinders.Text(0, fault.column), fault.reason});
     }
   }
   return first;
@@ -212,7 +207,8 @@ std::string frmCylinders::ReadChoice(SupplyChoice& choice) {
     const double value = NumberIn(field.Text).value_or(-1);
     const bool sound = value >= least && value <= most && (!whole || value == std::floor(value));
     field.ForeColor = sound ? -1 : kRed;
-    if (!sound && first.empty()) first = Unmarked(label.Caption) + ": " + T(kRange, {Plain(least), Plain(most)});
+    if (!sound && first.empty())
+      first = Unmarked(label.Caption) + ": " + T(Text::CylindersRange, {Plain(least), Plain(most)});
     return sound ? value : least;
   };
   choice.team = static_cast<int>(read(tbTeam, lbTeam, 1, kLargestTeam, true));
@@ -238,7 +234,7 @@ void frmCylinders::Show() {
       TablesOf(supply, settings.RMV, AdviceWords(texts_, platform_.separators, settings.Metric));
   fgSupply.Cells = tables.gases;
   fgLegs.Cells = tables.legs;
-  if (fault.empty() && !cylinders.empty() && !supply.IsTold()) fault = T(kNoRows);
+  if (fault.empty() && !cylinders.empty() && !supply.IsTold()) fault = T(Text::CylindersNoRows);
   lbFault.Caption = fault;
   cbRemove.Enabled = fgCylinders.Rows() > 1;
 }

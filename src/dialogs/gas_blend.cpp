@@ -6,19 +6,9 @@
 #include "model/gas_name.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-constexpr int kTitle = 1229;
-constexpr int kBlendName = 1228;
-constexpr int kNameMissing = 1230;
-constexpr int kNameHelp = 1231;
-constexpr int kNameFault = 7051;
-constexpr int kNameTaken = 7162;
-constexpr int kBroughtTo100 = 8104;
-
-}  // namespace
 
 frmGasBlend::frmGasBlend(const DialogServices& services) : DialogForm("frmGasBlend", services) {
   tbO2.KeyReturn = [this] { Confirm(&frmGasBlend::updateO2); };
@@ -41,13 +31,13 @@ frmGasBlend::frmGasBlend(const DialogServices& services) : DialogForm("frmGasBle
 
 void frmGasBlend::Form_Load() {
   Localize();
-  Caption = T(kTitle);
-  lbBlendName.Caption = T(kBlendName);
+  Caption = T(Text::BlendTitle);
+  lbBlendName.Caption = T(Text::BlendName);
   lbO2.Caption = "%  O2";
   lbN2.Caption = "% N2";
   lbHe.Caption = "% He";
-  cbOK.Caption = T(1210);
-  cbCancel.Caption = T(1215);
+  cbOK.Caption = T(Text::OK);
+  cbCancel.Caption = T(Text::Cancel);
   ShowAll();
   adjusted_ = false;
   tbBlendName.SetFocus();
@@ -110,19 +100,19 @@ void frmGasBlend::Step(TextBox& field, int by) {
 void frmGasBlend::cbOK_Click() {
   const std::string& name = tbBlendName.Text.Get();
   if (name.empty()) {
-    Box(T(kNameMissing) + "\r\n" + T(kNameHelp), T(kTitle), BoxIcon::Exclamation);
+    Box(T(Text::BlendNameMissing) + "\r\n" + T(Text::BlendNameHelp), T(Text::BlendTitle), BoxIcon::Exclamation);
     tbBlendName.SetFocus();
     return;
   }
   // The file format separates by these characters: such a name would not come back.
   if (!BlendNameFault(name).empty()) {
-    Box(T(kNameFault), T(kTitle), BoxIcon::Exclamation);
+    Box(T(Text::GasNameFault), T(Text::BlendTitle), BoxIcon::Exclamation);
     tbBlendName.SelectAll();
     return;
   }
   DiveTemplate& t = TemplateOf(documentIndex_);
   if (FindBlend(NameInTemplate(name, t), t)) {
-    Box(T(kNameTaken), T(kTitle), BoxIcon::Exclamation);
+    Box(T(Text::GasNameTaken), T(Text::BlendTitle), BoxIcon::Exclamation);
     tbBlendName.SelectAll();
     return;
   }
@@ -132,7 +122,7 @@ void frmGasBlend::cbOK_Click() {
   updateHe();
   // The user has not seen yet what became of an entry when OK was what left its field.
   if (std::exchange(adjusted_, false)) {
-    Box(T(kBroughtTo100, {tbO2.Text, tbHe.Text, tbN2.Text}), T(kTitle), BoxIcon::Exclamation);
+    Box(T(Text::BlendBroughtTo100, {tbO2.Text, tbHe.Text, tbN2.Text}), T(Text::BlendTitle), BoxIcon::Exclamation);
     return;
   }
   t.Blends.push_back({name, o2_, n2_, he_});

@@ -1,6 +1,7 @@
 #include "dialogs/general_info.h"
 
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "reports/information_text.h"
 #include "supply/supply_text.h"
 
@@ -72,19 +73,37 @@ void frmGeneralInfo::setthefirstprofile() {
 
 void frmGeneralInfo::SetUpControls() {
   const auto first = FirstDive();
-  Caption = T(2100) + ": " + services_.Documents()(*first).ProfileName;
+  Caption = T(Text::InfoTitle) + ": " + services_.Documents()(*first).ProfileName;
   const std::int16_t dives = getNumberofSeries();
   TabStrip1.Visible = dives > 1;
-  std::vector<std::string> tabs{T(3012)};
-  for (int i = 2; i <= dives; ++i) tabs.push_back(T(3013) + std::to_string(i));
+  std::vector<std::string> tabs{T(Text::InfoFirstDive)};
+  for (int i = 2; i <= dives; ++i) tabs.push_back(T(Text::DiveNumber) + std::to_string(i));
   TabStrip1.Tabs = tabs;
   TabStrip1.SelectedItem = 0;
-  const std::pair<Control*, int> captions[] = {
-      {&Label1, 2130},  {&Label2, 2129},       {&Label3, 2127},  {&Label4, 2128},  {&Frame3, 2131},
-      {&Label5, 2142},  {&Label6, 2132},       {&Label7, 2133},  {&Label8, 2136},  {&Label9, 2137},
-      {&Label10, 2138}, {&Label11, 2134},      {&Label12, 2135}, {&Label13, 2140}, {&Label14, 2139},
-      {&lbHiGF, 6170},  {&lbO2Narcotic, 2141}, {&lbLoGF, 6171},  {&Label16, 3011}, {&Command1, 2210},
-      {&cbCopy, 7215},  {&GeneralInfo, 7215},  {&lbGases, 7635}, {&lbLegs, 7636}};
+  const std::pair<Control*, int> captions[] = {{&Label1, Text::InfoSummary},
+                                               {&Label2, Text::InfoStops},
+                                               {&Label3, Text::InfoProfile},
+                                               {&Label4, Text::InfoGasUse},
+                                               {&Frame3, Text::InfoSettings},
+                                               {&Label5, Text::InfoConservatism},
+                                               {&Label6, Text::InfoModel},
+                                               {&Label7, Text::InfoAltitude},
+                                               {&Label8, Text::InfoDecoSteps},
+                                               {&Label9, Text::InfoStopSize},
+                                               {&Label10, Text::InfoLastStop},
+                                               {&Label11, Text::InfoStart},
+                                               {&Label12, Text::InfoSurface},
+                                               {&Label13, Text::InfoUnits},
+                                               {&Label14, Text::InfoApparatus},
+                                               {&lbHiGF, Text::InfoHighGF},
+                                               {&lbO2Narcotic, Text::InfoO2Narcotic},
+                                               {&lbLoGF, Text::InfoLowGF},
+                                               {&Label16, Text::InfoInterval},
+                                               {&Command1, Text::PreviewClose},
+                                               {&cbCopy, Text::InfoCopy},
+                                               {&GeneralInfo, Text::InfoCopy},
+                                               {&lbGases, Text::SupplyTitle},
+                                               {&lbLegs, Text::SupplyLegs}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
   for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14,
                       &lbGases, &lbLegs}) {
@@ -118,7 +137,7 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   // The first dive has no interval before it.
   const bool interval = showInterval && services_.forms(dive).PrevProfile != -1;
   Label16.Visible = Label17.Visible = interval;
-  Label16.Caption = T(3016);
+  Label16.Caption = T(Text::CaptionInterval);
   Label17.Caption = interval ? T(FormatMinutes(document.SurfaceInterval)) : "";
   const auto notice = NoticeOf(services_.forms(dive).InputProfile, document.Decompresses);
   lbNotice.Visible = notice.has_value();
@@ -137,14 +156,12 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
 }
 
 void frmGeneralInfo::ShowSupply(std::int16_t dive) {
-  constexpr int kDive = 7683;
-  constexpr int kSupply = 7635;
   supply_ = SupplyTablesOf(services_.forms(dive).Planned(), ReadSupplyChoice(services_.platform.settings),
                            services_.texts, services_.platform.separators);
   fgSupply.Cells = supply_.gases;
   fgLegs.Cells = supply_.legs;
   const bool told = !supply_.gases.empty();
-  TabStrip2.Tabs = {T(kDive), T(kSupply)};
+  TabStrip2.Tabs = {T(Text::InfoDive), T(Text::SupplyTitle)};
   TabStrip2.Visible = told;
   if (!told) TabStrip2.SelectedItem = 0;
   ShowTab();
@@ -185,8 +202,7 @@ void frmGeneralInfo::GeneralInfo_Click() {
       InformationText({services_.forms.Caption(dive_), Label17.Caption, information.Info(), fginfo.Cells,
                        fgDecoStop.Cells, fgGasConsumption.Cells, supply_, lbNotice.Caption},
                       services_.texts));
-  constexpr int kDone = 7216;
-  Box(T(kDone), "", BoxIcon::None);
+  Box(T(Text::InfoCopied), "", BoxIcon::None);
 }
 
 }  // namespace tav

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
-
-constexpr int kLegFault = 7544;
-constexpr int kAboveCeiling = 7545;
 
 const std::string& TextOf(const LegTable::Row& leg, LegTable::Field field) {
   if (field == LegTable::Field::Gas) return leg.gas;
@@ -22,7 +21,7 @@ std::string LegEntry::Refusal() const {
 }
 
 std::string LegEntry::FaultLine(const LegTable::Fault& fault) const {
-  return T(kLegFault, {std::to_string(fault.row + 1), fault.reason});
+  return T(Text::PaneLegFault, {std::to_string(fault.row + 1), fault.reason});
 }
 
 std::optional<int> LegEntry::RowOf(int line) const {
@@ -126,7 +125,8 @@ bool LegEntry::Try() {
   }
   const std::string unit = template_->Metric ? " m" : " ft";
   for (const PlanRefusal::Leg& leg : refusal.legs) {
-    faults_.push_back({leg.action - 1, LegTable::Field::Depth, T(kAboveCeiling, {Fixed(leg.ceiling, 1) + unit})});
+    faults_.push_back(
+        {leg.action - 1, LegTable::Field::Depth, T(Text::PaneAboveCeiling, {Fixed(leg.ceiling, 1) + unit})});
   }
   planFault_ = refusal.fault;
   isInForce_ = faults_.empty() && planFault_.empty();

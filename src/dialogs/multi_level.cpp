@@ -1,19 +1,8 @@
 #include "dialogs/multi_level.h"
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kTitle = 3080;
-constexpr int kHours = 3081;
-constexpr int kMinutes = 3082;
-constexpr int kCancel = 1609;
-constexpr int kOK = 1610;
-constexpr int kHoursFault = 3027;
-constexpr int kMinutesFault = 3028;
-constexpr int kCannotAdd = 7100;
-constexpr int kIntervalOnAir = 8306;
-
-}  // namespace
 
 frmMultiLevel::frmMultiLevel(const DialogServices& services) : DialogForm("frmMultiLevel", services) {
   if (const auto active = services.ActiveDocument()) dive_.emplace(services, *active);
@@ -25,13 +14,13 @@ frmMultiLevel::frmMultiLevel(const DialogServices& services) : DialogForm("frmMu
 
 void frmMultiLevel::Form_Load() {
   Localize();
-  Caption = T(kTitle);
-  Frame1.Caption = T(kTitle);
-  Label1.Caption = T(kHours);
-  Label2.Caption = T(kMinutes);
-  Command1.Caption = T(kCancel);
-  Command2.Caption = T(kOK);
-  cbIntervalOnAir.Caption = T(kIntervalOnAir);
+  Caption = T(Text::IntervalTitle);
+  Frame1.Caption = T(Text::IntervalTitle);
+  Label1.Caption = T(Text::IntervalHours);
+  Label2.Caption = T(Text::IntervalMinutes);
+  Command1.Caption = T(Text::TemplateCancel);
+  Command2.Caption = T(Text::TemplateOK);
+  cbIntervalOnAir.Caption = T(Text::IntervalOnAir);
   cbIntervalOnAir.Value = true;
   cbIntervalOnAir.Visible = dive_ && !services_.Documents()(dive_->Number()).Template.OpenCircuit;
   tbHours.Text = "0";
@@ -43,13 +32,13 @@ void frmMultiLevel::Command2_Click() {
   // Text that is no number counts as out of range.
   const auto hours = NumberIn(tbHours.Text);
   if (!hours || *hours > 24 || *hours < 0) {
-    Box(T(kHoursFault), T(kTitle), BoxIcon::Stop);
+    Box(T(Text::IntervalHoursFault), T(Text::IntervalTitle), BoxIcon::Stop);
     tbHours.SelectAll();
     return;
   }
   const auto minutes = NumberIn(tbMinutes.Text);
   if (!minutes || *minutes > 59 || *minutes < 0) {
-    Box(T(kMinutesFault), T(kTitle), BoxIcon::Stop);
+    Box(T(Text::IntervalMinutesFault), T(Text::IntervalTitle), BoxIcon::Stop);
     tbMinutes.SelectAll();
     return;
   }
@@ -59,7 +48,7 @@ void frmMultiLevel::Command2_Click() {
     return;
   }
   if (!CanAdd()) {
-    Box(T(kCannotAdd), T(kTitle), BoxIcon::Stop);
+    Box(T(Text::IntervalNotAdded), T(Text::IntervalTitle), BoxIcon::Stop);
     return;
   }
   services_.forms.AddRepetitiveDive(dive_->Number(), interval, cbIntervalOnAir.Value);

@@ -2,12 +2,9 @@
 
 #include <utility>
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kNotTaken = 8000;
-
-}  // namespace
 
 PlanEntry::PlanEntry(PlanPaneServices services)
     : FormTexts(services.dialogs.platform, services.dialogs.texts),
@@ -150,7 +147,9 @@ void PlanEntry::RestoreSetting() {
   services_.entered(*document_);
 }
 
-void PlanEntry::Tell(const std::string& entered, const std::string& reason) { told_ = T(kNotTaken, {entered, reason}); }
+void PlanEntry::Tell(const std::string& entered, const std::string& reason) {
+  told_ = T(Text::EntryNotTaken, {entered, reason});
+}
 
 const PlanEntry::Unfinished* PlanEntry::FindUnfinished(std::int16_t document) const {
   const auto found = unfinished_.find(document);

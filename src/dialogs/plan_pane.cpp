@@ -3,17 +3,9 @@
 #include <utility>
 #include <vector>
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kDepth = 7028;
-constexpr int kGas = 7030;
-constexpr int kTitle = 7511;
-constexpr int kPlanDive = 7512;
-constexpr int kAddLeg = 7513;
-constexpr int kTimeMeans = 7514;
-
-}  // namespace
 
 frmPlanPane::frmPlanPane(PlanPaneServices services)
     : PaneForm("frmPlanPane", services.dialogs), entry_(std::move(services)) {
@@ -23,11 +15,11 @@ frmPlanPane::frmPlanPane(PlanPaneServices services)
 
 void frmPlanPane::Form_Load() {
   Localize();
-  Caption = T(kTitle);
+  Caption = T(Text::PaneTitle);
   lbQuickTimeUnit.Caption = "min";
-  tbQuickDepth.ToolTipText = T(kDepth);
-  tbQuickTime.ToolTipText = T(kTimeMeans);
-  cbQuickGas.ToolTipText = T(kGas);
+  tbQuickDepth.ToolTipText = T(Text::Depth);
+  tbQuickTime.ToolTipText = T(Text::PaneTimeMeans);
+  cbQuickGas.ToolTipText = T(Text::Gas);
   legs.SetTexts();
   settings.SetTexts();
   schedule.SetTexts();
@@ -57,7 +49,7 @@ void frmPlanPane::ShowQuickLine() {
   const int last = static_cast<int>(t.Blends.size()) - 1;
   if (cbQuickGas.ListIndex < 0 || cbQuickGas.ListIndex > last) cbQuickGas.ListIndex = 0;
   lbQuickDepthUnit.Caption = entry_.LengthUnit();
-  cbQuick.Caption = T(entry_.Legs().Table().Rows() == 0 ? kPlanDive : kAddLeg);
+  cbQuick.Caption = T(entry_.Legs().Table().Rows() == 0 ? Text::PanePlanDive : Text::PaneAddLeg);
 }
 
 void frmPlanPane::Quick() {

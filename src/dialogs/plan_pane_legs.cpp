@@ -4,19 +4,10 @@
 
 #include "dialogs/mix_information.h"
 #include "figures/schedule.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kDepthText = 7028;
-constexpr int kTimeText = 7502;
-constexpr int kGasText = 7030;
-constexpr int kRunText = 7521;
-constexpr int kTimeMeans = 7514;
-constexpr int kLegs = 7526;
-constexpr int kAscent = 7530;
-constexpr int kFirstMenu = 7531;
-constexpr int kAscentWord = 7543;
 
 LegTable::Field FieldOf(int column) {
   if (column == PlanPaneLegs::kDepth) return LegTable::Field::Depth;
@@ -92,10 +83,10 @@ std::vector<MenuItem*> PlanPaneLegs::Menu() {
 }
 
 void PlanPaneLegs::SetTexts() {
-  ckAscent.Caption = T(kAscent);
-  cbLegs.Caption = T(kLegs) + "...";
-  fgLegs.SpokenName = T(kLegs);
-  int id = kFirstMenu;
+  ckAscent.Caption = T(Text::PaneAscent);
+  cbLegs.Caption = T(Text::PaneLegs) + "...";
+  fgLegs.SpokenName = T(Text::PaneLegs);
+  int id = Text::PaneMenu;
   for (MenuItem* item : Menu()) item->Caption = T(id++);
   fgLegs.RightColumns = {kNumber, kDepth, kTime, kPPO2, kEND, kRun};
   fgLegs.WideColumn = kGas;
@@ -160,7 +151,7 @@ std::vector<GridCell> PlanPaneLegs::CellsOf(int row) const {
   std::vector<GridCell> cells(kRun + 1);
   cells[kRun].text = RunTimeOf(row);
   if (leg.ascent) {
-    cells[kGas] = {T(kAscentWord), -1, false, true};
+    cells[kGas] = {T(Text::PaneAscentWord), -1, false, true};
     return cells;
   }
   cells[kNumber].text = std::to_string(row + 1);
@@ -184,12 +175,12 @@ void PlanPaneLegs::Show() {
   std::vector<std::vector<GridCell>> cells;
   cells.reserve(static_cast<std::size_t>(Table().Rows()) + 2);
   cells.push_back({{""},
-                   {T(kDepthText) + length},
-                   {T(kTimeText) + "\nmin"},
-                   {T(kGasText)},
+                   {T(Text::Depth) + length},
+                   {T(Text::Time) + "\nmin"},
+                   {T(Text::Gas)},
                    {metric ? "PPO2\nbar" : "PPO2\nata"},
                    {"END" + length},
-                   {T(kRunText) + "\nmin"}});
+                   {T(Text::PaneRun) + "\nmin"}});
   for (int row = 0; hasPlan && row < Table().Rows(); ++row) {
     if (row == Table().EndOfLegs()) cells.emplace_back(kRun + 1);
     cells.push_back(CellsOf(row));
@@ -202,7 +193,7 @@ void PlanPaneLegs::Show() {
     auto& line = cells.at(static_cast<std::size_t>(Legs().LineOf(fault.row)));
     line.at(static_cast<std::size_t>(ColumnOf(fault.field))).fault = fault.reason;
   }
-  fgLegs.ToolTipText = T(kTimeMeans);
+  fgLegs.ToolTipText = T(Text::PaneTimeMeans);
   fgLegs.Enabled = hasPlan;
   fgLegs.Cells = std::move(cells);
   ckAscent.Enabled = entry_.IsFree() && Table().EndOfLegs() > 0;
@@ -248,13 +239,15 @@ void PlanPaneLegs::Move(int by) {
   fgLegs.SelectCell(Legs().LineOf((by > 0 ? range->second : range->first) + by), fgLegs.SelectedColumn);
 }
 
-void PlanPaneLegs::Copy(int first, int last) { platform_.clipboard.SetText(Table().Text(first, last, T(kAscentWord))); }
+void PlanPaneLegs::Copy(int first, int last) {
+  platform_.clipboard.SetText(Table().Text(first, last, T(Text::PaneAscentWord)));
+}
 
 void PlanPaneLegs::Paste() {
   if (!entry_.IsFree()) return;
   const int row = InsertedAt();
   const std::string text = platform_.clipboard.Text();
-  entry_.Change([&](LegTable& table) { table.Paste(row, text, T(kAscentWord)); });
+  entry_.Change([&](LegTable& table) { table.Paste(row, text, T(Text::PaneAscentWord)); });
 }
 
 }  // namespace tav

@@ -2,21 +2,11 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
 
-constexpr int kDepth = 7028;
-constexpr int kTime = 7502;
-constexpr int kGas = 7030;
-constexpr int kPPO2 = 7031;
-constexpr int kFirstKind = 7515;
-constexpr int kRun = 7521;
-constexpr int kTotals = 7522;
-constexpr int kGases = 7523;
-constexpr int kNoAscent = 7524;
-constexpr int kCopySchedule = 7525;
-constexpr int kSchedule = 7527;
-constexpr int kAsBefore = 8002;
 constexpr Colour kGrey = RGB(112, 112, 112);
 
 }  // namespace
@@ -28,24 +18,24 @@ PlanPaneSchedule::PlanPaneSchedule(Form& form, PlanEntry& entry) : PlanPanePart(
   };
   cbCopySchedule.Click = [this] {
     if (!entry_.HasPlan()) return;
-    const std::string before = entry_.Refusal().empty() ? "" : T(kAsBefore) + "\n";
+    const std::string before = entry_.Refusal().empty() ? "" : T(Text::AsBefore) + "\n";
     platform_.clipboard.SetText(before + Schedule().Aligned());
   };
 }
 
 void PlanPaneSchedule::SetTexts() {
-  cbCopySchedule.Caption = T(kCopySchedule);
-  fgSchedule.SpokenName = T(kSchedule);
+  cbCopySchedule.Caption = T(Text::PaneCopySchedule);
+  fgSchedule.SpokenName = T(Text::PaneSchedule);
   fgSchedule.TextColumns = {0, 4};
 }
 
 ScheduleWords PlanPaneSchedule::Words() const {
   ScheduleWords words;
-  for (std::size_t i = 0; i < words.kinds.size(); ++i) words.kinds.at(i) = T(kFirstKind + static_cast<int>(i));
-  words.heads = {T(kDepth), T(kTime), T(kRun), T(kGas), T(kPPO2)};
-  words.totals = T(kTotals);
-  words.gases = T(kGases);
-  words.noAscent = T(kNoAscent);
+  for (std::size_t i = 0; i < words.kinds.size(); ++i) words.kinds.at(i) = T(Text::PaneKinds + static_cast<int>(i));
+  words.heads = {T(Text::Depth), T(Text::Time), T(Text::PaneRun), T(Text::Gas), T(Text::PPO2)};
+  words.totals = T(Text::PaneTotals);
+  words.gases = T(Text::PaneGases);
+  words.noAscent = T(Text::PaneNoAscent);
   words.atmospheres = "ata";
   return words;
 }
@@ -81,7 +71,7 @@ void PlanPaneSchedule::Show() {
     for (const std::string& text : schedule.Lines()[i]) row.push_back({text, colour, schedule.Rows()[i].changesGas});
   }
   fgSchedule.Cells = std::move(cells);
-  std::string totals = asBefore ? T(kAsBefore) : "";
+  std::string totals = asBefore ? T(Text::AsBefore) : "";
   if (!schedule.Rows().empty()) {
     for (const std::string& line : schedule.Totals()) totals += (totals.empty() ? "" : "\n") + line;
   }

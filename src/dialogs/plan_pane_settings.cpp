@@ -3,21 +3,9 @@
 #include <algorithm>
 
 #include "dialogs/gradient_factors.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-constexpr int kLowFactor = 1711;
-constexpr int kHighFactor = 1710;
-constexpr int kFactors = 7540;
-constexpr int kLastStop = 7541;
-constexpr int kEdit = 7542;
-constexpr int kFactorsOutside = 7546;
-constexpr int kSettings = 7547;
-constexpr int kLastStopOutside = 7549;
-constexpr int kBoldFactors = 8006;
-
-}  // namespace
 
 PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
   udLowGF.Buddy = tbLowGF.Name();
@@ -42,12 +30,12 @@ PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(
 }
 
 void PlanPaneSettings::SetTexts() {
-  cbEditTemplate.Caption = T(kEdit);
-  lbGF.Caption = T(kFactors);
-  lbLastStop.Caption = T(kLastStop);
-  tbLowGF.ToolTipText = T(kLowFactor);
-  tbHighGF.ToolTipText = T(kHighFactor);
-  tbLastStop.SpokenName = T(kLastStop);
+  cbEditTemplate.Caption = T(Text::PaneEdit);
+  lbGF.Caption = T(Text::PaneFactors);
+  lbLastStop.Caption = T(Text::PaneLastStop);
+  tbLowGF.ToolTipText = T(Text::LowGF);
+  tbHighGF.ToolTipText = T(Text::HighGF);
+  tbLastStop.SpokenName = T(Text::PaneLastStop);
 }
 
 void PlanPaneSettings::Show() {
@@ -62,7 +50,7 @@ void PlanPaneSettings::Show() {
   if (!entry_.HasPlan()) return;
   const DiveTemplate& t = entry_.Template();
   lbTemplate.Caption = t.Templatename;
-  lbTemplate.ToolTipText = T(kSettings, {t.TemplateFolder + t.Templatename});
+  lbTemplate.ToolTipText = T(Text::PaneSettings, {t.TemplateFolder + t.Templatename});
   tbLowGF.Text = Fixed(t.GFLow, 2);
   tbHighGF.Text = Fixed(t.GFHigh, 2);
   tbLastStop.Text = Plain(t.LastStop);
@@ -79,16 +67,16 @@ void PlanPaneSettings::TypeFactor(const TextBox& field) {
   const Single low = isLow ? factor : entry_.Template().GFLow;
   const Single high = isLow ? entry_.Template().GFHigh : factor;
   std::string fault;
-  if (!gradient_factors::ArePair(low, high, Highest())) fault = T(kFactorsOutside, {Plain(Highest())});
+  if (!gradient_factors::ArePair(low, high, Highest())) fault = T(Text::PaneFactorsOutside, {Plain(Highest())});
   if (fault.empty() && gradient_factors::IsBold(low, high)) {
-    fault = T(kBoldFactors, {Plain(gradient_factors::kBoldHighAbove), Plain(gradient_factors::kBoldLowUpTo)});
+    fault = T(Text::BoldFactors, {Plain(gradient_factors::kBoldHighAbove), Plain(gradient_factors::kBoldLowUpTo)});
   }
   entry_.TypeSetting(field.Text, fault, [&](DiveTemplate& t) { (isLow ? t.GFLow : t.GFHigh) = factor; });
 }
 
 void PlanPaneSettings::TypeLastStop() {
   const Single depth = Number(tbLastStop.Text);
-  const std::string fault = depth <= 0 ? T(kLastStopOutside) : "";
+  const std::string fault = depth <= 0 ? T(Text::PaneLastStopFault) : "";
   entry_.TypeSetting(tbLastStop.Text, fault, [&](DiveTemplate& t) { t.LastStop = depth; });
 }
 

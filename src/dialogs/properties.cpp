@@ -4,20 +4,10 @@
 
 #include "dialogs/unit_change.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "model/units.h"
 
 namespace tav {
-namespace {
-
-constexpr int kTitle = 1600;
-constexpr int kAddRow = 1625;
-constexpr int kDeleteRow = 1626;
-constexpr int kDash = 1653;
-constexpr int kFirstPage = 3034;
-constexpr int kDropEntries = 8101;
-constexpr int kKeepForLater = 8102;
-
-}  // namespace
 
 frmProperties::frmProperties(const DialogServices& services) : DialogForm("frmProperties", services) {
   ListView1.ItemClick = [this] { ShowPage(); };
@@ -33,25 +23,28 @@ frmProperties::frmProperties(const DialogServices& services) : DialogForm("frmPr
     cancelled_ = true;
     Unload();
   };
-  const std::pair<Control*, int> captions[] = {
-      {&lbNewPlans, 8100}, {&Label23, 5003}, {&cbOK, 1610}, {&cbCancel, 1609}, {&cbDefault, 1608}};
+  const std::pair<Control*, int> captions[] = {{&lbNewPlans, Text::TemplateOfNewPlans},
+                                               {&Label23, Text::TemplateCategory},
+                                               {&cbOK, Text::TemplateOK},
+                                               {&cbCancel, Text::TemplateCancel},
+                                               {&cbDefault, Text::TemplateDefault}};
   for (const auto& [control, id] : captions) control->Tag = std::to_string(id);
 }
 
 void frmProperties::Form_Load() {
-  AddRow.Caption = std::to_string(kAddRow);
-  DelRow.Caption = std::to_string(kDeleteRow);
+  AddRow.Caption = std::to_string(Text::TemplateAddRow);
+  DelRow.Caption = std::to_string(Text::TemplateDeleteRow);
   Localize();
   // The letters of the menu would be those of all buttons.
   for (Button* add : {&rates.cbAddDescend, &rates.cbAddAscend, &stops.cbAddChange}) {
-    add->Caption = ReplaceAll(T(kAddRow), "&", "");
+    add->Caption = ReplaceAll(T(Text::TemplateAddRow), "&", "");
   }
   for (Button* remove : {&rates.cbDelDescend, &rates.cbDelAscend, &stops.cbDelChange, &gases.cbDelGas}) {
-    remove->Caption = ReplaceAll(T(kDeleteRow), "&", "");
+    remove->Caption = ReplaceAll(T(Text::TemplateDeleteRow), "&", "");
   }
   SetDocument(services_.ActiveOrDefault());
   std::vector<std::string> items;
-  for (std::size_t i = 0; i < pages_.size(); ++i) items.push_back(T(kFirstPage + static_cast<int>(i)));
+  for (std::size_t i = 0; i < pages_.size(); ++i) items.push_back(T(Text::TemplateCategories + static_cast<int>(i)));
   ListView1.Items = items;
   ListView1.SelectedItem = 0;
   ShowPage();
@@ -68,7 +61,7 @@ void frmProperties::SetDocument(std::int16_t index) {
   ForEachPage([](TemplatePage& page) { page.Fill(); });
   ShowUnits();
   sheet_.EndFilling();
-  Caption = T(kTitle) + T(kDash) + services_.Documents()(index).TemplateTitle;
+  Caption = T(Text::TemplateTitle) + T(Text::TemplateDash) + services_.Documents()(index).TemplateTitle;
   lbNewPlans.Visible = sheet_.IsOfNewPlans();
   cbDefault.Enabled = !sheet_.IsOfNewPlans();
 }
@@ -90,7 +83,8 @@ void frmProperties::ShowUnits() {
 }
 
 void frmProperties::cbDefault_Click() {
-  if (sheet_.IsChanged() && Box(T(kDropEntries), Caption, BoxIcon::Question, BoxButtons::YesNo) != BoxAnswer::Yes) {
+  if (sheet_.IsChanged() &&
+      Box(T(Text::TemplateDropEntries), Caption, BoxIcon::Question, BoxButtons::YesNo) != BoxAnswer::Yes) {
     return;
   }
   SetDocument(DocumentStore::DefaultDocument);
@@ -113,7 +107,7 @@ void frmProperties::cbOK_Click() {
     fault = T(JoinFaults(TemplateFaults(t)));
   }
   if (!fault.empty()) {
-    Box(fault, T(kTitle), BoxIcon::Stop);
+    Box(fault, T(Text::TemplateTitle), BoxIcon::Stop);
     return;
   }
   const std::int16_t document = sheet_.document;
@@ -132,8 +126,9 @@ void frmProperties::cbOK_Click() {
 
 void frmProperties::OfferToKeep() {
   if (!services_.keepDefaultTemplate) return;
-  const std::string question = T(kKeepForLater, {services_.defaultTemplateFile});
-  if (Box(question, T(kTitle), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::Yes) services_.keepDefaultTemplate();
+  const std::string question = T(Text::TemplateKeepForLater, {services_.defaultTemplateFile});
+  if (Box(question, T(Text::TemplateTitle), BoxIcon::Question, BoxButtons::YesNo) == BoxAnswer::Yes)
+    services_.keepDefaultTemplate();
 }
 
 void frmProperties::Form_Unload() {

@@ -3,25 +3,26 @@
 #include <algorithm>
 
 #include "model/altitude.h"
+#include "model/text_id.h"
 
 namespace tav {
 
-AltitudePage::AltitudePage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame1", 1645) {
-  Texts({{&Frame12, 1646},
-         {&lbStartAltitude, 1645},
-         {&lbStartPressure, 3043},
-         {&lbEndAltitude, 1645},
-         {&Check1, 1647},
-         {&Label10, 5004},
-         {&Label12, 3042},
-         {&Frame11, 1648},
-         {&Label14, 3043}});
-  const TemplateSheet::Remedy altitude{3053, "1", " Meters", "1", " Feet"};
+AltitudePage::AltitudePage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame1", Text::TemplateAltitude) {
+  Texts({{&Frame12, Text::TemplateStartAltitude},
+         {&lbStartAltitude, Text::TemplateAltitude},
+         {&lbStartPressure, Text::Pressure},
+         {&lbEndAltitude, Text::TemplateAltitude},
+         {&Check1, Text::TemplateAdapted},
+         {&Label10, Text::TemplateTimeToAdapt},
+         {&Label12, Text::TemplateMinutes},
+         {&Frame11, Text::TemplateSurfacePressure},
+         {&Label14, Text::Pressure}});
+  const TemplateSheet::Remedy altitude{Text::TemplateBadAltitude, "1", " Meters", "1", " Feet"};
   sheet.Add(Text2, {&DiveTemplate::StartAltitude, Quantity::Length, 0, 0}, altitude, [this] { AltitudeChanged(true); });
   sheet.Add(Text5, {&DiveTemplate::EndAltitude, Quantity::Length, 0, 0}, altitude, [this] { AltitudeChanged(false); });
-  sheet.Add(Text1, {}, {3054, "1", " Minutes", "1", " Minutes"});
-  sheet.AddUnits({&Label11, &Label18}, 1219, 1216);
-  sheet.AddUnits({&Label13, &Label16}, 1220, 1221);
+  sheet.Add(Text1, {}, {Text::TemplateBadTimeToAdapt, "1", " Minutes", "1", " Minutes"});
+  sheet.AddUnits({&Label11, &Label18}, Text::MetresWord, Text::FeetWord);
+  sheet.AddUnits({&Label13, &Label16}, Text::BarWord, Text::AtaWord);
   Text4.Locked = true;
   Text3.Locked = true;
   Check1.Click = [this] { Check1_Click(); };

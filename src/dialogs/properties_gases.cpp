@@ -4,19 +4,12 @@
 
 #include "dialogs/gas_blend.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
 
-constexpr int kRowStays = 1654;
-constexpr int kPlanUsesGases = 3044;
-constexpr int kOnlyGasChange = 3045;
-constexpr int kNot100Percent = 7150;
-
-}  // namespace
-
-GasesPage::GasesPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame4", 1607) {
-  Texts({{&cbCustomBlend, 1611}, {&Command1, 6318}});
+GasesPage::GasesPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame4", Text::TemplateGases) {
+  Texts({{&cbCustomBlend, Text::TemplateCustomBlend}, {&Command1, Text::MixerTitle}});
   // Air, the first row, is what it is, names are keys of legs and gas changes, and nitrogen is the rest.
   FgGas.EditorOf = [](int row, int column) {
     using Kind = Grid::Editor::Kind;
@@ -39,7 +32,7 @@ std::vector<std::string> GasesPage::RowOf(const GasMix& mix) const {
 }
 
 void GasesPage::Fill() {
-  std::vector<std::vector<std::string>> rows{{T(1618), "% O2", "% He", "% N2"}};
+  std::vector<std::vector<std::string>> rows{{T(Text::TemplateGasName), "% O2", "% He", "% N2"}};
   for (const GasMix& mix : sheet_.Template().Blends) rows.push_back(RowOf(mix));
   FgGas.SetRows(rows);
   for (int row = 1; row < FgGas.Rows(); ++row) Mark(row);
@@ -72,7 +65,7 @@ Single GasesPage::SharesOf(int row) const {
 
 std::string GasesPage::ShareFault(int row) const {
   const Single shares = SharesOf(row);
-  return RoundSingle(shares, 0) == 100 ? "" : T(kNot100Percent) + Fixed(shares, 0) + " %";
+  return RoundSingle(shares, 0) == 100 ? "" : T(Text::SharesNot100) + Fixed(shares, 0) + " %";
 }
 
 void GasesPage::Mark(int row) {
@@ -105,9 +98,9 @@ bool GasesPage::PlanUsesGases() const {
 }
 
 void GasesPage::DeleteBlend(int row) {
-  if (PlanUsesGases()) return table_.Refuse(kPlanUsesGases);
-  if (row < 2) return table_.Refuse(kRowStays);
-  if (!Release(FgGas.Text(row, 0))) return table_.Refuse(kOnlyGasChange);
+  if (PlanUsesGases()) return table_.Refuse(Text::TemplateGasInPlan);
+  if (row < 2) return table_.Refuse(Text::TemplateRowStays);
+  if (!Release(FgGas.Text(row, 0))) return table_.Refuse(Text::TemplateOnlyGasChange);
   table_.Remove(row);
 }
 

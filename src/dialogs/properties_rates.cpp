@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
 
-constexpr int kDepthStays = 1655;
-
-}  // namespace
-
-RatesPage::RatesPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame13", 3069) {
-  Texts({{&Frame7, 1603}, {&Frame6, 1604}});
+RatesPage::RatesPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame13", Text::TemplateRates) {
+  Texts({{&Frame7, Text::TemplateDescentRates}, {&Frame6, Text::TemplateAscentRates}});
   Wire(fgDescend, descend_);
   Wire(fgAscend, ascend_);
   descend_.WireRows(&cbAddDescend, cbDelDescend);
@@ -23,7 +20,7 @@ void RatesPage::Wire(Grid& grid, TemplateTable& table) {
   grid.Commit = [this, &table](int row, int column, const std::string& text) {
     // The tables begin at the surface.
     if (row == 1 && column == 0 && TemplateTable::PurgeNumericInput(text, platform_.separators) != "0") {
-      table.Refuse(kDepthStays);
+      table.Refuse(Text::TemplateDepthStays);
     } else {
       table.CommitNumber(row, column, text);
     }
@@ -41,11 +38,12 @@ void RatesPage::Fill() {
 }
 
 void RatesPage::ShowUnits() {
-  const std::string depth = " " + T(sheet_.metric ? 1222 : 1223);
-  const std::string rate = " " + T(sheet_.metric ? 7164 : 7165);
-  for (const auto& [grid, head] : {std::pair(&fgDescend, 1621), std::pair(&fgAscend, 1623)}) {
+  const std::string depth = " " + T(sheet_.metric ? Text::InMetres : Text::InFeet);
+  const std::string rate = " " + T(sheet_.metric ? Text::InMetresPerMin : Text::InFeetPerMin);
+  for (const auto& [grid, head] :
+       {std::pair(&fgDescend, Text::TemplateDepth), std::pair(&fgAscend, Text::TemplateAscentDepth)}) {
     grid->SetText(0, 0, T(head) + depth);
-    grid->SetText(0, 1, T(1624) + rate);
+    grid->SetText(0, 1, T(Text::TemplateRate) + rate);
   }
 }
 

@@ -1,12 +1,20 @@
 #include "dialogs/properties_rebreather.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 
-RebreatherPage::RebreatherPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame8", 1650) {
-  Texts({{&Label1, 1651}, {&Label19, 3074}, {&Check2, 3075}, {&cbKeepsDiluent, 8305}, {&cbIntervalOnAir, 8306}});
-  sheet.Add(SetPoint, {&DiveTemplate::Setpoint, Quantity::Pressure, 0, 3}, {3055, "1.4", " Bar", "1.4", " Ata"});
-  sheet.Add(Text6, {&DiveTemplate::DecoSetpoint, Quantity::Pressure, 0, 3}, {3056, "1.4", " Bar", "1.4", " Ata"});
-  sheet.AddUnits({&lBarAta, &Label5}, 1629, 1630);
+RebreatherPage::RebreatherPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame8", Text::TemplateLoop) {
+  Texts({{&Label1, Text::TemplateSetpoint},
+         {&Label19, Text::TemplateDecoSetpoint},
+         {&Check2, Text::TemplateOpenForDeco},
+         {&cbKeepsDiluent, Text::TemplateKeepsDiluent},
+         {&cbIntervalOnAir, Text::IntervalOnAir}});
+  sheet.Add(SetPoint, {&DiveTemplate::Setpoint, Quantity::Pressure, 0, 3},
+            {Text::TemplateBadSetpoint, "1.4", " Bar", "1.4", " Ata"});
+  sheet.Add(Text6, {&DiveTemplate::DecoSetpoint, Quantity::Pressure, 0, 3},
+            {Text::TemplateBadDecoSetpoint, "1.4", " Bar", "1.4", " Ata"});
+  sheet.AddUnits({&lBarAta, &Label5}, Text::TemplateBar, Text::TemplateAta);
   sheet.Add(Check2, &DiveTemplate::OCDeco);
   sheet.Add(cbKeepsDiluent, &DiveTemplate::KeepsDiluent);
   sheet.Add(cbIntervalOnAir, &DiveTemplate::IntervalOnAir);

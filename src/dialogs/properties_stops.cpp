@@ -2,28 +2,32 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
 #include "model/units.h"
 
 namespace tav {
 
 StopsPage::StopsPage(TemplateSheet& sheet, const GasesPage& gases, const AltitudePage& altitude)
-    : TemplatePage(sheet, "Frame15", 3070), gases_(gases), altitude_(altitude) {
-  Texts({{&Frame5, 1605},
-         {&Label7, 1643},
-         {&Label15, 1644},
-         {&Frame16, 3071},
-         {&Label20, 3072},
-         {&Label21, 3073},
-         {&Frame3, 1606},
-         {&cbAutoDecoGas, 1652}});
-  sheet.Add(tbStepSize, {&DiveTemplate::StepSize, Quantity::Length, 0, 0}, {3046, "3", "", "10", ""});
-  sheet.Add(tbLastStop, {&DiveTemplate::LastStop, Quantity::Length, 0, 0}, {3047, "3", "", "10", ""});
+    : TemplatePage(sheet, "Frame15", Text::TemplateDecoSettings), gases_(gases), altitude_(altitude) {
+  Texts({{&Frame5, Text::TemplateDecoStep},
+         {&Label7, Text::TemplateStepSize},
+         {&Label15, Text::TemplateLastStop},
+         {&Frame16, Text::TemplateDecoGas},
+         {&Label20, Text::TemplateDecoPPO2},
+         {&Label21, Text::TemplateDecoRMV},
+         {&Frame3, Text::TemplateGasChanges},
+         {&cbAutoDecoGas, Text::TemplateAutoDecoGas}});
+  sheet.Add(tbStepSize, {&DiveTemplate::StepSize, Quantity::Length, 0, 0},
+            {Text::TemplateBadStepSize, "3", "", "10", ""});
+  sheet.Add(tbLastStop, {&DiveTemplate::LastStop, Quantity::Length, 0, 0},
+            {Text::TemplateBadLastStop, "3", "", "10", ""});
   sheet.Add(Text7, {&DiveTemplate::DecoPPO2, Quantity::Pressure, 2, 2, {}, Limits{500, 1.6, 500}},
-            {3048, "1.0", " " + T(1220), "1.0", " " + T(1221)}, [this] { ShowAutoDepths(); });
+            {Text::TemplateBadDecoPPO2, "1.0", " " + T(Text::BarWord), "1.0", " " + T(Text::AtaWord)},
+            [this] { ShowAutoDepths(); });
   sheet.AddRate(Text8, &DiveTemplate::DecoRMV);
-  sheet.AddUnits({&lbStepUnit, &lbLastStopUnit}, 1619, 1620);
-  sheet.AddUnits({&Label17}, 1629, 1630);
-  sheet.AddUnits({&Label22}, 1628, 1627);
+  sheet.AddUnits({&lbStepUnit, &lbLastStopUnit}, Text::TemplateMetres, Text::TemplateFeet);
+  sheet.AddUnits({&Label17}, Text::TemplateBar, Text::TemplateAta);
+  sheet.AddUnits({&Label22}, Text::TemplateLitresPerMin, Text::TemplateCubicFeetPerMin);
   sheet.Add(cbAutoDecoGas, &DiveTemplate::AutoDecoGas);
   cbAutoDecoGas.Click = [this] { cbAutoDecoGas_Click(); };
   WireChanges();
@@ -72,8 +76,8 @@ void StopsPage::Fill() {
 }
 
 void StopsPage::ShowUnits() {
-  fgGasChange.SetText(0, 0, T(1621) + " " + T(sheet_.metric ? 1222 : 1223));
-  fgGasChange.SetText(0, 1, T(1622));
+  fgGasChange.SetText(0, 0, T(Text::TemplateDepth) + " " + T(sheet_.metric ? Text::InMetres : Text::InFeet));
+  fgGasChange.SetText(0, 1, T(Text::TemplateGasMix));
 }
 
 void StopsPage::Convert(double length) {

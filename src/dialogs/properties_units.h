@@ -1,14 +1,15 @@
 #pragma once
 
 #include "dialogs/template_page.h"
+#include "model/text_id.h"
 
 namespace tav {
 
 /// The units of a template.
 class UnitsPage : public TemplatePage {
  public:
-  explicit UnitsPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame2", 1602) {
-    Texts({{&Option1_1, 1631}, {&Option1_0, 1632}});
+  explicit UnitsPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame2", Text::TemplateUnits) {
+    Texts({{&Option1_1, Text::TemplateMetric}, {&Option1_0, Text::TemplateImperial}});
   }
 
   OptionButton Option1_1{form_, "Option1_1"};  ///< metric

@@ -1,5 +1,7 @@
 #include "dialogs/report_selection.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 
 frmReportSelection::frmReportSelection(const TextSource& texts) : Form("frmReportSelection"), texts_(texts) {
@@ -15,11 +17,11 @@ frmReportSelection::frmReportSelection(const TextSource& texts) : Form("frmRepor
 }
 
 void frmReportSelection::Form_Load() {
-  Caption = texts_.GetResString(7217);
-  Option1.Caption = texts_.GetResString(7218);
-  Option2.Caption = texts_.GetResString(7219);
-  Command1.Caption = texts_.GetResString(1210);
-  Command2.Caption = texts_.GetResString(1215);
+  Caption = texts_.GetResString(Text::SelectionTitle);
+  Option1.Caption = texts_.GetResString(Text::SelectionThisDive);
+  Option2.Caption = texts_.GetResString(Text::SelectionAllDives);
+  Command1.Caption = texts_.GetResString(Text::OK);
+  Command2.Caption = texts_.GetResString(Text::Cancel);
   Option1.Value = true;
 }
 

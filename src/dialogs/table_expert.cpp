@@ -2,23 +2,12 @@
 
 #include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "tables/table_print.h"
 
 namespace tav {
 namespace {
 
-constexpr int kTitle = 2700;
-constexpr int kAbort = 2711;
-constexpr int kCancel = 2712;
-constexpr int kStart = 2713;
-constexpr int kMetres = 6027;
-constexpr int kFeet = 6029;
-constexpr int kNoNumber = 7326;
-constexpr int kPlanClosed = 7327;
-constexpr int kNoGas = 7328;
-constexpr int kBusy = 7332;
-constexpr int kOtherUnits = 7333;
-constexpr int kRounded = 7987;
 const std::string kSection = "TableExpert";
 
 /// The number of the field that a fault is told of, as they stand in the window.
@@ -66,18 +55,18 @@ std::array<frmTableExpert::Field, 6> frmTableExpert::Fields() {
 
 void frmTableExpert::Form_Load() {
   Localize();
-  Caption = T(kTitle);
+  Caption = T(Text::TablesTitle);
   Label* const labels[] = {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6};
-  int id = 2701;
+  int id = Text::TablesFields;
   for (Label* label : labels) label->Caption = T(id++);
-  Frame2.Caption = T(2707);
-  Label8.Caption = T(2708);
-  Label12.Caption = T(2709);
-  Label9.Caption = T(2710);
-  cbCancel.Caption = T(kCancel);
-  cbStart.Caption = T(kStart);
-  Check1.Caption = T(5010);
-  Label10.Caption = T(6092);
+  Frame2.Caption = T(Text::TablesGasUsed);
+  Label8.Caption = T(Text::TablesMix);
+  Label12.Caption = T(Text::TablesTemplate);
+  Label9.Caption = T(Text::TablesProgress);
+  cbCancel.Caption = T(Text::TablesCancel);
+  cbStart.Caption = T(Text::TablesStart);
+  Check1.Caption = T(Text::TablesFastDescent);
+  Label10.Caption = T(Text::ReportMinutes);
 
   ShowGases();
   ShowFields();
@@ -97,7 +86,7 @@ void frmTableExpert::ShowGases() {
 
 void frmTableExpert::ShowFields() {
   metric_ = TemplateOf(TableDocument()).Metric;
-  Label11.Caption = T(metric_ ? kMetres : kFeet);
+  Label11.Caption = T(metric_ ? Text::ReportMetres : Text::ReportFeet);
   const auto show = [this](bool kept) {
     for (const Field& field : Fields()) {
       const std::string text = platform_.settings.ReadSetting(kSection, metric_ ? field.metricKey : field.imperialKey);
@@ -132,24 +121,24 @@ void frmTableExpert::SetRunning(bool running) {
   Check1.Enabled = !running;
   for (const Field& field : Fields()) field.box.Enabled = !running;
   cbCancel.Bold = running;
-  cbCancel.Caption = T(running ? kAbort : kCancel);
+  cbCancel.Caption = T(running ? Text::Abort : Text::TablesCancel);
 }
 
 bool frmTableExpert::CanStart() {
   const auto refuse = [this](int reason) {
-    Box(T(reason), T(kTitle), BoxIcon::Exclamation);
+    Box(T(reason), T(Text::TablesTitle), BoxIcon::Exclamation);
     return false;
   };
   // The window stands beside the plan, which may have been closed or changed meanwhile.
   if (plan_ && !plan_->IsOpen()) {
-    refuse(kPlanClosed);
+    refuse(Text::PlanClosed);
     Unload();
     return false;
   }
-  if (runs_.IsRunning()) return refuse(kBusy);
+  if (runs_.IsRunning()) return refuse(Text::TablesBusy);
   if (TemplateOf(TableDocument()).Metric == metric_) return true;
   ShowFields();
-  return refuse(kOtherUnits);
+  return refuse(Text::TablesOtherUnits);
 }
 
 void frmTableExpert::cbStart_Click() {
@@ -159,14 +148,14 @@ void frmTableExpert::cbStart_Click() {
   if (!axes) return;
   const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
   if (!mix) {
-    Box(T(kNoGas), T(kTitle), BoxIcon::Exclamation);
+    Box(T(Text::GasGone), T(Text::TablesTitle), BoxIcon::Exclamation);
     ShowGases();
     return;
   }
   const PlanServices& plans = services_.forms.Services();
   SquareDives dives(TemplateOf(TableDocument()), plans.model, {*mix, Check1.Value, *axes}, plans.observer);
   if (!dives.Fault().IsEmpty()) {
-    Box(texts_.Words(dives.Fault()), T(kTitle), BoxIcon::Stop);
+    Box(texts_.Words(dives.Fault()), T(Text::TablesTitle), BoxIcon::Stop);
     return;
   }
   SetRunning(true);
@@ -199,21 +188,21 @@ std::optional<TableAxes> frmTableExpert::ReadAxes() {
   for (const Field& field : Fields()) {
     const auto value = NumberIn(field.box.Text);
     if (!value) {
-      RefuseEntry(field.label, field.box, T(kNoNumber), T(kTitle));
+      RefuseEntry(field.label, field.box, T(Text::NoNumber), T(Text::TablesTitle));
       return std::nullopt;
     }
     const Single whole = RoundSingle(*value, 0);
     if (whole == *value) continue;
-    rounded += T(kRounded, {FieldName(field.label), field.box.Text, Plain(whole)}) + "\r\n";
+    rounded += T(Text::TablesRounded, {FieldName(field.label), field.box.Text, Plain(whole)}) + "\r\n";
   }
   const auto axes = Axes();
   const AxesFault fault = FindAxesFault(*axes);
   if (fault != AxesFault::None) {
     const Field field = Fields().at(FieldOf(fault, *axes));
-    RefuseEntry(field.label, field.box, rounded + T(TextOf(fault)), T(kTitle));
+    RefuseEntry(field.label, field.box, rounded + T(TextOf(fault)), T(Text::TablesTitle));
     return std::nullopt;
   }
-  if (!rounded.empty()) Box(rounded, T(kTitle), BoxIcon::Information);
+  if (!rounded.empty()) Box(rounded, T(Text::TablesTitle), BoxIcon::Information);
   return axes;
 }
 
@@ -234,7 +223,7 @@ void frmTableExpert::GenerateTables(SquareDives& dives) {
     }
     run_ = nullptr;
   }
-  if (!fault.empty()) Box(fault, T(kTitle), BoxIcon::Stop);
+  if (!fault.empty()) Box(fault, T(Text::TablesTitle), BoxIcon::Stop);
 }
 
 }  // namespace tav

@@ -5,6 +5,7 @@
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "model/units.h"
 
 namespace tav {
@@ -30,7 +31,7 @@ void TemplateSheet::Add(TextBox& box, const Number& number, const Remedy& remedy
 
 void TemplateSheet::AddRate(TextBox& box, Single DiveTemplate::*value) {
   const Limits limits{200, 1, 200, 1};
-  Add(box, {value, Quantity::Volume, 0, 2, limits, limits}, {3049, "20", " L/Min", "0.6", " CuFt"});
+  Add(box, {value, Quantity::Volume, 0, 2, limits, limits}, {Text::TemplateBadRMV, "20", " L/Min", "0.6", " CuFt"});
 }
 
 void TemplateSheet::AddUnits(std::initializer_list<Label*> labels, int metricText, int imperialText) {

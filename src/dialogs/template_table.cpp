@@ -6,17 +6,9 @@
 #include <iterator>
 
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-constexpr int kTitle = 1600;
-constexpr int kRowStays = 1654;
-constexpr int kNotGivenText = 7050;
-constexpr int kNoNumber = 7151;
-constexpr int kCellSet = 8106;
-
-}  // namespace
 
 TemplateTable::TemplateTable(TemplateSheet& sheet, Grid& grid, int first, int end)
     : FormTexts(sheet.services.platform, sheet.services.texts), sheet_(sheet), grid_(grid), first_(first), end_(end) {
@@ -46,7 +38,8 @@ void TemplateTable::CommitNumber(int row, int column, const std::string& text) {
   grid_.SetColour(row, column, NumberIn(number) ? -1 : kRed);
   // Units behind a number mean nothing else; but nobody types a word, or a number below 0, to get another one.
   const bool isWord = !number.empty() && text.find_first_of("0123456789") == std::string::npos;
-  if (isWord || NumberIn(text).value_or(0) < 0) Box(T(kCellSet, {text, number}), T(kTitle), BoxIcon::Exclamation);
+  if (isWord || NumberIn(text).value_or(0) < 0)
+    Box(T(Text::CellSetTo, {text, number}), T(Text::TemplateTitle), BoxIcon::Exclamation);
 }
 
 std::string TemplateTable::Cell(Single value) const { return value == kNotGiven ? "" : sheet_.Whole(value, 0); }
@@ -62,8 +55,8 @@ std::string TemplateTable::Fault(const std::string& title) const {
     std::string fault;
     for (int column = first_; fault.empty() && column < end_; ++column) {
       const std::string text = grid_.Text(row, column);
-      if (text.empty()) fault = T(kNotGivenText);
-      if (fault.empty() && !NumberIn(text)) fault = T(kNoNumber) + text;
+      if (text.empty()) fault = T(Text::CellNotGiven);
+      if (fault.empty() && !NumberIn(text)) fault = T(Text::CellNoNumber) + text;
     }
     if (fault.empty()) fault = FaultOf(row);
     if (!fault.empty()) return title + ", " + std::to_string(row) + ": " + fault;
@@ -82,7 +75,7 @@ void TemplateTable::Scale(double factor, int columns, bool rounded) {
   }
 }
 
-void TemplateTable::Refuse(int text) { Box(T(text), T(kTitle), BoxIcon::Exclamation); }
+void TemplateTable::Refuse(int text) { Box(T(text), T(Text::TemplateTitle), BoxIcon::Exclamation); }
 
 void TemplateTable::OpenMenu(bool canAdd) {
   sheet_.addRow.Visible = canAdd;
@@ -113,7 +106,7 @@ void TemplateTable::DeleteRow(int row) {
   if (row >= 2) {
     Remove(row);
   } else {
-    Refuse(kRowStays);
+    Refuse(Text::TemplateRowStays);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -109,17 +110,17 @@ void frmWaypointForm::Form_Load() {
 
 void frmWaypointForm::SetCaptions() {
   const bool metric = Template().Metric;
-  Caption = T(1800);
-  cbEdit.Caption = T(7548);
-  Label3.Caption = T(1801);
-  Label2.Caption = T(1802);
-  Label5.Caption = T(1232);
-  lbInformation.Caption = T(7054);
+  Caption = T(Text::WaypointTitle);
+  cbEdit.Caption = T(Text::WaypointEditLeg);
+  Label3.Caption = T(Text::WaypointDepth);
+  Label2.Caption = T(Text::WaypointTime);
+  Label5.Caption = T(Text::WaypointMinutes);
+  lbInformation.Caption = T(Text::WaypointPointAtGas);
   lbMixName.Visible = false;
   lbGasAtDepth.Bold = true;
-  lbDepthUnit.Caption = T(metric ? 1219 : 1216);
-  Frame2.Caption = T(1803);
-  Frame3.Caption = T(3067);
+  lbDepthUnit.Caption = T(metric ? Text::MetresWord : Text::FeetWord);
+  Frame2.Caption = T(Text::WaypointGas);
+  Frame3.Caption = T(Text::WaypointOptimalGases);
   Frame4.Caption = "Nitrox";
   Frame5.Caption = "Trimix";
   Frame6.Caption = "Heliox";
@@ -127,30 +128,30 @@ void frmWaypointForm::SetCaptions() {
   for (Label* label : {&lbN2, &lbNitroxN2, &lbTrimixN2}) label->Caption = "% N2";
   for (Label* label : {&lbHe, &lbTrimixHe, &lbHelioxHe}) label->Caption = "% He";
   for (Button* button : {&cbNitroxAdd, &cbTrimixAdd, &cbHelioxAdd}) {
-    button->Caption = std::string(TrimBlanks(T(3068)));
+    button->Caption = std::string(TrimBlanks(T(Text::WaypointMakeGas)));
   }
-  cbOK.Caption = T(1210);
-  cbCancel.Caption = T(1215);
+  cbOK.Caption = T(Text::OK);
+  cbCancel.Caption = T(Text::Cancel);
 }
 
 void frmWaypointForm::ShowAsViewer() {
-  Caption = T(7161);
-  Label2.Caption = T(7029);
-  cbCancel.Caption = T(7014);
+  Caption = T(Text::WaypointOfPlan);
+  Label2.Caption = T(Text::RunTime);
+  cbCancel.Caption = T(Text::Close);
   Combo1.ListIndex = FindBlendIndex(Row().GasMixName, Template());
   FitsContent = true;
   lbMixName.Caption = Row().GasMixName;
-  lbGasAtDepth.Caption = T(7157, {Row().GasMixName, Length(Fixed(Row().Depth, 1))});
+  lbGasAtDepth.Caption = T(Text::GasAtDepth, {Row().GasMixName, Length(Fixed(Row().Depth, 1))});
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(Combo1.ListIndex.Get()));
   tbO2.Text = Plain(mix.O2);
   tbN2.Text = Plain(mix.N2);
   tbHe.Text = Plain(mix.He);
   tbDepth.Text = Fixed(Row().Depth, 1);
   tbTime.Text = Fixed(Row().SegmentTime, 1);
-  lbPPO2.Caption = T(6041) + ": " + Pressure(Row().PPO2);
-  lbEND.Caption = T(6044) + ": " + Length(Fixed(Row().END, 1));
+  lbPPO2.Caption = T(Text::ReportPPO2) + ": " + Pressure(Row().PPO2);
+  lbEND.Caption = T(Text::ReportEND) + ": " + Length(Fixed(Row().END, 1));
   lbMOD.Visible = false;
-  lbCeiling.Caption = T(7032) + ": " + Length(Fixed(Row().Ceiling, 1));
+  lbCeiling.Caption = T(Text::Ceiling) + ": " + Length(Fixed(Row().Ceiling, 1));
   tbDepth.Locked = tbTime.Locked = true;
   for (Control* control :
        std::initializer_list<Control*>{&Combo1, &cbOK, &udDepthSpin, &udTimeSpin, &Frame3, &lbLegTime, &lbInformation,
@@ -218,18 +219,19 @@ void frmWaypointForm::cbOK_Click() {
   const auto entered = NumberIn(tbDepth.Text);
   const auto time = NumberIn(tbTime.Text);
   if (!entered || !time) {
-    Box(T(6164), Caption, BoxIcon::Stop);
+    Box(T(Text::WaypointIncomplete), Caption, BoxIcon::Stop);
     (entered ? tbTime : tbDepth).SelectAll();
     return;
   }
   if (*entered < 0) {
-    Box(T(7160), Caption, BoxIcon::Stop);
+    Box(T(Text::DepthNegative), Caption, BoxIcon::Stop);
     tbDepth.SelectAll();
     return;
   }
   const bool metric = Template().Metric;
   const double deepest = metric ? 500 : 1600;
-  if (*entered > deepest) Box(T(metric ? 3062 : 3063), Caption, BoxIcon::Stop);
+  if (*entered > deepest)
+    Box(T(metric ? Text::WaypointDeepestMetres : Text::WaypointDeepestFeet), Caption, BoxIcon::Stop);
   const Single depth = std::min(*entered, deepest);
   if (const std::string refusal = Refusal(depth, *time); !refusal.empty()) {
     Box(refusal, Caption, BoxIcon::Stop);

@@ -4,6 +4,7 @@
 
 #include "dialogs/waypoint_form.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -13,7 +14,6 @@ std::string Percent(Single fraction) { return FormatFixed(Single(fraction * 100)
 Single Clamped(double fraction, double most) { return std::clamp(fraction, 0.0, most); }
 
 constexpr double kMostOfASecondGas = 0.99;
-constexpr int kOtherGasOfTheName = 8105;
 
 }  // namespace
 
@@ -88,7 +88,7 @@ void frmWaypointForm::AddMix(const std::string& name, Single o2, Single n2, Sing
   Combo1_Click();
   const GasMix& chosen = t.Blends[static_cast<std::size_t>(*index)];
   if (chosen.O2 != o2 || chosen.He != he) {
-    Box(T(kOtherGasOfTheName, {name, Plain(chosen.O2), Plain(chosen.He)}), Caption, BoxIcon::Exclamation);
+    Box(T(Text::GasOfNameDiffers, {name, Plain(chosen.O2), Plain(chosen.He)}), Caption, BoxIcon::Exclamation);
   }
 }
 
@@ -97,7 +97,9 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
   const std::optional<MixFractions> shown = kind == Kind::Nitrox ? nitrox_ : kind == Kind::Heliox ? heliox_ : trimix_;
   const MixFractions mix = shown.value_or(MixFractions{});
   const MixInformation told = InformationOf(kind, mix, Depth(), t, edited);
-  const std::string heading = T(kind == Kind::Nitrox ? 3064 : kind == Kind::Trimix ? 3065 : 3066);
+  const std::string heading = T(kind == Kind::Nitrox   ? Text::Nitrox
+                                : kind == Kind::Trimix ? Text::Trimix
+                                                       : Text::Heliox);
   told_ = kind;
   ShowInfoLines(true);
   if (!shown || !told.possible) {
@@ -107,11 +109,11 @@ void frmWaypointForm::ShowInfo(Kind kind, bool edited) {
     return;
   }
   Text10.Caption = heading + "\r\n" + Percent(mix.O2) + "/" + Percent(mix.He) + "/" + Percent(mix.N2) + "\r\n";
-  Text11.Caption =
-      "    " + T(6044) + ":  " + (told.narcotic ? Fixed(told.END, 1) : std::string("INF ")) + (t.Metric ? "m" : "ft");
+  Text11.Caption = "    " + T(Text::ReportEND) + ":  " + (told.narcotic ? Fixed(told.END, 1) : std::string("INF ")) +
+                   (t.Metric ? "m" : "ft");
   Text11.ForeColor = told.endTooDeep ? kRed : kBlack;
-  Text12.Caption =
-      T(6041) + ":  " + Fixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") + (t.O2Narcotic ? "\r\n" + T(6045) : "");
+  Text12.Caption = T(Text::ReportPPO2) + ":  " + Fixed(told.PPO2, 2) + (t.Metric ? " bar" : " ata") +
+                   (t.O2Narcotic ? "\r\n" + T(Text::ReportO2Narcotic) : "");
   Text12.ForeColor = told.ppo2TooHigh ? kRed : kBlack;
 }
 

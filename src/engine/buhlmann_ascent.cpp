@@ -4,6 +4,7 @@
 #include "engine/buhlmann.h"
 #include "engine/vpm.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -15,11 +16,6 @@ constexpr double kLongestStop = 6000;
 // Run times are kept in 32 bits and their ramps in thirds of minutes: 61.99999 is 62. Taken as it stands it would give
 // a stop that is reported as a minute and never held.
 constexpr double kTimeNoise = 0.001;
-
-// What keeps a ceiling below the next stop, texts by number.
-constexpr int kGasKeepsCeiling = 7889;
-constexpr int kLoopKeepsCeiling = 7890;
-constexpr int kLastStopKeepsDown = 8354;
 
 /// The next whole minute of the run time, one whole minute on from a whole run time.
 Single NextWholeMinute(Single runTime) {
@@ -168,7 +164,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
     if (waited >= kLongestStop) {
       decompresses_ = false;
       observer_.StopHitLimit(
-          {-1, template_->Metric, depth, Mix().Name, lastStopBelowBottom_ ? kLastStopKeepsDown : wait.reason});
+          {-1, template_->Metric, depth, Mix().Name, lastStopBelowBottom_ ? Text::LastStopKeepsDown : wait.reason});
       break;
     }
     waited += wait.step;
@@ -183,7 +179,7 @@ Single ClassBuhlmann::Wait(Single depth, Single nextStop, const StopWait& wait) 
 
 void ClassBuhlmann::OCDecoStop(Single depth, Single nextStop, Single surfacePressure) {
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
-  Single time = Wait(depth, nextStop, {OpenCircuitInspired(ambient), 1.0, kGasKeepsCeiling});
+  Single time = Wait(depth, nextStop, {OpenCircuitInspired(ambient), 1.0, Text::GasKeepsCeiling});
   // The row never tells less than a minute, while only the rest of the minute was loaded.
   if (time < 1) time = 1.0;
   segmentTime_ = time;
@@ -193,7 +189,7 @@ void ClassBuhlmann::OCDecoStop(Single depth, Single nextStop, Single surfacePres
 void ClassBuhlmann::CCDecoStop(Single depth, Single nextStop, Single surfacePressure) {
   const Single setpoint = template_->DecoSetpoint;
   const Single ambient = ToDepthUnits(surfacePressure) + depth;
-  const Single time = Wait(depth, nextStop, {RebreatherInspired(ambient, setpoint), 0.1, kLoopKeepsCeiling});
+  const Single time = Wait(depth, nextStop, {RebreatherInspired(ambient, setpoint), 0.1, Text::LoopKeepsCeiling});
   segmentTime_ = time;
   WriteSegmentRow(depth, 0, CCDoses(depth, time, setpoint), true, true);
 }

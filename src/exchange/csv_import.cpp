@@ -2,9 +2,9 @@
 #include <optional>
 
 #include "exchange/control_characters.h"
-#include "exchange/exchange_texts.h"
 #include "exchange/import.h"
 #include "model/gas_name.h"
+#include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
 #include "plans/leg_table.h"
@@ -79,7 +79,7 @@ class CsvImport {
     while (const auto line = lines.Next()) {
       if (!TrimBlanks(*line).empty()) ReadLine(*line, lines.LineNumber());
     }
-    if (table_.Rows() == 0) Fail(0, exchange_text::kNoWaypoint);
+    if (table_.Rows() == 0) Fail(0, Text::ImportNoWaypoint);
     const auto faults = table_.Faults(texts_);
     if (!faults.empty()) {
       const auto row = static_cast<std::size_t>(faults.front().row);
@@ -87,10 +87,10 @@ class CsvImport {
     }
     table_.SetFinalAscent(true);
     imported_.profile.dives.front().UserActions = table_.Actions();
-    Tell(exchange_text::kLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
-    Tell(exchange_text::kMoreColumns, moreColumns_, "");
-    Tell(exchange_text::kHeadingWithDigits, headings_, "");
-    imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
+    Tell(Text::ImportLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
+    Tell(Text::ImportMoreColumns, moreColumns_, "");
+    Tell(Text::ImportHeadingWithDigits, headings_, "");
+    imported_.remarks.push_back(texts_.GetResString(Text::ImportFromSettings));
     return std::move(imported_);
   }
 
@@ -106,10 +106,10 @@ class CsvImport {
   void ReadLine(std::string_view line, int number) {
     const int row = table_.Rows();
     auto cells = CellsOf(line, separator_);
-    if (!cells) Fail(number, exchange_text::kQuoteNotClosed);
+    if (!cells) Fail(number, Text::ImportQuoteOpen);
     const bool ascent = cells->size() == 1 && cells->front() == kAscentWord;
-    if (row > 0 && !ascent && cells->size() == 1) Fail(number, exchange_text::kNoSeparator);
-    if (row == INT16_MAX - 1) Fail(number, exchange_text::kTooManyLegs);
+    if (row > 0 && !ascent && cells->size() == 1) Fail(number, Text::ImportNoSeparator);
+    if (row == INT16_MAX - 1) Fail(number, Text::ImportTooManyLegs);
     // Behind the first row nothing is a heading any more: the row is there, with what is wrong in it.
     const auto begin = cells->begin();
     const auto filled = [](const std::string& cell) { return !cell.empty(); };
@@ -121,7 +121,7 @@ class CsvImport {
       tabbed += HasControl(cell) ? "?" : cell;
     }
     if (table_.Paste(row, tabbed, kAscentWord) == 0) {
-      if (row > 0 && !ascent) Fail(number, exchange_text::kNoSeparator);
+      if (row > 0 && !ascent) Fail(number, Text::ImportNoSeparator);
       // A heading has no digits; a waypoint with a slip in its numbers does.
       if (line.find_first_of("0123456789") != std::string_view::npos) headings_.Add(number);
       return;
@@ -131,7 +131,7 @@ class CsvImport {
     if (more) moreColumns_.Add(number);
     const std::string& gas = cells->back();
     if (gas.empty()) return withoutGas_.Add(number);
-    if (HasControl(gas)) Fail(number, exchange_text::kControlCharacter);
+    if (HasControl(gas)) Fail(number, Text::ImportControlCharacter);
     TakeGas(row, gas);
   }
 

@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "exchange/control_characters.h"
-#include "exchange/exchange_texts.h"
 #include "exchange/log_plan.h"
 #include "exchange/plan_samples.h"
 #include "exchange/uddf_reader.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -25,14 +25,14 @@ class UddfImport {
   ImportedDives Run(int dive) {
     const int dives = static_cast<int>(log_.dives.size());
     if (dive < 0 || dive > dives) {
-      document_.Fail(0, exchange_text::kNoSuchDive, {std::to_string(dive), std::to_string(dives)});
+      document_.Fail(0, Text::ImportNoSuchDive, {std::to_string(dive), std::to_string(dives)});
     }
     ReadPlans(dive == 0 ? dives : dive);
     for (const LoggedDive& logged : log_.dives) {
       if (dive == 0 || logged.number == dive) Add(logged);
     }
-    if (imported_.profile.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
-    if (onSettings_) imported_.remarks.push_back(texts_.GetResString(exchange_text::kFromSettings));
+    if (imported_.profile.dives.empty()) document_.Fail(document_.Root(), Text::ImportNoDive);
+    if (onSettings_) imported_.remarks.push_back(texts_.GetResString(Text::ImportFromSettings));
     FormatFaults faults(file_, FormatFaults::Mode::StopAtFirstError);
     ReportSeriesFaults(imported_.profile, faults);
     return std::move(imported_);
@@ -50,7 +50,7 @@ class UddfImport {
 
   void Add(const LoggedDive& logged) {
     if (contradicted_.contains(logged.number)) {
-      imported_.remarks.push_back(texts_.Filled(exchange_text::kPlanContradicted, {std::to_string(logged.number)}));
+      imported_.remarks.push_back(texts_.Filled(Text::ImportPlanContradicted, {std::to_string(logged.number)}));
     }
     DiveRecord record;
     if (!logged.plan.empty()) {
@@ -69,7 +69,7 @@ class UddfImport {
     FormatFaults faults(file_, FormatFaults::Mode::StopAtFirstError);
     try {
       ProfileText text = ReadProfileText(logged.plan, faults);
-      if (text.dives.size() != 1) throw FileError(file_, 1, texts_.GetResString(exchange_text::kNoDive));
+      if (text.dives.size() != 1) throw FileError(file_, 1, texts_.GetResString(Text::ImportNoDive));
       return std::move(text.dives.front());
     } catch (const FileError& error) {
       throw FileError(file_, logged.planLine + std::max(0, error.Line() - 1),
@@ -83,7 +83,7 @@ class UddfImport {
       return false;
     }
     const LogFault fault = LogPlanner(log_, settings_, texts_).Plan(logged, record, imported_.remarks);
-    if (fault.text == exchange_text::kNoSamples) {
+    if (fault.text == Text::ImportNoDepths) {
       LeaveOut(logged);
       return false;
     }
@@ -94,7 +94,7 @@ class UddfImport {
   }
 
   void LeaveOut(const LoggedDive& logged) {
-    imported_.remarks.push_back(texts_.Filled(exchange_text::kNoSamples, {std::to_string(logged.number)}));
+    imported_.remarks.push_back(texts_.Filled(Text::ImportNoDepths, {std::to_string(logged.number)}));
   }
 
   /// Minutes at the surface after the dive before: as told, else by the clock. Where the two do not agree it is told.
@@ -108,15 +108,15 @@ class UddfImport {
     const bool clock = logged.startMinute && before_->startMinute && !before_->samples.empty();
     const double gap = clock ? *logged.startMinute - *before_->startMinute - before_->samples.back().minutes : 0;
     const double told = logged.surfaceInterval.value_or(logged.longInterval ? kMaximumSurfaceInterval : 0);
-    if (clock && *logged.startMinute < *before_->startMinute) return tell(exchange_text::kBackwards, 0, told);
-    if (gap < -kRounding) return tell(exchange_text::kOverlaps, -gap, told);
+    if (clock && *logged.startMinute < *before_->startMinute) return tell(Text::ImportBackwards, 0, told);
+    if (gap < -kRounding) return tell(Text::ImportOverlaps, -gap, told);
     if (logged.surfaceInterval) {
       const bool agree = !clock || std::fabs(gap - told) <= kRounding;
-      return agree ? told : tell(exchange_text::kIntervalContradicted, gap, told);
+      return agree ? told : tell(Text::ImportIntervalContradicted, gap, told);
     }
-    if (!clock) return tell(exchange_text::kIntervalUnknown, told, told);
+    if (!clock) return tell(Text::ImportIntervalAssumed, told, told);
     const double taken = std::clamp(gap, 0.0, kMaximumSurfaceInterval);
-    return tell(exchange_text::kIntervalFromClock, taken, taken);
+    return tell(Text::ImportInterval, taken, taken);
   }
 
   const std::filesystem::path& file_;
@@ -149,7 +149,7 @@ ImportedDives ImportFile(const std::filesystem::path& file, const DiveTemplate& 
   SetUpNewPlan(ofNewPlans);
   if (extension == kCsvExtension) {
     // Waypoints are those of one dive.
-    if (dive > 1) throw FileError(file, 0, {exchange_text::kNoSuchDive, {std::to_string(dive), "1"}});
+    if (dive > 1) throw FileError(file, 0, {Text::ImportNoSuchDive, {std::to_string(dive), "1"}});
     return ImportCsv(file, text, ofNewPlans, texts);
   }
   return ImportUddf(file, std::move(text), ofNewPlans, dive, texts);

@@ -6,11 +6,11 @@
 #include <map>
 
 #include "exchange/dive_legs.h"
-#include "exchange/exchange_texts.h"
 #include "exchange/si_units.h"
 #include "model/altitude.h"
 #include "model/gas_name.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -25,16 +25,16 @@ class OneDive {
       : log_(log), dive_(dive), settings_(settings), texts_(texts), remarks_(remarks) {}
 
   LogFault Run(ClassUseractions& actions) {
-    for (const auto& [element, number, unit] : dive_.readAs) Tell(exchange_text::kReadAs, element, number, unit);
-    for (const std::string& mode : dive_.otherModes) Tell(exchange_text::kModeNotPlanned, mode);
+    for (const auto& [element, number, unit] : dive_.readAs) Tell(Text::ImportReadAs, element, number, unit);
+    for (const std::string& mode : dive_.otherModes) Tell(Text::ImportModeNotPlanned, mode);
     const std::vector<GasFrom> gases = Gases();
     TakeLoop();
     TakeSurface();
     TakeCylinders();
     TakeChanges();
     const DiveLegs made = LegsOfSamples(dive_.samples, gases, settings_);
-    if (made.legs.empty()) return {exchange_text::kNoSamples};
-    if (made.legs.size() >= INT16_MAX) return {exchange_text::kTooManyLegs};
+    if (made.legs.empty()) return {Text::ImportNoDepths};
+    if (made.legs.size() >= INT16_MAX) return {Text::ImportTooManyLegs};
     for (const LogLeg& leg : made.legs) {
       actions.NewAction();
       actions.setuser(actions.GetLength(), leg.depth, std::round(leg.minutes * 100) / 100, leg.mix);
@@ -42,9 +42,9 @@ class OneDive {
     actions.NewAction();
     actions.setdeco(actions.GetLength());
     const bool one = made.legs.size() == 1;
-    Tell(one ? exchange_text::kOneLeg : exchange_text::kLegs, std::to_string(dive_.samples.size()),
+    Tell(one ? Text::ImportOneLeg : Text::ImportLegs, std::to_string(dive_.samples.size()),
          std::to_string(made.legs.size()), Depth(made.deviation));
-    if (made.endDepth > 0) Tell(exchange_text::kEndsBelow, Depth(made.endDepth));
+    if (made.endDepth > 0) Tell(Text::ImportEndsBelow, Depth(made.endDepth));
     return {};
   }
 
@@ -68,7 +68,7 @@ class OneDive {
     if (found == settings_.Blends.end()) {
       const std::string name = FreeName(gas);
       found = settings_.Blends.insert(found, {name, gas.o2, 100 - gas.o2 - gas.he, gas.he});
-      Tell(exchange_text::kGasAdded, name, FormatFixed(gas.o2, 1), FormatFixed(gas.he, 1));
+      Tell(Text::ImportGasAdded, name, FormatFixed(gas.o2, 1), FormatFixed(gas.he, 1));
     }
     const auto index = static_cast<std::int16_t>(found - settings_.Blends.begin());
     blendOf_[mix] = index;
@@ -106,14 +106,14 @@ class OneDive {
       gases.front().mix = Blend(0);
     }
     const std::string& name = settings_.Blends[static_cast<std::size_t>(gases.front().mix)].Name;
-    Tell(exchange_text::kNoGas, name);
+    Tell(Text::ImportNoGas, name);
     return gases;
   }
 
   void TakeLoop() {
     settings_.OpenCircuit = !dive_.rebreather;
     if (!dive_.rebreather) return;
-    if (dive_.leavesLoop) Tell(exchange_text::kLeavesLoop);
+    if (dive_.leavesLoop) Tell(Text::ImportLeavesLoop);
     if (dive_.setpoints.empty()) return;
     // The one in force longest; a plan has one on the dive and one at its stops.
     std::map<double, double> minutesAt;
@@ -126,7 +126,7 @@ class OneDive {
     const double bar = std::max_element(minutesAt.begin(), minutesAt.end(), shorter)->first;
     const double told = si::FromPascal(bar * si::kPascalPerBar, settings_.Metric);
     settings_.Setpoint = settings_.DecoSetpoint = std::round(told * 100) / 100;
-    Tell(exchange_text::kSetpoint, FormatFixed(settings_.Setpoint, 2) + (settings_.Metric ? " bar" : " atm"));
+    Tell(Text::ImportSetpoint, FormatFixed(settings_.Setpoint, 2) + (settings_.Metric ? " bar" : " atm"));
   }
 
   /// The pressure at the surface where it is another one than the template's.
@@ -143,7 +143,7 @@ class OneDive {
     if (std::fabs(pressure - settings_.StartPressure) <= kWeather) return;
     settings_.StartAltitude = settings_.EndAltitude = altitude;
     settings_.StartPressure = settings_.EndPressure = pressure;
-    Tell(exchange_text::kSurfacePressure, FormatFixed(pressure, 3) + (metric ? " bar" : " atm"));
+    Tell(Text::ImportSurfacePressure, FormatFixed(pressure, 3) + (metric ? " bar" : " atm"));
   }
 
   void TakeCylinders() {
@@ -168,7 +168,7 @@ class OneDive {
         cylinders.push_back(cylinder);
       }
     }
-    if (leftOut) Tell(exchange_text::kCylinderLeftOut);
+    if (leftOut) Tell(Text::ImportCylinderLeftOut);
     if (!cylinders.empty()) settings_.Cylinders = cylinders;
   }
 
@@ -181,7 +181,7 @@ class OneDive {
     auto& changes = settings_.ChangeGasMixes;
     const std::size_t before = changes.size();
     changes.erase(std::remove_if(changes.begin(), changes.end(), std::not_fn(had)), changes.end());
-    if (changes.size() < before) Tell(exchange_text::kChangesLeftOut);
+    if (changes.size() < before) Tell(Text::ImportChangesLeftOut);
   }
 
   const DiveLog& log_;

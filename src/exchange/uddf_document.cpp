@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "exchange/control_characters.h"
-#include "exchange/exchange_texts.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -49,21 +49,21 @@ std::string TextOf(pugi::xml_node element) {
 UddfDocument::UddfDocument(std::filesystem::path file, std::string text, const TextSource& texts)
     : file_(std::move(file)), text_(std::move(text)), texts_(texts) {
   if (text_.size() > kLargestFile) {
-    Fail(0, exchange_text::kTooLarge, {std::to_string(kLargestFile / kMiB)});
+    Fail(0, Text::ImportFileTooLarge, {std::to_string(kLargestFile / kMiB)});
   }
   for (std::size_t end = text_.find('\n'); end != std::string::npos; end = text_.find('\n', end + 1)) {
     lineEnds_.push_back(end);
   }
   constexpr unsigned kParts = pugi::parse_default | pugi::parse_pi | pugi::parse_doctype;
   const pugi::xml_parse_result result = document_.load_buffer(text_.data(), text_.size(), kParts, pugi::encoding_utf8);
-  if (!result) Fail(LineAt(result.offset), exchange_text::kNoXml, {result.description()});
+  if (!result) Fail(LineAt(result.offset), Text::ImportNoXml, {result.description()});
   for (const pugi::xml_node node : document_.children()) {
-    if (node.type() == pugi::node_doctype) Fail(node, exchange_text::kDocumentType);
+    if (node.type() == pugi::node_doctype) Fail(node, Text::ImportDocumentType);
   }
   DepthWalker walker;
   document_.traverse(walker);
-  if (walker.found) Fail(walker.found, exchange_text::kTooDeeplyNested, {std::to_string(kDeepestNesting)});
-  if (!IsElement(Root(), "uddf")) Fail(Root(), exchange_text::kNoUddf);
+  if (walker.found) Fail(walker.found, Text::ImportTooDeeplyNested, {std::to_string(kDeepestNesting)});
+  if (!IsElement(Root(), "uddf")) Fail(Root(), Text::ImportNoUddf);
 }
 
 void UddfDocument::Fail(int line, int id, std::initializer_list<std::string> values) const {
@@ -82,7 +82,7 @@ double UddfDocument::Number(pugi::xml_node element, double least, double most) c
   const auto number = ParseStrict(text);
   if (number && *number >= least && *number <= most) return *number;
   constexpr std::size_t kMostShown = 40;
-  Fail(element, exchange_text::kNumberOutside,
+  Fail(element, Text::ImportNumberOutside,
        {std::string(LocalName(element)), FormatPlain(Single(least)), FormatPlain(Single(most)),
         text.substr(0, kMostShown)});
 }

@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "exchange/control_characters.h"
-#include "exchange/exchange_texts.h"
 #include "exchange/plan_instruction.h"
 #include "exchange/si_units.h"
 #include "model/number_text.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -49,7 +49,7 @@ class Reader {
         }
       }
     }
-    if (log_.dives.empty()) document_.Fail(document_.Root(), exchange_text::kNoDive);
+    if (log_.dives.empty()) document_.Fail(document_.Root(), Text::ImportNoDive);
     return std::move(log_);
   }
 
@@ -88,31 +88,31 @@ class Reader {
   }
 
   void ReadMix(xml_node node) {
-    if (log_.mixes.size() == kMostMixes) return Blame(node, exchange_text::kTooManyGases);
+    if (log_.mixes.size() == kMostMixes) return Blame(node, Text::ImportTooManyGases);
     LoggedMix mix{TextOf(Child(node, "name")), Share(node, "o2"), Share(node, "he")};
-    if (HasControl(mix.name)) Blame(node, exchange_text::kControlCharacter);
-    if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, exchange_text::kOtherGas);
+    if (HasControl(mix.name)) Blame(node, Text::ImportControlCharacter);
+    if (Share(node, "ar") + Share(node, "h2") > 0.1) Blame(node, Text::ImportOtherGas);
     const double nitrogen = Share(node, "n2");
     if (!Child(node, "o2")) {
       // What is left is oxygen where both other gases are told; a mix that tells less could be anything.
-      if (!Child(node, "n2") || !Child(node, "he")) Blame(node, exchange_text::kOxygenUntold);
+      if (!Child(node, "n2") || !Child(node, "he")) Blame(node, Text::ImportOxygenUntold);
       mix.o2 = 100 - nitrogen - mix.he;
     }
     constexpr double kRounding = 0.5;  // per cent
     if (mix.o2 + mix.he + nitrogen > 100 + kRounding || mix.o2 < -kRounding) {
-      Blame(node, exchange_text::kSharesBeyondWhole);
+      Blame(node, Text::ImportSharesBeyondWhole);
     }
     if (Child(node, "n2") && mix.o2 + mix.he + nitrogen < 100 - kRounding) {
-      Blame(node, exchange_text::kSharesNotWhole, FormatFixed(Single(mix.o2 + mix.he + nitrogen), 1));
+      Blame(node, Text::ImportSharesNotWhole, FormatFixed(Single(mix.o2 + mix.he + nitrogen), 1));
     }
     constexpr double kNone = 0.05;  // per cent
-    if (mix.o2 < kNone) Blame(node, exchange_text::kNoOxygen);
+    if (mix.o2 < kNone) Blame(node, Text::ImportNoOxygen);
     mix.o2 = std::clamp(mix.o2, 0.0, 100.0);
     mix.he = std::min(mix.he, 100 - mix.o2);
     const std::string id = node.attribute("id").value();
     if (!id.empty()) {
       const auto [known, first] = mixOfId_.emplace(id, log_.mixes.size());
-      if (!first && !SameShares(log_.mixes[known->second], mix)) Blame(node, exchange_text::kTwoOfOneId, id);
+      if (!first && !SameShares(log_.mixes[known->second], mix)) Blame(node, Text::ImportTwoOfOneId, id);
     }
     log_.mixes.push_back(std::move(mix));
   }
@@ -120,7 +120,7 @@ class Reader {
   static bool SameShares(const LoggedMix& a, const LoggedMix& b) { return a.o2 == b.o2 && a.he == b.he; }
 
   void ReadDive(xml_node node) {
-    if (log_.dives.size() == kMostDives) document_.Fail(node, exchange_text::kTooManyDives);
+    if (log_.dives.size() == kMostDives) document_.Fail(node, Text::ImportTooManyDives);
     LoggedDive& dive = log_.dives.emplace_back();
     dive.number = static_cast<int>(log_.dives.size());
     dive.line = document_.Line(node);
@@ -161,7 +161,7 @@ class Reader {
   [[nodiscard]] std::size_t Linked(xml_node link) const {
     const std::string id = link.attribute("ref").value();
     const auto found = mixOfId_.find(id);
-    if (found == mixOfId_.end()) document_.Fail(link, exchange_text::kUnknownGas, {id.substr(0, 40)});
+    if (found == mixOfId_.end()) document_.Fail(link, Text::ImportUnknownGas, {id.substr(0, 40)});
     return found->second;
   }
 
@@ -220,9 +220,9 @@ class Reader {
 
   void ReadSample(xml_node node, LoggedDive& dive) {
     const xml_node time = Child(node, "divetime");
-    if (!time) document_.Fail(node, exchange_text::kNoDiveTime);
+    if (!time) document_.Fail(node, Text::ImportNoDiveTime);
     const double minutes = document_.Number(time, 0, kMaximumLegTime * si::kSecondsPerMinute) / si::kSecondsPerMinute;
-    if (minutes < lastMinute_) document_.Fail(time, exchange_text::kNotInOrder);
+    if (minutes < lastMinute_) document_.Fail(time, Text::ImportNotInOrder);
     lastMinute_ = minutes;
     ReadDepth(node, minutes, dive);
     if (const xml_node link = Child(node, "switchmix")) dive.switches.push_back({minutes, Linked(link)});
@@ -248,7 +248,8 @@ class Reader {
 
   /// A pressure of `least` to `most` bar, in pascal or in the unit in which it is one.
   [[nodiscard]] double Bar(xml_node element, double least, double most, LoggedDive& dive) const {
-    constexpr std::pair<double, const char*> kUnits[] = {{100000, "Pa"}, {1000, "hPa"}, {100, "kPa"}, {1, "bar"}};
+    constexpr std::pair<double, const char*> kUnits[] = {
+        {100000, "Pa"}, {Text::MenuFile, "hPa"}, {100, "kPa"}, {1, "bar"}};
     const double number = document_.Number(element, 0, kMostPressure);
     for (const auto& [ofBar, unit] : kUnits) {
       if (number < least * ofBar || number > most * ofBar) continue;
@@ -265,7 +266,7 @@ class Reader {
     const xml_node depth = Child(node, "depth");
     if (!depth) return;
     if (dive.samples.size() == kMostSamples) {
-      document_.Fail(node, exchange_text::kTooManySamples, {std::to_string(kMostSamples)});
+      document_.Fail(node, Text::ImportTooManySamples, {std::to_string(kMostSamples)});
     }
     const double metres = std::max(0.0, document_.Number(depth, kAboveSurface, kDeepest));
     // A dive begins at the surface, even where its log begins a moment later.

@@ -3,19 +3,9 @@
 #include <cmath>
 
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-constexpr int kMetres = 7425;
-constexpr int kFeet = 7426;
-constexpr int kBar = 6314;
-constexpr int kAtmospheres = 7600;
-constexpr int kPsi = 6315;
-constexpr int kLitres = 7423;
-constexpr int kCubicFeet = 7424;
-
-}  // namespace
 
 std::string AdviceWords::Factor(double value) const { return numbers_.Plain(RoundSingle(value, 3)); }
 
@@ -29,9 +19,9 @@ std::string AdviceWords::GaugeDown(double pressure, bool inBar) const {
   constexpr double kNoise = 1e-3;
   return Gauge(std::floor(pressure + kNoise), inBar);
 }
-std::string AdviceWords::GaugeUnit(bool inBar) const { return T(inBar ? kBar : kPsi); }
-std::string AdviceWords::LengthUnit() const { return T(metric_ ? kMetres : kFeet); }
-std::string AdviceWords::PressureUnit() const { return T(metric_ ? kBar : kAtmospheres); }
-std::string AdviceWords::VolumeUnit() const { return T(metric_ ? kLitres : kCubicFeet); }
+std::string AdviceWords::GaugeUnit(bool inBar) const { return T(inBar ? Text::Bar : Text::Psi); }
+std::string AdviceWords::LengthUnit() const { return T(metric_ ? Text::Metres : Text::Feet); }
+std::string AdviceWords::PressureUnit() const { return T(metric_ ? Text::Bar : Text::Atmospheres); }
+std::string AdviceWords::VolumeUnit() const { return T(metric_ ? Text::Litres : Text::CubicFeet); }
 
 }  // namespace tav

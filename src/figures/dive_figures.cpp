@@ -4,6 +4,7 @@
 
 #include "figures/model_name.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -53,10 +54,9 @@ bool LacksAscent(const ClassProfile& profile) {
 }
 
 std::optional<int> NoticeOf(const ClassProfile& profile, bool decompresses) {
-  constexpr int kDoesNotDecompress = 7020;
   // Without an ascent, what a former one did says nothing.
-  if (LacksAscent(profile)) return kLacksAscent;
-  if (!decompresses) return kDoesNotDecompress;
+  if (LacksAscent(profile)) return Text::LacksAscent;
+  if (!decompresses) return Text::DoesNotDecompress;
   return std::nullopt;
 }
 

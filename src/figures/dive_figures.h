@@ -47,9 +47,6 @@ struct DiveFigures {
 };
 DiveFigures FiguresOf(const ClassProfile& profile);
 
-/// Text by number: "This plan has no ascent ...".
-constexpr int kLacksAscent = 8256;
-
 /// The plan ends under water: no ascent has been computed.
 bool LacksAscent(const ClassProfile& profile);
 

@@ -3,11 +3,12 @@
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
 
-constexpr StatusTexts kStatus{3017, {}, 3023, 3024};
+constexpr StatusTexts kStatus{Text::InfoKinds, {}, Text::InfoAscent, Text::InfoDescent};
 
 GridCell Plain(std::string text) { return {std::move(text)}; }
 
@@ -38,8 +39,9 @@ GridCell DiveInformation::PPO2Cell(const Waypoint& row, bool deco) const {
 
 DiveInformation::Table DiveInformation::Profile() const {
   const Single kENDNoise = 0.1;
-  Table table{Heads({T(2101), T(2102), T(2103), "%O2", "%He", T(6041), T(2105), T(2106), T(2107), T(2104), T(2108),
-                     T(2109), T(2120), T(2143)})};
+  Table table{Heads({T(Text::InfoDepth), T(Text::InfoTime), T(Text::InfoRun), "%O2", "%He", T(Text::ReportPPO2),
+                     T(Text::InfoCNS), T(Text::InfoOTU), T(Text::InfoEND), T(Text::InfoUsed), T(Text::InfoMValue),
+                     T(Text::InfoGF), T(Text::InfoStatus), T(Text::InfoModelHead)})};
   bool deco = false;
   std::string model;
   for (std::int16_t i = 0; i <= profile_.GetLength(); ++i) {
@@ -64,7 +66,7 @@ DiveInformation::Table DiveInformation::Profile() const {
 }
 
 DiveInformation::Table DiveInformation::DecoStops() const {
-  Table table{Heads({T(2101), T(2121), T(2103), "O2%", "He%"})};
+  Table table{Heads({T(Text::InfoDepth), T(Text::InfoStop), T(Text::InfoRun), "O2%", "He%"})};
   for (std::int16_t i = 1; i <= profile_.GetLength(); ++i) {
     const Waypoint& row = profile_.Row(i);
     if (!IsStop(row)) continue;
@@ -76,7 +78,7 @@ DiveInformation::Table DiveInformation::DecoStops() const {
 }
 
 DiveInformation::Table DiveInformation::Gas() const {
-  Table table{Heads({T(2122), T(2104)})};
+  Table table{Heads({T(Text::InfoGas), T(Text::InfoUsed)})};
   for (const GasTotal& gas : GasTotals(profile_, template_)) {
     table.push_back({Plain(gas.Name), Plain(numbers_.Fixed(gas.total, 1))});
   }
@@ -92,39 +94,40 @@ DiveInformation::Table DiveInformation::Summary() const {
   const auto value = [&](Single number, int decimals, bool mark = false) {
     return any ? Marked(numbers_.Fixed(number, decimals), mark) : GridCell();
   };
-  return {row(T(2110), value(figures.runTime, 1), T(2111), value(figures.stopTime, 1)),
-          row(T(2112), value(figures.CNS * 100, 1), T(2113), value(figures.OTU, 1)),
-          row(T(2114), value(figures.highestPPO2, 2, figures.highestPPO2 > template_.MaxPPO2), T(2115),
-              value(figures.lowestPPO2, 2, figures.lowestPPO2 < template_.MinPPO2)),
-          row(T(2116), value(figures.highestEND, 1, figures.highestEND > template_.MaximalEND), T(2117),
-              value(template_.Setpoint, 1)),
-          row(T(2118), value(template_.RMV, 1), T(2119), value(figures.deepest, 1)),
-          row(T(3014), value(template_.DecoRMV, 1), T(3015), value(template_.DecoPPO2, 2))};
+  return {row(T(Text::InfoRunTime), value(figures.runTime, 1), T(Text::InfoStopTime), value(figures.stopTime, 1)),
+          row(T(Text::InfoTotalCNS), value(figures.CNS * 100, 1), T(Text::InfoTotalOTU), value(figures.OTU, 1)),
+          row(T(Text::InfoMaxPPO2), value(figures.highestPPO2, 2, figures.highestPPO2 > template_.MaxPPO2),
+              T(Text::InfoMinPPO2), value(figures.lowestPPO2, 2, figures.lowestPPO2 < template_.MinPPO2)),
+          row(T(Text::InfoMaxEND), value(figures.highestEND, 1, figures.highestEND > template_.MaximalEND),
+              T(Text::InfoSetpoint), value(template_.Setpoint, 1)),
+          row(T(Text::InfoRMV), value(template_.RMV, 1), T(Text::InfoMaxDepth), value(figures.deepest, 1)),
+          row(T(Text::InfoDecoRMV), value(template_.DecoRMV, 1), T(Text::InfoDecoPPO2), value(template_.DecoPPO2, 2))};
 }
 
 DiveInformation::Block DiveInformation::Info() const {
   const DiveTemplate& t = template_;
-  const auto onOff = [this](bool on) { return on ? T(6168) + " " : T(6169); };
+  const auto onOff = [this](bool on) { return on ? T(Text::InfoOn) + " " : T(Text::InfoOff); };
   const std::string length = t.Metric ? " m" : " ft";
   const std::string pressure = t.Metric ? " bar" : " ata";
   Block block;
   const bool actingGF = GradientFactorsAct(t, model_);
   block.model = ModelName(model_);
-  block.depthConservatism = T(2123) + " " + T(2142) + ": " + onOff(t.DepthAdjust);
-  block.gfConservatism = T(2124) + " " + T(2142) + ": " + onOff(actingGF);
+  block.depthConservatism = T(Text::InfoOfDepth) + " " + T(Text::InfoConservatism) + ": " + onOff(t.DepthAdjust);
+  block.gfConservatism = T(Text::InfoOfGF) + " " + T(Text::InfoConservatism) + ": " + onOff(actingGF);
   block.showsGF = actingGF;
   block.highGF = numbers_.Fixed(t.GFHigh, 2);
   block.lowGF = numbers_.Fixed(t.GFLow, 2);
   block.highGFAboveOne = t.GFHigh > 1.0;
-  block.units = T(t.Metric ? 6166 : 6167);
+  block.units = T(t.Metric ? Text::InfoMetric : Text::InfoImperial);
   block.startAltitude = numbers_.Fixed(t.StartAltitude, 0) + length;
   block.endAltitude = numbers_.Fixed(t.EndAltitude, 0) + length;
   block.startPressure = numbers_.Fixed(t.StartPressure, 3) + pressure;
   block.endPressure = numbers_.Fixed(t.EndPressure, 3) + pressure;
   block.stepSize = numbers_.Plain(RoundSingle(t.StepSize, 1)) + length;
   block.lastStop = numbers_.Plain(RoundSingle(t.LastStop, 1)) + length;
-  block.apparatus = t.OpenCircuit ? T(2125) : T(2126) + ", " + LoopState(t, false, texts_);
-  block.o2Narcotic = T(t.O2Narcotic ? 3025 : 3026);
+  block.apparatus =
+      t.OpenCircuit ? T(Text::InfoOpenCircuit) : T(Text::InfoConstantPPO2) + ", " + LoopState(t, false, texts_);
+  block.o2Narcotic = T(t.O2Narcotic ? Text::Yes : Text::No);
   return block;
 }
 

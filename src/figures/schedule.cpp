@@ -6,6 +6,7 @@
 #include "engine/breathing_gas.h"
 #include "figures/dive_figures.h"
 #include "model/text_columns.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -60,18 +61,19 @@ std::vector<ScheduleRow> ScheduleOf(const ClassProfile& profile, const DiveTempl
 
 ScheduleWords ScheduleWordsOf(const TextSource& texts) {
   const auto t = [&](int id) { return texts.GetResString(id); };
-  return {{t(7870), t(7973), t(7869), t(7974), t(7975), t(7976)},
-          {t(7028), t(7502), t(7977), t(7030), t(7031)},
-          t(7978),
-          t(7979),
-          t(7980),
-          t(7306),
-          t(7425),
-          t(7426),
+  return {{t(Text::Descent), t(Text::ScheduleLevel), t(Text::Ascent), t(Text::ScheduleSwitch), t(Text::ScheduleStop),
+           t(Text::ScheduleSurface)},
+          {t(Text::Depth), t(Text::Time), t(Text::ScheduleRun), t(Text::Gas), t(Text::PPO2)},
+          t(Text::ScheduleTotals),
+          t(Text::ScheduleGas),
+          t(Text::ScheduleNoAscent),
+          t(Text::Minutes),
+          t(Text::Metres),
+          t(Text::Feet),
           "bar",
-          t(7600),
-          t(7423),
-          t(7424)};
+          t(Text::Atmospheres),
+          t(Text::Litres),
+          t(Text::CubicFeet)};
 }
 
 ScheduleText::ScheduleText(const ClassProfile& profile, const DiveTemplate& diveTemplate, ScheduleWords words,

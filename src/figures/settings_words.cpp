@@ -1,17 +1,16 @@
 #include "figures/settings_words.h"
 
 #include "figures/model_name.h"
+#include "model/text_id.h"
 
 namespace tav {
 
 std::string LoopState(const DiveTemplate& settings, bool repetitive, const TextSource& texts) {
-  constexpr int kKeepsDiluent = 8307;
-  constexpr int kTakesChanges = 8308;
-  constexpr int kIntervalOnAir = 8309;
-  constexpr int kIntervalOnLoop = 8310;
   if (settings.OpenCircuit) return {};
-  std::string state = texts.GetResString(settings.KeepsDiluent ? kKeepsDiluent : kTakesChanges);
-  if (repetitive) state += ", " + texts.GetResString(settings.IntervalOnAir ? kIntervalOnAir : kIntervalOnLoop);
+  std::string state = texts.GetResString(settings.KeepsDiluent ? Text::SettingKeepsDiluent : Text::SettingTakesChanges);
+  if (repetitive)
+    state +=
+        ", " + texts.GetResString(settings.IntervalOnAir ? Text::SettingIntervalOnAir : Text::SettingIntervalOnLoop);
   return state;
 }
 
@@ -25,28 +24,25 @@ std::string Setpoints(const DiveTemplate& settings, const NumberTexts& numbers) 
 
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, const std::string& circuit,
                          bool repetitive, const TextSource& texts) {
-  constexpr int kDepthsAdjusted = 7965;
-  constexpr int kStopsOnOpenCircuit = 7968;
   std::string line = ModelName(model);
   const auto add = [&line](const std::string& part) { line += ", " + part; };
   if (GradientFactorsAct(settings, model)) {
     add("GF " + FormatFixed(Single(settings.GFLow * 100), 0) + "/" + FormatFixed(Single(settings.GFHigh * 100), 0));
   }
-  if (settings.DepthAdjust) add(texts.GetResString(kDepthsAdjusted));
+  if (settings.DepthAdjust) add(texts.GetResString(Text::HeadDepthsAdjusted));
   add(circuit);
   if (settings.OpenCircuit) return line;
-  if (settings.OCDeco) add(texts.GetResString(kStopsOnOpenCircuit));
+  if (settings.OCDeco) add(texts.GetResString(Text::HeadStopsOpen));
   add(LoopState(settings, repetitive, texts));
   return line;
 }
 
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
                          const TextSource& texts) {
-  constexpr int kOpenCircuit = 7966;
-  constexpr int kRebreather = 7967;
   const std::string circuit =
-      settings.OpenCircuit ? texts.GetResString(kOpenCircuit)
-                           : texts.Filled(kRebreather, {Setpoints(settings, {}) + (settings.Metric ? " bar" : " atm")});
+      settings.OpenCircuit
+          ? texts.GetResString(Text::HeadOpenCircuit)
+          : texts.Filled(Text::HeadLoop, {Setpoints(settings, {}) + (settings.Metric ? " bar" : " atm")});
   return ComputedWith(settings, model, circuit, repetitive, texts);
 }
 

@@ -4,12 +4,11 @@
 #include <cmath>
 
 #include "graph/leg_preview.h"
+#include "model/text_id.h"
 #include "picture/graph_colours.h"
 
 namespace tav {
 namespace {
-
-constexpr int kHint = 7101;
 
 /// Draws in exclusive-or mode while it lives.
 class ExclusiveOr {
@@ -76,7 +75,7 @@ void ProfileGraph::MarkSelected(const ClassProfile& rows, DrawingSurface& grid) 
 }
 
 void ProfileGraph::ShowHint(const TextSource& texts, double visibleWidth, DrawingSurface& grid) const {
-  const std::string hint = texts.GetResString(kHint);
+  const std::string hint = texts.GetResString(Text::GraphHint);
   const double y = scale_.PlotTop + (scale_.PlotBottom - scale_.PlotTop) / 3;
   grid.Text(std::max(0.0, (visibleWidth - grid.TextWidth(hint)) / 2), y, hint, graph::kGrey);
 }

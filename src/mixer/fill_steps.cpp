@@ -6,12 +6,10 @@
 #include "mixer/gas_words.h"
 #include "model/gas_name.h"
 #include "model/number_texts.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kMustBeSteps = 8412;
-constexpr int kMustRise = 8413;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -37,9 +35,9 @@ std::optional<MixShares> GasNamed(const std::string& name, const FillRequest& re
     return c < 0x80 ? static_cast<char>(std::tolower(c)) : static_cast<char>(c);
   });
   const auto is = [&](const char* symbol, int word) { return lower == symbol || name == texts.GetResString(word); };
-  if (is("he", kHelium) || lower == "helium") return MixShares{0, 100, 0};
-  if (is("o2", kOxygen) || lower == "oxygen") return MixShares{100, 0, 0};
-  if (is("air", kAirText)) return kAir;
+  if (is("he", Text::Helium) || lower == "helium") return MixShares{0, 100, 0};
+  if (is("o2", Text::Oxygen) || lower == "oxygen") return MixShares{100, 0, 0};
+  if (is("air", Text::Air)) return kAir;
   if (lower == "top") return request.top;
   std::string usual = name;
   if (lower.starts_with("ean")) usual.replace(0, 3, "EAN");
@@ -64,16 +62,16 @@ std::vector<DoneStep> ParseSteps(const std::string& text, const FillRequest& req
     const std::string name = part.substr(0, at);
     const auto gas = at == std::string::npos ? std::nullopt : GasNamed(name, request, texts, separators);
     const auto to = gas ? ParseLocaleNumber(part.substr(at + 1), separators) : std::nullopt;
-    if (!to) throw MessageError("", {kMustBeSteps, {part}});
+    if (!to) throw MessageError("", {Text::StepsForm, {part}});
     const double highest = HighestFill(request.metric);
     if (!(*to > last && *to <= highest)) {
       const NumberTexts numbers(separators);
-      throw MessageError("", {kMustRise, {part, numbers.Plain(last), numbers.Plain(highest)}});
+      throw MessageError("", {Text::StepsMustRise, {part, numbers.Plain(last), numbers.Plain(highest)}});
     }
     steps.push_back({name, *gas, *to});
     last = *to;
   }
-  if (steps.empty()) throw MessageError("", {kMustBeSteps, {text}});
+  if (steps.empty()) throw MessageError("", {Text::StepsForm, {text}});
   return steps;
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/text_id.h"
 #include "pages/wrapped_text.h"
 
 namespace tav {
@@ -24,8 +25,8 @@ class Sheet {
 
   void Write() {
     const FillRequest& request = report_.request;
-    Cylinder(2.0, T(6304), request.currentFill, request.current);
-    Cylinder(15.0, T(6305), request.desiredFill, request.desired);
+    Cylinder(2.0, T(Text::MixerCurrent), request.currentFill, request.current);
+    Cylinder(15.0, T(Text::MixerDesired), request.desiredFill, request.desired);
     ToAdd();
     List();
     Sentences();
@@ -57,10 +58,10 @@ class Sheet {
 
   void Cylinder(double x, const std::string& title, Single fill, const MixShares& mix) {
     Block(x, 5.0, title, 6.0, 8.0,
-          {{T(3043), Pressure(fill)},
-           {T(6402), Number(mix.O2) + "%"},
-           {T(6404), Number(mix.He) + "%"},
-           {T(6403), Number(mix.N2) + "%"}});
+          {{T(Text::Pressure), Pressure(fill)},
+           {T(Text::MixerO2), Number(mix.O2) + "%"},
+           {T(Text::MixerHe), Number(mix.He) + "%"},
+           {T(Text::MixerN2), Number(mix.N2) + "%"}});
   }
 
   void ToAdd() {
@@ -68,8 +69,10 @@ class Sheet {
       return Pressure(percentBar / 100 * (report_.request.metric ? 1.0 : kPsiPerBar));
     };
     const FillResult& result = report_.result;
-    Block(2.0, 12.0, T(6401), 13.5, 15.0,
-          {{T(6402), shown(result.AirO2)}, {T(6404), shown(result.Heneed)}, {T(6405), shown(result.Air)}});
+    Block(2.0, 12.0, T(Text::MixerToAdd), 13.5, 15.0,
+          {{T(Text::MixerO2), shown(result.AirO2)},
+           {T(Text::MixerHe), shown(result.Heneed)},
+           {T(Text::MixerAir), shown(result.Air)}});
     constexpr double kWords = 15.05;
     constexpr double kWidth = 6.7;
     Lines(2.0, kWords, kWidth, words_.AboutAirTop(result, report_.request));
@@ -96,7 +99,7 @@ class Sheet {
     constexpr int kSize = 12;  // to be read at arm's length
     constexpr double kListRow = 0.6;
     constexpr double kTop = 9.9;
-    Text(kLeft, 9.0, T(7400), kTitleSize);
+    Text(kLeft, 9.0, T(Text::FillTitle), kTitleSize);
     double y = kTop;
     for (const auto& row : rows) {
       const int bold = y == kTop ? 1 : 0;
@@ -123,13 +126,16 @@ class Sheet {
   void Analysis() {
     constexpr double kTop = 16.2;
     constexpr double kRule = 16.6;
-    Text(2.0, kTop, T(7440), kTextSize, 1);
+    Text(2.0, kTop, T(Text::SheetAnalysed), kTextSize, 1);
     const struct {
       int label;
       double x;
       double from;
       double to;
-    } blanks[] = {{7441, 5.0, 6.2, 8.5}, {7442, 9.0, 10.2, 12.5}, {7443, 13.0, 14.5, 18.5}, {7444, 19.0, 20.6, 28.0}};
+    } blanks[] = {{Text::SheetO2, 5.0, 6.2, 8.5},
+                  {Text::SheetHe, 9.0, 10.2, 12.5},
+                  {Text::SheetDate, 13.0, 14.5, 18.5},
+                  {Text::SheetName, 19.0, 20.6, 28.0}};
     for (const auto& blank : blanks) {
       Text(blank.x, kTop, T(blank.label));
       writer_.PrintBoxOutline(blank.from, kRule, blank.to, kRule);
@@ -148,11 +154,12 @@ void PrintMixReport(const MixReport& report, PrintPreview& writer) {
   const auto text = [&writer](int id) { return writer.Texts().GetResString(id); };
   const Environment& environment = writer.Services().environment;
   writer.InitPreview();
-  writer.documentName = text(6319);
-  writer.PrintHeader(text(6318), text(6319), text(6320) + environment.Today());
+  writer.documentName = text(Text::MixerSheet);
+  writer.PrintHeader(text(Text::MixerTitle), text(Text::MixerSheet), text(Text::MixerDate) + environment.Today());
   Sheet(report, writer).Write();
-  writer.PrintFooter(text(6085) + environment.UserName(), text(6086), text(6087), text(6000) + "1");
-  writer.EndReport(text(1036));
+  writer.PrintFooter(text(Text::ReportPrintedBy) + environment.UserName(), text(Text::ReportAid),
+                     text(Text::ReportRisk), text(Text::ReportPage) + "1");
+  writer.EndReport(text(Text::MixerReport));
 }
 
 }  // namespace tav

@@ -4,11 +4,10 @@
 #include <initializer_list>
 #include <utility>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
-
-constexpr int kTitle = 6318;
-constexpr int kPrint = 6310;
 
 const std::string kSection = "Mix";
 
@@ -97,32 +96,41 @@ void frmPartialMix::Form_Load() {
 }
 
 void frmPartialMix::SetCaptions() {
-  Caption = T(kTitle);
+  Caption = T(Text::MixerTitle);
   const std::pair<Control*, int> captions[] = {
-      {&Frame1, 6304},    {&Check1, 6334},        {&Label1, 6300},       {&Label2, 6301},
-      {&Label3, 6302},    {&Label4, 6303},        {&Frame4, 6305},       {&Label29, 1607},
-      {&Label14, 6306},   {&Label13, 6307},       {&Label12, 6308},      {&Label11, 6309},
-      {&Frame3, 6313},    {&lbAirTopO2, 6402},    {&lbAirTopHe, 6404},   {&lbAirTopAir, 6405},
-      {&Frame2, 6312},    {&lbIdealTopO2, 6402},  {&lbIdealTopHe, 6404}, {&lbIdealTopN2, 6405},
-      {&Frame5, 7400},    {&lbCylinder, 7433},    {&lbRated, 7434},      {&Command1, kPrint},
-      {&Command2, 6311},  {&Frame6, 8420},        {&lbTopO2, 8421},      {&lbTopHe, 8422},
-      {&lbCelsius, 8423}, {&lbCelsiusUnit, 8424}, {&lbFilledAt, 8425},   {&lbFilledAtUnit, 8424},
-      {&Frame7, 8426},    {&lbSteps, 8427},       {&cbMend, 8428}};
+      {&Frame1, Text::MixerCurrent},      {&Check1, Text::MixerUseEmpty},
+      {&Label1, Text::MixerCurrentFill},  {&Label2, Text::MixerCurrentO2},
+      {&Label3, Text::MixerCurrentHe},    {&Label4, Text::MixerCurrentN2},
+      {&Frame4, Text::MixerDesired},      {&Label29, Text::TemplateGases},
+      {&Label14, Text::MixerDesiredFill}, {&Label13, Text::MixerDesiredO2},
+      {&Label12, Text::MixerDesiredHe},   {&Label11, Text::MixerDesiredN2},
+      {&Frame3, Text::MixerAirTop},       {&lbAirTopO2, Text::MixerO2},
+      {&lbAirTopHe, Text::MixerHe},       {&lbAirTopAir, Text::MixerAir},
+      {&Frame2, Text::MixerVanDerWaals},  {&lbIdealTopO2, Text::MixerO2},
+      {&lbIdealTopHe, Text::MixerHe},     {&lbIdealTopN2, Text::MixerAir},
+      {&Frame5, Text::FillTitle},         {&lbCylinder, Text::MixerCylinder},
+      {&lbRated, Text::MixerRated},       {&Command1, Text::MixerPrint},
+      {&Command2, Text::MixerClose},      {&Frame6, Text::MixerHowFilled},
+      {&lbTopO2, Text::MixerTopO2},       {&lbTopHe, Text::MixerTopHe},
+      {&lbCelsius, Text::MixerGaugeAt},   {&lbCelsiusUnit, Text::MixerCelsius},
+      {&lbFilledAt, Text::MixerWarmAt},   {&lbFilledAtUnit, Text::MixerCelsius},
+      {&Frame7, Text::MixerCameOut},      {&lbSteps, Text::MixerSteps},
+      {&cbMend, Text::MixerGoOn}};
   for (const auto& [control, id] : captions) control->Caption = T(id);
-  for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir}) label->ToolTipText = T(7435);
-  IdealTopHe.ToolTipText = T(7436);
-  IdealTopO2.ToolTipText = T(7437);
-  IdealTopN2.ToolTipText = T(7438);
-  tbFilledAt.ToolTipText = T(8429);
-  tbSteps.ToolTipText = T(8430);
-  cbMend.ToolTipText = T(8431);
+  for (Label* label : {&AirTopO2, &AirTopHe, &AirTopAir}) label->ToolTipText = T(Text::MixerAmountHelp);
+  IdealTopHe.ToolTipText = T(Text::MixerHeliumHelp);
+  IdealTopO2.ToolTipText = T(Text::MixerOxygenHelp);
+  IdealTopN2.ToolTipText = T(Text::MixerTopHelp);
+  tbFilledAt.ToolTipText = T(Text::MixerWarmHelp);
+  tbSteps.ToolTipText = T(Text::MixerStepsHelp);
+  cbMend.ToolTipText = T(Text::MixerMendHelp);
 }
 
 void frmPartialMix::SetUnits() {
   for (Label* label : {&Label15, &Label16, &Label17, &Label18, &Label19, &Label20, &Label22, &Label26, &lbRatedUnit}) {
     label->Caption = words_.Unit();
   }
-  lbCylinderUnit.Caption = T(template_.Metric ? 7423 : 7424);
+  lbCylinderUnit.Caption = T(template_.Metric ? Text::Litres : Text::CubicFeet);
   for (Control* control : std::initializer_list<Control*>{&lbRated, &tbRated, &lbRatedUnit}) {
     control->Visible = !template_.Metric;
   }

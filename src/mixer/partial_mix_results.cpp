@@ -3,19 +3,10 @@
 
 #include "mixer/fill_steps.h"
 #include "mixer/partial_mix_form.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
-
-constexpr int kOver100 = 6335;
-constexpr int kPrint = 6310;
-constexpr int kNotPossible = 3033;
-constexpr int kMissing = 7430;
-constexpr int kNoNumber = 7431;
-constexpr int kNoFill = 7427;
-constexpr int kTooMuch = 7428;
-constexpr int kNoNitrogen = 8402;
-constexpr int kOutside = 8417;
 
 /// A line that takes no room when there is nothing to say.
 void Say(Label& line, const std::string& text) {
@@ -31,19 +22,20 @@ std::string frmPartialMix::MissingField() const {
       {&DesHe, &Label12},  {&tbTopO2, &lbTopO2}, {&tbTopHe, &lbTopHe}, {&tbCelsius, &lbCelsius}};
   const auto named = [this](int id, const Label& label) { return ReplaceAll(T(id), "%1", FieldName(label)); };
   for (const auto& [box, label] : fields) {
-    if (TrimBlanks(box->Text.Get()).empty()) return named(kMissing, *label);
-    if (!NumberIn(box->Text)) return named(kNoNumber, *label);
+    if (TrimBlanks(box->Text.Get()).empty()) return named(Text::IsMissing, *label);
+    if (!NumberIn(box->Text)) return named(Text::IsNoNumber, *label);
   }
   const double highest = HighestFill(template_.Metric);
   for (const auto& [box, label] : {fields[0], fields[3]}) {
     const double value = Number(box->Text);
     const bool filled = box == &DesFill;
     if (value <= highest && !(filled && value <= 0)) continue;
-    return ReplaceAll(ReplaceAll(named(filled ? kNoFill : kTooMuch, *label), "%2", Plain(highest)), "%3",
-                      words_.Unit());
+    return ReplaceAll(
+        ReplaceAll(named(filled ? Text::MixerMustBeAbove0 : Text::MixerMustBeAtMost, *label), "%2", Plain(highest)),
+        "%3", words_.Unit());
   }
-  if (Number(CurN2.Text) < 0) return Frame1.Caption.Get() + ": " + T(kOver100);
-  if (Number(DesN2.Text) < 0) return Frame4.Caption.Get() + ": " + T(kOver100);
+  if (Number(CurN2.Text) < 0) return Frame1.Caption.Get() + ": " + T(Text::MixerOver100);
+  if (Number(DesN2.Text) < 0) return Frame4.Caption.Get() + ": " + T(Text::MixerOver100);
   return WrongWay();
 }
 
@@ -51,12 +43,12 @@ std::string frmPartialMix::WrongWay() const {
   const auto outside = [this](const TextBox& box, const Label& label, double least, double most) -> std::string {
     const auto value = NumberIn(box.Text);
     if (value && *value >= least && *value <= most) return "";
-    return texts_.Filled(kOutside, {FieldName(label), Plain(least), Plain(most)});
+    return texts_.Filled(Text::MixerOutside, {FieldName(label), Plain(least), Plain(most)});
   };
   std::string wrong = outside(tbTopO2, lbTopO2, 0, 100);
   if (wrong.empty()) wrong = outside(tbTopHe, lbTopHe, 0, 100);
   if (wrong.empty() && Number(tbTopO2.Text) + Number(tbTopHe.Text) > 100 - kLeastNitrogen) {
-    wrong = texts_.Filled(kNoNitrogen, {tbTopO2.Text.Get() + "/" + tbTopHe.Text.Get()});
+    wrong = texts_.Filled(Text::FillNoNitrogen, {tbTopO2.Text.Get() + "/" + tbTopHe.Text.Get()});
   }
   if (wrong.empty()) wrong = outside(tbCelsius, lbCelsius, kColdestFill, kWarmestFill);
   if (wrong.empty() && !TrimBlanks(tbFilledAt.Text.Get()).empty()) {
@@ -113,7 +105,7 @@ void frmPartialMix::ShowFillList() {
   Say(lbWarm, words_.Warm(advice));
   Say(lbIfIdeal, words_.IfIdeal(advice));
   Say(lbPressures, words_.AboutPressures(advice.asked));
-  Command1.Caption = T(possible ? kPrint : kNotPossible);
+  Command1.Caption = T(possible ? Text::MixerPrint : Text::MixerNotPossible);
   Command1.Enabled = possible;
 }
 
@@ -159,7 +151,7 @@ void frmPartialMix::ClearResults(const std::string& why) {
   fgFill.SetRows({words_.Heads({}, false)});
   Say(lbHindrance, why);
   lbHindrance.ForeColor = kRed;
-  Command1.Caption = T(kPrint);
+  Command1.Caption = T(Text::MixerPrint);
   Command1.Enabled = false;
   ShowSteps();
 }

@@ -2,6 +2,7 @@
 
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -9,14 +10,6 @@ namespace {
 constexpr double kPsiPerBar = 14.50377;
 constexpr double kLitresPerCubicFoot = 28.31685;
 constexpr double kBarPerAtmosphere = 1.01325;
-
-// Texts by number.
-constexpr int kBadCount = 7891;
-constexpr int kBadSize = 7892;
-constexpr int kRatedOutside = 7893;
-constexpr int kFillOutside = 7894;
-constexpr int kReserveOutside = 7895;
-constexpr int kReserveAboveFill = 7896;
 
 bool Within(double value, double most) { return value >= 0 && value <= most; }
 
@@ -27,13 +20,14 @@ Message CylinderFault(const Cylinder& cylinder) {
   const auto outside = [&](int text, Single value) {
     return Message(text, {FormatPlain(value), FormatPlain(highest)});
   };
-  if (cylinder.Count < 1 || cylinder.Count > kMostCylinders) return kBadCount;
-  if (!(cylinder.Size > 0 && cylinder.Size <= kLargestCylinder)) return {kBadSize, {FormatPlain(kLargestCylinder)}};
-  if (!Within(cylinder.RatedPressure, highest)) return outside(kRatedOutside, cylinder.RatedPressure);
-  if (!Within(cylinder.Fill, highest)) return outside(kFillOutside, cylinder.Fill);
-  if (!Within(cylinder.Reserve, highest)) return outside(kReserveOutside, cylinder.Reserve);
+  if (cylinder.Count < 1 || cylinder.Count > kMostCylinders) return Text::CylinderCount;
+  if (!(cylinder.Size > 0 && cylinder.Size <= kLargestCylinder))
+    return {Text::CylinderSize, {FormatPlain(kLargestCylinder)}};
+  if (!Within(cylinder.RatedPressure, highest)) return outside(Text::CylinderRated, cylinder.RatedPressure);
+  if (!Within(cylinder.Fill, highest)) return outside(Text::CylinderFill, cylinder.Fill);
+  if (!Within(cylinder.Reserve, highest)) return outside(Text::CylinderReserve, cylinder.Reserve);
   if (cylinder.Reserve > cylinder.Fill) {
-    return {kReserveAboveFill, {FormatPlain(cylinder.Reserve), FormatPlain(cylinder.Fill)}};
+    return {Text::CylinderReserveAboveFill, {FormatPlain(cylinder.Reserve), FormatPlain(cylinder.Fill)}};
   }
   return {};
 }

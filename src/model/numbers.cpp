@@ -1,6 +1,7 @@
 #include "model/numbers.h"
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
 
@@ -23,10 +24,9 @@ std::optional<std::int16_t> RoundToInt16(double value) {
 }
 
 Message FormatMinutes(Single minutes) {
-  constexpr int kHoursAndMinutes = 7166;
   const double hours = std::floor(minutes / 60);
   const double rest = std::nearbyint(minutes - hours * 60);
-  return {kHoursAndMinutes, {FormatFixed(hours, 0), FormatFixed(rest, 0)}};
+  return {Text::HoursAndMinutes, {FormatFixed(hours, 0), FormatFixed(rest, 0)}};
 }
 
 }  // namespace tav

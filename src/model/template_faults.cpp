@@ -5,6 +5,7 @@
 
 #include "model/altitude.h"
 #include "model/number_text.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -29,34 +30,6 @@ constexpr double kLeastPercent = 2;
 // Of 100 %: shares are often written in whole numbers.
 constexpr double kSumTolerance = 0.5;
 
-// Texts by number.
-constexpr int kSumOfShares = 7941;
-constexpr int kOutside = 8155;
-constexpr int kHectopascal = 8156;
-constexpr int kPercent = 8157;
-constexpr int kNegative = 8158;
-constexpr int kNotFinite = 7860;
-constexpr int kTooLarge = 7861;
-constexpr int kStepTooSmall = 7862;
-constexpr int kNoSetpoint = 7865;
-constexpr int kNoDecoSetpoint = 7866;
-constexpr int kAscent = 7869;
-constexpr int kDescent = 7870;
-constexpr int kNoRate = 7871;
-constexpr int kNoRateAtSurface = 7872;
-constexpr int kNumberOfRates = 7873;
-constexpr int kRateTooSlow = 7874;
-constexpr int kRatesOutOfOrder = 7875;
-constexpr int kGasNotFinite = 7876;
-constexpr int kGasOutside = 7877;
-constexpr int kGasEmpty = 7878;
-constexpr int kNoGas = 7879;
-constexpr int kDepthOfChange = 7880;
-constexpr int kLegDepth = 7881;
-constexpr int kLegTime = 7882;
-constexpr int kLegGas = 7883;
-constexpr int kAction = 7884;
-
 class Checker {
  public:
   explicit Checker(const DiveTemplate& diveTemplate) : template_(diveTemplate) {}
@@ -65,8 +38,8 @@ class Checker {
     CheckNumbers();
     CheckStops();
     CheckSurface();
-    CheckRates(template_.AscendRates, "AscendRates", kAscent);
-    CheckRates(template_.DescendRates, "DescendRates", kDescent);
+    CheckRates(template_.AscendRates, "AscendRates", Text::Ascent);
+    CheckRates(template_.DescendRates, "DescendRates", Text::Descent);
     CheckGases();
     return std::move(faults_);
   }
@@ -100,7 +73,7 @@ class Checker {
         {"DecoPPO2", template_.DecoPPO2}, {"Maximal END", template_.MaximalEND},
         {"RMV", template_.RMV},           {"DecoRMV", template_.DecoRMV}};
     for (const auto& [key, value] : amounts) {
-      if (CanBe(value) && value < 0) Add(key, {kNegative, {key, FormatPlain(value)}});
+      if (CanBe(value) && value < 0) Add(key, {Text::KeyNegative, {key, FormatPlain(value)}});
     }
   }
 
@@ -108,35 +81,36 @@ class Checker {
   static bool CanBe(Single value) { return std::isfinite(value) && std::fabs(value) <= kLargestNumber; }
 
   static Message NumberFault(const Message& what, Single value) {
-    if (!std::isfinite(value)) return {kNotFinite, {what}};
-    return {kTooLarge, {what, FormatPlain(value), FormatPlain(kLargestNumber)}};
+    if (!std::isfinite(value)) return {Text::NotFinite, {what}};
+    return {Text::BeyondRange, {what, FormatPlain(value), FormatPlain(kLargestNumber)}};
   }
 
   void CheckStops() {
     if (std::isfinite(template_.StepSize) && !(template_.StepSize >= Single(kSmallestStep))) {
-      Add("StepSize", {kStepTooSmall, {FormatPlain(template_.StepSize), FormatPlain(kSmallestStep)}});
+      Add("StepSize", {Text::StepTooSmall, {FormatPlain(template_.StepSize), FormatPlain(kSmallestStep)}});
     }
     CheckWithin("LastStop", template_.LastStop, 0, template_.Metric ? 30 : 100);
     for (const Single factor : {template_.GFHigh, template_.GFLow}) {
       if (!CanBe(factor)) continue;
-      if (factor < 0) Add("GF", {kNegative, {"GF", FormatPlain(factor)}});
-      if (factor >= kLeastPercent) Add("GF", {kPercent, {"GF", FormatPlain(factor), FormatPlain(factor / 100)}});
+      if (factor < 0) Add("GF", {Text::KeyNegative, {"GF", FormatPlain(factor)}});
+      if (factor >= kLeastPercent)
+        Add("GF", {Text::KeyPercent, {"GF", FormatPlain(factor), FormatPlain(factor / 100)}});
     }
     if (!template_.OpenCircuit) {
-      if (template_.Setpoint == 0) Add("Setpoint", kNoSetpoint);
-      if (!template_.OCDeco && template_.DecoSetpoint == 0) Add("DecoSetpoint", kNoDecoSetpoint);
+      if (template_.Setpoint == 0) Add("Setpoint", Text::NoSetpoint);
+      if (!template_.OCDeco && template_.DecoSetpoint == 0) Add("DecoSetpoint", Text::NoDecoSetpoint);
     }
   }
 
   void CheckWithin(const char* key, Single value, double least, double most) {
     if (!CanBe(value) || (value >= Single(least) && value <= Single(most))) return;
-    Add(key, {kOutside, {key, FormatPlain(least), FormatPlain(most), FormatPlain(value)}});
+    Add(key, {Text::KeyOutside, {key, FormatPlain(least), FormatPlain(most), FormatPlain(value)}});
   }
 
   void CheckPressure(const char* key, Single value) {
     const Single inBar = value / kHectopascalPerBar;
     if (CanBe(value) && inBar >= Single(kLowestPressure) && inBar <= Single(kHighestPressure)) {
-      Add(key, {kHectopascal, {key, FormatPlain(value), FormatPlain(inBar)}});
+      Add(key, {Text::KeyHectopascal, {key, FormatPlain(value), FormatPlain(inBar)}});
     } else {
       CheckWithin(key, value, kLowestPressure, kHighestPressure);
     }
@@ -154,43 +128,46 @@ class Checker {
   /// `move` is the text of "ascent" or "descent".
   void CheckRates(const std::vector<RateEntry>& rates, const std::string& key, int move) {
     if (rates.empty()) {
-      Add(key, {kNoRate, {move}});
+      Add(key, {Text::NoRate, {move}});
       return;
     }
-    if (rates.front().Depth > 0) Add(key, {kNoRateAtSurface, {move}});
+    if (rates.front().Depth > 0) Add(key, {Text::NoRateAtSurface, {move}});
     for (std::size_t i = 0; i < rates.size(); ++i) {
       const Single depth = rates[i].Depth;
       const Single rate = rates[i].Rate;
       if (!CanBe(depth) || !CanBe(rate)) {
-        Add(key, NumberFault({kNumberOfRates, {move}}, CanBe(depth) ? rate : depth));
+        Add(key, NumberFault({Text::NumberOfRates, {move}}, CanBe(depth) ? rate : depth));
         continue;
       }
       if (!(rate >= Single(kSlowestRate))) {
-        Add(key, {kRateTooSlow, {move, FormatPlain(depth), FormatPlain(rate), FormatPlain(kSlowestRate)}});
+        Add(key, {Text::RateTooSlow, {move, FormatPlain(depth), FormatPlain(rate), FormatPlain(kSlowestRate)}});
       }
-      if (i > 0 && !(rates[i].Depth > rates[i - 1].Depth)) Add(key, {kRatesOutOfOrder, {move}});
+      if (i > 0 && !(rates[i].Depth > rates[i - 1].Depth)) Add(key, {Text::RatesNotInOrder, {move}});
     }
   }
 
   static Message GasFault(const GasMix& mix) {
     const auto outside = [](Single percent) { return percent < 0 || percent > 100; };
-    if (!std::isfinite(mix.O2) || !std::isfinite(mix.N2) || !std::isfinite(mix.He)) return {kGasNotFinite, {mix.Name}};
-    if (outside(mix.O2) || outside(mix.N2) || outside(mix.He)) return {kGasOutside, {mix.Name}};
+    if (!std::isfinite(mix.O2) || !std::isfinite(mix.N2) || !std::isfinite(mix.He))
+      return {Text::GasNotFinite, {mix.Name}};
+    if (outside(mix.O2) || outside(mix.N2) || outside(mix.He)) return {Text::GasOutside, {mix.Name}};
     const double sum = mix.O2 + mix.N2 + mix.He;
-    if (sum == 0) return {kGasEmpty, {mix.Name}};
-    if (std::fabs(sum - 100) > kSumTolerance) return {kSumOfShares, {"Blends Available", mix.Name, FormatPlain(sum)}};
+    if (sum == 0) return {Text::GasEmpty, {mix.Name}};
+    if (std::fabs(sum - 100) > kSumTolerance)
+      return {Text::KeySumOfShares, {"Blends Available", mix.Name, FormatPlain(sum)}};
     return {};
   }
 
   void CheckGases() {
-    if (template_.Blends.empty()) Add("Blends Available", kNoGas);
+    if (template_.Blends.empty()) Add("Blends Available", Text::NoGas);
     for (std::size_t i = 0; i < template_.Blends.size(); ++i) {
       const Message fault = GasFault(template_.Blends[i]);
       // Air, element 0, has no line of its own.
       if (!fault.IsEmpty()) faults_.push_back({"Blends Available", fault, static_cast<int>(i) - 1});
     }
     for (const GasChange& change : template_.ChangeGasMixes) {
-      if (!CanBe(change.Depth)) Add("Change Gas Mixes", NumberFault({kDepthOfChange, {change.Name}}, change.Depth));
+      if (!CanBe(change.Depth))
+        Add("Change Gas Mixes", NumberFault({Text::DepthOfChange, {change.Name}}, change.Depth));
     }
   }
 
@@ -211,11 +188,13 @@ std::optional<Single> ContradictedPressure(Single altitude, Single pressure, boo
 }
 
 Message LegFault(Single time, Single depth, std::int16_t mix, const DiveTemplate& diveTemplate) {
-  if (!(depth >= 0 && depth <= kMaximumDepth)) return {kLegDepth, {FormatPlain(depth), FormatPlain(kMaximumDepth)}};
-  if (!(time >= 0 && time <= kMaximumLegTime)) return {kLegTime, {FormatPlain(time), FormatPlain(kMaximumLegTime)}};
+  if (!(depth >= 0 && depth <= kMaximumDepth))
+    return {Text::LegDepth, {FormatPlain(depth), FormatPlain(kMaximumDepth)}};
+  if (!(time >= 0 && time <= kMaximumLegTime))
+    return {Text::LegTime, {FormatPlain(time), FormatPlain(kMaximumLegTime)}};
   if (mix < 0 || static_cast<std::size_t>(mix) >= diveTemplate.Blends.size()) {
     const int last = static_cast<int>(diveTemplate.Blends.size()) - 1;
-    return {kLegGas, {std::to_string(mix), std::to_string(last)}};
+    return {Text::LegGas, {std::to_string(mix), std::to_string(last)}};
   }
   return {};
 }
@@ -225,7 +204,7 @@ std::vector<Message> PlanFaults(const ClassUseractions& actions, const DiveTempl
   for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (actions.getaction(i) != ClassUseractions::kLeg) continue;
     const Message fault = LegFault(actions.gettime(i), actions.getDepth(i), actions.getmixnumber(i), diveTemplate);
-    if (!fault.IsEmpty()) faults.emplace_back(kAction, std::vector<Message>{std::to_string(i), fault});
+    if (!fault.IsEmpty()) faults.emplace_back(Text::ActionFault, std::vector<Message>{std::to_string(i), fault});
   }
   return faults;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "model/text_id.h"
+
 namespace tav {
 
 void PageFile::Begin(const std::filesystem::path& file, const std::optional<FileError>& fault) {
@@ -69,8 +71,7 @@ void PageFile::Flush() {
 
 void PageFile::Blame(const std::filesystem::path& file) {
   if (fault_) return;
-  constexpr int kNotWritten = 7900;
-  fault_.emplace(file, 0, Message{kNotWritten, {ErrorText(errno != 0 ? errno : EIO)}});
+  fault_.emplace(file, 0, Message{Text::NotWritten, {ErrorText(errno != 0 ? errno : EIO)}});
 }
 
 std::string PageFile::Page(int number) const {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "model/text_id.h"
 #include "pages/print_form.h"
 #include "platform/used_folder.h"
 
@@ -45,10 +46,11 @@ PrintPrev::PrintPrev(const PrintPreview& report, Platform platform)
 
 void PrintPrev::Form_Load() {
   Localize();
-  cmdClose.Caption = T(2210);
-  const std::pair<Button*, int> captions[] = {{&cmdZoomIn, 7203}, {&cmdZoomOut, 7204}, {&cmdPrint, 7205},
-                                              {&cmdSetUp, 7206},  {&cmdFirst, 7207},   {&cmdPrevious, 7208},
-                                              {&cmdNext, 7209},   {&cmdLast, 7210},    {&cbPdf, 7211}};
+  cmdClose.Caption = T(Text::PreviewClose);
+  const std::pair<Button*, int> captions[] = {
+      {&cmdZoomIn, Text::PreviewZoomIn}, {&cmdZoomOut, Text::PreviewZoomOut}, {&cmdPrint, Text::PreviewPrint},
+      {&cmdSetUp, Text::PreviewSetUp},   {&cmdFirst, Text::PreviewFirst},     {&cmdPrevious, Text::PreviewPrevious},
+      {&cmdNext, Text::PreviewNext},     {&cmdLast, Text::PreviewLast},       {&cbPdf, Text::PreviewPdf}};
   for (const auto& [button, text] : captions) button->Caption = T(text);
   const SettingsStore& settings = platform_.settings;
   const Screen::Room room = platform_.screen.AvailableRoom();
@@ -77,7 +79,7 @@ void PrintPrev::setPageMax(int pages) {
 }
 
 void PrintPrev::ShowLabel() {
-  lbPage.Caption = T(2211) + getPageNr() + T(2212) + getPageMax();
+  lbPage.Caption = T(Text::PreviewPage) + getPageNr() + T(Text::PreviewOf) + getPageMax();
   cmdFirst.Enabled = cmdPrevious.Enabled = page_ > 1;
   cmdNext.Enabled = cmdLast.Enabled = page_ < pageMax_;
 }
@@ -133,8 +135,8 @@ std::string PrintPrev::Title() const {
 
 void PrintPrev::SavePdf() {
   const std::string name = report_.documentName.empty() ? Caption.Get() : report_.documentName;
-  const std::filesystem::path file = platform_.files.Save({T(7212),
-                                                           T(7213),
+  const std::filesystem::path file = platform_.files.Save({T(Text::PdfTitle),
+                                                           T(Text::PdfFilter),
                                                            FolderUsedLast(platform_.settings, kPdfFolder),
                                                            std::filesystem::path(name).stem().string() + ".pdf",
                                                            ".pdf",
@@ -150,7 +152,8 @@ void PrintPrev::SavePdf() {
     fault = report_.Texts().Words(error);
   }
   platform_.screen.ShowHourglass(false);
-  if (!fault.empty()) platform_.boxes.Show(T(7214) + "\r\n" + fault, Caption, BoxIcon::Stop, BoxButtons::OK);
+  if (!fault.empty())
+    platform_.boxes.Show(T(Text::PdfNotWritten) + "\r\n" + fault, Caption, BoxIcon::Stop, BoxButtons::OK);
 }
 
 void PreviewWindows::ClosePreview() {

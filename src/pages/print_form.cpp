@@ -2,14 +2,9 @@
 
 #include <stdexcept>
 
+#include "model/text_id.h"
+
 namespace tav {
-namespace {
-
-constexpr int kTitle = 2214;
-constexpr int kNoPrinter = 7201;
-constexpr int kPrinterFailed = 7202;
-
-}  // namespace
 
 PrintPrint::PrintPrint(const PrintPreview& report, Platform platform, std::string title)
     : TextForm("PrintPrint", std::move(platform), report.Texts()), report_(report), title_(std::move(title)) {
@@ -21,14 +16,14 @@ PrintPrint::PrintPrint(const PrintPreview& report, Platform platform, std::strin
 }
 
 void PrintPrint::Form_Load() {
-  Caption = T(kTitle);
-  Label1.Caption = T(2217);
-  Label2.Caption = T(2218);
-  Label3.Caption = T(2219);
-  Command1.Caption = T(2220);
-  Command2.Caption = T(2222);
-  Command3.Caption = T(2221);
-  ProgressBar1.SpokenName = T(2604);
+  Caption = T(Text::PrintTitle);
+  Label1.Caption = T(Text::PrintFrom);
+  Label2.Caption = T(Text::PrintTo);
+  Label3.Caption = T(Text::PrintPages);
+  Command1.Caption = T(Text::Print);
+  Command2.Caption = T(Text::PrintCancel);
+  Command3.Caption = T(Text::PrintSetUp);
+  ProgressBar1.SpokenName = T(Text::Progress);
   std::vector<std::string> pages;
   for (int page = 1; page <= report_.Pages().Pages(); ++page) pages.push_back(std::to_string(page));
   tPag.Text = std::to_string(pages.size());
@@ -43,12 +38,13 @@ void PrintPrint::Form_Load() {
 void PrintPrint::Command1_Click() {
   const int first = sPag.ListIndex + 1;
   int last = ePag.ListIndex + 1;
-  std::string question = T(2215) + "\t" + std::to_string(first) + "\n" + T(2216) + "\t" + std::to_string(last) + "?";
+  std::string question = T(Text::PrintFromPage) + "\t" + std::to_string(first) + "\n" + T(Text::PrintToPage) + "\t" +
+                         std::to_string(last) + "?";
   if (first > last) {
     last = first;
-    question = T(2211) + std::to_string(first) + "?";
+    question = T(Text::PreviewPage) + std::to_string(first) + "?";
   }
-  const BoxAnswer answer = platform_.boxes.Show(question, T(kTitle), BoxIcon::Question, BoxButtons::YesNo);
+  const BoxAnswer answer = platform_.boxes.Show(question, T(Text::PrintTitle), BoxIcon::Question, BoxButtons::YesNo);
   if (answer == BoxAnswer::Yes) PrintRange(first, last);
   Unload();
 }
@@ -60,7 +56,7 @@ void PrintPrint::Command2_Click() {
 
 void PrintPrint::PrintRange(int first, int last) {
   if (!platform_.printer.HasPrinter()) {
-    platform_.boxes.Show(T(kNoPrinter), T(kTitle), BoxIcon::Exclamation, BoxButtons::OK);
+    platform_.boxes.Show(T(Text::NoPrinter), T(Text::PrintTitle), BoxIcon::Exclamation, BoxButtons::OK);
     return;
   }
   cancelPrint_ = false;
@@ -80,8 +76,8 @@ void PrintPrint::PrintRange(int first, int last) {
                        [&] { return cancelPrint_; }});
     }
   } catch (const std::runtime_error& error) {
-    platform_.boxes.Show(T(kPrinterFailed) + "\r\n" + report_.Texts().Words(error), T(kTitle), BoxIcon::Stop,
-                         BoxButtons::OK);
+    platform_.boxes.Show(T(Text::PrinterFailed) + "\r\n" + report_.Texts().Words(error), T(Text::PrintTitle),
+                         BoxIcon::Stop, BoxButtons::OK);
   }
   platform_.screen.ShowHourglass(false);
   Command2.Bold = false;

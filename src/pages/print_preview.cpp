@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/text_id.h"
 #include "pages/page_units.h"
 #include "pages/wrapped_text.h"
 
@@ -11,7 +12,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kTooWide = 2223;
 constexpr Colour kMidGrey = RGB(160, 160, 160);
 const std::string kArial = "Arial";
 
@@ -80,8 +80,7 @@ void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string&
 
 void PrintPreview::EndReport(const std::string& caption) {
   if (file_.Fault()) {
-    constexpr int kNotWritten = 7200;
-    services_.boxes.Show(texts_.GetResString(kNotWritten) + "\r\n" + texts_.Words(*file_.Fault()), caption,
+    services_.boxes.Show(texts_.GetResString(Text::ReportNotWritten) + "\r\n" + texts_.Words(*file_.Fault()), caption,
                          BoxIcon::Stop, BoxButtons::OK);
     return;
   }
@@ -122,7 +121,7 @@ void PrintPreview::PrintInCen(Single x, Single y, const std::string& text, const
   const double width = services_.measure.TextWidth(text, TextFont());
   const Single left = x * page::kUnitsPerCm - std::floor(width / 2);
   if (left < 0) {
-    services_.boxes.Show(texts_.GetResString(kTooWide), "PrintInCen", BoxIcon::Stop, BoxButtons::OK);
+    services_.boxes.Show(texts_.GetResString(Text::PrintTooWide), "PrintInCen", BoxIcon::Stop, BoxButtons::OK);
     return;
   }
   Text("#txt_c", left, y, text, fontName, fontSize, bold);

@@ -4,19 +4,13 @@
 #include <limits>
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/cylinder_line.h"
 
 namespace tav {
 namespace {
 
 constexpr int kMostLines = std::numeric_limits<std::int16_t>::max();
-
-// Texts by number.
-constexpr int kCylinder = 7945;
-constexpr int kCylinderWithoutGas = 7946;
-constexpr int kTooManyLines = 8150;
-constexpr int kPassedOver = 8151;
-constexpr int kOneValue = 8300;
 
 /// A name that this program knows.
 struct KnownLine {
@@ -32,7 +26,7 @@ struct KnownLine {
 Message ReadCylinder(std::string_view value, bool first, DiveTemplate& diveTemplate) {
   Cylinder cylinder;
   const Message fault = ReadCylinderLine(value, cylinder);
-  if (!fault.IsEmpty()) return {kCylinder, {fault}};
+  if (!fault.IsEmpty()) return {Text::CylinderOfLine, {fault}};
   if (first) diveTemplate.Cylinders.clear();
   diveTemplate.Cylinders.push_back(std::move(cylinder));
   return {};
@@ -56,7 +50,7 @@ constexpr OneValueLine kInterval{"Surface interval", "air", &DiveTemplate::Inter
 template <const OneValueLine& Line>
 Message ReadOneValue(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
   if (TrimBlanks(value) != Line.value) {
-    return {kOneValue, {std::string(Line.name), Shown(TrimBlanks(value)), std::string(Line.value)}};
+    return {Text::CommentOneValue, {std::string(Line.name), Shown(TrimBlanks(value)), std::string(Line.value)}};
   }
   diveTemplate.*Line.field = true;
   return {};
@@ -91,7 +85,7 @@ void CommentLines::Read(std::string_view line, int number) {
   const std::string_view name = NameOf(line);
   if (name.empty()) return;
   if (++lines_ > kMostLines) {
-    faults_.Error(number, kTooManyLines);
+    faults_.Error(number, Text::TooManyNames);
     return;
   }
   met_.emplace(name);
@@ -105,7 +99,7 @@ void CommentLines::Read(std::string_view line, int number) {
     if (known->changesSchedule) {
       faults_.Error(number, fault);
     } else {
-      faults_.Advise(number, {kPassedOver, {fault}});
+      faults_.Advise(number, {Text::PassedOver, {fault}});
       template_.Comments.emplace_back(line);
     }
     return;
@@ -119,7 +113,7 @@ void CommentLines::Finish() {
   template_.Comments.insert(template_.Comments.begin(), before_.begin(), before_.end());
   for (std::size_t i = 0; i < cylinderLines_.size(); ++i) {
     const std::string& gas = template_.Cylinders[i].Gas;
-    if (!FindBlend(gas, template_)) faults_.Advise(cylinderLines_[i], {kCylinderWithoutGas, {Shown(gas)}});
+    if (!FindBlend(gas, template_)) faults_.Advise(cylinderLines_[i], {Text::CylinderUnknownGas, {Shown(gas)}});
   }
 }
 

@@ -5,19 +5,10 @@
 
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "model/tokenizer.h"
 
 namespace tav {
-namespace {
-
-// Texts by number.
-constexpr int kNoGas = 7949;
-constexpr int kNoNumber = 7950;
-constexpr int kTooLargeNumber = 7951;
-constexpr int kMustFollow = 7952;
-constexpr int kNoRatedPressure = 7897;
-
-}  // namespace
 
 std::string WriteCylinderLine(const Cylinder& cylinder) {
   std::string line = cylinder.Gas + ":";
@@ -31,21 +22,21 @@ std::string WriteCylinderLine(const Cylinder& cylinder) {
 }
 
 Message ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
-  if (!ClassTokenizer::hastokens(value, ":")) return kNoGas;
+  if (!ClassTokenizer::hastokens(value, ":")) return Text::CylinderNoGas;
   cylinder.Gas = TrimBlanks(ClassTokenizer::nextToken(value, ":"));
   std::vector<Single> numbers;
   while (ClassTokenizer::hastokens(value, "/")) {
     constexpr double kTooLarge = 1e6;
     const std::string_view text = ClassTokenizer::nextToken(value, "/");
     const auto number = ParseStrict(text);
-    if (!number) return {kNoNumber, {std::string(TrimBlanks(text))}};
-    if (std::fabs(*number) > kTooLarge) return {kTooLargeNumber, {std::string(TrimBlanks(text))}};
+    if (!number) return {Text::CylinderNoNumber, {std::string(TrimBlanks(text))}};
+    if (std::fabs(*number) > kTooLarge) return {Text::CylinderNumberTooLarge, {std::string(TrimBlanks(text))}};
     numbers.emplace_back(*number);
   }
   constexpr std::size_t kLitres = 4;
   constexpr std::size_t kCubicFeet = 5;
   if ((numbers.size() != kLitres && numbers.size() != kCubicFeet) || !TrimBlanks(value).empty()) {
-    return kMustFollow;
+    return Text::CylinderMustFollow;
   }
   cylinder.Count = RoundToInt16(numbers[0]).value_or(0);
   if (numbers[0] != static_cast<double>(cylinder.Count)) cylinder.Count = 0;
@@ -53,7 +44,7 @@ Message ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
   cylinder.RatedPressure = 0;
   if (numbers.size() == kCubicFeet) {
     cylinder.RatedPressure = numbers[2];
-    if (!(cylinder.RatedPressure > 0)) return kNoRatedPressure;
+    if (!(cylinder.RatedPressure > 0)) return Text::CylinderNoRated;
   }
   cylinder.Fill = numbers[numbers.size() - 2];
   cylinder.Reserve = numbers.back();

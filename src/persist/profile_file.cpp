@@ -7,6 +7,7 @@
 #include "model/number_text.h"
 #include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "model/tokenizer.h"
 #include "persist/line_reader.h"
 #include "persist/template_file.h"
@@ -19,24 +20,6 @@ constexpr std::string_view kSurfaceTime = "SurfTime";
 constexpr std::string_view kEndOfProfile = "End of Profile";
 constexpr std::size_t kMostDives = std::numeric_limits<std::int16_t>::max() - 1;
 
-// Texts by number.
-constexpr int kTooManyDives = 7912;
-constexpr int kNoBeginning = 7913;
-constexpr int kLineMissing = 7914;
-constexpr int kNoSurfaceTime = 7915;
-constexpr int kSurfaceTimeOutside = 7916;
-constexpr int kSurfaceTimeOfFirst = 7917;
-constexpr int kFileEnds = 7919;
-constexpr int kTooManyActions = 7920;
-constexpr int kShouldBeAction = 8159;
-constexpr int kSettingsMissing = 8153;
-constexpr int kNoKind = 8162;
-constexpr int kAscentTakesNothing = 8163;
-constexpr int kDepthNoNumber = 7922;
-constexpr int kTimeNoNumber = 7923;
-constexpr int kMixNoNumber = 7924;
-constexpr int kNoAscentBefore = 7926;
-
 class Reader {
  public:
   Reader(std::string_view text, FormatFaults& faults) : lines_(text), faults_(faults) {}
@@ -44,7 +27,7 @@ class Reader {
   ProfileText Run() {
     do {
       if (profile_.dives.size() == kMostDives) {
-        faults_.Error(lines_.LineNumber() + 1, kTooManyDives);
+        faults_.Error(lines_.LineNumber() + 1, Text::SeriesTooLong);
         break;
       }
       if (!ReadDive()) break;
@@ -59,7 +42,7 @@ class Reader {
   bool ReadDive() {
     LineReader first = lines_;
     if (!IsMarker(first.Next(), kStartOfBlock)) {
-      faults_.Error(lines_.LineNumber() + 1, {kNoBeginning, {std::string(kStartOfBlock)}});
+      faults_.Error(lines_.LineNumber() + 1, {Text::DiveBegins, {std::string(kStartOfBlock)}});
       return false;
     }
     DiveRecord& dive = profile_.dives.emplace_back();
@@ -70,7 +53,7 @@ class Reader {
     if (dive.Template.OpenCircuit) SetUpNewPlan(dive.Template);
     JudgeSettings(dive, where);
     if (!IsMarker(lines_.Next(), kStartOfProfile)) {
-      Error({kLineMissing, {std::string(kStartOfProfile)}});
+      Error({Text::LineMissing, {std::string(kStartOfProfile)}});
       return false;
     }
     ReadSurfaceInterval(dive);
@@ -80,7 +63,7 @@ class Reader {
   /// Nothing stands in for what a dive does not tell: without "Metric=" a plan in metres would be one in feet.
   void JudgeSettings(const DiveRecord& dive, const DiveRecordLines& where) {
     const std::string missing = MissingKeys(where.keys, BlockOf::Dive);
-    if (!missing.empty()) faults_.Error(where.block, {kSettingsMissing, {missing}});
+    if (!missing.empty()) faults_.Error(where.block, {Text::SettingsMissing, {missing}});
     ReportTemplateFaults(dive.Template, where.keys, BlockOf::Dive, where.block, faults_);
   }
 
@@ -88,18 +71,18 @@ class Reader {
     const std::string_view line = lines_.Next().value_or("");
     const std::size_t equals = line.find('=');
     if (TrimBlanks(line.substr(0, equals)) != kSurfaceTime || equals == std::string_view::npos) {
-      Error({kNoSurfaceTime, {std::string(kSurfaceTime), std::string(kStartOfProfile)}});
+      Error({Text::NoSurfaceTime, {std::string(kSurfaceTime), std::string(kStartOfProfile)}});
       return;
     }
     const auto minutes = ParseStrict(line.substr(equals + 1));
     if (!minutes || !(*minutes >= 0 && *minutes <= kMaximumSurfaceInterval)) {
-      Error({kSurfaceTimeOutside,
+      Error({Text::SurfaceTimeOutside,
              {std::string(kSurfaceTime), FormatPlain(kMaximumSurfaceInterval), Shown(line.substr(equals + 1))}});
       return;
     }
     dive.SurfaceInterval = *minutes;
     if (profile_.dives.size() == 1 && dive.SurfaceInterval != 0) {
-      faults_.Advise(lines_.LineNumber(), {kSurfaceTimeOfFirst, {std::string(kSurfaceTime)}});
+      faults_.Advise(lines_.LineNumber(), {Text::SurfaceTimeOfFirst, {std::string(kSurfaceTime)}});
     }
   }
 
@@ -110,7 +93,7 @@ class Reader {
       if (!ReadAction(*line, dive)) return false;
       where.actions.push_back(lines_.LineNumber());
     }
-    Error({kFileEnds, {std::string(kEndOfProfile)}});
+    Error({Text::FileEnds, {std::string(kEndOfProfile)}});
     return false;
   }
 
@@ -118,7 +101,7 @@ class Reader {
   bool ReadAction(std::string_view line, DiveRecord& dive) {
     ClassUseractions& actions = dive.UserActions;
     if (actions.GetLength() == std::numeric_limits<std::int16_t>::max()) {
-      Error(kTooManyActions);
+      Error(Text::TooManyActions);
       return false;
     }
     actions.NewAction();  // also for a line that is wrong: the places of the others stay
@@ -127,19 +110,19 @@ class Reader {
     if (fields.ends_with(',')) fields.remove_suffix(1);
     constexpr int kFields = 4;
     if (ClassTokenizer::tokenCount(fields, ",") != kFields) {
-      Error({kShouldBeAction, {Shown(line)}});
+      Error({Text::ActionFields, {Shown(line)}});
       return true;
     }
-    const Single depth = Number(ClassTokenizer::nextToken(fields, ","), kDepthNoNumber);
-    const Single time = Number(ClassTokenizer::nextToken(fields, ","), kTimeNoNumber);
-    const std::int16_t mix = Integer(ClassTokenizer::nextToken(fields, ","), kMixNoNumber);
-    const std::int16_t kind = Integer(fields, kNoKind);
-    if (kind != ClassUseractions::kLeg && kind != ClassUseractions::kAscent) Error({kNoKind, {Shown(fields)}});
+    const Single depth = Number(ClassTokenizer::nextToken(fields, ","), Text::ActionDepth);
+    const Single time = Number(ClassTokenizer::nextToken(fields, ","), Text::ActionTime);
+    const std::int16_t mix = Integer(ClassTokenizer::nextToken(fields, ","), Text::ActionMix);
+    const std::int16_t kind = Integer(fields, Text::ActionKind);
+    if (kind != ClassUseractions::kLeg && kind != ClassUseractions::kAscent) Error({Text::ActionKind, {Shown(fields)}});
     const bool isAscent = kind == ClassUseractions::kAscent;
     const Message fault = LegFault(isAscent ? Single(0) : time, isAscent ? Single(0) : depth, mix, dive.Template);
     if (!fault.IsEmpty()) Error(fault);
     if (isAscent && (depth != -1 || time != -1)) {
-      faults_.Advise(lines_.LineNumber(), {kAscentTakesNothing, {FormatPlain(depth), FormatPlain(time)}});
+      faults_.Advise(lines_.LineNumber(), {Text::AscentTakesNothing, {FormatPlain(depth), FormatPlain(time)}});
     }
     actions.setuser(last, depth, time, mix);
     if (isAscent) actions.setdeco(last);
@@ -192,7 +175,7 @@ void ReportSeriesFaults(const ProfileText& profile, FormatFaults& faults) {
   for (std::size_t i = 1; i < profile.dives.size(); ++i) {
     const ClassUseractions& before = profile.dives[i - 1].UserActions;
     if (before.GetLength() > 0 && before.getaction(before.GetLength()) == ClassUseractions::kAscent) continue;
-    faults.Error(profile.lines[i].block, {kNoAscentBefore, {std::to_string(i + 1), std::to_string(i)}});
+    faults.Error(profile.lines[i].block, {Text::NoAscentBefore, {std::to_string(i + 1), std::to_string(i)}});
   }
 }
 

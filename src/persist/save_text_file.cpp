@@ -7,6 +7,7 @@
 #include <sys/xattr.h>
 #include <system_error>
 
+#include "model/text_id.h"
 #include "persist/locked_file.h"
 #include "persist/text_file.h"
 
@@ -15,21 +16,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Texts by number.
-constexpr int kNotWritten = 7900;
-constexpr int kNotReplaced = 7901;
-constexpr int kIsFolder = 7902;
-constexpr int kOtherOwner = 8060;
-constexpr int kOtherGroup = 8061;
-constexpr int kOtherNames = 8062;
-constexpr int kOtherAccess = 8063;
-constexpr int kDanglingLink = 8064;
-constexpr int kLinksInACircle = 8065;
-
 // The new text of "plan.tav" is in "plan.tav.saving-XXXXXX" until it takes the place of the old one.
 constexpr std::string_view kUnfinished = ".saving-";
 
-FileError NotWritten(const fs::path& file) { return {file, 0, {kNotWritten, {ErrorText(errno)}}}; }
+FileError NotWritten(const fs::path& file) { return {file, 0, {Text::NotWritten, {ErrorText(errno)}}}; }
 
 void WriteAll(int fd, std::string_view text, const fs::path& file) {
   while (!text.empty()) {
@@ -49,9 +39,9 @@ fs::path Target(const fs::path& file) {
   const int fault = ::stat(file.c_str(), &state) == 0 ? 0 : errno;
   std::error_code error;
   if (fault != 0 && fs::is_symlink(fs::symlink_status(file, error))) {
-    if (fault == ELOOP) throw FileError(file, 0, kLinksInACircle);
-    if (fault == ENOENT) throw FileError(file, 0, {kDanglingLink, {fs::read_symlink(file, error).string()}});
-    throw FileError(file, 0, {kNotWritten, {ErrorText(fault)}});
+    if (fault == ELOOP) throw FileError(file, 0, Text::LinksInACircle);
+    if (fault == ENOENT) throw FileError(file, 0, {Text::DanglingLink, {fs::read_symlink(file, error).string()}});
+    throw FileError(file, 0, {Text::NotWritten, {ErrorText(fault)}});
   }
   fs::path target = fs::weakly_canonical(file, error);
   return error ? file : target;
@@ -79,16 +69,16 @@ bool CopyAttributes(const fs::path& from, int to) {
 SaveNotes TakeOver(const fs::path& target, const struct stat& old, const Descriptor& made, const fs::path& file) {
   SaveNotes notes;
   mode_t mode = old.st_mode & 07777U;
-  if (::fchown(made.Get(), old.st_uid, static_cast<gid_t>(-1)) != 0) notes.emplace_back(kOtherOwner);
+  if (::fchown(made.Get(), old.st_uid, static_cast<gid_t>(-1)) != 0) notes.emplace_back(Text::SavedOtherOwner);
   if (::fchown(made.Get(), static_cast<uid_t>(-1), old.st_gid) != 0) {
     // The rights of the old group are not for the new one.
     mode = (mode & 0707U) | (mode & 0007U) << 3U;
-    notes.emplace_back(kOtherGroup);
+    notes.emplace_back(Text::SavedOtherGroup);
   }
-  if (!CopyAttributes(target, made.Get())) notes.emplace_back(kOtherAccess);
+  if (!CopyAttributes(target, made.Get())) notes.emplace_back(Text::SavedOtherAccess);
   // After the owner, as a change of that takes rights away, and after the access list, which has some of its own.
   if (::fchmod(made.Get(), mode) != 0) throw NotWritten(file);
-  if (old.st_nlink > 1) notes.emplace_back(kOtherNames);
+  if (old.st_nlink > 1) notes.emplace_back(Text::SavedOtherNames);
   return notes;
 }
 
@@ -97,7 +87,7 @@ SaveNotes TakeOver(const fs::path& target, const struct stat& old, const Descrip
 SaveNotes WriteTextFile(const fs::path& file, std::string_view text) {
   const fs::path target = Target(file);
   std::error_code error;
-  if (fs::is_directory(target, error)) throw FileError(file, 0, kIsFolder);
+  if (fs::is_directory(target, error)) throw FileError(file, 0, Text::IsFolder);
 
   // A file that is there but must not be written stays, although its folder would allow the rename.
   struct stat old {};
@@ -127,7 +117,7 @@ SaveNotes WriteTextFile(const fs::path& file, std::string_view text) {
     WriteAll(fd.Get(), text, file);
     if (::fsync(fd.Get()) != 0 || !fd.Close()) throw NotWritten(file);
     if (::rename(beside.c_str(), target.c_str()) != 0) {
-      throw FileError(file, 0, {kNotReplaced, {ErrorText(errno)}});
+      throw FileError(file, 0, {Text::NotReplaced, {ErrorText(errno)}});
     }
   } catch (...) {
     ::unlink(beside.c_str());

@@ -6,6 +6,7 @@
 
 #include "model/number_text.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "model/tokenizer.h"
 #include "persist/comment_lines.h"
 #include "persist/template_fields.h"
@@ -16,28 +17,6 @@ namespace {
 constexpr std::string_view kBlends = "Blends Available";
 constexpr std::string_view kChanges = "Change Gas Mixes";
 constexpr std::size_t kMostEntries = std::numeric_limits<std::int16_t>::max();
-
-// Texts by number.
-constexpr int kFileEnds = 7919;
-constexpr int kTwice = 7927;
-constexpr int kNoKey = 7928;
-constexpr int kNumberTooLarge = 7929;
-constexpr int kShouldBeNumber = 7930;
-constexpr int kNoNumber = 8160;
-constexpr int kNoFlag = 7931;
-constexpr int kShouldBeFlag = 7932;
-constexpr int kNot16Bits = 7933;
-constexpr int kFactorsSwapped = 7934;
-constexpr int kTooManyEntries = 7935;
-constexpr int kNoColon = 7936;
-constexpr int kNoComma = 7937;
-constexpr int kTooManyBlends = 7938;
-constexpr int kShouldBeBlend = 7939;
-constexpr int kShouldGiveShares = 7940;
-constexpr int kThreeFactors = 8161;
-constexpr int kDecimalComma = 8165;
-constexpr int kNoDepth = 7942;
-constexpr int kNoSuchGas = 7943;
 
 std::string Quoted(std::string_view key) { return '"' + std::string(key) + '"'; }
 
@@ -53,7 +32,7 @@ class Reader {
     while (!atEnd) {
       const auto line = lines_.Next();
       if (!line) {
-        faults_.Error(lines_.LineNumber(), {kFileEnds, {std::string(kEndOfBlock)}});
+        faults_.Error(lines_.LineNumber(), {Text::FileEnds, {std::string(kEndOfBlock)}});
         break;
       }
       // A comment is told by its first column alone. Blanks may stand behind the end marker, but not ahead of it.
@@ -93,9 +72,9 @@ class Reader {
     if (StoreKnown(value)) {
       auto& lines = keyLines_[std::string(key_)];
       lines.push_back(lines_.LineNumber());
-      if (lines.size() == 2 && key_ != kBlends) Advise(kTwice);
+      if (lines.size() == 2 && key_ != kBlends) Advise(Text::KeyTwice);
     } else if (key_ != "CeilingOverride" && !key_.empty()) {
-      faults_.Advise(lines_.LineNumber(), {kNoKey, {Shown(key_)}});
+      faults_.Advise(lines_.LineNumber(), {Text::KeyUnknown, {Shown(key_)}});
     }
   }
 
@@ -118,7 +97,7 @@ class Reader {
   /// A number must fit the 32 bits of its field.
   Single Fitting(double value, std::string_view text) {
     if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
-      Error(kNumberTooLarge, {Shown(text)});
+      Error(Text::KeyTooLarge, {Shown(text)});
       return 0;
     }
     return value;
@@ -126,25 +105,25 @@ class Reader {
 
   Single Lenient(std::string_view text) {
     if (!BeginsWithNumber(text)) {
-      Error(kNoNumber, {Shown(text)});
+      Error(Text::KeyHoldsNoNumber, {Shown(text)});
       return 0;
     }
     const std::size_t comma = text.find(',');
     if (IsNumber(text.substr(0, comma)) && comma != std::string_view::npos &&
         BeginsWithNumber(text.substr(comma + 1))) {
-      Error(kDecimalComma, {Shown(text)});
+      Error(Text::DecimalComma, {Shown(text)});
     }
-    if (!IsNumber(text)) Advise(kShouldBeNumber, {Shown(text), FormatPlain(Single(ParseLenient(text)))});
+    if (!IsNumber(text)) Advise(Text::KeyShouldBeNumber, {Shown(text), FormatPlain(Single(ParseLenient(text)))});
     return Fitting(ParseLenient(text), text);
   }
 
   bool Flag(std::string_view text) {
     const auto number = ParseStrict(text);
     if (!number) {
-      Error(kNoFlag, {Shown(text)});
+      Error(Text::KeyNoFlag, {Shown(text)});
       return false;
     }
-    if (*number != 0 && *number != 1) Advise(kShouldBeFlag, {Shown(text)});
+    if (*number != 0 && *number != 1) Advise(Text::KeyShouldBeFlag, {Shown(text)});
     return *number == 1;
   }
 
@@ -153,7 +132,7 @@ class Reader {
 
   void StoreTimeToHeight(std::string_view value) {
     const auto minutes = RoundToInt16(Lenient(value));
-    if (!minutes) Error(kNot16Bits, {Shown(value)});
+    if (!minutes) Error(Text::KeyNot16Bits, {Shown(value)});
     template_.TimeToHeight = minutes.value_or(0);
   }
 
@@ -162,14 +141,14 @@ class Reader {
     const int count = ClassTokenizer::tokenCount(value, ",");
     const bool commaBehind = count == 4 && ClassTokenizer::nthToken(value, 4, ",").empty();
     if (count != 3 && !commaBehind) {
-      Error(kThreeFactors, {Shown(value)});
+      Error(Text::KeyThreeFactors, {Shown(value)});
       return;
     }
     template_.UseGF = Flag(ClassTokenizer::nthToken(value, 1, ","));
     template_.GFHigh = Lenient(ClassTokenizer::nthToken(value, 2, ","));
     template_.GFLow = Lenient(ClassTokenizer::nthToken(value, 3, ","));
     if (template_.UseGF && template_.GFLow > template_.GFHigh) {
-      Advise(kFactorsSwapped);
+      Advise(Text::KeyFactorsSwapped);
     }
   }
 
@@ -178,19 +157,19 @@ class Reader {
   void ForEachItem(std::string_view value, Store store) {
     for (std::size_t count = 0; ClassTokenizer::hastokens(value, ","); ++count) {
       if (count == kMostEntries) {
-        Error(kTooManyEntries);
+        Error(Text::KeyTooManyEntries);
         return;
       }
       std::string_view item = ClassTokenizer::nextToken(value, ",");
       const bool pair = ClassTokenizer::hastokens(item, ":");
       if (!pair) {
-        Error(kNoColon, {Shown(item)});
+        Error(Text::KeyNoColon, {Shown(item)});
         continue;
       }
       const std::string_view before = ClassTokenizer::nextToken(item, ":");
       store(before, item);
     }
-    if (!TrimBlanks(value).empty()) Advise(kNoComma, {Shown(value)});
+    if (!TrimBlanks(value).empty()) Advise(Text::KeyNoComma, {Shown(value)});
   }
 
   void StoreRates(std::string_view value, std::vector<RateEntry>& rates) {
@@ -205,24 +184,24 @@ class Reader {
   void StoreBlend(std::string_view value) {
     if (!keyLines_.contains(kBlends)) template_.Blends.assign(1, AirMix());
     if (template_.Blends.size() > kMostEntries) {
-      Error(kTooManyBlends);
+      Error(Text::KeyTooManyBlends);
       return;
     }
     GasMix mix;
     if (!ClassTokenizer::hastokens(value, ":")) {
-      Error(kShouldBeBlend);
+      Error(Text::KeyShouldBeBlend);
       return;
     }
     mix.Name = ClassTokenizer::nextToken(value, ":");
     const auto percentage = [&] {
-      if (!ClassTokenizer::hastokens(value, "/")) Advise(kShouldGiveShares, {Shown(mix.Name)});
+      if (!ClassTokenizer::hastokens(value, "/")) Advise(Text::KeyShouldGiveShares, {Shown(mix.Name)});
       return Lenient(ClassTokenizer::nextToken(value, "/"));
     };
     mix.O2 = percentage();
     mix.N2 = percentage();
     const bool closed = ClassTokenizer::hastokens(value, "/");
     mix.He = percentage();
-    if (closed && !TrimBlanks(value).empty()) Advise(kShouldGiveShares, {Shown(mix.Name)});
+    if (closed && !TrimBlanks(value).empty()) Advise(Text::KeyShouldGiveShares, {Shown(mix.Name)});
     template_.Blends.push_back(std::move(mix));
   }
 
@@ -230,7 +209,7 @@ class Reader {
     template_.ChangeGasMixes.clear();
     ForEachItem(value, [&](std::string_view depth, std::string_view name) {
       const auto number = ParseStrict(depth);
-      if (!number) Error(kNoDepth, {Shown(depth)});
+      if (!number) Error(Text::KeyNoDepth, {Shown(depth)});
       template_.ChangeGasMixes.push_back({std::string(name), 0, 0, 0, Fitting(number.value_or(0), depth)});
     });
     ResolveChanges();
@@ -238,7 +217,7 @@ class Reader {
 
   void ResolveChanges() {
     for (const std::string& name : ResolveGasChanges(template_)) {
-      faults_.Advise(lines_.LineNumber(), {kNoSuchGas, {std::string(kChanges), Shown(name)}});
+      faults_.Advise(lines_.LineNumber(), {Text::KeyNoSuchGas, {std::string(kChanges), Shown(name)}});
     }
   }
 

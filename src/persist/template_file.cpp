@@ -2,24 +2,20 @@
 
 #include "model/number_text.h"
 #include "model/path_text.h"
+#include "model/text_id.h"
 #include "persist/default_template.h"
 #include "persist/line_reader.h"
 
 namespace tav {
 namespace {
 
-// Texts by number.
-constexpr int kNoBeginning = 7947;
-constexpr int kIgnoredEnd = 7948;
-constexpr int kNotTold = 8154;
-constexpr int kContradiction = 8164;
-
 void AdviseOfPressure(const std::string& key, Single altitude, Single pressure, const DiveTemplate& diveTemplate,
                       const KeyLines& keys, int blockLine, FormatFaults& faults) {
   const auto usual = ContradictedPressure(altitude, pressure, diveTemplate.Metric);
   if (!usual) return;
-  faults.Advise(LineOfFault({key, {}}, keys, blockLine),
-                {kContradiction, {key, FormatPlain(pressure), FormatPlain(altitude), FormatFixed(*usual, 3)}});
+  faults.Advise(
+      LineOfFault({key, {}}, keys, blockLine),
+      {Text::AltitudeContradicts, {key, FormatPlain(pressure), FormatPlain(altitude), FormatFixed(*usual, 3)}});
 }
 
 }  // namespace
@@ -28,14 +24,14 @@ KeyLines ReadTemplateText(DiveTemplate& diveTemplate, std::string_view text, For
   LineReader lines(text);
   LineReader first = lines;
   if (!IsMarker(first.Next(), kStartOfBlock)) {
-    faults.Error(1, {kNoBeginning, {std::string(kStartOfBlock)}});
+    faults.Error(1, {Text::TemplateBegins, {std::string(kStartOfBlock)}});
   }
   KeyLines keys = ReadTemplateBlock(diveTemplate, lines, faults);
   const std::string missing = MissingKeys(keys, BlockOf::Template);
-  if (!missing.empty()) faults.Advise(1, {kNotTold, {missing}});
+  if (!missing.empty()) faults.Advise(1, {Text::NotTold, {missing}});
   ReportTemplateFaults(diveTemplate, keys, BlockOf::Template, 1, faults);
   if (!lines.SkipBlankLines()) {
-    faults.Advise(lines.LineNumber() + 1, kIgnoredEnd);
+    faults.Advise(lines.LineNumber() + 1, Text::TemplateEndIgnored);
   }
   return keys;
 }

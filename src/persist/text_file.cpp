@@ -10,17 +10,12 @@
 #include <unistd.h>
 #include <utility>
 
+#include "model/text_id.h"
 #include "model/utf8.h"
 #include "persist/descriptor.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kNotOpened = 7898;
-constexpr int kNotRead = 7899;
-constexpr int kLargerThan = 7903;
-constexpr int kNobodyWrites = 8500;
 
 /// Length of the UTF-8 sequence at `at`, 0 when it is not valid.
 std::size_t Utf8Sequence(std::string_view text, std::size_t at) {
@@ -112,8 +107,10 @@ std::string FromUtf16(std::string_view text, std::size_t high) {
 }  // namespace
 
 Message ErrorText(int error) {
-  constexpr std::pair<int, int> kTexts[] = {{ENOENT, 7904}, {EACCES, 7905}, {ENOSPC, 7906},  {EISDIR, 7907},
-                                            {EROFS, 7908},  {EIO, 7909},    {ENOTDIR, 7910}, {ENAMETOOLONG, 7911}};
+  constexpr std::pair<int, int> kTexts[] = {{ENOENT, Text::NoSuchFile},    {EACCES, Text::PermissionDenied},
+                                            {ENOSPC, Text::NoSpaceLeft},   {EISDIR, Text::IsDirectory},
+                                            {EROFS, Text::ReadOnly},       {EIO, Text::InputOutputError},
+                                            {ENOTDIR, Text::NotDirectory}, {ENAMETOOLONG, Text::NameTooLong}};
   for (const auto& [known, text] : kTexts) {
     if (known == error) return text;
   }
@@ -137,7 +134,7 @@ std::string ToUtf8(std::string text) {
 std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest) {
   // A pipe is waited for as long as somebody has it open to write into it; to open it must not wait for one to come.
   const Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (!fd.IsOpen()) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
+  if (!fd.IsOpen()) throw FileError(file, 0, {Text::NotOpened, {ErrorText(errno)}});
   std::string text;
   std::array<char, 65536> buffer{};
   while (true) {
@@ -148,14 +145,14 @@ std::string ReadTextFile(const std::filesystem::path& file, std::size_t largest)
       ::poll(&ready, 1, -1);
       continue;
     }
-    if (got < 0) throw FileError(file, 0, {kNotRead, {ErrorText(errno)}});
+    if (got < 0) throw FileError(file, 0, {Text::NotRead, {ErrorText(errno)}});
     if (got == 0) break;
     text.append(buffer.data(), static_cast<std::size_t>(got));
-    if (text.size() > largest) throw FileError(file, 0, {kLargerThan, {std::to_string(largest / kMiB)}});
+    if (text.size() > largest) throw FileError(file, 0, {Text::IsTooLarge, {std::to_string(largest / kMiB)}});
   }
   struct stat state {};
   if (text.empty() && ::fstat(fd.Get(), &state) == 0 && S_ISFIFO(state.st_mode))
-    throw FileError(file, 0, kNobodyWrites);
+    throw FileError(file, 0, Text::PipeWithoutWriter);
   if (const auto order = Utf16Order(text)) return FromUtf16(text, *order);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());

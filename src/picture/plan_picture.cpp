@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "model/text_id.h"
 #include "pages/arial_measure.h"
 #include "pages/page_units.h"
 #include "pages/wrapped_text.h"
@@ -13,20 +14,6 @@
 
 namespace tav {
 namespace {
-
-constexpr int kCompartmentTitle = 1308;
-constexpr int kTimeTitle = 1501;
-constexpr int kDepthTitle = 1502;
-constexpr int kCeilingTitle = 1503;
-constexpr int kMetres = 1222;
-constexpr int kFeet = 1223;
-constexpr int kTipDepth = 7028;
-constexpr int kTipRunTime = 7029;
-constexpr int kTipGas = 7030;
-constexpr int kTipPPO2 = 7031;
-constexpr int kTipCeiling = 7032;
-constexpr int kTissueTitle = 7765;
-constexpr int kTissuesOver = 7766;
 
 constexpr double kMargin = 100;
 
@@ -42,11 +29,11 @@ GraphScale PlanPicture::DrawPlot(DrawingSurface& container, DrawingSurface& grid
 }
 
 void PlanPicture::DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const {
-  DrawTissueMap(tissues, plan_.moments, scale, {kPlotPlaceX, scroll, T(kTissueTitle), T(kTissuesOver)});
+  DrawTissueMap(tissues, plan_.moments, scale, {kPlotPlaceX, scroll, T(Text::TissuesTitle), T(Text::TissuesOver)});
 }
 
 void PlanPicture::DrawBars(DrawingSurface& bars) const {
-  ShowCompartmentLoad(bars, plan_.rows.Row(plan_.rows.GetLength()).PercentCompartments, T(kCompartmentTitle));
+  ShowCompartmentLoad(bars, plan_.rows.Row(plan_.rows.GetLength()).PercentCompartments, T(Text::GraphCompartments));
 }
 
 PlanPicture::ColouredText PlanPicture::LastCeiling() const {
@@ -89,11 +76,11 @@ void PlanPicture::Draw(DrawingSurface& picture, const GraphExtras& extras) const
   OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
   DrawBars(bars);
 
-  const std::string ceilingTitle = T(kCeilingTitle);
+  const std::string ceilingTitle = T(Text::GraphCeiling);
   const ColouredText ceiling = LastCeiling();
   picture.Text(kMargin, kMargin, ceilingTitle, kBlack);
   picture.Text(kMargin + picture.TextWidth(ceilingTitle + " "), kMargin, ceiling.text, ceiling.colour, true);
-  picture.Text(width / 2, kMargin, T(kTimeTitle), kBlack);
+  picture.Text(width / 2, kMargin, T(Text::GraphRunTime), kBlack);
   const std::vector<std::string> letters = DepthLetters();
   double y = (plotBottom - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
   for (const std::string& letter : letters) {
@@ -117,23 +104,23 @@ std::string PlanPicture::FiguresOf(const Waypoint& row, std::string_view between
     if (!text.empty()) text += between;
     text += T(title) + ": " + figure;
   };
-  add(kTipDepth, Fixed(row.Depth, 1) + LengthUnit());
-  add(kTipRunTime, Fixed(row.RunTime, 1) + " min");
-  add(kTipGas, row.GasMixName);
-  add(kTipPPO2, Fixed(row.PPO2, 2) + pressure);
-  add(kTipCeiling, Fixed(row.Ceiling, 1) + LengthUnit());
+  add(Text::Depth, Fixed(row.Depth, 1) + LengthUnit());
+  add(Text::RunTime, Fixed(row.RunTime, 1) + " min");
+  add(Text::Gas, row.GasMixName);
+  add(Text::PPO2, Fixed(row.PPO2, 2) + pressure);
+  add(Text::Ceiling, Fixed(row.Ceiling, 1) + LengthUnit());
   return text;
 }
 
 std::vector<std::string> PlanPicture::DepthLetters() const {
   std::vector<std::string> letters;
-  for (const char byte : T(kDepthTitle)) {
+  for (const char byte : T(Text::GraphDepth)) {
     // The bytes of one UTF-8 letter stay together.
     const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
     if (letters.empty() || !continues) letters.emplace_back();
     letters.back() += byte;
   }
-  letters.push_back(T(plan_.settings.Metric ? kMetres : kFeet));
+  letters.push_back(T(plan_.settings.Metric ? Text::InMetres : Text::InFeet));
   return letters;
 }
 

@@ -6,22 +6,11 @@
 
 #include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "model/units.h"
 
 namespace tav {
 namespace {
-
-constexpr int kDepth = 7028;
-constexpr int kTime = 7502;
-constexpr int kMissing = 7430;
-constexpr int kNoNumber = 7431;
-constexpr int kDepthNegative = 7160;
-constexpr int kTooDeep = 7503;
-constexpr int kTimeNegative = 7504;
-constexpr int kTooLong = 7505;
-constexpr int kGasGone = 7328;
-constexpr int kNoSuchGas = 7506;
-constexpr int kTooManyRows = 7507;
 
 std::string Filled(const TextSource& texts, int id, const std::string& value) {
   return ReplaceAll(texts.GetResString(id), "%1", value);
@@ -184,20 +173,20 @@ std::string LegTable::Text(int first, int last, const std::string& ascentWord) c
 }
 
 std::string LegTable::DepthReason(const Number& depth, const TextSource& texts) const {
-  if (depth.text.empty()) return Filled(texts, kMissing, texts.GetResString(kDepth));
-  if (!depth.value) return Filled(texts, kNoNumber, texts.GetResString(kDepth));
-  if (*depth.value < 0) return texts.GetResString(kDepthNegative);
+  if (depth.text.empty()) return Filled(texts, Text::IsMissing, texts.GetResString(Text::Depth));
+  if (!depth.value) return Filled(texts, Text::IsNoNumber, texts.GetResString(Text::Depth));
+  if (*depth.value < 0) return texts.GetResString(Text::DepthNegative);
   const double deepest = depth.typed ? (template_->Metric ? 500.0 : 1600.0) : kMaximumDepth;
   if (*depth.value <= deepest) return {};
-  return Filled(texts, kTooDeep, Written(deepest) + (template_->Metric ? " m" : " ft"));
+  return Filled(texts, Text::DepthTooDeep, Written(deepest) + (template_->Metric ? " m" : " ft"));
 }
 
 std::string LegTable::TimeReason(const Number& time, const TextSource& texts) const {
-  if (time.text.empty()) return Filled(texts, kMissing, texts.GetResString(kTime));
-  if (!time.value) return Filled(texts, kNoNumber, texts.GetResString(kTime));
-  if (*time.value < 0) return texts.GetResString(kTimeNegative);
+  if (time.text.empty()) return Filled(texts, Text::IsMissing, texts.GetResString(Text::Time));
+  if (!time.value) return Filled(texts, Text::IsNoNumber, texts.GetResString(Text::Time));
+  if (*time.value < 0) return texts.GetResString(Text::TimeNegative);
   if (*time.value <= kMaximumLegTime) return {};
-  return Filled(texts, kTooLong, Written(kMaximumLegTime));
+  return Filled(texts, Text::TimeTooLong, Written(kMaximumLegTime));
 }
 
 std::vector<LegTable::Fault> LegTable::Faults(const TextSource& texts) const {
@@ -205,14 +194,15 @@ std::vector<LegTable::Fault> LegTable::Faults(const TextSource& texts) const {
   const auto add = [&](int row, Field field, std::string reason) {
     if (!reason.empty()) faults.push_back({row, field, std::move(reason)});
   };
-  if (Rows() > INT16_MAX) add(INT16_MAX, Field::Depth, texts.GetResString(kTooManyRows));
+  if (Rows() > INT16_MAX) add(INT16_MAX, Field::Depth, texts.GetResString(Text::TooManyRows));
   for (int i = 0; i < Rows(); ++i) {
     const Row& row = At(i);
     if (row.ascent) continue;
     add(i, Field::Depth, DepthReason(row.depth, texts));
     add(i, Field::Time, TimeReason(row.time, texts));
     const bool known = row.mix && *row.mix >= 0 && static_cast<std::size_t>(*row.mix) < template_->Blends.size();
-    if (!known) add(i, Field::Gas, row.gas.empty() ? texts.GetResString(kGasGone) : Filled(texts, kNoSuchGas, row.gas));
+    if (!known)
+      add(i, Field::Gas, row.gas.empty() ? texts.GetResString(Text::GasGone) : Filled(texts, Text::NoSuchGas, row.gas));
   }
   return faults;
 }

@@ -5,23 +5,12 @@
 
 #include "model/numbers.h"
 #include "model/template_faults.h"
+#include "model/text_id.h"
 #include "model/units.h"
 #include "plans/captions.h"
 #include "plans/document_forms.h"
 
 namespace tav {
-namespace {
-
-// Texts by number.
-constexpr int kUnsavedName = 3057;
-constexpr int kUnsavedQuestion = 3058;
-constexpr int kUnsavedTitle = 3059;
-constexpr int kAboveCeiling = 3061;
-constexpr int kTooManyRows = 7507;
-constexpr int kRunning = 5006;
-constexpr int kIdle = 5005;
-
-}  // namespace
 
 frmWaypointEditor::frmWaypointEditor(DocumentForms& forms, std::int16_t documentNumber)
     : UserActions(forms.Services().documents(documentNumber).UserActions),
@@ -137,9 +126,9 @@ void frmWaypointEditor::Take(ComputedPlan plan) {
 void frmWaypointEditor::Compute() {
   const PlannedDive dive = Planned();
   ObserverRelay observer(Services().observer, documentNumber_);
-  Services().display.ShowStatus(kRunning);
+  Services().display.ShowStatus(Text::Calculating);
   Take(tav::Compute(dive.record, Services().model, dive.before, observer));
-  Services().display.ShowStatus(kIdle);
+  Services().display.ShowStatus(Text::Ready);
 }
 
 void frmWaypointEditor::ShowEvaluation() { Services().display.StateChanged(documentNumber_); }
@@ -149,7 +138,7 @@ bool frmWaypointEditor::StartDeco() {
   try {
     UserActions.NewAction();
   } catch (const std::length_error&) {
-    services.boxes.Show(services.texts.GetResString(kTooManyRows), "", BoxIcon::Stop, BoxButtons::OK);
+    services.boxes.Show(services.texts.GetResString(Text::TooManyRows), "", BoxIcon::Stop, BoxButtons::OK);
     return false;
   }
   UserActions.setdeco(UserActions.GetLength());
@@ -176,12 +165,13 @@ bool frmWaypointEditor::StartDeco() {
 bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix) {
   const PlanServices& services = Services();
   std::string refusal = services.texts.Words(LegFault(segmentTime, depth, mix, Document().Template));
-  if (depth < InputProfile.GetCeiling(InputProfile.GetLength())) refusal = services.texts.GetResString(kAboveCeiling);
+  if (depth < InputProfile.GetCeiling(InputProfile.GetLength()))
+    refusal = services.texts.GetResString(Text::AboveCeiling);
   if (refusal.empty()) {
     try {
       SaveUserEnteredWaypoints(segmentTime, depth, mix, false);
     } catch (const std::length_error&) {
-      refusal = services.texts.GetResString(kTooManyRows);
+      refusal = services.texts.GetResString(Text::TooManyRows);
     }
   }
   if (!refusal.empty()) {
@@ -221,10 +211,10 @@ bool frmWaypointEditor::ConfirmClose(const std::function<bool()>& saveAs, const 
   const PlanServices& services = Services();
   if (PrevProfile != -1 || !Document().Modified) return true;
   const TextSource& texts = services.texts;
-  const std::string question = texts.GetResString(kUnsavedName) + DocumentCaption(texts, Document()) + "]?\r\n" +
-                               texts.GetResString(kUnsavedQuestion) + (lost.empty() ? "" : "\r\n\r\n" + lost);
-  const BoxAnswer answer =
-      services.boxes.Show(question, texts.GetResString(kUnsavedTitle), BoxIcon::Exclamation, BoxButtons::YesNoCancel);
+  const std::string question = texts.GetResString(Text::UnsavedName) + DocumentCaption(texts, Document()) + "]?\r\n" +
+                               texts.GetResString(Text::UnsavedQuestion) + (lost.empty() ? "" : "\r\n\r\n" + lost);
+  const BoxAnswer answer = services.boxes.Show(question, texts.GetResString(Text::UnsavedTitle), BoxIcon::Exclamation,
+                                               BoxButtons::YesNoCancel);
   // A save that failed or was given up must not cost the plan.
   return answer == BoxAnswer::No || (answer == BoxAnswer::Yes && saveAs());
 }

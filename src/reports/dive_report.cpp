@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
+
 namespace tav {
 
 std::string DiveTitle(const SeriesDive& dive, const TextSource& texts) {
-  constexpr int kDive = 7741;
   if (dive.ofDives == 1) return dive.file;
-  return dive.file + ", " + texts.Filled(kDive, {std::to_string(dive.number)});
+  return dive.file + ", " + texts.Filled(Text::DiveOfSeries, {std::to_string(dive.number)});
 }
 
 bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives, const SupplyChoice& choice) {

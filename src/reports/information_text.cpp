@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "model/text_columns.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 
 namespace tav {
@@ -74,26 +75,29 @@ std::string SupplyText(const SupplyTables& supply) {
 std::string InformationText(const ShownInformation& shown, const TextSource& texts) {
   const auto T = [&texts](int id) { return texts.GetResString(id); };
   const DiveInformation::Block& info = shown.info;
-  std::string text = Title(T(6084) + ":   " + shown.planCaption);
+  std::string text = Title(T(Text::ReportTitle) + ":   " + shown.planCaption);
   if (!shown.notice.empty()) text += Centred("! " + shown.notice);
-  text += Centred(T(2100));
-  text += T(6022) + shown.surfaceInterval + "\r\n\r\n";
+  text += Centred(T(Text::InfoTitle));
+  text += T(Text::ReportInterval) + shown.surfaceInterval + "\r\n\r\n";
 
-  text += ThreeColumns(Labelled(T(2143), info.model), Labelled(T(2140), info.units), Labelled(T(6048), info.apparatus));
+  text += ThreeColumns(Labelled(T(Text::InfoModelHead), info.model), Labelled(T(Text::InfoUnits), info.units),
+                       Labelled(T(Text::ReportApparatus), info.apparatus));
   text += "\r\n";
-  text += ThreeColumns(T(6032), T(6037), T(6025));
-  text +=
-      ThreeColumns(Labelled(T(1643), info.stepSize), " " + info.depthConservatism, " " + T(2134) + info.startAltitude);
-  text += ThreeColumns(Labelled(T(2138), info.lastStop), " " + info.gfConservatism, "   " + info.startPressure);
-  const std::string lowGF = info.showsGF ? "   " + Labelled(T(6171), info.lowGF) : "";
-  const std::string highGF = info.showsGF ? "   " + Labelled(T(6170), info.highGF) : "";
-  text += ThreeColumns("", lowGF, " " + T(2135) + info.endAltitude);
+  text += ThreeColumns(T(Text::ReportDecoSteps), T(Text::ReportConservatism), T(Text::ReportAltitude));
+  text += ThreeColumns(Labelled(T(Text::TemplateStepSize), info.stepSize), " " + info.depthConservatism,
+                       " " + T(Text::InfoStart) + info.startAltitude);
+  text += ThreeColumns(Labelled(T(Text::InfoLastStop), info.lastStop), " " + info.gfConservatism,
+                       "   " + info.startPressure);
+  const std::string lowGF = info.showsGF ? "   " + Labelled(T(Text::InfoLowGF), info.lowGF) : "";
+  const std::string highGF = info.showsGF ? "   " + Labelled(T(Text::InfoHighGF), info.highGF) : "";
+  text += ThreeColumns("", lowGF, " " + T(Text::InfoSurface) + info.endAltitude);
   text += ThreeColumns("", highGF, "    " + info.endPressure);
-  text += Labelled(T(6045), info.o2Narcotic) + "\r\n\r\n\r\n";
+  text += Labelled(T(Text::ReportO2Narcotic), info.o2Narcotic) + "\r\n\r\n\r\n";
 
-  text += Title(T(2127));
-  text += TableRow({T(6060), T(6142), T(2110), "%O2", "%He", T(6041), T(6073), T(6074), T(6044), T(2104), T(2108),
-                    T(2109), T(2143)});
+  text += Title(T(Text::InfoProfile));
+  text += TableRow({T(Text::ReportDepth), T(Text::CopiedTime), T(Text::InfoRunTime), "%O2", "%He", T(Text::ReportPPO2),
+                    T(Text::ReportCNS), T(Text::ReportOTU), T(Text::ReportEND), T(Text::InfoUsed), T(Text::InfoMValue),
+                    T(Text::InfoGF), T(Text::InfoModelHead)});
   const auto rows = [](const DiveInformation::Table& table, auto cellsOf) {
     std::string lines;
     for (std::size_t row = 1; row < table.size(); ++row) lines += TableRow(cellsOf(table[row]));
@@ -108,8 +112,8 @@ std::string InformationText(const ShownInformation& shown, const TextSource& tex
     return cells;
   });
 
-  text += Title(T(1605) + ":   ");
-  text += TableRow({T(6060), T(6142), T(2110), "%O2", "%He"});
+  text += Title(T(Text::TemplateDecoStep) + ":   ");
+  text += TableRow({T(Text::ReportDepth), T(Text::CopiedTime), T(Text::InfoRunTime), "%O2", "%He"});
   text += rows(shown.decoStops, [](const std::vector<GridCell>& row) {
     Cells cells;
     for (std::size_t column = 0; column < row.size(); ++column) cells.at(column) = row[column].text;
@@ -117,8 +121,8 @@ std::string InformationText(const ShownInformation& shown, const TextSource& tex
   });
   text += Rule(kColumns);
 
-  text += Title(T(2128) + ":   ");
-  text += TableRow({T(2122), "", T(6108)});
+  text += Title(T(Text::InfoGasUse) + ":   ");
+  text += TableRow({T(Text::InfoGas), "", T(Text::ReportTotal)});
   text += rows(shown.gas, [](const std::vector<GridCell>& row) { return Cells{row[0].text, "", row[1].text}; });
   text += Rule(kColumns);
   if (!shown.supply.gases.empty()) text += SupplyText(shown.supply);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
 #include "reports/report_blocks.h"
 
 namespace tav {
@@ -12,7 +13,7 @@ GeneralReport::GeneralReport(PrintPreview& out, const ModelChoice& model, std::f
 
 void GeneralReport::Step(int textId, int page) {
   const auto t = [this](int id) { return Texts().GetResString(id); };
-  if (step_) step_(t(6000) + " " + std::to_string(page) + " " + t(textId));
+  if (step_) step_(t(Text::ReportPage) + " " + std::to_string(page) + " " + t(textId));
 }
 
 void GeneralReport::InitLongReport(int rows) {
@@ -20,22 +21,22 @@ void GeneralReport::InitLongReport(int rows) {
   ReportPage_ = 1;
   done_ = 0;
   of_ = rows;
-  Step(6001, ReportPage_);
+  Step(Text::ReportPreparing, ReportPage_);
 }
 
 bool GeneralReport::LongReport(const Dive& dive) {
   constexpr double kTop = 4.0;
   const PrintPreview::Batch batch(out_);
   of_ = std::max(of_, done_ + dive.profile.GetLength() + 1);
-  Step(6002, ReportPage_);
+  Step(Text::ReportReading, ReportPage_);
   ReportPages pages(out_, model_, dive, ReportPage_);
   const Single settingsEnd = WriteSettings(pages, kTop);
-  Step(6003, pages.Number());
+  Step(Text::ReportWritingProfile, pages.Number());
   if (!WriteProfile(pages, settingsEnd + 1.0, [this] { return ++done_, !progress_ || progress_(done_, of_); })) {
     return false;
   }
   pages.NewPage();
-  Step(6014, pages.Number());
+  Step(Text::ReportWritingBottom, pages.Number());
   WriteStops(pages, 5.0);
   pages.NewPage();
   WriteSupply(pages, WriteGases(pages, WriteSummary(pages, kTop)));
@@ -44,8 +45,8 @@ bool GeneralReport::LongReport(const Dive& dive) {
 }
 
 void GeneralReport::ShowLongReport() {
-  Step(6017, ReportPage_);
-  out_.EndReport(Texts().GetResString(6018));
+  Step(Text::ReportComplete, ReportPage_);
+  out_.EndReport(Texts().GetResString(Text::GeneralReport));
 }
 
 }  // namespace tav

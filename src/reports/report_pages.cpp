@@ -4,6 +4,7 @@
 
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -32,9 +33,10 @@ int ReportPages::Close() {
 
 void ReportPages::Header() {
   const bool warn = Template().GFHigh > 1.0 && GradientFactorsAct(Template(), model_);
-  const std::string program = T(6081);
-  out_.PrintHeader(dive_.title.empty() ? program : program + ", " + dive_.title, T(warn ? 6082 : 6084),
-                   T(6083) + out_.Services().environment.Today());
+  const std::string program = T(Text::ReportProgram);
+  out_.PrintHeader(dive_.title.empty() ? program : program + ", " + dive_.title,
+                   T(warn ? Text::ReportHighFactor : Text::ReportTitle),
+                   T(Text::ReportDate) + out_.Services().environment.Today());
   constexpr double kLoopState = 3.55;  // between the notice and the first band
   const std::string loop = LoopState(Template(), false, out_.Texts());
   if (!loop.empty()) Left(1.9, kLoopState, loop, 8);
@@ -46,8 +48,8 @@ void ReportPages::Header() {
 }
 
 void ReportPages::Footer() {
-  out_.PrintFooter(T(6085) + out_.Services().environment.UserName(), T(6086), T(6087),
-                   T(6000) + std::to_string(number_));
+  out_.PrintFooter(T(Text::ReportPrintedBy) + out_.Services().environment.UserName(), T(Text::ReportAid),
+                   T(Text::ReportRisk), T(Text::ReportPage) + std::to_string(number_));
   ++number_;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "model/text_id.h"
 #include "reports/report_blocks.h"
 
 namespace tav {
@@ -10,7 +11,7 @@ namespace {
 constexpr std::array<double, 21> kProfileCols{2.0,  3.4,  4.4,  5.6,  6.8,  7.4,  9.4,  10.5, 11.4, 13.4, 15.2,
                                               16.4, 17.4, 18.4, 19.4, 20.4, 21.8, 22.8, 24.4, 25.0, 27.0};
 
-constexpr StatusTexts kStatus{6004, 6010, 6011, 6012};
+constexpr StatusTexts kStatus{Text::ReportKinds, Text::ReportFreeAscent, Text::ReportAscent, Text::ReportDescent};
 
 double EdgeOf(int cell) { return kProfileCols[static_cast<std::size_t>(cell - 1)]; }
 double MiddleOf(int cell) { return (EdgeOf(cell) + EdgeOf(cell + 1)) / 2; }
@@ -38,7 +39,7 @@ class ProfileTable {
     }
     if (last == 0) {
       constexpr int kStatusCell = 9;
-      PrintCellLeft(kStatusCell, y_, pages_.T(6013));
+      PrintCellLeft(kStatusCell, y_, pages_.T(Text::ReportNoData));
       y_ += ReportPages::kRow;
     }
     Close();
@@ -51,32 +52,33 @@ class ProfileTable {
   void Head() {
     const bool metric = pages_.Template().Metric;
     pages_.Out().SetForeColor(kBlack);
-    pages_.TitleBand(y_, 0.8, pages_.T(6057), 13.5);
+    pages_.TitleBand(y_, 0.8, pages_.T(Text::ReportProfile), 13.5);
     struct Group {
       int text;
       double x;
     };
-    for (const Group& group : {Group{6059, EdgeOf(1) + 0.5}, Group{6035, EdgeOf(6) + 0.6},
-                               Group{6040, EdgeOf(11) + 0.4}, Group{6075, EdgeOf(16) + 1.3}}) {
+    for (const Group& group : {Group{Text::ReportSegment, EdgeOf(1) + 0.5}, Group{Text::ReportModel, EdgeOf(6) + 0.6},
+                               Group{Text::ReportOxygen, EdgeOf(11) + 0.4}, Group{Text::ReportGas, EdgeOf(16) + 1.3}}) {
       pages_.Left(group.x, y_ + 1.0, pages_.T(group.text), 10, true);
     }
-    pages_.Heads({{EdgeOf(1), 6060, metric ? 6061 : 6062},
-                  {EdgeOf(2) - 0.3, 6063, metric ? 6064 : 6065, false, 0.1},
-                  {EdgeOf(3), 6066, 6067},
-                  {EdgeOf(4), 6068, 6067},
-                  {EdgeOf(6), 6069},
-                  {EdgeOf(7), 6070},
-                  {EdgeOf(8), 6071},
-                  {EdgeOf(9), 6072},
-                  {EdgeOf(11), 6073},
-                  {EdgeOf(12), 6074},
-                  {EdgeOf(13), 6044},
-                  {EdgeOf(14), 6041},
-                  {EdgeOf(16), 6069},
-                  {EdgeOf(17), 6076},
-                  {EdgeOf(18), 6077},
-                  {EdgeOf(19), 6078, metric ? 6079 : 6080}},
-                 y_ + 1.5, y_ + 1.9);
+    pages_.Heads(
+        {{EdgeOf(1), Text::ReportDepth, metric ? Text::ReportDepthMetres : Text::ReportDepthFeet},
+         {EdgeOf(2) - 0.3, Text::ReportRate, metric ? Text::ReportMetresPerMin : Text::ReportFeetPerMin, false, 0.1},
+         {EdgeOf(3), Text::ReportTime, Text::ReportMin},
+         {EdgeOf(4), Text::ReportRun, Text::ReportMin},
+         {EdgeOf(6), Text::ReportName},
+         {EdgeOf(7), Text::ReportMValue},
+         {EdgeOf(8), Text::ReportGF},
+         {EdgeOf(9), Text::ReportStatus},
+         {EdgeOf(11), Text::ReportCNS},
+         {EdgeOf(12), Text::ReportOTU},
+         {EdgeOf(13), Text::ReportEND},
+         {EdgeOf(14), Text::ReportPPO2},
+         {EdgeOf(16), Text::ReportName},
+         {EdgeOf(17), Text::ReportO2},
+         {EdgeOf(18), Text::ReportHe},
+         {EdgeOf(19), Text::ReportUsed, metric ? Text::ReportLitres : Text::ReportCubicFeet}},
+        y_ + 1.5, y_ + 1.9);
     y_ += 2.3;
     top_ = y_;
   }

@@ -6,6 +6,7 @@
 #include "figures/settings_words.h"
 #include "model/altitude.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "reports/report_blocks.h"
 
 namespace tav {
@@ -20,10 +21,10 @@ constexpr double kBand = 0.76;
 void SeriesBand(ReportPages& pages, Single y) {
   constexpr double kHeight = 2.0;
   pages.RowBand(y + 1.5, 1, {kSettingsBoxes.front()});
-  pages.TitleBand(y, kBand, pages.T(6019), kTitleX);
-  pages.Left(kSettingsCols[0], y + 1.0, pages.T(6021), 10, true);
+  pages.TitleBand(y, kBand, pages.T(Text::ReportRepetitiveDive), kTitleX);
+  pages.Left(kSettingsCols[0], y + 1.0, pages.T(Text::ReportDiveNumber), 10, true);
   pages.InWhite([&] { pages.Left(kSettingsCols[0], y + 1.5, std::to_string(pages.Dive().diveNumber)); });
-  pages.Left(kSettingsCols[4], y + 1.0, pages.T(6022), 10, true);
+  pages.Left(kSettingsCols[4], y + 1.0, pages.T(Text::ReportInterval), 10, true);
   pages.Left(kSettingsCols[4], y + 1.5, pages.Out().Texts().Words(FormatMinutes(pages.Dive().surfaceInterval)));
   pages.Outline(y, y + kHeight);
 }
@@ -33,10 +34,10 @@ void SettingsTable(ReportPages& pages, Single y) {
   const NumberTexts& numbers = pages.Numbers();
   // The altitude that belongs to the pressure, which is what counts.
   if (const auto altitude = PressureToAltitude(t.EndPressure, t.Metric)) t.EndAltitude = *altitude;
-  const std::string pressure = pages.T(t.Metric ? 6028 : 6030);
-  const std::string length = pages.T(t.Metric ? 6027 : 6029);
+  const std::string pressure = pages.T(t.Metric ? Text::ReportBar : Text::ReportAta);
+  const std::string length = pages.T(t.Metric ? Text::ReportMetres : Text::ReportFeet);
   const bool veryHighGF = GradientFactorsAct(t, pages.Model()) && t.GFHigh > 1.0;
-  const std::string factors = GradientFactorsAct(t, pages.Model()) ? FactorRange(t, numbers) : pages.T(6050);
+  const std::string factors = GradientFactorsAct(t, pages.Model()) ? FactorRange(t, numbers) : pages.T(Text::ReportOff);
 
   struct Setting {
     int group;  // 0: no text
@@ -48,24 +49,26 @@ void SettingsTable(ReportPages& pages, Single y) {
     std::string value;
   };
   const std::array<Setting, 15> settings{{
-      {6025, 1.0, 6026, 0.5, pressure, 0, numbers.Fixed(t.StartPressure, 3)},
+      {Text::ReportAltitude, 1.0, Text::ReportStart, 0.5, pressure, 0, numbers.Fixed(t.StartPressure, 3)},
       {0, 0, 0, 0, length, 0, numbers.Fixed(t.StartAltitude, 0)},
-      {0, 0, 6031, 0.5, pressure, 0, numbers.Fixed(t.EndPressure, 3)},
+      {0, 0, Text::ReportSurface, 0.5, pressure, 0, numbers.Fixed(t.EndPressure, 3)},
       {0, 0, 0, 0, length, 0, numbers.Fixed(t.EndAltitude, 0)},
-      {6032, 0.3, 6033, 0, length, 0.1, numbers.Plain(RoundSingle(t.StepSize, 1))},
-      {0, 0, 6034, 0, length, 0.1, numbers.Plain(RoundSingle(t.LastStop, 1))},
-      {6035, 0.5, 6036, 0, "", 0, ModelName(pages.Model())},
-      {0, 0, 6037, 1.0, pages.T(6038), 0, factors},
-      {0, 0, 0, 0, pages.T(6039), 0, pages.T(t.DepthAdjust ? 6049 : 6050)},
-      {6040, 1.1, 6041, 0.5, pages.T(6042), 0, numbers.Fixed(t.MinPPO2, 2)},
-      {0, 0, 0, 0, pages.T(6043), 0, numbers.Fixed(t.MaxPPO2, 2)},
-      {0, 0, 6044, 0, pages.T(6043), 0, numbers.Fixed(t.MaximalEND, 0)},
-      {0, 0, 6045, 0, "", 0, pages.T(t.O2Narcotic ? 6051 : 6052)},
-      {6046, 0.7, 6047, 0, "", 0, pages.T(t.Metric ? 6053 : 6054)},
-      {0, 0, 6048, 0, "", 0, pages.T(t.OpenCircuit ? 6055 : 6056)},
+      {Text::ReportDecoSteps, 0.3, Text::ReportStep, 0, length, 0.1, numbers.Plain(RoundSingle(t.StepSize, 1))},
+      {0, 0, Text::ReportLastStop, 0, length, 0.1, numbers.Plain(RoundSingle(t.LastStop, 1))},
+      {Text::ReportModel, 0.5, Text::ReportAlgorithm, 0, "", 0, ModelName(pages.Model())},
+      {0, 0, Text::ReportConservatism, 1.0, pages.T(Text::ReportFactors), 0, factors},
+      {0, 0, 0, 0, pages.T(Text::ReportAdjustDepth), 0, pages.T(t.DepthAdjust ? Text::ReportOn : Text::ReportOff)},
+      {Text::ReportOxygen, 1.1, Text::ReportPPO2, 0.5, pages.T(Text::ReportLowest), 0, numbers.Fixed(t.MinPPO2, 2)},
+      {0, 0, 0, 0, pages.T(Text::ReportHighest), 0, numbers.Fixed(t.MaxPPO2, 2)},
+      {0, 0, Text::ReportEND, 0, pages.T(Text::ReportHighest), 0, numbers.Fixed(t.MaximalEND, 0)},
+      {0, 0, Text::ReportO2Narcotic, 0, "", 0, pages.T(t.O2Narcotic ? Text::ReportYes : Text::ReportNo)},
+      {Text::ReportGeneral, 0.7, Text::ReportUnits, 0, "", 0,
+       pages.T(t.Metric ? Text::ReportMetric : Text::ReportImperial)},
+      {0, 0, Text::ReportApparatus, 0, "", 0,
+       pages.T(t.OpenCircuit ? Text::ReportOpenCircuit : Text::ReportConstantPPO2)},
   }};
 
-  pages.TitleBand(y, kBand, pages.T(6023), kTitleX);
+  pages.TitleBand(y, kBand, pages.T(Text::ReportSettings), kTitleX);
   pages.RowBand(y + 2.5, 1, kSettingsBoxes);
   for (std::size_t i = 0; i < settings.size(); ++i) {
     const Setting& setting = settings[i];

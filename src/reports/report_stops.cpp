@@ -4,6 +4,7 @@
 
 #include "figures/model_name.h"
 #include "model/numbers.h"
+#include "model/text_id.h"
 #include "reports/report_blocks.h"
 
 namespace tav {
@@ -43,25 +44,26 @@ class StopTables {
     const Single y = y_;
     pages_.Band(y, 0.8);
     if (bottom) {
-      pages_.Out().PrintInCen(12.5, y, pages_.T(6088), "Arial", 18, 1);
+      pages_.Out().PrintInCen(12.5, y, pages_.T(Text::ReportBottom), "Arial", 18, 1);
     } else {
-      pages_.Left(12.5, y, pages_.T(6096), 18, true);
+      pages_.Left(12.5, y, pages_.T(Text::ReportStops), 18, true);
     }
-    pages_.Left(kCols[3] + 1.2, y + 0.82, pages_.T(6093), 10, true);
-    pages_.Left(kCols[8] + 2.0, y + 0.82, pages_.T(6095), 10, true);
+    pages_.Left(kCols[3] + 1.2, y + 0.82, pages_.T(Text::ReportStopGas), 10, true);
+    pages_.Left(kCols[8] + 2.0, y + 0.82, pages_.T(Text::ReportStopModel), 10, true);
     using ReportHead = ReportPages::Head;
     const ReportHead second =
-        bottom ? ReportHead{kCols[1], 6063, metric ? 6064 : 6065} : ReportHead{kCols[1], 6060, 6092};
-    pages_.Heads({{kCols[0], 6060, metric ? 6061 : 6062},
+        bottom ? ReportHead{kCols[1], Text::ReportRate, metric ? Text::ReportMetresPerMin : Text::ReportFeetPerMin}
+               : ReportHead{kCols[1], Text::ReportDepth, Text::ReportMinutes};
+    pages_.Heads({{kCols[0], Text::ReportDepth, metric ? Text::ReportDepthMetres : Text::ReportDepthFeet},
                   second,
-                  {kCols[2], bottom ? 6091 : 6068, 6092},
-                  {kCols[3], 6069},
-                  {kCols[4], 6076},
-                  {kCols[5], 6077},
-                  {kCols[6], 6094, metric ? 6079 : 6080},
-                  {kCols[8], 6069},
-                  {kCols[9], 6071},
-                  {kCols[10], 6070}},
+                  {kCols[2], bottom ? Text::ReportBottomRun : Text::ReportRun, Text::ReportMinutes},
+                  {kCols[3], Text::ReportName},
+                  {kCols[4], Text::ReportO2},
+                  {kCols[5], Text::ReportHe},
+                  {kCols[6], Text::ReportStopUsed, metric ? Text::ReportLitres : Text::ReportCubicFeet},
+                  {kCols[8], Text::ReportName},
+                  {kCols[9], Text::ReportGF},
+                  {kCols[10], Text::ReportMValue}},
                  y + 1.21, y + 1.54);
     pages_.Outline(y, y + 2.6);
     y_ += 2.1;
@@ -93,8 +95,8 @@ class StopTables {
       }
     }
     if (rows.empty()) {
-      const int noStops = LacksAscent(pages_.Profile()) ? kLacksAscent : 6016;
-      pages_.Left(kCols[6], y_, pages_.T(bottom ? 6013 : noStops));
+      const int noStops = LacksAscent(pages_.Profile()) ? Text::LacksAscent : Text::ReportNoStops;
+      pages_.Left(kCols[6], y_, pages_.T(bottom ? Text::ReportNoData : noStops));
       y_ += ReportPages::kRow;
     }
     close();

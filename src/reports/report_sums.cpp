@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "model/text_id.h"
 #include "reports/report_blocks.h"
 
 namespace tav {
@@ -48,7 +49,7 @@ class GasTable {
     }
     if (totals.empty()) {
       pages_.RowBand(y_, 0, {});
-      pages_.Left(kGasCols[5], y_, pages_.T(6013));
+      pages_.Left(kGasCols[5], y_, pages_.T(Text::ReportNoData));
       y_ += ReportPages::kRow;
     }
     pages_.Outline(top_, y_);
@@ -58,17 +59,17 @@ class GasTable {
  private:
   void Head() {
     const bool metric = pages_.Template().Metric;
-    pages_.TitleBand(y_, 0.8, pages_.T(6100), kTitleX);
-    pages_.Left(kGasCols[0] + 1.5, y_ + 1.0, pages_.T(6102), 10, true);
-    const int rate = metric ? 6104 : 6105;
-    const int volume = metric ? 6109 : 6110;
-    pages_.Heads({{kGasCols[0], 6069},
-                  {kGasCols[1] + 0.6, 6076, 0, true},
-                  {kGasCols[2] + 0.5, 6077, 0, true},
-                  {kGasCols[3], 6103, rate},
-                  {kGasCols[4], 6106, rate},
-                  {kGasCols[5] + 1.2, 6108, volume, true},
-                  {kGasCols[6] + 1.4, 6111, volume, true}},
+    pages_.TitleBand(y_, 0.8, pages_.T(Text::ReportGasUse), kTitleX);
+    pages_.Left(kGasCols[0] + 1.5, y_ + 1.0, pages_.T(Text::ReportGases), 10, true);
+    const int rate = metric ? Text::ReportLitresPerMin : Text::ReportCubicFeetPerMin;
+    const int volume = metric ? Text::ReportTotalLitres : Text::ReportTotalCubicFeet;
+    pages_.Heads({{kGasCols[0], Text::ReportName},
+                  {kGasCols[1] + 0.6, Text::ReportO2, 0, true},
+                  {kGasCols[2] + 0.5, Text::ReportHe, 0, true},
+                  {kGasCols[3], Text::ReportRMV, rate},
+                  {kGasCols[4], Text::ReportDecoRMV, rate},
+                  {kGasCols[5] + 1.2, Text::ReportTotal, volume, true},
+                  {kGasCols[6] + 1.4, Text::ReportTotalAndHalf, volume, true}},
                  y_ + 1.5, y_ + 1.9);
     top_ = y_ + 0.8;
     y_ += 2.3;
@@ -91,23 +92,24 @@ Single WriteSummary(ReportPages& pages, Single y) {
     std::string value;
   };
   const std::array<Figure, 12> row{{
-      {6115, 6118, numbers.Fixed(figures.runTime, 1)},
-      {6116, 6118, numbers.Fixed(figures.stopTime, 1)},
-      {6117, t.Metric ? 6119 : 6120, numbers.Fixed(figures.deepest, 1)},
-      {6121, 0, numbers.Fixed(Single(figures.CNS * 100), 1)},
-      {6122, 0, numbers.Fixed(figures.OTU, 1)},
-      {6123, 0, numbers.Fixed(figures.lowestPPO2Below, 2)},
-      {6124, 0, numbers.Fixed(figures.highestPPO2, 2)},
-      {6125, 0, numbers.Fixed(figures.highestEND, 1)},
-      {6127, 0, pages.T(t.Metric ? 6053 : 6054)},
-      {6128, 0, t.OpenCircuit ? "No" : numbers.Fixed(t.Setpoint, 2)},
-      {6103, 0, numbers.Fixed(t.RMV, 1)},
-      {6106, 0, numbers.Fixed(t.DecoRMV, 1)},
+      {Text::ReportRunTime, Text::ReportSummaryMin, numbers.Fixed(figures.runTime, 1)},
+      {Text::ReportStopTime, Text::ReportSummaryMin, numbers.Fixed(figures.stopTime, 1)},
+      {Text::ReportMaxDepth, t.Metric ? Text::ReportSummaryMetres : Text::ReportSummaryFeet,
+       numbers.Fixed(figures.deepest, 1)},
+      {Text::ReportTotalCNS, 0, numbers.Fixed(Single(figures.CNS * 100), 1)},
+      {Text::ReportTotalOTU, 0, numbers.Fixed(figures.OTU, 1)},
+      {Text::ReportMinPPO2, 0, numbers.Fixed(figures.lowestPPO2Below, 2)},
+      {Text::ReportMaxPPO2, 0, numbers.Fixed(figures.highestPPO2, 2)},
+      {Text::ReportMaxEND, 0, numbers.Fixed(figures.highestEND, 1)},
+      {Text::ReportSummaryUnits, 0, pages.T(t.Metric ? Text::ReportMetric : Text::ReportImperial)},
+      {Text::ReportSetpoint, 0, t.OpenCircuit ? "No" : numbers.Fixed(t.Setpoint, 2)},
+      {Text::ReportRMV, 0, numbers.Fixed(t.RMV, 1)},
+      {Text::ReportDecoRMV, 0, numbers.Fixed(t.DecoRMV, 1)},
   }};
-  pages.TitleBand(y, 0.76, pages.T(6112), kTitleX);
-  pages.Left(kSummaryCols[0], y + 1.0, pages.T(6114), 10, true);
-  pages.Left(kSummaryCols[3], y + 1.0, pages.T(6040), 10, true);
-  pages.Left(kSummaryCols[8], y + 1.0, pages.T(6126), 10, true);
+  pages.TitleBand(y, 0.76, pages.T(Text::ReportSummary), kTitleX);
+  pages.Left(kSummaryCols[0], y + 1.0, pages.T(Text::ReportDive), 10, true);
+  pages.Left(kSummaryCols[3], y + 1.0, pages.T(Text::ReportOxygen), 10, true);
+  pages.Left(kSummaryCols[8], y + 1.0, pages.T(Text::ReportSummarySettings), 10, true);
   const Single valuesY = y + 3.0;
   pages.RowBand(valuesY, 1, kSummaryBoxes);
   const bool any = pages.Profile().GetLength() > 0;
@@ -122,7 +124,7 @@ Single WriteSummary(ReportPages& pages, Single y) {
       pages.Left(x, valuesY, row[i].value);
     }
   }
-  if (!any) pages.Left(kSummaryCols[5], valuesY, pages.T(6013));
+  if (!any) pages.Left(kSummaryCols[5], valuesY, pages.T(Text::ReportNoData));
   pages.Outline(y, valuesY + 0.5);
   return y + 4.5;
 }

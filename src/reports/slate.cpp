@@ -5,29 +5,11 @@
 
 #include "figures/dive_figures.h"
 #include "figures/settings_words.h"
+#include "model/text_id.h"
 #include "pages/page_units.h"
 
 namespace tav {
 namespace {
-
-constexpr int kCaption = 7733;
-constexpr int kUntil = 7734;
-constexpr int kTurn = 7735;
-constexpr int kDoesNotDecompress = 7736;
-constexpr int kWithoutAscent = 8257;
-constexpr int kSurface = 7737;
-constexpr int kLoop = 7738;
-constexpr int kPPO2 = 7739;
-constexpr int kSteps = 7740;
-constexpr int kAltitudes = 7742;
-constexpr int kAltitude = 7743;
-constexpr int kOpenCircuit = 1107;
-constexpr int kDepth = 7315;
-constexpr int kStop = 7316;
-constexpr int kRun = 7317;
-constexpr int kGas = 7318;
-constexpr int kMetres = 7425;
-constexpr int kFeet = 7426;
 
 constexpr int kColumns = 2;
 constexpr int kRows = 2;
@@ -99,7 +81,7 @@ void Slate::Begin() {
 
 void Slate::End() {
   if (cards_ > 0) out_.PrintPlainFooter("", "");
-  out_.EndReport(T(kCaption));
+  out_.EndReport(T(Text::SlateTitle));
 }
 
 void Slate::OpenCard() {
@@ -131,7 +113,7 @@ void Slate::CutMarks() {
   out_.PrintBoxOutline(x - kArm, y, x + kArm, y);
 }
 
-std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas + " " + T(kLoop) : row.gas; }
+std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas + " " + T(Text::SlateLoop) : row.gas; }
 
 void Slate::Add(const SlateDive& dive) {
   const PrintPreview::Batch batch(out_);
@@ -173,17 +155,17 @@ void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part,
   Fitted(left + 0.1, y_ + kMargin + 0.05, title, 10, 1,
          right - left - 0.6 - (dive.variant.empty() ? 0.0 : Width(dive.variant, 14, true)));
   const SlateRow& bottom = rows.bottom;
-  const std::string unit = T(metric_ ? kMetres : kFeet);
+  const std::string unit = T(metric_ ? Text::Metres : Text::Feet);
   constexpr double kLine = 1.45;
   std::string told;
   if (!bottom.depth.empty()) {
-    told = bottom.depth + " " + unit + "  " + out_.Texts().Filled(kUntil, {bottom.runTime}) + "  " + GasOf(bottom) +
-           "  " + out_.Texts().Filled(kPPO2, {bottom.PPO2});
+    told = bottom.depth + " " + unit + "  " + out_.Texts().Filled(Text::SlateUntil, {bottom.runTime}) + "  " +
+           GasOf(bottom) + "  " + out_.Texts().Filled(Text::SlatePPO2, {bottom.PPO2});
   }
-  std::string note = dive.turn.empty() ? "" : out_.Texts().Filled(kTurn, {dive.turn});
+  std::string note = dive.turn.empty() ? "" : out_.Texts().Filled(Text::SlateTurn, {dive.turn});
   const bool lacksAscent = LacksAscent(dive.rows);
-  if (!dive.decompresses) note = T(kDoesNotDecompress);
-  if (lacksAscent) note = T(kWithoutAscent);
+  if (!dive.decompresses) note = T(Text::SlateDoesNotDecompress);
+  if (lacksAscent) note = T(Text::SlateWithoutAscent);
   constexpr int kSize = 16;
   constexpr int kNoteSize = 14;
   const double noteWidth = note.empty() ? 0.0 : Width(note, kNoteSize, true) + 0.4;
@@ -195,10 +177,10 @@ void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part,
 
 void Slate::ColumnHeads(const Layout& layout, double left) {
   const double y = y_ + kHeads;
-  Right(left + layout.depth, y, T(kDepth), kHeadSize);
-  Right(left + layout.stop, y, T(kStop), kHeadSize);
-  Right(left + layout.run, y, T(kRun), kHeadSize);
-  Left(left + layout.gas, y, T(kGas), kHeadSize);
+  Right(left + layout.depth, y, T(Text::CardDepth), kHeadSize);
+  Right(left + layout.stop, y, T(Text::CardStop), kHeadSize);
+  Right(left + layout.run, y, T(Text::CardRun), kHeadSize);
+  Left(left + layout.gas, y, T(Text::CardGas), kHeadSize);
   out_.PrintBoxOutline(left, y_ + kTop - 0.02, left + layout.width, y_ + kTop - 0.02);
 }
 
@@ -211,7 +193,7 @@ void Slate::Row(const Layout& layout, const SlateRow& row, double left, double y
   Right(left + layout.depth, y, row.depth, layout.size, 1);
   Right(left + layout.stop, y, row.minutes, layout.size, 1);
   Right(left + layout.run, y, row.runTime, layout.size);
-  const std::string gas = row.kind == SlateRow::Kind::Surface ? T(kSurface) : row.gas;
+  const std::string gas = row.kind == SlateRow::Kind::Surface ? T(Text::SlateSurface) : row.gas;
   Fitted(left + layout.gas, y, gas, layout.size, 0, layout.width - layout.gas);
 }
 
@@ -223,7 +205,7 @@ void Slate::GasRow(const Layout& layout, const SlateRow& row, double left, doubl
   Right(left + layout.depth, y, row.depth, layout.size, 1);
   const double gasLeft = left + layout.depth + 0.35;
   const std::string gas = GasOf(row);
-  std::string ppo2 = out_.Texts().Filled(kPPO2, {row.PPO2});
+  std::string ppo2 = out_.Texts().Filled(Text::SlatePPO2, {row.PPO2});
   const double room = right - 0.15 - gasLeft - 0.25;
   if (Width(gas, layout.size, true) + Width(ppo2, layout.size, true) > room) ppo2 = row.PPO2;
   Right(right - 0.15, y, ppo2, layout.size, 1);
@@ -233,15 +215,18 @@ void Slate::GasRow(const Layout& layout, const SlateRow& row, double left, doubl
 
 std::string Slate::SettingsLine(const DiveTemplate& settings) const {
   const NumberTexts& numbers = out_.Services().numbers;
-  const auto length = [&](Single value) { return numbers.Short(value) + " " + T(settings.Metric ? kMetres : kFeet); };
-  const std::string circuit = settings.OpenCircuit ? T(kOpenCircuit) : T(kLoop) + " " + Setpoints(settings, numbers);
+  const auto length = [&](Single value) {
+    return numbers.Short(value) + " " + T(settings.Metric ? Text::Metres : Text::Feet);
+  };
+  const std::string circuit =
+      settings.OpenCircuit ? T(Text::OpenCircuit) : T(Text::SlateLoop) + " " + Setpoints(settings, numbers);
   std::string line = ComputedWith(settings, model_, circuit, false, out_.Texts());
   const auto add = [&line](const std::string& part) { line += ", " + part; };
-  add(out_.Texts().Filled(kSteps, {length(settings.StepSize), length(settings.LastStop)}));
+  add(out_.Texts().Filled(Text::SlateSteps, {length(settings.StepSize), length(settings.LastStop)}));
   if (settings.StartPressure != settings.EndPressure) {
-    add(out_.Texts().Filled(kAltitudes, {length(settings.StartAltitude), length(settings.EndAltitude)}));
+    add(out_.Texts().Filled(Text::SlateAltitudes, {length(settings.StartAltitude), length(settings.EndAltitude)}));
   } else if (settings.StartAltitude != 0) {
-    add(out_.Texts().Filled(kAltitude, {length(settings.StartAltitude)}));
+    add(out_.Texts().Filled(Text::SlateAltitude, {length(settings.StartAltitude)}));
   }
   add(out_.Services().environment.Today());
   return line;

@@ -7,6 +7,7 @@
 #include "figures/dive_figures.h"
 #include "figures/schedule.h"
 #include "model/text_columns.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 #include "tables/table_remarks.h"
 
@@ -14,23 +15,6 @@ namespace tav {
 namespace {
 
 using Kind = WhatIfColumn::Kind;
-
-constexpr int kNames = 7705;  // by Kind
-constexpr int kLostName = 7709;
-constexpr int kLongerBy = 7711;
-constexpr int kDeeperBy = 7712;
-constexpr int kMoment = 7713;
-constexpr int kRunTime = 7714;
-constexpr int kStops = 7715;
-constexpr int kCNS = 7716;
-constexpr int kCarried = 7717;
-constexpr int kEnough = 7718;
-constexpr int kShort = 7719;
-constexpr int kEndless = 7720;
-constexpr int kImpossible = 7721;
-constexpr int kStopAt = 7722;
-constexpr int kSwitchAt = 7056;
-constexpr int kMinutes = 7703;
 
 /// What a dive does at one depth of its ascent.
 using Stops = std::map<double, WhatIfTable::Cell, std::greater<>>;
@@ -58,15 +42,16 @@ class Builder {
       table_.heads.push_back({NameOf(column, words_), DetailOf(column, wish, words_)});
     }
     StopRows();
-    Total(kRunTime, words_.T(kMinutes), [this](const DiveFigures& figures, const WhatIfColumn& column) {
-      WhatIfTable::Cell cell{words_.Short(figures.runTime), "", false};
-      if (!column.decompresses) cell = {cell.figure, words_.T(kEndless), true};
-      return cell;
-    });
-    Total(kStops, words_.T(kMinutes), [this](const DiveFigures& figures, const WhatIfColumn&) {
+    Total(Text::WhatIfRunTime, words_.T(Text::WhatIfMinutes),
+          [this](const DiveFigures& figures, const WhatIfColumn& column) {
+            WhatIfTable::Cell cell{words_.Short(figures.runTime), "", false};
+            if (!column.decompresses) cell = {cell.figure, words_.T(Text::WhatIfEndless), true};
+            return cell;
+          });
+    Total(Text::WhatIfStops, words_.T(Text::WhatIfMinutes), [this](const DiveFigures& figures, const WhatIfColumn&) {
       return WhatIfTable::Cell{words_.Short(figures.stopTime), "", false};
     });
-    Total(kCNS, "%", [this](const DiveFigures& figures, const WhatIfColumn&) {
+    Total(Text::WhatIfCNS, "%", [this](const DiveFigures& figures, const WhatIfColumn&) {
       return WhatIfTable::Cell{words_.Fixed(figures.CNS * 100, 0), "", figures.CNS >= 1};
     });
     GasRows();
@@ -83,7 +68,7 @@ class Builder {
       for (const auto& [depth, cell] : stops.back()) depths[depth];
     }
     for (const auto& [depth, none] : depths) {
-      WhatIfTable::Row row{words_.T(kStopAt, {words_.Depth(depth)}), words_.T(kMinutes), {}, false};
+      WhatIfTable::Row row{words_.T(Text::WhatIfStop, {words_.Depth(depth)}), words_.T(Text::WhatIfMinutes), {}, false};
       bool stop = false;
       for (const Stops& own : stops) {
         const auto found = own.find(depth);
@@ -92,7 +77,7 @@ class Builder {
       }
       // No column stops there, some only change their gas.
       if (!stop) {
-        row.label = words_.T(kSwitchAt, {words_.Depth(depth)});
+        row.label = words_.T(Text::SwitchTo, {words_.Depth(depth)});
         row.unit.clear();
       }
       table_.rows.push_back(std::move(row));
@@ -106,7 +91,7 @@ class Builder {
       if (column.fault.IsEmpty()) {
         row.cells.push_back(cellOf(FiguresOf(column.rows), column));
       } else {
-        row.cells.push_back({"", label == kRunTime ? words_.T(kImpossible) : "", true});
+        row.cells.push_back({"", label == Text::WhatIfRunTime ? words_.T(Text::WhatIfImpossible) : "", true});
       }
     }
     table_.rows.push_back(std::move(row));
@@ -124,7 +109,7 @@ class Builder {
     for (const GasNeed* gas : gases) {
       WhatIfTable::Row row{gas->mix, words_.VolumeUnit(), {}, true};
       if (gas->carried && *gas->carried > 0) {
-        row.label = words_.T(kCarried, {gas->mix, words_.Volume(*gas->carried)});
+        row.label = words_.T(Text::WhatIfCarried, {gas->mix, words_.Volume(*gas->carried)});
         row.unit.clear();
       }
       for (const WhatIfColumn& column : columns_) {
@@ -134,7 +119,7 @@ class Builder {
         cell.figure = words_.Fixed(need->used, words_.Metric() ? 0 : 1);
         const std::optional<bool> enough = need->Enough();
         if (!enough) continue;
-        cell.note = words_.T(*enough ? kEnough : kShort);
+        cell.note = words_.T(*enough ? Text::WhatIfEnough : Text::WhatIfShort);
         cell.bad = !*enough;
       }
       table_.rows.push_back(std::move(row));
@@ -162,13 +147,13 @@ class Builder {
 }  // namespace
 
 std::string NameOf(const WhatIfColumn& column, const AdviceWords& words) {
-  return column.kind == Kind::Lost ? words.T(kLostName, {column.lost})
-                                   : words.T(kNames + static_cast<int>(column.kind));
+  return column.kind == Kind::Lost ? words.T(Text::WhatIfLost, {column.lost})
+                                   : words.T(Text::WhatIfKinds + static_cast<int>(column.kind));
 }
 
 std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const AdviceWords& words) {
-  std::string longer = words.T(kLongerBy, {words.Short(wish.minutes)});
-  std::string deeper = words.T(kDeeperBy, {words.Depth(wish.depth)});
+  std::string longer = words.T(Text::WhatIfLongerBy, {words.Short(wish.minutes)});
+  std::string deeper = words.T(Text::WhatIfDeeperBy, {words.Depth(wish.depth)});
   switch (column.kind) {
     case Kind::Longer:
       return longer;
@@ -177,8 +162,9 @@ std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const A
     case Kind::Both:
       return longer + " " + deeper;
     case Kind::BailOut:
-      return column.rows.GetLength() == 0 ? ""
-                                          : words.T(kMoment, {words.Short(column.moment), words.Depth(column.depth)});
+      return column.rows.GetLength() == 0
+                 ? ""
+                 : words.T(Text::WhatIfMoment, {words.Short(column.moment), words.Depth(column.depth)});
     default:
       return {};
   }

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <system_error>
 
+#include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
 
@@ -36,7 +37,6 @@ bool TryRead(const std::filesystem::path& file, LanguageTable& table) {
 
 LanguageTable LanguageTable::Read(const std::filesystem::path& file) {
   const std::string text = ReadTextFile(file);
-  constexpr int kNoText = 7777;
   LanguageTable table;
   LineReader lines(text);
   while (const auto line = lines.Next()) {
@@ -46,7 +46,7 @@ LanguageTable LanguageTable::Read(const std::filesystem::path& file) {
     const char* end = line->data() + (tab == std::string_view::npos ? 0 : tab);
     const auto parsed = std::from_chars(line->data(), end, id);
     if (tab == std::string_view::npos || parsed.ec != std::errc() || parsed.ptr != end) {
-      throw FileError(file, lines.LineNumber(), kNoText);
+      throw FileError(file, lines.LineNumber(), Text::LanguageLineFault);
     }
     table.texts_[id] = Unescape(line->substr(tab + 1));
   }

@@ -14,9 +14,6 @@ namespace tav {
 /// escapes; lines that begin with "#" are comments.
 class LanguageTable : public TextSource {
  public:
-  /// The string that holds the language's own name.
-  static constexpr int kLanguageName = 999;
-
   /// Reads a table. Throws FileError when the file can't be read or a line is not of the form.
   static LanguageTable Read(const std::filesystem::path& file);
 

@@ -3,14 +3,11 @@
 #include <cerrno>
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
 namespace {
-
-// Texts by number.
-constexpr int kNotOpened = 7898;
-constexpr int kNotWritten = 7900;
 
 std::string Item(const std::string& text) { return "\"" + text + "\""; }
 
@@ -40,12 +37,12 @@ std::string TraceBlock(const TraceSegment& segment) {
 }
 
 PhiLog::PhiLog(const std::filesystem::path& file) : file_(file), out_(file, std::ios::binary | std::ios::trunc) {
-  if (!out_) throw FileError(file, 0, {kNotOpened, {ErrorText(errno)}});
+  if (!out_) throw FileError(file, 0, {Text::NotOpened, {ErrorText(errno)}});
 }
 
 void PhiLog::Write(const TraceSegment& segment) {
   if (!fault_ && !(out_ << TraceBlock(segment) << std::flush))
-    fault_.emplace(file_, 0, Message{kNotWritten, {ErrorText(errno)}});
+    fault_.emplace(file_, 0, Message{Text::NotWritten, {ErrorText(errno)}});
 }
 
 }  // namespace tav

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <unistd.h>
 
+#include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -30,8 +31,7 @@ int StandardOutput::Buffer::sync() {
   while (!rest.empty()) {
     const ssize_t written = ::write(STDOUT_FILENO, rest.data(), rest.size());
     if (written < 0 && errno == EINTR) continue;
-    constexpr int kNotWritten = 8501;
-    if (written < 0) throw MessageError("", {kNotWritten, {ErrorText(errno)}});
+    if (written < 0) throw MessageError("", {Text::OutputNotWritten, {ErrorText(errno)}});
     rest.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;

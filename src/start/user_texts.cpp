@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
 #include "start/program_folders.h"
@@ -79,10 +80,9 @@ std::string LazyTexts::GetResString(int id) const {
 
 std::string AdviceText(const TextSource& texts, const std::filesystem::path& file,
                        const std::vector<FormatFault>& advice) {
-  constexpr int kReadBut = 8152;
   constexpr std::size_t kMost = 10;
   if (advice.empty()) return {};
-  std::string text = texts.Filled(kReadBut, {file.string()}) + "\r\n";
+  std::string text = texts.Filled(Text::ReadBut, {file.string()}) + "\r\n";
   for (std::size_t i = 0; i < std::min(advice.size(), kMost); ++i) {
     text += "\r\n" + std::to_string(advice[i].line) + ": " + texts.Words(advice[i].text);
   }

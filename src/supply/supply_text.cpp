@@ -1,35 +1,9 @@
 #include "supply/supply_text.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
-
-constexpr int kGas = 2122;
-constexpr int kDepth = 2101;
-constexpr int kRunTime = 2103;
-constexpr int kTitle = 7635;
-constexpr int kLegTitle = 7636;
-constexpr int kCylinders = 7637;
-constexpr int kFill = 7638;
-constexpr int kCarried = 7639;
-constexpr int kUsed = 7640;
-constexpr int kLeft = 7641;
-constexpr int kPressureLeft = 7642;
-constexpr int kVerdict = 7643;
-constexpr int kLeg = 7644;
-constexpr int kMinimum = 7645;
-constexpr int kMinimumPressure = 7646;
-constexpr int kTurnPressure = 7647;
-constexpr int kWorking = 7648;
-constexpr int kEnough = 7649;
-constexpr int kIntoReserve = 7650;
-constexpr int kRunsOut = 7651;
-constexpr int kNoCylinder = 7652;
-constexpr int kNotBreathed = 7653;
-constexpr int kUnknownGas = 7654;
-constexpr int kTooLittle = 7655;
-constexpr int kNoWayUp = 7656;
-constexpr int kWorkingOfTeam = 7657;
-constexpr int kWorkingOfOne = 7658;
 
 const std::string kNothing = "--";
 
@@ -93,9 +67,7 @@ std::string CylindersText(const GasStore& store, const AdviceWords& words) {
   for (const Cylinder& cylinder : store.cylinders) {
     if (!text.empty()) text += " + ";
     if (cylinder.Count > 1) text += std::to_string(cylinder.Count) + " x ";
-    constexpr int kLitres = 7423;
-    constexpr int kCubicFeet = 7424;
-    text += words.Short(cylinder.Size) + " " + words.T(cylinder.InLitres() ? kLitres : kCubicFeet);
+    text += words.Short(cylinder.Size) + " " + words.T(cylinder.InLitres() ? Text::Litres : Text::CubicFeet);
   }
   return text.empty() ? kNothing : text;
 }
@@ -109,31 +81,31 @@ bool IsShort(const GasSupply& supply, const LegSupply& leg) { return !supply.Hol
 std::string VerdictText(const GasStore& store, const AdviceWords& words) {
   switch (store.verdict) {
     case GasVerdict::IntoReserve:
-      return words.T(kIntoReserve);
+      return words.T(Text::SupplyIntoReserve);
     case GasVerdict::RunsOut:
-      return words.T(kRunsOut);
+      return words.T(Text::SupplyRunsOut);
     case GasVerdict::NoCylinder:
-      return words.T(kNoCylinder);
+      return words.T(Text::SupplyNoCylinder);
     case GasVerdict::NotBreathed:
-      return words.T(kNotBreathed);
+      return words.T(Text::SupplyNotBreathed);
     case GasVerdict::UnknownGas:
-      return words.T(kUnknownGas);
+      return words.T(Text::SupplyUnknownGas);
     case GasVerdict::Enough:
       break;
   }
-  return words.T(kEnough);
+  return words.T(Text::SupplyEnough);
 }
 
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words) {
   const GasStore* store = supply.Of(leg.gas);
-  if (!leg.decompresses) return words.T(kNoWayUp);
-  if (store == nullptr || store->cylinders.empty()) return words.T(kNoCylinder);
-  return words.T(supply.HoldsMinimum(leg) ? kEnough : kTooLittle);
+  if (!leg.decompresses) return words.T(Text::SupplyNoWayUp);
+  if (store == nullptr || store->cylinders.empty()) return words.T(Text::SupplyNoCylinder);
+  return words.T(supply.HoldsMinimum(leg) ? Text::SupplyEnough : Text::SupplyTooLittle);
 }
 
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
   const SupplyChoice& choice = supply.choice;
-  return words.T(choice.team == 1 ? kWorkingOfOne : kWorkingOfTeam,
+  return words.T(choice.team == 1 ? Text::SupplyWorkingOfOne : Text::SupplyWorkingOfTeam,
                  {std::to_string(choice.team), words.Factor(choice.stress), words.Factor(rmv), words.VolumeUnit(),
                   words.Factor(leg.ambient) + " " + words.PressureUnit(), words.Factor(choice.minutes),
                   words.Volume(leg.ascent), words.Volume(leg.sorting)});
@@ -142,14 +114,18 @@ std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rm
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words) {
   SupplyTables tables;
   if (!supply.IsTold()) return tables;
-  tables.gasTitle = words.T(kTitle);
-  tables.legTitle = words.T(kLegTitle);
+  tables.gasTitle = words.T(Text::SupplyTitle);
+  tables.legTitle = words.T(Text::SupplyLegs);
   tables.gases.reserve(supply.gases.size() + 1);
-  tables.gases.push_back(Heads({kGas, kCylinders, kFill, kCarried, kUsed, kLeft, kPressureLeft, kVerdict}, words));
+  tables.gases.push_back(Heads({Text::InfoGas, Text::SupplyCylinders, Text::SupplyFill, Text::SupplyCarried,
+                                Text::SupplyUsed, Text::SupplyLeft, Text::SupplyAtEnd, Text::SupplyVerdict},
+                               words));
   for (const GasStore& store : supply.gases) tables.gases.push_back(GasRow(store, words));
   tables.legs.reserve(supply.legs.size() + 1);
-  tables.legs.push_back(Heads(
-      {kLeg, kDepth, kRunTime, kGas, kLeft, kMinimum, kMinimumPressure, kTurnPressure, kVerdict, kWorking}, words));
+  tables.legs.push_back(
+      Heads({Text::SupplyLeg, Text::InfoDepth, Text::InfoRun, Text::InfoGas, Text::SupplyLeft, Text::SupplyMinimumGas,
+             Text::SupplyMinimum, Text::SupplyTurnAt, Text::SupplyVerdict, Text::SupplyWorking},
+            words));
   for (const LegSupply& leg : supply.legs) tables.legs.push_back(LegRow(supply, leg, rmv, words));
   return tables;
 }

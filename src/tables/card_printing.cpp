@@ -3,25 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/text_id.h"
 #include "pages/wrapped_text.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
 namespace {
-
-// What the cards say.
-constexpr int kLeaveAt = 7314;
-constexpr int kMinutes = 7306;
-constexpr int kDepth = 7315;
-constexpr int kStop = 7316;
-constexpr int kRunTime = 7317;
-constexpr int kGas = 7318;
-constexpr int kNeeded = 7319;
-constexpr int kLitres = 7320;
-constexpr int kCubicFeet = 7321;
-constexpr int kNoDecompression = 7322;
-constexpr int kMetres = 6027;
-constexpr int kFeet = 6029;
 
 // cm within a card
 constexpr double kMargin = 0.4;
@@ -82,7 +69,7 @@ class CardPrinter {
   void Fitted(double x, double y, const std::string& text, int size, bool bold, double before = 0) {
     writer_.PrintTextFitted(x_ + x, y_ + y, text, kRight - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
   }
-  [[nodiscard]] std::string Unit() const { return T(Metric() ? kMetres : kFeet); }
+  [[nodiscard]] std::string Unit() const { return T(Metric() ? Text::ReportMetres : Text::ReportFeet); }
 
   void Head(std::size_t part) {
     const TablePlace place = pages_.PlaceCard(set_.info);
@@ -94,17 +81,18 @@ class CardPrinter {
       writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
                              1);
     }
-    const std::string leave = T(kLeaveAt) + " " + card_.moment + " " + T(kMinutes) + ", " + card_.depth + " " + Unit();
+    const std::string leave =
+        T(Text::CardLeaveAt) + " " + card_.moment + " " + T(Text::Minutes) + ", " + card_.depth + " " + Unit();
     Fitted(kMargin, 0.75, leave, 12, true);
     if (!card_.decompresses) {
       writer_.SetForeColor(kRed);
-      Fitted(kMargin, 1.23, T(kNoDecompression), 10, true);
+      Fitted(kMargin, 1.23, T(Text::TableDoesNotDecompress), 10, true);
       writer_.SetForeColor(kBlack);
     }
-    writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(kDepth), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kStopRight, y_ + kHeads, T(kStop), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kRunRight, y_ + kHeads, T(kRunTime), kArial, kHeadSize, 0);
-    writer_.PrintTextLeft(x_ + kGasLeft, y_ + kHeads, T(kGas), kArial, kHeadSize, 0);
+    writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(Text::CardDepth), kArial, kHeadSize, 0);
+    writer_.PrintTextRight(x_ + kStopRight, y_ + kHeads, T(Text::CardStop), kArial, kHeadSize, 0);
+    writer_.PrintTextRight(x_ + kRunRight, y_ + kHeads, T(Text::CardRun), kArial, kHeadSize, 0);
+    writer_.PrintTextLeft(x_ + kGasLeft, y_ + kHeads, T(Text::CardGas), kArial, kHeadSize, 0);
     writer_.PrintBoxOutline(x_ + kMargin, y_ + kRows, x_ + kRight, y_ + kRows);
   }
 
@@ -121,10 +109,10 @@ class CardPrinter {
 
   /// The gas that is needed, and what is wrong with it, below the last row.
   [[nodiscard]] std::vector<std::string> Notes() const {
-    std::string needed = T(kNeeded);
+    std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
       needed += (gas.mix == card_.needed.front().mix ? " " : ", ") + gas.mix + " " + gas.volume + " " +
-                T(Metric() ? kLitres : kCubicFeet);
+                T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
     const TextFont font{kArial, kNoteSize, true};
     std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);

@@ -5,6 +5,7 @@
 #include "figures/dive_figures.h"
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
+#include "model/text_id.h"
 
 namespace tav {
 namespace {
@@ -12,8 +13,6 @@ namespace {
 constexpr Colour kGrey = RGB(200, 200, 200);
 constexpr int kSize = 7;  // points
 const std::string kArial = "Arial";
-constexpr int kMetres = 7425;
-constexpr int kFeet = 7426;
 
 class Drawing {
  public:
@@ -39,8 +38,7 @@ class Drawing {
       Centred(dive, f_.Text(f_.rows + 1), table_.totals[static_cast<std::size_t>(dive)]);
     }
     writer_.PrintBoxOutline(f_.left, f_.Row(f_.rows + 1), f_.Right(), f_.End());
-    constexpr int kRunTime = 2110;
-    Text(f_.left + 0.2, f_.Text(f_.rows + 1), writer_.Texts().GetResString(kRunTime));
+    Text(f_.left + 0.2, f_.Text(f_.rows + 1), writer_.Texts().GetResString(Text::InfoRunTime));
     Stops(firstStopRow);
     Text(f_.left + 0.1, f_.top + 0.4, Cell(0, TableColumn::kMix));
     for (int row = 1; row <= f_.rows; ++row) {
@@ -91,13 +89,12 @@ class Drawing {
 
 std::string ModelLine(const TableDives& profiles, const PrintPreview& writer) {
   const DiveTemplate& settings = profiles.diveTemplate;
-  constexpr int kOff = 6169;
   const NumberTexts& numbers = writer.Services().numbers;
   std::string line = ModelName(profiles.model);
   if (GradientFactorsAct(settings, profiles.model)) {
     line += "  GF " + FactorRange(settings, numbers);
   } else if (!profiles.model.VPMMode) {
-    line += "  GF " + writer.Texts().GetResString(kOff);
+    line += "  GF " + writer.Texts().GetResString(Text::InfoOff);
   }
   return line;
 }
@@ -112,14 +109,11 @@ std::string TableTitle(const TableDives& profiles, const PrintPreview& writer) {
 
 std::string TableCaption(const TableDives& profiles, const TextSource& texts) {
   const DiveTemplate& settings = profiles.diveTemplate;
-  constexpr int kBailout = 8252;
-  constexpr int kOpen = 8253;
-  constexpr int kLoop = 8254;
-  constexpr int kLoopStopsOpen = 8255;
-  const std::string unit = texts.GetResString(settings.Metric ? kMetres : kFeet);
-  if (profiles.bailout) return texts.Filled(kBailout, {unit});
-  if (settings.OpenCircuit) return texts.Filled(kOpen, {unit});
-  return texts.Filled(settings.OCDeco ? kLoopStopsOpen : kLoop, {unit}) + "; " + LoopState(settings, false, texts);
+  const std::string unit = texts.GetResString(settings.Metric ? Text::Metres : Text::Feet);
+  if (profiles.bailout) return texts.Filled(Text::TableBailout, {unit});
+  if (settings.OpenCircuit) return texts.Filled(Text::TableOpen, {unit});
+  return texts.Filled(settings.OCDeco ? Text::TableLoopStopsOpen : Text::TableLoop, {unit}) + "; " +
+         LoopState(settings, false, texts);
 }
 
 void DrawTable(PrintPreview& writer, const SmallTable& table, const TablePlace& place, const std::string& title,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
 #include "pages/wrapped_text.h"
 
 namespace tav {
@@ -21,8 +22,8 @@ class Column {
     Head();
     Limits();
     RatesFrame();
-    Rates(0, 6011, template_.AscendRates);
-    Rates(2.5, 6012, template_.DescendRates);
+    Rates(0, Text::ReportAscent, template_.AscendRates);
+    Rates(2.5, Text::ReportDescent, template_.DescendRates);
   }
 
  private:
@@ -39,29 +40,29 @@ class Column {
 
   void Head() {
     const Environment& environment = writer_.Services().environment;
-    Text(0.85, 1.0, T(info_.bailout ? 6134 : 6132), 14, 1);
+    Text(0.85, 1.0, T(info_.bailout ? Text::BailoutTables : Text::DecoTables), 14, 1);
     writer_.PrintPicture(environment.Logo(), kX, 2.0, 5.05, 2.0);
-    if (info_.bailout) Text(0.9, 5.4, Cut(T(1928) + ": " + info_.caption.substr(0, info_.caption.find(" ["))));
+    if (info_.bailout)
+      Text(0.9, 5.4, Cut(T(Text::TableProfile) + ": " + info_.caption.substr(0, info_.caption.find(" ["))));
     writer_.PrintBoxOutline(kX, kY, 5.8, 5.9);
-    Text(0.9, 4.6, T(6085) + environment.UserName());
-    Text(0.9, 5.0, T(6083) + environment.Today());
-    Text(0.9, 0.6, T(6086) + T(6087), 7);
+    Text(0.9, 4.6, T(Text::ReportPrintedBy) + environment.UserName());
+    Text(0.9, 5.0, T(Text::ReportDate) + environment.Today());
+    Text(0.9, 0.6, T(Text::ReportAid) + T(Text::ReportRisk), 7);
     Text(0.9, 6.0, Cut(info_.model));
   }
 
   void Limits() {
     writer_.PrintBoxOutline(kX, 6.5, 5.8, 7.3);
     writer_.PrintFilledBox(0.81, 6.91, 5.75, 7.28, kGrey);
-    constexpr int kEND = 6044;
-    Text(kX + 0.1, kY + 2.0, T(kEND));
+    Text(kX + 0.1, kY + 2.0, T(Text::ReportEND));
     Text(kX + 1.15, kY + 2.0, Numbers().Fixed(template_.MaximalEND, 0));
     Text(kX + 0.15, kY + 2.4, "PPO2");
     Text(kX + 1.15, kY + 2.4, Numbers().Fixed(template_.MaxPPO2, 2));
-    Text(kX + 2.7, kY + 2.0, T(6103));
+    Text(kX + 2.7, kY + 2.0, T(Text::ReportRMV));
     // Cubic feet in whole numbers would be 1 for any diver.
     const int decimals = template_.Metric ? 0 : 2;
     Text(kX + 4.2, kY + 2.0, Numbers().Fixed(template_.RMV, decimals));
-    Text(kX + 2.7, kY + 2.4, T(6106));
+    Text(kX + 2.7, kY + 2.4, T(Text::ReportDecoRMV));
     Text(kX + 4.2, kY + 2.4, Numbers().Fixed(template_.DecoRMV, decimals));
   }
 
@@ -78,8 +79,8 @@ class Column {
   void Rates(double half, int title, const std::vector<RateEntry>& rates) {
     const double x = kX + 0.2 + half;
     Text(x, kY + 3.0, T(title));
-    Text(x, kY + 3.5, T(2101));
-    Text(x + 1.0, kY + 3.5, T(6063));
+    Text(x, kY + 3.5, T(Text::InfoDepth));
+    Text(x + 1.0, kY + 3.5, T(Text::ReportRate));
     double y = kRatesTop;
     for (const RateEntry& entry : rates) {
       Text(x, y, Numbers().Plain(entry.Depth), 7);

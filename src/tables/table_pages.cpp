@@ -1,5 +1,7 @@
 #include "tables/table_pages.h"
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
 
@@ -25,8 +27,7 @@ void TablePages::NextTablePage() {
 
 void TablePages::EndTableOutput() {
   writer_.PrintPlainFooter("", "");
-  constexpr int kCaption = 6132;
-  writer_.EndReport(writer_.Texts().GetResString(kCaption));
+  writer_.EndReport(writer_.Texts().GetResString(Text::DecoTables));
 }
 
 TablePlace TablePages::PlaceTable(Single width, Single height, const TableInfo& info) {

@@ -4,19 +4,13 @@
 #include <utility>
 
 #include "figures/dive_figures.h"
+#include "model/text_id.h"
 #include "pages/page_units.h"
 #include "pages/wrapped_text.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
 namespace {
-
-constexpr int kAllGases = 7311;
-constexpr int kLost = 7310;
-constexpr int kWhole = 7312;
-constexpr int kNumber = 7323;
-constexpr int kMetres = 6027;
-constexpr int kFeet = 6029;
 
 // cm
 constexpr double kSheetRight = 29.4;  // what printers reach of a page of 29.7 by 21.0
@@ -84,25 +78,24 @@ TableInfo TablePrintModule::InfoOf(const TableDives& profiles) const {
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
-    const std::string title = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
+    const std::string title = profiles.lost ? *profiles.lost + " " + T(Text::TableLost) : T(Text::TableAllGases);
     cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().numbers), InfoOf(profiles)});
   }
 }
 
 void TablePrintModule::PrintSmallTable(const TableDives& profiles) {
-  constexpr int kDepthHead = 1702;
   Printed printed;
   const DiveTemplate& settings = profiles.diveTemplate;
   if (profiles.bailout) {
-    printed.name = profiles.lost ? *profiles.lost + " " + T(kLost) : T(kAllGases);
+    printed.name = profiles.lost ? *profiles.lost + " " + T(Text::TableLost) : T(Text::TableAllGases);
   } else {
-    printed.name =
-        writer_.Services().numbers.Plain(profiles.dives.back().depth) + " " + T(settings.Metric ? kMetres : kFeet);
+    printed.name = writer_.Services().numbers.Plain(profiles.dives.back().depth) + " " +
+                   T(settings.Metric ? Text::ReportMetres : Text::ReportFeet);
   }
   printed.name =
       FittedText(printed.name, TableSlots::kCellWidth - 2.5, {kArial, kRemarkSize, true}, writer_.Services().measure);
   printed.title = TableTitle(profiles, writer_);
-  printed.table = MakeSmallTable(profiles, T(kDepthHead));
+  printed.table = MakeSmallTable(profiles, T(Text::TableDepthHead));
   printed.caption = TableCaption(profiles, writer_.Texts());
   printed.info = InfoOf(profiles);
   const int pageBefore = pages_.Page();
@@ -175,8 +168,8 @@ void TablePrintModule::PrintName(Printed& printed, bool whole) {
   const double name =
       writer_.Services().measure.TextWidth(printed.name + "  ", {kArial, kRemarkSize, true}) / page::kUnitsPerCm;
   writer_.SetForeColor(kRed);
-  writer_.PrintTextFitted(room.left + name, y, T(kWhole) + " " + std::to_string(printed.number), room.width - name,
-                          kArial, kRemarkSize, 1, kSmallestSize);
+  writer_.PrintTextFitted(room.left + name, y, T(Text::TableWholeBehind) + " " + std::to_string(printed.number),
+                          room.width - name, kArial, kRemarkSize, 1, kSmallestSize);
   writer_.SetForeColor(kBlack);
 }
 
@@ -190,7 +183,7 @@ void TablePrintModule::PrintReference(Printed& printed) {
   writer_.PrintTextLeft(0.9, y, FittedText(printed.name, kWidth, {kArial, kSize, true}, writer_.Services().measure),
                         kArial, kSize, 1);
   writer_.SetForeColor(kRed);
-  const std::string where = T(kWhole) + " " + std::to_string(printed.number);
+  const std::string where = T(Text::TableWholeBehind) + " " + std::to_string(printed.number);
   for (const std::string& line : WrappedText(where, kWidth, {kArial, kSize, true}, writer_.Services().measure)) {
     y += 0.35;
     writer_.PrintTextLeft(0.9, y, line, kArial, kSize, 1);
@@ -207,8 +200,9 @@ void TablePrintModule::PrintWhole(const Printed& printed) {
   constexpr int kNoteSize = 8;
   const auto startPage = [&] {
     pages_.StartWholePage(printed.info);
-    writer_.PrintTextLeft(kPlace.x, 1.0, T(kNumber) + " " + std::to_string(printed.number) + ": " + printed.name,
-                          kArial, 12, 1);
+    writer_.PrintTextLeft(kPlace.x, 1.0,
+                          T(Text::TableNumber) + " " + std::to_string(printed.number) + ": " + printed.name, kArial, 12,
+                          1);
     writer_.PrintTextLeft(kPlace.x, 1.5, printed.caption, kArial, kNoteSize, 0);
   };
   const std::size_t dives = printed.table.totals.size();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
 
@@ -124,9 +126,23 @@ class Remarks {
 
 RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const NumberTexts& numbers) {
   const auto t = [&](int id) { return texts.GetResString(id); };
-  return {t(7302), t(7303), t(7304), t(7305), t(7306), t(7307),
-          t(7308), t(7309), t(7331), t(7330), t(7322), t(metric ? 7425 : 7426),
-          t(7781), t(7782), t(8250), t(8251), numbers};
+  return {t(Text::TableColumn),
+          t(Text::TableColumns),
+          t(Text::TableTo),
+          t(Text::TableStopAlso),
+          t(Text::Minutes),
+          t(Text::TableBreathe),
+          t(Text::TableAt),
+          t(Text::TablePPO2Low),
+          t(Text::TablePPO2High),
+          t(Text::TableStillOnLostGas),
+          t(Text::TableDoesNotDecompress),
+          t(metric ? Text::Metres : Text::Feet),
+          t(Text::DescentTakesTime),
+          t(Text::TableFaultOf),
+          t(Text::TableOn),
+          t(Text::TableStopInstead),
+          numbers};
 }
 
 std::string WarningText(const GasWarning& warning, const RemarkWords& words) {

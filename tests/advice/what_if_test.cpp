@@ -7,6 +7,7 @@
 
 #include "compute/bailout_cuts.h"
 #include "figures/schedule.h"
+#include "model/text_id.h"
 #include "model/utf8.h"
 #include "plans/profile_commands.h"
 #include "reports/plan_slate.h"
@@ -17,6 +18,7 @@
 #include "support/profile_text.h"
 #include "support/random_plan.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -162,7 +164,8 @@ TEST_F(WhatIfOfPlan, GivesAPlanWithoutAscentOne) {
 }
 
 TEST_F(WhatIfOfPlan, SaysWhatCanNotBeCompared) {
-  EXPECT_THAT(plans_.texts.Words(WhatIf(plans_.Planned(plans_.New().Tag()), plans_.model).Fault()), "*StringID 7886*");
+  EXPECT_THAT(plans_.texts.Words(WhatIf(plans_.Planned(plans_.New().Tag()), plans_.model).Fault()),
+              Numbered("<NoLegs>"));
   frmWaypointEditor& broken = Plan({{40, 20}});
   plans_.documents(broken.Tag()).Template.StepSize = 0;
   broken.ReEvaluateUserEnteredWaypoints();
@@ -171,7 +174,7 @@ TEST_F(WhatIfOfPlan, SaysWhatCanNotBeCompared) {
   // A leg may last 100,000 min: one that is longer can't be computed, the other columns stand.
   WhatIf whatIf(plans_.Planned(Plan({{5, 99990}}).Tag()), plans_.model);
   const auto columns = whatIf.Columns({20, 1});
-  EXPECT_EQ(columns[1].fault.text, 7884);
+  EXPECT_EQ(columns[1].fault.text, Text::ActionFault);
   EXPECT_EQ(columns[1].rows.GetLength(), 0);
   EXPECT_TRUE(columns[2].fault.IsEmpty());
   EXPECT_NE(columns[2].rows.GetLength(), 0);
@@ -209,7 +212,7 @@ TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
   EXPECT_EQ(columns.back().warnings.back().to, 0) << "and without the oxygen to the surface";
   const AdviceWords words(plans_.texts, {".", ""}, true);
   const std::string text = AlignedText(TableOf(columns, {}, whatIf.Settings(), words), 100);
-  EXPECT_THAT(text, HasSubstr("\n! *StringID 7709*: *StringID 7309*"));
+  EXPECT_THAT(text, HasSubstr(Numbered("\n! <WhatIfLost>: <TablePPO2Low>")));
 }
 
 TEST_F(WhatIfOfPlan, TellsWhatDoesNotDecompress) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
 #include "start/language_table.h"
@@ -89,8 +90,8 @@ TEST(EveryLanguage, HasTheTextsOfTheEnglishOneInTheSameForm) {
   std::set<std::string> ownNames;
   for (const std::string& name : names) {
     const auto texts = Written(name);
-    ASSERT_TRUE(texts.contains(LanguageTable::kLanguageName)) << name;
-    EXPECT_TRUE(ownNames.insert(texts.at(LanguageTable::kLanguageName)).second) << name << " bears another's name";
+    ASSERT_TRUE(texts.contains(Text::LanguageName)) << name;
+    EXPECT_TRUE(ownNames.insert(texts.at(Text::LanguageName)).second) << name << " bears another's name";
     for (const auto& [id, text] : texts) EXPECT_TRUE(english.contains(id)) << name << ": " << id << " is not known";
     for (const auto& [id, text] : english) {
       const auto found = texts.find(id);

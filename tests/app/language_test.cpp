@@ -5,15 +5,16 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>
-#include <set>
 
 #include "app/error_report.h"
 #include "app/languages_form.h"
+#include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
 #include "start/language_table.h"
 #include "support/program_fixture.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -92,58 +93,13 @@ TEST(FirstStart, SpeaksTheLanguageOfTheDesktopUntilOneIsChosen) {
     if (!each.stored.empty()) p.platform.settings[{"", "Language"}] = each.stored;
     ASSERT_TRUE(p.Start());
     const LanguageTable wanted = LanguageTable::Read(kSource / "lang" / each.loaded);
-    EXPECT_EQ(p.program.Texts().GetResString(LanguageTable::kLanguageName),
-              wanted.GetResString(LanguageTable::kLanguageName))
+    EXPECT_EQ(p.program.Texts().GetResString(Text::LanguageName), wanted.GetResString(Text::LanguageName))
         << each.locale << " " << each.stored;
     EXPECT_TRUE(p.platform.boxes.empty());
     frmLanguages dialog(p.platform, p.program.Texts(), kSource / "lang");
     dialog.Load();
     const auto chosen = static_cast<std::size_t>(dialog.Option1.SelectedItem.Get());
-    EXPECT_EQ(dialog.Option1.Items.Get().at(chosen), wanted.GetResString(LanguageTable::kLanguageName));
-  }
-}
-
-/// Every number that stands in the code as the ID of a text has a text: arguments of T and GetResString, and the
-/// constants and tables of IDs.
-TEST(English, HasATextForEveryNumberInTheCode) {
-  const LanguageTable english = LanguageTable::Read(kSource / "lang/TAV_uk.dll");
-  const std::regex direct(R"((?:GetResString|\bT|\bWarn)\(([^;]*?)\))");
-  const std::regex constant(R"(constexpr int k\w+ = (\d{3,4});)");
-  const std::regex quoted(R"("(\d{4})\")");
-  const std::regex number(R"(\b(\d{4})\b)");
-  std::set<int> ids;
-  for (const auto& entry : fs::recursive_directory_iterator(kSource / "src")) {
-    if (entry.path().extension() != ".cpp") continue;
-    const std::string text = ReadTextFile(entry.path());
-    // What the folders without a language have to say is from here.
-    for (std::sregex_iterator it(text.begin(), text.end(), constant), end; it != end; ++it) {
-      const int id = std::stoi((*it)[1].str());
-      if (id >= 7860 && id < 8000) ids.insert(id);
-    }
-    const std::string folder = fs::relative(entry.path(), kSource / "src").begin()->string();
-    if (!std::set<std::string>{"advice", "app", "dialogs", "figures", "graph", "mixer", "picture", "plans", "reports",
-                               "start", "supply", "desktop"}
-             .contains(folder))
-      continue;
-    const auto collect = [&](const std::regex& pattern, bool within) {
-      for (std::sregex_iterator it(text.begin(), text.end(), pattern), end; it != end; ++it) {
-        const std::string found = (*it)[1].str();
-        if (!within) {
-          ids.insert(std::stoi(found));
-          continue;
-        }
-        for (std::sregex_iterator inner(found.begin(), found.end(), number); inner != end; ++inner) {
-          ids.insert(std::stoi((*inner)[1].str()));
-        }
-      }
-    };
-    collect(direct, true);
-    if (folder != "desktop") collect(constant, false);
-    collect(quoted, false);
-  }
-  EXPECT_GT(ids.size(), 100U);
-  for (const int id : ids) {
-    EXPECT_TRUE(id < 999 || id >= 8000 || english.Has(id)) << "text " << id << " is missing";
+    EXPECT_EQ(dialog.Option1.Items.Get().at(chosen), wanted.GetResString(Text::LanguageName));
   }
 }
 
@@ -222,19 +178,16 @@ TEST(EngineWarnings, TellValueLimitAndPlaceAsTheUserWritesNumbers) {
   EngineWarnings warnings(platform.Services().boxes, numbers, documents, {",", "."});
   warnings.WarnEND({0, 35.4, 30, 42.3, "Air", true});
   EXPECT_EQ(platform.LastBox().text,
-            "*StringID 2400*35*StringID 2401*30*StringID 2402*\r\n*StringID 7028*: 42,3 m, *StringID 7030*: Air");
-  EXPECT_EQ(platform.LastBox().title, "*StringID 6160*");
+            Numbered("<WarningEND>35<WarningDeeperMetres>30<WarningMetres>\r\n<Depth>: 42,3 m, <Gas>: Air"));
+  EXPECT_EQ(platform.LastBox().title, Numbered("<ENDTooDeep>"));
   warnings.WarnPPO2High({0, 1.614, 1.4, 20, "Oxygen", false});
-  EXPECT_EQ(
-      platform.LastBox().text,
-      "*StringID 2406*1,61*StringID 2409*1,40*StringID 2412*\r\n*StringID 7028*: 20,0 ft, *StringID 7030*: Oxygen");
+  EXPECT_EQ(platform.LastBox().text,
+            Numbered("<WarningPPO2>1,61<WarningAboveAta>1,40<WarningAta>\r\n<Depth>: 20,0 ft, <Gas>: Oxygen"));
   warnings.WarnPPO2Low({0, 0.15, 0.18, 0, "Tx10/70", true});
-  EXPECT_EQ(
-      platform.LastBox().text,
-      "*StringID 2406*0,15*StringID 2410*0,18*StringID 2408*\r\n*StringID 7028*: 0,0 m, *StringID 7030*: Tx10/70");
-  warnings.StopHitLimit({0, true, 57, "Air", 7889});
-  EXPECT_THAT(platform.LastBox().text,
-              testing::EndsWith("*StringID 7889*\r\n*StringID 7028*: 57,0 m, *StringID 7030*: Air"));
+  EXPECT_EQ(platform.LastBox().text,
+            Numbered("<WarningPPO2>0,15<WarningBelowBar>0,18<WarningBar>\r\n<Depth>: 0,0 m, <Gas>: Tx10/70"));
+  warnings.StopHitLimit({0, true, 57, "Air", Text::GasKeepsCeiling});
+  EXPECT_THAT(platform.LastBox().text, testing::EndsWith(Numbered("<GasKeepsCeiling>\r\n<Depth>: 57,0 m, <Gas>: Air")));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "dialogs/bailout_start.h"
 #include "dialogs/table_expert.h"
+#include "model/text_id.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -95,7 +96,7 @@ TEST(LongRun, WarnsOfAThingOnceAndOfAKindUntilItIsSilenced) {
   ASSERT_FALSE(p.platform.boxes.empty());
   std::set<std::string> texts;
   for (const ShownBox& box : p.platform.boxes) {
-    EXPECT_EQ(box.check, p.program.Texts().GetResString(7329));
+    EXPECT_EQ(box.check, p.program.Texts().GetResString(Text::WarnNoMore));
     EXPECT_TRUE(texts.insert(box.text).second) << box.text;
   }
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "model/text_id.h"
 #include "support/program_fixture.h"
 #include "support/typed_plan.h"
 
@@ -157,8 +158,9 @@ TEST_F(PlanPane, WhatIsRefusedLeavesNothingBehindAndIsTold) {
     SCOPED_TRACE(each.what);
     for (const std::string& key : each.keys) each.type(key);
     EXPECT_EQ(Rows(), before);
-    EXPECT_EQ(p.Look(p.Active()).asBefore, p.program.Texts().GetResString(8002));
-    EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(), testing::StartsWith(p.program.Texts().GetResString(8002)));
+    EXPECT_EQ(p.Look(p.Active()).asBefore, p.program.Texts().GetResString(Text::AsBefore));
+    EXPECT_THAT(pane.schedule.lbTotals.Caption.Get(),
+                testing::StartsWith(p.program.Texts().GetResString(Text::AsBefore)));
     EXPECT_THAT(p.Main().Panes().CheckPane().lbNothing.Caption.Get(),
                 testing::StartsWith("The plan can not be checked"));
     EXPECT_EQ(p.Main().sbFindings.Caption.Get(), "");

@@ -7,6 +7,7 @@
 #include "plans/profile_commands.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -146,19 +147,20 @@ TEST_F(Bailout, EachScenarioLacksOneEntryAndTheLastNone) {
 }
 
 TEST_F(Bailout, SaysWhyThereCanBeNoRun) {
-  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(plans_.New().Tag(), 5).Fault()), "*StringID 7886*");
-  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{3, 1}, {0, 1}}).Tag(), 99).Fault()), "*StringID 7780*");
-  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{10, 20000}}).Tag(), 1).Fault()), "*StringID 7887*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(plans_.New().Tag(), 5).Fault()), Numbered("<NoLegs>"));
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{3, 1}, {0, 1}}).Tag(), 99).Fault()),
+              Numbered("<IntervalBeyondPlan>"));
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(Plan({{10, 20000}}).Tag(), 1).Fault()), Numbered("<TooManyCuts>"));
   EXPECT_TRUE(plans_.Cuts(Plan({{10, 20000}}).Tag(), 2).Fault().IsEmpty());
   frmWaypointEditor& window = Plan({{30, 10}});
   plans_.documents(window.Tag()).Template.StepSize = 0;
   window.ReEvaluateUserEnteredWaypoints();
-  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(window.Tag(), 5).Fault()), "*StringID 7862*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(window.Tag(), 5).Fault()), Numbered("<StepTooSmall>"));
   // A million rows in two thousand cuts.
   frmWaypointEditor& many = plans_.New();
   for (int i = 0; i < 2000; ++i) many.SaveUserEnteredWaypoints(1, 10, 0, false);
   many.ReEvaluateUserEnteredWaypoints();
-  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(many.Tag(), 1).Fault()), "*StringID 7888*");
+  EXPECT_THAT(plans_.texts.Words(plans_.Cuts(many.Tag(), 1).Fault()), Numbered("<TooManyCutRows>"));
 }
 
 TEST_F(Bailout, EndsAtOnceWhereverTheUserCancels) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/text_id.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
 
@@ -18,10 +19,15 @@ TEST(TableAxes, AreRefusedByTheFirstFault) {
   };
   for (const Case& c : {
            Case{{9, 54, 3, 5, 45, 5}, 0}, Case{{9, 9, 3, 5, 5, 5}, 0}, Case{{0, 0, 1, 0, 0, 1}, 0},
-           Case{{54, 9, 0, 45, 5, 0}, 2714}, Case{{9, 54, 0, 45, 5, 0}, 2715}, Case{{9, 54, -3, 5, 45, 5}, 2715},
-           Case{{-9, 54, 3, 45, 5, 0}, 2716}, Case{{-9, 54, 3, -5, 45, 0}, 2717}, Case{{-9, 54, 3, -5, -1, 5}, 2718},
-           Case{{-9, -5, 3, 5, 45, 5}, 2720}, Case{{9, 20000, 3, 5, 45, 5}, 7300}, Case{{9, 54, 3, 5, 1e30, 5}, 7300},
-           Case{{1, 1000, 1, 1, 1000, 1}, 7301}, Case{{1, 100, 1, 1, 100, 1}, 0},  // 10,000 dives
+           Case{{54, 9, 0, 45, 5, 0}, Text::TablesDepthsSwapped}, Case{{9, 54, 0, 45, 5, 0}, Text::TablesDepthInterval},
+           Case{{9, 54, -3, 5, 45, 5}, Text::TablesDepthInterval},
+           Case{{-9, 54, 3, 45, 5, 0}, Text::TablesTimesSwapped},
+           Case{{-9, 54, 3, -5, 45, 0}, Text::TablesTimeInterval},
+           Case{{-9, 54, 3, -5, -1, 5}, Text::TablesStartTimeNegative},
+           Case{{-9, -5, 3, 5, 45, 5}, Text::TablesStartDepthNegative},
+           Case{{9, 20000, 3, 5, 45, 5}, Text::TablesBeyondPlanning},
+           Case{{9, 54, 3, 5, 1e30, 5}, Text::TablesBeyondPlanning},
+           Case{{1, 1000, 1, 1, 1000, 1}, Text::TablesTooMany}, Case{{1, 100, 1, 1, 100, 1}, 0},  // 10,000 dives
        }) {
     EXPECT_EQ(TextOf(FindAxesFault(c.axes)), c.text) << c.axes.StartDepth << " " << c.axes.EndDepth;
   }

@@ -3,6 +3,7 @@
 
 #include "dialogs/gas_blend.h"
 #include "dialogs/properties_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -19,7 +20,7 @@ TEST_F(Properties, ARowNotGivenYetIsEmptyAndRefused) {
   f.cbOK.Press();
   EXPECT_TRUE(f.IsLoaded());
   EXPECT_EQ(d.platform.LastBox().icon, BoxIcon::Stop);
-  EXPECT_EQ(d.platform.LastBox().text, "*StringID 1603*, 2: *StringID 7050*");
+  EXPECT_EQ(d.platform.LastBox().text, Numbered("<TemplateDescentRates>, 2: <CellNotGiven>"));
   EXPECT_TRUE(Template().Metric) << "nothing is stored";
   f.rates.fgDescend.Edit(2, 0, "66 ft");
   f.rates.fgDescend.Edit(2, 1, "30");
@@ -103,15 +104,13 @@ TEST_F(Properties, HeadsTellTheUnits) {
       all += grid->Text(0, 0) + grid->Text(0, 1);
     return all;
   };
-  EXPECT_EQ(heads(),
-            "*StringID 1621* *StringID 1222**StringID 1624* *StringID 7164*"
-            "*StringID 1623* *StringID 1222**StringID 1624* *StringID 7164*"
-            "*StringID 1621* *StringID 1222**StringID 1622*");
+  EXPECT_EQ(heads(), Numbered("<TemplateDepth> <InMetres><TemplateRate> <InMetresPerMin>"
+                              "<TemplateAscentDepth> <InMetres><TemplateRate> <InMetresPerMin>"
+                              "<TemplateDepth> <InMetres><TemplateGasMix>"));
   f.units.Option1_0.Choose();
-  EXPECT_EQ(heads(),
-            "*StringID 1621* *StringID 1223**StringID 1624* *StringID 7165*"
-            "*StringID 1623* *StringID 1223**StringID 1624* *StringID 7165*"
-            "*StringID 1621* *StringID 1223**StringID 1622*");
+  EXPECT_EQ(heads(), Numbered("<TemplateDepth> <InFeet><TemplateRate> <InFeetPerMin>"
+                              "<TemplateAscentDepth> <InFeet><TemplateRate> <InFeetPerMin>"
+                              "<TemplateDepth> <InFeet><TemplateGasMix>"));
 }
 
 TEST_F(Properties, ACellThatIsSetToSomethingElseIsTold) {
@@ -225,11 +224,11 @@ TEST_F(Properties, AMixIsAHundredPercent) {
     std::string o2, he, n2, refusal;
   } const cases[] = {{"36", "0", "64", ""},
                      {"20", "50", "30", ""},
-                     {"36", "68", "-4", "*StringID 7150*104 %"},
-                     {"140", "0", "-40", "*StringID 7150*140 %"},
-                     {"36,0", "1.2.3", "64", "*StringID 7151*36,0"}};
+                     {"36", "68", "-4", Numbered("<SharesNot100>104 %")},
+                     {"140", "0", "-40", Numbered("<SharesNot100>140 %")},
+                     {"36,0", "1.2.3", "64", Numbered("<CellNoNumber>36,0")}};
   const int row = FindBlendIndex("EAN32", Template()) + 1;
-  const std::string place = "*StringID 1607*, " + std::to_string(row) + ": ";
+  const std::string place = Numbered("<TemplateGases>, ") + std::to_string(row) + ": ";
   for (const auto& each : cases) {
     SCOPED_TRACE(each.o2 + " " + each.he);
     const GasMix before = Template().Blends[static_cast<std::size_t>(row - 1)];
@@ -251,7 +250,7 @@ TEST_F(Properties, AMixIsAHundredPercent) {
   Show();
   EXPECT_EQ(form->gases.FgGas.Cells.Get()[static_cast<std::size_t>(row)][1].colour, kRed);
   form->cbOK.Press();
-  EXPECT_EQ(d.platform.LastBox().text, place + "*StringID 7150*104 %");
+  EXPECT_EQ(d.platform.LastBox().text, place + Numbered("<SharesNot100>104 %"));
 }
 
 TEST_F(Properties, DepthsThatAreKeptStayWithTheirGases) {

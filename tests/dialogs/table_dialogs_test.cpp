@@ -3,10 +3,12 @@
 
 #include "dialogs/bailout_start.h"
 #include "dialogs/table_expert.h"
+#include "model/text_id.h"
 #include "plans/profile_commands.h"
 #include "support/dialog_fixture.h"
 #include "support/profile_text.h"
 #include "support/scratch_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -85,7 +87,7 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
       ++events;
       EXPECT_FALSE(dialog.cbOK.Enabled || dialog.tbTime.Enabled || dialog.Check1.Enabled);
       EXPECT_TRUE(dialog.cbCancel.Bold && dialog.cbCancel.Enabled);
-      EXPECT_EQ(dialog.cbCancel.Caption.Get(), "*StringID 2711*");
+      EXPECT_EQ(dialog.cbCancel.Caption.Get(), Numbered("<Abort>"));
       EXPECT_TRUE(dialogs.platform.hourglass);
       EXPECT_LE(dialog.pbProgress.Value, dialog.pbProgress.Maximum);
     };
@@ -93,7 +95,7 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
     dialog.cbOK.Press();
     EXPECT_GT(events, 8) << "at least one turn for each cut";
   });
-  EXPECT_EQ(preview.shown, "*StringID 6132*");
+  EXPECT_EQ(preview.shown, Numbered("<DecoTables>"));
   EXPECT_THAT(runs.told, ElementsAre("begins " + std::to_string(plan), "ends"));
   EXPECT_EQ(State(plan), before);
   const int all = report.Pages().Pages();
@@ -124,11 +126,12 @@ TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) 
     std::string box;
     bool refused;
   };
-  for (const Case& c : {Case{"-1", "*StringID 3000*", true}, Case{"100", "*StringID 3001*", true},
-                        Case{"often", "*StringID 7326*", true}, Case{"", "*StringID 7326*", true},
-                        Case{"99.6", "*StringID 3001*", true}, Case{"99.4", "*StringID 7780*", true},
-                        Case{"10", "", false}, Case{"30.4", "*StringID 7987*", false},
-                        Case{"0", "*StringID 7987*", false}, Case{"-0.4", "*StringID 7987*", false}}) {
+  for (const Case& c :
+       {Case{"-1", Numbered("<BailoutBelow0>"), true}, Case{"100", Numbered("<BailoutAbove99>"), true},
+        Case{"often", Numbered("<NoNumber>"), true}, Case{"", Numbered("<NoNumber>"), true},
+        Case{"99.6", Numbered("<BailoutAbove99>"), true}, Case{"99.4", Numbered("<IntervalBeyondPlan>"), true},
+        Case{"10", "", false}, Case{"30.4", Numbered("<TablesRounded>"), false},
+        Case{"0", Numbered("<TablesRounded>"), false}, Case{"-0.4", Numbered("<TablesRounded>"), false}}) {
     SCOPED_TRACE(c.typed);
     dialogs.platform.boxes.clear();
     preview.shown.clear();
@@ -144,7 +147,7 @@ TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) 
       EXPECT_TRUE(dialog.cbOK.Enabled && dialog.tbTime.Enabled);
       dialog.Unload();
     });
-    const std::string entry = "*StringID 2603* " + c.typed + "\r\n\r\n";
+    const std::string entry = Numbered("<BailoutInterval> ") + c.typed + "\r\n\r\n";
     EXPECT_EQ(dialogs.platform.boxes.empty() ? "" : dialogs.platform.LastBox().text, c.refused ? entry + c.box : c.box);
     EXPECT_EQ(preview.shown.empty(), c.refused);
   }
@@ -152,12 +155,12 @@ TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) 
 
 TEST_F(TableDialogs, WithoutAPlanThereIsNoRun) {
   With<frmBailoutStart>([](frmBailoutStart& dialog) { dialog.cbOK.Press(); });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 3003*"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<BailoutNoPlan>")));
   // An empty one, and one that is closed before OK.
   dialogs.platform.boxes.clear();
   dialogs.Open();
   With<frmBailoutStart>([](frmBailoutStart& dialog) { dialog.cbOK.Press(); });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7886*"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<NoLegs>")));
   dialogs.platform.boxes.clear();
   frmWaypointEditor& plan = OpenPlan();
   With<frmBailoutStart>([&](frmBailoutStart& dialog) {
@@ -165,7 +168,7 @@ TEST_F(TableDialogs, WithoutAPlanThereIsNoRun) {
     EXPECT_EQ(dialogs.forms.LoadNewDoc(), plan.Tag());
     dialog.cbOK.Press();
   });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7327*"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<PlanClosed>")));
   EXPECT_THAT(runs.told, IsEmpty());
   EXPECT_EQ(preview.shown, "");
 }
@@ -245,7 +248,7 @@ TEST_F(TableDialogs, TheTableExpertRemembersItsGridForEachUnit) {
     EXPECT_EQ(dialog.tbSD.Text.Get() + " " + dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "9 54 3");
     EXPECT_EQ(dialog.tbST.Text.Get() + " " + dialog.tbET.Text.Get() + " " + dialog.tbTI.Text.Get(), "5 45 5");
     EXPECT_TRUE(dialog.Check1.Value);
-    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6027*");
+    EXPECT_EQ(dialog.Label11.Caption.Get(), Numbered("<ReportMetres>"));
     EXPECT_EQ(dialog.Label13.Caption.Get(), dialogs.Document().Template.Templatename);
     EXPECT_EQ(dialog.Combo1.Items.Get().size(), dialogs.Document().Template.Blends.size());
     EXPECT_EQ(dialog.Label7.Caption.Get(), "21/0");
@@ -256,7 +259,7 @@ TEST_F(TableDialogs, TheTableExpertRemembersItsGridForEachUnit) {
     dialog.tbDI.Type("0");
     dialog.Check1.Set(false);
     dialog.cbStart.Press();
-    EXPECT_THAT(Boxes(), ElementsAre("*StringID 2703* 0\r\n\r\n*StringID 2715*"));
+    EXPECT_THAT(Boxes(), ElementsAre(Numbered("<TablesFields+2> 0\r\n\r\n<TablesDepthInterval>")));
     EXPECT_TRUE(dialogs.platform.settings.empty());
     EXPECT_EQ(preview.shown, "");
     EXPECT_EQ(dialog.tbED.Text.Get() + dialog.Label7.Caption.Get(), "1218/45");
@@ -274,7 +277,7 @@ TEST_F(TableDialogs, TheTableExpertRemembersItsGridForEachUnit) {
   dialogs.Document().Template.Metric = false;
   With<frmTableExpert>([&](frmTableExpert& dialog) {
     EXPECT_EQ(dialog.tbSD.Text.Get() + " " + dialog.tbED.Text.Get() + " " + dialog.tbDI.Text.Get(), "30 180 10");
-    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6029*");
+    EXPECT_EQ(dialog.Label11.Caption.Get(), Numbered("<ReportFeet>"));
     EXPECT_FALSE(dialog.Check1.Value);
     dialog.cbCancel.Press();
   });
@@ -285,13 +288,13 @@ TEST_F(TableDialogs, TheTableExpertPrintsOneTableForEachDepth) {
   With<frmTableExpert>([&](frmTableExpert& dialog) {
     dialogs.platform.onEvents = [&] {
       EXPECT_FALSE(dialog.cbStart.Enabled || dialog.Combo1.Enabled || dialog.tbSD.Enabled || dialog.tbTI.Enabled);
-      EXPECT_EQ(dialog.cbCancel.Caption.Get(), "*StringID 2711*");
+      EXPECT_EQ(dialog.cbCancel.Caption.Get(), Numbered("<Abort>"));
     };
     dialog.cbStart.Press();
   });
   // 16 tables, six to a page; some of the deeper ones take two cells.
   EXPECT_GE(report.Pages().Pages(), 3);
-  EXPECT_EQ(preview.shown, "*StringID 6132*");
+  EXPECT_EQ(preview.shown, Numbered("<DecoTables>"));
   EXPECT_THAT(runs.told, ElementsAre("begins 0", "ends"));
   EXPECT_EQ(dialogs.documents(0).Template.DescendRates[0].Rate, Single(18));
 }
@@ -307,7 +310,7 @@ TEST_F(TableDialogs, OneRunAtATimeWritesItsPages) {
     dialog.cbOK.Press();
     dialog.Unload();
   });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7332*", "*StringID 7332*"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<TablesBusy>"), Numbered("<TablesBusy>")));
   EXPECT_THAT(runs.told, ElementsAre("begins 7")) << "no other has begun";
 }
 
@@ -316,9 +319,9 @@ TEST_F(TableDialogs, TheTableExpertTakesNoMetresForFeet) {
   With<frmTableExpert>([&](frmTableExpert& dialog) {
     dialogs.Document(plan).Template.Metric = false;
     dialog.cbStart.Press();
-    EXPECT_THAT(Boxes(), ElementsAre("*StringID 7333*"));
+    EXPECT_THAT(Boxes(), ElementsAre(Numbered("<TablesOtherUnits>")));
     EXPECT_EQ(dialog.tbED.Text.Get(), "180");
-    EXPECT_EQ(dialog.Label11.Caption.Get(), "*StringID 6029*");
+    EXPECT_EQ(dialog.Label11.Caption.Get(), Numbered("<ReportFeet>"));
     dialog.Unload();
   });
   EXPECT_THAT(runs.told, IsEmpty());
@@ -331,16 +334,17 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
     int field;
     std::string reason;
   };
-  for (const Case& c : {Case{{"54", "9", "3", "5", "45", "5"}, 0, "*StringID 2714*"},
-                        Case{{"-9", "54", "3", "5", "45", "5"}, 0, "*StringID 2720*"},
-                        Case{{"-9", "-9", "3", "5", "45", "5"}, 0, "*StringID 2720*"},
-                        Case{{"9", "20000", "3", "5", "45", "5"}, 1, "*StringID 7300*"},
-                        Case{{"9", "54", "0.4", "5", "45", "5"}, 2, "*StringID 7987*\r\n*StringID 2715*"},
-                        Case{{"1", "1000", "1", "1", "1000", "1"}, 2, "*StringID 7301*"},
-                        Case{{"9", "54", "3", "50", "45", "5"}, 3, "*StringID 2716*"},
-                        Case{{"9", "54", "3", "5", "200000", "5"}, 4, "*StringID 7300*"},
-                        Case{{"9", "54", "3", "5", "45", "-1"}, 5, "*StringID 2717*"},
-                        Case{{"9", "54", "3", "5", "45", "x"}, 5, "*StringID 7326*"}}) {
+  for (const Case& c :
+       {Case{{"54", "9", "3", "5", "45", "5"}, 0, Numbered("<TablesDepthsSwapped>")},
+        Case{{"-9", "54", "3", "5", "45", "5"}, 0, Numbered("<TablesStartDepthNegative>")},
+        Case{{"-9", "-9", "3", "5", "45", "5"}, 0, Numbered("<TablesStartDepthNegative>")},
+        Case{{"9", "20000", "3", "5", "45", "5"}, 1, Numbered("<TablesBeyondPlanning>")},
+        Case{{"9", "54", "0.4", "5", "45", "5"}, 2, Numbered("<TablesRounded>\r\n<TablesDepthInterval>")},
+        Case{{"1", "1000", "1", "1", "1000", "1"}, 2, Numbered("<TablesTooMany>")},
+        Case{{"9", "54", "3", "50", "45", "5"}, 3, Numbered("<TablesTimesSwapped>")},
+        Case{{"9", "54", "3", "5", "200000", "5"}, 4, Numbered("<TablesBeyondPlanning>")},
+        Case{{"9", "54", "3", "5", "45", "-1"}, 5, Numbered("<TablesTimeInterval>")},
+        Case{{"9", "54", "3", "5", "45", "x"}, 5, Numbered("<NoNumber>")}}) {
     SCOPED_TRACE(c.reason);
     dialogs.platform.boxes.clear();
     With<frmTableExpert>([&](frmTableExpert& dialog) {
@@ -351,9 +355,9 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
       for (int i = 0; i < 6; ++i) EXPECT_EQ(fields[i]->ForeColor == kRed, i == c.field) << i;
       dialog.Unload();
     });
-    EXPECT_THAT(Boxes(), ElementsAre("*StringID " + std::to_string(2701 + c.field) + "* " +
+    EXPECT_THAT(Boxes(), ElementsAre("*StringID " + std::to_string(Text::TablesFields + c.field) + "* " +
                                      c.typed[static_cast<std::size_t>(c.field)] + "\r\n\r\n" + c.reason));
-    EXPECT_EQ(dialogs.platform.LastBox().title, "*StringID 2700*");
+    EXPECT_EQ(dialogs.platform.LastBox().title, Numbered("<TablesTitle>"));
   }
   dialogs.platform.boxes.clear();
   preview.shown.clear();
@@ -363,7 +367,7 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
     dialog.tbDI.Type("2.5");
     dialog.cbStart.Press();
   });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7987*\r\n"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<TablesRounded>\r\n")));
   EXPECT_FALSE(preview.shown.empty()) << "what is rounded is told, and the tables are made";
   // A gas that the plan has lost since the window opened.
   dialogs.platform.boxes.clear();
@@ -375,7 +379,7 @@ TEST_F(TableDialogs, WhatIsNoGridIsRefusedInWords) {
     EXPECT_EQ(dialog.Combo1.Items.Get().size(), 2U) << "those that there are now";
     dialog.Unload();
   });
-  EXPECT_THAT(Boxes(), ElementsAre("*StringID 7328*"));
+  EXPECT_THAT(Boxes(), ElementsAre(Numbered("<GasGone>")));
 }
 
 }  // namespace

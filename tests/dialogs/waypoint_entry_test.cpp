@@ -2,6 +2,7 @@
 
 #include "dialogs/waypoint_form.h"
 #include "support/dialog_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -108,7 +109,7 @@ TEST_F(Waypoints, AViewerChangesNothing) {
   viewer.Load();
   EXPECT_EQ(viewer.tbDepth.Text.Get(), "21.4");
   EXPECT_EQ(viewer.Combo1.Text(), "EAN50");
-  EXPECT_EQ(viewer.Label2.Caption.Get(), "*StringID 7029*") << "a row has a run time, not a time at depth";
+  EXPECT_EQ(viewer.Label2.Caption.Get(), Numbered("<RunTime>")) << "a row has a run time, not a time at depth";
   EXPECT_FALSE(viewer.cbOK.Visible || viewer.Frame3.Visible || viewer.Combo1.Visible);
   EXPECT_EQ(viewer.lbMixName.Caption.Get(), "EAN50");
   viewer.tbDepth.Type("50");

@@ -6,7 +6,9 @@
 #include <memory>
 
 #include "dialogs/conservatism.h"
+#include "model/text_id.h"
 #include "support/dialog_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -93,20 +95,20 @@ TEST_F(WaypointForm, AMixMadeOnALaterDiveAsksToSaveTheSeries) {
 }
 
 TEST_F(WaypointForm, ThePanelTellsOfTheMixUnderThePointer) {
-  const std::string end = "|    *StringID 6044*:  ";
-  const std::string ppo2 = "|*StringID 6041*:  ";
+  const std::string end = Numbered("|    <ReportEND>:  ");
+  const std::string ppo2 = Numbered("|<ReportPPO2>:  ");
   struct {
     double depth;
     bool o2Narcotic;
     Frame frmWaypointForm::*frame;
     std::string panel;
   } const cases[] = {
-      {30, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n35/0/65\r\n" + end + "22.9m" + ppo2 + "1.40 bar"},
-      {40, false, &frmWaypointForm::Frame4, "*StringID 3064*\r\n Gas N/A||"},
-      {40, false, &frmWaypointForm::Frame5, "*StringID 3065*\r\n28/9/63\r\n" + end + "29.9m" + ppo2 + "1.40 bar"},
-      {40, false, &frmWaypointForm::Frame6, "*StringID 3066*\r\n28/72/0\r\n" + end + "INF m" + ppo2 + "1.40 bar"},
+      {30, false, &frmWaypointForm::Frame4, Numbered("<Nitrox>\r\n35/0/65\r\n") + end + "22.9m" + ppo2 + "1.40 bar"},
+      {40, false, &frmWaypointForm::Frame4, Numbered("<Nitrox>\r\n Gas N/A||")},
+      {40, false, &frmWaypointForm::Frame5, Numbered("<Trimix>\r\n28/9/63\r\n") + end + "29.9m" + ppo2 + "1.40 bar"},
+      {40, false, &frmWaypointForm::Frame6, Numbered("<Heliox>\r\n28/72/0\r\n") + end + "INF m" + ppo2 + "1.40 bar"},
       {40, true, &frmWaypointForm::Frame6,
-       "*StringID 3066*\r\n28/72/0\r\n" + end + "4.0m" + ppo2 + "1.40 bar\r\n*StringID 6045*"}};
+       Numbered("<Heliox>\r\n28/72/0\r\n") + end + "4.0m" + ppo2 + Numbered("1.40 bar\r\n<ReportO2Narcotic>")}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.panel);
     Template().O2Narcotic = each.o2Narcotic;
@@ -123,7 +125,8 @@ TEST_F(WaypointForm, ThePanelTellsOfTheMixUnderThePointer) {
   f.Text1.Type("50");
   EXPECT_EQ(f.Text12.ForeColor.Get(), kRed);
   f.Text1.Type("21");
-  EXPECT_EQ(Panel(f), "*StringID 3064*\r\n21/0/79\r\n" + end + "40.0m" + ppo2 + "1.05 bar\r\n*StringID 6045*");
+  EXPECT_EQ(Panel(f),
+            Numbered("<Nitrox>\r\n21/0/79\r\n") + end + "40.0m" + ppo2 + Numbered("1.05 bar\r\n<ReportO2Narcotic>"));
   EXPECT_EQ(f.Text11.ForeColor.Get(), kRed);
   EXPECT_EQ(f.Text12.ForeColor.Get(), kBlack);
 }
@@ -159,7 +162,7 @@ TEST_F(WaypointForm, ThePanelFollowsTheTypedDepthAndHidesOffTheFrames) {
   frmWaypointForm& f = At(30);
   f.Frame4.MoveMouse();
   f.tbDepth.Type("0");
-  EXPECT_EQ(Panel(f), "*StringID 3064*\r\n100/0/0\r\n|    *StringID 6044*:  0.0m|*StringID 6041*:  1.00 bar");
+  EXPECT_EQ(Panel(f), Numbered("<Nitrox>\r\n100/0/0\r\n|    <ReportEND>:  0.0m|<ReportPPO2>:  1.00 bar"));
   f.udDepthSpin.Up();
   EXPECT_TRUE(f.Text12.Caption.Get().ends_with("1.10 bar"));
   for (const auto& off : {std::function<void()>([&] { f.Frame3.MoveMouse(); }), f.MouseMove}) {
@@ -206,7 +209,8 @@ TEST_F(WaypointForm, TheChosenGasIsToldAtTheTypedDepthWithItsLimits) {
 TEST_F(WaypointForm, TheTimeOfALegIsToldWithTheMoveInIt) {
   struct : TextSource {
     [[nodiscard]] std::string GetResString(int id) const override {
-      return id >= 7152 && id <= 7156 ? std::to_string(id) + " %1 %2 %3 %4" : TextSource::GetResString(id);
+      return id >= Text::WaypointDescent && id <= Text::WaypointLevel ? std::to_string(id) + " %1 %2 %3 %4"
+                                                                      : TextSource::GetResString(id);
     }
   } const texts;
   // Down at 18 m/min; up at 9 to 6 m and at 3 above.
@@ -214,11 +218,11 @@ TEST_F(WaypointForm, TheTimeOfALegIsToldWithTheMoveInIt) {
     const char* depth;
     const char* time;
     std::string told;
-  } const cases[] = {{"60", "25", "7152 25 1.7 23.3 60 m"},
-                     {"60", "1", "7154 1.7 %2 %3 %4"},
-                     {"30", "12.5", "7156 12.5 30 m %3 %4"},
-                     {"3", "5", "7153 5 3.7 1.3 3 m"},
-                     {"3", "0", "7155 3.7 %2 %3 %4"},
+  } const cases[] = {{"60", "25", Numbered("{WaypointDescent} 25 1.7 23.3 60 m")},
+                     {"60", "1", Numbered("{WaypointDescentTakes} 1.7 %2 %3 %4")},
+                     {"30", "12.5", Numbered("{WaypointLevel} 12.5 30 m %3 %4")},
+                     {"3", "5", Numbered("{WaypointAscent} 5 3.7 1.3 3 m")},
+                     {"3", "0", Numbered("{WaypointAscentTakes} 3.7 %2 %3 %4")},
                      {"", "5", ""},
                      {"60", "", ""},
                      {"20000", "5", ""},
@@ -241,10 +245,10 @@ TEST_F(WaypointForm, WhatThePlanCanNotTakeIsRefusedBeforeTheDialogCloses) {
     const char* depth;
     const char* time;
     std::string refusal;
-  } const cases[] = {{"-5", "10", "*StringID 7160*"},
-                     {"-10.1325", "10", "*StringID 7160*"},
-                     {"3", "10", "*StringID 3061*\r\n*StringID 7032*: "},
-                     {"60", "200000", "*StringID 7882*"}};
+  } const cases[] = {{"-5", "10", Numbered("<DepthNegative>")},
+                     {"-10.1325", "10", Numbered("<DepthNegative>")},
+                     {"3", "10", Numbered("<AboveCeiling>\r\n<Ceiling>: ")},
+                     {"60", "200000", Numbered("<LegTime>")}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.depth);
     frmWaypointForm& f = At(0);

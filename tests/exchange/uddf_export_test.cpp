@@ -10,6 +10,7 @@
 #include "support/random_plan.h"
 #include "support/random_records.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -127,7 +128,8 @@ TEST(UddfExport, APlanGivesWayToSamplesThatContradictIt) {
       EXPECT_NE(each.uddf.find("deep"), std::string::npos) << error.what();
       continue;
     }
-    const auto told = std::count(imported.remarks.begin(), imported.remarks.end(), "*StringID 7787*");
+    const auto told =
+        std::count(imported.remarks.begin(), imported.remarks.end(), Numbered("<ImportPlanContradicted>"));
     EXPECT_EQ(told, each.told);
     EXPECT_EQ(Text(imported.profile) == Text(series), each.told == 0 && &each != &cases[1]);
   }

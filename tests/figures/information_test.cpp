@@ -4,8 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/text_id.h"
 #include "reports/information_text.h"
 #include "support/plan_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -90,10 +92,10 @@ TEST(Information, RowsAreNamedByTheirKind) {
     double rate;
     std::string text;
   };
-  for (const Case& c :
-       {Case{0, true, 0, "*StringID 3017*"}, Case{4, true, 0, "*StringID 3021*"}, Case{5, true, 0, "*StringID 3022*"},
-        Case{-1, false, -9, ""}, Case{-1, true, -9, "*StringID 3023*"}, Case{-1, true, 18, "*StringID 3024*"},
-        Case{-1, true, 0, ""}}) {
+  for (const Case& c : {Case{0, true, 0, Numbered("<InfoKinds>")}, Case{4, true, 0, Numbered("<InfoKinds+4>")},
+                        Case{5, true, 0, Numbered("<InfoKinds+5>")}, Case{-1, false, -9, ""},
+                        Case{-1, true, -9, Numbered("<InfoAscent>")}, Case{-1, true, 18, Numbered("<InfoDescent>")},
+                        Case{-1, true, 0, ""}}) {
     Dive dive;
     Waypoint& row = dive.Add();
     row.Status = c.status;
@@ -156,8 +158,8 @@ TEST(InformationText, TellsGradientFactorsWhereTheyAreOn) {
   const DiveInformation information = dive.Information();
   const std::string text = InformationText(
       {"wreck", "", information.Info(), information.Profile(), information.DecoStops(), information.Gas()}, dive.texts);
-  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6171*: 0.30"));
-  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + "   *StringID 6170*: 0.85"));
+  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + Numbered("   <InfoLowGF>: 0.30")));
+  EXPECT_THAT(text, HasSubstr("\r\n" + std::string(19, ' ') + Numbered("   <InfoHighGF>: 0.85")));
 }
 
 TEST(Information, NamesTheModelInForceAndNoFactorsThatDoNothing) {
@@ -184,7 +186,7 @@ TEST(InformationText, SaysAtItsHeadWhatMustBeReadFirst) {
                                             {},
                                             "It ends under water."},
                                            dive.texts);
-  EXPECT_LT(text.find("! It ends under water."), text.find("*StringID 2100*"));
+  EXPECT_LT(text.find("! It ends under water."), text.find(Numbered("<InfoTitle>")));
 }
 
 TEST(InformationText, StandsInColumns) {
@@ -196,7 +198,9 @@ TEST(InformationText, StandsInColumns) {
   row.RunTime = 1234567;  // wider than its column
   struct Words : TextSource {
     [[nodiscard]] std::string GetResString(int id) const override {
-      return id == 2138 ? "Last Stop:" : id == 6084 ? "Tauchplan \u00e4" : "t" + std::to_string(id);
+      return id == Text::InfoLastStop  ? "Last Stop:"
+             : id == Text::ReportTitle ? "Tauchplan \u00e4"
+                                       : "t" + std::to_string(id);
     }
   } words;
   const DiveInformation information(dive.profile, dive.t, dive.marks, words, {});

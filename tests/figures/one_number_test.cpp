@@ -8,6 +8,7 @@
 #include "cli/commands.h"
 #include "dialogs/general_info.h"
 #include "dialogs/plan_pane.h"
+#include "model/text_id.h"
 #include "pages/page_player.h"
 #include "reports/dive_report.h"
 #include "support/program_fixture.h"
@@ -116,11 +117,12 @@ class ToldDive {
       return place < texts.size() ? texts[place] : "no " + head;
     };
     // Behind a head stand its unit, where it has one, and the figure.
-    const auto summary = static_cast<std::size_t>(std::find(texts.begin(), texts.end(), t(6112)) - texts.begin());
-    EXPECT_EQ(behind(summary, t(6115), 2), Fixed("run_time", 1));
-    EXPECT_EQ(behind(summary, t(6116), 2), Fixed("stops", 1));
-    EXPECT_EQ(behind(summary, t(6121), 1), Fixed("cns", 1, 100));
-    EXPECT_EQ(behind(summary, t(6122), 1), Fixed("otu", 1));
+    const auto summary =
+        static_cast<std::size_t>(std::find(texts.begin(), texts.end(), t(Text::ReportSummary)) - texts.begin());
+    EXPECT_EQ(behind(summary, t(Text::ReportRunTime), 2), Fixed("run_time", 1));
+    EXPECT_EQ(behind(summary, t(Text::ReportStopTime), 2), Fixed("stops", 1));
+    EXPECT_EQ(behind(summary, t(Text::ReportTotalCNS), 1), Fixed("cns", 1, 100));
+    EXPECT_EQ(behind(summary, t(Text::ReportTotalOTU), 1), Fixed("otu", 1));
     const auto gases = static_cast<std::size_t>(std::find(texts.begin(), texts.end(), t(6100)) - texts.begin());
     for (const auto& [name, used] : Gases()) {
       if (used == "0.0") continue;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/plan_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -14,12 +15,12 @@ TEST(DocumentPlan, FollowsEachEvaluation) {
   ASSERT_TRUE(editor.AddUserWaypoint(45, 30, 0));
   const auto lastMoment = [&] { return plan().moments.empty() ? -1.0 : double{plan().moments.back().time}; };
   EXPECT_EQ(lastMoment(), 30);
-  EXPECT_EQ(plan().notice, "*StringID 8256*") << "it has no ascent";
+  EXPECT_EQ(plan().notice, Numbered("<LacksAscent>")) << "it has no ascent";
   ASSERT_TRUE(editor.StartDeco());
   EXPECT_EQ(lastMoment(), editor.CurrentRunTime());
   EXPECT_EQ(plan().notice, "");
   plans.documents(editor.Tag()).Decompresses = false;
-  EXPECT_EQ(plan().notice, "*StringID 7020*");
+  EXPECT_EQ(plan().notice, Numbered("<DoesNotDecompress>"));
   plans.documents(editor.Tag()).Template.StepSize = 0;  // can't be planned on
   editor.ReEvaluateUserEnteredWaypoints();
   EXPECT_EQ(lastMoment(), -1);

@@ -9,6 +9,7 @@
 #include "model/number_text.h"
 #include "picture/graph_colours.h"
 #include "support/plan_fixture.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -179,7 +180,7 @@ TEST_F(Graph, OnlyAPlanThatIsThereFillsTheWindow) {
 }
 
 TEST_F(Graph, AnEmptyPlanTellsHowToBegin) {
-  const std::string hint = "*StringID 7101*";
+  const std::string hint = Numbered("<GraphHint>");
   EXPECT_THAT(grid.Texts(), Contains(hint));
   EXPECT_LT(std::ranges::find(grid.strokes, hint, &RecordingSurface::Stroke::text)->x0, 9200) << "in sight";
   AddLeg(36, 10);
@@ -297,9 +298,8 @@ TEST_F(Graph, TheTipTellsOfTheNearestRowAndWhatElseThereIsToTellOfIt) {
   AddLeg(36, 1);
   graph.rowRemark = [](std::int16_t row) { return row == 1 ? std::string("because of " + std::to_string(row)) : ""; };
   EXPECT_EQ(graph.TipAt(X(15), Y(36)), "");
-  EXPECT_EQ(graph.TipAt(X(2.9), Y(36)),
-            "*StringID 7028*: 36,0 m\n*StringID 7029*: 3,0 min\n*StringID 7030*: Air\n*StringID 7031*: 0,97 bar\n"
-            "*StringID 7032*: 0,0 m");
+  EXPECT_EQ(graph.TipAt(X(2.9), Y(36)), Numbered("<Depth>: 36,0 m\n<RunTime>: 3,0 min\n<Gas>: Air\n<PPO2>: 0,97 bar\n"
+                                                 "<Ceiling>: 0,0 m"));
   EXPECT_THAT(graph.TipAt(X(2.1), Y(36)), AllOf(HasSubstr("2,0 min"), EndsWith(": 0,0 m\nbecause of 1")));
 }
 

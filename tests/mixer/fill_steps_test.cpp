@@ -6,6 +6,7 @@
 #include "mixer/gauge_list.h"
 #include "start/language_table.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -31,15 +32,15 @@ TEST(FillSteps, AreReadAsDiversWriteThem) {
       {"he@66,9 o2@86,4,air@220", "0/100@66.9 100/0@86.4 21/0@220"},  // decimal commas
       {"Helium@67 Sauerstoff@86 Luft@220", "0/100@67 100/0@86 21/0@220"},
       {"top@100 ean36@150 Tx18/45@200 20,5/30@210", "32/0@100 36/0@150 18/45@200 20.5/30@210"},
-      {"he@67 o2@60", "8413 (o2@60, 67, 1000)"},
-      {"he@1", "8413 (he@1, 1, 1000)"},
-      {"air@1001", "8413 (air@1001, 1, 1000)"},
-      {"air@nan", "8412 (air@nan)"},
-      {"neon@50", "8412 (neon@50)"},
-      {"60/50@50", "8412 (60/50@50)"},
-      {"he 67", "8412 (he)"},
-      {"he@", "8412 (he@)"},
-      {" , ", "8412 ( , )"},
+      {"he@67 o2@60", Numbered("{StepsMustRise} (o2@60, 67, 1000)")},
+      {"he@1", Numbered("{StepsMustRise} (he@1, 1, 1000)")},
+      {"air@1001", Numbered("{StepsMustRise} (air@1001, 1, 1000)")},
+      {"air@nan", Numbered("{StepsForm} (air@nan)")},
+      {"neon@50", Numbered("{StepsForm} (neon@50)")},
+      {"60/50@50", Numbered("{StepsForm} (60/50@50)")},
+      {"he 67", Numbered("{StepsForm} (he)")},
+      {"he@", Numbered("{StepsForm} (he@)")},
+      {" , ", Numbered("{StepsForm} ( , )")},
   };
   for (const auto& [text, read] : cases) {
     std::string told;

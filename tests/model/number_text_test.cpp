@@ -7,6 +7,7 @@
 #include <random>
 
 #include "model/numbers.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -190,10 +191,10 @@ TEST(Numbers, RoundInTheSenseOfTheirUse) {
   EXPECT_EQ(RoundToInt16(32767.5), std::nullopt);
   EXPECT_EQ(RoundToInt16(-32769), std::nullopt);
   EXPECT_EQ(RoundToInt16(std::nan("")), std::nullopt);
-  EXPECT_EQ(FormatMinutes(0).Raw(), "7166 (0, 0)");
-  EXPECT_EQ(FormatMinutes(125.4).Raw(), "7166 (2, 5)");
-  EXPECT_EQ(FormatMinutes(62.5).Raw(), "7166 (1, 2)");
-  EXPECT_EQ(FormatMinutes(1499).Raw(), "7166 (24, 59)");
+  EXPECT_EQ(FormatMinutes(0).Raw(), Numbered("{HoursAndMinutes} (0, 0)"));
+  EXPECT_EQ(FormatMinutes(125.4).Raw(), Numbered("{HoursAndMinutes} (2, 5)"));
+  EXPECT_EQ(FormatMinutes(62.5).Raw(), Numbered("{HoursAndMinutes} (1, 2)"));
+  EXPECT_EQ(FormatMinutes(1499).Raw(), Numbered("{HoursAndMinutes} (24, 59)"));
 }
 
 }  // namespace

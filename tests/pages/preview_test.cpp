@@ -5,6 +5,7 @@
 #include "pages/preview_form.h"
 #include "pages/print_form.h"
 #include "support/scratch_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -52,7 +53,7 @@ TEST_F(Preview, TurnsPagesWithinTheReport) {
     preview.Cmd_Click(c.command);
     EXPECT_EQ(Seen(preview).first, c.page);
   }
-  EXPECT_EQ(preview.lbPage.Caption.Get(), "*StringID 2211*1*StringID 2212*5");
+  EXPECT_EQ(preview.lbPage.Caption.Get(), Numbered("<PreviewPage>1<PreviewOf>5"));
 }
 
 TEST_F(Preview, ZoomsBetweenATenthAndABitAboveTheRealSize) {
@@ -108,7 +109,7 @@ TEST_F(Preview, APdfThatCanNotBeWrittenIsAMessage) {
   platform.filesChosen.push_back("/tmp/plan.pdf");
   platform.printer.fails = "disk full";
   preview.cbPdf.Press();
-  EXPECT_EQ(platform.LastBox().text, "*StringID 7214*\r\ndisk full");
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PdfNotWritten>\r\ndisk full"));
   EXPECT_FALSE(platform.hourglass);
 }
 
@@ -127,7 +128,7 @@ TEST_F(PrintDialog, PrintsTheRangeAfterItsQuestion) {
   dialog.sPag.Select(1);
   dialog.ePag.Select(2);
   dialog.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, "*StringID 2215*\t2\n*StringID 2216*\t3?");
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PrintFromPage>\t2\n<PrintToPage>\t3?"));
   ASSERT_EQ(platform.printer.jobs.size(), 1U);
   EXPECT_EQ(platform.printer.jobs[0]->sheets.size(), 2U);
   EXPECT_FALSE(dialog.IsLoaded());
@@ -138,7 +139,7 @@ TEST_F(PrintDialog, AFirstPageBehindTheLastPrintsThatPageAlone) {
   dialog.sPag.Select(2);
   dialog.ePag.Select(1);
   dialog.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, "*StringID 2211*3?");
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PreviewPage>3?"));
   EXPECT_EQ(platform.printer.jobs.at(0)->sheets.size(), 1U);
 }
 
@@ -168,7 +169,7 @@ TEST_F(PrintDialog, SaysWhatThePrinterReportsAndNothingWhenTheUserGivesUp) {
   PrintPrint second(writer, platform, "wreck");
   second.Load();
   second.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, "*StringID 7202*\r\nout of paper");
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PrinterFailed>\r\nout of paper"));
   EXPECT_FALSE(platform.hourglass);
 }
 
@@ -183,7 +184,7 @@ TEST_F(PrintDialog, ClosesWithoutPrintingOnNoAndWithoutAPrinterItSaysSo) {
   PrintPrint second(writer, platform, "wreck");
   second.Load();
   second.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, "*StringID 7201*");
+  EXPECT_EQ(platform.LastBox().text, Numbered("<NoPrinter>"));
   EXPECT_TRUE(platform.printer.jobs.empty());
   EXPECT_FALSE(platform.hourglass);
 }

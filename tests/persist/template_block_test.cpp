@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "model/number_text.h"
+#include "model/text_id.h"
 #include "persist/template_file.h"
 #include "support/english.h"
 #include "support/random_records.h"
@@ -41,7 +42,7 @@ std::string Advice(const std::string& text) {
   ReadTemplateText(diveTemplate, text, faults);
   std::string all;
   for (const FormatFault& fault : faults.List()) {
-    if (fault.text.text == 8154) continue;
+    if (fault.text.text == Text::NotTold) continue;
     all += std::to_string(fault.line) + (fault.error ? " error: " : " advice: ") + test::English().Words(fault.text) +
            "\n";
   }

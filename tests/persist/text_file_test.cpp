@@ -15,6 +15,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "model/text_id.h"
 #include "support/english.h"
 #include "support/scratch_folder.h"
 
@@ -127,9 +128,9 @@ TEST(WriteTextFile, KeepsWhatTheFileHasAndTellsWhatItCannot) {
   } cases[] = {
       {"by its owner", kOther, kOther, kOther, 0640, false, 0640, {}},
       {"by an administrator", 0, kOther, kOther, 0664, false, 0664, {}},
-      {"by another of its group", kOther + 1, kOther, kOther, 0664, false, 0664, {8060}},
-      {"by anyone", kOther + 2, kOther, kOther, 0676, false, 0666, {8060, 8061}},
-      {"that has another name", kOther, kOther, kOther, 0600, true, 0600, {8062}},
+      {"by another of its group", kOther + 1, kOther, kOther, 0664, false, 0664, {Text::SavedOtherOwner}},
+      {"by anyone", kOther + 2, kOther, kOther, 0676, false, 0666, {Text::SavedOtherOwner, Text::SavedOtherGroup}},
+      {"that has another name", kOther, kOther, kOther, 0600, true, 0600, {Text::SavedOtherNames}},
   };
   if (::geteuid() != 0) GTEST_SKIP() << "only an administrator can make files of others";
   for (const auto& known : cases) {

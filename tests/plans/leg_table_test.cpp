@@ -5,6 +5,7 @@
 
 #include "model/template_faults.h"
 #include "persist/template_file.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -143,16 +144,16 @@ TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {
     const char* fault;
   } const cases[] = {
       {"500", "100000", "EAN32", ""},
-      {"500.1", "20", "Air", "0.0 *StringID 7503*"},
-      {"-1", "20", "Air", "0.0 *StringID 7160*"},
-      {"", "20", "Air", "0.0 *StringID 7430*"},
-      {"3o", "20", "Air", "0.0 *StringID 7431*"},
-      {"30", "", "Air", "0.1 *StringID 7430*"},
-      {"30", "x", "Air", "0.1 *StringID 7431*"},
-      {"30", "-1", "Air", "0.1 *StringID 7504*"},
-      {"30", "100001", "Air", "0.1 *StringID 7505*"},
-      {"30", "20", "EAN33", "0.2 *StringID 7506*"},
-      {"30", "1e300", "Air", "0.1 *StringID 7505*"},
+      {"500.1", "20", "Air", Numbered("0.0 <DepthTooDeep>")},
+      {"-1", "20", "Air", Numbered("0.0 <DepthNegative>")},
+      {"", "20", "Air", Numbered("0.0 <IsMissing>")},
+      {"3o", "20", "Air", Numbered("0.0 <IsNoNumber>")},
+      {"30", "", "Air", Numbered("0.1 <IsMissing>")},
+      {"30", "x", "Air", Numbered("0.1 <IsNoNumber>")},
+      {"30", "-1", "Air", Numbered("0.1 <TimeNegative>")},
+      {"30", "100001", "Air", Numbered("0.1 <TimeTooLong>")},
+      {"30", "20", "EAN33", Numbered("0.2 <NoSuchGas>")},
+      {"30", "1e300", "Air", Numbered("0.1 <TimeTooLong>")},
   };
   for (const auto& each : cases) {
     LegTable table = Loaded({});
@@ -170,7 +171,7 @@ TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {
   }
   settings_.Metric = false;
   Paste("1600\t20\n1601\t20\n");
-  EXPECT_THAT(Faults(table_), ElementsAre("1.0 *StringID 7503*")) << "feet";
+  EXPECT_THAT(Faults(table_), ElementsAre(Numbered("1.0 <DepthTooDeep>"))) << "feet";
 }
 
 TEST_F(Legs, OfAFileAreHeldAgainstTheLimitsOfFiles) {
@@ -180,11 +181,11 @@ TEST_F(Legs, OfAFileAreHeldAgainstTheLimitsOfFiles) {
   actions.NewAction();
   actions.setuser(2, 30, 20, 99);
   LegTable table = Loaded(actions);
-  EXPECT_THAT(Faults(table), ElementsAre("1.2 *StringID 7328*")) << "a gas that is gone";
+  EXPECT_THAT(Faults(table), ElementsAre(Numbered("1.2 <GasGone>"))) << "a gas that is gone";
   table.Set(1, LegTable::Field::Gas, "EAN50");
   EXPECT_THAT(Faults(table), IsEmpty());
   table.Set(0, LegTable::Field::Depth, "601");
-  EXPECT_THAT(Faults(table), ElementsAre("0.0 *StringID 7503*"));
+  EXPECT_THAT(Faults(table), ElementsAre(Numbered("0.0 <DepthTooDeep>")));
 }
 
 TEST_F(Legs, OnASecondGasOfANameStayOnIt) {

@@ -6,6 +6,7 @@
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -30,8 +31,8 @@ TEST(OpenProfile, LinksItsDivesAndNumbersThemFromOne) {
   EXPECT_EQ(plans.documents(2).StartOTU, plans.documents(1).TotalOTU);
   EXPECT_EQ(plans.documents(2).ProfileFolder, kSeries.parent_path().string() + "/");
   EXPECT_FALSE(plans.documents(1).Modified);
-  EXPECT_EQ(plans.forms.Caption(1), "lake-series.tav*StringID 6163*Default.tpl]");
-  EXPECT_THAT(plans.forms.Caption(2), testing::StartsWith("lake-series.tav*StringID 3013*:2"));
+  EXPECT_EQ(plans.forms.Caption(1), Numbered("lake-series.tav<CaptionTemplate>Default.tpl]"));
+  EXPECT_THAT(plans.forms.Caption(2), testing::StartsWith(Numbered("lake-series.tav<DiveNumber>:2")));
   EXPECT_THAT(plans.display.told, testing::ElementsAre(1, 2, 2)) << "each when it is whole, and the last in front";
   EXPECT_EQ(ProfileFileText(plans.forms, 2), ReadTextFile(kSeries)) << "opening changes nothing";
 }

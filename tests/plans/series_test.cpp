@@ -7,6 +7,7 @@
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -59,7 +60,7 @@ TEST_F(Series, CarriesOxygenDosesOverTheInterval) {
   EXPECT_EQ(first_.getLastProfile(), third_.Tag());
   EXPECT_EQ(third_.DiveNumber, 3);
   EXPECT_EQ(plans_.forms.Caption(second_.Tag()),
-            "*StringID 1060*1*StringID 3013*:2*StringID 6163*Default.tpl]*StringID 3016* *StringID 7166*");
+            Numbered("<UntitledPlan>1<DiveNumber>:2<CaptionTemplate>Default.tpl]<CaptionInterval> <HoursAndMinutes>"));
 }
 
 TEST_F(Series, IsTheSameAfterOpeningItsFile) {
@@ -97,8 +98,8 @@ TEST_F(Series, CarriesTheLoadsOverIntoOtherUnits) {
 TEST_F(Series, RecomputesLaterDivesWhenAnEarlierOneChanges) {
   const std::string before = Rows(third_);
   first_.mnucleardecopoints();
-  EXPECT_EQ(second_.EvaluationFault(), "*StringID 7885*");
-  EXPECT_EQ(third_.EvaluationFault(), "*StringID 7885*");
+  EXPECT_EQ(second_.EvaluationFault(), Numbered("<DiveNotComputed>"));
+  EXPECT_EQ(third_.EvaluationFault(), Numbered("<DiveNotComputed>"));
   EXPECT_EQ(third_.State(), EditState::Empty);
   plans_.display.told.clear();
   Dived(first_, 30, 40);
@@ -115,7 +116,7 @@ TEST_F(Series, ClosesTheGapThatADiveLeaves) {
   EXPECT_EQ(third_.PrevProfile, first_.Tag());
   EXPECT_EQ(Document(third_).PreviousDocument, first_.Tag());
   EXPECT_EQ(third_.DiveNumber, 2);
-  EXPECT_THAT(plans_.forms.Caption(third_.Tag()), testing::StartsWith("*StringID 1060*1*StringID 3013*:2"));
+  EXPECT_THAT(plans_.forms.Caption(third_.Tag()), testing::StartsWith(Numbered("<UntitledPlan>1<DiveNumber>:2")));
   EXPECT_THAT(Opened(Rows), ElementsAre(Rows(first_), Rows(third_)));
   EXPECT_NE(Rows(third_), before);
 

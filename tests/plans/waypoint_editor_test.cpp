@@ -1,14 +1,15 @@
 #include "plans/waypoint_editor.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <functional>
 #include <random>
 #include <utility>
 
 #include "model/number_text.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -116,7 +117,7 @@ TEST_F(Editor, RefusesAWaypointThatCannotBe) {
   EXPECT_FALSE(plan_.AddUserWaypoint(5, 10, 0));
   EXPECT_FALSE(plan_.AddUserWaypoint(60, -1, 0));
   EXPECT_FALSE(plan_.AddUserWaypoint(60, 10, 77));
-  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 3061*", "*StringID 7882*", "*StringID 7883*"));
+  EXPECT_THAT(plans_.boxes.shown, ElementsAre(Numbered("<AboveCeiling>"), Numbered("<LegTime>"), Numbered("<LegGas>")));
   EXPECT_EQ(plan_.UserActions.GetLength(), 1);
   EXPECT_EQ(Rows(), before);
   EXPECT_FALSE(Document().Modified);
@@ -137,12 +138,12 @@ TEST_F(Editor, TellsWhyItCannotComputeAndRecovers) {
   };
   Document().Template.DescendRates.clear();
   Document().Template.StepSize = 0;
-  expectFault("*StringID 7862*; *StringID 7871*");
+  expectFault(Numbered("<StepTooSmall>; <NoRate>"));
   Document().Template.Blends.resize(1);
-  expectFault("*StringID 7884*");
+  expectFault(Numbered("<ActionFault>"));
   Document().Template.StepSize = 0.1;
   plan_.UserActions.setuser(1, 9000, 90000, 1);
-  expectFault("*StringID 7507*");
+  expectFault(Numbered("<TooManyRows>"));
 
   plan_.UserActions.setuser(1, 30, 30, 1);
   plan_.ReEvaluateUserEnteredWaypoints();
@@ -156,7 +157,7 @@ TEST_F(Editor, KeepsThePlanWhenAnAscentCannotBeComputed) {
   const std::string rows = Rows();
   Document().Template.EndPressure = 0;
   EXPECT_FALSE(plan_.StartDeco());
-  EXPECT_THAT(plans_.boxes.shown, ElementsAre("*StringID 8155*"));
+  EXPECT_THAT(plans_.boxes.shown, ElementsAre(Numbered("<KeyOutside>")));
   EXPECT_EQ(plan_.UserActions.GetLength(), 1);
   EXPECT_EQ(Rows(), rows);
   EXPECT_FALSE(Document().Modified);
@@ -248,7 +249,7 @@ TEST(Closing, AsksOnceAboutUnsavedChangesAndLosesNothingUnasked) {
     EXPECT_EQ(saveCalls, known.saveCalls);
     EXPECT_EQ(static_cast<int>(plans.boxes.shown.size()), known.questions);
     for (const std::string& question : plans.boxes.shown) {
-      EXPECT_EQ(question, "*StringID 3057**StringID 1060*1*StringID 6163*Default.tpl]]?\r\n*StringID 3058*");
+      EXPECT_EQ(question, Numbered("<UnsavedName><UntitledPlan>1<CaptionTemplate>Default.tpl]]?\r\n<UnsavedQuestion>"));
     }
     EXPECT_EQ(document.TotalOTU == 0, known.closes && known.modified) << "what the next dive starts from";
     EXPECT_EQ(plan.UserActions.GetLength(), 2);
@@ -275,7 +276,7 @@ TEST(Closing, LeavesNothingToThePlanThatTakesItsNumber) {
   EXPECT_EQ(next.CurrentRunTime(), Single(0));
   EXPECT_EQ(next.DiveNumber, 1);
   EXPECT_EQ(next.PrevProfile, -1);
-  EXPECT_EQ(plans.forms.Caption(2), "*StringID 1060*2*StringID 6163*Default.tpl]");
+  EXPECT_EQ(plans.forms.Caption(2), Numbered("<UntitledPlan>2<CaptionTemplate>Default.tpl]"));
   next.mnucleardecopoints();
   EXPECT_EQ(test::RowsText(next.InputProfile), empty) << "no ascent of the old plan comes back";
 }

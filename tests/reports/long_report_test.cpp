@@ -10,6 +10,7 @@
 #include "reports/dive_report.h"
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -104,8 +105,8 @@ TEST_F(LongReports, BottomSegmentsAndStopsGoOnOnFurtherPages) {
     int bottomHeads = 0;
     int stopHeads = 0;
     for (int page = 1; page <= writer.Pages().Pages(); ++page) {
-      bottomHeads += Has(page, "*StringID 6088*");
-      stopHeads += Has(page, "*StringID 6096*");
+      bottomHeads += Has(page, Numbered("<ReportBottom>"));
+      stopHeads += Has(page, Numbered("<ReportStops>"));
       for (const Stroke& stroke : Page(page)) {
         const bool row = stroke.kind == Kind::PageText && stroke.font.points == 10 && !stroke.font.bold;
         EXPECT_TRUE(!row || stroke.y0 <= 16.8 * kCm) << c.rows << " rows, page " << page << ": " << stroke.text;
@@ -126,8 +127,9 @@ TEST_F(LongReports, APlanThatDoesNotDecompressSaysSoOnEachPageInTheOpen) {
   report.LongReport({profile, t, false, 1, 0, false});
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
     const auto strokes = Page(page);
-    const auto notice = std::find_if(strokes.begin(), strokes.end(),
-                                     [](const Stroke& stroke) { return stroke.text == "*StringID 7020*"; });
+    const auto notice = std::find_if(strokes.begin(), strokes.end(), [](const Stroke& stroke) {
+      return stroke.text == Numbered("<DoesNotDecompress>");
+    });
     ASSERT_NE(notice, strokes.end()) << page;
     EXPECT_EQ(notice->colour, kRed);
     for (const Stroke& stroke : strokes) {
@@ -145,16 +147,16 @@ TEST_F(LongReports, APlanWithoutAscentSaysSoWhereTheStopsWouldBe) {
   report.InitLongReport();
   report.LongReport({profile, t, false, 1, 0, true, {}, "wreck.tav, dive 1"});
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
-    EXPECT_THAT(Texts(page), Contains("*StringID 8256*")) << page;
-    EXPECT_THAT(Texts(page), Not(Contains("*StringID 6016*"))) << page;
-    EXPECT_THAT(Texts(page), Contains("*StringID 6081*, wreck.tav, dive 1")) << page;
+    EXPECT_THAT(Texts(page), Contains(Numbered("<LacksAscent>"))) << page;
+    EXPECT_THAT(Texts(page), Not(Contains(Numbered("<ReportNoStops>")))) << page;
+    EXPECT_THAT(Texts(page), Contains(Numbered("<ReportProgram>, wreck.tav, dive 1"))) << page;
   }
   // A plan that comes up by its own legs has an ascent and no stops.
   profile.Row(1).Depth = 0;
   report.InitLongReport();
   report.LongReport({profile, t, false, 1, 0});
-  EXPECT_THAT(Texts(1), Not(Contains("*StringID 8256*")));
-  EXPECT_THAT(Texts(2), Contains("*StringID 6016*"));
+  EXPECT_THAT(Texts(1), Not(Contains(Numbered("<LacksAscent>"))));
+  EXPECT_THAT(Texts(2), Contains(Numbered("<ReportNoStops>")));
 }
 
 TEST_F(LongReports, NameTheModelInForceAndNoFactorsThatDoNothing) {
@@ -225,15 +227,15 @@ TEST_F(LongReports, FiguresStandInTheirColumns) {
 
 TEST_F(LongReports, SayWhatIsMissing) {
   Write(0, 0, false);
-  EXPECT_THAT(Texts(1), Contains("*StringID 6013*"));
-  EXPECT_THAT(Texts(2), Contains("*StringID 6016*"));
-  EXPECT_THAT(Texts(3), Contains("*StringID 6013*"));
+  EXPECT_THAT(Texts(1), Contains(Numbered("<ReportNoData>")));
+  EXPECT_THAT(Texts(2), Contains(Numbered("<ReportNoStops>")));
+  EXPECT_THAT(Texts(3), Contains(Numbered("<ReportNoData>")));
 }
 
 TEST_F(LongReports, WarnOfAHighGradientFactorInTitleAndInk) {
   t.GFHigh = 1.05;
   Write(1, RowStatus::kLeg, false);
-  EXPECT_THAT(Texts(1), Contains("*StringID 6082*"));
+  EXPECT_THAT(Texts(1), Contains(Numbered("<ReportHighFactor>")));
   const auto page = Page(1);
   const auto factors =
       std::find_if(page.begin(), page.end(), [](const Stroke& stroke) { return stroke.text == "0.30-1.05"; });
@@ -242,8 +244,8 @@ TEST_F(LongReports, WarnOfAHighGradientFactorInTitleAndInk) {
 
   t.UseGF = false;
   Write(1, RowStatus::kLeg, false);
-  EXPECT_THAT(Texts(1), Contains("*StringID 6084*"));
-  EXPECT_THAT(Texts(1), Contains("*StringID 6050*").Times(2));  // no factors, and depths are not adjusted
+  EXPECT_THAT(Texts(1), Contains(Numbered("<ReportTitle>")));
+  EXPECT_THAT(Texts(1), Contains(Numbered("<ReportOff>")).Times(2));  // no factors, and depths are not adjusted
 }
 
 TEST_F(LongReports, ImperialUnitsStandInEveryHead) {
@@ -251,9 +253,9 @@ TEST_F(LongReports, ImperialUnitsStandInEveryHead) {
   t.StartPressure = t.EndPressure = 1;
   Write(40, RowStatus::kAscentEnd, false);
   for (const int page : {1, 2, 3}) {
-    EXPECT_THAT(Texts(page), Contains("*StringID 6062*")) << page;
-    EXPECT_THAT(Texts(page), Contains("*StringID 6080*")) << page;
-    EXPECT_THAT(Texts(page), Not(Contains("*StringID 6061*"))) << page;
+    EXPECT_THAT(Texts(page), Contains(Numbered("<ReportDepthFeet>"))) << page;
+    EXPECT_THAT(Texts(page), Contains(Numbered("<ReportCubicFeet>"))) << page;
+    EXPECT_THAT(Texts(page), Not(Contains(Numbered("<ReportDepthMetres>")))) << page;
   }
 }
 
@@ -303,15 +305,15 @@ TEST_F(LongReports, ASeriesTellsNumberAndIntervalOfEachDiveButTheFirst) {
   std::vector<int> bands;
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
     const auto on = Texts(page);
-    if (std::find(on.begin(), on.end(), "*StringID 6019*") == on.end()) continue;
+    if (std::find(on.begin(), on.end(), Numbered("<ReportRepetitiveDive>")) == on.end()) continue;
     bands.push_back(page);
-    EXPECT_THAT(on, Contains("*StringID 7166*"));
+    EXPECT_THAT(on, Contains(Numbered("<HoursAndMinutes>")));
     EXPECT_THAT(on, Contains("2"));
   }
   EXPECT_EQ(bands.size(), 1U);
 
   WriteLongReport(report, plans.forms.Series(first.Tag(), false));
-  EXPECT_THAT(Texts(1), Not(Contains("*StringID 6019*")));
+  EXPECT_THAT(Texts(1), Not(Contains(Numbered("<ReportRepetitiveDive>"))));
 }
 
 }  // namespace

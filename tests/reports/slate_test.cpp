@@ -6,6 +6,7 @@
 
 #include "headless/headless_platform.h"
 #include "headless/recording_surface.h"
+#include "model/text_id.h"
 #include "pages/arial_measure.h"
 #include "pages/page_player.h"
 #include "pages/page_units.h"
@@ -13,6 +14,7 @@
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
+#include "support/text_names.h"
 
 namespace tav {
 namespace {
@@ -39,19 +41,19 @@ std::vector<std::string> Lines(const SlateRows& slate) {
 struct Words : TextSource {
   [[nodiscard]] std::string GetResString(int id) const override {
     switch (id) {
-      case 7315:
+      case Text::CardDepth:
         return "Depth";
-      case 7316:
+      case Text::CardStop:
         return "Stop";
-      case 7317:
+      case Text::CardRun:
         return "Run";
-      case 7734:
+      case Text::SlateUntil:
         return "until %1 min";
-      case 7735:
+      case Text::SlateTurn:
         return "Turn at %1";
-      case 7739:
+      case Text::SlatePPO2:
         return "PPO2 %1";
-      case 7740:
+      case Text::SlateSteps:
         return "steps %1, last %2";
       default:
         return "text " + std::to_string(id);
@@ -171,9 +173,9 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   }
   EXPECT_EQ(stops, 2 * static_cast<int>(rows.rows.size())) << "each row tells its depth in 14 points";
   EXPECT_GT(inverted, 0);
-  EXPECT_THAT(all, HasSubstr("text 7736"));
+  EXPECT_THAT(all, HasSubstr(Numbered("text {SlateDoesNotDecompress}")));
   EXPECT_THAT(all, HasSubstr("Turn at 120 bar"));
-  EXPECT_THAT(all, HasSubstr("text 7965"));
+  EXPECT_THAT(all, HasSubstr(Numbered("text {HeadDepthsAdjusted}")));
 
   // Legs alone: it is told at the head that there is no ascent.
   profile.CutAfter(1);
@@ -182,7 +184,8 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   slate.End();
   RecordingSurface surface(page::kWidth, page::kHeight);
   PagePlayer(pages.Pages()).tempshow(1, surface, 1);
-  EXPECT_TRUE(std::ranges::any_of(surface.strokes, [](const auto& stroke) { return stroke.text == "text 8257"; }));
+  EXPECT_TRUE(std::ranges::any_of(
+      surface.strokes, [](const auto& stroke) { return stroke.text == Numbered("text {SlateWithoutAscent}"); }));
 }
 
 }  // namespace

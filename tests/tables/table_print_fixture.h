@@ -8,6 +8,7 @@
 
 #include "compute/bailout_cuts.h"
 #include "headless/headless_platform.h"
+#include "model/text_id.h"
 #include "pages/page_player.h"
 #include "pages/page_units.h"
 #include "support/plan_fixture.h"
@@ -21,26 +22,26 @@ inline const RunProgress kGoOn = [](int, int) { return true; };
 /// The English words that the tests look for.
 struct Words : TextSource {
   [[nodiscard]] std::string GetResString(int id) const override {
-    static const std::map<int, std::string> kTexts{{7302, "Column"},
-                                                   {7303, "Columns"},
-                                                   {7304, "to"},
-                                                   {7305, "also"},
-                                                   {7306, "min"},
-                                                   {7307, "on"},
-                                                   {7308, "at"},
-                                                   {7309, "low PPO2"},
-                                                   {7310, "lost"},
-                                                   {7311, "All gases"},
-                                                   {7312, "Whole:"},
+    static const std::map<int, std::string> kTexts{{Text::TableColumn, "Column"},
+                                                   {Text::TableColumns, "Columns"},
+                                                   {Text::TableTo, "to"},
+                                                   {Text::TableStopAlso, "also"},
+                                                   {Text::Minutes, "min"},
+                                                   {Text::TableBreathe, "on"},
+                                                   {Text::TableAt, "at"},
+                                                   {Text::TablePPO2Low, "low PPO2"},
+                                                   {Text::TableLost, "lost"},
+                                                   {Text::TableAllGases, "All gases"},
+                                                   {Text::TableWholeBehind, "Whole:"},
                                                    {7313, "More:"},
-                                                   {7314, "Leave at"},
-                                                   {7319, "Needed:"},
-                                                   {7320, "l"},
-                                                   {7323, "No."},
-                                                   {6027, "m"},
-                                                   {1928, "Profile"},
-                                                   {6134, "Bail-out Tables"},
-                                                   {2110, "Runtime"}};
+                                                   {Text::CardLeaveAt, "Leave at"},
+                                                   {Text::CardGasNeeded, "Needed:"},
+                                                   {Text::CardLitres, "l"},
+                                                   {Text::TableNumber, "No."},
+                                                   {Text::ReportMetres, "m"},
+                                                   {Text::TableProfile, "Profile"},
+                                                   {Text::BailoutTables, "Bail-out Tables"},
+                                                   {Text::InfoRunTime, "Runtime"}};
     const auto found = kTexts.find(id);
     return found == kTexts.end() ? "#" + std::to_string(id) : found->second;
   }
