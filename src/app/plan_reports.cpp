@@ -62,7 +62,7 @@ void PlanReports::ShowGeneralReport() const {
   if (!all) return;
   const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
   services_.platform.windows.Show(wait);
-  constexpr int kRowsBetweenLooks = 100;
+  constexpr int kRowsBetweenLooks = 25;
   std::string step;
   GeneralReport report(
       services_.report, services_.forms(*active).EvaluatedWith(), [&](const std::string& now) { step = now; },

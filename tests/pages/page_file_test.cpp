@@ -72,8 +72,8 @@ TEST_F(Pages, CentredTextIsShiftedByItsWidthInThePreviewsOwnFont) {
   writer.TemPrint("#endpage");
   std::ifstream file(writer.Pages().Path(), std::ios::binary);
   const std::string all((std::istreambuf_iterator<char>(file)), {});
-  // 4 letters of 4.125 pt, half of them 165 units: 11 x 567 - 165.
-  EXPECT_THAT(all, HasSubstr("#x\r\n6072\r\n#txt_c\r\nABCD"));
+  // 2.778 of 8.25 pt for the letters, half of them 229 units: 11 x 567 - 229.
+  EXPECT_THAT(all, HasSubstr("#x\r\n6008\r\n#txt_c\r\nABCD"));
   EXPECT_THAT(all, Not(HasSubstr("#txt_c\r\nABCD\r\n#fn")));
 }
 

@@ -28,8 +28,10 @@ TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
   ASSERT_EQ(Pages(), 1);
   // Three columns: the first of three tables is centred in its cell, at 7.9 and 1.3 cm.
   const double x0 = 6.0 + (7.4 - 3.6) / 2;
+  // Digits are 0.556 of their size wide, in any weight.
   const auto centred = [](double x, const std::string& text) {
-    return x - std::floor(static_cast<double>(text.size()) * 82.5 / 2) / page::kUnitsPerCm;
+    constexpr double kDigit = 0.556 * 8.25 * 20;  // 1/1440 inch
+    return x - std::floor(static_cast<double>(text.size()) * kDigit / 2) / page::kUnitsPerCm;
   };
   const auto near = [](double x, double y) {
     return testing::Pair(testing::DoubleNear(x, 0.002), testing::DoubleNear(y, 0.002));
