@@ -39,7 +39,7 @@ void WriteCells(JsonWriter& json, const TableCells& cells) {
   json.List("cells", [&] {
     for (const auto& row : cells) {
       json.List([&] {
-        WriteTexts(json, {row[TableColumn::kMix], row[Text::Depth]});
+        WriteTexts(json, {row[TableColumn::kMix], row[TableColumn::kDepth]});
         WriteTexts(json, {row.begin() + TableColumn::kFirstDive, row.end()});
       });
     }
@@ -136,7 +136,7 @@ void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, co
   std::ostream& out = frame_.Out();
   out << "\n" << title << "\n";
   const std::size_t columns = table.totals.size();
-  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[Text::Depth]));
+  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[TableColumn::kDepth]));
   const std::size_t headWidth = 2 + kMixWidth + depthWidth;
   const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
   std::size_t from = 0;

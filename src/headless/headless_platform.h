@@ -40,9 +40,7 @@ class HeadlessPlatform : NotCopied,
   ~HeadlessPlatform() override = default;
 
   operator Platform() { return Services(); }  // NOLINT(google-explicit-constructor): it is one
-  Platform Services() {
-    return {*this, *this, *this, *this, *this, *this, *this, *this, printer, *this, separators};
-  }
+  Platform Services() { return {*this, *this, *this, *this, *this, *this, *this, *this, printer, *this, separators}; }
 
   // What has happened.
   std::vector<ShownBox> boxes;
