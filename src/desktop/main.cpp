@@ -20,12 +20,13 @@
 #include "desktop/silent_pdf.h"
 #include "desktop/start_check.h"
 #include "model/text_id.h"
-#include "model/text_id.h"
 #include "start/command_line.h"
 #include "start/standard_streams.h"
 #include "start/user_texts.h"
 
 namespace {
+
+namespace Text = tav::Text;
 
 std::string WindowSystemInformation() {
   const QSize screen = QGuiApplication::primaryScreen()->size();
@@ -44,7 +45,7 @@ constexpr int kNotStarted = 2;
 void TellLackOfDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
   const tav::LazyTexts texts(tav::ProgramFolders::OfThisProgram().ProgramFolder(), tav::LazyTexts::Language::User);
-  std::fprintf(stderr, "tav: %s\n", texts.GetResString(tav::Text::NoDisplay).c_str());
+  std::fprintf(stderr, "tav: %s\n", texts.GetResString(Text::NoDisplay).c_str());
   std::_Exit(kNotStarted);
 }
 
