@@ -24,7 +24,7 @@ void PlanExchange::ImportChosen() const {
                                                        "",
                                                        "",
                                                        {}});
-  if (!file.empty()) Import(file);
+  if (!file.empty()) static_cast<void>(Import(file));  // it has told what is wrong
 }
 
 bool PlanExchange::Import(const fs::path& file) const {

@@ -14,7 +14,7 @@ class PlanExchange {
   /// Imports a file that the user chooses.
   void ImportChosen() const;
   /// A dive log or waypoints as a new plan, and what was simplified told.
-  bool Import(const std::filesystem::path& file) const;
+  [[nodiscard]] bool Import(const std::filesystem::path& file) const;
   /// The series of the plan in front as UDDF.
   void Export() const;
   /// The graph of the plan in front, as SVG or PNG.

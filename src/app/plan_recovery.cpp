@@ -36,7 +36,7 @@ void PlanRecovery::Keep() const {
   for (const std::int16_t document : services_.OpenDocuments()) {
     if (services_.forms(document).PrevProfile != -1) continue;  // the first dive keeps the whole series
     if (IsUnsaved(document)) {
-      KeepCopyOf(document);
+      static_cast<void>(KeepCopyOf(document));  // the next time, when the disk has room
     } else {
       services_.recovery.Drop(document);
     }

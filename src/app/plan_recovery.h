@@ -19,9 +19,9 @@ class PlanRecovery {
  private:
   /// A series has changes that are in no file, by its first dive; those that are only on trial count.
   [[nodiscard]] bool IsUnsaved(std::int16_t document) const;
-  bool KeepCopyOf(std::int16_t document) const;
+  [[nodiscard]] bool KeepCopyOf(std::int16_t document) const;
   /// Opens a copy. True when it is a plan of this program now, with a copy of its own.
-  bool Recover(const Recovery::Copy& copy) const;
+  [[nodiscard]] bool Recover(const Recovery::Copy& copy) const;
 
   const MainServices& services_;
 };

@@ -96,7 +96,9 @@ OpenedPlan& CommandFrame::OpenPlan(const std::string& file) {
 }
 
 OpenedPlan& CommandFrame::Compute(const std::string& file, std::vector<DiveRecord> records) {
-  OpenedPlan& plan = opened_.emplace_back(file, std::move(records));
+  OpenedPlan& plan = opened_.emplace_back();
+  plan.file = file;
+  plan.records = std::move(records);
   plan.plans.reserve(plan.Dives());
   LongWork work(Terminal());
   for (const DiveRecord& dive : plan.records) {

@@ -35,7 +35,7 @@ std::string UsageOf(const Command& command) {
   bool more = false;
   for (const Option& option : command.options) {
     if (!option.HasName()) {
-      usage = option.name + (option.IsList() ? "... " : " ") + usage;
+      usage.insert(0, option.name + (option.IsList() ? "... " : " "));
     } else if (option.required) {
       usage += (option.shortName.empty() ? option.name : option.shortName) + " " + option.value + " ";
     } else {
