@@ -7,6 +7,7 @@ namespace {
 
 std::vector<std::string> TextsOf(const std::vector<GridCell>& row) {
   std::vector<std::string> texts;
+  texts.reserve(row.size());
   for (const GridCell& cell : row) texts.push_back(cell.text);
   return texts;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "figures/dive_figures.h"
 #include "model/numbers.h"
@@ -13,9 +14,9 @@ std::string Whole(Single value) { return FormatFixed(value, 0); }
 
 class Card {
  public:
-  Card(const TableDive& cut, const TableDives& scenario, const NumberTexts& numbers)
+  Card(const TableDive& cut, const TableDives& scenario, NumberTexts numbers)
       : cut_(cut),
-        numbers_(numbers),
+        numbers_(std::move(numbers)),
         settings_(scenario.diveTemplate),
         rows_(cut.profile),
         bottom_(LastUserRow(rows_)) {
