@@ -59,7 +59,7 @@ std::string TemplateTable::Fault(const std::string& title) const {
       if (fault.empty() && !NumberIn(text)) fault = T(Text::CellNoNumber) + text;
     }
     if (fault.empty()) fault = FaultOf(row);
-    if (!fault.empty()) return title + ", " + std::to_string(row) + ": " + fault;
+    if (!fault.empty()) return std::string(title).append(", ").append(std::to_string(row)).append(": ").append(fault);
   }
   return {};
 }

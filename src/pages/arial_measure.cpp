@@ -9,7 +9,7 @@ namespace tav {
 namespace {
 
 std::uint32_t Width(std::uint32_t letter, bool bold) {
-  const auto block = std::ranges::find_if(
+  const auto* const block = std::ranges::find_if(
       arial::kBlocks, [&](const arial::Block& known) { return letter >= known.first && letter <= known.last; });
   if (block == arial::kBlocks.end()) return arial::kDigit;
   return (bold ? arial::kBold : arial::kRegular)[block->at + letter - block->first];
