@@ -140,7 +140,8 @@ TEST_F(Tavplan, ListsFindingsWorstFirst) {
 
 TEST_F(Tavplan, TellsWhyEachStopLasts) {
   Run({"plan", "--json", Dive("wreck.tav")});
-  for (const json& row : OutJson()["dives"][0]["rows"]) {
+  const json dives = OutJson();
+  for (const json& row : dives["dives"][0]["rows"]) {
     EXPECT_EQ(row.contains("why"), row["status"] == 4);
     if (!row.contains("why")) continue;
     EXPECT_LE(row["why"]["load"], row["why"]["tolerated"]);
