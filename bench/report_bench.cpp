@@ -27,7 +27,7 @@ void LongReportOfASeries(benchmark::State& state) {
   HeadlessPlatform platform;
   TextSource texts;
   PrintPreview writer(platform, texts);
-  GeneralReport report(writer, {});
+  GeneralReport report(writer);
   for (auto _ : state) WriteLongReport(report, plans.forms.Series(last));
   state.counters["pages"] = writer.Pages().Pages();
 }

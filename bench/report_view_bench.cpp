@@ -25,7 +25,7 @@ void FillInformationWindow(benchmark::State& state) {
   test::Dialogs dialogs;
   const std::int16_t dive = OpenProfile(dialogs.forms, Trimix()).front();
   dialogs.forms.Activate(dive);
-  frmGeneralInfo form(dialogs.Services(), {});
+  frmGeneralInfo form(dialogs.Services());
   const auto dialog = MakeDialog(form, nullptr);
   form.Load();
   dialog->show();
@@ -44,7 +44,7 @@ class Report {
  public:
   Report() {
     const std::int16_t dive = OpenProfile(dialogs_.forms, Trimix()).front();
-    GeneralReport report(writer_, {});
+    GeneralReport report(writer_);
     WriteLongReport(report, dialogs_.forms.Series(dive, false));
   }
   [[nodiscard]] const PageFile& Pages() const { return writer_.Pages(); }

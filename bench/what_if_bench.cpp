@@ -18,7 +18,7 @@ void Columns(benchmark::State& state, const std::string& dive, bool wishAlone) {
   const TextSource texts;
   const AdviceWords words(texts, {".", ""}, true);
   const WhatIfWish wish;
-  WhatIf kept(plans.Planned(document), plans.model);
+  WhatIf kept(plans.Planned(document));
   std::size_t columns = 0;
   const auto work = [&](WhatIf& whatIf) {
     const auto made = whatIf.Columns(wish);
@@ -30,7 +30,7 @@ void Columns(benchmark::State& state, const std::string& dive, bool wishAlone) {
     if (wishAlone) {
       work(kept);
     } else {
-      WhatIf whatIf(plans.Planned(document), plans.model);
+      WhatIf whatIf(plans.Planned(document));
       work(whatIf);
     }
   }

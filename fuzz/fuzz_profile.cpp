@@ -9,26 +9,6 @@ using namespace tav;
 
 namespace {
 
-std::string Write(const ProfileText& profile) {
-  std::string text;
-  for (const DiveRecord& dive : profile.dives) {
-    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
-  }
-  return text;
-}
-
-/// Few and short dives: one case is to take milliseconds.
-bool IsSmall(const ProfileText& profile) {
-  if (profile.dives.size() > 3) return false;
-  for (const auto& [diveTemplate, interval, actions] : profile.dives) {
-    if (actions.GetLength() > 6) return false;
-    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
-      if (actions.getDepth(i) > 40 * diveTemplate.StepSize) return false;
-    }
-  }
-  return true;
-}
-
 /// Run times never go back, and every number that a reader sees is one.
 void RequireSoundRows(const ClassProfile& rows) {
   for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
@@ -64,10 +44,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto profile = read(text);
   if (!profile) return 0;
   fuzz::Require(!profile->dives.empty() && profile->dives.size() == profile->lines.size(), "a profile has dives");
-  const std::string written = Write(*profile);
+  const std::string written = WriteProfileText(profile->dives);
   const auto again = read(written);
   fuzz::Require(again.has_value(), "a written profile opens");
-  fuzz::Require(Write(*again) == written, "a profile is written as it was read");
-  if (IsSmall(*profile)) Evaluate(*profile);
+  fuzz::Require(WriteProfileText(again->dives) == written, "a profile is written as it was read");
+  if (fuzz::IsSmall(profile->dives, 40)) Evaluate(*profile);
   return 0;
 }

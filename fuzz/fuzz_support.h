@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <optional>
 #include <string_view>
+#include <vector>
 
+#include "model/dive_record.h"
 #include "persist/format_faults.h"
 
 namespace tav::fuzz {
@@ -42,6 +44,18 @@ auto ReadBothWays(Read read) -> std::optional<decltype(read(std::declval<FormatF
     return std::nullopt;
   }
   return record;
+}
+
+/// Few and short dives, with few stops: one case is to take milliseconds.
+inline bool IsSmall(const std::vector<DiveRecord>& dives, int stops) {
+  if (dives.size() > 3) return false;
+  for (const auto& [diveTemplate, interval, actions] : dives) {
+    if (actions.GetLength() > 6) return false;
+    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+      if (actions.getDepth(i) > stops * diveTemplate.StepSize) return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace tav::fuzz

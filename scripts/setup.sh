@@ -26,7 +26,7 @@ setup() {
 }
 
 build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
-  libpugixml-dev   qt6-base-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev libgl-dev fonts-liberation2 qt6-translations-l10n)
+  libpugixml-dev qt6-base-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev libgl-dev fonts-liberation2 qt6-translations-l10n)
 
 # What scripts/package needs beside that.
 package_packages=(dpkg-dev file lintian appstream desktop-file-utils librsvg2-bin)

@@ -3,15 +3,13 @@
 #include <algorithm>
 
 #include "compute/bailout_cuts.h"
-#include "figures/dive_figures.h"
 #include "model/text_id.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 namespace {
 
 using Kind = WhatIfColumn::Kind;
-
-constexpr double kNoise = 1e-3;  // litres or cubic feet, far below what is shown
 
 /// How much a bail-out asks for; the more, the worse.
 struct Demand {
@@ -61,26 +59,14 @@ Demand DemandOf(const TableDive& cut, const DiveTemplate& settings) {
 
 }  // namespace
 
-std::optional<bool> GasNeed::Enough() const {
-  if (!carried) return std::nullopt;
-  return used <= *carried - reserve + kNoise;
-}
-
 std::vector<GasNeed> GasNeeds(const ClassProfile& rows, const DiveTemplate& settings) {
   std::vector<GasNeed> needs;
-  for (const GasTotal& total : GasTotals(rows, settings)) {
-    if (!(total.total > 0)) continue;
-    GasNeed& need = needs.emplace_back();
-    need.mix = total.Name;
-    need.used = total.total;
+  for (const GasStore& store : StoresOf(rows, settings, settings.Cylinders)) {
+    if (!(store.used > 0)) continue;
+    GasNeed& need = needs.emplace_back(GasNeed{store.gas, store.used, std::nullopt, std::nullopt});
     if (settings.Cylinders.empty()) continue;
-    need.carried = 0;
-    for (const Cylinder& cylinder : settings.Cylinders) {
-      if (cylinder.Gas != need.mix) continue;
-      const double perPressure = GasPerPressure(cylinder, settings.Metric);
-      *need.carried += perPressure * PressureIn(settings.Metric, cylinder, cylinder.Fill);
-      need.reserve += perPressure * PressureIn(settings.Metric, cylinder, cylinder.Reserve);
-    }
+    need.carried = store.carried;
+    need.enough = store.verdict == GasVerdict::Enough;
   }
   return needs;
 }
@@ -103,8 +89,7 @@ std::string WhatIfColumn::Id() const {
   return {};
 }
 
-WhatIf::WhatIf(const PlannedDive& dive, const ModelChoice& model)
-    : plan_(dive.record), model_(model), fault_(dive.plan.fault) {
+WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.model), fault_(dive.plan.fault) {
   if (dive.before != nullptr) before_ = *dive.before;
   ClassUseractions& actions = plan_.UserActions;
   for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {

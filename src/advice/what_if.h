@@ -27,10 +27,7 @@ struct GasNeed {
   std::string mix;
   Single used;                    ///< litres or cubic feet at the surface
   std::optional<double> carried;  ///< the same; nothing where no cylinders are told at all
-  double reserve = 0;             ///< what must stay of it
-
-  /// What is used leaves the reserve alone; nothing where no cylinders are told.
-  [[nodiscard]] std::optional<bool> Enough() const;
+  std::optional<bool> enough;     ///< what is used leaves the reserve alone
 };
 
 /// One element for each gas that the rows breathe, in the order of the template.
@@ -56,11 +53,12 @@ struct WhatIfColumn {
 
 /// What becomes of a plan when something changes: a longer or deeper leg, a lost gas, the loop that fails.
 ///
-/// Each column is the plan with one change, computed like any plan. The plan is taken when the object is made, with the
-/// loads and doses of the dive before. A plan without an ascent gets one, since without it there is nothing to compare.
+/// Each column is the plan with one change, computed by the model that the plan was computed by. The plan is taken when
+/// the object is made, with the loads and doses of the dive before. A plan without an ascent gets one, since without it
+/// there is nothing to compare.
 class WhatIf {
  public:
-  WhatIf(const PlannedDive& dive, const ModelChoice& model);
+  explicit WhatIf(const PlannedDive& dive);
 
   /// Why there is nothing to compare: no legs, a plan that can't be computed. Empty when there is.
   [[nodiscard]] const Message& Fault() const { return fault_; }

@@ -12,10 +12,12 @@ void EngineWarnings::Warn(const LimitWarning& warning, const Words& words) {
        texts_.GetResString(words.title));
 }
 
-void EngineWarnings::Show(const Subject& subject, const std::string& text, const std::string& title) {
+void EngineWarnings::Show(const Subject& subject, const std::string& told, const std::string& title) {
   if (silent) return;
+  const std::string plan = subject.document == -1 ? "" : elsewhere(subject.document);
+  const std::string text = plan.empty() ? told : plan + "\r\n" + told;
   if (!inCommand_ && subject.document != -1) {
-    if (memory_.IsNews(subject.document, text, returning())) {
+    if (memory_.IsNews(subject.document, told, returning())) {
       boxes_.Show(text, title, BoxIcon::Exclamation, BoxButtons::OK);
     }
     return;

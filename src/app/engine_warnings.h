@@ -47,6 +47,8 @@ class EngineWarnings : public EngineObserver {
   bool silent = false;
   /// Set by the program: whether a run returns to an earlier state of its plan.
   std::function<bool()> returning = [] { return false; };
+  /// Set by the program: the title of a plan that is not the one in front; empty for that one.
+  std::function<std::string(std::int16_t document)> elsewhere = [](std::int16_t) { return std::string(); };
 
   [[nodiscard]] WarningMemory& Memory() { return memory_; }
 
@@ -65,7 +67,7 @@ class EngineWarnings : public EngineObserver {
     std::int16_t document;
     int kind;
   };
-  void Show(const Subject& subject, const std::string& text, const std::string& title);
+  void Show(const Subject& subject, const std::string& told, const std::string& title);
   /// Where it is: depth and gas.
   [[nodiscard]] std::string Place(Single depth, const std::string& gas, bool metric) const;
   [[nodiscard]] std::string Fixed(Single value, int decimals) const { return numbers_.Fixed(value, decimals); }

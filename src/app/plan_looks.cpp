@@ -1,5 +1,6 @@
 #include "app/plan_looks.h"
 
+#include "figures/dive_figures.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -12,7 +13,10 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
   look.modified = services_.Document(editor.getFirstProfile()).Modified;  // a series is saved as a whole
   look.repetitive = editor.PrevProfile != -1;
   look.notice = editor.EvaluationFault();
-  if (look.notice.empty() && !state.Decompresses) look.notice = services_.T(Text::DoesNotDecompress);
+  // A plan that is being entered lacks its ascent most of the time: that is told by what shows its figures.
+  if (look.notice.empty() && NoticeOf(editor.InputProfile, state.Decompresses) == Text::DoesNotDecompress) {
+    look.notice = services_.T(Text::DoesNotDecompress);
+  }
   if (const auto set = set_.find(document); set != set_.end()) {
     if (set->second.evaluation == editor.Evaluation()) look.selected = set->second.selected;
     look.overlay = set->second.overlay;

@@ -12,8 +12,7 @@ namespace tav {
 void PlanReports::ShowDiveInformation() const {
   const auto active = services_.Active();
   if (!active) return;
-  // The model that made the rows: another one that is marked meanwhile has not computed them yet.
-  frmGeneralInfo window(dialogs_, services_.forms(*active).EvaluatedWith());
+  frmGeneralInfo window(dialogs_);
   services_.platform.windows.ShowModal(window);
 }
 
@@ -31,7 +30,7 @@ void PlanReports::ShowSlate() const {
   if (!active) return;
   const auto all = WholeSeries(*active);
   if (!all) return;
-  Slate slate(services_.report, services_.forms(*active).EvaluatedWith());
+  Slate slate(services_.report);
   WriteSlates({slate, services_.texts, services_.platform.separators, ReadSupplyChoice(services_.platform.settings)},
               services_.forms.Series(*active, *all));
   services_.report.documentName = services_.Document(*active).ProfileName;
@@ -45,7 +44,7 @@ void PlanReports::ShowWhatIf() {
     return;
   }
   window = std::make_shared<frmWhatIf>(
-      dialogs_, services_.report, [this] { return services_.model; },
+      dialogs_, services_.report,
       [this](std::int16_t document, const std::vector<PlotPoint>& line) { looks_.ShowOverlay(document, line); });
   whatIf_ = window;
   services_.platform.windows.Show(window);
@@ -65,7 +64,7 @@ void PlanReports::ShowGeneralReport() const {
   constexpr int kRowsBetweenLooks = 25;
   std::string step;
   GeneralReport report(
-      services_.report, services_.forms(*active).EvaluatedWith(), [&](const std::string& now) { step = now; },
+      services_.report, [&](const std::string& now) { step = now; },
       [&](int done, int of) {
         if (done % kRowsBetweenLooks != 0) return wait->IsLoaded();
         return wait->GoOn(step + "  " + std::to_string(done) + "/" + std::to_string(of));

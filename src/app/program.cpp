@@ -39,6 +39,9 @@ Program::Program(Platform platform, MainView& view, ProgramFolders folders, std:
       report_(platform_, texts_),
       tables_(platform_, texts_) {
   warnings_.returning = [this] { return history_.Restoring() || history_.Held(); };
+  warnings_.elsewhere = [this](std::int16_t document) {
+    return forms_.Active() == document ? std::string() : forms_.Caption(document);
+  };
 }
 
 Program::~Program() = default;

@@ -9,9 +9,8 @@
 
 namespace tav {
 
-frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelChoice()> model,
-                     Overlay overlay)
-    : DialogForm("frmWhatIf", services), report_(report), model_(std::move(model)), overlay_(std::move(overlay)) {
+frmWhatIf::frmWhatIf(const DialogServices& services, PrintPreview& report, Overlay overlay)
+    : DialogForm("frmWhatIf", services), report_(report), overlay_(std::move(overlay)) {
   RemembersPlace = true;
   fgColumns.TextColumns = {0};
   udLonger.Buddy = "tbLonger";
@@ -64,7 +63,7 @@ void frmWhatIf::PlanChanged() {
   }
   const SeriesDive dive = services_.forms.Series(document, false).front();
   Caption = T(Text::WhatIfTitle) + ": " + DiveTitle(dive, texts_);
-  whatIf_ = std::make_unique<WhatIf>(dive.dive, model_());
+  whatIf_ = std::make_unique<WhatIf>(dive.dive);
   metric_ = TemplateOf(document).Metric;
   lbUnit.Caption = T(metric_ ? Text::Metres : Text::Feet);
   if (first || metric_ != wasMetric) {
@@ -171,7 +170,7 @@ void frmWhatIf::PrintSlate() {
   std::vector<WhatIfColumn> chosen{columns_.front()};
   if (cbWith.ListIndex == AllColumns) chosen = columns_;
   if (cbWith.ListIndex == ThePlanAndTheChosen && Chosen() > 0) chosen.push_back(columns_[Chosen()]);
-  Slate slate(report_, model_());
+  Slate slate(report_);
   WriteSlates({slate, texts_, platform_.separators, ReadSupplyChoice(platform_.settings)},
               services_.forms.Series(document_, false).front(), chosen, wish_);
   report_.documentName = services_.Documents()(document_).ProfileName;

@@ -24,7 +24,7 @@ class frmWhatIf : public DialogForm {
 
   /// `marks` tells the model of the moment.
   /// `overlay` draws a line over the graph of a document.
-  frmWhatIf(const DialogServices& services, PrintPreview& report, std::function<ModelChoice()> model, Overlay overlay);
+  frmWhatIf(const DialogServices& services, PrintPreview& report, Overlay overlay);
 
   Label lbLonger{*this, "lbLonger"};
   TextBox tbLonger{*this, "tbLonger"};
@@ -66,7 +66,6 @@ class frmWhatIf : public DialogForm {
   [[nodiscard]] std::size_t Chosen() const;
 
   PrintPreview& report_;
-  std::function<ModelChoice()> model_;
   Overlay overlay_;
   std::int16_t document_ = -1;  ///< -1 for none
   bool metric_ = true;

@@ -63,6 +63,11 @@ void CommandFrame::Begin() {
   if (!Common().phi) return;
   RefuseInput(kTrace);
   trace_.Open(kTrace);
+  // The trace is open from here on: nothing else may be written over it.
+  for (const std::string& file : ValuesOf(command_, Option::Role::FileToWrite)) {
+    std::error_code error;
+    if (fs::equivalent(kTrace, file, error)) throw FileError(file, 0, Text::OutputIsTrace);
+  }
 }
 
 fs::path CommandFrame::TemplateFile(const std::string& name) const {

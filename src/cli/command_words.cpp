@@ -60,9 +60,13 @@ class WordReader {
   }
 
   void ReadNamed(const std::string& word) {
-    const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
-    const Option* option = Named(word.substr(0, equals));
-    if (option == nullptr) throw UsageError({Text::UsageNotExpected, {word}});
+    // "--name=VALUE", and "-nVALUE" where a short name has one letter.
+    const bool isLong = word.starts_with("--");
+    const std::size_t equals = isLong ? word.find('=') : word.size() > 2 ? 1 : std::string::npos;
+    const Option* option = Named(isLong ? word.substr(0, equals) : word.substr(0, 2));
+    if (option == nullptr || (!isLong && word.size() > 2 && !option->TakesValue())) {
+      throw UsageError({Text::UsageNotExpected, {word}});
+    }
     std::vector<std::string>& values = given_[option];
     if (!option->TakesValue()) {
       if (equals != std::string::npos) throw UsageError({Text::NotUnderstood, {option->name}});
@@ -73,7 +77,7 @@ class WordReader {
     if (!inWord && words_.empty()) throw UsageError({Text::UsageNoValue, {option->name}});
     values.push_back(inWord ? word.substr(equals + 1) : Next());
     if (!IsValue(values.back())) throw UsageError({Text::UsageNoValue, {option->name}});
-    while (option->IsList() && !inWord && !words_.empty() && !words_.front().starts_with('-')) values.push_back(Next());
+    while (option->IsList() && !words_.empty() && !words_.front().starts_with('-')) values.push_back(Next());
   }
 
   [[nodiscard]] bool IsGiven(const std::string& name) const { return given_.contains(Named(name)); }

@@ -17,7 +17,7 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
     GasSupply supply = SupplyOf(planned, frame.Common().supply);
     std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {}, settings.Metric), supply);
     dives.push_back({plan.file, static_cast<int>(i) + 1, static_cast<int>(plan.Dives()), planned, std::move(findings),
-                     StopReasons(checked), std::move(supply), frame.Model()});
+                     StopReasons(checked), std::move(supply)});
   }
 }
 

@@ -20,7 +20,6 @@ struct ComputedDive {
   std::vector<Finding> findings;
   std::vector<StopReason> reasons;  ///< of its stops
   GasSupply supply;                 ///< empty when no cylinders are told
-  ModelChoice model;
 };
 
 /// Adds the dives of a plan, with the findings of each in the words of `texts`. Throws FileError when one could not be

@@ -49,7 +49,7 @@ class Slate {
   }
 
   void Settings() {
-    std::string text = ComputedWith(template_, dive_.model, dive_.number > 1, texts_);
+    std::string text = ComputedWith(template_, dive_.dive.plan.model, dive_.dive.before != nullptr, texts_);
     const std::string start = Place(template_.StartAltitude, template_.StartPressure);
     text += ", " + (template_.AdeptedToHeight ? start : T(Text::HeadNotAdapted, {start}));
     if (template_.EndPressure != template_.StartPressure) {

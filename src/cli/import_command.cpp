@@ -36,11 +36,7 @@ struct Given {
 void Run(const Given& given, CommandFrame& frame) {
   const DiveTemplate settings = frame.Settings(given.templateName);
   const ImportedDives imported = ImportFile(given.file, settings, given.dive, frame.Texts());
-  std::string text;
-  for (const DiveRecord& dive : imported.profile.dives) {
-    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
-  }
-  frame.Save(given.output, [&] { return WriteTextFile(given.output, text); });
+  frame.Save(given.output, [&] { return WriteTextFile(given.output, WriteProfileText(imported.profile.dives)); });
   for (const std::string& remark : imported.remarks) frame.Tell(given.file, remark);
 }
 

@@ -16,11 +16,13 @@ constexpr const char* kEraseLine = "\r\x1B[K";
 
 LongWork::LongWork(std::ostream* terminal) : terminal_(terminal) {
   interrupted = 0;
-  std::signal(SIGINT, OnInterrupt);
+  former_ = std::signal(SIGINT, OnInterrupt);
+  // A shell that starts a command in the background has it ignore Ctrl+C.
+  if (former_ == SIG_IGN) std::signal(SIGINT, SIG_IGN);
 }
 
 LongWork::~LongWork() {
-  std::signal(SIGINT, SIG_DFL);
+  std::signal(SIGINT, former_);
   if (shown_) *terminal_ << kEraseLine << std::flush;
 }
 

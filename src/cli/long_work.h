@@ -29,6 +29,7 @@ class LongWork {
   std::ostream* terminal_;
   Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
   bool shown_ = false;
+  void (*former_)(int) = nullptr;  ///< what Ctrl+C did before
 };
 
 }  // namespace tav

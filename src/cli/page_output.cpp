@@ -1,15 +1,18 @@
 #include "cli/page_output.h"
 
 #include <array>
+#include <csignal>
 #include <ctime>
 #include <fcntl.h>
+#include <functional>
+#include <optional>
 #include <pwd.h>
 #include <spawn.h>
+#include <sstream>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "cli/long_work.h"
 #include "model/text_id.h"
 #include "persist/text_file.h"
 
@@ -30,35 +33,66 @@ struct Ended {
   std::string errors;  ///< what it wrote to its error output
 };
 
-/// Runs a program and waits for it.
-Ended Run(const std::string& program, std::vector<std::string> arguments) {
-  std::vector<char*> words;
-  words.reserve(arguments.size() + 1);
-  for (std::string& argument : arguments) words.push_back(argument.data());
-  words.push_back(nullptr);
-  std::array<int, 2> ends{};
-  Ended ended;
-  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return ended;
-  posix_spawn_file_actions_t actions;
-  ::posix_spawn_file_actions_init(&actions);
-  ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
-  pid_t child = 0;
-  const bool started = ::posix_spawnp(&child, program.c_str(), &actions, nullptr, words.data(), environ) == 0;
-  ::posix_spawn_file_actions_destroy(&actions);
-  ::close(ends[1]);
-  if (started) {
+/// A program that runs beside this one; it is ended when nobody waits for it to the end.
+class Child {
+ public:
+  Child(const std::string& program, std::vector<std::string> arguments) {
+    std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
+    for (std::string& argument : arguments) words.push_back(argument.data());
+    words.push_back(nullptr);
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
+    errors_ = ends[0];
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
+    if (::posix_spawnp(&child_, program.c_str(), &actions, nullptr, words.data(), environ) != 0) child_ = 0;
+    ::posix_spawn_file_actions_destroy(&actions);
+    ::close(ends[1]);
+  }
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+  ~Child() {
+    if (errors_ != -1) ::close(errors_);
+    if (child_ == 0) return;
+    ::kill(child_, SIGTERM);
+    ::waitpid(child_, nullptr, 0);
+  }
+
+  /// Waits for its end; `told` is called as it writes errors, with all of them.
+  Ended Wait(const std::function<void(const std::string&)>& told) {
+    Ended ended;
+    if (child_ == 0) return ended;
     std::array<char, 4096> part{};
-    for (ssize_t got = 0; (got = ::read(ends[0], part.data(), part.size())) > 0;) {
+    for (ssize_t got = 0; (got = ::read(errors_, part.data(), part.size())) > 0;) {
       ended.errors.append(part.data(), static_cast<std::size_t>(got));
+      told(ended.errors);
     }
     int status = 0;
-    if (::waitpid(child, &status, 0) == child) {
+    if (::waitpid(child_, &status, 0) == child_) {
       constexpr int kKilled = 128;
       ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : kKilled + WTERMSIG(status);
     }
+    child_ = 0;
+    return ended;
   }
-  ::close(ends[0]);
-  return ended;
+
+ private:
+  int errors_ = -1;
+  pid_t child_ = 0;
+};
+
+/// The page that the desktop program told last: "page 3 of 40" in a line of its own.
+std::optional<std::array<int, 2>> PageIn(const std::string& errors) {
+  const std::string start = "page ";
+  const std::size_t at = errors.rfind(start);
+  if (at == std::string::npos || errors.find('\n', at) == std::string::npos) return std::nullopt;
+  std::istringstream words(errors.substr(at + start.size()));
+  std::array<int, 2> page{};
+  std::string of;
+  if (!(words >> page[0] >> of >> page[1])) return std::nullopt;
+  return page;
 }
 
 /// The line in which the desktop program told why it failed; empty for none.
@@ -106,12 +140,15 @@ PageOutput::PageOutput(CommandFrame& frame, fs::path out)
   frame.RefuseInput(out_);
 }
 
-void PageOutput::WritePdf(const std::string& title) const {
+void PageOutput::WritePdf(const std::string& title, LongWork& work) const {
   const auto& fault = pages_.Pages().Fault();
   if (fault) throw FileError(out_, 0, texts_.Words(*fault));
   if (!boxes_.first.empty()) throw FileError(out_, 0, boxes_.first);
-  const Ended ended = Run(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
-                                             fs::absolute(out_).string(), "--title", title});
+  const Ended ended = Child(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
+                                               fs::absolute(out_).string(), "--title", title})
+                          .Wait([&](const std::string& errors) {
+                            if (const auto page = PageIn(errors)) work.Step((*page)[0], (*page)[1]);
+                          });
   constexpr int kNotFound = 127;
   if (ended.status == -1 || ended.status == kNotFound) {
     throw FileError(out_, 0, Text::PdfNotStarted);

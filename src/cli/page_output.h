@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/command_frame.h"
+#include "cli/long_work.h"
 #include "pages/print_preview.h"
 
 namespace tav {
@@ -16,8 +17,9 @@ class PageOutput {
   PageOutput(CommandFrame& frame, std::filesystem::path out);
 
   [[nodiscard]] PrintPreview& Pages() { return pages_; }
-  /// Draws what has been written. Throws std::runtime_error, whose text is one line that names the file.
-  void WritePdf(const std::string& title) const;
+  /// Draws what has been written, a step of the work for each page. Throws std::runtime_error, whose text is one line
+  /// that names the file, and Interrupted.
+  void WritePdf(const std::string& title, LongWork& work) const;
 
  private:
   struct KeptBoxes : MessageBoxes {

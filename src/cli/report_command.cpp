@@ -36,18 +36,18 @@ void Run(const Given& given, CommandFrame& frame) {
   }
   const SupplyChoice& supply = frame.Common().supply;
   PageOutput output(frame, given.pdf);
+  LongWork work(frame.Terminal());
   if (given.slate) {
-    Slate slate(output.Pages(), frame.Model());
+    Slate slate(output.Pages());
     WriteSlates({slate, output.Pages().Texts(), {".", ""}, supply}, dives);
   } else {
-    LongWork work(frame.Terminal());
-    GeneralReport pages(output.Pages(), frame.Model(), nullptr, [&](int done, int of) {
+    GeneralReport pages(output.Pages(), nullptr, [&](int done, int of) {
       work.Step(done, of);
       return true;
     });
     WriteLongReport(pages, dives, supply);
   }
-  output.WritePdf(std::filesystem::path(given.file).stem().string());
+  output.WritePdf(std::filesystem::path(given.file).stem().string(), work);
 }
 
 }  // namespace

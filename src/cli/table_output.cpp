@@ -73,7 +73,7 @@ void TableOutput::Write(const Head& head, const std::function<void()>& tables) {
     if (!paper_) frame_.Out() << head.heading;
     tables();
   }
-  if (paper_) paper_->Write(head.title);
+  if (paper_) paper_->Write(head.title, work_);
 }
 
 RunProgress TableOutput::Progress() {

@@ -49,9 +49,9 @@ class TableOutput {
         : output(frame, file), print(output.Pages(), caption) {
       print.StartTableOutput();
     }
-    void Write(const std::string& title) {
+    void Write(const std::string& title, LongWork& work) {
       print.EndTableOutput();
-      output.WritePdf(title);
+      output.WritePdf(title, work);
     }
 
     PageOutput output;

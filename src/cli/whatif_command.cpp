@@ -69,7 +69,7 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
         json.Member("mix", gas.mix);
         json.Member("used", gas.used);
         json.Member("carried", gas.carried);
-        json.Member("enough", gas.Enough());
+        json.Member("enough", gas.enough);
       });
     }
   });
@@ -89,7 +89,7 @@ void Run(const Given& given, CommandFrame& frame) {
   const TextSource& texts = frame.Texts();
   OpenedPlan& opened = frame.OpenPlan(given.file);
   const std::size_t dive = CommandFrame::OneDive(given.dive, opened);
-  WhatIf plan(opened.Planned(dive), frame.Model());
+  WhatIf plan(opened.Planned(dive));
   if (!plan.Fault().IsEmpty()) throw FileError(given.file, 0, plan.Fault());
   const bool metric = plan.Settings().Metric;
   WhatIfWish wish = WhatIfWish::Usual(metric);
@@ -104,9 +104,10 @@ void Run(const Given& given, CommandFrame& frame) {
   frame.MarkDecompression(columns.front().decompresses);
   if (!given.pdf.empty()) {
     PageOutput pdf(frame, given.pdf);
-    Slate slate(pdf.Pages(), frame.Model());
+    Slate slate(pdf.Pages());
     WriteSlates({slate, texts, {".", ""}, frame.Common().supply}, opened.InSeries(dive), columns, wish);
-    pdf.WritePdf(std::filesystem::path(given.file).stem().string());
+    LongWork work(frame.Terminal());
+    pdf.WritePdf(std::filesystem::path(given.file).stem().string(), work);
   }
   if (frame.Common().json) return WriteColumns(columns, frame.Out());
   if (!given.pdf.empty()) return;

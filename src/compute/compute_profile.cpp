@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "compute/leg_expansion.h"
 #include "engine/zhl16.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
@@ -25,6 +26,21 @@ Compartments InUnits(const Compartments& loads, bool areMetric, bool metric) {
 class EngineDoor {
  public:
   EngineDoor(const EngineRun& run, EngineObserver& observer) : run_(run), observer_(observer) {}
+
+  [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
+    auto engine = std::make_unique<ClassBuhlmann>(run_.settings, run_.model, observer_);
+    if (run_.before == nullptr) {
+      engine->Init(run_.model.ZHL16C);
+    } else {
+      const EndState& before = *run_.before;
+      const auto carried = [&](const Compartments& loads) {
+        return InUnits(loads, before.LoadsAreMetric, run_.settings.Metric);
+      };
+      engine->InitAfterSurfaceInterval(run_.model.ZHL16C, carried(before.N2Compartments),
+                                       carried(before.HeCompartments), run_.surfaceInterval);
+    }
+    return engine;
+  }
 
   void Replay(const ClassProfile& userProfile, ClassProfile& segmentedProfile, ReplayMemory* memory) const {
     // A trace shows every segment of every replay.
@@ -77,21 +93,6 @@ class EngineDoor {
     return a.RunTime == b.RunTime && a.N2Compartments == b.N2Compartments && a.HeCompartments == b.HeCompartments;
   }
 
-  [[nodiscard]] std::unique_ptr<ClassBuhlmann> Start() const {
-    auto engine = std::make_unique<ClassBuhlmann>(run_.settings, run_.model, observer_);
-    if (run_.before == nullptr) {
-      engine->Init(run_.model.ZHL16C);
-    } else {
-      const EndState& before = *run_.before;
-      const auto carried = [&](const Compartments& loads) {
-        return InUnits(loads, before.LoadsAreMetric, run_.settings.Metric);
-      };
-      engine->InitAfterSurfaceInterval(run_.model.ZHL16C, carried(before.N2Compartments),
-                                       carried(before.HeCompartments), run_.surfaceInterval);
-    }
-    return engine;
-  }
-
   const EngineRun& run_;
   EngineObserver& observer_;
 };
@@ -116,6 +117,46 @@ Message ComputeProfile(const EngineRun& run, const ClassProfile& userProfile, Cl
     return Text::TooManyRows;
   }
   return {};
+}
+
+struct WaysUp::Engine {
+  /// Ends a way at its first stop that never clears.
+  struct NeverClears {};
+  class Listener : public EngineObserver {
+    void StopHitLimit(const StopLimit& /*stop*/) override { throw NeverClears(); }
+  };
+
+  explicit Engine(const EngineRun& run) : loaded(EngineDoor(run, listener).Start()) {}
+
+  Listener listener;
+  std::unique_ptr<ClassBuhlmann> loaded;
+  ClassProfile rows;  ///< that it has loaded
+};
+
+WaysUp::WaysUp(const EngineRun& run, const ClassProfile& rows)
+    : run_(run), rows_(rows), engine_(std::make_unique<Engine>(run)) {
+  engine_->loaded->BeginDive(rows.Row(0), engine_->rows);
+}
+
+WaysUp::~WaysUp() = default;
+
+std::optional<ClassProfile> WaysUp::From(std::int16_t row, Single minutes) {
+  const auto next = static_cast<std::int16_t>(engine_->rows.GetLength() + 1);
+  engine_->loaded->LoadDive(rows_, next, row, run_.openFrom);
+  const Waypoint& end = rows_.Row(row);
+  ClassProfile stay;
+  if (minutes > 0) {
+    SaveUserProfile(stay, run_.settings, end.Depth, minutes, 0, end.RunTime, RowStatus::kLeg, end.MixNumber);
+  }
+  ClassProfile way;
+  way.Row(0) = end;
+  ClassBuhlmann engine = *engine_->loaded;
+  try {
+    engine.AscendInto(stay, run_.forceOC, way);
+  } catch (const Engine::NeverClears&) {
+    return std::nullopt;
+  }
+  return way;
 }
 
 std::vector<DiveMoment> ReplayMoments(const EngineRun& run, const ClassProfile& rows) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "engine/buhlmann.h"
@@ -41,6 +42,25 @@ struct EngineRun {
 /// one start row, and `end` is unchanged.
 Message ComputeProfile(const EngineRun& run, const ClassProfile& userProfile, ClassProfile& segmentedProfile,
                        EndState& end, EngineObserver& observer, ReplayMemory* memory = nullptr);
+
+/// Ways up from the ends of rows of one dive, at a cost that grows with its rows and not with their square: each row is
+/// loaded once, and every way goes on from a copy of the engine. Nobody is warned.
+class WaysUp {
+ public:
+  /// `run` and `rows` outlive the object; the template has no faults. `run.forceOC` and `run.openFrom` as in a run.
+  WaysUp(const EngineRun& run, const ClassProfile& rows);
+  ~WaysUp();
+
+  /// The rows from the end of `row` to the surface, row 0 being that end, after `minutes` more there on its gas;
+  /// nothing when a stop never clears. `row` is not before that of the last call.
+  std::optional<ClassProfile> From(std::int16_t row, Single minutes);
+
+ private:
+  struct Engine;
+  const EngineRun& run_;
+  const ClassProfile& rows_;
+  std::unique_ptr<Engine> engine_;
+};
 
 /// How a computed dive goes between its rows: a replay of the run that gave `rows`. Nobody is warned. Empty when the
 /// replay does not end as the rows do, because the template or the dive before has been changed since.

@@ -4,9 +4,9 @@
 #include <functional>
 #include <optional>
 
+#include "app/document_plan.h"
 #include "app/main_view.h"
 #include "desktop/qt_surface.h"
-#include "graph/document_plan.h"
 #include "graph/profile_graph.h"
 
 class QLabel;

@@ -234,6 +234,8 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
+  // Not under a window that must be answered first, or while a report is written of the plan.
+  if (QApplication::activeModalWidget() != nullptr) return event->ignore();
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile() && form_ != nullptr) form_->OpenFile(FromQt(url.toLocalFile()));
   }

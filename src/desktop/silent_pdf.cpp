@@ -4,6 +4,7 @@
 #include <QtGlobal>
 #include <cstdio>
 #include <exception>
+#include <functional>
 #include <string_view>
 
 #include "desktop/qt_printer.h"
@@ -25,6 +26,11 @@ int Fail(const std::exception& error) {
   return kUnusable;
 }
 
+/// Tells whoever started this program how far it is.
+std::function<void(int)> TellPage(int pages) {
+  return [pages](int page) { std::fprintf(stderr, "page %d of %d\n", page, pages); };
+}
+
 }  // namespace
 
 bool WantsSilentPdf(int argc, char** argv) { return argc > 1 && std::string_view(argv[1]) == "--pages"; }
@@ -40,7 +46,7 @@ int SilentPdf(int argc, char** argv) {
   try {
     QtPrinter printer;
     PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
-                                 {[](int) {}, [] { return false; }});
+                                 {TellPage(pages.Pages()), [] { return false; }});
   } catch (const std::exception& error) {
     return Fail(error);
   }

@@ -29,8 +29,7 @@ std::string WidthsText(const std::vector<int>& widths) {
 
 }  // namespace
 
-frmGeneralInfo::frmGeneralInfo(const DialogServices& services, const ModelChoice& model)
-    : DialogForm("frmGeneralInfo", services), model_(model) {
+frmGeneralInfo::frmGeneralInfo(const DialogServices& services) : DialogForm("frmGeneralInfo", services) {
   RemembersPlace = true;
   TabStrip1.Click = [this] { TabStrip1_Click(); };
   TabStrip2.Click = [this] { ShowTab(); };
@@ -145,14 +144,19 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   lbNotice.ForeColor = kRed;
   lbNotice.Bold = true;
 
-  const DiveInformation information(services_.forms(dive).InputProfile, document.Template, model_, services_.texts,
-                                    services_.platform.separators);
+  const DiveInformation information = InformationOf(dive);
   fginfo.Cells = information.Profile();
   fgDecoStop.Cells = information.DecoStops();
   fgGasConsumption.Cells = information.Gas();
   fgSummary.Cells = information.Summary();
   ShowBlock(information.Info());
   ShowSupply(dive);
+}
+
+DiveInformation frmGeneralInfo::InformationOf(std::int16_t dive) const {
+  const frmWaypointEditor& editor = services_.forms(dive);
+  return {editor.InputProfile,      TemplateOf(dive), editor.EvaluatedWith(),
+          editor.PrevProfile != -1, services_.texts,  services_.platform.separators};
 }
 
 void frmGeneralInfo::ShowSupply(std::int16_t dive) {
@@ -195,9 +199,7 @@ void frmGeneralInfo::ShowBlock(const DiveInformation::Block& block) {
 
 void frmGeneralInfo::GeneralInfo_Click() {
   if (dive_ == -1) return;
-  const DocumentState& document = services_.Documents()(dive_);
-  const DiveInformation information(services_.forms(dive_).InputProfile, document.Template, model_, services_.texts,
-                                    services_.platform.separators);
+  const DiveInformation information = InformationOf(dive_);
   services_.platform.clipboard.SetText(
       InformationText({services_.forms.Caption(dive_), Label17.Caption, information.Info(), fginfo.Cells,
                        fgDecoStop.Cells, fgGasConsumption.Cells, supply_, lbNotice.Caption},

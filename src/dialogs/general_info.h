@@ -15,7 +15,7 @@ namespace tav {
 /// of it as text for the clipboard. It reads the plan and never writes it.
 class frmGeneralInfo : public DialogForm {
  public:
-  frmGeneralInfo(const DialogServices& services, const ModelChoice& model);
+  explicit frmGeneralInfo(const DialogServices& services);
 
   TabStrip TabStrip1{*this, "TabStrip1"};  ///< the dives of a series
   TabStrip TabStrip2{*this, "TabStrip2"};  ///< the dive, and its gas supply where cylinders are told
@@ -85,12 +85,12 @@ class frmGeneralInfo : public DialogForm {
  private:
   void SetUpControls();
   void setInfo(std::int16_t dive, bool showInterval);
+  [[nodiscard]] DiveInformation InformationOf(std::int16_t dive) const;
   void ShowSupply(std::int16_t dive);
   void ShowTab();
   void ShowBlock(const DiveInformation::Block& block);
   [[nodiscard]] std::optional<std::int16_t> FirstDive() const;
 
-  ModelChoice model_;
   std::int16_t dive_ = -1;  ///< the dive that is shown
   SupplyTables supply_;     ///< its gas supply
 };

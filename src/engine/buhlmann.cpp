@@ -105,16 +105,27 @@ void ClassBuhlmann::LoadRows(const ClassProfile& userProfile, std::int16_t first
 
 void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco,
                                   bool forceOC, std::int16_t openFrom) {
+  BeginDive(userProfile.Row(0), segmentedProfile);
+  LoadDive(userProfile, 1, userProfile.GetLength(), openFrom);
+  segmentedProfile.SetEndUserProfile(segmentedProfile.GetLength(), true);
+  openCircuit_ = forceOC || template_->OpenCircuit;
+  if (runDeco) Ascend(previousDepth_, maximumDepth_);
+}
+
+void ClassBuhlmann::BeginDive(const Waypoint& start, ClassProfile& segmentedProfile) {
   result_ = &segmentedProfile;
-  const Waypoint& start = userProfile.Row(0);
   FillStartRow(start, segmentedProfile.Row(0));
   cnsTotal_ = start.CNS;
   otuTotal_ = start.OTU;
   openCircuit_ = template_->OpenCircuit;
   previousDepth_ = 0;
+  maximumDepth_ = 0;
   if (moments_ != nullptr) KeepRow(0, 0);
-  Single maximumDepth = 0;
-  for (int i = 1; i <= userProfile.GetLength(); ++i) {
+}
+
+void ClassBuhlmann::LoadDive(const ClassProfile& userProfile, std::int16_t first, std::int16_t last,
+                             std::int16_t openFrom) {
+  for (int i = first; i <= last; ++i) {
     const Waypoint& row = userProfile.Row(static_cast<std::int16_t>(i));
     currentMix_ = row.MixNumber;
     status_ = row.Status;
@@ -125,11 +136,16 @@ void ClassBuhlmann::StartBuhlmann(const ClassProfile& userProfile, ClassProfile&
       ConstantSegment(row.Depth, row.SegmentTime, template_->StartPressure, true);
     }
     previousDepth_ = row.Depth;
-    maximumDepth = MaxSingle(maximumDepth, row.Depth);
+    maximumDepth_ = MaxSingle(maximumDepth_, row.Depth);
   }
-  segmentedProfile.SetEndUserProfile(segmentedProfile.GetLength(), true);
+}
+
+void ClassBuhlmann::AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way) {
+  result_ = &way;
+  LoadDive(more, 1, more.GetLength(), 0);
+  way.SetEndUserProfile(way.GetLength(), true);
   openCircuit_ = forceOC || template_->OpenCircuit;
-  if (runDeco) Ascend(userProfile.getDepth(userProfile.GetLength()), maximumDepth);
+  Ascend(previousDepth_, maximumDepth_);
 }
 
 Single ClassBuhlmann::PercentCompartLoad(Compartments& loads) const {

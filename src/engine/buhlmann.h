@@ -49,6 +49,14 @@ class ClassBuhlmann {
   void StartBuhlmann(const ClassProfile& userProfile, ClassProfile& segmentedProfile, bool runDeco, bool forceOC,
                      std::int16_t openFrom = 0);
 
+  /// The steps of a StartBuhlmann, for ways up from many rows of one plan: it begins, rows are loaded in their order,
+  /// and a copy of the engine goes on with AscendInto. `segmentedProfile` comes cleared.
+  void BeginDive(const Waypoint& start, ClassProfile& segmentedProfile);
+  void LoadDive(const ClassProfile& userProfile, std::int16_t first, std::int16_t last, std::int16_t openFrom = 0);
+  /// The rows of `more` from its first on, and the ascent, into `way`, which comes cleared: what a StartBuhlmann would
+  /// append to the rows loaded so far.
+  void AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way);
+
   /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run. To be
   /// called after Init; `moments` must outlive the run.
   void KeepMoments(std::vector<DiveMoment>& moments) { moments_ = &moments; }
@@ -193,6 +201,7 @@ class ClassBuhlmann {
   std::int16_t currentMix_ = 0;
   bool openCircuit_ = true;
   Single previousDepth_;
+  Single maximumDepth_;
   std::int16_t status_ = 0;
   Single maximumMValue_;
   Single gradientFactor_ = 1.0;

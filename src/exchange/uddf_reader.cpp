@@ -248,8 +248,7 @@ class Reader {
 
   /// A pressure of `least` to `most` bar, in pascal or in the unit in which it is one.
   [[nodiscard]] double Bar(xml_node element, double least, double most, LoggedDive& dive) const {
-    constexpr std::pair<double, const char*> kUnits[] = {
-        {100000, "Pa"}, {Text::MenuFile, "hPa"}, {100, "kPa"}, {1, "bar"}};
+    constexpr std::pair<double, const char*> kUnits[] = {{100000, "Pa"}, {1000, "hPa"}, {100, "kPa"}, {1, "bar"}};
     const double number = document_.Number(element, 0, kMostPressure);
     for (const auto& [ofBar, unit] : kUnits) {
       if (number < least * ofBar || number > most * ofBar) continue;

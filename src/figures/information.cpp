@@ -126,7 +126,7 @@ DiveInformation::Block DiveInformation::Info() const {
   block.stepSize = numbers_.Plain(RoundSingle(t.StepSize, 1)) + length;
   block.lastStop = numbers_.Plain(RoundSingle(t.LastStop, 1)) + length;
   block.apparatus =
-      t.OpenCircuit ? T(Text::InfoOpenCircuit) : T(Text::InfoConstantPPO2) + ", " + LoopState(t, false, texts_);
+      t.OpenCircuit ? T(Text::InfoOpenCircuit) : T(Text::InfoConstantPPO2) + ", " + LoopState(t, repetitive_, texts_);
   block.o2Narcotic = T(t.O2Narcotic ? Text::Yes : Text::No);
   return block;
 }

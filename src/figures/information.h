@@ -19,8 +19,13 @@ class DiveInformation {
 
   /// All that is handed over must outlive the object.
   DiveInformation(const ClassProfile& profile, const DiveTemplate& diveTemplate, const ModelChoice& model,
-                  const TextSource& texts, const LocaleSeparators& separators)
-      : profile_(profile), template_(diveTemplate), model_(model), texts_(texts), numbers_(separators) {}
+                  bool repetitive, const TextSource& texts, const LocaleSeparators& separators)
+      : profile_(profile),
+        template_(diveTemplate),
+        model_(model),
+        repetitive_(repetitive),
+        texts_(texts),
+        numbers_(separators) {}
 
   /// Every row of the dive, 14 columns. From the first stop on, PPO2 is held against `DecoPPO2`.
   [[nodiscard]] Table Profile() const;
@@ -60,6 +65,7 @@ class DiveInformation {
   const ClassProfile& profile_;
   const DiveTemplate& template_;
   const ModelChoice& model_;
+  bool repetitive_;
   const TextSource& texts_;
   NumberTexts numbers_;
 };

@@ -1226,5 +1226,6 @@ constexpr int PipeWithoutWriter = 8500;
 constexpr int OutputNotWritten = 8501;
 constexpr int NoDisplay = 8502;
 constexpr int OptionNoSize = 8600;
+constexpr int OutputIsTrace = 8601;
 
 }  // namespace tav::Text

@@ -162,6 +162,12 @@ std::string WriteDiveRecord(const DiveTemplate& diveTemplate, Single surfaceInte
   return (text += kEndOfProfile) += "\r\n";
 }
 
+std::string WriteProfileText(const std::vector<DiveRecord>& dives) {
+  std::string text;
+  for (const DiveRecord& dive : dives) text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
+  return text;
+}
+
 ProfileText ReadProfileText(std::string_view text, FormatFaults& faults) { return Reader(text, faults).Run(); }
 
 ProfileText ReadProfileFile(const std::filesystem::path& file) {

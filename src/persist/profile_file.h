@@ -30,6 +30,9 @@ struct ProfileText {
 /// The text of one dive record: template block, "Start of Profile", surface interval, actions, "End of Profile".
 std::string WriteDiveRecord(const DiveTemplate& diveTemplate, Single surfaceInterval, const ClassUseractions& actions);
 
+/// The records of dives one after another: the text of a profile file.
+std::string WriteProfileText(const std::vector<DiveRecord>& dives);
+
 /// Reads all dive records of a text; blank lines after the last are tolerated. Errors, beside those of the block: no
 /// dive at all, more than 32,766 dives or 32,767 actions, a missing marker, a dive that lacks settings (MissingKeys) or
 /// can't be planned on (TemplateFaults), an action that is not four fields, depth, time, number of a gas and 0 or 1, a

@@ -146,7 +146,9 @@ bool frmWaypointEditor::StartDeco() {
   ObserverRelay observer(services.observer, documentNumber_);
   const PlannedDive dive = Planned();
   ComputedPlan plan = computed_;
+  services.display.ShowStatus(Text::Calculating);
   if (plan.fault.IsEmpty()) plan = WithAscent(std::move(plan), dive.record, services.model, dive.before, observer);
+  services.display.ShowStatus(Text::Ready);
   if (!plan.fault.IsEmpty()) {
     UserActions.DeleteLast();
     services.display.ShowHourglass(false);

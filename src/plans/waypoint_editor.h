@@ -24,7 +24,7 @@ struct PlanState {
 ///
 /// The plan is held twice: the document has what the user asked for, template and `UserActions`, and `InputProfile` is
 /// what Compute makes of it. Every change edits the actions or the template and ends in ReEvaluateUserEnteredWaypoints.
-/// The links of a series are those of the documents, and DocumentForms::Link alone sets them.
+/// The links of a series are those of the documents, set by DocumentForms::Link and kept when a plan is put back.
 class frmWaypointEditor {
   ComputedPlan computed_;
 

@@ -18,9 +18,9 @@ bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives
   return std::ranges::all_of(dives, [&](const SeriesDive& dive) {
     const auto& [record, plan, before] = dive.dive;
     const bool showSeries = dives.size() == 1 ? record.SurfaceInterval != 0 : dive.number != 1;
-    return report.LongReport({plan.rows, dive.settings, showSeries, showSeries ? dive.number : 1,
-                              record.SurfaceInterval, plan.end.Decompresses, SupplyOf(dive.dive, choice),
-                              DiveTitle(dive, report.Texts())});
+    return report.LongReport({plan.rows, dive.settings, plan.model, before != nullptr, showSeries,
+                              showSeries ? dive.number : 1, record.SurfaceInterval, plan.end.Decompresses,
+                              SupplyOf(dive.dive, choice), DiveTitle(dive, report.Texts())});
   });
 }
 

@@ -7,9 +7,8 @@
 
 namespace tav {
 
-GeneralReport::GeneralReport(PrintPreview& out, const ModelChoice& model, std::function<void(const std::string&)> step,
-                             ReportProgress progress)
-    : out_(out), model_(model), step_(std::move(step)), progress_(std::move(progress)) {}
+GeneralReport::GeneralReport(PrintPreview& out, std::function<void(const std::string&)> step, ReportProgress progress)
+    : out_(out), step_(std::move(step)), progress_(std::move(progress)) {}
 
 void GeneralReport::Step(int textId, int page) {
   const auto t = [this](int id) { return Texts().GetResString(id); };
@@ -29,7 +28,7 @@ bool GeneralReport::LongReport(const Dive& dive) {
   const PrintPreview::Batch batch(out_);
   of_ = std::max(of_, done_ + dive.profile.GetLength() + 1);
   Step(Text::ReportReading, ReportPage_);
-  ReportPages pages(out_, model_, dive, ReportPage_);
+  ReportPages pages(out_, dive, ReportPage_);
   const Single settingsEnd = WriteSettings(pages, kTop);
   Step(Text::ReportWritingProfile, pages.Number());
   if (!WriteProfile(pages, settingsEnd + 1.0, [this] { return ++done_, !progress_ || progress_(done_, of_); })) {

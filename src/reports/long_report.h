@@ -3,7 +3,6 @@
 #include <functional>
 #include <string>
 
-#include "engine/model_choice.h"
 #include "reports/report_pages.h"
 
 namespace tav {
@@ -18,8 +17,8 @@ class GeneralReport {
   using Dive = ReportDive;
 
   /// `step` is told how far the report is, as a text for the wait window.
-  GeneralReport(PrintPreview& out, const ModelChoice& model, std::function<void(const std::string&)> step = nullptr,
-                ReportProgress progress = nullptr);
+  explicit GeneralReport(PrintPreview& out, std::function<void(const std::string&)> step = nullptr,
+                         ReportProgress progress = nullptr);
 
   [[nodiscard]] const TextSource& Texts() const { return out_.Texts(); }
   /// `rows` are those of all dives that follow, as far as they are known.
@@ -33,7 +32,6 @@ class GeneralReport {
   void Step(int textId, int page);
 
   PrintPreview& out_;
-  ModelChoice model_;
   std::function<void(const std::string&)> step_;
   ReportProgress progress_;
   int ReportPage_ = 1;

@@ -25,6 +25,8 @@ SlateDive PlanOf(const SlateServices& services, const SeriesDive& dive) {
           "",
           plan.rows,
           record.Template,
+          plan.model,
+          before != nullptr,
           plan.end.Decompresses,
           TurnText(dive.dive, services.supply, words)};
 }
@@ -44,7 +46,7 @@ void WriteSlates(const SlateServices& services, const SeriesDive& planned, const
   const AdviceWords words(services.texts, services.separators, plan.settings.Metric);
   for (const WhatIfColumn& column : columns) {
     if (!column.fault.IsEmpty()) continue;
-    SlateDive dive{plan.title, "", column.rows, plan.settings, column.decompresses};
+    SlateDive dive{plan.title, "", column.rows, plan.settings, plan.model, plan.repetitive, column.decompresses};
     if (column.kind == WhatIfColumn::Kind::Planned) {
       dive.turn = plan.turn;
     } else {

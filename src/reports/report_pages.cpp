@@ -16,8 +16,8 @@ const std::string kArial = "Arial";
 
 }  // namespace
 
-ReportPages::ReportPages(PrintPreview& out, const ModelChoice& model, const ReportDive& dive, int number)
-    : out_(out), model_(model), dive_(dive), number_(number) {
+ReportPages::ReportPages(PrintPreview& out, const ReportDive& dive, int number)
+    : out_(out), dive_(dive), number_(number) {
   Header();
 }
 
@@ -32,13 +32,13 @@ int ReportPages::Close() {
 }
 
 void ReportPages::Header() {
-  const bool warn = Template().GFHigh > 1.0 && GradientFactorsAct(Template(), model_);
+  const bool warn = Template().GFHigh > 1.0 && GradientFactorsAct(Template(), Model());
   const std::string program = T(Text::ReportProgram);
   out_.PrintHeader(dive_.title.empty() ? program : program + ", " + dive_.title,
                    T(warn ? Text::ReportHighFactor : Text::ReportTitle),
                    T(Text::ReportDate) + out_.Services().environment.Today());
   constexpr double kLoopState = 3.55;  // between the notice and the first band
-  const std::string loop = LoopState(Template(), false, out_.Texts());
+  const std::string loop = LoopState(Template(), dive_.repetitive, out_.Texts());
   if (!loop.empty()) Left(1.9, kLoopState, loop, 8);
   const auto notice = NoticeOf(Profile(), dive_.decompresses);
   if (!notice) return;
@@ -107,7 +107,7 @@ bool ReportPages::OnBlack(const Boxes& boxes, double x) {
 
 std::string ReportPages::FactorOf(const Waypoint& row) const {
   const std::string factor = Numbers().Fixed(Single(row.GF * 100), 0);
-  return row.GF == 1.0 || factor == "100" || !GradientFactorsAct(Template(), model_) ? "--" : factor;
+  return row.GF == 1.0 || factor == "100" || !GradientFactorsAct(Template(), Model()) ? "--" : factor;
 }
 
 }  // namespace tav

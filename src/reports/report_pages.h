@@ -17,7 +17,9 @@ namespace tav {
 struct ReportDive {
   const ClassProfile& profile;
   DiveTemplate& diveTemplate;  ///< `EndAltitude` becomes that of `EndPressure`
-  bool showSeries = false;     ///< a band tells number and surface interval
+  const ModelChoice& model;    ///< that made the rows
+  bool repetitive = false;
+  bool showSeries = false;  ///< a band tells number and surface interval
   int diveNumber = 1;
   Single surfaceInterval;  ///< minutes
   bool decompresses = true;
@@ -30,7 +32,7 @@ struct ReportDive {
 class ReportPages {
  public:
   /// Opens page `number`. All that is handed over must outlive the object.
-  ReportPages(PrintPreview& out, const ModelChoice& model, const ReportDive& dive, int number);
+  ReportPages(PrintPreview& out, const ReportDive& dive, int number);
 
   /// Closes the page and opens the next one.
   void NewPage();
@@ -67,7 +69,7 @@ class ReportPages {
   [[nodiscard]] const ReportDive& Dive() const { return dive_; }
   [[nodiscard]] const ClassProfile& Profile() const { return dive_.profile; }
   [[nodiscard]] const DiveTemplate& Template() const { return dive_.diveTemplate; }
-  [[nodiscard]] const ModelChoice& Model() const { return model_; }
+  [[nodiscard]] const ModelChoice& Model() const { return dive_.model; }
   [[nodiscard]] const NumberTexts& Numbers() const { return out_.Services().numbers; }
   /// The factor of a row in per cent; "--" where it is 1 or does not act.
   [[nodiscard]] std::string FactorOf(const Waypoint& row) const;
@@ -77,7 +79,6 @@ class ReportPages {
   void Footer();
 
   PrintPreview& out_;
-  const ModelChoice& model_;
   const ReportDive& dive_;
   int number_;
 };

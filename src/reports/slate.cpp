@@ -131,7 +131,7 @@ void Slate::Add(const SlateDive& dive) {
   for (std::size_t part = 1; part <= parts; ++part) {
     OpenCard();
     Head(dive, rows, part, parts);
-    Left(x_ + kMargin, y_ + kSettings, SettingsLine(dive.settings), kSmall);
+    Left(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall);
     double left = x_ + kMargin;
     for (std::size_t c = (part - 1) * columns; c < std::min(part * columns, ends.size()); ++c) {
       ColumnHeads(layout, left);
@@ -213,14 +213,15 @@ void Slate::GasRow(const Layout& layout, const SlateRow& row, double left, doubl
   out_.SetForeColor(kBlack);
 }
 
-std::string Slate::SettingsLine(const DiveTemplate& settings) const {
+std::string Slate::SettingsLine(const SlateDive& dive) const {
+  const DiveTemplate& settings = dive.settings;
   const NumberTexts& numbers = out_.Services().numbers;
   const auto length = [&](Single value) {
     return numbers.Short(value) + " " + T(settings.Metric ? Text::Metres : Text::Feet);
   };
   const std::string circuit =
       settings.OpenCircuit ? T(Text::OpenCircuit) : T(Text::SlateLoop) + " " + Setpoints(settings, numbers);
-  std::string line = ComputedWith(settings, model_, circuit, false, out_.Texts());
+  std::string line = ComputedWith(settings, dive.model, circuit, dive.repetitive, out_.Texts());
   const auto add = [&line](const std::string& part) { line += ", " + part; };
   add(out_.Texts().Filled(Text::SlateSteps, {length(settings.StepSize), length(settings.LastStop)}));
   if (settings.StartPressure != settings.EndPressure) {

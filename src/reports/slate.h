@@ -17,6 +17,8 @@ struct SlateDive {
   std::string variant;  ///< what is different from the plan; empty for the plan itself
   const ClassProfile& rows;
   const DiveTemplate& settings;
+  const ModelChoice& model;  ///< that made the rows
+  bool repetitive = false;
   bool decompresses = true;
   std::string turn = {};  ///< pressure to turn at, with its unit; empty when not told
 };
@@ -26,7 +28,7 @@ struct SlateDive {
 /// column in 18 points, a longer one two, and what is left goes on in the next card.
 class Slate {
  public:
-  Slate(PrintPreview& out, const ModelChoice& model) : out_(out), model_(model) {}
+  explicit Slate(PrintPreview& out) : out_(out) {}
 
   void Begin();
   /// Adds the cards of one dive.
@@ -43,7 +45,7 @@ class Slate {
   void ColumnHeads(const Layout& layout, double left);
   void Row(const Layout& layout, const SlateRow& row, double left, double y);
   void GasRow(const Layout& layout, const SlateRow& row, double left, double y);
-  [[nodiscard]] std::string SettingsLine(const DiveTemplate& settings) const;
+  [[nodiscard]] std::string SettingsLine(const SlateDive& dive) const;
   [[nodiscard]] std::string GasOf(const SlateRow& row) const;
   void Fitted(double x, double y, const std::string& text, int size, int bold, double cm);
   [[nodiscard]] double Width(const std::string& text, int size, bool bold) const;
@@ -52,7 +54,6 @@ class Slate {
   void Right(double x, double y, const std::string& text, int size, int bold = 0);
 
   PrintPreview& out_;
-  ModelChoice model_;
   bool metric_ = true;
   int cards_ = 0;  ///< on the open page
   double x_ = 0;   ///< top left corner of the open card, cm

@@ -117,10 +117,9 @@ class Builder {
         WhatIfTable::Cell& cell = row.cells.emplace_back();
         if (need == column.gas.end()) continue;
         cell.figure = words_.Fixed(need->used, words_.Metric() ? 0 : 1);
-        const std::optional<bool> enough = need->Enough();
-        if (!enough) continue;
-        cell.note = words_.T(*enough ? Text::WhatIfEnough : Text::WhatIfShort);
-        cell.bad = !*enough;
+        if (!need->enough) continue;
+        cell.note = words_.T(*need->enough ? Text::WhatIfEnough : Text::WhatIfShort);
+        cell.bad = !*need->enough;
       }
       table_.rows.push_back(std::move(row));
     }

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <stdexcept>
 
-#include "compute/leg_expansion.h"
-#include "compute/scratch_run.h"
+#include "compute/compute_profile.h"
 #include "engine/breathing_gas.h"
+#include "figures/dive_figures.h"
 
 namespace tav {
 namespace {
@@ -16,7 +18,7 @@ constexpr double kNoise = 1e-3;  // litres or cubic feet; far below what is show
 class Stores {
  public:
   Stores(const DiveTemplate& settings, const ClassProfile& rows, const std::vector<Cylinder>& cylinders)
-      : settings_(settings), rows_(rows), cylinders_(cylinders) {}
+      : settings_(settings), rows_(rows), cylinders_(cylinders), breathed_(GasTotals(rows)) {}
 
   std::vector<GasStore> All() {
     for (const GasMix& blend : settings_.Blends) Add(blend.Name);
@@ -53,10 +55,11 @@ class Stores {
   }
 
   void Breathe(GasStore& store) const {
-    for (std::int16_t i = 0; i <= rows_.GetLength(); ++i) {
-      if (rows_.GetGasMixName(i) != store.gas || !(rows_.getGasUsed(i) > 0)) continue;
-      store.used += rows_.getGasUsed(i);
-      store.lastRow = i;
+    const auto gas = std::ranges::find(breathed_, store.gas, &GasTotal::Name);
+    if (gas == breathed_.end()) return;
+    store.used = gas->total;
+    for (std::int16_t i = rows_.GetLength(); i > 0 && store.lastRow == 0; --i) {
+      if (rows_.GetGasMixName(i) == store.gas && rows_.getGasUsed(i) > 0) store.lastRow = i;
     }
   }
 
@@ -91,6 +94,7 @@ class Stores {
   const DiveTemplate& settings_;
   const ClassProfile& rows_;
   const std::vector<Cylinder>& cylinders_;
+  std::vector<GasTotal> breathed_;
   std::vector<GasStore> stores_;
 };
 
@@ -102,7 +106,8 @@ class Legs {
         settings_(dive.record.Template),
         rows_(dive.plan.rows),
         choice_(choice),
-        run_(ScratchRun::Start(dive, dive.plan.model), observer_) {}
+        run_{settings_, dive.plan.model, dive.before, dive.record.SurfaceInterval, false, true},
+        ways_(run_, rows_) {}
 
   std::vector<LegSupply> All() {
     std::vector<LegSupply> legs;
@@ -142,21 +147,14 @@ class Legs {
 
   /// Minutes times pressure of the way up on the gas of a row, until the next gas; nothing when a stop never clears.
   [[nodiscard]] std::optional<double> WayUpFrom(std::int16_t row) {
-    const Waypoint& end = rows_.Row(row);
-    ClassProfile cut;
-    cut.CopyUntil(rows_, row);
-    if (choice_.minutes > 0) {
-      SaveUserProfile(cut, settings_, end.Depth, choice_.minutes, 0, end.RunTime, RowStatus::kLeg, end.MixNumber);
-    }
-    TableDive dive;
-    // What never clears is asked about at its first stop, and ended there.
-    if (!run_.Compute(cut, true, dive, [] { return false; })) return std::nullopt;
-    const ClassProfile& way = dive.profile;
+    const std::optional<ClassProfile> way = ways_.From(row, choice_.minutes);
+    if (!way) return std::nullopt;
     double breathed = 0;
-    for (auto i = static_cast<std::int16_t>(cut.GetLength() + 1); i <= way.GetLength(); ++i) {
-      const Waypoint& piece = way.Row(i);
-      if (piece.GasMixName != end.GasMixName) break;
-      const Single from = way.getDepth(static_cast<std::int16_t>(i - 1));
+    // The minutes at depth are told apart from the way.
+    for (auto i = static_cast<std::int16_t>(choice_.minutes > 0 ? 2 : 1); i <= way->GetLength(); ++i) {
+      const Waypoint& piece = way->Row(i);
+      if (piece.GasMixName != rows_.GetGasMixName(row)) break;
+      const Single from = way->getDepth(static_cast<std::int16_t>(i - 1));
       const Single surface = settings_.EndPressure;
       breathed += piece.Rate == 0 ? GasUsedAtDepth(piece.Depth, piece.SegmentTime, 1, surface, settings_.Metric)
                                   : GasUsedOnRamp(from, piece.Depth, piece.Rate, 1, surface, settings_.Metric);
@@ -168,22 +166,30 @@ class Legs {
   const DiveTemplate& settings_;
   const ClassProfile& rows_;
   const SupplyChoice& choice_;
-  EngineObserver observer_;  // the ways up warn nobody
-  ScratchRun run_;
+  EngineRun run_;
+  WaysUp ways_;
 };
 
 /// What a leg leaves in its cylinders, and when to turn on it.
-void HoldAgainstStore(LegSupply& leg, const GasStore* store, const ClassProfile& rows, const DiveTemplate& settings,
-                      TurnRule rule) {
-  if (store == nullptr || store->cylinders.empty()) return;
-  for (std::int16_t i = 0; i <= leg.row; ++i) {
-    if (rows.GetGasMixName(i) == leg.gas) leg.used += rows.getGasUsed(i);
-  }
-  leg.left = store->carried - leg.used;
+void HoldAgainstStore(LegSupply& leg, const GasStore& store, const DiveTemplate& settings, TurnRule rule) {
+  leg.left = store.carried - leg.used;
   if (!settings.OpenCircuit || !leg.decompresses) return;
-  const double kept = std::max(leg.Minimum(), store->reserve);
-  if (kept <= store->carried) {
-    leg.turnPressure = store->Pressure(store->carried - (store->carried - kept) * ShareOf(rule));
+  const double kept = std::max(leg.Minimum(), store.reserve);
+  if (kept <= store.carried) {
+    leg.turnPressure = store.Pressure(store.carried - (store.carried - kept) * ShareOf(rule));
+  }
+}
+
+/// The legs are in the order of their rows.
+void HoldAgainstStores(GasSupply& supply, const ClassProfile& rows, const DiveTemplate& settings) {
+  std::map<std::string, double> used;
+  std::int16_t row = 0;
+  for (LegSupply& leg : supply.legs) {
+    for (; row <= leg.row; ++row) used[rows.GetGasMixName(row)] += rows.getGasUsed(row);
+    const GasStore* store = supply.Of(leg.gas);
+    if (store == nullptr || store->cylinders.empty()) continue;
+    leg.used = used[leg.gas];
+    HoldAgainstStore(leg, *store, settings, supply.choice.rule);
   }
 }
 
@@ -220,6 +226,11 @@ bool GasSupply::PassesTurn(const LegSupply& leg) const {
   return *store->Pressure(leg.left) < PressureToActBy(*leg.turnPressure, store->gaugeInBar) - kNoise;
 }
 
+std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
+                               const std::vector<Cylinder>& cylinders) {
+  return Stores(settings, rows, cylinders).All();
+}
+
 GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders) {
   const DiveTemplate& settings = dive.record.Template;
   const ClassProfile& rows = dive.plan.rows;
@@ -227,14 +238,14 @@ GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const st
   supply.choice = choice;
   supply.metric = settings.Metric;
   if (cylinders.empty() || rows.GetLength() == 0 || !dive.plan.fault.IsEmpty()) return supply;
-  supply.gases = Stores(settings, rows, cylinders).All();
+  supply.gases = StoresOf(rows, settings, cylinders);
   try {
     supply.legs = Legs(dive, choice).All();
-  } catch (const MessageError&) {
-    // A plan that has as many rows as there can be has none left for a way up.
+  } catch (const std::length_error&) {
+    // A way up in steps so small that no table of rows holds it.
     return supply;
   }
-  for (LegSupply& leg : supply.legs) HoldAgainstStore(leg, supply.Of(leg.gas), rows, settings, choice.rule);
+  HoldAgainstStores(supply, rows, settings);
   return supply;
 }
 

@@ -94,8 +94,12 @@ struct GasSupply {
   [[nodiscard]] bool PassesTurn(const LegSupply& leg) const;
 };
 
+/// What rows breathe of each gas and what the cylinders hold of it, without those that have neither.
+std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
+                               const std::vector<Cylinder>& cylinders);
+
 /// The supply of a computed dive with the cylinders of its template, or with others. Empty when there are no cylinders
-/// or no rows. Takes one run of the engine for each leg.
+/// or no rows. Takes a way up for each leg.
 GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice);
 GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders);
 

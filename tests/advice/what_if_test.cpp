@@ -46,7 +46,7 @@ void ExpectColumnsOfFiles(const ProfileText& profile, std::int16_t deepest, cons
   EngineObserver silent;
   const std::vector<ComputedPlan> plans = ComputeSeries(profile.dives, model, silent);
   const std::size_t last = plans.size() - 1;
-  WhatIf whatIf(PlannedSeries(profile.dives, plans)[last], model);
+  WhatIf whatIf(PlannedSeries(profile.dives, plans)[last]);
   ASSERT_TRUE(whatIf.Fault().IsEmpty());
   const auto columns = whatIf.Columns({7, 4});
   for (const WhatIfColumn& column : columns) {
@@ -126,7 +126,7 @@ TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
   };
   const std::string before = state();
   plans_.display.told.clear();
-  WhatIf whatIf(plans_.Planned(documents.back()), plans_.model);
+  WhatIf whatIf(plans_.Planned(documents.back()));
   EXPECT_EQ(whatIf.Columns({20, 30}).size(), 5U);
   EXPECT_EQ(state(), before);
   EXPECT_THAT(plans_.display.told, testing::IsEmpty());
@@ -135,7 +135,7 @@ TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
 
 TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
   frmWaypointEditor& window = Plan({{30, 10}, {20, 5}, {30, 10}, {15, 5}});
-  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(window.Tag()));
   const auto columns = whatIf.Columns(WhatIfWish::Usual(true));
   EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
   EXPECT_EQ(test::RowsText(columns[0].rows), test::RowsText(window.InputProfile));
@@ -157,22 +157,21 @@ TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
 TEST_F(WhatIfOfPlan, GivesAPlanWithoutAscentOne) {
   frmWaypointEditor& open = Plan({{40, 20}}, false);
   frmWaypointEditor& whole = Plan({{40, 20}});
-  WhatIf whatIf(plans_.Planned(open.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(open.Tag()));
   EXPECT_TRUE(whatIf.AddsAscent());
   EXPECT_EQ(test::RowsText(whatIf.Columns({})[0].rows), test::RowsText(whole.InputProfile));
   EXPECT_EQ(open.State(), EditState::Legs);
 }
 
 TEST_F(WhatIfOfPlan, SaysWhatCanNotBeCompared) {
-  EXPECT_THAT(plans_.texts.Words(WhatIf(plans_.Planned(plans_.New().Tag()), plans_.model).Fault()),
-              Numbered("<NoLegs>"));
+  EXPECT_THAT(plans_.texts.Words(WhatIf(plans_.Planned(plans_.New().Tag())).Fault()), Numbered("<NoLegs>"));
   frmWaypointEditor& broken = Plan({{40, 20}});
   plans_.documents(broken.Tag()).Template.StepSize = 0;
   broken.ReEvaluateUserEnteredWaypoints();
-  EXPECT_EQ(plans_.texts.Words(WhatIf(plans_.Planned(broken.Tag()), plans_.model).Fault()), broken.EvaluationFault());
+  EXPECT_EQ(plans_.texts.Words(WhatIf(plans_.Planned(broken.Tag())).Fault()), broken.EvaluationFault());
   EXPECT_NE(broken.EvaluationFault(), "");
   // A leg may last 100,000 min: one that is longer can't be computed, the other columns stand.
-  WhatIf whatIf(plans_.Planned(Plan({{5, 99990}}).Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(Plan({{5, 99990}}).Tag()));
   const auto columns = whatIf.Columns({20, 1});
   EXPECT_EQ(columns[1].fault.text, Text::ActionFault);
   EXPECT_EQ(columns[1].rows.GetLength(), 0);
@@ -191,7 +190,7 @@ TEST_F(WhatIfOfPlan, LosesAllOfAGasThatTheListHasTwice) {
     }
     ResolveGasChanges(t);
   });
-  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(window.Tag()));
   const auto columns = whatIf.Columns({});
   EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
   for (const GasNeed& need : columns.back().gas) EXPECT_NE(need.mix, "EAN50");
@@ -204,7 +203,7 @@ TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
   window.SaveUserEnteredWaypoints(-1, -1, 7, true);
   plans_.documents(window.Tag()).Template.ChangeGasMixes.resize(1);
   window.ReEvaluateUserEnteredWaypoints();
-  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(window.Tag()));
   const auto columns = whatIf.Columns({});
   ASSERT_EQ(columns.front().warnings.size(), 2U) << "the way down, and up to the oxygen";
   EXPECT_EQ(columns.front().warnings.back().to, 6);
@@ -224,7 +223,7 @@ TEST_F(WhatIfOfPlan, TellsWhatDoesNotDecompress) {
     t.ChangeGasMixes.resize(1);
   });
   ASSERT_FALSE(plans_.documents(window.Tag()).Decompresses);
-  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(window.Tag()));
   for (const WhatIfColumn& column : whatIf.Columns({})) EXPECT_FALSE(column.decompresses) << column.Id();
 }
 
@@ -246,13 +245,13 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
       if (!c.told) return;
       if (c.count > 0) t.Cylinders.push_back({"Air", c.count, 12, 0, c.fill, 50});
     });
-    WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+    WhatIf whatIf(plans_.Planned(window.Tag()));
     const WhatIfColumn planned = whatIf.Columns({})[0];
     ASSERT_EQ(planned.gas.size(), 1U);
     EXPECT_EQ(planned.gas[0].mix, "Air");
     EXPECT_NEAR(planned.gas[0].used, 57 * 20 * 2.01325, 80);
     EXPECT_EQ(planned.gas[0].carried, c.carried);
-    EXPECT_EQ(planned.gas[0].Enough(), c.enough) << c.fill;
+    EXPECT_EQ(planned.gas[0].enough, c.enough) << c.fill;
     // The gas supply of the plan says the same.
     const GasSupply supply = SupplyOf(window.Planned(), {});
     EXPECT_EQ(supply.IsTold(), c.told);
@@ -277,9 +276,9 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
   const auto needs = GasNeeds(rows, settings);
   ASSERT_EQ(needs.size(), 2U);
   EXPECT_EQ(needs[0].carried, 0);
-  EXPECT_EQ(needs[0].Enough(), false);
+  EXPECT_EQ(needs[0].enough, false);
   EXPECT_NEAR(*needs[1].carried, 80, 1e-9);
-  EXPECT_EQ(needs[1].Enough(), true);
+  EXPECT_EQ(needs[1].enough, true);
 }
 
 /// Of all whole minutes none asks for more than the one that is told, and it is the cut that `tavplan bailout` makes.
@@ -293,7 +292,7 @@ TEST_F(WhatIfOfPlan, BailsOutAtTheWorstMoment) {
       for (const char* gas : {"Tx18/45", "Tx21/35", "EAN50"}) settings.Cylinders.push_back({gas, 2, 12, 0, 200, 20});
       settings.Cylinders.push_back({"Oxygen", 1, oxygen, 0, 200, 20});
     }
-    WhatIf whatIf(plans_.Planned(document), plans_.model);
+    WhatIf whatIf(plans_.Planned(document));
     const WhatIfColumn worst = whatIf.Columns({}).back();
     ASSERT_EQ(worst.kind, Kind::BailOut);
     ASSERT_TRUE(worst.fault.IsEmpty());
@@ -325,7 +324,7 @@ TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
   frmWaypointEditor& window = Plan({{40, 25}}, true, [](DiveTemplate& t) {
     t.Cylinders = {{"Air", 2, 12, 0, 200, 50}, {"EAN50", 1, 7, 0, 200, 0}, {"Oxygen", 1, 7, 0, 20, 0}};
   });
-  WhatIf whatIf(plans_.Planned(window.Tag()), plans_.model);
+  WhatIf whatIf(plans_.Planned(window.Tag()));
   const WhatIfWish wish{5, 3};
   const auto columns = whatIf.Columns(wish);
   const AdviceWords words(english, {",", "."}, true);

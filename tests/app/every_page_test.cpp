@@ -87,11 +87,11 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   // Cylinders of which one runs short, so that the supply is told with its warnings.
   forms.Services().documents(document).Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}};
   const LocaleSeparators comma{",", "."};
-  GeneralReport general(report, ModelChoice(), [](const std::string& /*step*/) {});
+  GeneralReport general(report, [](const std::string& /*step*/) {});
   WriteLongReport(general, forms.Series(document));
   LookAtPages(report, "long report");
 
-  Slate slate(report, ModelChoice());
+  Slate slate(report);
   WriteSlates({slate, texts, comma, {}}, forms.Series(document));
   LookAtPages(report, "slate");
 

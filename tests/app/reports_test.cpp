@@ -5,7 +5,10 @@
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
+#include "pages/page_player.h"
 #include "pages/preview_form.h"
+#include "reports/dive_report.h"
+#include "reports/plan_slate.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -103,6 +106,41 @@ TEST(InformationWindow, ShowsTheDiveOfItsTab) {
   p.Main().mnuBulhmannC.Choose();
   p.Main().mnuDiveInformation.Choose();
   EXPECT_EQ(p.platform.modalForms.back(), "frmGeneralInfo");
+}
+
+/// A model that is marked computes what is changed from then on; the other dives keep theirs.
+TEST(Reports, AndWindowsNameTheModelOfEachDive) {
+  Series p;
+  const std::int16_t second = p.Editor().NextProfile;
+  p.Main().mnuBulhmannC.Choose();
+  p.Main().Activate(second);
+  p.Main().ApplyToProfile();
+  p.platform.onModal = {[&](Form& form) {
+    auto& window = dynamic_cast<frmGeneralInfo&>(form);
+    for (const int dive : {1, 0}) {
+      window.TabStrip1.Select(dive);
+      EXPECT_EQ(window.lbModel.Caption.Get(), dive == 1 ? "ZH-L16C" : "ZH-L16B");
+    }
+    window.Command1.Press();
+  }};
+  p.Main().mnuDiveInformation.Choose();
+  for (const auto& series : p.program.Forms().Series(second, true)) {
+    PrintPreview writer(p.platform.Services(), p.program.Texts());
+    GeneralReport report(writer);
+    WriteLongReport(report, {series});
+    Slate slate(writer);
+    const bool isSecond = &series.settings == &p.Document(second).Template;
+    EXPECT_EQ(series.dive.plan.model.ZHL16C, isSecond);
+    WriteSlates({slate, p.program.Texts(), {".", ""}, {}}, {series});
+    std::string pages;
+    for (int page = 1; page <= writer.Pages().Pages(); ++page) {
+      RecordingSurface surface(16839.9, 11907);
+      PagePlayer(writer.Pages()).tempshow(page, surface, 1);
+      for (const auto& stroke : surface.strokes) pages += stroke.text + "\n";
+    }
+    EXPECT_EQ(pages.find("ZH-L16C") != std::string::npos, isSecond);
+    EXPECT_EQ(pages.find("ZH-L16B") != std::string::npos, !isSecond);
+  }
 }
 
 TEST(InformationWindow, KeepsTheColumnsThatTheUserWidened) {

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/program_fixture.h"
@@ -6,6 +7,8 @@ namespace tav {
 namespace {
 
 using test::HeadlessProgram;
+using testing::SizeIs;
+using testing::StartsWith;
 
 TEST(Warnings, ComeOnceForAPlanUntilWhatTheyWarnOfChanges) {
   HeadlessProgram p;
@@ -50,6 +53,23 @@ TEST(Warnings, ComeOnceForAPlanUntilWhatTheyWarnOfChanges) {
   p.Document().Template.MaxPPO2 = 1.3;
   EXPECT_TRUE(p.Editor().AddUserWaypoint(60, 20, 0));
   EXPECT_EQ(news(), 2U) << "another plan with the same number";
+}
+
+TEST(Warnings, NameAPlanThatIsNotInFront) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  p.WarnByBoxes();
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(60, 20, 0));
+  ASSERT_THAT(p.platform.boxes, SizeIs(2));
+  EXPECT_THAT(p.platform.boxes[0].text, StartsWith("The END"));
+  const auto file = p.folder.Path() / "deep-air.tav";
+  p.platform.filesChosen.push_back(file);
+  ASSERT_TRUE(p.Main().Files().SaveActive(false));
+  HeadlessProgram again;
+  ASSERT_TRUE(again.Start());
+  EXPECT_TRUE(again.Main().OpenFile(file));
+  ASSERT_THAT(again.platform.boxes, SizeIs(2));
+  for (const ShownBox& box : again.platform.boxes) EXPECT_THAT(box.text, StartsWith("deep-air.tav"));
 }
 
 }  // namespace

@@ -35,6 +35,18 @@ struct Compared : test::HeadlessProgram {
   std::vector<PlotPoint> Overlay() { return Look().overlay; }
 };
 
+TEST(WhatIfWindow, ComputesByTheModelOfThePlan) {
+  Compared p("wreck.tav");
+  const std::string planned = p.RunTime(0);
+  const std::string longer = p.RunTime(1);
+  p.Main().mnuBulhmannC.Choose();
+  p.Window().PlanChanged();
+  EXPECT_EQ(p.RunTime(0), planned) << "a mark computes nothing";
+  EXPECT_EQ(p.RunTime(1), longer);
+  p.Main().ApplyToProfile();
+  EXPECT_NE(p.RunTime(0), planned);
+}
+
 TEST(WhatIfWindow, FollowsItsFieldsAtOnce) {
   Compared p("wreck.tav");
   frmWhatIf& window = p.Window();

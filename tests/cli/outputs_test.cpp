@@ -82,6 +82,12 @@ TEST_F(Outputs, NeverGoOverAnInput) {
   EXPECT_EQ(ReadTextFile(Scratch("sub/tav/template/Default.tpl")), ReadTextFile(Scratch("my.tpl")));
 }
 
+TEST_F(Outputs, AreOneFileEach) {
+  const Ended ended = Shell("tavplan new --depth 30 --time 20 --phi -o ./phi.log");
+  EXPECT_EQ(ended.status, ExitStatus::kUnusableInput);
+  EXPECT_EQ(ended.err, "./phi.log: this is the trace that is being written; give another file\n");
+}
+
 TEST_F(Outputs, TellWhenTheyFail) {
   for (const char* command :
        {"plan a.tav", "plan --json a.tav", "plan --csv quiet.tav", "new --depth 30 --time 20", "bailout a.tav",

@@ -17,13 +17,7 @@ namespace {
 
 const UddfOrigin kOrigin{"1.2.3", std::chrono::sys_days(std::chrono::year(2026) / 5 / 31) + std::chrono::hours(23)};
 
-std::string Text(const ProfileText& profile) {
-  std::string text;
-  for (const DiveRecord& dive : profile.dives) {
-    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
-  }
-  return text;
-}
+std::string Text(const ProfileText& profile) { return WriteProfileText(profile.dives); }
 
 std::vector<ComputedPlan> Computed(const ProfileText& profile, const ModelChoice& model = {}) {
   EngineObserver silent;

@@ -30,7 +30,7 @@ struct Dive {
     row.PPO2 = 1.0;
     return row;
   }
-  [[nodiscard]] DiveInformation Information() const { return {profile, t, marks, texts, {}}; }
+  [[nodiscard]] DiveInformation Information() const { return {profile, t, marks, false, texts, {}}; }
   [[nodiscard]] GridCell Cell(int row, int column) const {
     return Information().Profile().at(static_cast<std::size_t>(row + 1)).at(static_cast<std::size_t>(column));
   }
@@ -146,7 +146,7 @@ TEST(Information, ADiveWithoutRowsHasAnEmptySummary) {
 TEST(Information, FiguresHaveTheUsersDecimalSeparator) {
   Dive dive;
   dive.Add().PPO2 = 1.25;
-  const DiveInformation german(dive.profile, dive.t, dive.marks, dive.texts, {",", "."});
+  const DiveInformation german(dive.profile, dive.t, dive.marks, false, dive.texts, {",", "."});
   EXPECT_EQ(german.Profile()[2][5].text, "1,25");
   EXPECT_EQ(german.Info().highGF, "0,85");
 }
@@ -203,7 +203,7 @@ TEST(InformationText, StandsInColumns) {
                                        : "t" + std::to_string(id);
     }
   } words;
-  const DiveInformation information(dive.profile, dive.t, dive.marks, words, {});
+  const DiveInformation information(dive.profile, dive.t, dive.marks, true, words, {});
   const std::string text = InformationText(
       {"wreck", "2 hrs :5 min", information.Info(), information.Profile(), information.DecoStops(), information.Gas()},
       words);

@@ -102,7 +102,7 @@ class ToldDive {
 
   void ExpectOnPaper() {
     PrintPreview writer(p_.platform.Services(), p_.program.Texts());
-    GeneralReport report(writer, p_.program.Forms()(document_).EvaluatedWith());
+    GeneralReport report(writer);
     WriteLongReport(report, p_.program.Forms().Series(document_, false));
     std::vector<std::string> texts;
     for (int page = 1; page <= writer.Pages().Pages(); ++page) {

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "graph/document_plan.h"
+#include "app/document_plan.h"
 #include "headless/recording_surface.h"
 #include "model/number_text.h"
 #include "picture/graph_colours.h"

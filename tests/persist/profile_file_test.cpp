@@ -24,13 +24,7 @@ ProfileText Read(std::string_view text) {
   return ReadProfileText(text, faults);
 }
 
-std::string Write(const ProfileText& profile) {
-  std::string text;
-  for (const DiveRecord& dive : profile.dives) {
-    text += WriteDiveRecord(dive.Template, dive.SurfaceInterval, dive.UserActions);
-  }
-  return text;
-}
+std::string Write(const ProfileText& profile) { return WriteProfileText(profile.dives); }
 
 std::string Shipped(const char* name) { return ReadTextFile(SourceFolder() / "dives" / name); }
 

@@ -57,7 +57,7 @@ TEST(RebreatherSeries, IsTheSameAsOnOpenCircuitDuringAnIntervalOnAir) {
     t.IntervalOnAir = onAir;
     plans.forms(second).ReEvaluateUserEnteredWaypoints();
     plans.forms(second).AddUserWaypoint(10, 5, 0);
-    const Waypoint& row = plans.forms(second).LoadedProfile().Row(0);
+    const Waypoint row = plans.forms(second).LoadedProfile().Row(0);
     plans.forms(second).mnuclearallwaypoints();
     return std::pair(row.N2Compartments, row.HeCompartments);
   };

@@ -40,7 +40,7 @@ class LongReports : public testing::Test {
       if (stops) row.StopDepth = i;
     }
     report.InitLongReport();
-    report.LongReport({profile, t, false, 1, 0});
+    report.LongReport({profile, t, model, false, false, 1, 0});
   }
   [[nodiscard]] std::vector<Stroke> Page(int number) const {
     RecordingSurface surface(16839.9, 11907);
@@ -70,8 +70,9 @@ class LongReports : public testing::Test {
   HeadlessPlatform platform;
   TextSource texts;
   PrintPreview writer{platform, texts};
-  GeneralReport report{writer, {}};
+  GeneralReport report{writer};
   DiveTemplate t = ShippedDefaultTemplate();
+  ModelChoice model;
 };
 
 TEST_F(LongReports, TurnThePageOnlyWhenAFurtherRowFollows) {
@@ -124,7 +125,7 @@ TEST_F(LongReports, APlanThatDoesNotDecompressSaysSoOnEachPageInTheOpen) {
     profile.Row(static_cast<std::int16_t>(i)).Status = RowStatus::kLeg;
   }
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0, false});
+  report.LongReport({profile, t, model, false, false, 1, 0, false});
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
     const auto strokes = Page(page);
     const auto notice = std::find_if(strokes.begin(), strokes.end(), [](const Stroke& stroke) {
@@ -145,7 +146,7 @@ TEST_F(LongReports, APlanWithoutAscentSaysSoWhereTheStopsWouldBe) {
   profile.Row(1).Depth = 40;
   profile.Row(1).EndUserProfile = true;
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0, true, {}, "wreck.tav, dive 1"});
+  report.LongReport({profile, t, model, false, false, 1, 0, true, {}, "wreck.tav, dive 1"});
   for (int page = 1; page <= writer.Pages().Pages(); ++page) {
     EXPECT_THAT(Texts(page), Contains(Numbered("<LacksAscent>"))) << page;
     EXPECT_THAT(Texts(page), Not(Contains(Numbered("<ReportNoStops>")))) << page;
@@ -154,18 +155,18 @@ TEST_F(LongReports, APlanWithoutAscentSaysSoWhereTheStopsWouldBe) {
   // A plan that comes up by its own legs has an ascent and no stops.
   profile.Row(1).Depth = 0;
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0});
+  report.LongReport({profile, t, model, false, false, 1, 0});
   EXPECT_THAT(Texts(1), Not(Contains(Numbered("<LacksAscent>"))));
   EXPECT_THAT(Texts(2), Contains(Numbered("<ReportNoStops>")));
 }
 
 TEST_F(LongReports, NameTheModelInForceAndNoFactorsThatDoNothing) {
-  GeneralReport vpm(writer, {true, false, false});
+  model.VPMMode = true;
   ClassProfile profile;
   profile.NewWayPoint();
   profile.Row(1).GF = 0.85;
-  vpm.InitLongReport();
-  vpm.LongReport({profile, t, false, 1, 0});
+  report.InitLongReport();
+  report.LongReport({profile, t, model, false, false, 1, 0});
   EXPECT_THAT(Texts(1), Contains("VPM"));
   EXPECT_THAT(Texts(1), Not(Contains("0.30-0.85")));
   EXPECT_THAT(Texts(1), Not(Contains("85")));
@@ -178,7 +179,7 @@ TEST_F(LongReports, APPO2AtItsLimitIsBold) {
     profile.Row(profile.GetLength()).PPO2 = ppo2;
   }
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0});
+  report.LongReport({profile, t, model, false, false, 1, 0});
   for (const Stroke& stroke : Page(1)) {
     if (stroke.colour != RGB(255, 255, 255)) continue;
     EXPECT_FALSE(stroke.text == "1.39" && stroke.font.bold);
@@ -190,13 +191,13 @@ TEST_F(LongReports, TellHowFarTheyAreAndEndWhenTheyAreTold) {
   ClassProfile profile;
   for (int i = 0; i < 30; ++i) profile.NewWayPoint();
   std::vector<std::string> told;
-  GeneralReport watched(writer, {}, nullptr, [&](int done, int of) {
+  GeneralReport watched(writer, nullptr, [&](int done, int of) {
     told.push_back(std::to_string(done) + " of " + std::to_string(of));
     return done < 62;
   });
   watched.InitLongReport(62);
-  EXPECT_TRUE(watched.LongReport({profile, t, false, 1, 0}));
-  EXPECT_FALSE(watched.LongReport({profile, t, false, 1, 0}));
+  EXPECT_TRUE(watched.LongReport({profile, t, model, false, false, 1, 0}));
+  EXPECT_FALSE(watched.LongReport({profile, t, model, false, false, 1, 0}));
   EXPECT_EQ(told.size(), 62U);
   EXPECT_EQ(told.front(), "1 of 62");
   EXPECT_EQ(told.back(), "62 of 62");
@@ -213,7 +214,7 @@ TEST_F(LongReports, FiguresStandInTheirColumns) {
   row.GasUsed = 77;
   row.GF = 0.85;
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0});
+  report.LongReport({profile, t, model, false, false, 1, 0});
   // Right edges in cm, and left ones behind "<".
   const std::pair<const char*, double> columns[] = {{"12", 2.7}, {"3", 3.7}, {"61", 5.8}, {"77", 11.8}, {"85", -17.5}};
   const auto page = Page(2);
@@ -265,7 +266,7 @@ TEST_F(LongReports, TheLowestPPO2LeavesTheSurfaceOut) {
   profile.NewWayPoint();
   profile.Row(1).PPO2 = 0.77;
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0});
+  report.LongReport({profile, t, model, false, false, 1, 0});
   EXPECT_THAT(Texts(3), Contains("0.77"));
   EXPECT_THAT(Texts(3), Not(Contains("0.10")));
 }
@@ -279,7 +280,7 @@ TEST_F(LongReports, LongGasNamesKeepApartAndOutOfTheNextColumn) {
     profile.Row(i).GasMixName = names[static_cast<std::size_t>(i - 1)];
   }
   report.InitLongReport();
-  report.LongReport({profile, t, false, 1, 0});
+  report.LongReport({profile, t, model, false, false, 1, 0});
   int found = 0;
   for (int number = 1; number <= 3; ++number) {
     for (const Stroke& stroke : Page(number)) {

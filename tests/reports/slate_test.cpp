@@ -144,10 +144,11 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   }
   const Words english;
   PrintPreview pages(platform_.Services(), english);
-  Slate slate(pages, {});
+  Slate slate(pages);
+  const ModelChoice model;
   slate.Begin();
-  slate.Add({"plan.tav", "longer +5 min", profile, settings, false});
-  slate.Add({"plan.tav", "", profile, settings, true, "120 bar"});
+  slate.Add({"plan.tav", "longer +5 min", profile, settings, model, false, false});
+  slate.Add({"plan.tav", "", profile, settings, model, false, true, "120 bar"});
   slate.End();
   const SlateRows rows = SlateRowsOf(profile, settings, {".", ""});
   ASSERT_GT(rows.rows.size(), 66U);
@@ -180,7 +181,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   // Legs alone: it is told at the head that there is no ascent.
   profile.CutAfter(1);
   slate.Begin();
-  slate.Add({"plan.tav", "", profile, settings, true, "120 bar"});
+  slate.Add({"plan.tav", "", profile, settings, model, false, true, "120 bar"});
   slate.End();
   RecordingSurface surface(page::kWidth, page::kHeight);
   PagePlayer(pages.Pages()).tempshow(1, surface, 1);

@@ -65,10 +65,10 @@ keys ctrl+u
 focus "^Gas supply"
 for kind in S80 D12 S80; do
   keys alt+k
-  sleep 0.5
+  await "the gas supply does not come to rest" is_still "$(window "^Gas supply")"
   type_text "$kind"
   keys alt+a
-  sleep 0.5
+  await "the gas supply does not come to rest" is_still "$(window "^Gas supply")"
 done
 keys alt+a alt+a
 shot cylinders "^Gas supply"

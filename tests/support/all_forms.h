@@ -58,12 +58,11 @@ struct Forms {
     forms.push_back(std::make_unique<frmBailoutStart>(services, reports, host));
     forms.push_back(std::make_unique<frmTableExpert>(services, reports, host));
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
-    forms.push_back(std::make_unique<frmGeneralInfo>(services, ModelChoice()));
+    forms.push_back(std::make_unique<frmGeneralInfo>(services));
     forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
     forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
         services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
-    forms.push_back(std::make_unique<frmWhatIf>(
-        services, reports, [] { return ModelChoice(); }, [](std::int16_t, const std::vector<PlotPoint>&) {}));
+    forms.push_back(std::make_unique<frmWhatIf>(services, reports, [](std::int16_t, const std::vector<PlotPoint>&) {}));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));

@@ -1,4 +1,4 @@
-#include "graph/document_plan.h"
+#include "app/document_plan.h"
 
 #include "figures/dive_figures.h"
 
