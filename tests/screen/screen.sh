@@ -68,15 +68,25 @@ choose_file() {
   await "the file dialog stays" gone "$1"
 }
 
-display=$((90 + RANDOM % 400))
-Xvfb ":$display" -screen 0 "${screen:-1280x900}x24" -nolisten tcp >/dev/null 2>&1 &
+# the first display that is free; its number comes when it takes clients
+Xvfb -displayfd 1 -screen 0 "${screen:-1280x900}x24" -nolisten tcp >"$work/display" 2>"$work/screen.log" &
 pids+=($!)
-export DISPLAY=":$display" HOME=$work XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
+has_display() { grep -q . "$work/display"; }
+await "the screen does not start" has_display
+DISPLAY=:$(cat "$work/display")
+export DISPLAY HOME=$work XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
 export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
-await "the screen does not start" xdotool getmouselocation
-openbox >/dev/null 2>&1 &
-pids+=($!)
-manages_windows() { xprop -root _NET_SUPPORTING_WM_CHECK | grep "window id"; }
+await "the screen does not answer" xdotool getmouselocation
+manager=
+# a window manager that has gone, as on a busy machine, is started again
+manages_windows() {
+  if ! kill -0 "$manager" 2>/dev/null; then
+    openbox >>"$work/screen.log" 2>&1 &
+    manager=$!
+    pids+=("$manager")
+  fi
+  xprop -root _NET_SUPPORTING_WM_CHECK | grep "window id"
+}
 await "the window manager does not start" manages_windows
 
 start() {
