@@ -33,7 +33,7 @@ struct DeepDive {
 /// To stay under 0.1 ms.
 void PlanCheckOf100m(benchmark::State& state) {
   DeepDive dive;
-  const GasSupply supply = SupplyOf(dive.window.Planned(), {});
+  const GasSupply supply = SupplyOf(dive.window.Planned());
   const AdviceWords words(dive.texts, {".", ""}, true);
   for (auto _ : state) {
     benchmark::DoNotOptimize(CheckPlan(dive.window.Planned(), words, supply));
@@ -44,7 +44,7 @@ BENCHMARK(PlanCheckOf100m)->Unit(benchmark::kMicrosecond);
 /// One run of the engine for each leg.
 void GasSupplyOf100m(benchmark::State& state) {
   DeepDive dive;
-  for (auto _ : state) benchmark::DoNotOptimize(SupplyOf(dive.window.Planned(), {}));
+  for (auto _ : state) benchmark::DoNotOptimize(SupplyOf(dive.window.Planned()));
 }
 BENCHMARK(GasSupplyOf100m)->Unit(benchmark::kMicrosecond);
 

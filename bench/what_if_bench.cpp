@@ -23,7 +23,7 @@ void Columns(benchmark::State& state, const std::string& dive, bool wishAlone) {
   const auto work = [&](WhatIf& whatIf) {
     const auto made = whatIf.Columns(wish);
     columns = made.size();
-    benchmark::DoNotOptimize(TableOf(made, wish, whatIf.Settings(), words));
+    benchmark::DoNotOptimize(TableOf(made, wish, whatIf, words));
   };
   work(kept);
   for (auto _ : state) {

@@ -17,13 +17,43 @@ class SupplyCheck {
   void Run() {
     for (const GasStore& store : supply_.gases) CheckStore(store);
     for (const LegSupply& leg : supply_.legs) CheckLeg(leg);
+    if (supply_.neverUp) {
+      const std::int16_t row = RowAt(*supply_.neverUp);
+      context_.findings.push_back({Rule::GasShort, Severity::Danger, row, row,
+                                   words_.T(Text::BailOutNeverEnds, {words_.Short(*supply_.neverUp)})});
+    }
     for (const GasStore& store : supply_.gases) CheckTurn(store);
   }
 
  private:
   [[nodiscard]] double Shown(double volume) const { return ShownVolume(volume, supply_.metric); }
 
+  /// A gas of which a way out from the loop asks for most.
+  void CheckBailOut(const GasStore& store) {
+    const double left = store.ShownLeft(supply_.metric);
+    const double reserve = Shown(store.reserve);
+    const auto add = [&](Severity severity, int text, const std::string& asked, const std::string& there,
+                         const std::string& lacking) {
+      const BailOutNeed& way = *store.bailOut;
+      context_.findings.push_back(
+          {Rule::GasShort, severity, way.row, way.row,
+           words_.T(text, {store.gas, words_.Depth(way.depth), words_.Short(way.moment), asked, there, lacking})});
+    };
+    const std::string need = words_.Volume(store.Need());
+    if (store.verdict == GasVerdict::RunsOut) {
+      add(Severity::Danger, Text::BailOutTooLittle, need, words_.Volume(store.carried), words_.Volume(-left));
+    } else if (store.verdict == GasVerdict::IntoReserve) {
+      add(Severity::Danger, Text::BailOutIntoReserve, words_.Volume(left), words_.Volume(reserve),
+          words_.Volume(reserve - left));
+    } else if (store.verdict == GasVerdict::NoCylinder) {
+      add(Severity::Danger, Text::BailOutNoCylinder, need, "", "");
+    } else if (store.verdict == GasVerdict::NotTold) {
+      add(Severity::Note, Text::BailOutNotTold, need, "", "");
+    }
+  }
+
   void CheckStore(const GasStore& store) {
+    if (store.bailOut) return CheckBailOut(store);
     const auto add = [&](std::string text) {
       context_.findings.push_back({Rule::GasShort, Severity::Danger, store.firstRow, store.lastRow, std::move(text)});
     };
@@ -72,7 +102,8 @@ class SupplyCheck {
 
   void CheckLeg(const LegSupply& leg) {
     const GasStore* store = supply_.Of(leg.gas);
-    if (store == nullptr || store->cylinders.empty() || supply_.HoldsMinimum(leg)) return;
+    // A reserve that is gone into has a finding of its gas.
+    if (store == nullptr || store->cylinders.empty() || supply_.VerdictOf(leg) != GasVerdict::RunsOut) return;
     const std::string number = std::to_string(leg.leg);
     const std::string depth = words_.Depth(leg.depth);
     const std::string time = words_.Short(leg.runTime);

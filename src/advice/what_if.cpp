@@ -1,72 +1,54 @@
 #include "advice/what_if.h"
 
 #include <algorithm>
+#include <functional>
 
-#include "compute/bailout_cuts.h"
+#include "advice/plan_check.h"
+#include "model/number_text.h"
 #include "model/text_id.h"
-#include "supply/gas_supply.h"
 
 namespace tav {
 namespace {
 
 using Kind = WhatIfColumn::Kind;
 
-/// How much a bail-out asks for; the more, the worse.
-struct Demand {
-  bool endless = false;   ///< it never reaches the surface
-  double notCarried = 0;  ///< volume of gases that are in no cylinder
-  double ratio = 0;       ///< the most of used to usable gas; minutes where no cylinders are told
-
-  [[nodiscard]] bool IsAbove(const Demand& other) const {
-    if (endless != other.endless) return endless;
-    if (notCarried != other.notCarried) return notCarried > other.notCarried;
-    return ratio > other.ratio;
-  }
-};
-
 /// A gas that is lost is lost from the start.
-WhatIfColumn ColumnOf(Kind kind, const ComputedPlan& plan, const DiveTemplate& settings,
-                      const std::optional<std::string>& lost = std::nullopt) {
-  const ClassProfile& rows = plan.rows;
-  WhatIfColumn column;
-  column.kind = kind;
-  column.fault = plan.fault;
-  column.decompresses = plan.end.Decompresses;
-  column.rows = rows;
-  column.gas = GasNeeds(rows, settings);
-  column.warnings = GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
-  return column;
+std::vector<GasWarning> WarningsOf(const ClassProfile& rows, const DiveTemplate& settings,
+                                   const std::optional<std::string>& lost) {
+  return GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
 }
 
-Demand DemandOf(const TableDive& cut, const DiveTemplate& settings) {
-  Demand demand;
-  demand.endless = !cut.decompresses;
-  const ClassProfile& rows = cut.profile;
-  if (settings.Cylinders.empty()) {
-    demand.ratio = rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(LastUserRow(rows));
-    return demand;
-  }
-  for (const GasNeed& need : GasNeeds(rows, settings)) {
-    const double carried = need.carried.value_or(0);
-    if (carried > 0) {
-      demand.ratio = std::max(demand.ratio, need.used / carried);
+/// Legs on gases that are lost go on with the gas before. Why they can't; empty when they can.
+Message GoOnWithout(const std::function<bool(const std::string& gas)>& isLost, DiveRecord& dive) {
+  ClassUseractions& actions = dive.UserActions;
+  std::optional<std::int16_t> before;
+  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+    if (actions.getaction(i) != ClassUseractions::kLeg) continue;
+    const std::string& gas = dive.Template.Blends.at(static_cast<std::size_t>(actions.getmixnumber(i))).Name;
+    if (!isLost(gas)) {
+      before = actions.getmixnumber(i);
+    } else if (before) {
+      actions.setuser(i, actions.getDepth(i), actions.gettime(i), *before);
     } else {
-      demand.notCarried += need.used;
+      return {Text::WhatIfNoGasBefore, {gas}};
     }
   }
-  return demand;
+  return {};
 }
+
+/// Two digits of per cent, as scripts read them.
+std::string PerCent(Single factor) { return FormatFixed(Single(factor * 100), 0); }
 
 }  // namespace
 
-std::vector<GasNeed> GasNeeds(const ClassProfile& rows, const DiveTemplate& settings) {
+std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, const DiveTemplate& settings) {
   std::vector<GasNeed> needs;
-  for (const GasStore& store : StoresOf(rows, settings, settings.Cylinders)) {
-    if (!(store.used > 0)) continue;
-    GasNeed& need = needs.emplace_back(GasNeed{store.gas, store.used, std::nullopt, std::nullopt});
+  for (const GasStore& store : stores) {
+    if (!(store.Need() > 0)) continue;
+    GasNeed& need = needs.emplace_back(GasNeed{store.gas, store.used, store.Need(), std::nullopt, std::nullopt});
     if (settings.Cylinders.empty()) continue;
     need.carried = store.carried;
-    need.enough = store.verdict == GasVerdict::Enough;
+    need.verdict = store.verdict;
   }
   return needs;
 }
@@ -83,8 +65,12 @@ std::string WhatIfColumn::Id() const {
       return "both";
     case Kind::Lost:
       return "lost " + lost;
+    case Kind::AllLost:
+      return "lost all";
+    case Kind::Factors:
+      return "gf " + PerCent(factors.low) + "/" + PerCent(factors.high);
     case Kind::BailOut:
-      return "bail-out";
+      return "bail-out " + FormatPlain(moment);
   }
   return {};
 }
@@ -110,6 +96,25 @@ ComputedPlan WhatIf::Computed(const DiveRecord& dive) const {
   return Compute(dive, model_, before_ ? &*before_ : nullptr, silent);
 }
 
+WhatIfColumn WhatIf::ColumnOf(Kind kind, DiveRecord dive) const {
+  WhatIfColumn column;
+  column.kind = kind;
+  column.record = std::move(dive);
+  column.plan = Computed(column.record);
+  column.fault = column.plan.fault;
+  column.decompresses = column.plan.end.Decompresses;
+  column.rows = column.plan.rows;
+  if (!column.fault.IsEmpty()) return column;
+  const DiveTemplate& settings = column.record.Template;
+  const SupplyChoice choice = SupplyChoiceOf(settings);
+  const PlannedDive planned{column.record, column.plan, Before()};
+  column.gas = GasNeeds(StoresOf(column.rows, settings, settings.Cylinders, BailOutNeedsOf(planned, choice.minutes),
+                                 choice.team * choice.stress * settings.RMV),
+                        settings);
+  column.warnings = WarningsOf(column.rows, settings, std::nullopt);
+  return column;
+}
+
 WhatIfColumn WhatIf::Changed(Kind kind, const WhatIfWish& wish) const {
   DiveRecord dive = plan_;
   ClassUseractions& actions = dive.UserActions;
@@ -117,47 +122,87 @@ WhatIfColumn WhatIf::Changed(Kind kind, const WhatIfWish& wish) const {
   const double deeper = kind == Kind::Longer ? 0.0 : double{wish.depth};
   actions.setuser(deepest_, actions.getDepth(deepest_) + deeper, actions.gettime(deepest_) + longer,
                   actions.getmixnumber(deepest_));
-  return ColumnOf(kind, Computed(dive), dive.Template);
+  return ColumnOf(kind, std::move(dive));
 }
 
-WhatIfColumn WhatIf::Lost(const std::string& gas) const {
+WhatIfColumn WhatIf::Lost(Kind kind, const std::vector<std::string>& gases) const {
   DiveRecord dive = plan_;
+  const auto isLost = [&](const std::string& gas) { return std::ranges::find(gases, gas) != gases.end(); };
   for (std::size_t i = dive.Template.ChangeGasMixes.size(); i-- > 0;) {
     // The list may have a gas twice; all of it is in the cylinder that is lost.
-    if (dive.Template.ChangeGasMixes[i].Name == gas) dive.Template = DropGasChange(dive.Template, static_cast<int>(i));
+    if (isLost(dive.Template.ChangeGasMixes[i].Name)) dive.Template = DropGasChange(dive.Template, static_cast<int>(i));
   }
-  WhatIfColumn column = ColumnOf(Kind::Lost, Computed(dive), dive.Template, gas);
-  column.lost = gas;
+  std::erase_if(dive.Template.Cylinders, [&](const Cylinder& cylinder) { return isLost(cylinder.Gas); });
+  const Message fault = GoOnWithout(isLost, dive);
+  WhatIfColumn column;
+  if (fault.IsEmpty()) {
+    column = ColumnOf(kind, std::move(dive));
+    if (kind == Kind::Lost) column.warnings = WarningsOf(column.rows, column.record.Template, gases.front());
+  } else {
+    column.kind = kind;
+    column.fault = fault;
+  }
+  if (kind == Kind::Lost) column.lost = gases.front();
   return column;
 }
 
-WhatIfColumn WhatIf::BailOut(const ComputedPlan& planned) const {
-  WhatIfColumn worst;
-  worst.kind = Kind::BailOut;
-  EngineObserver silent;
-  const BailoutCuts cuts({plan_, planned, before_ ? &*before_ : nullptr}, model_, 1, silent);
-  worst.fault = cuts.Fault();
-  if (!worst.fault.IsEmpty()) return worst;
-  Demand most;
+WhatIfColumn WhatIf::With(const GradientFactors& factors) const {
+  DiveRecord dive = plan_;
+  dive.Template.UseGF = true;
+  dive.Template.GFLow = factors.low;
+  dive.Template.GFHigh = factors.high;
+  WhatIfColumn column = ColumnOf(Kind::Factors, std::move(dive));
+  column.factors = factors;
+  return column;
+}
+
+WhatIfColumn WhatIf::BailOut(const PlannedDive& dive, const BailoutCuts& cuts, Single moment) const {
+  const DiveTemplate& settings = plan_.Template;
+  WhatIfColumn column;
+  column.kind = Kind::BailOut;
+  column.moment = moment;
+  column.record = plan_;
   try {
-    cuts.Visit([&](const TableDive& cut) {
-      if (!(cut.depth > 0)) return true;
-      const Demand demand = DemandOf(cut, plan_.Template);
-      if (worst.rows.GetLength() > 0 && !demand.IsAbove(most)) return true;
-      most = demand;
-      worst.moment = cut.head;
-      worst.depth = cut.depth;
-      worst.decompresses = cut.decompresses;
-      worst.rows.Copy(cut.profile);
-      worst.warnings = GasWarnings({plan_.Template, {}, true}, cut);
-      return cut.decompresses;  // nothing is worse than what never ends
-    });
+    const TableDive cut = cuts.At(moment);
+    column.depth = cut.depth;
+    column.decompresses = cut.decompresses;
+    column.rows = cut.profile;
+    column.warnings = GasWarnings({settings, {}, true}, cut);
+    const SupplyChoice choice = SupplyChoiceOf(settings);
+    column.gas =
+        GasNeeds(StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, moment),
+                          choice.team * choice.stress * settings.RMV),
+                 settings);
   } catch (const MessageError& error) {
-    worst.fault = error.Reason();
+    column.fault = error.Reason();
   }
-  if (worst.fault.IsEmpty() && worst.rows.GetLength() == 0) worst.fault = Text::NeverUnderWater;
-  worst.gas = GasNeeds(worst.rows, plan_.Template);
-  return worst;
+  return column;
+}
+
+std::vector<WhatIfColumn> WhatIf::BailOuts(const WhatIfColumn& planned) const {
+  EngineObserver silent;
+  const PlannedDive dive{planned.record, planned.plan, Before()};
+  const BailoutCuts cuts(dive, model_, 1, silent);
+  std::vector<WhatIfColumn> columns;
+  if (!cuts.Fault().IsEmpty()) {
+    columns.emplace_back().kind = Kind::BailOut;
+    columns.back().fault = cuts.Fault();
+    return columns;
+  }
+  const BailOutNeeds needs = BailOutNeedsOf(dive, SupplyChoiceOf(plan_.Template).minutes);
+  std::vector<Single> moments;
+  const auto add = [&](const std::optional<Single>& moment) {
+    if (moment && std::ranges::find(moments, *moment) == moments.end()) moments.push_back(*moment);
+  };
+  add(needs.neverUp);
+  add(needs.longest);
+  for (const BailOutNeed& need : needs.gases) add(need.moment);
+  if (moments.empty()) {
+    columns.emplace_back().kind = Kind::BailOut;
+    columns.back().fault = Text::NeverUnderWater;
+  }
+  for (const Single moment : moments) columns.push_back(BailOut(dive, cuts, moment));
+  return columns;
 }
 
 std::vector<WhatIfColumn> WhatIf::Columns(const WhatIfWish& wish) {
@@ -167,18 +212,27 @@ std::vector<WhatIfColumn> WhatIf::Columns(const WhatIfWish& wish) {
       const bool known = FindBlend(change.Name, plan_.Template).has_value();
       if (known && std::ranges::find(lost, change.Name) == lost.end()) lost.push_back(change.Name);
     }
-    const ComputedPlan planned = Computed(plan_);
-    fixed_.reserve(lost.size() + 2);
-    fixed_.push_back(ColumnOf(Kind::Planned, planned, plan_.Template));
-    for (const std::string& gas : lost) fixed_.push_back(Lost(gas));
-    if (!plan_.Template.OpenCircuit) fixed_.push_back(BailOut(planned));
+    fixed_.push_back(ColumnOf(Kind::Planned, plan_));
+    for (const std::string& gas : lost) fixed_.push_back(Lost(Kind::Lost, {gas}));
+    if (lost.size() > 1) fixed_.push_back(Lost(Kind::AllLost, lost));
+    if (!plan_.Template.OpenCircuit) {
+      for (WhatIfColumn& way : BailOuts(fixed_.front())) fixed_.push_back(std::move(way));
+    }
   }
   std::vector<WhatIfColumn> columns;
-  columns.reserve(fixed_.size() + 3);
+  columns.reserve(fixed_.size() + 3 + wish.factors.size());
   columns.push_back(fixed_.front());
   for (const Kind kind : {Kind::Longer, Kind::Deeper, Kind::Both}) columns.push_back(Changed(kind, wish));
+  for (const GradientFactors& factors : wish.factors) columns.push_back(With(factors));
   columns.insert(columns.end(), fixed_.begin() + 1, fixed_.end());
   return columns;
+}
+
+std::vector<Finding> DangersOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words) {
+  if (!column.fault.IsEmpty() || column.kind == WhatIfColumn::Kind::BailOut) return {};
+  std::vector<Finding> findings = CheckPlan(CheckedDive({column.record, column.plan, before}), words);
+  std::erase_if(findings, [](const Finding& finding) { return finding.severity != Severity::Danger; });
+  return findings;
 }
 
 }  // namespace tav

@@ -5,18 +5,29 @@
 #include <string>
 #include <vector>
 
+#include "advice/finding.h"
+#include "compute/bailout_cuts.h"
 #include "compute/compute.h"
 #include "compute/gas_warnings.h"
+#include "figures/advice_words.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 
-/// How much longer and deeper the dive is asked to be.
+/// Gradient factors, fractions.
+struct GradientFactors {
+  Single low;
+  Single high;
+};
+
+/// How much longer and deeper the dive is asked to be, and by which other gradient factors.
 struct WhatIfWish {
   Single minutes = 5;
   Single depth = 3;  ///< depth units
+  std::vector<GradientFactors> factors = {};
 
   /// 5 minutes; 3 m or 10 ft.
-  static WhatIfWish Usual(bool metric) { return {5, metric ? 3 : 10}; }
+  static WhatIfWish Usual(bool metric) { return {5, metric ? 3 : 10, {}}; }
 
   static constexpr double kMostMinutes = 999;
   static constexpr double kMostDepth = 999;
@@ -25,29 +36,34 @@ struct WhatIfWish {
 /// What a dive asks for of one gas, and whether the cylinders hold it.
 struct GasNeed {
   std::string mix;
-  Single used;                    ///< litres or cubic feet at the surface
-  std::optional<double> carried;  ///< the same; nothing where no cylinders are told at all
-  std::optional<bool> enough;     ///< what is used leaves the reserve alone
+  Single used;                        ///< litres or cubic feet at the surface
+  double need = 0;                    ///< the same, as the gas supply reckons it: on a rebreather with its way out
+  std::optional<double> carried;      ///< nothing where no cylinders are told at all
+  std::optional<GasVerdict> verdict;  ///< of the gas supply
 };
 
-/// One element for each gas that the rows breathe, in the order of the template.
-std::vector<GasNeed> GasNeeds(const ClassProfile& rows, const DiveTemplate& settings);
+/// One element for each gas that is needed, in the order of the template.
+std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, const DiveTemplate& settings);
 
 /// A plan as it would be.
 struct WhatIfColumn {
-  enum class Kind { Planned, Longer, Deeper, Both, Lost, BailOut };
+  enum class Kind { Planned, Longer, Deeper, Both, Lost, BailOut, AllLost, Factors };
 
   Kind kind = Kind::Planned;
   std::string lost;  ///< name of the gas that is missing
   Single moment;     ///< of a bail-out: minute of the plan at which it begins
   Single depth;      ///< and the depth there
-  Message fault;     ///< why it can't be computed; then it has no rows
+  GradientFactors factors = {};
+  DiveRecord record;  ///< the plan with the change; of a bail-out the plan
+  ComputedPlan plan;  ///< what it gives; of a bail-out nothing
+  Message fault;      ///< why it can't be computed; then it has no rows
   bool decompresses = true;
   ClassProfile rows;                 ///< the whole dive with its ascent
   std::vector<GasWarning> warnings;  ///< what must not be breathed in it
   std::vector<GasNeed> gas;
 
-  /// "planned", "longer", "deeper", "both", "lost EAN50", "bail-out": the name in files for scripts.
+  /// "planned", "longer", "deeper", "both", "lost EAN50", "lost all", "gf 40/90", "bail-out 45": the name in files for
+  /// scripts.
   [[nodiscard]] std::string Id() const;
 };
 
@@ -65,18 +81,24 @@ class WhatIf {
   /// The plan had no ascent: that of the columns was added.
   [[nodiscard]] bool AddsAscent() const { return addsAscent_; }
   [[nodiscard]] const DiveTemplate& Settings() const { return plan_.Template; }
+  /// How the dive before in its series ended; nullptr for a first dive.
+  [[nodiscard]] const EndState* Before() const { return before_ ? &*before_ : nullptr; }
 
-  /// Planned, longer, deeper, both, each gas of the change list lost, and on a rebreather the bail-out at the worst
-  /// moment. "Longer" and "deeper" change the deepest leg, of equals the last. There must be no Fault.
+  /// Planned, longer, deeper, both, each gas of the change list lost and all of them, other gradient factors, and on a
+  /// rebreather the bail-out from the minute that takes longest to come up and from those that ask most of a gas.
+  /// "Longer" and "deeper" change the deepest leg, of equals the last. A gas that is lost is lost in the legs, too,
+  /// which go on with the gas before; where there is none the column has a fault. There must be no Fault.
   [[nodiscard]] std::vector<WhatIfColumn> Columns(const WhatIfWish& wish);
 
  private:
   [[nodiscard]] ComputedPlan Computed(const DiveRecord& dive) const;
   [[nodiscard]] WhatIfColumn Changed(WhatIfColumn::Kind kind, const WhatIfWish& wish) const;
-  [[nodiscard]] WhatIfColumn Lost(const std::string& gas) const;
-  /// Of all whole minutes of the plan, the one whose ascent on open circuit asks for the most gas in relation to what
-  /// is carried; or takes longest, where no cylinders are told.
-  [[nodiscard]] WhatIfColumn BailOut(const ComputedPlan& planned) const;
+  [[nodiscard]] WhatIfColumn Lost(WhatIfColumn::Kind kind, const std::vector<std::string>& gases) const;
+  [[nodiscard]] WhatIfColumn With(const GradientFactors& factors) const;
+  [[nodiscard]] WhatIfColumn ColumnOf(WhatIfColumn::Kind kind, DiveRecord dive) const;
+  /// The dearest minutes of the plan, without its cylinders, too.
+  [[nodiscard]] std::vector<WhatIfColumn> BailOuts(const WhatIfColumn& planned) const;
+  [[nodiscard]] WhatIfColumn BailOut(const PlannedDive& dive, const BailoutCuts& cuts, Single moment) const;
 
   DiveRecord plan_;  ///< with its ascent
   std::optional<EndState> before_;
@@ -86,5 +108,8 @@ class WhatIf {
   Message fault_;
   std::vector<WhatIfColumn> fixed_;  ///< those that no wish changes: planned, lost gases, bail-out
 };
+
+/// The dangers of the plan check in a column; none of a bail-out, whose `warnings` tell what it breathes.
+std::vector<Finding> DangersOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words);
 
 }  // namespace tav

@@ -31,8 +31,7 @@ void PlanReports::ShowSlate() const {
   const auto all = WholeSeries(*active);
   if (!all) return;
   Slate slate(services_.report);
-  WriteSlates({slate, services_.texts, services_.platform.separators, ReadSupplyChoice(services_.platform.settings)},
-              services_.forms.Series(*active, *all));
+  WriteSlates({slate, services_.texts, services_.platform.separators}, services_.forms.Series(*active, *all));
   services_.report.documentName = services_.Document(*active).ProfileName;
 }
 
@@ -69,7 +68,7 @@ void PlanReports::ShowGeneralReport() const {
         if (done % kRowsBetweenLooks != 0) return wait->IsLoaded();
         return wait->GoOn(step + "  " + std::to_string(done) + "/" + std::to_string(of));
       });
-  if (WriteLongReport(report, services_.forms.Series(*active, *all), ReadSupplyChoice(services_.platform.settings))) {
+  if (WriteLongReport(report, services_.forms.Series(*active, *all))) {
     services_.report.documentName = services_.Document(*active).ProfileName;
     report.ShowLongReport();
   } else {

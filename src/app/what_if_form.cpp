@@ -92,7 +92,7 @@ void frmWhatIf::TakeWish() {
   std::vector<std::string> notices;
   if (whatIf_->Fault().IsEmpty()) {
     columns_ = whatIf_->Columns(wish_);
-    table_ = TableOf(columns_, wish_, whatIf_->Settings(), Words());
+    table_ = TableOf(columns_, wish_, *whatIf_, Words());
     if (whatIf_->AddsAscent()) notices.push_back(T(Text::WhatIfWithAscent));
     for (const WhatIfColumn& column : columns_) {
       if (column.fault.IsEmpty()) continue;
@@ -171,8 +171,7 @@ void frmWhatIf::PrintSlate() {
   if (cbWith.ListIndex == AllColumns) chosen = columns_;
   if (cbWith.ListIndex == ThePlanAndTheChosen && Chosen() > 0) chosen.push_back(columns_[Chosen()]);
   Slate slate(report_);
-  WriteSlates({slate, texts_, platform_.separators, ReadSupplyChoice(platform_.settings)},
-              services_.forms.Series(document_, false).front(), chosen, wish_);
+  WriteSlates({slate, texts_, platform_.separators}, services_.forms.Series(document_, false).front(), chosen, wish_);
   report_.documentName = services_.Documents()(document_).ProfileName;
 }
 

@@ -7,13 +7,21 @@ namespace tav {
 namespace {
 
 TurnRule TurnRuleOf(const std::string& text) {
-  if (text == "all") return TurnRule::AllUsable;
-  if (text == "half") return TurnRule::Half;
-  if (text == "thirds") return TurnRule::Thirds;
+  if (const auto rule = TurnRuleNamed(text)) return *rule;
   throw OptionError({Text::UsageNoneOf, {"--turn", text, "all, half, thirds"}});
 }
 
 }  // namespace
+
+void SupplyWish::On(DiveTemplate& diveTemplate) const {
+  if (!team && !stress && !minutes && !rule) return;
+  SupplyChoice choice = SupplyChoiceOf(diveTemplate);
+  choice.team = team.value_or(choice.team);
+  choice.stress = stress.value_or(choice.stress);
+  choice.minutes = minutes.value_or(choice.minutes);
+  choice.rule = rule.value_or(choice.rule);
+  diveTemplate.Team = choice;
+}
 
 void Command::AddJson(const std::string& text) { options.push_back({"--json", "", text, &common->json}); }
 
@@ -39,18 +47,18 @@ void Command::AddModel() {
 }
 
 void Command::AddSupply() {
-  SupplyChoice& supply = common->supply;
+  SupplyWish& supply = common->supply;
   const auto add = [this](const char* option, const char* value, const char* text, auto take, const char* offers = "") {
     options.push_back({option, value, text, take, false, Option::Role::Value, offers});
   };
-  add("--team", "1-9", "Divers that the minimum gas must bring up; 2 if not given",
+  add("--team", "1-9", "Divers that the gas for the worst must bring up, in place of what the plan tells",
       [&supply](const std::string& text) { supply.team = WholeNumberOf(text, "--team", 1, kLargestTeam); });
-  add("--stress", "1-10", "Factor on the RMV for it; 2 if not given",
+  add("--stress", "1-10", "Factor on the RMV for it",
       [&supply](const std::string& text) { supply.stress = NumberOf(text, "--stress", 1, kLargestStress); });
-  add("--sort-out", "0-30", "Minutes at depth before the way up; 2 if not given",
+  add("--sort-out", "0-30", "Minutes at depth before the way up",
       [&supply](const std::string& text) { supply.minutes = NumberOf(text, "--sort-out", 0, kLongestSortingOut); });
   add(
-      "--turn", "all|half|thirds", "How much of the gas above the minimum is breathed before turning; all if not given",
+      "--turn", "all|half|thirds", "How much of the gas above the minimum is breathed before turning",
       [&supply](const std::string& text) { supply.rule = TurnRuleOf(text); }, "all half thirds");
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/model_choice.h"
-#include "supply/supply_choice.h"
+#include "model/dive_template.h"
 
 namespace tav {
 
@@ -40,13 +40,23 @@ struct Option {
 
 enum class OutputForm { Text, Json, Csv };
 
+/// How the gas for the worst is to be reckoned, in place of what a plan tells.
+struct SupplyWish {
+  std::optional<int> team = {};
+  std::optional<Single> stress = {};
+  std::optional<Single> minutes = {};
+  std::optional<TurnRule> rule = {};
+
+  void On(DiveTemplate& diveTemplate) const;
+};
+
 /// What has one name and one meaning in all commands that take it.
 struct CommonOptions {
   bool json = false;
   bool csv = false;
   bool phi = false;  ///< write the loads after each segment to phi.log
   ModelChoice model;
-  SupplyChoice supply;  ///< how the gas for the way up is reckoned
+  SupplyWish supply;
 
   [[nodiscard]] OutputForm Form() const { return json ? OutputForm::Json : csv ? OutputForm::Csv : OutputForm::Text; }
 };

@@ -104,6 +104,7 @@ OpenedPlan& CommandFrame::Compute(const std::string& file, std::vector<DiveRecor
   OpenedPlan& plan = opened_.emplace_back();
   plan.file = file;
   plan.records = std::move(records);
+  for (DiveRecord& dive : plan.records) Common().supply.On(dive.Template);
   plan.plans.reserve(plan.Dives());
   LongWork work(Terminal());
   for (const DiveRecord& dive : plan.records) {

@@ -14,7 +14,7 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
     const PlannedDive planned = plan.Planned(i);
     const DiveTemplate& settings = planned.record.Template;
     const CheckedDive checked(planned);
-    GasSupply supply = SupplyOf(planned, frame.Common().supply);
+    GasSupply supply = SupplyOf(planned);
     std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {}, settings.Metric), supply);
     dives.push_back({plan.file, static_cast<int>(i) + 1, static_cast<int>(plan.Dives()), planned, std::move(findings),
                      StopReasons(checked), std::move(supply)});

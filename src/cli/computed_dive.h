@@ -7,6 +7,7 @@
 #include "advice/finding.h"
 #include "advice/stop_reason.h"
 #include "cli/command_frame.h"
+#include "cli/json_writer.h"
 #include "supply/gas_supply.h"
 
 namespace tav {
@@ -31,6 +32,9 @@ void Print(CommandFrame& frame, const std::vector<ComputedDive>& dives, bool why
 
 /// The dives as JSON: {"dives": [{"template": ..., "rows": [...]}, ...]}. Numbers have 7 significant digits.
 void WriteDivesJson(const std::vector<ComputedDive>& dives, std::ostream& out);
+
+/// Findings as JSON, the same wherever they are told.
+void WriteFindings(JsonWriter& json, std::string_view name, const std::vector<Finding>& findings);
 
 /// The dives as CSV, one line a row, with a header.
 void WriteDivesCsv(const std::vector<ComputedDive>& dives, std::ostream& out);

@@ -6,14 +6,12 @@
 namespace tav {
 namespace {
 
-constexpr const char* RuleName(TurnRule rule) {
-  return rule == TurnRule::Half ? "half" : rule == TurnRule::Thirds ? "thirds" : "all";
-}
-
 constexpr const char* VerdictName(GasVerdict verdict) {
   switch (verdict) {
     case GasVerdict::IntoReserve:
       return "into_reserve";
+    case GasVerdict::NotTold:
+      return "not_told";
     case GasVerdict::RunsOut:
       return "runs_out";
     case GasVerdict::NoCylinder:
@@ -41,6 +39,7 @@ void WriteStore(JsonWriter& json, const GasStore& store) {
         json.Member("rated_pressure", Known(!cylinder.InLitres(), cylinder.RatedPressure));
         json.Member("fill", cylinder.Fill);
         json.Member("reserve", cylinder.Reserve);
+        json.Member("bail_out", cylinder.BailOut);
       });
     }
   });
@@ -48,7 +47,8 @@ void WriteStore(JsonWriter& json, const GasStore& store) {
   json.Member("carried", store.carried);
   json.Member("reserve", store.reserve);
   json.Member("used", store.used);
-  json.Member("left", Known(!store.cylinders.empty(), store.Left()));
+  json.Member("need", store.Need());
+  json.Member("left", Known(store.perPressure > 0, store.Left()));
   json.Member("start_pressure", store.Pressure(store.carried));
   json.Member("end_pressure", store.Pressure(store.Left()));
   json.Member("enough", !IsShort(store));
@@ -62,7 +62,7 @@ void WriteLeg(JsonWriter& json, const GasSupply& supply, const LegSupply& leg) {
   json.Member("depth", leg.depth);
   json.Member("run_time", leg.runTime);
   json.Member("mix", leg.gas);
-  json.Member("left", Known(store != nullptr && !store->cylinders.empty(), leg.left));
+  json.Member("left", Known(store != nullptr && store->perPressure > 0, leg.left));
   json.Member("sorting_out", leg.sorting);
   json.Member("ascent", Known(leg.decompresses, leg.ascent));
   json.Member("minimum_gas", Known(leg.decompresses, leg.Minimum()));
@@ -78,13 +78,17 @@ void WriteSupply(JsonWriter& json, const GasSupply& supply) {
     json.Member("team", supply.choice.team);
     json.Member("stress", supply.choice.stress);
     json.Member("minutes", supply.choice.minutes);
-    json.Member("rule", RuleName(supply.choice.rule));
+    json.Member("rule", NameOf(supply.choice.rule));
     json.List("gases", [&] {
       for (const GasStore& store : supply.gases) json.Object([&] { WriteStore(json, store); });
     });
     json.List("legs", [&] {
       for (const LegSupply& leg : supply.legs) json.Object([&] { WriteLeg(json, supply, leg); });
     });
+    json.List("bail_out", [&] {
+      for (const LegSupply& way : supply.waysOut) json.Object([&] { WriteLeg(json, supply, way); });
+    });
+    json.Member("bail_out_never_ends", supply.neverUp);
   });
 }
 
@@ -137,8 +141,15 @@ void WriteDive(JsonWriter& json, const ComputedDive& dive) {
       }
     });
   });
-  json.List("findings", [&] {
-    for (const Finding& finding : dive.findings) {
+  WriteFindings(json, "findings", dive.findings);
+  WriteSupply(json, dive.supply);
+}
+
+}  // namespace
+
+void WriteFindings(JsonWriter& json, std::string_view name, const std::vector<Finding>& findings) {
+  json.List(name, [&] {
+    for (const Finding& finding : findings) {
       json.Object([&] {
         json.Member("rule", IdOf(finding.rule));
         json.Member("severity", IdOf(finding.severity));
@@ -150,10 +161,7 @@ void WriteDive(JsonWriter& json, const ComputedDive& dive) {
       });
     }
   });
-  WriteSupply(json, dive.supply);
 }
-
-}  // namespace
 
 void WriteDivesJson(const std::vector<ComputedDive>& dives, std::ostream& out) {
   JsonWriter json(out);

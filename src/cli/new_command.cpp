@@ -68,6 +68,7 @@ void Run(const Given& given, CommandFrame& frame) {
   if (!given.cylinders.empty()) record.Template.Cylinders.clear();
   for (const std::string& cylinder : given.cylinders) AddCylinder(cylinder, record.Template);
   record.UserActions.AddAscent();
+  frame.Common().supply.On(record.Template);
 
   const OutputForm form = frame.Common().Form();
   // What programs read is English in every language; CSV has no words of a dive, they go to the user.

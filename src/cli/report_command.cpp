@@ -34,18 +34,17 @@ void Run(const Given& given, CommandFrame& frame) {
     frame.CheckComputed(plan, dive);
     dives.push_back(plan.InSeries(dive));
   }
-  const SupplyChoice& supply = frame.Common().supply;
   PageOutput output(frame, given.pdf);
   LongWork work(frame.Terminal());
   if (given.slate) {
     Slate slate(output.Pages());
-    WriteSlates({slate, output.Pages().Texts(), {".", ""}, supply}, dives);
+    WriteSlates({slate, output.Pages().Texts(), {".", ""}}, dives);
   } else {
     GeneralReport pages(output.Pages(), nullptr, [&](int done, int of) {
       work.Step(done, of);
       return true;
     });
-    WriteLongReport(pages, dives, supply);
+    WriteLongReport(pages, dives);
   }
   output.WritePdf(std::filesystem::path(given.file).stem().string(), work);
 }

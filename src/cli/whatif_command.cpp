@@ -2,30 +2,30 @@
 #include <ostream>
 
 #include "cli/command_frame.h"
+#include "cli/computed_dive.h"
 #include "cli/option_values.h"
 #include "cli/page_output.h"
 #include "cli/row_columns.h"
 #include "cli/terminal_text.h"
+#include "figures/dive_figures.h"
 #include "model/text_id.h"
 #include "reports/plan_slate.h"
 #include "reports/what_if_table.h"
+#include "supply/supply_text.h"
 
 namespace tav {
 namespace {
 
 constexpr const char* kDetails =
     "Prints a plan beside what may become of it, in columns: planned; longer and deeper, which change the deepest leg, "
-    "of "
-    "equals the last; both; \"lost GAS\", one for each gas of the change list; and for a rebreather the bail-out on "
-    "open "
-    "circuit at its worst moment: of all whole minutes the one that asks for the most gas in relation to what the "
-    "cylinders of the plan hold, or takes longest where the plan tells no cylinders. A plan without an ascent gets "
-    "one.\n"
-    "In --json each column has its name, run time, rows and gases, these with what is \"used\", what is \"carried\" "
-    "and "
-    "whether that is \"enough\", null where the plan tells no cylinders. --team, --stress, --sort-out and --turn "
-    "matter for "
-    "the slates.";
+    "of equals the last; both; \"lost GAS\", one for each gas of the change list, and \"lost all\", in the legs, too, "
+    "which go on with the gas before; other gradient factors; and for a rebreather the bail-out on open circuit from "
+    "the "
+    "minute that takes longest to come up, and from those that ask most of a gas. A plan without an ascent gets one.\n"
+    "In --json each column has its name, run time, OTU, dangers, rows and gases, these with what the rows have "
+    "\"used\", "
+    "what is \"carried\", what the gas supply asks for (\"need\": on a rebreather the dearest way out, by --team, "
+    "--stress and --sort-out) and its \"verdict\": enough, reserve or short, null where the plan tells no cylinders.";
 
 constexpr const char* kExamples = R"(
   tavplan whatif dives/wreck.tav             5 min longer, 3 m (10 ft) deeper, each gas lost
@@ -38,6 +38,7 @@ struct Given {
   std::string dive;
   std::string longer;
   std::string deeper;
+  std::vector<std::string> factors;
   std::string pdf;
 };
 
@@ -46,19 +47,45 @@ Single Wished(const std::string& text, const char* option, Single usual, double 
   return text.empty() ? usual : NumberOf(text, option, 0, most);
 }
 
-/// A plan that can't be computed with the change that was asked for is unusable input; a bail-out that can't be is only
-/// one column less.
-void RefuseFaults(const std::vector<WhatIfColumn>& columns, const std::string& file, const TextSource& texts) {
+/// A plan that can't be computed with the change that was asked for is unusable input; a loss or a bail-out that can't
+/// be is told, and one column less.
+void TakeFaults(std::vector<WhatIfColumn>& columns, const std::string& file, CommandFrame& frame) {
+  using Kind = WhatIfColumn::Kind;
   for (const WhatIfColumn& column : columns) {
-    if (column.fault.IsEmpty() || column.kind == WhatIfColumn::Kind::BailOut) continue;
-    throw FileError(file, 0, column.Id() + ": " + texts.Words(column.fault));
+    if (column.fault.IsEmpty()) continue;
+    const std::string why = column.Id() + ": " + frame.Texts().Words(column.fault);
+    if (column.kind != Kind::BailOut && column.kind != Kind::Lost && column.kind != Kind::AllLost) {
+      throw FileError(file, 0, why);
+    }
+    frame.Tell(file, why);
   }
+  std::erase_if(columns, [](const WhatIfColumn& column) { return !column.fault.IsEmpty(); });
 }
 
-void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
+/// "40/90" as fractions.
+GradientFactors FactorsOf(const std::string& text) {
+  constexpr double kLeast = 1;
+  constexpr double kMost = 200;
+  const std::size_t slash = text.find('/');
+  if (slash == std::string::npos) throw OptionError({Text::OptionMustBe, {"--gf", text, "LOW/HIGH"}});
+  const Single low = NumberOf(text.substr(0, slash), "--gf", kLeast, kMost);
+  const Single high = NumberOf(text.substr(slash + 1), "--gf", kLeast, kMost);
+  return {low / 100, high / 100};
+}
+
+/// The word of a verdict for scripts; nothing where there is none.
+std::optional<std::string_view> NameOfVerdict(const std::optional<GasVerdict>& verdict) {
+  if (!verdict || *verdict == GasVerdict::NotTold) return std::nullopt;
+  if (*verdict == GasVerdict::IntoReserve) return "reserve";
+  return IsShort(*verdict) ? "short" : "enough";
+}
+
+void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const EndState* before, const AdviceWords& words) {
   json.Member("name", column.Id());
   json.Member("run_time", column.rows.GetRunTime(column.rows.GetLength()));
   json.Member("decompresses", column.decompresses);
+  json.Member("otu", FiguresOf(column.rows).OTU);
+  WriteFindings(json, "dangers", DangersOf(column, before, words));
   json.List("warnings", [&] {
     for (const GasWarning& warning : column.warnings) json.Object([&] { WriteWarning(json, warning); });
   });
@@ -69,17 +96,21 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
         json.Member("mix", gas.mix);
         json.Member("used", gas.used);
         json.Member("carried", gas.carried);
-        json.Member("enough", gas.enough);
+        const auto verdict = NameOfVerdict(gas.verdict);
+        json.Member("enough", verdict ? std::optional(*verdict == "enough") : std::nullopt);
+        json.Member("need", gas.need);
+        json.Member("verdict", verdict);
       });
     }
   });
 }
 
-void WriteColumns(const std::vector<WhatIfColumn>& columns, std::ostream& out) {
+void WriteColumns(const std::vector<WhatIfColumn>& columns, const EndState* before, const AdviceWords& words,
+                  std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.List("columns", [&] {
-      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column); });
+      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column, before, words); });
     });
   });
   out << "\n";
@@ -95,26 +126,25 @@ void Run(const Given& given, CommandFrame& frame) {
   WhatIfWish wish = WhatIfWish::Usual(metric);
   wish.minutes = Wished(given.longer, "--longer", wish.minutes, WhatIfWish::kMostMinutes);
   wish.depth = Wished(given.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
+  for (const std::string& factors : given.factors) wish.factors.push_back(FactorsOf(factors));
   std::vector<WhatIfColumn> columns = plan.Columns(wish);
-  RefuseFaults(columns, given.file, texts);
-  if (!columns.back().fault.IsEmpty()) {
-    frame.Tell(given.file, columns.back().Id() + ": " + texts.Words(columns.back().fault));
-    columns.pop_back();
-  }
+  TakeFaults(columns, given.file, frame);
   frame.MarkDecompression(columns.front().decompresses);
   if (!given.pdf.empty()) {
     PageOutput pdf(frame, given.pdf);
     Slate slate(pdf.Pages());
-    WriteSlates({slate, texts, {".", ""}, frame.Common().supply}, opened.InSeries(dive), columns, wish);
+    WriteSlates({slate, texts, {".", ""}}, opened.InSeries(dive), columns, wish);
     LongWork work(frame.Terminal());
     pdf.WritePdf(std::filesystem::path(given.file).stem().string(), work);
   }
-  if (frame.Common().json) return WriteColumns(columns, frame.Out());
+  if (frame.Common().json) {
+    return WriteColumns(columns, plan.Before(), AdviceWords(frame.DataTexts(), {}, metric), frame.Out());
+  }
   if (!given.pdf.empty()) return;
   const AdviceWords words(texts, {}, metric);
   frame.Out() << given.file << "\n";
   if (plan.AddsAscent()) frame.Out() << words.T(Text::WhatIfWithAscent) << "\n";
-  frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan.Settings(), words), kLineWidth);
+  frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan, words), kLineWidth);
 }
 
 }  // namespace
@@ -127,6 +157,8 @@ Command WhatIfCommand() {
       DiveOption(given->dive, "the last"),
       {"--longer", "MINUTES", "Added to the deepest leg, 0 to 999; 5 if not given", &given->longer},
       {"--deeper", "DEPTH", "Added to the deepest leg, 0 to 999; 3 m or 10 ft if not given", &given->deeper},
+      {"--gf", "LOW/HIGH", "Another column with these gradient factors, in per cent; may be given several times",
+       &given->factors},
       PdfOption(given->pdf, "Write a slate of each column to this file, and no text"),
   };
   command.AddJson("Print the columns, with every row, as JSON");

@@ -1,16 +1,13 @@
 #include "compute/bailout_cuts.h"
 
+#include <stdexcept>
+
 #include "compute/breathed_gas.h"
+#include "compute/row_cut.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
 
 namespace tav {
-
-Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
-  const Waypoint& end = profile.Row(row);
-  if (end.Rate == 0) return end.Depth;
-  return (time - end.RunTime + end.SegmentTime) * end.Rate + end.Depth - end.SegmentTime * end.Rate;
-}
 
 DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
   DiveTemplate copy = source;
@@ -64,13 +61,7 @@ ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
   ClassProfile cut;
   cut.CopyUntil(plan_, moment.row);
   if (moment.atEnd) return cut;
-  Waypoint& row = cut.Row(moment.row);
-  row.Depth = CreateNewWay(plan_, moment.time, moment.row);
-  row.RunTime = moment.time;
-  row.StopDepth = 0;
-  row.StopTime = 0;
-  row.Status = RowStatus::kLeg;
-  row.SegmentTime = moment.time - plan_.GetRunTime(static_cast<std::int16_t>(moment.row - 1));
+  cut.Row(moment.row) = RowUntil(plan_, moment.row, moment.time);
   return cut;
 }
 
@@ -103,6 +94,17 @@ std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& 
     if (!proceed()) return std::nullopt;
   }
   return result;
+}
+
+TableDive BailoutCuts::At(Single moment) const {
+  for (const Moment& each : Moments()) {
+    if (each.time != moment) continue;
+    ScratchRun run(start_, observer_);
+    TableDive dive;
+    Ascend(run, each, dive, [] { return true; });
+    return dive;
+  }
+  throw std::out_of_range("no moment of a cut");
 }
 
 void BailoutCuts::Visit(const std::function<bool(const TableDive& cut)>& visit) const {

@@ -10,9 +10,6 @@
 
 namespace tav {
 
-/// The depth on the segment of a row at a time within it, by linear interpolation. The time is minutes of run time.
-Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row);
-
 /// A copy of a template without one entry of `ChangeGasMixes`; an index above the last entry leaves out nothing. The
 /// list of the copy is never empty: the only entry leaves a blank one behind, which no ascent takes.
 DiveTemplate DropGasChange(const DiveTemplate& source, int index);
@@ -44,6 +41,9 @@ class BailoutCuts {
   /// One scenario: element 0 is the plan, the others are its cuts in rising order of time. Nothing when `progress`
   /// ended the run. There must be no Fault. Throws std::runtime_error when a dive gets too many rows.
   [[nodiscard]] std::optional<TableDives> Compute(int scenario, const RunProgress& progress) const;
+  /// The cut at one of the moments of `interval`, with all gases. Throws as Compute, and std::out_of_range for another
+  /// moment.
+  [[nodiscard]] TableDive At(Single moment) const;
   /// The cuts with all gases one after the other, none of which is kept, until `visit` answers false. For the rest it
   /// is like Compute.
   void Visit(const std::function<bool(const TableDive& cut)>& visit) const;

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "compute/leg_expansion.h"
+#include "compute/row_cut.h"
 #include "engine/zhl16.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
@@ -141,18 +142,42 @@ WaysUp::WaysUp(const EngineRun& run, const ClassProfile& rows)
 WaysUp::~WaysUp() = default;
 
 std::optional<ClassProfile> WaysUp::From(std::int16_t row, Single minutes) {
-  const auto next = static_cast<std::int16_t>(engine_->rows.GetLength() + 1);
-  engine_->loaded->LoadDive(rows_, next, row, run_.openFrom);
+  LoadUntil(row);
   const Waypoint& end = rows_.Row(row);
   ClassProfile stay;
+  stay.Row(0) = end;
   if (minutes > 0) {
     SaveUserProfile(stay, run_.settings, end.Depth, minutes, 0, end.RunTime, RowStatus::kLeg, end.MixNumber);
   }
+  return Ascend(stay, 0);
+}
+
+std::optional<ClassProfile> WaysUp::FromMoment(std::int16_t row, Single moment, Single minutes, std::int16_t mix) {
+  const auto before = static_cast<std::int16_t>(row - 1);
+  LoadUntil(before);
+  ClassProfile more;
+  more.Row(0) = rows_.Row(before);
+  more.NewWayPoint();
+  more.Row(1) = RowUntil(rows_, row, moment);
+  std::int16_t open = run_.openFrom == row ? 1 : 0;
+  if (minutes > 0) {
+    SaveUserProfile(more, run_.settings, more.getDepth(1), minutes, 0, moment, RowStatus::kLeg, mix);
+    if (open == 0) open = 2;
+  }
+  return Ascend(more, open);
+}
+
+void WaysUp::LoadUntil(std::int16_t row) {
+  const auto next = static_cast<std::int16_t>(engine_->rows.GetLength() + 1);
+  engine_->loaded->LoadDive(rows_, next, row, run_.openFrom);
+}
+
+std::optional<ClassProfile> WaysUp::Ascend(const ClassProfile& more, std::int16_t openFrom) {
   ClassProfile way;
-  way.Row(0) = end;
+  way.Row(0) = more.Row(0);
   ClassBuhlmann engine = *engine_->loaded;
   try {
-    engine.AscendInto(stay, run_.forceOC, way);
+    engine.AscendInto(more, run_.forceOC, way, openFrom);
   } catch (const Engine::NeverClears&) {
     return std::nullopt;
   }

@@ -54,8 +54,13 @@ class WaysUp {
   /// The rows from the end of `row` to the surface, row 0 being that end, after `minutes` more there on its gas;
   /// nothing when a stop never clears. `row` is not before that of the last call.
   std::optional<ClassProfile> From(std::int16_t row, Single minutes);
+  /// The same from the run time `moment` within `row`: row 1 is what is left of that row up to then, row 2 the
+  /// `minutes`, on open circuit and on the gas `mix`; none for 0 minutes.
+  std::optional<ClassProfile> FromMoment(std::int16_t row, Single moment, Single minutes, std::int16_t mix);
 
  private:
+  void LoadUntil(std::int16_t row);
+  std::optional<ClassProfile> Ascend(const ClassProfile& more, std::int16_t openFrom);
   struct Engine;
   const EngineRun& run_;
   const ClassProfile& rows_;

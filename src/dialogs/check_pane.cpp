@@ -49,7 +49,7 @@ void frmCheckPane::Check(std::optional<std::int16_t> document) {
     if (fault.empty() && refusal_) fault = refusal_(*document);
     if (fault.empty()) {
       const PlannedDive dive = forms(*document).Planned();
-      const GasSupply supply = SupplyOf(dive, ReadSupplyChoice(platform_.settings));
+      const GasSupply supply = SupplyOf(dive);
       findings = CheckPlan(dive, AdviceWords(texts_, platform_.separators, state.Template.Metric), supply);
     }
   }

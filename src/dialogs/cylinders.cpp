@@ -6,6 +6,7 @@
 
 #include "model/numbers.h"
 #include "model/text_id.h"
+#include "supply/supply_settings.h"
 #include "supply/supply_text.h"
 
 namespace tav {
@@ -65,6 +66,10 @@ void frmCylinders::Wire() {
   using CellKind = Grid::Editor::Kind;
   fgCylinders.EditorOf = [this](int row, int column) {
     if (row < 1 || (column == Rated && InLitres(row))) return Grid::Editor{};
+    if (column == BailOut) {
+      if (TemplateOf(document_).OpenCircuit) return Grid::Editor{};
+      return Grid::Editor{CellKind::List, {T(Text::No), T(Text::Yes)}};
+    }
     Grid::Editor editor{column == Gas || column == Unit ? CellKind::List : CellKind::Text, {}};
     if (column == Unit) editor.entries = {T(Text::CylindersMetric), T(Text::CylindersImperial)};
     if (column == Gas) {
@@ -110,7 +115,7 @@ void frmCylinders::Form_Load() {
   const std::vector<Cylinder>& cylinders = TemplateOf(document_).Cylinders;
   std::vector<std::vector<std::string>> rows{{T(Text::InfoGas), T(Text::CylindersCount), T(Text::CylindersSize),
                                               T(Text::CylindersUnit), T(Text::CylindersRated), T(Text::SupplyFill),
-                                              T(Text::CylindersReserve)}};
+                                              T(Text::CylindersReserve), T(Text::CylindersBailOut)}};
   rows.reserve(cylinders.size() + 1);
   for (const Cylinder& cylinder : cylinders) rows.push_back(RowOf(cylinder));
   fgCylinders.SetRows(rows);
@@ -124,7 +129,7 @@ void frmCylinders::FillFields() {
   for (const Kind& kind : kKinds) kinds.push_back(Written(kind.name));
   cmbKind.Items = kinds;
   cmbKind.ListIndex = static_cast<int>(UsualKind(TemplateOf(document_).Metric));
-  const SupplyChoice choice = ReadSupplyChoice(platform_.settings);
+  const SupplyChoice choice = SupplyChoiceOf(TemplateOf(document_));
   tbTeam.Text = std::to_string(choice.team);
   tbStress.Text = Plain(choice.stress);
   tbMinutes.Text = Plain(choice.minutes);
@@ -139,7 +144,10 @@ std::vector<std::string> frmCylinders::RowOf(const Cylinder& cylinder) const {
           T(cylinder.InLitres() ? Text::CylindersMetric : Text::CylindersImperial),
           cylinder.InLitres() ? "" : Plain(cylinder.RatedPressure),
           Plain(cylinder.Fill),
-          Plain(cylinder.Reserve)};
+          Plain(cylinder.Reserve),
+          cylinder.BailOut                    ? T(Text::Yes)
+          : TemplateOf(document_).OpenCircuit ? ""
+                                              : T(Text::No)};
 }
 
 bool frmCylinders::InLitres(int row) const { return fgCylinders.Text(row, Unit) != T(Text::CylindersImperial); }
@@ -180,6 +188,7 @@ Cylinder frmCylinders::ReadRow(int row, Fault& fault) const {
   if (!litres) cylinder.RatedPressure = number(Rated, kLeastRating, HighestPressure(false));
   cylinder.Fill = number(Fill, 0, HighestPressure(litres));
   cylinder.Reserve = number(Reserve, 0, HighestPressure(litres));
+  cylinder.BailOut = fgCylinders.Text(row, BailOut) == T(Text::Yes);
   if (fault.column < 0 && cylinder.Reserve > cylinder.Fill) fault = {Reserve, T(Text::CylindersAboveFill)};
   return cylinder;
 }
@@ -258,7 +267,7 @@ std::string frmCylinders::MissingGas() const {
 void frmCylinders::cbAdd_Click() {
   const int index = cmbKind.ListIndex;
   const Kind& kind = kKinds.at(index < 0 ? 0 : static_cast<std::size_t>(index));
-  fgCylinders.AddRow(RowOf({MissingGas(), kind.count, kind.size, kind.rated, kind.fill, kind.reserve}));
+  fgCylinders.AddRow(RowOf({MissingGas(), kind.count, kind.size, kind.rated, kind.fill, kind.reserve, false}));
   fgCylinders.SelectCell(fgCylinders.Rows() - 1, Gas);
   fgCylinders.SetFocus();
   Show();
@@ -281,8 +290,12 @@ void frmCylinders::cbOK_Click() {
     Box(fault, Caption, BoxIcon::Stop);
     return;
   }
-  WriteSupplyChoice(platform_.settings, choice);
   DiveTemplate& settings = TemplateOf(document_);
+  if (!(choice == SupplyChoiceOf(settings))) {
+    WriteSupplyChoice(platform_.settings, choice);
+    TemplateOf(DocumentStore::DefaultDocument).Team = settings.Team = choice;
+    MarkChanged(document_);
+  }
   if (!(settings.Cylinders == cylinders)) {
     settings.Cylinders = std::move(cylinders);
     MarkChanged(document_);

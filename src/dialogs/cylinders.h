@@ -7,13 +7,13 @@
 #include "controls/grid.h"
 #include "dialogs/dialog_form.h"
 #include "model/cylinder.h"
-#include "supply/supply_choice.h"
+#include "model/supply_choice.h"
 
 namespace tav {
 
 /// The cylinders that the diver carries on the active plan, and how the gas for the way up is reckoned. While one
 /// types, the verdict for each gas and the minimum gas of each leg follow. OK puts the cylinders into the plan, as one
-/// step of undo, and the choice into the settings.
+/// step of undo, with the choice, which the settings keep for new plans.
 class frmCylinders : public DialogForm {
  public:
   explicit frmCylinders(const DialogServices& services);
@@ -48,7 +48,7 @@ class frmCylinders : public DialogForm {
   void Form_Load() override;
 
  private:
-  enum Column : std::uint8_t { Gas, Count, Size, Unit, Rated, Fill, Reserve };
+  enum Column : std::uint8_t { Gas, Count, Size, Unit, Rated, Fill, Reserve, BailOut };
 
   void Wire();
   void FillFields();

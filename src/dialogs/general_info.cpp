@@ -160,8 +160,7 @@ DiveInformation frmGeneralInfo::InformationOf(std::int16_t dive) const {
 }
 
 void frmGeneralInfo::ShowSupply(std::int16_t dive) {
-  supply_ = SupplyTablesOf(services_.forms(dive).Planned(), ReadSupplyChoice(services_.platform.settings),
-                           services_.texts, services_.platform.separators);
+  supply_ = SupplyTablesOf(services_.forms(dive).Planned(), services_.texts, services_.platform.separators);
   fgSupply.Cells = supply_.gases;
   fgLegs.Cells = supply_.legs;
   const bool told = !supply_.gases.empty();

@@ -55,7 +55,7 @@ class ClassBuhlmann {
   void LoadDive(const ClassProfile& userProfile, std::int16_t first, std::int16_t last, std::int16_t openFrom = 0);
   /// The rows of `more` from its first on, and the ascent, into `way`, which comes cleared: what a StartBuhlmann would
   /// append to the rows loaded so far.
-  void AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way);
+  void AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way, std::int16_t openFrom = 0);
 
   /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run. To be
   /// called after Init; `moments` must outlive the run.

@@ -17,11 +17,12 @@ struct Cylinder {
   Single RatedPressure;    ///< psi; 0 for a size in litres
   Single Fill;             ///< bar or psi
   Single Reserve;          ///< bar or psi, at most `Fill`
+  bool BailOut = false;    ///< on a rebreather: to be breathed on open circuit, though it holds the loop's diluent
 
   [[nodiscard]] bool InLitres() const { return RatedPressure == 0; }
   friend bool operator==(const Cylinder& a, const Cylinder& b) {
     return a.Gas == b.Gas && a.Count == b.Count && a.Size == b.Size && a.RatedPressure == b.RatedPressure &&
-           a.Fill == b.Fill && a.Reserve == b.Reserve;
+           a.Fill == b.Fill && a.Reserve == b.Reserve && a.BailOut == b.BailOut;
   }
 };
 

@@ -8,6 +8,7 @@
 
 #include "model/cylinder.h"
 #include "model/single.h"
+#include "model/supply_choice.h"
 
 namespace tav {
 
@@ -77,8 +78,14 @@ struct DiveTemplate {
   bool PPO2High = false;                ///< the high-PPO2 warning is on
   bool MaxEnd = false;                  ///< the END warning is on
   std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
+  std::optional<SupplyChoice> Team;     ///< how gas for the worst is reckoned; as usual when not told
   std::vector<std::string> Comments;    ///< lines "# Name=value" of names that nothing here knows, kept as they stood
 };
+
+/// How the gas for the way up is reckoned on a plan: as it tells, else as usual on its circuit.
+inline SupplyChoice SupplyChoiceOf(const DiveTemplate& diveTemplate) {
+  return diveTemplate.Team.value_or(SupplyChoice::Usual(diveTemplate.OpenCircuit));
+}
 
 /// The gas that stands first in every list: "Air", 21 / 79 / 0.
 GasMix AirMix();

@@ -1227,5 +1227,20 @@ constexpr int OutputNotWritten = 8501;
 constexpr int NoDisplay = 8502;
 constexpr int OptionNoSize = 8600;
 constexpr int OutputIsTrace = 8601;
+constexpr int TeamForm = 8610;
+constexpr int BailOutTitle = 8611;
+constexpr int BailOutNumber = 8612;
+constexpr int BailOutWayUp = 8613;
+constexpr int BailOutTooLittle = 8614;
+constexpr int BailOutIntoReserve = 8615;
+constexpr int BailOutNoCylinder = 8616;
+constexpr int BailOutNotTold = 8617;
+constexpr int BailOutNeverEnds = 8618;
+constexpr int SupplyNotTold = 8619;
+constexpr int SupplyNeeded = 8620;
+constexpr int CylindersBailOut = 8621;
+constexpr int WhatIfAllLost = 8622;
+constexpr int WhatIfNoGasBefore = 8623;
+constexpr int WhatIfOTU = 8624;
 
 }  // namespace tav::Text

@@ -4,7 +4,9 @@
 #include <limits>
 
 #include "model/number_text.h"
+#include "model/numbers.h"
 #include "model/text_id.h"
+#include "model/tokenizer.h"
 #include "persist/cylinder_line.h"
 
 namespace tav {
@@ -38,6 +40,31 @@ std::vector<std::string> CylinderValues(const DiveTemplate& diveTemplate) {
   return values;
 }
 
+Message ReadTeam(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
+  constexpr std::size_t kParts = 4;
+  std::vector<std::string> parts;
+  while (ClassTokenizer::hastokens(value, "/")) parts.emplace_back(TrimBlanks(ClassTokenizer::nextToken(value, "/")));
+  if (parts.size() != kParts || !TrimBlanks(value).empty()) return Text::TeamForm;
+  const auto divers = ParseStrict(parts[0]);
+  const auto stress = ParseStrict(parts[1]);
+  const auto minutes = ParseStrict(parts[2]);
+  const auto rule = TurnRuleNamed(parts[3]);
+  if (!divers || !stress || !minutes || !rule) return Text::TeamForm;
+  const auto team = RoundToInt16(*divers).value_or(0);
+  const SupplyChoice choice{*divers == team ? team : 0, *stress, *minutes, *rule};
+  if (!IsSound(choice)) return Text::TeamForm;
+  diveTemplate.Team = choice;
+  return {};
+}
+
+std::vector<std::string> TeamValue(const DiveTemplate& diveTemplate) {
+  if (!diveTemplate.Team) return {};
+  const SupplyChoice& team = *diveTemplate.Team;
+  std::string value;
+  for (const Single number : {Single(team.team), team.stress, team.minutes}) value += FormatPadded(number) + "/";
+  return {value + " " + std::string(NameOf(team.rule)) + "/"};
+}
+
 /// A line that can say one thing of a rebreather, and without which the opposite holds.
 struct OneValueLine {
   std::string_view name;
@@ -64,6 +91,7 @@ std::vector<std::string> OneValue(const DiveTemplate& diveTemplate) {
 
 constexpr std::string_view kCylinders = "Cylinder";
 constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues},
+                                     {"Team", false, &ReadTeam, &TeamValue},
                                      {kLoop.name, true, &ReadOneValue<kLoop>, &OneValue<kLoop>},
                                      {kInterval.name, true, &ReadOneValue<kInterval>, &OneValue<kInterval>}};
 

@@ -9,6 +9,11 @@
 #include "model/tokenizer.h"
 
 namespace tav {
+namespace {
+
+constexpr std::string_view kBailOut = "bail-out";
+
+}  // namespace
 
 std::string WriteCylinderLine(const Cylinder& cylinder) {
   std::string line = cylinder.Gas + ":";
@@ -18,6 +23,7 @@ std::string WriteCylinderLine(const Cylinder& cylinder) {
   if (!cylinder.InLitres()) add(cylinder.RatedPressure);
   add(cylinder.Fill);
   add(cylinder.Reserve);
+  if (cylinder.BailOut) line += " " + std::string(kBailOut);
   return line;
 }
 
@@ -28,6 +34,10 @@ Message ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
   while (ClassTokenizer::hastokens(value, "/")) {
     constexpr double kTooLarge = 1e6;
     const std::string_view text = ClassTokenizer::nextToken(value, "/");
+    if (TrimBlanks(text) == kBailOut && TrimBlanks(value).empty()) {
+      value = kBailOut;
+      break;
+    }
     const auto number = ParseStrict(text);
     if (!number) return {Text::CylinderNoNumber, {std::string(TrimBlanks(text))}};
     if (std::fabs(*number) > kTooLarge) return {Text::CylinderNumberTooLarge, {std::string(TrimBlanks(text))}};
@@ -35,7 +45,9 @@ Message ReadCylinderLine(std::string_view value, Cylinder& cylinder) {
   }
   constexpr std::size_t kLitres = 4;
   constexpr std::size_t kCubicFeet = 5;
-  if ((numbers.size() != kLitres && numbers.size() != kCubicFeet) || !TrimBlanks(value).empty()) {
+  cylinder.BailOut = TrimBlanks(value) == kBailOut;
+  if ((numbers.size() != kLitres && numbers.size() != kCubicFeet) ||
+      (!TrimBlanks(value).empty() && !cylinder.BailOut)) {
     return Text::CylinderMustFollow;
   }
   cylinder.Count = RoundToInt16(numbers[0]).value_or(0);

@@ -11,7 +11,7 @@ std::string DiveTitle(const SeriesDive& dive, const TextSource& texts) {
   return dive.file + ", " + texts.Filled(Text::DiveOfSeries, {std::to_string(dive.number)});
 }
 
-bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives, const SupplyChoice& choice) {
+bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives) {
   int rows = 0;
   for (const SeriesDive& dive : dives) rows += dive.dive.plan.rows.GetLength() + 1;
   report.InitLongReport(rows);
@@ -20,7 +20,7 @@ bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives
     const bool showSeries = dives.size() == 1 ? record.SurfaceInterval != 0 : dive.number != 1;
     return report.LongReport({plan.rows, dive.settings, plan.model, before != nullptr, showSeries,
                               showSeries ? dive.number : 1, record.SurfaceInterval, plan.end.Decompresses,
-                              SupplyOf(dive.dive, choice), DiveTitle(dive, report.Texts())});
+                              SupplyOf(dive.dive), DiveTitle(dive, report.Texts())});
   });
 }
 

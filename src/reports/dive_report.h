@@ -4,7 +4,6 @@
 
 #include "compute/series_dive.h"
 #include "reports/long_report.h"
-#include "supply/supply_choice.h"
 
 namespace tav {
 
@@ -13,6 +12,6 @@ std::string DiveTitle(const SeriesDive& dive, const TextSource& texts);
 
 /// Writes the long report of one dive of a series, or of all of them. False when the progress of the report has ended
 /// it: then there is nothing to show.
-bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives, const SupplyChoice& choice = {});
+bool WriteLongReport(GeneralReport& report, const std::vector<SeriesDive>& dives);
 
 }  // namespace tav

@@ -6,8 +6,8 @@
 
 namespace tav {
 
-std::string TurnText(const PlannedDive& dive, const SupplyChoice& choice, const AdviceWords& words) {
-  const GasSupply supply = SupplyOf(dive, choice);
+std::string TurnText(const PlannedDive& dive, const AdviceWords& words) {
+  const GasSupply supply = SupplyOf(dive);
   const LegSupply* deepest = nullptr;
   for (const LegSupply& leg : supply.legs) {
     if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
@@ -28,7 +28,7 @@ SlateDive PlanOf(const SlateServices& services, const SeriesDive& dive) {
           plan.model,
           before != nullptr,
           plan.end.Decompresses,
-          TurnText(dive.dive, services.supply, words)};
+          TurnText(dive.dive, words)};
 }
 
 }  // namespace

@@ -6,19 +6,17 @@
 #include "compute/series_dive.h"
 #include "reports/slate.h"
 #include "reports/what_if_table.h"
-#include "supply/supply_choice.h"
 
 namespace tav {
 
 /// The pressure to turn at on the deepest leg, "120 bar"; empty where the plan tells no cylinders of its gas.
-std::string TurnText(const PlannedDive& dive, const SupplyChoice& choice, const AdviceWords& words);
+std::string TurnText(const PlannedDive& dive, const AdviceWords& words);
 
 /// What a slate is written with.
 struct SlateServices {
   Slate& slate;
   const TextSource& texts;
   LocaleSeparators separators;
-  SupplyChoice supply;
 };
 
 /// A whole report: a slate for each dive.

@@ -9,6 +9,7 @@
 #include "model/text_columns.h"
 #include "model/text_id.h"
 #include "model/utf8.h"
+#include "supply/supply_text.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
@@ -34,8 +35,8 @@ Stops StopsOf(const WhatIfColumn& column, const DiveTemplate& settings, const Ad
 
 class Builder {
  public:
-  Builder(const std::vector<WhatIfColumn>& columns, const DiveTemplate& settings, const AdviceWords& words)
-      : columns_(columns), settings_(settings), words_(words) {}
+  Builder(const std::vector<WhatIfColumn>& columns, const WhatIf& of, const AdviceWords& words)
+      : columns_(columns), settings_(of.Settings()), before_(of.Before()), words_(words) {}
 
   WhatIfTable Build(const WhatIfWish& wish) {
     for (const WhatIfColumn& column : columns_) {
@@ -53,6 +54,9 @@ class Builder {
     });
     Total(Text::WhatIfCNS, "%", [this](const DiveFigures& figures, const WhatIfColumn&) {
       return WhatIfTable::Cell{words_.Fixed(figures.CNS * 100, 0), "", figures.CNS >= 1};
+    });
+    Total(Text::WhatIfOTU, "", [this](const DiveFigures& figures, const WhatIfColumn&) {
+      return WhatIfTable::Cell{words_.Fixed(figures.OTU, 0), "", false};
     });
     GasRows();
     Warnings(wish);
@@ -116,21 +120,38 @@ class Builder {
         const auto need = std::ranges::find(column.gas, gas->mix, &GasNeed::mix);
         WhatIfTable::Cell& cell = row.cells.emplace_back();
         if (need == column.gas.end()) continue;
-        cell.figure = words_.Fixed(need->used, words_.Metric() ? 0 : 1);
-        if (!need->enough) continue;
-        cell.note = words_.T(*need->enough ? Text::WhatIfEnough : Text::WhatIfShort);
-        cell.bad = !*need->enough;
+        cell.figure = words_.Fixed(need->need, words_.Metric() ? 0 : 1);
+        if (!need->verdict) continue;
+        cell.note = NoteOf(*need->verdict);
+        cell.bad = IsShort(*need->verdict);
       }
       table_.rows.push_back(std::move(row));
     }
   }
 
-  /// The same lines as below bail-out tables and on cards.
+  [[nodiscard]] std::string NoteOf(GasVerdict verdict) const {
+    switch (verdict) {
+      case GasVerdict::Enough:
+        return words_.T(Text::WhatIfEnough);
+      case GasVerdict::IntoReserve:
+        return words_.T(Text::SupplyIntoReserve);
+      case GasVerdict::NotTold:
+        return "?";
+      default:
+        return words_.T(Text::WhatIfShort);
+    }
+  }
+
+  /// The dangers of the plan check, but for the PPO2, and the same lines as below bail-out tables and on cards.
   void Warnings(const WhatIfWish& wish) {
     const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Numbers());
     for (const WhatIfColumn& column : columns_) {
       std::string name = NameOf(column, words_);
       if (column.kind == Kind::BailOut) name += " " + DetailOf(column, wish, words_);
+      for (const Finding& danger : DangersOf(column, before_, words_)) {
+        if (danger.rule == Rule::Hypoxic || danger.rule == Rule::Hyperoxic) continue;
+        table_.warnings.push_back(name + ": " + danger.text);
+      }
       for (const GasWarning& warning : column.warnings) {
         table_.warnings.push_back(name + ": " + WarningText(warning, words) + " (" + warning.gas + ")");
       }
@@ -139,6 +160,7 @@ class Builder {
 
   const std::vector<WhatIfColumn>& columns_;
   const DiveTemplate& settings_;
+  const EndState* before_;
   const AdviceWords& words_;
   WhatIfTable table_;
 };
@@ -146,8 +168,16 @@ class Builder {
 }  // namespace
 
 std::string NameOf(const WhatIfColumn& column, const AdviceWords& words) {
-  return column.kind == Kind::Lost ? words.T(Text::WhatIfLost, {column.lost})
-                                   : words.T(Text::WhatIfKinds + static_cast<int>(column.kind));
+  switch (column.kind) {
+    case Kind::Lost:
+      return words.T(Text::WhatIfLost, {column.lost});
+    case Kind::AllLost:
+      return words.T(Text::WhatIfAllLost);
+    case Kind::Factors:
+      return "GF " + words.Fixed(column.factors.low * 100, 0) + "/" + words.Fixed(column.factors.high * 100, 0);
+    default:
+      return words.T(Text::WhatIfKinds + static_cast<int>(column.kind));
+  }
 }
 
 std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const AdviceWords& words) {
@@ -169,9 +199,9 @@ std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const A
   }
 }
 
-WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const DiveTemplate& settings,
+WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const WhatIf& of,
                     const AdviceWords& words) {
-  return Builder(columns, settings, words).Build(wish);
+  return Builder(columns, of, words).Build(wish);
 }
 
 std::string AlignedText(const WhatIfTable& table, std::size_t width) {

@@ -39,7 +39,8 @@ std::string NameOf(const WhatIfColumn& column, const AdviceWords& words);
 /// What is different in it: "+5 min, +3 m", "at 35 min, 65 m"; empty where the name says it all.
 std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const AdviceWords& words);
 
-WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const DiveTemplate& settings,
+/// `of` gave the columns.
+WhatIfTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const WhatIf& of,
                     const AdviceWords& words);
 
 /// The table as lines of text with columns that are aligned by blanks, in as many blocks below each other as lines of

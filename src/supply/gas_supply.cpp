@@ -20,6 +20,12 @@ class Stores {
   Stores(const DiveTemplate& settings, const ClassProfile& rows, const std::vector<Cylinder>& cylinders)
       : settings_(settings), rows_(rows), cylinders_(cylinders), breathed_(GasTotals(rows)) {}
 
+  /// `breathing` is the volume of a minute at the surface.
+  void AddBailOut(const BailOutNeeds& needs, double breathing) {
+    bailOut_ = &needs;
+    breathing_ = breathing;
+  }
+
   std::vector<GasStore> All() {
     for (const GasMix& blend : settings_.Blends) Add(blend.Name);
     for (const Cylinder& cylinder : cylinders_) Add(cylinder.Gas);
@@ -34,7 +40,7 @@ class Stores {
     Fill(store);
     Breathe(store);
     Judge(store);
-    if (!store.cylinders.empty() || store.used > 0) stores_.push_back(std::move(store));
+    if (!store.cylinders.empty() || store.Need() > 0) stores_.push_back(std::move(store));
   }
 
   void Fill(GasStore& store) const {
@@ -44,6 +50,7 @@ class Stores {
     for (const Cylinder& cylinder : cylinders_) {
       if (cylinder.Gas != store.gas) continue;
       store.cylinders.push_back(cylinder);
+      if (!cylinder.BailOut && IsDiluent(store.gas)) continue;
       (cylinder.InLitres() ? bar : psi) = true;
       const double perPressure = GasPerPressure(cylinder, metric);
       store.perPressure += perPressure;
@@ -54,10 +61,31 @@ class Stores {
     store.perPressure /= GaugePressure(1, metric, store.gaugeInBar);
   }
 
+  /// A gas that legs on the loop are dived with.
+  [[nodiscard]] bool IsDiluent(const std::string& gas) const {
+    if (settings_.OpenCircuit) return false;
+    for (std::int16_t i = LastUserRow(rows_); i > 0; --i) {
+      if (rows_.GetGasMixName(i) == gas) return true;
+    }
+    return false;
+  }
+
   void Breathe(GasStore& store) const {
+    if (bailOut_ != nullptr) {
+      const auto need = std::ranges::find(bailOut_->gases, store.gas, &BailOutNeed::gas);
+      if (need != bailOut_->gases.end()) {
+        store.bailOut = *need;
+        store.bailOutVolume = breathing_ * need->All();
+      }
+    }
     const auto gas = std::ranges::find(breathed_, store.gas, &GasTotal::Name);
-    if (gas == breathed_.end()) return;
-    store.used = gas->total;
+    if (gas != breathed_.end()) store.used = gas->total;
+    if (store.bailOutVolume > store.used) {
+      store.firstRow = store.lastRow = store.bailOut->row;
+      return;
+    }
+    store.bailOut.reset();
+    store.bailOutVolume = 0;
     for (std::int16_t i = rows_.GetLength(); i > 0 && store.lastRow == 0; --i) {
       if (rows_.GetGasMixName(i) == store.gas && rows_.getGasUsed(i) > 0) store.lastRow = i;
     }
@@ -66,18 +94,24 @@ class Stores {
   void Judge(GasStore& store) const {
     if (!FindBlend(store.gas, settings_)) {
       store.verdict = GasVerdict::UnknownGas;
-    } else if (!(store.used > 0)) {
+    } else if (!(store.Need() > 0)) {
       store.verdict = GasVerdict::NotBreathed;
-    } else if (store.cylinders.empty()) {
+    } else if (store.perPressure == 0 && IsDiluent(store.gas) && !(store.used > 0)) {
+      store.verdict = GasVerdict::NotTold;
+    } else if (store.perPressure == 0) {
       store.verdict = GasVerdict::NoCylinder;
-      store.firstRow = RowThatPasses(store, 0);
+      FindRow(store, 0);
     } else if (store.ShownLeft(settings_.Metric) < -kNoise) {
       store.verdict = GasVerdict::RunsOut;
-      store.firstRow = RowThatPasses(store, store.carried);
+      FindRow(store, store.carried);
     } else if (store.ShownLeft(settings_.Metric) < ShownVolume(store.reserve, settings_.Metric) - kNoise) {
       store.verdict = GasVerdict::IntoReserve;
-      store.firstRow = RowThatPasses(store, store.carried - store.reserve);
+      FindRow(store, store.carried - store.reserve);
     }
+  }
+
+  void FindRow(GasStore& store, double volume) const {
+    if (!store.bailOut) store.firstRow = RowThatPasses(store, volume);
   }
 
   /// The row in which more than a volume has been breathed.
@@ -95,6 +129,8 @@ class Stores {
   const ClassProfile& rows_;
   const std::vector<Cylinder>& cylinders_;
   std::vector<GasTotal> breathed_;
+  const BailOutNeeds* bailOut_ = nullptr;
+  double breathing_ = 0;
   std::vector<GasStore> stores_;
 };
 
@@ -171,9 +207,9 @@ class Legs {
 };
 
 /// What a leg leaves in its cylinders, and when to turn on it.
-void HoldAgainstStore(LegSupply& leg, const GasStore& store, const DiveTemplate& settings, TurnRule rule) {
+void HoldAgainstStore(LegSupply& leg, const GasStore& store, TurnRule rule) {
   leg.left = store.carried - leg.used;
-  if (!settings.OpenCircuit || !leg.decompresses) return;
+  if (!leg.decompresses) return;
   const double kept = std::max(leg.Minimum(), store.reserve);
   if (kept <= store.carried) {
     leg.turnPressure = store.Pressure(store.carried - (store.carried - kept) * ShareOf(rule));
@@ -181,7 +217,7 @@ void HoldAgainstStore(LegSupply& leg, const GasStore& store, const DiveTemplate&
 }
 
 /// The legs are in the order of their rows.
-void HoldAgainstStores(GasSupply& supply, const ClassProfile& rows, const DiveTemplate& settings) {
+void HoldAgainstStores(GasSupply& supply, const ClassProfile& rows) {
   std::map<std::string, double> used;
   std::int16_t row = 0;
   for (LegSupply& leg : supply.legs) {
@@ -189,8 +225,31 @@ void HoldAgainstStores(GasSupply& supply, const ClassProfile& rows, const DiveTe
     const GasStore* store = supply.Of(leg.gas);
     if (store == nullptr || store->cylinders.empty()) continue;
     leg.used = used[leg.gas];
-    HoldAgainstStore(leg, *store, settings, supply.choice.rule);
+    HoldAgainstStore(leg, *store, supply.choice.rule);
   }
+}
+
+/// The dearest minute of each gas, in the form of a leg.
+std::vector<LegSupply> WaysOut(const GasSupply& supply, const DiveTemplate& settings) {
+  const double breathing = supply.choice.team * supply.choice.stress * settings.RMV;
+  std::vector<LegSupply> ways;
+  for (const GasStore& store : supply.gases) {
+    if (!store.bailOut) continue;
+    const BailOutNeed& need = *store.bailOut;
+    LegSupply way;
+    way.leg = static_cast<int>(ways.size()) + 1;
+    way.row = need.row;
+    way.depth = need.depth;
+    way.runTime = need.moment;
+    way.gas = need.gas;
+    way.ambient = settings.StartPressure + AdjustedDepth(need.depth, settings) / DepthPerPressure(settings.Metric);
+    way.sorting = breathing * need.sorting;
+    way.ascent = breathing * need.ascent;
+    way.turns = false;
+    way.left = store.carried;
+    ways.push_back(std::move(way));
+  }
+  return ways;
 }
 
 }  // namespace
@@ -212,12 +271,18 @@ const GasStore* GasSupply::Of(const std::string& gas) const {
 
 double GasSupply::ShownLeft(const LegSupply& leg) const {
   const GasStore* store = Of(leg.gas);
-  if (store == nullptr || store->cylinders.empty()) return 0;
+  if (store == nullptr || store->perPressure == 0) return 0;
   return ShownVolume(store->carried, metric) - ShownVolume(leg.used, metric);
 }
 
-bool GasSupply::HoldsMinimum(const LegSupply& leg) const {
-  return leg.decompresses && ShownLeft(leg) >= leg.ShownMinimum(metric) - kNoise;
+GasVerdict GasSupply::VerdictOf(const LegSupply& leg) const {
+  const GasStore* store = Of(leg.gas);
+  if (!leg.decompresses) return GasVerdict::RunsOut;
+  if (store == nullptr) return GasVerdict::NoCylinder;
+  if (store->perPressure == 0) return store->cylinders.empty() ? GasVerdict::NoCylinder : GasVerdict::NotTold;
+  const double left = ShownLeft(leg) - (leg.turns ? 0 : leg.ShownMinimum(metric));
+  if (ShownLeft(leg) < leg.ShownMinimum(metric) - kNoise) return GasVerdict::RunsOut;
+  return left < ShownVolume(store->reserve, metric) - kNoise ? GasVerdict::IntoReserve : GasVerdict::Enough;
 }
 
 bool GasSupply::PassesTurn(const LegSupply& leg) const {
@@ -227,8 +292,10 @@ bool GasSupply::PassesTurn(const LegSupply& leg) const {
 }
 
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
-                               const std::vector<Cylinder>& cylinders) {
-  return Stores(settings, rows, cylinders).All();
+                               const std::vector<Cylinder>& cylinders, const BailOutNeeds& bailOut, double breathing) {
+  Stores stores(settings, rows, cylinders);
+  stores.AddBailOut(bailOut, breathing);
+  return stores.All();
 }
 
 GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders) {
@@ -238,19 +305,26 @@ GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const st
   supply.choice = choice;
   supply.metric = settings.Metric;
   if (cylinders.empty() || rows.GetLength() == 0 || !dive.plan.fault.IsEmpty()) return supply;
-  supply.gases = StoresOf(rows, settings, cylinders);
+  const BailOutNeeds bailOut = BailOutNeedsOf(dive, choice.minutes);
+  supply.neverUp = bailOut.neverUp;
+  supply.gases = StoresOf(rows, settings, cylinders, bailOut, choice.team * choice.stress * settings.RMV);
+  if (!settings.OpenCircuit) {
+    supply.waysOut = WaysOut(supply, settings);
+    return supply;
+  }
   try {
     supply.legs = Legs(dive, choice).All();
   } catch (const std::length_error&) {
     // A way up in steps so small that no table of rows holds it.
     return supply;
   }
-  HoldAgainstStores(supply, rows, settings);
+  HoldAgainstStores(supply, rows);
   return supply;
 }
 
-GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice) {
-  return SupplyOf(dive, choice, dive.record.Template.Cylinders);
+GasSupply SupplyOf(const PlannedDive& dive) {
+  const DiveTemplate& settings = dive.record.Template;
+  return SupplyOf(dive, SupplyChoiceOf(settings), settings.Cylinders);
 }
 
 }  // namespace tav

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -7,7 +8,8 @@
 
 #include "compute/compute.h"
 #include "model/cylinder.h"
-#include "supply/supply_choice.h"
+#include "model/supply_choice.h"
+#include "supply/bailout_need.h"
 
 /// Whether the cylinders that a diver carries hold what a dive asks for. Gas is ideal, volumes are litres at 1 bar or
 /// cubic feet at 1 atmosphere, as the plan counts them.
@@ -18,6 +20,7 @@ enum class GasVerdict {
   IntoReserve,  ///< less is left than the reserve
   RunsOut,
   NoCylinder,  ///< breathed, and no cylinder holds it
+  NotTold,     ///< the loop's diluent, of which no cylinder is told as bail-out
   NotBreathed,
   UnknownGas,  ///< in a cylinder, and no gas of the template has its name
 };
@@ -29,9 +32,10 @@ double ShownVolume(double volume, bool metric);
 /// A pressure to act by, in bar or psi: rounded up to 10 bar or 100 psi, which a gauge shows.
 double PressureToActBy(double pressure, bool inBar);
 
-/// One gas: what is carried and what the plan breathes of it. Several cylinders of one gas are one supply, as if joined
-/// by a manifold: their pressures are those after evening out. Pressures are in the unit of its gauges, that of the
-/// plan where they differ.
+/// One gas: what is carried and what the plan asks for of it. On a rebreather that is what the dearest minute to leave
+/// the loop asks for; of the diluent only cylinders count that are told as bail-out. Several cylinders of one gas are
+/// one supply, as if joined by a manifold: their pressures are those after evening out. Pressures are in the unit of
+/// its gauges, that of the plan where they differ.
 struct GasStore {
   std::string gas;
   std::vector<Cylinder> cylinders;
@@ -39,21 +43,28 @@ struct GasStore {
   double perPressure = 0;  ///< volume for each bar or psi; 0 without cylinders
   double carried = 0;
   double reserve = 0;
-  double used = 0;
+  double used = 0;                     ///< by the plan as it goes
+  std::optional<BailOutNeed> bailOut;  ///< on a rebreather: the minute that asks for most of it
+  double bailOutVolume = 0;            ///< what that asks for
   GasVerdict verdict = GasVerdict::Enough;
   std::int16_t firstRow = 0;  ///< where it runs out or goes into its reserve, or is first breathed without a cylinder
   std::int16_t lastRow = 0;   ///< the last row that breathes it; 0 when none does
 
-  [[nodiscard]] double Left() const { return carried - used; }
+  /// What must be there: what is used, or what a way out asks for.
+  [[nodiscard]] double Need() const { return std::max(used, bailOutVolume); }
+  [[nodiscard]] double Left() const { return carried - Need(); }
   /// In whole litres or tenths of a cubic foot, as printed: the difference of what is printed beside it.
-  [[nodiscard]] double ShownLeft(bool metric) const { return ShownVolume(carried, metric) - ShownVolume(used, metric); }
+  [[nodiscard]] double ShownLeft(bool metric) const {
+    return ShownVolume(carried, metric) - ShownVolume(Need(), metric);
+  }
   /// A volume as a pressure of its cylinders; nothing without cylinders.
   [[nodiscard]] std::optional<double> Pressure(double volume) const {
     return perPressure > 0 ? std::optional(volume / perPressure) : std::nullopt;
   }
 };
 
-/// What must be left at the end of a leg, and when to turn. The way up is computed from there, after the minutes of
+/// What must be left at the end of a leg, or at the moment at which a loop is left, and when to turn. The way up is
+/// computed from there, after the minutes of
 /// sorting out, on open circuit with the gas changes of the template, until the next gas or the surface.
 struct LegSupply {
   int leg = 1;           ///< from 1
@@ -64,6 +75,7 @@ struct LegSupply {
   double ambient = 0;                  ///< bar or atmospheres
   double sorting = 0;                  ///< volume of the minutes at depth, for the whole team
   double ascent = 0;                   ///< volume of the way up on this gas, for the whole team
+  bool turns = true;                   ///< the gas is breathed up to there; else it is bail-out, untouched
   bool decompresses = true;            ///< else the way up never ends, and no gas is enough
   double left = 0;                     ///< what the plan leaves of the gas there; 0 without cylinders
   double used = 0;                     ///< of the gas up to there
@@ -79,7 +91,9 @@ struct LegSupply {
 
 struct GasSupply {
   std::vector<GasStore> gases;  ///< in the order of the template, then those that it lacks; empty: nothing was told
-  std::vector<LegSupply> legs;  ///< those that end below the surface
+  std::vector<LegSupply> legs;  ///< those that end below the surface; on a rebreather none: `gases` have their ways out
+  std::vector<LegSupply> waysOut;  ///< on a rebreather, for each gas of a way out the minute that asks for most of it
+  std::optional<Single> neverUp;   ///< the first minute of a rebreather dive whose way out never ends
   SupplyChoice choice;
   bool metric = true;  ///< volumes are litres, else cubic feet
 
@@ -88,19 +102,21 @@ struct GasSupply {
   [[nodiscard]] const GasStore* Of(const std::string& gas) const;
   /// What the plan leaves of its gas at the end of a leg, as printed; 0 without cylinders.
   [[nodiscard]] double ShownLeft(const LegSupply& leg) const;
-  /// The cylinders hold the minimum gas of a leg when it ends.
-  [[nodiscard]] bool HoldsMinimum(const LegSupply& leg) const;
+  /// Whether the cylinders hold the minimum gas of a leg when it ends, or of a way out. RunsOut for too little, or
+  /// where the way up never ends.
+  [[nodiscard]] GasVerdict VerdictOf(const LegSupply& leg) const;
   /// The plan goes past the pressure to turn at before a leg ends.
   [[nodiscard]] bool PassesTurn(const LegSupply& leg) const;
 };
 
 /// What rows breathe of each gas and what the cylinders hold of it, without those that have neither.
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
-                               const std::vector<Cylinder>& cylinders);
+                               const std::vector<Cylinder>& cylinders, const BailOutNeeds& bailOut = {},
+                               double breathing = 0);
 
-/// The supply of a computed dive with the cylinders of its template, or with others. Empty when there are no cylinders
-/// or no rows. Takes a way up for each leg.
-GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice);
+/// The supply of a computed dive with the cylinders and the choice of its template, or with others. Empty when there
+/// are no cylinders or no rows. Takes a way up for each leg, on a rebreather one for each minute.
+GasSupply SupplyOf(const PlannedDive& dive);
 GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const std::vector<Cylinder>& cylinders);
 
 }  // namespace tav

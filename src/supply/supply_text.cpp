@@ -26,13 +26,13 @@ std::string PressureText(const GasStore* store, std::optional<double> pressure, 
 
 Row GasRow(const GasStore& store, const AdviceWords& words) {
   const bool isShort = IsShort(store);
-  const bool hasCylinders = !store.cylinders.empty();
+  const bool hasCylinders = store.perPressure > 0;
   const auto held = [&](const std::string& text) { return hasCylinders ? text : kNothing; };
   return {Marked(store.gas, isShort),
           {CylindersText(store, words)},
           {PressureText(&store, store.Pressure(store.carried), words)},
           {held(words.Volume(store.carried))},
-          {words.Volume(store.used)},
+          {words.Volume(store.Need())},
           {held(words.Volume(store.ShownLeft(words.Metric())))},
           Marked(hasCylinders ? words.GaugeDown(*store.Pressure(store.Left()), store.gaugeInBar) : kNothing, isShort),
           Marked(VerdictText(store, words), isShort)};
@@ -40,7 +40,7 @@ Row GasRow(const GasStore& store, const AdviceWords& words) {
 
 Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
   const GasStore* store = supply.Of(leg.gas);
-  const bool hasCylinders = store != nullptr && !store->cylinders.empty();
+  const bool hasCylinders = store != nullptr && store->perPressure > 0;
   const bool isShort = IsShort(supply, leg);
   const auto known = [&](const std::string& text) { return leg.decompresses ? text : kNothing; };
   return {{std::to_string(leg.leg)},
@@ -72,14 +72,18 @@ std::string CylindersText(const GasStore& store, const AdviceWords& words) {
   return text.empty() ? kNothing : text;
 }
 
-bool IsShort(const GasStore& store) {
-  return store.verdict != GasVerdict::Enough && store.verdict != GasVerdict::NotBreathed;
+bool IsShort(GasVerdict verdict) {
+  return verdict != GasVerdict::Enough && verdict != GasVerdict::NotBreathed && verdict != GasVerdict::NotTold;
 }
 
-bool IsShort(const GasSupply& supply, const LegSupply& leg) { return !supply.HoldsMinimum(leg); }
+bool IsShort(const GasStore& store) { return IsShort(store.verdict); }
+bool IsShort(const GasSupply& supply, const LegSupply& leg) { return IsShort(supply.VerdictOf(leg)); }
 
 std::string VerdictText(const GasStore& store, const AdviceWords& words) {
+  if (store.bailOut && store.verdict == GasVerdict::RunsOut) return words.T(Text::SupplyTooLittle);
   switch (store.verdict) {
+    case GasVerdict::NotTold:
+      return words.T(Text::SupplyNotTold);
     case GasVerdict::IntoReserve:
       return words.T(Text::SupplyIntoReserve);
     case GasVerdict::RunsOut:
@@ -97,14 +101,29 @@ std::string VerdictText(const GasStore& store, const AdviceWords& words) {
 }
 
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words) {
-  const GasStore* store = supply.Of(leg.gas);
   if (!leg.decompresses) return words.T(Text::SupplyNoWayUp);
-  if (store == nullptr || store->cylinders.empty()) return words.T(Text::SupplyNoCylinder);
-  return words.T(supply.HoldsMinimum(leg) ? Text::SupplyEnough : Text::SupplyTooLittle);
+  switch (supply.VerdictOf(leg)) {
+    case GasVerdict::RunsOut:
+      return words.T(Text::SupplyTooLittle);
+    case GasVerdict::IntoReserve:
+      return words.T(Text::SupplyIntoReserve);
+    case GasVerdict::NoCylinder:
+      return words.T(Text::SupplyNoCylinder);
+    case GasVerdict::NotTold:
+      return words.T(Text::SupplyNotTold);
+    default:
+      return words.T(Text::SupplyEnough);
+  }
 }
 
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
   const SupplyChoice& choice = supply.choice;
+  if (!leg.turns && leg.sorting == 0) {
+    const double breathing = choice.team * choice.stress * rmv;
+    return words.T(Text::BailOutWayUp,
+                   {words.Factor(breathing), words.VolumeUnit(), words.Factor(leg.ascent / breathing),
+                    words.PressureUnit(), words.Volume(leg.ascent)});
+  }
   return words.T(choice.team == 1 ? Text::SupplyWorkingOfOne : Text::SupplyWorkingOfTeam,
                  {std::to_string(choice.team), words.Factor(choice.stress), words.Factor(rmv), words.VolumeUnit(),
                   words.Factor(leg.ambient) + " " + words.PressureUnit(), words.Factor(choice.minutes),
@@ -115,25 +134,27 @@ SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& wo
   SupplyTables tables;
   if (!supply.IsTold()) return tables;
   tables.gasTitle = words.T(Text::SupplyTitle);
-  tables.legTitle = words.T(Text::SupplyLegs);
+  const bool waysOut = !supply.waysOut.empty();
+  const std::vector<LegSupply>& legs = waysOut ? supply.waysOut : supply.legs;
+  tables.legTitle = words.T(waysOut ? Text::BailOutTitle : Text::SupplyLegs);
   tables.gases.reserve(supply.gases.size() + 1);
-  tables.gases.push_back(Heads({Text::InfoGas, Text::SupplyCylinders, Text::SupplyFill, Text::SupplyCarried,
-                                Text::SupplyUsed, Text::SupplyLeft, Text::SupplyAtEnd, Text::SupplyVerdict},
-                               words));
-  for (const GasStore& store : supply.gases) tables.gases.push_back(GasRow(store, words));
-  tables.legs.reserve(supply.legs.size() + 1);
-  tables.legs.push_back(
-      Heads({Text::SupplyLeg, Text::InfoDepth, Text::InfoRun, Text::InfoGas, Text::SupplyLeft, Text::SupplyMinimumGas,
-             Text::SupplyMinimum, Text::SupplyTurnAt, Text::SupplyVerdict, Text::SupplyWorking},
+  tables.gases.push_back(
+      Heads({Text::InfoGas, Text::SupplyCylinders, Text::SupplyFill, Text::SupplyCarried,
+             waysOut ? Text::SupplyNeeded : Text::SupplyUsed, Text::SupplyLeft, Text::SupplyAtEnd, Text::SupplyVerdict},
             words));
-  for (const LegSupply& leg : supply.legs) tables.legs.push_back(LegRow(supply, leg, rmv, words));
+  for (const GasStore& store : supply.gases) tables.gases.push_back(GasRow(store, words));
+  tables.legs.reserve(legs.size() + 1);
+  tables.legs.push_back(Heads(
+      {waysOut ? Text::BailOutNumber : Text::SupplyLeg, Text::InfoDepth, Text::InfoRun, Text::InfoGas, Text::SupplyLeft,
+       Text::SupplyMinimumGas, Text::SupplyMinimum, Text::SupplyTurnAt, Text::SupplyVerdict, Text::SupplyWorking},
+      words));
+  for (const LegSupply& leg : legs) tables.legs.push_back(LegRow(supply, leg, rmv, words));
   return tables;
 }
 
-SupplyTables SupplyTablesOf(const PlannedDive& dive, const SupplyChoice& choice, const TextSource& texts,
-                            const LocaleSeparators& separators) {
+SupplyTables SupplyTablesOf(const PlannedDive& dive, const TextSource& texts, const LocaleSeparators& separators) {
   const DiveTemplate& settings = dive.record.Template;
-  return TablesOf(SupplyOf(dive, choice), settings.RMV, AdviceWords(texts, separators, settings.Metric));
+  return TablesOf(SupplyOf(dive), settings.RMV, AdviceWords(texts, separators, settings.Metric));
 }
 
 }  // namespace tav

@@ -18,6 +18,7 @@ std::string CylindersText(const GasStore& store, const AdviceWords& words);
 std::string VerdictText(const GasStore& store, const AdviceWords& words);
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words);
 /// Whether a verdict is one to act on.
+bool IsShort(GasVerdict verdict);
 bool IsShort(const GasStore& store);
 bool IsShort(const GasSupply& supply, const LegSupply& leg);
 
@@ -49,7 +50,6 @@ const std::vector<int> kLegTextColumns{3, 8, 9};
 SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& words);
 
 /// The tables of a computed dive with the cylinders of its template.
-SupplyTables SupplyTablesOf(const PlannedDive& dive, const SupplyChoice& choice, const TextSource& texts,
-                            const LocaleSeparators& separators);
+SupplyTables SupplyTablesOf(const PlannedDive& dive, const TextSource& texts, const LocaleSeparators& separators);
 
 }  // namespace tav

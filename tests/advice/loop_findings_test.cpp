@@ -80,11 +80,11 @@ TEST(PlanChecks, JudgeRowsByTheModelThatMadeThem) {
     for (const double depth : {50.0, 3.0}) plan.SaveUserEnteredWaypoints(40, depth, 0, false);
     plan.ReEvaluateUserEnteredWaypoints();
     const auto findings = Check(plans, plan.Tag());
-    const GasSupply supply = SupplyOf(plan.Planned(), {});
+    const GasSupply supply = SupplyOf(plan.Planned());
     ASSERT_NE(TextOf(Rule::AboveCeiling, Severity::Danger, findings), "");
     plans.model = now;
     EXPECT_EQ(Check(plans, plan.Tag()), findings);
-    const GasSupply again = SupplyOf(plan.Planned(), {});
+    const GasSupply again = SupplyOf(plan.Planned());
     for (std::size_t i = 0; i < supply.legs.size(); ++i) {
       EXPECT_EQ(again.legs[i].Minimum(), supply.legs[i].Minimum()) << i;
     }

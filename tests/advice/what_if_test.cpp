@@ -23,6 +23,7 @@
 namespace tav {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using Kind = WhatIfColumn::Kind;
@@ -48,15 +49,38 @@ void ExpectColumnsOfFiles(const ProfileText& profile, std::int16_t deepest, cons
   const std::size_t last = plans.size() - 1;
   WhatIf whatIf(PlannedSeries(profile.dives, plans)[last]);
   ASSERT_TRUE(whatIf.Fault().IsEmpty());
-  const auto columns = whatIf.Columns({7, 4});
+  const auto columns = whatIf.Columns({7, 4, {}});
   for (const WhatIfColumn& column : columns) {
     ProfileText changed = profile;
     DiveRecord& dive = changed.dives[last];
     if (column.kind == Kind::BailOut) continue;
     if (column.kind == Kind::Longer || column.kind == Kind::Both) Change(dive.UserActions, deepest, 7, 0);
     if (column.kind == Kind::Deeper || column.kind == Kind::Both) Change(dive.UserActions, deepest, 0, 4);
-    std::erase_if(dive.Template.ChangeGasMixes,
-                  [&](const GasChange& gas) { return column.kind == Kind::Lost && gas.Name == column.lost; });
+    const auto isLost = [&](const std::string& gas) {
+      return (column.kind == Kind::Lost && gas == column.lost) ||
+             (column.kind == Kind::AllLost &&
+              std::ranges::find(changed.dives[last].Template.ChangeGasMixes, gas, &GasChange::Name) !=
+                  dive.Template.ChangeGasMixes.end());
+    };
+    std::optional<std::int16_t> gasBefore;
+    bool goesOn = true;
+    for (std::int16_t i = 1; i < dive.UserActions.GetLength(); ++i) {
+      ClassUseractions& legs = dive.UserActions;
+      if (!isLost(dive.Template.Blends[static_cast<std::size_t>(legs.getmixnumber(i))].Name)) {
+        gasBefore = legs.getmixnumber(i);
+      } else if (gasBefore) {
+        legs.setuser(i, legs.getDepth(i), legs.gettime(i), *gasBefore);
+      } else {
+        goesOn = false;
+      }
+    }
+    ASSERT_EQ(goesOn, column.fault.IsEmpty()) << column.Id();
+    if (!goesOn) continue;
+    std::vector<GasChange> kept;
+    for (const GasChange& gas : dive.Template.ChangeGasMixes) {
+      if (!isLost(gas.Name)) kept.push_back(gas);
+    }
+    dive.Template.ChangeGasMixes = kept;
     if (dive.Template.ChangeGasMixes.empty()) dive.Template.ChangeGasMixes.emplace_back();
     bool ends = true;
     EXPECT_EQ(test::RowsText(column.rows), RowsOfFile(changed, last, model, &ends)) << column.Id();
@@ -127,7 +151,7 @@ TEST_F(WhatIfOfPlan, LeavesTheUsersPlanAlone) {
   const std::string before = state();
   plans_.display.told.clear();
   WhatIf whatIf(plans_.Planned(documents.back()));
-  EXPECT_EQ(whatIf.Columns({20, 30}).size(), 5U);
+  EXPECT_EQ(whatIf.Columns({20, 30, {}}).size(), 5U);
   EXPECT_EQ(state(), before);
   EXPECT_THAT(plans_.display.told, testing::IsEmpty());
   EXPECT_EQ(plans_.documents.UpperBound(), documents.back());
@@ -192,8 +216,10 @@ TEST_F(WhatIfOfPlan, LosesAllOfAGasThatTheListHasTwice) {
   });
   WhatIf whatIf(plans_.Planned(window.Tag()));
   const auto columns = whatIf.Columns({});
-  EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50"));
-  for (const GasNeed& need : columns.back().gas) EXPECT_NE(need.mix, "EAN50");
+  EXPECT_THAT(Ids(columns),
+              ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50", "lost all"));
+  for (const GasNeed& need : columns[5].gas) EXPECT_NE(need.mix, "EAN50");
+  for (const GasNeed& need : columns[6].gas) EXPECT_EQ(need.mix, "Air");
 }
 
 TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
@@ -210,7 +236,7 @@ TEST_F(WhatIfOfPlan, EachColumnTellsWhatMustNotBeBreathed) {
   ASSERT_EQ(columns.back().warnings.size(), 2U);
   EXPECT_EQ(columns.back().warnings.back().to, 0) << "and without the oxygen to the surface";
   const AdviceWords words(plans_.texts, {".", ""}, true);
-  const std::string text = AlignedText(TableOf(columns, {}, whatIf.Settings(), words), 100);
+  const std::string text = AlignedText(TableOf(columns, {}, whatIf, words), 100);
   EXPECT_THAT(text, HasSubstr(Numbered("\n! <WhatIfLost>: <TablePPO2Low>")));
 }
 
@@ -251,16 +277,17 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
     EXPECT_EQ(planned.gas[0].mix, "Air");
     EXPECT_NEAR(planned.gas[0].used, 57 * 20 * 2.01325, 80);
     EXPECT_EQ(planned.gas[0].carried, c.carried);
-    EXPECT_EQ(planned.gas[0].enough, c.enough) << c.fill;
+    const auto& verdict = planned.gas[0].verdict;
+    EXPECT_EQ(verdict ? std::optional(*verdict == GasVerdict::Enough) : std::nullopt, c.enough) << c.fill;
     // The gas supply of the plan says the same.
-    const GasSupply supply = SupplyOf(window.Planned(), {});
+    const GasSupply supply = SupplyOf(window.Planned());
     EXPECT_EQ(supply.IsTold(), c.told);
     if (c.told) {
       EXPECT_EQ(supply.Of("Air")->verdict == GasVerdict::Enough, c.enough);
       EXPECT_EQ(supply.Of("Air")->carried, c.carried);
     }
     const AdviceWords words(plans_.texts, {".", ""}, true);
-    const std::string turn = TurnText(window.Planned(), {}, words);
+    const std::string turn = TurnText(window.Planned(), words);
     EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnPressure);
   }
   // A gas without a cylinder, where others have one, is short.
@@ -273,50 +300,79 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
     rows.Row(rows.GetLength()).GasMixName = gas;
     rows.Row(rows.GetLength()).GasUsed = 79.9;
   }
-  const auto needs = GasNeeds(rows, settings);
+  const auto needs = GasNeeds(StoresOf(rows, settings, settings.Cylinders), settings);
   ASSERT_EQ(needs.size(), 2U);
   EXPECT_EQ(needs[0].carried, 0);
-  EXPECT_EQ(needs[0].enough, false);
+  EXPECT_EQ(needs[0].verdict, GasVerdict::NoCylinder);
   EXPECT_NEAR(*needs[1].carried, 80, 1e-9);
-  EXPECT_EQ(needs[1].enough, true);
+  EXPECT_EQ(needs[1].verdict, GasVerdict::Enough);
 }
 
-/// Of all whole minutes none asks for more than the one that is told, and it is the cut that `tavplan bailout` makes.
-TEST_F(WhatIfOfPlan, BailsOutAtTheWorstMoment) {
+/// The bail-out columns are the minute that takes longest to come up and those that ask most of a gas; each is the cut
+/// that `tavplan bailout` makes of that minute, and its figures are those of the gas supply.
+TEST_F(WhatIfOfPlan, BailsOutFromTheLongestAndTheDearestMinutes) {
   const auto document = OpenProfile(plans_.forms, kRoot / "dives/rebreather.tav").back();
   DiveTemplate& settings = plans_.documents(document).Template;
-  std::vector<double> moments;
-  for (const double oxygen : {0.0, 1.0, 10.0}) {
-    settings.Cylinders.clear();
-    if (oxygen > 0) {
-      for (const char* gas : {"Tx18/45", "Tx21/35", "EAN50"}) settings.Cylinders.push_back({gas, 2, 12, 0, 200, 20});
-      settings.Cylinders.push_back({"Oxygen", 1, oxygen, 0, 200, 20});
-    }
-    WhatIf whatIf(plans_.Planned(document));
-    const WhatIfColumn worst = whatIf.Columns({}).back();
-    ASSERT_EQ(worst.kind, Kind::BailOut);
-    ASSERT_TRUE(worst.fault.IsEmpty());
-    const auto demandOf = [&](const ClassProfile& rows) {
-      double demand = rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(LastUserRow(rows));
-      if (oxygen > 0) {
-        demand = 0;
-        for (const GasNeed& need : GasNeeds(rows, settings)) demand = std::max(demand, need.used / *need.carried);
-      }
-      return demand;
-    };
-    const TableDives cuts = *plans_.Cuts(document, 1).Compute(3, [](int, int) { return true; });
-    for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
-      const TableDive& cut = cuts.dives[i];
-      if (cut.depth > 0) {
-        EXPECT_LE(demandOf(cut.profile), demandOf(worst.rows)) << double{cut.head};
-      }
-      if (cut.head == worst.moment) {
-        EXPECT_EQ(test::RowsText(cut.profile), test::RowsText(worst.rows));
-      }
-    }
-    moments.push_back(worst.moment);
+  settings.Cylinders = {{"Tx18/45", 2, 12, 0, 200, 20, true},
+                        {"Tx21/35", 1, 11, 0, 200, 20},
+                        {"EAN50", 1, 11, 0, 200, 20},
+                        {"Oxygen", 1, 20, 0, 200, 20}};
+  const TableDives cuts = *plans_.Cuts(document, 1).Compute(3, [](int, int) { return true; });
+  const GasSupply supply = SupplyOf(plans_.Planned(document));
+  WhatIf whatIf(plans_.Planned(document));
+  const auto columns = whatIf.Columns({});
+  std::map<Single, const WhatIfColumn*> ways;
+  for (const WhatIfColumn& column : columns) {
+    ASSERT_TRUE(column.fault.IsEmpty()) << column.Id();
+    if (column.kind == Kind::BailOut) ways[column.moment] = &column;
   }
-  EXPECT_EQ(moments[0], 35) << "the end of the bottom time has the longest way up";
+  ASSERT_TRUE(ways.contains(35)) << "the end of the bottom time has the longest way up";
+  double longest = 0;
+  for (const TableDive& cut : cuts.dives) {
+    const double up = cut.profile.GetRunTime(cut.profile.GetLength()) - cut.head;
+    if (&cut != &cuts.dives.front() && cut.depth > 0 && cut.head <= 38) longest = std::max(longest, up);
+    if (const auto way = ways.find(cut.head); way != ways.end()) {
+      EXPECT_EQ(test::RowsText(cut.profile), test::RowsText(way->second->rows));
+    }
+  }
+  const ClassProfile& rows = ways[35]->rows;
+  EXPECT_EQ(rows.GetRunTime(rows.GetLength()) - 35, longest);
+  for (const GasStore& store : supply.gases) {
+    ASSERT_TRUE(store.bailOut) << store.gas;
+    const WhatIfColumn& dearest = *ways.at(store.bailOut->moment);
+    const auto need = std::ranges::find(dearest.gas, store.gas, &GasNeed::mix);
+    ASSERT_NE(need, dearest.gas.end());
+    EXPECT_EQ(need->need, store.Need());
+    EXPECT_EQ(need->verdict, store.verdict);
+    // The planned column has one verdict with the supply, too.
+    const auto planned = std::ranges::find(columns.front().gas, store.gas, &GasNeed::mix);
+    EXPECT_EQ(planned->need, store.Need());
+    EXPECT_EQ(planned->verdict, store.verdict);
+  }
+}
+
+TEST_F(WhatIfOfPlan, AGasIsLostInTheLegs) {
+  const DiveTemplate shipped = ShippedDefaultTemplate();
+  const std::int16_t ean50 = FindBlend("EAN50", shipped).value();
+  frmWaypointEditor& window = plans_.New();
+  window.SaveUserEnteredWaypoints(20, 40, 0, false);
+  window.SaveUserEnteredWaypoints(10, 15, ean50, false);
+  window.SaveUserEnteredWaypoints(-1, -1, 0, true);
+  window.ReEvaluateUserEnteredWaypoints();
+  WhatIf whatIf(plans_.Planned(window.Tag()));
+  for (const WhatIfColumn& column : whatIf.Columns({})) {
+    if (column.Id() != "lost EAN50" && column.Id() != "lost all") continue;
+    EXPECT_EQ(column.record.UserActions.getmixnumber(2), 0) << column.Id();
+    for (std::int16_t i = 1; i <= column.rows.GetLength(); ++i) EXPECT_NE(column.rows.GetGasMixName(i), "EAN50");
+  }
+  window.UserActions.setuser(1, 20, 20, ean50);
+  window.ReEvaluateUserEnteredWaypoints();
+  WhatIf without(plans_.Planned(window.Tag()));
+  const auto columns = without.Columns({5, 3, {{0.4, 0.9}}});
+  EXPECT_THAT(Ids(columns), Contains("gf 40/90"));
+  for (const WhatIfColumn& column : columns) {
+    EXPECT_EQ(column.fault.IsEmpty(), column.Id() != "lost EAN50" && column.Id() != "lost all") << column.Id();
+  }
 }
 
 TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
@@ -325,11 +381,11 @@ TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
     t.Cylinders = {{"Air", 2, 12, 0, 200, 50}, {"EAN50", 1, 7, 0, 200, 0}, {"Oxygen", 1, 7, 0, 20, 0}};
   });
   WhatIf whatIf(plans_.Planned(window.Tag()));
-  const WhatIfWish wish{5, 3};
+  const WhatIfWish wish{5, 3, {}};
   const auto columns = whatIf.Columns(wish);
   const AdviceWords words(english, {",", "."}, true);
-  const WhatIfTable table = TableOf(columns, wish, whatIf.Settings(), words);
-  ASSERT_EQ(table.heads.size(), 6U);
+  const WhatIfTable table = TableOf(columns, wish, whatIf, words);
+  ASSERT_EQ(table.heads.size(), 7U);
   EXPECT_EQ(table.heads[3].detail, "+5 min +3 m");
   EXPECT_EQ(table.heads[4].name, "lost Oxygen");
   std::map<std::string, const WhatIfTable::Row*> rows;

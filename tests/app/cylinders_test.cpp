@@ -80,6 +80,7 @@ TEST(CylinderDialog, TellsTheVerdictWhileOneTypesAndIsOneStepOfUndo) {
   EXPECT_EQ(plan.Cylinders(), told);
   EXPECT_TRUE(plan.p.Document().Modified);
   EXPECT_EQ(ReadSupplyChoice(plan.p.platform.Services().settings), (SupplyChoice{1, 2, 2, TurnRule::Thirds}));
+  EXPECT_EQ(plan.p.Document().Template.Team, (SupplyChoice{1, 2, 2, TurnRule::Thirds}));
   // The file has them, and they come back.
   FormatFaults faults("plan", FormatFaults::Mode::StopAtFirstError);
   const auto file =

@@ -12,7 +12,6 @@
 #include "pages/page_units.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
-#include "supply/supply_choice.h"
 #include "supply/supply_text.h"
 #include "support/all_forms.h"
 
@@ -92,7 +91,7 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   LookAtPages(report, "long report");
 
   Slate slate(report);
-  WriteSlates({slate, texts, comma, {}}, forms.Series(document));
+  WriteSlates({slate, texts, comma}, forms.Series(document));
   LookAtPages(report, "slate");
 
   auto& bailOut = all.Of<frmBailoutStart>();

@@ -131,7 +131,7 @@ TEST(Reports, AndWindowsNameTheModelOfEachDive) {
     Slate slate(writer);
     const bool isSecond = &series.settings == &p.Document(second).Template;
     EXPECT_EQ(series.dive.plan.model.ZHL16C, isSecond);
-    WriteSlates({slate, p.program.Texts(), {".", ""}, {}}, {series});
+    WriteSlates({slate, p.program.Texts(), {".", ""}}, {series});
     std::string pages;
     for (int page = 1; page <= writer.Pages().Pages(); ++page) {
       RecordingSurface surface(16839.9, 11907);

@@ -2,10 +2,14 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 
 #include "advice/checked_plan.h"
 #include "advice/plan_check.h"
+#include "compute/bailout_cuts.h"
+#include "compute/breathed_gas.h"
 #include "headless/headless_platform.h"
+#include "supply/supply_settings.h"
 #include "supply/supply_text.h"
 #include "support/random_plan.h"
 
@@ -33,6 +37,7 @@ struct Reckoned {
           t.StartPressure = t.EndPressure = 1;
           dive.change(t);
           t.Cylinders = dive.cylinders;
+          t.Team = dive.choice;
         })) {
     const DiveTemplate& settings = plans.documents(window.Tag()).Template;
     for (const TestLeg& leg : dive.legs) {
@@ -41,7 +46,7 @@ struct Reckoned {
     window.SaveUserEnteredWaypoints(-1, -1, 0, true);
     window.ReEvaluateUserEnteredWaypoints();
     EXPECT_EQ(window.EvaluationFault(), "");
-    supply = SupplyOf(window.Planned(), dive.choice);
+    supply = SupplyOf(window.Planned());
     const AdviceWords words(English(), {".", ""}, settings.Metric);
     for (Finding& finding : CheckPlan(window.Planned(), words, supply)) {
       if (finding.rule == Rule::GasShort || finding.rule == Rule::TurnPassed) findings.push_back(std::move(finding));
@@ -324,15 +329,64 @@ TEST(GasSupplies, TakeTheWayUpOfARebreatherOnOpenCircuit) {
     t.OpenCircuit = false;
     t.Setpoint = t.DecoSetpoint = 1.2;
   };
-  const Reckoned dive({{{20, 10}}, {{"Air", 1, 3, 0, 200, 0}}, loop, {}});
-  EXPECT_EQ(dive.supply.Of("Air")->verdict, GasVerdict::NotBreathed);
-  const LegSupply& leg = dive.supply.legs.front();
-  EXPECT_THAT(leg.Minimum(), DoubleNear(800, 0.01));
-  EXPECT_FALSE(leg.turnPressure);
-  // 600 l in the cylinder, whatever the loop takes.
-  EXPECT_THAT(leg.left, DoubleNear(600, 0.01));
-  ASSERT_EQ(dive.findings.size(), 1U);
-  EXPECT_THAT(dive.findings.front().text, HasSubstr("Carry 200 l more"));
+  // 2 x 2 x 20 l/min x (2 min x 3 bar + 2 min up at a mean of 2 bar) = 800 l, from each minute at 20 m; 600 l in the
+  // cylinder, whatever the loop takes.
+  const Reckoned told({{{20, 10}}, {{"Air", 1, 3, 0, 200, 0, true}}, loop, {}});
+  const GasStore& air = *told.supply.Of("Air");
+  EXPECT_EQ(air.used, 0);
+  EXPECT_THAT(air.Need(), DoubleNear(800, 0.01));
+  EXPECT_EQ(air.verdict, GasVerdict::RunsOut);
+  EXPECT_TRUE(told.supply.legs.empty());
+  ASSERT_EQ(told.supply.waysOut.size(), 1U);
+  EXPECT_EQ(told.supply.waysOut[0].depth, 20);
+  EXPECT_EQ(told.supply.VerdictOf(told.supply.waysOut[0]), GasVerdict::RunsOut);
+  ASSERT_EQ(told.findings.size(), 1U);
+  EXPECT_EQ(told.findings[0].severity, Severity::Danger);
+  EXPECT_THAT(told.findings[0].text, HasSubstr("asks for 800 l, 600 l are carried. Carry 200 l more"));
+  // 50 bar of 15 l, 750 l, are to stay.
+  const Reckoned reserve({{{20, 10}}, {{"Air", 1, 15, 0, 100, 50, true}}, loop, {}});
+  EXPECT_EQ(reserve.supply.Of("Air")->verdict, GasVerdict::IntoReserve);
+  EXPECT_EQ(reserve.supply.VerdictOf(reserve.supply.waysOut[0]), GasVerdict::IntoReserve);
+  // The cylinder of the loop's diluent is no bail-out unless it is told as one.
+  const Reckoned diluent({{{20, 10}}, {{"Air", 1, 3, 0, 200, 0}}, loop, {}});
+  EXPECT_EQ(diluent.supply.Of("Air")->verdict, GasVerdict::NotTold);
+  ASSERT_EQ(diluent.findings.size(), 1U);
+  EXPECT_EQ(diluent.findings[0].severity, Severity::Note);
+}
+
+/// Every whole minute on the loop, left by a run of its own: none asks for more of a gas than the one that is told.
+TEST(BailOutNeeds, AreTheMostOfAllMinutes) {
+  std::mt19937 random(71);
+  int compared = 0;
+  for (int n = 0; n < 40; ++n) {
+    test::RandomPlan plan = test::MakePlan(random);
+    plan.settings.OpenCircuit = false;
+    plan.settings.RMV = plan.settings.DecoRMV = 1;  // then the rows tell minutes times pressure
+    const ComputedPlan computed = test::Computed(plan);
+    const DiveRecord record{plan.settings, 0, plan.actions};
+    const PlannedDive dive{record, computed};
+    const BailOutNeeds needs = BailOutNeedsOf(dive, 0);
+    if (needs.neverUp) continue;
+    const Single left =
+        computed.rows.GetRunTime(static_cast<std::int16_t>(FirstOpenRow(computed.rows, plan.settings) - 1));
+    std::map<std::string, double> most;
+    EngineObserver silent;
+    BailoutCuts(dive, {}, 1, silent).Visit([&](const TableDive& cut) {
+      if (!(cut.depth > 0) || cut.head > left) return true;
+      std::map<std::string, double> asked;
+      for (auto i = static_cast<std::int16_t>(LastUserRow(cut.profile) + 1); i <= cut.profile.GetLength(); ++i) {
+        asked[cut.profile.GetGasMixName(i)] += cut.profile.getGasUsed(i);
+      }
+      for (const auto& [gas, volume] : asked) most[gas] = std::max(most[gas], volume);
+      return true;
+    });
+    ASSERT_EQ(needs.gases.size(), most.size()) << test::File(plan);
+    for (const BailOutNeed& need : needs.gases) {
+      EXPECT_NEAR(need.ascent, most[need.gas], 1e-3 * need.ascent) << need.gas << " of\n" << test::File(plan);
+    }
+    ++compared;
+  }
+  EXPECT_GT(compared, 20);
 }
 
 TEST(GasSupplies, SayWhereTheWayUpDoesNotDecompress) {
@@ -361,9 +415,10 @@ TEST(GasSupplies, HoldTheirLawsOnRandomPlans) {
     for (const GasMix& blend : settings.Blends) settings.Cylinders.push_back({blend.Name, 2, 12, 0, 200, 50});
     const std::string rows =
         std::to_string(window.InputProfile.GetLength()) + " " + std::to_string(plans.documents(window.Tag()).TotalCNS);
-    const GasSupply usual = SupplyOf(window.Planned(), {});
+    const GasSupply usual = SupplyOf(window.Planned());
     for (const SupplyChoice& choice : {SupplyChoice{3, 2, 2}, SupplyChoice{2, 3, 2}}) {
-      const GasSupply more = SupplyOf(window.Planned(), choice);
+      settings.Team = choice;
+      const GasSupply more = SupplyOf(window.Planned());
       ASSERT_EQ(more.legs.size(), usual.legs.size());
       for (std::size_t i = 0; i < more.legs.size(); ++i) {
         if (!more.legs[i].decompresses) continue;
@@ -378,7 +433,7 @@ TEST(GasSupplies, HoldTheirLawsOnRandomPlans) {
 TEST(SupplyChoices, AreKeptAndWhatCanNotBeHasItsDefault) {
   HeadlessPlatform headless;
   SettingsStore& platform = headless.Services().settings;
-  EXPECT_EQ(ReadSupplyChoice(platform), SupplyChoice{});
+  EXPECT_EQ(ReadSupplyChoice(platform), std::nullopt);
   const SupplyChoice choice{3, 1.5, 4, TurnRule::Thirds};
   WriteSupplyChoice(platform, choice);
   EXPECT_EQ(ReadSupplyChoice(platform), choice);

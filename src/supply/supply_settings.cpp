@@ -1,4 +1,4 @@
-#include "supply/supply_choice.h"
+#include "supply/supply_settings.h"
 
 #include <string>
 
@@ -11,30 +11,14 @@ const std::string kSection = "GasSupply";
 
 }  // namespace
 
-double ShareOf(TurnRule rule) {
-  constexpr double kThird = 1.0 / 3;
-  switch (rule) {
-    case TurnRule::Half:
-      return 0.5;
-    case TurnRule::Thirds:
-      return kThird;
-    case TurnRule::AllUsable:
-      break;
-  }
-  return 1;
-}
-
-bool IsSound(const SupplyChoice& choice) {
-  return choice.team >= 1 && choice.team <= kLargestTeam && choice.stress >= 1 && choice.stress <= kLargestStress &&
-         choice.minutes >= 0 && choice.minutes <= kLongestSortingOut;
-}
-
-SupplyChoice ReadSupplyChoice(const SettingsStore& settings) {
+std::optional<SupplyChoice> ReadSupplyChoice(const SettingsStore& settings) {
   SupplyChoice choice;
+  bool told = false;
   // One at a time, so that one that can't be does not take the others along.
   const auto read = [&](const char* name, auto put) {
     const auto number = ParseStrict(settings.ReadSetting(kSection, name));
     if (!number) return;
+    told = true;
     SupplyChoice with = choice;
     put(with, *number);
     if (IsSound(with)) choice = with;
@@ -47,7 +31,7 @@ SupplyChoice ReadSupplyChoice(const SettingsStore& settings) {
   read("Rule", [](SupplyChoice& c, Single number) {
     c.rule = number == 1 ? TurnRule::Half : number == 2 ? TurnRule::Thirds : TurnRule::AllUsable;
   });
-  return choice;
+  return told ? std::optional(choice) : std::nullopt;
 }
 
 void WriteSupplyChoice(SettingsStore& settings, const SupplyChoice& choice) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "model/single.h"
-#include "platform/settings_store.h"
 
 namespace tav {
 
@@ -15,7 +17,12 @@ enum class TurnRule {
 /// The share of a rule: 1, 1/2, 1/3.
 double ShareOf(TurnRule rule);
 
-/// How a diver reckons the gas for the way up when something goes wrong.
+/// Its name in files and on the command line: "all", "half", "thirds".
+std::string_view NameOf(TurnRule rule);
+/// The rule of such a name.
+std::optional<TurnRule> TurnRuleNamed(std::string_view name);
+
+/// How the gas for the way up is reckoned when something goes wrong.
 struct SupplyChoice {
   int team = 2;        ///< divers that breathe from one supply, 1 to 9
   Single stress = 2;   ///< factor on the RMV, 1 to 10
@@ -24,6 +31,9 @@ struct SupplyChoice {
   friend bool operator==(const SupplyChoice& a, const SupplyChoice& b) {
     return a.team == b.team && a.stress == b.stress && a.minutes == b.minutes && a.rule == b.rule;
   }
+
+  /// Of a plan that tells none: a diver on a loop bails out alone.
+  static SupplyChoice Usual(bool openCircuit) { return {openCircuit ? 2 : 1, 2, 2, TurnRule::AllUsable}; }
 };
 
 constexpr int kLargestTeam = 9;
@@ -32,9 +42,5 @@ constexpr double kLongestSortingOut = 30;
 
 /// Whether all its numbers are in their ranges.
 bool IsSound(const SupplyChoice& choice);
-
-/// The user's choice, section "GasSupply"; what is not stored, or out of its range, has its default.
-SupplyChoice ReadSupplyChoice(const SettingsStore& settings);
-void WriteSupplyChoice(SettingsStore& settings, const SupplyChoice& choice);
 
 }  // namespace tav
