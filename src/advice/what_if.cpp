@@ -32,7 +32,7 @@ WhatIfColumn ColumnOf(Kind kind, const ComputedPlan& plan, const DiveTemplate& s
   column.kind = kind;
   column.fault = plan.fault;
   column.decompresses = plan.end.Decompresses;
-  column.rows = rows;
+  column.rows = plan.loadedRows;
   column.gas = GasNeeds(rows, settings);
   column.warnings = GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
   return column;
@@ -148,7 +148,7 @@ WhatIfColumn WhatIf::BailOut(const ComputedPlan& planned) const {
       worst.moment = cut.head;
       worst.depth = cut.depth;
       worst.decompresses = cut.decompresses;
-      worst.rows.Copy(cut.profile);
+      worst.rows = cut.profile;
       worst.warnings = GasWarnings({plan_.Template, {}, true}, cut);
       return cut.decompresses;  // nothing is worse than what never ends
     });

@@ -44,7 +44,8 @@ enum class OutputForm { Text, Json, Csv };
 struct CommonOptions {
   bool json = false;
   bool csv = false;
-  bool phi = false;  ///< write the loads after each segment to phi.log
+  bool phi = false;      ///< write the loads after each segment to phi.log
+  bool moments = false;  ///< tell beside each row what leaving then would take
   ModelChoice model;
   SupplyChoice supply;  ///< how the gas for the way up is reckoned
 

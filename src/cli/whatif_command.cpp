@@ -55,14 +55,14 @@ void RefuseFaults(const std::vector<WhatIfColumn>& columns, const std::string& f
   }
 }
 
-void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
+void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const PlannedDive& plan) {
   json.Member("name", column.Id());
   json.Member("run_time", column.rows.GetRunTime(column.rows.GetLength()));
   json.Member("decompresses", column.decompresses);
   json.List("warnings", [&] {
     for (const GasWarning& warning : column.warnings) json.Object([&] { WriteWarning(json, warning); });
   });
-  WriteRows(json, column.rows);
+  WriteRows(json, column.rows, plan.record.Template, plan.plan.model);
   json.List("gas", [&] {
     for (const GasNeed& gas : column.gas) {
       json.Object([&] {
@@ -75,11 +75,11 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column) {
   });
 }
 
-void WriteColumns(const std::vector<WhatIfColumn>& columns, std::ostream& out) {
+void WriteColumns(const std::vector<WhatIfColumn>& columns, const PlannedDive& plan, std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.List("columns", [&] {
-      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column); });
+      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column, plan); });
     });
   });
   out << "\n";
@@ -109,7 +109,7 @@ void Run(const Given& given, CommandFrame& frame) {
     LongWork work(frame.Terminal());
     pdf.WritePdf(std::filesystem::path(given.file).stem().string(), work);
   }
-  if (frame.Common().json) return WriteColumns(columns, frame.Out());
+  if (frame.Common().json) return WriteColumns(columns, opened.Planned(dive), frame.Out());
   if (!given.pdf.empty()) return;
   const AdviceWords words(texts, {}, metric);
   frame.Out() << given.file << "\n";

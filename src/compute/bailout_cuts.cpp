@@ -6,12 +6,6 @@
 
 namespace tav {
 
-Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) {
-  const Waypoint& end = profile.Row(row);
-  if (end.Rate == 0) return end.Depth;
-  return (time - end.RunTime + end.SegmentTime) * end.Rate + end.Depth - end.SegmentTime * end.Rate;
-}
-
 DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
   DiveTemplate copy = source;
   std::vector<GasChange>& changes = copy.ChangeGasMixes;
@@ -63,14 +57,7 @@ std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
 ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
   ClassProfile cut;
   cut.CopyUntil(plan_, moment.row);
-  if (moment.atEnd) return cut;
-  Waypoint& row = cut.Row(moment.row);
-  row.Depth = CreateNewWay(plan_, moment.time, moment.row);
-  row.RunTime = moment.time;
-  row.StopDepth = 0;
-  row.StopTime = 0;
-  row.Status = RowStatus::kLeg;
-  row.SegmentTime = moment.time - plan_.GetRunTime(static_cast<std::int16_t>(moment.row - 1));
+  if (!moment.atEnd) cut.Row(moment.row) = CutRow(cut, moment.time, moment.row);
   return cut;
 }
 

@@ -5,13 +5,11 @@
 #include <optional>
 
 #include "compute/compute.h"
+#include "compute/plan_cut.h"
 #include "compute/scratch_run.h"
 #include "compute/table_dives.h"
 
 namespace tav {
-
-/// The depth on the segment of a row at a time within it, by linear interpolation. The time is minutes of run time.
-Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row);
 
 /// A copy of a template without one entry of `ChangeGasMixes`; an index above the last entry leaves out nothing. The
 /// list of the copy is never empty: the only entry leaves a blank one behind, which no ascent takes.

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "compute/leg_expansion.h"
+#include "compute/plan_cut.h"
 #include "engine/zhl16.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
@@ -140,21 +141,45 @@ WaysUp::WaysUp(const EngineRun& run, const ClassProfile& rows)
 
 WaysUp::~WaysUp() = default;
 
-std::optional<ClassProfile> WaysUp::From(std::int16_t row, Single minutes) {
+void WaysUp::LoadUntil(std::int16_t row) {
   const auto next = static_cast<std::int16_t>(engine_->rows.GetLength() + 1);
   engine_->loaded->LoadDive(rows_, next, row, run_.openFrom);
+}
+
+std::optional<ClassProfile> WaysUp::Ascend(const ClassProfile& more, std::int16_t openFrom) {
+  ClassProfile way;
+  way.Row(0) = engine_->rows.Row(engine_->rows.GetLength());
+  ClassBuhlmann engine = *engine_->loaded;
+  try {
+    engine.AscendInto(more, run_.forceOC, way, openFrom);
+  } catch (const Engine::NeverClears&) {
+    return std::nullopt;
+  }
+  return way;
+}
+
+std::optional<ClassProfile> WaysUp::From(std::int16_t row, Single minutes) {
+  LoadUntil(row);
   const Waypoint& end = rows_.Row(row);
   ClassProfile stay;
   if (minutes > 0) {
     SaveUserProfile(stay, run_.settings, end.Depth, minutes, 0, end.RunTime, RowStatus::kLeg, end.MixNumber);
   }
+  return Ascend(stay, 0);
+}
+
+std::optional<ClassProfile> WaysUp::FromWithin(std::int16_t row, Single time) {
+  LoadUntil(static_cast<std::int16_t>(row - 1));
+  ClassProfile cut;
+  cut.NewWayPoint();
+  cut.Row(1) = CutRow(rows_, time, row);
+  const std::optional<ClassProfile> whole = Ascend(cut, row == run_.openFrom ? std::int16_t{1} : std::int16_t{0});
+  if (!whole) return std::nullopt;
   ClassProfile way;
-  way.Row(0) = end;
-  ClassBuhlmann engine = *engine_->loaded;
-  try {
-    engine.AscendInto(stay, run_.forceOC, way);
-  } catch (const Engine::NeverClears&) {
-    return std::nullopt;
+  way.Row(0) = whole->Row(1);
+  for (int i = 2; i <= whole->GetLength(); ++i) {
+    way.NewWayPoint();
+    way.Row(way.GetLength()) = whole->Row(static_cast<std::int16_t>(i));
   }
   return way;
 }

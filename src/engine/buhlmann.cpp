@@ -140,9 +140,9 @@ void ClassBuhlmann::LoadDive(const ClassProfile& userProfile, std::int16_t first
   }
 }
 
-void ClassBuhlmann::AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way) {
+void ClassBuhlmann::AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way, std::int16_t openFrom) {
   result_ = &way;
-  LoadDive(more, 1, more.GetLength(), 0);
+  LoadDive(more, 1, more.GetLength(), openFrom);
   way.SetEndUserProfile(way.GetLength(), true);
   openCircuit_ = forceOC || template_->OpenCircuit;
   Ascend(previousDepth_, maximumDepth_);

@@ -1228,4 +1228,17 @@ constexpr int NoDisplay = 8502;
 constexpr int OptionNoSize = 8600;
 constexpr int OutputIsTrace = 8601;
 
+// Between the rows: gradients in use, leaving now
+constexpr int GF99 = 8700;
+constexpr int SurfaceGF = 8701;
+constexpr int LeavingNow = 8702;
+constexpr int LeavingOnLoop = 8703;
+constexpr int LeavingOpen = 8704;
+constexpr int LeavingEndless = 8705;
+constexpr int HeadToSurface = 8706;
+constexpr int HeadOnLoop = 8707;
+constexpr int HeadOnOpenCircuit = 8708;
+constexpr int HeadWayUpGas = 8709;
+constexpr int HeadNever = 8710;
+
 }  // namespace tav::Text
