@@ -82,7 +82,8 @@ std::string TextOf(const std::vector<GasTotal>& gases, const AdviceWords& words,
 
 std::string TextOf(const Surfacing& surfacing, const AdviceWords& words) {
   const auto line = [&](int title, const std::optional<WayOut>& way) {
-    const std::string minutes = way ? words.Short(way->minutes) + " min" : words.T(Text::LeavingEndless);
+    const std::string minutes =
+        way ? words.Short(way->minutes) + " " + words.T(Text::Minutes) : words.T(Text::LeavingEndless);
     return words.T(title) + ": " + minutes;
   };
   std::string text;
