@@ -103,7 +103,7 @@ WhatIfColumn WhatIf::ColumnOf(Kind kind, DiveRecord dive) const {
   column.plan = Computed(column.record);
   column.fault = column.plan.fault;
   column.decompresses = column.plan.end.Decompresses;
-  column.rows = column.plan.rows;
+  column.rows = column.plan.loadedRows;
   if (!column.fault.IsEmpty()) return column;
   const DiveTemplate& settings = column.record.Template;
   const SupplyChoice choice = SupplyChoiceOf(settings);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "advice/leaving.h"
 #include "picture/plan_picture.h"
 #include "plans/document_forms.h"
 
@@ -15,6 +16,8 @@ class DocumentPlan {
       : forms_(forms), document_(document), separators_(std::move(separators)) {}
 
   [[nodiscard]] DrawnPlan operator()();
+  /// What leaving it at a run time takes.
+  [[nodiscard]] Surfacing LeavingAt(Single time) const { return Leaving(forms_(document_).Planned()).At(time); }
 
  private:
   DocumentForms& forms_;

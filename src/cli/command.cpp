@@ -31,6 +31,9 @@ void Command::AddRows(bool& why) {
   options.push_back({"--csv", "", "Print every row of each dive as CSV, with a header", &common->csv});
   AddModel();
   options.push_back({"--why", "", "Tell for each stop which compartment decides how long it lasts", &why});
+  options.push_back({"--moments", "",
+                     "Tell beside each row what leaving the dive then would take: minutes to the surface and gas",
+                     &common->moments});
   options.push_back({"--phi", "",
                      "Write the loads after each segment to phi.log in the current folder, over an older one",
                      &common->phi});

@@ -54,7 +54,8 @@ struct SupplyWish {
 struct CommonOptions {
   bool json = false;
   bool csv = false;
-  bool phi = false;  ///< write the loads after each segment to phi.log
+  bool phi = false;      ///< write the loads after each segment to phi.log
+  bool moments = false;  ///< tell beside each row what leaving then would take
   ModelChoice model;
   SupplyWish supply;
 

@@ -16,8 +16,15 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
     const CheckedDive checked(planned);
     GasSupply supply = SupplyOf(planned);
     std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {}, settings.Metric), supply);
-    dives.push_back({plan.file, static_cast<int>(i) + 1, static_cast<int>(plan.Dives()), planned, std::move(findings),
-                     StopReasons(checked), std::move(supply)});
+    dives.push_back({plan.file,
+                     static_cast<int>(i) + 1,
+                     static_cast<int>(plan.Dives()),
+                     planned,
+                     std::move(findings),
+                     StopReasons(checked),
+                     std::move(supply),
+                     {}});
+    if (frame.Common().moments) dives.back().surfacing = SurfacingOfRows(planned);
   }
 }
 

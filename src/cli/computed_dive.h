@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "advice/finding.h"
+#include "advice/leaving.h"
 #include "advice/stop_reason.h"
 #include "cli/command_frame.h"
 #include "cli/json_writer.h"
@@ -19,8 +20,9 @@ struct ComputedDive {
   int ofDives = 1;  ///< dives of its file
   PlannedDive dive;
   std::vector<Finding> findings;
-  std::vector<StopReason> reasons;  ///< of its stops
-  GasSupply supply;                 ///< empty when no cylinders are told
+  std::vector<StopReason> reasons;   ///< of its stops
+  GasSupply supply;                  ///< empty when no cylinders are told
+  std::vector<Surfacing> surfacing;  ///< from the end of each row, row 0 included; empty unless asked for
 };
 
 /// Adds the dives of a plan, with the findings of each in the words of `texts`. Throws FileError when one could not be

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "cli/computed_dive.h"
+#include "cli/surfacing_output.h"
 #include "cli/terminal_text.h"
 #include "figures/dive_figures.h"
 #include "figures/schedule.h"
@@ -27,9 +28,12 @@ class Slate {
     Title();
     Settings();
     if (const auto notice = NoticeOf(dive_.dive.plan.rows, dive_.dive.plan.end.Decompresses)) Line("! " + T(*notice));
-    text_ += "\n" + schedule_.Aligned() + "\n";
+    const AdviceWords words(texts_, {}, template_.Metric);
+    text_ += "\n";
+    text_ += dive_.surfacing.empty() ? schedule_.Aligned() : WithSurfacing(schedule_, dive_.surfacing, words);
+    text_ += "\n";
     for (const std::string& total : schedule_.Totals()) Line("  " + total);
-    if (why) Reasons(AdviceWords(texts_, {}, template_.Metric));
+    if (why) Reasons(words);
     text_ += SupplyLines(dive_, texts_);
     for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
     return std::move(text_);

@@ -1,6 +1,8 @@
 #include "cli/computed_dive.h"
 #include "cli/row_columns.h"
+#include "cli/surfacing_output.h"
 #include "figures/dive_figures.h"
+#include "figures/row_gradients.h"
 #include "supply/supply_text.h"
 
 namespace tav {
@@ -119,10 +121,12 @@ void WriteDive(JsonWriter& json, const ComputedDive& dive) {
   json.Member("decompresses", end.Decompresses);
   json.List("rows", [&] {
     auto reason = dive.reasons.begin();
-    for (int i = 0; i <= rows.GetLength(); ++i) {
+    const auto gradients = RowGradients(dive.dive.plan.loadedRows, record.Template, dive.dive.plan.model);
+    for (std::size_t i = 0; i < gradients.size(); ++i) {
       json.Object([&] {
-        WriteRow(json, rows.Row(static_cast<std::int16_t>(i)));
-        if (reason != dive.reasons.end() && reason->row == i) WriteReason(json, *reason++);
+        WriteRow(json, rows.Row(static_cast<std::int16_t>(i)), gradients[i]);
+        if (!dive.surfacing.empty()) WriteSurfacing(json, dive.surfacing[i]);
+        if (reason != dive.reasons.end() && reason->row == static_cast<std::int16_t>(i)) WriteReason(json, *reason++);
       });
     }
   });

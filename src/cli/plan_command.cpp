@@ -11,7 +11,14 @@ constexpr const char* kDetails =
     "x "
     "stress x RMV x (minutes at depth + the way up from there on open circuit until the next gas or the surface), in "
     "volumes of an ideal gas at surface pressure; the turn pressure is start - (start - the larger of minimum gas and "
-    "reserve) x share, with a share of 1, 1/2 or 1/3.";
+    "reserve) x share, with a share of 1, 1/2 or 1/3.\n"
+    "--moments tells for the end of each row what leaving the dive then would take: the minutes to the surface, and "
+    "the "
+    "gas that the way up breathes on open circuit with all gases, at the RMV of the plan without stress; on a "
+    "rebreather also the minutes on the loop. Each way is the ascent of the plan cut there. JSON has it in each row as "
+    "\"surfacing\": {\"open\": {\"time\", \"gas\": [{\"mix\", \"volume\"}]}, \"loop\": {\"time\"}}; \"open\" is null "
+    "where a "
+    "stop never clears, \"loop\" then, too, and off the loop.";
 
 constexpr const char* kExamples = R"(
   tavplan plan dives/wreck.tav               the slate of each dive
@@ -19,6 +26,7 @@ constexpr const char* kExamples = R"(
   tavplan plan --csv a.tav > rows.csv        the same for a spreadsheet
   tavplan plan --hybrid a.tav                with the deeper of both ceilings
   tavplan plan --why a.tav                   what each stop waits for
+  tavplan plan --moments a.tav               beside each row minutes and gas to the surface
   tavplan plan --team 3 --turn thirds a.tav  the gas supply, where the plan tells its cylinders
 )";
 

@@ -1,5 +1,6 @@
 #include "cli/row_columns.h"
 
+#include "figures/row_gradients.h"
 #include "model/number_text.h"
 
 namespace tav {
@@ -31,10 +32,22 @@ constexpr RowColumn kColumns[] = {
     {"model_control", &Waypoint::ModelControl, "1 where VPM set the ceiling, 2 where ZH-L16 did, 0 where none did"},
     {"do_show", &Waypoint::DoShow, "of interest to a reader"},
     {"end_user_profile", &Waypoint::EndUserProfile, "the last row ahead of the computed ascent"},
+    {"gf99", &GradientsInUse::gf99,
+     "a fraction, of the 16 compartments the largest (load - ambient) / (M-value - ambient) at that depth"},
+    {"surface_gf", &GradientsInUse::surfaceGF, "the same fraction at the surface of the end of the dive"},
 };
 
-void Write(JsonWriter& json, const Waypoint& row, const RowColumn& column) {
-  std::visit([&](auto member) { json.Member(column.name, row.*member); }, column.member);
+/// Hands the figure of a row to `take`.
+void Visit(const RowColumn& column, const Waypoint& row, const GradientsInUse& gradients, const auto& take) {
+  std::visit(
+      [&](auto member) {
+        if constexpr (std::is_same_v<decltype(member), Single GradientsInUse::*>) {
+          take(gradients.*member);
+        } else {
+          take(row.*member);
+        }
+      },
+      column.member);
 }
 
 std::string Csv(Single value) { return FormatPlain(value); }
@@ -52,15 +65,18 @@ void WriteLoads(JsonWriter& json, const char* name, const Compartments& values) 
   });
 }
 
-void WriteRow(JsonWriter& json, const Waypoint& row) {
-  for (const RowColumn& column : kColumns) Write(json, row, column);
+void WriteRow(JsonWriter& json, const Waypoint& row, const GradientsInUse& gradients) {
+  for (const RowColumn& column : kColumns) {
+    Visit(column, row, gradients, [&](const auto& value) { json.Member(column.name, value); });
+  }
   WriteLoads(json, "percent_compartments", row.PercentCompartments);
 }
 
-void WriteRows(JsonWriter& json, const ClassProfile& profile) {
+void WriteRows(JsonWriter& json, const ClassProfile& profile, const DiveTemplate& settings, const ModelChoice& model) {
   json.List("rows", [&] {
-    for (int i = 0; i <= profile.GetLength(); ++i) {
-      json.Object([&] { WriteRow(json, profile.Row(static_cast<std::int16_t>(i))); });
+    std::int16_t row = 0;
+    for (const GradientsInUse& gradients : RowGradients(profile, settings, model)) {
+      json.Object([&] { WriteRow(json, profile.Row(row++), gradients); });
     }
   });
 }
@@ -70,10 +86,10 @@ std::string CsvField(const std::string& text) {
   return "\"" + ReplaceAll(text, "\"", "\"\"") + "\"";
 }
 
-std::string RowCsv(const Waypoint& row) {
+std::string RowCsv(const Waypoint& row, const GradientsInUse& gradients) {
   std::string line;
   for (const RowColumn& column : kColumns) {
-    line += "," + std::visit([&](auto member) { return Csv(row.*member); }, column.member);
+    Visit(column, row, gradients, [&](const auto& value) { line += "," + Csv(value); });
   }
   return line;
 }

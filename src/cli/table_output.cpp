@@ -108,7 +108,7 @@ void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table,
           json_.Member(dives.bailout ? "run_time" : "time", dive.head);
           if (dives.bailout) json_.Member("depth", dive.depth);
           json_.Member("decompresses", dive.decompresses);
-          WriteRows(json_, dive.profile);
+          WriteRows(json_, dive.profile, dives.diveTemplate, dives.model);
         });
       }
     });

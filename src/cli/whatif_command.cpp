@@ -80,16 +80,16 @@ std::optional<std::string_view> NameOfVerdict(const std::optional<GasVerdict>& v
   return IsShort(*verdict) ? "short" : "enough";
 }
 
-void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const EndState* before, const AdviceWords& words) {
+void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const PlannedDive& plan, const AdviceWords& words) {
   json.Member("name", column.Id());
   json.Member("run_time", column.rows.GetRunTime(column.rows.GetLength()));
   json.Member("decompresses", column.decompresses);
   json.Member("otu", FiguresOf(column.rows).OTU);
-  WriteFindings(json, "dangers", DangersOf(column, before, words));
+  WriteFindings(json, "dangers", DangersOf(column, plan.before, words));
   json.List("warnings", [&] {
     for (const GasWarning& warning : column.warnings) json.Object([&] { WriteWarning(json, warning); });
   });
-  WriteRows(json, column.rows);
+  WriteRows(json, column.rows, column.record.Template, plan.plan.model);
   json.List("gas", [&] {
     for (const GasNeed& gas : column.gas) {
       json.Object([&] {
@@ -105,12 +105,12 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const EndState* b
   });
 }
 
-void WriteColumns(const std::vector<WhatIfColumn>& columns, const EndState* before, const AdviceWords& words,
+void WriteColumns(const std::vector<WhatIfColumn>& columns, const PlannedDive& plan, const AdviceWords& words,
                   std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.List("columns", [&] {
-      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column, before, words); });
+      for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column, plan, words); });
     });
   });
   out << "\n";
@@ -138,7 +138,7 @@ void Run(const Given& given, CommandFrame& frame) {
     pdf.WritePdf(std::filesystem::path(given.file).stem().string(), work);
   }
   if (frame.Common().json) {
-    return WriteColumns(columns, plan.Before(), AdviceWords(frame.DataTexts(), {}, metric), frame.Out());
+    return WriteColumns(columns, opened.Planned(dive), AdviceWords(frame.DataTexts(), {}, metric), frame.Out());
   }
   if (!given.pdf.empty()) return;
   const AdviceWords words(texts, {}, metric);

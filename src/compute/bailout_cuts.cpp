@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "compute/breathed_gas.h"
-#include "compute/row_cut.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
 
@@ -60,8 +59,7 @@ std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
 ClassProfile BailoutCuts::PlanUntil(const Moment& moment) const {
   ClassProfile cut;
   cut.CopyUntil(plan_, moment.row);
-  if (moment.atEnd) return cut;
-  cut.Row(moment.row) = RowUntil(plan_, moment.row, moment.time);
+  if (!moment.atEnd) cut.Row(moment.row) = CutRow(cut, moment.time, moment.row);
   return cut;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "compute/compute.h"
+#include "compute/plan_cut.h"
 #include "compute/scratch_run.h"
 #include "compute/table_dives.h"
 

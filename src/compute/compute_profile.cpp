@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "compute/leg_expansion.h"
-#include "compute/row_cut.h"
+#include "compute/plan_cut.h"
 #include "engine/zhl16.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
@@ -158,13 +158,25 @@ std::optional<ClassProfile> WaysUp::FromMoment(std::int16_t row, Single moment, 
   ClassProfile more;
   more.Row(0) = rows_.Row(before);
   more.NewWayPoint();
-  more.Row(1) = RowUntil(rows_, row, moment);
+  more.Row(1) = CutRow(rows_, moment, row);
   std::int16_t open = run_.openFrom == row ? 1 : 0;
   if (minutes > 0) {
     SaveUserProfile(more, run_.settings, more.getDepth(1), minutes, 0, moment, RowStatus::kLeg, mix);
     if (open == 0) open = 2;
   }
   return Ascend(more, open);
+}
+
+std::optional<ClassProfile> WaysUp::FromWithin(std::int16_t row, Single time) {
+  const std::optional<ClassProfile> whole = FromMoment(row, time, 0, 0);
+  if (!whole) return std::nullopt;
+  ClassProfile way;
+  way.Row(0) = whole->Row(1);
+  for (int i = 2; i <= whole->GetLength(); ++i) {
+    way.NewWayPoint();
+    way.Row(way.GetLength()) = whole->Row(static_cast<std::int16_t>(i));
+  }
+  return way;
 }
 
 void WaysUp::LoadUntil(std::int16_t row) {

@@ -43,7 +43,7 @@ struct EngineRun {
 Message ComputeProfile(const EngineRun& run, const ClassProfile& userProfile, ClassProfile& segmentedProfile,
                        EndState& end, EngineObserver& observer, ReplayMemory* memory = nullptr);
 
-/// Ways up from the ends of rows of one dive, at a cost that grows with its rows and not with their square: each row is
+/// Ways up from moments of one dive, at a cost that grows with its rows and not with their square: each row is
 /// loaded once, and every way goes on from a copy of the engine. Nobody is warned.
 class WaysUp {
  public:
@@ -57,11 +57,15 @@ class WaysUp {
   /// The same from the run time `moment` within `row`: row 1 is what is left of that row up to then, row 2 the
   /// `minutes`, on open circuit and on the gas `mix`; none for 0 minutes.
   std::optional<ClassProfile> FromMoment(std::int16_t row, Single moment, Single minutes, std::int16_t mix);
+  /// The same from a moment within `row`, from 1: as if the plan were cut there. `time` is minutes of run time.
+  std::optional<ClassProfile> FromWithin(std::int16_t row, Single time);
 
  private:
-  void LoadUntil(std::int16_t row);
-  std::optional<ClassProfile> Ascend(const ClassProfile& more, std::int16_t openFrom);
   struct Engine;
+  void LoadUntil(std::int16_t row);
+  /// The rows of `more` and the ascent, from where the loaded rows end.
+  std::optional<ClassProfile> Ascend(const ClassProfile& more, std::int16_t openFrom);
+
   const EngineRun& run_;
   const ClassProfile& rows_;
   std::unique_ptr<Engine> engine_;

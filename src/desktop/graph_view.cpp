@@ -80,6 +80,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   notice_->setWordWrap(true);
   notice_->hide();
   graph_.rowRemark = actions_.rowRemark;
+  graph_.leaving = [this](Single time) { return plan_.LeavingAt(time); };
   tissues_->setObjectName(QStringLiteral("pbTissues"));
   secondClick_->setSingleShot(true);
   connect(secondClick_, &QTimer::timeout, this, [this] {
@@ -228,6 +229,10 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonRelease:
       GridMouse(event);
       return true;
+    case QEvent::Leave:
+      graph_.MouseLeave(grid_->Surface());
+      grid_->Flush();
+      return false;
     case QEvent::MouseButtonDblClick:
       secondClick_->stop();
       if (const auto row = std::exchange(clicked_, std::nullopt)) {

@@ -54,7 +54,7 @@ class ClassBuhlmann {
   void BeginDive(const Waypoint& start, ClassProfile& segmentedProfile);
   void LoadDive(const ClassProfile& userProfile, std::int16_t first, std::int16_t last, std::int16_t openFrom = 0);
   /// The rows of `more` from its first on, and the ascent, into `way`, which comes cleared: what a StartBuhlmann would
-  /// append to the rows loaded so far.
+  /// append to the rows loaded so far. `openFrom` is a row of `more`.
   void AscendInto(const ClassProfile& more, bool forceOC, ClassProfile& way, std::int16_t openFrom = 0);
 
   /// Has the run that follows keep how the dive goes between its rows, too. Its rows are those of any run. To be

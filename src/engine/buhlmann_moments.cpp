@@ -25,6 +25,7 @@ DiveMoment ClassBuhlmann::MomentOf(const Loads& loads, Single time, Single depth
   moment.ceiling = CeilingOf(loads).depth;
   const Single surface = decoPhase_ ? template_->EndPressure : template_->StartPressure;
   kernels_.MValueFractions(loads, mValues_, ToDepthUnits(surface) + depth, moment.fractions);
+  moment.gradients = GradientsOf(loads, mValues_, *template_, surface, depth);
   return moment;
 }
 

@@ -57,6 +57,10 @@ struct CompartmentKernels {
   /// Returns the largest, at least 0.
   double (*MValueFractions)(const Loads& loads, const MValueCoefficients& m, double ambient, Compartments& fractions);
 
+  /// The largest (T - ambient) / (ambient / b + a - ambient), at least 0: how far the loads are on the way from the
+  /// ambient pressure, in depth units, to their M-values.
+  double (*LargestGradient)(const Loads& loads, const MValueCoefficients& m, double ambient);
+
   /// The largest T, at least 0. Depth units.
   double (*LargestLoad)(const Loads& loads);
 };

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "engine/gradient_factors.h"
 #include "model/profile.h"
 
 namespace tav {
@@ -14,6 +15,7 @@ struct DiveMoment {
   Single ceiling;            ///< depth units, with the gradient factor in force
   std::int16_t row = -1;     ///< the row that ends here, -1 within a segment
   Compartments fractions{};  ///< loads as fractions of the M-values at that depth
+  GradientsInUse gradients;
 };
 
 }  // namespace tav

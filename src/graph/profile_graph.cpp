@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "figures/advice_words.h"
 #include "graph/leg_preview.h"
 #include "model/text_id.h"
 #include "picture/graph_colours.h"
@@ -20,6 +21,14 @@ class ExclusiveOr {
   DrawingSurface& surface_;
 };
 
+/// The moment nearest to a run time, of several at one time the first; nullptr outside of the dive.
+const DiveMoment* MomentNear(const std::vector<DiveMoment>& moments, Single time) {
+  if (moments.empty() || time < moments.front().time || time > moments.back().time) return nullptr;
+  const auto after = std::ranges::lower_bound(moments, time, {}, &DiveMoment::time);
+  if (after == moments.begin() || after->time - time <= time - std::prev(after)->time) return &*after;
+  return &*std::ranges::lower_bound(moments, std::prev(after)->time, {}, &DiveMoment::time);
+}
+
 ScreenPoint PlaceOf(const Waypoint& row, const GraphScale& scale) {
   return scale.WorldToScreen(row.RunTime, -row.Depth);
 }
@@ -28,6 +37,8 @@ ScreenPoint PlaceOf(const Waypoint& row, const GraphScale& scale) {
 
 void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars,
                                  const PlotView& view) {
+  // The line of the moment goes with what the surface had.
+  if (std::exchange(read_, std::nullopt)) window_.HideReadOut();
   const DrawnPlan plan = plan_();
   const PlanPicture picture(plan);
   const ClassProfile& rows = plan.rows;
@@ -93,6 +104,7 @@ std::optional<std::int16_t> ProfileGraph::RowAt(Single x, Single y) const {
 }
 
 void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& grid) {
+  HideMoment(grid);
   const auto row = right ? std::nullopt : RowAt(x, y);
   if (row) {
     // Who only looks at a row changes nothing.
@@ -112,10 +124,40 @@ void ProfileGraph::MouseDown(bool right, Single x, Single y, DrawingSurface& gri
 void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid) {
   if (!scale_.InsidePlot(x + 3, y + 50)) {
     window_.ShowCross(false);
+    HideMoment(grid);
     return;
   }
   window_.ShowCross(x + 887 < visibleWidth);
-  if (dragging_) DragTo({x, y}, grid);
+  dragging_ ? DragTo({x, y}, grid) : ShowMoment({x, y}, grid);
+}
+
+void ProfileGraph::ShowMoment(ScreenPoint at, DrawingSurface& grid) {
+  constexpr double kBeside = 150;
+  const DrawnPlan plan = plan_();
+  const DiveMoment* moment = MomentNear(plan.moments, scale_.ScreenToWorld(at.x, at.y).time);
+  if (moment == nullptr || plan.rows.GetLength() == 0) return HideMoment(grid);
+  if (!read_ || read_->time != moment->time) {
+    if (read_) DrawMomentLine(grid);
+    std::string text = PlanPicture(plan).FiguresAt(*moment);
+    if (leaving) {
+      text += "\n" + TextOf(leaving(moment->time), AdviceWords(plan.texts, plan.separators, plan.settings.Metric));
+    }
+    read_ = {moment->time, scale_.WorldToScreen(moment->time, 0).x, std::move(text)};
+    DrawMomentLine(grid);
+  }
+  window_.ShowReadOut(at.x + kBeside, at.y + kBeside, read_->text);
+}
+
+void ProfileGraph::HideMoment(DrawingSurface& grid) {
+  if (!read_) return;
+  DrawMomentLine(grid);
+  read_.reset();
+  window_.HideReadOut();
+}
+
+void ProfileGraph::DrawMomentLine(DrawingSurface& grid) const {
+  const ExclusiveOr mode(grid);
+  grid.Line(read_->x, scale_.PlotTop, read_->x, scale_.PlotBottom, graph::kWhite);
 }
 
 void ProfileGraph::DrawPreview(const DiveTemplate& settings, DrawingSurface& grid) const {

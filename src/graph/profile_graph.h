@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "advice/leaving.h"
 #include "graph/graph_layout.h"
 #include "graph/overlay_line.h"
 #include "picture/plan_picture.h"
@@ -17,7 +18,7 @@ class GraphWindow {
  public:
   virtual ~GraphWindow() = default;
 
-  /// The read-out of a drag, with its top left corner there.
+  /// The read-out of a drag, or of the moment under the pointer, with its top left corner there.
   virtual void ShowReadOut(double x, double y, const std::string& text) = 0;
   virtual void HideReadOut() = 0;
   virtual void ShowCeiling(const std::string& text, Colour colour) = 0;
@@ -40,6 +41,8 @@ class ProfileGraph {
 
   /// What else there is to tell of a row of the plan; may be empty.
   std::function<std::string(std::int16_t row)> rowRemark;
+  /// What leaving the plan at a run time takes; may be empty. It is asked when the pointer comes to another moment.
+  std::function<Surfacing(Single time)> leaving;
 
   /// Draws all of the plan on these surfaces and keeps their scale for the mouse.
   void RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars, const PlotView& view = {});
@@ -51,8 +54,11 @@ class ProfileGraph {
   /// The left button shows the row under it, or starts a drag from the last row to that point, or to the nearest one of
   /// the plot. The right button opens the menu, and ends a drag that is under way.
   void MouseDown(bool right, Single x, Single y, DrawingSurface& grid);
-  /// `visibleWidth` is that of the window: the pointer is a cross within it.
+  /// `visibleWidth` is that of the window: the pointer is a cross within it. Without a drag the moment of the plan
+  /// under it is read out, at a line through the plot.
   void MouseMove(Single x, Single y, double visibleWidth, DrawingSurface& grid);
+  /// The pointer is no longer over the plot.
+  void MouseLeave(DrawingSurface& grid) { HideMoment(grid); }
   /// Ends a drag with a new waypoint at its last position inside the plot.
   void MouseUp(DrawingSurface& grid);
   /// Ends a drag without a waypoint.
@@ -72,6 +78,9 @@ class ProfileGraph {
 
  private:
   void UpdateReadOut(const DrawnPlan& plan);
+  void ShowMoment(ScreenPoint at, DrawingSurface& grid);
+  void HideMoment(DrawingSurface& grid);
+  void DrawMomentLine(DrawingSurface& grid) const;
   void DragTo(ScreenPoint at, DrawingSurface& grid);
   void DrawPreview(const DiveTemplate& settings, DrawingSurface& grid) const;
   void MarkSelected(const ClassProfile& rows, DrawingSurface& grid) const;
@@ -87,6 +96,13 @@ class ProfileGraph {
   ScreenPoint lastPoint_;  ///< of the last row
   ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot
   bool dragging_ = false;
+  /// The moment that is read out.
+  struct ReadMoment {
+    Single time;
+    double x;  ///< of its line
+    std::string text;
+  };
+  std::optional<ReadMoment> read_;
   std::pair<std::int16_t, std::int16_t> selected_{0, 0};
 };
 

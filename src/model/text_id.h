@@ -1243,4 +1243,17 @@ constexpr int WhatIfAllLost = 8622;
 constexpr int WhatIfNoGasBefore = 8623;
 constexpr int WhatIfOTU = 8624;
 
+// Between the rows: gradients in use, leaving now
+constexpr int GF99 = 8700;
+constexpr int SurfaceGF = 8701;
+constexpr int LeavingNow = 8702;
+constexpr int LeavingOnLoop = 8703;
+constexpr int LeavingOpen = 8704;
+constexpr int LeavingEndless = 8705;
+constexpr int HeadToSurface = 8706;
+constexpr int HeadOnLoop = 8707;
+constexpr int HeadOnOpenCircuit = 8708;
+constexpr int HeadWayUpGas = 8709;
+constexpr int HeadNever = 8710;
+
 }  // namespace tav::Text

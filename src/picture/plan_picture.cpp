@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "compute/breathed_gas.h"
+#include "engine/breathing_gas.h"
 #include "model/text_id.h"
 #include "pages/arial_measure.h"
 #include "pages/page_units.h"
@@ -110,6 +112,27 @@ std::string PlanPicture::FiguresOf(const Waypoint& row, std::string_view between
   add(Text::PPO2, Fixed(row.PPO2, 2) + pressure);
   add(Text::Ceiling, Fixed(row.Ceiling, 1) + LengthUnit());
   return text;
+}
+
+std::string PlanPicture::FiguresAt(const DiveMoment& moment) const {
+  const ClassProfile& rows = plan_.rows;
+  std::int16_t row = 1;
+  while (row < rows.GetLength() && rows.GetRunTime(row) < moment.time) ++row;
+  Waypoint at = rows.Row(row);
+  at.Depth = moment.depth;
+  at.RunTime = moment.time;
+  at.Ceiling = moment.ceiling;
+  if (row >= FirstOpenRow(rows, plan_.settings)) {
+    const bool ofPlan = row <= LastUserRow(rows);
+    at.PPO2 = PPO2AtDepth(ofPlan ? AdjustedDepth(at.Depth, plan_.settings) : at.Depth,
+                          ofPlan ? plan_.settings.StartPressure : plan_.settings.EndPressure, at.GasMixO2 / 100,
+                          plan_.settings.Metric);
+  }
+  const auto percent = [&](int title, Single fraction) {
+    return "\n" + T(title) + ": " + Fixed(fraction * 100, 0) + " %";
+  };
+  return FiguresOf(at, "\n") + percent(Text::GF99, moment.gradients.gf99) +
+         percent(Text::SurfaceGF, moment.gradients.surfaceGF);
 }
 
 std::vector<std::string> PlanPicture::DepthLetters() const {

@@ -50,6 +50,8 @@ class PlanPicture {
 
   /// What is told of a row, with that text between the figures.
   [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
+  /// What is told of a moment of the plan, a line a figure: that of a row, GF99 and surface GF.
+  [[nodiscard]] std::string FiguresAt(const DiveMoment& moment) const;
   /// The plan in words, a line a row.
   [[nodiscard]] std::string Description() const;
 

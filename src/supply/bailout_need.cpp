@@ -6,7 +6,7 @@
 
 #include "compute/breathed_gas.h"
 #include "compute/compute_profile.h"
-#include "compute/row_cut.h"
+#include "compute/plan_cut.h"
 #include "engine/breathing_gas.h"
 
 namespace tav {
@@ -44,7 +44,7 @@ class WaysOut {
 
  private:
   void Leave(std::int16_t row, Single time) {
-    const Single depth = RowUntil(rows_, row, time).Depth;
+    const Single depth = CutRow(rows_, time, row).Depth;
     if (!(depth > 0) || row >= openFrom_) return;
     const std::int16_t mix = OpenMixAt(depth, row);
     const std::optional<ClassProfile> way = ways_.FromMoment(row, time, minutes_, mix);

@@ -107,6 +107,46 @@ TEST_F(Tavplan, PrintsTheSameRowsAsCsvAndAsJson) {
   EXPECT_FALSE(std::getline(lines, line));
 }
 
+/// Leaving at the end of the last leg is the ascent of the plan itself.
+TEST_F(Tavplan, TellsBesideEachRowWhatLeavingThenTakes) {
+  for (const char* name : {"wreck.tav", "rebreather.tav"}) {
+    SCOPED_TRACE(name);
+    const bool loop = name == std::string("rebreather.tav");
+    EXPECT_EQ(Run({"plan", "--json", "--moments", Dive(name)}), ExitStatus::kFine);
+    const json rows = OutJson()["dives"][0]["rows"];
+    std::size_t last = rows.size() - 1;
+    EXPECT_EQ(rows[last]["surfacing"]["open"], json::parse(R"({"time": 0, "gas": []})"));
+    while (!rows[last]["end_user_profile"].get<bool>()) --last;
+    std::map<std::string, double> gas;
+    for (std::size_t i = last + 1; i < rows.size(); ++i) gas[rows[i]["mix"]] += rows[i]["gas_used"].get<double>();
+    const double minutes = rows.back()["run_time"].get<double>() - rows[last]["run_time"].get<double>();
+    const json& surfacing = rows[last]["surfacing"];
+    EXPECT_NEAR(surfacing[loop ? "loop" : "open"]["time"].get<double>(), minutes, 1e-3);
+    EXPECT_EQ(surfacing["loop"].is_null(), !loop);
+    EXPECT_FALSE(surfacing["open"]["gas"].empty());
+    for (const json& told : surfacing["open"]["gas"]) {
+      if (!loop) {
+        EXPECT_NEAR(told["volume"].get<double>(), gas.at(told["mix"]), 0.05);
+      }
+    }
+
+    EXPECT_EQ(Run({"plan", "--csv", "--moments", Dive(name)}), ExitStatus::kFine);
+    std::istringstream lines(Out());
+    std::string line;
+    for (std::size_t i = 0; i <= last + 1; ++i) std::getline(lines, line);
+    const auto cells = CellsOf(line);
+    EXPECT_EQ(ParseLenient(cells.at(cells.size() - 3)), surfacing["open"]["time"].get<double>());
+    EXPECT_THAT(cells.at(cells.size() - 2), StartsWith(surfacing["open"]["gas"][0]["mix"].get<std::string>() + " "));
+    EXPECT_EQ(cells.back().empty(), !loop);
+  }
+  EXPECT_EQ(Run({"plan", "--moments", Dive("air-no-stop.tav")}), ExitStatus::kFine);
+  EXPECT_THAT(Out(), HasSubstr(R"(
+            Depth   Time    Run  Gas   PPO2   To surface  Gas for the way up
+                m    min    min         bar          min
+)"));
+  EXPECT_THAT(Out(), HasSubstr("  surface       0            25  Air   0.21            0\n"));
+}
+
 TEST_F(Tavplan, QuotesCsvFieldsThatHoldACommaOrAQuote) {
   const fs::path file = scratch_.Path() / "a \"b\", c.tav";
   fs::copy_file(Dive("air-no-stop.tav"), file);

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "compute/breathed_gas.h"
 #include "compute/compute_profile.h"
 #include "compute/leg_expansion.h"
+#include "compute/plan_cut.h"
 #include "model/text_id.h"
 #include "support/profile_text.h"
 #include "support/random_plan.h"
@@ -93,6 +95,38 @@ TEST(WaysUp, AreTheAscentsOfPlansCutAtTheirRows) {
       if (!way) continue;
       EXPECT_EQ(way->getDepth(0), end.Depth);
       ASSERT_EQ(RowsBehind(*way, 0), RowsBehind(rows, row)) << "row " << row << " of\n" << File(plan);
+      ++compared;
+    }
+  }
+  EXPECT_GT(compared, 400);
+}
+
+TEST(WaysUp, WithinARowAreTheAscentsOfPlansCutThere) {
+  std::mt19937 random(34);
+  int compared = 0;
+  for (int n = 0; n < 20; ++n) {
+    const RandomPlan plan = test::MakePlan(random);
+    const ModelChoice& model = kModels[n % 3];
+    const ComputedPlan computed = test::Computed(plan, model);
+    const std::int16_t openFrom = FirstOpenRow(computed.rows, plan.settings);
+    const EngineRun run{plan.settings, model, nullptr, 0, false, true, openFrom};
+    WaysUp ways(run, computed.rows);
+    std::int16_t row = 1;
+    const double last = std::min<double>(computed.rows.GetRunTime(computed.rows.GetLength()), 120);
+    for (Single time = 1; time < last; time += 1.0) {
+      while (computed.rows.GetRunTime(row) < time) ++row;
+      ClassProfile cut;
+      cut.CopyUntil(computed.rows, row);
+      cut.Row(row) = CutRow(computed.rows, time, row);
+      ClassProfile rows;
+      EndState state;
+      EngineObserver silent;
+      ASSERT_TRUE(ComputeProfile(run, cut, rows, state, silent).IsEmpty());
+      const std::optional<ClassProfile> way = ways.FromWithin(row, time);
+      ASSERT_EQ(way.has_value(), state.Decompresses) << File(plan);
+      if (!way) continue;
+      EXPECT_EQ(test::RowText(way->Row(0)), test::RowText(rows.Row(row)));
+      ASSERT_EQ(RowsBehind(*way, 0), RowsBehind(rows, row)) << "minute " << time << " of\n" << File(plan);
       ++compared;
     }
   }

@@ -66,6 +66,7 @@ std::vector<std::uint64_t> Bits(const CompartmentKernels& kernels, const Case& c
   Compartments fractions;
   keep(kernels.MValueFractions(c.loads, c.m, c.ambient, fractions));
   for (const Single fraction : fractions) keep(fraction);
+  keep(kernels.LargestGradient(c.loads, c.m, c.ambient));
   keep(kernels.LargestLoad(c.loads));
   return bits;
 }
@@ -91,6 +92,7 @@ TEST(CompartmentKernels, FollowTheFormulas) {
     Compartments fractions;
     BestKernels().MValueFractions(c.loads, c.m, c.ambient, fractions);
     double ceiling = 0;
+    double gradient = 0;
     for (std::size_t i = 0; i < kCompartments; ++i) {
       const double k = RateConstants().N2[i];
       const double load = c.loads.N2[i];
@@ -108,10 +110,12 @@ TEST(CompartmentKernels, FollowTheFormulas) {
       const double a = (he * c.m.HeA[i] + load * c.m.N2A[i]) / total;
       const double b = (he * c.m.HeB[i] + load * c.m.N2B[i]) / total;
       EXPECT_NEAR(fractions[i], total / (c.ambient / b + a), 1e-5);
+      gradient = std::max(gradient, (total - c.ambient) / (c.ambient / b + a - c.ambient));
       const double g = c.gradientFactor;
       ceiling = std::max(ceiling, (total - a * g) / (g / b - g + 1) - c.ambient);
     }
     EXPECT_NEAR(BestKernels().DeepestCeiling(c.loads, c.m, c.gradientFactor, c.ambient), ceiling, 1e-4);
+    EXPECT_NEAR(BestKernels().LargestGradient(c.loads, c.m, c.ambient), gradient, 1e-4 * (1 + gradient));
   }
 }
 
@@ -122,6 +126,7 @@ TEST(CompartmentKernels, AnEmptyTissueHasNoCeilingAndNoLoad) {
   Compartments fractions;
   EXPECT_EQ(BestKernels().DeepestCeiling(c.loads, c.m, 0.3, 10), 0);
   EXPECT_EQ(BestKernels().MValueFractions(c.loads, c.m, 10, fractions), 0);
+  EXPECT_EQ(BestKernels().LargestGradient(c.loads, c.m, 10), 0);
   for (const Single fraction : fractions) EXPECT_EQ(double{fraction}, 0);
 }
 

@@ -7,6 +7,7 @@
 #include "app/document_plan.h"
 #include "headless/recording_surface.h"
 #include "model/number_text.h"
+#include "model/number_texts.h"
 #include "picture/graph_colours.h"
 #include "support/plan_fixture.h"
 #include "support/text_names.h"
@@ -20,6 +21,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 struct RecordedWindow : GraphWindow {
   void ShowReadOut(double x, double y, const std::string& text) override {
@@ -213,6 +215,46 @@ TEST_F(Graph, AboveTheSurfaceLineIsTheSurface) {
   Release();
   ASSERT_THAT(window.waypoints, SizeIs(1));
   EXPECT_EQ(window.waypoints[0].first, 0);
+}
+
+TEST_F(Graph, ThePointerReadsTheMomentUnderIt) {
+  AddLeg(36, 25);
+  ASSERT_TRUE(editor.StartDeco());
+  graph.RedrawProfile(container, grid, bars);
+  graph.leaving = [&](Single time) { return plan.LeavingAt(time); };
+  const auto plot = grid.strokes;
+  const Waypoint& bottom = editor.InputProfile.Row(2);
+  const auto up = Leaving(editor.Planned()).AtEndOf(2);
+  ASSERT_TRUE(up.open);
+  Move(25.02, 60);
+  const NumberTexts numbers(",", ".");
+  const std::string start = "<Depth>: 36,0 m\n<RunTime>: 25,0 min\n<Gas>: Air\n<PPO2>: 0,97 bar\n<Ceiling>: " +
+                            numbers.Fixed(bottom.Ceiling, 1) + " m\n<GF99>: 0 %\n<SurfaceGF>: ";
+  const std::string end = "<LeavingNow>: " + numbers.Short(up.open->minutes) + " <Minutes>\n  Air " +
+                          numbers.Fixed(up.open->gas.at(0).total, 0) + " <Litres>";
+  EXPECT_THAT(window.readOut, AllOf(StartsWith(Numbered(start)), HasSubstr(Numbered(end))));
+  ASSERT_THAT(grid.inverted, SizeIs(1));
+  EXPECT_NEAR(grid.inverted[0].x0, X(25), 0.5);
+  Move(1, 100);
+  EXPECT_THAT(window.readOut, StartsWith(Numbered("<Depth>: 18,0 m\n<RunTime>: 1,0 min\n")));
+  EXPECT_THAT(grid.inverted, SizeIs(1));
+  const struct {
+    const char* what;
+    std::function<void()> leave;
+  } ways[] = {{"behind the dive", [&] { Move(100, 20); }},
+              {"off the plot", [&] { Move(1, 140); }},
+              {"off the window", [&] { graph.MouseLeave(grid); }},
+              {"a button", [&] { Press(2, 36); }},
+              {"drawn anew", [&] { graph.RedrawProfile(container, grid, bars); }}};
+  for (const auto& way : ways) {
+    SCOPED_TRACE(way.what);
+    Move(1, 100);
+    EXPECT_NE(window.readOut, "");
+    way.leave();
+    EXPECT_EQ(window.readOut, "");
+    EXPECT_THAT(grid.inverted, IsEmpty());
+    EXPECT_EQ(grid.strokes, plot);
+  }
 }
 
 TEST_F(Graph, FeetAreNamed) {

@@ -1,4 +1,4 @@
-#include "compute/row_cut.h"
+#include "compute/plan_cut.h"
 
 namespace tav {
 
@@ -8,7 +8,7 @@ Single CreateNewWay(const ClassProfile& profile, Single time, std::int16_t row) 
   return (time - end.RunTime + end.SegmentTime) * end.Rate + end.Depth - end.SegmentTime * end.Rate;
 }
 
-Waypoint RowUntil(const ClassProfile& profile, std::int16_t row, Single time) {
+Waypoint CutRow(const ClassProfile& profile, Single time, std::int16_t row) {
   Waypoint cut = profile.Row(row);
   cut.Depth = CreateNewWay(profile, time, row);
   cut.RunTime = time;
