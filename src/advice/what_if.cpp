@@ -171,7 +171,7 @@ WhatIfColumn WhatIf::BailOut(const PlannedDive& dive, const BailoutCuts& cuts, S
     const SupplyChoice choice = SupplyChoiceOf(settings);
     column.gas =
         GasNeeds(StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, moment),
-                          choice.team * choice.stress * settings.RMV),
+                          choice.team * choice.stress * settings.RMV, &dive.plan.rows),
                  settings);
   } catch (const MessageError& error) {
     column.fault = error.Reason();

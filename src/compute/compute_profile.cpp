@@ -186,7 +186,7 @@ void WaysUp::LoadUntil(std::int16_t row) {
 
 std::optional<ClassProfile> WaysUp::Ascend(const ClassProfile& more, std::int16_t openFrom) {
   ClassProfile way;
-  way.Row(0) = more.Row(0);
+  way.Row(0) = engine_->rows.Row(engine_->rows.GetLength());
   ClassBuhlmann engine = *engine_->loaded;
   try {
     engine.AscendInto(more, run_.forceOC, way, openFrom);

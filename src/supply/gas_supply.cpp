@@ -20,6 +20,7 @@ class Stores {
   Stores(const DiveTemplate& settings, const ClassProfile& rows, const std::vector<Cylinder>& cylinders)
       : settings_(settings), rows_(rows), cylinders_(cylinders), breathed_(GasTotals(rows)) {}
 
+  void OfPlan(const ClassProfile& plan) { plan_ = &plan; }
   /// `breathing` is the volume of a minute at the surface.
   void AddBailOut(const BailOutNeeds& needs, double breathing) {
     bailOut_ = &needs;
@@ -64,8 +65,8 @@ class Stores {
   /// A gas that legs on the loop are dived with.
   [[nodiscard]] bool IsDiluent(const std::string& gas) const {
     if (settings_.OpenCircuit) return false;
-    for (std::int16_t i = LastUserRow(rows_); i > 0; --i) {
-      if (rows_.GetGasMixName(i) == gas) return true;
+    for (std::int16_t i = LastUserRow(*plan_); i > 0; --i) {
+      if (plan_->GetGasMixName(i) == gas) return true;
     }
     return false;
   }
@@ -129,6 +130,7 @@ class Stores {
   const ClassProfile& rows_;
   const std::vector<Cylinder>& cylinders_;
   std::vector<GasTotal> breathed_;
+  const ClassProfile* plan_ = &rows_;
   const BailOutNeeds* bailOut_ = nullptr;
   double breathing_ = 0;
   std::vector<GasStore> stores_;
@@ -292,8 +294,10 @@ bool GasSupply::PassesTurn(const LegSupply& leg) const {
 }
 
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
-                               const std::vector<Cylinder>& cylinders, const BailOutNeeds& bailOut, double breathing) {
+                               const std::vector<Cylinder>& cylinders, const BailOutNeeds& bailOut, double breathing,
+                               const ClassProfile* plan) {
   Stores stores(settings, rows, cylinders);
+  if (plan != nullptr) stores.OfPlan(*plan);
   stores.AddBailOut(bailOut, breathing);
   return stores.All();
 }

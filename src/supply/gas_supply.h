@@ -109,10 +109,11 @@ struct GasSupply {
   [[nodiscard]] bool PassesTurn(const LegSupply& leg) const;
 };
 
-/// What rows breathe of each gas and what the cylinders hold of it, without those that have neither.
+/// What rows breathe of each gas and what the cylinders hold of it, without those that have neither. `plan` tells the
+/// diluents where the rows are those of a way out of it.
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,
                                const std::vector<Cylinder>& cylinders, const BailOutNeeds& bailOut = {},
-                               double breathing = 0);
+                               double breathing = 0, const ClassProfile* plan = nullptr);
 
 /// The supply of a computed dive with the cylinders and the choice of its template, or with others. Empty when there
 /// are no cylinders or no rows. Takes a way up for each leg, on a rebreather one for each minute.
