@@ -23,7 +23,7 @@ export CMAKE_CXX_COMPILER_LAUNCHER=$place/timed TAV_BUILD_COST=$place/sources
 cost() {
   : >"$TAV_BUILD_COST"
   local TIMEFORMAT='%U %S %R' figures
-  figures=$({ time (cd "$place/tav" && bash -c "$1") >"$place/log" 2>&1; } 2>&1) || { cat "$place/log" >&2; exit 1; }
+  figures=$({ time { (cd "$place/tav" && bash -c "$1") >"$place/log" 2>&1; }; } 2>&1) || { cat "$place/log" >&2; exit 1; }
   awk -v what="$1" '{printf "%s: %.0f CPU seconds, %.0f of the clock\n", what, $1 + $2, $3}' <<<"$figures"
   awk '{printf "%7.1f  %s\n", $1 + $2, $3}' "$TAV_BUILD_COST" | sort -rn | head -10
 }

@@ -13,7 +13,7 @@ const FillRequest kTooRich{{50, 0, 50}, 150, {32, 0, 68}, 200};
 
 void MixerList(benchmark::State& state, const FillRequest& request) {
   for (auto _ : state) {
-    const FillAdvice advice(request, GaugeMark(true));
+    FillAdvice advice(request, GaugeMark(true));
     benchmark::DoNotOptimize(advice.list.comesOut.O2);
   }
 }

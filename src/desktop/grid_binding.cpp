@@ -19,10 +19,11 @@ class CellList : public QComboBox {
   }
   [[nodiscard]] bool Chosen() const { return chosen_; }
 
-  void hidePopup() override {
-    QComboBox::hidePopup();
+  /// The window of the list: what hides it differs between versions of Qt.
+  bool eventFilter(QObject* object, QEvent* event) override {
     // A choice is told after the list has gone.
-    QTimer::singleShot(0, this, [this] { closed_(); });
+    if (event->type() == QEvent::Hide) QTimer::singleShot(0, this, [this] { closed_(); });
+    return QComboBox::eventFilter(object, event);
   }
 
  protected:
@@ -30,6 +31,7 @@ class CellList : public QComboBox {
     QComboBox::showEvent(event);
     QTimer::singleShot(0, this, [this] {
       showPopup();
+      view()->window()->installEventFilter(this);
       if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
     });
   }

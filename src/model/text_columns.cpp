@@ -9,7 +9,9 @@ namespace {
 
 std::string Blanks(const std::string& text, std::size_t width) {
   const std::size_t letters = Letters(text);
-  return std::string(letters < width ? width - letters : 0, ' ');
+  std::string blanks;
+  if (letters < width) blanks.append(width - letters, ' ');
+  return blanks;
 }
 
 }  // namespace

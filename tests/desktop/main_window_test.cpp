@@ -2,8 +2,11 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QDialog>
+#include <QDropEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <gmock/gmock.h>
@@ -66,6 +69,28 @@ TEST(MainWindow, NamesThePlanInFrontHoweverItIsShown) {
   p.program.MainForm().CloseDocument(1);
   QCoreApplication::processEvents();
   EXPECT_EQ(p.Title(), "TAV");
+}
+
+/// What is dropped would change the plan under a report that is being written, or under a question about it.
+TEST(MainWindow, TakesNoFileThatIsDroppedUnderAModalWindow) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto drop = [&] {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(ToQt((SourceFolder() / "dives/wreck.tav").string()))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&p.window, &enter);
+    QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&p.window, &event);
+    QCoreApplication::processEvents();
+    return p.Title();
+  };
+  QDialog wait;
+  wait.setModal(true);
+  wait.show();
+  EXPECT_THAT(drop(), testing::Not(testing::HasSubstr("wreck.tav")));
+  wait.hide();
+  EXPECT_THAT(drop(), testing::HasSubstr("wreck.tav"));
 }
 
 // A window is dear, and a series may be long.

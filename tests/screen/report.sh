@@ -38,6 +38,7 @@ pdf() {
   keys alt+d
   choose_file "^Save as PDF" "$1"
   focus "^General report"
+  await "$1 is not saved" test -s "$1"
 }
 pdf "$work/plan.pdf"
 [ "$(pdfinfo "$work/plan.pdf" | awk '/^Pages/ {print $2}')" = 7 ] || fail "the PDF has not 7 pages"

@@ -27,7 +27,8 @@ await() {
   fail "$what"
 }
 window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1 | grep .; }
-gone() { ! window "$1"; }
+# a search while another window goes may find nothing: asked twice
+gone() { ! window "$1" && sleep 0.1 && ! window "$1"; }
 # a menu is the only window of the program that has no frame
 menu() { xwininfo -root -children | grep '("tav" "TAV")'; }
 has_keyboard() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
