@@ -41,6 +41,16 @@ std::string PerCent(Single factor) { return FormatFixed(Single(factor * 100), 0)
 
 }  // namespace
 
+std::optional<GradientFactors> FactorsOf(std::string_view text) {
+  constexpr double kBelow = 200;
+  const std::size_t slash = text.find('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  const auto low = ParseStrict(text.substr(0, slash));
+  const auto high = ParseStrict(text.substr(slash + 1));
+  if (!low || !high || !(*low > 0) || *high < *low || *high >= kBelow) return std::nullopt;
+  return GradientFactors{*low / 100, *high / 100};
+}
+
 std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, const DiveTemplate& settings) {
   std::vector<GasNeed> needs;
   for (const GasStore& store : stores) {
@@ -74,6 +84,8 @@ std::string WhatIfColumn::Id() const {
   }
   return {};
 }
+
+std::string WhatIfColumn::PickName() const { return kind == Kind::BailOut ? "bail-out" : Id(); }
 
 WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.model), fault_(dive.plan.fault) {
   if (dive.before != nullptr) before_ = *dive.before;

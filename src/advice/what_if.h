@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "advice/finding.h"
@@ -19,6 +20,9 @@ struct GradientFactors {
   Single low;
   Single high;
 };
+
+/// "40/85", per cent, as fractions; nothing for what is none, is not above 0 and below 200, or falls.
+std::optional<GradientFactors> FactorsOf(std::string_view text);
 
 /// How much longer and deeper the dive is asked to be, and by which other gradient factors.
 struct WhatIfWish {
@@ -65,6 +69,8 @@ struct WhatIfColumn {
   /// "planned", "longer", "deeper", "both", "lost EAN50", "lost all", "gf 40/90", "bail-out 45": the name in files for
   /// scripts.
   [[nodiscard]] std::string Id() const;
+  /// The name to pick it by: its Id, but "bail-out" whatever the minute.
+  [[nodiscard]] std::string PickName() const;
 };
 
 /// What becomes of a plan when something changes: a longer or deeper leg, a lost gas, the loop that fails.

@@ -92,6 +92,7 @@ void frmMain::WirePlan() {
   mnuGeneralReport.Click = toolReport.Click = [this] { reports_.ShowGeneralReport(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
+  mnuClearLine.Click = [this] { reports_.ClearLine(); };
   mnuBailoutReport.Click = [this] { dialogs_.ShowBailout(true); };
   toolBailout.Click = [this] { dialogs_.ShowBailout(false); };
   mnuGenerateTables.Click = toolTableExpert.Click = [this] { dialogs_.ShowTableExpert(); };

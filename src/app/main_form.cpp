@@ -169,6 +169,7 @@ void frmMain::StateChanged(std::int16_t document) {
   if (another || document == active || !IsOpen(document)) SyncCommands();
   services_.view.StateChanged(document);
   if (std::exchange(evaluation_, evaluation) != evaluation || another) ShowFront();
+  reports_.FollowLine(document);
 }
 
 void frmMain::ShowFront() {
@@ -215,6 +216,7 @@ void frmMain::SyncCommands() {
           &toolReport,
           &mnuSlate,
           &mnuWhatIf,
+          &mnuClearLine,
           &mnuCylinders},
          active.has_value());
   HoldCommands();

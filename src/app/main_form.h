@@ -79,6 +79,7 @@ class frmMain : public Form {
   MenuItem mnuspe10{*this, "mnuspe10"};
   MenuItem mnuSurface{*this, "mnuSurface"};
   MenuItem mnuWhatIf{*this, "mnuWhatIf"};
+  MenuItem mnuClearLine{*this, "mnuClearLine"};  ///< of the comparison, over the graph
   MenuItem mnulangsep{*this, "mnulangsep"};
   MenuItem mnuLanguages{*this, "mnuLanguages"};
   MenuItem mnuReport{*this, "mnuReport"};

@@ -67,6 +67,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuspe10, 1, kRule, ""},
     {&frmMain::mnuSurface, 1, Text::MenuInterval, "Ctrl+G"},
     {&frmMain::mnuWhatIf, 1, Text::MenuWhatIf, "Ctrl+Shift+W"},
+    {&frmMain::mnuClearLine, 1, Text::MenuClearLine, "Ctrl+Shift+L"},
     {&frmMain::mnulangsep, 1, kRule, ""},
     {&frmMain::mnuLanguages, 1, Text::Language, ""},
     {&frmMain::mnuReport, 0, Text::MenuReport, ""},

@@ -42,11 +42,16 @@ void PlanReports::ShowWhatIf() {
     window->BringToFront();
     return;
   }
-  window = std::make_shared<frmWhatIf>(
-      dialogs_, services_.report,
-      [this](std::int16_t document, const std::vector<PlotPoint>& line) { looks_.ShowOverlay(document, line); });
+  window = std::make_shared<frmWhatIf>(dialogs_, services_.report, lines_);
   whatIf_ = window;
   services_.platform.windows.Show(window);
+}
+
+void PlanReports::ClearLine() {
+  const auto active = services_.Active();
+  if (!active) return;
+  lines_.Clear(*active);
+  Follow();
 }
 
 void PlanReports::Follow() const {

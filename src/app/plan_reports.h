@@ -7,6 +7,7 @@
 
 #include "app/plan_looks.h"
 #include "app/what_if_form.h"
+#include "app/what_if_lines.h"
 
 namespace tav {
 
@@ -14,7 +15,9 @@ namespace tav {
 class PlanReports {
  public:
   PlanReports(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks)
-      : services_(services), dialogs_(dialogs), looks_(looks) {}
+      : services_(services),
+        dialogs_(dialogs),
+        lines_(services.forms, [&looks](auto document, const auto& line) { looks.ShowOverlay(document, line); }) {}
 
   void ShowDiveInformation() const;
   /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
@@ -22,6 +25,10 @@ class PlanReports {
   void ShowSlate() const;
   /// Opens the comparison of the plan in front, or brings it to the front.
   void ShowWhatIf();
+  /// Takes the line of the comparison off the graph of the plan in front.
+  void ClearLine();
+  /// A document has been changed or closed: that line follows.
+  void FollowLine(std::int16_t document) { lines_.Follow(document); }
   /// The plan in front is another one, or has been computed anew: the comparison follows.
   void Follow() const;
   /// Why a stop of a plan lasts as long as it does; empty for a row that is none.
@@ -33,7 +40,7 @@ class PlanReports {
 
   const MainServices& services_;
   const DialogServices& dialogs_;
-  PlanLooks& looks_;
+  WhatIfLines lines_;
   std::weak_ptr<frmWhatIf> whatIf_;
 };
 

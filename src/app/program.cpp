@@ -11,6 +11,7 @@
 #include "persist/text_file.h"
 #include "start/start_up.h"
 #include "start/user_texts.h"
+#include "supply/supply_settings.h"
 
 namespace tav {
 namespace fs = std::filesystem;
@@ -79,6 +80,8 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   }
   const std::string advice = AdviceText(texts_, faults.file, faults.advice);
   if (!advice.empty()) platform_.boxes.Show(advice, "", BoxIcon::Information, BoxButtons::OK);
+  DiveTemplate& ofNewPlans = documents_(DocumentStore::DefaultDocument).Template;
+  if (!ofNewPlans.Team) ofNewPlans.Team = ReadSupplyChoice(platform_.settings);
   ReadCommandLine(arguments);
 
   const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));

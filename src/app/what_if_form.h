@@ -1,14 +1,15 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "app/what_if_lines.h"
 #include "controls/grid.h"
 #include "dialogs/dialog_form.h"
-#include "graph/overlay_line.h"
 #include "pages/print_preview.h"
 #include "reports/slate.h"
 #include "reports/what_if_table.h"
@@ -17,14 +18,11 @@ namespace tav {
 
 /// The plan of the active window beside what becomes of it when it gets longer or deeper, or a gas or the loop is lost.
 /// The window stays open beside the program and follows the plan; it reads it and never writes it. The chosen column is
-/// drawn over the graph.
+/// drawn over the graph and stays there when the window is closed. Which columns are shown is kept in the settings.
 class frmWhatIf : public DialogForm {
  public:
-  using Overlay = std::function<void(std::int16_t document, const std::vector<PlotPoint>& line)>;
-
-  /// `marks` tells the model of the moment.
-  /// `overlay` draws a line over the graph of a document.
-  frmWhatIf(const DialogServices& services, PrintPreview& report, Overlay overlay);
+  /// `lines` draws over the graphs.
+  frmWhatIf(const DialogServices& services, PrintPreview& report, WhatIfLines& lines);
 
   Label lbLonger{*this, "lbLonger"};
   TextBox tbLonger{*this, "tbLonger"};
@@ -34,6 +32,10 @@ class frmWhatIf : public DialogForm {
   TextBox tbDeeper{*this, "tbDeeper"};
   SpinButton udDeeper{*this, "udDeeper"};
   Label lbUnit{*this, "lbUnit"};
+  Label lbFactors{*this, "lbFactors"};
+  TextBox tbFactors{*this, "tbFactors"};  ///< "40/85 30/70", per cent
+  Label lbPick{*this, "lbPick"};
+  CheckList ckPick{*this, "ckPick"};  ///< which columns are shown; the plan is always
   Label lbNotice{*this, "lbNotice"};  ///< what can't be computed, and that an ascent was added
   ResultGrid fgColumns{*this, "fgColumns"};
   Label lbGraph{*this, "lbGraph"};
@@ -56,8 +58,13 @@ class frmWhatIf : public DialogForm {
 
  private:
   void Step(TextBox& field, double step, double most);
-  /// Takes both fields; a field that holds no number in its range leaves the columns as they are.
+  /// Takes the fields; a field that holds nothing that can be leaves the columns as they are.
   void TakeWish();
+  [[nodiscard]] std::optional<std::vector<GradientFactors>> FactorsTyped() const;
+  void ShowPicks();
+  void TakePick(int index);
+  /// The columns that are ticked, of all.
+  void Pick();
   void ShowColumns();
   void ShowNotice(const std::vector<std::string>& lines);
   void DrawChosen();
@@ -66,11 +73,14 @@ class frmWhatIf : public DialogForm {
   [[nodiscard]] std::size_t Chosen() const;
 
   PrintPreview& report_;
-  Overlay overlay_;
+  WhatIfLines& lines_;
   std::int16_t document_ = -1;  ///< -1 for none
   bool metric_ = true;
   WhatIfWish wish_;
   std::unique_ptr<WhatIf> whatIf_;
+  std::vector<WhatIfColumn> all_;
+  std::vector<std::string> picks_;  ///< names of the ticks, in their order
+  std::set<std::string> unpicked_;  ///< names of columns that are not shown
   std::vector<WhatIfColumn> columns_;
   WhatIfTable table_;
 };

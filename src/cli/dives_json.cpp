@@ -71,6 +71,7 @@ void WriteLeg(JsonWriter& json, const GasSupply& supply, const LegSupply& leg) {
   json.Member("minimum_pressure", store != nullptr && leg.decompresses ? store->Pressure(leg.Minimum()) : std::nullopt);
   json.Member("turn_pressure", leg.turnPressure);
   json.Member("enough", !IsShort(supply, leg));
+  json.Member("verdict", VerdictName(supply.VerdictOf(leg)));
 }
 
 /// The diver's choice, gases and legs; null when no cylinders are told.
@@ -91,6 +92,17 @@ void WriteSupply(JsonWriter& json, const GasSupply& supply) {
       for (const LegSupply& way : supply.waysOut) json.Object([&] { WriteLeg(json, supply, way); });
     });
     json.Member("bail_out_never_ends", supply.neverUp);
+    json.Object("loop_estimate", [&] {
+      json.Member("oxygen", supply.loop.oxygen);
+      json.List("diluent", [&] {
+        for (const auto& [gas, volume] : supply.loop.diluents) {
+          json.Object([&] {
+            json.Member("mix", gas);
+            json.Member("volume", volume);
+          });
+        }
+      });
+    });
   });
 }
 

@@ -1,4 +1,5 @@
 #include "cli/computed_dive.h"
+#include "cli/terminal_text.h"
 #include "model/text_columns.h"
 #include "supply/supply_text.h"
 
@@ -36,8 +37,9 @@ std::string SupplyLines(const ComputedDive& dive, const TextSource& texts) {
   const SupplyTables tables = TablesOf(dive.supply, settings.RMV, AdviceWords(texts, {}, settings.Metric));
   if (tables.gases.empty()) return {};
   // How the minimum gas is worked out has a line of its own.
+  const std::string note = tables.note.empty() ? "" : Wrapped(tables.note, 0);
   return "\n" + tables.gasTitle + "\n" + Lines(tables.gases, 2, 0) + tables.legTitle + "\n" + Lines(tables.legs, 0, 1) +
-         "\n";
+         note + "\n";
 }
 
 }  // namespace tav

@@ -6,8 +6,7 @@
 /// Lines for a terminal.
 namespace tav {
 
-/// A text in lines of the terminal's width, broken at blanks, each with its end; the later ones are indented by so many
-/// blanks.
+/// As in "model/text_columns.h", in lines of the terminal's width.
 std::string Wrapped(const std::string& text, std::size_t indent);
 
 /// Letters of a line; what is wider than it has lines of its own.

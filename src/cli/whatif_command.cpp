@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
@@ -20,11 +21,11 @@ constexpr const char* kDetails =
     "Prints a plan beside what may become of it, in columns: planned; longer and deeper, which change the deepest leg, "
     "of equals the last; both; \"lost GAS\", one for each gas of the change list, and \"lost all\", in the legs, too, "
     "which go on with the gas before; other gradient factors; and for a rebreather the bail-out on open circuit from "
-    "the "
-    "minute that takes longest to come up, and from those that ask most of a gas. A plan without an ascent gets one.\n"
+    "the minute that takes longest to come up, and from those that ask most of a gas. A plan without an ascent gets "
+    "one.\n"
     "In --json each column has its name, run time, OTU, dangers, rows and gases, these with what the rows have "
-    "\"used\", "
-    "what is \"carried\", what the gas supply asks for (\"need\": on a rebreather the dearest way out, by --team, "
+    "\"used\", what is \"carried\", what the gas supply asks for (\"need\": on a rebreather the dearest way out, by "
+    "--team, "
     "--stress and --sort-out) and its \"verdict\": enough, reserve or short, null where the plan tells no cylinders.";
 
 constexpr const char* kExamples = R"(
@@ -39,6 +40,7 @@ struct Given {
   std::string longer;
   std::string deeper;
   std::vector<std::string> factors;
+  std::vector<std::string> columns;
   std::string pdf;
 };
 
@@ -62,22 +64,27 @@ void TakeFaults(std::vector<WhatIfColumn>& columns, const std::string& file, Com
   std::erase_if(columns, [](const WhatIfColumn& column) { return !column.fault.IsEmpty(); });
 }
 
-/// "40/90" as fractions.
-GradientFactors FactorsOf(const std::string& text) {
-  constexpr double kLeast = 1;
-  constexpr double kMost = 200;
-  const std::size_t slash = text.find('/');
-  if (slash == std::string::npos) throw OptionError({Text::OptionMustBe, {"--gf", text, "LOW/HIGH"}});
-  const Single low = NumberOf(text.substr(0, slash), "--gf", kLeast, kMost);
-  const Single high = NumberOf(text.substr(slash + 1), "--gf", kLeast, kMost);
-  return {low / 100, high / 100};
-}
-
 /// The word of a verdict for scripts; nothing where there is none.
 std::optional<std::string_view> NameOfVerdict(const std::optional<GasVerdict>& verdict) {
   if (!verdict || *verdict == GasVerdict::NotTold) return std::nullopt;
   if (*verdict == GasVerdict::IntoReserve) return "reserve";
   return IsShort(*verdict) ? "short" : "enough";
+}
+
+/// The plan and the columns of the names that were given.
+void KeepPicked(std::vector<WhatIfColumn>& columns, const std::vector<std::string>& names) {
+  if (names.empty()) return;
+  for (const std::string& name : names) {
+    const auto is = [&](const WhatIfColumn& column) { return column.PickName() == name; };
+    if (std::ranges::none_of(columns, is)) {
+      std::string known;
+      for (const WhatIfColumn& column : columns) known += (known.empty() ? "" : ", ") + column.PickName();
+      throw OptionError({Text::OptionMustBe, {"--column", name, known}});
+    }
+  }
+  std::erase_if(columns, [&](const WhatIfColumn& column) {
+    return column.kind != WhatIfColumn::Kind::Planned && std::ranges::find(names, column.PickName()) == names.end();
+  });
 }
 
 void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const PlannedDive& plan, const AdviceWords& words) {
@@ -126,8 +133,13 @@ void Run(const Given& given, CommandFrame& frame) {
   WhatIfWish wish = WhatIfWish::Usual(metric);
   wish.minutes = Wished(given.longer, "--longer", wish.minutes, WhatIfWish::kMostMinutes);
   wish.depth = Wished(given.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
-  for (const std::string& factors : given.factors) wish.factors.push_back(FactorsOf(factors));
+  for (const std::string& text : given.factors) {
+    const auto factors = FactorsOf(text);
+    if (!factors) throw OptionError({Text::OptionMustBe, {"--gf", text, "LOW/HIGH"}});
+    wish.factors.push_back(*factors);
+  }
   std::vector<WhatIfColumn> columns = plan.Columns(wish);
+  KeepPicked(columns, given.columns);
   TakeFaults(columns, given.file, frame);
   frame.MarkDecompression(columns.front().decompresses);
   if (!given.pdf.empty()) {
@@ -159,6 +171,10 @@ Command WhatIfCommand() {
       {"--deeper", "DEPTH", "Added to the deepest leg, 0 to 999; 3 m or 10 ft if not given", &given->deeper},
       {"--gf", "LOW/HIGH", "Another column with these gradient factors, in per cent; may be given several times",
        &given->factors},
+      {"--column", "NAME",
+       "Only the plan and this column, by its name in --json (bail-out without its minute); may be "
+       "given several times",
+       &given->columns},
       PdfOption(given->pdf, "Write a slate of each column to this file, and no text"),
   };
   command.AddJson("Print the columns, with every row, as JSON");

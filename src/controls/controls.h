@@ -198,6 +198,26 @@ class ListView : public Control {
   }
 };
 
+/// A list of items with a tick each.
+class CheckList : public Control {
+ public:
+  struct Item {
+    std::string text;
+    bool on = true;
+    friend bool operator==(const Item&, const Item&) = default;
+  };
+  using Control::Control;
+  Property<std::vector<Item>> Items{Changed};
+  std::function<void(int index)> Ticked;  ///< the user has set the tick of an item, or taken it away
+  void Tick(int index, bool on) {
+    if (!CanAct() || index < 0 || index >= static_cast<int>(Items.Get().size())) return;
+    std::vector<Item> items = Items;
+    items[static_cast<std::size_t>(index)].on = on;
+    Items = items;
+    if (Ticked) Ticked(index);
+  }
+};
+
 /// Text of several lines that the user can read, scroll and select.
 class TextView : public Control {
  public:

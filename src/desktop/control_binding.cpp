@@ -174,6 +174,24 @@ void Bind(ListView& view, QListWidget& list) {
   QObject::connect(&list, &QListWidget::currentRowChanged, [&view](int row) { view.Select(row); });
 }
 
+void Bind(CheckList& ticks, QListWidget& list) {
+  Follow(ticks, list, [&ticks, &list] {
+    const QSignalBlocker quiet(&list);
+    const auto& items = ticks.Items.Get();
+    while (list.count() > static_cast<int>(items.size())) delete list.takeItem(list.count() - 1);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      const int row = static_cast<int>(i);
+      if (row == list.count()) list.addItem(QString());
+      list.item(row)->setText(ToQt(items[i].text));
+      list.item(row)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+      list.item(row)->setCheckState(items[i].on ? Qt::Checked : Qt::Unchecked);
+    }
+  });
+  QObject::connect(&list, &QListWidget::itemChanged, [&ticks, &list](const QListWidgetItem* item) {
+    ticks.Tick(list.row(item), item->checkState() == Qt::Checked);
+  });
+}
+
 void Bind(TabStrip& strip, QTabBar& bar) {
   Follow(strip, bar, [&strip, &bar] {
     const QSignalBlocker quiet(&bar);
@@ -275,6 +293,8 @@ void BindControl(Control& control, QWidget& widget) {
     });
   } else if (auto* list = dynamic_cast<ListView*>(&control)) {
     Bind(*list, As<QListWidget>(control, widget));
+  } else if (auto* ticks = dynamic_cast<CheckList*>(&control)) {
+    Bind(*ticks, As<QListWidget>(control, widget));
   } else if (auto* textView = dynamic_cast<TextView*>(&control)) {
     auto& view = As<QPlainTextEdit>(control, widget);
     view.setReadOnly(true);

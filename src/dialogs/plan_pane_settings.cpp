@@ -23,6 +23,8 @@ PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(
   udHighGF.DownClick = [this] { StepFactor(tbHighGF, -1); };
   udLastStop.UpClick = [this] { StepLastStop(1); };
   udLastStop.DownClick = [this] { StepLastStop(-1); };
+  cbKeepsDiluent.Click = [this] { Switch(cbKeepsDiluent, &DiveTemplate::KeepsDiluent); };
+  cbIntervalOnAir.Click = [this] { Switch(cbIntervalOnAir, &DiveTemplate::IntervalOnAir); };
   cbEditTemplate.Click = [this] {
     entry_.Finish();
     entry_.Services().editTemplate();
@@ -32,6 +34,8 @@ PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(
 void PlanPaneSettings::SetTexts() {
   cbEditTemplate.Caption = T(Text::PaneEdit);
   lbGF.Caption = T(Text::PaneFactors);
+  cbKeepsDiluent.Caption = T(Text::TemplateKeepsDiluent);
+  cbIntervalOnAir.Caption = T(Text::IntervalOnAir);
   lbLastStop.Caption = T(Text::PaneLastStop);
   tbLowGF.ToolTipText = T(Text::LowGF);
   tbHighGF.ToolTipText = T(Text::HighGF);
@@ -44,11 +48,19 @@ void PlanPaneSettings::Show() {
   for (Control* control : std::initializer_list<Control*>{&tbLowGF, &udLowGF, &tbHighGF, &udHighGF}) {
     control->Enabled = factors;
   }
-  for (Control* control : std::initializer_list<Control*>{&tbLastStop, &udLastStop, &cbEditTemplate}) {
+  for (Control* control :
+       std::initializer_list<Control*>{&tbLastStop, &udLastStop, &cbEditTemplate, &cbKeepsDiluent, &cbIntervalOnAir}) {
     control->Enabled = entry_.IsFree();
   }
-  if (!entry_.HasPlan()) return;
+  if (!entry_.HasPlan()) {
+    cbKeepsDiluent.Visible = cbIntervalOnAir.Visible = false;
+    return;
+  }
   const DiveTemplate& t = entry_.Template();
+  cbKeepsDiluent.Visible = !t.OpenCircuit;
+  cbIntervalOnAir.Visible = !t.OpenCircuit && entry_.Editor().PrevProfile != -1;
+  cbKeepsDiluent.Value = t.KeepsDiluent;
+  cbIntervalOnAir.Value = t.IntervalOnAir;
   lbTemplate.Caption = t.Templatename;
   lbTemplate.ToolTipText = T(Text::PaneSettings, {t.TemplateFolder + t.Templatename});
   tbLowGF.Text = Fixed(t.GFLow, 2);
@@ -84,6 +96,12 @@ void PlanPaneSettings::StepFactor(TextBox& field, int by) {
   constexpr double kStep = 0.01;
   field.Text = Fixed(std::clamp(Number(field.Text) + by * kStep, kStep, double{Highest()}), 2);
   TypeFactor(field);
+  entry_.Finish();
+}
+
+void PlanPaneSettings::Switch(const CheckBox& box, bool DiveTemplate::*setting) {
+  if (!entry_.IsFree()) return Show();
+  entry_.TypeSetting("", "", [&](DiveTemplate& t) { t.*setting = box.Value; });
   entry_.Finish();
 }
 

@@ -21,6 +21,8 @@ class PlanPaneSettings : protected PlanPanePart {
   TextBox tbLastStop{form_, "tbLastStop"};
   SpinButton udLastStop{form_, "udLastStop"};
   Label lbLastStopUnit{form_, "lbLastStopUnit"};
+  CheckBox cbKeepsDiluent{form_, "cbKeepsDiluent"};    ///< seen on a rebreather
+  CheckBox cbIntervalOnAir{form_, "cbIntervalOnAir"};  ///< seen on a rebreather after a dive
 
   void SetTexts();
   void Show();
@@ -30,6 +32,7 @@ class PlanPaneSettings : protected PlanPanePart {
   void TypeLastStop();
   void StepFactor(TextBox& field, int by);
   void StepLastStop(int by);
+  void Switch(const CheckBox& box, bool DiveTemplate::*setting);
   /// Gradient factors up to this are taken.
   [[nodiscard]] Single Highest() const;
 };

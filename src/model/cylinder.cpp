@@ -8,7 +8,6 @@ namespace tav {
 namespace {
 
 constexpr double kPsiPerBar = 14.50377;
-constexpr double kLitresPerCubicFoot = 28.31685;
 constexpr double kBarPerAtmosphere = 1.01325;
 
 bool Within(double value, double most) { return value >= 0 && value <= most; }
@@ -37,7 +36,7 @@ double GasPerPressure(const Cylinder& cylinder, bool metric) {
   const double own =
       cylinder.Count * (cylinder.InLitres() ? double{cylinder.Size} : cylinder.Size / cylinder.RatedPressure);
   if (cylinder.InLitres() == metric) return own;
-  constexpr double kMetricPerImperial = kLitresPerCubicFoot * kBarPerAtmosphere * kPsiPerBar;
+  constexpr double kMetricPerImperial = kLitresInCubicFoot * kBarPerAtmosphere * kPsiPerBar;
   return metric ? own * kMetricPerImperial : own / kMetricPerImperial;
 }
 

@@ -8,6 +8,8 @@
 
 namespace tav {
 
+constexpr double kLitresInCubicFoot = 28.31685;
+
 /// Cylinders of one kind that the diver carries with one gas. Litres and bar, or cubic feet and psi, whatever the
 /// units of the plan are: a cylinder keeps those of its stamp.
 struct Cylinder {

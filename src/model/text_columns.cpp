@@ -20,6 +20,20 @@ std::string AtLeft(std::string text, std::size_t width) { return text += Blanks(
 
 std::string AtRight(const std::string& text, std::size_t width) { return Blanks(text, width) + text; }
 
+std::string Wrapped(const std::string& text, std::size_t indent, std::size_t width) {
+  std::string lines;
+  std::string rest = text;
+  while (Letters(rest) > width) {
+    const std::size_t end = StartOfLetter(rest, width);
+    std::size_t blank = rest.rfind(' ', end);
+    if (blank == std::string::npos || blank <= StartOfLetter(rest, indent)) blank = rest.find(' ', end);
+    if (blank == std::string::npos) break;
+    lines += rest.substr(0, blank) + "\n";
+    rest = std::string(indent, ' ') + rest.substr(blank + 1);
+  }
+  return lines + rest + "\n";
+}
+
 void TextColumns::Fit(std::span<const std::string> row) {
   for (std::size_t i = 0; i < columns_.size(); ++i) columns_[i].width = std::max(columns_[i].width, Letters(row[i]));
 }

@@ -12,6 +12,10 @@ namespace tav {
 std::string AtLeft(std::string text, std::size_t width);
 std::string AtRight(const std::string& text, std::size_t width);
 
+/// A text in lines of a width in letters, broken at blanks, each with its end; the later ones are indented by so many
+/// blanks. A word that is wider than a line is not broken.
+std::string Wrapped(const std::string& text, std::size_t indent, std::size_t width);
+
 /// A table of texts: each column is as wide as its longest text.
 class TextColumns {
  public:

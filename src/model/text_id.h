@@ -1242,6 +1242,10 @@ constexpr int CylindersBailOut = 8621;
 constexpr int WhatIfAllLost = 8622;
 constexpr int WhatIfNoGasBefore = 8623;
 constexpr int WhatIfOTU = 8624;
+constexpr int WhatIfFactors = 8660;
+constexpr int WhatIfPick = 8661;
+constexpr int MenuClearLine = 8662;
+constexpr int SupplyOfLoop = 8663;
 
 // Between the rows: gradients in use, leaving now
 constexpr int GF99 = 8700;

@@ -97,7 +97,15 @@ void WriteSupply(ReportPages& pages, Single y) {
       TablesOf(pages.Dive().supply, settings.RMV, AdviceWords(pages.Out().Texts(), pages.Numbers(), settings.Metric));
   if (supply.gases.empty()) return;
   const Single end = SupplyTable(pages, supply.gases, kGasPlaces, 1).Write(y, supply.gasTitle, 12.5);
-  if (supply.legs.size() > 1) SupplyTable(pages, supply.legs, kLegPlaces, 2).Write(end, supply.legTitle, 9.5);
+  Single below = end;
+  if (supply.legs.size() > 1) below = SupplyTable(pages, supply.legs, kLegPlaces, 2).Write(end, supply.legTitle, 9.5);
+  if (supply.note.empty()) return;
+  if (below + 2 * kRow > kPageEnd) {
+    pages.NewPage();
+    below = kTopOfPage;
+  }
+  constexpr int kSmall = 8;
+  pages.Left(2, below + kRow, supply.note, kSmall);
 }
 
 }  // namespace tav

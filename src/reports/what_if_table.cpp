@@ -248,7 +248,7 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     first = end;
   }
   if (!table.warnings.empty()) text += "\n";
-  for (const std::string& warning : table.warnings) text += "! " + warning + "\n";
+  for (const std::string& warning : table.warnings) text += Wrapped("! " + warning, 2, width);
   return text;
 }
 

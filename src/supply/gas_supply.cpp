@@ -314,6 +314,7 @@ GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const st
   supply.gases = StoresOf(rows, settings, cylinders, bailOut, choice.team * choice.stress * settings.RMV);
   if (!settings.OpenCircuit) {
     supply.waysOut = WaysOut(supply, settings);
+    supply.loop = LoopUseOf(dive);
     return supply;
   }
   try {

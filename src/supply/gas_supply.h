@@ -10,6 +10,7 @@
 #include "model/cylinder.h"
 #include "model/supply_choice.h"
 #include "supply/bailout_need.h"
+#include "supply/loop_use.h"
 
 /// Whether the cylinders that a diver carries hold what a dive asks for. Gas is ideal, volumes are litres at 1 bar or
 /// cubic feet at 1 atmosphere, as the plan counts them.
@@ -94,6 +95,7 @@ struct GasSupply {
   std::vector<LegSupply> legs;  ///< those that end below the surface; on a rebreather none: `gases` have their ways out
   std::vector<LegSupply> waysOut;  ///< on a rebreather, for each gas of a way out the minute that asks for most of it
   std::optional<Single> neverUp;   ///< the first minute of a rebreather dive whose way out never ends
+  LoopUse loop;                    ///< an estimate that nothing is judged by
   SupplyChoice choice;
   bool metric = true;  ///< volumes are litres, else cubic feet
 

@@ -55,6 +55,16 @@ Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const Advi
           {known(WorkingText(supply, leg, rmv, words))}};
 }
 
+std::string LoopText(const LoopUse& loop, const AdviceWords& words) {
+  if (!(loop.oxygen > 0)) return {};
+  std::string diluents;
+  for (const auto& [gas, volume] : loop.diluents) {
+    diluents += (diluents.empty() ? "" : " + ") + words.Volume(volume) + " " + gas;
+  }
+  return words.T(Text::SupplyOfLoop, {words.Volume(loop.oxygen), diluents,
+                                      words.Volume(kLoopLitres / (words.Metric() ? 1 : kLitresInCubicFoot))});
+}
+
 }  // namespace
 
 std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words) {
@@ -149,6 +159,7 @@ SupplyTables TablesOf(const GasSupply& supply, double rmv, const AdviceWords& wo
        Text::SupplyMinimumGas, Text::SupplyMinimum, Text::SupplyTurnAt, Text::SupplyVerdict, Text::SupplyWorking},
       words));
   for (const LegSupply& leg : legs) tables.legs.push_back(LegRow(supply, leg, rmv, words));
+  tables.note = LoopText(supply.loop, words);
   return tables;
 }
 

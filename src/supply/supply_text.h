@@ -40,6 +40,8 @@ struct SupplyTables {
   Table legs;
   std::string gasTitle;
   std::string legTitle;
+  /// What the loop of a rebreather itself uses, and that it is an estimate.
+  std::string note;
 };
 
 /// Columns of text in them; the others are numbers.

@@ -6,6 +6,7 @@
 #include "dialogs/general_info.h"
 #include "persist/profile_file.h"
 #include "support/program_fixture.h"
+#include "supply/supply_settings.h"
 
 namespace tav {
 namespace {

@@ -116,6 +116,7 @@ TEST(English, StandsInTheTablesAndNotInTheCode) {
       {" is of the wrong kind", "a form and its looks do not match, which the tests find"},
       {" has no w", "a form and its looks do not match, which the tests find"},
       {" has no control", "a form and its looks do not match, which the tests find"},
+      {"lost all", "the name of a column in files for scripts"},
       {"/PageLabels", "an object of a PDF file"},
       {"font-weight", "a style sheet"},
       {"border: 1px", "a style sheet"},

@@ -1,5 +1,6 @@
 #include "app/what_if_form.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -100,7 +101,7 @@ TEST(WhatIfWindow, FollowsThePlanAndTheActiveWindow) {
   EXPECT_EQ(p.platform.modeless.size(), open);
 }
 
-TEST(WhatIfWindow, DrawsTheChosenColumnOverTheGraphWhileItStands) {
+TEST(WhatIfWindow, DrawsTheChosenColumnOverTheGraphUntilItIsCleared) {
   Compared p("wreck.tav");
   frmWhatIf& window = p.Window();
   const std::int16_t document = p.Active();
@@ -117,20 +118,64 @@ TEST(WhatIfWindow, DrawsTheChosenColumnOverTheGraphWhileItStands) {
   window.cbGraph.Select(2);
   EXPECT_FALSE(p.Overlay().empty());
   p.Main().mnuNewProfile.Choose();
-  EXPECT_THAT(p.Look(document).overlay, IsEmpty()) << "another plan is in front";
+  EXPECT_FALSE(p.Look(document).overlay.empty()) << "another plan is in front";
+  EXPECT_THAT(p.Overlay(), IsEmpty());
   p.Main().Activate(document);
-  window.cbGraph.Select(2);
-  EXPECT_FALSE(p.Look(document).overlay.empty());
+  EXPECT_EQ(window.cbGraph.ListIndex, 2);
   window.Command1.Press();
-  EXPECT_THAT(p.Look(document).overlay, IsEmpty());
+  // Without its window the line follows the plan.
+  const auto chosen = p.Overlay();
+  EXPECT_FALSE(chosen.empty());
+  p.Document().Template.GFHigh = 0.7;
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  EXPECT_GT(p.Overlay().back().runTime, chosen.back().runTime);
+  p.Main().mnuWhatIf.Choose();
+  EXPECT_EQ(p.Window().cbGraph.ListIndex, 2);
+  p.Main().mnuClearLine.Choose();
+  EXPECT_THAT(p.Overlay(), IsEmpty());
+  EXPECT_EQ(p.Window().cbGraph.ListIndex, 0);
+}
+
+TEST(WhatIfWindow, ShowsTheColumnsThatArePicked) {
+  Compared p("rebreather.tav");
+  frmWhatIf& window = p.Window();
+  const auto ids = [&] {
+    std::vector<std::string> names;
+    for (const WhatIfColumn& column : p.Window().Columns()) names.push_back(column.PickName());
+    return names;
+  };
+  const auto untick = [&](const char* text) {
+    const auto& items = window.ckPick.Items.Get();
+    const auto item = std::ranges::find(items, text, &CheckList::Item::text);
+    ASSERT_NE(item, items.end()) << text;
+    window.ckPick.Tick(static_cast<int>(item - items.begin()), false);
+  };
+  const auto all = ids();
+  for (const char* text : {"longer", "deeper", "lost Tx21/35", "all deco gases lost", "bail-out"}) untick(text);
+  EXPECT_THAT(ids(), testing::ElementsAre("planned", "both", "lost Oxygen", "lost EAN50"));
+  window.tbFactors.Type("40/85 30/70");
+  const auto picked = testing::ElementsAre("planned", "both", "gf 40/85", "gf 30/70", "lost Oxygen", "lost EAN50");
+  EXPECT_THAT(ids(), picked);
+  for (const char* text : {"40", "85/40", "0/85", "40/200", "40/85/90", "a/b"}) {
+    window.tbFactors.Type(text);
+    EXPECT_EQ(window.tbFactors.ForeColor.Get(), kRed) << text;
+    EXPECT_THAT(ids(), picked) << text;
+  }
+  // What is not shown is remembered.
+  window.Command1.Press();
+  p.Main().mnuWhatIf.Choose();
+  EXPECT_THAT(ids(), testing::ElementsAre("planned", "both", "lost Oxygen", "lost EAN50"));
+  EXPECT_EQ(p.Window().ckPick.Items.Get().size(), 8U);
 }
 
 TEST(WhatIfWindow, CopiesAndPrintsWhatItShows) {
   Compared p("rebreather.tav");
   frmWhatIf& window = p.Window();
   const auto& columns = window.Columns();
-  ASSERT_EQ(columns.back().Id(), "bail-out");
-  EXPECT_EQ(window.fgColumns.Cells.Get()[1].back().text, "at 35 min, 65 m") << "the moment is named";
+  const auto wayOut = std::ranges::find(columns, "bail-out 35", &WhatIfColumn::Id);
+  ASSERT_NE(wayOut, columns.end());
+  EXPECT_EQ(window.fgColumns.Cells.Get()[1][static_cast<std::size_t>(wayOut - columns.begin()) + 1].text,
+            "at 35 min, 65 m");
   window.cbCopy.Press();
   EXPECT_THAT(p.platform.clipboardText, HasSubstr("bail-out"));
   EXPECT_THAT(p.platform.clipboardText, HasSubstr("at 35 min, 65 m"));
@@ -143,7 +188,7 @@ TEST(WhatIfWindow, CopiesAndPrintsWhatItShows) {
     ASSERT_NE(preview, nullptr);
     pages.push_back(preview->getPageMax());
   }
-  EXPECT_THAT(pages, testing::ElementsAre("1", "1", "2"));
+  EXPECT_THAT(pages, testing::ElementsAre("1", "1", "3"));
 }
 
 TEST(SlateCommand, CoversTheDiveOrTheSeries) {

@@ -62,7 +62,7 @@ struct Forms {
     forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
     forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
         services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
-    forms.push_back(std::make_unique<frmWhatIf>(services, reports, [](std::int16_t, const std::vector<PlotPoint>&) {}));
+    forms.push_back(std::make_unique<frmWhatIf>(services, reports, lines));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));
@@ -93,6 +93,7 @@ struct Forms {
   HeadlessProgram program;
   ClassProfile profile;
   LongRuns host;
+  WhatIfLines lines{program.program.Forms(), [](std::int16_t, const std::vector<PlotPoint>&) {}};
   UndoHistory history{program.program.Forms()};
   PrintPreview reports{program.platform.Services(), program.program.Texts()};
   std::vector<std::unique_ptr<Form>> forms;
