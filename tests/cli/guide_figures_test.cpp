@@ -2,6 +2,7 @@
 //   <!-- tavplan ARGUMENTS -->  or  <!-- tavplan ARGUMENTS, lines FROM-TO -->
 // and the rows of a table behind  <!-- figures NAME -->.  To write them anew:
 //   TAV_WRITE_FIGURES=1 build/release/bin/cli_test --gtest_filter='*Guides*'
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -18,6 +19,7 @@
 #include "model/altitude.h"
 #include "model/number_text.h"
 #include "persist/text_file.h"
+#include "supply/gas_supply.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
 
@@ -31,11 +33,11 @@ using Table = std::vector<Lines>;
 
 const fs::path kRoot = SourceFolder();
 
-Lines SplitLines(const std::string& text) {
-  Lines lines;
+Lines Split(const std::string& text, char at = '\n') {
+  Lines parts;
   std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
+  for (std::string part; std::getline(in, part, at);) parts.push_back(part);
+  return parts;
 }
 
 /// What the command line prints in a language, run in the folder of the sources.
@@ -57,7 +59,7 @@ class Planner {
  public:
   Planner(const char* name, const std::map<std::string, std::string>& changes) {
     std::string text;
-    for (const std::string& line : SplitLines(ReadTextFile(kRoot / "template" / name))) {
+    for (const std::string& line : Split(ReadTextFile(kRoot / "template" / name))) {
       const std::string key = line.substr(0, line.find('='));
       const auto change = changes.find(key);
       text += (change == changes.end() ? line : key + "=" + change->second) + "\n";
@@ -232,6 +234,50 @@ Table MixerFigures() {
   return rows;
 }
 
+/// `new` for the 60 m dive of the examples with two stages and a twinset of cylinders of that many litres.
+std::string Twinset(const std::string& litres) {
+  return "new --depth 60 --time 25 --gas Tx18/45 --cylinder Tx18/45:2/" + litres +
+         "/230/50 --cylinder EAN50:1/11/200/30 --cylinder Oxygen:1/3/200/50";
+}
+
+Table TurnFigures() {
+  Table rows;
+  for (const auto& [rule, share] : {std::pair("all", "1"), {"half", "1/2"}, {"thirds", "1/3"}}) {
+    const json plan = json::parse(Printed(Split(Twinset("18") + " --json --turn " + rule, ' ')));
+    const double bar = plan["dives"][0]["gas_supply"]["legs"][0]["turn_pressure"];
+    rows.push_back({share, FormatFixed(bar, 1), FormatFixed(PressureToActBy(bar, true), 0)});
+  }
+  return rows;
+}
+
+std::string MarkOf(const std::string& verdict) {
+  return verdict == "enough" ? "" : verdict.find("reserve") == std::string::npos ? " !!" : " !";
+}
+
+/// "!" stands behind a gas that goes into its reserve, "!!" behind one that runs out.
+Table WhatIfFigures() {
+  const test::ScratchFolder scratch;
+  const std::string file = (scratch.Path() / "twinset.tav").string();
+  Printed(Split(Twinset("12") + " -o " + file, ' '));
+  const json columns = json::parse(Printed({"whatif", file, "--gf", "40/85", "--json"}))["columns"];
+  constexpr std::array kChanges = {"0",        "+5 min",   "+3 m",    "+5 min, +3 m",
+                                   "GF 40/85", "- Oxygen", "- EAN50", "- Oxygen, EAN50"};
+  Table rows;
+  for (const json& column : columns) {
+    Lines cells = {kChanges.at(rows.size()), FormatFixed(column["run_time"].get<double>(), 0),
+                   FormatFixed(column["rows"].back()["total_cns"].get<double>() * 100, 0),
+                   FormatFixed(column["otu"].get<double>(), 0)};
+    for (const char* mix : {"Tx18/45", "EAN50", "Oxygen"}) {
+      std::string& cell = cells.emplace_back();
+      for (const json& gas : column["gas"]) {
+        if (gas["mix"] == mix) cell = FormatFixed(gas["need"].get<double>(), 0) + MarkOf(gas["verdict"]);
+      }
+    }
+    rows.push_back(cells);
+  }
+  return rows;
+}
+
 Table Figures(const std::string& name) {
   static const std::map<std::string, Table> figures = {{"cns", CNSFigures()},
                                                        {"otu", OTUFigures()},
@@ -239,7 +285,9 @@ Table Figures(const std::string& name) {
                                                        {"no-stop-metric", NoStopFiguresMetric()},
                                                        {"no-stop-imperial", NoStopFiguresImperial()},
                                                        {"gradient-factors", GradientFactorFigures()},
-                                                       {"mixer", MixerFigures()}};
+                                                       {"mixer", MixerFigures()},
+                                                       {"turn", TurnFigures()},
+                                                       {"what-if", WhatIfFigures()}};
   return figures.at(name);
 }
 
@@ -278,10 +326,8 @@ Lines Block(const std::string& marker, const Document& document) {
     return block;
   }
   const std::size_t comma = marker.find(", lines ");
-  Lines arguments;
-  std::istringstream words(marker.substr(8, comma == std::string::npos ? comma : comma - 8));
-  for (std::string word; words >> word;) arguments.push_back(word);
-  block = SplitLines(Printed(arguments, document.language));
+  const std::string arguments = marker.substr(8, comma == std::string::npos ? comma : comma - 8);
+  block = Split(Printed(Split(arguments, ' '), document.language));
   if (comma != std::string::npos) {
     const std::string range = marker.substr(comma + 8);
     const auto from = std::stoul(range);
@@ -326,7 +372,7 @@ class Guides : public testing::TestWithParam<Document> {};
 
 TEST_P(Guides, ShowTheFiguresThatTheProgramComputes) {
   const fs::path file = kRoot / GetParam().file;
-  const Lines lines = SplitLines(ReadTextFile(file));
+  const Lines lines = Split(ReadTextFile(file));
   int blocks = 0;
   const Lines renewed = Renewed(lines, GetParam(), blocks);
   EXPECT_GT(blocks, 5);
