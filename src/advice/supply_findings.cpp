@@ -5,6 +5,7 @@
 #include "advice/plan_check.h"
 #include "engine/breathing_gas.h"
 #include "model/text_id.h"
+#include "supply/supply_text.h"
 
 namespace tav::plan_check {
 namespace {
@@ -128,13 +129,12 @@ class SupplyCheck {
     const auto found = std::ranges::find_if(supply_.legs, passes);
     if (found == supply_.legs.end()) return;
     const LegSupply& leg = *found;
-    const double turn = PressureToActBy(*leg.turnPressure, store.gaugeInBar);
-    const Passing at = PassingOf(store.gas, store.carried - turn * store.perPressure);
+    const Passing at = PassingOf(store.gas, store.carried - store.LeftToActBy(*leg.turnLeft));
     context_.findings.push_back(
         {Rule::TurnPassed, Severity::Caution, RowAt(at.time), leg.row,
          words_.T(Text::TurnPassed,
-                  {store.gas, words_.Gauge(turn, store.gaugeInBar), words_.Short(at.time), std::to_string(leg.leg),
-                   words_.Short(leg.runTime), words_.GaugeDown(*store.Pressure(leg.left), store.gaugeInBar)})});
+                  {store.gas, ToActByWords(store, *leg.turnLeft, words_), words_.Short(at.time),
+                   std::to_string(leg.leg), words_.Short(leg.runTime), LeftWords(store, leg.left, words_)})});
   }
 
   [[nodiscard]] std::int16_t RowAt(Single time) const {

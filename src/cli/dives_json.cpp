@@ -31,6 +31,20 @@ constexpr const char* VerdictName(GasVerdict verdict) {
 /// A number, where it is known.
 std::optional<double> Known(bool known, double number) { return known ? std::optional(number) : std::nullopt; }
 
+/// What the gauge of the cylinders that are breathed shows when a volume is left, and, with an "s" to the name, that of
+/// each line of cylinders; both null without them.
+void WritePressures(JsonWriter& json, const std::string& name, const GasStore* store, std::optional<double> left) {
+  if (store == nullptr || !left || !store->HasCylinders()) {
+    json.Member(name, std::nullopt);
+    return json.Member(name + "s", std::nullopt);
+  }
+  const GasStore::Gauges gauges = store->At(*left);
+  json.Member(name, gauges.pressures[gauges.breathed]);
+  json.List(name + "s", [&] {
+    for (const std::optional<double> pressure : gauges.pressures) json.Value(pressure);
+  });
+}
+
 void WriteStore(JsonWriter& json, const GasStore& store) {
   json.Member("mix", store.gas);
   json.List("cylinders", [&] {
@@ -50,9 +64,9 @@ void WriteStore(JsonWriter& json, const GasStore& store) {
   json.Member("reserve", store.reserve);
   json.Member("used", store.used);
   json.Member("need", store.Need());
-  json.Member("left", Known(store.perPressure > 0, store.Left()));
-  json.Member("start_pressure", store.Pressure(store.carried));
-  json.Member("end_pressure", store.Pressure(store.Left()));
+  json.Member("left", Known(store.HasCylinders(), store.Left()));
+  WritePressures(json, "start_pressure", &store, store.carried);
+  WritePressures(json, "end_pressure", &store, store.Left());
   json.Member("enough", !IsShort(store));
   json.Member("verdict", VerdictName(store.verdict));
 }
@@ -64,12 +78,12 @@ void WriteLeg(JsonWriter& json, const GasSupply& supply, const LegSupply& leg) {
   json.Member("depth", leg.depth);
   json.Member("run_time", leg.runTime);
   json.Member("mix", leg.gas);
-  json.Member("left", Known(store != nullptr && store->perPressure > 0, leg.left));
+  json.Member("left", Known(store != nullptr && store->HasCylinders(), leg.left));
   json.Member("sorting_out", leg.sorting);
   json.Member("ascent", Known(leg.decompresses, leg.ascent));
   json.Member("minimum_gas", Known(leg.decompresses, leg.Minimum()));
-  json.Member("minimum_pressure", store != nullptr && leg.decompresses ? store->Pressure(leg.Minimum()) : std::nullopt);
-  json.Member("turn_pressure", leg.turnPressure);
+  WritePressures(json, "minimum_pressure", store, Known(leg.decompresses, leg.Minimum()));
+  WritePressures(json, "turn_pressure", store, leg.turnLeft);
   json.Member("enough", !IsShort(supply, leg));
   json.Member("verdict", VerdictName(supply.VerdictOf(leg)));
 }

@@ -1,7 +1,6 @@
 #include "dialogs/cylinders.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "model/numbers.h"
@@ -11,43 +10,6 @@
 
 namespace tav {
 namespace {
-
-/// Cylinders as divers call them.
-struct Kind {
-  const char* name;
-  std::int16_t count;
-  double size;
-  double rated;  ///< psi; 0 for litres
-  double fill;
-  double reserve;
-};
-
-constexpr std::array<Kind, 18> kKinds{{
-    {"3 l", 1, 3, 0, 200, 20},
-    {"7 l", 1, 7, 0, 200, 20},
-    {"S40 (5.7 l)", 1, 5.7, 0, 207, 20},
-    {"S80 (11.1 l)", 1, 11.1, 0, 207, 20},
-    {"10 l", 1, 10, 0, 200, 50},
-    {"12 l", 1, 12, 0, 200, 50},
-    {"15 l", 1, 15, 0, 200, 50},
-    {"D7 (2 x 7 l)", 2, 7, 0, 200, 50},
-    {"D12 (2 x 12 l)", 2, 12, 0, 200, 50},
-    {"D18 (2 x 18 l)", 2, 18, 0, 200, 50},
-    {"AL40 (40 cu ft)", 1, 40, 3000, 3000, 300},
-    {"AL80 (77.4 cu ft)", 1, 77.4, 3000, 3000, 500},
-    {"LP85", 1, 85, 2640, 2640, 500},
-    {"LP104", 1, 104, 2640, 2640, 500},
-    {"HP100", 1, 100, 3442, 3442, 500},
-    {"HP120", 1, 120, 3442, 3442, 500},
-    {"2 x LP85", 2, 85, 2640, 2640, 700},
-    {"2 x HP100", 2, 100, 3442, 3442, 700},
-}};
-
-std::size_t UsualKind(bool metric) {
-  constexpr std::size_t kTwin12 = 8;
-  constexpr std::size_t kAL80 = 11;
-  return metric ? kTwin12 : kAL80;
-}
 
 /// A caption without the mark of its key.
 std::string Unmarked(std::string caption) {
@@ -82,6 +44,17 @@ void frmCylinders::Wire() {
   fgCylinders.Commit = [this](int row, int column, const std::string& text) { CommitCell(row, column, text); };
   fgCylinders.InsertKey = cbAdd.Click = [this] { cbAdd_Click(); };
   fgCylinders.DeleteKey = cbRemove.Click = [this] { cbRemove_Click(); };
+  cbUp.Click = [this] { MoveRow(-1); };
+  cbDown.Click = [this] { MoveRow(1); };
+  fgCylinders.Wished = [this](Grid::Wish wish) {
+    if (wish == Grid::Wish::MoveUp) MoveRow(-1);
+    if (wish == Grid::Wish::MoveDown) MoveRow(1);
+    if (wish == Grid::Wish::Copy) {
+      platform_.clipboard.SetText(fgCylinders.Text(fgCylinders.SelectedRow, fgCylinders.SelectedColumn));
+    }
+  };
+  fgCylinders.Click = [this] { EnableRowButtons(); };
+  WireSets();
   for (TextBox* field : {&tbTeam, &tbStress, &tbMinutes}) field->Change = [this] { Show(); };
   cmbRule.Click = [this] { Show(); };
   cbOK.Default = true;
@@ -99,6 +72,13 @@ void frmCylinders::Form_Load() {
   const std::pair<Control*, int> captions[] = {{&lbKind, Text::CylindersKind},
                                                {&cbAdd, Text::CylindersAdd},
                                                {&cbRemove, Text::CylindersRemove},
+                                               {&cbUp, Text::CylindersUp},
+                                               {&cbDown, Text::CylindersDown},
+                                               {&lbSet, Text::CylindersSet},
+                                               {&cbTakeSet, Text::CylindersTakeSet},
+                                               {&cbDeleteSet, Text::CylindersDeleteSet},
+                                               {&lbSetName, Text::CylindersSetName},
+                                               {&cbSaveSet, Text::CylindersSaveSet},
                                                {&frTeam, Text::CylindersTrouble},
                                                {&lbTeam, Text::CylindersDivers},
                                                {&lbStress, Text::CylindersFactor},
@@ -112,10 +92,13 @@ void frmCylinders::Form_Load() {
   lbGases.Bold = lbLegs.Bold = true;
   lbFault.ForeColor = kRed;
   FillFields();
-  const std::vector<Cylinder>& cylinders = TemplateOf(document_).Cylinders;
-  std::vector<std::vector<std::string>> rows{{T(Text::InfoGas), T(Text::CylindersCount), T(Text::CylindersSize),
-                                              T(Text::CylindersUnit), T(Text::CylindersRated), T(Text::SupplyFill),
-                                              T(Text::CylindersReserve), T(Text::CylindersBailOut)}};
+  FillSets();
+  PutRows(TemplateOf(document_).Cylinders);
+}
+
+void frmCylinders::PutRows(const std::vector<Cylinder>& cylinders) {
+  std::vector<std::vector<std::string>> rows{{T(Text::InfoGas), T(Text::CylindersCount), "", T(Text::CylindersUnit),
+                                              T(Text::CylindersRated), "", "", T(Text::CylindersBailOut)}};
   rows.reserve(cylinders.size() + 1);
   for (const Cylinder& cylinder : cylinders) rows.push_back(RowOf(cylinder));
   fgCylinders.SetRows(rows);
@@ -123,12 +106,27 @@ void frmCylinders::Form_Load() {
   Show();
 }
 
+void frmCylinders::NameUnits() {
+  bool litres = false;
+  bool cubicFeet = false;
+  for (int row = 1; row < fgCylinders.Rows(); ++row) (InLitres(row) ? litres : cubicFeet) = true;
+  if (litres == cubicFeet && !litres) (TemplateOf(document_).Metric ? litres : cubicFeet) = true;
+  const auto head = [&](Column column, int text, int metric, int imperial) {
+    const std::string between = litres && cubicFeet ? ", " : "";
+    fgCylinders.SetText(0, column,
+                        T(text) + " (" + (litres ? T(metric) : "") + between + (cubicFeet ? T(imperial) : "") + ")");
+  };
+  head(Size, Text::CylindersSize, Text::Litres, Text::CubicFeet);
+  head(Fill, Text::SupplyFill, Text::Bar, Text::Psi);
+  head(Reserve, Text::CylindersReserve, Text::Bar, Text::Psi);
+}
+
 void frmCylinders::FillFields() {
   std::vector<std::string> kinds;
-  kinds.reserve(kKinds.size());
-  for (const Kind& kind : kKinds) kinds.push_back(Written(kind.name));
+  kinds.reserve(UsualCylinders().size());
+  for (const UsualCylinder& kind : UsualCylinders()) kinds.push_back(Written(kind.name));
   cmbKind.Items = kinds;
-  cmbKind.ListIndex = static_cast<int>(UsualKind(TemplateOf(document_).Metric));
+  cmbKind.ListIndex = static_cast<int>(UsualCylinderOf(TemplateOf(document_).Metric));
   const SupplyChoice choice = SupplyChoiceOf(TemplateOf(document_));
   tbTeam.Text = std::to_string(choice.team);
   tbStress.Text = Plain(choice.stress);
@@ -193,13 +191,24 @@ Cylinder frmCylinders::ReadRow(int row, Fault& fault) const {
   return cylinder;
 }
 
+bool frmCylinders::IsGasOfPlan(const std::string& gas) const {
+  const DiveTemplate& settings = TemplateOf(document_);
+  return FindBlend(gas, settings) ||
+         std::ranges::find(settings.Cylinders, gas, &Cylinder::Gas) != settings.Cylinders.end();
+}
+
 std::string frmCylinders::ReadRows(std::vector<Cylinder>& cylinders) {
   std::string first;
+  auto cells = fgCylinders.Cells.Get();
   for (int row = 1; row < fgCylinders.Rows(); ++row) {
     Fault fault;
     const Cylinder cylinder = ReadRow(row, fault);
+    if (fault.column < 0 && !IsGasOfPlan(cylinder.Gas)) fault = {Gas, T(Text::CylindersChooseGas)};
     for (int column = 0; column < fgCylinders.Columns(); ++column) {
-      fgCylinders.SetColour(row, column, column == fault.column ? kRed : -1);
+      GridCell& cell = cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+      const bool faulty = column == fault.column;
+      cell.colour = faulty ? kRed : -1;
+      cell.fault = faulty ? fault.reason : "";
     }
     if (fault.column < 0) {
       cylinders.push_back(cylinder);
@@ -207,6 +216,7 @@ std::string frmCylinders::ReadRows(std::vector<Cylinder>& cylinders) {
       first = T(Text::CylindersFault, {std::to_string(row), fgCylinders.Text(0, fault.column), fault.reason});
     }
   }
+  fgCylinders.Cells = cells;
   return first;
 }
 
@@ -236,6 +246,7 @@ std::string frmCylinders::ReadAll(std::vector<Cylinder>& cylinders, SupplyChoice
 void frmCylinders::Show() {
   std::vector<Cylinder> cylinders;
   SupplyChoice choice;
+  NameUnits();
   std::string fault = ReadAll(cylinders, choice);
   const DiveTemplate& settings = TemplateOf(document_);
   const GasSupply supply = SupplyOf(services_.forms(document_).Planned(), choice, cylinders);
@@ -244,8 +255,27 @@ void frmCylinders::Show() {
   fgSupply.Cells = tables.gases;
   fgLegs.Cells = tables.legs;
   if (fault.empty() && !cylinders.empty() && !supply.IsTold()) fault = T(Text::CylindersNoRows);
-  lbFault.Caption = fault;
-  cbRemove.Enabled = fgCylinders.Rows() > 1;
+  lbFault.Caption = fault.empty() ? setsFault_ : fault;
+  EnableRowButtons();
+  EnableSetButtons(static_cast<int>(cylinders.size()) == fgCylinders.Rows() - 1);
+}
+
+void frmCylinders::EnableRowButtons() {
+  const int last = fgCylinders.Rows() - 1;
+  cbRemove.Enabled = last > 0;
+  cbUp.Enabled = fgCylinders.SelectedRow > 1 && fgCylinders.SelectedRow <= last;
+  cbDown.Enabled = fgCylinders.SelectedRow > 0 && fgCylinders.SelectedRow < last;
+}
+
+void frmCylinders::MoveRow(int by) {
+  const int row = fgCylinders.SelectedRow;
+  if (row < 1 || row + by < 1 || std::max(row, row + by) >= fgCylinders.Rows()) return;
+  auto cells = fgCylinders.Cells.Get();
+  std::swap(cells[static_cast<std::size_t>(row)], cells[static_cast<std::size_t>(row + by)]);
+  fgCylinders.Cells = cells;
+  fgCylinders.SelectCell(row + by, fgCylinders.SelectedColumn);
+  fgCylinders.SetFocus();
+  Show();
 }
 
 std::string frmCylinders::MissingGas() const {
@@ -266,8 +296,7 @@ std::string frmCylinders::MissingGas() const {
 
 void frmCylinders::cbAdd_Click() {
   const int index = cmbKind.ListIndex;
-  const Kind& kind = kKinds.at(index < 0 ? 0 : static_cast<std::size_t>(index));
-  fgCylinders.AddRow(RowOf({MissingGas(), kind.count, kind.size, kind.rated, kind.fill, kind.reserve, false}));
+  fgCylinders.AddRow(RowOf(UsualCylinders()[static_cast<std::size_t>(std::max(0, index))].With(MissingGas())));
   fgCylinders.SelectCell(fgCylinders.Rows() - 1, Gas);
   fgCylinders.SetFocus();
   Show();

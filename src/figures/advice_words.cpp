@@ -1,7 +1,5 @@
 #include "figures/advice_words.h"
 
-#include <cmath>
-
 #include "model/numbers.h"
 #include "model/text_id.h"
 
@@ -14,10 +12,6 @@ std::string AdviceWords::PPO2(double ppo2) const { return Fixed(ppo2, 2) + " " +
 std::string AdviceWords::Volume(double volume) const { return Fixed(volume, metric_ ? 0 : 1) + " " + VolumeUnit(); }
 std::string AdviceWords::Gauge(double pressure, bool inBar) const {
   return Fixed(pressure, 0) + " " + GaugeUnit(inBar);
-}
-std::string AdviceWords::GaugeDown(double pressure, bool inBar) const {
-  constexpr double kNoise = 1e-3;
-  return Gauge(std::floor(pressure + kNoise), inBar);
 }
 std::string AdviceWords::GaugeUnit(bool inBar) const { return T(inBar ? Text::Bar : Text::Psi); }
 std::string AdviceWords::LengthUnit() const { return T(metric_ ? Text::Metres : Text::Feet); }

@@ -33,8 +33,6 @@ class AdviceWords {
   [[nodiscard]] std::string Volume(double volume) const;
   /// "187 bar", "2700 psi", for a gauge in bar or psi.
   [[nodiscard]] std::string Gauge(double pressure, bool inBar) const;
-  /// The same rounded down: what is left is never told to be more than it is.
-  [[nodiscard]] std::string GaugeDown(double pressure, bool inBar) const;
   [[nodiscard]] std::string GaugeUnit(bool inBar) const;
   [[nodiscard]] std::string LengthUnit() const;
   [[nodiscard]] std::string PressureUnit() const;

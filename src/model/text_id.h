@@ -1246,6 +1246,22 @@ constexpr int WhatIfFactors = 8660;
 constexpr int WhatIfPick = 8661;
 constexpr int MenuClearLine = 8662;
 constexpr int SupplyOfLoop = 8663;
+constexpr int SupplyPressureIn = 8640;
+constexpr int CylindersSet = 8641;
+constexpr int CylindersTakeSet = 8642;
+constexpr int CylindersSaveSet = 8643;
+constexpr int CylindersDeleteSet = 8644;
+constexpr int CylindersSetName = 8645;
+constexpr int CylindersUp = 8646;
+constexpr int CylindersDown = 8647;
+constexpr int CylindersChooseGas = 8648;
+constexpr int CylinderSetsBroken = 8649;
+constexpr int CylindersReplaceSet = 8650;
+constexpr int CylindersDropSet = 8651;
+constexpr int SetOfTwinset = 8652;
+constexpr int SetOfSingle = 8653;
+constexpr int SetOfBailOut = 8654;
+constexpr int CylinderSetNoName = 8655;
 
 // Between the rows: gradients in use, leaving now
 constexpr int GF99 = 8700;

@@ -12,8 +12,8 @@ std::string TurnText(const PlannedDive& dive, const AdviceWords& words) {
   for (const LegSupply& leg : supply.legs) {
     if (deepest == nullptr || leg.depth >= deepest->depth) deepest = &leg;
   }
-  if (deepest == nullptr || !deepest->turnPressure) return {};
-  return ToActByText(*supply.Of(deepest->gas), deepest->turnPressure, words);
+  if (deepest == nullptr || !deepest->turnLeft) return {};
+  return ToActByText(*supply.Of(deepest->gas), deepest->turnLeft, words);
 }
 
 namespace {

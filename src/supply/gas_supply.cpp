@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
 #include <stdexcept>
 
 #include "compute/compute_profile.h"
@@ -51,15 +52,17 @@ class Stores {
     for (const Cylinder& cylinder : cylinders_) {
       if (cylinder.Gas != store.gas) continue;
       store.cylinders.push_back(cylinder);
+      GasStore::Line& line = store.lines.emplace_back();
       if (!cylinder.BailOut && IsDiluent(store.gas)) continue;
       (cylinder.InLitres() ? bar : psi) = true;
-      const double perPressure = GasPerPressure(cylinder, metric);
-      store.perPressure += perPressure;
-      store.carried += perPressure * PressureIn(metric, cylinder, cylinder.Fill);
-      store.reserve += perPressure * PressureIn(metric, cylinder, cylinder.Reserve);
+      line.perPressure = GasPerPressure(cylinder, metric);
+      line.carried = line.perPressure * PressureIn(metric, cylinder, cylinder.Fill);
+      line.reserve = line.perPressure * PressureIn(metric, cylinder, cylinder.Reserve);
+      store.carried += line.carried;
+      store.reserve += line.reserve;
     }
     store.gaugeInBar = bar == psi ? metric : bar;
-    store.perPressure /= GaugePressure(1, metric, store.gaugeInBar);
+    for (GasStore::Line& line : store.lines) line.perPressure /= GaugePressure(1, metric, store.gaugeInBar);
   }
 
   /// A gas that legs on the loop are dived with.
@@ -97,9 +100,9 @@ class Stores {
       store.verdict = GasVerdict::UnknownGas;
     } else if (!(store.Need() > 0)) {
       store.verdict = GasVerdict::NotBreathed;
-    } else if (store.perPressure == 0 && IsDiluent(store.gas) && !(store.used > 0)) {
+    } else if (!store.HasCylinders() && IsDiluent(store.gas) && !(store.used > 0)) {
       store.verdict = GasVerdict::NotTold;
-    } else if (store.perPressure == 0) {
+    } else if (!store.HasCylinders()) {
       store.verdict = GasVerdict::NoCylinder;
       FindRow(store, 0);
     } else if (store.ShownLeft(settings_.Metric) < -kNoise) {
@@ -214,7 +217,7 @@ void HoldAgainstStore(LegSupply& leg, const GasStore& store, TurnRule rule) {
   if (!leg.decompresses) return;
   const double kept = std::max(leg.Minimum(), store.reserve);
   if (kept <= store.carried) {
-    leg.turnPressure = store.Pressure(store.carried - (store.carried - kept) * ShareOf(rule));
+    leg.turnLeft = store.carried - (store.carried - kept) * ShareOf(rule);
   }
 }
 
@@ -266,6 +269,49 @@ double PressureToActBy(double pressure, bool inBar) {
   return std::ceil((pressure - kNoise) / step) * step;
 }
 
+bool GasStore::HasCylinders() const { return std::ranges::any_of(lines, &Line::Counts); }
+
+GasStore::Gauges GasStore::At(double left) const {
+  std::vector<double> held;
+  held.reserve(lines.size());
+  for (const Line& line : lines) held.push_back(line.carried);
+  std::size_t end = lines.size();
+  while (end > 0 && !lines[end - 1].Counts()) --end;
+  const auto breathe = [&]() -> std::size_t {
+    for (const bool reserves : {false, true}) {
+      for (std::size_t i = 0; i < end; ++i) {
+        if (!lines[i].Counts()) continue;
+        held[i] = 0;
+        const double rest = left - std::accumulate(held.begin(), held.end(), 0.0);
+        const double least = reserves ? 0 : lines[i].reserve;
+        held[i] = rest;
+        if (rest >= least - kNoise || (reserves && i + 1 == end)) return i;
+        held[i] = least;
+      }
+    }
+    return 0;
+  };
+  Gauges gauges;
+  gauges.breathed = breathe();
+  gauges.pressures.reserve(lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    gauges.pressures.push_back(lines[i].Counts() ? std::optional(held[i] / lines[i].perPressure) : std::nullopt);
+  }
+  return gauges;
+}
+
+double GasStore::LeftToActBy(double left) const {
+  const Gauges gauges = At(left);
+  const double pressure = gauges.pressures.at(gauges.breathed).value_or(0);
+  return left + (PressureToActBy(pressure, gaugeInBar) - pressure) * lines[gauges.breathed].perPressure;
+}
+
+std::optional<double> GasStore::Pressure(double left) const {
+  if (!HasCylinders()) return std::nullopt;
+  const Gauges gauges = At(left);
+  return gauges.pressures[gauges.breathed];
+}
+
 const GasStore* GasSupply::Of(const std::string& gas) const {
   const auto found = std::ranges::find(gases, gas, &GasStore::gas);
   return found == gases.end() ? nullptr : &*found;
@@ -273,7 +319,7 @@ const GasStore* GasSupply::Of(const std::string& gas) const {
 
 double GasSupply::ShownLeft(const LegSupply& leg) const {
   const GasStore* store = Of(leg.gas);
-  if (store == nullptr || store->perPressure == 0) return 0;
+  if (store == nullptr || !store->HasCylinders()) return 0;
   return ShownVolume(store->carried, metric) - ShownVolume(leg.used, metric);
 }
 
@@ -281,7 +327,7 @@ GasVerdict GasSupply::VerdictOf(const LegSupply& leg) const {
   const GasStore* store = Of(leg.gas);
   if (!leg.decompresses) return GasVerdict::RunsOut;
   if (store == nullptr) return GasVerdict::NoCylinder;
-  if (store->perPressure == 0) return store->cylinders.empty() ? GasVerdict::NoCylinder : GasVerdict::NotTold;
+  if (!store->HasCylinders()) return store->cylinders.empty() ? GasVerdict::NoCylinder : GasVerdict::NotTold;
   const double left = ShownLeft(leg) - (leg.turns ? 0 : leg.ShownMinimum(metric));
   if (ShownLeft(leg) < leg.ShownMinimum(metric) - kNoise) return GasVerdict::RunsOut;
   return left < ShownVolume(store->reserve, metric) - kNoise ? GasVerdict::IntoReserve : GasVerdict::Enough;
@@ -289,8 +335,7 @@ GasVerdict GasSupply::VerdictOf(const LegSupply& leg) const {
 
 bool GasSupply::PassesTurn(const LegSupply& leg) const {
   const GasStore* store = Of(leg.gas);
-  if (store == nullptr || !leg.turnPressure) return false;
-  return *store->Pressure(leg.left) < PressureToActBy(*leg.turnPressure, store->gaugeInBar) - kNoise;
+  return store != nullptr && leg.turnLeft && leg.left < store->LeftToActBy(*leg.turnLeft) - kNoise;
 }
 
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,

@@ -34,14 +34,27 @@ double ShownVolume(double volume, bool metric);
 double PressureToActBy(double pressure, bool inBar);
 
 /// One gas: what is carried and what the plan asks for of it. On a rebreather that is what the dearest minute to leave
-/// the loop asks for; of the diluent only cylinders count that are told as bail-out. Several cylinders of one gas are
-/// one supply, as if joined by a manifold: their pressures are those after evening out. Pressures are in the unit of
-/// its gauges, that of the plan where they differ.
+/// the loop asks for; of the diluent only cylinders count that are told as bail-out. Volumes of one gas are one supply;
+/// pressures are those of each line of cylinders, in the unit of their gauges, that of the plan where they differ. A
+/// line of several cylinders is joined by a manifold and evens out.
 struct GasStore {
+  /// What a line of cylinders holds; nothing for one that does not count.
+  struct Line {
+    double perPressure = 0;  ///< volume for each bar or psi
+    double carried = 0;
+    double reserve = 0;
+    [[nodiscard]] bool Counts() const { return perPressure > 0; }
+  };
+  /// What the gauges show: a pressure for each line, nothing for one that does not count.
+  struct Gauges {
+    std::vector<std::optional<double>> pressures;
+    std::size_t breathed = 0;  ///< the line that is breathed there
+  };
+
   std::string gas;
-  std::vector<Cylinder> cylinders;
+  std::vector<Cylinder> cylinders;  ///< in their order of use
+  std::vector<Line> lines;          ///< of the cylinders
   bool gaugeInBar = true;
-  double perPressure = 0;  ///< volume for each bar or psi; 0 without cylinders
   double carried = 0;
   double reserve = 0;
   double used = 0;                     ///< by the plan as it goes
@@ -58,10 +71,16 @@ struct GasStore {
   [[nodiscard]] double ShownLeft(bool metric) const {
     return ShownVolume(carried, metric) - ShownVolume(Need(), metric);
   }
-  /// A volume as a pressure of its cylinders; nothing without cylinders.
-  [[nodiscard]] std::optional<double> Pressure(double volume) const {
-    return perPressure > 0 ? std::optional(volume / perPressure) : std::nullopt;
-  }
+  /// Any that count.
+  [[nodiscard]] bool HasCylinders() const;
+  /// The gauges when a volume is left. Each line is breathed down to its reserve, then the next one; when all are
+  /// there, the reserves in the same order. What is more than all is told as the first one's, what is lacking as that
+  /// of the last one, below 0.
+  [[nodiscard]] Gauges At(double left) const;
+  /// What the gauge of the line that is breathed then shows; nothing without cylinders.
+  [[nodiscard]] std::optional<double> Pressure(double left) const;
+  /// What is left when that gauge shows its pressure to act by; there must be cylinders.
+  [[nodiscard]] double LeftToActBy(double left) const;
 };
 
 /// What must be left at the end of a leg, or at the moment at which a loop is left, and when to turn. The way up is
@@ -72,15 +91,16 @@ struct LegSupply {
   std::int16_t row = 0;  ///< where it ends
   Single depth;
   Single runTime;
-  std::string gas;                     ///< breathed there
-  double ambient = 0;                  ///< bar or atmospheres
-  double sorting = 0;                  ///< volume of the minutes at depth, for the whole team
-  double ascent = 0;                   ///< volume of the way up on this gas, for the whole team
-  bool turns = true;                   ///< the gas is breathed up to there; else it is bail-out, untouched
-  bool decompresses = true;            ///< else the way up never ends, and no gas is enough
-  double left = 0;                     ///< what the plan leaves of the gas there; 0 without cylinders
-  double used = 0;                     ///< of the gas up to there
-  std::optional<double> turnPressure;  ///< nothing without cylinders, and from a loop, which uses none of it
+  std::string gas;                 ///< breathed there
+  double ambient = 0;              ///< bar or atmospheres
+  double sorting = 0;              ///< volume of the minutes at depth, for the whole team
+  double ascent = 0;               ///< volume of the way up on this gas, for the whole team
+  bool turns = true;               ///< the gas is breathed up to there; else it is bail-out, untouched
+  bool decompresses = true;        ///< else the way up never ends, and no gas is enough
+  double left = 0;                 ///< what the plan leaves of the gas there; 0 without cylinders
+  double used = 0;                 ///< of the gas up to there
+  std::optional<double> turnLeft;  ///< what is left when to turn; nothing without cylinders, and from a loop, which
+                                   ///< uses none of it
 
   /// team x stress x RMV x (minutes at depth + the way up)
   [[nodiscard]] double Minimum() const { return sorting + ascent; }

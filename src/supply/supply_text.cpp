@@ -1,11 +1,14 @@
 #include "supply/supply_text.h"
 
+#include <cmath>
+
 #include "model/text_id.h"
 
 namespace tav {
 namespace {
 
 const std::string kNothing = "--";
+constexpr double kNoise = 1e-3;  // bar or psi
 
 using Row = std::vector<GridCell>;
 
@@ -20,27 +23,67 @@ Row Heads(const std::vector<int>& ids, const AdviceWords& words) {
   return row;
 }
 
-std::string PressureText(const GasStore* store, std::optional<double> pressure, const AdviceWords& words) {
-  return store != nullptr && pressure ? words.Gauge(*pressure, store->gaugeInBar) : kNothing;
+std::string CylinderText(const Cylinder& cylinder, const AdviceWords& words) {
+  return (cylinder.Count > 1 ? std::to_string(cylinder.Count) + " x " : "") + words.Short(cylinder.Size) + " " +
+         words.T(cylinder.InLitres() ? Text::Litres : Text::CubicFeet);
+}
+
+std::string Joined(const std::vector<std::string>& texts, const std::string& between) {
+  std::string text;
+  for (const std::string& next : texts) text += (text.empty() ? "" : between) + next;
+  return text;
+}
+
+/// A pressure as it is told; `breathed` is that of the line that is breathed there.
+using Rounding = double (*)(double pressure, bool breathed, bool inBar);
+double AsItIs(double pressure, bool /*breathed*/, bool /*inBar*/) { return pressure; }
+double Down(double pressure, bool /*breathed*/, bool /*inBar*/) { return std::floor(pressure + kNoise); }
+double ToActBy(double pressure, bool breathed, bool inBar) {
+  return breathed ? PressureToActBy(pressure, inBar) : std::ceil(pressure - kNoise);
+}
+
+std::string GaugesText(const GasStore& store, double left, Rounding rounded, const AdviceWords& words) {
+  if (!store.HasCylinders()) return kNothing;
+  const GasStore::Gauges gauges = store.At(left);
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < gauges.pressures.size(); ++i) {
+    const std::optional<double> pressure = gauges.pressures[i];
+    texts.push_back(pressure ? words.Fixed(rounded(*pressure, i == gauges.breathed, store.gaugeInBar), 0) : kNothing);
+  }
+  return Joined(texts, " / ") + " " + words.GaugeUnit(store.gaugeInBar);
+}
+
+/// The same with the cylinders named where they are not those of one line.
+std::string GaugesWords(const GasStore& store, double left, Rounding rounded, const AdviceWords& words) {
+  if (store.lines.size() == 1) return GaugesText(store, left, rounded, words);
+  const GasStore::Gauges gauges = store.At(left);
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < gauges.pressures.size(); ++i) {
+    if (!gauges.pressures[i]) continue;
+    const double pressure = rounded(*gauges.pressures[i], i == gauges.breathed, store.gaugeInBar);
+    texts.push_back(words.T(Text::SupplyPressureIn,
+                            {words.Gauge(pressure, store.gaugeInBar), CylinderText(store.cylinders[i], words)}));
+  }
+  return Joined(texts, " + ");
 }
 
 Row GasRow(const GasStore& store, const AdviceWords& words) {
   const bool isShort = IsShort(store);
-  const bool hasCylinders = store.perPressure > 0;
+  const bool hasCylinders = store.HasCylinders();
   const auto held = [&](const std::string& text) { return hasCylinders ? text : kNothing; };
   return {Marked(store.gas, isShort),
           {CylindersText(store, words)},
-          {PressureText(&store, store.Pressure(store.carried), words)},
+          {GaugesText(store, store.carried, AsItIs, words)},
           {held(words.Volume(store.carried))},
           {words.Volume(store.Need())},
           {held(words.Volume(store.ShownLeft(words.Metric())))},
-          Marked(hasCylinders ? words.GaugeDown(*store.Pressure(store.Left()), store.gaugeInBar) : kNothing, isShort),
+          Marked(GaugesText(store, store.Left(), Down, words), isShort),
           Marked(VerdictText(store, words), isShort)};
 }
 
 Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
   const GasStore* store = supply.Of(leg.gas);
-  const bool hasCylinders = store != nullptr && store->perPressure > 0;
+  const bool hasCylinders = store != nullptr && store->HasCylinders();
   const bool isShort = IsShort(supply, leg);
   const auto known = [&](const std::string& text) { return leg.decompresses ? text : kNothing; };
   return {{std::to_string(leg.leg)},
@@ -49,8 +92,8 @@ Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const Advi
           {leg.gas},
           {hasCylinders ? words.Volume(supply.ShownLeft(leg)) : kNothing},
           Marked(known(words.Volume(leg.ShownMinimum(supply.metric))), isShort),
-          Marked(known(hasCylinders ? ToActByText(*store, store->Pressure(leg.Minimum()), words) : kNothing), isShort),
-          {hasCylinders ? ToActByText(*store, leg.turnPressure, words) : kNothing},
+          Marked(known(hasCylinders ? ToActByText(*store, leg.Minimum(), words) : kNothing), isShort),
+          {hasCylinders ? ToActByText(*store, leg.turnLeft, words) : kNothing},
           Marked(VerdictText(supply, leg, words), isShort),
           {known(WorkingText(supply, leg, rmv, words))}};
 }
@@ -67,19 +110,22 @@ std::string LoopText(const LoopUse& loop, const AdviceWords& words) {
 
 }  // namespace
 
-std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words) {
-  if (!pressure) return kNothing;
-  return words.Gauge(PressureToActBy(*pressure, store.gaugeInBar), store.gaugeInBar);
+std::string ToActByText(const GasStore& store, std::optional<double> left, const AdviceWords& words) {
+  return left ? GaugesText(store, *left, ToActBy, words) : kNothing;
+}
+
+std::string ToActByWords(const GasStore& store, double left, const AdviceWords& words) {
+  return GaugesWords(store, left, ToActBy, words);
+}
+
+std::string LeftWords(const GasStore& store, double left, const AdviceWords& words) {
+  return GaugesWords(store, left, Down, words);
 }
 
 std::string CylindersText(const GasStore& store, const AdviceWords& words) {
-  std::string text;
-  for (const Cylinder& cylinder : store.cylinders) {
-    if (!text.empty()) text += " + ";
-    if (cylinder.Count > 1) text += std::to_string(cylinder.Count) + " x ";
-    text += words.Short(cylinder.Size) + " " + words.T(cylinder.InLitres() ? Text::Litres : Text::CubicFeet);
-  }
-  return text.empty() ? kNothing : text;
+  std::vector<std::string> texts;
+  for (const Cylinder& cylinder : store.cylinders) texts.push_back(CylinderText(cylinder, words));
+  return texts.empty() ? kNothing : Joined(texts, " + ");
 }
 
 bool IsShort(GasVerdict verdict) {

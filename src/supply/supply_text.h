@@ -22,8 +22,13 @@ bool IsShort(GasVerdict verdict);
 bool IsShort(const GasStore& store);
 bool IsShort(const GasSupply& supply, const LegSupply& leg);
 
-/// A pressure to act by as it is printed (PressureToActBy).
-std::string ToActByText(const GasStore& store, std::optional<double> pressure, const AdviceWords& words);
+/// What the gauges show when a volume is left, of all lines of cylinders in their order of use: "50 / 110 bar". That of
+/// the breathed one is a pressure to act by (PressureToActBy).
+std::string ToActByText(const GasStore& store, std::optional<double> left, const AdviceWords& words);
+/// The same as a sentence says it: "50 bar in 2 x 12 l + 110 bar in 7 l".
+std::string ToActByWords(const GasStore& store, double left, const AdviceWords& words);
+/// And what is left of the gas, rounded down.
+std::string LeftWords(const GasStore& store, double left, const AdviceWords& words);
 
 /// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.013 bar x 2 min = 1122 l, + ascent 1240 l".
 /// The product and the sum are those of the figures that stand there. `rmv` is that of the template.

@@ -288,7 +288,7 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
     }
     const AdviceWords words(plans_.texts, {".", ""}, true);
     const std::string turn = TurnText(window.Planned(), words);
-    EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnPressure);
+    EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnLeft);
   }
   // A gas without a cylinder, where others have one, is short.
   DiveTemplate settings = plans_.documents(0).Template;

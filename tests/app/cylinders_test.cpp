@@ -108,11 +108,13 @@ TEST(CylinderDialog, MarksWhatCanNotBeAndRefusesIt) {
     int column;
     const char* text;
     const char* fault;
-  } const cases[] = {
-      {kCount, "0", "Line 1, Count: must be 1 to 99"},        {kCount, "1.5", "Line 1, Count: must be 1 to 99"},
-      {kCount, "two", "Line 1, Count: must be 1 to 99"},      {kSize, "0", "Line 1, Size: must be 0.1 to 1000"},
-      {kFill, "1001", "Line 1, Fill: must be 0 to 1000"},     {kFill, "", "Line 1, Fill: must be 0 to 1000"},
-      {kReserve, "201", "Line 1, Reserve: is above the fill"}};
+  } const cases[] = {{kCount, "0", "Line 1, Count: must be 1 to 99"},
+                     {kCount, "1.5", "Line 1, Count: must be 1 to 99"},
+                     {kCount, "two", "Line 1, Count: must be 1 to 99"},
+                     {kSize, "0", "Line 1, Size (l): must be 0.1 to 1000"},
+                     {kFill, "1001", "Line 1, Fill (bar): must be 0 to 1000"},
+                     {kFill, "", "Line 1, Fill (bar): must be 0 to 1000"},
+                     {kReserve, "201", "Line 1, Reserve (bar): is above the fill"}};
   for (const auto& c : cases) {
     Planned plan;
     plan.Dialog([&](frmCylinders& dialog) {
@@ -134,6 +136,86 @@ TEST(CylinderDialog, MarksWhatCanNotBeAndRefusesIt) {
     EXPECT_EQ(dialog.tbStress.ForeColor.Get(), kRed);
     dialog.cbOK.Press();
     EXPECT_TRUE(dialog.IsLoaded());
+  });
+}
+
+std::vector<std::string> Column(const frmCylinders& dialog, int column) {
+  std::vector<std::string> texts;
+  for (int row = 1; row < dialog.fgCylinders.Rows(); ++row) texts.push_back(dialog.fgCylinders.Text(row, column));
+  return texts;
+}
+
+void ChooseSet(frmCylinders& dialog, const std::string& name) {
+  const auto& sets = dialog.cmbSet.Items.Get();
+  dialog.cmbSet.Select(static_cast<int>(std::ranges::find(sets, name) - sets.begin()));
+}
+
+TEST(CylinderDialog, TakesSetsWhoseGasesThePlanLacksAreToBeChosen) {
+  Planned plan;
+  std::erase_if(plan.p.Document().Template.Blends, [](const GasMix& mix) { return mix.Name == "EAN50"; });
+  plan.Dialog([&](frmCylinders& dialog) {
+    ChooseSet(dialog, "Twinset with two stages");
+    dialog.cbTakeSet.Press();
+    EXPECT_THAT(Column(dialog, 0), ElementsAre("", "EAN50", "Oxygen"));
+    EXPECT_THAT(Column(dialog, kSize), ElementsAre("12", "11.1", "5.7"));
+    EXPECT_EQ(dialog.lbFault.Caption.Get(), "Line 1, Gas: choose a gas of the plan");
+    const auto& cells = dialog.fgCylinders.Cells.Get();
+    EXPECT_EQ(cells[1][0].fault, "choose a gas of the plan");
+    EXPECT_EQ(cells[2][0].colour, kRed);
+    EXPECT_EQ(cells[3][0].colour, -1);
+    EXPECT_EQ(dialog.fgSupply.Cells.Get().size(), 2U) << "only the oxygen is carried";
+    EXPECT_FALSE(dialog.cbDeleteSet.Enabled || dialog.cbSaveSet.Enabled);
+    dialog.cbOK.Press();
+    EXPECT_TRUE(dialog.IsLoaded());
+    dialog.fgCylinders.Edit(1, 0, "Air");
+    dialog.fgCylinders.Edit(2, 0, "EAN32");
+    EXPECT_EQ(dialog.lbFault.Caption.Get(), "");
+    dialog.tbSetName.Type(" Wreck ");
+    dialog.cbSaveSet.Press();
+    EXPECT_EQ(dialog.cmbSet.Text(), "Wreck");
+    dialog.cbCancel.Press();
+  });
+  EXPECT_TRUE(plan.Cylinders().empty());
+  plan.p.platform.settings[{"CylinderSets", "Cylinder3"}] = "Oxygen: 1/";
+  plan.Dialog([&](frmCylinders& dialog) {
+    EXPECT_THAT(dialog.lbFault.Caption.Get(), HasSubstr("entry 3: "));
+    ChooseSet(dialog, "Wreck");
+    dialog.cbTakeSet.Press();
+    EXPECT_THAT(Column(dialog, 0), ElementsAre("Air", "EAN32"));
+    dialog.fgCylinders.Edit(1, kFill, "232");
+    plan.p.platform.answers = {BoxAnswer::No, BoxAnswer::Yes};
+    dialog.cbSaveSet.Press();
+    EXPECT_EQ(plan.p.platform.LastBox().text, "There is a set \"Wreck\" already. Replace it?");
+    EXPECT_THAT(plan.p.platform.settings.at({"CylinderSets", "Cylinder1"}), HasSubstr("200"));
+    dialog.cbSaveSet.Press();
+    EXPECT_THAT(plan.p.platform.settings.at({"CylinderSets", "Cylinder1"}), HasSubstr("232"));
+    EXPECT_EQ(dialog.lbFault.Caption.Get(), "");
+    plan.p.platform.answers = {BoxAnswer::Yes};
+    dialog.cbDeleteSet.Press();
+    EXPECT_EQ(dialog.cmbSet.Items.Get().size(), 3U);
+    dialog.cbOK.Press();
+  });
+  EXPECT_EQ(plan.Cylinders().size(), 2U);
+}
+
+TEST(CylinderDialog, MovesARowInTheOrderOfUseAndNamesTheUnits) {
+  Planned plan;
+  plan.Cylinders() = {{"Air", 1, 12, 0, 200, 50}, {"EAN50", 1, 7, 0, 200, 20}, {"Air", 1, 77.4, 3000, 3000, 500}};
+  plan.Dialog([](frmCylinders& dialog) {
+    const Grid& grid = dialog.fgCylinders;
+    EXPECT_EQ(grid.Text(0, kSize) + ", " + grid.Text(0, kFill), "Size (l, cu ft), Fill (bar, psi)");
+    EXPECT_FALSE(dialog.cbUp.Enabled);
+    dialog.fgCylinders.Select(3, kSize);
+    EXPECT_FALSE(dialog.cbDown.Enabled);
+    dialog.cbUp.Press();
+    grid.Ask(Grid::Wish::MoveUp);
+    grid.Ask(Grid::Wish::MoveUp);  // it is the first by now
+    EXPECT_EQ(grid.SelectedRow, 1);
+    EXPECT_THAT(Column(dialog, kSize), ElementsAre("77.4", "12", "7"));
+    EXPECT_EQ(dialog.fgSupply.Cells.Get()[1][1].text, "77.4 cu ft + 12 l");
+    dialog.cbRemove.Press();
+    EXPECT_EQ(grid.Text(0, kReserve), "Reserve (bar)");
+    dialog.cbCancel.Press();
   });
 }
 

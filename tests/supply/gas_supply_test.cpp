@@ -9,6 +9,7 @@
 #include "compute/bailout_cuts.h"
 #include "compute/breathed_gas.h"
 #include "headless/headless_platform.h"
+#include "supply/cylinder_sets.h"
 #include "supply/supply_settings.h"
 #include "supply/supply_text.h"
 #include "support/random_plan.h"
@@ -153,16 +154,28 @@ const Case kCases[] = {
      210,
      50,
      {}},
-    // 2 x 10 l x 100 bar + 7 l x 200 bar = 3400 l over 27 l: 125.9 bar evened out; 2740 l are 101.5 bar.
+    // 2 x 10 l x 100 bar + 7 l x 200 bar = 3400 l. The 660 l are 33 bar of the first line. When 800 l are left, 1600 l
+    // of it are gone, down to its reserve, and 1000 l of the second: 400 l in 7 l.
     {"CylindersOfOneGasArePooled",
      With({{"Air", 2, 10, 0, 100, 20}, {"Air", 1, 7, 0, 200, 20}}),
      GasVerdict::Enough,
      3400,
      2740,
-     101.481,
+     67,
      800,
-     29.630,
+     57.143,
      {}},
+    // 2400 - (2400 - 800) / 3 = 1866.7 l are 666.7 l in the first line. 580 l are gone from it at the end of the leg.
+    {"AThirdOfTwoLines",
+     With({{"Air", 1, 6, 0, 200, 50}, {"Air", 1, 6, 0, 200, 50}}, {2, 2, 2, TurnRule::Thirds}),
+     GasVerdict::Enough,
+     2400,
+     1740,
+     90,
+     800,
+     111.111,
+     {"Air: the turn pressure of 120 bar in 6 l + 200 bar in 6 l is passed at run time 8.3 min, and leg 1 goes on to "
+      "run time 10 min, where 103 bar in 6 l + 200 bar in 6 l are left"}},
     // 12 l x 90 bar = 1080 l: 420 l are left and 600 l were to stay, 180 l are missing. At the end of the leg 500 l are
     // left of the minimum of 800 l.
     {"IntoTheReserve",
@@ -265,7 +278,8 @@ TEST_P(Supply, IsThatWorkedOutByHand) {
   ASSERT_EQ(dive.supply.legs.size(), 1U);
   const LegSupply& leg = dive.supply.legs.front();
   EXPECT_THAT(leg.Minimum(), DoubleNear(c.minimum, 0.01));
-  EXPECT_THAT(leg.turnPressure.value_or(0), DoubleNear(c.turnPressure, 0.05 + c.turnPressure * 1e-4));
+  const double turn = leg.turnLeft ? air.Pressure(*leg.turnLeft).value() : 0;
+  EXPECT_THAT(turn, DoubleNear(c.turnPressure, 0.05 + c.turnPressure * 1e-4));
   ASSERT_EQ(dive.findings.size(), c.findings.size());
   for (std::size_t i = 0; i < c.findings.size(); ++i) {
     EXPECT_THAT(dive.findings[i].text, HasSubstr(c.findings[i]));
@@ -293,6 +307,43 @@ TEST(GasSupplies, ShowTheWorking) {
             "1 diver x 1.5 x 20 l/min x 3 bar x 0 min = 0 l, + ascent 120 l");
   EXPECT_EQ(Reckoned(With({twin}, {}, {{{66, 10}}, {}, InFeet, {}})).working,
             "2 divers x 2 x 0.7 cu ft/min x 3 atm x 2 min = 16.8 cu ft, + ascent 12.3 cu ft");
+}
+
+/// Two unlike stages of one mix, 11 l x 200 bar = 2200 l and 7 l x 180 bar = 1260 l: 3460 l. The first is breathed down
+/// to its reserve of 50 bar, 1650 l; then the second to its 30 bar, 1050 l; then 550 l and 210 l of reserves.
+TEST(GasStores, AreBreathedLineByLineAndTheReservesLast) {
+  const Reckoned dive(With({{"Air", 1, 11, 0, 200, 50}, {"Air", 1, 7, 0, 180, 30}}));
+  const GasStore& store = *dive.supply.Of("Air");
+  struct {
+    double left;
+    double first;
+    double second;
+    std::size_t breathed;
+  } const cases[] = {
+      {3570, 210, 180, 0},     // 110 l that are not there
+      {3460, 200, 180, 0},     //
+      {2560, 118.18, 180, 0},  // 900 l gone: (2200 - 900) / 11
+      {1810, 50, 180, 0},      //
+      {1600, 50, 150, 1},      // 1650 l and 210 l gone: (1260 - 210) / 7
+      {760, 50, 30, 1},        //
+      {485, 25, 30, 0},        // (485 - 210) / 11
+      {105, 0, 15, 1},         //
+      {-70, 0, -10, 1},        // 70 l are missing
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.left);
+    const GasStore::Gauges gauges = store.At(c.left);
+    EXPECT_THAT(gauges.pressures, testing::ElementsAre(testing::Optional(DoubleNear(c.first, 0.01)),
+                                                       testing::Optional(DoubleNear(c.second, 0.01))));
+    EXPECT_EQ(gauges.breathed, c.breathed);
+  }
+  const AdviceWords words(English(), {".", ""}, true);
+  // 151 bar in the second.
+  EXPECT_EQ(ToActByText(store, 1607, words), "50 / 160 bar");
+  EXPECT_EQ(ToActByWords(store, 1607, words), "50 bar in 11 l + 160 bar in 7 l");
+  EXPECT_EQ(LeftWords(store, 2560, words), "118 bar in 11 l + 180 bar in 7 l");
+  const auto row = TablesOf(dive.supply, 20, words).gases.at(1);
+  EXPECT_EQ(row[1].text + ": " + row[2].text + ", " + row[6].text, "11 l + 7 l: 200 / 180 bar, 140 / 180 bar");
 }
 
 TEST(GasSupplies, MissTheCylinderOfAGasThatIsBreathed) {
@@ -347,6 +398,9 @@ TEST(GasSupplies, TakeTheWayUpOfARebreatherOnOpenCircuit) {
   const Reckoned reserve({{{20, 10}}, {{"Air", 1, 15, 0, 100, 50, true}}, loop, {}});
   EXPECT_EQ(reserve.supply.Of("Air")->verdict, GasVerdict::IntoReserve);
   EXPECT_EQ(reserve.supply.VerdictOf(reserve.supply.waysOut[0]), GasVerdict::IntoReserve);
+  // A cylinder of the loop keeps its place beside one for the bail-out.
+  const Reckoned both({{{20, 10}}, {{"Air", 1, 3, 0, 200, 0}, {"Air", 1, 15, 0, 100, 50, true}}, loop, {}});
+  EXPECT_EQ(TablesOf(both.supply, 20, AdviceWords(English(), {".", ""}, true)).gases.at(1)[2].text, "-- / 100 bar");
   // The cylinder of the loop's diluent is no bail-out unless it is told as one.
   const Reckoned diluent({{{20, 10}}, {{"Air", 1, 3, 0, 200, 0}}, loop, {}});
   EXPECT_EQ(diluent.supply.Of("Air")->verdict, GasVerdict::NotTold);
@@ -440,6 +494,42 @@ TEST(SupplyChoices, AreKeptAndWhatCanNotBeHasItsDefault) {
   platform.WriteSetting("GasSupply", "Team", "0");
   platform.WriteSetting("GasSupply", "Stress", "many");
   EXPECT_EQ(ReadSupplyChoice(platform), (SupplyChoice{2, 2, 4, TurnRule::Thirds}));
+}
+
+TEST(CylinderSets, ComeBackWithoutWhatIsBroken) {
+  HeadlessPlatform headless;
+  SettingsStore& settings = headless.Services().settings;
+  const std::vector<Cylinder> twin{{"Air", 2, 12, 0, 232, 50}, {"EAN50", 1, 80, 3000, 2900, 500, true}};
+  const std::vector<Cylinder> single{{"Air", 1, 15, 0, 200, 50}};
+  WriteCylinderSets(settings, {{"one", single}, {"two", twin}, {"three", single}});
+  // The shorter list leaves nothing of the longer one.
+  WriteCylinderSets(settings, {{"Räder", twin}, {"one", single}});
+  Message fault;
+  const auto told = [&] {
+    fault = {};
+    std::vector<std::pair<std::string, std::vector<Cylinder>>> sets;
+    for (const CylinderSet& set : ReadCylinderSets(settings, fault)) sets.emplace_back(set.name.plain, set.cylinders);
+    return sets;
+  };
+  EXPECT_THAT(told(), testing::ElementsAre(testing::Pair("Räder", twin), testing::Pair("one", single)));
+  EXPECT_TRUE(fault.IsEmpty());
+  settings.WriteSetting("CylinderSets", "Cylinder2", "EAN50: 1/ 7/ 200/ 300/");
+  settings.WriteSetting("CylinderSets", "Set3", " ");
+  EXPECT_THAT(told(), testing::ElementsAre(testing::Pair("Räder", std::vector{twin[0]})));
+  EXPECT_EQ(
+      English().Words(fault),
+      "Sets of cylinders in the settings, entry 2: a reserve of 300 is above the fill of 200. It is passed over.");
+}
+
+TEST(CylinderSets, ThatAreUsualAreSoundInBothUnits) {
+  for (const bool metric : {true, false}) {
+    for (const CylinderSet& set : UsualSets(metric)) {
+      for (const Cylinder& cylinder : set.cylinders) {
+        EXPECT_TRUE(CylinderFault(cylinder).IsEmpty());
+        EXPECT_EQ(cylinder.InLitres(), metric);
+      }
+    }
+  }
 }
 
 TEST(Cylinders, KeepTheirGasInTheOtherUnit) {
