@@ -1243,6 +1243,11 @@ constexpr int WhatIfAllLost = 8622;
 constexpr int WhatIfNoGasBefore = 8623;
 constexpr int WhatIfOTU = 8624;
 
+// The page ahead of the bail-out tables
+constexpr int WaysOutHead = 8630;
+constexpr int WayOutLongest = 8631;
+constexpr int WayOutMost = 8632;
+
 // Between the rows: gradients in use, leaving now
 constexpr int GF99 = 8700;
 constexpr int SurfaceGF = 8701;

@@ -1,0 +1,31 @@
+#include "tables/way_out_supply.h"
+
+#include "model/text_id.h"
+#include "supply/supply_text.h"
+
+namespace tav {
+
+WayOutSupply::WayOutSupply(const PlannedDive& dive) : record_(dive.record), plan_(dive.plan) {
+  if (dive.before != nullptr) before_ = *dive.before;
+}
+
+std::vector<GasStore> WayOutSupply::Of(const DiveTemplate& settings, const TableDive& cut) const {
+  DiveRecord record = record_;
+  record.Template = settings;
+  const SupplyChoice choice = SupplyChoiceOf(settings);
+  const PlannedDive dive{record, plan_, before_ ? &*before_ : nullptr};
+  return StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, cut.head),
+                  choice.team * choice.stress * settings.RMV, &plan_.rows);
+}
+
+std::string GasNote(const GasStore& store, const AdviceWords& words) {
+  return GasNote(store, VerdictText(store, words), store.Need(), words);
+}
+
+std::string GasNote(const GasStore& store, const std::string& verdict, double need, const AdviceWords& words) {
+  std::string volume = words.Volume(need);
+  if (store.perPressure > 0) volume = words.T(Text::WhatIfCarried, {volume, words.Volume(store.carried)});
+  return store.gas + ": " + verdict + ", " + volume;
+}
+
+}  // namespace tav
