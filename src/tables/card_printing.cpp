@@ -17,9 +17,10 @@ constexpr double kHeads = 1.65;
 constexpr double kRows = 2.1;
 constexpr double kRowHeight = 0.53;
 constexpr double kNoteHeight = 0.42;
+constexpr double kTitleHeight = 0.5;
 constexpr double kGap = 0.3;  // between the rows and the notes of a tall card
 constexpr double kEnd = TableSlots::kCellHeight - 0.3;
-constexpr double kEndOfTall = 18.5;
+constexpr double kEndOfTall = 17.5;  // with room for two more lines of its title
 constexpr double kDepthRight = 1.6;
 constexpr double kStopRight = 2.8;
 constexpr double kRunRight = 4.2;
@@ -28,6 +29,7 @@ constexpr double kRight = TableSlots::kCellWidth - kMargin;
 
 constexpr int kRowSize = 13;  // points: read at arm's length, by a lamp
 constexpr int kSmallestSize = 9;
+constexpr int kTitleSize = 12;
 constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 9;
 const std::string kArial = "Arial";
@@ -84,11 +86,20 @@ class CardPrinter {
     x_ = place.x;
     y_ = place.y;
     const double forPart = parts_ > 1 ? 1.2 : 0;
-    Fitted(kMargin, 0.25, set_.title, 12, true, forPart);
     if (parts_ > 1) {
       writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
                              1);
     }
+    std::vector<std::string> title{set_.title};
+    if (IsTall()) {
+      const TextFont font{kArial, kTitleSize, true};
+      title = WrappedText(set_.title, kRight - kMargin - forPart, font, writer_.Services().measure);
+    }
+    for (const std::string& line : title) {
+      Fitted(kMargin, 0.25, line, kTitleSize, true, forPart);
+      y_ += kTitleHeight;
+    }
+    y_ -= kTitleHeight;
     const std::string leave =
         T(Text::CardLeaveAt) + " " + card_.moment + " " + T(Text::Minutes) + ", " + card_.depth + " " + Unit();
     Fitted(kMargin, 0.75, leave, 12, true);

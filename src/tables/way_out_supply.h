@@ -22,6 +22,10 @@ class WayOutSupply {
   [[nodiscard]] std::vector<GasStore> Of(const DiveTemplate& settings, const TableDive& cut) const;
 
  private:
+  /// The rows of the plan until a cut, and those of the way up: what the replay of a cut within the ascent breathes
+  /// before it is too much, since it counts the first minute of each stop whole.
+  [[nodiscard]] ClassProfile Breathed(const TableDive& cut) const;
+
   DiveRecord record_;
   ComputedPlan plan_;
   std::optional<EndState> before_;

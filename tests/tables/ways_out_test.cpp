@@ -124,5 +124,30 @@ TEST_F(WaysOutPage, AGasThatIsNotEnoughIsToldOnPageAndCard) {
   }
 }
 
+/// Until the moment it is that of the plan, whose stops end on whole minutes, then that of the way up.
+TEST_F(WaysOutPage, TheGasOfACutWithinTheAscentIsThatOfThePlanUntilThere) {
+  frmWaypointEditor& plan = Plan({{60, 20}}, 5);
+  const PlannedDive planned = plans.Planned(plan.Tag());
+  const WayOutSupply supply(planned);
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 1);
+  std::map<std::string, double> until;
+  int stops = 0;
+  for (std::int16_t i = 1; i < planned.plan.rows.GetLength(); ++i) {
+    const Waypoint& row = planned.plan.rows.Row(i);
+    until[row.GasMixName] += row.GasUsed;
+    if (row.StopTime == 0) continue;
+    ++stops;
+    const TableDive cut = cuts.At(row.RunTime);
+    std::map<std::string, double> all = until;
+    for (auto up = static_cast<std::int16_t>(LastUserRow(cut.profile) + 1); up <= cut.profile.GetLength(); ++up) {
+      all[cut.profile.GetGasMixName(up)] += cut.profile.getGasUsed(up);
+    }
+    for (const GasStore& store : supply.Of(planned.record.Template, cut)) {
+      EXPECT_NEAR(store.used, all[store.gas], 0.01) << store.gas << " at " << cut.head;
+    }
+  }
+  EXPECT_GT(stops, 5);
+}
+
 }  // namespace
 }  // namespace tav
