@@ -146,7 +146,7 @@ void Slate::Add(const SlateDive& dive) {
   for (std::size_t part = 1; part <= parts; ++part) {
     OpenCard();
     Head(dive, rows, part, parts);
-    Left(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall);
+    Fitted(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall, 0, kInner);
     // All notes on each card, or as many as it holds.
     out_.SetForeColor(kRed);
     const std::size_t first = (part - 1) % cardsOfNotes * kMostNotes;
