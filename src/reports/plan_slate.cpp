@@ -50,7 +50,7 @@ GasSupply SupplyOf(const std::vector<GasNeed>& needs) {
     if (!need.verdict) continue;
     GasStore& store = supply.gases.emplace_back();
     store.gas = need.mix;
-    store.carried = store.perPressure = need.carried.value_or(0);
+    store.carried = need.carried.value_or(0);
     store.bailOut.emplace();
     store.bailOutVolume = need.need;
     store.verdict = *need.verdict;

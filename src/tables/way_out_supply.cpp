@@ -44,7 +44,7 @@ std::string GasNote(const GasStore& store, const AdviceWords& words) {
 
 std::string GasNote(const GasStore& store, const std::string& verdict, double need, const AdviceWords& words) {
   std::string volume = words.Volume(need);
-  if (store.perPressure > 0) volume = words.T(Text::WhatIfCarried, {volume, words.Volume(store.carried)});
+  if (store.carried > 0) volume = words.T(Text::WhatIfCarried, {volume, words.Volume(store.carried)});
   return store.gas + ": " + verdict + ", " + volume;
 }
 
