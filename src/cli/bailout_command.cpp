@@ -18,8 +18,7 @@ constexpr const char* kDetails =
     "per cent, and cells are minutes of stop. What a table so leaves out, or gives with another gas than a dive "
     "breathes "
     "there, is told right below it behind a \"!\". --json has every row of every dive, too, and the places of the "
-    "tables "
-    "on paper.";
+    "tables on paper, where those of a rebreather stand behind the ways out that take longest and most gas.";
 
 constexpr const char* kExamples = R"(
   tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
@@ -62,6 +61,7 @@ void Run(const Given& given, CommandFrame& frame) {
   output.Write({[&](JsonWriter& json) { json.Member("interval", cuts.Interval()); }, "scenarios", heading,
                 std::filesystem::path(given.file).stem().string() + dive},
                [&] {
+                 output.PrintWaysOut(plan.Planned(number));
                  for (int i = 0; i < cuts.Scenarios(); ++i) {
                    const auto scenario = cuts.Compute(i, output.Progress());
                    const std::optional<std::string>& lost = scenario->lost;

@@ -33,6 +33,10 @@ class TableOutput {
   };
   /// The whole output: `tables` calls Print for each of them.
   void Write(const Head& head, const std::function<void()>& tables);
+  /// On paper alone, ahead of the tables of a bail-out (TablePrintModule::PrintWaysOut).
+  void PrintWaysOut(const PlannedDive& dive) {
+    if (paper_) paper_->print.PrintWaysOut(dive);
+  }
   /// One table. `members` writes those ahead of its dives.
   void Print(const TableDives& dives, const std::function<void(JsonWriter&)>& members, const std::string& title);
 

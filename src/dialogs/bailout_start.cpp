@@ -129,6 +129,7 @@ void frmBailoutStart::Bailoutproc(const BailoutCuts& cuts) {
     TablePrintModule print(report_, services_.forms.Caption(document), {Check1.Value, Check2.Value});
     print.StartTableOutput();
     report_.documentName = services_.Documents()(document).ProfileName;
+    print.PrintWaysOut(services_.forms(document).Planned());
     bool whole = true;
     for (int i = 0; i < cuts.Scenarios() && whole; ++i) {
       const auto scenario =

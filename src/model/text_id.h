@@ -1263,6 +1263,11 @@ constexpr int SetOfSingle = 8653;
 constexpr int SetOfBailOut = 8654;
 constexpr int CylinderSetNoName = 8655;
 
+// The page ahead of the bail-out tables
+constexpr int WaysOutHead = 8630;
+constexpr int WayOutLongest = 8631;
+constexpr int WayOutMost = 8632;
+
 // Between the rows: gradients in use, leaving now
 constexpr int GF99 = 8700;
 constexpr int SurfaceGF = 8701;

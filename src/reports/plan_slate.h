@@ -6,11 +6,15 @@
 #include "compute/series_dive.h"
 #include "reports/slate.h"
 #include "reports/what_if_table.h"
+#include "supply/gas_supply.h"
 
 namespace tav {
 
 /// The pressure to turn at on the deepest leg, "120 bar"; empty where the plan tells no cylinders of its gas.
-std::string TurnText(const PlannedDive& dive, const AdviceWords& words);
+std::string TurnText(const GasSupply& supply, const AdviceWords& words);
+
+/// A line for each gas that runs short or goes into its reserve, or of which a leg leaves too little for the way up.
+std::vector<std::string> ShortGases(const GasSupply& supply, const AdviceWords& words);
 
 /// What a slate is written with.
 struct SlateServices {

@@ -7,6 +7,7 @@
 #include "figures/settings_words.h"
 #include "model/text_id.h"
 #include "pages/page_units.h"
+#include "pages/wrapped_text.h"
 
 namespace tav {
 namespace {
@@ -26,7 +27,11 @@ constexpr double kTop = 2.75;
 constexpr double kSettings = kCardHeight - 0.85;
 constexpr double kBottom = kSettings - 0.1;
 
+constexpr double kNoteHeight = 0.6;
+constexpr std::size_t kMostNotes = 6;  // on a card, so that rows have room, too
+
 constexpr int kSmall = 7;
+constexpr int kNoteSize = 14;
 constexpr int kHeadSize = 9;
 constexpr Colour kWhite = RGB(255, 255, 255);
 constexpr Colour kGrey = RGB(225, 225, 225);
@@ -41,9 +46,10 @@ struct Slate::Layout {
   int columns;
   double width;
   double depth, stop, run, gas;
+  double bottom;  ///< of the rows, cm within the card
 
   [[nodiscard]] std::size_t RowsOfColumn() const {
-    return static_cast<std::size_t>(std::floor((kBottom - kTop) / rowHeight));
+    return static_cast<std::size_t>(std::floor((bottom - kTop) / rowHeight));
   }
   /// The index behind the last row of each column. A gas change stands above its stop, not alone at the end of one.
   [[nodiscard]] std::vector<std::size_t> Ends(const std::vector<SlateRow>& rows) const {
@@ -121,17 +127,33 @@ void Slate::Add(const SlateDive& dive) {
   const SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().numbers);
   constexpr double kInner = kRight - kMargin;
   constexpr double kGap = 0.35;
-  const Layout wide{18, 0.76, 1, kInner, 2.2, 4.9, 7.7, 8.6};
-  const Layout narrow{14, 0.6, 2, (kInner - kGap) / 2, 1.25, 2.45, 3.85, 4.1};
+  std::vector<std::string> notes;
+  for (const std::string& gas : dive.shortGases) {
+    const TextFont font{kArial, kNoteSize, true};
+    for (std::string& line : WrappedText("! " + gas, kInner, font, out_.Services().measure)) {
+      notes.push_back(std::move(line));
+    }
+  }
+  const double bottom = kBottom - static_cast<double>(std::min(notes.size(), kMostNotes)) * kNoteHeight;
+  const Layout wide{18, 0.76, 1, kInner, 2.2, 4.9, 7.7, 8.6, bottom};
+  const Layout narrow{14, 0.6, 2, (kInner - kGap) / 2, 1.25, 2.45, 3.85, 4.1, bottom};
   const Layout& layout = rows.rows.size() <= wide.RowsOfColumn() ? wide : narrow;
   const std::vector<std::size_t> ends = layout.Ends(rows.rows);
   const auto columns = static_cast<std::size_t>(layout.columns);
-  const std::size_t parts = std::max<std::size_t>(1, (ends.size() + columns - 1) / columns);
+  const std::size_t cardsOfNotes = std::max<std::size_t>(1, (notes.size() + kMostNotes - 1) / kMostNotes);
+  const std::size_t parts = std::max((ends.size() + columns - 1) / columns, cardsOfNotes);
   std::size_t next = 0;
   for (std::size_t part = 1; part <= parts; ++part) {
     OpenCard();
     Head(dive, rows, part, parts);
-    Left(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall);
+    Fitted(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall, 0, kInner);
+    // All notes on each card, or as many as it holds.
+    out_.SetForeColor(kRed);
+    const std::size_t first = (part - 1) % cardsOfNotes * kMostNotes;
+    for (std::size_t i = first; i < std::min(first + kMostNotes, notes.size()); ++i) {
+      Left(x_ + kMargin, y_ + bottom + static_cast<double>(i - first) * kNoteHeight, notes[i], kNoteSize, 1);
+    }
+    out_.SetForeColor(kBlack);
     double left = x_ + kMargin;
     for (std::size_t c = (part - 1) * columns; c < std::min(part * columns, ends.size()); ++c) {
       ColumnHeads(layout, left);
@@ -167,7 +189,6 @@ void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part,
   if (!dive.decompresses) note = T(Text::SlateDoesNotDecompress);
   if (lacksAscent) note = T(Text::SlateWithoutAscent);
   constexpr int kSize = 16;
-  constexpr int kNoteSize = 14;
   const double noteWidth = note.empty() ? 0.0 : Width(note, kNoteSize, true) + 0.4;
   if (!dive.decompresses || lacksAscent) out_.SetForeColor(kRed);
   Right(right, y_ + kLine + 0.05, note, kNoteSize, 1);

@@ -20,12 +20,14 @@ struct SlateDive {
   const ModelChoice& model;  ///< that made the rows
   bool repetitive = false;
   bool decompresses = true;
-  std::string turn = {};  ///< pressure to turn at, with its unit; empty when not told
+  std::string turn = {};                     ///< pressure to turn at, with its unit; empty when not told
+  std::vector<std::string> shortGases = {};  ///< what is not enough, a line for each gas
 };
 
 /// Slates to take into the water: cards of the size A6, four to a page, with cut marks. Figures are in 14 points or
 /// more; a gas change is a whole row in white on black, ahead of the stop at which it is made. A short dive has one
-/// column in 18 points, a longer one two, and what is left goes on in the next card.
+/// column in 18 points, a longer one two, and what is left goes on in the next card. Gases that are short stand at the
+/// foot of each card.
 class Slate {
  public:
   explicit Slate(PrintPreview& out) : out_(out) {}

@@ -14,11 +14,12 @@ std::string Whole(Single value) { return FormatFixed(value, 0); }
 
 class Card {
  public:
-  Card(const TableDive& cut, const TableDives& scenario, NumberTexts numbers)
+  Card(const TableDive& cut, const TableDives& scenario, NumberTexts numbers, const WayOutSupply* supply)
       : cut_(cut),
         numbers_(std::move(numbers)),
         settings_(scenario.diveTemplate),
         rows_(cut.profile),
+        supply_(supply),
         bottom_(LastUserRow(rows_)) {
     late_ = rows_.GetRunTime(bottom_) - cut.head;
     // What was before the diver leaves is not on the card.
@@ -42,9 +43,7 @@ class Card {
       }
       Count(row);
     }
-    for (const auto& [name, volume] : used_) {
-      card_.needed.push_back({name, numbers_.Fixed(Single(volume), settings_.Metric ? 0 : 1)});
-    }
+    Gases();
     return std::move(card_);
   }
 
@@ -92,10 +91,23 @@ class Card {
     gas->second += row.GasUsed;
   }
 
+  void Gases() {
+    const std::vector<GasStore> stores = supply_ == nullptr ? std::vector<GasStore>() : supply_->Of(settings_, cut_);
+    for (const auto& [name, used] : used_) {
+      double volume = used;
+      if (const auto store = std::ranges::find(stores, name, &GasStore::gas); store != stores.end()) {
+        if (store->bailOut) volume = store->Need();
+        if (!settings_.Cylinders.empty()) card_.supply.push_back(*store);
+      }
+      card_.needed.push_back({name, numbers_.Fixed(Single(volume), settings_.Metric ? 0 : 1)});
+    }
+  }
+
   const TableDive& cut_;
   NumberTexts numbers_;
   const DiveTemplate& settings_;
   const ClassProfile& rows_;
+  const WayOutSupply* supply_;
   std::int16_t bottom_;
   Single late_;
   std::string gas_;
@@ -105,10 +117,11 @@ class Card {
 
 }  // namespace
 
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers) {
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers,
+                                        const WayOutSupply* supply) {
   std::vector<AscentCard> cards;
   for (std::size_t i = 1; i < cuts.dives.size(); ++i) {
-    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts, numbers).Make());
+    if (cuts.dives[i].depth > 0) cards.push_back(Card(cuts.dives[i], cuts, numbers, supply).Make());
   }
   return cards;
 }

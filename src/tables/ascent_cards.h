@@ -6,6 +6,7 @@
 #include "compute/gas_warnings.h"
 #include "compute/table_dives.h"
 #include "model/number_texts.h"
+#include "tables/way_out_supply.h"
 
 namespace tav {
 
@@ -34,13 +35,16 @@ struct AscentCard {
   bool decompresses = true;
   std::vector<CardRow> rows;
   std::vector<GasWarning> warnings;
-  std::vector<CardGas> needed;  ///< in the order in which they are breathed
+  std::vector<CardGas> needed;   ///< in the order in which they are breathed
+  std::vector<GasStore> supply;  ///< the same gases in the cylinders; empty where none are told
 };
 
 /// The cards of a scenario, one for each cut under water.
 ///
 /// The replay of a cut within the ascent of the plan counts the short first minute of each earlier stop whole and so
-/// runs late; a card counts from its own moment. Numbers are written as `numbers` does.
-std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers = {});
+/// runs late; a card counts from its own moment. Numbers are written as `numbers` does. Gas is that of the way up by
+/// the plan's own RMV; with `supply` what it says leaving a loop asks for.
+std::vector<AscentCard> MakeAscentCards(const TableDives& cuts, const NumberTexts& numbers = {},
+                                        const WayOutSupply* supply = nullptr);
 
 }  // namespace tav

@@ -5,6 +5,7 @@
 
 #include "model/text_id.h"
 #include "pages/wrapped_text.h"
+#include "supply/supply_text.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
@@ -16,7 +17,10 @@ constexpr double kHeads = 1.65;
 constexpr double kRows = 2.1;
 constexpr double kRowHeight = 0.53;
 constexpr double kNoteHeight = 0.42;
+constexpr double kTitleHeight = 0.5;
+constexpr double kGap = 0.3;  // between the rows and the notes of a tall card
 constexpr double kEnd = TableSlots::kCellHeight - 0.3;
+constexpr double kEndOfTall = 17.5;  // with room for two more lines of its title
 constexpr double kDepthRight = 1.6;
 constexpr double kStopRight = 2.8;
 constexpr double kRunRight = 4.2;
@@ -25,6 +29,7 @@ constexpr double kRight = TableSlots::kCellWidth - kMargin;
 
 constexpr int kRowSize = 13;  // points: read at arm's length, by a lamp
 constexpr int kSmallestSize = 9;
+constexpr int kTitleSize = 12;
 constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 9;
 const std::string kArial = "Arial";
@@ -33,12 +38,12 @@ const std::string kWarning = "! ";
 class CardPrinter {
  public:
   CardPrinter(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card)
-      : writer_(writer), pages_(pages), set_(set), card_(card) {}
+      : writer_(writer), pages_(pages), set_(set), card_(card), end_(IsTall() ? kEndOfTall : kEnd) {}
 
   void Print() {
-    const std::vector<std::string> notes = Notes();
+    const std::vector<Note> notes = Notes();
     const std::size_t rows = card_.rows.size();
-    const double onCard = kEnd - kRows;
+    const double onCard = end_ - kRows;
     const auto most = static_cast<std::size_t>(std::floor(onCard / kRowHeight));
     const double beside = std::max(0.0, onCard - static_cast<double>(notes.size()) * kNoteHeight);
     const auto mostOfLast = static_cast<std::size_t>(std::floor(beside / kRowHeight));
@@ -50,12 +55,11 @@ class CardPrinter {
       double y = kRows;
       for (; row < end; ++row, y += kRowHeight) Row(card_.rows[row], y);
       if (part < parts_) continue;
-      y = kEnd - static_cast<double>(notes.size()) * kNoteHeight;
-      bool warning = false;  // from the first of them on
-      for (const std::string& note : notes) {
-        warning = warning || note.starts_with(kWarning);
-        writer_.SetForeColor(warning ? kRed : kBlack);
-        Fitted(kMargin, y, note, kNoteSize, true);
+      const double atFoot = end_ - static_cast<double>(notes.size()) * kNoteHeight;
+      y = IsTall() ? std::min(y + kGap, atFoot) : atFoot;
+      for (const Note& note : notes) {
+        writer_.SetForeColor(note.warning ? kRed : kBlack);
+        Fitted(kMargin, y, note.line, kNoteSize, true);
         y += kNoteHeight;
       }
       writer_.SetForeColor(kBlack);
@@ -63,6 +67,12 @@ class CardPrinter {
   }
 
  private:
+  struct Note {
+    std::string line;
+    bool warning;
+  };
+
+  [[nodiscard]] bool IsTall() const { return !set_.pageHead.empty(); }
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
   [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
   /// A text from `x` on to the right edge of the card, or `before` it: nothing may run over the cut marks.
@@ -72,15 +82,24 @@ class CardPrinter {
   [[nodiscard]] std::string Unit() const { return T(Metric() ? Text::ReportMetres : Text::ReportFeet); }
 
   void Head(std::size_t part) {
-    const TablePlace place = pages_.PlaceCard(set_.info);
+    const TablePlace place = IsTall() ? pages_.PlaceTall(set_.info, set_.pageHead) : pages_.PlaceCard(set_.info);
     x_ = place.x;
     y_ = place.y;
     const double forPart = parts_ > 1 ? 1.2 : 0;
-    Fitted(kMargin, 0.25, set_.title, 12, true, forPart);
     if (parts_ > 1) {
       writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
                              1);
     }
+    std::vector<std::string> title{set_.title};
+    if (IsTall()) {
+      const TextFont font{kArial, kTitleSize, true};
+      title = WrappedText(set_.title, kRight - kMargin - forPart, font, writer_.Services().measure);
+    }
+    for (const std::string& line : title) {
+      Fitted(kMargin, 0.25, line, kTitleSize, true, forPart);
+      y_ += kTitleHeight;
+    }
+    y_ -= kTitleHeight;
     const std::string leave =
         T(Text::CardLeaveAt) + " " + card_.moment + " " + T(Text::Minutes) + ", " + card_.depth + " " + Unit();
     Fitted(kMargin, 0.75, leave, 12, true);
@@ -108,28 +127,39 @@ class CardPrinter {
   }
 
   /// The gas that is needed, and what is wrong with it, below the last row.
-  [[nodiscard]] std::vector<std::string> Notes() const {
+  [[nodiscard]] std::vector<Note> Notes() const {
+    std::vector<Note> notes;
+    const auto add = [&](const std::string& text, bool warning) {
+      const std::string marked = (warning ? kWarning : "") + text;
+      const TextFont font{kArial, kNoteSize, true};
+      for (std::string& line : WrappedText(marked, kRight - kMargin, font, writer_.Services().measure)) {
+        notes.push_back({std::move(line), warning});
+      }
+    };
+    if (!IsTall() || card_.supply.empty()) add(Needed(), false);
+    const AdviceWords advice(writer_.Texts(), writer_.Services().numbers, Metric());
+    for (const GasStore& store : card_.supply) {
+      if (IsTall() || IsShort(store)) add(GasNote(store, advice), IsShort(store));
+    }
+    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().numbers);
+    for (const GasWarning& warning : card_.warnings) add(WarningText(warning, words), true);
+    return notes;
+  }
+
+  [[nodiscard]] std::string Needed() const {
     std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
       needed += (gas.mix == card_.needed.front().mix ? " " : ", ") + gas.mix + " " + gas.volume + " " +
                 T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
-    const TextFont font{kArial, kNoteSize, true};
-    std::vector<std::string> lines = WrappedText(needed, kRight - kMargin, font, writer_.Services().measure);
-    const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().numbers);
-    for (const GasWarning& warning : card_.warnings) {
-      const std::string text = kWarning + WarningText(warning, words);
-      for (const std::string& line : WrappedText(text, kRight - kMargin, font, writer_.Services().measure)) {
-        lines.push_back(line);
-      }
-    }
-    return lines;
+    return needed;
   }
 
   PrintPreview& writer_;
   TablePages& pages_;
   const CardSet& set_;
   const AscentCard& card_;
+  double end_;  ///< of what a card holds
   std::size_t parts_ = 1;
   double x_ = 0;
   double y_ = 0;

@@ -50,6 +50,17 @@ TablePlace TablePages::PlaceCard(const TableInfo& info) {
   return {page_, TableSlots::kLeft + column * TableSlots::kCellWidth, TableSlots::kTop + row * TableSlots::kCellHeight};
 }
 
+TablePlace TablePages::PlaceTall(const TableInfo& info, const std::string& head) {
+  constexpr double kTop = 1.7;
+  const int column = tall_++ % TableSlots::kColumns;
+  if (column == 0) {
+    StartWholePage(info);
+    writer_.PrintTextFitted(TableSlots::kLeft + 0.4, 1.0, head, TableSlots::kColumns * TableSlots::kCellWidth - 0.8,
+                            "Arial", 12, 1);
+  }
+  return {page_, TableSlots::kLeft + column * TableSlots::kCellWidth, kTop};
+}
+
 void TablePages::StartWholePage(const TableInfo& info) {
   if (hasColumn_) {
     writer_.PrintPlainFooter("", "");
@@ -57,6 +68,7 @@ void TablePages::StartWholePage(const TableInfo& info) {
     ++page_;
   }
   cards_ = 0;
+  slotPage_ = 0;     // tables go on, on the next one
   hasMarks_ = true;  // there is nothing to cut
   hasColumn_ = false;
   Furnish(info);

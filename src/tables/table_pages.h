@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "pages/print_preview.h"
 #include "tables/table_info.h"
 #include "tables/table_slots.h"
@@ -23,6 +25,8 @@ class TablePages {
   TablePlace PlaceTable(Single width, Single height, const TableInfo& info);
   /// The next cell (from 0, row by row) for a card of the size of a cell; after the sixth comes the next page.
   TablePlace PlaceCard(const TableInfo& info);
+  /// The next of three places as tall as the page, on pages of their own with that head.
+  TablePlace PlaceTall(const TableInfo& info, const std::string& head);
   /// A page of its own: no cut marks, only the information column.
   void StartWholePage(const TableInfo& info);
 
@@ -39,6 +43,7 @@ class TablePages {
   int page_ = 1;
   int slotPage_ = 1;  ///< the grid's page that is open; grids that only hold what is too wide for them take no paper
   int cards_ = 0;     ///< cells taken by cards on the open page; 0 when the page is none of cards
+  int tall_ = 0;      ///< tall cards so far
   bool hasMarks_ = false;   ///< the open page has its cut marks
   bool hasColumn_ = false;  ///< and its information column
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "compute/bailout_cuts.h"
 #include "figures/dive_figures.h"
 #include "model/text_id.h"
 #include "pages/page_units.h"
@@ -75,11 +76,45 @@ TableInfo TablePrintModule::InfoOf(const TableDives& profiles) const {
   return {profiles.diveTemplate, profiles.bailout, ModelLine(profiles, writer_), caption_};
 }
 
+void TablePrintModule::PrintWaysOut(const PlannedDive& dive) {
+  supply_.emplace(dive);
+  const DiveTemplate& settings = dive.record.Template;
+  EngineObserver silent;
+  const BailoutCuts cuts(dive, dive.plan.model, 1, silent);
+  if (!parts_.tables || !cuts.Fault().IsEmpty()) return;
+  struct Minute {
+    Single moment;
+    std::string title;
+    std::string gases;
+  };
+  std::vector<Minute> minutes;
+  const auto at = [&](Single moment) -> Minute& {
+    const auto known = std::ranges::find(minutes, moment, &Minute::moment);
+    return known != minutes.end() ? *known : minutes.emplace_back(Minute{moment, "", ""});
+  };
+  const BailOutNeeds needs = BailOutNeedsOf(dive, SupplyChoiceOf(settings).minutes);
+  if (needs.neverUp) at(*needs.neverUp).title = T(Text::SupplyNoWayUp);
+  if (needs.longest) at(*needs.longest).title = T(Text::WayOutLongest);
+  for (const BailOutNeed& need : needs.gases) {
+    std::string& gases = at(need.moment).gases;
+    gases += (gases.empty() ? "" : ", ") + need.gas;
+  }
+  for (auto& [moment, title, gases] : minutes) {
+    if (!gases.empty()) title += (title.empty() ? "" : ". ") + writer_.Texts().Filled(Text::WayOutMost, {gases});
+    const TableDives way{settings, {TableDive{}, cuts.At(moment)}, true, std::nullopt, dive.plan.model};
+    const CardSet set{title, MakeAscentCards(way, writer_.Services().numbers, &*supply_), InfoOf(way),
+                      T(Text::WaysOutHead) + ": " + caption_.substr(0, caption_.find(" [")) + ", " +
+                          TableCaption(way, writer_.Texts())};
+    for (const AscentCard& card : set.cards) PrintCard(writer_, pages_, set, card);
+  }
+}
+
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
     const std::string title = profiles.lost ? *profiles.lost + " " + T(Text::TableLost) : T(Text::TableAllGases);
-    cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().numbers), InfoOf(profiles)});
+    cards_.push_back({title, MakeAscentCards(profiles, writer_.Services().numbers, supply_ ? &*supply_ : nullptr),
+                      InfoOf(profiles)});
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,14 +22,17 @@ struct BailoutParts {
 /// The grid of cells gives each table its place. What does not come out whole there (a table that leaves the sheet,
 /// remarks without room below) is printed again behind the tables, each on a page of its own. One that would lie over
 /// another is printed only there, and the information column says so; as is one that is wider than the grid.
-/// Order of the calls: StartTableOutput, PrintTableSet for each set, EndTableOutput. Without the last one nothing is
-/// shown.
+/// Order of the calls: StartTableOutput, PrintWaysOut of a bail-out, PrintTableSet for each set, EndTableOutput.
+/// Without the last one nothing is shown.
 class TablePrintModule {
  public:
   /// `caption` is that of the plan's window, for bail-outs.
   explicit TablePrintModule(PrintPreview& writer, std::string caption = "", BailoutParts parts = {});
 
   void StartTableOutput() { pages_.StartTableOutput(); }
+  /// Takes the plan for the gas on its cards, and prints the ways out of the minutes of a rebreather dive that take
+  /// longest to come up from and that ask most of a gas, side by side ahead of the tables. Throws as BailoutCuts::At.
+  void PrintWaysOut(const PlannedDive& dive);
   void PrintTableSet(const TableDives& profiles);
   /// Prints what is left, closes the last page and opens the preview. `proceed` is asked for each card and answers
   /// false to end it all at once; then nothing is shown.
@@ -61,6 +65,7 @@ class TablePrintModule {
   PrintPreview& writer_;
   std::string caption_;
   BailoutParts parts_;
+  std::optional<WayOutSupply> supply_;
   TablePages pages_;
   std::vector<Printed> onPage_;  ///< the tables of the open page
   std::vector<Printed> again_;   ///< those to be printed behind the others, in order of their numbers

@@ -161,7 +161,8 @@ TEST_F(WhatIfOfPlan, NamesItsColumnsAndChangesTheLastOfTheDeepestLegs) {
   frmWaypointEditor& window = Plan({{30, 10}, {20, 5}, {30, 10}, {15, 5}});
   WhatIf whatIf(plans_.Planned(window.Tag()));
   const auto columns = whatIf.Columns(WhatIfWish::Usual(true));
-  EXPECT_THAT(Ids(columns), ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50", "lost all"));
+  EXPECT_THAT(Ids(columns),
+              ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50", "lost all"));
   EXPECT_EQ(test::RowsText(columns[0].rows), test::RowsText(window.InputProfile));
   // The leg of 10 min from minute 15 ends 5 min later; the first one at 30 m still ends at minute 10.
   const auto endsAt = [](const WhatIfColumn& column, double depth) {
@@ -287,7 +288,7 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
       EXPECT_EQ(supply.Of("Air")->carried, c.carried);
     }
     const AdviceWords words(plans_.texts, {".", ""}, true);
-    const std::string turn = TurnText(window.Planned(), words);
+    const std::string turn = TurnText(supply, words);
     EXPECT_EQ(turn.empty(), !c.told || !supply.legs.back().turnLeft);
   }
   // A gas without a cylinder, where others have one, is short.

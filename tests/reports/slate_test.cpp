@@ -1,5 +1,3 @@
-#include "reports/slate.h"
-
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +9,7 @@
 #include "pages/page_player.h"
 #include "pages/page_units.h"
 #include "plans/profile_commands.h"
+#include "reports/plan_slate.h"
 #include "support/plan_fixture.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
@@ -53,6 +52,20 @@ struct Words : TextSource {
         return "Turn at %1";
       case Text::SlatePPO2:
         return "PPO2 %1";
+      case Text::WhatIfCarried:
+        return "%1 of %2";
+      case Text::SupplyIntoReserve:
+        return "reserve";
+      case Text::SupplyRunsOut:
+        return "short";
+      case Text::SupplyTooLittle:
+        return "too little";
+      case Text::WhatIfMoment:
+        return "at %1 min, %2";
+      case Text::Metres:
+        return "m";
+      case Text::Litres:
+        return "l";
       case Text::SlateSteps:
         return "steps %1, last %2";
       default:
@@ -116,6 +129,27 @@ TEST_F(SlateTest, ShowsWhereTheLoopIsLeft) {
   EXPECT_GE(changes, 3);
 }
 
+/// EAN50 takes 531 l, 53 bar of 10 l. The dive takes 3,766 l of Tx18/45, and for two divers under
+/// stress 6,655 l must be there for the way up from its last leg.
+TEST_F(SlateTest, TellsEachGasThatIsNotEnough) {
+  Open("wreck.tav");
+  struct Case {
+    std::int16_t backGas;  // cylinders of 10 l with 200 bar
+    double EAN50;          // bar
+    std::vector<std::string> lines;
+  };
+  for (const Case& c : {Case{6, 100, {}}, Case{6, 60, {"EAN50: reserve, 531 l of 600 l"}},
+                        Case{6, 50, {"EAN50: short, 531 l of 500 l"}},
+                        Case{3, 100, {"Tx18/45: too little at 28 min, 52 m, 6655 l of 6000 l"}},
+                        Case{1, 100, {"Tx18/45: short, 3766 l of 2000 l"}}}) {
+    plans_.documents(document_).Template.Cylinders = {
+        {"Tx18/45", c.backGas, 10, 0, 200, 30}, {"EAN50", 1, 10, 0, c.EAN50, 20}, {"Oxygen", 1, 10, 0, 200, 20}};
+    const Words english;
+    const AdviceWords words(english, {".", ""}, true);
+    EXPECT_EQ(ShortGases(SupplyOf(plans_.Planned(document_)), words), c.lines);
+  }
+}
+
 /// What a long plan prints stands on its cards: nothing beyond the inner edges, no row lost, figures in 14 points.
 TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   ClassProfile profile;
@@ -148,11 +182,13 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   const ModelChoice model;
   slate.Begin();
   slate.Add({"plan.tav", "longer +5 min", profile, settings, model, false, false});
-  slate.Add({"plan.tav", "", profile, settings, model, false, true, "120 bar"});
+  std::vector<std::string> gases;  // more of them than a card has room for
+  for (int i = 0; i < 20; ++i) gases.push_back("Tx" + std::to_string(10 + i) + "/70: too little, 2854 l of 2200 l");
+  slate.Add({"plan.tav", "", profile, settings, model, false, true, "120 bar", gases});
   slate.End();
   const SlateRows rows = SlateRowsOf(profile, settings, {".", ""});
   ASSERT_GT(rows.rows.size(), 66U);
-  EXPECT_EQ(pages.Pages().Pages(), 2);
+  EXPECT_EQ(pages.Pages().Pages(), 3);
 
   int stops = 0;
   int inverted = 0;
@@ -162,6 +198,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
     PagePlayer(pages.Pages()).tempshow(page, surface, 1);
     for (const auto& stroke : surface.strokes) {
       if (stroke.kind != RecordingSurface::Kind::PageText || stroke.text.empty()) continue;
+      EXPECT_TRUE(!stroke.text.starts_with("! ") || stroke.font.points == 14) << stroke.text;
       all += stroke.text + "\n";
       if (stroke.colour == RGB(255, 255, 255)) ++inverted;
       const double card = page::kWidth / 2;
@@ -174,6 +211,7 @@ TEST_F(SlateTest, ContinuesOnFurtherCardsAndClipsNothing) {
   }
   EXPECT_EQ(stops, 2 * static_cast<int>(rows.rows.size())) << "each row tells its depth in 14 points";
   EXPECT_GT(inverted, 0);
+  for (const std::string& gas : gases) EXPECT_THAT(all, HasSubstr("! " + gas + "\n"));
   EXPECT_THAT(all, HasSubstr(Numbered("text {SlateDoesNotDecompress}")));
   EXPECT_THAT(all, HasSubstr("Turn at 120 bar"));
   EXPECT_THAT(all, HasSubstr(Numbered("text {HeadDepthsAdjusted}")));

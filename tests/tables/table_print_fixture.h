@@ -39,6 +39,11 @@ struct Words : TextSource {
                                                    {Text::CardLitres, "l"},
                                                    {Text::TableNumber, "No."},
                                                    {Text::ReportMetres, "m"},
+                                                   {Text::WhatIfCarried, "%1 of %2"},
+                                                   {Text::SupplyEnough, "enough"},
+                                                   {Text::SupplyIntoReserve, "reserve"},
+                                                   {Text::SupplyTooLittle, "too little"},
+                                                   {Text::Litres, "l"},
                                                    {Text::TableProfile, "Profile"},
                                                    {Text::BailoutTables, "Bail-out Tables"},
                                                    {Text::InfoRunTime, "Runtime"}};
@@ -87,10 +92,11 @@ class TablePrint : public testing::Test {
     plan.ReEvaluateUserEnteredWaypoints();
     return plan;
   }
-  void Print(const frmWaypointEditor& plan, double interval, BailoutParts parts) {
+  void Print(const frmWaypointEditor& plan, double interval, BailoutParts parts, bool waysOut = true) {
     const BailoutCuts cuts = plans.Cuts(plan.Tag(), interval);
     TablePrintModule print(writer, "wreck.tav [Default.tpl]", parts);
     print.StartTableOutput();
+    if (waysOut) print.PrintWaysOut(plans.Planned(plan.Tag()));
     for (int i = 0; i < cuts.Scenarios(); ++i) print.PrintTableSet(*cuts.Compute(i, kGoOn));
     print.EndTableOutput();
   }
