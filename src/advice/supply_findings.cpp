@@ -40,7 +40,7 @@ class SupplyCheck {
           {Rule::GasShort, severity, way.row, way.row,
            words_.T(text, {store.gas, words_.Depth(way.depth), words_.Short(way.moment), asked, there, lacking})});
     };
-    const std::string need = words_.Volume(store.Need());
+    const std::string need = words_.Volume(store.ShownNeed(supply_.metric));
     if (store.verdict == GasVerdict::RunsOut) {
       add(Severity::Danger, Text::BailOutTooLittle, need, words_.Volume(store.carried), words_.Volume(-left));
     } else if (store.verdict == GasVerdict::IntoReserve) {
@@ -59,15 +59,15 @@ class SupplyCheck {
       context_.findings.push_back({Rule::GasShort, Severity::Danger, store.firstRow, store.lastRow, std::move(text)});
     };
     const double left = store.ShownLeft(supply_.metric);
-    if (store.verdict == GasVerdict::RunsOut) {
+    if (store.ofPlan == GasVerdict::RunsOut) {
       const Passing at = PassingOf(store.gas, store.carried);
       add(words_.T(Text::GasRunsOut, {store.gas, words_.Depth(at.depth), words_.Short(at.time),
                                       words_.Volume(store.used), words_.Volume(store.carried), words_.Volume(-left)}));
-    } else if (store.verdict == GasVerdict::IntoReserve) {
+    } else if (store.ofPlan == GasVerdict::IntoReserve) {
       const Passing at = PassingOf(store.gas, store.carried - store.reserve);
       add(words_.T(Text::GasIntoReserve, {store.gas, words_.Depth(at.depth), words_.Short(at.time), words_.Volume(left),
                                           words_.Volume(store.reserve), words_.Volume(Shown(store.reserve) - left)}));
-    } else if (store.verdict == GasVerdict::NoCylinder) {
+    } else if (store.ofPlan == GasVerdict::NoCylinder) {
       const Waypoint& before = context_.dive.Before(store.firstRow);
       add(words_.T(Text::GasWithoutCylinder,
                    {store.gas, words_.Depth(before.Depth), words_.Short(before.RunTime), words_.Volume(store.used)}));

@@ -51,13 +51,15 @@ std::optional<GradientFactors> FactorsOf(std::string_view text) {
   return GradientFactors{*low / 100, *high / 100};
 }
 
-std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, const DiveTemplate& settings) {
+std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, bool told, bool metric) {
   std::vector<GasNeed> needs;
   for (const GasStore& store : stores) {
     if (!(store.Need() > 0)) continue;
-    GasNeed& need = needs.emplace_back(GasNeed{store.gas, store.used, store.Need(), std::nullopt, std::nullopt});
-    if (settings.Cylinders.empty()) continue;
+    GasNeed& need = needs.emplace_back(
+        GasNeed{store.gas, store.used, store.Need(), store.ShownBreathed(metric), store.ShownNeed(metric), {}, {}, {}});
+    if (!told) continue;
     need.carried = store.carried;
+    need.ofPlan = store.ofPlan;
     need.verdict = store.verdict;
   }
   return needs;
@@ -120,9 +122,15 @@ WhatIfColumn WhatIf::ColumnOf(Kind kind, DiveRecord dive) const {
   const DiveTemplate& settings = column.record.Template;
   const SupplyChoice choice = SupplyChoiceOf(settings);
   const PlannedDive planned{column.record, column.plan, Before()};
-  column.gas = GasNeeds(StoresOf(column.rows, settings, settings.Cylinders, BailOutNeedsOf(planned, choice.minutes),
-                                 choice.team * choice.stress * settings.RMV),
-                        settings);
+  const bool told = !plan_.Template.Cylinders.empty();
+  if (told && kind != Kind::Lost && kind != Kind::AllLost) {
+    column.supply = SupplyOf(planned);
+  } else {
+    column.supply.gases = StoresOf(column.rows, settings, settings.Cylinders, BailOutNeedsOf(planned, choice.minutes),
+                                   choice.team * choice.stress * settings.RMV);
+  }
+  column.gas = GasNeeds(column.supply.gases, told, settings.Metric);
+  if (!told) column.supply = {};
   column.warnings = WarningsOf(column.rows, settings, std::nullopt);
   return column;
 }
@@ -181,10 +189,11 @@ WhatIfColumn WhatIf::BailOut(const PlannedDive& dive, const BailoutCuts& cuts, S
     column.rows = cut.profile;
     column.warnings = GasWarnings({settings, {}, true}, cut);
     const SupplyChoice choice = SupplyChoiceOf(settings);
-    column.gas =
-        GasNeeds(StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, moment),
-                          choice.team * choice.stress * settings.RMV, &dive.plan.rows),
-                 settings);
+    column.supply.gases =
+        StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, moment),
+                 choice.team * choice.stress * settings.RMV, &dive.plan.rows);
+    column.gas = GasNeeds(column.supply.gases, !settings.Cylinders.empty(), settings.Metric);
+    if (settings.Cylinders.empty()) column.supply = {};
   } catch (const MessageError& error) {
     column.fault = error.Reason();
   }

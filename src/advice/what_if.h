@@ -41,13 +41,16 @@ struct WhatIfWish {
 struct GasNeed {
   std::string mix;
   Single used;                        ///< litres or cubic feet at the surface
-  double need = 0;                    ///< the same, as the gas supply reckons it: on a rebreather with its way out
+  double need = 0;                    ///< what must be there, on open circuit for the minimum gas of each leg, too
+  double shownBreathed = 0;           ///< as printed: what is used, on a rebreather the dearest way out
+  double shownNeed = 0;               ///< as printed
   std::optional<double> carried;      ///< nothing where no cylinders are told at all
-  std::optional<GasVerdict> verdict;  ///< of the gas supply
+  std::optional<GasVerdict> ofPlan;   ///< of what is breathed
+  std::optional<GasVerdict> verdict;  ///< of what must be there
 };
 
-/// One element for each gas that is needed, in the order of the template.
-std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, const DiveTemplate& settings);
+/// One element for each gas that is needed, in the order of the template. `told` tells of cylinders.
+std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, bool told, bool metric);
 
 /// A plan as it would be.
 struct WhatIfColumn {
@@ -64,6 +67,9 @@ struct WhatIfColumn {
   bool decompresses = true;
   ClassProfile rows;                 ///< the whole dive with its ascent
   std::vector<GasWarning> warnings;  ///< what must not be breathed in it
+  /// Empty where no cylinders are told. Of a loss and a bail-out the gases alone: who has lost a gas need not have the
+  /// minimum gas for another failure.
+  GasSupply supply;
   std::vector<GasNeed> gas;
 
   /// "planned", "longer", "deeper", "both", "lost EAN50", "lost all", "gf 40/90", "bail-out 45": the name in files for

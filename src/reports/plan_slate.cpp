@@ -16,47 +16,23 @@ std::string TurnText(const GasSupply& supply, const AdviceWords& words) {
   return ToActByText(*supply.Of(deepest->gas), deepest->turnLeft, words);
 }
 
-namespace {
-
-/// What must be carried, so that a leg leaves its minimum gas.
-double NeedAt(const LegSupply& leg) { return leg.used + leg.Minimum(); }
-
-}  // namespace
-
 std::vector<std::string> ShortGases(const GasSupply& supply, const AdviceWords& words) {
   std::vector<std::string> lines;
   for (const GasStore& store : supply.gases) {
-    const LegSupply* worst = nullptr;  // of the legs that leave too little
+    if (!IsShort(store)) continue;
+    std::string when;
     for (const LegSupply& leg : supply.legs) {
-      if (leg.gas != store.gas || !leg.decompresses || supply.VerdictOf(leg) != GasVerdict::RunsOut) continue;
-      if (worst == nullptr || NeedAt(leg) > NeedAt(*worst)) worst = &leg;
+      // Too little for the minimum gas of a leg, not for the plan itself.
+      if (leg.gas != store.gas || store.ofPlan == GasVerdict::RunsOut || leg.used + leg.Minimum() < store.Need())
+        continue;
+      when = words.T(Text::WhatIfMoment, {words.Short(leg.runTime), words.Depth(leg.depth)});
     }
-    if (worst != nullptr && (store.verdict == GasVerdict::Enough || store.verdict == GasVerdict::IntoReserve)) {
-      const std::string when = words.T(Text::WhatIfMoment, {words.Short(worst->runTime), words.Depth(worst->depth)});
-      lines.push_back(GasNote(store, VerdictText(supply, *worst, words) + " " + when, NeedAt(*worst), words));
-    } else if (IsShort(store)) {
-      lines.push_back(GasNote(store, words));
-    }
+    lines.push_back(GasNote(store, words, when));
   }
   return lines;
 }
 
 namespace {
-
-/// What a bail-out asks for, as a supply.
-GasSupply SupplyOf(const std::vector<GasNeed>& needs) {
-  GasSupply supply;
-  for (const GasNeed& need : needs) {
-    if (!need.verdict) continue;
-    GasStore& store = supply.gases.emplace_back();
-    store.gas = need.mix;
-    store.carried = need.carried.value_or(0);
-    store.bailOut.emplace();
-    store.bailOutVolume = need.need;
-    store.verdict = *need.verdict;
-  }
-  return supply;
-}
 
 SlateDive PlanOf(const SlateServices& services, const SeriesDive& dive) {
   const auto& [record, plan, before] = dive.dive;
@@ -93,10 +69,7 @@ void WriteSlates(const SlateServices& services, const SeriesDive& planned, const
       dive.turn = plan.turn;
       dive.shortGases = plan.shortGases;
     } else {
-      const GasSupply supply = column.kind == WhatIfColumn::Kind::BailOut
-                                   ? SupplyOf(column.gas)
-                                   : SupplyOf(PlannedDive{column.record, column.plan, planned.dive.before});
-      dive.shortGases = ShortGases(supply, words);
+      dive.shortGases = ShortGases(column.supply, words);
       const std::string detail = DetailOf(column, wish, words);
       dive.variant = NameOf(column, words) + (detail.empty() ? "" : " " + detail);
     }

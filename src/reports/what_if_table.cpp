@@ -112,34 +112,31 @@ class Builder {
     }
     for (const GasNeed* gas : gases) {
       WhatIfTable::Row row{gas->mix, words_.VolumeUnit(), {}, true};
+      WhatIfTable::Row minimum{words_.T(Text::WhatIfMinimum, {gas->mix}), words_.VolumeUnit(), {}, true};
       if (gas->carried && *gas->carried > 0) {
         row.label = words_.T(Text::WhatIfCarried, {gas->mix, words_.Volume(*gas->carried)});
         row.unit.clear();
       }
+      bool asked = false;
       for (const WhatIfColumn& column : columns_) {
         const auto need = std::ranges::find(column.gas, gas->mix, &GasNeed::mix);
-        WhatIfTable::Cell& cell = row.cells.emplace_back();
-        if (need == column.gas.end()) continue;
-        cell.figure = words_.Fixed(need->need, words_.Metric() ? 0 : 1);
-        if (!need->verdict) continue;
-        cell.note = NoteOf(*need->verdict);
-        cell.bad = IsShort(*need->verdict);
+        const bool there = need != column.gas.end();
+        row.cells.push_back(there ? GasCell(need->shownBreathed, need->ofPlan) : WhatIfTable::Cell());
+        const bool more = there && need->verdict && need->shownNeed > need->shownBreathed;
+        minimum.cells.push_back(more ? GasCell(need->shownNeed, need->verdict) : WhatIfTable::Cell());
+        asked = asked || more;
       }
       table_.rows.push_back(std::move(row));
+      if (asked) table_.rows.push_back(std::move(minimum));
     }
   }
 
-  [[nodiscard]] std::string NoteOf(GasVerdict verdict) const {
-    switch (verdict) {
-      case GasVerdict::Enough:
-        return words_.T(Text::WhatIfEnough);
-      case GasVerdict::IntoReserve:
-        return words_.T(Text::SupplyIntoReserve);
-      case GasVerdict::NotTold:
-        return "?";
-      default:
-        return words_.T(Text::WhatIfShort);
-    }
+  [[nodiscard]] WhatIfTable::Cell GasCell(double volume, const std::optional<GasVerdict>& verdict) const {
+    WhatIfTable::Cell cell{words_.Fixed(volume, words_.Metric() ? 0 : 1), "", false};
+    if (!verdict) return cell;
+    cell.note = VerdictText(*verdict, words_);
+    cell.bad = IsShort(*verdict);
+    return cell;
   }
 
   /// The dangers of the plan check, but for the PPO2, and the same lines as below bail-out tables and on cards.

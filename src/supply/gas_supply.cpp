@@ -79,17 +79,17 @@ class Stores {
       const auto need = std::ranges::find(bailOut_->gases, store.gas, &BailOutNeed::gas);
       if (need != bailOut_->gases.end()) {
         store.bailOut = *need;
-        store.bailOutVolume = breathing_ * need->All();
+        store.worst = {0, breathing_ * need->sorting, breathing_ * need->ascent};
       }
     }
     const auto gas = std::ranges::find(breathed_, store.gas, &GasTotal::Name);
     if (gas != breathed_.end()) store.used = gas->total;
-    if (store.bailOutVolume > store.used) {
+    if (store.worst.All() > store.used) {
       store.firstRow = store.lastRow = store.bailOut->row;
       return;
     }
     store.bailOut.reset();
-    store.bailOutVolume = 0;
+    store.worst = {};
     for (std::int16_t i = rows_.GetLength(); i > 0 && store.lastRow == 0; --i) {
       if (rows_.GetGasMixName(i) == store.gas && rows_.getGasUsed(i) > 0) store.lastRow = i;
     }
@@ -97,21 +97,22 @@ class Stores {
 
   void Judge(GasStore& store) const {
     if (!FindBlend(store.gas, settings_)) {
-      store.verdict = GasVerdict::UnknownGas;
+      store.ofPlan = GasVerdict::UnknownGas;
     } else if (!(store.Need() > 0)) {
-      store.verdict = GasVerdict::NotBreathed;
+      store.ofPlan = GasVerdict::NotBreathed;
     } else if (!store.HasCylinders() && IsDiluent(store.gas) && !(store.used > 0)) {
-      store.verdict = GasVerdict::NotTold;
+      store.ofPlan = GasVerdict::NotTold;
     } else if (!store.HasCylinders()) {
-      store.verdict = GasVerdict::NoCylinder;
+      store.ofPlan = GasVerdict::NoCylinder;
       FindRow(store, 0);
     } else if (store.ShownLeft(settings_.Metric) < -kNoise) {
-      store.verdict = GasVerdict::RunsOut;
+      store.ofPlan = GasVerdict::RunsOut;
       FindRow(store, store.carried);
     } else if (store.ShownLeft(settings_.Metric) < ShownVolume(store.reserve, settings_.Metric) - kNoise) {
-      store.verdict = GasVerdict::IntoReserve;
+      store.ofPlan = GasVerdict::IntoReserve;
       FindRow(store, store.carried - store.reserve);
     }
+    store.verdict = store.ofPlan;
   }
 
   void FindRow(GasStore& store, double volume) const {
@@ -228,9 +229,22 @@ void HoldAgainstStores(GasSupply& supply, const ClassProfile& rows) {
   for (LegSupply& leg : supply.legs) {
     for (; row <= leg.row; ++row) used[rows.GetGasMixName(row)] += rows.getGasUsed(row);
     const GasStore* store = supply.Of(leg.gas);
-    if (store == nullptr || store->cylinders.empty()) continue;
     leg.used = used[leg.gas];
+    if (store == nullptr || !store->HasCylinders()) continue;
     HoldAgainstStore(leg, *store, supply.choice.rule);
+  }
+}
+
+/// A gas that does not hold the minimum of a leg is too little, whatever the plan leaves of it.
+void JudgeByLegs(GasSupply& supply) {
+  for (GasStore& store : supply.gases) {
+    for (const LegSupply& leg : supply.legs) {
+      if (leg.gas != store.gas) continue;
+      const GasStore::Worst asked{leg.used, leg.sorting, leg.ascent};
+      if (leg.decompresses && asked.All() > store.worst.All()) store.worst = asked;
+      const bool judged = store.verdict == GasVerdict::Enough || store.verdict == GasVerdict::IntoReserve;
+      if (judged && supply.VerdictOf(leg) == GasVerdict::RunsOut) store.verdict = GasVerdict::RunsOut;
+    }
   }
 }
 
@@ -327,7 +341,7 @@ GasVerdict GasSupply::VerdictOf(const LegSupply& leg) const {
   const GasStore* store = Of(leg.gas);
   if (!leg.decompresses) return GasVerdict::RunsOut;
   if (store == nullptr) return GasVerdict::NoCylinder;
-  if (!store->HasCylinders()) return store->cylinders.empty() ? GasVerdict::NoCylinder : GasVerdict::NotTold;
+  if (!store->HasCylinders()) return store->verdict;
   const double left = ShownLeft(leg) - (leg.turns ? 0 : leg.ShownMinimum(metric));
   if (ShownLeft(leg) < leg.ShownMinimum(metric) - kNoise) return GasVerdict::RunsOut;
   return left < ShownVolume(store->reserve, metric) - kNoise ? GasVerdict::IntoReserve : GasVerdict::Enough;
@@ -369,6 +383,7 @@ GasSupply SupplyOf(const PlannedDive& dive, const SupplyChoice& choice, const st
     return supply;
   }
   HoldAgainstStores(supply, rows);
+  JudgeByLegs(supply);
   return supply;
 }
 

@@ -19,9 +19,9 @@ namespace tav {
 enum class GasVerdict {
   Enough,
   IntoReserve,  ///< less is left than the reserve
-  RunsOut,
-  NoCylinder,  ///< breathed, and no cylinder holds it
-  NotTold,     ///< the loop's diluent, of which no cylinder is told as bail-out
+  RunsOut,      ///< too little: for the plan, for the minimum gas of a leg, or for a way out
+  NoCylinder,   ///< breathed, and no cylinder holds it
+  NotTold,      ///< the loop's diluent, of which no cylinder is told as bail-out
   NotBreathed,
   UnknownGas,  ///< in a cylinder, and no gas of the template has its name
 };
@@ -59,18 +59,34 @@ struct GasStore {
   double reserve = 0;
   double used = 0;                     ///< by the plan as it goes
   std::optional<BailOutNeed> bailOut;  ///< on a rebreather: the minute that asks for most of it
-  double bailOutVolume = 0;            ///< what that asks for
-  GasVerdict verdict = GasVerdict::Enough;
+  /// What that minute asks for, on open circuit the end of the leg that asks for most: used up to there, the minutes of
+  /// sorting out and the way up.
+  struct Worst {
+    double used = 0;
+    double sorting = 0;
+    double ascent = 0;
+    [[nodiscard]] double All() const { return used + sorting + ascent; }
+    /// As printed: the sum of its printed parts.
+    [[nodiscard]] double Shown(bool metric) const {
+      return ShownVolume(used, metric) + ShownVolume(sorting, metric) + ShownVolume(ascent, metric);
+    }
+  } worst;
+  GasVerdict ofPlan = GasVerdict::Enough;   ///< of the plan as it goes, on a rebreather with its ways out
+  GasVerdict verdict = GasVerdict::Enough;  ///< the same with the minimum gas of each leg
   std::int16_t firstRow = 0;  ///< where it runs out or goes into its reserve, or is first breathed without a cylinder
   std::int16_t lastRow = 0;   ///< the last row that breathes it; 0 when none does
 
-  /// What must be there: what is used, or what a way out asks for.
-  [[nodiscard]] double Need() const { return std::max(used, bailOutVolume); }
-  [[nodiscard]] double Left() const { return carried - Need(); }
-  /// In whole litres or tenths of a cubic foot, as printed: the difference of what is printed beside it.
-  [[nodiscard]] double ShownLeft(bool metric) const {
-    return ShownVolume(carried, metric) - ShownVolume(Need(), metric);
+  /// What must be there, come what may.
+  [[nodiscard]] double Need() const { return std::max(used, worst.All()); }
+  [[nodiscard]] double ShownNeed(bool metric) const { return std::max(ShownVolume(used, metric), worst.Shown(metric)); }
+  /// What the plan breathes, or on a rebreather the way out that asks for more.
+  [[nodiscard]] double Breathed() const { return bailOut ? worst.All() : used; }
+  [[nodiscard]] double ShownBreathed(bool metric) const {
+    return bailOut ? worst.Shown(metric) : ShownVolume(used, metric);
   }
+  [[nodiscard]] double Left() const { return carried - Breathed(); }
+  /// In whole litres or tenths of a cubic foot, as printed: the difference of what is printed beside it.
+  [[nodiscard]] double ShownLeft(bool metric) const { return ShownVolume(carried, metric) - ShownBreathed(metric); }
   /// Any that count.
   [[nodiscard]] bool HasCylinders() const;
   /// The gauges when a volume is left. Each line is breathed down to its reserve, then the next one; when all are

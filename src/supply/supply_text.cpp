@@ -75,7 +75,7 @@ Row GasRow(const GasStore& store, const AdviceWords& words) {
           {CylindersText(store, words)},
           {GaugesText(store, store.carried, AsItIs, words)},
           {held(words.Volume(store.carried))},
-          {words.Volume(store.Need())},
+          {words.Volume(store.ShownBreathed(words.Metric()))},
           {held(words.Volume(store.ShownLeft(words.Metric())))},
           Marked(GaugesText(store, store.Left(), Down, words), isShort),
           Marked(VerdictText(store, words), isShort)};
@@ -135,15 +135,16 @@ bool IsShort(GasVerdict verdict) {
 bool IsShort(const GasStore& store) { return IsShort(store.verdict); }
 bool IsShort(const GasSupply& supply, const LegSupply& leg) { return IsShort(supply.VerdictOf(leg)); }
 
-std::string VerdictText(const GasStore& store, const AdviceWords& words) {
-  if (store.bailOut && store.verdict == GasVerdict::RunsOut) return words.T(Text::SupplyTooLittle);
-  switch (store.verdict) {
+std::string VerdictText(const GasStore& store, const AdviceWords& words) { return VerdictText(store.verdict, words); }
+
+std::string VerdictText(GasVerdict verdict, const AdviceWords& words) {
+  switch (verdict) {
     case GasVerdict::NotTold:
       return words.T(Text::SupplyNotTold);
     case GasVerdict::IntoReserve:
       return words.T(Text::SupplyIntoReserve);
     case GasVerdict::RunsOut:
-      return words.T(Text::SupplyRunsOut);
+      return words.T(Text::SupplyTooLittle);
     case GasVerdict::NoCylinder:
       return words.T(Text::SupplyNoCylinder);
     case GasVerdict::NotBreathed:
@@ -157,19 +158,7 @@ std::string VerdictText(const GasStore& store, const AdviceWords& words) {
 }
 
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words) {
-  if (!leg.decompresses) return words.T(Text::SupplyNoWayUp);
-  switch (supply.VerdictOf(leg)) {
-    case GasVerdict::RunsOut:
-      return words.T(Text::SupplyTooLittle);
-    case GasVerdict::IntoReserve:
-      return words.T(Text::SupplyIntoReserve);
-    case GasVerdict::NoCylinder:
-      return words.T(Text::SupplyNoCylinder);
-    case GasVerdict::NotTold:
-      return words.T(Text::SupplyNotTold);
-    default:
-      return words.T(Text::SupplyEnough);
-  }
+  return leg.decompresses ? VerdictText(supply.VerdictOf(leg), words) : words.T(Text::SupplyNoWayUp);
 }
 
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {

@@ -14,7 +14,8 @@ namespace tav {
 /// "2 x 12 l", "1 x 80 cu ft (3000 psi)"; the cylinders of one gas joined by " + ".
 std::string CylindersText(const GasStore& store, const AdviceWords& words);
 
-/// "enough", "runs out", ...
+/// "enough", "into reserve", "too little", ...
+std::string VerdictText(GasVerdict verdict, const AdviceWords& words);
 std::string VerdictText(const GasStore& store, const AdviceWords& words);
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words);
 /// Whether a verdict is one to act on.

@@ -38,14 +38,10 @@ std::vector<GasStore> WayOutSupply::Of(const DiveTemplate& settings, const Table
                   choice.team * choice.stress * settings.RMV, &plan_.rows);
 }
 
-std::string GasNote(const GasStore& store, const AdviceWords& words) {
-  return GasNote(store, VerdictText(store, words), store.Need(), words);
-}
-
-std::string GasNote(const GasStore& store, const std::string& verdict, double need, const AdviceWords& words) {
-  std::string volume = words.Volume(need);
+std::string GasNote(const GasStore& store, const AdviceWords& words, const std::string& when) {
+  std::string volume = words.Volume(store.ShownNeed(words.Metric()));
   if (store.carried > 0) volume = words.T(Text::WhatIfCarried, {volume, words.Volume(store.carried)});
-  return store.gas + ": " + verdict + ", " + volume;
+  return store.gas + ": " + VerdictText(store, words) + (when.empty() ? "" : " " + when) + ", " + volume;
 }
 
 }  // namespace tav

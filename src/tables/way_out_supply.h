@@ -32,7 +32,7 @@ class WayOutSupply {
 };
 
 /// "EAN50: too little, 2854 l of 2200 l": what is needed of what is carried, the same on cards and slates.
-std::string GasNote(const GasStore& store, const AdviceWords& words);
-std::string GasNote(const GasStore& store, const std::string& verdict, double need, const AdviceWords& words);
+/// `when` follows the verdict.
+std::string GasNote(const GasStore& store, const AdviceWords& words, const std::string& when = {});
 
 }  // namespace tav

@@ -301,7 +301,7 @@ TEST_F(WhatIfOfPlan, HoldsTheGasAgainstTheCylinders) {
     rows.Row(rows.GetLength()).GasMixName = gas;
     rows.Row(rows.GetLength()).GasUsed = 79.9;
   }
-  const auto needs = GasNeeds(StoresOf(rows, settings, settings.Cylinders), settings);
+  const auto needs = GasNeeds(StoresOf(rows, settings, settings.Cylinders), true, false);
   ASSERT_EQ(needs.size(), 2U);
   EXPECT_EQ(needs[0].carried, 0);
   EXPECT_EQ(needs[0].verdict, GasVerdict::NoCylinder);
@@ -402,7 +402,7 @@ TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
     }
     EXPECT_EQ(rows["Run time"]->cells[c].figure, words.Short(columns[c].rows.GetRunTime(columns[c].rows.GetLength())));
   }
-  EXPECT_EQ(rows["Oxygen of 140 l"]->cells[0].note, "short");
+  EXPECT_EQ(rows["Oxygen of 140 l"]->cells[0].note, "too little");
   EXPECT_TRUE(rows["Oxygen of 140 l"]->cells[0].bad);
   EXPECT_EQ(rows["Oxygen of 140 l"]->cells[4].figure, "");
   EXPECT_EQ(rows["EAN50 of 1400 l"]->cells[0].note, "enough");

@@ -65,7 +65,7 @@ TEST(CylinderDialog, TellsTheVerdictWhileOneTypesAndIsOneStepOfUndo) {
     EXPECT_EQ(supply[3][kVerdict].text, "no cylinder");
     EXPECT_EQ(supply[3][kVerdict].colour, kRed);
     dialog.fgCylinders.Edit(1, kFill, "60");
-    EXPECT_EQ(dialog.fgSupply.Cells.Get()[1][kVerdict].text, "runs out");
+    EXPECT_EQ(dialog.fgSupply.Cells.Get()[1][kVerdict].text, "too little");
     dialog.fgCylinders.Edit(1, kFill, "230");
     const auto legs = dialog.fgLegs.Cells.Get();
     ASSERT_EQ(legs.size(), 2U);

@@ -56,8 +56,6 @@ struct Words : TextSource {
         return "%1 of %2";
       case Text::SupplyIntoReserve:
         return "reserve";
-      case Text::SupplyRunsOut:
-        return "short";
       case Text::SupplyTooLittle:
         return "too little";
       case Text::WhatIfMoment:
@@ -139,9 +137,9 @@ TEST_F(SlateTest, TellsEachGasThatIsNotEnough) {
     std::vector<std::string> lines;
   };
   for (const Case& c : {Case{6, 100, {}}, Case{6, 60, {"EAN50: reserve, 531 l of 600 l"}},
-                        Case{6, 50, {"EAN50: short, 531 l of 500 l"}},
+                        Case{6, 50, {"EAN50: too little, 531 l of 500 l"}},
                         Case{3, 100, {"Tx18/45: too little at 28 min, 52 m, 6655 l of 6000 l"}},
-                        Case{1, 100, {"Tx18/45: short, 3766 l of 2000 l"}}}) {
+                        Case{1, 100, {"Tx18/45: too little, 6655 l of 2000 l"}}}) {
     plans_.documents(document_).Template.Cylinders = {
         {"Tx18/45", c.backGas, 10, 0, 200, 30}, {"EAN50", 1, 10, 0, c.EAN50, 20}, {"Oxygen", 1, 10, 0, 200, 20}};
     const Words english;
