@@ -53,6 +53,7 @@ void frmCylinders::Wire() {
       platform_.clipboard.SetText(fgCylinders.Text(fgCylinders.SelectedRow, fgCylinders.SelectedColumn));
     }
   };
+  fgCylinders.RightColumns = {Count, Size, Rated, Fill, Reserve};
   fgCylinders.Click = [this] { EnableRowButtons(); };
   WireSets();
   for (TextBox* field : {&tbTeam, &tbStress, &tbMinutes}) field->Change = [this] { Show(); };
