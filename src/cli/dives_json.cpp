@@ -31,15 +31,15 @@ constexpr const char* VerdictName(GasVerdict verdict) {
 /// A number, where it is known.
 std::optional<double> Known(bool known, double number) { return known ? std::optional(number) : std::nullopt; }
 
-/// What the gauge of the cylinders that are breathed shows when a volume is left, and, with an "s" to the name, that of
-/// each line of cylinders; both null without them.
+/// What the gauge of the cylinders that are breathed shows when a volume is left, in "pressure_unit", and, with an "s"
+/// to the name, that of each line of cylinders in its own; both null without them.
 void WritePressures(JsonWriter& json, const std::string& name, const GasStore* store, std::optional<double> left) {
   if (store == nullptr || !left || !store->HasCylinders()) {
     json.Member(name, std::nullopt);
     return json.Member(name + "s", std::nullopt);
   }
+  json.Member(name, store->Pressure(*left));
   const GasStore::Gauges gauges = store->At(*left);
-  json.Member(name, gauges.pressures[gauges.breathed]);
   json.List(name + "s", [&] {
     for (const std::optional<double> pressure : gauges.pressures) json.Value(pressure);
   });

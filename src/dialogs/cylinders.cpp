@@ -53,6 +53,7 @@ void frmCylinders::Wire() {
       platform_.clipboard.SetText(fgCylinders.Text(fgCylinders.SelectedRow, fgCylinders.SelectedColumn));
     }
   };
+  fgCylinders.RightColumns = {Count, Size, Rated, Fill, Reserve};
   fgCylinders.Click = [this] { EnableRowButtons(); };
   WireSets();
   for (TextBox* field : {&tbTeam, &tbStress, &tbMinutes}) field->Change = [this] { Show(); };
@@ -269,11 +270,12 @@ void frmCylinders::EnableRowButtons() {
 
 void frmCylinders::MoveRow(int by) {
   const int row = fgCylinders.SelectedRow;
-  if (row < 1 || row + by < 1 || std::max(row, row + by) >= fgCylinders.Rows()) return;
+  const int to = row + by;
+  if (std::min(row, to) < 1 || std::max(row, to) >= fgCylinders.Rows()) return;
   auto cells = fgCylinders.Cells.Get();
-  std::swap(cells[static_cast<std::size_t>(row)], cells[static_cast<std::size_t>(row + by)]);
+  std::swap(cells[static_cast<std::size_t>(row)], cells[static_cast<std::size_t>(to)]);
   fgCylinders.Cells = cells;
-  fgCylinders.SelectCell(row + by, fgCylinders.SelectedColumn);
+  fgCylinders.SelectCell(to, fgCylinders.SelectedColumn);
   fgCylinders.SetFocus();
   Show();
 }

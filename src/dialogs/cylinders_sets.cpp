@@ -8,10 +8,7 @@
 namespace tav {
 
 void frmCylinders::WireSets() {
-  cmbSet.Click = [this] {
-    if (IsOwnSet()) tbSetName.Text = cmbSet.Text();
-    Show();
-  };
+  cmbSet.Click = [this] { Show(); };
   tbSetName.Change = [this] { Show(); };
   tbSetName.KeyReturn = [this] { cbSaveSet.Press(); };
   cbTakeSet.Click = [this] { TakeSet(); };
@@ -47,6 +44,7 @@ std::string frmCylinders::SetName() const { return std::string(TrimBlanks(tbSetN
 
 void frmCylinders::TakeSet() {
   if (cmbSet.ListIndex < 0) return;
+  if (IsOwnSet()) tbSetName.Text = cmbSet.Text();  // to be saved under it again
   const std::vector<Cylinder>& cylinders = sets_.at(static_cast<std::size_t>(cmbSet.ListIndex)).cylinders;
   PutRows(cylinders);
   // The first gas that is to be chosen.

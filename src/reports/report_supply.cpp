@@ -1,5 +1,6 @@
 // The gas supply in the long report, for plans that tell their cylinders.
 
+#include "pages/page_units.h"
 #include "reports/report_blocks.h"
 #include "supply/supply_text.h"
 
@@ -13,11 +14,11 @@ struct Place {
   double width;  ///< of the longest text, cm
 };
 
-const std::vector<Place> kGasPlaces{{2.0, false, 2.6}, {4.9, false, 6.4}, {13.2, true, 0}, {15.6, true, 0},
-                                    {18.0, true, 0},   {20.4, true, 0},   {23.0, true, 0}, {23.5, false, 3.5}};
-const std::vector<Place> kLegPlaces{{2.9, true, 0},    {4.9, true, 0},  {6.6, true, 0},
-                                    {7.2, false, 2.6}, {12.4, true, 0}, {15.4, true, 0},
-                                    {18.2, true, 0},   {21.0, true, 0}, {21.6, false, 5.4}};
+const std::vector<Place> kGasPlaces{{2.0, false, 2.6}, {4.9, false, 5.2}, {13.2, true, 3.0}, {15.6, true, 2.3},
+                                    {18.0, true, 2.3}, {20.4, true, 2.3}, {23.0, true, 2.4}, {23.5, false, 3.5}};
+const std::vector<Place> kLegPlaces{{2.9, true, 0.9},  {4.9, true, 1.9},  {6.6, true, 1.6},
+                                    {7.2, false, 2.6}, {12.4, true, 2.5}, {15.4, true, 2.9},
+                                    {18.2, true, 2.6}, {21.0, true, 2.6}, {21.6, false, 5.4}};
 
 constexpr double kRow = ReportPages::kRow;
 constexpr double kHead = 1.7;
@@ -73,12 +74,19 @@ class SupplyTable {
     for (std::size_t i = 0; i < places_.size(); ++i) {
       const auto& [x, right, width] = places_[i];
       if (row[i].colour >= 0) pages_.Out().SetForeColor(row[i].colour);
-      right ? pages_.Right(x, y_, row[i].text, row[i].bold) : pages_.Fitted(x, y_, row[i].text, width, row[i].bold);
+      // The pressures of many cylinders need all the room up to the column before.
+      right&& Fits(row[i], width) ? pages_.Right(x, y_, row[i].text, row[i].bold)
+                                  : pages_.Fitted(right ? x - width : x, y_, row[i].text, width, row[i].bold);
       pages_.Out().SetForeColor(kBlack);
     }
     // How the minimum gas is worked out.
     constexpr int kSmall = 8;
     if (note) pages_.Left(places_.at(3).x, y_ + kRow, row.back().text, kSmall);
+  }
+
+  [[nodiscard]] bool Fits(const GridCell& cell, double cm) const {
+    constexpr double kSize = 10;
+    return pages_.Out().Services().measure.TextWidth(cell.text, {"Arial", kSize, cell.bold}) <= cm * page::kUnitsPerCm;
   }
 
   ReportPages& pages_;

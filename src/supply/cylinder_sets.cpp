@@ -54,9 +54,9 @@ std::vector<CylinderSet> UsualSets(bool metric) {
   const Rig& rig = metric ? kMetric : kImperial;
   const auto of = [](std::size_t kind, const char* gas) { return kUsual.at(kind).With(gas); };
   std::vector<CylinderSet> sets{
-      {Text::SetOfTwinset, {of(rig.twinset, ""), of(rig.large, "EAN50"), of(rig.small, "Oxygen")}},
-      {Text::SetOfSingle, {of(rig.single, ""), of(rig.small, "EAN50")}},
-      {Text::SetOfBailOut, {of(rig.large, ""), of(rig.large, "EAN50")}}};
+      {Message(Text::SetOfTwinset), {of(rig.twinset, ""), of(rig.large, "EAN50"), of(rig.small, "Oxygen")}},
+      {Message(Text::SetOfSingle), {of(rig.single, ""), of(rig.small, "EAN50")}},
+      {Message(Text::SetOfBailOut), {of(rig.large, ""), of(rig.large, "EAN50")}}};
   for (Cylinder& cylinder : sets.back().cylinders) cylinder.BailOut = true;
   return sets;
 }

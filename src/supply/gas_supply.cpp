@@ -55,14 +55,14 @@ class Stores {
       GasStore::Line& line = store.lines.emplace_back();
       if (!cylinder.BailOut && IsDiluent(store.gas)) continue;
       (cylinder.InLitres() ? bar : psi) = true;
-      line.perPressure = GasPerPressure(cylinder, metric);
-      line.carried = line.perPressure * PressureIn(metric, cylinder, cylinder.Fill);
-      line.reserve = line.perPressure * PressureIn(metric, cylinder, cylinder.Reserve);
+      const double perPressure = GasPerPressure(cylinder, metric);
+      line.perPressure = perPressure / GaugePressure(1, metric, cylinder.InLitres());
+      line.carried = perPressure * PressureIn(metric, cylinder, cylinder.Fill);
+      line.reserve = perPressure * PressureIn(metric, cylinder, cylinder.Reserve);
       store.carried += line.carried;
       store.reserve += line.reserve;
     }
     store.gaugeInBar = bar == psi ? metric : bar;
-    for (GasStore::Line& line : store.lines) line.perPressure /= GaugePressure(1, metric, store.gaugeInBar);
   }
 
   /// A gas that legs on the loop are dived with.
@@ -317,13 +317,14 @@ GasStore::Gauges GasStore::At(double left) const {
 double GasStore::LeftToActBy(double left) const {
   const Gauges gauges = At(left);
   const double pressure = gauges.pressures.at(gauges.breathed).value_or(0);
-  return left + (PressureToActBy(pressure, gaugeInBar) - pressure) * lines[gauges.breathed].perPressure;
+  const double toActBy = PressureToActBy(pressure, cylinders[gauges.breathed].InLitres());
+  return left + (toActBy - pressure) * lines[gauges.breathed].perPressure;
 }
 
 std::optional<double> GasStore::Pressure(double left) const {
   if (!HasCylinders()) return std::nullopt;
   const Gauges gauges = At(left);
-  return gauges.pressures[gauges.breathed];
+  return GaugePressure(*gauges.pressures[gauges.breathed], cylinders[gauges.breathed].InLitres(), gaugeInBar);
 }
 
 const GasStore* GasSupply::Of(const std::string& gas) const {

@@ -35,12 +35,12 @@ double PressureToActBy(double pressure, bool inBar);
 
 /// One gas: what is carried and what the plan asks for of it. On a rebreather that is what the dearest minute to leave
 /// the loop asks for; of the diluent only cylinders count that are told as bail-out. Volumes of one gas are one supply;
-/// pressures are those of each line of cylinders, in the unit of their gauges, that of the plan where they differ. A
-/// line of several cylinders is joined by a manifold and evens out.
+/// pressures are those of each line of cylinders, on its own gauge. A line of several cylinders is joined by a manifold
+/// and evens out.
 struct GasStore {
   /// What a line of cylinders holds; nothing for one that does not count.
   struct Line {
-    double perPressure = 0;  ///< volume for each bar or psi
+    double perPressure = 0;  ///< volume for each bar or psi of its gauge
     double carried = 0;
     double reserve = 0;
     [[nodiscard]] bool Counts() const { return perPressure > 0; }
@@ -54,7 +54,7 @@ struct GasStore {
   std::string gas;
   std::vector<Cylinder> cylinders;  ///< in their order of use
   std::vector<Line> lines;          ///< of the cylinders
-  bool gaugeInBar = true;
+  bool gaugeInBar = true;           ///< the unit of a pressure for all: of the gauges, of the plan where they differ
   double carried = 0;
   double reserve = 0;
   double used = 0;                     ///< by the plan as it goes
@@ -93,7 +93,7 @@ struct GasStore {
   /// there, the reserves in the same order. What is more than all is told as the first one's, what is lacking as that
   /// of the last one, below 0.
   [[nodiscard]] Gauges At(double left) const;
-  /// What the gauge of the line that is breathed then shows; nothing without cylinders.
+  /// What the gauge of the line that is breathed then shows, in the unit for all; nothing without cylinders.
   [[nodiscard]] std::optional<double> Pressure(double left) const;
   /// What is left when that gauge shows its pressure to act by; there must be cylinders.
   [[nodiscard]] double LeftToActBy(double left) const;

@@ -1,6 +1,7 @@
 #include "supply/supply_text.h"
 
 #include <cmath>
+#include <functional>
 
 #include "model/text_id.h"
 
@@ -42,29 +43,40 @@ double ToActBy(double pressure, bool breathed, bool inBar) {
   return breathed ? PressureToActBy(pressure, inBar) : std::ceil(pressure - kNoise);
 }
 
-std::string GaugesText(const GasStore& store, double left, Rounding rounded, const AdviceWords& words) {
-  if (!store.HasCylinders()) return kNothing;
+/// Each line of cylinders that counts by `told(line, pressure)`; "--" for the others.
+std::vector<std::string> GaugeTexts(const GasStore& store, double left, Rounding rounded,
+                                    const std::function<std::string(std::size_t line, double pressure)>& told) {
   const GasStore::Gauges gauges = store.At(left);
   std::vector<std::string> texts;
   for (std::size_t i = 0; i < gauges.pressures.size(); ++i) {
-    const std::optional<double> pressure = gauges.pressures[i];
-    texts.push_back(pressure ? words.Fixed(rounded(*pressure, i == gauges.breathed, store.gaugeInBar), 0) : kNothing);
+    const auto pressure = gauges.pressures[i];
+    const bool inBar = store.cylinders[i].InLitres();
+    texts.push_back(pressure ? told(i, rounded(*pressure, i == gauges.breathed, inBar)) : kNothing);
   }
-  return Joined(texts, " / ") + " " + words.GaugeUnit(store.gaugeInBar);
+  return texts;
+}
+
+std::string GaugesText(const GasStore& store, double left, Rounding rounded, const AdviceWords& words) {
+  if (!store.HasCylinders()) return kNothing;
+  const auto number = [&](std::size_t, double pressure) { return words.Fixed(pressure, 0); };
+  std::vector<std::string> texts = GaugeTexts(store, left, rounded, number);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const bool inBar = store.cylinders[i].InLitres();
+    // Neighbours share their unit.
+    const bool isLast = i + 1 == texts.size() || store.cylinders[i + 1].InLitres() != inBar;
+    if (isLast) texts[i] += " " + words.GaugeUnit(inBar);
+  }
+  return Joined(texts, " / ");
 }
 
 /// The same with the cylinders named where they are not those of one line.
 std::string GaugesWords(const GasStore& store, double left, Rounding rounded, const AdviceWords& words) {
   if (store.lines.size() == 1) return GaugesText(store, left, rounded, words);
-  const GasStore::Gauges gauges = store.At(left);
-  std::vector<std::string> texts;
-  for (std::size_t i = 0; i < gauges.pressures.size(); ++i) {
-    if (!gauges.pressures[i]) continue;
-    const double pressure = rounded(*gauges.pressures[i], i == gauges.breathed, store.gaugeInBar);
-    texts.push_back(words.T(Text::SupplyPressureIn,
-                            {words.Gauge(pressure, store.gaugeInBar), CylinderText(store.cylinders[i], words)}));
-  }
-  return Joined(texts, " + ");
+  const auto named = [&](std::size_t line, double pressure) {
+    const Cylinder& cylinder = store.cylinders[line];
+    return words.T(Text::SupplyPressureIn, {words.Gauge(pressure, cylinder.InLitres()), CylinderText(cylinder, words)});
+  };
+  return Joined(GaugeTexts(store, left, rounded, named), " + ");
 }
 
 Row GasRow(const GasStore& store, const AdviceWords& words) {

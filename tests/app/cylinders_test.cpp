@@ -5,6 +5,7 @@
 
 #include "dialogs/general_info.h"
 #include "persist/profile_file.h"
+#include "supply/supply_settings.h"
 #include "support/program_fixture.h"
 #include "supply/supply_settings.h"
 
@@ -163,7 +164,7 @@ TEST(CylinderDialog, TakesSetsWhoseGasesThePlanLacksAreToBeChosen) {
     EXPECT_EQ(cells[1][0].fault, "choose a gas of the plan");
     EXPECT_EQ(cells[2][0].colour, kRed);
     EXPECT_EQ(cells[3][0].colour, -1);
-    EXPECT_EQ(dialog.fgSupply.Cells.Get().size(), 2U) << "only the oxygen is carried";
+    EXPECT_EQ(dialog.fgSupply.Cells.Get()[1][kVerdict].text, "no cylinder") << "of air";
     EXPECT_FALSE(dialog.cbDeleteSet.Enabled || dialog.cbSaveSet.Enabled);
     dialog.cbOK.Press();
     EXPECT_TRUE(dialog.IsLoaded());

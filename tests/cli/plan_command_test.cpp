@@ -207,7 +207,8 @@ TEST_F(Tavplan, ChoosesTheModel) {
 TEST_F(Tavplan, TellsTheGasSupplyWhereCylindersAreTold) {
   const std::string file = Scratch("supply.tav");
   Run({"new", "--depth", "30", "--time", "25", "--cylinder", "Air:2/12/200/50", "--cylinder",
-       "EAN50:1/80/3000/2900/500", "--cylinder", "Oxygen:1/7/200/20/", "--turn", "thirds", "-o", file});
+       "EAN50:1/80/3000/2900/500", "--cylinder", "Oxygen:1/80/3000/2900/500", "--cylinder", "Oxygen:1/7/200/20/",
+       "--turn", "thirds", "-o", file});
   EXPECT_EQ(Err(), "");
   EXPECT_THAT(Out(), HasSubstr("\nMinimum gas at the end of each leg\n"));
   EXPECT_THAT(Out(), HasSubstr("2 divers x 2 x 20 l/min x 4.013 bar x 2 min = 642 l, + ascent "));
@@ -219,6 +220,12 @@ TEST_F(Tavplan, TellsTheGasSupplyWhereCylindersAreTold) {
   EXPECT_EQ(supply["gases"][0]["mix"], "Air");
   EXPECT_EQ(supply["gases"][0]["carried"], 4800);
   EXPECT_EQ(supply["gases"][1]["pressure_unit"], "psi");
+  // Gauges in psi and in bar: a pressure for both is in the unit of the plan, 2900 / 14.50377.
+  const json& oxygen = supply["gases"][2];
+  EXPECT_EQ(oxygen["pressure_unit"], "bar");
+  EXPECT_NEAR(oxygen["start_pressure"].get<double>(), 199.95, 0.01);
+  EXPECT_NEAR(oxygen["start_pressures"].at(0).get<double>(), 2900, 0.01);
+  EXPECT_NEAR(oxygen["start_pressures"].at(1).get<double>(), 200, 0.01);
   const json& leg = supply["legs"][0];
   // 3 x 2 x 20 x 4.01325 bar x 1 min
   EXPECT_NEAR(leg["sorting_out"].get<double>(), 481.59, 0.01);
