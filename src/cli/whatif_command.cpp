@@ -24,9 +24,10 @@ constexpr const char* kDetails =
     "the minute that takes longest to come up, and from those that ask most of a gas. A plan without an ascent gets "
     "one.\n"
     "In --json each column has its name, run time, OTU, dangers, rows and gases, these with what the rows have "
-    "\"used\", what is \"carried\", what the gas supply asks for (\"need\": on a rebreather the dearest way out, by "
-    "--team, "
-    "--stress and --sort-out) and its \"verdict\": enough, reserve or short, null where the plan tells no cylinders.";
+    "\"used\", what is \"carried\", what must be there by --team, --stress and --sort-out (\"need\": on open circuit "
+    "with the minimum gas of each leg, but for a lost gas, on a rebreather for the dearest way out) and its "
+    "\"verdict\": "
+    "enough, reserve or short, null where the plan tells no cylinders.";
 
 constexpr const char* kExamples = R"(
   tavplan whatif dives/wreck.tav             5 min longer, 3 m (10 ft) deeper, each gas lost

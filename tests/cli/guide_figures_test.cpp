@@ -270,7 +270,7 @@ Table WhatIfFigures() {
     for (const char* mix : {"Tx18/45", "EAN50", "Oxygen"}) {
       std::string& cell = cells.emplace_back();
       for (const json& gas : column["gas"]) {
-        if (gas["mix"] == mix) cell = FormatFixed(gas["need"].get<double>(), 0) + MarkOf(gas["verdict"]);
+        if (gas["mix"] == mix) cell = FormatFixed(gas["used"].get<double>(), 0) + MarkOf(gas["verdict"]);
       }
     }
     rows.push_back(cells);
