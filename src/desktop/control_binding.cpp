@@ -1,6 +1,7 @@
 #include "desktop/control_binding.h"
 
 #include <QtWidgets>
+#include <algorithm>
 #include <stdexcept>
 
 #include "controls/form.h"
@@ -174,6 +175,19 @@ void Bind(ListView& view, QListWidget& list) {
   QObject::connect(&list, &QListWidget::currentRowChanged, [&view](int row) { view.Select(row); });
 }
 
+/// A list that flows in lines is as high as its lines, up to three of them.
+void FitLines(QListWidget& list) {
+  constexpr int kMostLines = 3;
+  if (!list.isWrapping()) return;
+  list.doItemsLayout();
+  const int first = list.count() == 0 ? list.fontMetrics().height() : list.visualItemRect(list.item(0)).height();
+  const int all = list.count() == 0 ? first
+                                    : list.visualItemRect(list.item(list.count() - 1)).bottom() -
+                                          list.visualItemRect(list.item(0)).top();
+  const int line = first + 2 * list.spacing();
+  list.setFixedHeight(std::min(all + 2 * list.spacing(), kMostLines * line) + 2 * list.frameWidth() + 2);
+}
+
 void Bind(CheckList& ticks, QListWidget& list) {
   Follow(ticks, list, [&ticks, &list] {
     const QSignalBlocker quiet(&list);
@@ -186,6 +200,13 @@ void Bind(CheckList& ticks, QListWidget& list) {
       list.item(row)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
       list.item(row)->setCheckState(items[i].on ? Qt::Checked : Qt::Unchecked);
     }
+    FitLines(list);
+  });
+  new EventHook(list, [&list](QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) {
+      QTimer::singleShot(0, &list, [&list] { FitLines(list); });
+    }
+    return false;
   });
   QObject::connect(&list, &QListWidget::itemChanged, [&ticks, &list](const QListWidgetItem* item) {
     ticks.Tick(list.row(item), item->checkState() == Qt::Checked);

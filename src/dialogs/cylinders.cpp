@@ -29,7 +29,7 @@ void frmCylinders::Wire() {
   fgCylinders.EditorOf = [this](int row, int column) {
     if (row < 1 || (column == Rated && InLitres(row))) return Grid::Editor{};
     if (column == BailOut) {
-      if (TemplateOf(document_).OpenCircuit) return Grid::Editor{};
+      if (fgCylinders.Text(row, BailOut).empty()) return Grid::Editor{};
       return Grid::Editor{CellKind::List, {T(Text::No), T(Text::Yes)}};
     }
     Grid::Editor editor{column == Gas || column == Unit ? CellKind::List : CellKind::Text, {}};
@@ -144,9 +144,14 @@ std::vector<std::string> frmCylinders::RowOf(const Cylinder& cylinder) const {
           cylinder.InLitres() ? "" : Plain(cylinder.RatedPressure),
           Plain(cylinder.Fill),
           Plain(cylinder.Reserve),
-          cylinder.BailOut                    ? T(Text::Yes)
-          : TemplateOf(document_).OpenCircuit ? ""
-                                              : T(Text::No)};
+          BailOutText(cylinder.Gas, cylinder.BailOut)};
+}
+
+std::string frmCylinders::BailOutText(const std::string& gas, bool told) const {
+  if (told) return T(Text::Yes);
+  const ClassProfile& rows = services_.forms(document_).InputProfile;
+  // Cylinders of other gases count without being told.
+  return IsDiluent(gas, rows, TemplateOf(document_)) ? T(Text::No) : "";
 }
 
 bool frmCylinders::InLitres(int row) const { return fgCylinders.Text(row, Unit) != T(Text::CylindersImperial); }
@@ -164,6 +169,8 @@ void frmCylinders::CommitCell(int row, int column, const std::string& text) {
     fgCylinders.SetText(row, Rated, "");
   }
   fgCylinders.SetText(row, column, text);
+  if (column == Gas)
+    fgCylinders.SetText(row, BailOut, BailOutText(text, fgCylinders.Text(row, BailOut) == T(Text::Yes)));
   Show();
 }
 
@@ -255,6 +262,8 @@ void frmCylinders::Show() {
       TablesOf(supply, settings.RMV, AdviceWords(texts_, platform_.separators, settings.Metric));
   fgSupply.Cells = tables.gases;
   fgLegs.Cells = tables.legs;
+  if (!tables.legTitle.empty()) lbLegs.Caption = tables.legTitle;
+  lbLoop.Caption = tables.note;
   if (fault.empty() && !cylinders.empty() && !supply.IsTold()) fault = T(Text::CylindersNoRows);
   lbFault.Caption = fault.empty() ? setsFault_ : fault;
   EnableRowButtons();

@@ -48,6 +48,7 @@ class frmCylinders : public DialogForm {
   ResultGrid fgSupply{*this, "fgSupply"};
   Label lbLegs{*this, "lbLegs"};
   ResultGrid fgLegs{*this, "fgLegs"};
+  Label lbLoop{*this, "lbLoop"};  ///< what the loop of a rebreather itself uses
   Label lbFault{*this, "lbFault"};  ///< what is wrong in the table or the fields
   Button cbOK{*this, "cbOK"};
   Button cbCancel{*this, "cbCancel"};
@@ -67,6 +68,7 @@ class frmCylinders : public DialogForm {
   [[nodiscard]] std::vector<std::string> RowOf(const Cylinder& cylinder) const;
   void CommitCell(int row, int column, const std::string& text);
   [[nodiscard]] bool InLitres(int row) const;
+  [[nodiscard]] std::string BailOutText(const std::string& gas, bool told) const;
   /// The cylinder of a row; the column of a cell that can't be, and why, otherwise.
   struct Fault {
     int column = -1;

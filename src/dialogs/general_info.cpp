@@ -101,8 +101,7 @@ void frmGeneralInfo::SetUpControls() {
                                                {&Command1, Text::PreviewClose},
                                                {&cbCopy, Text::InfoCopy},
                                                {&GeneralInfo, Text::InfoCopy},
-                                               {&lbGases, Text::SupplyTitle},
-                                               {&lbLegs, Text::SupplyLegs}};
+                                               {&lbGases, Text::SupplyTitle}};
   for (const auto& [control, text] : captions) control->Caption = T(text);
   for (Label* head : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label13, &Label14,
                       &lbGases, &lbLegs}) {
@@ -163,6 +162,8 @@ void frmGeneralInfo::ShowSupply(std::int16_t dive) {
   supply_ = SupplyTablesOf(services_.forms(dive).Planned(), services_.texts, services_.platform.separators);
   fgSupply.Cells = supply_.gases;
   fgLegs.Cells = supply_.legs;
+  lbLegs.Caption = supply_.legTitle;
+  lbLoop.Caption = supply_.note;
   const bool told = !supply_.gases.empty();
   TabStrip2.Tabs = {T(Text::InfoDive), T(Text::SupplyTitle)};
   TabStrip2.Visible = told;

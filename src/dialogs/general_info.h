@@ -65,6 +65,7 @@ class frmGeneralInfo : public DialogForm {
   ResultGrid fgSupply{*this, "fgSupply"};
   Label lbLegs{*this, "lbLegs"};
   ResultGrid fgLegs{*this, "fgLegs"};
+  Label lbLoop{*this, "lbLoop"};  ///< what the loop of a rebreather itself uses
 
   Label lbNotice{*this, "lbNotice"};  ///< the plan does not decompress, or has no ascent
   Button cbCopy{*this, "cbCopy"};

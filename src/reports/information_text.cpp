@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "model/number_text.h"
 #include "model/text_columns.h"
 #include "model/text_id.h"
 #include "model/utf8.h"
@@ -67,6 +68,7 @@ std::string SupplyText(const SupplyTables& supply) {
   };
   add(supply.gases, supply.gasTitle);
   if (supply.legs.size() > 1) add(supply.legs, supply.legTitle);
+  if (!supply.note.empty()) text += ReplaceAll(Wrapped(supply.note, 0, kColumns), "\n", "\r\n");
   return text + Rule(kColumns);
 }
 

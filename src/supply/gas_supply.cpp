@@ -65,14 +65,7 @@ class Stores {
     store.gaugeInBar = bar == psi ? metric : bar;
   }
 
-  /// A gas that legs on the loop are dived with.
-  [[nodiscard]] bool IsDiluent(const std::string& gas) const {
-    if (settings_.OpenCircuit) return false;
-    for (std::int16_t i = LastUserRow(*plan_); i > 0; --i) {
-      if (plan_->GetGasMixName(i) == gas) return true;
-    }
-    return false;
-  }
+  [[nodiscard]] bool IsDiluent(const std::string& gas) const { return tav::IsDiluent(gas, *plan_, settings_); }
 
   void Breathe(GasStore& store) const {
     if (bailOut_ != nullptr) {
@@ -272,6 +265,14 @@ std::vector<LegSupply> WaysOut(const GasSupply& supply, const DiveTemplate& sett
 }
 
 }  // namespace
+
+bool IsDiluent(const std::string& gas, const ClassProfile& plan, const DiveTemplate& settings) {
+  if (settings.OpenCircuit) return false;
+  for (std::int16_t i = LastUserRow(plan); i > 0; --i) {
+    if (plan.GetGasMixName(i) == gas) return true;
+  }
+  return false;
+}
 
 double ShownVolume(double volume, bool metric) {
   const double parts = metric ? 1 : 10;

@@ -147,6 +147,9 @@ struct GasSupply {
   [[nodiscard]] bool PassesTurn(const LegSupply& leg) const;
 };
 
+/// A gas that legs of a rebreather plan are dived with on the loop: its cylinders count only if told as bail-out.
+bool IsDiluent(const std::string& gas, const ClassProfile& plan, const DiveTemplate& settings);
+
 /// What rows breathe of each gas and what the cylinders hold of it, without those that have neither. `plan` tells the
 /// diluents where the rows are those of a way out of it.
 std::vector<GasStore> StoresOf(const ClassProfile& rows, const DiveTemplate& settings,

@@ -89,7 +89,7 @@ Row GasRow(const GasStore& store, const AdviceWords& words) {
           {held(words.Volume(store.carried))},
           {words.Volume(store.ShownBreathed(words.Metric()))},
           {held(words.Volume(store.ShownLeft(words.Metric())))},
-          Marked(GaugesText(store, store.Left(), Down, words), isShort),
+          Marked(GaugesText(store, store.Left(), Down, words), IsShort(store.ofPlan)),
           Marked(VerdictText(store, words), isShort)};
 }
 
