@@ -41,6 +41,7 @@ class SupplyCheck {
            words_.T(text, {store.gas, words_.Depth(way.depth), words_.Short(way.moment), asked, there, lacking})});
     };
     const std::string need = words_.Volume(store.ShownNeed(supply_.metric));
+    if (store.verdict == GasVerdict::RunsOut && left >= 0) return;  // its way out never ends, which is told
     if (store.verdict == GasVerdict::RunsOut) {
       add(Severity::Danger, Text::BailOutTooLittle, need, words_.Volume(store.carried), words_.Volume(-left));
     } else if (store.verdict == GasVerdict::IntoReserve) {
@@ -59,7 +60,15 @@ class SupplyCheck {
       context_.findings.push_back({Rule::GasShort, Severity::Danger, store.firstRow, store.lastRow, std::move(text)});
     };
     const double left = store.ShownLeft(supply_.metric);
-    if (store.ofPlan == GasVerdict::RunsOut) {
+    if (store.ofPlan == GasVerdict::RunsOut && left >= 0) return;
+    if (store.ofPlan == GasVerdict::NotTold) {
+      // Breathed at stops on open circuit.
+      const Waypoint& before = context_.dive.Before(store.firstRow);
+      context_.findings.push_back(
+          {Rule::GasShort, Severity::Caution, store.firstRow, store.lastRow,
+           words_.T(Text::BailOutNotTold, {store.gas, words_.Depth(before.Depth), words_.Short(before.RunTime),
+                                           words_.Volume(Shown(store.used))})});
+    } else if (store.ofPlan == GasVerdict::RunsOut) {
       const Passing at = PassingOf(store.gas, store.carried);
       add(words_.T(Text::GasRunsOut, {store.gas, words_.Depth(at.depth), words_.Short(at.time),
                                       words_.Volume(store.used), words_.Volume(store.carried), words_.Volume(-left)}));

@@ -5,6 +5,7 @@
 
 #include "advice/plan_check.h"
 #include "model/number_text.h"
+#include "model/numbers.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -36,19 +37,25 @@ Message GoOnWithout(const std::function<bool(const std::string& gas)>& isLost, D
   return {};
 }
 
-/// Two digits of per cent, as scripts read them.
-std::string PerCent(Single factor) { return FormatFixed(Single(factor * 100), 0); }
+/// Per cent, as scripts read them.
+std::string PerCent(Single factor) { return FormatPlain(RoundSingle(factor * 100, 2)); }
 
 }  // namespace
 
 std::optional<GradientFactors> FactorsOf(std::string_view text) {
-  constexpr double kBelow = 200;
+  constexpr double kPerCentFrom = 2;
+  constexpr double kBelow = 2;
   const std::size_t slash = text.find('/');
   if (slash == std::string_view::npos) return std::nullopt;
-  const auto low = ParseStrict(text.substr(0, slash));
-  const auto high = ParseStrict(text.substr(slash + 1));
+  const auto factor = [](std::string_view typed) {
+    auto number = ParseStrict(typed);
+    if (number && *number >= kPerCentFrom) number = Single(*number / 100);
+    return number;
+  };
+  const auto low = factor(text.substr(0, slash));
+  const auto high = factor(text.substr(slash + 1));
   if (!low || !high || !(*low > 0) || *high < *low || *high >= kBelow) return std::nullopt;
-  return GradientFactors{*low / 100, *high / 100};
+  return GradientFactors{*low, *high};
 }
 
 std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, bool told, bool metric) {
@@ -82,7 +89,7 @@ std::string WhatIfColumn::Id() const {
     case Kind::Factors:
       return "gf " + PerCent(factors.low) + "/" + PerCent(factors.high);
     case Kind::BailOut:
-      return "bail-out " + FormatPlain(moment);
+      return "bail-out " + FormatPlain(minute.moment);
   }
   return {};
 }
@@ -126,8 +133,12 @@ WhatIfColumn WhatIf::ColumnOf(Kind kind, DiveRecord dive) const {
   if (told && kind != Kind::Lost && kind != Kind::AllLost) {
     column.supply = SupplyOf(planned);
   } else {
-    column.supply.gases = StoresOf(column.rows, settings, settings.Cylinders, BailOutNeedsOf(planned, choice.minutes),
-                                   choice.team * choice.stress * settings.RMV);
+    const BailOutNeeds needs = BailOutNeedsOf(planned, choice.minutes);
+    const double breathing = choice.team * choice.stress * settings.RMV;
+    column.supply.gases = StoresOf(column.rows, settings, settings.Cylinders, needs, breathing);
+    column.supply.neverUp = needs.neverUp;
+    column.supply.choice = choice;
+    column.supply.metric = settings.Metric;
   }
   column.gas = GasNeeds(column.supply.gases, told, settings.Metric);
   if (!told) column.supply = {};
@@ -167,6 +178,13 @@ WhatIfColumn WhatIf::Lost(Kind kind, const std::vector<std::string>& gases) cons
 }
 
 WhatIfColumn WhatIf::With(const GradientFactors& factors) const {
+  if (model_.VPMMode) {
+    WhatIfColumn column;
+    column.kind = Kind::Factors;
+    column.factors = factors;
+    column.fault = Text::WhatIfNoFactors;
+    return column;
+  }
   DiveRecord dive = plan_;
   dive.Template.UseGF = true;
   dive.Template.GFLow = factors.low;
@@ -176,21 +194,21 @@ WhatIfColumn WhatIf::With(const GradientFactors& factors) const {
   return column;
 }
 
-WhatIfColumn WhatIf::BailOut(const PlannedDive& dive, const BailoutCuts& cuts, Single moment) const {
+WhatIfColumn WhatIf::BailOut(const PlannedDive& dive, const BailoutCuts& cuts, const DearMinute& minute) const {
   const DiveTemplate& settings = plan_.Template;
   WhatIfColumn column;
   column.kind = Kind::BailOut;
-  column.moment = moment;
+  column.minute = minute;
   column.record = plan_;
   try {
-    const TableDive cut = cuts.At(moment);
+    const TableDive cut = cuts.At(minute.moment);
     column.depth = cut.depth;
     column.decompresses = cut.decompresses;
     column.rows = cut.profile;
     column.warnings = GasWarnings({settings, {}, true}, cut);
     const SupplyChoice choice = SupplyChoiceOf(settings);
     column.supply.gases =
-        StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, moment),
+        StoresOf(cut.profile, settings, settings.Cylinders, BailOutNeedsOf(dive, choice.minutes, minute.moment),
                  choice.team * choice.stress * settings.RMV, &dive.plan.rows);
     column.gas = GasNeeds(column.supply.gases, !settings.Cylinders.empty(), settings.Metric);
     if (settings.Cylinders.empty()) column.supply = {};
@@ -211,18 +229,12 @@ std::vector<WhatIfColumn> WhatIf::BailOuts(const WhatIfColumn& planned) const {
     return columns;
   }
   const BailOutNeeds needs = BailOutNeedsOf(dive, SupplyChoiceOf(plan_.Template).minutes);
-  std::vector<Single> moments;
-  const auto add = [&](const std::optional<Single>& moment) {
-    if (moment && std::ranges::find(moments, *moment) == moments.end()) moments.push_back(*moment);
-  };
-  add(needs.neverUp);
-  add(needs.longest);
-  for (const BailOutNeed& need : needs.gases) add(need.moment);
-  if (moments.empty()) {
+  const std::vector<DearMinute> minutes = needs.Minutes();
+  if (minutes.empty()) {
     columns.emplace_back().kind = Kind::BailOut;
     columns.back().fault = Text::NeverUnderWater;
   }
-  for (const Single moment : moments) columns.push_back(BailOut(dive, cuts, moment));
+  for (const DearMinute& minute : minutes) columns.push_back(BailOut(dive, cuts, minute));
   return columns;
 }
 
@@ -244,14 +256,25 @@ std::vector<WhatIfColumn> WhatIf::Columns(const WhatIfWish& wish) {
   columns.reserve(fixed_.size() + 3 + wish.factors.size());
   columns.push_back(fixed_.front());
   for (const Kind kind : {Kind::Longer, Kind::Deeper, Kind::Both}) columns.push_back(Changed(kind, wish));
-  for (const GradientFactors& factors : wish.factors) columns.push_back(With(factors));
-  columns.insert(columns.end(), fixed_.begin() + 1, fixed_.end());
+  const auto ways = std::ranges::find(fixed_, Kind::BailOut, &WhatIfColumn::kind);
+  columns.insert(columns.end(), fixed_.begin() + 1, ways);
+  for (const GradientFactors& factors : wish.factors) {
+    WhatIfColumn column = With(factors);
+    // Asked for once.
+    if (std::ranges::find(columns, column.Id(), &WhatIfColumn::Id) == columns.end())
+      columns.push_back(std::move(column));
+  }
+  columns.insert(columns.end(), ways, fixed_.end());
   return columns;
 }
 
 std::vector<Finding> DangersOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words) {
-  if (!column.fault.IsEmpty() || column.kind == WhatIfColumn::Kind::BailOut) return {};
-  std::vector<Finding> findings = CheckPlan(CheckedDive({column.record, column.plan, before}), words);
+  if (!column.fault.IsEmpty()) return {};
+  if (column.kind == WhatIfColumn::Kind::BailOut) {
+    if (column.decompresses) return {};
+    return {{Rule::DoesNotDecompress, Severity::Danger, 0, 0, words.T(Text::SupplyNoWayUp)}};
+  }
+  std::vector<Finding> findings = CheckPlan(CheckedDive({column.record, column.plan, before}), words, column.supply);
   std::erase_if(findings, [](const Finding& finding) { return finding.severity != Severity::Danger; });
   return findings;
 }

@@ -21,7 +21,8 @@ struct GradientFactors {
   Single high;
 };
 
-/// "40/85", per cent, as fractions; nothing for what is none, is not above 0 and below 200, or falls.
+/// "40/85" or "0.4/0.85" as fractions: a number from 2 on is per cent. Nothing for what is none, is not above 0 and
+/// below 2, or falls.
 std::optional<GradientFactors> FactorsOf(std::string_view text);
 
 /// How much longer and deeper the dive is asked to be, and by which other gradient factors.
@@ -57,9 +58,9 @@ struct WhatIfColumn {
   enum class Kind { Planned, Longer, Deeper, Both, Lost, BailOut, AllLost, Factors };
 
   Kind kind = Kind::Planned;
-  std::string lost;  ///< name of the gas that is missing
-  Single moment;     ///< of a bail-out: minute of the plan at which it begins
-  Single depth;      ///< and the depth there
+  std::string lost;   ///< name of the gas that is missing
+  DearMinute minute;  ///< of a bail-out: that of the plan at which it begins
+  Single depth;       ///< and the depth there
   GradientFactors factors = {};
   DiveRecord record;  ///< the plan with the change; of a bail-out the plan
   ComputedPlan plan;  ///< what it gives; of a bail-out nothing
@@ -110,7 +111,7 @@ class WhatIf {
   [[nodiscard]] WhatIfColumn ColumnOf(WhatIfColumn::Kind kind, DiveRecord dive) const;
   /// The dearest minutes of the plan, without its cylinders, too.
   [[nodiscard]] std::vector<WhatIfColumn> BailOuts(const WhatIfColumn& planned) const;
-  [[nodiscard]] WhatIfColumn BailOut(const PlannedDive& dive, const BailoutCuts& cuts, Single moment) const;
+  [[nodiscard]] WhatIfColumn BailOut(const PlannedDive& dive, const BailoutCuts& cuts, const DearMinute& minute) const;
 
   DiveRecord plan_;  ///< with its ascent
   std::optional<EndState> before_;

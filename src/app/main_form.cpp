@@ -99,6 +99,9 @@ void frmMain::ApplyToProfile() {
   const auto active = Active();
   if (!active) return;
   DiveTemplate& diveTemplate = services_.Document(*active).Template;
+  if (diveTemplate.OpenCircuit != OpenCircuitMode && diveTemplate.Team) {
+    diveTemplate.Team = ForCircuit(*diveTemplate.Team, OpenCircuitMode);
+  }
   diveTemplate.OpenCircuit = OpenCircuitMode;
   diveTemplate.TemplateChanged = true;
   services_.forms(*active).MarkModified();

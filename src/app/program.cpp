@@ -82,6 +82,7 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   if (!advice.empty()) platform_.boxes.Show(advice, "", BoxIcon::Information, BoxButtons::OK);
   DiveTemplate& ofNewPlans = documents_(DocumentStore::DefaultDocument).Template;
   if (!ofNewPlans.Team) ofNewPlans.Team = ReadSupplyChoice(platform_.settings);
+  if (ofNewPlans.Team && !ofNewPlans.OpenCircuit) ofNewPlans.Team = ForCircuit(*ofNewPlans.Team, false);
   ReadCommandLine(arguments);
 
   const auto splash = std::make_shared<frmSplash>(platform_, folders_.Find("Tav.wav"));

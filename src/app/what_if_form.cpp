@@ -176,6 +176,7 @@ void frmWhatIf::Pick() {
       if (column.fault.IsEmpty()) continue;
       notices.push_back(T(Text::WhatIfFault, {NameOf(column, Words()), texts_.Words(column.fault)}));
     }
+    for (const std::string& note : table_.notes) notices.push_back("- " + note);
     for (const std::string& warning : table_.warnings) notices.push_back("! " + warning);
   } else {
     notices.push_back(T(Text::WhatIfNothing, {texts_.Words(whatIf_->Fault())}));

@@ -86,6 +86,7 @@ Command BailoutCommand() {
   };
   command.AddJson("Print the tables, and every row of every ascent, as JSON");
   command.AddModel();
+  command.AddSupply();
   command.run = [given](CommandFrame& frame) { Run(*given, frame); };
   return command;
 }

@@ -67,7 +67,7 @@ void WriteStore(JsonWriter& json, const GasStore& store) {
   json.Member("left", Known(store.HasCylinders(), store.Left()));
   WritePressures(json, "start_pressure", &store, store.carried);
   WritePressures(json, "end_pressure", &store, store.Left());
-  json.Member("enough", !IsShort(store));
+  json.Member("enough", store.verdict == GasVerdict::NotTold ? std::nullopt : std::optional(!IsShort(store)));
   json.Member("verdict", VerdictName(store.verdict));
 }
 

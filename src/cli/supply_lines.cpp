@@ -38,8 +38,8 @@ std::string SupplyLines(const ComputedDive& dive, const TextSource& texts) {
   if (tables.gases.empty()) return {};
   // How the minimum gas is worked out has a line of its own.
   const std::string note = tables.note.empty() ? "" : Wrapped(tables.note, 0);
-  return "\n" + tables.gasTitle + "\n" + Lines(tables.gases, 2, 0) + tables.legTitle + "\n" + Lines(tables.legs, 0, 1) +
-         note + "\n";
+  return "\n" + tables.gasTitle + "\n" + Lines(tables.gases, 2, 0) +
+         (tables.legs.size() > 1 ? tables.legTitle + "\n" + Lines(tables.legs, 0, 1) : "") + note + "\n";
 }
 
 }  // namespace tav

@@ -136,7 +136,7 @@ void Run(const Given& given, CommandFrame& frame) {
   wish.depth = Wished(given.deeper, "--deeper", wish.depth, WhatIfWish::kMostDepth);
   for (const std::string& text : given.factors) {
     const auto factors = FactorsOf(text);
-    if (!factors) throw OptionError({Text::OptionMustBe, {"--gf", text, "LOW/HIGH"}});
+    if (!factors) throw OptionError({Text::OptionGradientFactors, {text}});
     wish.factors.push_back(*factors);
   }
   std::vector<WhatIfColumn> columns = plan.Columns(wish);

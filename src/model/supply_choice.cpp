@@ -31,4 +31,9 @@ bool IsSound(const SupplyChoice& choice) {
          choice.minutes >= 0 && choice.minutes <= kLongestSortingOut;
 }
 
+SupplyChoice ForCircuit(SupplyChoice choice, bool openCircuit) {
+  if (choice.team == SupplyChoice::Usual(!openCircuit).team) choice.team = SupplyChoice::Usual(openCircuit).team;
+  return choice;
+}
+
 }  // namespace tav

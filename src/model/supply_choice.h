@@ -36,6 +36,10 @@ struct SupplyChoice {
   static SupplyChoice Usual(bool openCircuit) { return {openCircuit ? 2 : 1, 2, 2, TurnRule::AllUsable}; }
 };
 
+/// The choice of a plan that goes over to the other circuit: a team that is the usual one of the former becomes that of
+/// the new one.
+SupplyChoice ForCircuit(SupplyChoice choice, bool openCircuit);
+
 constexpr int kLargestTeam = 9;
 constexpr double kLargestStress = 10;
 constexpr double kLongestSortingOut = 30;

@@ -19,7 +19,7 @@ std::string TurnText(const GasSupply& supply, const AdviceWords& words) {
 std::vector<std::string> ShortGases(const GasSupply& supply, const AdviceWords& words) {
   std::vector<std::string> lines;
   for (const GasStore& store : supply.gases) {
-    if (!IsShort(store)) continue;
+    if (!IsShort(store) || store.verdict == GasVerdict::UnknownGas) continue;
     std::string when;
     for (const LegSupply& leg : supply.legs) {
       // Too little for the minimum gas of a leg, not for the plan itself.
@@ -64,7 +64,8 @@ void WriteSlates(const SlateServices& services, const SeriesDive& planned, const
   const AdviceWords words(services.texts, services.separators, plan.settings.Metric);
   for (const WhatIfColumn& column : columns) {
     if (!column.fault.IsEmpty()) continue;
-    SlateDive dive{plan.title, "", column.rows, plan.settings, plan.model, plan.repetitive, column.decompresses};
+    SlateDive dive{plan.title,         "", column.rows, column.record.Template, plan.model, plan.repetitive,
+                   column.decompresses};
     if (column.kind == WhatIfColumn::Kind::Planned) {
       dive.turn = plan.turn;
       dive.shortGases = plan.shortGases;

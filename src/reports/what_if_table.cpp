@@ -17,6 +17,11 @@ namespace {
 
 using Kind = WhatIfColumn::Kind;
 
+/// A leg, or a minute on a loop, has a way up that never ends.
+bool HasNoWayUp(const GasSupply& supply) {
+  return supply.neverUp || std::ranges::any_of(supply.legs, [](const LegSupply& leg) { return !leg.decompresses; });
+}
+
 /// What a dive does at one depth of its ascent.
 using Stops = std::map<double, WhatIfTable::Cell, std::greater<>>;
 
@@ -144,9 +149,14 @@ class Builder {
     const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Numbers());
     for (const WhatIfColumn& column : columns_) {
       std::string name = NameOf(column, words_);
-      if (column.kind == Kind::BailOut) name += " " + DetailOf(column, wish, words_);
+      if (column.kind == Kind::BailOut) {
+        name += " " + DetailOf(column, wish, words_);
+        if (column.fault.IsEmpty()) table_.notes.push_back(name + ": " + WayOutText(column.minute, words_.Texts()));
+      }
       for (const Finding& danger : DangersOf(column, before_, words_)) {
         if (danger.rule == Rule::Hypoxic || danger.rule == Rule::Hyperoxic) continue;
+        // The verdicts of the gases stand in their rows, but for a way up that never ends.
+        if (danger.rule == Rule::GasShort && !HasNoWayUp(column.supply)) continue;
         table_.warnings.push_back(name + ": " + danger.text);
       }
       for (const GasWarning& warning : column.warnings) {
@@ -171,7 +181,7 @@ std::string NameOf(const WhatIfColumn& column, const AdviceWords& words) {
     case Kind::AllLost:
       return words.T(Text::WhatIfAllLost);
     case Kind::Factors:
-      return "GF " + words.Fixed(column.factors.low * 100, 0) + "/" + words.Fixed(column.factors.high * 100, 0);
+      return "GF " + words.Short(column.factors.low * 100) + "/" + words.Short(column.factors.high * 100);
     default:
       return words.T(Text::WhatIfKinds + static_cast<int>(column.kind));
   }
@@ -190,7 +200,7 @@ std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const A
     case Kind::BailOut:
       return column.rows.GetLength() == 0
                  ? ""
-                 : words.T(Text::WhatIfMoment, {words.Short(column.moment), words.Depth(column.depth)});
+                 : words.T(Text::WhatIfMoment, {words.Short(column.minute.moment), words.Depth(column.depth)});
     default:
       return {};
   }
@@ -244,7 +254,8 @@ std::string AlignedText(const WhatIfTable& table, std::size_t width) {
     }
     first = end;
   }
-  if (!table.warnings.empty()) text += "\n";
+  if (!table.notes.empty() || !table.warnings.empty()) text += "\n";
+  for (const std::string& note : table.notes) text += Wrapped("- " + note, 2, width);
   for (const std::string& warning : table.warnings) text += Wrapped("! " + warning, 2, width);
   return text;
 }

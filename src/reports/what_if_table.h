@@ -31,6 +31,7 @@ struct WhatIfTable {
 
   std::vector<Head> heads;            ///< one for each column
   std::vector<Row> rows;              ///< from the deepest stop to the gases
+  std::vector<std::string> notes;     ///< which minutes the bail-outs begin at, and why
   std::vector<std::string> warnings;  ///< what must not be breathed, column by column: "lost EAN50: PPO2 too low ..."
 };
 

@@ -109,6 +109,18 @@ class WaysOut {
 
 }  // namespace
 
+std::vector<DearMinute> BailOutNeeds::Minutes() const {
+  std::vector<DearMinute> minutes;
+  const auto at = [&](Single moment) -> DearMinute& {
+    const auto known = std::ranges::find(minutes, moment, &DearMinute::moment);
+    return known != minutes.end() ? *known : minutes.emplace_back(DearMinute{moment, false, false, {}});
+  };
+  if (neverUp) at(*neverUp).neverUp = true;
+  if (longest) at(*longest).longest = true;
+  for (const BailOutNeed& need : gases) at(need.moment).gases.push_back(need.gas);
+  return minutes;
+}
+
 BailOutNeeds BailOutNeedsOf(const PlannedDive& dive, Single minutes, std::optional<Single> only) {
   if (dive.record.Template.OpenCircuit || dive.plan.rows.GetLength() == 0 || !dive.plan.fault.IsEmpty()) return {};
   try {

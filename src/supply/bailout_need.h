@@ -22,6 +22,14 @@ struct BailOutNeed {
   [[nodiscard]] double All() const { return sorting + ascent; }
 };
 
+/// A minute that is among the dearest, and why.
+struct DearMinute {
+  Single moment;
+  bool neverUp = false;            ///< its way up never ends
+  bool longest = false;            ///< it takes longest to come up from
+  std::vector<std::string> gases;  ///< of which it asks for most
+};
+
 /// The dearest minutes of a rebreather dive.
 struct BailOutNeeds {
   /// For each gas that a way up takes, the moment that asks for most of it; of equals the first.
@@ -30,6 +38,9 @@ struct BailOutNeeds {
   std::optional<Single> longest;
   /// Moments whose way up never reaches the surface: the first one.
   std::optional<Single> neverUp;
+
+  /// All of them, each once: the one without end, the longest, then in the order of the gases.
+  [[nodiscard]] std::vector<DearMinute> Minutes() const;
 };
 
 /// Every whole minute on the loop under water, and the end of a plan that ends there, is left on open circuit:

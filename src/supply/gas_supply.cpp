@@ -67,17 +67,25 @@ class Stores {
 
   [[nodiscard]] bool IsDiluent(const std::string& gas) const { return tav::IsDiluent(gas, *plan_, settings_); }
 
+  [[nodiscard]] bool PlanBreathes(const std::string& gas) const {
+    for (std::int16_t i = plan_->GetLength(); i > 0; --i) {
+      if (plan_->getGasUsed(i) > 0 && plan_->GetGasMixName(i) == gas) return true;
+    }
+    return false;
+  }
+
   void Breathe(GasStore& store) const {
     if (bailOut_ != nullptr) {
       const auto need = std::ranges::find(bailOut_->gases, store.gas, &BailOutNeed::gas);
       if (need != bailOut_->gases.end()) {
         store.bailOut = *need;
-        store.worst = {0, breathing_ * need->sorting, breathing_ * need->ascent};
+        store.worst = {0, breathing_ * need->sorting, breathing_ * need->ascent, 0};
       }
     }
     const auto gas = std::ranges::find(breathed_, store.gas, &GasTotal::Name);
     if (gas != breathed_.end()) store.used = gas->total;
-    if (store.worst.All() > store.used) {
+    // A way out is judged by the gas that it asks for, not by its rows.
+    if (store.worst.All() > store.used || (store.bailOut && plan_ != &rows_)) {
       store.firstRow = store.lastRow = store.bailOut->row;
       return;
     }
@@ -93,8 +101,10 @@ class Stores {
       store.ofPlan = GasVerdict::UnknownGas;
     } else if (!(store.Need() > 0)) {
       store.ofPlan = GasVerdict::NotBreathed;
-    } else if (!store.HasCylinders() && IsDiluent(store.gas) && !(store.used > 0)) {
+    } else if (!store.HasCylinders() && IsDiluent(store.gas) &&
+               (!store.cylinders.empty() || !PlanBreathes(store.gas))) {
       store.ofPlan = GasVerdict::NotTold;
+      FindRow(store, 0);
     } else if (!store.HasCylinders()) {
       store.ofPlan = GasVerdict::NoCylinder;
       FindRow(store, 0);
@@ -105,6 +115,10 @@ class Stores {
       store.ofPlan = GasVerdict::IntoReserve;
       FindRow(store, store.carried - store.reserve);
     }
+    // From a minute whose way out never ends no gas is enough.
+    const bool judged = store.ofPlan == GasVerdict::Enough || store.ofPlan == GasVerdict::IntoReserve ||
+                        (store.ofPlan == GasVerdict::NotBreathed && bailOut_ != nullptr && bailOut_->gases.empty());
+    if (judged && bailOut_ != nullptr && bailOut_->neverUp) store.ofPlan = GasVerdict::RunsOut;
     store.verdict = store.ofPlan;
   }
 
@@ -233,7 +247,7 @@ void JudgeByLegs(GasSupply& supply) {
   for (GasStore& store : supply.gases) {
     for (const LegSupply& leg : supply.legs) {
       if (leg.gas != store.gas) continue;
-      const GasStore::Worst asked{leg.used, leg.sorting, leg.ascent};
+      const GasStore::Worst asked{leg.used, leg.sorting, leg.ascent, leg.leg};
       if (leg.decompresses && asked.All() > store.worst.All()) store.worst = asked;
       const bool judged = store.verdict == GasVerdict::Enough || store.verdict == GasVerdict::IntoReserve;
       if (judged && supply.VerdictOf(leg) == GasVerdict::RunsOut) store.verdict = GasVerdict::RunsOut;

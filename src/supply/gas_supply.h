@@ -65,6 +65,7 @@ struct GasStore {
     double used = 0;
     double sorting = 0;
     double ascent = 0;
+    int leg = 0;  ///< from 1; 0 for none
     [[nodiscard]] double All() const { return used + sorting + ascent; }
     /// As printed: the sum of its printed parts.
     [[nodiscard]] double Shown(bool metric) const {
@@ -77,8 +78,10 @@ struct GasStore {
   std::int16_t lastRow = 0;   ///< the last row that breathes it; 0 when none does
 
   /// What must be there, come what may.
-  [[nodiscard]] double Need() const { return std::max(used, worst.All()); }
-  [[nodiscard]] double ShownNeed(bool metric) const { return std::max(ShownVolume(used, metric), worst.Shown(metric)); }
+  [[nodiscard]] double Need() const { return bailOut ? worst.All() : std::max(used, worst.All()); }
+  [[nodiscard]] double ShownNeed(bool metric) const {
+    return bailOut ? worst.Shown(metric) : std::max(ShownVolume(used, metric), worst.Shown(metric));
+  }
   /// What the plan breathes, or on a rebreather the way out that asks for more.
   [[nodiscard]] double Breathed() const { return bailOut ? worst.All() : used; }
   [[nodiscard]] double ShownBreathed(bool metric) const {

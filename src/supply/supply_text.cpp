@@ -79,6 +79,11 @@ std::string GaugesWords(const GasStore& store, double left, Rounding rounded, co
   return Joined(GaugeTexts(store, left, rounded, named), " + ");
 }
 
+/// Nothing is left, and not less: what is printed as 0 shows 0.
+double LeftOnGauges(const GasStore& store, const AdviceWords& words) {
+  return store.ShownLeft(words.Metric()) >= 0 ? std::max(store.Left(), 0.0) : store.Left();
+}
+
 Row GasRow(const GasStore& store, const AdviceWords& words) {
   const bool isShort = IsShort(store);
   const bool hasCylinders = store.HasCylinders();
@@ -89,8 +94,11 @@ Row GasRow(const GasStore& store, const AdviceWords& words) {
           {held(words.Volume(store.carried))},
           {words.Volume(store.ShownBreathed(words.Metric()))},
           {held(words.Volume(store.ShownLeft(words.Metric())))},
-          Marked(GaugesText(store, store.Left(), Down, words), IsShort(store.ofPlan)),
-          Marked(VerdictText(store, words), isShort)};
+          Marked(GaugesText(store, LeftOnGauges(store, words), Down, words), IsShort(store.ofPlan)),
+          Marked(store.ofPlan != store.verdict && store.worst.leg > 0
+                     ? words.T(Text::SupplyTooLittleForLeg, {std::to_string(store.worst.leg)})
+                     : VerdictText(store, words),
+                 isShort)};
 }
 
 Row LegRow(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {
@@ -171,6 +179,17 @@ std::string VerdictText(GasVerdict verdict, const AdviceWords& words) {
 
 std::string VerdictText(const GasSupply& supply, const LegSupply& leg, const AdviceWords& words) {
   return leg.decompresses ? VerdictText(supply.VerdictOf(leg), words) : words.T(Text::SupplyNoWayUp);
+}
+
+std::string WayOutText(const DearMinute& minute, const TextSource& texts) {
+  std::string text;
+  const auto add = [&](const std::string& part) { text += (text.empty() ? "" : ". ") + part; };
+  if (minute.neverUp) add(texts.GetResString(Text::SupplyNoWayUp));
+  if (minute.longest) add(texts.GetResString(Text::WayOutLongest));
+  std::string gases;
+  for (const std::string& gas : minute.gases) gases += (gases.empty() ? "" : ", ") + gas;
+  if (!gases.empty()) add(texts.Filled(Text::WayOutMost, {gases}));
+  return text;
 }
 
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words) {

@@ -31,6 +31,9 @@ std::string ToActByWords(const GasStore& store, double left, const AdviceWords& 
 /// And what is left of the gas, rounded down.
 std::string LeftWords(const GasStore& store, double left, const AdviceWords& words);
 
+/// "Longest way up. Most gas: EAN50, Oxygen"
+std::string WayOutText(const DearMinute& minute, const TextSource& texts);
+
 /// How the minimum gas of a leg is worked out: "2 divers x 2 x 20 l/min x 7.013 bar x 2 min = 1122 l, + ascent 1240 l".
 /// The product and the sum are those of the figures that stand there. `rmv` is that of the template.
 std::string WorkingText(const GasSupply& supply, const LegSupply& leg, double rmv, const AdviceWords& words);

@@ -8,6 +8,7 @@
 #include "model/text_id.h"
 #include "pages/page_units.h"
 #include "pages/wrapped_text.h"
+#include "supply/supply_text.h"
 #include "tables/table_remarks.h"
 
 namespace tav {
@@ -82,27 +83,10 @@ void TablePrintModule::PrintWaysOut(const PlannedDive& dive) {
   EngineObserver silent;
   const BailoutCuts cuts(dive, dive.plan.model, 1, silent);
   if (!parts_.tables || !cuts.Fault().IsEmpty()) return;
-  struct Minute {
-    Single moment;
-    std::string title;
-    std::string gases;
-  };
-  std::vector<Minute> minutes;
-  const auto at = [&](Single moment) -> Minute& {
-    const auto known = std::ranges::find(minutes, moment, &Minute::moment);
-    return known != minutes.end() ? *known : minutes.emplace_back(Minute{moment, "", ""});
-  };
-  const BailOutNeeds needs = BailOutNeedsOf(dive, SupplyChoiceOf(settings).minutes);
-  if (needs.neverUp) at(*needs.neverUp).title = T(Text::SupplyNoWayUp);
-  if (needs.longest) at(*needs.longest).title = T(Text::WayOutLongest);
-  for (const BailOutNeed& need : needs.gases) {
-    std::string& gases = at(need.moment).gases;
-    gases += (gases.empty() ? "" : ", ") + need.gas;
-  }
-  for (auto& [moment, title, gases] : minutes) {
-    if (!gases.empty()) title += (title.empty() ? "" : ". ") + writer_.Texts().Filled(Text::WayOutMost, {gases});
-    const TableDives way{settings, {TableDive{}, cuts.At(moment)}, true, std::nullopt, dive.plan.model};
-    const CardSet set{title, MakeAscentCards(way, writer_.Services().numbers, &*supply_), InfoOf(way),
+  for (const DearMinute& minute : BailOutNeedsOf(dive, SupplyChoiceOf(settings).minutes).Minutes()) {
+    const TableDives way{settings, {TableDive{}, cuts.At(minute.moment)}, true, std::nullopt, dive.plan.model};
+    const CardSet set{WayOutText(minute, writer_.Texts()), MakeAscentCards(way, writer_.Services().numbers, &*supply_),
+                      InfoOf(way),
                       T(Text::WaysOutHead) + ": " + caption_.substr(0, caption_.find(" [")) + ", " +
                           TableCaption(way, writer_.Texts())};
     for (const AscentCard& card : set.cards) PrintCard(writer_, pages_, set, card);

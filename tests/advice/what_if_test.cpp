@@ -325,7 +325,7 @@ TEST_F(WhatIfOfPlan, BailsOutFromTheLongestAndTheDearestMinutes) {
   std::map<Single, const WhatIfColumn*> ways;
   for (const WhatIfColumn& column : columns) {
     ASSERT_TRUE(column.fault.IsEmpty()) << column.Id();
-    if (column.kind == Kind::BailOut) ways[column.moment] = &column;
+    if (column.kind == Kind::BailOut) ways[column.minute.moment] = &column;
   }
   ASSERT_TRUE(ways.contains(35)) << "the end of the bottom time has the longest way up";
   double longest = 0;

@@ -154,7 +154,7 @@ TEST(WhatIfWindow, ShowsTheColumnsThatArePicked) {
   for (const char* text : {"longer", "deeper", "lost Tx21/35", "all deco gases lost", "bail-out"}) untick(text);
   EXPECT_THAT(ids(), testing::ElementsAre("planned", "both", "lost Oxygen", "lost EAN50"));
   window.tbFactors.Type("40/85 30/70");
-  const auto picked = testing::ElementsAre("planned", "both", "gf 40/85", "gf 30/70", "lost Oxygen", "lost EAN50");
+  const auto picked = testing::ElementsAre("planned", "both", "lost Oxygen", "lost EAN50", "gf 40/85", "gf 30/70");
   EXPECT_THAT(ids(), picked);
   for (const char* text : {"40", "85/40", "0/85", "40/200", "40/85/90", "a/b"}) {
     window.tbFactors.Type(text);

@@ -1,5 +1,6 @@
 #include <map>
 #include <random>
+#include <regex>
 #include <set>
 
 #include "advice/plan_check.h"
@@ -7,6 +8,7 @@
 #include "cli/tavplan_fixture.h"
 #include "figures/advice_words.h"
 #include "persist/profile_file.h"
+#include "reports/plan_slate.h"
 #include "supply/supply_text.h"
 #include "support/english.h"
 #include "support/random_plan.h"
@@ -89,8 +91,10 @@ class OneVerdict : public Tavplan {
       const json& of = told["gases"][i];
       EXPECT_EQ(of["verdict"], kVerdicts.at(store.verdict).first);
       EXPECT_THAT(of["need"].get<double>(), IsVolume(store.Need()));
-      EXPECT_EQ(of["enough"], !IsShort(store));
-      EXPECT_THAT(text, HasSubstr(VerdictText(store, words)));
+      EXPECT_EQ(of["enough"], store.verdict == GasVerdict::NotTold ? json() : json(!IsShort(store)));
+      // The row of the gas in the terminal ends with its verdict.
+      const std::string row = "\n  " + store.gas + " .*  " + VerdictText(store, words) + "( for leg \\d+)?\n";
+      EXPECT_TRUE(std::regex_search(text, std::regex(row))) << row;
       if (!(store.Need() > 0)) continue;
       needed.insert(store.gas);
       for (const json& gas : whatIf["columns"][0]["gas"]) {
@@ -102,6 +106,8 @@ class OneVerdict : public Tavplan {
     }
     EXPECT_EQ(compared, needed);
     CompareFindings(supply, dive["findings"]);
+    CompareSlate(supply, words);
+    for (const json& column : whatIf["columns"]) CompareBailOut(supply, column);
     const std::vector<LegSupply>& ends = supply.waysOut.empty() ? supply.legs : supply.waysOut;
     const json& of = told[supply.waysOut.empty() ? "legs" : "bail_out"];
     ASSERT_EQ(of.size(), ends.size());
@@ -109,6 +115,33 @@ class OneVerdict : public Tavplan {
       EXPECT_EQ(of[i]["verdict"], kVerdicts.at(supply.VerdictOf(ends[i])).first) << ends[i].leg;
       EXPECT_EQ(of[i]["enough"], !IsShort(supply, ends[i]));
       EXPECT_THAT(text, HasSubstr(VerdictText(supply, ends[i], words)));
+    }
+  }
+
+  /// A card to dive by names each gas that is not enough.
+  static void CompareSlate(const GasSupply& supply, const AdviceWords& words) {
+    const std::vector<std::string> lines = ShortGases(supply, words);
+    auto line = lines.begin();
+    for (const GasStore& store : supply.gases) {
+      if (!IsShort(store) || store.verdict == GasVerdict::UnknownGas) continue;
+      ASSERT_NE(line, lines.end()) << store.gas;
+      EXPECT_TRUE(line->starts_with(store.gas + ": " + VerdictText(store, words))) << *line;
+      ++line;
+    }
+  }
+
+  /// The minute that asks for most of a gas has the figure and the verdict of the plan, and no other asks for more.
+  static void CompareBailOut(const GasSupply& supply, const json& column) {
+    if (!column["name"].get<std::string>().starts_with("bail-out") || supply.neverUp) return;
+    for (const json& gas : column["gas"]) {
+      const GasStore* store = supply.Of(gas["mix"]);
+      ASSERT_NE(store, nullptr);
+      if (!store->bailOut) continue;
+      EXPECT_LE(gas["need"].get<double>(), store->Need() * (1 + 1e-6)) << column["name"] << gas["mix"];
+      if (column["name"] == "bail-out " + FormatPlain(store->bailOut->moment)) {
+        EXPECT_THAT(gas["need"].get<double>(), IsVolume(store->Need())) << column["name"] << gas["mix"];
+        EXPECT_EQ(gas["verdict"], kVerdicts.at(store->verdict).second) << column["name"] << gas["mix"];
+      }
     }
   }
 
@@ -124,7 +157,9 @@ class OneVerdict : public Tavplan {
     }
     std::set<std::string> isShort;
     for (const GasStore& store : supply.gases) {
-      if (IsShort(store) && store.verdict != GasVerdict::UnknownGas) isShort.insert(store.gas);
+      // What a way out without end is too little for has one finding for all.
+      const bool alone = !supply.neverUp || store.verdict != GasVerdict::RunsOut || store.ShownLeft(supply.metric) < 0;
+      if (IsShort(store) && store.verdict != GasVerdict::UnknownGas && alone) isShort.insert(store.gas);
     }
     EXPECT_EQ(found, isShort);
   }

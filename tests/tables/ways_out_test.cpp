@@ -84,8 +84,9 @@ TEST_F(WaysOutPage, HasTheMinutesOfTheComparisonAndTheRowsOfTheTables) {
   std::size_t column = 0;
   for (const WhatIfColumn& way : WhatIf(plans.Planned(plan.Tag())).Columns({})) {
     if (way.kind != WhatIfColumn::Kind::BailOut) continue;
-    EXPECT_THAT(printed, Contains("Leave at " + FormatPlain(way.moment) + " min, " + FormatFixed(way.depth, 0) + " m"));
-    const auto cut = std::ranges::find(all.dives, way.moment, &TableDive::head);
+    EXPECT_THAT(printed,
+                Contains("Leave at " + FormatPlain(way.minute.moment) + " min, " + FormatFixed(way.depth, 0) + " m"));
+    const auto cut = std::ranges::find(all.dives, way.minute.moment, &TableDive::head);
     ASSERT_NE(cut, all.dives.end());
     const std::vector<std::string> rows = RowsOfColumn(column++);
     std::size_t row = 0;
@@ -94,7 +95,7 @@ TEST_F(WaysOutPage, HasTheMinutesOfTheComparisonAndTheRowsOfTheTables) {
       if (stop.StopTime == 0) continue;
       const std::string begin = FormatPlain(stop.StopDepth) + " " + FormatPlain(stop.StopTime) + " ";
       while (row < rows.size() && !(rows[row].starts_with(begin) && rows[row].ends_with(" " + stop.GasMixName))) ++row;
-      EXPECT_LT(row, rows.size()) << begin << stop.GasMixName << " at " << way.moment;
+      EXPECT_LT(row, rows.size()) << begin << stop.GasMixName << " at " << way.minute.moment;
     }
     // Need, carried and verdict are those of the comparison.
     for (const GasNeed& gas : way.gas) {
