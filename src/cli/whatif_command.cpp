@@ -79,7 +79,10 @@ void KeepPicked(std::vector<WhatIfColumn>& columns, const std::vector<std::strin
     const auto is = [&](const WhatIfColumn& column) { return column.PickName() == name; };
     if (std::ranges::none_of(columns, is)) {
       std::string known;
-      for (const WhatIfColumn& column : columns) known += (known.empty() ? "" : ", ") + column.PickName();
+      for (const WhatIfColumn& column : columns) {
+        // The bail-outs have one name.
+        if (!known.ends_with(column.PickName())) known += (known.empty() ? "" : ", ") + column.PickName();
+      }
       throw OptionError({Text::OptionMustBe, {"--column", name, known}});
     }
   }
