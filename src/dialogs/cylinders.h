@@ -48,7 +48,7 @@ class frmCylinders : public DialogForm {
   ResultGrid fgSupply{*this, "fgSupply"};
   Label lbLegs{*this, "lbLegs"};
   ResultGrid fgLegs{*this, "fgLegs"};
-  Label lbLoop{*this, "lbLoop"};  ///< what the loop of a rebreather itself uses
+  Label lbLoop{*this, "lbLoop"};    ///< what the loop of a rebreather itself uses
   Label lbFault{*this, "lbFault"};  ///< what is wrong in the table or the fields
   Button cbOK{*this, "cbOK"};
   Button cbCancel{*this, "cbCancel"};

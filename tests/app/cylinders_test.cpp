@@ -7,7 +7,6 @@
 #include "persist/profile_file.h"
 #include "supply/supply_settings.h"
 #include "support/program_fixture.h"
-#include "supply/supply_settings.h"
 
 namespace tav {
 namespace {

@@ -16,7 +16,8 @@ TEST_F(Tavplan, ComparesAPlanWithWhatMayBecomeOfIt) {
   const json compared = OutJson();
   std::vector<std::string> names;
   for (const json& column : compared["columns"]) names.push_back(column["name"]);
-  EXPECT_THAT(names, testing::ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50", "lost all"));
+  EXPECT_THAT(names,
+              testing::ElementsAre("planned", "longer", "deeper", "both", "lost Oxygen", "lost EAN50", "lost all"));
   // Each column has the rows that plan prints of the changed file.
   const auto rowsOf = [this](const std::string& file) {
     EXPECT_EQ(Run({"plan", file, "--json"}), ExitStatus::kFine) << Err();
