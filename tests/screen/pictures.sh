@@ -54,7 +54,7 @@ shot what-if "^What if"
 keys Escape
 await "what if stays" gone "^What if"
 focus "^TAV"
-keys F9
+keys ctrl+shift+l F9
 keys ctrl+shift+i
 focus "^Slate$"
 shot slate "^Slate$"
