@@ -58,6 +58,8 @@ std::optional<GradientFactors> FactorsOf(std::string_view text) {
   return GradientFactors{*low, *high};
 }
 
+std::string TextOf(const GradientFactors& factors) { return PerCent(factors.low) + "/" + PerCent(factors.high); }
+
 std::vector<GasNeed> GasNeeds(const std::vector<GasStore>& stores, bool told, bool metric) {
   std::vector<GasNeed> needs;
   for (const GasStore& store : stores) {
@@ -87,7 +89,7 @@ std::string WhatIfColumn::Id() const {
     case Kind::AllLost:
       return "lost all";
     case Kind::Factors:
-      return "gf " + PerCent(factors.low) + "/" + PerCent(factors.high);
+      return "gf " + TextOf(factors);
     case Kind::BailOut:
       return "bail-out " + FormatPlain(minute.moment);
   }

@@ -24,6 +24,8 @@ struct GradientFactors {
 /// "40/85" or "0.4/0.85" as fractions: a number from 2 on is per cent. Nothing for what is none, is not above 0 and
 /// below 2, or falls.
 std::optional<GradientFactors> FactorsOf(std::string_view text);
+/// "40/85"
+std::string TextOf(const GradientFactors& factors);
 
 /// How much longer and deeper the dive is asked to be, and by which other gradient factors.
 struct WhatIfWish {

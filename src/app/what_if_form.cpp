@@ -67,6 +67,9 @@ void frmWhatIf::PlanChanged() {
     if (const WhatIfLines::Choice* choice = lines_.Of(document)) {
       // The line on its graph is that of these figures.
       wish_ = choice->wish;
+      std::string factors;
+      for (const GradientFactors& pair : wish_.factors) factors += (factors.empty() ? "" : " ") + TextOf(pair);
+      tbFactors.Text = factors;
       tbLonger.Text = Plain(wish_.minutes);
       tbDeeper.Text = Plain(wish_.depth);
     }
@@ -169,6 +172,7 @@ void frmWhatIf::Pick() {
     return column.kind != WhatIfColumn::Kind::Planned && unpicked_.contains(column.PickName());
   });
   std::vector<std::string> notices;
+  if (tbFactors.ForeColor == kRed) notices.push_back(T(Text::OptionGradientFactors, {tbFactors.Text}));
   if (whatIf_->Fault().IsEmpty()) {
     table_ = TableOf(columns_, wish_, *whatIf_, Words());
     if (whatIf_->AddsAscent()) notices.push_back(T(Text::WhatIfWithAscent));

@@ -109,10 +109,10 @@ void WriteSupply(JsonWriter& json, const GasSupply& supply) {
     json.Object("loop_estimate", [&] {
       json.Member("oxygen", supply.loop.oxygen);
       json.List("diluent", [&] {
-        for (const auto& [gas, volume] : supply.loop.diluents) {
+        for (const LoopUse::Diluent& diluent : supply.loop.diluents) {
           json.Object([&] {
-            json.Member("mix", gas);
-            json.Member("volume", volume);
+            json.Member("mix", diluent.gas);
+            json.Member("volume", diluent.volume);
           });
         }
       });

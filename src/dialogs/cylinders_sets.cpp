@@ -44,7 +44,7 @@ std::string frmCylinders::SetName() const { return std::string(TrimBlanks(tbSetN
 
 void frmCylinders::TakeSet() {
   if (cmbSet.ListIndex < 0) return;
-  if (IsOwnSet()) tbSetName.Text = cmbSet.Text();  // to be saved under it again
+  tbSetName.Text = IsOwnSet() ? cmbSet.Text() : "";  // to be saved under it again
   const std::vector<Cylinder>& cylinders = sets_.at(static_cast<std::size_t>(cmbSet.ListIndex)).cylinders;
   PutRows(cylinders);
   // The first gas that is to be chosen.

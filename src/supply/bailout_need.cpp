@@ -34,7 +34,9 @@ class WaysOut {
     const Single end = rows_.GetRunTime(rows_.GetLength());
     const double step = std::max(1.0, std::ceil(end / kMostMoments));
     std::int16_t row = 1;
-    for (double time = step; time <= end; time += step) {
+    const auto moments = static_cast<int>(std::floor(end / step));
+    for (int moment = 1; moment <= moments; ++moment) {
+      const double time = moment * step;
       while (rows_.GetRunTime(row) < time) ++row;
       Leave(row, time);
     }

@@ -161,10 +161,15 @@ TEST(WhatIfWindow, ShowsTheColumnsThatArePicked) {
     EXPECT_EQ(window.tbFactors.ForeColor.Get(), kRed) << text;
     EXPECT_THAT(ids(), picked) << text;
   }
-  // What is not shown is remembered.
+  EXPECT_THAT(window.lbNotice.Caption.Get(), HasSubstr("\"a/b\" is no pair of gradient factors"));
+  // What is not shown is remembered, and what the line on the graph is computed by.
+  window.cbGraph.Select(5);
+  const auto line = p.Overlay();
   window.Command1.Press();
   p.Main().mnuWhatIf.Choose();
-  EXPECT_THAT(ids(), testing::ElementsAre("planned", "both", "lost Oxygen", "lost EAN50"));
+  EXPECT_THAT(ids(), picked);
+  EXPECT_EQ(p.Window().cbGraph.ListIndex, 5);
+  EXPECT_EQ(p.Overlay(), line);
   EXPECT_EQ(p.Window().ckPick.Items.Get().size(), 8U);
 }
 
