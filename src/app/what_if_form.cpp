@@ -62,10 +62,11 @@ void frmWhatIf::Form_Unload() {
 
 void frmWhatIf::PlanChanged() {
   const std::int16_t document = services_.ActiveDocument().value_or(-1);
+  bool known = false;  // the wish is that of the line on the graph
   if (document != document_) {
     if (document_ != -1 && lines_.Of(document_) == nullptr) lines_.Clear(document_);
     if (const WhatIfLines::Choice* choice = lines_.Of(document)) {
-      // The line on its graph is that of these figures.
+      known = true;
       wish_ = choice->wish;
       std::string factors;
       for (const GradientFactors& pair : wish_.factors) factors += (factors.empty() ? "" : " ") + TextOf(pair);
@@ -93,7 +94,7 @@ void frmWhatIf::PlanChanged() {
   whatIf_ = std::make_unique<WhatIf>(dive.dive);
   metric_ = TemplateOf(document).Metric;
   lbUnit.Caption = T(metric_ ? Text::Metres : Text::Feet);
-  if ((first && lines_.Of(document) == nullptr) || metric_ != wasMetric) {
+  if (!known && (first || metric_ != wasMetric)) {
     const std::vector<GradientFactors> factors = wish_.factors;
     wish_ = WhatIfWish::Usual(metric_);
     wish_.factors = factors;

@@ -37,7 +37,8 @@ const WhatIfLines::Choice* WhatIfLines::Of(std::int16_t document) const {
 
 void WhatIfLines::Choose(std::int16_t document, const WhatIfWish& wish, const WhatIfColumnKey& column,
                          const ClassProfile& rows) {
-  chosen_[document] = {wish, column, forms_(document).Evaluation()};
+  chosen_[document] = {wish, column, forms_(document).Evaluation(),
+                       forms_.Services().documents(document).Template.Metric};
   draw_(document, LineOf(rows));
 }
 
@@ -57,6 +58,7 @@ void WhatIfLines::Follow(std::int16_t document) {
   }
   const Choice choice = found->second;
   if (choice.evaluation == forms_(document).Evaluation()) return;
+  if (choice.metric != forms_.Services().documents(document).Template.Metric) return Clear(document);
   const SeriesDive dive = forms_.Series(document, false).front();
   WhatIf plan(dive.dive);
   // A plan that can't be compared just now, while it is being changed, keeps its choice.

@@ -32,6 +32,7 @@ class WhatIfLines {
     WhatIfWish wish;
     WhatIfColumnKey column;
     int evaluation = 0;  ///< of the plan that the line was drawn for
+    bool metric = true;  ///< the unit of the wish
   };
 
   /// An empty line takes the one away that is there.
@@ -47,7 +48,7 @@ class WhatIfLines {
   void Show(std::int16_t document, const ClassProfile& rows);
   void Clear(std::int16_t document);
   /// Draws the line anew when the plan is another one than it was drawn for; a column that is no more takes its line
-  /// along. A closed document is forgotten.
+  /// along, and so does a change of units. A closed document is forgotten.
   void Follow(std::int16_t document);
 
  private:

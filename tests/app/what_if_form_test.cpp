@@ -136,6 +136,27 @@ TEST(WhatIfWindow, DrawsTheChosenColumnOverTheGraphUntilItIsCleared) {
   EXPECT_EQ(p.Window().cbGraph.ListIndex, 0);
 }
 
+TEST(WhatIfWindow, KeepsTheLineOfAPlanInFeet) {
+  Compared p("wreck.tav");
+  p.Window().Command1.Press();
+  p.Main().mnuNewProfile.Choose();
+  p.Document().Template.Metric = false;
+  p.Editor().AddUserWaypoint(130, 20, 0);
+  p.Main().mnuWhatIf.Choose();
+  p.Window().tbDeeper.Type("17");
+  p.Window().cbGraph.Select(2);
+  const auto line = p.Overlay();
+  p.Window().Command1.Press();
+  p.Main().mnuWhatIf.Choose();
+  EXPECT_EQ(p.Window().tbDeeper.Text.Get(), "17");
+  EXPECT_EQ(p.Overlay(), line);
+  // Seventeen of another unit are another dive.
+  p.Window().Command1.Press();
+  p.Document().Template.Metric = true;
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  EXPECT_THAT(p.Overlay(), IsEmpty());
+}
+
 TEST(WhatIfWindow, ShowsTheColumnsThatArePicked) {
   Compared p("rebreather.tav");
   frmWhatIf& window = p.Window();
