@@ -101,10 +101,7 @@ std::string WhatIfColumn::PickName() const { return kind == Kind::BailOut ? "bai
 WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.model), fault_(dive.plan.fault) {
   if (dive.before != nullptr) before_ = *dive.before;
   ClassUseractions& actions = plan_.UserActions;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
-    if (actions.getaction(i) != ClassUseractions::kLeg) continue;
-    if (deepest_ == 0 || actions.getDepth(i) >= actions.getDepth(deepest_)) deepest_ = i;
-  }
+  deepest_ = DeepestLegOf(actions);
   if (fault_.IsEmpty() && deepest_ == 0) fault_ = Text::NoLegs;
   if (!fault_.IsEmpty()) return;
   addsAscent_ = dive.plan.state != EditState::Ascent;
@@ -112,6 +109,23 @@ WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.m
     actions.NewAction();
     actions.setdeco(actions.GetLength());
   }
+}
+
+std::int16_t DeepestLegOf(const ClassUseractions& actions) {
+  std::int16_t deepest = 0;
+  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+    if (actions.getaction(i) != ClassUseractions::kLeg) continue;
+    if (deepest == 0 || actions.getDepth(i) >= actions.getDepth(deepest)) deepest = i;
+  }
+  return deepest;
+}
+
+WhatIfColumn WhatIf::Planned() const {
+  if (fault_.IsEmpty()) return ColumnOf(Kind::Planned, plan_);
+  WhatIfColumn column;
+  column.record = plan_;
+  column.fault = fault_;
+  return column;
 }
 
 ComputedPlan WhatIf::Computed(const DiveRecord& dive) const {

@@ -104,6 +104,8 @@ class WhatIf {
   /// "Longer" and "deeper" change the deepest leg, of equals the last. A gas that is lost is lost in the legs, too,
   /// which go on with the gas before; where there is none the column has a fault. There must be no Fault.
   [[nodiscard]] std::vector<WhatIfColumn> Columns(const WhatIfWish& wish);
+  /// The first of them alone; where there is a Fault it has that and the plan.
+  [[nodiscard]] WhatIfColumn Planned() const;
 
  private:
   [[nodiscard]] ComputedPlan Computed(const DiveRecord& dive) const;
@@ -123,6 +125,9 @@ class WhatIf {
   Message fault_;
   std::vector<WhatIfColumn> fixed_;  ///< those that no wish changes: planned, lost gases, bail-out
 };
+
+/// The action that is the deepest leg, of equals the last; 0 without legs.
+std::int16_t DeepestLegOf(const ClassUseractions& actions);
 
 /// The dangers of the plan check in a column; none of a bail-out, whose `warnings` tell what it breathes.
 std::vector<Finding> DangersOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words);

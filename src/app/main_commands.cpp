@@ -92,6 +92,17 @@ void frmMain::WirePlan() {
   mnuGeneralReport.Click = toolReport.Click = [this] { reports_.ShowGeneralReport(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
+  mnuKeepPlan.Click = [this] {
+    const std::string told = reports_.KeepPlan();
+    if (!told.empty()) sbStatusBar.Caption = told;
+    SyncCommands();
+  };
+  mnuCompare.Click = [this] { reports_.ShowComparison(); };
+  mnuClearKept.Click = [this] {
+    reports_.ClearKept();
+    sbStatusBar.Caption = services_.T(Text::Ready);
+    SyncCommands();
+  };
   mnuClearLine.Click = [this] { reports_.ClearLine(); };
   mnuBailoutReport.Click = [this] { dialogs_.ShowBailout(true); };
   toolBailout.Click = [this] { dialogs_.ShowBailout(false); };

@@ -219,9 +219,12 @@ void frmMain::SyncCommands() {
           &toolReport,
           &mnuSlate,
           &mnuWhatIf,
+          &mnuKeepPlan,
+          &mnuCompare,
           &mnuClearLine,
           &mnuCylinders},
          active.has_value());
+  mnuClearKept.Enabled = reports_.HasKept();
   HoldCommands();
 }
 

@@ -79,6 +79,9 @@ class frmMain : public Form {
   MenuItem mnuspe10{*this, "mnuspe10"};
   MenuItem mnuSurface{*this, "mnuSurface"};
   MenuItem mnuWhatIf{*this, "mnuWhatIf"};
+  MenuItem mnuKeepPlan{*this, "mnuKeepPlan"};  ///< for comparison
+  MenuItem mnuCompare{*this, "mnuCompare"};
+  MenuItem mnuClearKept{*this, "mnuClearKept"};
   MenuItem mnuClearLine{*this, "mnuClearLine"};  ///< of the comparison, over the graph
   MenuItem mnulangsep{*this, "mnulangsep"};
   MenuItem mnuLanguages{*this, "mnuLanguages"};

@@ -2,6 +2,7 @@
 
 #include "figures/dive_figures.h"
 #include "model/text_id.h"
+#include "model/units.h"
 
 namespace tav {
 
@@ -21,6 +22,12 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
     if (set->second.evaluation == editor.Evaluation()) look.selected = set->second.selected;
     look.overlay = set->second.overlay;
     look.asBefore = set->second.asBefore;
+  }
+  for (const auto& [kept, metric] : kept_) {
+    look.kept.push_back(kept);
+    if (metric == state.Template.Metric) continue;
+    for (PlotPoint& point : look.kept.back().line)
+      point.depth = point.depth * (metric ? kFeetPerMetre : kMetresPerFoot);
   }
   look.fitPlan = fitPlan_;
   look.extras = extras_;
@@ -45,6 +52,11 @@ void PlanLooks::ShowAsBefore(std::int16_t document, const std::string& words) {
   if (!services_.IsOpen(document)) return;
   set_[document].asBefore = words;
   services_.view.StateChanged(document);
+}
+
+void PlanLooks::ShowKept(std::vector<Kept> kept) {
+  kept_ = std::move(kept);
+  ShowAll();
 }
 
 void PlanLooks::FitPlan(bool fit) {

@@ -25,6 +25,12 @@ class PlanLooks {
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line);
   /// Empty words take the grey away.
   void ShowAsBefore(std::int16_t document, const std::string& words);
+  /// A plan that is drawn thin behind all others.
+  struct Kept {
+    KeptLine line;
+    bool metric = true;  ///< its depths are metres, else feet
+  };
+  void ShowKept(std::vector<Kept> kept);
   void FitPlan(bool fit);
   void ShowExtras(const GraphExtras& extras);
   void Forget(std::int16_t document) { set_.erase(document); }
@@ -40,6 +46,7 @@ class PlanLooks {
 
   const MainServices& services_;
   std::map<std::int16_t, Set> set_;
+  std::vector<Kept> kept_;
   bool fitPlan_ = false;
   GraphExtras extras_;
 };

@@ -4,6 +4,7 @@
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
+#include "model/text_id.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
 
@@ -54,7 +55,34 @@ void PlanReports::ClearLine() {
   Follow();
 }
 
+std::string PlanReports::KeepPlan() {
+  const auto active = services_.Active();
+  if (!active) return {};
+  const std::string fault = kept_.Keep(*active);
+  Follow();
+  return fault.empty() ? services_.texts.Filled(Text::KeptForComparison, {std::to_string(kept_.Plans().size())})
+                       : fault;
+}
+
+void PlanReports::ClearKept() {
+  kept_.Clear();
+  Follow();
+}
+
+void PlanReports::ShowComparison() {
+  if (!services_.Active()) return;
+  auto window = comparison_.lock();
+  if (window && window->IsLoaded()) {
+    window->BringToFront();
+    return;
+  }
+  window = std::make_shared<frmCompare>(dialogs_, services_.report, kept_);
+  comparison_ = window;
+  services_.platform.windows.Show(window);
+}
+
 void PlanReports::Follow() const {
+  if (const auto window = comparison_.lock(); window && window->IsLoaded()) window->PlanChanged();
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }
 

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "app/compare_form.h"
+#include "app/kept_plans.h"
 #include "app/plan_looks.h"
 #include "app/what_if_form.h"
 #include "app/what_if_lines.h"
@@ -17,7 +19,8 @@ class PlanReports {
   PlanReports(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks)
       : services_(services),
         dialogs_(dialogs),
-        lines_(services.forms, [&looks](auto document, const auto& line) { looks.ShowOverlay(document, line); }) {}
+        lines_(services.forms, [&looks](auto document, const auto& line) { looks.ShowOverlay(document, line); }),
+        kept_(services, looks) {}
 
   void ShowDiveInformation() const;
   /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
@@ -27,6 +30,12 @@ class PlanReports {
   void ShowWhatIf();
   /// Takes the line of the comparison off the graph of the plan in front.
   void ClearLine();
+  /// Keeps the plan in front for comparison. What to tell of it.
+  std::string KeepPlan();
+  void ClearKept();
+  [[nodiscard]] bool HasKept() const { return !kept_.Plans().empty(); }
+  /// Opens the window of kept and open plans side by side, or brings it to the front.
+  void ShowComparison();
   /// A document has been changed or closed: that line follows.
   void FollowLine(std::int16_t document) { lines_.Follow(document); }
   /// The plan in front is another one, or has been computed anew: the comparison follows.
@@ -41,7 +50,9 @@ class PlanReports {
   const MainServices& services_;
   const DialogServices& dialogs_;
   WhatIfLines lines_;
+  KeptPlans kept_;
   std::weak_ptr<frmWhatIf> whatIf_;
+  std::weak_ptr<frmCompare> comparison_;
 };
 
 }  // namespace tav

@@ -5,6 +5,7 @@
 #include <sstream>
 #include <utility>
 
+#include "app/column_cells.h"
 #include "model/text_id.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
@@ -198,32 +199,12 @@ void frmWhatIf::ShowNotice(const std::vector<std::string>& lines) {
 }
 
 void frmWhatIf::ShowColumns() {
-  std::vector<std::vector<GridCell>> cells;
-  cells.reserve(table_.rows.size() + 2);
-  std::vector<GridCell> names{{""}};
-  std::vector<GridCell> details{{""}};
-  for (const WhatIfTable::Head& head : table_.heads) {
-    names.push_back({head.name, -1, true});
-    details.push_back({head.detail});
-  }
-  if (!table_.heads.empty()) {
-    cells.push_back(names);
-    cells.push_back(details);
-  }
-  for (const WhatIfTable::Row& row : table_.rows) {
-    std::vector<GridCell>& line = cells.emplace_back();
-    line.push_back({row.Heading(), -1, row.total});
-    for (const WhatIfTable::Cell& cell : row.cells) {
-      const std::string blank = cell.figure.empty() || cell.note.empty() ? "" : "  ";
-      line.push_back({cell.figure + blank + cell.note, cell.bad ? kRed : Colour(-1), cell.bad});
-    }
-  }
-  fgColumns.Cells = cells;
+  fgColumns.Cells = CellsOf(table_);
 
   const WhatIfLines::Choice* choice = lines_.Of(document_);
   const auto at = choice == nullptr ? std::nullopt : choice->column.In(columns_);
   std::vector<std::string> entries;
-  for (const WhatIfTable::Head& head : table_.heads) {
+  for (const ColumnTable::Head& head : table_.heads) {
     entries.push_back(head.detail.empty() ? head.name : head.name + " " + head.detail);
   }
   cbGraph.Items = entries;

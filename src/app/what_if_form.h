@@ -82,7 +82,7 @@ class frmWhatIf : public DialogForm {
   std::vector<std::string> picks_;  ///< names of the ticks, in their order
   std::set<std::string> unpicked_;  ///< names of columns that are not shown
   std::vector<WhatIfColumn> columns_;
-  WhatIfTable table_;
+  ColumnTable table_;
 };
 
 }  // namespace tav

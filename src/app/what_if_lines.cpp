@@ -3,18 +3,6 @@
 #include <algorithm>
 
 namespace tav {
-namespace {
-
-std::vector<PlotPoint> LineOf(const ClassProfile& rows) {
-  std::vector<PlotPoint> line;
-  if (rows.GetLength() == 0) return line;
-  line.reserve(static_cast<std::size_t>(rows.GetLength()) + 1);
-  for (std::int16_t i = 0; i <= rows.GetLength(); ++i) line.push_back({rows.GetRunTime(i), rows.getDepth(i)});
-  return line;
-}
-
-}  // namespace
-
 WhatIfColumnKey WhatIfColumnKey::Of(const std::vector<WhatIfColumn>& columns, std::size_t index) {
   WhatIfColumnKey key{columns[index].PickName(), 0};
   key.nth = static_cast<int>(std::count_if(columns.begin(), columns.begin() + static_cast<std::ptrdiff_t>(index),

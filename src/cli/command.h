@@ -97,6 +97,7 @@ Command ReportCommand();
 Command GraphCommand();
 Command BailoutCommand();
 Command WhatIfCommand();
+Command CompareCommand();
 Command TablesCommand();
 Command CheckCommand();
 Command MixCommand();

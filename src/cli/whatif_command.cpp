@@ -4,6 +4,7 @@
 
 #include "cli/command_frame.h"
 #include "cli/computed_dive.h"
+#include "cli/gas_needs.h"
 #include "cli/option_values.h"
 #include "cli/page_output.h"
 #include "cli/row_columns.h"
@@ -65,13 +66,6 @@ void TakeFaults(std::vector<WhatIfColumn>& columns, const std::string& file, Com
   std::erase_if(columns, [](const WhatIfColumn& column) { return !column.fault.IsEmpty(); });
 }
 
-/// The word of a verdict for scripts; nothing where there is none.
-std::optional<std::string_view> NameOfVerdict(const std::optional<GasVerdict>& verdict) {
-  if (!verdict || *verdict == GasVerdict::NotTold) return std::nullopt;
-  if (*verdict == GasVerdict::IntoReserve) return "reserve";
-  return IsShort(*verdict) ? "short" : "enough";
-}
-
 /// The plan and the columns of the names that were given.
 void KeepPicked(std::vector<WhatIfColumn>& columns, const std::vector<std::string>& names) {
   if (names.empty()) return;
@@ -101,19 +95,7 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const PlannedDive
     for (const GasWarning& warning : column.warnings) json.Object([&] { WriteWarning(json, warning); });
   });
   WriteRows(json, column.rows, column.record.Template, plan.plan.model);
-  json.List("gas", [&] {
-    for (const GasNeed& gas : column.gas) {
-      json.Object([&] {
-        json.Member("mix", gas.mix);
-        json.Member("used", gas.used);
-        json.Member("carried", gas.carried);
-        const auto verdict = NameOfVerdict(gas.verdict);
-        json.Member("enough", verdict ? std::optional(*verdict == "enough") : std::nullopt);
-        json.Member("need", gas.need);
-        json.Member("verdict", verdict);
-      });
-    }
-  });
+  WriteGasNeeds(json, column.gas);
 }
 
 void WriteColumns(const std::vector<WhatIfColumn>& columns, const PlannedDive& plan, const AdviceWords& words,

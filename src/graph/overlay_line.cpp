@@ -7,6 +7,14 @@
 
 namespace tav {
 
+std::vector<PlotPoint> LineOf(const ClassProfile& rows) {
+  std::vector<PlotPoint> line;
+  if (rows.GetLength() == 0) return line;
+  line.reserve(static_cast<std::size_t>(rows.GetLength()) + 1);
+  for (std::int16_t i = 0; i <= rows.GetLength(); ++i) line.push_back({rows.GetRunTime(i), rows.getDepth(i)});
+  return line;
+}
+
 namespace {
 
 struct Dashes {

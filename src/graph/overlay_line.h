@@ -18,6 +18,9 @@ struct PlotPoint {
   }
 };
 
+/// The rows of a dive; empty without any behind the start.
+std::vector<PlotPoint> LineOf(const ClassProfile& rows);
+
 /// A plan that is kept for comparison.
 struct KeptLine {
   std::vector<PlotPoint> line;

@@ -1282,4 +1282,26 @@ constexpr int HeadOnOpenCircuit = 8708;
 constexpr int HeadWayUpGas = 8709;
 constexpr int HeadNever = 8710;
 
+// Comparison
+constexpr int CompareTitle = 8860;
+constexpr int MenuKeepPlan = 8861;
+constexpr int MenuCompare = 8862;
+constexpr int MenuClearKept = 8863;
+constexpr int KeptForComparison = 8864;
+constexpr int CompareShow = 8865;
+constexpr int CompareKeep = 8866;
+constexpr int CompareClear = 8867;
+constexpr int ComparePrint = 8868;
+constexpr int CompareLeg = 8869;
+constexpr int CompareNothing = 8870;
+constexpr int CompareUnits = 8871;
+constexpr int KeptName = 8872;
+constexpr int CompareInterval = 8873;
+constexpr int CompareAdapted = 8874;
+constexpr int CompareStartPressure = 8875;
+constexpr int CompareEndAltitude = 8876;
+constexpr int CompareCylinders = 8877;
+constexpr int CompareTeam = 8878;
+constexpr int CompareTwoPlans = 8880;
+
 }  // namespace tav::Text

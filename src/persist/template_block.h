@@ -14,6 +14,8 @@ namespace tav {
 
 constexpr std::string_view kStartOfBlock = "Start Template Block";
 constexpr std::string_view kEndOfBlock = "End Template Block";
+/// The key of a gas, which stands there once for each.
+constexpr std::string_view kBlendsKey = "Blends Available";
 
 /// The lines of a text on which each key of a template block stands, in order.
 using KeyLines = std::map<std::string, std::vector<int>, std::less<>>;
@@ -22,6 +24,16 @@ using KeyLines = std::map<std::string, std::vector<int>, std::less<>>;
 /// numbers with a decimal point. `TemplateFolder`, Air and the gases of the changes are not in it. What is
 /// told in comment lines (CommentLines) stands ahead of "Templatename".
 std::string WriteTemplateBlock(const DiveTemplate& diveTemplate);
+
+/// A setting as the block tells it: "LastStop", "3"; "# Loop", "diluent". Numbers are without the blanks that pad them;
+/// the gases are one value.
+struct BlockValue {
+  std::string key;
+  std::string value;
+};
+
+/// What the block tells that has a bearing on a plan, in its order.
+std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate);
 
 /// Reads from a "Start Template Block" line, which the caller has seen to be there, up to and including the end marker.
 /// What the block does not tell stays as it is in the record; lists that it tells, also empty ones, replace those of

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <sstream>
+
 #include "model/number_text.h"
 #include "persist/comment_lines.h"
 #include "persist/template_block.h"
@@ -27,6 +30,19 @@ class Writer {
  private:
   std::string text_;
 };
+
+/// " .85, .3" as people write it: "0.85,0.3".
+std::string WithoutPadding(std::string_view value) {
+  std::string text;
+  bool begins = true;  // a number or a name
+  for (const char c : value) {
+    if (begins && c == ' ') continue;
+    if (begins && c == '.') text += '0';
+    text += c;
+    begins = c == ':' || c == ',' || c == '/' || (begins && c == '-');
+  }
+  return text;
+}
 
 }  // namespace
 
@@ -66,6 +82,28 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
   out.Line((t.Templatename == kEndOfBlock ? "Templatename= " : "Templatename=") + t.Templatename);
   out.Line(kEndOfBlock);
   return out.Take();
+}
+
+std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate) {
+  constexpr std::string_view kWithoutBearing[] = {"AutoDecoGas", "CeilingOverride", "Templatename"};
+  std::vector<BlockValue> values;
+  std::istringstream block(WriteTemplateBlock(diveTemplate));
+  for (std::string line; std::getline(block, line);) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string::npos) continue;
+    const std::string key = line.substr(0, equals);
+    if (std::ranges::find(kWithoutBearing, key) != std::end(kWithoutBearing)) continue;
+    std::string value = line.substr(equals + 1);
+    std::erase(value, '\r');
+    // Of a comment, the blanks are its own.
+    if (!key.starts_with('#')) value = WithoutPadding(value);
+    if (!values.empty() && values.back().key == key) {
+      values.back().value += " " + value;
+    } else {
+      values.push_back({key, value});
+    }
+  }
+  return values;
 }
 
 }  // namespace tav

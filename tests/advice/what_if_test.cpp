@@ -385,17 +385,17 @@ TEST_F(WhatIfOfPlan, StandsSideBySideInWords) {
   const WhatIfWish wish{5, 3, {}};
   const auto columns = whatIf.Columns(wish);
   const AdviceWords words(english, {",", "."}, true);
-  const WhatIfTable table = TableOf(columns, wish, whatIf, words);
+  const ColumnTable table = TableOf(columns, wish, whatIf, words);
   ASSERT_EQ(table.heads.size(), 7U);
   EXPECT_EQ(table.heads[3].detail, "+5 min +3 m");
   EXPECT_EQ(table.heads[4].name, "lost Oxygen");
-  std::map<std::string, const WhatIfTable::Row*> rows;
-  for (const WhatIfTable::Row& row : table.rows) rows[row.label] = &row;
+  std::map<std::string, const ColumnTable::Row*> rows;
+  for (const ColumnTable::Row& row : table.rows) rows[row.label] = &row;
   // The figures of the schedule stand in their rows.
   for (std::size_t c = 0; c < columns.size(); ++c) {
     for (const ScheduleRow& stop : ScheduleOf(columns[c].rows, whatIf.Settings())) {
       if (stop.kind != ScheduleRow::Kind::Stop) continue;
-      const WhatIfTable::Row* row = rows["Stop " + words.Depth(stop.depth)];
+      const ColumnTable::Row* row = rows["Stop " + words.Depth(stop.depth)];
       ASSERT_NE(row, nullptr);
       EXPECT_EQ(row->cells[c].figure, words.Short(*stop.minutes));
       EXPECT_EQ(row->cells[c].note, stop.changesGas ? stop.gas : "");

@@ -63,6 +63,7 @@ TEST_F(Outputs, NeverGoOverAnInput) {
       {"tavplan report a.tav --slate --pdf link.tav", "link.tav"},
       {"tavplan bailout a.tav --pdf name.tav", "name.tav"},
       {"tavplan whatif a.tav --pdf ./sub/../a.tav", "./sub/../a.tav"},
+      {"tavplan compare link.tav link.tav --pdf a.tav", "a.tav"},
       {"tavplan tables --gas Air --depths 9:12:3 --times 5:10:5 --template my.tpl --pdf my.tpl", "my.tpl"},
       {"tavplan new --depth 30 --time 20 --template my.tpl -o my.tpl", "my.tpl"},
       {"XDG_DATA_HOME=$PWD/sub tavplan new --depth 30 --time 20 -o sub/tav/template/Default.tpl",

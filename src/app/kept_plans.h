@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "advice/comparison.h"
+#include "app/main_services.h"
+#include "app/plan_looks.h"
+
+namespace tav {
+
+/// Plans as they were when they were kept, to be compared with those that are open. They are drawn thin behind each
+/// plan, until they are cleared.
+class KeptPlans {
+ public:
+  struct Kept {
+    ComparedPlan plan;
+    bool shown = true;
+  };
+
+  KeptPlans(const MainServices& services, PlanLooks& looks) : services_(services), looks_(looks) {}
+
+  /// Keeps a document as it is now. Why it can't be, in words; empty when it is kept.
+  std::string Keep(std::int16_t document);
+  void Clear();
+  void Show(std::size_t index, bool shown);
+  [[nodiscard]] const std::vector<Kept>& Plans() const { return kept_; }
+
+  [[nodiscard]] std::vector<std::int16_t> OpenDocuments() const { return services_.OpenDocuments(); }
+  /// A document as it is now, with its deepest leg and gradient factors told.
+  [[nodiscard]] ComparedPlan AsItIs(std::int16_t document) const;
+
+ private:
+  void Draw() const;
+
+  const MainServices& services_;
+  PlanLooks& looks_;
+  std::vector<Kept> kept_;
+  int number_ = 0;
+};
+
+}  // namespace tav
