@@ -105,6 +105,10 @@ void frmMain::WireWindow() {
     services_.platform.windows.Show(std::make_shared<frmLanguages>(
         services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));
   };
+  mnuDefaultLayout.Click = [this] {
+    services_.view.Place({});
+    panes_.DefaultLayout();
+  };
   const auto arrange = [this](Arrangement how) { return [this, how] { services_.view.Arrange(how); }; };
   mnuWindowCascade.Click = arrange(Arrangement::Cascade);
   mnuWindowTileHorizontal.Click = arrange(Arrangement::TileHorizontal);

@@ -60,6 +60,7 @@ class frmMain : public Form {
   MenuItem mnuPlanPane{*this, "mnuPlanPane"};
   MenuItem mnuCheckPane{*this, "mnuCheckPane"};
   MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
+  MenuItem mnuDefaultLayout{*this, "mnuDefaultLayout"};
   MenuItem mnuViewCeiling{*this, "mnuViewCeiling"};
   MenuItem mnuViewStopMinutes{*this, "mnuViewStopMinutes"};
   MenuItem mnuViewDepths{*this, "mnuViewDepths"};

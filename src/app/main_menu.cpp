@@ -48,6 +48,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuPlanPane, 1, Text::MenuPlanPane, "F11"},
     {&frmMain::mnuCheckPane, 1, Text::MenuCheckPane, "Shift+F11"},
     {&frmMain::mnuGoToPlan, 1, Text::MenuGoToPlan, "F12"},
+    {&frmMain::mnuDefaultLayout, 1, Text::MenuDefaultLayout, ""},
     {&frmMain::mnuViewCeiling, 1, Text::MenuViewCeiling, ""},
     {&frmMain::mnuViewStopMinutes, 1, Text::MenuViewStopMinutes, ""},
     {&frmMain::mnuViewDepths, 1, Text::MenuViewDepths, ""},

@@ -145,9 +145,13 @@ void MainPanes::Restore() {
     kept += piece;
   }
   const auto shown = services_.view.RestorePanes(kept);
-  for (const Pane& pane : panes_) {
-    Show(pane, !shown || std::find(shown->begin(), shown->end(), &pane.form) != shown->end());
-  }
+  if (!shown) return DefaultLayout();
+  for (const Pane& pane : panes_) Show(pane, std::ranges::find(*shown, &pane.form) != shown->end());
+}
+
+void MainPanes::DefaultLayout() {
+  for (const Pane& pane : panes_) Show(pane, true);
+  services_.view.PlacePanes();
 }
 
 void MainPanes::Keep() const {

@@ -164,11 +164,15 @@ void MainWindow::BuildToolBar() {
 }
 
 void MainWindow::Place(const Placement& placement) {
+  if (isMaximized() || isFullScreen()) return;
   QRect wanted(ToPixels(placement.left), ToPixels(placement.top), ToPixels(placement.width),
                ToPixels(placement.height));
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
+  // The frame of the window takes room, too.
+  constexpr int kBorder = 4;
+  constexpr int kTitle = 32;
+  const QRect room = screen->availableGeometry().adjusted(kBorder, kTitle, -kBorder, -kBorder);
   setMinimumSize(QSize(480, 360).boundedTo(room.size()));
   wanted.setSize(wanted.size().expandedTo(minimumSize()).boundedTo(room.size()));
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
@@ -223,6 +227,8 @@ std::string MainWindow::PanesNow() const { return docks_->State(); }
 std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string& panes) {
   return docks_->Restore(panes);
 }
+
+void MainWindow::PlacePanes() { docks_->DefaultLayout(); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();

@@ -812,7 +812,6 @@ constexpr int InfoDive = 7683;
 constexpr int CheckTitle = 7684;
 constexpr int CheckNothing = 7685;
 constexpr int CheckCountNothing = 7686;
-constexpr int CheckCounts = 7687;
 constexpr int Danger = 7688;
 constexpr int Caution = 7689;
 constexpr int Note = 7690;
@@ -1281,5 +1280,36 @@ constexpr int HeadOnLoop = 8707;
 constexpr int HeadOnOpenCircuit = 8708;
 constexpr int HeadWayUpGas = 8709;
 constexpr int HeadNever = 8710;
+
+// The main window: layout, leaving, what was done, command search
+constexpr int MenuDefaultLayout = 8810;
+constexpr int OneDanger = 8811;
+constexpr int Dangers = 8812;
+constexpr int OneCaution = 8813;
+constexpr int Cautions = 8814;
+constexpr int OneNote = 8815;
+constexpr int Notes = 8816;
+constexpr int LeavingQuestion = 8817;
+constexpr int LeavingSaveAll = 8818;
+constexpr int LeavingDiscardAll = 8819;
+constexpr int LeavingSaveTicked = 8820;
+constexpr int MenuReopen = 8821;
+constexpr int ReopenGone = 8822;
+constexpr int FileChangedQuestion = 8823;
+constexpr int FileOverwrite = 8824;
+constexpr int FileSaveAs = 8825;
+constexpr int FileReadAgain = 8826;
+constexpr int FileGone = 8827;
+constexpr int FileChangedUnsaved = 8828;
+constexpr int StatusSaved = 8829;
+constexpr int StatusWritten = 8830;
+constexpr int StatusCopied = 8831;
+constexpr int StatusPrinted = 8832;
+constexpr int MenuPrint = 8833;
+constexpr int SettingsOfThisPlan = 8834;
+constexpr int SettingsOfNewPlans = 8835;
+constexpr int MenuCommandSearch = 8836;
+constexpr int SearchHint = 8837;
+constexpr int CommandSearchNone = 8838;
 
 }  // namespace tav::Text
