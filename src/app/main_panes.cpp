@@ -77,6 +77,12 @@ void MainPanes::Follow() {
   }
 }
 
+void MainPanes::TextsChanged() {
+  for (const Pane& pane : panes_) {
+    if (pane.form.IsLoaded()) pane.form.Load();
+  }
+}
+
 void MainPanes::ShowRefusal(std::int16_t document) {
   const bool refused = !planPane_.Refusal(document).empty();
   looks_.ShowAsBefore(document, refused ? services_.T(Text::AsBefore) : "");

@@ -43,6 +43,7 @@ class MainPanes {
   void DefaultLayout();
   /// The user has shown or hidden a pane by its own means.
   void Shown(const PaneForm& shown, bool isShown);
+  void TextsChanged();
   /// The plan in front is another one, or has been computed anew.
   void Follow();
   /// Ends what is being entered, as a change of its plan.

@@ -161,6 +161,20 @@ void MainWindow::BuildToolBar() {
       button->Changed();
     });
   }
+  AddSearchHint();
+}
+
+void MainWindow::AddSearchHint() {
+  auto* room = new QWidget;
+  room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  toolBar_->addWidget(room);
+  auto* hint = new QToolButton;
+  hint->setObjectName(ToQt(form_->toolSearch.Name()));
+  hint->setAutoRaise(true);
+  toolBar_->addWidget(hint);
+  form_->toolSearch.Changed = [this, hint] { hint->setText(ToQt(form_->toolSearch.Caption)); };
+  form_->toolSearch.Changed();
+  connect(hint, &QToolButton::clicked, this, [this] { form_->toolSearch.Press(); });
 }
 
 void MainWindow::Place(const Placement& placement) {
@@ -201,6 +215,12 @@ bool MainWindow::event(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
     area_->setBackground(palette().color(QPalette::Dark));
     if (form_ != nullptr && form_->sbFindings.Changed) form_->sbFindings.Changed();
+  }
+  // Under a window that must be answered first the plans stay as they are.
+  if (event->type() == QEvent::WindowActivate && QApplication::activeModalWidget() == nullptr) {
+    QTimer::singleShot(0, this, [this] {
+      if (form_ != nullptr && QApplication::activeModalWidget() == nullptr) form_->CameToFront();
+    });
   }
   // A child window that is maximised or restored writes a title of its own over it.
   if (event->type() == QEvent::WindowTitleChange && !showingTitle_) {

@@ -59,6 +59,7 @@ class MainWindow : public QMainWindow, public MainView {
 
   void BuildMenu();
   void BuildToolBar();
+  void AddSearchHint();
   /// The child window of an open document; made when it is first asked for.
   Child& Of(std::int16_t document);
   void Remove(std::int16_t document);

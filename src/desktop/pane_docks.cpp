@@ -15,8 +15,8 @@ constexpr int kStateVersion = 1;
 
 // Of the first start, in pixels for letters of the usual size: legs and schedule, and below them the findings.
 constexpr int kWidth = 480;
-constexpr int kPlanHeight = 560;
-constexpr int kOtherHeight = 180;
+constexpr int kPlanHeight = 600;
+constexpr int kOtherHeight = 150;
 constexpr double kUsualLetters = 16;  // the height of a line of them
 
 }  // namespace
@@ -58,7 +58,13 @@ bool PaneDocks::eventFilter(QObject* watched, QEvent* event) {
 void PaneDocks::Show(PaneForm& pane, bool shown) {
   QDockWidget& dock = DockOf(pane);
   if (shown && dock.widget() == nullptr) {
-    dock.setWidget(MakePane(pane, &dock));
+    // What a small window or large letters leave no room for scrolls.
+    auto* area = new QScrollArea(&dock);
+    area->setObjectName(QStringLiteral("qt_pane_area"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(MakePane(pane, area));
+    dock.setWidget(area);
     dock.setWindowTitle(ToQt(pane.Caption));
     pane.Changed = [&dock, &pane] { dock.setWindowTitle(ToQt(pane.Caption)); };
     connect(&dock, &QObject::destroyed, [&pane] { pane.Changed = nullptr; });
@@ -96,7 +102,7 @@ void PaneDocks::DefaultLayout() {
     window_.addDockWidget(Qt::RightDockWidgetArea, order_[i]);
     if (i > 0) window_.splitDockWidget(order_[i - 1], order_[i], Qt::Vertical);
     order_[i]->show();
-    widths_[i] = static_cast<int>(kWidth * factor);
+    widths_[i] = std::min(static_cast<int>(kWidth * factor), window_.width() / 2);
     heights_[i] = static_cast<int>((i == 0 ? kPlanHeight : kOtherHeight) * factor);
   }
   GiveSizes();

@@ -112,7 +112,10 @@ void Show(const ResultGrid& grid, QTableWidget& table) {
   // Sentences below each other take as many lines as they need.
   const bool sentences = !grid.HasHeader && columns > 0 && atLeft(columns - 1);
   table.setWordWrap(sentences);
-  table.horizontalHeader()->setStretchLastSection(sentences);
+  if (columns > 0) {
+    table.horizontalHeader()->setSectionResizeMode(columns - 1,
+                                                   sentences ? QHeaderView::Stretch : QHeaderView::Interactive);
+  }
   if (sentences) table.resizeRowsToContents();
   table.setHorizontalScrollBarPolicy(sentences ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
   table.viewport()->update();  // the header was kept from telling that columns have moved
