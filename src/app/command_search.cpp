@@ -50,7 +50,7 @@ frmCommandSearch::frmCommandSearch(const TextSource& texts, std::vector<Command>
 
 void frmCommandSearch::Form_Load() {
   Caption = PlainCaption(texts_.GetResString(Text::MenuCommandSearch));
-  tbWords.SpokenName = Caption.Get();
+  tbWords.SpokenName = texts_.GetResString(Text::HelpSearch);
   fgCommands.SpokenName = Caption.Get();
   lbNone.Caption = texts_.GetResString(Text::CommandSearchNone);
   cbOK.Caption = texts_.GetResString(Text::OK);

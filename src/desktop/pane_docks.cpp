@@ -90,6 +90,7 @@ void PaneDocks::NoteSizes() {
 }
 
 void PaneDocks::GiveSizes() {
+  if (widths_.contains(0)) return;  // they have had none yet
   // One that comes back finds what the others have taken meanwhile; left to itself it gets what it can't do without.
   window_.resizeDocks(order_, widths_, Qt::Horizontal);
   if (AreWhole()) window_.resizeDocks(order_, heights_, Qt::Vertical);

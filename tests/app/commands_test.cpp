@@ -71,6 +71,7 @@ TEST(MainMenu, DotsStandWhereACommandOpensAWindow) {
     std::filesystem::copy(HeadlessProgram::Dive("wreck.tav"), file);
     EXPECT_TRUE(p.Start({file.string()}));
     p.Document().Template.TemplateChanged = true;  // else there is nothing to be saved as a template
+    p.platform.answers = {BoxAnswer::OK};
     return p.Main().Menu();
   };
   HeadlessProgram first;
