@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 #include <algorithm>
+#include <utility>
 
 #include "app/main_form.h"
 #include "desktop/form_binder.h"
@@ -23,6 +24,7 @@ constexpr double kUsualLetters = 16;  // the height of a line of them
 
 PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave)
     : QObject(&window), window_(window), leave_(std::move(leave)) {
+  window.installEventFilter(this);
   for (const MainPanes::Pane& pane : form.Panes().All()) {
     auto* dock = new QDockWidget(&window);
     dock->setObjectName(ToQt(pane.form.Name()));
@@ -48,9 +50,13 @@ PaneDocks::~PaneDocks() {
 }
 
 bool PaneDocks::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close) {
+  if (watched != &window_ && event->type() == QEvent::Close) {
     NoteSizes();
     leave_();
+  }
+  // What they are given ahead of the first show is not what the window makes of it.
+  if (watched == &window_ && event->type() == QEvent::Show && std::exchange(first_, false)) {
+    QTimer::singleShot(0, this, &PaneDocks::GiveSizes);
   }
   return QObject::eventFilter(watched, event);
 }
@@ -97,6 +103,7 @@ void PaneDocks::GiveSizes() {
 }
 
 void PaneDocks::DefaultLayout() {
+  first_ = !window_.isVisible();
   const double factor = std::max(1.0, window_.fontMetrics().height() / kUsualLetters);
   for (qsizetype i = 0; i < order_.size(); ++i) {
     order_[i]->setFloating(false);

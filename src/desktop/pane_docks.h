@@ -47,6 +47,7 @@ class PaneDocks : public QObject {
   QList<QDockWidget*> order_;  ///< from the top, at first
   QList<int> widths_;          ///< in that order, as they were when all were shown last
   QList<int> heights_;
+  bool first_ = false;  ///< the first layout waits for the window to be shown
 };
 
 }  // namespace tav

@@ -48,7 +48,7 @@ QString ClippedText(const QTableWidget& table) {
     const bool wraps = table.wordWrap() && head.sectionResizeMode(column) == QHeaderView::Stretch;
     for (int row = 0; row < table.rowCount(); ++row) {
       if (wraps) {
-        constexpr int kMargins = 8;
+        constexpr int kMargins = 7;
         const QString text = table.item(row, column)->text();
         const QRect room(0, 0, table.columnWidth(column) - kMargins, table.viewport()->height());
         if (table.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).height() > table.rowHeight(row)) return text;
