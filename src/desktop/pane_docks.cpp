@@ -20,6 +20,30 @@ constexpr int kPlanHeight = 600;
 constexpr int kOtherHeight = 150;
 constexpr double kUsualLetters = 16;  // the height of a line of them
 
+/// A pane that scrolls what a small window or large letters leave no room for. It takes the room that there is, and
+/// asks for no more than it can't do without.
+class PaneArea : public QScrollArea {
+ public:
+  explicit PaneArea(QWidget& pane) {
+    setObjectName(QStringLiteral("qt_pane_area"));
+    setFrameShape(QFrame::NoFrame);
+    setWidget(&pane);
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QScrollArea::resizeEvent(event);
+    Fit();
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::LayoutRequest) Fit();
+    return QScrollArea::eventFilter(watched, event);
+  }
+
+ private:
+  void Fit() { widget()->resize(viewport()->size().expandedTo(widget()->minimumSizeHint())); }
+};
+
 }  // namespace
 
 PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave)
@@ -64,13 +88,7 @@ bool PaneDocks::eventFilter(QObject* watched, QEvent* event) {
 void PaneDocks::Show(PaneForm& pane, bool shown) {
   QDockWidget& dock = DockOf(pane);
   if (shown && dock.widget() == nullptr) {
-    // What a small window or large letters leave no room for scrolls.
-    auto* area = new QScrollArea(&dock);
-    area->setObjectName(QStringLiteral("qt_pane_area"));
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setWidget(MakePane(pane, area));
-    dock.setWidget(area);
+    dock.setWidget(new PaneArea(*MakePane(pane, &dock)));
     dock.setWindowTitle(ToQt(pane.Caption));
     pane.Changed = [&dock, &pane] { dock.setWindowTitle(ToQt(pane.Caption)); };
     connect(&dock, &QObject::destroyed, [&pane] { pane.Changed = nullptr; });
