@@ -12,6 +12,7 @@ namespace fs = std::filesystem;
 constexpr const char* kSection = "Session";
 constexpr const char* kReopen = "ReopenPlans";
 constexpr std::size_t kMost = 100;
+constexpr std::size_t kLongest = 255;  // that a setting holds
 
 std::string Key(std::size_t index) { return "Plan" + std::to_string(index + 1); }
 
@@ -63,6 +64,7 @@ void LastSession::TellGone() const {
 void LastSession::Keep() {
   if (!begun_) return;
   std::vector<fs::path> files = files_.OpenFiles();
+  std::erase_if(files, [](const fs::path& file) { return file.string().size() > kLongest; });
   if (files.size() > kMost) files.resize(kMost);
   if (files == kept_) return;
   SettingsStore& settings = services_.platform.settings;
