@@ -12,8 +12,13 @@
 
 namespace tav {
 
-frmLanguages::frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder)
-    : Form("frmLanguages"), platform_(std::move(platform)), texts_(texts), folder_(std::move(folder)) {
+frmLanguages::frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder,
+                           std::function<void()> changed)
+    : Form("frmLanguages"),
+      platform_(std::move(platform)),
+      texts_(texts),
+      folder_(std::move(folder)),
+      changed_(std::move(changed)) {
   Command1.Default = true;
   Command1.Click = [this] { Command1_Click(); };
   Command2.Cancel = true;
@@ -50,13 +55,15 @@ void frmLanguages::Form_Load() {
   });
   Option1.Items = names;
   const auto chosen = std::find(files_.begin(), files_.end(), current);
-  Option1.SelectedItem = chosen == files_.end() ? -1 : static_cast<int>(chosen - files_.begin());
+  current_ = chosen == files_.end() ? -1 : static_cast<int>(chosen - files_.begin());
+  Option1.SelectedItem = current_;
 }
 
 void frmLanguages::Command1_Click() {
   const int chosen = Option1.SelectedItem;
   if (chosen >= 0) platform_.settings.WriteSetting("", "Language", files_.at(static_cast<std::size_t>(chosen)));
   Unload();
+  if (chosen >= 0 && chosen != current_ && changed_) changed_();
 }
 
 }  // namespace tav

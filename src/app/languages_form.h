@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,10 +13,12 @@
 
 namespace tav {
 
-/// Chooses the language of the next start: one entry for each table in the language folder.
+/// Chooses the language: one entry for each table in the language folder.
 class frmLanguages : public Form {
  public:
-  frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder);
+  /// `changed` when another one has been chosen and stored.
+  frmLanguages(Platform platform, const TextSource& texts, std::filesystem::path folder,
+               std::function<void()> changed = {});
 
   Label Label1{*this, "Label1"};
   Frame Frame1{*this, "Frame1"};
@@ -32,7 +35,9 @@ class frmLanguages : public Form {
   Platform platform_;
   const TextSource& texts_;
   std::filesystem::path folder_;
+  std::function<void()> changed_;
   std::vector<std::string> files_;
+  int current_ = -1;
 };
 
 }  // namespace tav

@@ -1,8 +1,10 @@
 // Which command of the main window calls which part.
 
+#include "app/command_search.h"
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "app/main_form.h"
+#include "app/menu_letters.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -24,6 +26,7 @@ void frmMain::FinishEditsBeforeCommands() {
     if (command == nullptr || !command->Click) return;
     command->Click = [this, act = std::move(command->Click)] {
       FinishEdits();
+      services_.Status(Text::Ready);  // what the last command has done was told until now
       act();
     };
   };
@@ -90,6 +93,7 @@ void frmMain::WirePlan() {
   mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);
   mnuDiveInformation.Click = toolAscentInfo.Click = [this] { reports_.ShowDiveInformation(); };
   mnuGeneralReport.Click = toolReport.Click = [this] { reports_.ShowGeneralReport(); };
+  mnuPrint.Click = [this] { reports_.Print(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
   mnuKeepPlan.Click = [this] {
@@ -107,14 +111,18 @@ void frmMain::WirePlan() {
   mnuBailoutReport.Click = [this] { dialogs_.ShowBailout(true); };
   toolBailout.Click = [this] { dialogs_.ShowBailout(false); };
   mnuGenerateTables.Click = toolTableExpert.Click = [this] { dialogs_.ShowTableExpert(); };
-  mnuTemplate.Click = toolTemplate.Click = [this] { dialogs_.EditTemplate(); };
+  mnuTemplate.Click = mnuDiveSettings.Click = toolTemplate.Click = [this] { dialogs_.EditTemplate(); };
 }
 
 void frmMain::WireWindow() {
   mnuMixer.Click = toolMixer.Click = [this] { dialogs_.ShowMixer(); };
-  mnuLanguages.Click = [this] {
+  mnuLanguages.Click = mnuViewLanguage.Click = [this] {
     services_.platform.windows.Show(std::make_shared<frmLanguages>(
-        services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder));
+        services_.platform, services_.texts, services_.folders.ProgramFolder() / kLanguageFolder, services_.speakAnew));
+  };
+  mnuDefaultLayout.Click = [this] {
+    services_.view.Place({});
+    panes_.DefaultLayout();
   };
   const auto arrange = [this](Arrangement how) { return [this, how] { services_.view.Arrange(how); }; };
   mnuWindowCascade.Click = arrange(Arrangement::Cascade);
@@ -129,6 +137,7 @@ void frmMain::WireWindow() {
 void frmMain::WireHelp() {
   mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
   mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
+  mnuCommandSearch.Click = toolSearch.Click = [this] { SearchCommands(); };
   mnuHelpAbout.Click = [this] {
     frmAbout box(services_.texts, [this] { ShowHelp(HelpViewer::Page::Contents); });
     services_.platform.windows.ShowModal(box);
@@ -142,6 +151,27 @@ void frmMain::WireHelp() {
                              SystemInformation(services_.folders, services_.language, services_.systemInformation));
     services_.platform.windows.ShowModal(box);
   };
+}
+
+void frmMain::SearchCommands() {
+  std::vector<frmCommandSearch::Command> commands;
+  std::vector<std::string> above;  // the menus that are open at an entry
+  const std::vector<MenuEntry> menu = Menu();
+  for (std::size_t i = 0; i < menu.size(); ++i) {
+    const auto& [item, level] = menu[i];
+    above.resize(static_cast<std::size_t>(level));
+    const std::string name = PlainCaption(item->Caption);
+    if (i + 1 < menu.size() && menu[i + 1].level > level) {
+      above.push_back(name);
+    } else if (name != "-" && item->Visible && item != &mnuCommandSearch) {
+      std::string path;
+      for (const std::string& each : above) path += each + " > ";
+      commands.push_back({item, path + name});
+    }
+  }
+  frmCommandSearch dialog(services_.texts, std::move(commands));
+  services_.platform.windows.ShowModal(dialog);
+  if (const MenuItem* chosen = dialog.Chosen()) chosen->Choose();
 }
 
 void frmMain::ShowHelp(HelpViewer::Page page) {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "controls/localize_form.h"
+#include "app/menu_letters.h"
 #include "exchange/import.h"
 #include "model/text_id.h"
 #include "persist/template_file.h"
@@ -29,6 +29,7 @@ frmMain::frmMain(MainServices services)
       plans_(*this, services_, mnuWindowBar2),
       files_(services_, panes_, recent_),
       closing_(services_, panes_, files_),
+      session_(services_, files_, mnuReopen),
       exchange_(services_),
       recovery_(services_),
       reports_(services_, dialogServices_, looks_),
@@ -57,8 +58,7 @@ DialogServices frmMain::MakeDialogs() {
 }
 
 void frmMain::Form_Load() {
-  LocalizeForm(*this, services_.texts);
-  Caption = "TAV";
+  SetTexts();
   sbStatusBar.Caption = services_.T(Text::Ready);
   switches_.Load();
   panes_.Restore();
@@ -74,6 +74,7 @@ bool frmMain::Form_QueryUnload(bool /*byUser*/) {
 void frmMain::Form_Unload() {
   services_.runs.EndAll();
   panes_.Keep();
+  session_.Keep();
   closing_.CloseAll();
   if (services_.view.IsMinimised()) return;
   const Placement place = services_.view.PlaceNow();
@@ -90,7 +91,11 @@ void frmMain::SetBreathingMode(bool openCircuit, bool apply) {
   toolOpenCircuit.Image = openCircuit ? "opencircuit" : "constppo2";
   toolOpenCircuit.ToolTipText = services_.T(openCircuit ? Text::OpenCircuit : Text::ConstantPPO2);
   // The menu names the mode that a click would give.
-  mnuOC.Caption = services_.T(openCircuit ? Text::ConstantPPO2 : Text::OpenCircuit);
+  const std::string other = services_.T(openCircuit ? Text::ConstantPPO2 : Text::OpenCircuit);
+  if (PlainCaption(mnuOC.Caption) != other) {
+    mnuOC.Caption = other;
+    if (IsLoaded()) GiveLetters(menu_);
+  }
   OpenCircuitMode = openCircuit;
   if (apply) ApplyToProfile();
 }
@@ -150,15 +155,36 @@ bool frmMain::OpenFile(const std::filesystem::path& file) {
   return files_.Open(file);
 }
 
+void frmMain::OpenAtStart(const std::vector<std::filesystem::path>& files) {
+  session_.Open(files);
+  for (const std::filesystem::path& file : files) OpenFile(file);
+  session_.TellGone();
+}
+
+void frmMain::TextsChanged() {
+  SetTexts();
+  SyncCommands();
+  services_.Status(Text::Ready);
+  services_.view.MenuChanged();
+  panes_.TextsChanged();
+  for (const std::int16_t document : services_.OpenDocuments()) services_.Changed(document);
+  ShowFront();
+}
+
+void frmMain::KeepForNextStart() {
+  recovery_.Keep();
+  session_.Keep();
+}
+
 bool frmMain::CloseDocument(std::int16_t document) {
   FinishEdits();
   return closing_.Close(document);
 }
 
 void frmMain::PopupGraphMenu() {
-  services_.platform.windows.PopupMenu({&mnuPopupAddWaypoint, &popup0, &mnucleardecopoints, &popup1,
-                                        &mnuclearlastwaypoint, &mnuclearallwaypoints, &popup2, &mnuResetZoom,
-                                        &mnuFitPlan, &mnuExportPng, &mnuExportSvg});
+  std::vector<MenuItem*> items;
+  for (const MenuEntry& entry : GraphMenu()) items.push_back(entry.item);
+  services_.platform.windows.PopupMenu(items);
 }
 
 void frmMain::StateChanged(std::int16_t document) {
@@ -218,6 +244,7 @@ void frmMain::SyncCommands() {
           &mnuGeneralReport,
           &toolReport,
           &mnuSlate,
+          &mnuPrint,
           &mnuWhatIf,
           &mnuKeepPlan,
           &mnuCompare,
@@ -240,7 +267,9 @@ void frmMain::HoldCommands() {
   Enable({&mnuBailoutReport, &toolBailout}, free && active.has_value());
   Enable({&mnuGenerateTables, &toolTableExpert}, free);
   const bool held = active && services_.runs.Holds(*active);
-  Enable({&mnuConservatism, &ShowConservatism, &toolConservatism, &mnuTemplate, &toolTemplate, &mnuLoadTemplate},
+  Enable({&mnuLanguages, &mnuViewLanguage}, free);  // it words what it writes
+  Enable({&mnuConservatism, &ShowConservatism, &toolConservatism, &mnuTemplate, &mnuDiveSettings, &toolTemplate,
+          &mnuLoadTemplate},
          !held);
   if (!held) return;
   Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &toolMultilevel, &mnucleardecopoints, &mnuclearlastwaypoint,

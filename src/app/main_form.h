@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/last_session.h"
 #include "app/main_panes.h"
 #include "app/main_services.h"
 #include "app/menu_lists.h"
@@ -45,6 +46,7 @@ class frmMain : public Form {
   MenuItem mnuExport{*this, "mnuExport"};
   MenuItem mnuFileBar5{*this, "mnuFileBar5"};
   MenuItem mnuTemplate{*this, "mnuTemplate"};
+  MenuItem mnuReopen{*this, "mnuReopen"};
   MenuItem mnuFileBar4{*this, "mnuFileBar4"};
   MenuItem mnuExit{*this, "mnuExit"};
   MenuItem mnuEdit{*this, "mnuEdit"};
@@ -60,10 +62,13 @@ class frmMain : public Form {
   MenuItem mnuPlanPane{*this, "mnuPlanPane"};
   MenuItem mnuCheckPane{*this, "mnuCheckPane"};
   MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
+  MenuItem mnuDefaultLayout{*this, "mnuDefaultLayout"};
   MenuItem mnuViewCeiling{*this, "mnuViewCeiling"};
   MenuItem mnuViewStopMinutes{*this, "mnuViewStopMinutes"};
   MenuItem mnuViewDepths{*this, "mnuViewDepths"};
   MenuItem mnuViewTissues{*this, "mnuViewTissues"};
+  MenuItem mnuViewBar1{*this, "mnuViewBar1"};
+  MenuItem mnuViewLanguage{*this, "mnuViewLanguage"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -74,6 +79,7 @@ class frmMain : public Form {
   MenuItem mnusep{*this, "mnusep"};
   MenuItem mnuConservatism{*this, "mnuConservatism"};
   MenuItem mnuCylinders{*this, "mnuCylinders"};
+  MenuItem mnuDiveSettings{*this, "mnuDiveSettings"};
   MenuItem mnuOC{*this, "mnuOC"};
   MenuItem mnuStartAscent{*this, "mnuStartAscent"};
   MenuItem mnuspe10{*this, "mnuspe10"};
@@ -91,6 +97,8 @@ class frmMain : public Form {
   MenuItem mnuSlate{*this, "mnuSlate"};
   MenuItem mnuBailoutReport{*this, "mnuBailoutReport"};
   MenuItem mnuGenerateTables{*this, "mnuGenerateTables"};
+  MenuItem mnuReportBar1{*this, "mnuReportBar1"};
+  MenuItem mnuPrint{*this, "mnuPrint"};
   MenuItem mnuTools{*this, "mnuTools"};
   MenuItem mnuMixer{*this, "mnuMixer"};
   MenuItem mnuWindow{*this, "mnuWindow"};
@@ -104,6 +112,7 @@ class frmMain : public Form {
   MenuItem mnuHelp{*this, "mnuHelp"};
   MenuItem mnuHelpContents{*this, "mnuHelpContents"};
   MenuItem mnuHelpSearch{*this, "mnuHelpSearch"};
+  MenuItem mnuCommandSearch{*this, "mnuCommandSearch"};
   MenuItem mmmabout1{*this, "mmmabout1"};
   MenuItem mnuSystemInformation{*this, "mnuSystemInformation"};
   MenuItem mnuContributors{*this, "mnuContributors"};
@@ -133,6 +142,7 @@ class frmMain : public Form {
   ToolButton toolMultilevel{*this, "Multilevel"};
   ToolButton toolMixer{*this, "Mixer"};
   ToolButton toolFitPlan{*this, "FitPlan"};
+  Button toolSearch{*this, "Search"};  ///< at the right end: that commands can be searched, and by which key
 
   Label sbStatusBar{*this, "sbStatusBar"};
   Button sbFindings{*this, "sbFindings"};  ///< in the status bar: how many findings there are; opens their pane
@@ -163,6 +173,9 @@ class frmMain : public Form {
   /// A document is another than before: commands, panes and windows follow.
   void StateChanged(std::int16_t document);
 
+  /// The language has changed: menus, panes, windows and graphs follow.
+  void TextsChanged();
+
   // Commands that others call, too.
   void LoadNewDoc();
   void SetOpenCircuit(bool apply) { SetBreathingMode(true, apply); }
@@ -171,6 +184,14 @@ class frmMain : public Form {
   void StartAscent();
   /// Opens a plan, loads a template into the plan in front or imports, by the file's extension. Says what is wrong.
   bool OpenFile(const std::filesystem::path& file);
+  /// Opens the plans of the last session, and the files of the command line beside them and in front.
+  void OpenAtStart(const std::vector<std::filesystem::path>& files);
+  /// Keeps what a crash must not take: copies of unsaved plans, and which plans are open.
+  void KeepForNextStart();
+  /// The window has come to the front: other programs may have changed the files of its plans.
+  void CameToFront() {
+    if (IsLoaded()) files_.LookAgain();
+  }
   /// Closes a document as its close control does. False when the user called it off.
   bool CloseDocument(std::int16_t document);
   /// Ends what is being entered in a pane, as a change of its plan. Whatever acts on plans does so first: every command
@@ -186,6 +207,8 @@ class frmMain : public Form {
   // main_menu.cpp
   void BuildMenu();
   void BuildToolBar();
+  void SetTexts();
+  [[nodiscard]] std::vector<MenuEntry> GraphMenu();
   // main_commands.cpp
   void Wire();
   void WireFiles();
@@ -194,6 +217,7 @@ class frmMain : public Form {
   void WireHelp();
   void FinishEditsBeforeCommands();
   void ShowHelp(HelpViewer::Page page);
+  void SearchCommands();
 
   [[nodiscard]] DialogServices MakeDialogs();
   /// Brings menu and tool bar in line with the plan in front.
@@ -219,6 +243,7 @@ class frmMain : public Form {
   PlanMenu plans_;
   PlanFiles files_;
   PlanClosing closing_;
+  LastSession session_;
   PlanExchange exchange_;
   PlanRecovery recovery_;
   PlanReports reports_;

@@ -1,6 +1,10 @@
 // What stands in the menus and on the tool bar of the main window, and in which order.
 
+#include <span>
+
 #include "app/main_form.h"
+#include "app/menu_letters.h"
+#include "controls/localize_form.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -33,6 +37,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuExport, 1, Text::MenuExport, ""},
     {&frmMain::mnuFileBar5, 1, kRule, ""},
     {&frmMain::mnuTemplate, 1, Text::MenuTemplate, "Ctrl+T"},
+    {&frmMain::mnuReopen, 1, Text::MenuReopen, ""},
     {&frmMain::mnuFileBar4, 1, kRule, ""},
     {&frmMain::mnuExit, 1, Text::MenuExit, "Ctrl+Q"},
     {&frmMain::mnuEdit, 0, Text::MenuEdit, ""},
@@ -48,10 +53,13 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuPlanPane, 1, Text::MenuPlanPane, "F11"},
     {&frmMain::mnuCheckPane, 1, Text::MenuCheckPane, "Shift+F11"},
     {&frmMain::mnuGoToPlan, 1, Text::MenuGoToPlan, "F12"},
+    {&frmMain::mnuDefaultLayout, 1, Text::MenuDefaultLayout, ""},
     {&frmMain::mnuViewCeiling, 1, Text::MenuViewCeiling, ""},
     {&frmMain::mnuViewStopMinutes, 1, Text::MenuViewStopMinutes, ""},
     {&frmMain::mnuViewDepths, 1, Text::MenuViewDepths, ""},
     {&frmMain::mnuViewTissues, 1, Text::MenuViewTissues, "F7"},
+    {&frmMain::mnuViewBar1, 1, kRule, ""},
+    {&frmMain::mnuViewLanguage, 1, Text::Language, ""},
     {&frmMain::mnuDefault, 0, Text::MenuDive, ""},
     {&frmMain::mnuAlgorithm, 1, Text::MenuAlgorithm, ""},
     {&frmMain::mnuBulhmannB, 2, Text::MenuZHL16B, ""},
@@ -62,6 +70,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnusep, 1, kRule, ""},
     {&frmMain::mnuConservatism, 1, Text::MenuConservatism, "Ctrl+R"},
     {&frmMain::mnuCylinders, 1, Text::MenuCylinders, "Ctrl+U"},
+    {&frmMain::mnuDiveSettings, 1, Text::MenuTemplate, "Ctrl+,"},
     {&frmMain::mnuOC, 1, Text::OpenCircuit, "F4"},
     {&frmMain::mnuStartAscent, 1, Text::ComputeAscent, "F8"},
     {&frmMain::mnuspe10, 1, kRule, ""},
@@ -79,6 +88,8 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuSlate, 1, Text::MenuSlate, "Ctrl+Shift+I"},
     {&frmMain::mnuBailoutReport, 1, Text::MenuBailout, "Ctrl+B"},
     {&frmMain::mnuGenerateTables, 1, Text::MenuDecoTables, "Ctrl+E"},
+    {&frmMain::mnuReportBar1, 1, kRule, ""},
+    {&frmMain::mnuPrint, 1, Text::MenuPrint, "Ctrl+P"},
     {&frmMain::mnuTools, 0, Text::MenuTools, ""},
     {&frmMain::mnuMixer, 1, Text::MixerTitle, "Ctrl+M"},
     {&frmMain::mnuWindow, 0, Text::MenuWindow, ""},
@@ -92,6 +103,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuHelp, 0, Text::MenuHelp, ""},
     {&frmMain::mnuHelpContents, 1, Text::MenuContents, "F1"},
     {&frmMain::mnuHelpSearch, 1, Text::MenuSearch, ""},
+    {&frmMain::mnuCommandSearch, 1, Text::MenuCommandSearch, "Ctrl+Shift+P"},
     {&frmMain::mmmabout1, 1, kRule, ""},
     {&frmMain::mnuSystemInformation, 1, Text::MenuSystem, ""},
     {&frmMain::mnuContributors, 1, Text::MenuContributors, ""},
@@ -142,14 +154,10 @@ constexpr ToolRow kToolBar[] = {
 }  // namespace
 
 void frmMain::BuildMenu() {
-  const auto fill = [this](const MenuRow& row) -> MenuItem& {
-    MenuItem& item = this->*row.item;
-    item.Caption = row.caption == kRule ? "-" : std::to_string(row.caption);
-    item.Shortcut = row.shortcut;
-    return item;
-  };
-  for (const MenuRow& row : kMenu) menu_.push_back({&fill(row), row.level});
-  for (const MenuRow& row : kHidden) fill(row);
+  for (const MenuRow& row : kMenu) menu_.push_back({&(this->*row.item), row.level});
+  for (const auto& rows : {std::span<const MenuRow>(kMenu), std::span<const MenuRow>(kHidden)}) {
+    for (const MenuRow& row : rows) (this->*row.item).Shortcut = row.shortcut;
+  }
 
   mnuBulhmannB.Checked = true;
   mnualgsep.Visible = services_.switches.SwitchVPM || services_.switches.SwitchHybrid;
@@ -163,8 +171,37 @@ void frmMain::BuildToolBar() {
     toolBar_.push_back(button);
     if (button == nullptr) continue;
     button->Image = row.image;
-    button->ToolTipText = std::to_string(row.toolTip);
   }
+}
+
+void frmMain::SetTexts() {
+  for (const auto& rows : {std::span<const MenuRow>(kMenu), std::span<const MenuRow>(kHidden)}) {
+    for (const MenuRow& row : rows) {
+      (this->*row.item).Caption = row.caption == kRule ? "-" : std::to_string(row.caption);
+    }
+  }
+  for (const ToolRow& row : kToolBar) {
+    if (row.button != nullptr) (this->*row.button).ToolTipText = std::to_string(row.toolTip);
+  }
+  LocalizeForm(*this, services_.texts);
+  // Their texts name windows and buttons, too.
+  for (MenuItem* opens : {&mnuSurface, &mnuDiveInformation, &mnuMixer, &mnuLanguages, &mnuViewLanguage}) {
+    if (!opens->Caption.Get().ends_with("...")) opens->Caption = opens->Caption.Get() + "...";
+  }
+  Caption = "TAV";
+  toolSearch.Caption = services_.texts.Filled(Text::SearchHint, {mnuCommandSearch.Shortcut});
+  SetBreathingMode(OpenCircuitMode, false);
+  GiveLetters(menu_);
+  GiveLetters(GraphMenu());
+}
+
+std::vector<MenuEntry> frmMain::GraphMenu() {
+  std::vector<MenuEntry> menu;
+  for (MenuItem* item : {&mnuPopupAddWaypoint, &popup0, &mnucleardecopoints, &popup1, &mnuclearlastwaypoint,
+                         &mnuclearallwaypoints, &popup2, &mnuResetZoom, &mnuFitPlan, &mnuExportPng, &mnuExportSvg}) {
+    menu.push_back({item, 0});
+  }
+  return menu;
 }
 
 std::vector<MenuEntry> frmMain::Menu() {

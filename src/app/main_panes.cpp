@@ -77,6 +77,12 @@ void MainPanes::Follow() {
   }
 }
 
+void MainPanes::TextsChanged() {
+  for (const Pane& pane : panes_) {
+    if (pane.form.IsLoaded()) pane.form.Load();
+  }
+}
+
 void MainPanes::ShowRefusal(std::int16_t document) {
   const bool refused = !planPane_.Refusal(document).empty();
   looks_.ShowAsBefore(document, refused ? services_.T(Text::AsBefore) : "");
@@ -145,9 +151,13 @@ void MainPanes::Restore() {
     kept += piece;
   }
   const auto shown = services_.view.RestorePanes(kept);
-  for (const Pane& pane : panes_) {
-    Show(pane, !shown || std::find(shown->begin(), shown->end(), &pane.form) != shown->end());
-  }
+  if (!shown) return DefaultLayout();
+  for (const Pane& pane : panes_) Show(pane, std::ranges::find(*shown, &pane.form) != shown->end());
+}
+
+void MainPanes::DefaultLayout() {
+  for (const Pane& pane : panes_) Show(pane, true);
+  services_.view.PlacePanes();
 }
 
 void MainPanes::Keep() const {

@@ -39,8 +39,11 @@ class MainPanes {
   /// Shows those that were shown when they were kept, where they were; all of them at first.
   void Restore();
   void Keep() const;
+  /// All of them as at the very first start.
+  void DefaultLayout();
   /// The user has shown or hidden a pane by its own means.
   void Shown(const PaneForm& shown, bool isShown);
+  void TextsChanged();
   /// The plan in front is another one, or has been computed anew.
   void Follow();
   /// Ends what is being entered, as a change of its plan.

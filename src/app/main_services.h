@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,7 +42,9 @@ struct MainServices {
   PrintPreview& report;
   PrintPreview& tables;  ///< pages of their own, so that a report may be written while a run of tables lasts
   LongRuns& runs;
-  std::string systemInformation;  ///< of the window system, lines of text
+  std::string systemInformation;                   ///< of the window system, lines of text
+  std::function<void()> speakAnew;                 ///< puts the language of the settings in force
+  std::function<void(const std::string&)> status;  ///< shows a text in the status bar
 
   /// The document in front; nothing when none is open.
   [[nodiscard]] std::optional<std::int16_t> Active() const { return forms.Active(); }
@@ -54,6 +57,9 @@ struct MainServices {
   [[nodiscard]] std::string T(int id) const { return texts.GetResString(id); }
   /// What shows a document is to follow it: something of it has been set that no operation of the plan tells of.
   void Changed(std::int16_t document) const { forms.Services().display.StateChanged(document); }
+  /// What was done, or is to be known, in the status bar until the next command; "%1" of a text is `value`.
+  void Status(const std::string& text) const { status(text); }
+  void Status(int id, const std::string& value = "") const { status(texts.Filled(id, {value})); }
   void Tell(const std::string& text, BoxIcon icon) const { platform.boxes.Show(text, "", icon, BoxButtons::OK); }
   /// Tells that something failed, in these words, and why.
   void TellFailure(const std::string& what, const std::exception& error) const {

@@ -18,13 +18,13 @@ struct MenuEntry {
   int level = 0;
 };
 
-/// Place of the main window in drawing units (1440 to the inch). That of the very first start has room for the tool bar
-/// and a readable graph: 1000 x 700 pixels.
+/// Place of the main window in drawing units (1440 to the inch). That of the very first start has room for a graph
+/// beside four legs and twelve rows of the schedule: 1280 x 860 pixels.
 struct Placement {
   int left = 1000;
   int top = 1000;
-  int width = 15000;
-  int height = 10500;
+  int width = 19200;
+  int height = 12900;
 };
 
 /// What the window of a plan shows beside the rows of the plan.
@@ -58,7 +58,7 @@ class MainView {
   virtual void Attach(frmMain& form) = 0;
   /// The form ends, and with it its panes.
   virtual void Detach() = 0;
-  /// Moves the window; the view clamps it to the screens that are there.
+  /// Moves the window, unless it is maximised; the view clamps it to the screens that are there.
   virtual void Place(const Placement& placement) = 0;
   /// Where the window is, or would be when it is not maximised.
   [[nodiscard]] virtual Placement PlaceNow() const = 0;
@@ -75,6 +75,8 @@ class MainView {
   /// Puts the panes where such a text tells, and returns those that it tells to be shown; nothing for a text of
   /// another program. To be called before a pane is shown.
   virtual std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) = 0;
+  /// Puts the panes where they are at the very first start; all of them are shown then.
+  virtual void PlacePanes() = 0;
 
   /// A document is another than before: its window follows, made when the document is first in front, gone when it is
   /// closed. What it shows is read from the form.

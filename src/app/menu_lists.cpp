@@ -38,7 +38,7 @@ const MenuItems& RecentMenu::Items() {
   items_.clear();
   for (const std::filesystem::path& file : services_.recent.List()) {
     auto item = std::make_unique<MenuItem>(form_, "recent");
-    item->Caption = file.string();
+    item->Caption = "&" + std::to_string(items_.size() + 1) + " " + ReplaceAll(file.string(), "&", "&&");
     item->Click = [this, file] { open_(file); };
     items_.push_back(std::move(item));
   }

@@ -1,5 +1,9 @@
 #include "app/plan_closing.h"
 
+#include <string>
+#include <vector>
+
+#include "app/leaving_form.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -40,10 +44,26 @@ bool PlanClosing::CloseLaterDive(std::int16_t document) {
 }
 
 bool PlanClosing::ConfirmAll() {
+  std::vector<std::int16_t> unsaved;
+  std::vector<std::string> captions;
+  std::string lost;
   for (const std::int16_t document : services_.OpenDocuments()) {
-    if (services_.forms(document).PrevProfile != -1) continue;
-    const auto save = [&] { return files_.Save(document, true); };
-    if (!services_.forms(document).ConfirmClose(save, LostCells(document))) return false;
+    if (services_.forms(document).PrevProfile != -1 || !services_.Document(document).Modified) continue;
+    unsaved.push_back(document);
+    captions.push_back(services_.forms.Caption(document));
+    const std::string cells = LostCells(document);
+    if (!cells.empty()) lost += (lost.empty() ? "" : "\n\n") + captions.back() + "\n" + cells;
+  }
+  if (unsaved.size() == 1) {
+    const auto save = [&] { return files_.Save(unsaved.front(), true); };
+    return services_.forms(unsaved.front()).ConfirmClose(save, LostCells(unsaved.front()));
+  }
+  if (unsaved.empty()) return true;
+  frmLeaving question(services_.texts, captions, lost);
+  services_.platform.windows.ShowModal(question);
+  if (!question.Confirmed()) return false;
+  for (std::size_t i = 0; i < unsaved.size(); ++i) {
+    if (question.Saves(i) && !files_.Save(unsaved[i], false)) return false;
   }
   return true;
 }

@@ -15,7 +15,7 @@ class PlanClosing {
 
   /// Closes a document as its close control does. False when the user called it off.
   bool Close(std::int16_t document);
-  /// All questions for all plans; none is closed. False when the user called it off.
+  /// One question for all plans with unsaved changes; none is closed. False when the user called it off.
   bool ConfirmAll();
   void CloseAll() const;
 

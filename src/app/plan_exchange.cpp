@@ -86,6 +86,7 @@ void PlanExchange::Export() const {
     return;
   }
   KeepFolder(settings, kExchangeFolder, file);
+  services_.Status(Text::StatusWritten, file.filename().string());
   services_.TellNotes(file, notes);
 }
 
@@ -103,7 +104,9 @@ void PlanExchange::ExportGraph(bool svg) const {
                                                        {}});
   if (file.empty()) return;
   KeepFolder(settings, kPlanFolder, file);
-  if (!services_.view.ExportGraph(*active, file.string(), svg)) {
+  if (services_.view.ExportGraph(*active, file.string(), svg)) {
+    services_.Status(Text::StatusWritten, file.filename().string());
+  } else {
     services_.Tell(services_.T(Text::FileNotSaved) + "\r\n" + file.string(), BoxIcon::Stop);
   }
 }

@@ -5,6 +5,7 @@
 #include "dialogs/general_info.h"
 #include "dialogs/report_selection.h"
 #include "model/text_id.h"
+#include "pages/print_form.h"
 #include "reports/dive_report.h"
 #include "reports/plan_slate.h"
 
@@ -86,11 +87,11 @@ void PlanReports::Follow() const {
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }
 
-void PlanReports::ShowGeneralReport() const {
+bool PlanReports::ShowGeneralReport() const {
   const auto active = services_.Active();
-  if (!active) return;
+  if (!active) return false;
   const auto all = WholeSeries(*active);
-  if (!all) return;
+  if (!all) return false;
   const auto wait = std::make_shared<frmWait>(services_.platform, services_.texts);
   services_.platform.windows.Show(wait);
   constexpr int kRowsBetweenLooks = 25;
@@ -101,13 +102,21 @@ void PlanReports::ShowGeneralReport() const {
         if (done % kRowsBetweenLooks != 0) return wait->IsLoaded();
         return wait->GoOn(step + "  " + std::to_string(done) + "/" + std::to_string(of));
       });
-  if (WriteLongReport(report, services_.forms.Series(*active, *all))) {
+  const bool written = WriteLongReport(report, services_.forms.Series(*active, *all));
+  if (written) {
     services_.report.documentName = services_.Document(*active).ProfileName;
     report.ShowLongReport();
   } else {
     services_.report.InitPreview();  // nothing is left of it
   }
   wait->Unload();
+  return written;
+}
+
+void PlanReports::Print() const {
+  if (!ShowGeneralReport()) return;
+  PrintPrint dialog(services_.report, services_.platform, services_.report.documentName);
+  services_.platform.windows.ShowModal(dialog);
 }
 
 std::string PlanReports::WhyStop(std::int16_t document, std::int16_t row) const {

@@ -23,9 +23,12 @@ class PlanReports {
         kept_(services, looks) {}
 
   void ShowDiveInformation() const;
-  /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
-  void ShowGeneralReport() const;
+  /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown,
+  /// and false returned.
+  bool ShowGeneralReport() const;
   void ShowSlate() const;
+  /// Prints the long report of the plan in front, by way of its preview.
+  void Print() const;
   /// Opens the comparison of the plan in front, or brings it to the front.
   void ShowWhatIf();
   /// Takes the line of the comparison off the graph of the plan in front.

@@ -28,7 +28,9 @@ int Twips(const SettingsStore& settings, const std::string& name, int otherwise)
 }  // namespace
 
 Program::Program(Platform platform, MainView& view, ProgramFolders folders, std::string systemInformation)
-    : platform_(std::move(platform)),
+    : windows_(platform.windows),
+      teller_(platform, [this](int text, const std::string& file) { ShowStatus(texts_.Filled(text, {file})); }),
+      platform_(teller_.Services(windows_)),
       view_(view),
       folders_(std::move(folders)),
       systemInformation_(std::move(systemInformation)),
@@ -52,6 +54,13 @@ bool Program::LoadLanguageOfUser() {
   if (name.empty()) name = TableOfLocale(folders_.ProgramFolder(), platform_.environment.Locale());
   language_ = LoadLanguage(folders_.ProgramFolder(), name, texts_, platform_.boxes);
   return language_.loaded;
+}
+
+void Program::SpeakAnew() {
+  if (!LoadLanguageOfUser()) return;
+  mainForm_->TextsChanged();
+  windows_.TextsChanged();
+  if (languageChanged) languageChanged();
 }
 
 void Program::ReadCommandLine(const std::vector<std::string>& arguments) {
@@ -92,7 +101,8 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   frmLiability notice(platform_, texts_);
   mainForm_ = std::make_unique<frmMain>(MainServices{forms_, platform_, texts_, model_, folders_, switches_, language_,
                                                      history_, recent_, recovery_, view_, report_, tables_, runs_,
-                                                     systemInformation_});
+                                                     systemInformation_, [this] { SpeakAnew(); },
+                                                     [this](const std::string& text) { ShowStatus(text); }});
   view_.Attach(*mainForm_);
   const SettingsStore& settings = platform_.settings;
   const Placement usual;
@@ -109,12 +119,14 @@ bool Program::Main(const std::vector<std::string>& arguments) {
   view_.ShowWindow();
   platform_.screen.ShowHourglass(false);
   mainForm_->Copies().Offer();
+  std::vector<fs::path> files;
   for (const std::string& argument : arguments) {
     std::error_code error;
     const fs::path word(argument);
     const bool named = word.extension() == kProfileExtension || word.extension() == kTemplateExtension;
-    if (named || fs::is_regular_file(word, error)) mainForm_->OpenFile(word);
+    if (named || fs::is_regular_file(word, error)) files.push_back(word);
   }
+  mainForm_->OpenAtStart(files);
   return true;
 }
 
@@ -134,8 +146,8 @@ void Program::StateChanged(std::int16_t document) {
   if (mainForm_) mainForm_->StateChanged(document);
 }
 
-void Program::ShowStatus(int textId) {
-  if (mainForm_) mainForm_->sbStatusBar.Caption = texts_.GetResString(textId);
+void Program::ShowStatus(const std::string& text) {
+  if (mainForm_) mainForm_->sbStatusBar.Caption = text;
 }
 
 }  // namespace tav

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "app/done_teller.h"
 #include "app/engine_warnings.h"
 #include "app/main_form.h"
+#include "app/open_windows.h"
 #include "app/start_forms.h"
 #include "pages/preview_form.h"
 
@@ -23,6 +26,9 @@ class Program : private EditorDisplay {
   /// was refused.
   bool Main(const std::vector<std::string>& arguments);
 
+  /// The language has changed while the program runs.
+  std::function<void()> languageChanged;
+
   [[nodiscard]] bool HasMainForm() const { return mainForm_ != nullptr; }
   [[nodiscard]] frmMain& MainForm() { return *mainForm_; }
   [[nodiscard]] DocumentForms& Forms() { return forms_; }
@@ -34,14 +40,18 @@ class Program : private EditorDisplay {
  private:
   // EditorDisplay
   void StateChanged(std::int16_t document) override;
-  void ShowStatus(int textId) override;
+  void ShowStatus(int textId) override { ShowStatus(texts_.GetResString(textId)); }
+  void ShowStatus(const std::string& text);
   void ShowHourglass(bool on) override { platform_.screen.ShowHourglass(on); }
 
   bool LoadLanguageOfUser();
+  void SpeakAnew();
   void ReadCommandLine(const std::vector<std::string>& arguments);
   /// Lets the splash stand until that moment of the screen, or until the user ends it.
   void StaySplash(const Form& splash, double until);
 
+  OpenWindows windows_;
+  DoneTeller teller_;
   Platform platform_;
   MainView& view_;
   ProgramFolders folders_;

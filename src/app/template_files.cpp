@@ -92,6 +92,7 @@ void TemplateFiles::Save() const {
   }
   KeepFolder(platform.settings, kTemplateFolder, file);
   if (active) services_.Changed(*active);
+  services_.Status(Text::StatusWritten, file.filename().string());
   services_.TellNotes(file, notes);
 }
 

@@ -120,6 +120,8 @@ class TextBox : public Control {
   Property<std::string> Text{Changed};
   Property<bool> Locked{Changed};  ///< shows, but takes no typing
   Event Change;                    ///< the user has changed the text
+  Event KeyUp;                     ///< the arrow up was pressed
+  Event KeyDown;                   ///< the arrow down was pressed
   Event KeyEscape;                 ///< Escape was pressed; a box that has this event keeps Escape from the window
   Event KeyReturn;  ///< Return was pressed; a box that has this event keeps Return from the default button
   Event GotFocus;
@@ -131,6 +133,8 @@ class TextBox : public Control {
   void Type(const std::string& text);
   void PressReturn() const { Fire(KeyReturn); }
   void PressEscape() const { Fire(KeyEscape); }
+  void PressUp() const { Fire(KeyUp); }
+  void PressDown() const { Fire(KeyDown); }
   void Enter() const { Fire(GotFocus); }
   void Leave() const { Fire(LostFocus); }
   void SelectAll() const {

@@ -23,6 +23,27 @@ Control* Form::Find(std::string_view name) const {
   return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::LoadAnew() {
+  std::vector<std::function<void()>> entries;
+  for (Control* control : controls_) {
+    if (auto* text = dynamic_cast<TextBox*>(control)) {
+      entries.emplace_back([text, was = text->Text.Get()] {
+        if (text->Text.Get() != was) text->Type(was);
+      });
+    } else if (auto* check = dynamic_cast<CheckBox*>(control)) {
+      entries.emplace_back([check, was = check->Value.Get()] {
+        if (check->Value != was) check->Set(was);
+      });
+    } else if (auto* combo = dynamic_cast<ComboBox*>(control)) {
+      entries.emplace_back([combo, was = combo->ListIndex.Get()] {
+        if (combo->ListIndex != was) combo->Select(was);
+      });
+    }
+  }
+  Load();
+  for (const auto& enterAgain : entries) enterAgain();
+}
+
 bool Form::Unload(bool byUser) {
   if (!loaded_) return true;
   if (!Form_QueryUnload(byUser)) return false;

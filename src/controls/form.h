@@ -52,6 +52,8 @@ class Form : NotCopied {
     loaded_ = true;
     Form_Load();
   }
+  /// The texts are those of another language: the load step runs again, and what the user has entered stays.
+  void LoadAnew();
   void BringToFront() const {
     if (FrontWanted) FrontWanted();
   }

@@ -129,6 +129,8 @@ void Bind(TextBox& box, QLineEdit& edit) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     // Ahead of the move: what the field does when it is left may show the very button that Tab goes to.
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab) box.Leave();
+    if (box.KeyUp && key == Qt::Key_Up) return box.PressUp(), true;
+    if (box.KeyDown && key == Qt::Key_Down) return box.PressDown(), true;
     if (box.KeyEscape && key == Qt::Key_Escape) {
       box.PressEscape();
       return true;

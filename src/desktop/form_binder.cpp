@@ -150,8 +150,8 @@ class FormDialog : public QDialog {
   void showEvent(QShowEvent* event) override {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->Caption));
     if (form_ != nullptr && form_->FitsContent) adjustSize();
-    FitScreen();
     AssignMnemonics(*this);
+    FitScreen();
     QDialog::showEvent(event);
   }
 
@@ -179,6 +179,7 @@ class FormDialog : public QDialog {
       if (fits) designed->setMinimumHeight(needed.height());  // else the area would make its lines too few
       area->setWidget(designed);
       layout()->addWidget(area);
+      layout()->activate();  // the window may be smaller than the content now
     }
     if (!isMaximized()) resize(size().expandedTo(needed).boundedTo(room));
   }
@@ -206,6 +207,26 @@ void GrowFields(const QWidget& window) {
   }
 }
 
+/// An underlined letter is drawn by itself, without kerning: "Ta" is wider then than a label reckons that kerns.
+void DropKerning(const QWidget& window) {
+  for (auto* label : window.findChildren<QLabel*>()) {
+    if (label->buddy() == nullptr) continue;
+    QFont font = label->font();
+    font.setKerning(false);
+    label->setFont(font);
+  }
+}
+
+/// Of pages that lie one over the other each has the room of the largest, seen or not: the window keeps its size.
+void RetainPages(const QWidget& window) {
+  for (auto* widget : window.findChildren<QWidget*>()) {
+    if (!widget->property("page").toBool()) continue;
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
+}
+
 bool ShowsText(const QWidget* widget) {
   return qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QGroupBox*>(widget) != nullptr ||
          qobject_cast<const QAbstractButton*>(widget) != nullptr || qobject_cast<const QLineEdit*>(widget) != nullptr ||
@@ -223,6 +244,8 @@ QWidget* MakePane(Form& form, QWidget* parent) {
   QWidget* designed = loader.load(&file, parent);
   if (designed == nullptr) throw std::runtime_error(form.Name() + ": " + FromQt(loader.errorString()));
   GrowFields(*designed);
+  RetainPages(*designed);
+  DropKerning(*designed);
   for (Control* control : form.Controls()) {
     if (auto* widget = designed->findChild<QWidget*>(ToQt(control->Name()))) BindControl(*control, *widget);
   }

@@ -9,7 +9,7 @@
 namespace tav {
 
 HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& texts, QWidget* parent)
-    : QMainWindow(parent), texts_(texts) {
+    : QMainWindow(parent), file_(file), texts_(texts) {
   const QString html = ToQt(ReadTextFile(file));
   setWindowTitle(T(Text::Help));
   tabs_ = new QTabWidget;

@@ -20,6 +20,7 @@ class HelpWindow : public QMainWindow {
   /// Throws std::runtime_error when the file can't be read.
   HelpWindow(const std::filesystem::path& file, const TextSource& texts, QWidget* parent);
 
+  [[nodiscard]] const std::filesystem::path& File() const { return file_; }
   /// Shows the window, with the contents or with the search field ready.
   void Open(bool search);
 
@@ -28,6 +29,7 @@ class HelpWindow : public QMainWindow {
   void FillContents(const QString& html);
   void Search(const QString& words);
 
+  std::filesystem::path file_;
   const TextSource& texts_;
   QTabWidget* tabs_;
   QTreeWidget* contents_;

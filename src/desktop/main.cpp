@@ -98,6 +98,7 @@ int main(int argc, char** argv) {
   std::vector<std::string> arguments;
   for (const QString& argument : QApplication::arguments().mid(1)) arguments.push_back(tav::FromQt(argument));
 
+  program.languageChanged = [&program] { tav::SpeakLanguageOf(program.LanguageFile()); };
   application.onError = [&] {
     tav::ReportRunTimeError(tav::CurrentError("TAV", program.Texts()), boxes, program.Texts());
   };
@@ -112,7 +113,7 @@ int main(int argc, char** argv) {
   });
   QTimer recovery;
   QObject::connect(&recovery, &QTimer::timeout, [&] {
-    if (program.HasMainForm()) program.MainForm().Copies().Keep();
+    if (program.HasMainForm()) program.MainForm().KeepForNextStart();
   });
   constexpr int kEveryMilliseconds = 30000;
   recovery.start(kEveryMilliseconds);

@@ -161,14 +161,32 @@ void MainWindow::BuildToolBar() {
       button->Changed();
     });
   }
+  AddSearchHint();
+}
+
+void MainWindow::AddSearchHint() {
+  auto* room = new QWidget;
+  room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  toolBar_->addWidget(room);
+  auto* hint = new QToolButton;
+  hint->setObjectName(ToQt(form_->toolSearch.Name()));
+  hint->setAutoRaise(true);
+  toolBar_->addWidget(hint);
+  form_->toolSearch.Changed = [this, hint] { hint->setText(ToQt(form_->toolSearch.Caption)); };
+  form_->toolSearch.Changed();
+  connect(hint, &QToolButton::clicked, this, [this] { form_->toolSearch.Press(); });
 }
 
 void MainWindow::Place(const Placement& placement) {
+  if (isMaximized() || isFullScreen()) return;
   QRect wanted(ToPixels(placement.left), ToPixels(placement.top), ToPixels(placement.width),
                ToPixels(placement.height));
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
+  // The frame of the window takes room, too.
+  constexpr int kBorder = 4;
+  constexpr int kTitle = 32;
+  const QRect room = screen->availableGeometry().adjusted(kBorder, kTitle, -kBorder, -kBorder);
   setMinimumSize(QSize(480, 360).boundedTo(room.size()));
   wanted.setSize(wanted.size().expandedTo(minimumSize()).boundedTo(room.size()));
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
@@ -198,6 +216,12 @@ bool MainWindow::event(QEvent* event) {
     area_->setBackground(palette().color(QPalette::Dark));
     if (form_ != nullptr && form_->sbFindings.Changed) form_->sbFindings.Changed();
   }
+  // Under a window that must be answered first the plans stay as they are.
+  if (event->type() == QEvent::WindowActivate && QApplication::activeModalWidget() == nullptr) {
+    QTimer::singleShot(0, this, [this] {
+      if (form_ != nullptr && QApplication::activeModalWidget() == nullptr) form_->CameToFront();
+    });
+  }
   // A child window that is maximised or restored writes a title of its own over it.
   if (event->type() == QEvent::WindowTitleChange && !showingTitle_) {
     QMetaObject::invokeMethod(this, &MainWindow::ShowTitle, Qt::QueuedConnection);
@@ -223,6 +247,8 @@ std::string MainWindow::PanesNow() const { return docks_->State(); }
 std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string& panes) {
   return docks_->Restore(panes);
 }
+
+void MainWindow::PlacePanes() { docks_->DefaultLayout(); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();

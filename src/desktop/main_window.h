@@ -38,6 +38,7 @@ class MainWindow : public QMainWindow, public MainView {
   void FocusPane(PaneForm& pane) override;
   [[nodiscard]] std::string PanesNow() const override;
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
+  void PlacePanes() override;
   void StateChanged(std::int16_t document) override;
   void Arrange(Arrangement arrangement) override;
   void ResetZoom(std::int16_t document) override;
@@ -58,6 +59,7 @@ class MainWindow : public QMainWindow, public MainView {
 
   void BuildMenu();
   void BuildToolBar();
+  void AddSearchHint();
   /// The child window of an open document; made when it is first asked for.
   Child& Of(std::int16_t document);
   void Remove(std::int16_t document);

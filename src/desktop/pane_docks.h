@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <functional>
 #include <map>
@@ -25,18 +26,28 @@ class PaneDocks : public QObject {
 
   void Show(PaneForm& pane, bool shown);
   void Focus(PaneForm& pane);
-  [[nodiscard]] std::string State() const;
+  [[nodiscard]] std::string State();
   std::optional<std::vector<PaneForm*>> Restore(const std::string& state);
+  /// All of them below each other at the right, in their first sizes.
+  void DefaultLayout();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   [[nodiscard]] QDockWidget& DockOf(PaneForm& pane) const { return *docks_.at(&pane); }
+  /// All are shown within the window: then their sizes are what the user has made of them.
+  [[nodiscard]] bool AreWhole() const;
+  void NoteSizes();
+  void GiveSizes();
 
   QMainWindow& window_;
   std::function<void()> leave_;
   std::map<PaneForm*, QDockWidget*> docks_;
+  QList<QDockWidget*> order_;  ///< from the top, at first
+  QList<int> widths_;          ///< in that order, as they were when all were shown last
+  QList<int> heights_;
+  bool first_ = false;  ///< the first layout waits for the window to be shown
 };
 
 }  // namespace tav

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
+#include <QPointer>
 #include <QTranslator>
 
 #include "desktop/qt_text.h"
@@ -11,8 +12,10 @@ namespace tav {
 void SpeakLanguageOf(const std::filesystem::path& table) {
   const std::string name = table.stem().string();
   const QString language = ToQt(name.substr(name.find('_') + 1));
+  static QPointer<QTranslator> translator;
+  delete translator;
   if (language == QLatin1String("uk")) return;  // the English of the program and of Qt
-  auto* translator = new QTranslator(QCoreApplication::instance());
+  translator = new QTranslator(QCoreApplication::instance());
   if (translator->load(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(translator);
   }

@@ -341,6 +341,10 @@ std::string QtEnvironment::Logo() const {
 
 void QtHelp::ShowHelp(const std::filesystem::path& file, Page page) {
   auto* window = owner_.findChild<HelpWindow*>();
+  if (window != nullptr && window->File() != file) {
+    delete window;
+    window = nullptr;
+  }
   if (window == nullptr) window = new HelpWindow(file, *texts_, &owner_);
   window->Open(page == Page::Search);
 }

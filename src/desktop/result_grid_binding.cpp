@@ -54,6 +54,23 @@ void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
           : QVariant(TextColour(cell.colour, {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)})));
 }
 
+/// Rows of sentences are as high as these are long, whatever room there is beside them.
+class RowsFollow : public QObject {
+ public:
+  explicit RowsFollow(QTableWidget& table) : QObject(&table), table_(table) {
+    table.viewport()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (table_.wordWrap() && (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)) {
+      QTimer::singleShot(0, &table_, &QTableWidget::resizeRowsToContents);
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QTableWidget& table_;
+};
+
 void Show(const ResultGrid& grid, QTableWidget& table) {
   const QSignalBlocker quiet(&table);
   const QSignalBlocker quietHeader(table.horizontalHeader());
@@ -92,9 +109,14 @@ void Show(const ResultGrid& grid, QTableWidget& table) {
       table.resizeColumnToContents(column);
     }
   }
-  // Sentences below each other: what does not fit is cut short with dots and told whole in the tool tip.
+  // Sentences below each other take as many lines as they need.
   const bool sentences = !grid.HasHeader && columns > 0 && atLeft(columns - 1);
-  table.horizontalHeader()->setStretchLastSection(sentences);
+  table.setWordWrap(sentences);
+  if (columns > 0) {
+    table.horizontalHeader()->setSectionResizeMode(columns - 1,
+                                                   sentences ? QHeaderView::Stretch : QHeaderView::Interactive);
+  }
+  if (sentences) table.resizeRowsToContents();
   table.setHorizontalScrollBarPolicy(sentences ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
   table.viewport()->update();  // the header was kept from telling that columns have moved
 }
@@ -111,6 +133,7 @@ void BindResultGrid(ResultGrid& grid, QTableWidget& table) {
   table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setMinimumSectionSize(16);
+  new RowsFollow(table);
   auto* copy = new QShortcut(QKeySequence::Copy, &table);
   copy->setContext(Qt::WidgetShortcut);
   QObject::connect(copy, &QShortcut::activated, [&table] { QApplication::clipboard()->setText(SelectedText(table)); });

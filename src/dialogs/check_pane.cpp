@@ -14,11 +14,14 @@ struct Look {
   const char* mark;
   Colour colour;
   int name;
+  int one;   ///< "1 danger"
+  int many;  ///< "%1 dangers"
 };
 
-constexpr std::array<Look, 3> kLooks{{{"\u25a0", RGB(192, 0, 0), Text::Danger},    // a square
-                                      {"\u25b2", RGB(176, 96, 0), Text::Caution},  // a triangle
-                                      {"\u25cf", RGB(0, 80, 176), Text::Note}}};   // a dot
+constexpr std::array<Look, 3> kLooks{
+    {{"\u25a0", RGB(192, 0, 0), Text::Danger, Text::OneDanger, Text::Dangers},      // a square
+     {"\u25b2", RGB(176, 96, 0), Text::Caution, Text::OneCaution, Text::Cautions},  // a triangle
+     {"\u25cf", RGB(0, 80, 176), Text::Note, Text::OneNote, Text::Notes}}};         // a dot
 
 const Look& LookOf(Severity severity) { return kLooks.at(static_cast<std::size_t>(severity)); }
 
@@ -35,7 +38,7 @@ frmCheckPane::frmCheckPane(const DialogServices& services,
 
 void frmCheckPane::Form_Load() {
   Localize();
-  Caption = T(Text::CheckTitle);
+  ShowHead();
   fgFindings.Caption = T(Text::CheckTitle);
 }
 
@@ -69,7 +72,13 @@ void frmCheckPane::ShowDocument(std::optional<std::int16_t> document) {
   Fill();
 }
 
+void frmCheckPane::ShowHead() {
+  const std::string count = CountNow().words;
+  Caption = count.empty() ? T(Text::CheckTitle) : count;
+}
+
 void frmCheckPane::Fill() {
+  ShowHead();
   std::vector<std::vector<GridCell>> cells;
   cells.reserve(findings_.size());
   for (const Finding& finding : findings_) {
@@ -95,14 +104,15 @@ frmCheckPane::Count frmCheckPane::CountNow() const {
   if (!document_ || !fault_.empty()) return {};
   if (findings_.empty()) return {"\u2713", T(Text::CheckCountNothing)};
   Count count;
-  std::array<std::string, kLooks.size()> numbers;
   for (std::size_t i = 0; i < kLooks.size(); ++i) {
     const auto number = std::ranges::count(findings_, static_cast<Severity>(i), &Finding::severity);
-    numbers.at(i) = std::to_string(number);
-    if (number > 0)
-      count.marks += (count.marks.empty() ? "" : "  ") + std::string(kLooks.at(i).mark) + " " + numbers.at(i);
+    if (number == 0) continue;
+    const Look& look = kLooks.at(i);
+    const bool first = count.marks.empty();
+    count.marks += (first ? "" : "  ") + std::string(look.mark) + " " + std::to_string(number);
+    count.words += (first ? T(Text::CheckTitle) + ": " : ", ") +
+                   (number == 1 ? T(look.one) : T(look.many, {std::to_string(number)}));
   }
-  count.words = T(Text::CheckCounts, {numbers[0], numbers[1], numbers[2]});
   count.colour = LookOf(findings_.front().severity).colour;
   return count;
 }

@@ -11,8 +11,8 @@
 
 namespace tav {
 
-/// What an instructor would mark in the plan in front, the worst first, a line each. A click or Return on one marks its
-/// rows in the graph.
+/// What an instructor would mark in the plan in front, the worst first, each told whole. A click or Return on one marks
+/// its rows in the graph; the head counts them.
 class frmCheckPane : public PaneForm {
  public:
   /// `selectRows` marks rows of the graph of a document, 0 to 0 none. `refusal` tells why a plan does not have what is
@@ -28,8 +28,8 @@ class frmCheckPane : public PaneForm {
   void Check(std::optional<std::int16_t> document);
   [[nodiscard]] const std::vector<Finding>& Findings() const { return findings_; }
 
-  /// How many there are of each severity, for the status bar: marks and numbers, and the same in words. Empty without a
-  /// plan that has been checked.
+  /// How many there are of each severity, for the status bar and the head of the pane: marks and numbers, and the same
+  /// in words. Empty without a plan that has been checked.
   struct Count {
     std::string marks;
     std::string words;
@@ -44,6 +44,7 @@ class frmCheckPane : public PaneForm {
   void Form_Load() override;
 
  private:
+  void ShowHead();
   void Fill();
   void SelectFinding();
 

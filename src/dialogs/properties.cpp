@@ -61,7 +61,8 @@ void frmProperties::SetDocument(std::int16_t index) {
   ForEachPage([](TemplatePage& page) { page.Fill(); });
   ShowUnits();
   sheet_.EndFilling();
-  Caption = T(Text::TemplateTitle) + T(Text::TemplateDash) + services_.Documents()(index).TemplateTitle;
+  Caption = T(sheet_.IsOfNewPlans() ? Text::SettingsOfNewPlans : Text::SettingsOfThisPlan) + T(Text::TemplateDash) +
+            services_.Documents()(index).TemplateTitle;
   lbNewPlans.Visible = sheet_.IsOfNewPlans();
   cbDefault.Enabled = !sheet_.IsOfNewPlans();
 }

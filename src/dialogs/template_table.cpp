@@ -36,10 +36,13 @@ void TemplateTable::CommitNumber(int row, int column, const std::string& text) {
   const std::string number = PurgeNumericInput(text, platform_.separators);
   grid_.SetText(row, column, number);
   grid_.SetColour(row, column, NumberIn(number) ? -1 : kRed);
+  auto cells = grid_.Cells.Get();
   // Units behind a number mean nothing else; but nobody types a word, or a number below 0, to get another one.
   const bool isWord = !number.empty() && text.find_first_of("0123456789") == std::string::npos;
-  if (isWord || NumberIn(text).value_or(0) < 0)
-    Box(T(Text::CellSetTo, {text, number}), T(Text::TemplateTitle), BoxIcon::Exclamation);
+  const bool replaced = isWord || NumberIn(text).value_or(0) < 0;
+  cells.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)).fault =
+      replaced ? T(Text::CellSetTo, {text, number}) : "";
+  grid_.Cells = cells;
 }
 
 std::string TemplateTable::Cell(Single value) const { return value == kNotGiven ? "" : sheet_.Whole(value, 0); }
@@ -55,7 +58,8 @@ std::string TemplateTable::Fault(const std::string& title) const {
     std::string fault;
     for (int column = first_; fault.empty() && column < end_; ++column) {
       const std::string text = grid_.Text(row, column);
-      if (text.empty()) fault = T(Text::CellNotGiven);
+      fault = grid_.Cells.Get()[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].fault;
+      if (fault.empty() && text.empty()) fault = T(Text::CellNotGiven);
       if (fault.empty() && !NumberIn(text)) fault = T(Text::CellNoNumber) + text;
     }
     if (fault.empty()) fault = FaultOf(row);

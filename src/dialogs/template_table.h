@@ -30,6 +30,7 @@ class TemplateTable : protected FormTexts {
   /// plain form; what is left, if that is no number; "10" if nothing is left; a blank text is that of a value not
   /// given.
   static std::string PurgeNumericInput(const std::string& text, const LocaleSeparators& separators);
+  /// What takes the place of a word, or of a number below 0, is marked with the reason, and not stored.
   void CommitNumber(int row, int column, const std::string& text);
 
   /// A depth or a rate as its cell shows it; nothing for one that has not been given.

@@ -121,7 +121,6 @@ void frmPartialMix::SetCaptions() {
   IdealTopHe.ToolTipText = T(Text::MixerHeliumHelp);
   IdealTopO2.ToolTipText = T(Text::MixerOxygenHelp);
   IdealTopN2.ToolTipText = T(Text::MixerTopHelp);
-  tbFilledAt.ToolTipText = T(Text::MixerWarmHelp);
   tbSteps.ToolTipText = T(Text::MixerStepsHelp);
   cbMend.ToolTipText = T(Text::MixerMendHelp);
 }
@@ -170,13 +169,7 @@ void frmPartialMix::Combo1_Click() {
   setmix(template_.Blends.at(index).O2, template_.Blends.at(index).He);
 }
 
-void frmPartialMix::Typed(const TextBox& box) {
-  if (NumberIn(box.Text)) {
-    Recalculate();
-  } else {
-    ClearResults(MissingField());
-  }
-}
+void frmPartialMix::Typed(const TextBox& box) { Recalculate(NumberIn(box.Text).has_value()); }
 
 void frmPartialMix::FillTyped(TextBox& fill) {
   const auto value = NumberIn(fill.Text);

@@ -143,17 +143,23 @@ class frmPartialMix : public TextForm {
   /// The list of gases names the one that the fields hold.
   void ShowBlend();
   void UpdateDesiredMix(const TextBox& typed);
-  void Recalculate();
+  void Recalculate(bool store = true);
   void ShowResults(const FillRequest& request);
   void ShowFillList();
   void ShowSteps();
   /// The current cylinder and how it is filled, as far as the fields tell.
   [[nodiscard]] FillRequest Request();
+  /// The fields that keep the mixer from computing, and the reason in words; none, and no words, when it can compute.
+  struct Wrong {
+    std::vector<TextBox*> fields;
+    std::string why;
+  };
   void ClearResults(const std::string& why);
-  /// Which field keeps the mixer from computing, in words; empty when none does.
-  [[nodiscard]] std::string MissingField() const;
+  [[nodiscard]] Wrong WhatIsWrong();
   /// The same for the fields of how it is filled.
-  [[nodiscard]] std::string WrongWay() const;
+  [[nodiscard]] Wrong WrongWay();
+  /// Marks the fields in place.
+  void Mark(const Wrong& wrong);
   [[nodiscard]] std::optional<CylinderSize> SizeOfCylinder();
   void Save();
   [[nodiscard]] std::string Saved(const std::string& name) const;

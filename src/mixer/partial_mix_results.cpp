@@ -1,4 +1,5 @@
 // What the fields of the mixer tell, and what it shows of it.
+#include <algorithm>
 #include <utility>
 
 #include "mixer/fill_steps.h"
@@ -16,45 +17,54 @@ void Say(Label& line, const std::string& text) {
 
 }  // namespace
 
-std::string frmPartialMix::MissingField() const {
-  const std::pair<const TextBox*, const Label*> fields[] = {
+frmPartialMix::Wrong frmPartialMix::WhatIsWrong() {
+  const std::pair<TextBox*, const Label*> fields[] = {
       {&CurFill, &Label1}, {&CurO2, &Label2},    {&CurHe, &Label3},    {&DesFill, &Label14},    {&DesO2, &Label13},
       {&DesHe, &Label12},  {&tbTopO2, &lbTopO2}, {&tbTopHe, &lbTopHe}, {&tbCelsius, &lbCelsius}};
   const auto named = [this](int id, const Label& label) { return ReplaceAll(T(id), "%1", FieldName(label)); };
   for (const auto& [box, label] : fields) {
-    if (TrimBlanks(box->Text.Get()).empty()) return named(Text::IsMissing, *label);
-    if (!NumberIn(box->Text)) return named(Text::IsNoNumber, *label);
+    if (TrimBlanks(box->Text.Get()).empty()) return {{box}, named(Text::IsMissing, *label)};
+    if (!NumberIn(box->Text)) return {{box}, named(Text::IsNoNumber, *label)};
   }
   const double highest = HighestFill(template_.Metric);
   for (const auto& [box, label] : {fields[0], fields[3]}) {
     const double value = Number(box->Text);
     const bool filled = box == &DesFill;
     if (value <= highest && !(filled && value <= 0)) continue;
-    return ReplaceAll(
-        ReplaceAll(named(filled ? Text::MixerMustBeAbove0 : Text::MixerMustBeAtMost, *label), "%2", Plain(highest)),
-        "%3", words_.Unit());
+    const std::string why = named(filled ? Text::MixerMustBeAbove0 : Text::MixerMustBeAtMost, *label);
+    return {{box}, ReplaceAll(ReplaceAll(why, "%2", Plain(highest)), "%3", words_.Unit())};
   }
-  if (Number(CurN2.Text) < 0) return Frame1.Caption.Get() + ": " + T(Text::MixerOver100);
-  if (Number(DesN2.Text) < 0) return Frame4.Caption.Get() + ": " + T(Text::MixerOver100);
+  if (Number(CurN2.Text) < 0) return {{&CurO2, &CurHe}, Frame1.Caption.Get() + ": " + T(Text::MixerOver100)};
+  if (Number(DesN2.Text) < 0) return {{&DesO2, &DesHe}, Frame4.Caption.Get() + ": " + T(Text::MixerOver100)};
   return WrongWay();
 }
 
-std::string frmPartialMix::WrongWay() const {
-  const auto outside = [this](const TextBox& box, const Label& label, double least, double most) -> std::string {
+frmPartialMix::Wrong frmPartialMix::WrongWay() {
+  const auto outside = [this](TextBox& box, const Label& label, double least, double most) -> Wrong {
     const auto value = NumberIn(box.Text);
-    if (value && *value >= least && *value <= most) return "";
-    return texts_.Filled(Text::MixerOutside, {FieldName(label), Plain(least), Plain(most)});
+    if (value && *value >= least && *value <= most) return {};
+    return {{&box}, texts_.Filled(Text::MixerOutside, {FieldName(label), Plain(least), Plain(most)})};
   };
-  std::string wrong = outside(tbTopO2, lbTopO2, 0, 100);
-  if (wrong.empty()) wrong = outside(tbTopHe, lbTopHe, 0, 100);
-  if (wrong.empty() && Number(tbTopO2.Text) + Number(tbTopHe.Text) > 100 - kLeastNitrogen) {
-    wrong = texts_.Filled(Text::FillNoNitrogen, {tbTopO2.Text.Get() + "/" + tbTopHe.Text.Get()});
+  Wrong wrong = outside(tbTopO2, lbTopO2, 0, 100);
+  if (wrong.why.empty()) wrong = outside(tbTopHe, lbTopHe, 0, 100);
+  if (wrong.why.empty() && Number(tbTopO2.Text) + Number(tbTopHe.Text) > 100 - kLeastNitrogen) {
+    wrong = {{&tbTopO2, &tbTopHe},
+             texts_.Filled(Text::FillNoNitrogen, {tbTopO2.Text.Get() + "/" + tbTopHe.Text.Get()})};
   }
-  if (wrong.empty()) wrong = outside(tbCelsius, lbCelsius, kColdestFill, kWarmestFill);
-  if (wrong.empty() && !TrimBlanks(tbFilledAt.Text.Get()).empty()) {
+  if (wrong.why.empty()) wrong = outside(tbCelsius, lbCelsius, kColdestFill, kWarmestFill);
+  if (wrong.why.empty() && !TrimBlanks(tbFilledAt.Text.Get()).empty()) {
     wrong = outside(tbFilledAt, lbFilledAt, kColdestFill, kWarmestFill);
   }
   return wrong;
+}
+
+void frmPartialMix::Mark(const Wrong& wrong) {
+  for (TextBox* box :
+       {&CurFill, &CurO2, &CurHe, &DesFill, &DesO2, &DesHe, &tbTopO2, &tbTopHe, &tbCelsius, &tbFilledAt}) {
+    const bool marked = std::ranges::find(wrong.fields, box) != wrong.fields.end();
+    box->ForeColor = marked ? kRed : -1;
+    box->ToolTipText = marked ? wrong.why : box == &tbFilledAt ? T(Text::MixerWarmHelp) : "";
+  }
 }
 
 FillRequest frmPartialMix::Request() {
@@ -66,14 +76,15 @@ FillRequest frmPartialMix::Request() {
   return request;
 }
 
-void frmPartialMix::Recalculate() {
-  const std::string missing = MissingField();
-  if (missing.empty()) {
+void frmPartialMix::Recalculate(bool store) {
+  const Wrong wrong = WhatIsWrong();
+  Mark(wrong);
+  if (wrong.why.empty()) {
     ShowResults(Request());
   } else {
-    ClearResults(missing);
+    ClearResults(wrong.why);
   }
-  Save();
+  if (store) Save();
 }
 
 void frmPartialMix::ShowResults(const FillRequest& request) {
@@ -161,7 +172,7 @@ std::optional<CylinderSize> frmPartialMix::SizeOfCylinder() {
   const auto positive = [&](TextBox& box) -> Single {
     const auto value = NumberIn(box.Text);
     const bool good = value && *value > 0 && *value <= HighestFill(false);
-    box.ForeColor = good ? -1 : kRed;
+    box.ForeColor = good || TrimBlanks(box.Text.Get()).empty() ? -1 : kRed;  // it may be blank
     usable = usable && good;
     return value.value_or(0);
   };

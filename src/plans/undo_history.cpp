@@ -49,6 +49,11 @@ void UndoHistory::MarkSaved(std::int16_t document) {
   Of(forms_(document).getFirstProfile()).saved = ProfileFileText(forms_, document);
 }
 
+void UndoHistory::ForgetSaved(std::int16_t document) {
+  Of(forms_(document).getFirstProfile()).saved.reset();
+  ShowSaved(document);
+}
+
 void UndoHistory::ShowSaved(std::int16_t document) {
   const std::int16_t first = forms_(document).getFirstProfile();
   const auto& saved = Of(first).saved;

@@ -33,6 +33,8 @@ class UndoHistory {
   /// The series of a document is as its file has it, or new and empty: an undo that comes back to that leaves nothing
   /// to be saved.
   void MarkSaved(std::int16_t document);
+  /// The file of a series is gone: no undo leads back to it.
+  void ForgetSaved(std::int16_t document);
   /// The unsaved mark of a series goes when it is as it was saved, and comes when it is not.
   void ShowSaved(std::int16_t document);
   /// The template of a document has got another name and folder by being saved. Earlier states of the same template

@@ -36,7 +36,8 @@ TEST(CheckPane, ShowsThePlanInFrontTheWorstFirst) {
   EXPECT_THAT(Cell(pane, 0, 1), HasSubstr("is too low to breathe"));
   EXPECT_THAT(pane.fgFindings.Cells.Get()[0][0].spoken, testing::StartsWith("Danger: Tx10/70"));
   EXPECT_THAT(p.Main().sbFindings.Caption.Get(), testing::StartsWith("\u25a0 1"));
-  EXPECT_THAT(p.Main().sbFindings.ToolTipText.Get(), testing::StartsWith("Dangers 1, "));
+  EXPECT_THAT(p.Main().sbFindings.ToolTipText.Get(), testing::StartsWith("Check: 1 danger"));
+  EXPECT_EQ(pane.Caption.Get(), p.Main().sbFindings.ToolTipText.Get());
 
   // Another plan in front, an empty one, has nothing to mark.
   const std::int16_t hypoxic = p.Active();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "app/command_search.h"
 #include "dialogs/properties.h"
 #include "support/program_fixture.h"
 
@@ -56,6 +57,35 @@ TEST(MainMenu, EveryEntryHasATextAndAUniqueKey) {
   }
   std::sort(keys.begin(), keys.end());
   EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end());
+}
+
+/// What a command has opened: windows, file dialogs, the guide.
+std::size_t Opened(const HeadlessPlatform& platform) {
+  return platform.modalForms.size() + platform.modeless.size() + platform.fileDialogs.size() +
+         platform.helpShown.size();
+}
+
+TEST(MainMenu, DotsStandWhereACommandOpensAWindow) {
+  const auto started = [](HeadlessProgram& p) {
+    const auto file = p.folder.Path() / "plan.tav";
+    std::filesystem::copy(HeadlessProgram::Dive("wreck.tav"), file);
+    EXPECT_TRUE(p.Start({file.string()}));
+    p.Document().Template.TemplateChanged = true;  // else there is nothing to be saved as a template
+    p.platform.answers = {BoxAnswer::OK};
+    return p.Main().Menu();
+  };
+  HeadlessProgram first;
+  const std::size_t entries = started(first).size();
+  for (std::size_t i = 0; i < entries; ++i) {
+    HeadlessProgram p;
+    const std::vector<MenuEntry> menu = started(p);
+    const MenuItem& item = *menu.at(i).item;
+    const std::string caption = item.Caption;
+    if (!item.Click || !item.Enabled || !item.Visible || &item == &p.Main().mnuExit) continue;
+    const std::size_t before = Opened(p.platform);
+    item.Choose();
+    EXPECT_EQ(Opened(p.platform) > before, caption.ends_with("...")) << caption;
+  }
 }
 
 TEST(Models, MarksAndFlagsExcludeEachOther) {
@@ -115,12 +145,13 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
   const std::vector<std::string> usable = {
-      "mnuNewProfile", "mnuOpen",           "mnuLoadTemplate",    "mnuSaveTemplate",      "mnuTemplate",
-      "mnuExit",       "mnuBulhmannB",      "mnuBulhmannC",       "mnuConservatism",      "mnuLanguages",
-      "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",      "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
-      "mnuCheckPane",  "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
-      "mnuImport"};
+      "mnuNewProfile",   "mnuOpen",           "mnuLoadTemplate",    "mnuSaveTemplate",      "mnuTemplate",
+      "mnuExit",         "mnuBulhmannB",      "mnuBulhmannC",       "mnuConservatism",      "mnuLanguages",
+      "mnuFitPlan",      "mnuHelpContents",   "mnuHelpSearch",      "mnuSystemInformation", "mnuContributors",
+      "mnuHelpAbout",    "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
+      "mnuCheckPane",    "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
+      "mnuImport",       "mnuReopen",         "mnuDefaultLayout",   "mnuViewLanguage",      "mnuDiveSettings",
+      "mnuCommandSearch"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
@@ -133,6 +164,37 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   }
   p.Main().mnuNewProfile.Choose();
   EXPECT_TRUE(p.Main().mnuSaveProfile.Enabled && p.Main().toolSave.Enabled && p.Main().mnuWindowCascade.Enabled);
+}
+
+TEST(CommandSearch, FindsByWordsAndRunsWhatCanBeChosen) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const auto search = [&](const std::function<void(frmCommandSearch&)>& act) {
+    p.platform.onModal.emplace_back([&act](Form& form) { act(dynamic_cast<frmCommandSearch&>(form)); });
+    p.Main().mnuCommandSearch.Choose();
+  };
+  search([&](frmCommandSearch& box) {
+    EXPECT_GT(box.fgCommands.Cells.Get().size(), 40U);
+    box.tbWords.Type("SLATE");
+    ASSERT_EQ(box.fgCommands.Cells.Get().size(), 1U);
+    EXPECT_EQ(box.fgCommands.Cells.Get()[0][0].text, "Report > Slate");
+    EXPECT_EQ(box.fgCommands.Cells.Get()[0][1].text, "Ctrl+Shift+I");
+    box.tbWords.Type("no such words");
+    EXPECT_TRUE(box.lbNone.Visible && !box.cbOK.Enabled);
+    box.tbWords.Type("window tile");
+    ASSERT_EQ(box.fgCommands.Cells.Get().size(), 2U);
+    box.tbWords.PressDown();
+    box.tbWords.PressDown();  // the last one
+    box.cbOK.Press();
+  });
+  EXPECT_EQ(p.view.arrangements, std::vector<Arrangement>{Arrangement::TileVertical});
+  search([&](frmCommandSearch& box) {
+    box.tbWords.Type("undo");  // there is nothing to be undone
+    EXPECT_NE(box.fgCommands.Cells.Get().at(0)[0].colour, -1);
+    box.fgCommands.PressReturn(0);
+    EXPECT_TRUE(box.IsLoaded());
+    box.cbCancel.Press();
+  });
 }
 
 TEST(Commands, FollowThePlan) {

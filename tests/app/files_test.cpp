@@ -123,7 +123,7 @@ TEST(Files, RecentPlansAreInTheMenuNewestFirst) {
     if (entry.item->Name() == "recent") recent.push_back(entry.item);
   }
   ASSERT_EQ(recent.size(), 2U);
-  EXPECT_EQ(recent[0]->Caption.Get(), HeadlessProgram::Dive("nitrox.tav").string());
+  EXPECT_EQ(recent[0]->Caption.Get(), "&1 " + HeadlessProgram::Dive("nitrox.tav").string());
   recent[1]->Choose();
   EXPECT_EQ(p.Document().ProfileName, "wreck.tav");
   p.Main().mnuClearRecent.Choose();

@@ -162,6 +162,30 @@ TEST(LanguageDialog, ListsEveryTableAndStoresTheChoice) {
   EXPECT_EQ((platform.settings[{"", "Language"}]), "TAV_nl.dll");
 }
 
+TEST(FrmLanguages, PutTheLanguageInForceAtOnceAndKeepWhatIsEntered) {
+  test::HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  EXPECT_TRUE(p.Editor().AddUserWaypoint(60, 25, 0));
+  frmPartialMix& mixer = p.Main().Dialogs().ShowMixer();
+  mixer.DesFill.Type("232");
+  p.Main().mnuViewLanguage.Choose();
+  auto& dialog = dynamic_cast<frmLanguages&>(*p.platform.modeless.back());
+  const auto& names = dialog.Option1.Items.Get();
+  dialog.Option1.Select(static_cast<int>(std::ranges::find(names, "Deutsch") - names.begin()));
+  dialog.Command1.Press();
+  EXPECT_EQ(p.Main().mnuFile.Caption.Get(), "&Datei");
+  EXPECT_EQ(p.Main().toolSave.ToolTipText.Get(), p.program.Texts().GetResString(Text::ToolSave));
+  EXPECT_EQ(p.Main().sbStatusBar.Caption.Get(), "Bereit");
+  const frmCheckPane& check = p.Main().Panes().CheckPane();
+  EXPECT_THAT(check.Caption.Get(), testing::StartsWith("Prüfung: "));
+  EXPECT_THAT(check.fgFindings.Cells.Get()[0][0].spoken, testing::StartsWith("Gefahr: "));
+  EXPECT_EQ(mixer.Caption.Get(), "Gasmischer - Partialdruck");
+  EXPECT_EQ(mixer.DesFill.Text.Get(), "232");
+  EXPECT_THAT(mixer.lbOutcome.Caption.Get(), testing::HasSubstr("ergibt"));
+  p.Main().mnuHelpContents.Choose();
+  EXPECT_EQ(p.platform.helpShown.back().first.filename(), "TAV_de.hlp");
+}
+
 TEST(ErrorReport, NamesNumberSourceAndDescription) {
   HeadlessPlatform platform;
   const LanguageTable english = LanguageTable::Read(kSource / "lang/TAV_uk.dll");

@@ -62,8 +62,10 @@ void LookAtWindows(const std::string& language, const std::string& dive) {
     QCoreApplication::processEvents();
     EXPECT_EQ(dialog->size().boundedTo(dialog->screen()->availableSize()), dialog->size());
     int page = 0;
+    const QSize size = dialog->size();
     test::OnEachPage(*form, [&] {
       QCoreApplication::processEvents();
+      EXPECT_EQ(dialog->size(), size) << "on page " << page;
       Keep(*dialog, language + "-" + form->Name() + "-" + dive + "-" + std::to_string(page++));
       for (const std::string& fault : test::ReadingFaults(*dialog)) ADD_FAILURE() << fault;
       for (const std::string& fault : SharedLetters(*dialog)) ADD_FAILURE() << fault;

@@ -48,6 +48,43 @@ TEST(PaneDocks, AreShownHiddenAndRemembered) {
   }
 }
 
+TEST(PaneDocks, ComeBackInTheSizesThatTheyHad) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  frmMain& form = p.program.MainForm();
+  QDockWidget* plan = PlanDock(p);
+  auto* check = p.window.findChild<QDockWidget*>(QStringLiteral("frmCheckPane"));
+  const auto sizes = [&] {
+    QCoreApplication::processEvents();
+    return std::pair(plan->size(), check->size());
+  };
+  const auto first = sizes();
+  p.window.resizeDocks({plan, check}, {first.first.height() - 60, first.second.height() + 60}, Qt::Vertical);
+  p.window.resizeDocks({plan}, {first.first.width() + 40}, Qt::Horizontal);
+  const auto wanted = sizes();
+  ASSERT_NE(wanted, first);
+  const std::vector<std::vector<MenuItem*>> ways = {
+      {&form.mnuPlanPane, &form.mnuPlanPane},
+      {&form.mnuCheckPane, &form.mnuCheckPane},
+      {&form.mnuPlanPane, &form.mnuCheckPane, &form.mnuPlanPane, &form.mnuCheckPane},
+      {&form.mnuPlanPane, &form.mnuCheckPane, &form.mnuCheckPane, &form.mnuPlanPane}};
+  for (const auto& way : ways) {
+    for (const MenuItem* entry : way) {
+      entry->Choose();
+      QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(sizes(), wanted) << &way - ways.data();
+  }
+  p.window.addDockWidget(Qt::LeftDockWidgetArea, plan);
+  form.mnuDefaultLayout.Choose();
+  const auto again = sizes();
+  constexpr int kRounding = 2;
+  EXPECT_EQ(again.first.width(), first.first.width());
+  EXPECT_NEAR(again.first.height(), first.first.height(), kRounding);
+  EXPECT_NEAR(again.second.height(), first.second.height(), kRounding);
+  EXPECT_EQ(p.window.dockWidgetArea(plan), Qt::RightDockWidgetArea);
+}
+
 TEST(PaneDocks, GoWithTheWindowWhichIsNoChoiceOfTheUser) {
   WindowedProgram p;
   ASSERT_TRUE(p.Start());

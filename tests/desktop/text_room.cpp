@@ -45,7 +45,15 @@ QString ClippedText(const QTableWidget& table) {
     if (!head.isHidden() && title != nullptr && head.sectionSize(column) < head.sectionSizeHint(column)) {
       return title->text();
     }
+    const bool wraps = table.wordWrap() && head.sectionResizeMode(column) == QHeaderView::Stretch;
     for (int row = 0; row < table.rowCount(); ++row) {
+      if (wraps) {
+        constexpr int kMargins = 7;
+        const QString text = table.item(row, column)->text();
+        const QRect room(0, 0, table.columnWidth(column) - kMargins, table.viewport()->height());
+        if (table.fontMetrics().boundingRect(room, Qt::TextWordWrap, text).height() > table.rowHeight(row)) return text;
+        continue;
+      }
       const QModelIndex cell = table.model()->index(row, column);
       const QString text = cell.data().toString();
       if (!text.isEmpty() && table.columnSpan(row, column) == 1 &&

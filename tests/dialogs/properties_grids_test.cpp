@@ -121,7 +121,13 @@ TEST_F(Properties, ACellThatIsSetToSomethingElseIsTold) {
     d.platform.boxes.clear();
     f.rates.fgAscend.Edit(2, 1, typed);
     EXPECT_EQ(f.rates.fgAscend.Text(2, 1), becomes);
-    EXPECT_EQ(!d.platform.boxes.empty(), told) << typed;
+    const std::string& fault = f.rates.fgAscend.Cells.Get()[2][1].fault;
+    EXPECT_EQ(!fault.empty(), told) << typed;
+    EXPECT_TRUE(d.platform.boxes.empty()) << "in place, until OK";
+    if (!told) continue;
+    f.cbOK.Press();
+    EXPECT_TRUE(f.IsLoaded());
+    EXPECT_NE(d.platform.LastBox().text.find(fault), std::string::npos);
   }
 }
 

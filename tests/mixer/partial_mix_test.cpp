@@ -133,7 +133,10 @@ TEST_F(Mixer, FillsWithAGasFromABankIntoAWarmCylinder) {
     (f.*box).Type(typed);
     EXPECT_THAT(f.lbHindrance.Caption.Get(), StartsWith(words));
     EXPECT_FALSE(f.Command1.Enabled);
+    EXPECT_EQ((f.*box).ForeColor.Get(), kRed);
+    EXPECT_EQ((f.*box).ToolTipText.Get(), f.lbHindrance.Caption.Get());
     (f.*box).Type(before);
+    EXPECT_EQ((f.*box).ForeColor.Get(), -1);
     EXPECT_EQ(f.lbHindrance.Caption.Get(), "");
   }
   EXPECT_EQ(Open().tbTopO2.Text.Get(), "21") << "the next fill is with air again";

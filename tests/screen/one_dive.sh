@@ -55,8 +55,8 @@ waypoint() {
 # presses the key of a unit in the template dialog
 units() {
   keys ctrl+t
-  focus "Template properties"
-  [ -z "${2:-}" ] || shot "$2" "Template properties"
+  focus "Dive settings"
+  [ -z "${2:-}" ] || shot "$2" "Dive settings"
   keys Down Down "$1" alt+k
   focus "^Units$"
   [ -z "${2:-}" ] || shot units "^Units$"

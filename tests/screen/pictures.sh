@@ -138,16 +138,16 @@ await "the mixer stays" gone "^Gas Mixer - "
 
 focus "^TAV"
 keys ctrl+t
-focus "Template properties"
+focus "Dive settings"
 for frame in rates decompression units gases altitude rebreather gas-settings warnings; do
-  shot "template-$frame" "Template properties"
+  shot "template-$frame" "Dive settings"
   keys Down
 done
 keys Home Down Down Down alt+c
 focus "^Custom"
 shot gas-blend "^Custom"
 keys Escape Escape
-await "the template dialog stays" gone "Template properties"
+await "the template dialog stays" gone "Dive settings"
 
 focus "^TAV"
 keys F12

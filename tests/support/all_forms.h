@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "app/command_search.h"
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
+#include "app/leaving_form.h"
 #include "app/start_forms.h"
 #include "app/wait_form.h"
 #include "app/what_if_form.h"
@@ -69,6 +71,10 @@ struct Forms {
     forms.back()->Caption = "General report";
     forms.push_back(std::make_unique<PrintPrint>(reports, platform, "plan"));
     forms.push_back(std::make_unique<frmLanguages>(platform, texts, SourceFolder() / "lang"));
+    forms.push_back(std::make_unique<frmCommandSearch>(
+        texts, std::vector<frmCommandSearch::Command>{{&program.Main().mnuOpen, "File > Open"}}));
+    forms.push_back(
+        std::make_unique<frmLeaving>(texts, std::vector<std::string>{"wreck.tav", "Plan 2"}, "Leg 1: 30 m"));
     forms.push_back(std::make_unique<frmSplash>(platform, "Tav.wav"));
     forms.push_back(std::make_unique<frmLiability>(platform, texts));
     forms.push_back(std::make_unique<frmAbout>(texts, [] {}));

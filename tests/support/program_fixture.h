@@ -37,6 +37,7 @@ struct HeadlessMainView : MainView {
     if (text != panesNow) return std::nullopt;
     return std::vector<PaneForm*>(panes.begin(), panes.end());
   }
+  void PlacePanes() override {}
   void StateChanged(std::int16_t document) override { ++changes[document]; }
   void Arrange(Arrangement arrangement) override { arrangements.push_back(arrangement); }
   void ResetZoom(std::int16_t /*document*/) override {}

@@ -1,0 +1,54 @@
+#include "app/done_teller.h"
+
+#include <utility>
+
+#include "model/text_id.h"
+
+namespace tav {
+namespace {
+
+// Within the class, Text is what the clipboard holds.
+constexpr int kCopied = Text::StatusCopied;
+constexpr int kPrinted = Text::StatusPrinted;
+constexpr int kWritten = Text::StatusWritten;
+
+/// A job that says so when it has gone out.
+class ToldJob : public PrintJob {
+ public:
+  ToldJob(std::unique_ptr<PrintJob> job, std::function<void()> tell) : job_(std::move(job)), tell_(std::move(tell)) {}
+  [[nodiscard]] DrawingSurface& Sheet() override { return job_->Sheet(); }
+  void NewSheet() override { job_->NewSheet(); }
+  void EndDoc() override {
+    job_->EndDoc();
+    tell_();
+  }
+
+ private:
+  std::unique_ptr<PrintJob> job_;
+  std::function<void()> tell_;
+};
+
+}  // namespace
+
+Platform DoneTeller::Services(Windows& windows) {
+  return {platform_.boxes, platform_.files, windows, platform_.settings,    platform_.screen,    platform_.sound,
+          platform_.help,  *this,           *this,   platform_.environment, platform_.separators};
+}
+
+void DoneTeller::SetText(const std::string& text) {
+  platform_.clipboard.SetText(text);
+  tell_(kCopied, "");
+}
+
+std::unique_ptr<PrintJob> DoneTeller::Start(const std::string& title) {
+  auto job = platform_.printer.Start(title);
+  if (job == nullptr) return nullptr;
+  return std::make_unique<ToldJob>(std::move(job), [this] { tell_(kPrinted, ""); });
+}
+
+std::unique_ptr<PrintJob> DoneTeller::StartPdf(const std::filesystem::path& file, const std::string& title) {
+  return std::make_unique<ToldJob>(platform_.printer.StartPdf(file, title),
+                                   [this, name = file.filename().string()] { tell_(kWritten, name); });
+}
+
+}  // namespace tav

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace tav {
+
+/// Clipboard and printer of a platform that tell when something has been done with them, whichever window did it.
+class DoneTeller : private Clipboard, private Printer {
+ public:
+  /// `tell` gets the number of a text, and the file that goes into it, if any.
+  DoneTeller(const Platform& platform, std::function<void(int text, const std::string& file)> tell)
+      : platform_(platform), tell_(std::move(tell)) {}
+
+  /// The platform with them, and with those windows, in the place of its own.
+  [[nodiscard]] Platform Services(Windows& windows);
+
+ private:
+  [[nodiscard]] std::string Text() const override { return platform_.clipboard.Text(); }
+  void SetText(const std::string& text) override;
+  [[nodiscard]] bool HasPrinter() const override { return platform_.printer.HasPrinter(); }
+  void SetUp() override { platform_.printer.SetUp(); }
+  std::unique_ptr<PrintJob> Start(const std::string& title) override;
+  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) override;
+
+  Platform platform_;
+  std::function<void(int, const std::string&)> tell_;
+};
+
+}  // namespace tav
