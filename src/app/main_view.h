@@ -36,6 +36,7 @@ struct PlanLook {
   std::string asBefore;     ///< the plot is grey under these words: it is that of before something that is refused
   std::pair<std::int16_t, std::int16_t> selected{0, 0};  ///< rows that are marked; 0 to 0 marks none
   std::vector<PlotPoint> overlay;                        ///< a dashed line over the plot: how a dive would go
+  std::vector<KeptLine> kept;                            ///< plans that are drawn thin behind this one
   bool fitPlan = false;                                  ///< the plan fills the window, or has room to grow
   GraphExtras extras;
 };

@@ -162,6 +162,7 @@ void GraphView::Follow(const PlanLook& look) {
   shown_.fitPlan = look.fitPlan;
   shown_.extras = look.extras;
   graph_.SetOverlay(look.overlay);
+  graph_.SetKept(look.kept);
   graph_.SelectRows(look.selected.first, look.selected.second);
   notice_->setText(ToQt(look.notice));
   notice_->setVisible(!look.notice.empty());

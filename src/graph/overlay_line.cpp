@@ -7,39 +7,62 @@
 
 namespace tav {
 
-void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line) {
-  constexpr double kDash = 120;  // drawing units
-  constexpr double kGap = 75;
+namespace {
+
+struct Dashes {
+  double dash, gap;  // drawing units
+  Colour colour;
+};
+
+void DrawDashed(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line,
+                const Dashes& dashes) {
+  const auto [dash, gap, colour] = dashes;
   double at = 0;  // within dash and gap, so that the dashes go on around corners
   for (std::size_t i = 1; i < line.size(); ++i) {
     const ScreenPoint from = scale.WorldToScreen(line[i - 1].runTime, -line[i - 1].depth);
     const ScreenPoint to = scale.WorldToScreen(line[i].runTime, -line[i].depth);
     const double length = std::hypot(to.x - from.x, to.y - from.y);
     for (double done = 0; done < length;) {
-      const bool dash = at < kDash;
-      const double piece = std::min((dash ? kDash : kDash + kGap) - at, length - done);
+      const bool pen = at < dash;
+      const double piece = std::min((pen ? dash : dash + gap) - at, length - done);
       const auto point = [&](double along) {
         return ScreenPoint{from.x + (to.x - from.x) * along / length, from.y + (to.y - from.y) * along / length};
       };
       const ScreenPoint start = point(done);
       if (start.x > scale.PlotRight) return;  // a dive that never ends would have no end of dashes
-      if (dash) {
+      if (pen) {
         const ScreenPoint end = point(done + piece);
-        grid.Line(start.x, start.y, end.x, end.y, graph::kOverlay);
+        grid.Line(start.x, start.y, end.x, end.y, colour);
       }
       done += piece;
       at += piece;
-      if (at >= kDash + kGap - 1e-6) at = 0;
+      if (at >= dash + gap - 1e-6) at = 0;
     }
   }
 }
 
-ProfilePlot::Reach Including(const std::vector<PlotPoint>& line, const ClassProfile& rows, ProfilePlot::Reach reach) {
+}  // namespace
+
+void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line) {
+  DrawDashed(grid, scale, line, {120, 75, graph::kOverlay});
+}
+
+void DrawKeptLines(DrawingSurface& grid, const GraphScale& scale, const std::vector<KeptLine>& kept) {
+  double x = scale.PlotLeft + 100;
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    const Colour colour = graph::kKept[i % graph::kKept.size()];
+    DrawDashed(grid, scale, kept[i].line, {60, 60, colour});
+    grid.Text(x, scale.PlotBottom, kept[i].name, colour);
+    x += grid.TextWidth(kept[i].name) + 300;
+  }
+}
+
+ProfilePlot::Reach Including(const std::vector<PlotPoint>& points, const ClassProfile& rows, ProfilePlot::Reach reach) {
   double time = LargestTime(rows, reach.least);
   double depth = LargestDepth(rows, reach.least);
   const double ownTime = time;
   const double ownDepth = depth;
-  for (const PlotPoint& point : line) {
+  for (const PlotPoint& point : points) {
     time = std::max(time, double{point.runTime});
     depth = std::max(depth, double{point.depth});
   }

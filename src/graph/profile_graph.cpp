@@ -43,8 +43,11 @@ void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid
   const PlanPicture picture(plan);
   const ClassProfile& rows = plan.rows;
   const bool fit = view.fitPlan && rows.GetLength() > 0;
-  const ProfilePlot::Reach reach = fit ? Including(overlay_, rows, ProfilePlot::kFitted) : ProfilePlot::kRoomToGrow;
-  scale_ = picture.DrawPlot(container, grid, reach, view.timeZoom, view.extras);
+  std::vector<PlotPoint> beside = overlay_;
+  for (const KeptLine& kept : kept_) beside.insert(beside.end(), kept.line.begin(), kept.line.end());
+  const ProfilePlot::Reach reach = fit ? Including(beside, rows, ProfilePlot::kFitted) : ProfilePlot::kRoomToGrow;
+  scale_ = picture.DrawPlot(container, grid, reach, view.timeZoom, view.extras,
+                            [&](const GraphScale& scale) { DrawKeptLines(grid, scale, kept_); });
   DrawOverlayLine(grid, scale_, overlay_);
   lastPoint_ = PlaceOf(rows.Row(rows.GetLength()), scale_);
   dragPoint_ = lastPoint_;

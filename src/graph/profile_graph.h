@@ -51,6 +51,9 @@ class ProfileGraph {
   /// A line that is drawn dashed over the plan from the next redraw on; empty for none. False when it is there already.
   bool SetOverlay(const std::vector<PlotPoint>& line);
 
+  /// Plans that are drawn thin behind this one from the next redraw on.
+  void SetKept(std::vector<KeptLine> kept) { kept_ = std::move(kept); }
+
   /// The left button shows the row under it, or starts a drag from the last row to that point, or to the nearest one of
   /// the plot. The right button opens the menu, and ends a drag that is under way.
   void MouseDown(bool right, Single x, Single y, DrawingSurface& grid);
@@ -93,6 +96,7 @@ class ProfileGraph {
   GraphWindow& window_;
   GraphScale scale_;
   std::vector<PlotPoint> overlay_;
+  std::vector<KeptLine> kept_;
   ScreenPoint lastPoint_;  ///< of the last row
   ScreenPoint dragPoint_;  ///< the last position of a drag inside the plot
   bool dragging_ = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "platform/colour.h"
@@ -19,6 +20,8 @@ constexpr Colour kCeilingShade = RGB(84, 40, 8);
 constexpr Colour kCeilingLine = RGB(240, 140, 60);
 constexpr Colour kLabel = RGB(216, 216, 216);
 constexpr Colour kOverlay = RGB(0, 224, 255);
+/// Of plans that are kept for comparison, one after another: they can be read on black and on the grey around the plot.
+inline constexpr std::array kKept{RGB(150, 190, 220), RGB(220, 180, 140), RGB(170, 210, 160), RGB(210, 170, 210)};
 constexpr Colour kNotice = RGB(176, 0, 32);
 
 /// The colour of a row by its `Status`.

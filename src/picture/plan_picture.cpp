@@ -22,10 +22,10 @@ constexpr double kMargin = 100;
 }  // namespace
 
 GraphScale PlanPicture::DrawPlot(DrawingSurface& container, DrawingSurface& grid, ProfilePlot::Reach reach,
-                                 double timeZoom, const GraphExtras& extras) const {
+                                 double timeZoom, const GraphExtras& extras, const ProfilePlot::Behind& behind) const {
   static const std::vector<DiveMoment> none;
   ProfilePlot plot(container, grid);
-  plot.Redraw(plan_.rows, reach, timeZoom, extras.ceiling ? plan_.moments : none);
+  plot.Redraw(plan_.rows, reach, timeZoom, extras.ceiling ? plan_.moments : none, behind);
   WriteFigures(grid, plot, plan_.rows, extras, {LengthUnit(), plan_.separators});
   return plot.Scale();
 }

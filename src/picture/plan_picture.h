@@ -35,7 +35,7 @@ class PlanPicture {
   // Parts of it, on surfaces of their own.
   /// The plot with its axes and figures (ProfilePlot); returns its scale.
   GraphScale DrawPlot(DrawingSurface& container, DrawingSurface& grid, ProfilePlot::Reach reach, double timeZoom,
-                      const GraphExtras& extras) const;
+                      const GraphExtras& extras, const ProfilePlot::Behind& behind = {}) const;
   /// The tissues below a plot of that scale, which is scrolled by that much.
   void DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const;
   void DrawBars(DrawingSurface& bars) const;

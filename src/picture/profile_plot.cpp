@@ -35,7 +35,7 @@ Single LargestDepth(const ClassProfile& profile, Single least) { return Largest(
 Single LargestTime(const ClassProfile& profile, Single least) { return Largest(profile, &Waypoint::RunTime, least); }
 
 void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZoom,
-                         const std::vector<DiveMoment>& moments) {
+                         const std::vector<DiveMoment>& moments, const Behind& behind) {
   gasLabels_.clear();
   container_.Clear(graph::kBackground);
   grid_.Clear(graph::kBackground);
@@ -46,6 +46,7 @@ void ProfilePlot::Redraw(const ClassProfile& profile, Reach reach, double timeZo
   DrawCeiling(grid_, moments, scale_);
   Xaxis(timeZoom);
   Yaxis();
+  if (behind) behind(scale_);
   PrevPlotTime_ = 0;
   PrevPlotY_ = 0;
   for (int i = 0; i <= profile.GetLength(); ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -52,11 +53,14 @@ class ProfilePlot {
   static constexpr Reach kJustThePlan{1.2, 1.1, 60};  ///< for a picture of one that is done
   static constexpr Reach kFitted{1.1, 1, 10};         ///< for a window that the plan is to fill
 
+  /// Draws what is to lie behind the rows.
+  using Behind = std::function<void(const GraphScale& scale)>;
+
   /// Clears both surfaces and draws everything. The scale that results holds until the next call. On a plot whose time
   /// is stretched by `timeZoom` the times are told in finer steps. Where the numbers of an axis have no room, every
   /// second, third, ... stands. A dive with `moments` has its ceiling shaded.
   void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1,
-              const std::vector<DiveMoment>& moments = {});
+              const std::vector<DiveMoment>& moments = {}, const Behind& behind = {});
   [[nodiscard]] const GraphScale& Scale() const { return scale_; }
   /// Those of the last Redraw, in order; the first gas among them.
   [[nodiscard]] const std::vector<GasLabel>& GasLabels() const { return gasLabels_; }

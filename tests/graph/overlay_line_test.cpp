@@ -1,5 +1,6 @@
 #include "graph/overlay_line.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -38,6 +39,30 @@ TEST(OverlayLine, IsDashedAlongTheDive) {
     length += std::hypot(b.x - a.x, b.y - a.y);
   }
   EXPECT_NEAR(drawn / length, 120.0 / 195, 0.01);
+}
+
+/// Each plan in one colour, which its name below the plot has, too, and its neighbour has not.
+TEST(KeptLines, AreToldApartByColours) {
+  RecordingSurface grid(19000, 10000);
+  GraphScale scale;
+  scale.SetPlot(19000, 10000);
+  scale.SetWorld(0, 100, 0, -50);
+  std::vector<KeptLine> kept;
+  for (int i = 1; i <= 5; ++i) kept.push_back({{{0, 0}, {10, 8.0 * i}, {60, 8.0 * i}}, std::to_string(i)});
+  DrawKeptLines(grid, scale, kept);
+  Colour before = graph::kOverlay;
+  for (int i = 1; i <= 5; ++i) {
+    const auto name = std::ranges::find(grid.strokes, std::to_string(i), &RecordingSurface::Stroke::text);
+    ASSERT_NE(name, grid.strokes.end());
+    EXPECT_GE(name->y0, double{scale.PlotBottom});
+    EXPECT_NE(name->colour, before);
+    before = name->colour;
+    const double y = scale.WorldToScreen(0, -8 * i).y;
+    const auto level = [&](const auto& stroke) { return stroke.y0 == y && stroke.y1 == y && stroke.x0 > 2000; };
+    EXPECT_GT(std::ranges::count_if(grid.strokes, level), 20);
+    EXPECT_TRUE(std::ranges::all_of(
+        grid.strokes, [&](const auto& stroke) { return !level(stroke) || stroke.colour == name->colour; }));
+  }
 }
 
 TEST(OverlayLine, EndsAtTheEdgeOfThePlot) {
