@@ -1,9 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <vector>
 
+#include "app/graph_edits.h"
 #include "app/main_panes.h"
 #include "app/main_services.h"
 #include "app/menu_lists.h"
@@ -64,6 +66,7 @@ class frmMain : public Form {
   MenuItem mnuViewStopMinutes{*this, "mnuViewStopMinutes"};
   MenuItem mnuViewDepths{*this, "mnuViewDepths"};
   MenuItem mnuViewTissues{*this, "mnuViewTissues"};
+  MenuItem mnuViewLight{*this, "mnuViewLight"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -151,6 +154,10 @@ class frmMain : public Form {
   [[nodiscard]] const PlanRecovery& Copies() const { return recovery_; }
   [[nodiscard]] const PlanReports& Reports() const { return reports_; }
   [[nodiscard]] const PlanLooks& Looks() const { return looks_; }
+  /// The edits of the graph of a document; they end before this form.
+  [[nodiscard]] std::unique_ptr<GraphLegs> GraphEditsOf(std::int16_t document) {
+    return std::make_unique<GraphEdits>(services_, panes_, document);
+  }
 
   /// The document in front; nothing when none is open.
   [[nodiscard]] std::optional<std::int16_t> Active() const { return services_.Active(); }

@@ -52,6 +52,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuViewStopMinutes, 1, Text::MenuViewStopMinutes, ""},
     {&frmMain::mnuViewDepths, 1, Text::MenuViewDepths, ""},
     {&frmMain::mnuViewTissues, 1, Text::MenuViewTissues, "F7"},
+    {&frmMain::mnuViewLight, 1, Text::MenuViewLight, ""},
     {&frmMain::mnuDefault, 0, Text::MenuDive, ""},
     {&frmMain::mnuAlgorithm, 1, Text::MenuAlgorithm, ""},
     {&frmMain::mnuBulhmannB, 2, Text::MenuZHL16B, ""},

@@ -40,7 +40,7 @@ class MainWindow : public QMainWindow, public MainView {
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
   void StateChanged(std::int16_t document) override;
   void Arrange(Arrangement arrangement) override;
-  void ResetZoom(std::int16_t document) override;
+  bool ResetZoom(std::int16_t document) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
  protected:

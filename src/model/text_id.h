@@ -1282,4 +1282,10 @@ constexpr int HeadOnOpenCircuit = 8708;
 constexpr int HeadWayUpGas = 8709;
 constexpr int HeadNever = 8710;
 
+// The graph
+constexpr int MenuViewLight = 8711;
+constexpr int GraphMoveHint = 8712;
+constexpr int GraphLegAfter = 8713;
+constexpr int GraphShiftHint = 8714;
+
 }  // namespace tav::Text
