@@ -43,8 +43,9 @@ std::vector<PlotPoint> LineOf(const WayOut& way) {
 
 void ProfileGraph::RedrawProfile(DrawingSurface& container, DrawingSurface& grid, DrawingSurface& bars,
                                  const PlotView& view) {
-  // The line of the moment goes with what the surface had.
-  if (std::exchange(read_, std::nullopt)) window_.HideReadOut();
+  // The line of the moment goes with what the surface had; so does what was told of another plan.
+  read_.reset();
+  window_.HideReadOut();
   const DrawnPlan plan = plan_();
   const PlanPicture picture(plan, view.extras);
   const ClassProfile& rows = plan.rows;

@@ -59,10 +59,8 @@ class Figures {
       const std::string text = Number(profile_.getStopTime(stop)) + "'";
       const ScreenPoint end = PlaceOf(stop);
       const double middle = (PlaceOf(static_cast<std::int16_t>(stop - 1)).x + end.x) / 2;
-      for (const bool clear : {true, false}) {
-        if (labels_.Write(end.x + kGap, end.y - surface_.TextHeight() / 3, text, clear)) break;
-        if (labels_.Write(middle - surface_.TextWidth(text) / 2, end.y + kGap / 2, text, clear)) break;
-      }
+      if (labels_.Write(end.x + kGap, end.y - surface_.TextHeight() / 3, text, true)) continue;
+      labels_.Write(middle - surface_.TextWidth(text) / 2, end.y + kGap / 2, text, true);
     }
   }
 

@@ -52,9 +52,14 @@ PlotPoint RoomToGrow(const ClassProfile& profile) {
 
 PlotPoint Fitted(const ClassProfile& profile, Single stopStep, const std::vector<PlotPoint>& beside) {
   constexpr double kTimeStep = 5;
+  constexpr double kDay = 24 * 60;
   const bool ascent = profile.getDepth(profile.GetLength()) <= 0;
   const double least = ascent ? 10 : 30;
-  double time = LargestTime(profile, least);
+  double time = least;
+  for (std::int16_t row = 0; row <= profile.GetLength(); ++row) {
+    if (profile.Row(row).SegmentTime > kDay) break;
+    time = std::max<double>(time, profile.GetRunTime(row));
+  }
   double depth = LargestDepth(profile, least);
   for (const PlotPoint& point : beside) {
     time = std::max<double>(time, point.runTime);

@@ -34,7 +34,8 @@ struct PlotPoint {
 /// and twice its depth, 60 at least of both, rounded outwards to tens.
 PlotPoint RoomToGrow(const ClassProfile& profile);
 /// The same of a plot that the plan fills, as do other points. Without an ascent there is room for one more leg. A time
-/// is rounded up to 5 minutes, a depth to the distance of stops.
+/// is rounded up to 5 minutes, a depth to the distance of stops. What follows a stop that never clears, of a day or
+/// more, has no room.
 PlotPoint Fitted(const ClassProfile& profile, Single stopStep, const std::vector<PlotPoint>& beside = {});
 
 /// What a graph shows beside the plan itself.

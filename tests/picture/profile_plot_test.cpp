@@ -123,6 +123,9 @@ TEST_F(ProfilePlotTest, AFittedPlanFillsThePlot) {
     EXPECT_EQ(plot.Scale().WorldRight, known.right);
     EXPECT_EQ(plot.Scale().WorldBottom, known.bottom);
   }
+  profile.Row(2).RunTime = 30000;  // a stop that never clears
+  profile.Row(2).SegmentTime = 29901;
+  EXPECT_EQ(Fitted(profile, 3).runTime, 150);
 }
 
 TEST_F(ProfilePlotTest, RowsAreJoinedAndMarkedByTheirKind) {
