@@ -22,6 +22,16 @@ QRect PixelRect(const GraphRect& rect) {
   return {Pixels(rect.left), Pixels(rect.top), Pixels(rect.width), Pixels(rect.height)};
 }
 
+/// A label over the graph, hidden at first, which the pointer goes through.
+QLabel* Notice(QWidget* parent, const char* name, const char* style) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  label->setStyleSheet(QLatin1String(style));
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  label->hide();
+  return label;
+}
+
 }  // namespace
 
 GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators)
@@ -35,9 +45,10 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       bars_(new SurfaceWidget(this)),
       tissues_(new SurfaceWidget(this)),
       scrollBar_(new QScrollBar(Qt::Horizontal, this)),
-      readOut_(new QLabel(grid_)),
-      asBefore_(new QLabel(this)),
-      notice_(new QLabel(this)),
+      readOut_(Notice(grid_, "Text1", "background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px")),
+      asBefore_(Notice(this, "asBefore",
+                       "background: rgba(208, 208, 208, 200); color: black; font-weight: bold; padding: 6px")),
+      notice_(Notice(this, "notice", "background: #b00020; color: white; font-weight: bold; padding: 6px")),
       secondClick_(new QTimer(this)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(ToQt(forms.Services().texts.GetResString(Text::GraphPlan)));
@@ -45,20 +56,8 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   setAutoFillBackground(true);
   grid_->setMouseTracking(true);
   grid_->installEventFilter(this);
-  readOut_->setObjectName(QStringLiteral("Text1"));
-  readOut_->setStyleSheet(QStringLiteral("background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px"));
-  readOut_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  readOut_->hide();
-  asBefore_->setObjectName(QStringLiteral("asBefore"));
-  asBefore_->setStyleSheet(
-      QStringLiteral("background: rgba(208, 208, 208, 200); color: black; font-weight: bold; padding: 6px"));
   asBefore_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  asBefore_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  asBefore_->hide();
-  notice_->setObjectName(QStringLiteral("notice"));
-  notice_->setStyleSheet(QStringLiteral("background: #b00020; color: white; font-weight: bold; padding: 6px"));
   notice_->setWordWrap(true);
-  notice_->hide();
   graph_.rowRemark = actions_.rowRemark;
   graph_.leaving = [this](Single time) { return plan_.LeavingAt(time); };
   graph_.legs = actions_.legs.get();
@@ -271,24 +270,11 @@ bool GraphView::ResetZoom() {
 
 bool GraphView::WaypointKey(const QKeyEvent& event) {
   if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
-  switch (event.key()) {
-    case Qt::Key_Left:
-      return graph_.Nudge(0, -1);
-    case Qt::Key_Right:
-      return graph_.Nudge(0, 1);
-    case Qt::Key_Up:
-      return graph_.Nudge(-1, 0);
-    case Qt::Key_Down:
-      return graph_.Nudge(1, 0);
-    case Qt::Key_Delete:
-      return graph_.RemoveSelected();
-    case Qt::Key_PageUp:
-      return graph_.SelectNext(-1);
-    case Qt::Key_PageDown:
-      return graph_.SelectNext(1);
-    default:
-      return false;
-  }
+  const auto direction = [&](int back, int on) { return event.key() == back ? -1 : event.key() == on ? 1 : 0; };
+  if (const int by = direction(Qt::Key_Left, Qt::Key_Right)) return graph_.Nudge(0, by);
+  if (const int by = direction(Qt::Key_Up, Qt::Key_Down)) return graph_.Nudge(by, 0);
+  if (const int by = direction(Qt::Key_PageUp, Qt::Key_PageDown)) return graph_.SelectNext(by);
+  return event.key() == Qt::Key_Delete && graph_.RemoveSelected();
 }
 
 void GraphView::keyReleaseEvent(QKeyEvent* event) {
