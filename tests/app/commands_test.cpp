@@ -120,7 +120,7 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
       "mnuFitPlan",    "mnuHelpContents",   "mnuHelpSearch",      "mnuSystemInformation", "mnuContributors",
       "mnuHelpAbout",  "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
       "mnuCheckPane",  "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
-      "mnuImport"};
+      "mnuViewLight",  "mnuImport"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();

@@ -49,7 +49,7 @@ struct HeadlessMainView : MainView {
   Placement place;
   bool minimised = false;
   bool shown = false;
-  bool zoomed = false;  ///< a graph, that of the plan in front
+  bool zoomed = false;                  ///< a graph, that of the plan in front
   std::map<std::int16_t, int> changes;  ///< how often each document was told to be another
   std::vector<Arrangement> arrangements;
   std::string exported;
