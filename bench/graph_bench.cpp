@@ -72,7 +72,7 @@ void ReEvaluateAndRedraw(benchmark::State& state) {
 /// With the map of the tissues below the plot.
 void ReEvaluateAndRedrawTissues(benchmark::State& state) {
   ShownPlan plan;
-  plan.Show({true, true, true, true});
+  plan.Show({.tissues = true});
   for (auto _ : state) {
     plan.Editor().ReEvaluateUserEnteredWaypoints();
     plan.View().Redraw();
@@ -83,7 +83,7 @@ void ReEvaluateAndRedrawTissues(benchmark::State& state) {
 /// The same plan once more, as after a scroll: nothing is worked out anew.
 void Redraw(benchmark::State& state) {
   ShownPlan plan;
-  plan.Show({true, true, true, state.range(0) != 0});
+  plan.Show({.tissues = state.range(0) != 0});
   for (auto _ : state) {
     plan.View().Redraw();
     QCoreApplication::processEvents();
@@ -101,9 +101,21 @@ void DragStep(benchmark::State& state) {
   }
 }
 
+/// The pointer at any minute, back and forth: figures of the moment, the ways up, and their line.
+void ReadOut(benchmark::State& state) {
+  ShownPlan plan;
+  double x = 100;
+  for (auto _ : state) {
+    x = x < 540 ? x + 437 : x - 431;
+    plan.Mouse(QEvent::MouseMove, {x, 300});
+    QCoreApplication::processEvents();
+  }
+}
+
 BENCHMARK(ReEvaluateAndRedraw)->Name("screen/reevaluate_and_redraw")->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReEvaluateAndRedrawTissues)->Name("screen/reevaluate_and_redraw_tissues")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Redraw)->Name("screen/redraw")->ArgName("tissues")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReadOut)->Name("screen/read_out")->Unit(benchmark::kMicrosecond);
 BENCHMARK(DragStep)->Name("screen/drag_step")->Unit(benchmark::kMicrosecond);
 
 }  // namespace

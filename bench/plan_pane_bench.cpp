@@ -1,4 +1,5 @@
-// From a key in a cell of the plan's pane until pane, graph and findings are on the screen.
+// From a key in a cell of the plan's pane, or a step of a waypoint on the graph, until pane, graph and findings are on
+// the screen.
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
@@ -43,6 +44,27 @@ void KeyInACell(benchmark::State& state) {
   pane.legs.fgLegs.Restore();
 }
 BENCHMARK(KeyInACell)->Arg(5)->Arg(200)->Unit(benchmark::kMillisecond);
+
+/// A waypoint is dragged to and fro by a metre, or moved by keys, each step a change of the plan.
+void MoveAWaypoint(benchmark::State& state) {
+  test::WindowedProgram program;
+  StartWithLegs(program, state.range(0));
+  const bool keys = state.range(1) != 0;
+  const auto legs = program.program.MainForm().GraphEditsOf(1);
+  const std::int16_t leg = 2;
+  const auto row = [&] { return program.program.Forms()(1).LastRowOf(leg); };
+  bool deeper = false;
+  if (!keys) legs->BeginMove(row());
+  for (auto _ : state) {
+    deeper = !deeper;
+    if (keys) legs->BeginMove(row());
+    legs->Move(deeper || !keys ? (deeper ? 1 : 2) : -1, 0);
+    if (keys) legs->EndMove(true);
+    QCoreApplication::processEvents();
+  }
+  legs->EndMove(false);
+}
+BENCHMARK(MoveAWaypoint)->ArgNames({"legs", "keys"})->Args({5, 0})->Args({5, 1})->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tav::bench

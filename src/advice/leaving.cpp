@@ -19,7 +19,8 @@ std::optional<WayOut> WayOutBy(WaysUp& ways, std::int16_t row, std::optional<Sin
     return std::nullopt;
   }
   if (!way) return std::nullopt;
-  WayOut out{way->GetRunTime(way->GetLength()) - way->GetRunTime(0), GasTotals(*way)};
+  WayOut out{way->GetRunTime(way->GetLength()) - way->GetRunTime(0), GasTotals(*way), {}};
+  for (std::int16_t i = 0; i <= way->GetLength(); ++i) out.places.push_back({way->GetRunTime(i), way->getDepth(i)});
   std::erase_if(out.gas, [](const GasTotal& gas) { return gas.total <= 0; });
   return out;
 }

@@ -18,6 +18,10 @@ namespace tav {
 struct WayOut {
   Single minutes;
   std::vector<GasTotal> gas;  ///< breathed on open circuit, in the order in which it is; none from the loop
+  struct Place {
+    Single runTime, depth;
+  };
+  std::vector<Place> places;  ///< the corners of its line, from the moment on
 };
 
 /// The ways to the surface from a moment of a dive: the ascent of a plan that is cut there, by the gradient factors,

@@ -37,8 +37,9 @@ frmMain::frmMain(MainServices services)
                 {{mnuViewCeiling, &GraphExtras::ceiling, "ShowCeiling"},
                  {mnuViewStopMinutes, &GraphExtras::stopMinutes, "ShowStopMinutes"},
                  {mnuViewDepths, &GraphExtras::depths, "ShowDepths"},
-                 {mnuViewTissues, &GraphExtras::tissues, "ShowTissues"}},
-                mnuFitPlan, toolFitPlan) {
+                 {mnuViewTissues, &GraphExtras::tissues, "ShowTissues"},
+                 {mnuViewLight, &GraphExtras::light, "LightGraph"}},
+                mnuFitPlan, toolFitPlan, [this] { return Active() && services_.view.ResetZoom(*Active()); }) {
   BuildMenu();
   BuildToolBar();
   Wire();

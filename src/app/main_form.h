@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "app/last_session.h"
+#include "app/graph_edits.h"
 #include "app/main_panes.h"
 #include "app/main_services.h"
 #include "app/menu_lists.h"
@@ -69,6 +71,7 @@ class frmMain : public Form {
   MenuItem mnuViewTissues{*this, "mnuViewTissues"};
   MenuItem mnuViewBar1{*this, "mnuViewBar1"};
   MenuItem mnuViewLanguage{*this, "mnuViewLanguage"};
+  MenuItem mnuViewLight{*this, "mnuViewLight"};
   MenuItem mnuDefault{*this, "mnuDefault"};
   MenuItem mnuAlgorithm{*this, "mnuAlgorithm"};
   MenuItem mnuBulhmannB{*this, "mnuBulhmannB"};
@@ -164,6 +167,10 @@ class frmMain : public Form {
   [[nodiscard]] const PlanRecovery& Copies() const { return recovery_; }
   [[nodiscard]] const PlanReports& Reports() const { return reports_; }
   [[nodiscard]] const PlanLooks& Looks() const { return looks_; }
+  /// The edits of the graph of a document; they end before this form.
+  [[nodiscard]] std::unique_ptr<GraphLegs> GraphEditsOf(std::int16_t document) {
+    return std::make_unique<GraphEdits>(services_, panes_, document);
+  }
 
   /// The document in front; nothing when none is open.
   [[nodiscard]] std::optional<std::int16_t> Active() const { return services_.Active(); }

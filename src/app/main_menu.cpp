@@ -58,6 +58,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuViewStopMinutes, 1, Text::MenuViewStopMinutes, ""},
     {&frmMain::mnuViewDepths, 1, Text::MenuViewDepths, ""},
     {&frmMain::mnuViewTissues, 1, Text::MenuViewTissues, "F7"},
+    {&frmMain::mnuViewLight, 1, Text::MenuViewLight, ""},
     {&frmMain::mnuViewBar1, 1, kRule, ""},
     {&frmMain::mnuViewLanguage, 1, Text::Language, ""},
     {&frmMain::mnuDefault, 0, Text::MenuDive, ""},

@@ -83,7 +83,8 @@ class MainView {
   virtual void StateChanged(std::int16_t document) = 0;
   /// Arranges the windows of the open plans.
   virtual void Arrange(Arrangement arrangement) = 0;
-  virtual void ResetZoom(std::int16_t document) = 0;
+  /// Shows all of the graph. False when all of it is shown.
+  virtual bool ResetZoom(std::int16_t document) = 0;
   /// Writes a picture of the graph; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
 };

@@ -19,7 +19,13 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
     look.notice = services_.T(Text::DoesNotDecompress);
   }
   if (const auto set = set_.find(document); set != set_.end()) {
-    if (set->second.evaluation == editor.Evaluation()) look.selected = set->second.selected;
+    const std::int16_t leg = set->second.leg;
+    if (leg > 0 && static_cast<std::size_t>(leg) < editor.ActionResults().size()) {
+      const std::int16_t row = editor.LastRowOf(leg);
+      if (editor.LegAt(row) == leg) look.selected = {row, row};
+    } else if (set->second.evaluation == editor.Evaluation()) {
+      look.selected = set->second.selected;
+    }
     look.overlay = set->second.overlay;
     look.asBefore = set->second.asBefore;
   }
@@ -38,7 +44,10 @@ void PlanLooks::SelectRows(std::int16_t document, std::int16_t first, std::int16
   if (!services_.IsOpen(document)) return;
   Set& set = set_[document];
   set.selected = {first, last};
-  set.evaluation = services_.forms(document).Evaluation();
+  const frmWaypointEditor& editor = services_.forms(document);
+  set.evaluation = editor.Evaluation();
+  const std::int16_t leg = first == last ? editor.LegAt(last).value_or(0) : std::int16_t{0};
+  set.leg = leg > 0 && editor.LastRowOf(leg) == last ? leg : std::int16_t{0};
   services_.view.StateChanged(document);
 }
 

@@ -11,7 +11,7 @@
 namespace tav {
 
 /// What the windows of the plans show beside the plans themselves, by document. It stays when a plan is computed anew,
-/// but for the mark on its rows, which are others then.
+/// but for the mark on its rows, which are others then; a mark on the end of a leg stays with the leg.
 class PlanLooks {
  public:
   explicit PlanLooks(const MainServices& services) : services_(services) {}
@@ -38,7 +38,8 @@ class PlanLooks {
  private:
   struct Set {
     std::pair<std::int16_t, std::int16_t> selected{0, 0};
-    int evaluation = 0;  ///< of the rows that are selected
+    int evaluation = 0;    ///< of the rows that are selected
+    std::int16_t leg = 0;  ///< that ends with the selected row; 0 for none
     std::vector<PlotPoint> overlay;
     std::string asBefore;
   };
@@ -47,7 +48,7 @@ class PlanLooks {
   const MainServices& services_;
   std::map<std::int16_t, Set> set_;
   std::vector<Kept> kept_;
-  bool fitPlan_ = false;
+  bool fitPlan_ = true;
   GraphExtras extras_;
 };
 

@@ -10,7 +10,7 @@ constexpr const char* kFitPlan = "FitPlan";  // the setting
 }  // namespace
 
 ViewSwitches::ViewSwitches(SettingsStore& settings, PlanLooks& looks, std::vector<Extra> extras, MenuItem& fit,
-                           ToolButton& fitTool)
+                           ToolButton& fitTool, const std::function<bool()>& resetZoom)
     : settings_(settings), looks_(looks), extras_(std::move(extras)), fit_(fit), fitTool_(fitTool) {
   for (const Extra& extra : extras_) {
     extra.item.Click = [this, extra] {
@@ -19,7 +19,8 @@ ViewSwitches::ViewSwitches(SettingsStore& settings, PlanLooks& looks, std::vecto
       ShowExtras();
     };
   }
-  fit_.Click = fitTool_.Click = [this] {
+  fit_.Click = fitTool_.Click = [this, resetZoom] {
+    if (fit_.Checked && resetZoom()) return;
     FitPlan(!fit_.Checked);
     Keep(kFitPlan, fit_.Checked);
   };
@@ -32,7 +33,7 @@ void ViewSwitches::Load() {
     extra.item.Checked = stored == "On" || (stored != "Off" && usual.*extra.shown);
   }
   ShowExtras();
-  FitPlan(settings_.ReadSetting("Settings", kFitPlan) == "On");
+  FitPlan(settings_.ReadSetting("Settings", kFitPlan) != "Off");
 }
 
 void ViewSwitches::ShowExtras() {

@@ -18,8 +18,9 @@ class ViewSwitches {
     const char* setting;
   };
 
-  ViewSwitches(SettingsStore& settings, PlanLooks& looks, std::vector<Extra> extras, MenuItem& fit,
-               ToolButton& fitTool);
+  /// `resetZoom` shows all of the graph in front; false when all of it is shown.
+  ViewSwitches(SettingsStore& settings, PlanLooks& looks, std::vector<Extra> extras, MenuItem& fit, ToolButton& fitTool,
+               const std::function<bool()>& resetZoom);
 
   /// Sets the switches as they were left.
   void Load();

@@ -79,12 +79,13 @@ void Run(const Given& given, CommandFrame& frame) {
   const PlannedDive dive = plan.Planned(number);
   const auto moments = dive.Moments();
   const auto notice = NoticeOf(dive.plan.rows, dive.plan.end.Decompresses);
-  const PlanPicture picture(
-      {dive.plan.rows, dive.record.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""});
-  SvgSurface surface = SurfaceOf(width, height, given.tissues);
   GraphExtras extras;
   extras.tissues = given.tissues;
-  picture.Draw(surface, extras);
+  const PlanPicture picture(
+      {dive.plan.rows, dive.record.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""},
+      extras);
+  SvgSurface surface = SurfaceOf(width, height, given.tissues);
+  picture.Draw(surface);
   std::string title = std::filesystem::path(given.file).stem().string();
   if (plan.Dives() > 1) {
     title = texts.Filled(Text::HeadDiveOf, {title, std::to_string(number + 1), std::to_string(plan.Dives())});

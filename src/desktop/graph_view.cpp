@@ -6,7 +6,6 @@
 #include "app/program.h"
 #include "desktop/qt_text.h"
 #include "desktop/surface_widget.h"
-#include "desktop/text_colour.h"
 #include "model/text_id.h"
 #include "picture/graph_colours.h"
 #include "picture/svg_surface.h"
@@ -23,12 +22,13 @@ QRect PixelRect(const GraphRect& rect) {
   return {Pixels(rect.left), Pixels(rect.top), Pixels(rect.width), Pixels(rect.height)};
 }
 
-QLabel* Caption(QWidget* parent, Colour colour) {
+/// A label over the graph, hidden at first, which the pointer goes through.
+QLabel* Notice(QWidget* parent, const char* name, const char* style) {
   auto* label = new QLabel(parent);
-  QPalette palette = label->palette();
-  palette.setColor(QPalette::WindowText, ColourOf(colour));
-  label->setPalette(palette);
-  label->setFont(SurfaceFont(false));
+  label->setObjectName(QLatin1String(name));
+  label->setStyleSheet(QLatin1String(style));
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  label->hide();
   return label;
 }
 
@@ -45,42 +45,22 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
       bars_(new SurfaceWidget(this)),
       tissues_(new SurfaceWidget(this)),
       scrollBar_(new QScrollBar(Qt::Horizontal, this)),
-      time_(Caption(container_, kBlack)),
-      depth_(Caption(container_, kBlack)),
-      ceiling_(Caption(container_, kBlack)),
-      ceilingNumber_(Caption(container_, kBlack)),
-      readOut_(new QLabel(grid_)),
-      asBefore_(new QLabel(this)),
-      notice_(new QLabel(this)),
+      readOut_(Notice(grid_, "Text1", "background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px")),
+      asBefore_(Notice(this, "asBefore",
+                       "background: rgba(208, 208, 208, 200); color: black; font-weight: bold; padding: 6px")),
+      notice_(Notice(this, "notice", "background: #b00020; color: white; font-weight: bold; padding: 6px")),
       secondClick_(new QTimer(this)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(ToQt(forms.Services().texts.GetResString(Text::GraphPlan)));
   setMinimumSize(200, 160);
-  QPalette palette = this->palette();
-  palette.setColor(QPalette::Window, ColourOf(graph::kBackground));
-  setPalette(palette);
   setAutoFillBackground(true);
   grid_->setMouseTracking(true);
   grid_->installEventFilter(this);
-  depth_->setAlignment(Qt::AlignHCenter);
-  ceilingNumber_->setFont(SurfaceFont(true));
-  ceilingNumber_->setObjectName(QStringLiteral("lbCeilingNumber"));
-  readOut_->setObjectName(QStringLiteral("Text1"));
-  readOut_->setStyleSheet(QStringLiteral("background: #ffffe1; color: black; border: 1px solid #606060; padding: 2px"));
-  readOut_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  readOut_->hide();
-  asBefore_->setObjectName(QStringLiteral("asBefore"));
-  asBefore_->setStyleSheet(
-      QStringLiteral("background: rgba(208, 208, 208, 200); color: black; font-weight: bold; padding: 6px"));
   asBefore_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  asBefore_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  asBefore_->hide();
-  notice_->setObjectName(QStringLiteral("notice"));
-  notice_->setStyleSheet(QStringLiteral("background: #b00020; color: white; font-weight: bold; padding: 6px"));
   notice_->setWordWrap(true);
-  notice_->hide();
   graph_.rowRemark = actions_.rowRemark;
   graph_.leaving = [this](Single time) { return plan_.LeavingAt(time); };
+  graph_.legs = actions_.legs.get();
   tissues_->setObjectName(QStringLiteral("pbTissues"));
   secondClick_->setSingleShot(true);
   connect(secondClick_, &QTimer::timeout, this, [this] {
@@ -89,17 +69,7 @@ GraphView::GraphView(DocumentForms& forms, std::int16_t document, Actions action
   scrollBar_->setFocusPolicy(Qt::NoFocus);  // the keys of the view move it
   connect(scrollBar_, &QScrollBar::valueChanged, this, &GraphView::Redraw);
   for (SurfaceWidget* surface : {container_, grid_, bars_, tissues_}) surface->RedrawWanted = [this] { Redraw(); };
-  NameAxes();
   LayOut();
-}
-
-void GraphView::NameAxes() {
-  const TextSource& texts = forms_.Services().texts;
-  time_->setText(ToQt(texts.GetResString(Text::GraphRunTime)));
-  ceiling_->setText(ToQt(texts.GetResString(Text::GraphCeiling)));
-  QStringList letters;
-  for (const std::string& letter : PlanPicture(plan_()).DepthLetters()) letters << ToQt(letter);
-  depth_->setText(letters.join(QLatin1Char('\n')));
 }
 
 void GraphView::LayOut() {
@@ -119,15 +89,6 @@ void GraphView::LayOut() {
   scrollBar_->setPageStep(Pixels(layout.largeChange));
   scrollBar_->setSingleStep(Pixels(layout.smallChange));
 
-  const int top = Pixels(100);
-  time_->adjustSize();
-  time_->move(container_->width() / 2, top);
-  ceiling_->adjustSize();
-  ceiling_->move(Pixels(150), top);
-  ceilingNumber_->adjustSize();
-  ceilingNumber_->move(ceiling_->geometry().right() + fontMetrics().horizontalAdvance(QLatin1Char(' ')), top);
-  depth_->adjustSize();
-  depth_->move(1, grid_->y() + std::max(0, (grid_->height() - depth_->height()) / 2));
   asBefore_->setGeometry(rect());
   asBefore_->raise();
   const int noticeHeight = notice_->heightForWidth(width());
@@ -142,10 +103,17 @@ void GraphView::Redraw() {
   grid_->Flush();
   bars_->Flush();
   if (shown_.extras.tissues) {
-    PlanPicture(plan_()).DrawTissues(tissues_->Surface(), graph_.Scale(), scrollBar_->value() * kUnitsPerPixel);
+    PlanPicture(plan_(), shown_.extras)
+        .DrawTissues(tissues_->Surface(), graph_.Scale(), scrollBar_->value() * kUnitsPerPixel);
     tissues_->Flush();
   }
   setAccessibleDescription(ToQt(PlanPicture(plan_()).Description()));
+}
+
+void GraphView::EditRow(std::int16_t row) {
+  secondClick_->stop();
+  clicked_.reset();
+  if (actions_.editRow) actions_.editRow(row);
 }
 
 void GraphView::ViewRow(std::int16_t row) {
@@ -161,6 +129,9 @@ void GraphView::Follow(const PlanLook& look) {
   }
   shown_.fitPlan = look.fitPlan;
   shown_.extras = look.extras;
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, ColourOf(graph::SchemeOf(shown_.extras.light).around));
+  setPalette(colours);
   graph_.SetOverlay(look.overlay);
   graph_.SetKept(look.kept);
   graph_.SelectRows(look.selected.first, look.selected.second);
@@ -168,7 +139,6 @@ void GraphView::Follow(const PlanLook& look) {
   notice_->setVisible(!look.notice.empty());
   asBefore_->setText(ToQt(look.asBefore));
   asBefore_->setVisible(!look.asBefore.empty());
-  NameAxes();
   const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
   if (const auto span = graph_.SelectedSpan()) {
@@ -200,18 +170,6 @@ void GraphView::ShowReadOut(double x, double y, const std::string& text) {
 
 void GraphView::HideReadOut() { readOut_->hide(); }
 
-void GraphView::ShowCeiling(const std::string& text, Colour colour) {
-  ceilingNumber_->setText(ToQt(text));
-  QPalette palette = ceilingNumber_->palette();
-  palette.setColor(QPalette::WindowText, ColourOf(colour));
-  // Yellow can't be read on the grey around the plot.
-  const bool faint = Contrast(ColourOf(colour), ColourOf(graph::kBackground)) < kReadable;
-  palette.setColor(QPalette::Window, ColourOf(faint ? kBlack : graph::kBackground));
-  ceilingNumber_->setAutoFillBackground(faint);
-  ceilingNumber_->setPalette(palette);
-  ceilingNumber_->adjustSize();
-}
-
 void GraphView::ShowCross(bool cross) { grid_->setCursor(cross ? Qt::CrossCursor : Qt::ArrowCursor); }
 
 void GraphView::NewWaypoint(Single depth, Single segmentTime) {
@@ -234,21 +192,23 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
       graph_.MouseLeave(grid_->Surface());
       grid_->Flush();
       return false;
-    case QEvent::MouseButtonDblClick:
-      secondClick_->stop();
-      if (const auto row = std::exchange(clicked_, std::nullopt)) {
-        actions_.editRow(*row);
-      } else {
-        GridMouse(event);
-      }
+    case QEvent::MouseButtonDblClick: {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      if (mouse->button() != Qt::LeftButton) return true;
+      const ScreenPoint at = OnPlot(mouse->position());
+      const auto row = std::exchange(clicked_, std::nullopt);
+      row ? EditRow(*row) : graph_.DoubleClick(at.x, at.y, grid_->Surface());
+      grid_->Flush();
       return true;
+    }
     case QEvent::Wheel: {
       auto* wheel = static_cast<QWheelEvent*>(event);
-      if ((wheel->modifiers() & Qt::ControlModifier) == 0) {
+      const QPoint turned = wheel->angleDelta();
+      if ((wheel->modifiers() & Qt::ShiftModifier) != 0 || std::abs(turned.x()) > std::abs(turned.y())) {
         scrollBar_->event(event);
       } else {
         constexpr double kNotch = 120;
-        Zoom(std::pow(kZoomStep, wheel->angleDelta().y() / kNotch), wheel->position().x());
+        Zoom(std::pow(kZoomStep, turned.y() / kNotch), wheel->position().x());
       }
       return true;
     }
@@ -270,8 +230,7 @@ void GraphView::GridMouse(QEvent* event) {
   auto* mouse = static_cast<QMouseEvent*>(event);
   const ScreenPoint at = OnPlot(mouse->position());
   if (event->type() == QEvent::MouseMove) {
-    graph_.MouseMove(at.x, at.y, (width() + scrollBar_->value()) * kUnitsPerPixel, grid_->Surface());
-    grid_->Flush();
+    PointTo(mouse->position(), (mouse->modifiers() & Qt::ShiftModifier) != 0);
   } else if (event->type() == QEvent::MouseButtonRelease) {
     if (mouse->button() == Qt::LeftButton) graph_.MouseUp(grid_->Surface());
   } else if (mouse->button() == Qt::LeftButton || mouse->button() == Qt::RightButton) {
@@ -279,6 +238,12 @@ void GraphView::GridMouse(QEvent* event) {
     graph_.MouseDown(mouse->button() == Qt::RightButton, at.x, at.y, grid_->Surface());
     if (graph_.Dragging()) grid_->Flush();
   }
+}
+
+void GraphView::PointTo(QPointF position, bool wayOut) {
+  const ScreenPoint at = OnPlot(position);
+  graph_.MouseMove(at.x, at.y, (width() + scrollBar_->value()) * kUnitsPerPixel, grid_->Surface(), wayOut);
+  grid_->Flush();
 }
 
 void GraphView::Zoom(double factor, double atPixel) {
@@ -293,19 +258,37 @@ void GraphView::Zoom(double factor, double atPixel) {
   Redraw();
 }
 
-void GraphView::Show(const PlotView& shown) {
-  shown_ = shown;
+bool GraphView::ResetZoom() {
+  if (shown_.timeZoom == 1 && scrollBar_->value() == 0) return false;
+  shown_.timeZoom = 1;
   const QSignalBlocker oneRedraw(scrollBar_);
   LayOut();
   scrollBar_->setValue(0);
   Redraw();
+  return true;
 }
 
-void GraphView::ResetZoom() { Show({1, shown_.fitPlan, shown_.extras}); }
+bool GraphView::WaypointKey(const QKeyEvent& event) {
+  if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+  const auto direction = [&](int back, int on) { return event.key() == back ? -1 : event.key() == on ? 1 : 0; };
+  if (const int by = direction(Qt::Key_Left, Qt::Key_Right)) return graph_.Nudge(0, by);
+  if (const int by = direction(Qt::Key_Up, Qt::Key_Down)) return graph_.Nudge(by, 0);
+  if (const int by = direction(Qt::Key_PageUp, Qt::Key_PageDown)) return graph_.SelectNext(by);
+  return event.key() == Qt::Key_Delete && graph_.RemoveSelected();
+}
+
+void GraphView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Shift || !grid_->underMouse()) return QWidget::keyReleaseEvent(event);
+  PointTo(grid_->mapFromGlobal(QCursor::pos()), false);
+}
 
 void GraphView::keyPressEvent(QKeyEvent* event) {
   const double middle = grid_->width() / 2.0;
+  if (WaypointKey(*event)) return;
   switch (event->key()) {
+    case Qt::Key_Shift:
+      if (grid_->underMouse()) PointTo(grid_->mapFromGlobal(QCursor::pos()), true);
+      break;
     case Qt::Key_Left:
       scrollBar_->triggerAction(QAbstractSlider::SliderSingleStepSub);
       break;
@@ -339,8 +322,18 @@ void GraphView::keyPressEvent(QKeyEvent* event) {
       ShowPopup();
       break;
     case Qt::Key_Escape:
-      graph_.CancelDrag(grid_->Surface());
+      if (graph_.Dragging() || !actions_.legs) {
+        graph_.CancelDrag(grid_->Surface());
+      } else {
+        graph_.MouseLeave(grid_->Surface());
+        HideReadOut();
+        actions_.legs->Select(0);
+      }
       grid_->Flush();
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (const auto row = graph_.SelectedWaypoint()) EditRow(*row);
       break;
     default:
       QWidget::keyPressEvent(event);
@@ -366,7 +359,7 @@ bool GraphView::ExportPng(const QString& file) {
   {
     QPainter painter(&image);
     PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    PlanPicture(plan_()).Draw(surface, shown_.extras);
+    PlanPicture(plan_(), shown_.extras).Draw(surface);
   }
   QSaveFile out(file);
   return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
@@ -375,7 +368,7 @@ bool GraphView::ExportPng(const QString& file) {
 bool GraphView::ExportSvg(const QString& file) {
   const QSize size = PictureSize();
   SvgSurface surface(size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-  PlanPicture(plan_()).Draw(surface, shown_.extras);
+  PlanPicture(plan_(), shown_.extras).Draw(surface);
   const QByteArray svg = QByteArray::fromStdString(
       surface.File(FromQt(accessibleName()), FromQt(accessibleDescription()), SvgSurface::Unit::Pixel));
   QSaveFile out(file);
@@ -389,7 +382,7 @@ GraphView* MakeGraphView(Program& program, std::int16_t document) {
                         [&main](std::int16_t row) { main.Dialogs().ViewRow(row); }, [&main] { main.PopupGraphMenu(); },
                         [&main, document](std::int16_t row) { return main.Reports().WhyStop(document, row); },
                         [&main](std::int16_t row) { return main.Panes().LegEndingAt(row).has_value(); },
-                        [&main](std::int16_t row) { main.Panes().EditLegOf(row); }},
+                        [&main](std::int16_t row) { main.Panes().EditLegOf(row); }, main.GraphEditsOf(document)},
                        program.Separators());
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "app/document_plan.h"
@@ -31,6 +32,7 @@ class GraphView : public QWidget, public GraphWindow {
     /// Whether a row is the end of a leg, so that a second click edits it.
     std::function<bool(std::int16_t row)> endsLeg = {};
     std::function<void(std::int16_t row)> editRow = {};
+    std::unique_ptr<GraphLegs> legs = {};  ///< what may be done to the legs
   };
 
   GraphView(DocumentForms& forms, std::int16_t document, Actions actions, LocaleSeparators separators = {});
@@ -38,7 +40,8 @@ class GraphView : public QWidget, public GraphWindow {
   void Redraw();
   /// Draws the plan anew with what else is to be shown, the marked rows brought into sight.
   void Follow(const PlanLook& look);
-  void ResetZoom();
+  /// Shows all of it. False when all of it is shown.
+  bool ResetZoom();
   /// The whole graph as a picture. False when the file could not be written.
   bool ExportPng(const QString& file);
   bool ExportSvg(const QString& file);
@@ -46,28 +49,30 @@ class GraphView : public QWidget, public GraphWindow {
   // GraphWindow
   void ShowReadOut(double x, double y, const std::string& text) override;
   void HideReadOut() override;
-  void ShowCeiling(const std::string& text, Colour colour) override;
   void ShowCross(bool cross) override;
   void ShowPopup() override { actions_.popup(); }
   void MarkModified() override { forms_(document_).MarkModified(); }
   void NewWaypoint(Single depth, Single segmentTime) override;
   void ViewRow(std::int16_t row) override;
+  void EditRow(std::int16_t row) override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// Units or texts of the axes may have changed.
-  void NameAxes();
   void LayOut();
-  void Show(const PlotView& shown);
   [[nodiscard]] ScreenPoint OnPlot(QPointF position) const;
   void GridMouse(QEvent* event);
   /// Stretches the time; what lies at that pixel of the view of the plot stays there.
   void Zoom(double factor, double atPixel);
+  /// Keys that work on the selected waypoint. False for others, and without one.
+  bool WaypointKey(const QKeyEvent& event);
+  /// The pointer has moved, or Shift has gone down or up.
+  void PointTo(QPointF position, bool wayOut);
   [[nodiscard]] QSize PictureSize() const;
 
   DocumentForms& forms_;
@@ -82,10 +87,6 @@ class GraphView : public QWidget, public GraphWindow {
   SurfaceWidget* bars_;
   SurfaceWidget* tissues_;
   QScrollBar* scrollBar_;
-  QLabel* time_;
-  QLabel* depth_;
-  QLabel* ceiling_;
-  QLabel* ceilingNumber_;
   QLabel* readOut_;
   QLabel* asBefore_;
   QLabel* notice_;

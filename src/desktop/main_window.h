@@ -41,7 +41,7 @@ class MainWindow : public QMainWindow, public MainView {
   void PlacePanes() override;
   void StateChanged(std::int16_t document) override;
   void Arrange(Arrangement arrangement) override;
-  void ResetZoom(std::int16_t document) override;
+  bool ResetZoom(std::int16_t document) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
 
  protected:

@@ -146,7 +146,7 @@ void MainWindow::Tile(bool rows) {
   }
 }
 
-void MainWindow::ResetZoom(std::int16_t document) { Of(document).graph->ResetZoom(); }
+bool MainWindow::ResetZoom(std::int16_t document) { return Of(document).graph->ResetZoom(); }
 
 bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {
   GraphView& graph = *Of(document).graph;

@@ -58,19 +58,25 @@ void LegEntry::OpenCell() {
   formerInForce_ = isInForce_;
 }
 
-void LegEntry::Type(int line, LegTable::Field field, const std::string& text) {
+void LegEntry::Retry(const std::function<void(LegTable&)>& change) {
   // Each text is a change of the rows as they were before the cell was opened,
   // so that typing back is no change.
   table_ = former_.value();
-  auto row = RowOf(line);
-  if (!row && !TrimBlanks(text).empty()) {
-    row = table_.EndOfLegs();
-    table_.Insert(*row);
-  }
-  openRow_ = row.value_or(table_.EndOfLegs());
-  openField_ = field;
-  if (row) table_.Set(*row, openField_, text);
+  change(table_);
   Try();
+}
+
+void LegEntry::Type(int line, LegTable::Field field, const std::string& text) {
+  openField_ = field;
+  Retry([&](LegTable& table) {
+    auto row = RowOf(line);
+    if (!row && !TrimBlanks(text).empty()) {
+      row = table.EndOfLegs();
+      table.Insert(*row);
+    }
+    openRow_ = row.value_or(table.EndOfLegs());
+    if (row) table.Set(*row, openField_, text);
+  });
 }
 
 void LegEntry::Restore() {
@@ -107,7 +113,7 @@ std::string LegEntry::Change(const std::function<void(LegTable&)>& change, bool 
   change(table_);
   const bool complete = table_.Faults(texts_).empty();
   if (Try() || !(whole || complete)) return {};
-  std::string reason = faults_.empty() ? planFault_ : faults_.front().reason;
+  std::string reason = Reason();
   trial_.Drop();
   Put(std::move(before), wasInForce);
   return reason;

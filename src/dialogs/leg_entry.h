@@ -25,6 +25,8 @@ class LegEntry : protected FormTexts {
   [[nodiscard]] const std::vector<LegTable::Fault>& Faults() const { return faults_; }
   /// Why the plan does not have the rows; empty when it has.
   [[nodiscard]] std::string Refusal() const;
+  /// The same without the number of the leg.
+  [[nodiscard]] std::string Reason() const { return faults_.empty() ? planFault_ : faults_.front().reason; }
   [[nodiscard]] std::string FaultLine(const LegTable::Fault& fault) const;
   /// The row of a line; nothing for the head and the empty line.
   [[nodiscard]] std::optional<int> RowOf(int line) const;
@@ -39,6 +41,8 @@ class LegEntry : protected FormTexts {
 
   [[nodiscard]] bool CellIsOpen() const { return former_.has_value(); }
   void OpenCell();
+  /// Tries a change of the rows as they were before the cell was opened.
+  void Retry(const std::function<void(LegTable&)>& change);
   /// Tries a text of the open cell.
   void Type(int line, LegTable::Field field, const std::string& text);
   void CloseCell() { former_.reset(); }

@@ -38,6 +38,7 @@ void PlanEntry::Reload() {
 
 void PlanEntry::Finish() {
   if (!trial_.Running() || finishing_) return;
+  if (moving_) return EndMove(true);
   finishing_ = true;
   if (legs_.CellIsOpen() && !legs_.IsInForce()) {
     if (const auto refused = legs_.PutCellBack()) {
@@ -119,6 +120,29 @@ bool PlanEntry::Change(const std::function<void(LegTable&)>& change, bool whole)
   }
   services_.entered(*document_);
   return false;
+}
+
+bool PlanEntry::BeginMove() {
+  if (!IsFree()) return false;
+  Finish();
+  Forget();
+  if (!legs_.IsInForce()) return false;
+  trial_.Begin(*document_);
+  legs_.OpenCell();
+  moving_ = true;
+  return true;
+}
+
+std::string PlanEntry::Move(const std::function<void(LegTable&)>& change) {
+  if (!moving_) return {};
+  Try([&] { legs_.Retry(change); });
+  Changed();
+  return legs_.Reason();
+}
+
+void PlanEntry::EndMove(bool keep) {
+  if (!std::exchange(moving_, false)) return;
+  keep&& legs_.IsInForce() ? Finish() : RestoreCell();
 }
 
 void PlanEntry::TypeSetting(const std::string& text, const std::string& fault,

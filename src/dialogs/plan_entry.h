@@ -69,6 +69,15 @@ class PlanEntry : protected FormTexts {
   /// when the rows have changed.
   bool Change(const std::function<void(LegTable&)>& change, bool whole = false);
 
+  /// A waypoint is moved about in the graph, a trial until it rests: each place
+  /// is a change of the rows as they were when the move began. False while the
+  /// plan can't be changed.
+  bool BeginMove();
+  /// Why the plan does not take it; empty when it has, and after the move.
+  std::string Move(const std::function<void(LegTable&)>& change);
+  /// Keeps the place that is in force, or brings the former plan back.
+  void EndMove(bool keep);
+
   /// Tries a setting whose field holds this text. One with a fault is refused,
   /// whatever the change makes of it.
   void TypeSetting(const std::string& text, const std::string& fault, const std::function<void(DiveTemplate&)>& change);
@@ -107,6 +116,7 @@ class PlanEntry : protected FormTexts {
   ClassUseractions inForce_;              ///< the actions of the plan when the rows were
                                           ///< last in line with them
   bool trying_ = false;
+  bool moving_ = false;
   bool finishing_ = false;                         ///< what is entered is being stored
   std::string settingText_;                        ///< what is typed in a setting and refused
   std::string settingFault_;                       ///< why

@@ -43,6 +43,8 @@ class frmPlanPane : public PaneForm {
   void SelectRow(std::int16_t row) override;
   void TakeFocus() override;
   void Finish() override { entry_.Finish(); }
+  /// For edits of the legs that are made elsewhere.
+  PlanEntry& Entry() { return entry_; }
   /// Opens the depth of a leg, by the number of its action.
   void EditLeg(std::int16_t action) { legs.EditLeg(action); }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "picture/compartment_bars.h"
 #include "picture/profile_plot.h"
 
 namespace tav {
@@ -35,19 +36,19 @@ struct GraphLayout {
 
 /// The layout of a window of that size, with a scroll bar of that height.
 inline GraphLayout LayOutGraph(double width, double height, double scrollBarHeight, const PlotView& view) {
-  constexpr double kLowestBars = 1200;  // with less, nobody reads a load off them
-  const double forBars = height / 4 - 300;
+  constexpr double kLowest = 6000;  // in a lower window nobody reads a load off the bars
+  const double forBars = HeightOfBars(height);
   constexpr double kLowestMap = 1600;
   constexpr double kRoomForBoth = 8000;
   const double map = view.extras.tissues ? std::max(height / 4, std::min(kLowestMap, height / 2)) : 0;
-  const bool bars = forBars >= kLowestBars && (map == 0 || height >= kRoomForBoth);
-  const double plotHeight = (bars ? 3 * height / 4 : height) - map;
+  const bool bars = height >= kLowest && (map == 0 || height >= kRoomForBoth);
+  const double plotHeight = height - (bars ? forBars : 0) - map;
   const double panesTop = plotHeight - (bars || map > 0 ? 45 : 0);
   GraphLayout layout;
   layout.mainContainer = {0, 0, width > 20 ? width - 20 : width, plotHeight};
   layout.axisContainer = {kPlotPlaceX, kPlotPlaceY, width, height};
   // The bars begin where the scroll bar ends, so that their title is not covered.
-  layout.compartments = {0, panesTop + map, width - 100, bars ? forBars : 0};
+  layout.compartments = {0, panesTop + map, width - 100, bars ? height - panesTop - map : 0};
   layout.tissues = {0, panesTop, layout.mainContainer.width, map};
   layout.scrollBar = {0, panesTop - scrollBarHeight, width > 60 ? width - 60 : 0, scrollBarHeight};
   // As high as what is seen of it, so that all of its depths can be dragged to.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "picture/graph_colours.h"
-
 namespace tav {
 
 std::vector<PlotPoint> LineOf(const ClassProfile& rows) {
@@ -51,30 +49,23 @@ void DrawDashed(DrawingSurface& grid, const GraphScale& scale, const std::vector
 
 }  // namespace
 
-void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line) {
-  DrawDashed(grid, scale, line, {120, 75, graph::kOverlay});
+void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line, Colour colour) {
+  DrawDashed(grid, scale, line, {120, 75, colour});
 }
 
-void DrawKeptLines(DrawingSurface& grid, const GraphScale& scale, const std::vector<KeptLine>& kept) {
+void DrawDottedLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line, Colour colour) {
+  DrawDashed(grid, scale, line, {30, 45, colour});
+}
+
+void DrawKeptLines(DrawingSurface& grid, const GraphScale& scale, const std::vector<KeptLine>& kept,
+                   const graph::Scheme& colours) {
   double x = scale.PlotLeft + 100;
   for (std::size_t i = 0; i < kept.size(); ++i) {
-    const Colour colour = graph::kKept[i % graph::kKept.size()];
+    const Colour colour = colours.kept[i % colours.kept.size()];
     DrawDashed(grid, scale, kept[i].line, {60, 60, colour});
     grid.Text(x, scale.PlotBottom, kept[i].name, colour);
     x += grid.TextWidth(kept[i].name) + 300;
   }
-}
-
-ProfilePlot::Reach Including(const std::vector<PlotPoint>& points, const ClassProfile& rows, ProfilePlot::Reach reach) {
-  double time = LargestTime(rows, reach.least);
-  double depth = LargestDepth(rows, reach.least);
-  const double ownTime = time;
-  const double ownDepth = depth;
-  for (const PlotPoint& point : points) {
-    time = std::max(time, double{point.runTime});
-    depth = std::max(depth, double{point.depth});
-  }
-  return {reach.time * time / ownTime, reach.depth * depth / ownDepth, reach.least};
 }
 
 }  // namespace tav

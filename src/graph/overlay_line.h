@@ -9,15 +9,6 @@
 
 namespace tav {
 
-/// A place in a plot of depth over run time.
-struct PlotPoint {
-  Single runTime;  ///< minutes
-  Single depth;    ///< depth units
-  friend bool operator==(const PlotPoint& a, const PlotPoint& b) {
-    return a.runTime == b.runTime && a.depth == b.depth;
-  }
-};
-
 /// The rows of a dive; empty without any behind the start.
 std::vector<PlotPoint> LineOf(const ClassProfile& rows);
 
@@ -28,13 +19,13 @@ struct KeptLine {
   friend bool operator==(const KeptLine&, const KeptLine&) = default;
 };
 
-/// Draws a line over a plot in dashes of its own colour.
-void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line);
+/// Draws a line over a plot in dashes.
+void DrawOverlayLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line, Colour colour);
+/// The same in dots.
+void DrawDottedLine(DrawingSurface& grid, const GraphScale& scale, const std::vector<PlotPoint>& line, Colour colour);
 /// Draws plans behind the one of a plot in finer dashes, each in a muted colour of its own, with their names in these
 /// colours in a row below the plot. The colours repeat after the last one.
-void DrawKeptLines(DrawingSurface& grid, const GraphScale& scale, const std::vector<KeptLine>& kept);
-
-/// How far a plot must reach for points beside its rows.
-ProfilePlot::Reach Including(const std::vector<PlotPoint>& points, const ClassProfile& rows, ProfilePlot::Reach reach);
+void DrawKeptLines(DrawingSurface& grid, const GraphScale& scale, const std::vector<KeptLine>& kept,
+                   const graph::Scheme& colours);
 
 }  // namespace tav

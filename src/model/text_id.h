@@ -1332,5 +1332,10 @@ constexpr int SettingsOfNewPlans = 8835;
 constexpr int MenuCommandSearch = 8836;
 constexpr int SearchHint = 8837;
 constexpr int CommandSearchNone = 8838;
+// The graph
+constexpr int MenuViewLight = 8711;
+constexpr int GraphMoveHint = 8712;
+constexpr int GraphLegAfter = 8713;
+constexpr int GraphShiftHint = 8714;
 
 }  // namespace tav::Text

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "picture/graph_colours.h"
-
 namespace tav {
 namespace {
 
@@ -71,15 +69,16 @@ std::vector<std::vector<SurfacePoint>> CeilingCurves(const std::vector<DiveMomen
   return curves;
 }
 
-void DrawCeiling(DrawingSurface& surface, const std::vector<DiveMoment>& moments, const GraphScale& scale) {
+void DrawCeiling(DrawingSurface& surface, const std::vector<DiveMoment>& moments, const GraphScale& scale,
+                 const graph::Scheme& colours) {
   const double top = scale.WorldToScreen(0, 0).y;
   for (const std::vector<SurfacePoint>& curve : CeilingCurves(moments, scale)) {
     std::vector<SurfacePoint> area = curve;
     area.push_back({curve.back().x, top});
     area.push_back({curve.front().x, top});
-    surface.FilledPolygon(area, graph::kCeilingShade);
+    surface.FilledPolygon(area, colours.ceilingShade);
     for (std::size_t i = 1; i < curve.size(); ++i) {
-      surface.Line(curve[i - 1].x, curve[i - 1].y, curve[i].x, curve[i].y, graph::kCeilingLine,
+      surface.Line(curve[i - 1].x, curve[i - 1].y, curve[i].x, curve[i].y, colours.ceilingLine,
                    DrawingSurface::LineStyle::Thick);
     }
   }

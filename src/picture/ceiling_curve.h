@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "engine/dive_moment.h"
+#include "picture/graph_colours.h"
 #include "picture/graph_scale.h"
 #include "platform/drawing_surface.h"
 
@@ -13,6 +14,7 @@ namespace tav {
 std::vector<std::vector<SurfacePoint>> CeilingCurves(const std::vector<DiveMoment>& moments, const GraphScale& scale);
 
 /// Shades the depths above the ceiling, with a line along it.
-void DrawCeiling(DrawingSurface& surface, const std::vector<DiveMoment>& moments, const GraphScale& scale);
+void DrawCeiling(DrawingSurface& surface, const std::vector<DiveMoment>& moments, const GraphScale& scale,
+                 const graph::Scheme& colours);
 
 }  // namespace tav

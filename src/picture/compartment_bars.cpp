@@ -15,14 +15,15 @@ constexpr double kNumberUp = 500;  // of the percentages above the lower edge
 
 }  // namespace
 
-void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, const std::string& title) {
+void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, const std::string& title, Colour around) {
   const double height = surface.Height();
   const double width = surface.Width();
   const double column = width / 20;
   const double bottom = height - kBottom;
   const double roomForNumber = width / kCompartments - 80;  // a narrow window shows the bars alone
-  const double unit = (height - kTop - kBottom) / 3;
-  surface.Clear(graph::kBackground);
+  const double highest = std::clamp(std::ceil(*std::ranges::max_element(loads)), 1.0, 3.0);
+  const double unit = (height - kTop - kBottom) / highest;
+  surface.Clear(around);
   surface.Text(width / 2 - 510, 0, title, kBlack, true);
   for (std::size_t k = 0; k < kCompartments; ++k) {
     const double x = std::nearbyint(static_cast<double>(k) * width / kCompartments);
@@ -44,6 +45,10 @@ void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, con
     number(x + 80, height - kNumberUp, FormatFixed(Single(load * 100), 0));
     number((column + 2 * x - 300) / 2 + 100, height - 250, std::to_string(k + 1));
   }
+  const double limit = bottom - unit;
+  surface.Line(0, limit, width, limit, kRed, DrawingSurface::LineStyle::Dotted);
+  const std::string percent = "100 %";
+  surface.Text(width - surface.TextWidth(percent), limit - surface.TextHeight(), percent, kBlack);
 }
 
 }  // namespace tav

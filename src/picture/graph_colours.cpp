@@ -4,18 +4,18 @@
 
 namespace tav::graph {
 
-Colour OfStatus(std::int16_t status) {
+Colour Scheme::OfStatus(std::int16_t status) const {
   switch (status) {
     case RowStatus::kLeg:
-      return kWhite;
+      return leg;
     case RowStatus::kDescentBand:
-      return kRed;
+      return descentBand;
     case RowStatus::kAscentBand:
-      return kYellow;
+      return ascentBand;
     case RowStatus::kStop:
-      return kBlue;
+      return stop;
     default:
-      return kGreen;
+      return other;
   }
 }
 

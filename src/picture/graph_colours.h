@@ -15,16 +15,50 @@ constexpr Colour kYellow = RGB(255, 255, 0);
 constexpr Colour kGreen = RGB(0, 255, 0);
 constexpr Colour kBlue = RGB(0, 0, 255);
 constexpr Colour kOrange = RGB(255, 128, 64);
-constexpr Colour kStopOutline = RGB(150, 190, 255);
-constexpr Colour kCeilingShade = RGB(84, 40, 8);
-constexpr Colour kCeilingLine = RGB(240, 140, 60);
-constexpr Colour kLabel = RGB(216, 216, 216);
-constexpr Colour kOverlay = RGB(0, 224, 255);
-/// Of plans that are kept for comparison, one after another: they can be read on black and on the grey around the plot.
-inline constexpr std::array kKept{RGB(150, 190, 220), RGB(220, 180, 140), RGB(170, 210, 160), RGB(210, 170, 210)};
 constexpr Colour kNotice = RGB(176, 0, 32);
 
-/// The colour of a row by its `Status`.
-Colour OfStatus(std::int16_t status);
+/// Those of a plot and of what is around it: a plan on black, or on white for daylight and paper.
+struct Scheme {
+  Colour around = kBackground;
+  Colour ground = kBlack;
+  Colour line = kWhite;  ///< of the plan and the axes
+  Colour raster = kGrey;
+  Colour leader = kBlack;  ///< from a gas change to its label
+  Colour gas = kYellow;
+  Colour label = RGB(216, 216, 216);
+  Colour ceilingShade = RGB(84, 40, 8);
+  Colour ceilingLine = RGB(240, 140, 60);
+  Colour stopOutline = RGB(150, 190, 255);
+  Colour overlay = RGB(0, 224, 255);
+  Colour selected = kYellow;
+  Colour wayOut = RGB(150, 190, 255);
+  /// Of plans that are kept for comparison, one after another.
+  std::array<Colour, 4> kept{RGB(150, 190, 220), RGB(220, 180, 140), RGB(170, 210, 160), RGB(210, 170, 210)};
+  /// Of rows by their `Status`.
+  Colour leg = kWhite, descentBand = kRed, ascentBand = kYellow, stop = kBlue, other = kGreen;
+
+  [[nodiscard]] Colour OfStatus(std::int16_t status) const;
+};
+
+inline constexpr Scheme kDark;
+inline constexpr Scheme kLight{.around = RGB(240, 240, 240),
+                               .ground = kWhite,
+                               .line = RGB(16, 24, 40),
+                               .raster = RGB(200, 200, 200),
+                               .leader = RGB(128, 128, 128),
+                               .gas = RGB(140, 70, 0),
+                               .label = RGB(64, 64, 64),
+                               .ceilingShade = RGB(250, 226, 206),
+                               .ceilingLine = RGB(190, 90, 20),
+                               .stopOutline = RGB(0, 0, 128),
+                               .overlay = RGB(0, 110, 160),
+                               .selected = RGB(0, 80, 200),
+                               .wayOut = RGB(0, 80, 200),
+                               .kept = {RGB(60, 110, 150), RGB(150, 100, 50), RGB(70, 120, 60), RGB(140, 80, 140)},
+                               .leg = RGB(16, 24, 40),
+                               .descentBand = RGB(208, 0, 0),
+                               .ascentBand = RGB(190, 140, 0),
+                               .other = RGB(0, 140, 0)};
+constexpr const Scheme& SchemeOf(bool light) { return light ? kLight : kDark; }
 
 }  // namespace tav::graph

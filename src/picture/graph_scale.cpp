@@ -27,11 +27,10 @@ void GraphScale::SetPlot(Single width, Single height) {
 }
 
 void GraphScale::SetWorld(Single left, Single right, Single top, Single bottom) {
-  constexpr int kStep = 10;
-  WorldLeft = RoundDownToStep(left, kStep);
-  WorldRight = RoundUpToStep(right, kStep);
-  WorldTop = RoundDownToStep(top, kStep);
-  WorldBottom = RoundUpToStep(bottom, kStep);
+  WorldLeft = left;
+  WorldRight = right;
+  WorldTop = top;
+  WorldBottom = bottom;
 }
 
 ScreenPoint GraphScale::WorldToScreen(Single time, Single y) const {

@@ -30,7 +30,7 @@ class GraphScale {
 
   /// The plot on a surface of that size: 5.5 % of the height, and 200 units at least, is left free above and below.
   void SetPlot(Single width, Single height);
-  /// The world box, rounded outwards to tens.
+  /// The world box.
   void SetWorld(Single left, Single right, Single top, Single bottom);
 
   /// -1 on an axis whose world has no extent. The world is taken to begin at time 0.

@@ -21,28 +21,45 @@ constexpr double kMargin = 100;
 
 }  // namespace
 
-GraphScale PlanPicture::DrawPlot(DrawingSurface& container, DrawingSurface& grid, ProfilePlot::Reach reach,
-                                 double timeZoom, const GraphExtras& extras, const ProfilePlot::Behind& behind) const {
+GraphScale PlanPicture::DrawPlot(DrawingSurface& container, DrawingSurface& grid, PlotPoint corner,
+                                 const ProfilePlot::Behind& behind) const {
   static const std::vector<DiveMoment> none;
-  ProfilePlot plot(container, grid);
-  plot.Redraw(plan_.rows, reach, timeZoom, extras.ceiling ? plan_.moments : none, behind);
-  WriteFigures(grid, plot, plan_.rows, extras, {LengthUnit(), plan_.separators});
+  ProfilePlot plot(container, grid, Colours());
+  plot.Redraw(plan_.rows, corner, plan_.settings.StepSize, extras_.ceiling ? plan_.moments : none, behind);
+  WriteFigures(grid, plot, plan_.rows, extras_, {LengthUnit(), plan_.separators});
+  DrawTitles(container, plot.Scale());
   return plot.Scale();
 }
 
+void PlanPicture::DrawTitles(DrawingSurface& container, const GraphScale& scale) const {
+  const TextFont font{"Arial", 9, false};
+  container.Text(container.Width() / 2, kMargin, T(Text::GraphRunTime), kBlack);
+  const std::string depth = T(Text::GraphDepth) + " " + T(plan_.settings.Metric ? Text::InMetres : Text::InFeet);
+  const double middle = kPlotPlaceY + (scale.PlotTop + scale.PlotBottom) / 2;
+  container.PageText(kMargin / 5, middle + container.PageTextWidth(depth, font) / 2, depth, font, kBlack, 90);
+
+  const std::string title = T(Text::GraphCeiling);
+  container.Text(kMargin, kMargin, title, kBlack);
+  const std::int16_t last = plan_.rows.GetLength();
+  const Single ceiling = last == 0 ? Single(0) : plan_.rows.GetCeiling(last);
+  const std::string text = last == 0 ? "0" : Fixed(ceiling, 1) + LengthUnit();
+  const bool none = std::nearbyint(ceiling) == 0;
+  const double x = kMargin + container.TextWidth(title + " ");
+  // Yellow can't be read on the grey around the plot.
+  if (!none && !extras_.light) {
+    container.FilledBox(x, kMargin, x + container.TextWidth(text, true), kMargin + container.TextHeight(true), kBlack);
+  }
+  container.Text(x, kMargin, text, none ? kBlack : Colours().gas, true);
+}
+
 void PlanPicture::DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const {
-  DrawTissueMap(tissues, plan_.moments, scale, {kPlotPlaceX, scroll, T(Text::TissuesTitle), T(Text::TissuesOver)});
+  DrawTissueMap(tissues, plan_.moments, scale,
+                {kPlotPlaceX, scroll, T(Text::TissuesTitle), T(Text::TissuesOver), Colours().around});
 }
 
 void PlanPicture::DrawBars(DrawingSurface& bars) const {
-  ShowCompartmentLoad(bars, plan_.rows.Row(plan_.rows.GetLength()).PercentCompartments, T(Text::GraphCompartments));
-}
-
-PlanPicture::ColouredText PlanPicture::LastCeiling() const {
-  const std::int16_t last = plan_.rows.GetLength();
-  if (last == 0) return {"0", kBlack};
-  const Single ceiling = plan_.rows.GetCeiling(last);
-  return {Fixed(ceiling, 1) + LengthUnit(), std::nearbyint(ceiling) == 0 ? kBlack : graph::kYellow};
+  ShowCompartmentLoad(bars, plan_.rows.Row(plan_.rows.GetLength()).PercentCompartments, T(Text::GraphCompartments),
+                      Colours().around);
 }
 
 double PlanPicture::DrawNotice(DrawingSurface& picture, double bottom) const {
@@ -61,34 +78,23 @@ double PlanPicture::DrawNotice(DrawingSurface& picture, double bottom) const {
   return height;
 }
 
-void PlanPicture::Draw(DrawingSurface& picture, const GraphExtras& extras) const {
+void PlanPicture::Draw(DrawingSurface& picture) const {
+  constexpr double kTissues = 0.3;  // of the height
   const double width = picture.Width();
-  const double barsTop = 0.75 * picture.Height();
-  double plotBottom = extras.tissues ? 0.5 * picture.Height() : barsTop;
-  picture.Clear(graph::kBackground);
+  const double barsTop = picture.Height() - HeightOfBars(picture.Height());
+  double plotBottom = barsTop - (extras_.tissues ? kTissues * picture.Height() : 0);
+  picture.Clear(Colours().around);
   const double panesTop = plotBottom;
   plotBottom -= DrawNotice(picture, plotBottom);
   OffsetSurface container(picture, 0, 0, width, plotBottom);
   OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, plotBottom - kPlotPlaceY);
-  const GraphScale scale = DrawPlot(container, grid, ProfilePlot::kJustThePlan, 1, extras);
-  if (extras.tissues) {
+  const GraphScale scale = DrawPlot(container, grid, Fitted(plan_.rows, plan_.settings.StepSize));
+  if (extras_.tissues) {
     OffsetSurface tissues(picture, 0, panesTop, width - kMargin, barsTop - panesTop);
     DrawTissues(tissues, scale, 0);
   }
   OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
   DrawBars(bars);
-
-  const std::string ceilingTitle = T(Text::GraphCeiling);
-  const ColouredText ceiling = LastCeiling();
-  picture.Text(kMargin, kMargin, ceilingTitle, kBlack);
-  picture.Text(kMargin + picture.TextWidth(ceilingTitle + " "), kMargin, ceiling.text, ceiling.colour, true);
-  picture.Text(width / 2, kMargin, T(Text::GraphRunTime), kBlack);
-  const std::vector<std::string> letters = DepthLetters();
-  double y = (plotBottom - picture.TextHeight() * static_cast<double>(letters.size())) / 2;
-  for (const std::string& letter : letters) {
-    picture.Text(1.5 * kMargin - picture.TextWidth(letter) / 2, y, letter, kBlack);
-    y += picture.TextHeight();
-  }
 }
 
 std::string PlanPicture::Description() const {
@@ -100,7 +106,6 @@ std::string PlanPicture::Description() const {
 }
 
 std::string PlanPicture::FiguresOf(const Waypoint& row, std::string_view between) const {
-  const std::string pressure = plan_.settings.Metric ? " bar" : " ata";
   std::string text;
   const auto add = [&](int title, const std::string& figure) {
     if (!text.empty()) text += between;
@@ -109,7 +114,7 @@ std::string PlanPicture::FiguresOf(const Waypoint& row, std::string_view between
   add(Text::Depth, Fixed(row.Depth, 1) + LengthUnit());
   add(Text::RunTime, Fixed(row.RunTime, 1) + " min");
   add(Text::Gas, row.GasMixName);
-  add(Text::PPO2, Fixed(row.PPO2, 2) + pressure);
+  add(Text::PPO2, Fixed(row.PPO2, 2) + PressureUnit());
   add(Text::Ceiling, Fixed(row.Ceiling, 1) + LengthUnit());
   return text;
 }
@@ -128,23 +133,11 @@ std::string PlanPicture::FiguresAt(const DiveMoment& moment) const {
                           ofPlan ? plan_.settings.StartPressure : plan_.settings.EndPressure, at.GasMixO2 / 100,
                           plan_.settings.Metric);
   }
-  const auto percent = [&](int title, Single fraction) {
-    return "\n" + T(title) + ": " + Fixed(fraction * 100, 0) + " %";
-  };
-  return FiguresOf(at, "\n") + percent(Text::GF99, moment.gradients.gf99) +
+  const auto percent = [&](int title, Single fraction) { return T(title) + " " + Fixed(fraction * 100, 0) + " %"; };
+  return Fixed(at.RunTime, 1) + " min, " + Fixed(at.Depth, 1) + LengthUnit() + ", " + at.GasMixName + "\n" +
+         T(Text::PPO2) + " " + Fixed(at.PPO2, 2) + PressureUnit() + ", " + T(Text::Ceiling) + " " +
+         Fixed(at.Ceiling, 1) + LengthUnit() + "\n" + percent(Text::GF99, moment.gradients.gf99) + ", " +
          percent(Text::SurfaceGF, moment.gradients.surfaceGF);
-}
-
-std::vector<std::string> PlanPicture::DepthLetters() const {
-  std::vector<std::string> letters;
-  for (const char byte : T(Text::GraphDepth)) {
-    // The bytes of one UTF-8 letter stay together.
-    const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-    if (letters.empty() || !continues) letters.emplace_back();
-    letters.back() += byte;
-  }
-  letters.push_back(T(plan_.settings.Metric ? Text::InMetres : Text::InFeet));
-  return letters;
 }
 
 }  // namespace tav

@@ -27,30 +27,22 @@ struct DrawnPlan {
 /// A plan as a picture, and in words for those who do not see it.
 class PlanPicture {
  public:
-  explicit PlanPicture(DrawnPlan plan) : plan_(std::move(plan)) {}
+  explicit PlanPicture(DrawnPlan plan, const GraphExtras& extras = {}) : plan_(std::move(plan)), extras_(extras) {}
 
-  /// Draws all of the plan on one surface, with the titles and the notice: the plan fills the plot.
-  void Draw(DrawingSurface& picture, const GraphExtras& extras) const;
+  /// Draws all of the plan on one surface, with the notice: the plan fills the plot.
+  void Draw(DrawingSurface& picture) const;
 
   // Parts of it, on surfaces of their own.
-  /// The plot with its axes and figures (ProfilePlot); returns its scale.
-  GraphScale DrawPlot(DrawingSurface& container, DrawingSurface& grid, ProfilePlot::Reach reach, double timeZoom,
-                      const GraphExtras& extras, const ProfilePlot::Behind& behind = {}) const;
+  /// The plot with its axes, their names, the ceiling at the end and figures (ProfilePlot); returns its scale.
+  GraphScale DrawPlot(DrawingSurface& container, DrawingSurface& grid, PlotPoint corner,
+                      const ProfilePlot::Behind& behind = {}) const;
   /// The tissues below a plot of that scale, which is scrolled by that much.
   void DrawTissues(DrawingSurface& tissues, const GraphScale& scale, double scroll) const;
   void DrawBars(DrawingSurface& bars) const;
-  struct ColouredText {
-    std::string text;
-    Colour colour = kBlack;
-  };
-  /// The ceiling at the end, yellow as long as there is one.
-  [[nodiscard]] ColouredText LastCeiling() const;
-  /// The title of the depth axis, to be written downwards: its letters, then the unit.
-  [[nodiscard]] std::vector<std::string> DepthLetters() const;
 
   /// What is told of a row, with that text between the figures.
   [[nodiscard]] std::string FiguresOf(const Waypoint& row, std::string_view between) const;
-  /// What is told of a moment of the plan, a line a figure: that of a row, GF99 and surface GF.
+  /// What is told of a moment of the plan in three lines: place and gas, PPO2 and ceiling, GF99 and surface GF.
   [[nodiscard]] std::string FiguresAt(const DiveMoment& moment) const;
   /// The plan in words, a line a row.
   [[nodiscard]] std::string Description() const;
@@ -61,10 +53,15 @@ class PlanPicture {
     return WriteLocaleNumber(FormatFixed(value, decimals), plan_.separators);
   }
   [[nodiscard]] std::string LengthUnit() const { return plan_.settings.Metric ? " m" : " ft"; }
+  [[nodiscard]] std::string PressureUnit() const { return plan_.settings.Metric ? " bar" : " ata"; }
+  void DrawTitles(DrawingSurface& container, const GraphScale& scale) const;
   /// Along the lower edge of that part of the picture; returns how high it is.
   double DrawNotice(DrawingSurface& picture, double bottom) const;
 
+  [[nodiscard]] const graph::Scheme& Colours() const { return graph::SchemeOf(extras_.light); }
+
   DrawnPlan plan_;
+  GraphExtras extras_;
 };
 
 }  // namespace tav

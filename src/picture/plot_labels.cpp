@@ -12,8 +12,15 @@ constexpr double kGap = 80;  // between a point and its text
 
 class Figures {
  public:
-  Figures(DrawingSurface& surface, const ProfilePlot& plot, const ClassProfile& profile, const FigureWords& words)
-      : surface_(surface), plot_(plot), profile_(profile), words_(words), labels_(surface, plot.Scale()) {
+  Figures(DrawingSurface& surface, const ProfilePlot& plot, const ClassProfile& profile, const FigureWords& words,
+          Colour colour)
+      : surface_(surface), plot_(plot), profile_(profile), words_(words), labels_(surface, plot.Scale(), colour) {
+    std::vector<SurfacePoint> line;
+    for (int i = 0; i <= profile.GetLength(); ++i) {
+      const ScreenPoint at = PlaceOf(static_cast<std::int16_t>(i));
+      line.push_back({at.x, at.y});
+    }
+    labels_.Avoid(std::move(line));
     for (const GasLabel& gas : plot.GasLabels()) labels_.Occupy(gas.left, gas.top, gas.right, gas.bottom);
   }
 
@@ -21,20 +28,24 @@ class Figures {
     const ScreenPoint end = PlaceOf(profile_.GetLength());
     const std::string text = Number(profile_.GetRunTime(profile_.GetLength())) + " min";
     const double top = end.y + kGap / 2;
-    if (!labels_.Write(end.x + kGap, top, text)) labels_.Write(end.x - kGap - surface_.TextWidth(text), top, text);
+    if (labels_.Write(end.x + kGap, top, text, true)) return;
+    // Ahead of the last way up, as near to it as there is room.
+    constexpr double kStep = 150;
+    double left = end.x - kGap - surface_.TextWidth(text);
+    while (left > plot_.Scale().PlotLeft && !labels_.Write(left, top, text, true)) left -= kStep;
   }
 
   void WriteDepths() {
     for (const GasLabel& gas : plot_.GasLabels()) {
       if (gas.changeRow == 0) continue;
       const std::string text = DepthOf(gas.changeRow);
-      if (labels_.Write(gas.right + kGap, gas.top, text)) continue;
-      labels_.Write(gas.left - kGap - surface_.TextWidth(text), gas.top, text);
+      if (labels_.Write(gas.right + kGap, gas.top, text, false)) continue;
+      labels_.Write(gas.left - kGap - surface_.TextWidth(text), gas.top, text, false);
     }
     for (const std::int16_t stop : Stops()) {
       const std::string text = DepthOf(stop);
       const ScreenPoint arrival = PlaceOf(static_cast<std::int16_t>(stop - 1));
-      labels_.Write(arrival.x - kGap - surface_.TextWidth(text), arrival.y - surface_.TextHeight() / 2, text);
+      labels_.Write(arrival.x - kGap - surface_.TextWidth(text), arrival.y - surface_.TextHeight() / 2, text, false);
       break;
     }
   }
@@ -47,9 +58,9 @@ class Figures {
     for (const std::int16_t stop : stops) {
       const std::string text = Number(profile_.getStopTime(stop)) + "'";
       const ScreenPoint end = PlaceOf(stop);
-      if (labels_.Write(end.x + kGap, end.y - surface_.TextHeight() / 3, text)) continue;
       const double middle = (PlaceOf(static_cast<std::int16_t>(stop - 1)).x + end.x) / 2;
-      labels_.Write(middle - surface_.TextWidth(text) / 2, end.y + kGap / 2, text);
+      if (labels_.Write(end.x + kGap, end.y - surface_.TextHeight() / 3, text, true)) continue;
+      labels_.Write(middle - surface_.TextWidth(text) / 2, end.y + kGap / 2, text, true);
     }
   }
 
@@ -79,7 +90,25 @@ class Figures {
 
 }  // namespace
 
-bool PlotLabels::Write(double left, double top, const std::string& text) {
+/// By Liang and Barsky: what of a line from a to b lies between the edges, as shares of its length.
+bool PlotLabels::TouchesLine(const Box& box) const {
+  for (std::size_t i = 1; i < line_.size(); ++i) {
+    const SurfacePoint& a = line_[i - 1];
+    const SurfacePoint& b = line_[i];
+    double from = 0;
+    double to = 1;
+    const auto clip = [&](double start, double run, double low, double high) {
+      if (run == 0) return start > low && start < high;
+      from = std::max(from, std::min((low - start) / run, (high - start) / run));
+      to = std::min(to, std::max((low - start) / run, (high - start) / run));
+      return from < to;
+    };
+    if (clip(a.x, b.x - a.x, box.left, box.right) && clip(a.y, b.y - a.y, box.top, box.bottom)) return true;
+  }
+  return false;
+}
+
+bool PlotLabels::Write(double left, double top, const std::string& text, bool clear) {
   const Box box{left, top, left + surface_.TextWidth(text), top + surface_.TextHeight()};
   if (box.left < scale_.PlotLeft || box.right > scale_.PlotRight || box.bottom > scale_.PlotBottom) return false;
   constexpr double kApart = 30;
@@ -87,16 +116,16 @@ bool PlotLabels::Write(double left, double top, const std::string& text) {
     return box.left < other.right + kApart && other.left < box.right + kApart && box.top < other.bottom &&
            other.top < box.bottom;
   });
-  if (touches) return false;
+  if (touches || (clear && TouchesLine(box))) return false;
   taken_.push_back(box);
-  surface_.Text(left, top, text, graph::kLabel);
+  surface_.Text(left, top, text, colour_);
   return true;
 }
 
 void WriteFigures(DrawingSurface& surface, const ProfilePlot& plot, const ClassProfile& profile,
                   const GraphExtras& extras, const FigureWords& words) {
   if (profile.GetLength() == 0) return;
-  Figures figures(surface, plot, profile, words);
+  Figures figures(surface, plot, profile, words, graph::SchemeOf(extras.light).label);
   if (extras.depths) figures.WriteRunTime();
   if (extras.depths) figures.WriteDepths();
   if (extras.stopMinutes) figures.WriteStopMinutes();

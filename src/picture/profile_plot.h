@@ -7,6 +7,7 @@
 
 #include "engine/dive_moment.h"
 #include "model/profile.h"
+#include "picture/graph_colours.h"
 #include "picture/graph_scale.h"
 #include "platform/drawing_surface.h"
 
@@ -20,12 +21,30 @@ constexpr double kPlotPlaceY = 300;
 Single LargestDepth(const ClassProfile& profile, Single least);
 Single LargestTime(const ClassProfile& profile, Single least);
 
+/// A place in a plot of depth over run time.
+struct PlotPoint {
+  Single runTime;  ///< minutes
+  Single depth;    ///< depth units
+  friend bool operator==(const PlotPoint& a, const PlotPoint& b) {
+    return a.runTime == b.runTime && a.depth == b.depth;
+  }
+};
+
+/// The run time and the depth at the far corner of a plot that has room for the plan to grow: three times its run time
+/// and twice its depth, 60 at least of both, rounded outwards to tens.
+PlotPoint RoomToGrow(const ClassProfile& profile);
+/// The same of a plot that the plan fills, as do other points. Without an ascent there is room for one more leg. A time
+/// is rounded up to 5 minutes, a depth to the distance of stops. What follows a stop that never clears, of a day or
+/// more, has no room.
+PlotPoint Fitted(const ClassProfile& profile, Single stopStep, const std::vector<PlotPoint>& beside = {});
+
 /// What a graph shows beside the plan itself.
 struct GraphExtras {
   bool ceiling = true;      ///< as a shaded curve
   bool stopMinutes = true;  ///< beside each stop
   bool depths = true;       ///< of the first stop and of each gas change, and the run time at the end
   bool tissues = false;     ///< the map of the loads
+  bool light = false;       ///< in dark colours on white
   friend bool operator==(const GraphExtras&, const GraphExtras&) = default;
 };
 
@@ -40,34 +59,24 @@ class ProfilePlot {
  public:
   /// The plot goes on `grid`, the numbers of the depth axis on `container`, in which the plot lies 800 units from the
   /// left and 300 from the top.
-  ProfilePlot(DrawingSurface& container, DrawingSurface& grid) : container_(container), grid_(grid) {}
-
-  /// How far the world of the plot reaches: multiples of the greatest run time and depth of any row, at
-  /// least of `least`, before rounding outwards.
-  struct Reach {
-    double time;
-    double depth;
-    double least;
-  };
-  static constexpr Reach kRoomToGrow{3, 2, 60};       ///< for a plan that is being made
-  static constexpr Reach kJustThePlan{1.2, 1.1, 60};  ///< for a picture of one that is done
-  static constexpr Reach kFitted{1.1, 1, 10};         ///< for a window that the plan is to fill
+  ProfilePlot(DrawingSurface& container, DrawingSurface& grid, const graph::Scheme& colours = graph::kDark)
+      : container_(container), grid_(grid), colours_(colours) {}
 
   /// Draws what is to lie behind the rows.
   using Behind = std::function<void(const GraphScale& scale)>;
 
-  /// Clears both surfaces and draws everything. The scale that results holds until the next call. On a plot whose time
-  /// is stretched by `timeZoom` the times are told in finer steps. Where the numbers of an axis have no room, every
-  /// second, third, ... stands. A dive with `moments` has its ceiling shaded.
-  void Redraw(const ClassProfile& profile, Reach reach, double timeZoom = 1,
+  /// Clears both surfaces and draws everything. The scale that results holds until the next call. The axes are marked
+  /// at 1, 2, 5, 10, ... minutes and times the distance of stops (`stopStep`), as densely as the numbers have room. A
+  /// dive with `moments` has its ceiling shaded.
+  void Redraw(const ClassProfile& profile, PlotPoint corner, Single stopStep,
               const std::vector<DiveMoment>& moments = {}, const Behind& behind = {});
   [[nodiscard]] const GraphScale& Scale() const { return scale_; }
   /// Those of the last Redraw, in order; the first gas among them.
   [[nodiscard]] const std::vector<GasLabel>& GasLabels() const { return gasLabels_; }
 
  private:
-  void Xaxis(double timeZoom);
-  void Yaxis();
+  void Xaxis();
+  void Yaxis(Single stopStep);
   void PlotWayPoint(const ClassProfile& profile, std::int16_t row, bool isLast);
   void DrawShape(std::int16_t status, ScreenPoint at);
   void PlotGasChanges(const ClassProfile& profile, std::int16_t row, ScreenPoint at);
@@ -76,6 +85,7 @@ class ProfilePlot {
 
   DrawingSurface& container_;
   DrawingSurface& grid_;
+  const graph::Scheme& colours_;
   GraphScale scale_;
   Single PrevPlotTime_;
   Single PrevPlotY_;

@@ -45,7 +45,7 @@ class Map {
       : surface_(surface), view_(view), row_((surface.Height() - kHead - kBottom) / kCompartments) {}
 
   void Draw(const std::vector<DiveMoment>& moments, const GraphScale& scale) {
-    surface_.Clear(graph::kBackground);
+    surface_.Clear(view_.around);
     surface_.FilledBox(view_.left, kHead, surface_.Width(), kHead + kCompartments * row_, kBlack);
     std::vector<double> x;
     x.reserve(moments.size());
@@ -54,7 +54,7 @@ class Map {
     }
     for (std::size_t k = 0; k < kCompartments; ++k) DrawRow(moments, x, k);
     // What is scrolled to the left goes under the numbers.
-    surface_.FilledBox(0, 0, view_.left, surface_.Height(), graph::kBackground);
+    surface_.FilledBox(0, 0, view_.left, surface_.Height(), view_.around);
     NumberRows();
     DrawHead();
   }

@@ -20,6 +20,7 @@ struct TissueMapView {
   double scroll = 0;  ///< how far it is scrolled
   std::string title;
   std::string overTitle;  ///< of the hatched loads
+  Colour around;
 };
 
 /// Draws the loads of the 16 compartments over the time of the plot above: one row for each, the fastest on top,

@@ -151,7 +151,7 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
       "mnuHelpAbout",    "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
       "mnuCheckPane",    "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
       "mnuImport",       "mnuReopen",         "mnuDefaultLayout",   "mnuViewLanguage",      "mnuDiveSettings",
-      "mnuCommandSearch"};
+      "mnuCommandSearch", "mnuViewLight"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();

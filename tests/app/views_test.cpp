@@ -11,15 +11,18 @@ using test::HeadlessProgram;
 TEST(FitPlan, IsKeptFromOneStartToTheNext) {
   HeadlessProgram p;
   ASSERT_TRUE(p.Start());
-  EXPECT_FALSE(p.Look().fitPlan);
-  p.Main().toolFitPlan.Press();
   EXPECT_TRUE(p.Look().fitPlan && p.Main().mnuFitPlan.Checked);
+  p.view.zoomed = true;
+  p.Main().toolFitPlan.Press();
+  EXPECT_TRUE(p.Look().fitPlan) << "all of it is shown again first";
+  p.Main().toolFitPlan.Press();
+  EXPECT_FALSE(p.Look().fitPlan || p.Main().mnuFitPlan.Checked);
   HeadlessProgram later;
   later.platform.settings = p.platform.settings;
   ASSERT_TRUE(later.Start());
-  EXPECT_TRUE(later.Look().fitPlan && later.Main().toolFitPlan.Checked);
-  later.Main().mnuFitPlan.Choose();
   EXPECT_FALSE(later.Look().fitPlan || later.Main().toolFitPlan.Checked);
+  later.Main().mnuFitPlan.Choose();
+  EXPECT_TRUE(later.Look().fitPlan && later.Main().toolFitPlan.Checked);
 }
 
 TEST(GraphExtras, AreSwitchedOnTheirOwnAndKept) {
@@ -33,7 +36,8 @@ TEST(GraphExtras, AreSwitchedOnTheirOwnAndKept) {
   } cases[] = {{&frmMain::mnuViewCeiling, &GraphExtras::ceiling},
                {&frmMain::mnuViewStopMinutes, &GraphExtras::stopMinutes},
                {&frmMain::mnuViewDepths, &GraphExtras::depths},
-               {&frmMain::mnuViewTissues, &GraphExtras::tissues}};
+               {&frmMain::mnuViewTissues, &GraphExtras::tissues},
+               {&frmMain::mnuViewLight, &GraphExtras::light}};
   GraphExtras expected = usual;
   for (const auto& known : cases) {
     (p.Main().*known.item).Choose();

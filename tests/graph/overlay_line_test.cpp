@@ -17,10 +17,10 @@ TEST(OverlayLine, IsDashedAlongTheDive) {
   scale.SetPlot(19000, 10000);
   scale.SetWorld(0, 100, 0, -50);
   const std::vector<PlotPoint> line{{0, 0}, {10, 40}, {60, 40}, {70, 0}};
-  DrawOverlayLine(grid, scale, line);
+  DrawOverlayLine(grid, scale, line, graph::kDark.overlay);
   double drawn = 0;
   for (const auto& stroke : grid.strokes) {
-    EXPECT_EQ(stroke.colour, graph::kOverlay);
+    EXPECT_EQ(stroke.colour, graph::kDark.overlay);
     drawn += std::hypot(stroke.x1 - stroke.x0, stroke.y1 - stroke.y0);
     bool on = false;
     for (std::size_t i = 1; i < line.size(); ++i) {
@@ -49,8 +49,8 @@ TEST(KeptLines, AreToldApartByColours) {
   scale.SetWorld(0, 100, 0, -50);
   std::vector<KeptLine> kept;
   for (int i = 1; i <= 5; ++i) kept.push_back({{{0, 0}, {10, 8.0 * i}, {60, 8.0 * i}}, std::to_string(i)});
-  DrawKeptLines(grid, scale, kept);
-  Colour before = graph::kOverlay;
+  DrawKeptLines(grid, scale, kept, graph::kDark);
+  Colour before = graph::kDark.overlay;
   for (int i = 1; i <= 5; ++i) {
     const auto name = std::ranges::find(grid.strokes, std::to_string(i), &RecordingSurface::Stroke::text);
     ASSERT_NE(name, grid.strokes.end());
@@ -70,7 +70,7 @@ TEST(OverlayLine, EndsAtTheEdgeOfThePlot) {
   GraphScale scale;
   scale.SetPlot(19000, 10000);
   scale.SetWorld(0, 100, 0, -50);
-  DrawOverlayLine(grid, scale, {{0, 6}, {1e6, 6}});
+  DrawOverlayLine(grid, scale, {{0, 6}, {1e6, 6}}, kRed);
   EXPECT_LT(grid.strokes.size(), 120U);
   EXPECT_GT(grid.strokes.size(), 80U);
 }
@@ -80,12 +80,8 @@ TEST(OverlayLine, HasRoomInAPlotThatFitsThePlan) {
   rows.NewWayPoint();
   rows.Row(1).Depth = 40;
   rows.Row(1).RunTime = 50;
-  const ProfilePlot::Reach same = Including({{0, 0}, {20, 30}}, rows, ProfilePlot::kFitted);
-  EXPECT_EQ(same.time, ProfilePlot::kFitted.time);
-  EXPECT_EQ(same.depth, ProfilePlot::kFitted.depth);
-  const ProfilePlot::Reach more = Including({{0, 0}, {100, 50}}, rows, ProfilePlot::kFitted);
-  EXPECT_NEAR(more.time * 50, ProfilePlot::kFitted.time * 100, 1e-9);
-  EXPECT_NEAR(more.depth * 40, ProfilePlot::kFitted.depth * 50, 1e-9);
+  EXPECT_EQ(Fitted(rows, 3, {{0, 0}, {20, 30}}), Fitted(rows, 3));
+  EXPECT_EQ(Fitted(rows, 3, {{0, 0}, {100, 50}}), (PlotPoint{150, 66}));
 }
 
 }  // namespace

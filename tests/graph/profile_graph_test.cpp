@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "app/document_plan.h"
 #include "headless/recording_surface.h"
@@ -29,25 +30,21 @@ struct RecordedWindow : GraphWindow {
     readOutPlace = {x, y};
   }
   void HideReadOut() override { readOut.clear(); }
-  void ShowCeiling(const std::string& text, Colour colour) override {
-    ceiling = text;
-    ceilingColour = colour;
-  }
   void ShowCross(bool shown) override { cross = shown; }
   void ShowPopup() override { ++popups; }
   void MarkModified() override { modified = true; }
   void NewWaypoint(Single depth, Single segmentTime) override { waypoints.emplace_back(depth, segmentTime); }
   void ViewRow(std::int16_t row) override { viewed.push_back(row); }
+  void EditRow(std::int16_t row) override { edited.push_back(row); }
 
   std::string readOut;
   ScreenPoint readOutPlace;
-  std::string ceiling;
-  Colour ceilingColour = 0;
   bool cross = false;
   int popups = 0;
   bool modified = false;
   std::vector<std::pair<double, double>> waypoints;
   std::vector<std::int16_t> viewed;
+  std::vector<std::int16_t> edited;
 };
 
 constexpr double kDown = 18;  // rate of descent of the default template
@@ -174,11 +171,15 @@ TEST_F(Graph, AClickGivesAWaypointUnderThePointer) {
 
 TEST_F(Graph, OnlyAPlanThatIsThereFillsTheWindow) {
   graph.RedrawProfile(container, grid, bars, {1, true});
-  EXPECT_THAT(grid.Texts(), Contains("180")) << "an empty plan has room to grow";
+  EXPECT_EQ(graph.Scale().WorldRight, 190) << "an empty plan has room to grow";
   AddLeg(36, 20);
   graph.RedrawProfile(container, grid, bars, {1, true});
-  EXPECT_THAT(grid.Texts(), Contains("28"));
-  EXPECT_THAT(grid.Texts(), testing::Not(Contains("30")));
+  EXPECT_EQ(graph.Scale().WorldRight, 45) << "legs have room for one more";
+  ASSERT_TRUE(editor.StartDeco());
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  const double end = editor.InputProfile.GetRunTime(editor.InputProfile.GetLength());
+  EXPECT_LE(graph.Scale().WorldRight, end * 1.06 + 5);
+  EXPECT_GE(graph.Scale().WorldRight, end);
 }
 
 TEST_F(Graph, AnEmptyPlanTellsHowToBegin) {
@@ -228,16 +229,21 @@ TEST_F(Graph, ThePointerReadsTheMomentUnderIt) {
   ASSERT_TRUE(up.open);
   Move(25.02, 60);
   const NumberTexts numbers(",", ".");
-  const std::string start = "<Depth>: 36,0 m\n<RunTime>: 25,0 min\n<Gas>: Air\n<PPO2>: 0,97 bar\n<Ceiling>: " +
-                            numbers.Fixed(bottom.Ceiling, 1) + " m\n<GF99>: 0 %\n<SurfaceGF>: ";
+  const std::string start = "25,0 min, 36,0 m, Air\n<PPO2> 0,97 bar, <Ceiling> " + numbers.Fixed(bottom.Ceiling, 1) +
+                            " m\n<GF99> 0 %, <SurfaceGF> ";
   const std::string end = "<LeavingNow>: " + numbers.Short(up.open->minutes) + " <Minutes>\n  Air " +
                           numbers.Fixed(up.open->gas.at(0).total, 0) + " <Litres>";
   EXPECT_THAT(window.readOut, AllOf(StartsWith(Numbered(start)), HasSubstr(Numbered(end))));
   ASSERT_THAT(grid.inverted, SizeIs(1));
   EXPECT_NEAR(grid.inverted[0].x0, X(25), 0.5);
   Move(1, 100);
-  EXPECT_THAT(window.readOut, StartsWith(Numbered("<Depth>: 18,0 m\n<RunTime>: 1,0 min\n")));
+  EXPECT_THAT(window.readOut, StartsWith("1,0 min, 18,0 m, Air\n"));
   EXPECT_THAT(grid.inverted, SizeIs(1));
+  graph.MouseMove(X(25), Y(60), 10000, grid, true);
+  ASSERT_GT(grid.inverted.size(), 20U) << "the way out, in dots";
+  EXPECT_NEAR(grid.inverted[1].x0, X(25), 0.5);
+  EXPECT_NEAR(grid.inverted[1].y0, Y(36), 0.5);
+  EXPECT_NEAR(grid.inverted.back().x1, X(25 + up.open->minutes), 80);
   const struct {
     const char* what;
     std::function<void()> leave;
@@ -321,18 +327,145 @@ TEST_F(Graph, ThePointerIsACrossOverTheVisiblePlot) {
 }
 
 TEST_F(Graph, TheCeilingIsThatOfTheLastRow) {
-  EXPECT_EQ(window.ceiling, "0");
+  const auto told = [&] {
+    graph.RedrawProfile(container, grid, bars);
+    const auto title =
+        std::ranges::find(container.strokes, Numbered("<GraphCeiling>"), &RecordingSurface::Stroke::text);
+    return std::ranges::find_if(title + 1, container.strokes.end(), [](const auto& s) { return !s.text.empty(); });
+  };
+  EXPECT_EQ(told()->text, "0");
   AddLeg(12, 5);
-  EXPECT_EQ(window.ceiling, "0,0 m");
-  EXPECT_EQ(window.ceilingColour, kBlack);
+  EXPECT_EQ(told()->text, "0,0 m");
+  EXPECT_EQ(told()->colour, kBlack);
   AddLeg(50, 40);
   const Single ceiling = editor.InputProfile.GetCeiling(editor.InputProfile.GetLength());
-  EXPECT_EQ(window.ceiling, WriteLocaleNumber(FormatFixed(ceiling, 1), {",", "."}) + " m");
-  EXPECT_EQ(window.ceilingColour, graph::kYellow);
+  EXPECT_EQ(told()->text, WriteLocaleNumber(FormatFixed(ceiling, 1), {",", "."}) + " m");
+  EXPECT_EQ(told()->colour, graph::kYellow);
   editor.mnuclearallwaypoints();
-  graph.RedrawProfile(container, grid, bars);
-  EXPECT_EQ(window.ceiling, "0");
-  EXPECT_EQ(window.ceilingColour, kBlack);
+  EXPECT_EQ(told()->text, "0");
+}
+
+// What it asks of the legs, whose last row ends one; row 2 and 4 are waypoints.
+struct RecordedLegs : GraphLegs {
+  bool HasAscent() const override { return ascent; }
+  bool EndsLeg(std::int16_t row) const override { return row == 2 || row == 4; }
+  void Select(std::int16_t row) override { asked.push_back("select " + std::to_string(row)); }
+  bool BeginMove(std::int16_t row) override {
+    asked.push_back("begin " + std::to_string(row));
+    return free;
+  }
+  std::string Move(Single depth, Single minutes) override {
+    asked.push_back("move " + FormatFixed(depth, 0) + " " + FormatFixed(minutes, 0));
+    return refusal;
+  }
+  void EndMove(bool keep) override { asked.emplace_back(keep ? "keep" : "drop"); }
+  std::string Remove(std::int16_t row) override {
+    asked.push_back("remove " + std::to_string(row));
+    return refusal;
+  }
+  std::string Add(Single depth, Single runTime) override {
+    asked.push_back("add " + FormatFixed(depth, 0) + " " + FormatFixed(runTime, 0));
+    return refusal;
+  }
+  std::vector<std::string> Take() { return std::exchange(asked, {}); }
+
+  bool ascent = true;
+  bool free = true;
+  std::string refusal;
+  std::vector<std::string> asked;
+};
+
+class GraphOfLegs : public Graph {
+ protected:
+  GraphOfLegs() {
+    AddLeg(36, 10);
+    AddLeg(50, 10);
+    editor.StartDeco();
+    graph.legs = &legs;
+    graph.RedrawProfile(container, grid, bars);
+  }
+  RecordedLegs legs;
+};
+
+TEST_F(GraphOfLegs, TheMouseMovesAWaypointByWholeStepsAndOnlyWhatIsMovedFar) {
+  const struct {
+    const char* what;
+    std::function<void()> act;
+    std::vector<std::string> asked;
+  } cases[] = {
+      {"a click", [&] { Press(10.5, 36.4), Move(10.6, 36.7), Release(); }, {"select 2"}},
+      {"a drag",
+       [&] { Press(10, 36), Move(12.3, 39.6), Move(12.4, 39.7), Release(); },
+       {"begin 2", "move 4 2", "keep"}},
+      {"one off the plot", [&] { Press(10, 36), Move(13, 200), Release(); }, {"begin 2", "move 94 3", "keep"}},
+      {"one that is called off",
+       [&] { Press(20, 50), Move(20, 47), graph.CancelDrag(grid), Release(); },
+       {"begin 4", "move -3 0", "drop"}},
+      {"away from all", [&] { Press(10, 100), Move(20, 90), Release(); }, {"select 0"}},
+      {"a segment", [&] { Press(15, 50.5), Release(); }, {"select 4"}},
+      {"two clicks beside the plan", [&] { graph.DoubleClick(X(41.4), Y(29.7), grid); }, {"add 30 41"}},
+  };
+  for (const auto& known : cases) {
+    SCOPED_TRACE(known.what);
+    known.act();
+    EXPECT_EQ(legs.Take(), known.asked);
+    EXPECT_FALSE(graph.Dragging());
+  }
+  graph.DoubleClick(X(10), Y(36), grid);
+  EXPECT_THAT(window.edited, testing::ElementsAre(2));
+  EXPECT_THAT(window.viewed, IsEmpty());
+  EXPECT_THAT(window.waypoints, IsEmpty());
+  EXPECT_FALSE(window.modified);
+  legs.ascent = false;  // as long as there is none, legs are added by drags, and rows shown
+  Press(10, 36), Release();
+  EXPECT_THAT(window.viewed, testing::ElementsAre(2));
+  legs.Take();
+  Press(60, 20), Release();
+  EXPECT_THAT(window.waypoints, SizeIs(1));
+  EXPECT_THAT(legs.Take(), IsEmpty());
+}
+
+TEST_F(GraphOfLegs, KeysMoveTheSelectedWaypoint) {
+  EXPECT_FALSE(graph.Nudge(1, 0)) << "nothing is selected";
+  EXPECT_FALSE(graph.RemoveSelected());
+  EXPECT_TRUE(graph.SelectNext(1));
+  EXPECT_TRUE(graph.SelectNext(-1));
+  EXPECT_EQ(legs.Take(), (std::vector<std::string>{"select 2", "select 4"}));
+  graph.SelectRows(2, 2);
+  EXPECT_TRUE(graph.Nudge(1, 0));
+  EXPECT_TRUE(graph.SelectNext(1));
+  EXPECT_FALSE(graph.SelectNext(-1)) << "it is the first";
+  EXPECT_TRUE(graph.RemoveSelected());
+  plans.documents(editor.Tag()).Template.Metric = false;
+  EXPECT_TRUE(graph.Nudge(-1, -1));
+  EXPECT_EQ(legs.Take(), (std::vector<std::string>{"begin 2", "move 1 0", "keep", "select 4", "remove 2", "begin 2",
+                                                   "move -5 -1", "keep"}));
+  legs.refusal = "No.";
+  EXPECT_TRUE(graph.Nudge(0, 1));
+  EXPECT_EQ(legs.Take().back(), "drop");
+  EXPECT_EQ(window.readOut, "No.");
+  graph.SelectRows(3, 3);
+  EXPECT_FALSE(graph.Nudge(1, 0)) << "no waypoint";
+}
+
+TEST_F(GraphOfLegs, ThePlotStaysWhileAWaypointIsMovedAndTheReasonOfARefusalIsRead) {
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  const Single right = graph.Scale().WorldRight;
+  const auto at = [&](double time, double depth) { return graph.Scale().WorldToScreen(time, -depth); };
+  graph.MouseDown(false, at(20, 50).x, at(20, 50).y, grid);
+  graph.MouseMove(at(26, 50).x, at(26, 50).y, 10000, grid);
+  EXPECT_THAT(window.readOut, StartsWith("50 m, 26 min\n"));
+  AddLeg(50, 90);
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  EXPECT_EQ(graph.Scale().WorldRight, right);
+  legs.refusal = "Not there.";
+  graph.MouseMove(at(26, 40).x, at(26, 40).y, 10000, grid);
+  EXPECT_EQ(window.readOut, "40 m, 26 min\nNot there.");
+  Release();
+  EXPECT_EQ(window.readOut, "Not there.");
+  EXPECT_EQ(legs.Take().back(), "drop");
+  graph.RedrawProfile(container, grid, bars, {1, true});
+  EXPECT_GT(graph.Scale().WorldRight, right);
 }
 
 TEST_F(Graph, TheTipTellsOfTheNearestRowAndWhatElseThereIsToTellOfIt) {

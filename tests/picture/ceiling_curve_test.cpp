@@ -28,8 +28,7 @@ DiveMoment At(double time, double ceiling) {
 
 TEST(CeilingCurve, HasAPieceForEachTimeBelowTheSurfaceAndNoCornerTooMany) {
   // 100 units to the minute, and from y 550 on 89 to the metre.
-  const GraphScale scale = ScaleOf(180, 90);
-  ASSERT_EQ(scale.WorldRight, 190);
+  const GraphScale scale = ScaleOf(190, 100);
   const auto curves = CeilingCurves(
       {At(0, 0), At(1, 0), At(2, 1), At(3, 2), At(4, 3), At(4, 6), At(5, 6), At(6, 0), At(7, 0), At(8, 2)}, scale);
   ASSERT_EQ(curves.size(), 2U);
@@ -37,7 +36,7 @@ TEST(CeilingCurve, HasAPieceForEachTimeBelowTheSurfaceAndNoCornerTooMany) {
                                      SurfacePoint{500, 1084}, SurfacePoint{600, 550}));
   EXPECT_THAT(curves[1], ElementsAre(SurfacePoint{700, 550}, SurfacePoint{800, 728}));
   RecordingSurface surface(19000, 10000);
-  DrawCeiling(surface, {At(0, 0), At(1, 0)}, scale);
+  DrawCeiling(surface, {At(0, 0), At(1, 0)}, scale, graph::kDark);
   EXPECT_TRUE(surface.strokes.empty());
 }
 

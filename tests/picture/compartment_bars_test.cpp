@@ -8,13 +8,13 @@
 namespace tav {
 namespace {
 
-// Columns from y 250 to y 850: a third, the surfacing limit, is 200 high.
+// Columns from y 250 to y 850: the surfacing limit, a half or a third of that is one limit.
 class CompartmentBars : public testing::Test {
  protected:
   void Draw(double load) {
     Compartments loads{};
     loads[2] = load;
-    ShowCompartmentLoad(surface, loads, "Title");
+    ShowCompartmentLoad(surface, loads, "Title", graph::kBackground);
   }
   /// The bands of compartment 3, upwards, without its white column.
   [[nodiscard]] std::vector<RecordingSurface::Stroke> Bands() const {
@@ -33,18 +33,19 @@ struct Band {
   Colour colour;
 };
 
-TEST_F(CompartmentBars, BandsShowThirdsAndTheNumberThePercent) {
+TEST_F(CompartmentBars, BandsAndTheLineShowTheLimitAndTheNumberThePercent) {
   const struct {
     double load;
     std::vector<Band> bands;
     const char* percent;
+    double limit;
   } cases[] = {
-      {0, {}, "0"},
-      {0.5, {{750, 850, graph::kGreen}}, "50"},
-      {1, {{650, 850, graph::kGreen}}, "100"},
-      {1.25, {{650, 850, graph::kGreen}, {600, 650, graph::kOrange}}, "125"},
-      {2.5, {{650, 850, graph::kGreen}, {450, 650, graph::kOrange}, {350, 450, kRed}}, "250"},
-      {4, {{650, 850, graph::kGreen}, {450, 650, graph::kOrange}, {250, 450, kRed}}, "400"},
+      {0, {}, "0", 250},
+      {0.5, {{550, 850, graph::kGreen}}, "50", 250},
+      {1, {{250, 850, graph::kGreen}}, "100", 250},
+      {1.25, {{550, 850, graph::kGreen}, {475, 550, graph::kOrange}}, "125", 550},
+      {2.5, {{650, 850, graph::kGreen}, {450, 650, graph::kOrange}, {350, 450, kRed}}, "250", 650},
+      {4, {{650, 850, graph::kGreen}, {450, 650, graph::kOrange}, {250, 450, kRed}}, "400", 650},
   };
   for (const auto& known : cases) {
     SCOPED_TRACE(known.load);
@@ -58,13 +59,16 @@ TEST_F(CompartmentBars, BandsShowThirdsAndTheNumberThePercent) {
       EXPECT_EQ(bands[i].x1, 2800);
     }
     const auto texts = surface.Of(RecordingSurface::Kind::Text);
-    ASSERT_EQ(texts.size(), 33U);  // the title, and two numbers to each compartment
+    ASSERT_EQ(texts.size(), 34U);  // the title, two numbers to each compartment, that of the line
     EXPECT_EQ(texts[0].text, "Title");
     EXPECT_EQ(texts[5].text, known.percent);
     EXPECT_EQ(texts[5].x0, 2080);
     EXPECT_EQ(texts[5].y0, 650);
     EXPECT_EQ(texts[6].text, "3");
     EXPECT_EQ(texts[6].y0, 900);
+    const auto lines = surface.Of(RecordingSurface::Kind::Dotted);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_DOUBLE_EQ(lines[0].y0, known.limit);
   }
 }
 
@@ -73,7 +77,7 @@ TEST_F(CompartmentBars, NumbersThatWouldRunIntoEachOtherAreLeftOut) {
   Compartments loads{};
   loads[0] = 1;  // "100" is 300 wide
   loads[1] = 0.9;
-  ShowCompartmentLoad(narrow, loads, "Title");
+  ShowCompartmentLoad(narrow, loads, "Title", graph::kBackground);
   const auto texts = narrow.Texts();
   EXPECT_EQ(std::count(texts.begin(), texts.end(), "100"), 0);
   EXPECT_EQ(std::count(texts.begin(), texts.end(), "90"), 1);

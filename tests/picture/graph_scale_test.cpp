@@ -23,7 +23,7 @@ TEST(GraphScale, WorldBoxMovesOutToTens) {
 GraphScale EmptyPlan() {
   GraphScale scale;
   scale.SetPlot(19000, 10000);
-  scale.SetWorld(0, 180, 0, -120);
+  scale.SetWorld(0, 190, 0, -130);
   return scale;  // 100 units to the minute, 8900 units to 130 of depth, from y 550
 }
 

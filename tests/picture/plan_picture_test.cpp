@@ -7,6 +7,7 @@
 #include <pugixml.hpp>
 
 #include "headless/recording_surface.h"
+#include "model/number_texts.h"
 #include "pages/arial_measure.h"
 #include "picture/graph_colours.h"
 #include "picture/svg_surface.h"
@@ -17,7 +18,6 @@
 namespace tav {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// The plan of a document as values, drawn with these words.
@@ -28,8 +28,9 @@ class ShownPlan {
         settings_(plans.documents(document).Template),
         moments_(plans.forms(document).Planned().Moments()) {}
 
-  [[nodiscard]] PlanPicture Picture(const std::string& notice = "", const LocaleSeparators& separators = {}) const {
-    return PlanPicture({rows, settings_, moments_, texts_, separators, notice});
+  [[nodiscard]] PlanPicture Picture(const GraphExtras& extras, const std::string& notice = "",
+                                    const LocaleSeparators& separators = {}) const {
+    return PlanPicture({rows, settings_, moments_, texts_, separators, notice}, extras);
   }
   const ClassProfile& rows;
 
@@ -70,7 +71,7 @@ TEST_F(PlanPictures, TellCeilingDepthsAndMinutesAsFarAsTheyAreAskedFor) {
     SCOPED_TRACE(asked);
     const GraphExtras extras{(asked & 1) != 0, (asked & 2) != 0, (asked & 4) != 0};
     RecordingSurface grid(19000, 10000);
-    plan.Picture().DrawPlot(container, grid, ProfilePlot::kRoomToGrow, 1, extras);
+    plan.Picture(extras).DrawPlot(container, grid, RoomToGrow(plan.rows));
     // A mark has at most four corners, the ceiling's curve one each tenth of a minute.
     const auto isCurve = [](const std::vector<SurfacePoint>& corners) { return corners.size() > 4; };
     EXPECT_EQ(std::ranges::any_of(grid.polygons, isCurve), extras.ceiling);
@@ -84,9 +85,15 @@ TEST_F(PlanPictures, TellCeilingDepthsAndMinutesAsFarAsTheyAreAskedFor) {
 TEST_F(PlanPictures, ArePutIntoTheWordsOfTheUser) {
   Dive(36.5, 20);
   const ShownPlan plan(plans, editor.Tag());
-  const PlanPicture picture = plan.Picture("", {",", "."});
-  EXPECT_THAT(picture.DepthLetters(), ElementsAre("T", "\xC3\xA4", "(m)"));
-  EXPECT_EQ(picture.LastCeiling().text, "0,0 m");
+  const PlanPicture picture = plan.Picture({}, "", {",", "."});
+  RecordingSurface container(10000, 7500);
+  RecordingSurface grid(19000, 10000);
+  picture.DrawPlot(container, grid, Fitted(plan.rows, 3));
+  const auto name = container.Of(RecordingSurface::Kind::PageText);
+  ASSERT_EQ(name.size(), 1U);
+  EXPECT_EQ(name[0].text, "T\xC3\xA4 (m)");
+  EXPECT_EQ(name[0].x1, 90) << "along the axis";
+  EXPECT_THAT(container.Texts(), testing::Contains("0,0 m"));
   const std::string words = picture.Description();
   EXPECT_THAT(words, HasSubstr("\nText 7028: 36,5 m, Text 7029: 20,0 min, Text 7030: Air, Text 7031: 0,98 bar, "));
   EXPECT_EQ(std::ranges::count(words, '\n'), plan.rows.GetLength());
@@ -106,9 +113,76 @@ std::vector<Box> TextsOf(const pugi::xml_document& file) {
     const double base = node.attribute("y").as_double();
     const bool bold = node.attribute("font-weight") != nullptr;
     const double width = ArialMeasure().TextWidth(text, {"Arial", 9, bold}) / 15;
+    if (node.attribute("transform")) {
+      // Turned around its top left corner, 11 pixels above the base, it runs upwards.
+      texts.push_back({text, left, base - 11 - width, left + 11, base - 11});
+      continue;
+    }
     texts.push_back({text, left, base - 9, left + width, base});
   }
   return texts;
+}
+
+/// All plans of the folders, series too.
+std::vector<std::filesystem::path> PlansIn(std::initializer_list<const char*> folders) {
+  std::vector<std::filesystem::path> files;
+  for (const char* folder : folders) {
+    for (const auto& entry : std::filesystem::directory_iterator(SourceFolder() / folder)) {
+      if (entry.path().extension() == ".tav") files.push_back(entry.path());
+    }
+  }
+  return files;
+}
+
+/// Whether a line crosses a box: some place of it is inside.
+bool Strikes(const RecordingSurface::Stroke& line, const Box& box) {
+  constexpr int kPlaces = 400;
+  for (int i = 0; i <= kPlaces; ++i) {
+    const double x = line.x0 + (line.x1 - line.x0) * i / kPlaces;
+    const double y = line.y0 + (line.y1 - line.y0) * i / kPlaces;
+    if (x > box.left && x < box.right && y > box.top && y < box.bottom) return true;
+  }
+  return false;
+}
+
+TEST(PlacesOfLabels, NoneLiesOnAnotherAndTheRunTimeIsNotStruckThrough) {
+  const auto files = PlansIn({"dives", "tests/data/vectors", "tests/data/vectors/strict"});
+  ASSERT_GT(files.size(), 50U);
+  int runTimes = 0;
+  int plansDrawn = 0;
+  for (const auto& file : files) {
+    test::Plans plans;
+    for (const std::int16_t document : OpenProfile(plans.forms, file)) {
+      const ShownPlan plan(plans, document);
+      const std::int16_t last = plan.rows.GetLength();
+      if (last == 0 || plan.rows.GetRunTime(last) > 1000) continue;  // one that never ends is no more than a line
+      const std::string runTime = NumberTexts(".", "").Short(plan.rows.GetRunTime(last)) + " min";
+      for (const double width : {6000.0, 9000.0, 16000.0}) {
+        SCOPED_TRACE(testing::Message() << file << ", " << width << " units wide");
+        RecordingSurface container(width, 9000);
+        RecordingSurface grid(width, 8700);
+        plan.Picture({}).DrawPlot(container, grid, Fitted(plan.rows, 3));
+        ++plansDrawn;
+        std::vector<Box> boxes;
+        for (const auto& text : grid.Of(RecordingSurface::Kind::Text)) {
+          if (text.colour == kBlack) continue;  // a number of the axis
+          const Box box{text.text, text.x0, text.y0, text.x0 + grid.TextWidth(text.text, false), text.y0 + 180};
+          for (const Box& other : boxes) {
+            EXPECT_TRUE(box.left >= other.right || other.left >= box.right || box.top >= other.bottom ||
+                        other.top >= box.bottom)
+                << box.text << " over " << other.text;
+          }
+          boxes.push_back(box);
+          if (box.text != runTime) continue;
+          ++runTimes;
+          for (const auto& line : grid.Of(RecordingSurface::Kind::Thick)) {
+            EXPECT_FALSE(line.colour == graph::kWhite && Strikes(line, box));
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(runTimes, plansDrawn * 9 / 10) << "it is left out only where there is no room";
 }
 
 struct PictureCase {
@@ -125,9 +199,9 @@ TEST_P(SvgPictures, ShowEachStopAndNoTextOverAnother) {
     const ShownPlan plan(plans, document);
     SvgSurface surface(15 * GetParam().width, 15 * GetParam().height);
     const std::string notice = "A long <notice> & more, which does not fit into one line of a narrow picture at all";
-    plan.Picture(notice).Draw(surface, {true, true, true, GetParam().tissues});
+    plan.Picture({true, true, true, GetParam().tissues}, notice).Draw(surface);
     pugi::xml_document file;
-    ASSERT_TRUE(file.load_string(surface.File("<&>", plan.Picture().Description(), SvgSurface::Unit::Pixel).c_str()));
+    ASSERT_TRUE(file.load_string(surface.File("<&>", plan.Picture({}).Description(), SvgSurface::Unit::Pixel).c_str()));
     EXPECT_STREQ(file.child("svg").child_value("title"), "<&>");
     const std::string words = file.child("svg").child_value("desc");
     for (std::int16_t row = 1; row <= plan.rows.GetLength(); ++row) {
@@ -135,7 +209,7 @@ TEST_P(SvgPictures, ShowEachStopAndNoTextOverAnother) {
       EXPECT_THAT(words, HasSubstr("Text 7028: " + FormatFixed(plan.rows.getDepth(row), 1)));
     }
     const std::vector<Box> texts = TextsOf(file);
-    for (const char* begin : {"A long <notice> & ", "Text 1308", "Text 1501", "Text 1503", "\xC3\xA4", "(m)"}) {
+    for (const char* begin : {"A long <notice> & ", "Text 1308", "Text 1501", "Text 1503", "T\xC3\xA4 (m)"}) {
       EXPECT_TRUE(std::ranges::any_of(texts, [&](const Box& box) { return box.text.starts_with(begin); })) << begin;
     }
     for (const Box& box : texts) {

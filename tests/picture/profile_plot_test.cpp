@@ -31,7 +31,7 @@ class ProfilePlotTest : public testing::Test {
     row.Status = status;
     return row;
   }
-  void Draw() { plot.Redraw(profile, ProfilePlot::kRoomToGrow); }
+  void Draw() { plot.Redraw(profile, RoomToGrow(profile), 3); }
   [[nodiscard]] std::vector<Stroke> Labels() const {
     std::vector<Stroke> labels = grid.Of(Kind::Text);
     std::erase_if(labels, [](const Stroke& text) { return text.colour != graph::kYellow; });
@@ -67,59 +67,65 @@ TEST_F(ProfilePlotTest, TheWorldLeavesRoomForThePlanToGrow) {
 TEST_F(ProfilePlotTest, AxesOfAnEmptyPlan) {
   Draw();
   const auto times = grid.Of(Kind::Text);
-  ASSERT_EQ(times.size(), 30U);
-  EXPECT_EQ(times.front(), (Stroke{Kind::Text, 550, 350, 0, 0, kBlack, "6"}));
-  EXPECT_EQ(times.back(), (Stroke{Kind::Text, 17850, 350, 0, 0, kBlack, "180"}));
-  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 600, 9450, 600, 450, graph::kGrey, ""}));
-
-  EXPECT_THAT(container.Texts(),
-              ElementsAre("9", "18", "27", "36", "45", "54", "63", "72", "81", "90", "99", "108", "117"));
-  const Stroke nine = container.Of(Kind::Text).front();
-  EXPECT_EQ(nine.x0, 500);                              // ends 200 left of the axis
-  EXPECT_NEAR(nine.y0, 550 + 616.15 + 300 - 90, 0.01);  // centred on 9
-  EXPECT_EQ(grid.Of(Kind::Dotted).size(), 13U);
+  EXPECT_EQ(times[1], (Stroke{Kind::Text, 900, 350, 0, 0, kBlack, "10"}));
+  EXPECT_EQ(times.back(), (Stroke{Kind::Text, 18700, 350, 0, 0, kBlack, "190"})) << "not over the edge";
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 1000, 9450, 1000, 550, graph::kGrey, ""}));
+  const Stroke six = container.Of(Kind::Text)[1];
+  EXPECT_EQ(six.x0, 500);                              // ends 200 left of the axis
+  EXPECT_NEAR(six.y0, 550 + 410.77 + 300 - 90, 0.01);  // centred on 6
   EXPECT_THAT(container.strokes, Contains(Stroke{Kind::Line, 780, 850, 780, 7500, graph::kWhite, ""}));
   EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 0, 550, 19000, 550, graph::kWhite, ""}));
 }
 
-TEST_F(ProfilePlotTest, StretchedTimeIsToldInFinerStepsOfAtLeastTwoMinutes) {
-  for (const auto& [zoom, second] : {std::pair{1.0, "12"}, {1.6, "8"}, {3.0, "4"}, {12.0, "4"}}) {
-    RecordingSurface stretched(19000 * zoom, 10000);
-    ProfilePlot(container, stretched).Redraw(profile, ProfilePlot::kRoomToGrow, zoom);
-    EXPECT_EQ(stretched.Texts()[1], second) << zoom;
-  }
-}
-
-TEST_F(ProfilePlotTest, NumbersThinOutBeforeTheyTouch) {
-  for (const auto& [width, height] :
-       {std::pair{19000.0, 10000.0}, {9000.0, 3000.0}, {4000.0, 1500.0}, {1000.0, 800.0}}) {
-    SCOPED_TRACE(width);
-    RecordingSurface small(width, height);
-    RecordingSurface around(width / 2, height + 300);
-    ProfilePlot(around, small).Redraw(profile, ProfilePlot::kRoomToGrow);
-    const auto times = small.Of(Kind::Text);
-    ASSERT_FALSE(times.empty());
-    for (std::size_t i = 1; i < times.size(); ++i) {
-      EXPECT_GT(times[i].x0, times[i - 1].x0 + small.TextWidth(times[i - 1].text, false));
-    }
+// From 0 on at 1, 2, 5, 10, ... minutes, and as many times the distance of stops, as densely as the numbers have room.
+TEST_F(ProfilePlotTest, TheAxesHaveRoundSteps) {
+  const struct {
+    double width, height, stopStep;
+    const char *time, *depth;  // behind 0
+  } cases[] = {{19000, 10000, 3, "10", "6"},  {133000, 10000, 3, "1", "6"},  {30000, 22000, 3, "5", "3"},
+               {9000, 3000, 3, "20", "30"},   {4000, 1500, 3, "50", "60"},   {19000, 10000, 10, "10", "10"},
+               {19000, 4000, 10, "10", "20"}, {19000, 1900, 10, "10", "50"}, {19000, 27000, 2.5, "10", "2.5"}};
+  for (const auto& known : cases) {
+    SCOPED_TRACE(testing::Message() << known.width << " x " << known.height << ", stops at " << known.stopStep);
+    RecordingSurface sized(known.width, known.height);
+    RecordingSurface around(known.width, known.height + 300);
+    ProfilePlot(around, sized).Redraw(profile, RoomToGrow(profile), known.stopStep);
+    const auto times = sized.Of(Kind::Text);
     const auto depths = around.Of(Kind::Text);
-    ASSERT_FALSE(depths.empty());
+    ASSERT_GE(times.size(), 3U);
+    ASSERT_GE(depths.size(), 3U);
+    EXPECT_EQ(times[0].text + " " + times[1].text, std::string("0 ") + known.time);
+    EXPECT_EQ(depths[0].text + " " + depths[1].text, std::string("0 ") + known.depth);
+    for (std::size_t i = 1; i < times.size(); ++i) {
+      EXPECT_GT(times[i].x0, times[i - 1].x0 + sized.TextWidth(times[i - 1].text, false));
+    }
     for (std::size_t i = 1; i < depths.size(); ++i) EXPECT_GT(depths[i].y0, depths[i - 1].y0 + 180);
-    EXPECT_EQ(small.Of(Kind::Dotted).size(), 13U) << "the lines stay";
   }
+  RecordingSurface flat(19000, 0);
+  ProfilePlot(container, flat).Redraw(profile, RoomToGrow(profile), 3);
+  EXPECT_THAT(container.Texts(), testing::IsEmpty()) << "an axis without extent";
 }
 
 TEST_F(ProfilePlotTest, AFittedPlanFillsThePlot) {
   const struct {
     double time, depth, right, bottom;
-  } cases[] = {{20, 12, 30, -30}, {100, 60, 120, -70}, {5, 3, 20, -20}};
+    bool ascent;
+  } cases[] = {{70, 57, 75, -63, true},
+               {100, 60, 110, -66, true},
+               {5, 3, 15, -12, true},
+               {20, 12, 45, -39, false},
+               {100, 60, 150, -78, false}};
   for (const auto& known : cases) {
     profile.clear();
-    Add(known.time, known.depth);
-    plot.Redraw(profile, ProfilePlot::kFitted);
+    Add(known.time - 1, known.depth);
+    Add(known.time, known.ascent ? 0 : known.depth);
+    plot.Redraw(profile, Fitted(profile, 3), 3);
     EXPECT_EQ(plot.Scale().WorldRight, known.right);
     EXPECT_EQ(plot.Scale().WorldBottom, known.bottom);
   }
+  profile.Row(2).RunTime = 30000;  // a stop that never clears
+  profile.Row(2).SegmentTime = 29901;
+  EXPECT_EQ(Fitted(profile, 3).runTime, 150);
 }
 
 TEST_F(ProfilePlotTest, RowsAreJoinedAndMarkedByTheirKind) {
@@ -136,7 +142,7 @@ TEST_F(ProfilePlotTest, RowsAreJoinedAndMarkedByTheirKind) {
   EXPECT_EQ(circles[1], (Stroke{Kind::FilledCircle, 2000, 2330, 50, 0, kRed, ""}));
   EXPECT_EQ(circles[2], (Stroke{Kind::FilledCircle, 4000, 1440, 50, 0, graph::kBlue, ""}));
   EXPECT_EQ(circles[3], (Stroke{Kind::FilledCircle, 5000, 550, 50, 0, graph::kGreen, ""}));
-  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Circle, 4000, 1440, 50, 0, graph::kStopOutline, ""}));
+  EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Circle, 4000, 1440, 50, 0, graph::kDark.stopOutline, ""}));
   const std::vector<Stroke> legs = grid.Of(Kind::Thick);
   ASSERT_EQ(legs.size(), 6U);  // the first of no length, at the start row
   for (std::size_t i = 1; i < legs.size(); ++i) {
@@ -183,7 +189,7 @@ TEST_F(ProfilePlotTest, AGasChangeIsNamedWhereItTakesPlace) {
       {"unmarked row with no room at the left",
        9.9,
        false,
-       {Kind::Text, 1490, 1460, 0, 0, graph::kYellow, "EAN50"},
+       {Kind::Text, 1490, 1640, 0, 0, graph::kYellow, "EAN50"},
        true},
   };
   for (const auto& known : cases) {

@@ -37,13 +37,13 @@ class TissueMap : public testing::Test {
  protected:
   TissueMap() {
     scale.SetPlot(9000, 5000);
-    scale.SetWorld(0, 80, 0, -60);  // 100 units to the minute
+    scale.SetWorld(0, 90, 0, -70);  // 100 units to the minute
     for (int i = 0; i < 4; ++i) {
       moments.emplace_back();
       moments.back().time = 10.0 * i;
     }
   }
-  void Draw(double scroll = 0) { DrawTissueMap(surface, moments, scale, {800, scroll, "Tissues", "over"}); }
+  void Draw(double scroll = 0) { DrawTissueMap(surface, moments, scale, {800, scroll, "Tissues", "over", kBlack}); }
   /// The boxes of a row of the map, from left to right, without its black ground.
   [[nodiscard]] std::vector<RecordingSurface::Stroke> BoxesOf(int row) const {
     std::vector<RecordingSurface::Stroke> boxes = surface.Of(Kind::FilledBox);
@@ -99,7 +99,7 @@ TEST_F(TissueMap, LeavesOutOfItsHeadWhatHasNoRoom) {
   for (const auto& known : cases) {
     SCOPED_TRACE(known.width);
     RecordingSurface narrow(known.width, 3000);
-    DrawTissueMap(narrow, moments, scale, {800, 0, "Tissues and a title", "over"});
+    DrawTissueMap(narrow, moments, scale, {800, 0, "Tissues and a title", "over", kBlack});
     const auto texts = narrow.Texts();
     EXPECT_EQ(std::count(texts.begin(), texts.end(), "Tissues and a title") == 1, known.title);
     EXPECT_EQ(std::count(texts.begin(), texts.end(), "over") == 1, known.legend);

@@ -40,7 +40,7 @@ struct HeadlessMainView : MainView {
   void PlacePanes() override {}
   void StateChanged(std::int16_t document) override { ++changes[document]; }
   void Arrange(Arrangement arrangement) override { arrangements.push_back(arrangement); }
-  void ResetZoom(std::int16_t /*document*/) override {}
+  bool ResetZoom(std::int16_t /*document*/) override { return std::exchange(zoomed, false); }
   bool ExportGraph(std::int16_t /*document*/, const std::string& file, bool /*svg*/) override {
     exported = file;
     return true;
@@ -50,6 +50,7 @@ struct HeadlessMainView : MainView {
   Placement place;
   bool minimised = false;
   bool shown = false;
+  bool zoomed = false;                  ///< a graph, that of the plan in front
   std::map<std::int16_t, int> changes;  ///< how often each document was told to be another
   std::vector<Arrangement> arrangements;
   std::string exported;
