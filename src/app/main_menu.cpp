@@ -66,6 +66,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuStartAscent, 1, Text::ComputeAscent, "F8"},
     {&frmMain::mnuspe10, 1, kRule, ""},
     {&frmMain::mnuSurface, 1, Text::MenuInterval, "Ctrl+G"},
+    {&frmMain::mnuRepetitive, 1, Text::MenuRepetitive, ""},
     {&frmMain::mnuWhatIf, 1, Text::MenuWhatIf, "Ctrl+Shift+W"},
     {&frmMain::mnuClearLine, 1, Text::MenuClearLine, "Ctrl+Shift+L"},
     {&frmMain::mnulangsep, 1, kRule, ""},

@@ -140,6 +140,12 @@ void Bind(TextBox& box, QLineEdit& edit) {
 }
 
 void Bind(ComboBox& box, QComboBox& combo) {
+  combo.setFocusPolicy(Qt::StrongFocus);
+  if (box.TakesText) {
+    combo.setEditable(true);
+    combo.setInsertPolicy(QComboBox::NoInsert);
+    combo.setCompleter(nullptr);  // EAN3 is no EAN32
+  }
   Follow(box, combo, [&box, &combo] {
     const QSignalBlocker quiet(&combo);
     QStringList items;
@@ -150,9 +156,19 @@ void Bind(ComboBox& box, QComboBox& combo) {
       combo.clear();
       combo.addItems(items);
     }
-    combo.setCurrentIndex(box.ListIndex);
+    if (combo.currentIndex() != box.ListIndex) combo.setCurrentIndex(box.ListIndex);
+    if (combo.isEditable() && combo.currentText() != ToQt(box.Text())) combo.setEditText(ToQt(box.Text()));
   });
   QObject::connect(&combo, &QComboBox::activated, [&box](int index) { box.Select(index); });
+  // A wheel that scrolls what is around a list does not choose in passing.
+  new EventHook(combo, [&combo](QEvent* event) {
+    if (event->type() != QEvent::Wheel || combo.hasFocus()) return false;
+    event->ignore();
+    return true;
+  });
+  if (combo.isEditable()) {
+    QObject::connect(combo.lineEdit(), &QLineEdit::textEdited, [&box](const QString& text) { box.Type(FromQt(text)); });
+  }
   if (!box.KeyReturn) return;
   new EventHook(combo, [&box](QEvent* event) {
     if (event->type() != QEvent::KeyPress) return false;

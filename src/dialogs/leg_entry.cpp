@@ -54,6 +54,7 @@ void LegEntry::TakeUp(LegTable table, const ClassUseractions& actions, const Div
 }
 
 void LegEntry::OpenCell() {
+  table_.RenewGases();
   former_ = table_;
   formerInForce_ = isInForce_;
 }
@@ -102,6 +103,7 @@ std::optional<LegEntry::Refused> LegEntry::PutCellBack() {
 }
 
 std::string LegEntry::Change(const std::function<void(LegTable&)>& change, bool whole) {
+  table_.RenewGases();
   LegTable before = table_;
   const bool wasInForce = isInForce_;
   change(table_);

@@ -1284,6 +1284,7 @@ constexpr int HeadNever = 8710;
 
 // This dive and its gases in the pane of the plan
 constexpr int GasOverHundred = 8730;
+constexpr int PaneGasesAtHand = 8731;
 constexpr int PaneThisDive = 8732;
 constexpr int PaneRebreather = 8733;
 constexpr int PaneSetpoint = 8734;

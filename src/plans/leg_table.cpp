@@ -82,6 +82,15 @@ void LegTable::Follow(const ClassUseractions& before, const ClassUseractions& no
   DropIdleAscents();
 }
 
+void LegTable::RenewGases() {
+  if (template_ == nullptr || std::ranges::equal(gases_, template_->Blends, {}, &GasMix::Name, &GasMix::Name)) return;
+  gases_ = template_->Blends;
+  for (Row& row : rows_) {
+    const bool stays = Knows(row.mix) && gases_[static_cast<std::size_t>(*row.mix)].Name == row.gas;
+    if (!row.ascent && !stays) row.mix = TakeGas(row.gas, gases_, gasOfName_);
+  }
+}
+
 void LegTable::Set(int row, Field field, const std::string& text) {
   Row& leg = rows_.at(static_cast<std::size_t>(row));
   const std::string trimmed(TrimBlanks(text));

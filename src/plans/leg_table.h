@@ -81,6 +81,8 @@ class LegTable {
   /// become what their actions are now, go with those that are gone and are joined by those that are new; a gas that
   /// was chosen keeps its name, a depth that was typed its place when the depths of the plan were converted.
   void Follow(const ClassUseractions& before, const ClassUseractions& now);
+  /// The gases of the plan may have become others since the rows were loaded: their numbers follow.
+  void RenewGases();
   /// The origin of each action, from element 1 on.
   [[nodiscard]] std::vector<std::int16_t> Origins() const;
 

@@ -22,7 +22,9 @@ void PlanTrial::Begin(std::int16_t document) {
 }
 
 /// As a file would hold the plan.
-std::string PlanTrial::Text() const { return WriteDiveRecord(Template(), 0, Editor().UserActions); }
+std::string PlanTrial::Text() const {
+  return WriteDiveRecord(Template(), State().SurfaceInterval, Editor().UserActions);
+}
 
 bool PlanTrial::IsOpen() const {
   return !forms_.Services().documents(document_).SlotFree && Editor().Opening() == opening_;
@@ -78,12 +80,20 @@ std::string PlanTrial::TryTemplate(const std::function<void(DiveTemplate&)>& cha
   change(wanted);
   wanted.TemplateChanged = true;
   std::string fault = forms_.Services().texts.Words(JoinFaults(TemplateFaults(wanted)));
-  if (fault.empty()) {
-    Template() = wanted;
-    inForce_ = true;
-    Editor().ReEvaluateUserEnteredWaypoints();
-    if (Former().plan.fault.IsEmpty()) fault = Editor().EvaluationFault();
-  }
+  if (!fault.empty()) return Refuse(), fault;
+  Template() = wanted;
+  return Evaluate();
+}
+
+std::string PlanTrial::TryInterval(Single minutes) {
+  State().SurfaceInterval = minutes;
+  return Evaluate();
+}
+
+std::string PlanTrial::Evaluate() {
+  inForce_ = true;
+  Editor().ReEvaluateUserEnteredWaypoints();
+  std::string fault = Former().plan.fault.IsEmpty() ? Editor().EvaluationFault() : "";
   if (!fault.empty()) Refuse();
   return fault;
 }

@@ -46,6 +46,8 @@ class PlanTrial {
                          const std::vector<GasMix>& gases = {});
   /// Another template. The reason why the plan can't be computed with it; empty when it is in force.
   std::string TryTemplate(const std::function<void(DiveTemplate&)>& change);
+  /// The same with another surface interval, in minutes.
+  std::string TryInterval(Single minutes);
   /// What is being entered can't be at all: the former plan is in force meanwhile.
   void Refuse();
 
@@ -54,12 +56,15 @@ class PlanTrial {
 
  private:
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
-  [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
+  [[nodiscard]] DocumentState& State() const { return forms_.Services().documents(document_); }
+  [[nodiscard]] DiveTemplate& Template() const { return State().Template; }
   [[nodiscard]] const PlanState& Former() const { return former_.front(); }
   [[nodiscard]] std::vector<PlanRefusal::Leg> LegsAboveCeiling() const;
   [[nodiscard]] bool IsOpen() const;
   void SetGases(const std::vector<GasMix>& gases);
   [[nodiscard]] std::string Text() const;
+  /// Computes the plan with what was changed. Why it can't be; the former plan is in force then.
+  std::string Evaluate();
   void End();
 
   DocumentForms& forms_;
