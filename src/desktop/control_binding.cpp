@@ -145,6 +145,8 @@ void Bind(ComboBox& box, QComboBox& combo) {
     combo.setEditable(true);
     combo.setInsertPolicy(QComboBox::NoInsert);
     combo.setCompleter(nullptr);  // EAN3 is no EAN32
+    // A part of the list, which has the focus for it, as Qt names the parts of its own widgets.
+    combo.lineEdit()->setObjectName(QStringLiteral("qt_typed"));
   }
   Follow(box, combo, [&box, &combo] {
     const QSignalBlocker quiet(&combo);
