@@ -85,9 +85,14 @@ void frmMain::WirePlan() {
   mnuHybrid.Click = [this] { mnuHybrid_Click(); };
   mnuConservatism.Click = ShowConservatism.Click = toolConservatism.Click = [this] { dialogs_.ShowConservatism(); };
   mnuCylinders.Click = [this] { dialogs_.ShowCylinders(); };
+  panes_.PlanPane().settings.SetCircuit = [this](bool openCircuit) { SetBreathingMode(openCircuit, true); };
+  panes_.PlanPane().settings.HasModel = [this](const ModelChoice& model) {
+    return (!model.VPMMode || mnuVPM.Visible) && (!model.HybridMode || mnuHybrid.Visible);
+  };
+  panes_.PlanPane().settings.SetModel = [this](const ModelChoice& model) { SetModel(model); };
   mnuOC.Click = toolOpenCircuit.Click = [this] { SetBreathingMode(!OpenCircuitMode, true); };
   mnuStartAscent.Click = toolAscent.Click = [this] { StartAscent(); };
-  mnuSurface.Click = toolMultilevel.Click = [this] { dialogs_.ShowMultiLevel(); };
+  mnuSurface.Click = mnuRepetitive.Click = toolMultilevel.Click = [this] { dialogs_.ShowMultiLevel(); };
   mnucleardecopoints.Click = onActive(&frmWaypointEditor::mnucleardecopoints);
   mnuclearlastwaypoint.Click = onActive(&frmWaypointEditor::mnuclearlastwaypoint);
   mnuclearallwaypoints.Click = onActive(&frmWaypointEditor::mnuclearallwaypoints);

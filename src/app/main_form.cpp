@@ -118,11 +118,11 @@ void frmMain::mnuVPM_Click() {
   const bool on = !mnuVPM.Checked;
   mnuVPM.Checked = on;
   services_.model.VPMMode = on;
-  MarkTable(!on, false);
   if (on) {
     mnuHybrid.Checked = false;
     services_.model.HybridMode = false;
   }
+  MarkTable(!on, false);
 }
 
 void frmMain::mnuHybrid_Click() {
@@ -134,12 +134,25 @@ void frmMain::mnuHybrid_Click() {
     services_.model.VPMMode = false;
     MarkTable(true, false);
   }
+  panes_.PlanPane().ShowModel();
 }
 
 void frmMain::MarkTable(bool b, bool c) {
   mnuBulhmannB.Checked = b;
   mnuBulhmannC.Checked = c;
   services_.model.ZHL16C = c;
+  panes_.PlanPane().ShowModel();
+}
+
+void frmMain::SetModel(const ModelChoice& model) {
+  services_.model = model;
+  mnuVPM.Checked = model.VPMMode;
+  mnuHybrid.Checked = model.HybridMode;
+  MarkTable(!model.VPMMode && !model.ZHL16C, model.ZHL16C);
+  // All dives of a series, so that each begins with what the same model left.
+  if (const auto active = Active()) {
+    services_.forms(services_.forms(*active).getFirstProfile()).ReEvaluateUserEnteredWaypoints();
+  }
 }
 
 void frmMain::StartAscent() {
@@ -220,7 +233,7 @@ void frmMain::SyncCommands() {
     SetBreathingMode(services_.Document(*active).Template.OpenCircuit, false);
   }
   EnableProfileCommands(state == EditState::Legs, state != EditState::Empty);
-  Enable({&toolMultilevel, &mnuSurface}, surface);
+  Enable({&toolMultilevel, &mnuSurface, &mnuRepetitive}, surface);
   mnucleardecopoints.Enabled = state == EditState::Ascent;
   Enable({&mnuclearlastwaypoint, &mnuclearallwaypoints}, anything);
   mnuUndo.Enabled = active && (services_.history.CanUndo(*active) || !panes_.PlanPane().MarkedCells(*active).empty());
@@ -273,9 +286,9 @@ void frmMain::HoldCommands() {
           &mnuLoadTemplate},
          !held);
   if (!held) return;
-  Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &toolMultilevel, &mnucleardecopoints, &mnuclearlastwaypoint,
-          &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint, &mnuCylinders, &mnuOC,
-          &toolOpenCircuit},
+  Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &mnuRepetitive, &toolMultilevel, &mnucleardecopoints,
+          &mnuclearlastwaypoint, &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint,
+          &mnuCylinders, &mnuOC, &toolOpenCircuit},
          false);
 }
 

@@ -87,6 +87,7 @@ class frmMain : public Form {
   MenuItem mnuStartAscent{*this, "mnuStartAscent"};
   MenuItem mnuspe10{*this, "mnuspe10"};
   MenuItem mnuSurface{*this, "mnuSurface"};
+  MenuItem mnuRepetitive{*this, "mnuRepetitive"};  ///< the same in other words
   MenuItem mnuWhatIf{*this, "mnuWhatIf"};
   MenuItem mnuKeepPlan{*this, "mnuKeepPlan"};  ///< for comparison
   MenuItem mnuCompare{*this, "mnuCompare"};
@@ -239,6 +240,8 @@ class frmMain : public Form {
   void mnuHybrid_Click();
   /// Marks the tables of ZH-L16; the next evaluations take that of the mark.
   void MarkTable(bool b, bool c);
+  /// Another model for the plan in front, with its whole series, and for what is computed from now on.
+  void SetModel(const ModelChoice& model);
 
   MainServices services_;
   TemplateFiles templates_;

@@ -76,6 +76,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuStartAscent, 1, Text::ComputeAscent, "F8"},
     {&frmMain::mnuspe10, 1, kRule, ""},
     {&frmMain::mnuSurface, 1, Text::MenuInterval, "Ctrl+G"},
+    {&frmMain::mnuRepetitive, 1, Text::MenuRepetitive, ""},
     {&frmMain::mnuWhatIf, 1, Text::MenuWhatIf, "Ctrl+Shift+W"},
     {&frmMain::mnuKeepPlan, 1, Text::MenuKeepPlan, "Ctrl+K"},
     {&frmMain::mnuCompare, 1, Text::MenuCompare, "Ctrl+Shift+K"},

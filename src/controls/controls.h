@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -148,8 +149,9 @@ class ComboBox : public Control {
   using Control::Control;
   Property<std::vector<std::string>> Items{Changed};
   Property<int> ListIndex{Changed, -1};
-  Event Click;      ///< the user has chosen an entry
-  Event KeyReturn;  ///< Return was pressed; a list that has this event keeps Return from the default button
+  bool TakesText = false;  ///< what the list does not have can be typed
+  Event Click;             ///< the user has chosen an entry, or typed
+  Event KeyReturn;         ///< Return was pressed; a list that has this event keeps Return from the default button
   void PressReturn() const {
     if (CanAct()) Fire(KeyReturn);
   }
@@ -158,12 +160,24 @@ class ComboBox : public Control {
     ListIndex = index;
     Fire(Click);
   }
-  /// The chosen entry; empty when there is none.
+  /// The whole text after a key of the user: an entry, or one of its own.
+  void Type(const std::string& text) {
+    if (!CanAct() || !TakesText) return;
+    const auto& items = Items.Get();
+    const auto entry = std::find(items.begin(), items.end(), text);
+    typed_ = text;
+    ListIndex = entry == items.end() ? -1 : static_cast<int>(entry - items.begin());
+    Fire(Click);
+  }
+  /// The chosen entry, or what was typed; empty when there is none.
   [[nodiscard]] std::string Text() const {
     const int index = ListIndex;
-    return index < 0 || index >= static_cast<int>(Items.Get().size()) ? ""
-                                                                      : Items.Get()[static_cast<std::size_t>(index)];
+    if (index < 0) return TakesText ? typed_ : "";
+    return index >= static_cast<int>(Items.Get().size()) ? "" : Items.Get()[static_cast<std::size_t>(index)];
   }
+
+ private:
+  std::string typed_;
 };
 
 /// Two arrows beside a field. Arrow keys up and down in the field of its name in `Buddy` do the same.

@@ -96,6 +96,11 @@ class Grid : public Control {
   void Ask(Wish wish) const {
     if (CanAct() && Wished) Wished(wish);
   }
+  /// The user has set the tick of a row, or taken it away.
+  std::function<void(int row, bool on)> Ticked;
+  void Tick(int row, bool on) const {
+    if (CanAct() && Ticked) Ticked(row, on);
+  }
   /// The user's edit of a cell, as far as EditorOf allows it.
   void Edit(int row, int column, const std::string& text) const {
     if (CanAct() && EditorOf && Commit && EditorOf(row, column).kind != Editor::Kind::None) Commit(row, column, text);

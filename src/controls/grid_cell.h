@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/colour.h"
@@ -12,8 +13,9 @@ struct GridCell {
   Colour colour = -1;
   bool bold = false;
   bool italic = false;
-  std::string spoken = {};  ///< what a screen reader says in place of the text; empty for the text itself
-  std::string fault = {};   ///< why what the cell holds can't be: it is marked, and this is its tool tip
+  std::string spoken = {};        ///< what a screen reader says in place of the text; empty for the text itself
+  std::string fault = {};         ///< why what the cell holds can't be: it is marked, and this is its tool tip
+  std::optional<bool> tick = {};  ///< a box to tick stands ahead of the text
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 

@@ -142,6 +142,14 @@ void Bind(TextBox& box, QLineEdit& edit) {
 }
 
 void Bind(ComboBox& box, QComboBox& combo) {
+  combo.setFocusPolicy(Qt::StrongFocus);
+  if (box.TakesText) {
+    combo.setEditable(true);
+    combo.setInsertPolicy(QComboBox::NoInsert);
+    combo.setCompleter(nullptr);  // EAN3 is no EAN32
+    // A part of the list, which has the focus for it, as Qt names the parts of its own widgets.
+    combo.lineEdit()->setObjectName(QStringLiteral("qt_typed"));
+  }
   Follow(box, combo, [&box, &combo] {
     const QSignalBlocker quiet(&combo);
     QStringList items;
@@ -152,9 +160,19 @@ void Bind(ComboBox& box, QComboBox& combo) {
       combo.clear();
       combo.addItems(items);
     }
-    combo.setCurrentIndex(box.ListIndex);
+    if (combo.currentIndex() != box.ListIndex) combo.setCurrentIndex(box.ListIndex);
+    if (combo.isEditable() && combo.currentText() != ToQt(box.Text())) combo.setEditText(ToQt(box.Text()));
   });
   QObject::connect(&combo, &QComboBox::activated, [&box](int index) { box.Select(index); });
+  // A wheel that scrolls what is around a list does not choose in passing.
+  new EventHook(combo, [&combo](QEvent* event) {
+    if (event->type() != QEvent::Wheel || combo.hasFocus()) return false;
+    event->ignore();
+    return true;
+  });
+  if (combo.isEditable()) {
+    QObject::connect(combo.lineEdit(), &QLineEdit::textEdited, [&box](const QString& text) { box.Type(FromQt(text)); });
+  }
   if (!box.KeyReturn) return;
   new EventHook(combo, [&box](QEvent* event) {
     if (event->type() != QEvent::KeyPress) return false;

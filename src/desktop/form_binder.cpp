@@ -13,6 +13,7 @@
 #include "desktop/page_area.h"
 #include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_table.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/spoken_names.h"
 
@@ -32,6 +33,7 @@ class Loader : public QUiLoader {
     QWidget* own = nullptr;
     if (className == QLatin1String("SpinArrows")) own = new SpinArrows(parent);
     if (className == QLatin1String("PageArea")) own = new PageArea(parent);
+    if (className == QLatin1String("RowTable")) own = new RowTable(parent);
     if (className == QLatin1String("QTabBar")) own = new QTabBar(parent);
     if (own == nullptr) return QUiLoader::createWidget(className, parent, name);
     own->setObjectName(name);
@@ -40,13 +42,16 @@ class Loader : public QUiLoader {
 };
 
 /// Gives each button, check box and labelled field that has none a letter to reach it by: the first of its text that is
-/// still free.
-void AssignMnemonics(QDialog& dialog) {
+/// still free. In a pane of the main window those of the menu bar are not.
+void AssignMnemonics(QWidget& dialog) {
   std::set<QChar> taken;
   const auto mnemonic = [](const QString& text) {
     const auto at = text.indexOf(QLatin1Char('&'));
     return at < 0 || at + 1 >= text.size() || text[at + 1] == QLatin1Char('&') ? QChar() : text[at + 1].toLower();
   };
+  if (const auto* window = qobject_cast<QMainWindow*>(dialog.window())) {
+    for (const QAction* menu : window->menuBar()->actions()) taken.insert(mnemonic(menu->text()));
+  }
   const auto assign = [&](const QString& text) {
     if (text.contains(QLatin1Char('&'))) return text;
     for (int i = 0; i < text.size(); ++i) {
@@ -251,6 +256,10 @@ QWidget* MakePane(Form& form, QWidget* parent) {
   }
   BindPointer(form, *designed);
   BindSpinKeys(form, *designed);
+  if (qobject_cast<QMainWindow*>(designed->window()) != nullptr) {
+    AssignMnemonics(*designed);
+    for (auto* arrows : designed->findChildren<SpinArrows*>()) arrows->MakeCompact();
+  }
   NameControls(*designed);
   return designed;
 }

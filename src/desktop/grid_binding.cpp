@@ -4,6 +4,7 @@
 
 #include "controls/grid.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_table.h"
 #include "desktop/shared_columns.h"
 #include "desktop/text_colour.h"
 
@@ -312,6 +313,11 @@ void ShowEditable(const Grid& grid, int row, int column, const QTableWidget& tab
   if (item.toolTip() != ToQt(fault)) item.setToolTip(ToQt(fault));
 }
 
+void ShowTick(const GridCell& cell, QTableWidgetItem& item) {
+  const QVariant state = cell.tick ? QVariant(static_cast<int>(*cell.tick ? Qt::Checked : Qt::Unchecked)) : QVariant();
+  if (item.data(Qt::CheckStateRole) != state) item.setData(Qt::CheckStateRole, state);
+}
+
 }  // namespace
 
 void BindGrid(Grid& grid, QTableWidget& table) {
@@ -336,6 +342,15 @@ void BindGrid(Grid& grid, QTableWidget& table) {
       grid.LastRow = ranges.front().bottomRow() + 1;
     });
   }
+  QObject::connect(&table, &QTableWidget::itemChanged, [&grid, &table](const QTableWidgetItem* item) {
+    const int row = item->row() + 1;
+    const auto& cells = grid.Cells.Get();
+    if (row >= grid.Rows()) return;
+    const auto& tick = cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(item->column())].tick;
+    const bool on = item->checkState() == Qt::Checked;
+    // Once the view has done with the click, because what the tick does may show other rows.
+    if (tick && on != *tick) QTimer::singleShot(0, &table, [&grid, row, on] { grid.Tick(row, on); });
+  });
   grid.OpenWanted = [&table] { table.edit(table.currentIndex()); };
   QObject::connect(&table, &QObject::destroyed, [&grid] { grid.OpenWanted = nullptr; });
   new TableKeys(grid, table);
@@ -362,11 +377,12 @@ void ShowGrid(const Grid& grid, QTableWidget& table) {
           table.setItem(row - 1, column, item);
         }
       }
-      ShowCell(*item, cell, grounds);
+      ShowCell(*item, row == 0 ? HeadOf(table, cell) : cell, grounds);
       const bool right =
           std::find(grid.RightColumns.begin(), grid.RightColumns.end(), column) != grid.RightColumns.end();
       if (right) item->setTextAlignment(Qt::AlignVCenter | Qt::AlignRight);
       if (row > 0) ShowEditable(grid, row, column, table, *item);
+      if (row > 0) ShowTick(cell, *item);
     }
   }
   ShareColumnsAnew(table);

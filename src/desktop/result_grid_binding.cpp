@@ -5,6 +5,7 @@
 
 #include "controls/grid.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_table.h"
 #include "desktop/text_colour.h"
 
 namespace tav {
@@ -97,7 +98,8 @@ void Show(const ResultGrid& grid, QTableWidget& table) {
           table.setItem(shown, column, item);
         }
       }
-      ShowCell(*item, cells[row][static_cast<std::size_t>(column)], atLeft(column));
+      const GridCell& cell = cells[row][static_cast<std::size_t>(column)];
+      ShowCell(*item, shown < 0 ? HeadOf(table, cell) : cell, atLeft(column));
     }
   }
   const auto& widths = grid.ColumnWidths;

@@ -18,6 +18,11 @@ SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+void SpinArrows::MakeCompact() {
+  const int line = fontMetrics().height();
+  for (auto* arrow : findChildren<QToolButton*>()) arrow->setFixedSize(line, line / 2 + 3);
+}
+
 QToolButton* SpinArrows::MakeArrow(Qt::ArrowType type) {
   auto* arrow = new QToolButton(this);
   arrow->setArrowType(type);

@@ -11,6 +11,8 @@ class SpinArrows : public QWidget {
   Q_OBJECT
  public:
   explicit SpinArrows(QWidget* parent = nullptr);
+  /// No higher than the field beside them.
+  void MakeCompact();
 
  Q_SIGNALS:
   void Up();

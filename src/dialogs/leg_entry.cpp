@@ -54,6 +54,7 @@ void LegEntry::TakeUp(LegTable table, const ClassUseractions& actions, const Div
 }
 
 void LegEntry::OpenCell() {
+  table_.RenewGases();
   former_ = table_;
   formerInForce_ = isInForce_;
 }
@@ -108,6 +109,7 @@ std::optional<LegEntry::Refused> LegEntry::PutCellBack() {
 }
 
 std::string LegEntry::Change(const std::function<void(LegTable&)>& change, bool whole) {
+  table_.RenewGases();
   LegTable before = table_;
   const bool wasInForce = isInForce_;
   change(table_);
@@ -125,7 +127,7 @@ bool LegEntry::Try() {
   isInForce_ = false;
   PlanRefusal refusal;
   if (faults_.empty()) {
-    refusal = trial_.TryActions(table_.Actions(), table_.Origins());
+    refusal = trial_.TryActions(table_.Actions(), table_.Origins(), table_.Gases());
   } else {
     trial_.Refuse();
   }

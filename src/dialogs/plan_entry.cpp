@@ -147,13 +147,22 @@ void PlanEntry::EndMove(bool keep) {
 
 void PlanEntry::TypeSetting(const std::string& text, const std::string& fault,
                             const std::function<void(DiveTemplate&)>& change) {
+  EnterSetting(text, fault, [&] { return trial_.TryTemplate(change); });
+}
+
+void PlanEntry::TypeInterval(const std::string& text, const std::string& fault, Single minutes) {
+  EnterSetting(text, fault, [&] { return trial_.TryInterval(minutes); });
+}
+
+void PlanEntry::EnterSetting(const std::string& text, const std::string& fault,
+                             const std::function<std::string()>& attempt) {
   if (!IsFree() || legs_.CellIsOpen()) return;
   Forget();
   settingText_ = text;
   settingFault_ = fault;
   Try([&] {
     if (fault.empty()) {
-      settingFault_ = trial_.TryTemplate(change);
+      settingFault_ = attempt();
     } else {
       trial_.Refuse();
     }

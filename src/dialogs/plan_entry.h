@@ -42,6 +42,7 @@ class PlanEntry : protected FormTexts {
   // Of the plan that is shown.
   [[nodiscard]] frmWaypointEditor& Editor() const { return services_.dialogs.forms(*document_); }
   [[nodiscard]] const DiveTemplate& Template() const { return services_.dialogs.Documents()(*document_).Template; }
+  [[nodiscard]] Single Interval() const { return services_.dialogs.Documents()(*document_).SurfaceInterval; }
   [[nodiscard]] std::string LengthUnit() const { return Template().Metric ? "m" : "ft"; }
   [[nodiscard]] bool IsFree() const { return document_ && !services_.held(*document_); }
   [[nodiscard]] const LegEntry& Legs() const { return legs_; }
@@ -81,6 +82,8 @@ class PlanEntry : protected FormTexts {
   /// Tries a setting whose field holds this text. One with a fault is refused,
   /// whatever the change makes of it.
   void TypeSetting(const std::string& text, const std::string& fault, const std::function<void(DiveTemplate&)>& change);
+  /// The same with the surface interval, in minutes.
+  void TypeInterval(const std::string& text, const std::string& fault, Single minutes);
   void RestoreSetting();
 
   // Plans by document, as in the pane.
@@ -102,6 +105,7 @@ class PlanEntry : protected FormTexts {
   void TakeUp(const Unfinished& unfinished);
   /// The rows are those of the plan; nothing is being entered any more.
   void Reload();
+  void EnterSetting(const std::string& text, const std::string& fault, const std::function<std::string()>& attempt);
   /// Does it while a trial runs, whose steps are not shown.
   void Try(const std::function<void()>& attempt);
   /// What was entered is not taken, and why.

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/gas_name.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -10,6 +11,7 @@ namespace tav {
 frmPlanPane::frmPlanPane(PlanPaneServices services)
     : PaneForm("frmPlanPane", services.dialogs), entry_(std::move(services)) {
   entry_.Changed = [this] { Show(); };
+  cbQuickGas.TakesText = true;
   cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = cbQuickGas.KeyReturn = [this] { Quick(); };
 }
 
@@ -22,6 +24,7 @@ void frmPlanPane::Form_Load() {
   cbQuickGas.ToolTipText = T(Text::Gas);
   legs.SetTexts();
   settings.SetTexts();
+  gases.SetTexts();
   schedule.SetTexts();
   lbFault.ForeColor = kRed;
   lbFault.Visible = false;
@@ -31,6 +34,7 @@ void frmPlanPane::Show() {
   ShowQuickLine();
   legs.Show();
   settings.Show();
+  gases.Show();
   schedule.Show();
   lbFault.Caption = entry_.Told();
   lbFault.Visible = !lbFault.Caption.Get().empty();
@@ -47,7 +51,8 @@ void frmPlanPane::ShowQuickLine() {
   for (const GasMix& mix : t.Blends) names.push_back(mix.Name);
   cbQuickGas.Items = std::move(names);
   const int last = static_cast<int>(t.Blends.size()) - 1;
-  if (cbQuickGas.ListIndex < 0 || cbQuickGas.ListIndex > last) cbQuickGas.ListIndex = 0;
+  const bool isTyped = cbQuickGas.ListIndex < 0 && !cbQuickGas.Text().empty();
+  if (!isTyped && (cbQuickGas.ListIndex < 0 || cbQuickGas.ListIndex > last)) cbQuickGas.ListIndex = 0;
   lbQuickDepthUnit.Caption = entry_.LengthUnit();
   cbQuick.Caption = T(entry_.Legs().Table().Rows() == 0 ? Text::PanePlanDive : Text::PaneAddLeg);
 }
@@ -64,8 +69,29 @@ void frmPlanPane::Quick() {
     if (empty) table.SetFinalAscent(true);
   };
   const bool added = entry_.Change(addLeg, true);
-  const bool timeIsWrong = !added && NumberIn(tbQuickDepth.Text) && !NumberIn(tbQuickTime.Text);
+  if (added) ClearQuickLine();
+  const bool depthIsWrong = added || !NumberIn(tbQuickDepth.Text);
+  const bool timeIsWrong = !depthIsWrong && !NumberIn(tbQuickTime.Text);
+  const std::string gas = cbQuickGas.Text();
+  const bool gasIsKnown = GasNamed(gas, entry_.Template().Blends) || GasFromName(gas);
+  if (!depthIsWrong && !timeIsWrong && !gasIsKnown) return cbQuickGas.SetFocus();
   (timeIsWrong ? tbQuickTime : tbQuickDepth).SelectAll();
+}
+
+void frmPlanPane::ClearQuickLine() {
+  tbQuickDepth.Text = "";
+  tbQuickTime.Text = "";
+  // The next leg is on the gas of the last one, unless told otherwise.
+  const LegTable& legsNow = entry_.Legs().Table();
+  const int last = legsNow.EndOfLegs() - 1;
+  cbQuickGas.ListIndex = last < 0 ? 0 : int{legsNow.At(last).mix.value_or(std::int16_t{0})};
+}
+
+void frmPlanPane::ShowDocument(std::optional<std::int16_t> document) {
+  entry_.ShowDocument(document);
+  std::optional<std::pair<std::int16_t, int>> shown;
+  if (document) shown = {*document, entry_.Editor().Opening()};
+  if (std::exchange(quickOf_, shown) != shown) ClearQuickLine();
 }
 
 void frmPlanPane::SelectRow(std::int16_t row) {

@@ -3,17 +3,20 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "dialogs/pane_form.h"
 #include "dialogs/plan_entry.h"
+#include "dialogs/plan_pane_gases.h"
 #include "dialogs/plan_pane_legs.h"
 #include "dialogs/plan_pane_schedule.h"
 #include "dialogs/plan_pane_settings.h"
 
 namespace tav {
 
-/// The plan in front as a table: a line to enter a dive with, its legs as cells
-/// that are typed over, the settings that are changed most, and the schedule.
+/// The plan in front as a table: the settings of the dive that are changed most,
+/// its gases, a line to enter a leg with, its legs as cells that are typed over,
+/// and the schedule.
 /// Every text that makes sense is computed while it is typed; what can't be
 /// planned is marked in its cell and told of in a line, never by a box, and the
 /// plan as it was before is shown as such. A cell that is left with a text that
@@ -26,6 +29,9 @@ class frmPlanPane : public PaneForm {
  public:
   explicit frmPlanPane(PlanPaneServices services);
 
+  PlanPaneSettings settings{*this, entry_};
+  PlanPaneGases gases{*this, entry_};
+
   // The quick line: a dive with its ascent on an empty plan, else one more leg.
   TextBox tbQuickDepth{*this, "tbQuickDepth"};
   Label lbQuickDepthUnit{*this, "lbQuickDepthUnit"};
@@ -36,10 +42,11 @@ class frmPlanPane : public PaneForm {
 
   PlanPaneLegs legs{*this, entry_};
   Label lbFault{*this, "lbFault"};  ///< why the plan does not take what was entered
-  PlanPaneSettings settings{*this, entry_};
   PlanPaneSchedule schedule{*this, entry_};
 
-  void ShowDocument(std::optional<std::int16_t> document) override { entry_.ShowDocument(document); }
+  void ShowDocument(std::optional<std::int16_t> document) override;
+  /// The model of the program has been changed.
+  void ShowModel() { settings.Show(); }
   void SelectRow(std::int16_t row) override;
   void TakeFocus() override;
   void Finish() override { entry_.Finish(); }
@@ -67,6 +74,9 @@ class frmPlanPane : public PaneForm {
   void Show();
   void ShowQuickLine();
   void Quick();
+  void ClearQuickLine();
+
+  std::optional<std::pair<std::int16_t, int>> quickOf_;  ///< the plan that the quick line is for: document and opening
 };
 
 }  // namespace tav

@@ -1,20 +1,69 @@
 #include "dialogs/plan_pane_settings.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 #include "dialogs/gradient_factors.h"
+#include "figures/model_name.h"
+#include "model/altitude.h"
 #include "model/text_id.h"
 
 namespace tav {
+namespace {
+
+/// In the order of the menu; VPM has no table of coefficients.
+constexpr std::array<ModelChoice, 5> kModels{
+    {{false, false, false}, {false, false, true}, {true, false, false}, {false, true, false}, {false, true, true}}};
+
+/// Minutes in a text of hours and minutes: "1:30". Nothing for another text, and beyond what the dialog takes.
+std::optional<Single> MinutesIn(std::string_view text) {
+  constexpr double kMostHours = 24;
+  constexpr double kMostMinutes = 59;
+  text = TrimBlanks(text);
+  const std::size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return std::nullopt;
+  const auto within = [](std::string_view part, double most) -> std::optional<double> {
+    const bool digits = !part.empty() && std::ranges::all_of(part, [](char c) { return c >= '0' && c <= '9'; });
+    const auto number = digits ? ParseStrict(part) : std::nullopt;
+    return number && *number <= most ? number : std::nullopt;
+  };
+  const auto hours = within(text.substr(0, colon), kMostHours);
+  const auto minutes = within(text.substr(colon + 1), kMostMinutes);
+  if (!hours || !minutes) return std::nullopt;
+  return Single(60 * *hours + *minutes);
+}
+
+/// Whoever dives at an altitude comes up there, unless told otherwise.
+void SetAltitude(DiveTemplate& t, Single altitude) {
+  const bool endFollows = t.StartAltitude == t.EndAltitude && t.StartPressure == t.EndPressure;
+  t.StartAltitude = altitude;
+  t.StartPressure = AltitudeToPressure(altitude, t.Metric);
+  if (!endFollows) return;
+  t.EndAltitude = t.StartAltitude;
+  t.EndPressure = t.StartPressure;
+}
+
+}  // namespace
 
 PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
   udLowGF.Buddy = tbLowGF.Name();
   udHighGF.Buddy = tbHighGF.Name();
   udLastStop.Buddy = tbLastStop.Name();
-  for (TextBox* field : {&tbLowGF, &tbHighGF, &tbLastStop}) {
+  for (TextBox* field : {&tbSetpoint, &tbDecoSetpoint, &tbAltitude, &tbInterval, &tbLowGF, &tbHighGF, &tbLastStop}) {
     field->LostFocus = field->KeyReturn = [this] { entry_.Finish(); };
     field->KeyEscape = [this] { entry_.RestoreSetting(); };
   }
+  tbSetpoint.Change = [this] {
+    TypeNumber(tbSetpoint, lbSetpoint, [](DiveTemplate& t, Single ppo2) { t.Setpoint = ppo2; });
+  };
+  tbDecoSetpoint.Change = [this] {
+    TypeNumber(tbDecoSetpoint, lbSetpoint, [](DiveTemplate& t, Single ppo2) { t.DecoSetpoint = ppo2; });
+  };
+  tbAltitude.Change = [this] { TypeNumber(tbAltitude, lbAltitude, SetAltitude); };
+  tbInterval.Change = [this] { TypeInterval(); };
+  cbCircuit.Click = [this] { ChooseCircuit(); };
+  cbModel.Click = [this] { ChooseModel(); };
   for (TextBox* field : {&tbLowGF, &tbHighGF}) field->Change = [this, field] { TypeFactor(*field); };
   tbLastStop.Change = [this] { TypeLastStop(); };
   udLowGF.UpClick = [this] { StepFactor(tbLowGF, 1); };
@@ -32,6 +81,16 @@ PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(
 }
 
 void PlanPaneSettings::SetTexts() {
+  lbCircuit.Caption = T(Text::PaneThisDive);
+  cbCircuit.Items = {T(Text::OpenCircuit), T(Text::PaneRebreather)};
+  cbModel.SpokenName = cbModel.ToolTipText = T(Text::PaneModel);
+  lbSetpoint.Caption = T(Text::PaneSetpoint);
+  lbDecoSetpoint.Caption = T(Text::PaneSetpointStops);
+  tbSetpoint.ToolTipText = T(Text::PaneSetpointBottom);
+  tbDecoSetpoint.ToolTipText = T(Text::PaneSetpointDeco);
+  lbAltitude.Caption = T(Text::TemplateAltitude);
+  lbInterval.Caption = T(Text::PaneInterval);
+  tbInterval.ToolTipText = T(Text::PaneIntervalMeans);
   cbEditTemplate.Caption = T(Text::PaneEdit);
   lbGF.Caption = T(Text::PaneFactors);
   cbKeepsDiluent.Caption = T(Text::TemplateKeepsDiluent);
@@ -44,29 +103,87 @@ void PlanPaneSettings::SetTexts() {
 
 void PlanPaneSettings::Show() {
   if (entry_.SettingIsOpen()) return;
-  const bool factors = entry_.IsFree() && entry_.Template().UseGF;
-  for (Control* control : std::initializer_list<Control*>{&tbLowGF, &udLowGF, &tbHighGF, &udHighGF}) {
-    control->Enabled = factors;
-  }
-  for (Control* control :
-       std::initializer_list<Control*>{&tbLastStop, &udLastStop, &cbEditTemplate, &cbKeepsDiluent, &cbIntervalOnAir}) {
+  for (Control* control : std::initializer_list<Control*>{
+           &cbCircuit, &cbModel, &tbSetpoint, &tbDecoSetpoint, &tbAltitude, &tbLowGF, &udLowGF, &tbHighGF, &udHighGF,
+           &tbLastStop, &udLastStop, &cbEditTemplate, &cbKeepsDiluent, &cbIntervalOnAir}) {
     control->Enabled = entry_.IsFree();
   }
-  if (!entry_.HasPlan()) {
-    cbKeepsDiluent.Visible = cbIntervalOnAir.Visible = false;
-    return;
+  const bool onLoop = entry_.HasPlan() && !entry_.Template().OpenCircuit;
+  const bool follows = entry_.HasPlan() && entry_.Editor().PrevProfile != -1;
+  for (Control* control : std::initializer_list<Control*>{&lbSetpoint, &tbSetpoint, &lbDecoSetpoint, &tbDecoSetpoint,
+                                                          &lbSetpointUnit, &cbKeepsDiluent}) {
+    control->Visible = onLoop;
   }
+  cbIntervalOnAir.Visible = onLoop && follows;
+  tbInterval.Enabled = follows && entry_.IsFree();
+  ShowModel();
+  if (entry_.HasPlan()) ShowPlan();
+}
+
+void PlanPaneSettings::ShowPlan() {
   const DiveTemplate& t = entry_.Template();
-  cbKeepsDiluent.Visible = !t.OpenCircuit;
-  cbIntervalOnAir.Visible = !t.OpenCircuit && entry_.Editor().PrevProfile != -1;
+  cbCircuit.ListIndex = t.OpenCircuit ? 0 : 1;
   cbKeepsDiluent.Value = t.KeepsDiluent;
   cbIntervalOnAir.Value = t.IntervalOnAir;
-  lbTemplate.Caption = t.Templatename;
-  lbTemplate.ToolTipText = T(Text::PaneSettings, {t.TemplateFolder + t.Templatename});
+  cbEditTemplate.ToolTipText = T(Text::PaneSettings, {t.TemplateFolder + t.Templatename});
+  tbSetpoint.Text = Plain(t.Setpoint);
+  tbDecoSetpoint.Text = Plain(t.DecoSetpoint);
+  lbSetpointUnit.Caption = t.Metric ? "bar" : "ata";
+  tbAltitude.Text = Plain(t.StartAltitude);
+  lbAltitudeUnit.Caption = lbLastStopUnit.Caption = entry_.LengthUnit();
+  if (entry_.Editor().PrevProfile == -1) {
+    tbInterval.Text = T(Text::PaneFirstDive);
+  } else {
+    const Single interval = entry_.Interval();
+    const double hours = std::floor(interval / 60.0);
+    const std::string minutes = numbers_.Short(interval - 60 * hours);
+    tbInterval.Text = Fixed(hours, 0) + ":" + (interval - 60 * hours < 10 ? "0" : "") + minutes;
+  }
   tbLowGF.Text = Fixed(t.GFLow, 2);
   tbHighGF.Text = Fixed(t.GFHigh, 2);
   tbLastStop.Text = Plain(t.LastStop);
-  lbLastStopUnit.Caption = entry_.LengthUnit();
+}
+
+void PlanPaneSettings::ShowModel() {
+  const ModelChoice& now = entry_.Services().dialogs.forms.Services().model;
+  models_.clear();
+  std::vector<std::string> names;
+  for (const ModelChoice& model : kModels) {
+    const bool isNow = ModelName(model) == ModelName(now);
+    if (!isNow && HasModel && !HasModel(model)) continue;
+    if (isNow) cbModel.ListIndex = static_cast<int>(models_.size());
+    models_.push_back(model);
+    names.push_back(ModelName(model));
+  }
+  cbModel.Items = std::move(names);
+  const bool factors = entry_.HasPlan() && GradientFactorsAct(entry_.Template(), now);
+  for (Control* control : std::initializer_list<Control*>{&lbGF, &tbLowGF, &udLowGF, &tbHighGF, &udHighGF}) {
+    control->Visible = factors;
+  }
+}
+
+void PlanPaneSettings::TypeNumber(const TextBox& field, const Label& label,
+                                  const std::function<void(DiveTemplate&, Single)>& change) {
+  const auto number = NumberIn(field.Text);
+  const std::string fault = number ? "" : T(Text::IsNoNumber, {FieldName(label)});
+  entry_.TypeSetting(field.Text, fault, [&](DiveTemplate& t) { change(t, number.value_or(0)); });
+}
+
+void PlanPaneSettings::TypeInterval() {
+  const auto minutes = MinutesIn(tbInterval.Text.Get());
+  entry_.TypeInterval(tbInterval.Text, minutes ? "" : T(Text::PaneIntervalFault), minutes.value_or(0));
+}
+
+void PlanPaneSettings::ChooseCircuit() {
+  entry_.Finish();
+  if (!entry_.IsFree() || !SetCircuit) return Show();
+  SetCircuit(cbCircuit.ListIndex == 0);
+}
+
+void PlanPaneSettings::ChooseModel() {
+  entry_.Finish();
+  if (!entry_.IsFree() || !SetModel) return Show();
+  SetModel(models_.at(static_cast<std::size_t>(cbModel.ListIndex.Get())));
 }
 
 Single PlanPaneSettings::Highest() const { return gradient_factors::Highest(entry_.Services().dialogs.veryHighGF); }

@@ -1,16 +1,32 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "dialogs/plan_entry.h"
+#include "engine/model_choice.h"
 
 namespace tav {
 
-/// The settings that the plan pane has at hand. A change is one of the template
-/// of this plan.
+/// What the plan pane has at hand of this dive: circuit, setpoints, altitude, surface interval, gradient factors and
+/// last stop, which are the plan's, and the model, which is the program's.
 class PlanPaneSettings : protected PlanPanePart {
  public:
   PlanPaneSettings(Form& form, PlanEntry& entry);
 
-  Label lbTemplate{form_, "lbTemplate"};
+  Label lbCircuit{form_, "lbCircuit"};
+  ComboBox cbCircuit{form_, "cbCircuit"};
+  ComboBox cbModel{form_, "cbModel"};
+  Label lbSetpoint{form_, "lbSetpoint"};  ///< it, the setpoints and their unit are seen on a rebreather
+  TextBox tbSetpoint{form_, "tbSetpoint"};
+  Label lbDecoSetpoint{form_, "lbDecoSetpoint"};
+  TextBox tbDecoSetpoint{form_, "tbDecoSetpoint"};
+  Label lbSetpointUnit{form_, "lbSetpointUnit"};
+  Label lbAltitude{form_, "lbAltitude"};
+  TextBox tbAltitude{form_, "tbAltitude"};
+  Label lbAltitudeUnit{form_, "lbAltitudeUnit"};
+  Label lbInterval{form_, "lbInterval"};
+  TextBox tbInterval{form_, "tbInterval"};  ///< "1:30"; takes typing after another dive
   Button cbEditTemplate{form_, "cbEditTemplate"};
   Label lbGF{form_, "lbGF"};
   TextBox tbLowGF{form_, "tbLowGF"};
@@ -24,10 +40,21 @@ class PlanPaneSettings : protected PlanPanePart {
   CheckBox cbKeepsDiluent{form_, "cbKeepsDiluent"};    ///< seen on a rebreather
   CheckBox cbIntervalOnAir{form_, "cbIntervalOnAir"};  ///< seen on a rebreather after a dive
 
+  /// Commands of the program, on the plan in front.
+  std::function<void(bool openCircuit)> SetCircuit;
+  std::function<void(const ModelChoice& model)> SetModel;
+  std::function<bool(const ModelChoice& model)> HasModel;  ///< the program offers it
+
   void SetTexts();
   void Show();
 
  private:
+  void ShowPlan();
+  void ShowModel();
+  void TypeNumber(const TextBox& field, const Label& label, const std::function<void(DiveTemplate&, Single)>& change);
+  void TypeInterval();
+  void ChooseCircuit();
+  void ChooseModel();
   void TypeFactor(const TextBox& field);
   void TypeLastStop();
   void StepFactor(TextBox& field, int by);
@@ -35,6 +62,8 @@ class PlanPaneSettings : protected PlanPanePart {
   void Switch(const CheckBox& box, bool DiveTemplate::*setting);
   /// Gradient factors up to this are taken.
   [[nodiscard]] Single Highest() const;
+
+  std::vector<ModelChoice> models_;  ///< as in the list
 };
 
 }  // namespace tav

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "model/gas_name.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
 
@@ -43,6 +44,7 @@ void frmWaypointForm::Wire() {
   udTimeSpin.Buddy = "tbTime";
   udTimeSpin.UpClick = [this] { Step(tbTime, 1); };
   udTimeSpin.DownClick = [this] { Step(tbTime, -1); };
+  Combo1.TakesText = true;
   Combo1.Click = [this] { Combo1_Click(); };
   for (TextBox* box : {&tbO2, &tbN2, &tbHe, &Text5}) box->Locked = true;
 
@@ -171,7 +173,13 @@ void frmWaypointForm::FillCombo() {
 
 void frmWaypointForm::Combo1_Click() {
   const int index = Combo1.ListIndex;
-  if (index < 0) return;
+  if (index < 0) {
+    const auto typed = GasFromName(Combo1.Text());
+    tbO2.Text = typed ? Plain(typed->O2) : "";
+    tbN2.Text = typed ? Plain(typed->N2) : "";
+    tbHe.Text = typed ? Plain(typed->He) : "";
+    return ShowGas();
+  }
   const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));
   Row().GasMixName = mix.Name;
   Row().MixNumber = static_cast<std::int16_t>(index);
@@ -238,17 +246,31 @@ void frmWaypointForm::cbOK_Click() {
     (depth < Ceiling() ? tbDepth : tbTime).SelectAll();
     return;
   }
+  const auto index = ChosenGas();
+  if (!index) {
+    Box(T(TypedGasFault(Combo1.Text())), Caption, BoxIcon::Stop);
+    Combo1.SetFocus();
+    return;
+  }
   Row().Depth = depth;
   Row().SegmentTime = *time;
-  const auto index = static_cast<std::int16_t>(Combo1.ListIndex.Get());
-  const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(index));
+  const GasMix& mix = Template().Blends.at(static_cast<std::size_t>(*index));
   Row().GasMixName = mix.Name;
-  Row().MixNumber = index;
+  Row().MixNumber = *index;
   Row().GasMixO2 = mix.O2;
   Row().GasMixN2 = mix.N2;
   Row().GasMixHe = mix.He;
   accepted_ = true;
   Unload();
+}
+
+std::optional<std::int16_t> frmWaypointForm::ChosenGas() {
+  if (Combo1.ListIndex >= 0) return static_cast<std::int16_t>(Combo1.ListIndex.Get());
+  std::vector<GasMix>& gases = Template().Blends;
+  const std::size_t had = gases.size();
+  const auto chosen = TakeGas(Combo1.Text(), gases, GasFromName);
+  if (gases.size() > had) MarkChanged(documentIndex_);
+  return chosen;
 }
 
 void frmWaypointForm::cbCancel_Click() { Unload(); }

@@ -99,6 +99,8 @@ class frmWaypointForm : public DialogForm {
   void SetCaptions();
   void FillCombo();
   void Combo1_Click();
+  /// The number of the gas of the dialog; one that was typed by its name is added to the plan. Nothing for no gas.
+  std::optional<std::int16_t> ChosenGas();
   void ShowAsViewer();
   void DepthChanged();
   void DepthConfirmed();

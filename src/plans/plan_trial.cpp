@@ -22,7 +22,9 @@ void PlanTrial::Begin(std::int16_t document) {
 }
 
 /// As a file would hold the plan.
-std::string PlanTrial::Text() const { return WriteDiveRecord(Template(), 0, Editor().UserActions); }
+std::string PlanTrial::Text() const {
+  return WriteDiveRecord(Template(), State().SurfaceInterval, Editor().UserActions);
+}
 
 bool PlanTrial::IsOpen() const {
   return !forms_.Services().documents(document_).SlotFree && Editor().Opening() == opening_;
@@ -40,8 +42,17 @@ std::vector<PlanRefusal::Leg> PlanTrial::LegsAboveCeiling() const {
   return legs;
 }
 
-PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins) {
+void PlanTrial::SetGases(const std::vector<GasMix>& gases) {
+  const DiveTemplate& former = Former().document.Template;
+  const bool more = gases.size() > former.Blends.size();
+  Template().Blends = more ? gases : former.Blends;
+  Template().TemplateChanged = former.TemplateChanged || more;
+}
+
+PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins,
+                                  const std::vector<GasMix>& gases) {
   PlanRefusal refusal;
+  SetGases(gases);
   const bool hadFault = !Former().plan.fault.IsEmpty();
   const auto stood = [&](const PlanRefusal::Leg& leg) {
     const std::int16_t origin = origins.at(static_cast<std::size_t>(leg.action));
@@ -58,6 +69,7 @@ PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::ve
   if (taken) {
     inForce_ = true;
   } else {
+    SetGases({});
     Refuse();
   }
   return refusal;
@@ -68,12 +80,20 @@ std::string PlanTrial::TryTemplate(const std::function<void(DiveTemplate&)>& cha
   change(wanted);
   wanted.TemplateChanged = true;
   std::string fault = forms_.Services().texts.Words(JoinFaults(TemplateFaults(wanted)));
-  if (fault.empty()) {
-    Template() = wanted;
-    inForce_ = true;
-    Editor().ReEvaluateUserEnteredWaypoints();
-    if (Former().plan.fault.IsEmpty()) fault = Editor().EvaluationFault();
-  }
+  if (!fault.empty()) return Refuse(), fault;
+  Template() = wanted;
+  return Evaluate();
+}
+
+std::string PlanTrial::TryInterval(Single minutes) {
+  State().SurfaceInterval = minutes;
+  return Evaluate();
+}
+
+std::string PlanTrial::Evaluate() {
+  inForce_ = true;
+  Editor().ReEvaluateUserEnteredWaypoints();
+  std::string fault = Former().plan.fault.IsEmpty() ? Editor().EvaluationFault() : "";
   if (!fault.empty()) Refuse();
   return fault;
 }

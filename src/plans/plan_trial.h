@@ -40,10 +40,14 @@ class PlanTrial {
 
   /// Other actions. An edited leg has the rule of a new one: not above the ceiling that the plan has where it begins.
   /// `origins` tells for each action, from 1 on, which action of the plan before the trial it was, 0 for none: a leg
-  /// that was above the ceiling then, and is as deep as then, stands.
-  PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins);
+  /// that was above the ceiling then, and is as deep as then, stands. `gases` are those of the plan before the trial
+  /// and, behind them, those that the actions bring; empty for none.
+  PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins,
+                         const std::vector<GasMix>& gases = {});
   /// Another template. The reason why the plan can't be computed with it; empty when it is in force.
   std::string TryTemplate(const std::function<void(DiveTemplate&)>& change);
+  /// The same with another surface interval, in minutes.
+  std::string TryInterval(Single minutes);
   /// What is being entered can't be at all: the former plan is in force meanwhile.
   void Refuse();
 
@@ -52,11 +56,15 @@ class PlanTrial {
 
  private:
   [[nodiscard]] frmWaypointEditor& Editor() const { return forms_(document_); }
-  [[nodiscard]] DiveTemplate& Template() const { return forms_.Services().documents(document_).Template; }
+  [[nodiscard]] DocumentState& State() const { return forms_.Services().documents(document_); }
+  [[nodiscard]] DiveTemplate& Template() const { return State().Template; }
   [[nodiscard]] const PlanState& Former() const { return former_.front(); }
   [[nodiscard]] std::vector<PlanRefusal::Leg> LegsAboveCeiling() const;
   [[nodiscard]] bool IsOpen() const;
+  void SetGases(const std::vector<GasMix>& gases);
   [[nodiscard]] std::string Text() const;
+  /// Computes the plan with what was changed. Why it can't be; the former plan is in force then.
+  std::string Evaluate();
   void End();
 
   DocumentForms& forms_;

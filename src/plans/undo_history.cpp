@@ -31,9 +31,9 @@ void UndoHistory::Record(std::int16_t document) {
   if (restoring_ || held_) return;
   const DocumentState& state = forms_.Services().documents(document);
   const ClassUseractions& actions = forms_(document).UserActions;
-  std::string text = WriteDiveRecord(state.Template, 0, actions);
+  std::string text = WriteDiveRecord(state.Template, state.SurfaceInterval, actions);
   History& history = Of(document);
-  State now{state.Template, state.TemplateTitle, actions, std::move(text), nullptr};
+  State now{state.Template, state.TemplateTitle, state.SurfaceInterval, actions, std::move(text), nullptr};
   if (!history.states.empty() && history.states[history.present].text == now.text) {
     // The name of the template may be another one.
     now.takenOut = history.states[history.present].takenOut;
@@ -69,15 +69,16 @@ void UndoHistory::TemplateNamed(std::int16_t document, const DiveTemplate& befor
     t.Templatename = now.Template.Templatename;
     t.TemplateFolder = now.Template.TemplateFolder;
     state.templateTitle = now.TemplateTitle;
-    state.text = WriteDiveRecord(t, 0, state.actions);
+    state.text = WriteDiveRecord(t, state.surfaceInterval, state.actions);
   }
 }
 
 bool UndoHistory::OnTrial(std::int16_t document) const {
   const History* history = Find(document);
   if (!held_ || history == nullptr || history->states.empty()) return false;
-  const DiveTemplate& diveTemplate = forms_.Services().documents(document).Template;
-  return history->states[history->present].text != WriteDiveRecord(diveTemplate, 0, forms_(document).UserActions);
+  const DocumentState& now = forms_.Services().documents(document);
+  return history->states[history->present].text !=
+         WriteDiveRecord(now.Template, now.SurfaceInterval, forms_(document).UserActions);
 }
 
 bool UndoHistory::CanUndo(std::int16_t document) const {
@@ -141,6 +142,7 @@ void UndoHistory::PutInForce(std::int16_t document, const State& state) {
   frmWaypointEditor& editor = forms_(document);
   present.Template = state.diveTemplate;
   present.TemplateTitle = state.templateTitle;
+  present.SurfaceInterval = state.surfaceInterval;
   editor.UserActions = state.actions;
   ShowSaved(document);
   editor.ReEvaluateUserEnteredWaypoints();

@@ -14,10 +14,10 @@ namespace tav {
 
 class DocumentForms;
 
-/// The states that a plan went through: actions and template, as far back as the document was opened. A state is taken
-/// whenever the plan has been drawn anew; one that is the same as the last does not count. A history is that of one
-/// plan: the next one in the same window has its own. A dive that was taken out of its series is a step of the dive
-/// before it.
+/// The states that a plan went through: actions, template and surface interval, as far back as the document was opened.
+/// A state is taken whenever the plan has been drawn anew; one that is the same as the last does not count. A history
+/// is that of one plan: the next one in the same window has its own. A dive that was taken out of its series is a step
+/// of the dive before it.
 class UndoHistory {
  public:
   explicit UndoHistory(DocumentForms& forms) : forms_(forms) {}
@@ -60,8 +60,9 @@ class UndoHistory {
   struct State {
     DiveTemplate diveTemplate;
     std::string templateTitle;
+    Single surfaceInterval;  ///< minutes
     ClassUseractions actions;
-    std::string text;                          ///< both as a file would hold them, to tell states apart
+    std::string text;                          ///< all as a file would hold them, to tell states apart
     std::shared_ptr<const TakenOut> takenOut;  ///< the dive behind this one, which has left the series at this step
   };
   struct History {

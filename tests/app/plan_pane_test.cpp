@@ -32,9 +32,15 @@ class PlanPane : public testing::Test {
     frmPlanPane& pane = Pane();
     pane.tbQuickDepth.Type(depth);
     pane.tbQuickTime.Type(time);
-    const auto names = pane.cbQuickGas.Items.Get();
-    pane.cbQuickGas.Select(static_cast<int>(std::find(names.begin(), names.end(), gas) - names.begin()));
+    pane.cbQuickGas.Type(gas);
     pane.cbQuick.Press();
+  }
+  /// The line of a gas among those at hand.
+  int LineOf(const std::string& gas) {
+    const Grid& gases = Pane().gases.fgGases;
+    int line = 1;
+    while (line < gases.Rows() && gases.Text(line, PlanPaneGases::kGas) != gas) ++line;
+    return line;
   }
   void Edit(int row, int column, const std::string& text) { Legs().Edit(row, column, text); }
   std::string Rows() { return test::RowsText(p.Editor().InputProfile); }
@@ -92,6 +98,12 @@ TEST_F(PlanPane, AnEditedPlanIsThePlanTypedFromScratchAndOneStepOfUndo) {
       {"no ascent", [&] { Pane().legs.ckAscent.Set(false); }, 3},
       {"another gradient factor", [&] { Pane().settings.tbHighGF.Type("0.70"); }, 3},
       {"another last stop", [&] { Pane().settings.tbLastStop.Type("6"); }, 3},
+      {"an altitude", [&] { Pane().settings.tbAltitude.Type("1500"); }, 3},
+      {"a rebreather", [&] { Pane().settings.cbCircuit.Select(1); }, 3},
+      {"a gas that only its name tells", [&] { Quick("20", "5", "20/40"); }, 4},
+      {"oxygen left out", [&] { Pane().gases.fgGases.Tick(LineOf("Oxygen"), false); }, 3},
+      {"a gas more on the way up", [&] { Pane().gases.fgGases.Tick(LineOf("Tx21/35"), true); }, 3},
+      {"EAN50 from another depth", [&] { Pane().gases.fgGases.Edit(LineOf("EAN50"), PlanPaneGases::kDepth, "15"); }, 3},
   };
   const std::string before = Rows();
   for (const auto& each : kEdits) {
@@ -198,6 +210,109 @@ TEST_F(PlanPane, TypingOneFactorLeavesTheOtherToTheDigit) {
   pane.settings.tbHighGF.Type("1.1");
   pane.Finish();
   EXPECT_EQ(bold.Document().Template.GFHigh, Single(1.1));
+}
+
+TEST_F(PlanPane, ShowsTheGasesInTheOrderOfTheirUseAndTakesMoreByName) {
+  const Grid& grid = Pane().gases.fgGases;
+  const auto lines = [&] {
+    std::string text;
+    for (int line = 1; line < grid.Rows(); ++line) {
+      const auto& cells = grid.Cells.Get()[static_cast<std::size_t>(line)];
+      if (cells[0].tick == true) text += '*';
+      text += cells[0].text + ' ' + cells[1].text + '|';
+    }
+    return text;
+  };
+  EXPECT_EQ(lines(), "Tx18/45 |EAN32 |*EAN50 21|*Oxygen 6|Air |Tx21/35 |Tx15/55 |Tx10/70 | |");
+  // PPO2 1.62 at the depth of a stop: EAN32 (1.62 / 0.32 - 1.01325) * 10 = 40.5 m, Air 67 m.
+  Pane().gases.fgGases.Tick(LineOf("EAN32"), true);
+  Pane().gases.fgGases.Edit(grid.Rows() - 1, PlanPaneGases::kGas, "nitrox 28");
+  EXPECT_EQ(lines(), "Tx18/45 |*EAN32 39|*EAN50 21|*Oxygen 6|Air |Tx21/35 |Tx15/55 |Tx10/70 |EAN28 | |");
+  const std::string before = Rows();
+  Pane().gases.fgGases.Edit(LineOf("EAN50"), PlanPaneGases::kDepth, "0");
+  Pane().gases.fgGases.Edit(grid.Rows() - 1, PlanPaneGases::kGas, "80/40");
+  EXPECT_THAT(Pane().lbFault.Caption.Get(), testing::HasSubstr("80/40"));
+  EXPECT_EQ(Rows(), before);
+  EXPECT_TRUE(p.platform.boxes.empty());
+  p.Main().mnuUndo.Choose();
+  p.Main().mnuUndo.Choose();
+  EXPECT_EQ(p.Document().Template.Blends.size(), 8U);
+  EXPECT_EQ(p.Document().Template.ChangeGasMixes.size(), 2U);
+}
+
+TEST_F(PlanPane, FollowsWhatOtherCommandsChangeOfTheDive) {
+  PlanPaneSettings& settings = Pane().settings;
+  EXPECT_FALSE(settings.tbSetpoint.Visible);
+  p.Main().mnuOC.Choose();
+  EXPECT_EQ(settings.cbCircuit.ListIndex, 1);
+  EXPECT_TRUE(settings.tbSetpoint.Visible);
+  settings.cbCircuit.Select(0);
+  EXPECT_TRUE(p.Document().Template.OpenCircuit && !settings.tbSetpoint.Visible);
+  p.Main().mnuBulhmannC.Choose();
+  EXPECT_EQ(settings.cbModel.Text(), "ZH-L16C");
+  EXPECT_EQ(settings.cbModel.Items.Get().size(), 2U) << "those that the program was not started with are not offered";
+
+  test::HeadlessProgram vpm;
+  ASSERT_TRUE(vpm.Start({"/vpm"}));
+  frmPlanPane& pane = vpm.Main().Panes().PlanPane();
+  pane.tbQuickDepth.Type("40");
+  pane.tbQuickTime.Type("30");
+  pane.cbQuick.Press();
+  EXPECT_TRUE(pane.settings.tbLowGF.Visible);
+  pane.settings.cbModel.Select(2);
+  EXPECT_TRUE(vpm.Main().mnuVPM.Checked);
+  EXPECT_EQ(vpm.Editor().EvaluatedWith(), (ModelChoice{true, false, false})) << "the plan is computed with it at once";
+  EXPECT_FALSE(pane.settings.tbLowGF.Visible) << "they do not act";
+  vpm.Main().mnuVPM.Choose();
+  EXPECT_EQ(pane.settings.cbModel.Text(), "ZH-L16B");
+}
+
+TEST_F(PlanPane, TheIntervalOfADiveIsChangedAfterItWasAdded) {
+  EXPECT_FALSE(Pane().settings.tbInterval.Enabled);
+  const std::int16_t first = p.Active();
+  const std::int16_t second = p.program.Forms().AddRepetitiveDive(first, 60);
+  Quick("40", "20", "Air");
+  const std::int16_t third = p.program.Forms().AddRepetitiveDive(second, 90);
+  Quick("40", "20", "Air");
+  const auto rowsOf = [&](std::int16_t n) { return test::RowsText(p.program.Forms()(n).InputProfile); };
+  const std::string laterBefore = rowsOf(third);
+  p.program.Forms().Activate(second);
+  TextBox& field = Pane().settings.tbInterval;
+  EXPECT_EQ(field.Text.Get(), "1:00");
+  const std::string before = Rows();
+  for (const char* wrong : {"2", "1:60", "25:00", "-1:00", "1:0x"}) {
+    field.Type(wrong);
+    Pane().Finish();
+    EXPECT_THAT(Pane().lbFault.Caption.Get(), testing::HasSubstr(wrong));
+    EXPECT_EQ(Rows(), before);
+    EXPECT_EQ(field.Text.Get(), "1:00");
+  }
+  field.Type("4:05");
+  Pane().Finish();
+  EXPECT_EQ(p.Document().SurfaceInterval, 245);
+  EXPECT_NE(Rows(), before);
+  EXPECT_NE(rowsOf(third), laterBefore);
+  EXPECT_TRUE(Undo());
+  EXPECT_EQ(p.Document().SurfaceInterval, 60);
+  EXPECT_EQ(Rows() + rowsOf(third), before + laterBefore);
+}
+
+TEST_F(PlanPane, TheQuickLineIsNeverStale) {
+  frmPlanPane& pane = Pane();
+  EXPECT_EQ(pane.tbQuickDepth.Text.Get() + pane.tbQuickTime.Text.Get(), "");
+  EXPECT_EQ(pane.cbQuickGas.Text(), "EAN32");
+  Quick("20", "5x", "EAN50");
+  EXPECT_EQ(pane.tbQuickTime.Text.Get(), "5x") << "what was not taken can be put right";
+  const std::string addLeg = pane.cbQuick.Caption.Get();
+  p.Main().mnuNewProfile.Choose();
+  EXPECT_EQ(pane.tbQuickDepth.Text.Get() + pane.tbQuickTime.Text.Get(), "");
+  EXPECT_NE(pane.cbQuick.Caption.Get(), addLeg);
+  Quick("30", "20", "28");
+  EXPECT_EQ(p.Editor().InputProfile.GetGasMixName(1), "EAN28");
+  EXPECT_EQ(pane.cbQuickGas.Text(), "EAN28");
+  Undo();
+  EXPECT_EQ(p.Document().Template.Blends.size(), 8U);
+  EXPECT_EQ(pane.cbQuickGas.Text(), "Air");
 }
 
 TEST_F(PlanPane, AWalkOfEditsIsUndoneAndRedone) {

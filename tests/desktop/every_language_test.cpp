@@ -90,6 +90,7 @@ TEST(EveryLanguage, HasRoomForItsTextsInTheMainWindow) {
     QCoreApplication::processEvents();
     Keep(p.window, language + "-frmMain");
     for (const std::string& fault : test::ReadingFaults(p.window)) ADD_FAILURE() << fault;
+    for (const std::string& fault : SharedLetters(p.window)) ADD_FAILURE() << fault;
     // The smallest that it can be made still has its menu in one line.
     EXPECT_LE(p.window.menuBar()->sizeHint().width(), p.window.width());
   }

@@ -94,6 +94,48 @@ TEST(PaneDocks, GoWithTheWindowWhichIsNoChoiceOfTheUser) {
   EXPECT_TRUE(PlanDock(p)->isVisible());
 }
 
+TEST(PlanPane, TabVisitsItFromTheDiveToItsSchedule) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  p.program.MainForm().OpenFile(test::HeadlessProgram::Dive("rebreather.tav").string());
+  QCoreApplication::processEvents();
+  const auto* dock = PlanDock(p);
+  const auto* first = dock->findChild<QWidget*>(QStringLiteral("cbCircuit"));
+  QStringList visited;
+  const QWidget* at = first;
+  do {
+    const bool stops = (at->focusPolicy() & Qt::TabFocus) != 0 && at->isVisible() && at->isEnabled();
+    if (stops && dock->isAncestorOf(at) && at->focusProxy() == nullptr) visited << at->objectName();
+    at = at->nextInFocusChain();
+  } while (at != first);
+  EXPECT_EQ(
+      FromQt(visited.join(QLatin1Char(' '))),
+      "cbCircuit cbModel tbLowGF tbHighGF tbSetpoint tbDecoSetpoint cbKeepsDiluent tbAltitude tbLastStop cbAddGas "
+      "cbEditTemplate fgGases tbQuickDepth tbQuickTime cbQuickGas cbQuick fgLegs ckAscent cbLegs cbCopySchedule "
+      "fgSchedule");
+}
+
+TEST(PlanPane, SpaceTicksAGasOfTheWayUpAndTheNextOneByKey) {
+  WindowedProgram p;
+  ASSERT_TRUE(p.Start());
+  p.program.MainForm().OpenFile(test::HeadlessProgram::Dive("air-deco.tav").string());
+  QCoreApplication::processEvents();
+  p.window.activateWindow();
+  auto* gases = PlanDock(p)->findChild<QTableWidget*>(QStringLiteral("fgGases"));
+  const auto& changes = p.program.Forms().Services().documents(*p.program.Forms().Active()).Template.ChangeGasMixes;
+  const std::size_t before = changes.size();
+  gases->setFocus();
+  gases->setCurrentCell(0, 0);
+  ASSERT_EQ(gases->item(0, 0)->checkState(), Qt::Unchecked) << "air is breathed on the way up unless another gas is";
+  QTest::keyClick(gases, Qt::Key_Space);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(changes.size(), before + 1);
+  EXPECT_EQ(gases->item(0, 0)->checkState(), Qt::Checked);
+  QTest::keyClick(gases, Qt::Key_Space);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(changes.size(), before);
+}
+
 TEST(PlanPane, TakesALineAndALegByKeysAlone) {
   WindowedProgram p;
   ASSERT_TRUE(p.Start());

@@ -72,6 +72,22 @@ TEST_F(WaypointForm, EachButtonMakesTheMixOfItsFieldsAndSelectsIt) {
   }
 }
 
+TEST_F(WaypointForm, AGasCanBeTypedByItsName) {
+  frmWaypointForm& f = At(30);
+  f.tbTime.Type("20");
+  const std::size_t before = Template().Blends.size();
+  f.Combo1.Type("80/40");
+  f.cbOK.Press();
+  EXPECT_EQ(d.platform.boxes.size(), 1U);
+  EXPECT_EQ(Template().Blends.size(), before);
+  f.Combo1.Type("20/40");
+  EXPECT_EQ(f.tbHe.Text.Get(), "40");
+  f.cbOK.Press();
+  ASSERT_EQ(Template().Blends.size(), before + 1);
+  EXPECT_EQ(profile.Row(0).GasMixName, "Tx20/40");
+  EXPECT_EQ(profile.Row(0).MixNumber, static_cast<std::int16_t>(before));
+}
+
 TEST_F(WaypointForm, AMixWhoseNameStandsForAnotherGasIsTold) {
   Template().Blends.push_back({"EAN35", 36, 64, 0});
   At(30).cbNitroxAdd.Press();
