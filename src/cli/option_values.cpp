@@ -27,15 +27,10 @@ int WholeNumberOf(const std::string& text, const std::string& option, int least,
 }
 
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate) {
-  if (const auto found = GasNamed(name, diveTemplate)) return *found;
-  const auto mix = MixOfName(name);
-  if (!mix) {
-    std::string known;
-    for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
-    throw OptionError({Text::OptionUnknownGas, {name, known}});
-  }
-  diveTemplate.Blends.push_back(*mix);
-  return static_cast<std::int16_t>(diveTemplate.Blends.size() - 1);
+  if (const auto mix = TakeGas(name, diveTemplate.Blends)) return *mix;
+  std::string known;
+  for (const GasMix& blend : diveTemplate.Blends) known += (known.empty() ? "" : ", ") + blend.Name;
+  throw OptionError({Text::OptionUnknownGas, {name, known}});
 }
 
 }  // namespace tav

@@ -111,7 +111,7 @@ void frmGasBlend::cbOK_Click() {
     return;
   }
   DiveTemplate& t = TemplateOf(documentIndex_);
-  if (FindBlend(NameInTemplate(name, t), t)) {
+  if (GasNamed(name, t.Blends)) {
     Box(T(Text::GasNameTaken), T(Text::BlendTitle), BoxIcon::Exclamation);
     tbBlendName.SelectAll();
     return;

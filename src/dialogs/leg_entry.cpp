@@ -119,7 +119,7 @@ bool LegEntry::Try() {
   isInForce_ = false;
   PlanRefusal refusal;
   if (faults_.empty()) {
-    refusal = trial_.TryActions(table_.Actions(), table_.Origins());
+    refusal = trial_.TryActions(table_.Actions(), table_.Origins(), table_.Gases());
   } else {
     trial_.Refuse();
   }

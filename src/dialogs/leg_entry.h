@@ -18,7 +18,7 @@ namespace tav {
 class LegEntry : protected FormTexts {
  public:
   LegEntry(PlanTrial& trial, const Platform& platform, const TextSource& texts)
-      : FormTexts(platform, texts), trial_(trial), table_(platform.separators) {}
+      : FormTexts(platform, texts), trial_(trial), table_(platform.separators, GasFromName) {}
 
   [[nodiscard]] const LegTable& Table() const { return table_; }
   [[nodiscard]] bool IsInForce() const { return isInForce_; }  ///< the plan has the rows
@@ -33,7 +33,7 @@ class LegEntry : protected FormTexts {
   /// The rows are those of the plan, which has this template.
   void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
   /// There is no plan.
-  void Clear() { Put(LegTable(platform_.separators), true); }
+  void Clear() { Put(LegTable(platform_.separators, GasFromName), true); }
   /// Rows that the plan did not have when they were left.
   void TakeUp(LegTable table, const ClassUseractions& actions, const DiveTemplate& diveTemplate);
 

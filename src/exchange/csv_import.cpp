@@ -3,7 +3,6 @@
 
 #include "exchange/control_characters.h"
 #include "exchange/import.h"
-#include "model/gas_name.h"
 #include "model/text_id.h"
 #include "persist/line_reader.h"
 #include "persist/text_file.h"
@@ -87,6 +86,7 @@ class CsvImport {
     }
     table_.SetFinalAscent(true);
     imported_.profile.dives.front().UserActions = table_.Actions();
+    Settings().Blends = table_.Gases();
     Tell(Text::ImportLinesWithoutGas, withoutGas_, Settings().Blends.front().Name);
     Tell(Text::ImportMoreColumns, moreColumns_, "");
     Tell(Text::ImportHeadingWithDigits, headings_, "");
@@ -132,18 +132,6 @@ class CsvImport {
     const std::string& gas = cells->back();
     if (gas.empty()) return withoutGas_.Add(number);
     if (HasControl(gas)) Fail(number, Text::ImportControlCharacter);
-    TakeGas(row, gas);
-  }
-
-  /// A gas that only its name tells is added.
-  void TakeGas(int row, const std::string& gas) {
-    auto mix = GasNamed(gas, Settings());
-    if (const auto told = MixOfName(gas); !mix && told) {
-      mix = static_cast<std::int16_t>(Settings().Blends.size());
-      Settings().Blends.push_back(*told);
-    }
-    table_.Set(row, LegTable::Field::Gas, "");
-    table_.Set(row, LegTable::Field::Gas, mix ? Settings().Blends[static_cast<std::size_t>(*mix)].Name : gas);
   }
 
   const std::filesystem::path& file_;

@@ -1282,4 +1282,24 @@ constexpr int HeadOnOpenCircuit = 8708;
 constexpr int HeadWayUpGas = 8709;
 constexpr int HeadNever = 8710;
 
+// This dive and its gases in the pane of the plan
+constexpr int GasOverHundred = 8730;
+constexpr int PaneThisDive = 8732;
+constexpr int PaneRebreather = 8733;
+constexpr int PaneSetpoint = 8734;
+constexpr int PaneSetpointStops = 8735;
+constexpr int PaneInterval = 8736;
+constexpr int PaneFirstDive = 8737;
+constexpr int PaneIntervalMeans = 8738;
+constexpr int PaneIntervalFault = 8739;
+constexpr int PaneModel = 8740;
+constexpr int PaneWayUpFrom = 8741;
+constexpr int PaneCylinders = 8742;
+constexpr int PaneWayUpMeans = 8743;
+constexpr int PaneAddGas = 8744;
+constexpr int PaneGasDepthFault = 8745;
+constexpr int MenuRepetitive = 8746;
+constexpr int PaneSetpointBottom = 8747;
+constexpr int PaneSetpointDeco = 8748;
+
 }  // namespace tav::Text

@@ -20,12 +20,16 @@ std::string Filled(const TextSource& texts, int id, const std::string& value) {
 
 void LegTable::SetMix(Row& row, std::optional<std::int16_t> mix) const {
   row.mix = mix;
-  const bool known = mix && *mix >= 0 && static_cast<std::size_t>(*mix) < template_->Blends.size();
-  if (known) row.gas = template_->Blends[static_cast<std::size_t>(*mix)].Name;
+  if (Knows(mix)) row.gas = gases_[static_cast<std::size_t>(*mix)].Name;
+}
+
+bool LegTable::Knows(std::optional<std::int16_t> mix) const {
+  return mix && *mix >= 0 && static_cast<std::size_t>(*mix) < gases_.size();
 }
 
 void LegTable::Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate) {
   template_ = &diveTemplate;
+  gases_ = diveTemplate.Blends;
   metric_ = diveTemplate.Metric;
   rows_.clear();
   for (int i = 1; i <= actions.GetLength(); ++i) rows_.push_back(Made(actions, static_cast<std::int16_t>(i)));
@@ -58,13 +62,14 @@ void LegTable::Follow(const ClassUseractions& before, const ClassUseractions& no
     depthsConverted |= isConverted && !isSame;
   }
   metric_ = template_->Metric;
+  gases_ = template_->Blends;
   std::erase_if(rows_, [shared](const Row& row) { return row.origin > shared; });
   for (Row& row : rows_) {
     if (row.ascent) continue;
     if (row.origin > 0 && row.mix == now.getmixnumber(row.origin)) {
       SetMix(row, row.mix);
     } else {
-      row.mix = FindBlend(row.gas, *template_);
+      row.mix = TakeGas(row.gas, gases_, gasOfName_);
     }
     if (row.origin > 0 && !row.depth.typed) {
       row.depth = Made(now, row.origin).depth;
@@ -84,7 +89,7 @@ void LegTable::Set(int row, Field field, const std::string& text) {
     // Two blends may have one name: a leg on the second stays there.
     if (leg.gas == trimmed && leg.mix) return;
     leg.gas = trimmed;
-    leg.mix = FindBlend(trimmed, *template_);
+    SetMix(leg, TakeGas(trimmed, gases_, gasOfName_));
     return;
   }
   Number& number = field == Field::Depth ? leg.depth : leg.time;
@@ -200,9 +205,8 @@ std::vector<LegTable::Fault> LegTable::Faults(const TextSource& texts) const {
     if (row.ascent) continue;
     add(i, Field::Depth, DepthReason(row.depth, texts));
     add(i, Field::Time, TimeReason(row.time, texts));
-    const bool known = row.mix && *row.mix >= 0 && static_cast<std::size_t>(*row.mix) < template_->Blends.size();
-    if (!known)
-      add(i, Field::Gas, row.gas.empty() ? texts.GetResString(Text::GasGone) : Filled(texts, Text::NoSuchGas, row.gas));
+    if (Knows(row.mix)) continue;
+    add(i, Field::Gas, row.gas.empty() ? texts.GetResString(Text::GasGone) : texts.Words(TypedGasFault(row.gas)));
   }
   return faults;
 }

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/dive_template.h"
+#include "model/gas_name.h"
 #include "model/number_texts.h"
 #include "model/user_actions.h"
 #include "platform/text_source.h"
@@ -38,12 +40,16 @@ class LegTable {
     std::string reason;  ///< a sentence
   };
 
-  explicit LegTable(NumberTexts numbers = {}) : numbers_(std::move(numbers)) {}
+  /// `gasOfName` tells the gas of a name that the plan has none of; it is then a gas of the table.
+  explicit LegTable(NumberTexts numbers = {}, std::optional<GasMix> (*gasOfName)(std::string_view) = MixOfName)
+      : numbers_(std::move(numbers)), gasOfName_(gasOfName) {}
 
   /// All rows anew. The template must outlive the table.
   void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
   [[nodiscard]] int Rows() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] const Row& At(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
+  /// What the numbers of the gases mean: those of the plan, and behind them those that only a typed name tells.
+  [[nodiscard]] const std::vector<GasMix>& Gases() const { return gases_; }
 
   void Set(int row, Field field, const std::string& text);
   /// Puts a leg without depth and time ahead of a row, on the gas of the leg above it.
@@ -81,6 +87,7 @@ class LegTable {
  private:
   [[nodiscard]] std::optional<std::int16_t> GasAbove(int row) const;
   void SetMix(Row& row, std::optional<std::int16_t> mix) const;
+  [[nodiscard]] bool Knows(std::optional<std::int16_t> mix) const;
   void Put(int row, Row made);
   [[nodiscard]] Row Made(const ClassUseractions& actions, std::int16_t action) const;
   /// An ascent needs a leg ahead of it.
@@ -90,7 +97,9 @@ class LegTable {
   [[nodiscard]] std::string Written(Single value) const { return numbers_.Plain(value); }
 
   NumberTexts numbers_;
+  std::optional<GasMix> (*gasOfName_)(std::string_view);
   const DiveTemplate* template_ = nullptr;
+  std::vector<GasMix> gases_;
   bool metric_ = true;  ///< the units of the rows
   std::vector<Row> rows_;
 };

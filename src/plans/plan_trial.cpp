@@ -40,8 +40,17 @@ std::vector<PlanRefusal::Leg> PlanTrial::LegsAboveCeiling() const {
   return legs;
 }
 
-PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins) {
+void PlanTrial::SetGases(const std::vector<GasMix>& gases) {
+  const DiveTemplate& former = Former().document.Template;
+  const bool more = gases.size() > former.Blends.size();
+  Template().Blends = more ? gases : former.Blends;
+  Template().TemplateChanged = former.TemplateChanged || more;
+}
+
+PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins,
+                                  const std::vector<GasMix>& gases) {
   PlanRefusal refusal;
+  SetGases(gases);
   const bool hadFault = !Former().plan.fault.IsEmpty();
   const auto stood = [&](const PlanRefusal::Leg& leg) {
     const std::int16_t origin = origins.at(static_cast<std::size_t>(leg.action));
@@ -58,6 +67,7 @@ PlanRefusal PlanTrial::TryActions(const ClassUseractions& actions, const std::ve
   if (taken) {
     inForce_ = true;
   } else {
+    SetGases({});
     Refuse();
   }
   return refusal;

@@ -40,8 +40,10 @@ class PlanTrial {
 
   /// Other actions. An edited leg has the rule of a new one: not above the ceiling that the plan has where it begins.
   /// `origins` tells for each action, from 1 on, which action of the plan before the trial it was, 0 for none: a leg
-  /// that was above the ceiling then, and is as deep as then, stands.
-  PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins);
+  /// that was above the ceiling then, and is as deep as then, stands. `gases` are those of the plan before the trial
+  /// and, behind them, those that the actions bring; empty for none.
+  PlanRefusal TryActions(const ClassUseractions& actions, const std::vector<std::int16_t>& origins,
+                         const std::vector<GasMix>& gases = {});
   /// Another template. The reason why the plan can't be computed with it; empty when it is in force.
   std::string TryTemplate(const std::function<void(DiveTemplate&)>& change);
   /// What is being entered can't be at all: the former plan is in force meanwhile.
@@ -56,6 +58,7 @@ class PlanTrial {
   [[nodiscard]] const PlanState& Former() const { return former_.front(); }
   [[nodiscard]] std::vector<PlanRefusal::Leg> LegsAboveCeiling() const;
   [[nodiscard]] bool IsOpen() const;
+  void SetGases(const std::vector<GasMix>& gases);
   [[nodiscard]] std::string Text() const;
   void End();
 

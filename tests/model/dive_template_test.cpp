@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "model/gas_name.h"
 #include "model/template_faults.h"
 
 namespace tav {
@@ -126,17 +125,6 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
   feet.GFHigh = 1.99;
   feet.Blends[1].O2 = 50.5;
   EXPECT_TRUE(TemplateFaults(feet).empty());
-}
-
-TEST(GasNamed, TakesAnyCaseOfLettersAndTheUsualName) {
-  DiveTemplate t = Sound();
-  t.Blends.push_back({"Tx18/45", 18, 37, 45});
-  for (const char* name : {"EAN50", "ean50", "EAN050", "Ean50.0"}) EXPECT_EQ(GasNamed(name, t), 1) << name;
-  for (const char* name : {"air", "AIR"}) EXPECT_EQ(GasNamed(name, t), 0) << name;
-  EXPECT_EQ(GasNamed("tx018/45", t), 2);
-  for (const char* name : {"EAN51", "EAN500", "best", ""}) EXPECT_EQ(GasNamed(name, t), std::nullopt) << name;
-  EXPECT_EQ(MixOfName("h085").value().Name, "H85");
-  EXPECT_EQ(MixOfName("oxygen").value().Name, "Oxygen");
 }
 
 TEST(PlanFaults, TellTheActionOfALegThatCannotBePlanned) {

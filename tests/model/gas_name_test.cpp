@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "model/text_id.h"
+
 namespace tav {
 namespace {
 
@@ -31,14 +33,36 @@ TEST(GasName, IsKnownInAnyCaseAndFormOfItsNumbers) {
   }
 }
 
-TEST(GasName, ThatOfATemplateComesFirst) {
-  DiveTemplate t;
-  t.Blends = {AirMix(), {"EAN032", 32, 68, 0}, {"Deep", 12, 28, 60}};
+TEST(GasName, IsTypedInShortOrInWords) {
   for (const auto& [typed, name] :
-       {std::pair("EAN032", "EAN032"), std::pair("ean032", "EAN032"), std::pair("deep", "Deep"),
-        std::pair("AIR", "Air"), std::pair("ean050", "EAN50"), std::pair("other", "other")}) {
-    EXPECT_EQ(NameInTemplate(typed, t), name);
+       {std::pair("28", "EAN28"), std::pair(" ean 28 ", "EAN28"), std::pair("Nitrox 32.5", "EAN32.5"),
+        std::pair("21", "Air"), std::pair("100%", "Oxygen"), std::pair("o2", "Oxygen"), std::pair("20/40", "Tx20/40"),
+        std::pair("trimix 18 / 45", "Tx18/45"), std::pair("Heliox 21/79", "H79"), std::pair("32/0", "EAN32"),
+        std::pair("Tx21/79", "Tx21/79")}) {
+    const auto gas = GasFromName(typed);
+    EXPECT_TRUE(gas && TypedGasFault(typed).IsEmpty()) << typed;
+    EXPECT_EQ(gas.value_or(GasMix{}).Name, name);
   }
+  for (const auto& [typed, why] : {std::pair("20/90", Text::GasOverHundred), std::pair("EAN101", Text::GasOverHundred),
+                                   std::pair("0/50", Text::GasWithoutOxygen), std::pair("EAN32,5", Text::GasNameFault),
+                                   std::pair("20:40", Text::GasNameFault), std::pair("bottom gas", Text::NoSuchGas),
+                                   std::pair("20/-5", Text::NoSuchGas), std::pair("", Text::NoSuchGas)}) {
+    EXPECT_FALSE(GasFromName(typed)) << typed;
+    EXPECT_EQ(TypedGasFault(typed).text, why) << typed;
+  }
+}
+
+TEST(GasName, ThatOfAPlanComesFirstAndOthersAreAdded) {
+  const std::vector<GasMix> had = {AirMix(), {"EAN032", 32, 68, 0}, {"Deep", 12, 28, 60}, {"EAN50", 50, 50, 0}};
+  for (const auto& [typed, number] :
+       {std::pair("EAN032", 1), std::pair("ean032", 1), std::pair("deep", 2), std::pair("AIR", 0),
+        std::pair("ean050.0", 3), std::pair("50", 3), std::pair("20/40", 4)}) {
+    std::vector<GasMix> gases = had;
+    EXPECT_EQ(TakeGas(typed, gases, GasFromName), number) << typed;
+    EXPECT_EQ(gases.size(), number == 4 ? 5U : 4U) << typed;
+  }
+  std::vector<GasMix> gases = had;
+  EXPECT_FALSE(TakeGas("other", gases) || TakeGas("20/40", gases));
 }
 
 }  // namespace

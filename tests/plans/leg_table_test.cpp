@@ -152,7 +152,7 @@ TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {
       {"30", "x", "Air", Numbered("0.1 <IsNoNumber>")},
       {"30", "-1", "Air", Numbered("0.1 <TimeNegative>")},
       {"30", "100001", "Air", Numbered("0.1 <TimeTooLong>")},
-      {"30", "20", "EAN33", Numbered("0.2 <NoSuchGas>")},
+      {"30", "20", "best", Numbered("0.2 <NoSuchGas>")},
       {"30", "1e300", "Air", Numbered("0.1 <TimeTooLong>")},
   };
   for (const auto& each : cases) {

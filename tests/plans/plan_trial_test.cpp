@@ -30,7 +30,7 @@ class Trial : public testing::Test {
   /// Tries what the table holds.
   PlanRefusal Try() {
     trial_.Begin(plan_.Tag());
-    return trial_.TryActions(legs_.Actions(), legs_.Origins());
+    return trial_.TryActions(legs_.Actions(), legs_.Origins(), legs_.Gases());
   }
   /// An edit from its first key to its last. False when it was refused.
   bool Edit(const std::function<void()>& act) {
@@ -50,6 +50,35 @@ class Trial : public testing::Test {
   frmWaypointEditor& plan_ = plans_.New();
   LegTable legs_;
 };
+
+TEST_F(Trial, AGasThatOnlyItsNameTellsBecomesOneOfThePlan) {
+  Paste("30\t20\tAir\n12\t5\tAir\nAscent\n");
+  const std::vector<GasMix>& gases = Document().Template.Blends;
+  const std::size_t had = gases.size();
+  const std::string rows = Rows();
+  const LegTable before = legs_;
+  for (const char* typed : {"EAN2", "EAN28"}) {
+    legs_ = before;
+    legs_.Set(0, Field::Gas, typed);
+    EXPECT_TRUE(Try().IsEmpty());
+    EXPECT_EQ(gases.size(), had + 1) << typed;
+    EXPECT_EQ(gases.back().Name, typed);
+    EXPECT_EQ(plan_.InputProfile.GetGasMixName(1), typed);
+  }
+  legs_.Set(1, Field::Depth, "0");  // above the ceiling
+  legs_.Set(0, Field::Time, "90");
+  EXPECT_FALSE(Try().IsEmpty());
+  EXPECT_EQ(gases.size(), had) << "the plan of before is in force";
+  EXPECT_EQ(Rows(), rows);
+  legs_ = before;
+  legs_.Set(0, Field::Gas, "EAN28");
+  EXPECT_TRUE(Try().IsEmpty());
+  trial_.Keep();
+  EXPECT_EQ(gases.size(), had + 1);
+  history_.Undo(plan_.Tag());
+  EXPECT_EQ(gases.size(), had);
+  EXPECT_EQ(Rows(), rows);
+}
 
 TEST_F(Trial, GivesTheRowsOfAPlanTypedFromScratch) {
   Paste("60\t20\tTx18/45\n40\t5\tEAN32\n24\t6\tEAN32\nAscent\n");
