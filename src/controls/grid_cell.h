@@ -13,6 +13,7 @@ struct GridCell {
   bool bold = false;
   bool italic = false;
   std::string spoken = {};  ///< what a screen reader says in place of the text; empty for the text itself
+  std::string tip = {};     ///< tool tip of a result; empty for the text itself
   std::string fault = {};   ///< why what the cell holds can't be: it is marked, and this is its tool tip
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };

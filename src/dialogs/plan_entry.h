@@ -68,6 +68,13 @@ class PlanEntry : protected FormTexts {
   /// were; so does, with `whole`, one that leaves a cell to be filled. True
   /// when the rows have changed.
   bool Change(const std::function<void(LegTable&)>& change, bool whole = false);
+  /// Takes the ascent into the plan or out of it; one that is still empty gets it with its first leg, or does not.
+  void WantAscent(bool on);
+  [[nodiscard]] bool WantsAscent() const {
+    return legs_.Table().Rows() == 0 ? HasPlan() && Editor().WantsAscent() : legs_.Table().EndsWithAscent();
+  }
+  /// Why something has not been done, until the next entry.
+  void Tell(const std::string& words);
 
   /// Tries a setting whose field holds this text. One with a fault is refused,
   /// whatever the change makes of it.

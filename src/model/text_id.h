@@ -1302,4 +1302,10 @@ constexpr int MenuRepetitive = 8746;
 constexpr int PaneSetpointBottom = 8747;
 constexpr int PaneSetpointDeco = 8748;
 
+// Legs of the plan pane, doses carried over
+constexpr int PasteHoldsNoLegs = 8770;
+constexpr int PaneGasOfLegs = 8771;
+constexpr int DosesCarried = 8772;
+constexpr int InfoCarried = 8773;
+
 }  // namespace tav::Text
