@@ -61,4 +61,10 @@ std::string TextOf(const StopReason& reason, const AdviceWords& words) {
                   words.Fixed(reason.GF * 100, 0)});
 }
 
+std::map<std::int16_t, std::string> StopReasonTexts(const CheckedDive& dive, const AdviceWords& words) {
+  std::map<std::int16_t, std::string> texts;
+  for (const StopReason& reason : StopReasons(dive)) texts[reason.row] = TextOf(reason, words);
+  return texts;
+}
+
 }  // namespace tav

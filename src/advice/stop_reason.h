@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ std::vector<StopReason> StopReasons(const CheckedDive& dive);
 
 /// The reason as a sentence.
 std::string TextOf(const StopReason& reason, const AdviceWords& words);
+
+/// Those of a dive by row.
+std::map<std::int16_t, std::string> StopReasonTexts(const CheckedDive& dive, const AdviceWords& words);
 
 /// "ZH-L16B", "ZH-L16C" or "VPM": the model that decided.
 std::string ModelOf(const StopReason& reason);

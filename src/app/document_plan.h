@@ -24,7 +24,8 @@ class DocumentPlan {
   std::int16_t document_;
   LocaleSeparators separators_;
   std::vector<DiveMoment> moments_;
-  int momentsOf_ = -1;  ///< the evaluation that they belong to
+  Compartments startLoads_{};
+  int momentsOf_ = -1;  ///< the evaluation that both belong to
 };
 
 }  // namespace tav

@@ -61,8 +61,8 @@ frmPartialMix& PlanDialogs::ShowMixer() {
 void PlanDialogs::AddWaypoint() {
   const auto active = services_.Active();
   if (!active) return;
-  const ClassProfile& rows = services_.forms(*active).InputProfile;
-  EnterWaypoint(rows.getDepth(rows.GetLength()), 0);
+  const frmWaypointEditor& editor = services_.forms(*active);
+  EnterWaypoint(editor.InputProfile.getDepth(editor.LastRowOfLegs()), 0);
 }
 
 void PlanDialogs::EnterWaypoint(Single depth, Single segmentTime) {
@@ -75,13 +75,13 @@ void PlanDialogs::EnterWaypoint(Single depth, Single segmentTime) {
   Waypoint& row = dialogProfile.Row(0);
   row.Depth = depth;
   row.SegmentTime = segmentTime;
-  row.MixNumber = rows.getmixnumber(rows.GetLength());
+  row.MixNumber = rows.getmixnumber(editor.LastRowOfLegs());
   frmWaypointForm dialog(dialogs_);
   dialog.data(dialogProfile, -1);
   services_.platform.windows.ShowModal(dialog);
   constexpr double kCancelled = -100.0;
   if (row.Depth == kCancelled) return Follow();
-  editor.AddUserWaypoint(row.Depth, row.SegmentTime, row.MixNumber);
+  editor.AddWantedLeg(row.Depth, row.SegmentTime, row.MixNumber);
 }
 
 void PlanDialogs::ViewRow(std::int16_t row) {

@@ -122,11 +122,10 @@ void PlanReports::Print() const {
 std::string PlanReports::WhyStop(std::int16_t document, std::int16_t row) const {
   const frmWaypointEditor& editor = services_.forms(document);
   const CheckedDive dive(editor.Planned());
-  for (const StopReason& reason : StopReasons(dive)) {
-    if (reason.row != row) continue;
-    return TextOf(reason, AdviceWords(services_.texts, services_.platform.separators, dive.settings.Metric));
-  }
-  return {};
+  const auto texts =
+      StopReasonTexts(dive, AdviceWords(services_.texts, services_.platform.separators, dive.settings.Metric));
+  const auto found = texts.find(row);
+  return found == texts.end() ? std::string() : found->second;
 }
 
 }  // namespace tav

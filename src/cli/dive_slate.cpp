@@ -41,7 +41,7 @@ class Slate {
 
  private:
   [[nodiscard]] std::string LengthUnit() const { return template_.Metric ? " m" : " ft"; }
-  [[nodiscard]] std::string PressureUnit() const { return template_.Metric ? " bar" : " atm"; }
+  [[nodiscard]] std::string PressureUnit() const { return template_.Metric ? " bar" : " ata"; }
 
   void Line(const std::string& text) { (text_ += text) += "\n"; }
 

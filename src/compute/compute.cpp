@@ -162,6 +162,10 @@ std::optional<std::int16_t> PlannedDive::LegAt(std::int16_t row) const {
   return std::nullopt;
 }
 
+Compartments PlannedDive::StartFractions() const {
+  return tav::StartFractions({record.Template, plan.model, before, record.SurfaceInterval});
+}
+
 std::vector<DiveMoment> PlannedDive::Moments() const {
   return ReplayMoments({record.Template, plan.model, before, record.SurfaceInterval}, plan.loadedRows);
 }

@@ -73,6 +73,8 @@ struct PlannedDive {
   [[nodiscard]] std::optional<std::int16_t> LegAt(std::int16_t row) const;
   /// How the dive goes between its rows. Empty for a plan that does not come out as it is told.
   [[nodiscard]] std::vector<DiveMoment> Moments() const;
+  /// The loads that it starts with, as fractions of the M-values at the surface.
+  [[nodiscard]] Compartments StartFractions() const;
 };
 
 /// Each dive of a series with its plan; what ComputeSeries gave of the same records.

@@ -85,6 +85,15 @@ class EngineDoor {
     return moments;
   }
 
+  [[nodiscard]] Compartments StartFractions() const {
+    std::vector<DiveMoment> moments;
+    const auto engine = Start();
+    engine->KeepMoments(moments);
+    ClassProfile replayed;
+    engine->LoadCompartments(ClassProfile(), replayed);
+    return moments.front().fractions;
+  }
+
  private:
   static bool EndsAs(const ClassProfile& rows, const ClassProfile& replayed) {
     const std::int16_t last = rows.GetLength();
@@ -204,6 +213,13 @@ std::vector<DiveMoment> ReplayMoments(const EngineRun& run, const ClassProfile& 
   } catch (const std::length_error&) {
     return {};
   }
+}
+
+Compartments StartFractions(const EngineRun& run) {
+  const bool lacksLoads = run.before != nullptr && !run.before->EndsWithAscent;
+  if (lacksLoads || !TemplateFaults(run.settings).empty()) return {};
+  EngineObserver silent;
+  return EngineDoor(run, silent).StartFractions();
 }
 
 }  // namespace tav

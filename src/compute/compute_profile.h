@@ -75,4 +75,8 @@ class WaysUp {
 /// replay does not end as the rows do, because the template or the dive before has been changed since.
 std::vector<DiveMoment> ReplayMoments(const EngineRun& run, const ClassProfile& rows);
 
+/// The loads that a dive starts with, as fractions of the M-values at the surface. Zeros where there can be no run: the
+/// template has faults, or the dive before lacks its ascent.
+Compartments StartFractions(const EngineRun& run);
+
 }  // namespace tav

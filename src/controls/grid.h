@@ -17,9 +17,9 @@ class Grid : public Control {
  public:
   using Control::Control;
 
-  /// What opens over a cell: nothing, an edit box, or a list of these entries.
+  /// What opens over a cell: nothing, an edit box, a list of these entries, or an edit box with such a list.
   struct Editor {
-    enum class Kind { None, Text, List } kind = Kind::None;
+    enum class Kind { None, Text, List, TypedList } kind = Kind::None;
     std::vector<std::string> entries;
   };
 
@@ -60,9 +60,13 @@ class Grid : public Control {
   /// All rows, header first.
   void SetRows(const std::vector<std::vector<std::string>>& rows);
 
-  void Select(int row, int column) {
-    SelectedRow = FirstRow = LastRow = row;
+  void Select(int row, int column) { Select(row, column, row, row); }
+  /// The same among the selected rows from `first` to `last`.
+  void Select(int row, int column, int first, int last) {
+    SelectedRow = row;
     SelectedColumn = column;
+    FirstRow = first;
+    LastRow = last;
     Fire(Click);
   }
   /// Selects a cell for the user, without an event.
@@ -73,6 +77,12 @@ class Grid : public Control {
   }
   void OpenSelected() const {
     if (OpenWanted) OpenWanted();
+  }
+  /// Opens a cell in one of several selected rows, which stay selected.
+  void OpenInSelection(int row, int column) {
+    SelectedRow = row;
+    SelectedColumn = column;
+    OpenSelected();
   }
   /// Brings the view in line with what EditorOf allows now.
   void Refresh() const {

@@ -16,6 +16,7 @@ struct GridCell {
   std::string spoken = {};        ///< what a screen reader says in place of the text; empty for the text itself
   std::string fault = {};         ///< why what the cell holds can't be: it is marked, and this is its tool tip
   std::optional<bool> tick = {};  ///< a box to tick stands ahead of the text
+  std::string tip = {};           ///< tool tip of a result; empty for the text itself
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 

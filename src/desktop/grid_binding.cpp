@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "controls/grid.h"
+#include "desktop/cell_list.h"
 #include "desktop/qt_text.h"
 #include "desktop/row_table.h"
 #include "desktop/shared_columns.h"
@@ -10,40 +11,6 @@
 
 namespace tav {
 namespace {
-
-/// The list of a cell. It shows its entries at once, and only an entry that is chosen from them counts: keys and wheel
-/// steps that would choose unseen do nothing but look for an entry.
-class CellList : public QComboBox {
- public:
-  CellList(QWidget* parent, std::function<void()> closed) : QComboBox(parent), closed_(std::move(closed)) {
-    connect(this, &QComboBox::activated, this, [this] { chosen_ = true; });
-  }
-  [[nodiscard]] bool Chosen() const { return chosen_; }
-
-  /// The window of the list: what hides it differs between versions of Qt.
-  bool eventFilter(QObject* object, QEvent* event) override {
-    // A choice is told after the list has gone.
-    if (event->type() == QEvent::Hide) QTimer::singleShot(0, this, [this] { closed_(); });
-    return QComboBox::eventFilter(object, event);
-  }
-
- protected:
-  void showEvent(QShowEvent* event) override {
-    QComboBox::showEvent(event);
-    QTimer::singleShot(0, this, [this] {
-      showPopup();
-      view()->window()->installEventFilter(this);
-      if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
-    });
-  }
-  void keyPressEvent(QKeyEvent* event) override { typed_ += event->text(); }
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-
- private:
-  std::function<void()> closed_;
-  QString typed_;
-  bool chosen_ = false;
-};
 
 bool IsWithin(const QWidget& editor, const QWidget* widget) {
   while (widget != nullptr && widget != &editor) widget = widget->parentWidget();
@@ -89,13 +56,14 @@ class GridDelegate : public QStyledItemDelegate {
         connect(edit, &QLineEdit::textEdited, self, [self](const QString& text) { self->Type(text); });
       }
     } else {
-      auto* list = new CellList(parent, [self] { self->Leave(); });
+      auto* list = new CellList(parent, editor.kind == Grid::Editor::Kind::TypedList, [self] { self->Leave(); });
+      if (byTab_) list->KeepClosed();
       for (const std::string& entry : editor.entries) list->addItem(ToQt(entry));
       widget = list;
     }
     new OutsideWatch(*widget, [self] { self->Leave(); });
     self->open_ = widget;
-    self->filled_ = false;
+    self->filled_ = self->typed_ = false;
     return widget;
   }
 
@@ -111,6 +79,10 @@ class GridDelegate : public QStyledItemDelegate {
     const QString text = index.data(Qt::DisplayRole).toString();
     if (auto* list = qobject_cast<QComboBox*>(editor)) {
       list->setCurrentIndex(list->findText(text));
+      if (list->isEditable()) {
+        list->setEditText(text);
+        list->lineEdit()->selectAll();
+      }
     } else if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
       edit->setText(text);
       edit->selectAll();
@@ -133,7 +105,8 @@ class GridDelegate : public QStyledItemDelegate {
       if (!IsWithin(*open_, QApplication::focusWidget()) || !open_->isActiveWindow()) Leave();
       return false;
     }
-    const bool typing = qobject_cast<QLineEdit*>(open_) != nullptr;
+    const auto* list = qobject_cast<QComboBox*>(open_);
+    const bool typing = list == nullptr || list->isEditable();
     if (typing && event->type() == QEvent::KeyPress && LeavesByKey(*static_cast<QKeyEvent*>(event))) return true;
     return QStyledItemDelegate::eventFilter(object, event);
   }
@@ -152,7 +125,10 @@ class GridDelegate : public QStyledItemDelegate {
     leaving_ = false;
   }
 
-  void Type(const QString& text) { grid_.Type(table_.currentRow() + 1, table_.currentColumn(), FromQt(text)); }
+  void Type(const QString& text) {
+    typed_ = true;
+    grid_.Type(table_.currentRow() + 1, table_.currentColumn(), FromQt(text));
+  }
 
   void Step(int by) {
     auto* edit = qobject_cast<QLineEdit*>(open_);
@@ -168,7 +144,8 @@ class GridDelegate : public QStyledItemDelegate {
         leaving_ = true;
         Q_EMIT closeEditor(open_, RevertModelCache);
         leaving_ = false;
-        grid_.Restore();
+        // An open cell without an entry takes no other entry along.
+        if (typed_) grid_.Restore();
         return true;
       case Qt::Key_Return:
       case Qt::Key_Enter:
@@ -179,6 +156,7 @@ class GridDelegate : public QStyledItemDelegate {
         return true;
       case Qt::Key_Up:
       case Qt::Key_Down: {
+        if (qobject_cast<QComboBox*>(open_) != nullptr) return false;
         if (grid_.Stepped) {
           Step(event.key() == Qt::Key_Up ? 1 : -1);
           return true;
@@ -204,9 +182,12 @@ class GridDelegate : public QStyledItemDelegate {
     const int columns = table_.columnCount();
     int at = table_.currentRow() * columns + table_.currentColumn() + step;
     for (; at >= 0 && at < table_.rowCount() * columns; at += step) {
-      if (EditorAt(at / columns, at % columns).kind != Grid::Editor::Kind::Text) continue;
+      const auto kind = EditorAt(at / columns, at % columns).kind;
+      if (kind != Grid::Editor::Kind::Text && kind != Grid::Editor::Kind::TypedList) continue;
       table_.setCurrentCell(at / columns, at % columns);
+      byTab_ = true;
       table_.edit(table_.currentIndex());
+      byTab_ = false;
       return;
     }
   }
@@ -216,6 +197,8 @@ class GridDelegate : public QStyledItemDelegate {
   QPointer<QWidget> open_;
   bool leaving_ = false;
   bool filled_ = false;  ///< the open cell has got its text
+  bool typed_ = false;   ///< and has been typed in
+  bool byTab_ = false;   ///< a cell is being opened by Tab
 };
 
 /// The keys and the menu of a table while no cell is open.
@@ -279,7 +262,7 @@ class TableKeys : public QObject {
   void OpenMenu(const QContextMenuEvent& event) {
     const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
     const QTableWidgetItem* item = byKey ? nullptr : table_.itemAt(table_.viewport()->mapFromGlobal(event.globalPos()));
-    if (item != nullptr) table_.setCurrentCell(item->row(), item->column());
+    if (item != nullptr && !item->isSelected()) table_.setCurrentCell(item->row(), item->column());
     grid_.OpenMenu(byKey);
   }
 
@@ -329,10 +312,18 @@ void BindGrid(Grid& grid, QTableWidget& table) {
   table.setTabKeyNavigation(false);
   table.verticalHeader()->hide();
   ShareColumns(table, grid.WideColumn);
-  QObject::connect(&table, &QTableWidget::currentCellChanged, [&grid](int row, int column, int, int) {
-    if (row >= 0) grid.Select(row + 1, column);
-  });
-  QObject::connect(&table, &QTableWidget::cellClicked, [&grid](int row, int column) { grid.Select(row + 1, column); });
+  const auto select = [&grid, &table](int row, int column) {
+    const auto ranges = table.selectedRanges();
+    if (row < 0) return;
+    if (grid.Typed && !ranges.isEmpty() && ranges.front().topRow() <= row && row <= ranges.front().bottomRow()) {
+      grid.Select(row + 1, column, ranges.front().topRow() + 1, ranges.front().bottomRow() + 1);
+    } else {
+      grid.Select(row + 1, column);
+    }
+  };
+  QObject::connect(&table, &QTableWidget::currentCellChanged,
+                   [select](int row, int column, int, int) { select(row, column); });
+  QObject::connect(&table, &QTableWidget::cellClicked, select);
   if (grid.Typed) {
     table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
     QObject::connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, [&grid, &table] {
@@ -351,7 +342,11 @@ void BindGrid(Grid& grid, QTableWidget& table) {
     // Once the view has done with the click, because what the tick does may show other rows.
     if (tick && on != *tick) QTimer::singleShot(0, &table, [&grid, row, on] { grid.Tick(row, on); });
   });
-  grid.OpenWanted = [&table] { table.edit(table.currentIndex()); };
+  grid.OpenWanted = [&grid, &table] {
+    const QModelIndex cell = table.model()->index(grid.SelectedRow - 1, grid.SelectedColumn);
+    if (cell != table.currentIndex()) table.selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    table.edit(cell);
+  };
   QObject::connect(&table, &QObject::destroyed, [&grid] { grid.OpenWanted = nullptr; });
   new TableKeys(grid, table);
 }

@@ -39,7 +39,9 @@ QString SelectedText(const QTableWidget& table) {
 
 void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
   item.setText(ToQt(cell.text));
-  item.setToolTip(ToQt(cell.text));  // of what is wider than its column
+  // The text for what is wider than its column; as rich text long lines are wrapped.
+  item.setToolTip(cell.tip.empty() ? ToQt(cell.text) : QStringLiteral("<p>%1</p>").arg(ToQt(cell.tip).toHtmlEscaped()));
+  item.setData(Qt::AccessibleDescriptionRole, cell.tip.empty() ? QVariant() : QVariant(ToQt(cell.tip)));
   item.setData(Qt::AccessibleTextRole, cell.spoken.empty() ? QVariant() : QVariant(ToQt(cell.spoken)));
   item.setTextAlignment(Qt::AlignVCenter | (atLeft ? Qt::AlignLeft : Qt::AlignRight));
   QFont font;

@@ -1,5 +1,6 @@
 #include "dialogs/general_info.h"
 
+#include "advice/stop_reason.h"
 #include "model/numbers.h"
 #include "model/text_id.h"
 #include "reports/information_text.h"
@@ -76,7 +77,9 @@ void frmGeneralInfo::SetUpControls() {
   const std::int16_t dives = getNumberofSeries();
   TabStrip1.Visible = dives > 1;
   std::vector<std::string> tabs{T(Text::InfoFirstDive)};
-  for (int i = 2; i <= dives; ++i) tabs.push_back(T(Text::DiveNumber) + std::to_string(i));
+  for (int i = 2; i <= dives; ++i) {
+    tabs.push_back(std::string(TrimBlanks(T(Text::DiveNumber))) + " " + std::to_string(i));
+  }
   TabStrip1.Tabs = tabs;
   TabStrip1.SelectedItem = 0;
   const std::pair<Control*, int> captions[] = {{&Label1, Text::InfoSummary},
@@ -146,10 +149,32 @@ void frmGeneralInfo::setInfo(std::int16_t dive, bool showInterval) {
   const DiveInformation information = InformationOf(dive);
   fginfo.Cells = information.Profile();
   fgDecoStop.Cells = information.DecoStops();
+  TellStops();
   fgGasConsumption.Cells = information.Gas();
   fgSummary.Cells = information.Summary();
   ShowBlock(information.Info());
   ShowSupply(dive);
+}
+
+/// Why each stop lasts as long as it does, in the tool tips of its rows.
+void frmGeneralInfo::TellStops() {
+  const PlannedDive planned = services_.forms(dive_).Planned();
+  const CheckedDive dive(planned);
+  const auto reasons = StopReasonTexts(
+      dive, AdviceWords(services_.texts, services_.platform.separators, planned.record.Template.Metric));
+  auto rows = fginfo.Cells.Get();
+  auto stops = fgDecoStop.Cells.Get();
+  std::size_t stop = 0;
+  for (std::int16_t i = 1; i <= planned.plan.rows.GetLength(); ++i) {
+    if (!IsStop(planned.plan.rows.Row(i))) continue;
+    ++stop;
+    const auto reason = reasons.find(i);
+    if (reason == reasons.end()) continue;
+    for (GridCell& cell : rows.at(static_cast<std::size_t>(i) + 1)) cell.tip = reason->second;
+    for (GridCell& cell : stops.at(stop)) cell.tip = reason->second;
+  }
+  fginfo.Cells = std::move(rows);
+  fgDecoStop.Cells = std::move(stops);
 }
 
 DiveInformation frmGeneralInfo::InformationOf(std::int16_t dive) const {

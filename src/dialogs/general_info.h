@@ -89,6 +89,7 @@ class frmGeneralInfo : public DialogForm {
   [[nodiscard]] DiveInformation InformationOf(std::int16_t dive) const;
   void ShowSupply(std::int16_t dive);
   void ShowTab();
+  void TellStops();
   void ShowBlock(const DiveInformation::Block& block);
   [[nodiscard]] std::optional<std::int16_t> FirstDive() const;
 

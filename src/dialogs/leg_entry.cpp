@@ -38,9 +38,10 @@ void LegEntry::Put(LegTable table, bool isInForce) {
   faults_ = table_.Faults(texts_);
 }
 
-void LegEntry::Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate) {
+void LegEntry::Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate, bool wantsAscent) {
   template_ = &diveTemplate;
   table_.Load(actions, diveTemplate);
+  table_.WantAscent(wantsAscent);
   isInForce_ = true;
   former_.reset();
   planFault_.clear();

@@ -32,8 +32,8 @@ class LegEntry : protected FormTexts {
   [[nodiscard]] std::optional<int> RowOf(int line) const;
   [[nodiscard]] int LineOf(int row) const { return row + (row < table_.EndOfLegs() ? 1 : 2); }
 
-  /// The rows are those of the plan, which has this template.
-  void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
+  /// The rows are those of the plan, which has this template and, without rows, may want the ascent with its first leg.
+  void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate, bool wantsAscent);
   /// There is no plan.
   void Clear() { Put(LegTable(platform_.separators, GasFromName), true); }
   /// Rows that the plan did not have when they were left.

@@ -23,6 +23,8 @@ GasFigures FiguresAt(Single depth, const GasMix& mix, const DiveTemplate& t) {
   const Single limit = t.OpenCircuit ? t.MaxPPO2 : t.Setpoint;
   GasFigures figures;
   figures.PPO2 = PPO2AtDepth(depth, t.StartPressure, oxygen, t.Metric);
+  const Single pure = PPO2AtDepth(depth, t.StartPressure, 1, t.Metric);
+  figures.breathedPPO2 = t.OpenCircuit ? figures.PPO2 : std::min(t.Setpoint, pure);
   figures.END = EquivalentDepthOC(t.Metric, depth, mix.N2, mix.He, t.O2Narcotic, t);
   if (oxygen > 0) {
     const Single tenths = 10 * DepthPerPressure(t.Metric) * (limit / oxygen - t.StartPressure);

@@ -23,6 +23,7 @@ struct MixInformation {
 /// hold more oxygen than the setpoint.
 struct GasFigures {
   Single PPO2;                ///< of the open gas, bar or atmospheres
+  Single breathedPPO2;        ///< the same, or that of the loop: its setpoint as far as the depth allows it
   Single END;                 ///< depth units, 0 or more
   std::optional<Single> MOD;  ///< where the PPO2 reaches its limit, to a tenth below; nothing for a gas without oxygen
   bool ppo2TooHigh = false;   ///< all marks judge the figures as they are shown: PPO2 to 0.01, END to 0.1

@@ -28,7 +28,7 @@ void PlanEntry::Reload() {
   settingFault_.clear();
   if (document_) {
     inForce_ = Editor().UserActions;
-    legs_.Load(inForce_, Template());
+    legs_.Load(inForce_, Template(), Editor().WantsAscent());
     KeepUnfinished();
   } else {
     legs_.Clear();
@@ -145,6 +145,17 @@ void PlanEntry::EndMove(bool keep) {
   keep&& legs_.IsInForce() ? Finish() : RestoreCell();
 }
 
+void PlanEntry::WantAscent(bool on) {
+  if (!IsFree()) return Changed();
+  if (legs_.Table().Rows() > 0) {
+    Change([on](LegTable& table) { table.SetFinalAscent(on); });
+    return Changed();
+  }
+  Finish();
+  Editor().WantAscent(on);
+  Reload();
+}
+
 void PlanEntry::TypeSetting(const std::string& text, const std::string& fault,
                             const std::function<void(DiveTemplate&)>& change) {
   EnterSetting(text, fault, [&] { return trial_.TryTemplate(change); });
@@ -182,6 +193,11 @@ void PlanEntry::RestoreSetting() {
 
 void PlanEntry::Tell(const std::string& entered, const std::string& reason) {
   told_ = T(Text::EntryNotTaken, {entered, reason});
+}
+
+void PlanEntry::Tell(const std::string& words) {
+  told_ = words;
+  Changed();
 }
 
 const PlanEntry::Unfinished* PlanEntry::FindUnfinished(std::int16_t document) const {

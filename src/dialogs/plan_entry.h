@@ -69,6 +69,13 @@ class PlanEntry : protected FormTexts {
   /// were; so does, with `whole`, one that leaves a cell to be filled. True
   /// when the rows have changed.
   bool Change(const std::function<void(LegTable&)>& change, bool whole = false);
+  /// Takes the ascent into the plan or out of it; one that is still empty gets it with its first leg, or does not.
+  void WantAscent(bool on);
+  [[nodiscard]] bool WantsAscent() const {
+    return legs_.Table().Rows() == 0 ? HasPlan() && Editor().WantsAscent() : legs_.Table().EndsWithAscent();
+  }
+  /// Why something has not been done, until the next entry.
+  void Tell(const std::string& words);
 
   /// A waypoint is moved about in the graph, a trial until it rests: each place
   /// is a change of the rows as they were when the move began. False while the

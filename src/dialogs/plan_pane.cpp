@@ -60,13 +60,11 @@ void frmPlanPane::ShowQuickLine() {
 void frmPlanPane::Quick() {
   if (!cbQuick.Enabled) return;
   const auto addLeg = [this](LegTable& table) {
-    const bool empty = table.Rows() == 0;
     const int row = table.EndOfLegs();
     table.Insert(row);
     table.Set(row, LegTable::Field::Depth, tbQuickDepth.Text);
     table.Set(row, LegTable::Field::Time, tbQuickTime.Text);
     table.Set(row, LegTable::Field::Gas, cbQuickGas.Text());
-    if (empty) table.SetFinalAscent(true);
   };
   const bool added = entry_.Change(addLeg, true);
   if (added) ClearQuickLine();

@@ -27,6 +27,7 @@ PlanPaneLegs::PlanPaneLegs(Form& form, PlanEntry& entry) : PlanPanePart(form, en
     entry_.TypeCell(line, FieldOf(column), text);
   };
   fgLegs.Commit = [this](int line, int column, const std::string& text) {
+    if (CommitGas(line, column, text)) return;
     entry_.CommitCell(line, FieldOf(column), text, text != fgLegs.Text(line, column));
   };
   fgLegs.Restored = [this] { entry_.RestoreCell(); };
@@ -41,11 +42,7 @@ PlanPaneLegs::PlanPaneLegs(Form& form, PlanEntry& entry) : PlanPanePart(form, en
       entry_.Services().markRow(entry_.Editor().LastRowOf(static_cast<std::int16_t>(*row + 1)));
     }
   };
-  ckAscent.Click = [this] {
-    const bool on = ckAscent.Value;
-    entry_.Change([on](LegTable& table) { table.SetFinalAscent(on); });
-    Show();
-  };
+  ckAscent.Click = [this] { entry_.WantAscent(ckAscent.Value); };
   WireMenu();
 }
 
@@ -58,6 +55,7 @@ void PlanPaneLegs::WireMenu() {
   fgLegs.InsertKey = mnuInsertLeg.Click = [this] { Insert(); };
   fgLegs.DeleteKey = mnuDeleteLegs.Click = onRange(&PlanPaneLegs::Delete);
   mnuDuplicateLegs.Click = onRange(&PlanPaneLegs::Duplicate);
+  mnuGasOfLegs.Click = onRange(&PlanPaneLegs::OpenGas);
   mnuMoveLegsUp.Click = [this] { Move(-1); };
   mnuMoveLegsDown.Click = [this] { Move(1); };
   mnuCopyLegs.Click = onRange(&PlanPaneLegs::Copy);
@@ -78,8 +76,8 @@ void PlanPaneLegs::WireMenu() {
 }
 
 std::vector<MenuItem*> PlanPaneLegs::Menu() {
-  return {&mnuInsertLeg,    &mnuDeleteLegs, &mnuDuplicateLegs, &mnuMoveLegsUp,
-          &mnuMoveLegsDown, &mnuCopyLegs,   &mnuPasteLegs};
+  return {&mnuInsertLeg,  &mnuDeleteLegs,   &mnuDuplicateLegs, &mnuGasOfLegs,
+          &mnuMoveLegsUp, &mnuMoveLegsDown, &mnuCopyLegs,      &mnuPasteLegs};
 }
 
 void PlanPaneLegs::SetTexts() {
@@ -87,7 +85,7 @@ void PlanPaneLegs::SetTexts() {
   cbLegs.Caption = T(Text::PaneLegs) + "...";
   fgLegs.SpokenName = T(Text::PaneLegs);
   int id = Text::PaneMenu;
-  for (MenuItem* item : Menu()) item->Caption = T(id++);
+  for (MenuItem* item : Menu()) item->Caption = T(item == &mnuGasOfLegs ? int{Text::PaneGasOfLegs} : id++);
   fgLegs.RightColumns = {kNumber, kDepth, kTime, kPPO2, kEND, kRun};
   fgLegs.WideColumn = kGas;
 }
@@ -122,7 +120,7 @@ Grid::Editor PlanPaneLegs::EditorOf(int line, int column) const {
   if (column == kDepth || column == kTime) return {Kind::Text, {}};
   if (column != kGas) return {};
   const auto& blends = entry_.Template().Blends;
-  Grid::Editor list{Kind::List, {}};
+  Grid::Editor list{Kind::TypedList, {}};
   list.entries.reserve(blends.size());
   for (const GasMix& mix : blends) list.entries.push_back(mix.Name);
   return list;
@@ -159,10 +157,11 @@ std::vector<GridCell> PlanPaneLegs::CellsOf(int row) const {
   cells[kTime].text = leg.time.text;
   cells[kGas].text = leg.gas;
   const DiveTemplate& t = entry_.Template();
-  const bool known = leg.mix && *leg.mix >= 0 && static_cast<std::size_t>(*leg.mix) < t.Blends.size();
+  const auto& gases = Table().Gases();
+  const bool known = leg.mix && *leg.mix >= 0 && static_cast<std::size_t>(*leg.mix) < gases.size();
   if (known && leg.depth.value && *leg.depth.value >= 0) {
-    const GasFigures figures = FiguresAt(*leg.depth.value, t.Blends[static_cast<std::size_t>(*leg.mix)], t);
-    cells[kPPO2] = {Fixed(figures.PPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
+    const GasFigures figures = FiguresAt(*leg.depth.value, gases[static_cast<std::size_t>(*leg.mix)], t);
+    cells[kPPO2] = {Fixed(figures.breathedPPO2, 2), figures.ppo2TooHigh || figures.ppo2TooLow ? kRed : -1};
     cells[kEND] = {numbers_.Short(figures.END), figures.endTooDeep ? kRed : -1};
   }
   return cells;
@@ -196,8 +195,8 @@ void PlanPaneLegs::Show() {
   fgLegs.ToolTipText = T(Text::PaneTimeMeans);
   fgLegs.Enabled = hasPlan;
   fgLegs.Cells = std::move(cells);
-  ckAscent.Enabled = entry_.IsFree() && Table().EndOfLegs() > 0;
-  ckAscent.Value = Table().EndsWithAscent();
+  ckAscent.Enabled = entry_.IsFree();
+  ckAscent.Value = entry_.WantsAscent();
   for (MenuItem* item : Menu()) item->Enabled = item == &mnuCopyLegs || entry_.IsFree();
   cbLegs.Enabled = hasPlan;
 }
@@ -243,11 +242,42 @@ void PlanPaneLegs::Copy(int first, int last) {
   platform_.clipboard.SetText(Table().Text(first, last, T(Text::PaneAscentWord)));
 }
 
+void PlanPaneLegs::OpenGas(int first, int last) {
+  const auto current = Legs().RowOf(fgLegs.SelectedRow);
+  int row = current.value_or(first);
+  while (row > first && Table().At(row).ascent) --row;
+  if (row <= last) fgLegs.OpenInSelection(Legs().LineOf(row), kGas);
+}
+
+bool PlanPaneLegs::CommitGas(int line, int column, const std::string& gas) {
+  const auto range = Selected();
+  const auto row = Legs().RowOf(line);
+  if (column != kGas || !range || range->first == range->second) return false;
+  if (!row || *row < range->first || *row > range->second) return false;
+  const auto take = [&](LegTable& table) {
+    for (int leg = range->first; leg <= range->second; ++leg) {
+      if (!table.At(leg).ascent) table.Set(leg, LegTable::Field::Gas, gas);
+    }
+  };
+  entry_.Change(take, true);
+  return true;
+}
+
 void PlanPaneLegs::Paste() {
   if (!entry_.IsFree()) return;
-  const int row = InsertedAt();
   const std::string text = platform_.clipboard.Text();
-  entry_.Change([&](LegTable& table) { table.Paste(row, text, T(Text::PaneAscentWord)); });
+  const std::string ascent = T(Text::PaneAscentWord);
+  const int column = fgLegs.SelectedColumn;
+  const bool fillsDown = column >= kDepth && column <= kGas && LegTable::IsColumn(text, ascent);
+  const auto [first, last] = Selected().value_or(std::pair{Table().EndOfLegs(), Table().EndOfLegs()});
+  const int row = fillsDown ? first : std::min(last + 1, Table().EndOfLegs());
+  int pasted = 0;
+  const auto paste = [&, last = last](LegTable& table) {
+    pasted = fillsDown ? table.PasteColumn(row, last, FieldOf(column), text) : table.Paste(row, text, ascent);
+  };
+  const bool changed = entry_.Change(paste, fillsDown && column == kGas);
+  if (pasted == 0) return entry_.Tell(T(Text::PasteHoldsNoLegs));
+  if (changed) fgLegs.SelectCell(Legs().LineOf(std::min(row + pasted, Table().EndOfLegs()) - 1), column);
 }
 
 }  // namespace tav

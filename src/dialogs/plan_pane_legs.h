@@ -25,6 +25,7 @@ class PlanPaneLegs : protected PlanPanePart {
   MenuItem mnuInsertLeg{form_, "mnuInsertLeg"};
   MenuItem mnuDeleteLegs{form_, "mnuDeleteLegs"};
   MenuItem mnuDuplicateLegs{form_, "mnuDuplicateLegs"};
+  MenuItem mnuGasOfLegs{form_, "mnuGasOfLegs"};
   MenuItem mnuMoveLegsUp{form_, "mnuMoveLegsUp"};
   MenuItem mnuMoveLegsDown{form_, "mnuMoveLegsDown"};
   MenuItem mnuCopyLegs{form_, "mnuCopyLegs"};
@@ -55,6 +56,9 @@ class PlanPaneLegs : protected PlanPanePart {
   void Delete(int first, int last);
   void Duplicate(int first, int last);
   void Move(int by);
+  void OpenGas(int first, int last);
+  /// A gas that was chosen in one of several selected legs is that of all. False for another cell.
+  bool CommitGas(int line, int column, const std::string& gas);
   void Copy(int first, int last);
   void Paste();
 };

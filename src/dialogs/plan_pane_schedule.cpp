@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "advice/stop_reason.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -34,9 +35,9 @@ ScheduleWords PlanPaneSchedule::Words() const {
   for (std::size_t i = 0; i < words.kinds.size(); ++i) words.kinds.at(i) = T(Text::PaneKinds + static_cast<int>(i));
   words.heads = {T(Text::Depth), T(Text::Time), T(Text::PaneRun), T(Text::Gas), T(Text::PPO2)};
   words.totals = T(Text::PaneTotals);
+  words.carried = T(Text::DosesCarried);
   words.gases = T(Text::PaneGases);
   words.noAscent = T(Text::PaneNoAscent);
-  words.atmospheres = "ata";
   return words;
 }
 
@@ -64,11 +65,18 @@ void PlanPaneSchedule::Show() {
     head.push_back({heads[0].at(i) + (heads[1].at(i).empty() ? "" : "\n" + heads[1].at(i))});
   }
   rows_.reserve(schedule.Lines().size());
+  const CheckedDive dive(entry_.Editor().Planned());
+  const auto reasons = StopReasonTexts(dive, AdviceWords(texts_, platform_.separators, entry_.Template().Metric));
   for (std::size_t i = 0; i < schedule.Lines().size(); ++i) {
-    rows_.push_back(schedule.Rows()[i].row);
+    const ScheduleRow& told = schedule.Rows()[i];
+    rows_.push_back(told.row);
+    const auto reason = told.kind == ScheduleRow::Kind::Stop ? reasons.find(told.row) : reasons.end();
     auto& row = cells.emplace_back();
     row.reserve(heads[0].size());
-    for (const std::string& text : schedule.Lines()[i]) row.push_back({text, colour, schedule.Rows()[i].changesGas});
+    for (const std::string& text : schedule.Lines()[i]) {
+      row.push_back({text, colour, told.changesGas});
+      if (reason != reasons.end()) row.back().tip = reason->second;
+    }
   }
   fgSchedule.Cells = std::move(cells);
   std::string totals = asBefore ? T(Text::AsBefore) : "";

@@ -40,7 +40,7 @@ const frmWaypointEditor* frmWaypointForm::Plan() const {
 
 Single frmWaypointForm::Ceiling() const {
   const frmWaypointEditor* plan = Plan();
-  return plan == nullptr ? Single(0) : plan->InputProfile.GetCeiling(plan->InputProfile.GetLength());
+  return plan == nullptr ? Single(0) : plan->InputProfile.GetCeiling(plan->LastRowOfLegs());
 }
 
 void frmWaypointForm::ShowLeg() {
@@ -56,7 +56,7 @@ std::string frmWaypointForm::TimesText(Single depth, Single time) const {
   const frmWaypointEditor* plan = Plan();
   if (plan == nullptr || !TemplateFaults(Template()).empty() || !LegFault(time, depth, 0, Template()).IsEmpty())
     return {};
-  const Single start = plan->InputProfile.getDepth(plan->InputProfile.GetLength());
+  const Single start = plan->InputProfile.getDepth(plan->LastRowOfLegs());
   const std::string minutes = Plain(time);
   const std::string place = Length(Plain(depth));
   if (depth == start) return T(Text::WaypointLevel, {minutes, place});

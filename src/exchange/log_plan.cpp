@@ -126,7 +126,7 @@ class OneDive {
     const double bar = std::max_element(minutesAt.begin(), minutesAt.end(), shorter)->first;
     const double told = si::FromPascal(bar * si::kPascalPerBar, settings_.Metric);
     settings_.Setpoint = settings_.DecoSetpoint = std::round(told * 100) / 100;
-    Tell(Text::ImportSetpoint, FormatFixed(settings_.Setpoint, 2) + (settings_.Metric ? " bar" : " atm"));
+    Tell(Text::ImportSetpoint, FormatFixed(settings_.Setpoint, 2) + (settings_.Metric ? " bar" : " ata"));
   }
 
   /// The pressure at the surface where it is another one than the template's.
@@ -143,7 +143,7 @@ class OneDive {
     if (std::fabs(pressure - settings_.StartPressure) <= kWeather) return;
     settings_.StartAltitude = settings_.EndAltitude = altitude;
     settings_.StartPressure = settings_.EndPressure = pressure;
-    Tell(Text::ImportSurfacePressure, FormatFixed(pressure, 3) + (metric ? " bar" : " atm"));
+    Tell(Text::ImportSurfacePressure, FormatFixed(pressure, 3) + (metric ? " bar" : " ata"));
   }
 
   void TakeCylinders() {

@@ -27,7 +27,7 @@ class AdviceWords {
   [[nodiscard]] std::string Factor(double value) const;
   /// "57 m", "33.5 ft"
   [[nodiscard]] std::string Depth(double depth) const;
-  /// "1.41 bar", "0.10 atm"
+  /// "1.41 bar", "0.10 ata"
   [[nodiscard]] std::string PPO2(double ppo2) const;
   /// "1240 l", "43.8 cu ft"
   [[nodiscard]] std::string Volume(double volume) const;

@@ -43,6 +43,8 @@ DiveFigures FiguresOf(const ClassProfile& profile) {
     if (i > 0) figures.lowestPPO2Below = MinSingle(figures.lowestPPO2Below, row.PPO2);
     if (IsStop(row)) figures.stopTime += row.StopTime;
   }
+  figures.carriedCNS = profile.Row(0).CNS;
+  figures.carriedOTU = profile.Row(0).OTU;
   figures.lowestPPO2 = MinSingle(figures.lowestPPO2Below, profile.Row(0).PPO2);
   figures.runTime = profile.Row(profile.GetLength()).RunTime;
   return figures;

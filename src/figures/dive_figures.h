@@ -39,6 +39,8 @@ struct DiveFigures {
   Single stopTime;  ///< minutes of all stops
   Single CNS;       ///< a fraction
   Single OTU;
+  Single carriedCNS;  ///< what the dives before it left of them
+  Single carriedOTU;
   Single highestPPO2;
   Single lowestPPO2;       ///< of all rows
   Single lowestPPO2Below;  ///< of all rows but the start row
@@ -46,6 +48,9 @@ struct DiveFigures {
   Single deepest;
 };
 DiveFigures FiguresOf(const ClassProfile& profile);
+
+/// The dives before it have left doses.
+inline bool CarriesDoses(const DiveFigures& figures) { return figures.carriedCNS > 0 || figures.carriedOTU > 0; }
 
 /// The plan ends under water: no ascent has been computed.
 bool LacksAscent(const ClassProfile& profile);

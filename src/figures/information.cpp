@@ -94,14 +94,20 @@ DiveInformation::Table DiveInformation::Summary() const {
   const auto value = [&](Single number, int decimals, bool mark = false) {
     return any ? Marked(numbers_.Fixed(number, decimals), mark) : GridCell();
   };
-  return {row(T(Text::InfoRunTime), value(figures.runTime, 1), T(Text::InfoStopTime), value(figures.stopTime, 1)),
-          row(T(Text::InfoTotalCNS), value(figures.CNS * 100, 1), T(Text::InfoTotalOTU), value(figures.OTU, 1)),
-          row(T(Text::InfoMaxPPO2), value(figures.highestPPO2, 2, figures.highestPPO2 > template_.MaxPPO2),
-              T(Text::InfoMinPPO2), value(figures.lowestPPO2, 2, figures.lowestPPO2 < template_.MinPPO2)),
-          row(T(Text::InfoMaxEND), value(figures.highestEND, 1, figures.highestEND > template_.MaximalEND),
-              T(Text::InfoSetpoint), value(template_.Setpoint, 1)),
-          row(T(Text::InfoRMV), value(template_.RMV, 1), T(Text::InfoMaxDepth), value(figures.deepest, 1)),
-          row(T(Text::InfoDecoRMV), value(template_.DecoRMV, 1), T(Text::InfoDecoPPO2), value(template_.DecoPPO2, 2))};
+  Table table{
+      row(T(Text::InfoRunTime), value(figures.runTime, 1), T(Text::InfoStopTime), value(figures.stopTime, 1)),
+      row(T(Text::InfoTotalCNS), value(figures.CNS * 100, 1), T(Text::InfoTotalOTU), value(figures.OTU, 1)),
+      row(T(Text::InfoMaxPPO2), value(figures.highestPPO2, 2, figures.highestPPO2 > template_.MaxPPO2),
+          T(Text::InfoMinPPO2), value(figures.lowestPPO2, 2, figures.lowestPPO2 < template_.MinPPO2)),
+      row(T(Text::InfoMaxEND), value(figures.highestEND, 1, figures.highestEND > template_.MaximalEND),
+          T(Text::InfoSetpoint), value(template_.Setpoint, 1)),
+      row(T(Text::InfoRMV), value(template_.RMV, 1), T(Text::InfoMaxDepth), value(figures.deepest, 1)),
+      row(T(Text::InfoDecoRMV), value(template_.DecoRMV, 1), T(Text::InfoDecoPPO2), value(template_.DecoPPO2, 2))};
+  if (any && CarriesDoses(figures)) {
+    table.insert(table.begin() + 2, row(T(Text::InfoCarried), value(figures.carriedCNS * 100, 1), T(Text::InfoCarried),
+                                        value(figures.carriedOTU, 1)));
+  }
+  return table;
 }
 
 DiveInformation::Block DiveInformation::Info() const {

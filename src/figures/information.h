@@ -33,7 +33,8 @@ class DiveInformation {
   [[nodiscard]] Table DecoStops() const;
   /// One row for each gas that was breathed: name, total.
   [[nodiscard]] Table Gas() const;
-  /// Six rows without a header: label, value, label, value. The values are empty for a dive without rows.
+  /// Six rows without a header, a seventh for doses that were carried over: label, value, label, value. The values are
+  /// empty for a dive without rows.
   [[nodiscard]] Table Summary() const;
 
   /// The settings of the plan.

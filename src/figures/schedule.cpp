@@ -65,6 +65,7 @@ ScheduleWords ScheduleWordsOf(const TextSource& texts) {
            t(Text::ScheduleSurface)},
           {t(Text::Depth), t(Text::Time), t(Text::ScheduleRun), t(Text::Gas), t(Text::PPO2)},
           t(Text::ScheduleTotals),
+          t(Text::DosesCarried),
           t(Text::ScheduleGas),
           t(Text::ScheduleNoAscent),
           t(Text::Minutes),
@@ -127,13 +128,18 @@ std::string ScheduleText::GasesUsed() const {
 
 std::vector<std::string> ScheduleText::Totals() const {
   const DiveFigures told = FiguresOf(profile_);
-  const std::array<std::string, 4> figures{numbers_.Short(told.runTime), numbers_.Short(told.stopTime),
-                                           numbers_.Fixed(told.CNS * 100, 0), numbers_.Fixed(told.OTU, 0)};
-  std::string totals = words_.totals;
-  for (std::size_t i = 0; i < figures.size(); ++i) {
-    totals = ReplaceAll(totals, "%" + std::to_string(i + 1), figures.at(i));
+  const auto filled = [](std::string line, const std::vector<std::string>& figures) {
+    for (std::size_t i = 0; i < figures.size(); ++i) {
+      line = ReplaceAll(line, "%" + std::to_string(i + 1), figures[i]);
+    }
+    return line;
+  };
+  const auto cns = [this](Single fraction) { return numbers_.Fixed(fraction * 100, 0); };
+  std::vector<std::string> lines{filled(words_.totals, {numbers_.Short(told.runTime), numbers_.Short(told.stopTime),
+                                                        cns(told.CNS), numbers_.Fixed(told.OTU, 0)})};
+  if (CarriesDoses(told)) {
+    lines.push_back(filled(words_.carried, {cns(told.carriedCNS), numbers_.Fixed(told.carriedOTU, 0)}));
   }
-  std::vector<std::string> lines{totals};
   if (const std::string gases = GasesUsed(); !gases.empty()) lines.push_back(ReplaceAll(words_.gases, "%1", gases));
   if (LacksAscent(profile_)) lines.push_back(words_.noAscent);
   return lines;

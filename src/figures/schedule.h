@@ -36,9 +36,10 @@ struct ScheduleWords {
   std::array<std::string, 6> kinds{"descent", "level", "ascent", "switch", "stop", "surface"};  ///< by Kind
   std::array<std::string, 5> heads{"Depth", "Time", "Run", "Gas", "PPO2"};
   std::string totals = "Run time %1 min, stops %2 min, CNS %3 %, OTU %4";
+  std::string carried = "Of this carried over from the dive before: CNS %1 %, OTU %2";
   std::string gases = "Gas %1";
   std::string noAscent = "No ascent has been asked for.";
-  std::string minutes = "min", metres = "m", feet = "ft", bar = "bar", atmospheres = "atm", litres = "l",
+  std::string minutes = "min", metres = "m", feet = "ft", bar = "bar", atmospheres = "ata", litres = "l",
               cubicFeet = "cu ft";
 };
 
@@ -62,7 +63,8 @@ class ScheduleText {
   /// below the heads.
   [[nodiscard]] std::string Aligned(std::size_t first, std::size_t last) const;
   [[nodiscard]] std::string Aligned() const { return Aligned(0, lines_.size()); }
-  /// Run time, stops, doses and the gas of each mix; a line that says so when there is no ascent.
+  /// Run time, stops, doses, what of them was carried over, and the gas of each mix; a line that says so when there is
+  /// no ascent.
   [[nodiscard]] std::vector<std::string> Totals() const;
 
  private:

@@ -42,7 +42,7 @@ std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model,
   const std::string circuit =
       settings.OpenCircuit
           ? texts.GetResString(Text::HeadOpenCircuit)
-          : texts.Filled(Text::HeadLoop, {Setpoints(settings, {}) + (settings.Metric ? " bar" : " atm")});
+          : texts.Filled(Text::HeadLoop, {Setpoints(settings, {}) + (settings.Metric ? " bar" : " ata")});
   return ComputedWith(settings, model, circuit, repetitive, texts);
 }
 

@@ -332,7 +332,7 @@ void ProfileGraph::UpdateReadOut(const DrawnPlan& plan) {
   const WorldPoint world = BelowSurface(dragPoint_);
   const auto tenths = [&](Single value) { return WriteLocaleNumber(FormatFixed(value, 1), plan.separators); };
   window_.ShowReadOut(dragPoint_.x + 50, dragPoint_.y + 50,
-                      tenths(-world.y) + (plan.settings.Metric ? " m. " : " ft. ") + tenths(world.time) + " Min.");
+                      tenths(-world.y) + (plan.settings.Metric ? " m, " : " ft, ") + tenths(world.time) + " min");
 }
 
 void ProfileGraph::MouseUp(DrawingSurface& grid) {

@@ -1340,6 +1340,8 @@ constexpr int GraphShiftHint = 8714;
 // This dive and its gases in the pane of the plan
 constexpr int GasOverHundred = 8730;
 constexpr int PaneGasesAtHand = 8731;
+// This dive and its gases in the pane of the plan
+constexpr int GasOverHundred = 8730;
 constexpr int PaneThisDive = 8732;
 constexpr int PaneRebreather = 8733;
 constexpr int PaneSetpoint = 8734;
@@ -1357,5 +1359,11 @@ constexpr int PaneGasDepthFault = 8745;
 constexpr int MenuRepetitive = 8746;
 constexpr int PaneSetpointBottom = 8747;
 constexpr int PaneSetpointDeco = 8748;
+
+// Legs of the plan pane, doses carried over
+constexpr int PasteHoldsNoLegs = 8770;
+constexpr int PaneGasOfLegs = 8771;
+constexpr int DosesCarried = 8772;
+constexpr int InfoCarried = 8773;
 
 }  // namespace tav::Text

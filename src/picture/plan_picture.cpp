@@ -58,8 +58,9 @@ void PlanPicture::DrawTissues(DrawingSurface& tissues, const GraphScale& scale, 
 }
 
 void PlanPicture::DrawBars(DrawingSurface& bars) const {
-  ShowCompartmentLoad(bars, plan_.rows.Row(plan_.rows.GetLength()).PercentCompartments, T(Text::GraphCompartments),
-                      Colours().around);
+  const std::int16_t last = plan_.rows.GetLength();
+  ShowCompartmentLoad(bars, last == 0 ? plan_.startLoads : plan_.rows.Row(last).PercentCompartments,
+                      T(Text::GraphCompartments), Colours().around);
 }
 
 double PlanPicture::DrawNotice(DrawingSurface& picture, double bottom) const {

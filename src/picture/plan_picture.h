@@ -22,6 +22,7 @@ struct DrawnPlan {
   const TextSource& texts;
   LocaleSeparators separators = {};  ///< of all numbers in words
   std::string notice = {};           ///< what must be said ahead of all figures; empty for none
+  Compartments startLoads{};         ///< of a repetitive dive without rows: fractions of the surface M-values
 };
 
 /// A plan as a picture, and in words for those who do not see it.

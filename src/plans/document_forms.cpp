@@ -56,6 +56,7 @@ std::int16_t DocumentForms::InsertDive(std::int16_t previous, const DiveRecord& 
   services_.documents(window.getFirstProfile()).Modified = true;
   window.ReEvaluateUserEnteredWaypoints();
   Activate(number);
+  services_.display.StateChanged(previous);  // it has a number now
   return number;
 }
 
@@ -87,9 +88,8 @@ std::vector<SeriesDive> DocumentForms::Series(std::int16_t document, bool whole)
 
 std::string DocumentForms::Caption(std::int16_t document) {
   const DocumentState& state = services_.documents(document);
-  const frmWaypointEditor& window = (*this)(document);
-  return window.PrevProfile == -1 ? DocumentCaption(services_.texts, state)
-                                  : RepetitiveCaption(services_.texts, state, window.DiveNumber);
+  const bool alone = state.PreviousDocument == -1 && state.NextDocument == -1;
+  return DocumentCaption(services_.texts, state, alone ? 0 : (*this)(document).DiveNumber);
 }
 
 std::optional<std::int16_t> DocumentForms::Active() const {

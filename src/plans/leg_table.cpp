@@ -118,7 +118,11 @@ std::optional<std::int16_t> LegTable::GasAbove(int row) const {
   return std::int16_t{0};
 }
 
-void LegTable::Put(int row, Row made) { rows_.insert(rows_.begin() + row, std::move(made)); }
+void LegTable::Put(int row, Row made) {
+  const bool isFirst = rows_.empty() && !made.ascent;
+  rows_.insert(rows_.begin() + row, std::move(made));
+  if (isFirst && wantsAscent_) SetFinalAscent(true);
+}
 
 void LegTable::Insert(int row) {
   Row made;

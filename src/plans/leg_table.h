@@ -46,6 +46,8 @@ class LegTable {
 
   /// All rows anew. The template must outlive the table.
   void Load(const ClassUseractions& actions, const DiveTemplate& diveTemplate);
+  /// The first leg of a table without rows comes with the ascent.
+  void WantAscent(bool on) { wantsAscent_ = on; }
   [[nodiscard]] int Rows() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] const Row& At(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
   /// What the numbers of the gases mean: those of the plan, and behind them those that only a typed name tells.
@@ -68,9 +70,15 @@ class LegTable {
   /// Depth, time and gas of each row with tabs between them, an ascent as `ascentWord`, a line a row.
   [[nodiscard]] std::string Text(int first, int last, const std::string& ascentWord) const;
   /// Puts rows of a text of that form ahead of a row: with tabs or, in a text without any, with semicolons or commas
-  /// between depth, time and gas. Lines without a number are passed over ahead of the first row (a heading). A row
-  /// without a gas takes that of the leg above. Returns the number of rows.
+  /// between depth, time and gas. Beside tabs and semicolons a comma that the user's separators do not allow is that of
+  /// a decimal ("18,5"). Lines without a number are passed over ahead of the first row (a heading). A row without a gas
+  /// takes that of the leg above. Returns the number of rows.
   int Paste(int row, const std::string& text, const std::string& ascentWord);
+  /// A text with one field in each line, and no word for an ascent.
+  [[nodiscard]] static bool IsColumn(const std::string& text, const std::string& ascentWord);
+  /// Puts the lines of such a text into a field from row `first` down, further legs added at the end; a single line
+  /// into all legs to `last`. Lines without a number ahead of a number are passed over. Returns the number of legs.
+  int PasteColumn(int first, int last, Field field, const std::string& text);
 
   /// Why the rows can't be planned: no number, or one outside its limits (those of a new leg for what was typed), an
   /// unknown gas. One fault a cell at most, in the order of the rows.
@@ -91,6 +99,7 @@ class LegTable {
   void SetMix(Row& row, std::optional<std::int16_t> mix) const;
   [[nodiscard]] bool Knows(std::optional<std::int16_t> mix) const;
   void Put(int row, Row made);
+  [[nodiscard]] std::string WithDecimal(std::string field) const;
   [[nodiscard]] Row Made(const ClassUseractions& actions, std::int16_t action) const;
   /// An ascent needs a leg ahead of it.
   void DropIdleAscents();
@@ -103,6 +112,7 @@ class LegTable {
   const DiveTemplate* template_ = nullptr;
   std::vector<GasMix> gases_;
   bool metric_ = true;  ///< the units of the rows
+  bool wantsAscent_ = false;
   std::vector<Row> rows_;
 };
 

@@ -26,17 +26,33 @@ char SeparatorOf(const std::string& text) {
   return ',';
 }
 
+/// The lines of a text that hold anything, as fields.
+std::vector<std::vector<std::string>> FieldsIn(std::string text) {
+  std::erase(text, '\r');
+  const char separator = SeparatorOf(text);
+  std::vector<std::vector<std::string>> lines;
+  for (const std::string& line : Split(text, '\n')) {
+    std::vector<std::string> fields = Split(line, separator);
+    if (std::ranges::any_of(fields, [](const std::string& field) { return !field.empty(); }))
+      lines.push_back(std::move(fields));
+  }
+  return lines;
+}
+
 }  // namespace
+
+std::string LegTable::WithDecimal(std::string field) const {
+  const std::size_t comma = field.find(',');
+  if (comma == std::string::npos || numbers_.Read(field)) return field;
+  std::string decimal = field;
+  decimal.replace(comma, 1, numbers_.Separators().decimal);
+  return numbers_.Read(decimal) ? decimal : field;
+}
 
 int LegTable::Paste(int row, const std::string& text, const std::string& ascentWord) {
   const int before = Rows();
   int pasted = 0;
-  const char separator = SeparatorOf(text);
-  for (std::string line : Split(text, '\n')) {
-    std::erase(line, '\r');
-    const std::vector<std::string> fields = Split(line, separator);
-    const auto isEmpty = [](const std::string& field) { return field.empty(); };
-    if (std::all_of(fields.begin(), fields.end(), isEmpty)) continue;
+  for (std::vector<std::string>& fields : FieldsIn(text)) {
     if (fields.front() == ascentWord) {
       Row ascent;
       ascent.ascent = true;
@@ -44,8 +60,9 @@ int LegTable::Paste(int row, const std::string& text, const std::string& ascentW
       Put(row + pasted++, std::move(ascent));
       continue;
     }
+    for (std::string& field : fields) field = WithDecimal(std::move(field));
     const auto isNumber = [this](const std::string& field) { return numbers_.Read(field).has_value(); };
-    if (pasted == 0 && std::none_of(fields.begin(), fields.end(), isNumber)) continue;
+    if (pasted == 0 && std::ranges::none_of(fields, isNumber)) continue;
     Insert(row + pasted);
     Set(row + pasted, Field::Depth, fields[0]);
     if (fields.size() > 1) Set(row + pasted, Field::Time, fields[1]);
@@ -55,6 +72,34 @@ int LegTable::Paste(int row, const std::string& text, const std::string& ascentW
   // Among them one that came to lie ahead of the ascent of the plan.
   DropIdleAscents();
   return Rows() - before;
+}
+
+bool LegTable::IsColumn(const std::string& text, const std::string& ascentWord) {
+  return std::ranges::all_of(FieldsIn(text), [&](const std::vector<std::string>& fields) {
+    return fields.size() == 1 && fields.front() != ascentWord;
+  });
+}
+
+int LegTable::PasteColumn(int first, int last, Field field, const std::string& text) {
+  std::vector<std::string> values;
+  for (std::vector<std::string>& fields : FieldsIn(text)) {
+    std::string value = WithDecimal(std::move(fields.front()));
+    const bool isHeading = field != Field::Gas && values.empty() && !numbers_.Read(value);
+    if (!isHeading) values.push_back(std::move(value));
+  }
+  if (values.size() == 1) {
+    const auto isLeg = [this](int row) { return row < Rows() && !At(row).ascent; };
+    for (int row = first + 1; row <= last; ++row) {
+      if (isLeg(row)) values.push_back(values.front());
+    }
+  }
+  int row = first;
+  for (const std::string& value : values) {
+    while (row < EndOfLegs() && At(row).ascent) ++row;
+    if (row == EndOfLegs()) Insert(row);
+    Set(row++, field, value);
+  }
+  return static_cast<int>(values.size());
 }
 
 }  // namespace tav

@@ -24,6 +24,7 @@ std::vector<std::int16_t> OpenProfile(DocumentForms& forms, const std::filesyste
     window.DiveNumber = static_cast<std::int16_t>(opened.size() + 1);
     if (!opened.empty()) {
       forms.Link(number, opened.back(), -1);
+      services.display.StateChanged(opened.back());  // it has a number now
     }
     window.ReEvaluateUserEnteredWaypoints();
     opened.push_back(number);

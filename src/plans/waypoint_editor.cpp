@@ -31,6 +31,7 @@ void frmWaypointEditor::Form_Load() {
   DiveNumber = 1;
   forms_.Link(documentNumber_, -1, -1);
   UserActions.clear();
+  wantsAscent_ = true;
   ++opening_;
   ComputedPlan empty;
   empty.model = Services().model;
@@ -77,6 +78,7 @@ void frmWaypointEditor::PutBack(const PlanState& state) {
   Document() = state.document;
   Document().PreviousDocument = previous;
   Document().NextDocument = next;
+  FollowAscent();
 }
 
 std::vector<PlanState> frmWaypointEditor::StatesFromHere() const {
@@ -121,6 +123,17 @@ void frmWaypointEditor::Take(ComputedPlan plan) {
   static_cast<EndState&>(document) = computed_.end;
   document.StartCNS = computed_.startCNS;
   document.StartOTU = computed_.startOTU;
+  FollowAscent();
+}
+
+void frmWaypointEditor::FollowAscent() {
+  const std::int16_t last = UserActions.GetLength();
+  if (last > 0) wantsAscent_ = UserActions.getaction(last) != ClassUseractions::kLeg;
+}
+
+std::int16_t frmWaypointEditor::LastRowOfLegs() const {
+  const auto last = static_cast<std::int16_t>(UserActions.GetLength() - 1);
+  return State() == EditState::Ascent ? LastRowOf(last) : InputProfile.GetLength();
 }
 
 void frmWaypointEditor::Compute() {
@@ -164,15 +177,19 @@ bool frmWaypointEditor::StartDeco() {
   return true;
 }
 
-bool frmWaypointEditor::AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix) {
+bool frmWaypointEditor::AddLeg(Single depth, Single segmentTime, std::int16_t mix, bool withAscent) {
   const PlanServices& services = Services();
   std::string refusal = services.texts.Words(LegFault(segmentTime, depth, mix, Document().Template));
-  if (depth < InputProfile.GetCeiling(InputProfile.GetLength()))
+  if (depth < InputProfile.GetCeiling(withAscent ? LastRowOfLegs() : InputProfile.GetLength()))
     refusal = services.texts.GetResString(Text::AboveCeiling);
   if (refusal.empty()) {
+    const ClassUseractions before = UserActions;
     try {
+      if (withAscent && UserActions.GetLength() > 0) UserActions.DeleteLast();
       SaveUserEnteredWaypoints(segmentTime, depth, mix, false);
+      if (withAscent) SaveUserEnteredWaypoints(0, 0, 0, true);
     } catch (const std::length_error&) {
+      UserActions = before;
       refusal = services.texts.GetResString(Text::TooManyRows);
     }
   }
@@ -213,8 +230,9 @@ bool frmWaypointEditor::ConfirmClose(const std::function<bool()>& saveAs, const 
   const PlanServices& services = Services();
   if (PrevProfile != -1 || !Document().Modified) return true;
   const TextSource& texts = services.texts;
-  const std::string question = texts.GetResString(Text::UnsavedName) + DocumentCaption(texts, Document()) + "]?\r\n" +
-                               texts.GetResString(Text::UnsavedQuestion) + (lost.empty() ? "" : "\r\n\r\n" + lost);
+  const std::string question = texts.GetResString(Text::UnsavedName) + DocumentCaption(texts, Document(), 0) +
+                               "]?\r\n" + texts.GetResString(Text::UnsavedQuestion) +
+                               (lost.empty() ? "" : "\r\n\r\n" + lost);
   const BoxAnswer answer = services.boxes.Show(question, texts.GetResString(Text::UnsavedTitle), BoxIcon::Exclamation,
                                                BoxButtons::YesNoCancel);
   // A save that failed or was given up must not cost the plan.

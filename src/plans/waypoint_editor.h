@@ -81,7 +81,19 @@ class frmWaypointEditor {
   /// The user's ascent command. False when the plan can't be computed: a box has said why, and nothing has changed.
   bool StartDeco();
   /// A waypoint as the user confirmed it. False when it lies above the ceiling or can't be planned: a box has said so.
-  bool AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix);
+  bool AddUserWaypoint(Single depth, Single segmentTime, std::int16_t mix) {
+    return AddLeg(depth, segmentTime, mix, false);
+  }
+  /// The same; where the ascent is wanted, the leg lies ahead of the one that ends the plan, or comes with it.
+  bool AddWantedLeg(Single depth, Single segmentTime, std::int16_t mix) {
+    return AddLeg(depth, segmentTime, mix, wantsAscent_);
+  }
+  /// The plan ends with its ascent, or will do so with its first leg.
+  [[nodiscard]] bool WantsAscent() const { return wantsAscent_; }
+  /// For a plan that is still empty; one with legs tells by its last action.
+  void WantAscent(bool on) { wantsAscent_ = on; }
+  /// Where a wanted leg begins: ahead of the ascent that ends the plan.
+  [[nodiscard]] std::int16_t LastRowOfLegs() const;
 
   /// The plan has unsaved changes; so has the first dive of its series, which asks for all of it.
   void MarkModified();
@@ -112,6 +124,8 @@ class frmWaypointEditor {
 
  private:
   void Evaluate();
+  bool AddLeg(Single depth, Single segmentTime, std::int16_t mix, bool withAscent);
+  void FollowAscent();
   [[nodiscard]] PlanState PresentState() const;
   void PutBack(const PlanState& state);
   /// Rebuilds the rows of this dive; nothing of it shows before ShowEvaluation.
@@ -126,6 +140,7 @@ class frmWaypointEditor {
   std::int16_t documentNumber_;
   int opening_ = 0;
   int evaluation_ = 0;
+  bool wantsAscent_ = true;
 };
 
 }  // namespace tav

@@ -38,7 +38,11 @@ void frmWaypointEditor::SurfDeleteProfile() {
   const std::int16_t after = NextProfile;
   forms_.Link(documentNumber_, -1, -1);
   for (std::int16_t i = after; i != -1; i = forms_(i).NextProfile) forms_(i).UpdateSurfProfiles();
-  if (after != -1) forms_(before).ReEvaluateUserEnteredWaypoints();
+  if (after != -1) {
+    forms_(before).ReEvaluateUserEnteredWaypoints();
+  } else {
+    services.display.StateChanged(before);  // alone, it has no number
+  }
 }
 
 std::int16_t frmWaypointEditor::getFirstProfile() const {

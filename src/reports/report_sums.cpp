@@ -126,6 +126,12 @@ Single WriteSummary(ReportPages& pages, Single y) {
   }
   if (!any) pages.Left(kSummaryCols[5], valuesY, pages.T(Text::ReportNoData));
   pages.Outline(y, valuesY + 0.5);
+  if (any && CarriesDoses(figures)) {
+    pages.Left(kSummaryCols[3], valuesY + 0.6,
+               pages.Out().Texts().Filled(Text::DosesCarried, {numbers.Fixed(Single(figures.carriedCNS * 100), 1),
+                                                               numbers.Fixed(figures.carriedOTU, 1)}),
+               8);
+  }
   return y + 4.5;
 }
 

@@ -64,10 +64,10 @@ TEST_F(LaterDive, LeavesItsSeriesOnlyWhenItsUserSaysSo) {
     std::vector<std::string> left;
     std::string file;  ///< what the next save writes; empty when nothing is left
   } cases[] = {
-      {3, BoxAnswer::Cancel, {"three.tav", "three.tav Dive:2", "three.tav Dive:3"}, Series(2)},
-      {4, BoxAnswer::Cancel, {"three.tav", "three.tav Dive:2", "three.tav Dive:3"}, Series(2)},
-      {3, BoxAnswer::Yes, {"three.tav", "three.tav Dive:2"}, Dive(0, 40) + Dive(90, 20)},
-      {4, BoxAnswer::Yes, {"three.tav", "three.tav Dive:2"}, Dive(0, 40) + Dive(60, 30)},
+      {3, BoxAnswer::Cancel, {"three.tav Dive:1", "three.tav Dive:2", "three.tav Dive:3"}, Series(2)},
+      {4, BoxAnswer::Cancel, {"three.tav Dive:1", "three.tav Dive:2", "three.tav Dive:3"}, Series(2)},
+      {3, BoxAnswer::Yes, {"three.tav Dive:1", "three.tav Dive:2"}, Dive(0, 40) + Dive(90, 20)},
+      {4, BoxAnswer::Yes, {"three.tav Dive:1", "three.tav Dive:2"}, Dive(0, 40) + Dive(60, 30)},
       {3, BoxAnswer::No, {}, ""},
   };
   const std::string whole = test::FileText(file_);

@@ -19,6 +19,15 @@ TEST(DocumentPlan, FollowsEachEvaluation) {
   ASSERT_TRUE(editor.StartDeco());
   EXPECT_EQ(lastMoment(), editor.CurrentRunTime());
   EXPECT_EQ(plan().notice, "");
+  frmWaypointEditor& second = plans.forms(plans.forms.AddRepetitiveDive(editor.Tag(), 60));
+  DocumentPlan empty(plans.forms, second.Tag(), {});
+  const Compartments start = empty().startLoads;
+  ASSERT_TRUE(second.AddUserWaypoint(0, 0, 0));
+  for (std::size_t i = 0; i < kCompartments; ++i) {
+    EXPECT_NEAR(start[i], second.InputProfile.GetPercentCompartments(1)[i], 1e-6)
+        << "as a leg of no time at the surface";
+  }
+  plans.forms.Link(second.Tag(), -1, -1);
   plans.documents(editor.Tag()).Decompresses = false;
   EXPECT_EQ(plan().notice, Numbered("<DoesNotDecompress>"));
   plans.documents(editor.Tag()).Template.StepSize = 0;  // can't be planned on

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "dialogs/waypoint_form.h"
 #include "model/text_id.h"
 #include "support/program_fixture.h"
 #include "support/typed_plan.h"
@@ -363,6 +364,88 @@ TEST_F(PlanPane, SelectsTheSameRowsAsTheGraph) {
   p.Main().Panes().EditLegOf(p.Editor().LastRowOf(2));
   EXPECT_EQ(Legs().SelectedRow, 2);
   EXPECT_EQ(p.view.focused, &Pane());
+}
+
+TEST_F(PlanPane, AFirstLegComesWithTheAscentFromWhereverItIsEnteredUnlessThatIsSwitchedOff) {
+  const auto paste = [&] {
+    p.platform.clipboardText = "30\t20\tEAN32\n";
+    Pane().legs.mnuPasteLegs.Choose();
+  };
+  const auto dialog = [&] {
+    p.platform.onModal.emplace_back([](Form& form) {
+      auto& waypoint = dynamic_cast<frmWaypointForm&>(form);
+      waypoint.tbDepth.Type("30");
+      waypoint.tbTime.Type("20");
+      waypoint.cbOK.Press();
+    });
+    p.Main().mnuAddWaypoint.Choose();
+  };
+  const struct {
+    const char* what;
+    std::function<void()> enter;
+  } kWays[] = {{"quick line", [&] { Quick("30", "20", "EAN32"); }},
+               {"cells",
+                [&] {
+                  Edit(1, kDepth, "30");
+                  Edit(1, kTime, "20");
+                }},
+               {"clipboard", paste},
+               {"dialog", dialog}};
+  for (const auto& way : kWays) {
+    for (const bool ascent : {true, false}) {
+      p.Editor().mnuclearallwaypoints();
+      ASSERT_EQ(Pane().legs.fgLegs.Rows(), 2);
+      Pane().legs.ckAscent.Set(ascent);
+      way.enter();
+      EXPECT_EQ(p.Editor().UserActions.GetLength(), ascent ? 2 : 1) << way.what;
+      EXPECT_EQ(p.Editor().State(), ascent ? EditState::Ascent : EditState::Legs) << way.what;
+      EXPECT_EQ(Pane().legs.ckAscent.Value, ascent) << way.what;
+    }
+  }
+  EXPECT_TRUE(p.platform.boxes.empty());
+}
+
+TEST_F(PlanPane, AGasChosenInOneOfSeveralSelectedLegsIsThatOfAll) {
+  const std::string before = Rows();
+  Legs().Select(2, kGas, 1, 2);
+  Edit(2, kGas, "Tx15/55");
+  EXPECT_EQ(Legs().Text(1, kGas) + " " + Legs().Text(2, kGas) + " " + Legs().Text(3, kGas), "Tx15/55 Tx15/55 EAN32");
+  EXPECT_EQ(Rows(), Typed());
+  ASSERT_TRUE(Undo());
+  EXPECT_EQ(Rows(), before);
+  Legs().Select(2, kGas, 1, 2);
+  Edit(2, kGas, "no gas");
+  EXPECT_EQ(Legs().Text(1, kGas) + Legs().Text(2, kGas), "Tx18/45Tx18/45");
+  EXPECT_TRUE(Pane().lbFault.Visible);
+  EXPECT_EQ(Rows(), before);
+}
+
+TEST_F(PlanPane, PastedLegsLieInTheirOrderBehindTheSelectedOnesAndGoInOneStep) {
+  const std::string before = Rows();
+  const auto paste = [&](const char* text) {
+    p.platform.clipboardText = text;
+    Pane().legs.mnuPasteLegs.Choose();
+  };
+  Legs().Select(1, kDepth);
+  paste("55\t2\tTx18/45\n50,5\t3\tTx18/45\n");
+  EXPECT_EQ(Legs().Text(1, kDepth) + " " + Legs().Text(2, kDepth) + " " + Legs().Text(3, kDepth) + " " +
+                Legs().Text(4, kDepth),
+            "60 55 50.5 45");
+  EXPECT_EQ(Legs().SelectedRow, 3) << "what is pasted next follows";
+  EXPECT_EQ(Rows(), Typed());
+  ASSERT_TRUE(Undo());
+  EXPECT_EQ(Rows(), before);
+  Legs().Select(2, kTime, 2, 3);
+  paste("7");
+  EXPECT_EQ(Legs().Text(2, kTime) + " " + Legs().Text(3, kTime), "7 7");
+  ASSERT_TRUE(Undo());
+  EXPECT_EQ(Rows(), before);
+  for (const char* text : {"", "see you on Friday", "a\tb\n"}) {
+    paste(text);
+    EXPECT_EQ(Pane().lbFault.Caption.Get(), p.program.Texts().GetResString(Text::PasteHoldsNoLegs)) << text;
+    EXPECT_EQ(Rows(), before);
+  }
+  EXPECT_TRUE(p.platform.boxes.empty());
 }
 
 }  // namespace

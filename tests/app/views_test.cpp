@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "dialogs/general_info.h"
 #include "support/program_fixture.h"
 
 namespace tav {
@@ -57,13 +58,27 @@ TEST(WhyStop, IsToldOfStopsAndOfNothingElse) {
   EXPECT_TRUE(p.Editor().AddUserWaypoint(45, 30, 0));
   p.Main().mnuStartAscent.Choose();
   const ClassProfile& rows = p.Editor().InputProfile;
-  int stops = 0;
+  std::vector<std::string> told;
   for (std::int16_t row = 0; row <= rows.GetLength(); ++row) {
-    const bool stop = rows.GetStatus(row) == RowStatus::kStop;
-    stops += stop ? 1 : 0;
-    EXPECT_EQ(p.Main().Reports().WhyStop(1, row).empty(), !stop) << row;
+    const std::string why = p.Main().Reports().WhyStop(1, row);
+    EXPECT_EQ(why.empty(), rows.GetStatus(row) != RowStatus::kStop) << row;
+    if (!why.empty()) told.push_back(why);
   }
-  EXPECT_GT(stops, 3);
+  EXPECT_GT(told.size(), 3U);
+  const auto tips = [](const std::vector<std::vector<GridCell>>& cells) {
+    std::vector<std::string> texts;
+    for (const auto& row : cells) {
+      if (!row.front().tip.empty()) texts.push_back(row.front().tip);
+    }
+    return texts;
+  };
+  EXPECT_EQ(tips(p.Main().Panes().PlanPane().schedule.fgSchedule.Cells), told);
+  p.platform.onModal.emplace_back([&](Form& form) {
+    const auto& info = dynamic_cast<frmGeneralInfo&>(form);
+    EXPECT_EQ(tips(info.fgDecoStop.Cells), told);
+    EXPECT_EQ(tips(info.fginfo.Cells), told);
+  });
+  p.Main().mnuDiveInformation.Choose();
 }
 
 TEST(WindowMenu, ListsTheOpenPlansAndLeadsToThem) {
@@ -78,7 +93,7 @@ TEST(WindowMenu, ListsTheOpenPlansAndLeadsToThem) {
     return captions;
   };
   using Captions = std::vector<std::string>;
-  EXPECT_EQ(plans(), (Captions{"&1 Plan 1 [Default.tpl]", "&2 lake-series.tav [Default.tpl]",
+  EXPECT_EQ(plans(), (Captions{"&1 Plan 1 [Default.tpl]", "&2 lake-series.tav Dive:1 [Default.tpl]",
                                "* &3 lake-series.tav Dive:2 [Default.tpl] Surface Interval: 2 hrs :0 min"}));
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Name() == "plan" && entry.item->Caption.Get().starts_with("&2")) entry.item->Choose();
@@ -86,7 +101,7 @@ TEST(WindowMenu, ListsTheOpenPlansAndLeadsToThem) {
   EXPECT_EQ(p.Active(), 2);
   p.platform.filesChosen.push_back(p.folder.Path() / "R&D.tav");
   EXPECT_TRUE(p.Main().Files().SaveActive(true));
-  EXPECT_EQ(plans()[1], "* &2 R&&D.tav [Default.tpl]");
+  EXPECT_EQ(plans()[1], "* &2 R&&D.tav Dive:1 [Default.tpl]");
   EXPECT_TRUE(p.Main().CloseDocument(2));
   EXPECT_EQ(plans(), Captions{"* &1 Plan 1 [Default.tpl]"});
   EXPECT_TRUE(p.Main().CloseDocument(1));

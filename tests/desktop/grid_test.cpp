@@ -147,6 +147,60 @@ TEST_F(GridWindow, TabGoesOnToTheNextCellThatTakesTyping) {
   EXPECT_EQ(form.fgDescend.Text(1, 1) + " " + form.fgDescend.Text(2, 0), "19 21") << "past a list and a fixed cell";
 }
 
+TEST_F(GridWindow, TabReachesAListThatTakesTypingAndOneIsTakenAsItIsTyped) {
+  form.fgDescend.EditorOf = [](int row, int column) {
+    if (row == 0) return Grid::Editor{};
+    const auto kind = column == 2 ? Grid::Editor::Kind::TypedList : Grid::Editor::Kind::Text;
+    return Grid::Editor{kind, {"Air", "EAN32", "EAN50", "Oxygen"}};
+  };
+  QLineEdit* edit = TypeInto(0, 1, QStringLiteral("17"));
+  ASSERT_NE(edit, nullptr);
+  QTest::keyClick(edit, Qt::Key_Tab);
+  Settle();
+  auto* list = table->findChild<QComboBox*>();
+  ASSERT_NE(list, nullptr);
+  EXPECT_FALSE(list->view()->isVisible());
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("EAN5"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form.fgDescend.Text(1, 2), "EAN5") << "not the longer name of another gas";
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("21"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(form.fgDescend.Text(2, 0), "21") << "the next row follows the gas";
+
+  Settle();
+  table->setFocus();
+  table->setCurrentCell(1, 2);
+  QTest::keyClicks(table, QStringLiteral("a"));
+  list = table->findChild<QComboBox*>();
+  ASSERT_NE(list, nullptr);
+  Settle();
+  EXPECT_FALSE(list->view()->isVisible());
+  QTest::keyClick(list, Qt::Key_Escape);
+  EXPECT_EQ(form.fgDescend.Text(2, 2), "EAN50") << "called off";
+  Settle();
+  QTest::keyClick(table, Qt::Key_F2);
+  Settle();
+  list = table->findChild<QComboBox*>();
+  ASSERT_NE(list, nullptr);
+  ASSERT_TRUE(list->view()->isVisible());
+  QTest::keyClick(list->view(), Qt::Key_Down);
+  QTest::keyClick(list->view(), Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(form.fgDescend.Text(2, 2), "Oxygen");
+}
+
+TEST_F(GridWindow, EscapeTakesBackNoMoreThanTheEntryOfItsCell) {
+  int restored = 0;
+  form.fgDescend.Restored = [&] { ++restored; };
+  form.fgDescend.Typed = [](int, int, const std::string&) {};
+  QLineEdit* edit = TypeInto(1, 1, QString());
+  ASSERT_NE(edit, nullptr);
+  QTest::keyClick(edit, Qt::Key_Escape);
+  EXPECT_EQ(restored, 0) << "nothing was entered";
+  QTest::keyClick(table, Qt::Key_Escape);
+  EXPECT_EQ(restored, 1) << "without an open cell all marked ones are given up";
+}
+
 TEST_F(GridWindow, KeysOfRowsAndMenuReachTheGridWhileNoCellIsOpen) {
   std::string told;
   form.fgDescend.InsertKey = [&] { told += "insert "; };

@@ -26,5 +26,19 @@ TEST(MixInformation, TellsEndAndPPO2WithTheirLimits) {
   EXPECT_EQ(double{InformationOf(Kind::Heliox, {0.05, 0, 0.95}, 10, t, false).END}, 0) << "never negative";
 }
 
+TEST(GasFigures, OfALoopTellWhatIsBreathedFromIt) {
+  DiveTemplate t;
+  t.Metric = true;
+  t.OpenCircuit = false;
+  t.StartPressure = 1;
+  t.Setpoint = 1.3;
+  const GasMix air{"Air", 21, 79, 0};
+  EXPECT_NEAR(FiguresAt(30, air, t).breathedPPO2, 1.3, 1e-6);
+  EXPECT_NEAR(FiguresAt(2, air, t).breathedPPO2, 1.2, 1e-6) << "pure oxygen, what the depth allows";
+  EXPECT_TRUE(FiguresAt(60, air, t).ppo2TooHigh) << "the diluent alone has more than the setpoint";
+  t.OpenCircuit = true;
+  EXPECT_NEAR(FiguresAt(30, air, t).breathedPPO2, 0.84, 1e-6);
+}
+
 }  // namespace
 }  // namespace tav

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "figures/dive_figures.h"
+#include "model/number_text.h"
 #include "support/plan_fixture.h"
 
 namespace tav {
@@ -72,6 +74,19 @@ TEST_F(Schedule, ReadsInTheUsersWordsAndNumbers) {
   EXPECT_THAT(last, HasSubstr("\n  Oberfl\xC3\xA4"
                               "che      0           8,8  Oxygen   1,01\n"));
   EXPECT_THAT(ascent.Aligned(), HasSubstr(last.substr(last.rfind("\n  ") + 1)));
+}
+
+TEST_F(Schedule, TellsWhatOfTheDosesWasCarriedOver) {
+  Dive(30, 40, "EAN32");
+  ASSERT_TRUE(plan_.StartDeco());
+  EXPECT_THAT(ScheduleText(plan_.InputProfile, Template()).Totals(),
+              testing::Not(testing::Contains(HasSubstr("carried"))));
+  frmWaypointEditor& second = plans_.forms(plans_.forms.AddRepetitiveDive(plan_.Tag(), 90));
+  ASSERT_TRUE(second.AddUserWaypoint(20, 10, 0) && second.StartDeco());
+  const DiveFigures before = FiguresOf(plan_.InputProfile);
+  EXPECT_THAT(ScheduleText(second.InputProfile, Template()).Totals(),
+              testing::Contains("Of this carried over from the dive before: CNS " + FormatFixed(before.CNS * 50, 0) +
+                                " %, OTU " + FormatFixed(before.OTU, 0)));
 }
 
 }  // namespace

@@ -137,9 +137,9 @@ TEST_F(Graph, TheRightButtonOpensTheMenuAndStartsNoDrag) {
 TEST_F(Graph, ADragGivesAWaypointAfterTheLastRow) {
   AddLeg(36, 10);
   Press(30, 20);
-  EXPECT_EQ(window.readOut, "20,0 m. 30,0 Min.");
+  EXPECT_EQ(window.readOut, "20,0 m, 30,0 min");
   Move(24.55, 40.02);
-  EXPECT_EQ(window.readOut, "40,1 m. 24,5 Min.");
+  EXPECT_EQ(window.readOut, "40,1 m, 24,5 min");
   EXPECT_EQ(window.readOutPlace, (ScreenPoint{X(24.55) + 50, Y(40.02) + 50}));
   Release();
   EXPECT_EQ(window.readOut, "");
@@ -201,7 +201,7 @@ TEST_F(Graph, AReleaseOutsideKeepsTheLastPointInside) {
     Move(time, depth);
     EXPECT_FALSE(window.cross) << time << " " << depth;
   }
-  EXPECT_EQ(window.readOut, "50,0 m. 40,0 Min.");
+  EXPECT_EQ(window.readOut, "50,0 m, 40,0 min");
   Release();
   ASSERT_THAT(window.waypoints, SizeIs(1));
   EXPECT_NEAR(window.waypoints[0].first, 50, 0.11);
@@ -212,7 +212,7 @@ TEST_F(Graph, AboveTheSurfaceLineIsTheSurface) {
   AddLeg(6, 10);
   Press(30, 20);
   Move(40, -0.5);  // the plot is still under the tip of the pointer
-  EXPECT_EQ(window.readOut, "0,0 m. 40,0 Min.");
+  EXPECT_EQ(window.readOut, "0,0 m, 40,0 min");
   Release();
   ASSERT_THAT(window.waypoints, SizeIs(1));
   EXPECT_EQ(window.waypoints[0].first, 0);
@@ -266,7 +266,7 @@ TEST_F(Graph, ThePointerReadsTheMomentUnderIt) {
 TEST_F(Graph, FeetAreNamed) {
   plans.documents(editor.Tag()).Template.Metric = false;
   Press(30, 20);
-  EXPECT_EQ(window.readOut, "20,0 ft. 30,0 Min.");
+  EXPECT_EQ(window.readOut, "20,0 ft, 30,0 min");
 }
 
 TEST_F(Graph, TheDragDrawsOnlyItsPreviewAndLeavesNothing) {

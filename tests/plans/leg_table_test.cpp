@@ -122,6 +122,8 @@ TEST_F(Legs, ComeFromSpreadsheetsAndMails) {
       {"30,5;20;EAN32\n18,5;4,25;", comma, "30,5 20 EAN32 | 18,5 4,25 EAN32"},
       {"30,20,EAN32", comma, "30 20 EAN32"},
       {"30\t20\tEAN32\tand a remark", {}, "30 20 EAN32"},
+      {"18,5\t20\tEAN32\n12\t4,25", {}, "18.5 20 EAN32 | 12 4.25 EAN32"},
+      {"18,5; 20", {}, "18.5 20 Air"},
       {"30\t20\nAscent\n", {}, "30 20 Air | Ascent"},
       {"Ascent", {}, ""},
       {"no rows at all", {}, ""},
@@ -134,6 +136,34 @@ TEST_F(Legs, ComeFromSpreadsheetsAndMails) {
     EXPECT_EQ(pasted, table.Rows());
     EXPECT_THAT(Faults(table), IsEmpty()) << each.text;
   }
+}
+
+TEST_F(Legs, OfOneColumnFillDown) {
+  struct {
+    const char* text;
+    LegTable::Field field;
+    int first, last;
+    const char* rows;
+    int pasted;
+  } const cases[] = {
+      {"50\r\n45\r\n", LegTable::Field::Depth, 0, 0, "50 20 Air | 45 5 EAN32 | 20 5 EAN50 | Ascent", 2},
+      {"Time\n8\n12", LegTable::Field::Time, 1, 1, "60 20 Air | 40 8 EAN32 | 20 12 EAN50 | Ascent", 2},
+      {"EAN50", LegTable::Field::Gas, 0, 1, "60 20 EAN50 | 40 5 EAN50 | 20 5 EAN50 | Ascent", 1},
+      {"18\n15\n12", LegTable::Field::Depth, 2, 2,
+       "60 20 Air | 40 5 EAN32 | 18 5 EAN50 | 15  EAN50 | 12  EAN50 | Ascent", 3},
+      {"9", LegTable::Field::Depth, 3, 3, "60 20 Air | 40 5 EAN32 | 20 5 EAN50 | 9  EAN50 | Ascent", 1},
+      {"no number", LegTable::Field::Time, 0, 2, "60 20 Air | 40 5 EAN32 | 20 5 EAN50 | Ascent", 0},
+  };
+  for (const auto& each : cases) {
+    LegTable table = Loaded({});
+    table.WantAscent(true);
+    table.Paste(0, "60\t20\n40\t5\tEAN32\n20\t5\tEAN50\n", kAscent);
+    ASSERT_TRUE(LegTable::IsColumn(each.text, kAscent));
+    EXPECT_EQ(table.PasteColumn(each.first, each.last, each.field, each.text) > 0, each.pasted > 0) << each.text;
+    EXPECT_EQ(Rows(table), each.rows) << each.text;
+  }
+  EXPECT_FALSE(LegTable::IsColumn("30\t20", kAscent) || LegTable::IsColumn("30,20\n12", kAscent) ||
+               LegTable::IsColumn("30\nAscent", kAscent));
 }
 
 TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {

@@ -31,9 +31,10 @@ TEST(OpenProfile, LinksItsDivesAndNumbersThemFromOne) {
   EXPECT_EQ(plans.documents(2).StartOTU, plans.documents(1).TotalOTU);
   EXPECT_EQ(plans.documents(2).ProfileFolder, kSeries.parent_path().string() + "/");
   EXPECT_FALSE(plans.documents(1).Modified);
-  EXPECT_EQ(plans.forms.Caption(1), Numbered("lake-series.tav<CaptionTemplate>Default.tpl]"));
+  EXPECT_EQ(plans.forms.Caption(1), Numbered("lake-series.tav<DiveNumber>:1<CaptionTemplate>Default.tpl]"));
   EXPECT_THAT(plans.forms.Caption(2), testing::StartsWith(Numbered("lake-series.tav<DiveNumber>:2")));
-  EXPECT_THAT(plans.display.told, testing::ElementsAre(1, 2, 2)) << "each when it is whole, and the last in front";
+  EXPECT_THAT(plans.display.told, testing::ElementsAre(1, 1, 2, 2))
+      << "each when it is whole, the first when it has a number, and the last in front";
   EXPECT_EQ(ProfileFileText(plans.forms, 2), ReadTextFile(kSeries)) << "opening changes nothing";
 }
 

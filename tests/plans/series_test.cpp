@@ -61,6 +61,7 @@ TEST_F(Series, CarriesOxygenDosesOverTheInterval) {
   EXPECT_EQ(third_.DiveNumber, 3);
   EXPECT_EQ(plans_.forms.Caption(second_.Tag()),
             Numbered("<UntitledPlan>1<DiveNumber>:2<CaptionTemplate>Default.tpl]<CaptionInterval> <HoursAndMinutes>"));
+  EXPECT_EQ(plans_.forms.Caption(first_.Tag()), Numbered("<UntitledPlan>1<DiveNumber>:1<CaptionTemplate>Default.tpl]"));
 }
 
 TEST_F(Series, IsTheSameAfterOpeningItsFile) {

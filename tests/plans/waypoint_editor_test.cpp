@@ -292,5 +292,32 @@ TEST(Closing, ALaterDiveNeverAsks) {
   EXPECT_THAT(plans.boxes.shown, IsEmpty());
 }
 
+TEST(WantedLegs, ComeWithTheAscentUnlessItWasTakenOff) {
+  test::Plans plans;
+  frmWaypointEditor& plan = plans.New();
+  const auto actions = [&plan] {
+    std::string text;
+    for (std::int16_t i = 1; i <= plan.UserActions.GetLength(); ++i) {
+      const bool leg = plan.UserActions.getaction(i) == ClassUseractions::kLeg;
+      text += leg ? FormatPlain(plan.UserActions.getDepth(i)) + " " : "up ";
+    }
+    return text;
+  };
+  ASSERT_TRUE(plan.AddWantedLeg(40, 25, 0) && plan.AddWantedLeg(30, 10, 0));
+  EXPECT_EQ(actions(), "40 30 up ");
+  EXPECT_EQ(plan.InputProfile.getDepth(plan.LastRowOfLegs()), Single(30));
+  plan.AddWantedLeg(3, 10, 0);
+  EXPECT_EQ(actions(), "40 30 up ") << "above the ceiling that the legs end with";
+  plan.mnucleardecopoints();
+  ASSERT_TRUE(plan.AddWantedLeg(25, 5, 0));
+  EXPECT_EQ(actions(), "40 30 25 ");
+  ASSERT_TRUE(plan.StartDeco() && plan.AddWantedLeg(20, 5, 0));
+  EXPECT_EQ(actions(), "40 30 25 20 up ");
+  plan.mnucleardecopoints();
+  plan.mnuclearallwaypoints();
+  ASSERT_TRUE(plan.AddWantedLeg(25, 5, 0));
+  EXPECT_EQ(actions(), "25 ") << "kept while the plan is empty";
+}
+
 }  // namespace
 }  // namespace tav

@@ -309,7 +309,7 @@ TEST(GasSupplies, ShowTheWorking) {
   EXPECT_EQ(Reckoned(With({twin}, {1, 1.5, 0, TurnRule::Half})).working,
             "1 diver x 1.5 x 20 l/min x 3 bar x 0 min = 0 l, + ascent 120 l");
   EXPECT_EQ(Reckoned(With({twin}, {}, {{{66, 10}}, {}, InFeet, {}})).working,
-            "2 divers x 2 x 0.7 cu ft/min x 3 atm x 2 min = 16.8 cu ft, + ascent 12.3 cu ft");
+            "2 divers x 2 x 0.7 cu ft/min x 3 ata x 2 min = 16.8 cu ft, + ascent 12.3 cu ft");
 }
 
 /// Two unlike stages of one mix, 11 l x 200 bar = 2200 l and 7 l x 180 bar = 1260 l: 3460 l. The first is breathed down
