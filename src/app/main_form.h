@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "app/last_session.h"
 #include "app/graph_edits.h"
+#include "app/last_session.h"
 #include "app/main_panes.h"
 #include "app/main_services.h"
 #include "app/menu_lists.h"

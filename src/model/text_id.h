@@ -1302,6 +1302,7 @@ constexpr int CompareEndAltitude = 8876;
 constexpr int CompareCylinders = 8877;
 constexpr int CompareTeam = 8878;
 constexpr int CompareTwoPlans = 8880;
+
 // The main window: layout, leaving, what was done, command search
 constexpr int MenuDefaultLayout = 8810;
 constexpr int OneDanger = 8811;
@@ -1332,16 +1333,16 @@ constexpr int SettingsOfNewPlans = 8835;
 constexpr int MenuCommandSearch = 8836;
 constexpr int SearchHint = 8837;
 constexpr int CommandSearchNone = 8838;
+
 // The graph
 constexpr int MenuViewLight = 8711;
 constexpr int GraphMoveHint = 8712;
 constexpr int GraphLegAfter = 8713;
 constexpr int GraphShiftHint = 8714;
+
 // This dive and its gases in the pane of the plan
 constexpr int GasOverHundred = 8730;
 constexpr int PaneGasesAtHand = 8731;
-// This dive and its gases in the pane of the plan
-constexpr int GasOverHundred = 8730;
 constexpr int PaneThisDive = 8732;
 constexpr int PaneRebreather = 8733;
 constexpr int PaneSetpoint = 8734;

@@ -21,7 +21,7 @@ std::optional<WayOut> ByAWholeRun(const EngineRun& run, const ClassProfile& plan
   EngineObserver silent;
   EXPECT_TRUE(ComputeProfile(run, cut, rows, end, silent).IsEmpty());
   if (!end.Decompresses) return std::nullopt;
-  WayOut way{rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(row), {}};
+  WayOut way{rows.GetRunTime(rows.GetLength()) - rows.GetRunTime(row), {}, {}};
   for (auto i = static_cast<std::int16_t>(row + 1); i <= rows.GetLength(); ++i) {
     if (rows.getGasUsed(i) == 0) continue;
     auto gas = std::ranges::find(way.gas, rows.GetGasMixName(i), &GasTotal::Name);
