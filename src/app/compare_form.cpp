@@ -62,11 +62,12 @@ void frmCompare::PlanChanged() {
   others_.clear();
   for (const std::int16_t document : kept_.OpenDocuments()) {
     if (document == active) continue;
+    ComparedPlan plan = kept_.AsItIs(document);
+    if (!plan.column.fault.IsEmpty()) continue;
     others_.push_back(document);
     const bool shown = othersShown_[document];
-    ComparedPlan plan = kept_.AsItIs(document);
     items.push_back({plan.name, shown});
-    if (shown && plan.column.fault.IsEmpty()) plans.push_back(std::move(plan));
+    if (shown) plans.push_back(std::move(plan));
   }
   Caption = T(Text::CompareTitle) + (active ? ": " + plans.front().name : "");
   ckPick.Items = items;

@@ -5,6 +5,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tav {
 namespace {
@@ -23,17 +25,51 @@ std::size_t Mark(const std::string& caption) {
   return std::string::npos;
 }
 
-void GiveLetter(MenuItem& item, std::set<char>& taken) {
-  const std::string caption = item.Caption;
+/// The places of letters in a caption that can be marked, beginnings of words first.
+std::vector<std::size_t> Places(const std::string& caption) {
+  std::vector<std::size_t> places;
   for (const bool atWord : {true, false}) {
     for (std::size_t i = 0; i < caption.size(); ++i) {
-      if (!IsAlnum(caption[i]) || (atWord && i > 0 && caption[i - 1] != ' ')) continue;
-      if (!taken.insert(Lower(caption[i])).second) continue;
-      item.Caption = std::string(caption).insert(i, 1, '&');
-      return;
+      if (IsAlnum(caption[i]) && (i == 0 || caption[i - 1] == ' ') == atWord) places.push_back(i);
     }
   }
+  return places;
 }
+
+/// The entries of one menu that are given a letter.
+class Givers {
+ public:
+  explicit Givers(std::set<char> taken) : taken_(std::move(taken)) {}
+
+  /// Where no letter is free, others that were given one here take another one of theirs.
+  bool Give(MenuItem* item) {
+    std::set<char> tried = taken_;
+    return Give(item, tried);
+  }
+  void Mark() const {
+    for (const auto& [letter, owner] : given_) {
+      const auto& [item, place] = owner;
+      item->Caption = std::string(item->Caption).insert(place, 1, '&');
+    }
+  }
+
+ private:
+  bool Give(MenuItem* item, std::set<char>& tried) {  // NOLINT(misc-no-recursion): as deep as the menu is long
+    const std::string caption = item->Caption;
+    for (const std::size_t place : Places(caption)) {
+      const char letter = Lower(caption[place]);
+      if (!tried.insert(letter).second) continue;
+      const auto owner = given_.find(letter);
+      if (owner != given_.end() && !Give(owner->second.first, tried)) continue;
+      given_[letter] = {item, place};
+      return true;
+    }
+    return false;
+  }
+
+  std::set<char> taken_;
+  std::map<char, std::pair<MenuItem*, std::size_t>> given_;
+};
 
 /// The entries of one menu.
 void GiveLettersTo(const std::vector<MenuItem*>& items) {
@@ -47,7 +83,9 @@ void GiveLettersTo(const std::vector<MenuItem*>& items) {
     if (mark != std::string::npos) item->Caption = caption.erase(mark, 1);
     without.push_back(item);
   }
-  for (MenuItem* item : without) GiveLetter(*item, taken);
+  Givers givers(std::move(taken));
+  for (MenuItem* item : without) givers.Give(item);
+  givers.Mark();
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ class PaneArea : public QScrollArea {
  public:
   explicit PaneArea(QWidget& pane) {
     setObjectName(QStringLiteral("qt_pane_area"));
+    setFocusPolicy(Qt::NoFocus);  // its controls are stopped at, it is not
     setFrameShape(QFrame::NoFrame);
     setWidget(&pane);
   }

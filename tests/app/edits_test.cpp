@@ -179,12 +179,14 @@ TEST(MarkedCells, AreTheUsersUntilTheyAreGivenUp) {
 
 TEST(MarkedCells, FollowThePlanUnderThem) {
   Opened p;
-  p.Pane().legs.fgLegs.Edit(1, PlanPaneLegs::kGas, "EAN32");
+  p.Document().Template.Blends[static_cast<std::size_t>(FindBlendIndex("EAN32", p.Document().Template))].Name = "Mine";
+  p.Editor().ReEvaluateUserEnteredWaypoints();
+  p.Pane().legs.fgLegs.Edit(1, PlanPaneLegs::kGas, "Mine");
   p.platform.clipboardText = "20\t\n";
   p.Pane().legs.fgLegs.SelectCell(2, PlanPaneLegs::kDepth);
   p.Pane().legs.mnuPasteLegs.Choose();
   const auto gasOf = [&](int row) { return p.Pane().legs.fgLegs.Text(row, PlanPaneLegs::kGas); };
-  ASSERT_EQ(gasOf(1) + gasOf(2), "EAN32EAN32");
+  ASSERT_EQ(gasOf(1) + gasOf(2), "MineMine");
   // The blend of the same number is another one now.
   const auto blend = static_cast<std::size_t>(p.Editor().UserActions.getmixnumber(1));
   const auto rename = [&](const std::string& name) {
@@ -193,8 +195,8 @@ TEST(MarkedCells, FollowThePlanUnderThem) {
   };
   rename("EAN30");
   EXPECT_EQ(gasOf(1), "EAN30");
-  EXPECT_THAT(p.Pane().MarkedCells(p.Active()), HasSubstr("EAN32")) << "which the template does not have any more";
-  rename("EAN32");
+  EXPECT_THAT(p.Pane().MarkedCells(p.Active()), HasSubstr("Mine")) << "which the template does not have any more";
+  rename("Mine");
   // Feet for metres, with the depths converted, and a leg more from the graph.
   p.Document().Template.Metric = false;
   p.Editor().ConvertDepths(false);
