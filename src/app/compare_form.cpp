@@ -41,7 +41,12 @@ void frmCompare::TakePick(int index) {
   if (place < kept_.Plans().size()) {
     kept_.Show(place, on);
   } else {
-    othersShown_[others_.at(place - kept_.Plans().size())] = on;
+    const Other& other = others_.at(place - kept_.Plans().size());
+    if (on) {
+      othersShown_.insert(other);
+    } else {
+      othersShown_.erase(other);
+    }
   }
   PlanChanged();
 }
@@ -62,12 +67,13 @@ void frmCompare::PlanChanged() {
   others_.clear();
   for (const std::int16_t document : kept_.OpenDocuments()) {
     if (document == active) continue;
-    ComparedPlan plan = kept_.AsItIs(document);
-    if (!plan.column.fault.IsEmpty()) continue;
-    others_.push_back(document);
-    const bool shown = othersShown_[document];
-    items.push_back({plan.name, shown});
-    if (shown) plans.push_back(std::move(plan));
+    const SeriesDive dive = services_.forms.Series(document, false).front();
+    if (!WhatIf(dive.dive).Fault().IsEmpty()) continue;
+    const Other other{document, services_.forms(document).Opening()};
+    others_.push_back(other);
+    const bool shown = othersShown_.contains(other);
+    items.push_back({DiveTitle(dive, texts_), shown});
+    if (shown) plans.push_back(kept_.AsItIs(document));
   }
   Caption = T(Text::CompareTitle) + (active ? ": " + plans.front().name : "");
   ckPick.Items = items;

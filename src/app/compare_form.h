@@ -1,7 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "app/kept_plans.h"
@@ -39,8 +40,9 @@ class frmCompare : public DialogForm {
 
   PrintPreview& report_;
   KeptPlans& kept_;
-  std::vector<std::int16_t> others_;          ///< documents of the last ticks
-  std::map<std::int16_t, bool> othersShown_;  ///< by document
+  using Other = std::pair<std::int16_t, int>;  ///< a document, and which of its openings
+  std::vector<Other> others_;                  ///< those of the last ticks
+  std::set<Other> othersShown_;
   ColumnTable table_;
 };
 

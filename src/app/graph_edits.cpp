@@ -52,6 +52,8 @@ std::string GraphEdits::Move(Single depth, Single minutes) {
   });
 }
 
+bool GraphEdits::IsMoving() const { return panes_.PlanPane().Entry().IsMoving(); }
+
 void GraphEdits::EndMove(bool keep) { panes_.PlanPane().Entry().EndMove(keep); }
 
 std::string GraphEdits::Change(const std::function<void(LegTable&)>& change) const {

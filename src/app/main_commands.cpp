@@ -26,7 +26,7 @@ void frmMain::FinishEditsBeforeCommands() {
     if (command == nullptr || !command->Click) return;
     command->Click = [this, act = std::move(command->Click)] {
       FinishEdits();
-      services_.Status(Text::Ready);  // what the last command has done was told until now
+      services_.Status(Text::Ready);  // the status bar tells what a command did until the next one
       act();
     };
   };

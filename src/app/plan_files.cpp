@@ -23,6 +23,12 @@ fs::path PlanFiles::Choose() const {
 }
 
 bool PlanFiles::Open(const fs::path& file) {
+  // One window for each file: of two, one would save over what the other has.
+  for (const std::int16_t document : services_.OpenDocuments()) {
+    if (FileOf(document) != Whole(file)) continue;
+    services_.forms.Activate(document);
+    return true;
+  }
   if (!Read(file, true)) return false;
   KeepFolder(services_.platform.settings, kPlanFolder, file);
   recent_.Add(file);
@@ -168,14 +174,16 @@ bool PlanFiles::HasUnsaved(std::int16_t first) const {
 }
 
 void PlanFiles::ReadAgain(std::int16_t first, const fs::path& file) {
+  const Known before = known_[file];
   ProfileText profile;
+  const auto front = services_.Active();
   try {
+    KnowsNow(file);  // ahead of the plan: what is written between the two is a change
     profile = ReadProfileFile(file);
   } catch (const std::exception& error) {
-    known_[file].seen.reset();  // it may be half written: the next look is another one
+    known_[file] = {before.mine, std::nullopt};  // it may be half written: the next look is another one
     return services_.Status(services_.texts.Words(error));
   }
-  const auto front = services_.Active();
   std::size_t place = 0;
   bool wasFront = false;
   std::vector<std::int16_t> dives;
@@ -185,7 +193,6 @@ void PlanFiles::ReadAgain(std::int16_t first, const fs::path& file) {
     dives.push_back(n);
   }
   for (const std::int16_t n : dives) services_.forms.Unload(n);
-  KnowsNow(file);
   const auto opened = OpenProfile(services_.forms, file, profile);
   services_.history.MarkSaved(opened.front());
   if (wasFront) {

@@ -20,7 +20,8 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
   }
   if (const auto set = set_.find(document); set != set_.end()) {
     const std::int16_t leg = set->second.leg;
-    if (leg > 0 && static_cast<std::size_t>(leg) < editor.ActionResults().size()) {
+    const bool sameLegs = set->second.actions == editor.UserActions.GetLength();
+    if (leg > 0 && sameLegs && static_cast<std::size_t>(leg) < editor.ActionResults().size()) {
       const std::int16_t row = editor.LastRowOf(leg);
       if (editor.LegAt(row) == leg) look.selected = {row, row};
     } else if (set->second.evaluation == editor.Evaluation()) {
@@ -47,6 +48,7 @@ void PlanLooks::SelectRows(std::int16_t document, std::int16_t first, std::int16
   const frmWaypointEditor& editor = services_.forms(document);
   set.evaluation = editor.Evaluation();
   const std::int16_t leg = first == last ? editor.LegAt(last).value_or(0) : std::int16_t{0};
+  set.actions = editor.UserActions.GetLength();
   set.leg = leg > 0 && editor.LastRowOf(leg) == last ? leg : std::int16_t{0};
   services_.view.StateChanged(document);
 }

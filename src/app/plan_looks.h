@@ -38,8 +38,9 @@ class PlanLooks {
  private:
   struct Set {
     std::pair<std::int16_t, std::int16_t> selected{0, 0};
-    int evaluation = 0;    ///< of the rows that are selected
-    std::int16_t leg = 0;  ///< that ends with the selected row; 0 for none
+    int evaluation = 0;        ///< of the rows that are selected
+    std::int16_t leg = 0;      ///< that ends with the selected row; 0 for none
+    std::int16_t actions = 0;  ///< of the plan then: with others the leg may be another one
     std::vector<PlotPoint> overlay;
     std::string asBefore;
   };

@@ -127,6 +127,7 @@ class TextBox : public Control {
   Event KeyReturn;  ///< Return was pressed; a box that has this event keeps Return from the default button
   Event GotFocus;
   Event LostFocus;
+  std::function<bool()> Pasting;  ///< the user is about to paste; true when that went elsewhere
   /// Set by the view: selects the whole text.
   std::function<void()> SelectWanted;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <functional>
 
 namespace tav {
@@ -14,7 +15,7 @@ class CellList : public QComboBox {
   CellList(QWidget* parent, bool takesTyping, std::function<void()> closed);
 
   /// What it holds is to be stored.
-  [[nodiscard]] bool Chosen() const { return chosen_ || isEditable(); }
+  [[nodiscard]] bool Chosen() const { return chosen_ || (isEditable() && lineEdit()->isModified()); }
   void KeepClosed() { keepsClosed_ = true; }
 
   bool eventFilter(QObject* object, QEvent* event) override;

@@ -127,6 +127,7 @@ void Bind(TextBox& box, QLineEdit& edit) {
     }
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
+    if (box.Pasting && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste) && box.Pasting()) return true;
     // Ahead of the move: what the field does when it is left may show the very button that Tab goes to.
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab) box.Leave();
     if (box.KeyUp && key == Qt::Key_Up) return box.PressUp(), true;

@@ -81,6 +81,7 @@ class PlanEntry : protected FormTexts {
   /// is a change of the rows as they were when the move began. False while the
   /// plan can't be changed.
   bool BeginMove();
+  [[nodiscard]] bool IsMoving() const { return moving_; }
   /// Why the plan does not take it; empty when it has, and after the move.
   std::string Move(const std::function<void(LegTable&)>& change);
   /// Keeps the place that is in force, or brings the former plan back.

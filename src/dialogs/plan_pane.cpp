@@ -12,6 +12,7 @@ frmPlanPane::frmPlanPane(PlanPaneServices services)
     : PaneForm("frmPlanPane", services.dialogs), entry_(std::move(services)) {
   entry_.Changed = [this] { Show(); };
   cbQuickGas.TakesText = true;
+  tbQuickDepth.Pasting = [this] { return legs.PasteTable(); };
   cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = cbQuickGas.KeyReturn = [this] { Quick(); };
 }
 

@@ -53,6 +53,7 @@ void PlanPaneGases::Tick(int line, bool on) {
   const auto mix = FindBlend(gas.name, t);
   const Single depth = mix ? DeepestOnWayUp(t.Blends[static_cast<std::size_t>(*mix)], t) : Single(0);
   SetDepth(gas, Plain(depth));
+  fgGases.Refresh();  // what is refused has no tick
 }
 
 void PlanPaneGases::SetDepth(const GasAtHand& gas, const std::string& text) {

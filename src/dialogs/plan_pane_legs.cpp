@@ -59,7 +59,7 @@ void PlanPaneLegs::WireMenu() {
   mnuMoveLegsUp.Click = [this] { Move(-1); };
   mnuMoveLegsDown.Click = [this] { Move(1); };
   mnuCopyLegs.Click = onRange(&PlanPaneLegs::Copy);
-  mnuPasteLegs.Click = [this] { Paste(); };
+  mnuPasteLegs.Click = [this] { Paste(PasteAt::Selection); };
   fgLegs.Wished = [this](Grid::Wish wish) {
     const MenuItem* item = nullptr;
     if (wish == Grid::Wish::Duplicate) item = &mnuDuplicateLegs;
@@ -263,13 +263,23 @@ bool PlanPaneLegs::CommitGas(int line, int column, const std::string& gas) {
   return true;
 }
 
-void PlanPaneLegs::Paste() {
+bool PlanPaneLegs::PasteTable() {
+  const std::string text = platform_.clipboard.Text();
+  const std::size_t end = text.find_last_not_of(" \r\n");
+  if (text.find_first_of("\t\n") >= end) return false;  // npos is above all
+  Paste(PasteAt::End);
+  return true;
+}
+
+void PlanPaneLegs::Paste(PasteAt place) {
   if (!entry_.IsFree()) return;
   const std::string text = platform_.clipboard.Text();
   const std::string ascent = T(Text::PaneAscentWord);
   const int column = fgLegs.SelectedColumn;
-  const bool fillsDown = column >= kDepth && column <= kGas && LegTable::IsColumn(text, ascent);
-  const auto [first, last] = Selected().value_or(std::pair{Table().EndOfLegs(), Table().EndOfLegs()});
+  const bool atEnd = place == PasteAt::End;
+  const bool fillsDown = !atEnd && column >= kDepth && column <= kGas && Table().IsColumn(text, ascent);
+  const auto [first, last] =
+      (atEnd ? std::nullopt : Selected()).value_or(std::pair{Table().EndOfLegs(), Table().EndOfLegs()});
   const int row = fillsDown ? first : std::min(last + 1, Table().EndOfLegs());
   int pasted = 0;
   const auto paste = [&, last = last](LegTable& table) {

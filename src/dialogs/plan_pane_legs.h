@@ -38,6 +38,8 @@ class PlanPaneLegs : protected PlanPanePart {
   void SelectRow(std::int16_t row);
   /// Opens the depth of a leg, by the number of its action.
   void EditLeg(std::int16_t action);
+  /// Pastes behind the last leg what the clipboard holds of a table. False for a single word, which is for a field.
+  bool PasteTable();
 
  private:
   void WireMenu();
@@ -60,7 +62,8 @@ class PlanPaneLegs : protected PlanPanePart {
   /// A gas that was chosen in one of several selected legs is that of all. False for another cell.
   bool CommitGas(int line, int column, const std::string& gas);
   void Copy(int first, int last);
-  void Paste();
+  enum class PasteAt { Selection, End };
+  void Paste(PasteAt place);
 };
 
 }  // namespace tav

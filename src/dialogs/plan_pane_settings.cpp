@@ -145,7 +145,10 @@ void PlanPaneSettings::ShowPlan() {
 }
 
 void PlanPaneSettings::ShowModel() {
-  const ModelChoice& now = entry_.Services().dialogs.forms.Services().model;
+  // That of the rows that are shown; what the menu has marked since is for the next ones.
+  const bool computed = entry_.HasPlan() && entry_.Editor().InputProfile.GetLength() > 0;
+  const ModelChoice& now =
+      computed ? entry_.Editor().EvaluatedWith() : entry_.Services().dialogs.forms.Services().model;
   models_.clear();
   std::vector<std::string> names;
   for (const ModelChoice& model : kModels) {
@@ -176,8 +179,9 @@ void PlanPaneSettings::TypeInterval() {
 
 void PlanPaneSettings::ChooseCircuit() {
   entry_.Finish();
-  if (!entry_.IsFree() || !SetCircuit) return Show();
-  SetCircuit(cbCircuit.ListIndex == 0);
+  const bool open = cbCircuit.ListIndex == 0;
+  if (!entry_.IsFree() || !SetCircuit || open == entry_.Template().OpenCircuit) return Show();
+  SetCircuit(open);
 }
 
 void PlanPaneSettings::ChooseModel() {

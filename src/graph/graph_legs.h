@@ -25,6 +25,8 @@ class GraphLegs {
 
   /// The waypoint of a row is about to be moved, the later legs with it. False while the plan can't be changed.
   virtual bool BeginMove(std::int16_t row) = 0;
+  /// Other commands end a move, too.
+  [[nodiscard]] virtual bool IsMoving() const = 0;
   /// Computes and shows the plan with the waypoint so much (depth units, minutes) from where the move began.
   virtual std::string Move(Single depth, Single minutes) = 0;
   /// Makes the place in force a change of the plan, one step of undo, or brings the plan back.

@@ -202,6 +202,11 @@ void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSur
     moving_ = legs->BeginMove(grip_->number);
     if (!moving_) grip_.reset();
   }
+  if (moving_ && !legs->IsMoving()) {
+    moving_ = false;
+    grip_.reset();
+    window_.HideReadOut();
+  }
   if (moving_) return MoveTo(scale_.OntoPlot({x, y}));
   if (grip_) return;
   if (!scale_.InsidePlot(x + 3, y + 50)) {
@@ -217,7 +222,9 @@ void ProfileGraph::MoveTo(ScreenPoint at) {
   const double step = DepthStep();
   const double perDepth = scale_.Ddepth(1) - scale_.Ddepth(0);
   const double perMinute = scale_.WorldToScreen(1, 0).x - scale_.WorldToScreen(0, 0).x;
-  const Single depth = std::round((at.y - grip_->at.y) / perDepth / step) * step;
+  // Never above the surface.
+  const Single depth =
+      std::max<double>(std::round((at.y - grip_->at.y) / perDepth / step) * step, -double{grip_->row.Depth});
   const Single minutes = std::round((at.x - grip_->at.x) / perMinute);
   if (depth == grip_->depth && minutes == grip_->minutes) return;
   grip_->depth = depth;

@@ -16,19 +16,29 @@ std::string LowerCase(std::string_view of) {
   return text;
 }
 
-/// What a user types, in small letters without blanks and without a word for the kind of gas.
-std::string Bare(std::string_view typed) {
+/// What a user types, in small letters without blanks, apart from a word for the kind of gas.
+struct TypedName {
+  std::string rest;
+  bool tellsHelium = false;  ///< the word is that of a gas that has some
+};
+TypedName Parted(std::string_view typed) {
   std::string name = LowerCase(typed);
   std::erase_if(name, [](char c) { return c == ' ' || c == '\t' || c == '%'; });
-  for (const std::string_view word : {"nitrox", "trimix", "heliox", "ean", "nx", "tx", "hx"}) {
-    if (name.starts_with(word)) return name.substr(word.size());
+  for (const std::string_view word : {"trimix", "heliox", "tx", "hx"}) {
+    if (name.starts_with(word)) return {name.substr(word.size()), true};
   }
-  return name;
+  for (const std::string_view word : {"nitrox", "ean", "nx"}) {
+    if (name.starts_with(word)) return {name.substr(word.size())};
+  }
+  return {name};
 }
 
-/// Percentages of oxygen and helium in a text such as "28" or "20/40". Nothing for another text.
-std::optional<std::array<double, 2>> SharesIn(const std::string& bare) {
+/// Percentages of oxygen and helium in a text such as "28" or "20/40". Nothing for another text, nor for a gas with
+/// helium of which only one share is told: half of "Tx18/45" is no nitrox.
+std::optional<std::array<double, 2>> SharesIn(const TypedName& typed) {
+  const std::string& bare = typed.rest;
   const std::size_t slash = bare.find('/');
+  if (typed.tellsHelium && slash == std::string::npos) return std::nullopt;
   const auto o2 = ParseStrict(bare.substr(0, slash));
   const auto he = slash == std::string::npos ? std::optional<double>(0) : ParseStrict(bare.substr(slash + 1));
   if (!o2 || !he) return std::nullopt;
@@ -67,9 +77,11 @@ std::optional<GasMix> MixOfName(std::string_view text) {
 
 std::optional<GasMix> GasFromName(std::string_view typed) {
   if (const auto usual = MixOfName(TrimBlanks(typed))) return usual;
-  const std::string bare = Bare(typed);
-  if (const auto usual = MixOfName(bare == "o2" ? "oxygen" : bare)) return usual;
-  const auto shares = SharesIn(bare);
+  const TypedName name = Parted(typed);
+  if (!name.tellsHelium) {
+    if (const auto usual = MixOfName(name.rest == "o2" ? "oxygen" : name.rest)) return usual;
+  }
+  const auto shares = SharesIn(name);
   if (!shares) return std::nullopt;
   const auto [o2, he] = *shares;
   if (he == 0 && o2 == 21) return AirMix();
@@ -83,7 +95,7 @@ Message TypedGasFault(std::string_view typed) {
   if (GasFromName(typed)) return {};
   const std::string name(TrimBlanks(typed));
   if (name.find_first_of(":,") != std::string::npos) return {Text::GasNameFault};
-  const auto shares = SharesIn(Bare(name));
+  const auto shares = SharesIn(Parted(name));
   if (shares && (*shares)[0] + (*shares)[1] > 100) return {Text::GasOverHundred, {name}};
   if (shares && (*shares)[0] == 0) return {Text::GasWithoutOxygen, {name}};
   return {Text::NoSuchGas, {name}};

@@ -45,7 +45,12 @@ class Figures {
     for (const std::int16_t stop : Stops()) {
       const std::string text = DepthOf(stop);
       const ScreenPoint arrival = PlaceOf(static_cast<std::int16_t>(stop - 1));
-      labels_.Write(arrival.x - kGap - surface_.TextWidth(text), arrival.y - surface_.TextHeight() / 2, text, false);
+      const double left = arrival.x - kGap - surface_.TextWidth(text);
+      const double height = surface_.TextHeight();
+      // Beside the stop, or above or below a level that leads to it.
+      for (const double top : {arrival.y - height / 2, arrival.y - height - kGap / 2, arrival.y + kGap / 2}) {
+        if (labels_.Write(left, top, text, true)) break;
+      }
       break;
     }
   }

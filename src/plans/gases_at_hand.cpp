@@ -37,11 +37,11 @@ std::vector<GasAtHand> GasesAtHand(const DiveTemplate& diveTemplate, const Class
 }
 
 Single DeepestOnWayUp(const GasMix& gas, const DiveTemplate& diveTemplate) {
-  constexpr double kRounding = 1e-4;  // of a step: what 32 bits leave of a limit that is met to the digit
+  constexpr double kRounding = 0.02;  // bar, as in every check: oxygen at 6 m has 1.61
   if (gas.O2 <= 0 || diveTemplate.StepSize <= 0) return 0;
-  const double ambient = 100.0 * diveTemplate.DecoPPO2 / gas.O2;
+  const double ambient = 100.0 * (diveTemplate.DecoPPO2 + kRounding) / gas.O2;
   const double depth = (ambient - diveTemplate.EndPressure) * DepthPerPressure(diveTemplate.Metric);
-  const double steps = std::floor(depth / diveTemplate.StepSize + kRounding);
+  const double steps = std::floor(depth / diveTemplate.StepSize);
   return std::max(0.0, steps * diveTemplate.StepSize);
 }
 

@@ -75,7 +75,7 @@ class LegTable {
   /// takes that of the leg above. Returns the number of rows.
   int Paste(int row, const std::string& text, const std::string& ascentWord);
   /// A text with one field in each line, and no word for an ascent.
-  [[nodiscard]] static bool IsColumn(const std::string& text, const std::string& ascentWord);
+  [[nodiscard]] bool IsColumn(const std::string& text, const std::string& ascentWord) const;
   /// Puts the lines of such a text into a field from row `first` down, further legs added at the end; a single line
   /// into all legs to `last`. Lines without a number ahead of a number are passed over. Returns the number of legs.
   int PasteColumn(int first, int last, Field field, const std::string& text);
@@ -100,6 +100,7 @@ class LegTable {
   [[nodiscard]] bool Knows(std::optional<std::int16_t> mix) const;
   void Put(int row, Row made);
   [[nodiscard]] std::string WithDecimal(std::string field) const;
+  [[nodiscard]] char Decimal() const;
   [[nodiscard]] Row Made(const ClassUseractions& actions, std::int16_t action) const;
   /// An ascent needs a leg ahead of it.
   void DropIdleAscents();

@@ -19,23 +19,31 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   }
 }
 
-char SeparatorOf(const std::string& text) {
+using Line = std::vector<std::string>;
+
+bool IsBlank(const Line& fields) {
+  return std::ranges::all_of(fields, [](const std::string& field) { return field.empty(); });
+}
+
+/// What parts the fields: a tab or a semicolon, else a comma. Where the comma is the decimal of the user, a text of
+/// lines with one comma each is a column of numbers.
+char SeparatorOf(const std::string& text, char decimal) {
   for (const char separator : {'\t', ';'}) {
     if (text.find(separator) != std::string::npos) return separator;
   }
-  return ',';
+  constexpr char kNone = '\n';
+  const auto hasOne = [](const std::string& line) { return std::ranges::count(line, ',') <= 1; };
+  return decimal == ',' && std::ranges::all_of(Split(text, '\n'), hasOne) ? kNone : ',';
 }
 
-/// The lines of a text that hold anything, as fields.
-std::vector<std::vector<std::string>> FieldsIn(std::string text) {
+/// The lines of a text as fields, from the first to the last one that hold anything.
+std::vector<Line> LinesIn(std::string text, char decimal) {
   std::erase(text, '\r');
-  const char separator = SeparatorOf(text);
-  std::vector<std::vector<std::string>> lines;
-  for (const std::string& line : Split(text, '\n')) {
-    std::vector<std::string> fields = Split(line, separator);
-    if (std::ranges::any_of(fields, [](const std::string& field) { return !field.empty(); }))
-      lines.push_back(std::move(fields));
-  }
+  const char separator = SeparatorOf(text, decimal);
+  std::vector<Line> lines;
+  for (const std::string& line : Split(text, '\n')) lines.push_back(Split(line, separator));
+  while (!lines.empty() && IsBlank(lines.back())) lines.pop_back();
+  lines.erase(lines.begin(), std::ranges::find_if_not(lines, IsBlank));
   return lines;
 }
 
@@ -52,7 +60,8 @@ std::string LegTable::WithDecimal(std::string field) const {
 int LegTable::Paste(int row, const std::string& text, const std::string& ascentWord) {
   const int before = Rows();
   int pasted = 0;
-  for (std::vector<std::string>& fields : FieldsIn(text)) {
+  for (Line& fields : LinesIn(text, Decimal())) {
+    if (IsBlank(fields)) continue;
     if (fields.front() == ascentWord) {
       Row ascent;
       ascent.ascent = true;
@@ -74,15 +83,19 @@ int LegTable::Paste(int row, const std::string& text, const std::string& ascentW
   return Rows() - before;
 }
 
-bool LegTable::IsColumn(const std::string& text, const std::string& ascentWord) {
-  return std::ranges::all_of(FieldsIn(text), [&](const std::vector<std::string>& fields) {
-    return fields.size() == 1 && fields.front() != ascentWord;
-  });
+char LegTable::Decimal() const {
+  const std::string& decimal = numbers_.Separators().decimal;
+  return decimal.empty() ? '.' : decimal.front();
+}
+
+bool LegTable::IsColumn(const std::string& text, const std::string& ascentWord) const {
+  return std::ranges::all_of(LinesIn(text, Decimal()),
+                             [&](const Line& fields) { return fields.size() == 1 && fields.front() != ascentWord; });
 }
 
 int LegTable::PasteColumn(int first, int last, Field field, const std::string& text) {
   std::vector<std::string> values;
-  for (std::vector<std::string>& fields : FieldsIn(text)) {
+  for (Line& fields : LinesIn(text, Decimal())) {
     std::string value = WithDecimal(std::move(fields.front()));
     const bool isHeading = field != Field::Gas && values.empty() && !numbers_.Read(value);
     if (!isHeading) values.push_back(std::move(value));
@@ -97,7 +110,8 @@ int LegTable::PasteColumn(int first, int last, Field field, const std::string& t
   for (const std::string& value : values) {
     while (row < EndOfLegs() && At(row).ascent) ++row;
     if (row == EndOfLegs()) Insert(row);
-    Set(row++, field, value);
+    if (!value.empty()) Set(row, field, value);  // a blank passes a leg over
+    ++row;
   }
   return static_cast<int>(values.size());
 }

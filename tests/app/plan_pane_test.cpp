@@ -250,6 +250,8 @@ TEST_F(PlanPane, FollowsWhatOtherCommandsChangeOfTheDive) {
   settings.cbCircuit.Select(0);
   EXPECT_TRUE(p.Document().Template.OpenCircuit && !settings.tbSetpoint.Visible);
   p.Main().mnuBulhmannC.Choose();
+  EXPECT_EQ(settings.cbModel.Text(), "ZH-L16B") << "a mark computes nothing, and the rows are those of the other table";
+  p.Main().ApplyToProfile();
   EXPECT_EQ(settings.cbModel.Text(), "ZH-L16C");
   EXPECT_EQ(settings.cbModel.Items.Get().size(), 2U) << "those that the program was not started with are not offered";
 
@@ -265,6 +267,7 @@ TEST_F(PlanPane, FollowsWhatOtherCommandsChangeOfTheDive) {
   EXPECT_EQ(vpm.Editor().EvaluatedWith(), (ModelChoice{true, false, false})) << "the plan is computed with it at once";
   EXPECT_FALSE(pane.settings.tbLowGF.Visible) << "they do not act";
   vpm.Main().mnuVPM.Choose();
+  vpm.Main().ApplyToProfile();
   EXPECT_EQ(pane.settings.cbModel.Text(), "ZH-L16B");
 }
 

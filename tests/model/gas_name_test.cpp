@@ -46,7 +46,8 @@ TEST(GasName, IsTypedInShortOrInWords) {
   for (const auto& [typed, why] : {std::pair("20/90", Text::GasOverHundred), std::pair("EAN101", Text::GasOverHundred),
                                    std::pair("0/50", Text::GasWithoutOxygen), std::pair("EAN32,5", Text::GasNameFault),
                                    std::pair("20:40", Text::GasNameFault), std::pair("bottom gas", Text::NoSuchGas),
-                                   std::pair("20/-5", Text::NoSuchGas), std::pair("", Text::NoSuchGas)}) {
+                                   std::pair("20/-5", Text::NoSuchGas), std::pair("Tx18", Text::NoSuchGas),
+                                   std::pair("heliox 21", Text::NoSuchGas), std::pair("", Text::NoSuchGas)}) {
     EXPECT_FALSE(GasFromName(typed)) << typed;
     EXPECT_EQ(TypedGasFault(typed).text, why) << typed;
   }

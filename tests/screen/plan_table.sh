@@ -1,21 +1,22 @@
 #!/usr/bin/env bash
 # A dive of three levels by keyboard alone, in the pane of the plan: entered, one depth changed in its cell, undone; a
-# leg twice and the copy away; a text that is refused; an open cell when the window is closed.
-#   plan_table.sh TAV TAVPLAN
+# leg twice and the copy away; a text that is refused; an open cell when the window is closed; the same levels pasted.
+#   plan_table.sh TAV TAVPLAN CLIPBOARD [FOLDER for screenshots]
 set -euo pipefail
 tav=$1
 tavplan=$2
-shots=${3:-}
+clipboard=$3
+shots=${4:-}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 source "$here/tests/screen/screen.sh"
 
-# the quick line: depth, time, gas by its place in the list, and the button, behind which the depth waits for the next leg
+# the quick line: depth, time, gas, and the button, behind which the depth waits for the next leg
 quick() {
   type_text "$1"
   keys Tab
   type_text "$2"
-  keys Tab Home
-  keys --repeat "$3" Down
+  keys Tab
+  type_text "$3"
   keys Tab space
 }
 saved() { "$tavplan" plan "$work/dive.tav"; }
@@ -26,9 +27,9 @@ await "there is no plan" window "Plan 1"
 echo "== three levels"
 focus "^TAV"
 keys F12
-quick 60 20 5
-quick 45 10 5
-quick 30 8 4
+quick 60 20 Tx18/45
+quick 45 10 18/45
+quick 30 8 Tx21/35
 shot plan-table
 keys ctrl+s
 choose_file "^Save" "$work/dive.tav"
@@ -80,6 +81,32 @@ keys Escape
 await "the question stays" gone "^Unsaved"
 focus "^TAV"
 keys Escape ctrl+z ctrl+s
+
+echo "== the same levels pasted from a spreadsheet with decimal commas"
+offer() {
+  "$clipboard" "$1" 2>/dev/null &
+  offered=$!
+  pids+=("$offered")
+  await "nothing is offered" offers
+}
+offers() { [ -n "$(timeout 5 "$clipboard" 2>/dev/null)" ]; }
+offer "$(printf '60,0\t20\tTx18/45\n45,0\t10\tTx18/45\n30,0\t8\tTx21/35')"
+keys ctrl+n
+await "there is no new plan" window "Plan"
+focus "^TAV"
+keys F12 Down Up ctrl+v
+keys ctrl+s
+choose_file "^Save" "$work/pasted.tav"
+shot plan-table-pasted
+"$tavplan" plan "$work/pasted.tav" | tail -n +2 >"$work/pasted"
+tail -n +2 "$work/entered" | diff - "$work/pasted" >&2 || fail "the pasted plan is not the one that was typed"
+kill "$offered"
+offer "no legs at all"
+focus "^TAV"
+keys F12 ctrl+v
+shot plan-table-nothing-pasted
+save_again "$work/pasted.tav"
+"$tavplan" plan "$work/pasted.tav" | tail -n +2 | diff - "$work/pasted" >&2 || fail "what holds no legs changes the plan"
 
 echo "== end"
 focus "^TAV"
