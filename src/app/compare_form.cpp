@@ -53,16 +53,20 @@ void frmCompare::TakePick(int index) {
 
 void frmCompare::PlanChanged() {
   const auto active = services_.ActiveDocument();
-  std::vector<ComparedPlan> plans;
+  std::vector<ComparedPlan> plans;  // what was kept, then what has become of it, then others
+  std::vector<CheckList::Item> items;
+  for (const KeptPlans::Kept& kept : kept_.Plans()) {
+    items.push_back({kept.plan.name + ": " + kept.plan.detail, kept.shown});
+    if (kept.shown) plans.push_back(kept.plan);
+  }
+  std::string name;
   std::string fault;
+  bool metric = true;
   if (active) {
     plans.push_back(kept_.AsItIs(*active));
-    fault = texts_.Words(plans.front().column.fault);
-  }
-  std::vector<CheckList::Item> items;
-  for (const auto& [plan, shown] : kept_.Plans()) {
-    items.push_back({plan.name + ": " + plan.detail, shown});
-    if (shown) plans.push_back(plan);
+    name = plans.back().name;
+    fault = texts_.Words(plans.back().column.fault);
+    metric = plans.back().Settings().Metric;
   }
   others_.clear();
   for (const std::int16_t document : kept_.OpenDocuments()) {
@@ -75,11 +79,10 @@ void frmCompare::PlanChanged() {
     items.push_back({DiveTitle(dive, texts_), shown});
     if (shown) plans.push_back(kept_.AsItIs(document));
   }
-  Caption = T(Text::CompareTitle) + (active ? ": " + plans.front().name : "");
+  Caption = T(Text::CompareTitle) + (name.empty() ? "" : ": " + name);
   ckPick.Items = items;
-  const bool there = active && fault.empty();
-  table_ = there ? ComparisonTable(plans, AdviceWords(texts_, platform_.separators, plans.front().Settings().Metric))
-                 : ColumnTable();
+  const bool there = active.has_value() && fault.empty();
+  table_ = there ? ComparisonTable(plans, AdviceWords(texts_, platform_.separators, metric)) : ColumnTable();
   std::string notice = fault.empty() && plans.size() < 2 ? T(Text::CompareNothing) : fault;
   for (const auto* lines : {&table_.notes, &table_.warnings}) {
     for (const std::string& line : *lines) notice += (notice.empty() ? "" : "\n") + line;

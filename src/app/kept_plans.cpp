@@ -22,7 +22,7 @@ std::string KeptPlans::Keep(std::int16_t document) {
   ComparedPlan plan = AsItIs(document);
   if (!plan.column.fault.IsEmpty()) return services_.texts.Words(plan.column.fault);
   plan.name = services_.texts.Filled(Text::KeptName, {plan.name, std::to_string(++number_)});
-  kept_.push_back({std::move(plan), true});
+  kept_.push_back({std::move(plan), document, services_.forms(document).Opening()});
   Draw();
   return {};
 }
@@ -40,9 +40,9 @@ void KeptPlans::Show(std::size_t index, bool shown) {
 
 void KeptPlans::Draw() const {
   std::vector<PlanLooks::Kept> lines;
-  for (const auto& [plan, shown] : kept_) {
+  for (const auto& [plan, document, opening, shown] : kept_) {
     if (!shown) continue;
-    lines.push_back({{LineOf(plan.column.rows), plan.detail}, plan.Settings().Metric});
+    lines.push_back({{LineOf(plan.column.rows), plan.detail}, plan.Settings().Metric, document, opening});
   }
   looks_.ShowKept(std::move(lines));
 }

@@ -12,12 +12,14 @@
 
 namespace tav {
 
-/// Plans as they were when they were kept, to be compared with those that are open. They are drawn thin behind each
-/// plan, until they are cleared.
+/// Plans as they were when they were kept, to be compared with those that are open. They are drawn thin behind
+/// what has become of them, until they are cleared.
 class KeptPlans {
  public:
   struct Kept {
     ComparedPlan plan;
+    std::int16_t document = 0;  ///< that it was kept of
+    int opening = 0;
     bool shown = true;
   };
 

@@ -30,7 +30,8 @@ PlanLook PlanLooks::Of(std::int16_t document) const {
     look.overlay = set->second.overlay;
     look.asBefore = set->second.asBefore;
   }
-  for (const auto& [kept, metric] : kept_) {
+  for (const auto& [kept, metric, of, opening] : kept_) {
+    if (of != document || opening != editor.Opening()) continue;
     look.kept.push_back(kept);
     if (metric == state.Template.Metric) continue;
     for (PlotPoint& point : look.kept.back().line)

@@ -25,10 +25,12 @@ class PlanLooks {
   void ShowOverlay(std::int16_t document, const std::vector<PlotPoint>& line);
   /// Empty words take the grey away.
   void ShowAsBefore(std::int16_t document, const std::string& words);
-  /// A plan that is drawn thin behind all others.
+  /// A plan that is drawn thin behind what has become of it.
   struct Kept {
     KeptLine line;
-    bool metric = true;  ///< its depths are metres, else feet
+    bool metric = true;         ///< its depths are metres, else feet
+    std::int16_t document = 0;  ///< that it was kept of
+    int opening = 0;
   };
   void ShowKept(std::vector<Kept> kept);
   void FitPlan(bool fit);

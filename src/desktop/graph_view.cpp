@@ -218,6 +218,7 @@ bool GraphView::eventFilter(QObject* watched, QEvent* event) {
       // As rich text long lines are wrapped.
       const QString tip =
           ToQt(graph_.TipAt(at.x, at.y)).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+      if (!tip.isEmpty()) HideReadOut();  // one box at a time
       QToolTip::showText(help->globalPos(), tip.isEmpty() ? tip : QStringLiteral("<p>%1</p>").arg(tip), grid_);
       return true;
     }
@@ -230,6 +231,7 @@ void GraphView::GridMouse(QEvent* event) {
   auto* mouse = static_cast<QMouseEvent*>(event);
   const ScreenPoint at = OnPlot(mouse->position());
   if (event->type() == QEvent::MouseMove) {
+    QToolTip::hideText();  // it is that of the place before
     PointTo(mouse->position(), (mouse->modifiers() & Qt::ShiftModifier) != 0);
   } else if (event->type() == QEvent::MouseButtonRelease) {
     if (mouse->button() == Qt::LeftButton) graph_.MouseUp(grid_->Surface());

@@ -1,11 +1,31 @@
 #include "dialogs/plan_pane_gases.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "figures/advice_words.h"
 #include "model/gas_name.h"
 #include "model/text_id.h"
 #include "supply/supply_text.h"
 
 namespace tav {
+
+namespace {
+
+/// The same gases stay in their places: a tick that moved its row away would put another one under the pointer.
+void KeepPlaces(const std::vector<GasAtHand>& before, std::vector<GasAtHand>& gases) {
+  std::vector<GasAtHand> ordered;
+  for (const GasAtHand& had : before) {
+    const auto again = std::ranges::find_if(gases, [&](const GasAtHand& gas) {
+      return gas.name == had.name && std::ranges::find(ordered, gas) == ordered.end();
+    });
+    if (again == gases.end()) return;
+    ordered.push_back(*again);
+  }
+  if (ordered.size() == gases.size()) gases = std::move(ordered);
+}
+
+}  // namespace
 
 PlanPaneGases::PlanPaneGases(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {
   fgGases.EditorOf = [this](int line, int column) { return EditorOf(line, column); };
@@ -80,8 +100,10 @@ void PlanPaneGases::AddGas(const std::string& name) {
 void PlanPaneGases::Enter(const std::string& text, const std::string& fault,
                           const std::function<void(DiveTemplate&)>& change) {
   entry_.Finish();
+  entering_ = true;
   entry_.TypeSetting(text, fault, change);
   entry_.Finish();
+  entering_ = false;
 }
 
 std::string PlanPaneGases::CylindersOf(const std::string& gas) const {
@@ -101,8 +123,9 @@ void PlanPaneGases::Show() {
   const bool hasPlan = entry_.HasPlan();
   cbAddGas.Enabled = entry_.IsFree();
   fgGases.Enabled = hasPlan;
-  gases_.clear();
+  const std::vector<GasAtHand> before = std::exchange(gases_, {});
   if (hasPlan) gases_ = GasesAtHand(entry_.Template(), entry_.Editor().UserActions);
+  if (entering_) KeepPlaces(before, gases_);
   std::vector<std::vector<GridCell>> cells;
   cells.reserve(gases_.size() + 2);
   const std::string unit = hasPlan ? " " + entry_.LengthUnit() : "";

@@ -37,6 +37,7 @@ class PlanPaneGases : protected PlanPanePart {
   [[nodiscard]] std::string CylindersOf(const std::string& gas) const;
 
   std::vector<GasAtHand> gases_;  ///< as in the lines below the head
+  bool entering_ = false;         ///< what is shown anew is what was changed here
 };
 
 }  // namespace tav

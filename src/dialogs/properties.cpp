@@ -61,8 +61,9 @@ void frmProperties::SetDocument(std::int16_t index) {
   ForEachPage([](TemplatePage& page) { page.Fill(); });
   ShowUnits();
   sheet_.EndFilling();
+  const DocumentState& document = services_.Documents()(index);
   Caption = T(sheet_.IsOfNewPlans() ? Text::SettingsOfNewPlans : Text::SettingsOfThisPlan) + T(Text::TemplateDash) +
-            services_.Documents()(index).TemplateTitle;
+            (document.ProfileFolder.empty() ? document.TemplateTitle : document.ProfileName);
   lbNewPlans.Visible = sheet_.IsOfNewPlans();
   cbDefault.Enabled = !sheet_.IsOfNewPlans();
 }

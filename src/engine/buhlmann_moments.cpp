@@ -18,7 +18,13 @@ double StepOf(double minutes) {
 
 }  // namespace
 
-DiveMoment ClassBuhlmann::MomentOf(const Loads& loads, Single time, Single depth) const {
+DiveMoment ClassBuhlmann::MomentOf(const Loads& kept, Single time, Single depth) const {
+  // Where a setpoint is above the ambient pressure, a ramp can take a fast compartment a little below nothing. Its
+  // coefficients are weighted by the loads: of two that nearly cancel out they would be no coefficients.
+  Loads loads = kept;
+  for (Compartments* gas : {&loads.He, &loads.N2}) {
+    for (Single& load : *gas) load = std::fmax(0, load);
+  }
   DiveMoment moment;
   moment.time = time;
   moment.depth = depth;

@@ -28,7 +28,7 @@ void ShowCompartmentLoad(DrawingSurface& surface, const Compartments& loads, con
   for (std::size_t k = 0; k < kCompartments; ++k) {
     const double x = std::nearbyint(static_cast<double>(k) * width / kCompartments);
     surface.FilledBox(x, kTop, x + column, bottom, graph::kWhite);
-    const double load = loads[k];
+    const double load = std::fmax(0, loads[k]);  // a loop can take a fast one a little below nothing
     double from = bottom;
     const auto band = [&](double share, Colour colour) {
       if (share <= 0) return;

@@ -65,7 +65,9 @@ class Figures {
       const ScreenPoint end = PlaceOf(stop);
       const double middle = (PlaceOf(static_cast<std::int16_t>(stop - 1)).x + end.x) / 2;
       if (labels_.Write(end.x + kGap, end.y - surface_.TextHeight() / 3, text, true)) continue;
-      labels_.Write(middle - surface_.TextWidth(text) / 2, end.y + kGap / 2, text, true);
+      const double left = middle - surface_.TextWidth(text) / 2;
+      if (labels_.Write(left, end.y + kGap / 2, text, true)) continue;
+      labels_.Write(left, end.y - surface_.TextHeight() - kGap / 2, text, true);
     }
   }
 

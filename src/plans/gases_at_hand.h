@@ -14,6 +14,7 @@ namespace tav {
 struct GasAtHand {
   std::string name;
   std::optional<std::size_t> change;  ///< its place in `ChangeGasMixes`; nothing where the way up leaves it out
+  friend bool operator==(const GasAtHand&, const GasAtHand&) = default;
 };
 
 /// All gases of a plan in the order of their use: those of the legs, those of the way up from the deepest on, the

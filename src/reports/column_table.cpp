@@ -135,11 +135,17 @@ void ColumnTableBuilder::AddTotals() {
 void ColumnTableBuilder::AddGases(Carried carried) {
   std::vector<const GasNeed*> gases;
   for (const auto& [column, head, before] : columns_) {
-    for (const GasNeed& need : column.gas) {
+    const auto add = [&](const GasNeed& need) {
       if (std::ranges::none_of(gases, [&](const GasNeed* known) { return known->mix == need.mix; })) {
         gases.push_back(&need);
       }
+    };
+    // In the order in which they are breathed, then what is only kept ready.
+    for (const GasTotal& breathed : GasTotals(column.rows)) {
+      const auto need = std::ranges::find(column.gas, breathed.Name, &GasNeed::mix);
+      if (need != column.gas.end()) add(*need);
     }
+    for (const GasNeed& need : column.gas) add(need);
   }
   for (const GasNeed* gas : gases) {
     ColumnTable::Row row{gas->mix, words_.VolumeUnit(), {}, true};

@@ -42,7 +42,7 @@ TEST_F(Tavplan, ComparesPlansOfOtherUnitsInThoseOfTheFirst) {
   EXPECT_EQ(plans[0]["settings"]["StepSize"], 3);
   EXPECT_EQ(plans[1]["settings"]["StepSize"], 10);
   ASSERT_EQ(Run({"compare", Dive("nitrox.tav"), Scratch("feet.tav")}), ExitStatus::kFine);
-  EXPECT_THAT(Out(), AllOf(HasSubstr("feet.tav is in other units"), HasSubstr("100 ft 30 min EAN32")));
+  EXPECT_THAT(Out(), AllOf(HasSubstr("feet.tav is in other units; its stops"), HasSubstr("100 ft 30 min EAN32")));
 }
 
 TEST_F(Tavplan, ComparesTwoPlansAtLeastAndTheDivesOfSeries) {

@@ -55,9 +55,9 @@ keys alt+c
 text=$(timeout 10 "$clipboard" 2>/dev/null)
 grep -q "^Run time" <<<"$text" || fail "the table is not on the clipboard: $text"
 figures=$(grep '^Run time' <<<"$text" | grep -oE '[0-9]+' | head -2 | tr '\n' ' ')
-[ "$figures" = "$(run_time "$work/now.tav") $(run_time "$work/kept.tav") " ] || fail "the run times are not those: $text"
-grep -Eq 'GF low-high +40/80 +30/85' <<<"$text" || fail "the gradient factors do not stand beside each other"
-grep -Eq 'Leg 1 +62 m 28 min Tx18/45 +60 m 25 min Tx18/45' <<<"$text" || fail "the legs do not stand beside each other"
+[ "$figures" = "$(run_time "$work/kept.tav") $(run_time "$work/now.tav") " ] || fail "the run times are not those: $text"
+grep -Eq 'GF low-high +30/85 +40/80' <<<"$text" || fail "the gradient factors do not stand beside each other"
+grep -Eq 'Leg 1 +60 m 25 min Tx18/45 +62 m 28 min Tx18/45' <<<"$text" || fail "the legs do not stand beside each other"
 keys Escape
 await "the comparison stays" gone "^Comparison"
 focus "^TAV"
