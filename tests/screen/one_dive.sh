@@ -26,7 +26,7 @@ await "the copy does not open" window "copy.tav"
 keys ctrl+w
 await "the copy does not close" gone "copy.tav"
 
-echo "== two waypoints with the mouse, one by key, and the ascent"
+echo "== a waypoint with the mouse, which brings the ascent, and two by key"
 focus "^TAV"
 eval "$(xdotool getwindowgeometry --shell "$(window "^TAV")")"
 drag() {
@@ -77,7 +77,7 @@ shows_the_rows_of() {
 }
 drag 120 140 330 158 drag
 waypoint "" 20 waypoint
-drag 500 190 620 200
+keys Insert
 waypoint 18 12
 keys Insert
 waypoint 12.3 8
@@ -93,9 +93,9 @@ echo "== save the plan and look at its actions"
 keys ctrl+s
 choose_file "Save" "$work/plan.tav"
 await "the plan is not saved" test -s "$work/plan.tav"
-grep -q ',20,0,0,' "$work/plan.tav" || fail "the first dragged waypoint is not in the file"
-grep -q '^18,12,0,0,' "$work/plan.tav" || fail "the second dragged waypoint is not in the file"
-grep -q '^12.3,8,0,0,' "$work/plan.tav" || fail "the waypoint by key is not in the file"
+grep -q ',20,0,0,' "$work/plan.tav" || fail "the dragged waypoint is not in the file"
+grep -q '^18,12,0,0,' "$work/plan.tav" || fail "the first waypoint by key is not in the file"
+grep -q '^12.3,8,0,0,' "$work/plan.tav" || fail "the second waypoint by key is not in the file"
 [ "$(grep -c '^-1,-1,.*,1,' "$work/plan.tav")" = 1 ] || fail "the ascent is not in the file"
 "$tavplan" check "$work/plan.tav" >/dev/null || fail "the file has faults"
 shows_the_rows_of 1
