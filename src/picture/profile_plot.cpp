@@ -176,6 +176,9 @@ void ProfilePlot::PlotGasChanges(const ClassProfile& profile, std::int16_t row, 
     grid_.Circle(at.x, at.y, kRadius, graph::kOrange);
     PlotGasUsed(at, nameOf(row), at.x >= kRoomAtTheLeft ? LabelPlace::UpLeft : LabelPlace::DownRight,
                 static_cast<std::int16_t>(row - 1));
+  } else if (nameOf(row + 1) != nameOf(row) && profile.Row(static_cast<std::int16_t>(row + 1)).DoShow) {
+    // At the very first stop: the way to it is on the gas before.
+    PlotGasUsed(at, nameOf(row + 1), LabelPlace::DownRight, row);
   }
 }
 

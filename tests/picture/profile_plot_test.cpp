@@ -210,6 +210,16 @@ TEST_F(ProfilePlotTest, AGasChangeIsNamedWhereItTakesPlace) {
   }
 }
 
+TEST_F(ProfilePlotTest, AGasThatTheFirstStopBeginsWithIsNamedAtIt) {
+  Add(25, 45, "Air", true);
+  Add(27, 21, "Air", false);
+  Add(32, 21, "EAN50", true);
+  Add(33, 18, "EAN50", false);
+  Draw();
+  ASSERT_EQ(Labels().size(), 2U);
+  EXPECT_EQ(Labels()[1].text, "EAN50");
+}
+
 TEST_F(ProfilePlotTest, TheLastRowAndAnUnchangedGasHaveNoLabel) {
   Add(10, 13);
   Add(20, 13);
