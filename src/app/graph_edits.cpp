@@ -52,6 +52,11 @@ std::string GraphEdits::Move(Single depth, Single minutes) {
   });
 }
 
+std::string GraphEdits::Refusal() const {
+  const PlanEntry& entry = Entry();
+  return entry.IsFree() ? entry.Refusal() : "";
+}
+
 bool GraphEdits::IsMoving() const { return panes_.PlanPane().Entry().IsMoving(); }
 
 void GraphEdits::EndMove(bool keep) { panes_.PlanPane().Entry().EndMove(keep); }

@@ -16,6 +16,7 @@ class GraphEdits : public GraphLegs {
   [[nodiscard]] bool EndsLeg(std::int16_t row) const override { return LegEndingAt(row) > 0; }
   void Select(std::int16_t row) override;
   bool BeginMove(std::int16_t row) override;
+  [[nodiscard]] std::string Refusal() const override;
   [[nodiscard]] bool IsMoving() const override;
   std::string Move(Single depth, Single minutes) override;
   void EndMove(bool keep) override;

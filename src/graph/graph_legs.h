@@ -25,6 +25,8 @@ class GraphLegs {
 
   /// The waypoint of a row is about to be moved, the later legs with it. False while the plan can't be changed.
   virtual bool BeginMove(std::int16_t row) = 0;
+  /// Why there is no move, where it can be told.
+  [[nodiscard]] virtual std::string Refusal() const = 0;
   /// Other commands end a move, too.
   [[nodiscard]] virtual bool IsMoving() const = 0;
   /// Computes and shows the plan with the waypoint so much (depth units, minutes) from where the move began.

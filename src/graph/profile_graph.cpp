@@ -200,7 +200,10 @@ void ProfileGraph::MouseMove(Single x, Single y, double visibleWidth, DrawingSur
   constexpr double kBegin = 60;  // a hand that only clicks moves a little
   if (grip_ && !moving_ && std::hypot(x - grip_->at.x, y - grip_->at.y) >= kBegin) {
     moving_ = legs->BeginMove(grip_->number);
-    if (!moving_) grip_.reset();
+    if (!moving_) {
+      grip_.reset();
+      return Tell(legs->Refusal(), ScreenPoint{x, y});
+    }
   }
   if (moving_ && !legs->IsMoving()) {
     moving_ = false;
@@ -256,7 +259,10 @@ void ProfileGraph::Tell(const std::string& refusal, std::optional<ScreenPoint> a
 bool ProfileGraph::Nudge(int steps, int minutes) {
   const auto row = SelectedWaypoint();
   if (!row || Dragging()) return false;
-  if (!legs->BeginMove(*row)) return true;
+  if (!legs->BeginMove(*row)) {
+    Tell(legs->Refusal());
+    return true;
+  }
   const std::string refusal = legs->Move(steps * DepthStep(), minutes);
   legs->EndMove(refusal.empty());
   Tell(refusal);

@@ -358,6 +358,7 @@ struct RecordedLegs : GraphLegs {
     asked.push_back("move " + FormatFixed(depth, 0) + " " + FormatFixed(minutes, 0));
     return refusal;
   }
+  [[nodiscard]] std::string Refusal() const override { return "held"; }
   [[nodiscard]] bool IsMoving() const override { return true; }
   void EndMove(bool keep) override { asked.emplace_back(keep ? "keep" : "drop"); }
   std::string Remove(std::int16_t row) override {
