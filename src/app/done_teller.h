@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/platform.h"
 
@@ -13,8 +14,8 @@ namespace tav {
 class DoneTeller : private Clipboard, private Printer {
  public:
   /// `tell` gets the number of a text, and the file that goes into it, if any.
-  DoneTeller(const Platform& platform, std::function<void(int text, const std::string& file)> tell)
-      : platform_(platform), tell_(std::move(tell)) {}
+  DoneTeller(Platform platform, std::function<void(int text, const std::string& file)> tell)
+      : platform_(std::move(platform)), tell_(std::move(tell)) {}
 
   /// The platform with them, and with those windows, in the place of its own.
   [[nodiscard]] Platform Services(Windows& windows);

@@ -87,7 +87,7 @@ void PlanReports::Follow() const {
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }
 
-bool PlanReports::ShowGeneralReport() const {
+bool PlanReports::WriteGeneralReport() const {
   const auto active = services_.Active();
   if (!active) return false;
   const auto all = WholeSeries(*active);
@@ -114,7 +114,7 @@ bool PlanReports::ShowGeneralReport() const {
 }
 
 void PlanReports::Print() const {
-  if (!ShowGeneralReport()) return;
+  if (!WriteGeneralReport()) return;
   PrintPrint dialog(services_.report, services_.platform, services_.report.documentName);
   services_.platform.windows.ShowModal(dialog);
 }

@@ -23,9 +23,8 @@ class PlanReports {
         kept_(services, looks) {}
 
   void ShowDiveInformation() const;
-  /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown,
-  /// and false returned.
-  bool ShowGeneralReport() const;
+  /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
+  void ShowGeneralReport() const { static_cast<void>(WriteGeneralReport()); }
   void ShowSlate() const;
   /// Prints the long report of the plan in front, by way of its preview.
   void Print() const;
@@ -47,6 +46,8 @@ class PlanReports {
   [[nodiscard]] std::string WhyStop(std::int16_t document, std::int16_t row) const;
 
  private:
+  /// False when nothing is shown.
+  [[nodiscard]] bool WriteGeneralReport() const;
   /// Whether a report is to tell all dives of a series; nothing when the user called it off.
   [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document) const;
 

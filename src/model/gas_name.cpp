@@ -76,10 +76,10 @@ std::optional<GasMix> MixOfName(std::string_view text) {
 }
 
 std::optional<GasMix> GasFromName(std::string_view typed) {
-  if (const auto usual = MixOfName(TrimBlanks(typed))) return usual;
+  if (auto usual = MixOfName(TrimBlanks(typed))) return usual;
   const TypedName name = Parted(typed);
   if (!name.tellsHelium) {
-    if (const auto usual = MixOfName(name.rest == "o2" ? "oxygen" : name.rest)) return usual;
+    if (auto usual = MixOfName(name.rest == "o2" ? "oxygen" : name.rest)) return usual;
   }
   const auto shares = SharesIn(name);
   if (!shares) return std::nullopt;

@@ -41,6 +41,7 @@ std::string DetailOf(const WhatIfColumn& column, const WhatIfWish& wish, const A
 ColumnTable TableOf(const std::vector<WhatIfColumn>& columns, const WhatIfWish& wish, const WhatIf& of,
                     const AdviceWords& words) {
   std::vector<ColumnTableBuilder::Column> told;
+  told.reserve(columns.size());
   for (const WhatIfColumn& column : columns) {
     told.push_back({column, {NameOf(column, words), DetailOf(column, wish, words)}, of.Before()});
   }
