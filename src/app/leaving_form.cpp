@@ -9,6 +9,7 @@ namespace tav {
 frmLeaving::frmLeaving(const TextSource& texts, const std::vector<std::string>& plans, const std::string& lost)
     : Form("frmLeaving"), texts_(texts) {
   std::vector<CheckList::Item> items;
+  items.reserve(plans.size());
   for (const std::string& plan : plans) items.push_back({plan});
   ckPlans.Items = items;
   ckPlans.Ticked = [this](int) { ShowSave(); };

@@ -18,20 +18,20 @@ double StepOf(double minutes) {
 
 }  // namespace
 
-DiveMoment ClassBuhlmann::MomentOf(const Loads& kept, Single time, Single depth) const {
+DiveMoment ClassBuhlmann::MomentOf(const Loads& loads, Single time, Single depth) const {
   // Where a setpoint is above the ambient pressure, a ramp can take a fast compartment a little below nothing. Its
   // coefficients are weighted by the loads: of two that nearly cancel out they would be no coefficients.
-  Loads loads = kept;
-  for (Compartments* gas : {&loads.He, &loads.N2}) {
+  Loads there = loads;
+  for (Compartments* gas : {&there.He, &there.N2}) {
     for (Single& load : *gas) load = std::fmax(0, load);
   }
   DiveMoment moment;
   moment.time = time;
   moment.depth = depth;
-  moment.ceiling = CeilingOf(loads).depth;
+  moment.ceiling = CeilingOf(there).depth;
   const Single surface = decoPhase_ ? template_->EndPressure : template_->StartPressure;
-  kernels_.MValueFractions(loads, mValues_, ToDepthUnits(surface) + depth, moment.fractions);
-  moment.gradients = GradientsOf(loads, mValues_, *template_, surface, depth);
+  kernels_.MValueFractions(there, mValues_, ToDepthUnits(surface) + depth, moment.fractions);
+  moment.gradients = GradientsOf(there, mValues_, *template_, surface, depth);
   return moment;
 }
 

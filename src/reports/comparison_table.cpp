@@ -147,6 +147,7 @@ class Comparison {
     }
     for (std::size_t leg = 0; leg < most; ++leg) {
       std::vector<std::string> texts;
+      texts.reserve(legs.size());
       for (const std::vector<std::string>& told : legs) texts.push_back(leg < told.size() ? told[leg] : "");
       builder_.AddRow(words_.T(Text::CompareLeg, {std::to_string(leg + 1)}), texts);
     }
