@@ -14,7 +14,7 @@ namespace {
 constexpr double kLeft = 1.9;
 constexpr double kRight = 27.1;
 constexpr double kTop = 3.4;
-constexpr double kBottom = 18.4;
+constexpr double kBottom = 17.1;  // the footer begins below
 constexpr double kRow = 0.5;
 constexpr double kLabel = 6.2;
 constexpr std::size_t kColumns = 4;  ///< on a page
