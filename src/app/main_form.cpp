@@ -31,7 +31,7 @@ frmMain::frmMain(MainServices services)
       closing_(services_, panes_, files_),
       session_(services_, files_, mnuReopen),
       exchange_(services_),
-      recovery_(services_),
+      recovery_(services_, files_),
       reports_(services_, dialogServices_, looks_),
       switches_(services_.platform.settings, looks_,
                 {{mnuViewCeiling, &GraphExtras::ceiling, "ShowCeiling"},

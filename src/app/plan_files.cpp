@@ -74,6 +74,11 @@ void PlanFiles::KnowsNow(const fs::path& file) {
   known_[Whole(file)] = {now, now};
 }
 
+void PlanFiles::Recovered(const fs::path& file, bool newer) {
+  KnowsNow(file);
+  if (newer) known_[Whole(file)].mine.reset();
+}
+
 fs::path PlanFiles::FileOf(std::int16_t first) const {
   const DocumentState& dive = services_.Document(first);
   if (services_.forms(first).PrevProfile != -1 || dive.ProfileFolder.empty()) return {};

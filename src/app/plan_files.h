@@ -34,6 +34,9 @@ class PlanFiles {
   /// Looks whether another program has changed the files of the open plans. A plan without unsaved changes is read
   /// again; the status bar tells what has happened.
   void LookAgain();
+  /// A plan goes on from a copy of what was unsaved: from now on its file is watched. `newer` tells that the file was
+  /// written after the copy, so that saving asks first.
+  void Recovered(const std::filesystem::path& file, bool newer);
 
   /// The same file, whatever folder the program works in.
   [[nodiscard]] static std::filesystem::path Whole(const std::filesystem::path& file);

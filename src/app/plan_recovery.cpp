@@ -9,10 +9,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool IsNewer(const fs::path& file, const fs::path& than) {
+/// The file of the plan was written after the copy.
+bool IsSavedSince(const Recovery::Copy& copy) {
   std::error_code error;
-  const auto time = fs::last_write_time(file, error);
-  return !error && time > fs::last_write_time(than, error) && !error;
+  if (!copy.original.has_parent_path()) return false;  // it never had a file
+  const auto saved = fs::last_write_time(copy.original, error);
+  return !error && saved > fs::last_write_time(copy.file, error) && !error;
 }
 
 }  // namespace
@@ -49,8 +51,7 @@ void PlanRecovery::Offer() const {
   std::string question = services_.T(Text::RecoveryQuestion) + "\r\n";
   for (const Recovery::Copy& copy : copies) {
     const std::string name = copy.original.empty() ? services_.T(Text::RecoveryNameless) : copy.original.string();
-    const bool since = copy.original.has_parent_path() && IsNewer(copy.original, copy.file);
-    question += "\r\n" + (since ? services_.texts.Filled(Text::RecoverySavedSince, {name}) : name);
+    question += "\r\n" + (IsSavedSince(copy) ? services_.texts.Filled(Text::RecoverySavedSince, {name}) : name);
   }
   const BoxAnswer answer = services_.platform.boxes.Show(question, services_.T(Text::RecoveryTitle), BoxIcon::Question,
                                                          BoxButtons::YesNoCancel);
@@ -70,6 +71,7 @@ bool PlanRecovery::Recover(const Recovery::Copy& copy) const {
       dive.Modified = document == opened.front();
       services_.Changed(document);
     }
+    if (copy.original.has_parent_path()) files_.Recovered(copy.original, IsSavedSince(copy));
     return KeepCopyOf(opened.front());  // on a full disk the old copy stays
   } catch (const std::exception& error) {
     services_.TellFailure(services_.T(Text::FileNotOpened), error);

@@ -2,14 +2,14 @@
 
 #include <cstdint>
 
-#include "app/main_services.h"
+#include "app/plan_files.h"
 
 namespace tav {
 
 /// Copies of unsaved plans while the program runs, and what is offered of them after it was lost.
 class PlanRecovery {
  public:
-  explicit PlanRecovery(const MainServices& services) : services_(services) {}
+  PlanRecovery(const MainServices& services, PlanFiles& files) : services_(services), files_(files) {}
 
   /// Keeps copies of all plans with unsaved changes.
   void Keep() const;
@@ -24,6 +24,7 @@ class PlanRecovery {
   [[nodiscard]] bool Recover(const Recovery::Copy& copy) const;
 
   const MainServices& services_;
+  PlanFiles& files_;
 };
 
 }  // namespace tav

@@ -73,6 +73,7 @@ PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(
   udLastStop.UpClick = [this] { StepLastStop(1); };
   udLastStop.DownClick = [this] { StepLastStop(-1); };
   cbKeepsDiluent.Click = [this] { Switch(cbKeepsDiluent, &DiveTemplate::KeepsDiluent); };
+  cbOpenForDeco.Click = [this] { Switch(cbOpenForDeco, &DiveTemplate::OCDeco); };
   cbIntervalOnAir.Click = [this] { Switch(cbIntervalOnAir, &DiveTemplate::IntervalOnAir); };
   cbEditTemplate.Click = [this] {
     entry_.Finish();
@@ -94,6 +95,7 @@ void PlanPaneSettings::SetTexts() {
   cbEditTemplate.Caption = T(Text::PaneEdit);
   lbGF.Caption = T(Text::PaneFactors);
   cbKeepsDiluent.Caption = T(Text::TemplateKeepsDiluent);
+  cbOpenForDeco.Caption = T(Text::TemplateOpenForDeco);
   cbIntervalOnAir.Caption = T(Text::IntervalOnAir);
   lbLastStop.Caption = T(Text::PaneLastStop);
   tbLowGF.ToolTipText = T(Text::LowGF);
@@ -105,13 +107,13 @@ void PlanPaneSettings::Show() {
   if (entry_.SettingIsOpen()) return;
   for (Control* control : std::initializer_list<Control*>{
            &cbCircuit, &cbModel, &tbSetpoint, &tbDecoSetpoint, &tbAltitude, &tbLowGF, &udLowGF, &tbHighGF, &udHighGF,
-           &tbLastStop, &udLastStop, &cbEditTemplate, &cbKeepsDiluent, &cbIntervalOnAir}) {
+           &tbLastStop, &udLastStop, &cbEditTemplate, &cbKeepsDiluent, &cbOpenForDeco, &cbIntervalOnAir}) {
     control->Enabled = entry_.IsFree();
   }
   const bool onLoop = entry_.HasPlan() && !entry_.Template().OpenCircuit;
   const bool follows = entry_.HasPlan() && entry_.Editor().PrevProfile != -1;
   for (Control* control : std::initializer_list<Control*>{&lbSetpoint, &tbSetpoint, &lbDecoSetpoint, &tbDecoSetpoint,
-                                                          &lbSetpointUnit, &cbKeepsDiluent}) {
+                                                          &lbSetpointUnit, &cbKeepsDiluent, &cbOpenForDeco}) {
     control->Visible = onLoop;
   }
   cbIntervalOnAir.Visible = onLoop && follows;
@@ -124,6 +126,8 @@ void PlanPaneSettings::ShowPlan() {
   const DiveTemplate& t = entry_.Template();
   cbCircuit.ListIndex = t.OpenCircuit ? 0 : 1;
   cbKeepsDiluent.Value = t.KeepsDiluent;
+  cbOpenForDeco.Value = t.OCDeco;
+  if (t.OCDeco) tbDecoSetpoint.Enabled = false;  // nothing breathes it
   cbIntervalOnAir.Value = t.IntervalOnAir;
   cbEditTemplate.ToolTipText = T(Text::PaneSettings, {t.TemplateFolder + t.Templatename});
   tbSetpoint.Text = Plain(t.Setpoint);

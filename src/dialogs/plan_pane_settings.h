@@ -38,6 +38,7 @@ class PlanPaneSettings : protected PlanPanePart {
   SpinButton udLastStop{form_, "udLastStop"};
   Label lbLastStopUnit{form_, "lbLastStopUnit"};
   CheckBox cbKeepsDiluent{form_, "cbKeepsDiluent"};    ///< seen on a rebreather
+  CheckBox cbOpenForDeco{form_, "cbOpenForDeco"};      ///< seen on a rebreather
   CheckBox cbIntervalOnAir{form_, "cbIntervalOnAir"};  ///< seen on a rebreather after a dive
 
   /// Commands of the program, on the plan in front.

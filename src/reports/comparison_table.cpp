@@ -1,6 +1,7 @@
 #include "reports/comparison_table.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 
 #include "figures/model_name.h"
@@ -16,7 +17,7 @@ namespace {
 struct SettingWords {
   std::string_view key;
   int name;
-  enum class Value { AsInFile, YesNo, Circuit, Units, Factors } value = Value::AsInFile;
+  enum class Value { AsInFile, YesNo, Circuit, Units, Factors, Changes } value = Value::AsInFile;
 };
 
 using Value = SettingWords::Value;
@@ -50,12 +51,24 @@ constexpr SettingWords kSettings[] = {
     {"AscendRates", Text::TemplateAscentRates},
     {"DescendRates", Text::TemplateDescentRates},
     {kBlendsKey, Text::TemplateGases},
-    {"Change Gas Mixes", Text::TemplateGasChanges},
+    {"Change Gas Mixes", Text::TemplateGasChanges, Value::Changes},
     {"# Loop", Text::TemplateKeepsDiluent, Value::YesNo},
     {"# Surface interval", Text::IntervalOnAir, Value::YesNo},
     {"# Cylinder", Text::CompareCylinders},
     {"# Team", Text::CompareTeam},
 };
+
+/// The gases of the way up, the deepest first: "EAN50 21 m, Oxygen 6 m".
+std::string ChangesInWords(const ComparedPlan& plan, const AdviceWords& words) {
+  std::vector<GasChange> changes = plan.Settings().ChangeGasMixes;
+  std::ranges::stable_sort(changes, std::greater{}, &GasChange::Depth);
+  const AdviceWords own(words.Texts(), words.Numbers(), plan.Settings().Metric);
+  std::string told;
+  for (const GasChange& change : changes) {
+    told += (told.empty() ? "" : ", ") + change.Name + " " + own.Depth(change.Depth);
+  }
+  return told;
+}
 
 /// A setting of a file for the reader: numbers with his separators, flags in words.
 std::string InWords(const std::string& value, Value what, const ComparedPlan& plan, const AdviceWords& words) {
@@ -70,6 +83,8 @@ std::string InWords(const std::string& value, Value what, const ComparedPlan& pl
     case Value::Factors:
       if (!plan.Settings().UseGF) return words.T(Text::ReportOff);
       return TextOf(GradientFactors{plan.Settings().GFLow, plan.Settings().GFHigh});
+    case Value::Changes:
+      return ChangesInWords(plan, words);
     case Value::AsInFile:
       break;
   }

@@ -1,5 +1,6 @@
 #include "app/recovery.h"
 
+#include <chrono>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <optional>
@@ -95,6 +96,25 @@ TEST_F(Lost, APlanThatHasAFileGoesOnAsThatFile) {
   EXPECT_TRUE(next_->platform.fileDialogs.empty()) << "no file of another folder is proposed";
   EXPECT_EQ(test::FileText(file), series);
   EXPECT_EQ(Copies(), 0U);
+}
+
+TEST_F(Lost, AFileThatWasWrittenSinceIsNotOverwrittenUnasked) {
+  const fs::path file = folder_.Path() / "plan.tav";
+  fs::copy(HeadlessProgram::Dive("wreck.tav"), file);
+  const std::string saved = test::FileText(file);
+  Lose(
+      [&](HeadlessProgram& p) {
+        EXPECT_TRUE(p.Main().OpenFile(file));
+        EXPECT_TRUE(p.Editor().AddUserWaypoint(5, 3, 0));
+        fs::last_write_time(file, fs::file_time_type::clock::now() + std::chrono::hours(1));
+      },
+      BoxAnswer::Yes);
+  next_->platform.answers = {BoxAnswer::Cancel};
+  EXPECT_FALSE(next_->Main().Files().SaveActive(false));
+  EXPECT_EQ(test::FileText(file), saved);
+  next_->platform.answers = {BoxAnswer::Yes};
+  EXPECT_TRUE(next_->Main().Files().SaveActive(false));
+  EXPECT_NE(test::FileText(file), saved);
 }
 
 TEST_F(Lost, APlanThatHadNoneAsksForIt) {

@@ -110,8 +110,8 @@ TEST(PlanPane, TabVisitsItFromTheDiveToItsSchedule) {
   } while (at != first);
   EXPECT_EQ(
       FromQt(visited.join(QLatin1Char(' '))),
-      "cbCircuit cbModel tbLowGF tbHighGF tbSetpoint tbDecoSetpoint cbKeepsDiluent tbAltitude tbLastStop cbAddGas "
-      "cbEditTemplate fgGases tbQuickDepth tbQuickTime cbQuickGas cbQuick fgLegs ckAscent cbLegs cbCopySchedule "
+      "cbCircuit cbModel tbLowGF tbHighGF tbSetpoint cbKeepsDiluent tbAltitude tbLastStop cbOpenForDeco "
+      "cbAddGas cbEditTemplate fgGases tbQuickDepth tbQuickTime cbQuickGas cbQuick fgLegs ckAscent cbLegs cbCopySchedule "
       "fgSchedule");
 }
 
