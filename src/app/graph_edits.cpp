@@ -54,7 +54,8 @@ std::string GraphEdits::Move(Single depth, Single minutes) {
 
 std::string GraphEdits::Refusal() const {
   const PlanEntry& entry = Entry();
-  return entry.IsFree() ? entry.Refusal() : "";
+  if (entry.IsFree()) return entry.Refusal();
+  return services_.runs.Holds(document_) ? services_.T(Text::HeldPlan) : "";
 }
 
 bool GraphEdits::IsMoving() const { return panes_.PlanPane().Entry().IsMoving(); }
@@ -63,7 +64,7 @@ void GraphEdits::EndMove(bool keep) { panes_.PlanPane().Entry().EndMove(keep); }
 
 std::string GraphEdits::Change(const std::function<void(LegTable&)>& change) const {
   PlanEntry& entry = Entry();
-  if (entry.IsFree() && !entry.Legs().IsInForce()) return entry.Refusal();
+  if (!entry.IsFree() || !entry.Legs().IsInForce()) return Refusal();
   return entry.Change(change, true) ? "" : entry.Told();
 }
 

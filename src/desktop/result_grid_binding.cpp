@@ -60,18 +60,16 @@ void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
 /// Rows of sentences are as high as these are long, whatever room there is beside them.
 class RowsFollow : public QObject {
  public:
-  explicit RowsFollow(QTableWidget& table) : QObject(&table), table_(table) {
-    table.viewport()->installEventFilter(this);
-  }
+  explicit RowsFollow(QTableWidget& table) : QObject(&table) { table.viewport()->installEventFilter(this); }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (table_.wordWrap() && (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)) {
-      QTimer::singleShot(0, &table_, &QTableWidget::resizeRowsToContents);
+    // A table that goes is none any more when its viewport does.
+    auto* table = qobject_cast<QTableWidget*>(parent());
+    const bool resized = event->type() == QEvent::Resize || event->type() == QEvent::FontChange;
+    if (resized && table != nullptr && table->wordWrap()) {
+      QTimer::singleShot(0, table, &QTableWidget::resizeRowsToContents);
     }
     return QObject::eventFilter(watched, event);
   }
-
- private:
-  QTableWidget& table_;
 };
 
 void Show(const ResultGrid& grid, QTableWidget& table) {

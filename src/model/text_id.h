@@ -1360,6 +1360,7 @@ constexpr int PaneGasDepthFault = 8745;
 constexpr int MenuRepetitive = 8746;
 constexpr int PaneSetpointBottom = 8747;
 constexpr int PaneSetpointDeco = 8748;
+constexpr int HeldPlan = 8749;
 
 // Legs of the plan pane, doses carried over
 constexpr int PasteHoldsNoLegs = 8770;

@@ -52,6 +52,10 @@ TEST(LongRun, HoldsTheCommandsOfItsPlanBackAndNoOthers) {
     EXPECT_FALSE(main.mnuBailoutReport.Enabled || main.toolBailout.Enabled || main.mnuGenerateTables.Enabled);
     const std::int16_t length = p.Editor().UserActions.GetLength();
     main.Dialogs().EnterWaypoint(30, 10);  // a release of the mouse on the graph
+    const auto legs = main.GraphEditsOf(plan);
+    EXPECT_FALSE(legs->BeginMove(p.Editor().LastRowOf(1)));
+    EXPECT_EQ(legs->Refusal(), p.program.Texts().GetResString(Text::HeldPlan)) << "a hand on the graph is told";
+    EXPECT_EQ(legs->Remove(p.Editor().LastRowOf(1)), legs->Refusal());
     EXPECT_EQ(p.Editor().UserActions.GetLength(), length);
     p.platform.boxes.clear();
     main.OpenFile(SourceFolder() / "template/Imperial.tpl");  // dropped on the window
