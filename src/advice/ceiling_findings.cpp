@@ -138,7 +138,8 @@ class Ceilings {
         {Rule::AboveCeiling, severity, breach.first, breach.last,
          words.T(text, {std::to_string(breach.leg), words.Depth(breach.depth), words.Depth(breach.ceiling),
                         words.Depth(breach.excess), words.Short(breach.since), words.Depth(std::ceil(breach.crossing)),
-                        words.Fixed(t.GFLow * 100, 0)})});
+                        words.Fixed(t.GFLow * 100, 0)}),
+         breach.excess});
   }
 
   const Context& context_;

@@ -46,6 +46,7 @@ struct Finding {
   std::int16_t firstRow = 0;  ///< the rows that it concerns; 0 to 0 when it is about the plan as a whole
   std::int16_t lastRow = 0;
   std::string text;  ///< what, where, by how much, and what mends it
+  double by = 0;     ///< of Hypoxic, Hyperoxic, AboveCeiling: how far beyond the limit, bar, atmospheres or depth units
   friend bool operator==(const Finding&, const Finding&) = default;
 };
 

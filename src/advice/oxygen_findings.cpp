@@ -46,7 +46,8 @@ void CheckHypoxic(const Context& context) {
       text = words.T(Text::HypoxicLoop, {words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
                                          words.PPO2(stretch.peak.value), words.Fixed(limit, 2)});
     }
-    context.findings.push_back({Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text)});
+    context.findings.push_back({Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text),
+                                stretch.peak.excess});
   }
 }
 
@@ -95,7 +96,8 @@ void CheckHyperoxic(const Context& context) {
     }
     const bool danger = peak.value > Rounded(kNever) || peak.excess >= Rounded(kFar);
     context.findings.push_back(
-        {Rule::Hyperoxic, danger ? Severity::Danger : Severity::Caution, stretch.first, stretch.last, std::move(text)});
+        {Rule::Hyperoxic, danger ? Severity::Danger : Severity::Caution, stretch.first, stretch.last, std::move(text),
+         peak.excess});
   }
 }
 

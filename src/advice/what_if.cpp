@@ -1,8 +1,8 @@
 #include "advice/what_if.h"
 
 #include <algorithm>
-#include <functional>
 
+#include "advice/lost_gas.h"
 #include "advice/plan_check.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
@@ -17,24 +17,6 @@ using Kind = WhatIfColumn::Kind;
 std::vector<GasWarning> WarningsOf(const ClassProfile& rows, const DiveTemplate& settings,
                                    const std::optional<std::string>& lost) {
   return GasWarnings({rows, settings, LastUserRow(rows), FirstOpenRow(rows, settings)}, {true, lost, 1});
-}
-
-/// Legs on gases that are lost go on with the gas before. Why they can't; empty when they can.
-Message GoOnWithout(const std::function<bool(const std::string& gas)>& isLost, DiveRecord& dive) {
-  ClassUseractions& actions = dive.UserActions;
-  std::optional<std::int16_t> before;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
-    if (actions.getaction(i) != ClassUseractions::kLeg) continue;
-    const std::string& gas = dive.Template.Blends.at(static_cast<std::size_t>(actions.getmixnumber(i))).Name;
-    if (!isLost(gas)) {
-      before = actions.getmixnumber(i);
-    } else if (before) {
-      actions.setuser(i, actions.getDepth(i), actions.gettime(i), *before);
-    } else {
-      return {Text::WhatIfNoGasBefore, {gas}};
-    }
-  }
-  return {};
 }
 
 /// Per cent, as scripts read them.
@@ -174,13 +156,7 @@ WhatIfColumn WhatIf::Changed(Kind kind, const WhatIfWish& wish) const {
 
 WhatIfColumn WhatIf::Lost(Kind kind, const std::vector<std::string>& gases) const {
   DiveRecord dive = plan_;
-  const auto isLost = [&](const std::string& gas) { return std::ranges::find(gases, gas) != gases.end(); };
-  for (std::size_t i = dive.Template.ChangeGasMixes.size(); i-- > 0;) {
-    // The list may have a gas twice; all of it is in the cylinder that is lost.
-    if (isLost(dive.Template.ChangeGasMixes[i].Name)) dive.Template = DropGasChange(dive.Template, static_cast<int>(i));
-  }
-  std::erase_if(dive.Template.Cylinders, [&](const Cylinder& cylinder) { return isLost(cylinder.Gas); });
-  const Message fault = GoOnWithout(isLost, dive);
+  const Message fault = LoseGases(gases, dive);
   WhatIfColumn column;
   if (fault.IsEmpty()) {
     column = ColumnOf(kind, std::move(dive));
@@ -256,11 +232,7 @@ std::vector<WhatIfColumn> WhatIf::BailOuts(const WhatIfColumn& planned) const {
 
 std::vector<WhatIfColumn> WhatIf::Columns(const WhatIfWish& wish) {
   if (fixed_.empty()) {
-    std::vector<std::string> lost;
-    for (const GasChange& change : plan_.Template.ChangeGasMixes) {
-      const bool known = FindBlend(change.Name, plan_.Template).has_value();
-      if (known && std::ranges::find(lost, change.Name) == lost.end()) lost.push_back(change.Name);
-    }
+    const std::vector<std::string> lost = GasesToLose(plan_.Template);
     fixed_.push_back(ColumnOf(Kind::Planned, plan_));
     for (const std::string& gas : lost) fixed_.push_back(Lost(Kind::Lost, {gas}));
     if (lost.size() > 1) fixed_.push_back(Lost(Kind::AllLost, lost));

@@ -27,6 +27,11 @@ std::string KeptPlans::Keep(std::int16_t document) {
   return {};
 }
 
+void KeptPlans::Keep(ComparedPlan plan, std::int16_t document) {
+  kept_.push_back({std::move(plan), document, services_.forms(document).Opening()});
+  Draw();
+}
+
 void KeptPlans::Clear() {
   kept_.clear();
   number_ = 0;

@@ -27,6 +27,8 @@ class KeptPlans {
 
   /// Keeps a document as it is now. Why it can't be, in words; empty when it is kept.
   std::string Keep(std::int16_t document);
+  /// Keeps a dive that is no document: what a document would become.
+  void Keep(ComparedPlan plan, std::int16_t document);
   void Clear();
   void Show(std::size_t index, bool shown);
   [[nodiscard]] const std::vector<Kept>& Plans() const { return kept_; }

@@ -101,6 +101,18 @@ void frmMain::WirePlan() {
   mnuPrint.Click = [this] { reports_.Print(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
+  mnuMargins.Click = [this] {
+    reports_.ShowMargins([this](std::int16_t action, Single minutes) -> std::string {
+      const auto active = Active();
+      if (!active) return {};
+      const auto legs = GraphEditsOf(*active);
+      const frmWaypointEditor& editor = services_.forms(*active);
+      if (!legs->BeginMove(editor.LastRowOf(action))) return legs->Refusal();
+      std::string refusal = legs->Move(0, minutes - editor.UserActions.gettime(action));
+      legs->EndMove(refusal.empty());
+      return refusal;
+    });
+  };
   mnuKeepPlan.Click = [this] {
     const std::string told = reports_.KeepPlan();
     if (!told.empty()) sbStatusBar.Caption = told;

@@ -260,6 +260,7 @@ void frmMain::SyncCommands() {
           &mnuSlate,
           &mnuPrint,
           &mnuWhatIf,
+          &mnuMargins,
           &mnuKeepPlan,
           &mnuCompare,
           &mnuClearLine,

@@ -90,6 +90,7 @@ class frmMain : public Form {
   MenuItem mnuRepetitive{*this, "mnuRepetitive"};  ///< the same in other words
   MenuItem mnuWhatIf{*this, "mnuWhatIf"};
   MenuItem mnuKeepPlan{*this, "mnuKeepPlan"};  ///< for comparison
+  MenuItem mnuMargins{*this, "mnuMargins"};
   MenuItem mnuCompare{*this, "mnuCompare"};
   MenuItem mnuClearKept{*this, "mnuClearKept"};
   MenuItem mnuClearLine{*this, "mnuClearLine"};  ///< of the comparison, over the graph

@@ -78,6 +78,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuSurface, 1, Text::MenuInterval, "Ctrl+G"},
     {&frmMain::mnuRepetitive, 1, Text::MenuRepetitive, ""},
     {&frmMain::mnuWhatIf, 1, Text::MenuWhatIf, "Ctrl+Shift+W"},
+    {&frmMain::mnuMargins, 1, Text::MenuMargins, "Ctrl+Shift+M"},
     {&frmMain::mnuKeepPlan, 1, Text::MenuKeepPlan, "Ctrl+K"},
     {&frmMain::mnuCompare, 1, Text::MenuCompare, "Ctrl+Shift+K"},
     {&frmMain::mnuClearKept, 1, Text::MenuClearKept, ""},

@@ -82,7 +82,27 @@ void PlanReports::ShowComparison() {
   services_.platform.windows.Show(window);
 }
 
+void PlanReports::ShowMargins(std::function<std::string(std::int16_t action, Single minutes)> setMinutes) {
+  if (!services_.Active()) return;
+  auto window = margins_.lock();
+  if (window && window->IsLoaded()) {
+    window->BringToFront();
+    return;
+  }
+  window = std::make_shared<frmMargins>(dialogs_, services_.report,
+                                        frmMargins::Acts{[this](const ComparedPlan& plan) {
+                                                           if (const auto active = services_.Active())
+                                                             kept_.Keep(plan, *active);
+                                                           Follow();
+                                                           ShowComparison();
+                                                         },
+                                                         std::move(setMinutes)});
+  margins_ = window;
+  services_.platform.windows.Show(window);
+}
+
 void PlanReports::Follow() const {
+  if (const auto margins = margins_.lock(); margins && margins->IsLoaded()) margins->PlanChanged();
   if (const auto window = comparison_.lock(); window && window->IsLoaded()) window->PlanChanged();
   if (const auto whatIf = whatIf_.lock(); whatIf && whatIf->IsLoaded()) whatIf->PlanChanged();
 }

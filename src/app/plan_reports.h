@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "app/compare_form.h"
 #include "app/kept_plans.h"
+#include "app/margins_form.h"
 #include "app/plan_looks.h"
 #include "app/what_if_form.h"
 #include "app/what_if_lines.h"
@@ -38,6 +40,9 @@ class PlanReports {
   [[nodiscard]] bool HasKept() const { return !kept_.Plans().empty(); }
   /// Opens the window of kept and open plans side by side, or brings it to the front.
   void ShowComparison();
+  /// Opens the map of margins of the plan in front, or brings it to the front. `setMinutes` gives a leg of that plan
+  /// other minutes, and answers why it can't be.
+  void ShowMargins(std::function<std::string(std::int16_t action, Single minutes)> setMinutes);
   /// A document has been changed or closed: that line follows.
   void FollowLine(std::int16_t document) { lines_.Follow(document); }
   /// The plan in front is another one, or has been computed anew: the comparison follows.
@@ -57,6 +62,7 @@ class PlanReports {
   KeptPlans kept_;
   std::weak_ptr<frmWhatIf> whatIf_;
   std::weak_ptr<frmCompare> comparison_;
+  std::weak_ptr<frmMargins> margins_;
 };
 
 }  // namespace tav

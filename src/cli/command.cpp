@@ -94,7 +94,7 @@ Option DiveOption(std::string& place, const std::string& without) {
 
 std::vector<Command> TavplanCommands() {
   return {PlanCommand(),    NewCommand(),    ReportCommand(), GraphCommand(), BailoutCommand(), WhatIfCommand(),
-          CompareCommand(), TablesCommand(), CheckCommand(),  MixCommand(),   ExportCommand(),  ImportCommand()};
+          CompareCommand(), MarginsCommand(), LongestCommand(), TablesCommand(), CheckCommand(),  MixCommand(),   ExportCommand(),  ImportCommand()};
 }
 
 }  // namespace tav

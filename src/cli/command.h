@@ -98,6 +98,8 @@ Command GraphCommand();
 Command BailoutCommand();
 Command WhatIfCommand();
 Command CompareCommand();
+Command MarginsCommand();
+Command LongestCommand();
 Command TablesCommand();
 Command CheckCommand();
 Command MixCommand();

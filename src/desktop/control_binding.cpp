@@ -6,6 +6,7 @@
 
 #include "controls/form.h"
 #include "controls/grid.h"
+#include "desktop/cell_map_view.h"
 #include "desktop/grid_binding.h"
 #include "desktop/icons.h"
 #include "desktop/page_area.h"
@@ -300,6 +301,10 @@ void BindControl(Control& control, QWidget& widget) {
     Follow(*picture, view, [picture, &view] {
       view.setPixmap(IconNamed(picture->Image).pixmap(view.maximumSize(), view.devicePixelRatioF()));
     });
+  } else if (auto* map = dynamic_cast<CellMap*>(&control)) {
+    auto& view = As<CellMapView>(control, widget);
+    ShowCommon(*map, view);
+    view.Bind(*map);
   } else if (auto* button = dynamic_cast<Button*>(&control)) {
     Bind(*button, As<QPushButton>(control, widget));
   } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "controls/form.h"
+#include "desktop/cell_map_view.h"
 #include "desktop/control_binding.h"
 #include "desktop/page_area.h"
 #include "desktop/qt_surface.h"
@@ -34,6 +35,7 @@ class Loader : public QUiLoader {
     if (className == QLatin1String("SpinArrows")) own = new SpinArrows(parent);
     if (className == QLatin1String("PageArea")) own = new PageArea(parent);
     if (className == QLatin1String("RowTable")) own = new RowTable(parent);
+    if (className == QLatin1String("CellMapView")) own = new CellMapView(parent);
     if (className == QLatin1String("QTabBar")) own = new QTabBar(parent);
     if (own == nullptr) return QUiLoader::createWidget(className, parent, name);
     own->setObjectName(name);

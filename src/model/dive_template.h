@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/cylinder.h"
+#include "model/dive_limits.h"
 #include "model/single.h"
 #include "model/supply_choice.h"
 
@@ -79,12 +80,18 @@ struct DiveTemplate {
   bool MaxEnd = false;                  ///< the END warning is on
   std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
   std::optional<SupplyChoice> Team;     ///< how gas for the worst is reckoned; as usual when not told
+  std::optional<DiveLimits> Limits;     ///< of margins and the longest stay; as usual when not told
   std::vector<std::string> Comments;    ///< lines "# Name=value" of names that nothing here knows, kept as they stood
 };
 
 /// How the gas for the way up is reckoned on a plan: as it tells, else as usual on its circuit.
 inline SupplyChoice SupplyChoiceOf(const DiveTemplate& diveTemplate) {
   return diveTemplate.Team.value_or(SupplyChoice::Usual(diveTemplate.OpenCircuit));
+}
+
+/// What the diver of a plan will not go beyond: as it tells, else as usual.
+inline DiveLimits LimitsOf(const DiveTemplate& diveTemplate) {
+  return diveTemplate.Limits.value_or(DiveLimits::Usual());
 }
 
 /// The gas that stands first in every list: "Air", 21 / 79 / 0.

@@ -65,6 +65,38 @@ std::vector<std::string> TeamValue(const DiveTemplate& diveTemplate) {
   return {value + " " + std::string(NameOf(team.rule)) + "/"};
 }
 
+/// "run/ stops/ cns/ gas/": minutes, minutes, per cent, 1; nothing between the strokes where there is no limit.
+Message ReadLimits(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
+  constexpr std::size_t kParts = 4;
+  std::vector<std::string_view> parts;
+  for (std::size_t stroke = value.find('/'); stroke != std::string_view::npos; stroke = value.find('/')) {
+    parts.push_back(TrimBlanks(value.substr(0, stroke)));
+    value.remove_prefix(stroke + 1);
+  }
+  if (parts.size() != kParts || !TrimBlanks(value).empty()) return Text::LimitsForm;
+  bool sound = true;
+  const auto number = [&](std::string_view part) -> std::optional<Single> {
+    if (part.empty()) return std::nullopt;
+    const auto read = ParseStrict(part);
+    sound = sound && read;
+    return read;
+  };
+  const auto gas = number(parts[3]);
+  const DiveLimits limits{number(parts[0]), number(parts[1]), number(parts[2]), gas.value_or(0) == 1};
+  if (!sound || !IsSound(limits) || (gas && *gas != 0 && *gas != 1)) return Text::LimitsForm;
+  diveTemplate.Limits = limits;
+  return {};
+}
+
+std::vector<std::string> LimitsValue(const DiveTemplate& diveTemplate) {
+  if (!diveTemplate.Limits) return {};
+  const DiveLimits& limits = *diveTemplate.Limits;
+  std::string value;
+  for (const auto& number : {limits.run, limits.stops, limits.cns})
+    value += (number ? FormatPadded(*number) : " ") + "/";
+  return {value + (limits.gas ? " 1/" : " /")};
+}
+
 /// A line that can say one thing of a rebreather, and without which the opposite holds.
 struct OneValueLine {
   std::string_view name;
@@ -92,6 +124,7 @@ std::vector<std::string> OneValue(const DiveTemplate& diveTemplate) {
 constexpr std::string_view kCylinders = "Cylinder";
 constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues},
                                      {"Team", false, &ReadTeam, &TeamValue},
+                                     {"Limits", false, &ReadLimits, &LimitsValue},
                                      {kLoop.name, true, &ReadOneValue<kLoop>, &OneValue<kLoop>},
                                      {kInterval.name, true, &ReadOneValue<kInterval>, &OneValue<kInterval>}};
 

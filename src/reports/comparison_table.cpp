@@ -56,6 +56,7 @@ constexpr SettingWords kSettings[] = {
     {"# Surface interval", Text::IntervalOnAir, Value::YesNo},
     {"# Cylinder", Text::CompareCylinders},
     {"# Team", Text::CompareTeam},
+    {"# Limits", Text::CompareLimits},
 };
 
 /// The gases of the way up, the deepest first: "EAN50 21 m, Oxygen 6 m".

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "advice/margins.h"
+#include "pages/print_preview.h"
+
+namespace tav {
+
+/// A limit that cells of a map break, and the letter that stands for it there.
+struct MarginMark {
+  BrokenLimit limit;
+  char letter = '.';
+  std::string words;
+  bool lost = false;  ///< of a loss, a milder thing than a limit of the dive itself
+};
+
+/// The marks of a map, each with a letter of its own: '.' where all limits hold, '-' for no dive; of a gas its first
+/// letter, small when it is lost; else the first letter of the limit's name. In the order in which limits are asked.
+std::vector<MarginMark> MarginMarks(const std::vector<MarginCell>& cells, const AdviceWords& words);
+/// The mark of a cell among those of its map.
+const MarginMark& MarkOf(const MarginCell& cell, const std::vector<MarginMark>& marks);
+
+/// What a cell is filled with, and the ink of its letter: told apart without colours by lightness alone.
+Colour MarginColour(BrokenLimit::Kind kind);
+Colour MarginInk(BrokenLimit::Kind kind);
+
+/// Minutes between the lines of equal run time: a round number that some six lines come of.
+double RunTimeStep(const std::vector<MarginCell>& cells);
+/// The band between two lines that a dive lies in; nothing for no dive.
+std::optional<int> RunTimeBand(const MarginCell& cell, double step);
+
+/// A number with its sign: "+5", "-10", "0".
+std::string SignedFigure(Single number, const AdviceWords& words);
+
+/// "wreck.tav: 60 m, 25 min planned"
+std::string MarginHead(const std::string& plan, const Margins& margins, const AdviceWords& words);
+/// What must be said of a map: what a cell is, gas that is not judged, gases that are never lost.
+std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words);
+/// A map in letters, two for each cell, the planned dive between brackets, with its legend.
+std::string MarginMapText(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words);
+/// The longest stay in one or two sentences.
+std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins& margins, const AdviceWords& words);
+/// A table of depths and minutes without a stop, and whose times these are.
+std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
+                                     const AdviceWords& words);
+
+/// A landscape page with the map, its legend and the longest stay.
+void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                  const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words);
+
+}  // namespace tav
