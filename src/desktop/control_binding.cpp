@@ -113,6 +113,11 @@ void Bind(TextBox& box, QLineEdit& edit) {
     edit.setReadOnly(box.Locked);
     if (box.Locked) ShowAsResult(edit);
     if (edit.text() != ToQt(box.Text)) edit.setText(ToQt(box.Text));
+    // Words in place of a number, where the form asks for room for them.
+    if (edit.property("showsAll").toBool()) {
+      constexpr int kAround = 16;  // pixels
+      edit.setMinimumWidth(edit.fontMetrics().horizontalAdvance(edit.text()) + kAround);
+    }
   });
   box.SelectWanted = [&edit] { edit.selectAll(); };
   QObject::connect(&edit, &QObject::destroyed, [&box] { box.SelectWanted = nullptr; });
