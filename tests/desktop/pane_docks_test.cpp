@@ -108,11 +108,11 @@ TEST(PlanPane, TabVisitsItFromTheDiveToItsSchedule) {
     if (stops && dock->isAncestorOf(at) && at->focusProxy() == nullptr) visited << at->objectName();
     at = at->nextInFocusChain();
   } while (at != first);
-  EXPECT_EQ(
-      FromQt(visited.join(QLatin1Char(' '))),
-      "cbCircuit cbModel tbLowGF tbHighGF tbSetpoint cbKeepsDiluent tbAltitude tbLastStop cbOpenForDeco "
-      "cbAddGas cbEditTemplate fgGases tbQuickDepth tbQuickTime cbQuickGas cbQuick fgLegs ckAscent cbLegs cbCopySchedule "
-      "fgSchedule");
+  EXPECT_EQ(FromQt(visited.join(QLatin1Char(' '))),
+            "cbCircuit cbModel tbLowGF tbHighGF tbSetpoint cbKeepsDiluent tbAltitude tbLastStop cbOpenForDeco "
+            "cbAddGas cbEditTemplate fgGases tbQuickDepth tbQuickTime cbQuickGas cbQuick fgLegs ckAscent cbLegs "
+            "cbCopySchedule "
+            "fgSchedule");
 }
 
 TEST(PlanPane, SpaceTicksAGasOfTheWayUpAndTheNextOneByKey) {
