@@ -250,7 +250,7 @@ TEST(CsvImport, LinesAreLegs) {
       {"\"a;b\",c\n30,20\n", "30,20 Air; ascent"},
       {"30,20,ean32\n20,5,tx18/45\n6,5,OXYGEN\n6,5,AIR\n6,5,h85\n",
        "30,20 EAN32; 20,5 Tx18/45; 6,5 Oxygen; 6,5 Air; 6,5 H85; ascent"},
-      {"30,20,\"a \"\"b\"\" c\"\n", "legs.csv:1: The template has no gas of this name: a \"b\" c"},
+      {"30,20,\"a \"\"b\"\" c\"\n", "legs.csv:1: The plan has no gas of this name: a \"b\" c"},
       {"30,20\n\"18,5\n", "legs.csv:2: a quote is opened and not closed in its line"},
       {"30,20,\"EAN\x1B[31m\"\n", "legs.csv:1: the name of a gas holds a control character"},
       {"30,20,\xC2\x9B"
