@@ -28,6 +28,8 @@ std::string KeptPlans::Keep(std::int16_t document) {
 }
 
 void KeptPlans::Keep(ComparedPlan plan, std::int16_t document) {
+  plan.name = AsItIs(document).name + " " + plan.name;
+  plan.detail = DeepestLeg(plan, AdviceWords(services_.texts, services_.platform.separators, plan.Settings().Metric));
   kept_.push_back({std::move(plan), document, services_.forms(document).Opening()});
   Draw();
 }

@@ -27,7 +27,7 @@ class KeptPlans {
 
   /// Keeps a document as it is now. Why it can't be, in words; empty when it is kept.
   std::string Keep(std::int16_t document);
-  /// Keeps a dive that is no document: what a document would become.
+  /// Keeps what a document would become; its name follows that of the document.
   void Keep(ComparedPlan plan, std::int16_t document);
   void Clear();
   void Show(std::size_t index, bool shown);

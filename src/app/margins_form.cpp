@@ -200,6 +200,7 @@ void frmMargins::ShowMap() {
     const std::vector<MarginMark> marks = MarginMarks(cells_, words);
     const double step = RunTimeStep(cells_);
     const auto columns = static_cast<std::size_t>(map.columns);
+    const std::size_t all = columns * static_cast<std::size_t>(map.rows);
     const auto parts = [&](const MarginCell& cell, const MarginCell& other) {
       const auto here = RunTimeBand(cell, step);
       const auto there = RunTimeBand(other, step);
@@ -212,6 +213,11 @@ void frmMargins::ShowMap() {
       map.cells.push_back({MarginColour(mark.limit.kind), MarginInk(mark.limit.kind),
                            cell.limit.IsBroken() ? mark.letter : ' ', i % columns > 0 && parts(cell, cells_[i - 1]),
                            i >= columns && parts(cell, cells_[i - columns])});
+    }
+    for (std::size_t i = all - columns; i < cells_.size(); ++i) {
+      if (!map.cells[i].edgeAtLeft) continue;
+      const std::string minutes = words.Short(RunTimeBand(cells_[i], step).value_or(0) * step);
+      map.feet.push_back({static_cast<int>(i % columns), minutes + " " + T(Text::WhatIfMinutes)});
     }
     std::vector<std::vector<GridCell>> legend;
     for (const MarginMark& mark : marks) {
@@ -306,7 +312,7 @@ void frmMargins::Compare() {
   const DiveRecord record = margins_->RecordAt(cell.longer, cell.deeper);
   EngineObserver silent;
   const ComputedPlan computed = Compute(record, margins_->Model(), plan.before, silent);
-  acts_.compare(ComparedPlan(services_.forms.Caption(document_) + " " + NameOf(cell), {record, computed, plan.before}));
+  acts_.compare(ComparedPlan(NameOf(cell), {record, computed, plan.before}));
 }
 
 void frmMargins::Print() {

@@ -20,6 +20,12 @@ class CellMap : public Control {
     bool edgeAbove = false;
     friend bool operator==(const Cell&, const Cell&) = default;
   };
+  /// A word under a column.
+  struct Foot {
+    int column = 0;
+    std::string text;
+    friend bool operator==(const Foot&, const Foot&) = default;
+  };
   struct Content {
     int columns = 0;
     int rows = 0;
@@ -27,7 +33,8 @@ class CellMap : public Control {
     std::vector<std::string> columnHeads;
     std::vector<std::string> rowHeads;
     std::string overColumns;  ///< what the heads of the columns count
-    int marked = -1;          ///< stands in a thick frame
+    std::vector<Foot> feet;  ///< begin at the left edge of their columns, the first ones where there is no room for all
+    int marked = -1;         ///< stands in a thick frame
     friend bool operator==(const Content&, const Content&) = default;
   };
   Property<Content> Map{Changed};

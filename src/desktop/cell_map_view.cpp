@@ -52,7 +52,7 @@ QSize CellMapView::sizeHint() const { return {fontMetrics().averageCharWidth() *
 QRect CellMapView::Field() const {
   const QFontMetrics letters = fontMetrics();
   return rect().adjusted(WidestOf(map_->Map.Get().rowHeads, letters) + 2 * kGap, 2 * letters.height() + 2 * kGap, -kGap,
-                         -kGap);
+                         -letters.height() - kGap);
 }
 
 QRect CellMapView::PlaceOf(int cell) const {
@@ -97,6 +97,14 @@ void CellMapView::PaintHeads(QPainter& painter) const {
     free = centre + width;
     painter.drawText(QRect(centre - width, field.top() - letters.height() - kGap, 2 * width, letters.height()),
                      Qt::AlignCenter, ToQt(map.columnHeads[static_cast<std::size_t>(column)]));
+  }
+  int right = 0;
+  for (const CellMap::Foot& foot : map.feet) {
+    const int left = PlaceOf(foot.column).left();
+    if (left < right) continue;
+    const QString text = ToQt(foot.text);
+    right = left + letters.horizontalAdvance(text) + 2 * kGap;
+    painter.drawText(QPoint(left, field.bottom() + letters.ascent() + kGap), text);
   }
   int below = -letters.height();
   for (int row = 0; row < map.rows; ++row) {

@@ -1415,5 +1415,6 @@ constexpr int MarginsCompare = 8848;
 constexpr int MenuMargins = 8849;
 constexpr int MarginsHint = 8850;
 constexpr int MarginsLimitFault = 8851;
+constexpr int MarginsMinimumGas = 8852;
 
 }  // namespace tav::Text

@@ -114,6 +114,7 @@ std::string MarginHead(const std::string& plan, const Margins& margins, const Ad
 std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words) {
   std::vector<std::string> notes{words.T(margins.Settings().OpenCircuit ? Text::MarginsCell : Text::MarginsCellLoop)};
   if (!margins.JudgesGas()) notes.push_back(words.T(Text::MarginsNoGas));
+  if (margins.JudgesGas() && margins.Settings().OpenCircuit) notes.push_back(words.T(Text::MarginsMinimumGas));
   for (const std::string& gas : margins.NeverLost()) notes.push_back(words.T(Text::MarginsNeverLost, {gas}));
   return notes;
 }
