@@ -10,6 +10,7 @@
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "app/leaving_form.h"
+#include "app/margins_form.h"
 #include "app/start_forms.h"
 #include "app/wait_form.h"
 #include "app/what_if_form.h"
@@ -65,6 +66,9 @@ struct Forms {
     forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
         services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
     forms.push_back(std::make_unique<frmWhatIf>(services, reports, lines));
+    forms.push_back(std::make_unique<frmMargins>(
+        services, reports,
+        frmMargins::Acts{[](const ComparedPlan&) {}, [](std::int16_t, Single) { return std::string(); }}));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));

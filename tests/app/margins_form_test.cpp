@@ -1,0 +1,94 @@
+#include "app/margins_form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/compare_form.h"
+#include "persist/profile_file.h"
+#include "plans/profile_commands.h"
+#include "support/program_fixture.h"
+
+namespace tav {
+namespace {
+
+using testing::HasSubstr;
+using testing::SizeIs;
+
+struct Mapped : test::HeadlessProgram {
+  explicit Mapped(const char* dive) {
+    EXPECT_TRUE(Start({Dive(dive).string()}));
+    Main().mnuMargins.Choose();
+  }
+  template <class Form>
+  Form& Window() {
+    for (const auto& form : platform.modeless) {
+      if (auto* window = dynamic_cast<Form*>(form.get())) return *window;
+    }
+    throw std::logic_error("the window is not open");
+  }
+  /// What the view does as long as there is something to compute.
+  frmMargins& Computed() {
+    auto& window = Window<frmMargins>();
+    while (window.cmMap.WantsMore) window.cmMap.GoOn();
+    return window;
+  }
+};
+
+TEST(MarginsWindow, ReadsACellAndComparesItsDive) {
+  Mapped p("nitrox.tav");
+  frmMargins& window = p.Computed();
+  ASSERT_THAT(window.Cells(), SizeIs(31 * 19));
+  EXPECT_EQ(window.cmMap.Map.Get().marked, 6 * 31 + 10);
+  window.cmMap.Step(0, 0);
+  EXPECT_THAT(window.lbCell.Caption.Get(), HasSubstr("0 min, 0 m: run time"));
+  window.cmMap.Step(5, 3);
+  EXPECT_THAT(window.lbCell.Caption.Get(), HasSubstr("+5 min, +3 m: run time"));
+  const MarginCell cell = window.Cells()[static_cast<std::size_t>(window.cmMap.Selected)];
+  window.cmMap.PressReturn();
+  ASSERT_THAT(p.Look().kept, SizeIs(1));
+  EXPECT_EQ(p.Look().kept[0].line.back().runTime, cell.runTime);
+  const auto& head = p.Window<frmCompare>().fgColumns.Cells.Get()[0];
+  EXPECT_THAT(head[1].text, HasSubstr("+5 min, +3 m"));
+}
+
+TEST(MarginsWindow, FollowsThePlanAndTakesTheLongestStayIntoItInOneStep) {
+  Mapped p("nitrox.tav");
+  frmMargins& window = p.Computed();
+  ASSERT_TRUE(window.Stay());
+  const int minutes = window.Stay()->minutes;
+  const std::int16_t leg = 1;
+  const Single before = p.Editor().UserActions.gettime(leg);
+  ASSERT_NE(Single(minutes), before);
+  ASSERT_TRUE(window.cbTake.Enabled);
+  window.cbTake.Press();
+  EXPECT_EQ(p.Editor().UserActions.gettime(leg), minutes);
+  EXPECT_TRUE(window.cmMap.WantsMore) << "another plan, another map";
+  p.Computed();
+  EXPECT_FALSE(window.cbTake.Enabled) << "it is there";
+  p.Main().mnuUndo.Choose();
+  EXPECT_EQ(p.Editor().UserActions.gettime(leg), before);
+}
+
+TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
+  Mapped p("nitrox.tav");
+  frmMargins& window = p.Computed();
+  const int longest = window.Stay()->minutes;
+  window.tbRun.Type("many");
+  window.tbRun.Leave();
+  EXPECT_EQ(window.tbRun.ForeColor, kRed);
+  EXPECT_FALSE(p.Document().Template.Limits);
+  window.tbRun.Type("45");
+  window.tbRun.Leave();
+  EXPECT_EQ(window.tbRun.ForeColor, -1);
+  EXPECT_LT(p.Computed().Stay()->minutes, longest);
+  EXPECT_THAT(ProfileFileText(p.program.Forms(), p.Active()), HasSubstr("# Limits= 45/ / 100/ 1/"));
+  EXPECT_TRUE(p.Document().Modified);
+  // A plan without a leg has nothing to ask about.
+  p.Main().LoadNewDoc();
+  EXPECT_FALSE(window.cmMap.WantsMore);
+  EXPECT_FALSE(window.cbTake.Enabled);
+  EXPECT_THAT(window.lbState.Caption.Get(), HasSubstr("leg"));
+}
+
+}  // namespace
+}  // namespace tav
