@@ -1,6 +1,7 @@
 #include "advice/margins.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <thread>
 
@@ -115,28 +116,20 @@ BrokenLimit Margins::Broken(const PlannedDive& dive, Single longer, Single deepe
   return judge_.OfTotals(dive.plan);
 }
 
-std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads, const std::atomic<bool>* stop) const {
+std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads) const {
   const int columns = grid.Columns();
-  const int count = columns * grid.Rows();
-  std::vector<MarginCell> cells(static_cast<std::size_t>(count));
-  std::atomic<int> next = 0;
-  std::atomic<int> whole = count;
+  std::vector<MarginCell> cells(static_cast<std::size_t>(columns * grid.Rows()));
+  std::atomic<std::size_t> next = 0;
   const auto work = [&] {
-    for (int i = next++; i < count; i = next++) {
-      if (stop != nullptr && *stop) {
-        int least = whole;
-        while (i < least && !whole.compare_exchange_weak(least, i)) {
-        }
-        return;
-      }
-      cells[static_cast<std::size_t>(i)] = At(grid.longer.At(i % columns), grid.deeper.At(i / columns));
+    for (std::size_t i = next++; i < cells.size(); i = next++) {
+      const auto n = static_cast<int>(i);
+      cells[i] = At(grid.longer.At(n % columns), grid.deeper.At(n / columns));
     }
   };
   std::vector<std::jthread> helpers;
   for (int i = 1; i < threads; ++i) helpers.emplace_back(work);
   work();
-  helpers.clear();  // joins them
-  cells.resize(static_cast<std::size_t>(whole));
+  helpers.clear();  // waits for them
   return cells;
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "advice/dive_limits.h"
+#include "advice/limit_judge.h"
 
 namespace tav {
 
@@ -101,10 +100,8 @@ class Margins {
   /// The same without what costs most: no gas is lost and no loop left. A limit that it breaks is one that At breaks,
   /// too, perhaps after another.
   [[nodiscard]] MarginCell Sketched(Single longer, Single deeper) const { return Judged(longer, deeper, false); }
-  /// All cells, row by row, each row from the shortest leg to the longest, with as many threads. `stop` is looked at
-  /// before each cell; what is not computed when it is set is left out at the end.
-  [[nodiscard]] std::vector<MarginCell> Cells(const MarginGrid& grid, int threads = 1,
-                                              const std::atomic<bool>* stop = nullptr) const;
+  /// All cells, row by row, each row from the shortest leg to the longest, worked out by as many threads.
+  [[nodiscard]] std::vector<MarginCell> Cells(const MarginGrid& grid, int threads = 1) const;
 
   /// The first whole number of minutes, counted up from the shortest that the way of the leg allows, whose next minute
   /// breaks a limit: asks about one more minute, beginning with an empty `stay`. False when that was the last one.

@@ -44,6 +44,7 @@ void frmMargins::Form_Load() {
   for (const auto& [control, text] : captions) control->Caption = T(text);
   lbStay.Bold = lbNoStop.Bold = true;
   cmMap.SpokenName = T(Text::MarginsTitle);
+  fgLegend.SpokenName = T(Text::MarginsLimits);
   PlanChanged();
 }
 
@@ -64,6 +65,7 @@ void frmMargins::PlanChanged() {
 void frmMargins::Begin() {
   margins_.reset();
   cells_.clear();
+  judged_ = 0;
   stay_.reset();
   noStop_.reset();
   std::string name;
@@ -101,15 +103,18 @@ void frmMargins::GoOn() {
   const double end = platform_.screen.Timer() + kSlice;
   const auto isTime = [&] { return platform_.screen.Timer() < end; };
   const std::size_t all = static_cast<std::size_t>(grid_.Columns()) * static_cast<std::size_t>(grid_.Rows());
-  if (cells_.size() < all) {
-    const auto columns = static_cast<std::size_t>(grid_.Columns());
+  if (judged_ < all) {
     do {
-      cells_.push_back(margins_->At(grid_.longer.At(static_cast<int>(cells_.size() % columns)),
-                                    grid_.deeper.At(static_cast<int>(cells_.size() / columns))));
-    } while (cells_.size() < all && isTime());
+      if (cells_.size() < all) {
+        cells_.push_back(CellOf(cells_.size(), false));
+      } else {
+        cells_[judged_] = CellOf(judged_, true);
+        ++judged_;
+      }
+    } while (judged_ < all && isTime());
     ShowMap();
     ShowCell();
-  } else if (!stay_ || cmMap.WantsMore) {
+  } else {
     LongestStay stay = stay_.value_or(LongestStay());
     bool more = true;
     do {
@@ -124,6 +129,13 @@ void frmMargins::GoOn() {
     }
   }
   ShowState();
+}
+
+MarginCell frmMargins::CellOf(std::size_t index, bool losses) const {
+  const auto cell = static_cast<int>(index);
+  const Single longer = grid_.longer.At(cell % grid_.Columns());
+  const Single deeper = grid_.deeper.At(cell / grid_.Columns());
+  return losses ? margins_->At(longer, deeper) : margins_->Sketched(longer, deeper);
 }
 
 void frmMargins::ShowLegs() {
@@ -275,6 +287,7 @@ void frmMargins::ShowNoStop() {
   lbNoStop.Visible = fgNoStop.Visible = margins_ != nullptr && margins_->Fault().IsEmpty();
   if (!lbNoStop.Visible) return;
   lbNoStop.Caption = T(Text::NoStopTitle, {margins_->LegGas()});
+  fgNoStop.SpokenName = lbNoStop.Caption.Get();
   std::vector<std::vector<GridCell>> cells{{GridCell{words.LengthUnit()}, GridCell{T(Text::WhatIfMinutes)}}};
   for (const NoStopTime& time : noStop_.value_or(std::vector<NoStopTime>())) {
     const std::string minutes = std::to_string(time.minutes) + (time.minutes == LongestStay::kMost ? "+" : "");
@@ -317,8 +330,9 @@ void frmMargins::Compare() {
 
 void frmMargins::Print() {
   if (margins_ == nullptr || !margins_->Fault().IsEmpty()) return;
-  const std::vector<MarginCell> cells = margins_->Cells(grid_, 2);
-  PrintMargins(report_, services_.forms.Caption(document_), *margins_, grid_, cells, margins_->Longest(), Words());
+  while (cmMap.WantsMore) GoOn();
+  PrintMargins(report_, services_.forms.Caption(document_), *margins_, grid_, cells_, stay_.value_or(LongestStay()),
+               Words());
 }
 
 }  // namespace tav

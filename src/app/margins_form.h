@@ -65,8 +65,10 @@ class frmMargins : public DialogForm {
  private:
   /// Takes up a plan or a leg anew, and forgets what was computed.
   void Begin();
-  /// Computes for some milliseconds: the longest stay, then cells, then times without a stop.
+  /// Computes for some milliseconds: the map without losses, then with them, then the longest stay and the times
+  /// without a stop.
   void GoOn();
+  [[nodiscard]] MarginCell CellOf(std::size_t index, bool losses) const;
   void ShowLegs();
   void ShowLimits();
   void TakeLimits();
@@ -93,7 +95,8 @@ class frmMargins : public DialogForm {
   std::optional<std::int16_t> chosen_;  ///< the leg that the user has chosen; else the deepest
   std::unique_ptr<Margins> margins_;
   MarginGrid grid_ = MarginGrid::Usual(true);
-  std::vector<MarginCell> cells_;
+  std::vector<MarginCell> cells_;  ///< from `judged_` on as they are without their losses
+  std::size_t judged_ = 0;
   std::optional<LongestStay> stay_;
   std::optional<std::vector<NoStopTime>> noStop_;
 };

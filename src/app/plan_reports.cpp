@@ -93,7 +93,9 @@ void PlanReports::ShowMargins(std::function<std::string(std::int16_t action, Sin
                                         frmMargins::Acts{[this](const ComparedPlan& plan) {
                                                            if (const auto active = services_.Active())
                                                              kept_.Keep(plan, *active);
-                                                           Follow();
+                                                           if (const auto open = comparison_.lock();
+                                                               open && open->IsLoaded())
+                                                             open->PlanChanged();
                                                            ShowComparison();
                                                          },
                                                          std::move(setMinutes)});

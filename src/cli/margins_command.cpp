@@ -100,13 +100,13 @@ void Run(const Given& given, CommandFrame& frame) {
   if (!grid.IsSound())
     throw OptionError({Text::MarginsRange, {"--longer, --deeper", given.longer + " " + given.deeper}});
   frame.MarkDecompression(margins.At(0, 0).limit.kind != BrokenLimit::Kind::DoesNotDecompress);
-  LongWork work(frame.Terminal());
   const std::vector<MarginCell> cells =
       margins.Cells(grid, static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
   const std::string name = std::filesystem::path(given.file).filename().string();
   if (!given.pdf.empty()) {
     PageOutput pdf(frame, given.pdf);
     PrintMargins(pdf.Pages(), name, margins, grid, cells, margins.Longest(), words);
+    LongWork work(frame.Terminal());
     pdf.WritePdf(words.T(Text::MarginsTitle), work);
   }
   if (frame.Common().json) return WriteJson(margins, cells, frame.Out());

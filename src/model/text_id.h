@@ -1388,7 +1388,6 @@ constexpr int MarginsTitle = 8791;
 constexpr int MarginsHead = 8792;
 constexpr int MarginsLonger = 8793;
 constexpr int MarginsDeeper = 8794;
-constexpr int MarginsPlanned = 8795;
 constexpr int MarginsCell = 8796;
 constexpr int MarginsCellLoop = 8797;
 constexpr int MarginsNoGas = 8798;

@@ -55,6 +55,13 @@ keys Escape
 await "what if stays" gone "^What if"
 focus "^TAV"
 keys ctrl+shift+l F9
+keys ctrl+shift+m
+focus "^Margins"
+keys Tab Right Right Right Down
+shot margins "^Margins"
+keys Escape
+await "margins stay" gone "^Margins"
+focus "^TAV"
 keys ctrl+shift+i
 focus "^Slate$"
 shot slate "^Slate$"

@@ -1,4 +1,4 @@
-#include "advice/dive_limits.h"
+#include "advice/limit_judge.h"
 
 #include <algorithm>
 
