@@ -205,10 +205,17 @@ void frmMargins::ShowMap() {
     map.columns = grid_.Columns();
     map.rows = grid_.Rows();
     map.overColumns = T(Text::MarginsLonger);
-    for (int i = 0; i < map.columns; ++i) map.columnHeads.push_back(SignedFigure(grid_.longer.At(i), words));
+    int column = -1;
+    int row = -1;
+    for (int i = 0; i < map.columns; ++i) {
+      if (grid_.longer.At(i) == 0) column = i;
+      map.columnHeads.push_back(SignedFigure(grid_.longer.At(i), words));
+    }
     for (int i = 0; i < map.rows; ++i) {
+      if (grid_.deeper.At(i) == 0) row = i;
       map.rowHeads.push_back(SignedFigure(grid_.deeper.At(i), words) + " " + words.LengthUnit());
     }
+    if (column >= 0 && row >= 0) map.marked = row * map.columns + column;
     const std::vector<MarginMark> marks = MarginMarks(cells_, words);
     const double step = RunTimeStep(cells_);
     const auto columns = static_cast<std::size_t>(map.columns);
@@ -221,7 +228,6 @@ void frmMargins::ShowMap() {
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       const MarginCell& cell = cells_[i];
       const MarginMark& mark = MarkOf(cell, marks);
-      if (cell.longer == 0 && cell.deeper == 0) map.marked = static_cast<int>(i);
       map.cells.push_back({MarginColour(mark.limit.kind), MarginInk(mark.limit.kind),
                            cell.limit.IsBroken() ? mark.letter : ' ', i % columns > 0 && parts(cell, cells_[i - 1]),
                            i >= columns && parts(cell, cells_[i - columns])});

@@ -10,7 +10,10 @@
 #include "cli/page_output.h"
 #include "cli/terminal_text.h"
 #include "model/text_id.h"
+#include "persist/text_file.h"
+#include "picture/svg_surface.h"
 #include "reports/margin_map.h"
+#include "reports/margin_picture.h"
 
 namespace tav {
 namespace {
@@ -38,6 +41,7 @@ struct Given {
   std::string longer;
   std::string deeper;
   std::string pdf;
+  std::string svg;
   LimitWish limits;
 };
 
@@ -109,8 +113,17 @@ void Run(const Given& given, CommandFrame& frame) {
     LongWork work(frame.Terminal());
     pdf.WritePdf(words.T(Text::MarginsTitle), work);
   }
+  if (!given.svg.empty()) {
+    constexpr double kPixel = 15;  // drawing units
+    SvgSurface surface(1000 * kPixel, 700 * kPixel);
+    DrawMargins(surface, name, margins, grid, cells, words);
+    const std::string said = MarginMapText(grid, cells, words);
+    frame.Save(given.svg, [&] {
+      return WriteTextFile(given.svg, surface.File(MarginHead(name, margins, words), said, SvgSurface::Unit::Pixel));
+    });
+  }
   if (frame.Common().json) return WriteJson(margins, cells, frame.Out());
-  if (!given.pdf.empty()) return;
+  if (!given.pdf.empty() || !given.svg.empty()) return;
   std::ostream& out = frame.Out();
   out << MarginHead(given.file, margins, words) << "\n\n" << MarginMapText(grid, cells, words) << "\n";
   for (const std::string& note : MarginNotes(margins, words)) out << Wrapped(note, 0);
@@ -128,6 +141,12 @@ Command MarginsCommand() {
       {"--deeper", "FROM:TO:STEP", "Depth units that it is deeper, -6:12:1 in metres and -20:40:5 in feet if not given",
        &given->deeper},
       PdfOption(given->pdf, "Write the map to this file, and no text"),
+      {.name = "--svg",
+       .value = "FILE",
+       .text = "Write the map to this file as a picture, and no text",
+       .place = &given->svg,
+       .role = Option::Role::FileToWrite,
+       .offers = "svg"},
   };
   AddLimits(command, given->limits);
   command.AddJson("Print the cells as JSON");

@@ -55,6 +55,11 @@ TEST_F(MarginsOf, TellOfEachCellWhatPlanTellsOfTheChangedDive) {
   const json totals = OutJson()["dives"][0]["totals"];
   for (const char* figure : {"run_time", "stops", "cns", "otu"}) EXPECT_EQ(map["cells"][0][figure], totals[figure]);
 
+  ASSERT_EQ(Run({"margins", file, "--svg", Scratch("map.svg")}), ExitStatus::kFine) << Err();
+  EXPECT_EQ(Out(), "");
+  EXPECT_THAT(ReadTextFile(Scratch("map.svg")), HasSubstr("EAN50 lost: a gas runs short"));
+  EXPECT_EQ(Run({"margins", file, "--svg", file}), ExitStatus::kUnusableInput) << "over its own plan";
+
   ASSERT_EQ(Run({"longest", file, "--json"}), ExitStatus::kFine) << Err();
   const json longest = OutJson();
   EXPECT_EQ(longest["minutes"], 32);

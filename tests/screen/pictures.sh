@@ -57,6 +57,7 @@ focus "^TAV"
 keys ctrl+shift+l F9
 keys ctrl+shift+m
 focus "^Margins"
+sleep 4  # until the map is whole
 keys Tab Right Right Right Down
 shot margins "^Margins"
 keys Escape
