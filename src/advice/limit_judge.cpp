@@ -69,7 +69,7 @@ const GasStore* FirstOut(const std::vector<GasStore>& stores) {
 /// The first gas that the dive itself takes too much of, or some of the reserve.
 BrokenLimit OwnGas(const std::vector<GasStore>& stores, bool metric) {
   for (const GasStore& store : stores) {
-    if (store.bailOut || (store.ofPlan != GasVerdict::IntoReserve && !RunsOut(store.ofPlan))) continue;
+    if (store.ofPlan != GasVerdict::IntoReserve && !RunsOut(store.ofPlan)) continue;
     return {Kind::Gas, store.gas, Kind::Gas, {}, Lacking(store, true, metric)};
   }
   return {};
@@ -175,7 +175,7 @@ BrokenLimit LimitJudge::OfDive(const PlannedDive& dive) const {
   if (HasDanger(findings)) return {Kind::Ceiling, {}, Kind::Ceiling, {}, Worst(findings, Severity::Danger)};
   if (const BrokenLimit oxygen = OfOxygen(checked, segments, words_); oxygen.IsBroken()) return oxygen;
   const DiveTemplate& settings = dive.record.Template;
-  if (!JudgesGas(settings) || !settings.OpenCircuit) return {};
+  if (!JudgesGas(settings)) return {};
   return OwnGas(StoresOf(dive.plan.loadedRows, settings, settings.Cylinders), settings.Metric);
 }
 
@@ -205,8 +205,6 @@ BrokenLimit LimitJudge::OfBailOuts(const PlannedDive& dive) const {
   if (!JudgesGas(settings)) return {};
   const std::vector<GasStore> stores =
       StoresOf(dive.plan.loadedRows, settings, settings.Cylinders, needs, choice.team * choice.stress * settings.RMV);
-  // What the dive itself takes of a cylinder, for stops on open circuit, must leave the reserve.
-  if (const BrokenLimit own = OwnGas(stores, settings.Metric); own.IsBroken()) return own;
   const GasStore* out = FirstOut(stores);
   if (out == nullptr) return {};
   return {Kind::BailOut, out->gas, Kind::Gas, {}, Lacking(*out, false, settings.Metric)};

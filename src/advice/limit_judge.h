@@ -20,7 +20,7 @@ struct BrokenLimit {
     DoesNotDecompress,  ///< a stop never clears
     Ceiling,            ///< a leg leads above the ceiling of the model
     PPO2,               ///< a danger of the plan check, or a gas of the bottom above 1.6 bar
-    Gas,                ///< of the dive as it goes too little, with the minimum gas of its legs
+    Gas,                ///< of the dive as it goes too little, or some of the reserve
     Lost,               ///< the way up without a gas: no end, a danger of its PPO2, or a gas that runs out
     BailOut,            ///< a minute from which the way up on open circuit has no end or not enough gas
     CNS,
@@ -39,8 +39,10 @@ struct BrokenLimit {
   [[nodiscard]] bool IsBroken() const { return kind != Kind::None; }
   /// "does_not_decompress", "gas EAN50", "lost EAN50", "bail-out", ...: the name in files for scripts. Empty for none.
   [[nodiscard]] std::string Id() const;
-  /// The same limit, by whatever amount.
-  [[nodiscard]] bool SameAs(const BrokenLimit& other) const { return kind == other.kind && gas == other.gas; }
+  /// The same limit for the same reason, by whatever amount.
+  [[nodiscard]] bool SameAs(const BrokenLimit& other) const {
+    return kind == other.kind && gas == other.gas && why == other.why;
+  }
 };
 
 /// "EAN50 lost: Tx18/45 runs short"; "all limits hold" for none.

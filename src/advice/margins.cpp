@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <exception>
+#include <mutex>
 #include <thread>
 
 #include "advice/lost_gas.h"
@@ -42,6 +44,11 @@ std::optional<int> MarginRange::Count() const {
   const double steps = std::floor((to - from) / step + 1e-3);
   if (steps >= MarginGrid::kMostCells) return std::nullopt;
   return static_cast<int>(steps) + 1;
+}
+
+Single MarginRange::At(int index) const {
+  constexpr double kParts = 1e4;
+  return std::round((from + index * step) * kParts) / kParts + 0.0;  // never -0
 }
 
 bool MarginGrid::IsSound() const {
@@ -120,16 +127,28 @@ std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads) cons
   const int columns = grid.Columns();
   std::vector<MarginCell> cells(static_cast<std::size_t>(columns * grid.Rows()));
   std::atomic<std::size_t> next = 0;
-  const auto work = [&] {
+  std::mutex door;
+  std::exception_ptr failure;
+  const auto compute = [&] {
     for (std::size_t i = next++; i < cells.size(); i = next++) {
       const auto n = static_cast<int>(i);
       cells[i] = At(grid.longer.At(n % columns), grid.deeper.At(n / columns));
+    }
+  };
+  const auto work = [&] {
+    try {
+      compute();
+    } catch (...) {
+      next = cells.size();
+      const std::lock_guard lock(door);
+      failure = std::current_exception();
     }
   };
   std::vector<std::jthread> helpers;
   for (int i = 1; i < threads; ++i) helpers.emplace_back(work);
   work();
   helpers.clear();  // waits for them
+  if (failure) std::rethrow_exception(failure);
   return cells;
 }
 

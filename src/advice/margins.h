@@ -17,7 +17,8 @@ struct MarginRange {
 
   /// How many there are; nothing for a step that is not above 0, an end before the start, or more than a grid may have.
   [[nodiscard]] std::optional<int> Count() const;
-  [[nodiscard]] Single At(int index) const { return from + index * step; }
+  /// To four decimals: ten steps of 0.1 from -1 on are 0.
+  [[nodiscard]] Single At(int index) const;
 };
 
 /// How much longer, in minutes, and how much deeper, in depth units, the leg is in the cells of a map.
@@ -94,6 +95,8 @@ class Margins {
   /// Gases that no dive is judged without, since its first leg breathes them.
   [[nodiscard]] const std::vector<std::string>& NeverLost() const { return neverLost_; }
 
+  /// The plan as it is does.
+  [[nodiscard]] bool Decompresses() const { return Computed(record_).end.Decompresses; }
   /// The plan with its leg longer and deeper.
   [[nodiscard]] DiveRecord RecordAt(Single longer, Single deeper) const;
   [[nodiscard]] MarginCell At(Single longer, Single deeper) const { return Judged(longer, deeper, true); }

@@ -46,8 +46,8 @@ void CheckHypoxic(const Context& context) {
       text = words.T(Text::HypoxicLoop, {words.Depth(stretch.peak.depth), words.Short(stretch.peak.time),
                                          words.PPO2(stretch.peak.value), words.Fixed(limit, 2)});
     }
-    context.findings.push_back({Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text),
-                                stretch.peak.excess});
+    context.findings.push_back(
+        {Rule::Hypoxic, Severity::Danger, stretch.first, stretch.last, std::move(text), stretch.peak.excess});
   }
 }
 
@@ -95,9 +95,8 @@ void CheckHyperoxic(const Context& context) {
                       words.Fixed(limit, 2), words.Depth(deepest)});
     }
     const bool danger = peak.value > Rounded(kNever) || peak.excess >= Rounded(kFar);
-    context.findings.push_back(
-        {Rule::Hyperoxic, danger ? Severity::Danger : Severity::Caution, stretch.first, stretch.last, std::move(text),
-         peak.excess});
+    context.findings.push_back({Rule::Hyperoxic, danger ? Severity::Danger : Severity::Caution, stretch.first,
+                                stretch.last, std::move(text), peak.excess});
   }
 }
 

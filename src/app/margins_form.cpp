@@ -228,8 +228,8 @@ void frmMargins::ShowMap() {
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       const MarginCell& cell = cells_[i];
       const MarginMark& mark = MarkOf(cell, marks);
-      map.cells.push_back({MarginColour(mark.limit.kind), MarginInk(mark.limit.kind),
-                           cell.limit.IsBroken() ? mark.letter : ' ', i % columns > 0 && parts(cell, cells_[i - 1]),
+      map.cells.push_back({MarginColour(mark.limit.kind), MarginInk(mark.limit.kind), mark.letter,
+                           i % columns > 0 && parts(cell, cells_[i - 1]),
                            i >= columns && parts(cell, cells_[i - columns])});
     }
     for (std::size_t i = all - columns; i < cells_.size(); ++i) {
@@ -255,11 +255,12 @@ std::string frmMargins::NameOf(const MarginCell& cell) const {
 }
 
 void frmMargins::ShowCell() {
+  const auto isThere = [this](int cell) { return cell >= 0 && cell < static_cast<int>(cells_.size()); };
   const int selected = cmMap.Selected;
-  const bool there = selected >= 0 && selected < static_cast<int>(cells_.size());
+  const int looked = isThere(cmMap.Pointed) ? cmMap.Pointed : selected;
   std::string text;
-  if (there) {
-    const MarginCell& cell = cells_[static_cast<std::size_t>(selected)];
+  if (isThere(looked)) {
+    const MarginCell& cell = cells_[static_cast<std::size_t>(looked)];
     const AdviceWords words = Words();
     const std::string limit = WordsWithAmount(cell.limit, words);
     if (cell.limit.kind == BrokenLimit::Kind::Impossible) {
@@ -274,7 +275,8 @@ void frmMargins::ShowCell() {
   }
   lbCell.Caption = text;
   cmMap.ToolTipText = text;
-  cbCompare.Enabled = there && cells_[static_cast<std::size_t>(selected)].limit.kind != BrokenLimit::Kind::Impossible;
+  cbCompare.Enabled =
+      isThere(selected) && cells_[static_cast<std::size_t>(selected)].limit.kind != BrokenLimit::Kind::Impossible;
 }
 
 void frmMargins::ShowStay() {

@@ -82,6 +82,7 @@ void Run(const Given& given, CommandFrame& frame) {
   const AdviceWords words(frame.Texts(), {}, settings.Metric);
   const Margins margins(planned, given.limits.On(settings), words, LegOf(given.limits, planned.record.UserActions));
   if (!margins.Fault().IsEmpty()) throw FileError(given.file, 0, margins.Fault());
+  frame.MarkDecompression(margins.Decompresses());
   std::ostream& out = frame.Out();
   LongWork work(frame.Terminal());
   if (given.noStop) {

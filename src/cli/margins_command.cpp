@@ -22,8 +22,8 @@ constexpr const char* kDetails =
     "Prints a map of the dives round a plan: one leg longer and shorter from left to right, deeper and shallower from "
     "top to bottom. Each cell is a whole plan, computed again with every single gas of the change list lost, or on a "
     "rebreather with a bail-out at every whole minute. Its letter names the first limit that it breaks, in the order "
-    "of the legend; a point stands where all hold. The dive itself must have enough gas with its reserve and the "
-    "minimum gas of its legs; who has lost a gas may go into the reserve. Without cylinders in the plan gas is not "
+    "of the legend; a point stands where all hold. The dive itself must leave the reserve of its "
+    "cylinders; who has lost a gas may go into the reserve. Without cylinders in the plan gas is not "
     "judged.\n"
     "In --json each cell has \"longer\", \"deeper\", \"run_time\", \"stops\", \"cns\" as a fraction, \"otu\", the "
     "\"limit\" that it breaks (null, does_not_decompress, ceiling, ppo2, gas NAME, lost NAME, bail-out, cns, run, "
@@ -103,7 +103,7 @@ void Run(const Given& given, CommandFrame& frame) {
                         RangeOf(given.deeper, "--deeper", usual.deeper)};
   if (!grid.IsSound())
     throw OptionError({Text::MarginsRange, {"--longer, --deeper", given.longer + " " + given.deeper}});
-  frame.MarkDecompression(margins.At(0, 0).limit.kind != BrokenLimit::Kind::DoesNotDecompress);
+  frame.MarkDecompression(margins.Decompresses());
   const std::vector<MarginCell> cells =
       margins.Cells(grid, static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
   const std::string name = std::filesystem::path(given.file).filename().string();

@@ -40,7 +40,9 @@ class CellMap : public Control {
   Property<Content> Map{Changed};
   Property<int> Selected{Changed, -1};  ///< a cell; -1 for none
 
-  Event Click;   ///< the user looks at another cell
+  Property<int> Pointed{Changed, -1};  ///< the cell under the pointer; -1 for none
+
+  Event Click;   ///< the user looks at another cell, or the pointer has left
   Event Return;  ///< and wants it: Return, or a double click
 
   /// Something is still to be computed: the view fires `More` whenever it has nothing else to do.
@@ -50,6 +52,13 @@ class CellMap : public Control {
   void Select(int cell) {
     if (!CanAct() || cell < 0 || cell >= static_cast<int>(Map.Get().cells.size()) || cell == Selected) return;
     Selected = cell;
+    Fire(Click);
+  }
+  void Point(int cell) {
+    const bool there = CanAct() && cell >= 0 && cell < static_cast<int>(Map.Get().cells.size());
+    const int pointed = there ? cell : -1;
+    if (pointed == Pointed) return;
+    Pointed = pointed;
     Fire(Click);
   }
   /// An arrow key: by so many columns and rows, never beyond the map.

@@ -30,6 +30,10 @@ CellMapView::CellMapView(QWidget* parent) : QWidget(parent) {
   });
 }
 
+CellMapView::~CellMapView() {
+  if (map_ != nullptr) map_->Changed = nullptr;
+}
+
 void CellMapView::Bind(CellMap& map) {
   map_ = &map;
   map.Changed = [this] { Show(); };
@@ -151,10 +155,16 @@ void CellMapView::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRect(PlaceOf(cell));
   };
   frame(map.marked, Qt::black, 3);
+  frame(map_->Pointed, QColor(0x1F, 0x5A, 0xA6), 1);
   frame(map_->Selected, QColor(0x1F, 0x5A, 0xA6), hasFocus() ? 3 : 2);
 }
 
-void CellMapView::mouseMoveEvent(QMouseEvent* event) { map_->Select(CellAt(event->position().toPoint())); }
+void CellMapView::mouseMoveEvent(QMouseEvent* event) { map_->Point(CellAt(event->position().toPoint())); }
+
+void CellMapView::leaveEvent(QEvent* event) {
+  map_->Point(-1);
+  QWidget::leaveEvent(event);
+}
 
 void CellMapView::mousePressEvent(QMouseEvent* event) { map_->Select(CellAt(event->position().toPoint())); }
 

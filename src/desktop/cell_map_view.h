@@ -13,6 +13,9 @@ class CellMapView : public QWidget {
   Q_OBJECT
  public:
   explicit CellMapView(QWidget* parent);
+  CellMapView(const CellMapView&) = delete;
+  CellMapView& operator=(const CellMapView&) = delete;
+  ~CellMapView() override;
 
   void Bind(CellMap& map);
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -21,6 +24,7 @@ class CellMapView : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -38,14 +38,17 @@ Colour MarginColour(BrokenLimit::Kind kind) {
     case Kind::Impossible:
       return RGB(0xFF, 0xFF, 0xFF);
     case Kind::DoesNotDecompress:
+      return RGB(0x11, 0x11, 0x11);
     case Kind::Ceiling:
+      return RGB(0x60, 0x60, 0x60);
     case Kind::PPO2:
-      return RGB(0x33, 0x33, 0x33);
+      return RGB(0x8C, 0x51, 0x0A);
     case Kind::Gas:
       return RGB(0xB2, 0x18, 0x2B);
     case Kind::Lost:
-    case Kind::BailOut:
       return RGB(0xF4, 0xA5, 0x82);
+    case Kind::BailOut:
+      return RGB(0xFD, 0xDB, 0xA7);
     case Kind::CNS:
       return RGB(0x7B, 0x5A, 0xA6);
     case Kind::Run:

@@ -12,16 +12,18 @@ constexpr double kPixel = 15;  // drawing units
 
 class Map {
  public:
-  Map(DrawingSurface& surface, const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words)
+  Map(DrawingSurface& surface, const MarginGrid& grid, const std::vector<MarginCell>& cells,
+      const std::vector<std::string>& notes, const AdviceWords& words)
       : surface_(surface), grid_(grid), cells_(cells), words_(words), marks_(MarginMarks(cells, words)) {
     line_ = 1.3 * surface_.TextHeight();
     for (int i = 0; i < grid_.Rows(); ++i) left_ = std::max(left_, surface_.TextWidth(RowHead(i)) + 12 * kPixel);
     top_ = 4 * line_;
     right_ = surface_.Width() - 8 * kPixel;
-    bottom_ = surface_.Height() - line_ * (2.5 + static_cast<double>(marks_.size()));
+    for (const std::string& note : notes) Wrap(note);
+    bottom_ = surface_.Height() - line_ * (1.7 + static_cast<double>(marks_.size() + notes_.size()));
   }
 
-  void Draw(const std::string& head, const std::vector<std::string>& notes) {
+  void Draw(const std::string& head) {
     surface_.Clear(RGB(255, 255, 255));
     surface_.Text(8 * kPixel, 0.5 * line_, head, kBlack, true);
     Heads();
@@ -33,7 +35,7 @@ class Map {
         surface_.Box(X(Column(i)) - more, Y(Row(i)) - more, X(Column(i) + 1) + more, Y(Row(i) + 1) + more, kBlack);
       }
     }
-    Legend(notes);
+    Legend();
   }
 
  private:
@@ -99,7 +101,24 @@ class Map {
     }
   }
 
-  void Legend(const std::vector<std::string>& notes) {
+  /// A text in lines of the width of the map.
+  void Wrap(const std::string& text) {
+    std::string line;
+    for (std::size_t at = 0; at < text.size();) {
+      const std::size_t blank = std::min(text.find(' ', at), text.size());
+      const std::string longer = line + (line.empty() ? "" : " ") + text.substr(at, blank - at);
+      if (!line.empty() && surface_.TextWidth(longer) > right_ - left_) {
+        notes_.push_back(line);
+        line = text.substr(at, blank - at);
+      } else {
+        line = longer;
+      }
+      at = blank + 1;
+    }
+    notes_.push_back(line);
+  }
+
+  void Legend() {
     double y = bottom_ + 1.5 * line_;
     const double side = surface_.TextHeight();
     for (const MarginMark& mark : marks_) {
@@ -108,9 +127,10 @@ class Map {
       surface_.Text(left_ + 2 * side, y, mark.words, kBlack);
       y += line_;
     }
-    std::string all;
-    for (const std::string& note : notes) all += (all.empty() ? "" : " ") + note;
-    surface_.Text(left_, y, all, kBlack);
+    for (const std::string& line : notes_) {
+      surface_.Text(left_, y, line, kBlack);
+      y += line_;
+    }
   }
 
   DrawingSurface& surface_;
@@ -118,6 +138,7 @@ class Map {
   const std::vector<MarginCell>& cells_;
   const AdviceWords& words_;
   std::vector<MarginMark> marks_;
+  std::vector<std::string> notes_;
   double line_ = 0;
   double left_ = 0;
   double top_ = 0;
@@ -129,7 +150,7 @@ class Map {
 
 void DrawMargins(DrawingSurface& surface, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                  const std::vector<MarginCell>& cells, const AdviceWords& words) {
-  Map(surface, grid, cells, words).Draw(MarginHead(plan, margins, words), MarginNotes(margins, words));
+  Map(surface, grid, cells, MarginNotes(margins, words), words).Draw(MarginHead(plan, margins, words));
 }
 
 }  // namespace tav
