@@ -93,8 +93,9 @@ Option DiveOption(std::string& place, const std::string& without) {
 }
 
 std::vector<Command> TavplanCommands() {
-  return {PlanCommand(),    NewCommand(),    ReportCommand(), GraphCommand(), BailoutCommand(), WhatIfCommand(),
-          CompareCommand(), MarginsCommand(), LongestCommand(), TablesCommand(), CheckCommand(),  MixCommand(),   ExportCommand(),  ImportCommand()};
+  return {PlanCommand(),   NewCommand(),     ReportCommand(),  GraphCommand(),   BailoutCommand(),
+          WhatIfCommand(), CompareCommand(), MarginsCommand(), LongestCommand(), TablesCommand(),
+          CheckCommand(),  MixCommand(),     ExportCommand(),  ImportCommand()};
 }
 
 }  // namespace tav
