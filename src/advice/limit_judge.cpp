@@ -173,7 +173,7 @@ BrokenLimit LimitJudge::OfDive(const PlannedDive& dive) const {
   std::vector<Finding> findings;
   plan_check::CheckCeilings({checked, words_, segments, findings});
   if (HasDanger(findings)) return {Kind::Ceiling, {}, Kind::Ceiling, {}, Worst(findings, Severity::Danger)};
-  if (const BrokenLimit oxygen = OfOxygen(checked, segments, words_); oxygen.IsBroken()) return oxygen;
+  if (BrokenLimit oxygen = OfOxygen(checked, segments, words_); oxygen.IsBroken()) return oxygen;
   const DiveTemplate& settings = dive.record.Template;
   if (!JudgesGas(settings)) return {};
   return OwnGas(StoresOf(dive.plan.loadedRows, settings, settings.Cylinders), settings.Metric);

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "compute/compute.h"
@@ -55,8 +56,8 @@ std::string WordsWithAmount(const BrokenLimit& limit, const AdviceWords& words);
 /// reserve. Several threads may use one.
 class LimitJudge {
  public:
-  LimitJudge(const DiveLimits& limits, const ModelChoice& model, const EndState* before, const AdviceWords& words)
-      : limits_(limits), model_(model), before_(before), words_(words) {}
+  LimitJudge(const DiveLimits& limits, const ModelChoice& model, const EndState* before, AdviceWords words)
+      : limits_(limits), model_(model), before_(before), words_(std::move(words)) {}
 
   /// Gas is asked about: a limit that the user has, of a dive with cylinders.
   [[nodiscard]] bool JudgesGas(const DiveTemplate& settings) const {

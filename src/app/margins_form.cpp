@@ -238,6 +238,7 @@ void frmMargins::ShowMap() {
       map.feet.push_back({static_cast<int>(i % columns), minutes + " " + T(Text::WhatIfMinutes)});
     }
     std::vector<std::vector<GridCell>> legend;
+    legend.reserve(marks.size());
     for (const MarginMark& mark : marks) {
       legend.push_back({GridCell{std::string(1, mark.letter), -1, true}, GridCell{mark.words}});
     }

@@ -73,7 +73,7 @@ class CellMap : public Control {
   void PressReturn() {
     if (CanAct() && Selected >= 0) Fire(Return);
   }
-  void GoOn() { Fire(More); }
+  void GoOn() const { Fire(More); }
 };
 
 }  // namespace tav

@@ -8,7 +8,7 @@
 namespace tav {
 namespace {
 
-QColor Shown(Colour colour) { return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF); }
+QColor Shown(Colour colour) { return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF}; }
 
 constexpr int kGap = 4;  // pixels between heads and cells
 

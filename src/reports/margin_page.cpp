@@ -50,6 +50,8 @@ class Page {
  private:
   [[nodiscard]] double Width() const { return (kRight - kLeft) / grid_.Columns(); }
   [[nodiscard]] double Height() const { return (kBottom - kTop) / grid_.Rows(); }
+  [[nodiscard]] int Column(std::size_t index) const { return static_cast<int>(index) % grid_.Columns(); }
+  [[nodiscard]] int Row(std::size_t index) const { return static_cast<int>(index) / grid_.Columns(); }
   [[nodiscard]] double X(double column) const { return kLeft + column * Width(); }
   [[nodiscard]] double Y(double row) const { return kTop + row * Height(); }
 
@@ -69,9 +71,8 @@ class Page {
   }
 
   void Cell(std::size_t index) {
-    const auto columns = static_cast<std::size_t>(grid_.Columns());
-    const auto column = static_cast<double>(index % columns);
-    const auto row = static_cast<double>(index / columns);
+    const int column = Column(index);
+    const int row = Row(index);
     const MarginCell& cell = cells_[index];
     const MarginMark& mark = MarkOf(cell, marks_);
     constexpr double kBetween = 0.02;
@@ -86,11 +87,10 @@ class Page {
   }
 
   void Planned() {
-    const auto columns = static_cast<std::size_t>(grid_.Columns());
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       if (cells_[i].longer != 0 || cells_[i].deeper != 0) continue;
-      const auto column = static_cast<double>(i % columns);
-      const auto row = static_cast<double>(i / columns);
+      const int column = Column(i);
+      const int row = Row(i);
       for (const double more : {0.0, 0.03, 0.06}) {
         out_.PrintBoxOutline(X(column) - more, Y(row) - more, X(column + 1) + more, Y(row + 1) + more);
       }
@@ -102,7 +102,8 @@ class Page {
     const double step = RunTimeStep(cells_);
     const int columns = grid_.Columns();
     const auto band = [&](int column, int row) {
-      return RunTimeBand(cells_[static_cast<std::size_t>(row * columns + column)], step);
+      const auto index = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns);
+      return RunTimeBand(cells_[index + static_cast<std::size_t>(column)], step);
     };
     for (int row = 0; row < grid_.Rows(); ++row) {
       for (int column = 0; column < columns; ++column) {
