@@ -51,9 +51,13 @@ echo "== side by side, as tavplan has them"
 keys ctrl+shift+k
 focus "^Comparison: now.tav"
 shot compare "^Comparison"
-keys alt+c
-text=$(timeout 10 "$clipboard" 2>/dev/null)
-grep -q "^Run time" <<<"$text" || fail "the table is not on the clipboard: $text"
+# The program offers the table a moment after the key.
+copies_the_table() {
+  keys alt+c
+  text=$(timeout 10 "$clipboard" 2>/dev/null)
+  grep -q "^Run time" <<<"$text"
+}
+await "the table is not on the clipboard" copies_the_table
 figures=$(grep '^Run time' <<<"$text" | grep -oE '[0-9]+' | head -2 | tr '\n' ' ')
 [ "$figures" = "$(run_time "$work/kept.tav") $(run_time "$work/now.tav") " ] || fail "the run times are not those: $text"
 grep -Eq 'GF low-high +30/85 +40/80' <<<"$text" || fail "the gradient factors do not stand beside each other"

@@ -60,13 +60,14 @@ save_again() {
   keys ctrl+s
   await "$1 is not saved" test "$1" -nt "$work/out"
 }
-# types a path into the file dialog that is open
+# types a path into the file dialog that is open; what is saved is there when the step ends
 choose_file() {
   focus "$1"
   keys ctrl+a
   type_text "$2"
   keys Return
   await "the file dialog stays" gone "$1"
+  [[ $1 != *Save* ]] || await "$2 is not saved" test -s "$2"
 }
 
 # the first display that is free; its number comes when it takes clients
