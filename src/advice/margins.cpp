@@ -123,21 +123,23 @@ BrokenLimit Margins::Broken(const PlannedDive& dive, Single longer, Single deepe
   return judge_.OfTotals(dive.plan);
 }
 
-std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads) const {
+std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads,
+                                       const std::function<void(std::size_t done)>& tell) const {
   const int columns = grid.Columns();
   std::vector<MarginCell> cells(static_cast<std::size_t>(columns * grid.Rows()));
   std::atomic<std::size_t> next = 0;
   std::mutex door;
   std::exception_ptr failure;
-  const auto compute = [&] {
+  const auto compute = [&](bool here) {
     for (std::size_t i = next++; i < cells.size(); i = next++) {
       const auto n = static_cast<int>(i);
       cells[i] = At(grid.longer.At(n % columns), grid.deeper.At(n / columns));
+      if (here && tell) tell(i + 1);
     }
   };
-  const auto work = [&] {
+  const auto work = [&](bool here) {
     try {
-      compute();
+      compute(here);
     } catch (...) {
       next = cells.size();
       const std::lock_guard lock(door);
@@ -145,8 +147,8 @@ std::vector<MarginCell> Margins::Cells(const MarginGrid& grid, int threads) cons
     }
   };
   std::vector<std::jthread> helpers;
-  for (int i = 1; i < threads; ++i) helpers.emplace_back(work);
-  work();
+  for (int i = 1; i < threads; ++i) helpers.emplace_back(work, false);
+  work(true);
   helpers.clear();  // waits for them
   if (failure) std::rethrow_exception(failure);
   return cells;

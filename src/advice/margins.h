@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -88,6 +89,8 @@ class Margins {
     return Settings().Blends.at(static_cast<std::size_t>(record_.UserActions.getmixnumber(leg_))).Name;
   }
   [[nodiscard]] bool IsRepetitive() const { return before_.has_value(); }
+  /// How the dive before in the series ended; nullptr for a first dive.
+  [[nodiscard]] const EndState* Before() const { return before_ ? &*before_ : nullptr; }
   [[nodiscard]] const ModelChoice& Model() const { return model_; }
   [[nodiscard]] const DiveTemplate& Settings() const { return record_.Template; }
   [[nodiscard]] const DiveLimits& Limits() const { return judge_.Limits(); }
@@ -103,8 +106,10 @@ class Margins {
   /// The same without what costs most: no gas is lost and no loop left. A limit that it breaks is one that At breaks,
   /// too, perhaps after another.
   [[nodiscard]] MarginCell Sketched(Single longer, Single deeper) const { return Judged(longer, deeper, false); }
-  /// All cells, row by row, each row from the shortest leg to the longest, worked out by as many threads.
-  [[nodiscard]] std::vector<MarginCell> Cells(const MarginGrid& grid, int threads = 1) const;
+  /// All cells, row by row, each row from the shortest leg to the longest, worked out by as many threads. `tell` is
+  /// called by this thread after each cell of its own with about how many are done; what it throws ends the work.
+  [[nodiscard]] std::vector<MarginCell> Cells(const MarginGrid& grid, int threads = 1,
+                                              const std::function<void(std::size_t done)>& tell = {}) const;
 
   /// The first whole number of minutes, counted up from the shortest that the way of the leg allows, whose next minute
   /// breaks a limit: asks about one more minute, beginning with an empty `stay`. False when that was the last one.
@@ -125,7 +130,6 @@ class Margins {
   /// The first whole number of minutes that the way of a leg allows.
   [[nodiscard]] int ShortestOf(DiveRecord dive, std::int16_t leg) const;
   [[nodiscard]] ComputedPlan Computed(const DiveRecord& dive) const;
-  [[nodiscard]] const EndState* Before() const { return before_ ? &*before_ : nullptr; }
   /// The plan with a gas lost.
   struct Loss {
     std::string gas;

@@ -1,5 +1,7 @@
 #include "app/kept_plans.h"
 
+#include <algorithm>
+
 #include "figures/model_name.h"
 #include "graph/overlay_line.h"
 #include "model/text_id.h"
@@ -27,10 +29,23 @@ std::string KeptPlans::Keep(std::int16_t document) {
   return {};
 }
 
-void KeptPlans::Keep(ComparedPlan plan, std::int16_t document) {
+KeptPlans::Kept KeptPlans::Of(ComparedPlan plan, std::int16_t document) const {
   plan.name = AsItIs(document).name + " " + plan.name;
   plan.detail = DeepestLeg(plan, AdviceWords(services_.texts, services_.platform.separators, plan.Settings().Metric));
-  kept_.push_back({std::move(plan), document, services_.forms(document).Opening()});
+  return {std::move(plan), document, services_.forms(document).Opening()};
+}
+
+void KeptPlans::Keep(ComparedPlan plan, std::int16_t document) {
+  Kept kept = Of(std::move(plan), document);
+  std::erase_if(kept_,
+                [&](const Kept& other) { return other.document == document && other.plan.name == kept.plan.name; });
+  kept_.push_back(std::move(kept));
+  Draw();
+}
+
+void KeptPlans::Look(std::optional<ComparedPlan> plan, std::int16_t document) {
+  looked_.reset();
+  if (plan) looked_ = Of(std::move(*plan), document);
   Draw();
 }
 
@@ -47,10 +62,13 @@ void KeptPlans::Show(std::size_t index, bool shown) {
 
 void KeptPlans::Draw() const {
   std::vector<PlanLooks::Kept> lines;
-  for (const auto& [plan, document, opening, shown] : kept_) {
-    if (!shown) continue;
-    lines.push_back({{LineOf(plan.column.rows), plan.detail}, plan.Settings().Metric, document, opening});
-  }
+  const auto add = [&](const Kept& kept) {
+    if (!kept.shown) return;
+    const ComparedPlan& plan = kept.plan;
+    lines.push_back({{LineOf(plan.column.rows), plan.detail}, plan.Settings().Metric, kept.document, kept.opening});
+  };
+  std::ranges::for_each(kept_, add);
+  if (looked_) add(*looked_);
   looks_.ShowKept(std::move(lines));
 }
 

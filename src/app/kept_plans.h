@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,8 +28,10 @@ class KeptPlans {
 
   /// Keeps a document as it is now. Why it can't be, in words; empty when it is kept.
   std::string Keep(std::int16_t document);
-  /// Keeps what a document would become; its name follows that of the document.
+  /// Keeps what a document would become, in place of one of that name; its name follows that of the document.
   void Keep(ComparedPlan plan, std::int16_t document);
+  /// Draws what a document would become thin over it, in place of the one looked at before; nothing for none.
+  void Look(std::optional<ComparedPlan> plan, std::int16_t document);
   void Clear();
   void Show(std::size_t index, bool shown);
   [[nodiscard]] const std::vector<Kept>& Plans() const { return kept_; }
@@ -39,10 +42,13 @@ class KeptPlans {
 
  private:
   void Draw() const;
+  /// Named after its document, with its deepest leg told.
+  [[nodiscard]] Kept Of(ComparedPlan plan, std::int16_t document) const;
 
   const MainServices& services_;
   PlanLooks& looks_;
   std::vector<Kept> kept_;
+  std::optional<Kept> looked_;  ///< at
   int number_ = 0;
 };
 

@@ -101,18 +101,7 @@ void frmMain::WirePlan() {
   mnuPrint.Click = [this] { reports_.Print(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
-  mnuMargins.Click = [this] {
-    reports_.ShowMargins([this](std::int16_t action, Single minutes) -> std::string {
-      const auto active = Active();
-      if (!active) return {};
-      const auto legs = GraphEditsOf(*active);
-      const frmWaypointEditor& editor = services_.forms(*active);
-      if (!legs->BeginMove(editor.LastRowOf(action))) return legs->Refusal();
-      std::string refusal = legs->Move(0, minutes - editor.UserActions.gettime(action));
-      legs->EndMove(refusal.empty());
-      return refusal;
-    });
-  };
+  mnuMargins.Click = [this] { reports_.ShowMargins(ActsOfMargins()); };
   mnuKeepPlan.Click = [this] {
     const std::string told = reports_.KeepPlan();
     if (!told.empty()) sbStatusBar.Caption = told;
@@ -201,6 +190,22 @@ void frmMain::ShowHelp(HelpViewer::Page page) {
   } catch (const std::exception& error) {
     services_.Tell(services_.texts.Words(error), BoxIcon::None);
   }
+}
+
+MarginActs frmMain::ActsOfMargins() {
+  const auto setMinutes = [this](std::int16_t action, Single minutes) -> std::string {
+    const auto active = Active();
+    if (!active) return {};
+    const auto legs = GraphEditsOf(*active);
+    const frmWaypointEditor& editor = services_.forms(*active);
+    if (!legs->BeginMove(editor.LastRowOf(action))) return legs->Refusal();
+    std::string refusal = legs->Move(0, minutes - editor.UserActions.gettime(action));
+    legs->EndMove(refusal.empty());
+    return refusal;
+  };
+  return {[this](const ComparedPlan& plan) { reports_.Compare(plan); },
+          [this](std::optional<ComparedPlan> plan) { reports_.Look(std::move(plan)); }, setMinutes,
+          [this](const FilePicture& picture) { exchange_.ExportPicture(picture); }};
 }
 
 }  // namespace tav

@@ -22,8 +22,9 @@ frmMain::frmMain(MainServices services)
       templates_(services_, dialogServices_),
       dialogServices_(MakeDialogs()),
       looks_(services_),
-      panes_(services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuGoToPlan, sbFindings},
-             [this] { dialogs_.EditTemplate(); }),
+      panes_(
+          services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuMarginsPane, mnuGoToPlan, sbFindings},
+          [this] { dialogs_.EditTemplate(); }, ActsOfMargins()),
       dialogs_(services_, dialogServices_, panes_),
       recent_(*this, services_, mnuRecent, [this](const std::filesystem::path& file) { OpenFile(file); }),
       plans_(*this, services_, mnuWindowBar2),

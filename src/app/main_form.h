@@ -63,6 +63,7 @@ class frmMain : public Form {
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuPlanPane{*this, "mnuPlanPane"};
   MenuItem mnuCheckPane{*this, "mnuCheckPane"};
+  MenuItem mnuMarginsPane{*this, "mnuMarginsPane"};
   MenuItem mnuGoToPlan{*this, "mnuGoToPlan"};
   MenuItem mnuDefaultLayout{*this, "mnuDefaultLayout"};
   MenuItem mnuViewCeiling{*this, "mnuViewCeiling"};
@@ -241,6 +242,7 @@ class frmMain : public Form {
   void mnuHybrid_Click();
   /// Marks the tables of ZH-L16; the next evaluations take that of the mark.
   void MarkTable(bool b, bool c);
+  [[nodiscard]] MarginActs ActsOfMargins();
   /// Another model for the plan in front, with its whole series, and for what is computed from now on.
   void SetModel(const ModelChoice& model);
 

@@ -52,6 +52,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuView, 0, Text::MenuView, ""},
     {&frmMain::mnuPlanPane, 1, Text::MenuPlanPane, "F11"},
     {&frmMain::mnuCheckPane, 1, Text::MenuCheckPane, "Shift+F11"},
+    {&frmMain::mnuMarginsPane, 1, Text::MenuMarginsPane, "Ctrl+F11"},
     {&frmMain::mnuGoToPlan, 1, Text::MenuGoToPlan, "F12"},
     {&frmMain::mnuDefaultLayout, 1, Text::MenuDefaultLayout, ""},
     {&frmMain::mnuViewCeiling, 1, Text::MenuViewCeiling, ""},

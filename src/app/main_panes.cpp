@@ -17,7 +17,7 @@ std::string PieceName(int piece) { return "Panes" + std::to_string(piece); }
 }  // namespace
 
 MainPanes::MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks,
-                     const Commands& commands, std::function<void()> editTemplate)
+                     const Commands& commands, std::function<void()> editTemplate, MarginActs margins)
     : services_(services),
       looks_(looks),
       findings_(commands.findings),
@@ -28,14 +28,15 @@ MainPanes::MainPanes(const MainServices& services, const DialogServices& dialogs
             looks_.SelectRows(document, first, last);
           },
           [this](std::int16_t document) { return planPane_.Refusal(document); }),
-      panes_{{planPane_, commands.plan}, {checkPane_, commands.check}} {
+      marginsPane_(dialogs, std::move(margins)),
+      panes_{{planPane_, commands.plan}, {checkPane_, commands.check}, {marginsPane_, commands.margins, false}} {
   for (const Pane& pane : panes_) {
     pane.entry.Click = [this, &pane] {
       Show(pane, !pane.entry.Checked);
       if (pane.entry.Checked) services_.view.FocusPane(pane.form);
     };
   }
-  commands.findings.Click = [this] { ShowAndFocus(panes_.back()); };
+  commands.findings.Click = [this] { ShowAndFocus(panes_.at(1)); };
   commands.goToPlan.Click = [this] { ShowAndFocus(panes_.front()); };
 }
 
@@ -52,6 +53,7 @@ PlanPaneServices MainPanes::PaneServices(const DialogServices& dialogs, std::fun
 
 void MainPanes::Show(const Pane& pane, bool shown) {
   pane.form.Finish();
+  if (!shown && pane.entry.Checked) pane.form.Hidden();
   pane.entry.Checked = shown;
   if (shown && !pane.form.IsLoaded()) pane.form.Load();
   if (shown) pane.form.ShowDocument(services_.Active());
@@ -156,7 +158,7 @@ void MainPanes::Restore() {
 }
 
 void MainPanes::DefaultLayout() {
-  for (const Pane& pane : panes_) Show(pane, true);
+  for (const Pane& pane : panes_) Show(pane, pane.atFirst);
   services_.view.PlacePanes();
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/margins_pane.h"
 #include "app/plan_looks.h"
 #include "dialogs/check_pane.h"
 #include "dialogs/plan_pane.h"
@@ -19,27 +20,30 @@ class MainPanes {
   struct Pane {
     PaneForm& form;
     MenuItem& entry;
+    bool atFirst = true;  ///< shown at the very first start, beside the graphs; else below them when it is asked for
   };
   /// What shows and hides them.
   struct Commands {
     MenuItem& plan;
     MenuItem& check;
+    MenuItem& margins;
     MenuItem& goToPlan;
     Button& findings;  ///< in the status bar: how many there are
   };
 
   /// `editTemplate` is the command of the plan pane.
   MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks, const Commands& commands,
-            std::function<void()> editTemplate);
+            std::function<void()> editTemplate, MarginActs margins);
 
   [[nodiscard]] const std::vector<Pane>& All() const { return panes_; }
   frmPlanPane& PlanPane() { return planPane_; }
   frmCheckPane& CheckPane() { return checkPane_; }
+  frmMarginsPane& MarginsPane() { return marginsPane_; }
 
-  /// Shows those that were shown when they were kept, where they were; all of them at first.
+  /// Shows those that were shown when they were kept, where they were; as at the very first start without such.
   void Restore();
   void Keep() const;
-  /// All of them as at the very first start.
+  /// As at the very first start.
   void DefaultLayout();
   /// The user has shown or hidden a pane by its own means.
   void Shown(const PaneForm& shown, bool isShown);
@@ -72,6 +76,7 @@ class MainPanes {
   Button& findings_;
   frmPlanPane planPane_;
   frmCheckPane checkPane_;
+  frmMarginsPane marginsPane_;
   std::vector<Pane> panes_;
 };
 

@@ -9,6 +9,7 @@
 #include "controls/controls.h"
 #include "graph/overlay_line.h"
 #include "picture/profile_plot.h"
+#include "platform/file_picture.h"
 
 namespace tav {
 
@@ -85,8 +86,10 @@ class MainView {
   virtual void Arrange(Arrangement arrangement) = 0;
   /// Shows all of the graph. False when all of it is shown.
   virtual bool ResetZoom(std::int16_t document) = 0;
-  /// Writes a picture of the graph; false when that failed.
+  /// Writes a picture of the graph as SVG or PNG; false when that failed.
   virtual bool ExportGraph(std::int16_t document, const std::string& file, bool svg) = 0;
+  /// The same of any picture.
+  virtual bool SavePicture(const std::string& file, const FilePicture& picture, bool svg) = 0;
 };
 
 }  // namespace tav

@@ -1,19 +1,15 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "advice/margins.h"
-#include "app/kept_plans.h"
+#include "app/margin_work.h"
 #include "controls/cell_map.h"
 #include "controls/grid.h"
 #include "dialogs/dialog_form.h"
+#include "dialogs/limit_fields.h"
 #include "pages/print_preview.h"
-#include "reports/margin_map.h"
 
 namespace tav {
 
@@ -22,13 +18,7 @@ namespace tav {
 /// do, some cells at a time, and begins again with the next change. Limits that are typed are kept with the plan.
 class frmMargins : public DialogForm {
  public:
-  struct Acts {
-    /// Keeps a dive for comparison and shows the comparison.
-    std::function<void(const ComparedPlan& plan)> compare;
-    /// Gives a leg of the plan in front other minutes, in one step of undo. Why it can't be, or nothing.
-    std::function<std::string(std::int16_t action, Single minutes)> setMinutes;
-  };
-  frmMargins(const DialogServices& services, PrintPreview& report, Acts acts);
+  frmMargins(const DialogServices& services, PrintPreview& report, MarginActs acts);
 
   Label lbLeg{*this, "lbLeg"};
   ComboBox cbLeg{*this, "cbLeg"};
@@ -52,23 +42,21 @@ class frmMargins : public DialogForm {
   Label lbHint{*this, "lbHint"};
   Button cbCompare{*this, "cbCompare"};
   Button cbPrint{*this, "cbPrint"};
+  Button cbExport{*this, "cbExport"};
   Button Command1{*this, "Command1"};  ///< close
 
   /// A plan has been computed anew, or another window is the active one.
   void PlanChanged();
-  [[nodiscard]] const std::vector<MarginCell>& Cells() const { return cells_; }
-  [[nodiscard]] const std::optional<LongestStay>& Stay() const { return stay_; }
+  [[nodiscard]] const MarginWork& Work() const { return work_; }
 
  protected:
   void Form_Load() override;
+  void Form_Unload() override;
 
  private:
   /// Takes up a plan or a leg anew, and forgets what was computed.
   void Begin();
-  /// Computes for some milliseconds: the map without losses, then with them, then the longest stay and the times
-  /// without a stop.
   void GoOn();
-  [[nodiscard]] MarginCell CellOf(std::size_t index, bool losses) const;
   void ShowLegs();
   void ShowLimits();
   void TakeLimits();
@@ -76,29 +64,21 @@ class frmMargins : public DialogForm {
   void ShowCell();
   void ShowStay();
   void ShowNoStop();
-  void ShowState();
+  void ShowLook();
   void Take();
   void Compare();
   void Print();
-  [[nodiscard]] AdviceWords Words() const { return {texts_, platform_.separators, metric_}; }
-  /// "+6 min, +2 m"
-  [[nodiscard]] std::string NameOf(const MarginCell& cell) const;
-  /// The limit in a field; nothing in an empty one. A text that is none is marked, and `sound` is false then.
-  [[nodiscard]] std::optional<Single> Limit(TextBox& field, bool zero, double most, bool& sound);
+  void Export();
 
   PrintPreview& report_;
-  Acts acts_;
-  std::int16_t document_ = -1;  ///< -1 for none
+  MarginActs acts_;
+  MarginWork work_{services_, MarginWork::Extent::All};
+  LimitFields limits_{platform_, texts_, {tbRun, tbStops, tbCNS, ckGas}};
+  std::optional<std::int16_t> document_;
   int opening_ = 0;
-  bool metric_ = true;
   std::vector<std::int16_t> legs_;      ///< actions, in the order of the list
+  bool looks_ = false;                  ///< a dive of the map is drawn over the plan
   std::optional<std::int16_t> chosen_;  ///< the leg that the user has chosen; else the deepest
-  std::unique_ptr<Margins> margins_;
-  MarginGrid grid_ = MarginGrid::Usual(true);
-  std::vector<MarginCell> cells_;  ///< from `judged_` on as they are without their losses
-  std::size_t judged_ = 0;
-  std::optional<LongestStay> stay_;
-  std::optional<std::vector<NoStopTime>> noStop_;
 };
 
 }  // namespace tav

@@ -90,25 +90,40 @@ void PlanExchange::Export() const {
   services_.TellNotes(file, notes);
 }
 
-void PlanExchange::ExportGraph(bool svg) const {
-  const auto active = services_.Active();
-  if (!active) return;
-  const std::string extension = svg ? ".svg" : ".png";
-  const fs::path name = fs::path(services_.Document(*active).ProfileName).replace_extension(extension);
+fs::path PlanExchange::AskForPicture(std::int16_t document, int title, const std::string& filter,
+                                     const std::string& extension) const {
+  const fs::path name = fs::path(services_.Document(document).ProfileName).replace_extension(extension);
   SettingsStore& settings = services_.platform.settings;
-  const fs::path file = services_.platform.files.Save({services_.T(svg ? Text::ExportSvg : Text::ExportPng),
-                                                       services_.T(svg ? Text::SvgFilter : Text::PngFilter),
-                                                       FolderUsedLast(settings, kPlanFolder),
-                                                       name.string(),
-                                                       extension,
-                                                       {}});
-  if (file.empty()) return;
-  KeepFolder(settings, kPlanFolder, file);
-  if (services_.view.ExportGraph(*active, file.string(), svg)) {
+  fs::path file = services_.platform.files.Save(
+      {services_.T(title), filter, FolderUsedLast(settings, kPlanFolder), name.string(), extension, {}});
+  if (!file.empty()) KeepFolder(settings, kPlanFolder, file);
+  return file;
+}
+
+void PlanExchange::TellWritten(const fs::path& file, bool written) const {
+  if (written) {
     services_.Status(Text::StatusWritten, file.filename().string());
   } else {
     services_.Tell(services_.T(Text::FileNotSaved) + "\r\n" + file.string(), BoxIcon::Stop);
   }
+}
+
+void PlanExchange::ExportGraph(bool svg) const {
+  const auto active = services_.Active();
+  if (!active) return;
+  const fs::path file = AskForPicture(*active, svg ? Text::ExportSvg : Text::ExportPng,
+                                      services_.T(svg ? Text::SvgFilter : Text::PngFilter), svg ? ".svg" : ".png");
+  if (!file.empty()) TellWritten(file, services_.view.ExportGraph(*active, file.string(), svg));
+}
+
+void PlanExchange::ExportPicture(const FilePicture& picture) const {
+  const auto active = services_.Active();
+  if (!active) return;
+  const std::string filter = services_.T(Text::PngFilter) + ";;" + services_.T(Text::SvgFilter);
+  const fs::path file = AskForPicture(*active, Text::MarginsExportTitle, filter, ".png");
+  if (file.empty()) return;
+  const bool svg = file.extension() == ".svg" || file.extension() == ".SVG";
+  TellWritten(file, services_.view.SavePicture(file.string(), picture, svg));
 }
 
 }  // namespace tav

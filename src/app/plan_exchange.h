@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <string>
 
 #include "app/main_services.h"
 
@@ -19,8 +21,15 @@ class PlanExchange {
   void Export() const;
   /// The graph of the plan in front, as SVG or PNG.
   void ExportGraph(bool svg) const;
+  /// A picture of the plan in front, as SVG or, where its name ends so, as PNG.
+  void ExportPicture(const FilePicture& picture) const;
 
  private:
+  /// The file for a picture of a document, beside its plan at first; empty when the user gave up.
+  [[nodiscard]] std::filesystem::path AskForPicture(std::int16_t document, int title, const std::string& filter,
+                                                    const std::string& extension) const;
+  void TellWritten(const std::filesystem::path& file, bool written) const;
+
   const MainServices& services_;
 };
 

@@ -1,5 +1,7 @@
 #include "app/plan_reports.h"
 
+#include <utility>
+
 #include "advice/stop_reason.h"
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
@@ -82,25 +84,28 @@ void PlanReports::ShowComparison() {
   services_.platform.windows.Show(window);
 }
 
-void PlanReports::ShowMargins(std::function<std::string(std::int16_t action, Single minutes)> setMinutes) {
+void PlanReports::ShowMargins(const MarginActs& acts) {
   if (!services_.Active()) return;
   auto window = margins_.lock();
   if (window && window->IsLoaded()) {
     window->BringToFront();
     return;
   }
-  window = std::make_shared<frmMargins>(dialogs_, services_.report,
-                                        frmMargins::Acts{[this](const ComparedPlan& plan) {
-                                                           if (const auto active = services_.Active())
-                                                             kept_.Keep(plan, *active);
-                                                           if (const auto open = comparison_.lock();
-                                                               open && open->IsLoaded())
-                                                             open->PlanChanged();
-                                                           ShowComparison();
-                                                         },
-                                                         std::move(setMinutes)});
+  window = std::make_shared<frmMargins>(dialogs_, services_.report, acts);
   margins_ = window;
   services_.platform.windows.Show(window);
+}
+
+void PlanReports::Compare(const ComparedPlan& plan) {
+  Look({});  // it is kept now
+  if (const auto active = services_.Active()) kept_.Keep(plan, *active);
+  if (const auto open = comparison_.lock(); open && open->IsLoaded()) open->PlanChanged();
+  ShowComparison();
+}
+
+void PlanReports::Look(std::optional<ComparedPlan> plan) {
+  const auto active = services_.Active();
+  kept_.Look(active ? std::move(plan) : std::nullopt, active.value_or(0));
 }
 
 void PlanReports::Follow() const {

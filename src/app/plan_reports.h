@@ -40,9 +40,12 @@ class PlanReports {
   [[nodiscard]] bool HasKept() const { return !kept_.Plans().empty(); }
   /// Opens the window of kept and open plans side by side, or brings it to the front.
   void ShowComparison();
-  /// Opens the map of margins of the plan in front, or brings it to the front. `setMinutes` gives a leg of that plan
-  /// other minutes, and answers why it can't be.
-  void ShowMargins(std::function<std::string(std::int16_t action, Single minutes)> setMinutes);
+  /// Opens the map of margins of the plan in front, or brings it to the front.
+  void ShowMargins(const MarginActs& acts);
+  /// Keeps a dive for comparison with the plan in front, and shows the comparison.
+  void Compare(const ComparedPlan& plan);
+  /// Draws a dive thin over the plan in front, in place of the last one; nothing for none.
+  void Look(std::optional<ComparedPlan> plan);
   /// A document has been changed or closed: that line follows.
   void FollowLine(std::int16_t document) { lines_.Follow(document); }
   /// The plan in front is another one, or has been computed anew: the comparison follows.

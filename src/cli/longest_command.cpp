@@ -1,9 +1,11 @@
+#include <filesystem>
 #include <ostream>
 
 #include "cli/command_frame.h"
 #include "cli/limit_options.h"
 #include "cli/long_work.h"
 #include "cli/option_values.h"
+#include "cli/page_output.h"
 #include "cli/terminal_text.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
@@ -29,12 +31,14 @@ constexpr const char* kExamples = R"(
   tavplan longest dives/wreck.tav            with the limits that the plan tells
   tavplan longest a.tav --max-run 90 --max-cns 80
   tavplan longest a.tav --no-stop
+  tavplan longest a.tav --pdf a.pdf
 )";
 
 struct Given {
   std::string file;
   std::string dive;
   bool noStop = false;
+  std::string pdf;
   LimitWish limits;
 };
 
@@ -85,9 +89,17 @@ void Run(const Given& given, CommandFrame& frame) {
   frame.MarkDecompression(margins.Decompresses());
   std::ostream& out = frame.Out();
   LongWork work(frame.Terminal());
+  const auto print = [&](const std::optional<LongestStay>& stay, const std::vector<NoStopTime>& times) {
+    PageOutput pdf(frame, given.pdf);
+    PrintLongest(pdf.Pages(), std::filesystem::path(given.file).filename().string(), margins, stay, times, words);
+    pdf.WritePdf(words.T(Text::LongestTitle), work);
+  };
+  const bool text = given.pdf.empty();
   if (given.noStop) {
     const std::vector<NoStopTime> times = margins.NoStopTimes();
+    if (!text) print(std::nullopt, times);
     if (frame.Common().json) return WriteTimes(margins.LegGas(), times, out);
+    if (!text) return;
     for (const std::string& line : NoStopLines(times, margins, words)) {
       out << (line.starts_with(' ') ? line + "\n" : Wrapped(line, 0));
     }
@@ -96,10 +108,12 @@ void Run(const Given& given, CommandFrame& frame) {
   int done = 0;
   LongestStay stay;
   while (margins.Lengthen(stay)) work.Step(++done, LongestStay::kMost);
+  if (!text) print(stay, {});
   if (frame.Common().json) return WriteStay(stay, out);
+  if (!text) return;
   out << MarginHead(given.file, margins, words) << "\n\n";
   for (const std::string& line : LongestStayWords(stay, margins, words)) out << Wrapped(line, 0);
-  for (const std::string& note : MarginNotes(margins, words)) out << Wrapped(note, 0);
+  for (const std::string& note : JudgeNotes(margins, words)) out << Wrapped(note, 0);
 }
 
 }  // namespace
@@ -111,6 +125,7 @@ Command LongestCommand() {
       PlanFile(given->file),
       DiveOption(given->dive, "the last"),
       {"--no-stop", "", "How long without a stop, by depth", &given->noStop},
+      PdfOption(given->pdf, "Write the same to this file, and no text"),
   };
   AddLimits(command, given->limits);
   command.AddJson("Print the same as JSON");

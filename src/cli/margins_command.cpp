@@ -104,22 +104,23 @@ void Run(const Given& given, CommandFrame& frame) {
   if (!grid.IsSound())
     throw OptionError({Text::MarginsRange, {"--longer, --deeper", given.longer + " " + given.deeper}});
   frame.MarkDecompression(margins.Decompresses());
+  LongWork work(frame.Terminal());
   const std::vector<MarginCell> cells =
-      margins.Cells(grid, static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
+      margins.Cells(grid, static_cast<int>(std::max(1U, std::thread::hardware_concurrency())),
+                    [&](std::size_t done) { work.Step(static_cast<int>(done), grid.Columns() * grid.Rows()); });
   const std::string name = std::filesystem::path(given.file).filename().string();
   if (!given.pdf.empty()) {
     PageOutput pdf(frame, given.pdf);
     PrintMargins(pdf.Pages(), name, margins, grid, cells, margins.Longest(), words);
-    LongWork work(frame.Terminal());
     pdf.WritePdf(words.T(Text::MarginsTitle), work);
   }
   if (!given.svg.empty()) {
     constexpr double kPixel = 15;  // drawing units
-    SvgSurface surface(1000 * kPixel, 700 * kPixel);
-    DrawMargins(surface, name, margins, grid, cells, words);
-    const std::string said = MarginMapText(grid, cells, words);
+    const FilePicture picture = MarginPicture(name, margins, grid, cells, words);
+    SvgSurface surface(picture.width * kPixel, picture.height * kPixel);
+    picture.draw(surface);
     frame.Save(given.svg, [&] {
-      return WriteTextFile(given.svg, surface.File(MarginHead(name, margins, words), said, SvgSurface::Unit::Pixel));
+      return WriteTextFile(given.svg, surface.File(picture.title, picture.description, SvgSurface::Unit::Pixel));
     });
   }
   if (frame.Common().json) return WriteJson(margins, cells, frame.Out());

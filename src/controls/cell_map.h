@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,7 @@ class CellMap : public Control {
   Property<int> Pointed{Changed, -1};  ///< the cell under the pointer; -1 for none
 
   Event Click;   ///< the user looks at another cell, or the pointer has left
+  Event Chosen;  ///< another cell has been selected, by a click or by the arrow keys
   Event Return;  ///< and wants it: Return, or a double click
 
   /// Something is still to be computed: the view fires `More` whenever it has nothing else to do.
@@ -50,9 +52,11 @@ class CellMap : public Control {
   Event More;
 
   void Select(int cell) {
-    if (!CanAct() || cell < 0 || cell >= static_cast<int>(Map.Get().cells.size()) || cell == Selected) return;
+    // One that is still to come can be selected.
+    if (!CanAct() || cell < 0 || cell >= Map.Get().columns * Map.Get().rows || cell == Selected) return;
     Selected = cell;
     Fire(Click);
+    Fire(Chosen);
   }
   void Point(int cell) {
     const bool there = CanAct() && cell >= 0 && cell < static_cast<int>(Map.Get().cells.size());

@@ -17,6 +17,7 @@ struct GridCell {
   std::string fault = {};         ///< why what the cell holds can't be: it is marked, and this is its tool tip
   std::optional<bool> tick = {};  ///< a box to tick stands ahead of the text
   std::string tip = {};           ///< tool tip of a result; empty for the text itself
+  Colour fill = -1;               ///< of the ground of a result, for which its text has the right colour
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 

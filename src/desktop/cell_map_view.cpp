@@ -3,12 +3,11 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 
 namespace tav {
 namespace {
-
-QColor Shown(Colour colour) { return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF}; }
 
 constexpr int kGap = 4;  // pixels between heads and cells
 
@@ -30,18 +29,7 @@ CellMapView::CellMapView(QWidget* parent) : QWidget(parent) {
   });
 }
 
-CellMapView::~CellMapView() {
-  if (map_ != nullptr) map_->Changed = nullptr;
-}
-
-void CellMapView::Bind(CellMap& map) {
-  map_ = &map;
-  map.Changed = [this] { Show(); };
-  Show();
-}
-
-void CellMapView::Show() {
-  setEnabled(map_->Enabled);
+void CellMapView::Follow() {
   setAccessibleDescription(ToQt(map_->ToolTipText));
   if (map_->WantsMore && !more_.isActive()) more_.start();
   if (!map_->WantsMore) more_.stop();
@@ -49,7 +37,7 @@ void CellMapView::Show() {
 }
 
 QSize CellMapView::minimumSizeHint() const {
-  return {fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 16};
+  return {fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 10};
 }
 QSize CellMapView::sizeHint() const { return {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 26}; }
 
@@ -125,10 +113,10 @@ void CellMapView::PaintHeads(QPainter& painter) const {
 void CellMapView::PaintCell(QPainter& painter, int cell) const {
   const CellMap::Cell& shown = map_->Map.Get().cells[static_cast<std::size_t>(cell)];
   const QRect place = PlaceOf(cell);
-  painter.fillRect(place.adjusted(0, 0, -1, -1), Shown(shown.colour));
+  painter.fillRect(place.adjusted(0, 0, -1, -1), ColourOf(shown.colour));
   const QFontMetrics letters = fontMetrics();
   if (place.width() > letters.averageCharWidth() + 2 && place.height() > letters.ascent()) {
-    painter.setPen(Shown(shown.ink));
+    painter.setPen(ColourOf(shown.ink));
     painter.drawText(place, Qt::AlignCenter, QString(QLatin1Char(shown.letter)));
   }
 }

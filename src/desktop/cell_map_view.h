@@ -15,9 +15,10 @@ class CellMapView : public QWidget {
   explicit CellMapView(QWidget* parent);
   CellMapView(const CellMapView&) = delete;
   CellMapView& operator=(const CellMapView&) = delete;
-  ~CellMapView() override;
 
-  void Bind(CellMap& map);
+  void Bind(CellMap& map) { map_ = &map; }
+  /// The record has changed.
+  void Follow();
   [[nodiscard]] QSize minimumSizeHint() const override;
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -31,7 +32,6 @@ class CellMapView : public QWidget {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
-  void Show();
   /// The place of a cell in pixels; the heads stand around the whole.
   [[nodiscard]] QRect PlaceOf(int cell) const;
   /// The cell at a place; -1 beside the map.

@@ -308,8 +308,8 @@ void BindControl(Control& control, QWidget& widget) {
     });
   } else if (auto* map = dynamic_cast<CellMap*>(&control)) {
     auto& view = As<CellMapView>(control, widget);
-    ShowCommon(*map, view);
     view.Bind(*map);
+    Follow(*map, view, [&view] { view.Follow(); });
   } else if (auto* button = dynamic_cast<Button*>(&control)) {
     Bind(*button, As<QPushButton>(control, widget));
   } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {

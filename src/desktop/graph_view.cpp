@@ -1,6 +1,5 @@
 #include "desktop/graph_view.h"
 
-#include <QSaveFile>
 #include <QtWidgets>
 
 #include "app/program.h"
@@ -8,7 +7,6 @@
 #include "desktop/surface_widget.h"
 #include "model/text_id.h"
 #include "picture/graph_colours.h"
-#include "picture/svg_surface.h"
 
 namespace tav {
 namespace {
@@ -347,34 +345,11 @@ void GraphView::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Keyboard) ShowPopup();
 }
 
-QSize GraphView::PictureSize() const {
+FilePicture GraphView::Picture() {
   const QSize readable(1000, shown_.extras.tissues ? 1000 : 700);
-  return size().expandedTo(readable);
-}
-
-bool GraphView::ExportPng(const QString& file) {
-  constexpr double kScale = 2;
-  const QSize size = PictureSize();
-  QImage image(size * kScale, QImage::Format_RGB32);
-  image.setDevicePixelRatio(kScale);
-  image.setText(QStringLiteral("Description"), accessibleDescription());
-  {
-    QPainter painter(&image);
-    PainterSurface surface(painter, size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-    PlanPicture(plan_(), shown_.extras).Draw(surface);
-  }
-  QSaveFile out(file);
-  return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
-}
-
-bool GraphView::ExportSvg(const QString& file) {
-  const QSize size = PictureSize();
-  SvgSurface surface(size.width() * kUnitsPerPixel, size.height() * kUnitsPerPixel);
-  PlanPicture(plan_(), shown_.extras).Draw(surface);
-  const QByteArray svg = QByteArray::fromStdString(
-      surface.File(FromQt(accessibleName()), FromQt(accessibleDescription()), SvgSurface::Unit::Pixel));
-  QSaveFile out(file);
-  return out.open(QIODevice::WriteOnly) && out.write(svg) == svg.size() && out.commit();
+  const QSize size = this->size().expandedTo(readable);
+  return {size.width(), size.height(), FromQt(accessibleName()), FromQt(accessibleDescription()),
+          [this](DrawingSurface& surface) { PlanPicture(plan_(), shown_.extras).Draw(surface); }};
 }
 
 GraphView* MakeGraphView(Program& program, std::int16_t document) {

@@ -42,9 +42,8 @@ class GraphView : public QWidget, public GraphWindow {
   void Follow(const PlanLook& look);
   /// Shows all of it. False when all of it is shown.
   bool ResetZoom();
-  /// The whole graph as a picture. False when the file could not be written.
-  bool ExportPng(const QString& file);
-  bool ExportSvg(const QString& file);
+  /// The whole graph for a file; to be drawn while the view is there.
+  [[nodiscard]] FilePicture Picture();
 
   // GraphWindow
   void ShowReadOut(double x, double y, const std::string& text) override;
@@ -73,7 +72,6 @@ class GraphView : public QWidget, public GraphWindow {
   bool WaypointKey(const QKeyEvent& event);
   /// The pointer has moved, or Shift has gone down or up.
   void PointTo(QPointF position, bool wayOut);
-  [[nodiscard]] QSize PictureSize() const;
 
   DocumentForms& forms_;
   std::int16_t document_;

@@ -43,6 +43,7 @@ class MainWindow : public QMainWindow, public MainView {
   void Arrange(Arrangement arrangement) override;
   bool ResetZoom(std::int16_t document) override;
   bool ExportGraph(std::int16_t document, const std::string& file, bool svg) override;
+  bool SavePicture(const std::string& file, const FilePicture& picture, bool svg) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -6,6 +6,7 @@
 #include "desktop/graph_view.h"
 #include "desktop/icons.h"
 #include "desktop/main_window.h"
+#include "desktop/picture_file.h"
 #include "desktop/qt_text.h"
 
 namespace tav {
@@ -149,8 +150,11 @@ void MainWindow::Tile(bool rows) {
 bool MainWindow::ResetZoom(std::int16_t document) { return Of(document).graph->ResetZoom(); }
 
 bool MainWindow::ExportGraph(std::int16_t document, const std::string& file, bool svg) {
-  GraphView& graph = *Of(document).graph;
-  return svg ? graph.ExportSvg(ToQt(file)) : graph.ExportPng(ToQt(file));
+  return SavePicture(file, Of(document).graph->Picture(), svg);
+}
+
+bool MainWindow::SavePicture(const std::string& file, const FilePicture& picture, bool svg) {
+  return tav::SavePicture(ToQt(file), picture, svg);
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -50,16 +50,22 @@ class PaneArea : public QScrollArea {
 PaneDocks::PaneDocks(QMainWindow& window, frmMain& form, std::function<void()> leave)
     : QObject(&window), window_(window), leave_(std::move(leave)) {
   window.installEventFilter(this);
+  window.setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
   for (const MainPanes::Pane& pane : form.Panes().All()) {
     auto* dock = new QDockWidget(&window);
     dock->setObjectName(ToQt(pane.form.Name()));
     dock->hide();
     dock->installEventFilter(this);
-    window.addDockWidget(Qt::RightDockWidgetArea, dock);
     docks_[&pane.form] = dock;
-    order_ << dock;
-    widths_ << 0;
-    heights_ << 0;
+    if (pane.atFirst) {
+      window.addDockWidget(Qt::RightDockWidgetArea, dock);
+      order_ << dock;
+      widths_ << 0;
+      heights_ << 0;
+    } else {
+      window.addDockWidget(Qt::BottomDockWidgetArea, dock);
+      below_ << dock;
+    }
     // Also told while the window itself comes and goes, which is no choice of the user's.
     connect(dock->toggleViewAction(), &QAction::toggled, this, [&form, dock, shown = &pane.form](bool on) {
       if (form.IsLoaded() && on != dock->isHidden()) form.Panes().Shown(*shown, on);
@@ -99,7 +105,12 @@ void PaneDocks::Show(PaneForm& pane, bool shown) {
   dock.setVisible(shown);
   if (!shown) return;
   dock.raise();
-  if (!was) GiveSizes();
+  if (was) return;
+  GiveSizes();
+  // One that is below the graphs for the first time leaves them more than half of the height.
+  if (below_.contains(&dock) && !std::exchange(placedBelow_, true)) {
+    window_.resizeDocks({&dock}, {window_.height() * 2 / 5}, Qt::Vertical);
+  }
 }
 
 bool PaneDocks::AreWhole() const {
@@ -132,6 +143,11 @@ void PaneDocks::DefaultLayout() {
     widths_[i] = std::min(static_cast<int>(kWidth * factor), window_.width() / 2);
     heights_[i] = static_cast<int>((i == 0 ? kPlanHeight : kOtherHeight) * factor);
   }
+  for (QDockWidget* dock : below_) {
+    dock->setFloating(false);
+    window_.addDockWidget(Qt::BottomDockWidgetArea, dock);
+  }
+  placedBelow_ = false;
   GiveSizes();
 }
 
@@ -158,6 +174,7 @@ std::optional<std::vector<PaneForm*>> PaneDocks::Restore(const std::string& stat
     widths_[i] = parts[1 + i].toInt();
     heights_[i] = parts[1 + order_.size() + i].toInt();
   }
+  placedBelow_ = std::ranges::any_of(below_, [](const QDockWidget* dock) { return !dock->isHidden(); });
   std::vector<PaneForm*> shown;
   shown.reserve(docks_.size());
   for (const auto& [pane, dock] : docks_) {

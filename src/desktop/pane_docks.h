@@ -44,7 +44,9 @@ class PaneDocks : public QObject {
   QMainWindow& window_;
   std::function<void()> leave_;
   std::map<PaneForm*, QDockWidget*> docks_;
-  QList<QDockWidget*> order_;  ///< from the top, at first
+  QList<QDockWidget*> order_;  ///< beside the graphs, from the top, at first
+  QList<QDockWidget*> below_;  ///< below them, shown when they are asked for
+  bool placedBelow_ = false;   ///< one of these has been shown, and has the height that the user gave it
   QList<int> widths_;          ///< in that order, as they were when all were shown last
   QList<int> heights_;
   bool first_ = false;  ///< the first layout waits for the window to be shown

@@ -70,6 +70,15 @@ std::filesystem::path Ask(const FileDialogRequest& request, bool save) {
   }
   dialog.setSidebarUrls(places);
   if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
+  // Another kind of file is saved under a name that ends so.
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, save](const QString& filter) {
+    const auto ending = QRegularExpression(QStringLiteral("\\(\\*\\.(\\w+)\\)$")).match(filter);
+    if (!save || !ending.hasMatch()) return;
+    dialog.setDefaultSuffix(ending.captured(1));
+    const QStringList names = dialog.selectedFiles();
+    if (names.isEmpty() || QFileInfo(names[0]).isDir()) return;
+    dialog.selectFile(QFileInfo(names[0]).completeBaseName() + QLatin1Char('.') + ending.captured(1));
+  });
   const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
   dialog.setSidebarUrls(usual);  // Qt keeps them for all programs
   return chosen ? std::filesystem::path(FromQt(dialog.selectedFiles().constFirst())) : std::filesystem::path();

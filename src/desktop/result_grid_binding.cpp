@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "controls/grid.h"
+#include "desktop/qt_surface.h"
 #include "desktop/qt_text.h"
 #include "desktop/row_table.h"
 #include "desktop/text_colour.h"
@@ -50,11 +51,11 @@ void ShowCell(QTableWidgetItem& item, const GridCell& cell, bool atLeft) {
   font.setItalic(cell.italic);
   item.setData(Qt::FontRole, bold || cell.italic ? QVariant(font) : QVariant());
   const QPalette& palette = item.tableWidget()->palette();
-  item.setData(
-      Qt::ForegroundRole,
-      cell.colour < 0
-          ? QVariant()
-          : QVariant(TextColour(cell.colour, {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase)})));
+  const bool filled = cell.fill >= 0;
+  const QColor ground = filled ? ColourOf(cell.fill) : palette.color(QPalette::Base);
+  const QColor other = filled ? ground : palette.color(QPalette::AlternateBase);
+  item.setData(Qt::ForegroundRole, cell.colour < 0 ? QVariant() : QVariant(TextColour(cell.colour, {ground, other})));
+  item.setData(Qt::BackgroundRole, filled ? QVariant(QBrush(ground)) : QVariant());
 }
 
 /// Rows of sentences are as high as these are long, whatever room there is beside them.

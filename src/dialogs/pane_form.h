@@ -16,6 +16,8 @@ class PaneForm : public DialogForm {
   virtual void SelectRow(std::int16_t /*row*/) {}
   /// Stores what is being entered, ahead of a command.
   virtual void Finish() {}
+  /// The pane is shown no more.
+  virtual void Hidden() {}
   /// Where the keyboard starts.
   virtual void TakeFocus() {}
 

@@ -32,10 +32,28 @@ LimitsPage::LimitsPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame14", Te
 WarningsPage::WarningsPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame9", Text::TemplateWarnings) {
   Texts({{&cbWarnPPOLow, Text::TemplateWarnPPO2Low},
          {&cbWarnPPOHigh, Text::TemplateWarnPPO2High},
-         {&cbWarnMaxEND, Text::TemplateWarnEND}});
+         {&cbWarnMaxEND, Text::TemplateWarnEND},
+         {&Frame20, Text::TemplateDiveLimits},
+         {&lbRun, Text::MarginsRun},
+         {&lbStops, Text::MarginsStops},
+         {&lbCNS, Text::MarginsCNS},
+         {&ckGas, Text::MarginsGas}});
   sheet.Add(cbWarnPPOLow, &DiveTemplate::PPO2Low);
   sheet.Add(cbWarnPPOHigh, &DiveTemplate::PPO2High);
   sheet.Add(cbWarnMaxEND, &DiveTemplate::MaxEnd);
+  for (const TextBox* field : {&tbRun, &tbStops, &tbCNS}) sheet.Watch(*field);
+  sheet.Watch(ckGas);
+}
+
+void WarningsPage::Fill() { limits_.Show(LimitsOf(sheet_.Template())); }
+
+std::string WarningsPage::Fault() const {
+  return limits_.Read() ? "" : Frame20.Caption.Get() + ": " + T(Text::MarginsLimitFault);
+}
+
+void WarningsPage::Store(DiveTemplate& t) {
+  const auto limits = limits_.Read();
+  if (limits && *limits != LimitsOf(t)) t.Limits = limits;
 }
 
 }  // namespace tav

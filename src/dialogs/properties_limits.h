@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+
+#include "dialogs/limit_fields.h"
 #include "dialogs/template_page.h"
 
 namespace tav {
@@ -27,7 +30,7 @@ class LimitsPage : public TemplatePage {
   Label Label9{form_, "Label9"};
 };
 
-/// Which limits warn.
+/// Which limits warn, and which ones margins and the longest stay keep.
 class WarningsPage : public TemplatePage {
  public:
   explicit WarningsPage(TemplateSheet& sheet);
@@ -35,6 +38,21 @@ class WarningsPage : public TemplatePage {
   CheckBox cbWarnPPOLow{form_, "cbWarnPPOLow"};
   CheckBox cbWarnPPOHigh{form_, "cbWarnPPOHigh"};
   CheckBox cbWarnMaxEND{form_, "cbWarnMaxEND"};
+  Frame Frame20{form_, "Frame20"};
+  Label lbRun{form_, "lbRun"};
+  TextBox tbRun{form_, "tbRun"};
+  Label lbStops{form_, "lbStops"};
+  TextBox tbStops{form_, "tbStops"};
+  Label lbCNS{form_, "lbCNS"};
+  TextBox tbCNS{form_, "tbCNS"};
+  CheckBox ckGas{form_, "ckGas"};
+
+  void Fill() override;
+  [[nodiscard]] std::string Fault() const override;
+  void Store(DiveTemplate& t) override;
+
+ private:
+  mutable LimitFields limits_{platform_, texts_, {tbRun, tbStops, tbCNS, ckGas}};
 };
 
 }  // namespace tav

@@ -99,6 +99,8 @@ std::vector<std::string> TemplateSheet::Entries() const {
   std::vector<std::string> entries;
   for (const Field& field : fields_) entries.push_back(field.box.Text);
   for (const auto& [box, value] : boxes_) entries.emplace_back(box->Value ? "1" : "0");
+  for (const TextBox* field : watched_) entries.push_back(field->Text);
+  for (const CheckBox* box : watchedBoxes_) entries.emplace_back(box->Value ? "1" : "0");
   for (const Control* control : form.Controls()) {
     const auto* grid = dynamic_cast<const Grid*>(control);
     if (grid == nullptr) continue;

@@ -63,6 +63,9 @@ class TemplateSheet : protected FormTexts {
   /// A breathing rate.
   void AddRate(TextBox& box, Single DiveTemplate::*value);
   void Add(CheckBox& box, bool DiveTemplate::*value) { boxes_.emplace_back(&box, value); }
+  /// A field and a box that their page fills and stores by itself.
+  void Watch(const TextBox& field) { watched_.push_back(&field); }
+  void Watch(const CheckBox& box) { watchedBoxes_.push_back(&box); }
   /// The name of a unit beside a field.
   void AddUnits(std::initializer_list<Label*> labels, int metricText, int imperialText);
 
@@ -100,6 +103,8 @@ class TemplateSheet : protected FormTexts {
 
   std::vector<Field> fields_;
   std::vector<std::pair<CheckBox*, bool DiveTemplate::*>> boxes_;
+  std::vector<const TextBox*> watched_;
+  std::vector<const CheckBox*> watchedBoxes_;
   std::vector<std::pair<Label*, std::pair<int, int>>> units_;  ///< texts in metric and imperial
   std::vector<std::string> filled_;  ///< the entries as they were filled in; none while they are
 };

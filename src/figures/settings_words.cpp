@@ -38,11 +38,11 @@ std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model,
 }
 
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
-                         const TextSource& texts) {
+                         const TextSource& texts, const NumberTexts& numbers) {
   const std::string circuit =
       settings.OpenCircuit
           ? texts.GetResString(Text::HeadOpenCircuit)
-          : texts.Filled(Text::HeadLoop, {Setpoints(settings, {}) + (settings.Metric ? " bar" : " ata")});
+          : texts.Filled(Text::HeadLoop, {Setpoints(settings, numbers) + (settings.Metric ? " bar" : " ata")});
   return ComputedWith(settings, model, circuit, repetitive, texts);
 }
 

@@ -25,8 +25,8 @@ std::string Setpoints(const DiveTemplate& settings, const NumberTexts& numbers);
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, const std::string& circuit,
                          bool repetitive, const TextSource& texts);
 
-/// The same with the circuit in the words of the command line: "open circuit", "rebreather 1.30/1.40 bar".
+/// The same with the circuit in words: "open circuit", "rebreather 1.30/1.40 bar".
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
-                         const TextSource& texts);
+                         const TextSource& texts, const NumberTexts& numbers = {});
 
 }  // namespace tav

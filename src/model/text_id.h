@@ -1415,5 +1415,9 @@ constexpr int MenuMargins = 8849;
 constexpr int MarginsHint = 8850;
 constexpr int MarginsLimitFault = 8851;
 constexpr int MarginsMinimumGas = 8852;
+constexpr int TemplateDiveLimits = 8853;
+constexpr int MenuMarginsPane = 8854;
+constexpr int MarginsExport = 8855;
+constexpr int MarginsExportTitle = 8856;
 
 }  // namespace tav::Text

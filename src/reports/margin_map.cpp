@@ -114,11 +114,17 @@ std::string MarginHead(const std::string& plan, const Margins& margins, const Ad
   return words.T(Text::MarginsHead, {plan, words.Depth(margins.LegDepth()), words.Short(margins.LegTime())});
 }
 
-std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words) {
-  std::vector<std::string> notes{words.T(margins.Settings().OpenCircuit ? Text::MarginsCell : Text::MarginsCellLoop)};
+std::vector<std::string> JudgeNotes(const Margins& margins, const AdviceWords& words) {
+  std::vector<std::string> notes;
   if (!margins.JudgesGas()) notes.push_back(words.T(Text::MarginsNoGas));
   if (margins.JudgesGas() && margins.Settings().OpenCircuit) notes.push_back(words.T(Text::MarginsMinimumGas));
   for (const std::string& gas : margins.NeverLost()) notes.push_back(words.T(Text::MarginsNeverLost, {gas}));
+  return notes;
+}
+
+std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words) {
+  std::vector<std::string> notes = JudgeNotes(margins, words);
+  notes.insert(notes.begin(), words.T(margins.Settings().OpenCircuit ? Text::MarginsCell : Text::MarginsCellLoop));
   return notes;
 }
 

@@ -36,7 +36,9 @@ std::string SignedFigure(Single number, const AdviceWords& words);
 
 /// "wreck.tav: 60 m, 25 min planned"
 std::string MarginHead(const std::string& plan, const Margins& margins, const AdviceWords& words);
-/// What must be said of a map: what a cell is, gas that is not judged, gases that are never lost.
+/// What must be said of limits that are held: gas that is not judged, gases that are never lost.
+std::vector<std::string> JudgeNotes(const Margins& margins, const AdviceWords& words);
+/// And what must be said of a map: what a cell is, ahead of the same.
 std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words);
 /// A map in letters, two for each cell, the planned dive between brackets, with its legend.
 std::string MarginMapText(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words);
@@ -45,6 +47,11 @@ std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins
 /// A table of depths and minutes without a stop, and whose times these are.
 std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
                                      const AdviceWords& words);
+
+/// A landscape page with the longest stay, if there is one, and the times without a stop, if there are any.
+void PrintLongest(PrintPreview& out, const std::string& plan, const Margins& margins,
+                  const std::optional<LongestStay>& stay, const std::vector<NoStopTime>& times,
+                  const AdviceWords& words);
 
 /// A landscape page with the map, its legend and the longest stay.
 void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,

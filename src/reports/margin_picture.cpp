@@ -148,9 +148,12 @@ class Map {
 
 }  // namespace
 
-void DrawMargins(DrawingSurface& surface, const std::string& plan, const Margins& margins, const MarginGrid& grid,
-                 const std::vector<MarginCell>& cells, const AdviceWords& words) {
-  Map(surface, grid, cells, MarginNotes(margins, words), words).Draw(MarginHead(plan, margins, words));
+FilePicture MarginPicture(const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                          const std::vector<MarginCell>& cells, const AdviceWords& words) {
+  const std::string head = MarginHead(plan, margins, words);
+  return {1000, 700, head, MarginMapText(grid, cells, words), [=, &margins, &grid, &cells](DrawingSurface& surface) {
+            Map(surface, grid, cells, MarginNotes(margins, words), words).Draw(head);
+          }};
 }
 
 }  // namespace tav

@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "advice/margins.h"
-#include "platform/drawing_surface.h"
+#include "platform/file_picture.h"
 
 namespace tav {
 
-/// The map of margins with its heads, lines of equal run time, legend and notes, over the whole of a surface.
-void DrawMargins(DrawingSurface& surface, const std::string& plan, const Margins& margins, const MarginGrid& grid,
-                 const std::vector<MarginCell>& cells, const AdviceWords& words);
+/// The map of margins with its heads, lines of equal run time, legend and notes. What it is made of outlives it.
+FilePicture MarginPicture(const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                          const std::vector<MarginCell>& cells, const AdviceWords& words);
 
 }  // namespace tav

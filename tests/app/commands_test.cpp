@@ -145,13 +145,13 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
   const std::vector<std::string> usable = {
-      "mnuNewProfile",    "mnuOpen",           "mnuLoadTemplate",    "mnuSaveTemplate",      "mnuTemplate",
-      "mnuExit",          "mnuBulhmannB",      "mnuBulhmannC",       "mnuConservatism",      "mnuLanguages",
-      "mnuFitPlan",       "mnuHelpContents",   "mnuHelpSearch",      "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",     "mnuGenerateTables", "mnuMixer",           "mnuPlanPane",          "mnuGoToPlan",
-      "mnuCheckPane",     "mnuViewCeiling",    "mnuViewStopMinutes", "mnuViewDepths",        "mnuViewTissues",
-      "mnuImport",        "mnuReopen",         "mnuDefaultLayout",   "mnuViewLanguage",      "mnuDiveSettings",
-      "mnuCommandSearch", "mnuViewLight"};
+      "mnuNewProfile",   "mnuOpen",           "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
+      "mnuExit",         "mnuBulhmannB",      "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
+      "mnuFitPlan",      "mnuHelpContents",   "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
+      "mnuHelpAbout",    "mnuGenerateTables", "mnuMixer",        "mnuPlanPane",          "mnuGoToPlan",
+      "mnuCheckPane",    "mnuMarginsPane",    "mnuViewCeiling",  "mnuViewStopMinutes",   "mnuViewDepths",
+      "mnuViewTissues",  "mnuImport",         "mnuReopen",       "mnuDefaultLayout",     "mnuViewLanguage",
+      "mnuDiveSettings", "mnuCommandSearch",  "mnuViewLight"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();

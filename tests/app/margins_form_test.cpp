@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "app/compare_form.h"
+#include "app/main_form.h"
+#include "app/margins_pane.h"
 #include "persist/profile_file.h"
 #include "plans/profile_commands.h"
 #include "support/program_fixture.h"
@@ -37,13 +39,13 @@ struct Mapped : test::HeadlessProgram {
 TEST(MarginsWindow, ReadsACellAndComparesItsDive) {
   Mapped p("nitrox.tav");
   frmMargins& window = p.Computed();
-  ASSERT_THAT(window.Cells(), SizeIs(31 * 19));
+  ASSERT_THAT(window.Work().Cells(), SizeIs(31 * 19));
   EXPECT_EQ(window.cmMap.Map.Get().marked, 6 * 31 + 10);
   window.cmMap.Step(0, 0);
   EXPECT_THAT(window.lbCell.Caption.Get(), HasSubstr("0 min, 0 m: run time"));
   window.cmMap.Step(5, 3);
   EXPECT_THAT(window.lbCell.Caption.Get(), HasSubstr("+5 min, +3 m: run time"));
-  const MarginCell cell = window.Cells()[static_cast<std::size_t>(window.cmMap.Selected)];
+  const MarginCell cell = window.Work().Cells()[static_cast<std::size_t>(window.cmMap.Selected)];
   window.cmMap.PressReturn();
   ASSERT_THAT(p.Look().kept, SizeIs(1));
   EXPECT_EQ(p.Look().kept[0].line.back().runTime, cell.runTime);
@@ -54,8 +56,8 @@ TEST(MarginsWindow, ReadsACellAndComparesItsDive) {
 TEST(MarginsWindow, FollowsThePlanAndTakesTheLongestStayIntoItInOneStep) {
   Mapped p("nitrox.tav");
   frmMargins& window = p.Computed();
-  ASSERT_TRUE(window.Stay());
-  const int minutes = window.Stay()->minutes;
+  ASSERT_TRUE(window.Work().Stay());
+  const int minutes = window.Work().Stay()->minutes;
   const std::int16_t leg = 1;
   const Single before = p.Editor().UserActions.gettime(leg);
   ASSERT_NE(Single(minutes), before);
@@ -72,7 +74,7 @@ TEST(MarginsWindow, FollowsThePlanAndTakesTheLongestStayIntoItInOneStep) {
 TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
   Mapped p("nitrox.tav");
   frmMargins& window = p.Computed();
-  const int longest = window.Stay()->minutes;
+  const int longest = window.Work().Stay()->minutes;
   window.tbRun.Type("many");
   window.tbRun.Leave();
   EXPECT_EQ(window.tbRun.ForeColor, kRed);
@@ -80,7 +82,7 @@ TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
   window.tbRun.Type("45");
   window.tbRun.Leave();
   EXPECT_EQ(window.tbRun.ForeColor, -1);
-  EXPECT_LT(p.Computed().Stay()->minutes, longest);
+  EXPECT_LT(p.Computed().Work().Stay()->minutes, longest);
   EXPECT_THAT(ProfileFileText(p.program.Forms(), p.Active()), HasSubstr("# Limits= 45/ / 100/ 1/"));
   EXPECT_TRUE(p.Document().Modified);
   // A plan without a leg has nothing to ask about.
@@ -88,6 +90,26 @@ TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
   EXPECT_FALSE(window.cmMap.WantsMore);
   EXPECT_FALSE(window.cbTake.Enabled);
   EXPECT_THAT(window.lbState.Caption.Get(), HasSubstr("leg"));
+}
+
+TEST(MarginsPane, ShowsADiveOfTheMapOverThePlanUntilItIsHidden) {
+  test::HeadlessProgram p;
+  ASSERT_TRUE(p.Start({test::HeadlessProgram::Dive("wreck.tav").string()}));
+  frmMarginsPane& pane = p.Main().Panes().MarginsPane();
+  EXPECT_FALSE(pane.IsLoaded()) << "only who asks for it waits for it";
+  p.Main().mnuMarginsPane.Choose();
+  while (pane.cmMap.WantsMore) pane.cmMap.GoOn();
+  EXPECT_THAT(pane.lbLongest.Caption.Get(), HasSubstr("57 m"));
+  pane.cmMap.Step(3, 2);
+  ASSERT_THAT(p.Look().kept, SizeIs(1));
+  EXPECT_EQ(p.Look().kept[0].name, "59 m, 11 min");
+  // The plan changes: so does the dive that is so much more.
+  ClassUseractions& legs = p.Editor().UserActions;
+  legs.setuser(1, legs.getDepth(1), 10, legs.getmixnumber(1));
+  p.Main().ApplyToProfile();
+  EXPECT_EQ(p.Look().kept[0].name, "59 m, 13 min");
+  p.Main().mnuMarginsPane.Choose();
+  EXPECT_THAT(p.Look().kept, SizeIs(0));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "desktop/form_binder.h"
 #include "desktop/graph_view.h"
+#include "desktop/picture_file.h"
 #include "desktop/qt_services.h"
 #include "desktop/qt_text.h"
 #include "support/all_forms.h"
@@ -267,12 +268,12 @@ TEST(GraphWindow, APictureAndAScreenReaderHaveThePlanInWords) {
   const QString words = QStringLiteral("Depth: 42.3 m, Run time: 25.0 min, Gas: Air, PPO2: 1.10 bar");
   EXPECT_TRUE(QAccessible::queryAccessibleInterface(&view)->text(QAccessible::Description).contains(words));
   const auto svg = p.folder.Path() / "graph.svg";
-  EXPECT_TRUE(view.ExportSvg(ToQt(svg.string())));
+  EXPECT_TRUE(SavePicture(ToQt(svg.string()), view.Picture(), true));
   EXPECT_NE(test::FileText(svg).find(FromQt(words)), std::string::npos);
   const QString png = ToQt((p.folder.Path() / "graph.png").string());
-  EXPECT_TRUE(view.ExportPng(png));
+  EXPECT_TRUE(SavePicture(png, view.Picture(), false));
   EXPECT_TRUE(QImage(png).text(QStringLiteral("Description")).contains(words));
-  EXPECT_FALSE(view.ExportPng(QStringLiteral("/nowhere/at/all.png")));
+  EXPECT_FALSE(SavePicture(QStringLiteral("/nowhere/at/all.png"), view.Picture(), false));
 }
 
 }  // namespace

@@ -34,6 +34,23 @@ TEST_F(Properties, OKWithoutAChangeKeepsEveryValue) {
   EXPECT_EQ(double{after.AscendRates[1].Rate}, double{before.AscendRates[1].Rate});
 }
 
+TEST_F(Properties, KeepsLimitsOfADiveAndRefusesWhatIsNone) {
+  Show().cbOK.Press();
+  EXPECT_FALSE(Template().Limits) << "the usual ones need no line in the file";
+  frmProperties& f = Show();
+  f.warnings.tbRun.Type("long");
+  f.cbOK.Press();
+  ASSERT_TRUE(f.IsLoaded());
+  EXPECT_EQ(f.warnings.tbRun.ForeColor, kRed);
+  f.warnings.tbRun.Type("90");
+  f.warnings.tbStops.Type("0");
+  f.warnings.tbCNS.Type("");
+  f.warnings.ckGas.Set(false);
+  f.cbOK.Press();
+  ASSERT_FALSE(f.IsLoaded()) << d.platform.LastBox().text;
+  EXPECT_EQ(LimitsOf(Template()), (DiveLimits{Single(90), Single(0), {}, false}));
+}
+
 TEST_F(Properties, OKKeepsWhatNobodyTypedToTheLastDigit) {
   d.platform.separators = {",", "."};
   DiveTemplate& t = Template();

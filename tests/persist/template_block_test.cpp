@@ -92,8 +92,13 @@ TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
       {" # note", [](const auto& t) { return t.Metric; }, "\"# note\" is not a key"},
       {"CeilingOverride= 1", [](const auto& t) { return !t.CeilingOverride; }},
       {"# Limits= 75/ / 90/ 1/",
-       [](const auto& t) { return t.Limits == DiveLimits{Single(75), {}, Single(90), true}; }},
-      {"# Limits=/0/ / /", [](const auto& t) { return t.Limits == DiveLimits{{}, Single(0), {}, false}; }},
+       [](const auto& t) {
+         return t.Limits == DiveLimits{Single(75), {}, Single(90), true};
+       }},
+      {"# Limits=/0/ / /",
+       [](const auto& t) {
+         return t.Limits == DiveLimits{{}, Single(0), {}, false};
+       }},
       {"# Limits=75/ 90/ 1/", [](const auto& t) { return !t.Limits && t.Comments.size() == 1; }, "passed over"},
       {"# Limits=0/ / / 1/", [](const auto& t) { return !t.Limits; }, "passed over"},
       {"# Loop=diluent", [](const auto& t) { return t.KeepsDiluent && !t.IntervalOnAir; }},

@@ -11,6 +11,7 @@
 #include "app/languages_form.h"
 #include "app/leaving_form.h"
 #include "app/margins_form.h"
+#include "app/margins_pane.h"
 #include "app/start_forms.h"
 #include "app/wait_form.h"
 #include "app/what_if_form.h"
@@ -66,9 +67,10 @@ struct Forms {
     forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
         services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
     forms.push_back(std::make_unique<frmWhatIf>(services, reports, lines));
-    forms.push_back(std::make_unique<frmMargins>(
-        services, reports,
-        frmMargins::Acts{[](const ComparedPlan&) {}, [](std::int16_t, Single) { return std::string(); }}));
+    const MarginActs acts{[](const ComparedPlan&) {}, [](const std::optional<ComparedPlan>&) {},
+                          [](std::int16_t, Single) { return std::string(); }, [](const FilePicture&) {}};
+    forms.push_back(std::make_unique<frmMargins>(services, reports, acts));
+    forms.push_back(std::make_unique<frmMarginsPane>(services, acts));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
     forms.push_back(std::make_unique<frmWait>(platform, texts));
     forms.push_back(std::make_unique<PrintPrev>(reports, platform));

@@ -46,6 +46,11 @@ struct HeadlessMainView : MainView {
     return true;
   }
 
+  bool SavePicture(const std::string& file, const FilePicture& /*picture*/, bool /*svg*/) override {
+    exported = file;
+    return true;
+  }
+
   frmMain* attached = nullptr;
   Placement place;
   bool minimised = false;

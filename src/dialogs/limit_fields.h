@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+
+#include "controls/form_texts.h"
+#include "model/dive_limits.h"
+
+namespace tav {
+
+/// The limits of a dive in three fields and a box: an empty field is no limit.
+class LimitFields : FormTexts {
+ public:
+  struct Fields {
+    TextBox& run;
+    TextBox& stops;
+    TextBox& cns;
+    CheckBox& gas;
+  };
+  LimitFields(const Platform& platform, const TextSource& texts, Fields fields)
+      : FormTexts(platform, texts), fields_(fields) {}
+
+  void Show(const DiveLimits& limits);
+  /// What stands there. A field with a text that is no limit is marked, with the reason as its tool tip; nothing then.
+  [[nodiscard]] std::optional<DiveLimits> Read();
+
+ private:
+  Fields fields_;
+};
+
+}  // namespace tav
