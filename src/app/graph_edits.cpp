@@ -74,6 +74,10 @@ std::string GraphEdits::Remove(std::int16_t row) {
   return Change([leg](LegTable& table) { table.Delete(leg - 1, leg - 1); });
 }
 
+std::string GraphEdits::SetMinutes(std::int16_t action, Single minutes) {
+  return Change([&](LegTable& table) { table.Set(action - 1, LegTable::Field::Time, Written(minutes)); });
+}
+
 std::string GraphEdits::Add(Single depth, Single runTime) {
   if (services_.Active() != document_) return {};
   const ClassProfile& rows = Editor().InputProfile;

@@ -22,6 +22,8 @@ class GraphEdits : public GraphLegs {
   void EndMove(bool keep) override;
   std::string Remove(std::int16_t row) override;
   std::string Add(Single depth, Single runTime) override;
+  /// Gives a leg other minutes, in one step of undo. Why it can't be, or nothing.
+  std::string SetMinutes(std::int16_t action, Single minutes);
 
  private:
   /// The plan pane with this plan, and nothing open in it.

@@ -43,9 +43,9 @@ void KeptPlans::Keep(ComparedPlan plan, std::int16_t document) {
   Draw();
 }
 
-void KeptPlans::Look(std::optional<ComparedPlan> plan, std::int16_t document) {
-  looked_.reset();
-  if (plan) looked_ = Of(std::move(*plan), document);
+void KeptPlans::Look(Looker looker, std::optional<ComparedPlan> plan, std::int16_t document) {
+  looked_.erase(looker);
+  if (plan) looked_.emplace(looker, Of(std::move(*plan), document));
   Draw();
 }
 
@@ -65,10 +65,15 @@ void KeptPlans::Draw() const {
   const auto add = [&](const Kept& kept) {
     if (!kept.shown) return;
     const ComparedPlan& plan = kept.plan;
-    lines.push_back({{LineOf(plan.column.rows), plan.detail}, plan.Settings().Metric, kept.document, kept.opening});
+    const KeptLine line{LineOf(plan.column.rows), plan.detail};
+    const auto isThere = [&](const PlanLooks::Kept& other) {
+      return other.line == line && other.document == kept.document && other.opening == kept.opening;
+    };
+    if (std::ranges::any_of(lines, isThere)) return;
+    lines.push_back({line, plan.Settings().Metric, kept.document, kept.opening});
   };
   std::ranges::for_each(kept_, add);
-  if (looked_) add(*looked_);
+  for (const auto& [looker, plan] : looked_) add(plan);
   looks_.ShowKept(std::move(lines));
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -30,8 +31,11 @@ class KeptPlans {
   std::string Keep(std::int16_t document);
   /// Keeps what a document would become, in place of one of that name; its name follows that of the document.
   void Keep(ComparedPlan plan, std::int16_t document);
-  /// Draws what a document would become thin over it, in place of the one looked at before; nothing for none.
-  void Look(std::optional<ComparedPlan> plan, std::int16_t document);
+  /// Who looks at a dive without keeping it.
+  enum class Looker { Window, Pane };
+  /// Draws what a document would become thin over it, in place of the one that this looker looked at before; nothing
+  /// for none.
+  void Look(Looker looker, std::optional<ComparedPlan> plan, std::int16_t document);
   void Clear();
   void Show(std::size_t index, bool shown);
   [[nodiscard]] const std::vector<Kept>& Plans() const { return kept_; }
@@ -48,7 +52,7 @@ class KeptPlans {
   const MainServices& services_;
   PlanLooks& looks_;
   std::vector<Kept> kept_;
-  std::optional<Kept> looked_;  ///< at
+  std::map<Looker, Kept> looked_;
   int number_ = 0;
 };
 

@@ -101,7 +101,7 @@ void frmMain::WirePlan() {
   mnuPrint.Click = [this] { reports_.Print(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
-  mnuMargins.Click = [this] { reports_.ShowMargins(ActsOfMargins()); };
+  mnuMargins.Click = [this] { reports_.ShowMargins(ActsOfMargins(KeptPlans::Looker::Window)); };
   mnuKeepPlan.Click = [this] {
     const std::string told = reports_.KeepPlan();
     if (!told.empty()) sbStatusBar.Caption = told;
@@ -192,20 +192,21 @@ void frmMain::ShowHelp(HelpViewer::Page page) {
   }
 }
 
-MarginActs frmMain::ActsOfMargins() {
+MarginActs frmMain::ActsOfMargins(KeptPlans::Looker looker) {
   const auto setMinutes = [this](std::int16_t action, Single minutes) -> std::string {
     const auto active = Active();
-    if (!active) return {};
-    const auto legs = GraphEditsOf(*active);
-    const frmWaypointEditor& editor = services_.forms(*active);
-    if (!legs->BeginMove(editor.LastRowOf(action))) return legs->Refusal();
-    std::string refusal = legs->Move(0, minutes - editor.UserActions.gettime(action));
-    legs->EndMove(refusal.empty());
-    return refusal;
+    return active ? GraphEdits(services_, panes_, *active).SetMinutes(action, minutes) : std::string();
   };
-  return {[this](const ComparedPlan& plan) { reports_.Compare(plan); },
-          [this](std::optional<ComparedPlan> plan) { reports_.Look(std::move(plan)); }, setMinutes,
-          [this](const FilePicture& picture) { exchange_.ExportPicture(picture); }};
+  const auto compare = [this](const ComparedPlan& plan) {
+    reports_.Compare(plan);
+    SyncCommands();
+  };
+  const auto refusal = [this] {
+    const auto active = Active();
+    return active && services_.runs.Holds(*active) ? services_.T(Text::HeldPlan) : std::string();
+  };
+  return {compare, [this, looker](std::optional<ComparedPlan> plan) { reports_.Look(looker, std::move(plan)); },
+          setMinutes, refusal, [this](const FilePicture& picture) { exchange_.ExportPicture(picture); }};
 }
 
 }  // namespace tav

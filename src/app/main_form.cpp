@@ -24,7 +24,7 @@ frmMain::frmMain(MainServices services)
       looks_(services_),
       panes_(
           services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuMarginsPane, mnuGoToPlan, sbFindings},
-          [this] { dialogs_.EditTemplate(); }, ActsOfMargins()),
+          [this] { dialogs_.EditTemplate(); }, ActsOfMargins(KeptPlans::Looker::Pane)),
       dialogs_(services_, dialogServices_, panes_),
       recent_(*this, services_, mnuRecent, [this](const std::filesystem::path& file) { OpenFile(file); }),
       plans_(*this, services_, mnuWindowBar2),

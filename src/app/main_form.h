@@ -242,7 +242,7 @@ class frmMain : public Form {
   void mnuHybrid_Click();
   /// Marks the tables of ZH-L16; the next evaluations take that of the mark.
   void MarkTable(bool b, bool c);
-  [[nodiscard]] MarginActs ActsOfMargins();
+  [[nodiscard]] MarginActs ActsOfMargins(KeptPlans::Looker looker);
   /// Another model for the plan in front, with its whole series, and for what is computed from now on.
   void SetModel(const ModelChoice& model);
 

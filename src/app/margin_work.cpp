@@ -1,11 +1,16 @@
 #include "app/margin_work.h"
 
+#include <algorithm>
+
 #include "model/text_id.h"
 
 namespace tav {
 namespace {
 
 constexpr double kSlice = 0.012;  ///< seconds of computing between two looks at the events
+// On a loop each minute of the leg is one more to leave it at: the next minute is asked ever more slowly.
+constexpr int kMostOnLoop = 90;  ///< minutes
+constexpr int kBeyondPlan = 10;
 
 }  // namespace
 
@@ -16,6 +21,7 @@ void MarginWork::Begin(std::optional<std::int16_t> document, std::optional<std::
   cells_.clear();
   judged_ = 0;
   stay_ = {};
+  cut_ = false;
   shownStay_.reset();
   noStop_.reset();
   done_ = true;
@@ -48,8 +54,10 @@ void MarginWork::GoOn() {
   bool more = true;
   do {
     more = margins_->Lengthen(stay_);
-  } while (more && isTime());
-  if (more) return;
+    cut_ = more && !margins_->Settings().OpenCircuit &&
+           stay_.minutes >= std::max(kMostOnLoop, static_cast<int>(margins_->LegTime()) + kBeyondPlan);
+  } while (more && !cut_ && isTime());
+  if (more && !cut_) return;
   shownStay_ = stay_;
   if (extent_ == Extent::All) noStop_ = margins_->NoStopTimes();
   done_ = true;
@@ -122,7 +130,8 @@ std::string MarginWork::CellText(int index) const {
   if (index < 0 || index >= static_cast<int>(cells_.size())) return {};
   const MarginCell& cell = cells_[static_cast<std::size_t>(index)];
   const AdviceWords words = Words();
-  const std::string limit = WordsWithAmount(cell.limit, words);
+  const bool judged = cell.limit.IsBroken() || index < static_cast<int>(judged_);
+  const std::string limit = judged ? WordsWithAmount(cell.limit, words) : words.T(Text::MarginsComputing);
   if (cell.limit.kind == BrokenLimit::Kind::Impossible) return NameOf(index) + ": " + limit;
   return words.T(Text::MarginsCellIs,
                  {SignedFigure(cell.longer, words), SignedFigure(cell.deeper, words) + " " + words.LengthUnit(),
@@ -149,7 +158,11 @@ std::optional<ComparedPlan> MarginWork::PlanOf(int cell) const {
 std::string MarginWork::StayText() const {
   std::string text;
   if (!shownStay_) return text;
-  for (const std::string& line : LongestStayWords(*shownStay_, *margins_, Words())) {
+  const AdviceWords words = Words();
+  if (cut_) {
+    return words.T(Text::LongestCut, {std::to_string(shownStay_->minutes), words.Depth(margins_->LegDepth())});
+  }
+  for (const std::string& line : LongestStayWords(*shownStay_, *margins_, words)) {
     text += (text.empty() ? "" : "\n") + line;
   }
   return text;

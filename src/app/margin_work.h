@@ -25,6 +25,8 @@ struct MarginActs {
   std::function<void(std::optional<ComparedPlan> plan)> look;
   /// Gives a leg of the plan in front other minutes, in one step of undo. Why it can't be, or nothing.
   std::function<std::string(std::int16_t action, Single minutes)> setMinutes;
+  /// Why the plan in front can't be changed now, or nothing.
+  std::function<std::string()> refusal;
   /// Asks for a file and writes a picture of the plan in front there.
   std::function<void(const FilePicture& picture)> save;
 };
@@ -51,8 +53,10 @@ class MarginWork {
   [[nodiscard]] const Margins& Of() const { return *margins_; }
   [[nodiscard]] const MarginGrid& Grid() const { return grid_; }
   [[nodiscard]] const std::vector<MarginCell>& Cells() const { return cells_; }
-  /// Nothing until it is done.
-  [[nodiscard]] const std::optional<LongestStay>& Stay() const { return shownStay_; }
+  /// Every cell is there with its losses.
+  [[nodiscard]] bool HasMap() const { return IsThere() && judged_ == cells_.size() && judged_ > 0; }
+  /// Nothing until it is done, and where the search was ended.
+  [[nodiscard]] std::optional<LongestStay> Stay() const { return cut_ ? std::nullopt : shownStay_; }
   [[nodiscard]] const std::optional<std::vector<NoStopTime>>& NoStop() const { return noStop_; }
   [[nodiscard]] AdviceWords Words() const;
 
@@ -87,6 +91,7 @@ class MarginWork {
   std::vector<MarginCell> cells_;  ///< from `judged_` on as they are without their losses
   std::size_t judged_ = 0;
   LongestStay stay_;
+  bool cut_ = false;  ///< the search was ended: at least so long
   std::optional<LongestStay> shownStay_;
   std::optional<std::vector<NoStopTime>> noStop_;
 };

@@ -54,6 +54,7 @@ void frmMargins::PlanChanged() {
   const int opening = document ? services_.forms(*document).Opening() : 0;
   if (document != document_ || opening != opening_) {
     chosen_.reset();
+    shown_.reset();
     cmMap.Selected = -1;
   }
   document_ = document;
@@ -63,7 +64,12 @@ void frmMargins::PlanChanged() {
 }
 
 void frmMargins::Begin() {
+  const int rows = work_.Grid().Rows();
+  // With other legs the number may be another one's.
+  const std::int16_t actions = document_ ? services_.forms(*document_).UserActions.GetLength() : std::int16_t{0};
+  if (std::exchange(actions_, actions) != actions) chosen_.reset();
   work_.Begin(document_, chosen_);
+  if (work_.Grid().Rows() != rows) cmMap.Selected = -1;  // other units
   if (chosen_ && !(work_.IsThere() && work_.Of().Leg() == *chosen_)) chosen_.reset();
   Caption = T(Text::MarginsTitle) + (document_ ? ": " + services_.forms.Caption(*document_) : "");
   ShowLegs();
@@ -104,17 +110,27 @@ void frmMargins::ShowLegs() {
 }
 
 void frmMargins::ShowLimits() {
-  limits_.Show(document_ ? LimitsOf(services_.forms(*document_).Planned().record.Template) : DiveLimits::Usual());
+  const DiveLimits limits =
+      document_ ? LimitsOf(services_.forms(*document_).Planned().record.Template) : DiveLimits::Usual();
+  // What is marked stays until its field holds a limit.
+  if (shown_ != limits) limits_.Show(limits);
+  shown_ = limits;
   for (Control* control : std::initializer_list<Control*>{&tbRun, &tbStops, &tbCNS, &ckGas}) {
     control->Enabled = document_.has_value();
   }
 }
 
 void frmMargins::TakeLimits() {
-  if (!document_) return;
-  const auto limits = limits_.Read();
+  if (!IsLoaded() || !document_) return;  // a field that goes away with its window loses the keyboard, too
   DiveTemplate& settings = TemplateOf(*document_);
-  if (!limits || *limits == LimitsOf(settings)) return;
+  const DiveLimits limits = limits_.Read(LimitsOf(settings)).limits;
+  if (limits == LimitsOf(settings)) return;
+  if (const std::string refusal = acts_.refusal(); !refusal.empty()) {
+    limits_.Show(LimitsOf(settings));
+    Box(refusal, T(Text::MarginsTitle), BoxIcon::Exclamation);
+    return;
+  }
+  shown_ = limits;
   settings.Limits = limits;
   MarkChanged(*document_);
   services_.applyToProfile();  // the undo history takes the step
@@ -140,7 +156,7 @@ void frmMargins::ShowLook() {
 }
 
 void frmMargins::ShowStay() {
-  const auto& stay = work_.Stay();
+  const auto stay = work_.Stay();
   lbLongest.Caption = work_.StayText();
   cbTake.Enabled = stay && stay->minutes > 0 && Single(stay->minutes) != work_.Of().LegTime();
 }
@@ -150,7 +166,9 @@ void frmMargins::ShowNoStop() {
   if (!work_.IsThere()) return;
   const Margins& margins = work_.Of();
   const AdviceWords words = work_.Words();
-  lbNoStop.Caption = T(Text::NoStopTitle, {margins.LegGas()});
+  const bool none = work_.NoStop() && work_.NoStop()->empty();
+  lbNoStop.Caption = none ? NoStopLines({}, margins, words).front() : T(Text::NoStopTitle, {margins.LegGas()});
+  fgNoStop.Visible = !none;
   fgNoStop.SpokenName = lbNoStop.Caption.Get();
   std::vector<std::vector<GridCell>> cells{{GridCell{words.LengthUnit()}, GridCell{T(Text::WhatIfMinutes)}}};
   for (const NoStopTime& time : work_.NoStop().value_or(std::vector<NoStopTime>())) {
@@ -163,7 +181,7 @@ void frmMargins::ShowNoStop() {
 }
 
 void frmMargins::Take() {
-  const auto& stay = work_.Stay();
+  const auto stay = work_.Stay();
   if (!stay || stay->minutes == 0) return;
   const std::string fault = acts_.setMinutes(work_.Of().Leg(), stay->minutes);
   if (!fault.empty()) Box(fault, T(Text::MarginsTitle), BoxIcon::Exclamation);
@@ -177,13 +195,13 @@ void frmMargins::Compare() {
 void frmMargins::Print() {
   if (!work_.IsThere()) return;
   while (!work_.IsDone()) GoOn();
-  PrintMargins(report_, services_.forms.Caption(*document_), work_.Of(), work_.Grid(), work_.Cells(),
-               work_.Stay().value_or(LongestStay()), work_.Words());
+  PrintMargins(report_, services_.forms.Caption(*document_), work_.Of(), work_.Grid(), work_.Cells(), work_.Stay(),
+               work_.Words());
 }
 
 void frmMargins::Export() {
   if (!work_.IsThere()) return;
-  while (!work_.IsDone()) GoOn();
+  while (!work_.HasMap()) GoOn();
   acts_.save(
       MarginPicture(services_.forms.Caption(*document_), work_.Of(), work_.Grid(), work_.Cells(), work_.Words()));
 }

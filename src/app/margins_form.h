@@ -76,6 +76,8 @@ class frmMargins : public DialogForm {
   LimitFields limits_{platform_, texts_, {tbRun, tbStops, tbCNS, ckGas}};
   std::optional<std::int16_t> document_;
   int opening_ = 0;
+  std::int16_t actions_ = 0;            ///< of the plan, legs and ascents
+  std::optional<DiveLimits> shown_;     ///< in the fields, but for those that are marked
   std::vector<std::int16_t> legs_;      ///< actions, in the order of the list
   bool looks_ = false;                  ///< a dive of the map is drawn over the plan
   std::optional<std::int16_t> chosen_;  ///< the leg that the user has chosen; else the deepest

@@ -23,7 +23,7 @@ frmMarginsPane::frmMarginsPane(const DialogServices& services, MarginActs acts)
 }
 
 void frmMarginsPane::Form_Load() {
-  Caption = T(Text::MarginsTitle);
+  ShowHead();
   lbStay.Caption = T(Text::LongestTitle);
   lbStay.Bold = true;
   cmMap.SpokenName = T(Text::MarginsTitle);
@@ -31,9 +31,14 @@ void frmMarginsPane::Form_Load() {
 }
 
 void frmMarginsPane::ShowDocument(std::optional<std::int16_t> document) {
-  if (document != document_) cmMap.Selected = -1;
+  const int opening = document ? services_.forms(*document).Opening() : 0;
+  if (document != document_ || opening != opening_) cmMap.Selected = -1;
   document_ = document;
+  opening_ = opening;
+  const int rows = work_.Grid().Rows();
   work_.Begin(document);
+  if (work_.Grid().Rows() != rows) cmMap.Selected = -1;  // other units
+  ShowHead();
   cmMap.Enabled = work_.IsThere();
   ShowMap();
   ShowLook();
@@ -46,6 +51,14 @@ void frmMarginsPane::Hidden() {
   ShowLook();
 }
 
+void frmMarginsPane::ShowHead() {
+  const AdviceWords words = work_.Words();
+  Caption =
+      T(Text::MarginsTitle) + (work_.IsThere() ? ": " + words.Depth(work_.Of().LegDepth()) + ", " +
+                                                     words.Short(work_.Of().LegTime()) + " " + T(Text::WhatIfMinutes)
+                                               : "");
+}
+
 void frmMarginsPane::ShowMap() {
   cmMap.WantsMore = !work_.IsDone();
   cmMap.Map = work_.Map();
@@ -53,7 +66,6 @@ void frmMarginsPane::ShowMap() {
   lbStay.Visible = lbLongest.Visible = fgLegend.Visible = work_.IsThere();
   lbLongest.Caption = work_.StayText();
   lbState.Caption = work_.State();
-  lbState.Visible = !work_.IsThere() || !work_.IsDone();
   ShowCell();
 }
 

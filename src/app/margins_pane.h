@@ -30,6 +30,8 @@ class frmMarginsPane : public PaneForm {
   void Form_Load() override;
 
  private:
+  /// The title names the leg.
+  void ShowHead();
   void ShowMap();
   void ShowCell();
   void ShowLook();
@@ -37,6 +39,7 @@ class frmMarginsPane : public PaneForm {
   MarginActs acts_;
   MarginWork work_{services_, MarginWork::Extent::MapAndStay};
   std::optional<std::int16_t> document_;
+  int opening_ = 0;
   bool looks_ = false;  ///< a dive of the map is drawn over the plan
 };
 

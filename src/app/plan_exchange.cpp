@@ -1,5 +1,6 @@
 #include "app/plan_exchange.h"
 
+#include <cctype>
 #include <chrono>
 
 #include "exchange/import.h"
@@ -122,8 +123,9 @@ void PlanExchange::ExportPicture(const FilePicture& picture) const {
   const std::string filter = services_.T(Text::PngFilter) + ";;" + services_.T(Text::SvgFilter);
   const fs::path file = AskForPicture(*active, Text::MarginsExportTitle, filter, ".png");
   if (file.empty()) return;
-  const bool svg = file.extension() == ".svg" || file.extension() == ".SVG";
-  TellWritten(file, services_.view.SavePicture(file.string(), picture, svg));
+  std::string ending = file.extension().string();
+  for (char& c : ending) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  TellWritten(file, services_.view.SavePicture(file.string(), picture, ending == ".svg"));
 }
 
 }  // namespace tav

@@ -21,7 +21,7 @@ class PlanExchange {
   void Export() const;
   /// The graph of the plan in front, as SVG or PNG.
   void ExportGraph(bool svg) const;
-  /// A picture of the plan in front, as SVG or, where its name ends so, as PNG.
+  /// A picture of the plan in front, as PNG or, where its name ends so, as SVG.
   void ExportPicture(const FilePicture& picture) const;
 
  private:

@@ -97,15 +97,14 @@ void PlanReports::ShowMargins(const MarginActs& acts) {
 }
 
 void PlanReports::Compare(const ComparedPlan& plan) {
-  Look({});  // it is kept now
   if (const auto active = services_.Active()) kept_.Keep(plan, *active);
   if (const auto open = comparison_.lock(); open && open->IsLoaded()) open->PlanChanged();
   ShowComparison();
 }
 
-void PlanReports::Look(std::optional<ComparedPlan> plan) {
+void PlanReports::Look(KeptPlans::Looker looker, std::optional<ComparedPlan> plan) {
   const auto active = services_.Active();
-  kept_.Look(active ? std::move(plan) : std::nullopt, active.value_or(0));
+  kept_.Look(looker, active ? std::move(plan) : std::nullopt, active.value_or(0));
 }
 
 void PlanReports::Follow() const {

@@ -45,7 +45,7 @@ class PlanReports {
   /// Keeps a dive for comparison with the plan in front, and shows the comparison.
   void Compare(const ComparedPlan& plan);
   /// Draws a dive thin over the plan in front, in place of the last one; nothing for none.
-  void Look(std::optional<ComparedPlan> plan);
+  void Look(KeptPlans::Looker looker, std::optional<ComparedPlan> plan);
   /// A document has been changed or closed: that line follows.
   void FollowLine(std::int16_t document) { lines_.Follow(document); }
   /// The plan in front is another one, or has been computed anew: the comparison follows.

@@ -92,7 +92,7 @@ void Run(const Given& given, CommandFrame& frame) {
   const auto print = [&](const std::optional<LongestStay>& stay, const std::vector<NoStopTime>& times) {
     PageOutput pdf(frame, given.pdf);
     PrintLongest(pdf.Pages(), std::filesystem::path(given.file).filename().string(), margins, stay, times, words);
-    pdf.WritePdf(words.T(Text::LongestTitle), work);
+    pdf.WritePdf(stay ? words.T(Text::LongestTitle) : words.T(Text::NoStopTitle, {margins.LegGas()}), work);
   };
   const bool text = given.pdf.empty();
   if (given.noStop) {

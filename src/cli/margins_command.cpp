@@ -102,7 +102,8 @@ void Run(const Given& given, CommandFrame& frame) {
   const MarginGrid grid{RangeOf(given.longer, "--longer", usual.longer),
                         RangeOf(given.deeper, "--deeper", usual.deeper)};
   if (!grid.IsSound())
-    throw OptionError({Text::MarginsRange, {"--longer, --deeper", given.longer + " " + given.deeper}});
+    throw OptionError(given.longer.empty() ? Message(Text::MarginsRange, {"--deeper", given.deeper})
+                                           : Message(Text::MarginsRange, {"--longer", given.longer}));
   frame.MarkDecompression(margins.Decompresses());
   LongWork work(frame.Terminal());
   const std::vector<MarginCell> cells =

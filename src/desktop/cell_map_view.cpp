@@ -87,8 +87,11 @@ void CellMapView::PaintHeads(QPainter& painter) const {
     const int centre = place.center().x();
     if (!isMarked && (centre < free || std::abs(centre - marked) < width)) continue;
     free = centre + width;
-    painter.drawText(QRect(centre - width, field.top() - letters.height() - kGap, 2 * width, letters.height()),
-                     Qt::AlignCenter, ToQt(map.columnHeads[static_cast<std::size_t>(column)]));
+    // The last one has no room on its right.
+    const QString head = ToQt(map.columnHeads[static_cast<std::size_t>(column)]);
+    const int wide = letters.horizontalAdvance(head);
+    painter.drawText(QPoint(std::min(centre - wide / 2, this->width() - wide), field.top() - letters.descent() - kGap),
+                     head);
   }
   int right = 0;
   for (const CellMap::Foot& foot : map.feet) {

@@ -75,9 +75,10 @@ std::filesystem::path Ask(const FileDialogRequest& request, bool save) {
     const auto ending = QRegularExpression(QStringLiteral("\\(\\*\\.(\\w+)\\)$")).match(filter);
     if (!save || !ending.hasMatch()) return;
     dialog.setDefaultSuffix(ending.captured(1));
-    const QStringList names = dialog.selectedFiles();
-    if (names.isEmpty() || QFileInfo(names[0]).isDir()) return;
-    dialog.selectFile(QFileInfo(names[0]).completeBaseName() + QLatin1Char('.') + ending.captured(1));
+    const QFileInfo name(dialog.selectedFiles().value(0));
+    const bool isOfAKind =
+        dialog.nameFilters().join(QLatin1Char(' ')).contains(QStringLiteral("(*.%1)").arg(name.suffix()));
+    if (isOfAKind && !name.isDir()) dialog.selectFile(name.completeBaseName() + QLatin1Char('.') + ending.captured(1));
   });
   const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
   dialog.setSidebarUrls(usual);  // Qt keeps them for all programs

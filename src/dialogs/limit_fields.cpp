@@ -16,8 +16,8 @@ void LimitFields::Show(const DiveLimits& limits) {
   fields_.gas.Value = limits.gas;
 }
 
-std::optional<DiveLimits> LimitFields::Read() {
-  bool sound = true;
+LimitFields::Entry LimitFields::Read(const DiveLimits& now) {
+  Entry entry;
   const auto read = [&](TextBox& field, std::optional<Single> DiveLimits::*limit) {
     DiveLimits alone;
     const auto number = NumberIn(field.Text);
@@ -25,15 +25,14 @@ std::optional<DiveLimits> LimitFields::Read() {
     const bool good = (number && IsSound(alone)) || TrimBlanks(field.Text.Get()).empty();
     field.ForeColor = good ? -1 : kRed;
     field.ToolTipText = good ? "" : T(Text::MarginsLimitFault);
-    sound = sound && good;
-    return alone.*limit;
+    entry.sound = entry.sound && good;
+    entry.limits.*limit = good ? alone.*limit : now.*limit;
   };
-  DiveLimits limits;
-  limits.run = read(fields_.run, &DiveLimits::run);
-  limits.stops = read(fields_.stops, &DiveLimits::stops);
-  limits.cns = read(fields_.cns, &DiveLimits::cns);
-  limits.gas = fields_.gas.Value;
-  return sound ? std::optional(limits) : std::nullopt;
+  read(fields_.run, &DiveLimits::run);
+  read(fields_.stops, &DiveLimits::stops);
+  read(fields_.cns, &DiveLimits::cns);
+  entry.limits.gas = fields_.gas.Value;
+  return entry;
 }
 
 }  // namespace tav

@@ -20,8 +20,13 @@ class LimitFields : FormTexts {
       : FormTexts(platform, texts), fields_(fields) {}
 
   void Show(const DiveLimits& limits);
-  /// What stands there. A field with a text that is no limit is marked, with the reason as its tool tip; nothing then.
-  [[nodiscard]] std::optional<DiveLimits> Read();
+  struct Entry {
+    DiveLimits limits;
+    bool sound = true;  ///< every field holds a limit or nothing
+  };
+  /// What stands there. A field with a text that is no limit is marked, with the reason as its tool tip; its limit is
+  /// that of `now`.
+  [[nodiscard]] Entry Read(const DiveLimits& now);
 
  private:
   Fields fields_;

@@ -48,12 +48,13 @@ WarningsPage::WarningsPage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame9",
 void WarningsPage::Fill() { limits_.Show(LimitsOf(sheet_.Template())); }
 
 std::string WarningsPage::Fault() const {
-  return limits_.Read() ? "" : Frame20.Caption.Get() + ": " + T(Text::MarginsLimitFault);
+  return limits_.Read(LimitsOf(sheet_.Template())).sound ? ""
+                                                         : Frame20.Caption.Get() + ": " + T(Text::MarginsLimitFault);
 }
 
 void WarningsPage::Store(DiveTemplate& t) {
-  const auto limits = limits_.Read();
-  if (limits && *limits != LimitsOf(t)) t.Limits = limits;
+  const DiveLimits limits = limits_.Read(LimitsOf(t)).limits;
+  if (limits != LimitsOf(t)) t.Limits = limits;
 }
 
 }  // namespace tav

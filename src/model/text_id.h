@@ -1419,5 +1419,6 @@ constexpr int TemplateDiveLimits = 8853;
 constexpr int MenuMarginsPane = 8854;
 constexpr int MarginsExport = 8855;
 constexpr int MarginsExportTitle = 8856;
+constexpr int LongestCut = 8857;
 
 }  // namespace tav::Text

@@ -79,6 +79,7 @@ void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string&
 }
 
 void PrintPreview::EndReport(const std::string& caption) {
+  file_.Flush();  // also within a Batch: the window reads the file
   if (file_.Fault()) {
     services_.boxes.Show(texts_.GetResString(Text::ReportNotWritten) + "\r\n" + texts_.Words(*file_.Fault()), caption,
                          BoxIcon::Stop, BoxButtons::OK);

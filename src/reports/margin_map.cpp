@@ -48,7 +48,7 @@ Colour MarginColour(BrokenLimit::Kind kind) {
     case Kind::Lost:
       return RGB(0xF4, 0xA5, 0x82);
     case Kind::BailOut:
-      return RGB(0xFD, 0xDB, 0xA7);
+      return RGB(0xE8, 0xA3, 0x4C);
     case Kind::CNS:
       return RGB(0x7B, 0x5A, 0xA6);
     case Kind::Run:

@@ -22,7 +22,8 @@ std::vector<MarginMark> MarginMarks(const std::vector<MarginCell>& cells, const 
 /// The mark of a cell among those of its map.
 const MarginMark& MarkOf(const MarginCell& cell, const std::vector<MarginMark>& marks);
 
-/// What a cell is filled with, and the ink of its letter: told apart without colours by lightness alone.
+/// What a cell is filled with, and the ink of its letter. What holds, a loss that is not held, and a dive that is not
+/// are told apart by lightness alone, light to dark; the letter tells which limit it is.
 Colour MarginColour(BrokenLimit::Kind kind);
 Colour MarginInk(BrokenLimit::Kind kind);
 
@@ -53,8 +54,9 @@ void PrintLongest(PrintPreview& out, const std::string& plan, const Margins& mar
                   const std::optional<LongestStay>& stay, const std::vector<NoStopTime>& times,
                   const AdviceWords& words);
 
-/// A landscape page with the map, its legend and the longest stay.
+/// A landscape page with the map, its legend and the longest stay, if it is known.
 void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
-                  const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words);
+                  const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
+                  const AdviceWords& words);
 
 }  // namespace tav

@@ -27,7 +27,7 @@ class Page {
        const AdviceWords& words)
       : out_(out), margins_(margins), grid_(grid), cells_(cells), words_(words), marks_(MarginMarks(cells, words)) {}
 
-  void Write(const std::string& plan, const LongestStay& stay) {
+  void Write(const std::string& plan, const std::optional<LongestStay>& stay) {
     out_.InitPreview();
     out_.PrintHeader(words_.T(Text::ReportProgram), words_.T(Text::MarginsTitle),
                      words_.T(Text::ReportDate) + out_.Services().environment.Today());
@@ -38,9 +38,11 @@ class Page {
     Planned();
     Legend();
     y_ += kRow;
-    Text(words_.T(Text::LongestTitle), 1);
-    for (const std::string& line : LongestStayWords(stay, margins_, words_)) Text(line, 0);
-    y_ += kRow;
+    if (stay) {
+      Text(words_.T(Text::LongestTitle), 1);
+      for (const std::string& line : LongestStayWords(*stay, margins_, words_)) Text(line, 0);
+      y_ += kRow;
+    }
     for (const std::string& line : MarginNotes(margins_, words_)) Text(line, 0);
     out_.PrintFooter(words_.T(Text::ReportPrintedBy) + out_.Services().environment.UserName(),
                      words_.T(Text::ReportAid), words_.T(Text::ReportRisk), words_.T(Text::ReportPage) + "1");
@@ -155,7 +157,8 @@ class Page {
 }  // namespace
 
 void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
-                  const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words) {
+                  const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
+                  const AdviceWords& words) {
   Page(out, margins, grid, cells, words).Write(plan, stay);
 }
 

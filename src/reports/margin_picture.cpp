@@ -151,8 +151,9 @@ class Map {
 FilePicture MarginPicture(const std::string& plan, const Margins& margins, const MarginGrid& grid,
                           const std::vector<MarginCell>& cells, const AdviceWords& words) {
   const std::string head = MarginHead(plan, margins, words);
-  return {1000, 700, head, MarginMapText(grid, cells, words), [=, &margins, &grid, &cells](DrawingSurface& surface) {
-            Map(surface, grid, cells, MarginNotes(margins, words), words).Draw(head);
+  return {1000, 700, head, MarginMapText(grid, cells, words),
+          [grid, cells, words, head, notes = MarginNotes(margins, words)](DrawingSurface& surface) {
+            Map(surface, grid, cells, notes, words).Draw(head);
           }};
 }
 

@@ -8,7 +8,7 @@
 
 namespace tav {
 
-/// The map of margins with its heads, lines of equal run time, legend and notes. What it is made of outlives it.
+/// The map of margins with its heads, lines of equal run time, legend and notes.
 FilePicture MarginPicture(const std::string& plan, const Margins& margins, const MarginGrid& grid,
                           const std::vector<MarginCell>& cells, const AdviceWords& words);
 

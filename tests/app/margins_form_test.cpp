@@ -71,6 +71,16 @@ TEST(MarginsWindow, FollowsThePlanAndTakesTheLongestStayIntoItInOneStep) {
   EXPECT_EQ(p.Editor().UserActions.gettime(leg), before);
 }
 
+TEST(MarginsWindow, TakesTheStayOfALegThatIsShorterThanItsWay) {
+  Mapped p("nitrox.tav");
+  ClassUseractions& legs = p.Editor().UserActions;
+  legs.setuser(1, legs.getDepth(1), 1, legs.getmixnumber(1));
+  p.Main().ApplyToProfile();
+  const int minutes = p.Computed().Work().Stay()->minutes;
+  p.Window<frmMargins>().cbTake.Press();
+  EXPECT_EQ(legs.gettime(1), minutes);
+}
+
 TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
   Mapped p("nitrox.tav");
   frmMargins& window = p.Computed();
@@ -79,6 +89,11 @@ TEST(MarginsWindow, KeepsTheLimitsWithThePlanAndMarksWhatIsNone) {
   window.tbRun.Leave();
   EXPECT_EQ(window.tbRun.ForeColor, kRed);
   EXPECT_FALSE(p.Document().Template.Limits);
+  // What is sound beside it is kept.
+  window.ckGas.Set(false);
+  EXPECT_FALSE(LimitsOf(p.Document().Template).gas);
+  EXPECT_EQ(window.tbRun.Text.Get(), "many") << "it is not taken away";
+  window.ckGas.Set(true);
   window.tbRun.Type("45");
   window.tbRun.Leave();
   EXPECT_EQ(window.tbRun.ForeColor, -1);

@@ -68,7 +68,8 @@ struct Forms {
         services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
     forms.push_back(std::make_unique<frmWhatIf>(services, reports, lines));
     const MarginActs acts{[](const ComparedPlan&) {}, [](const std::optional<ComparedPlan>&) {},
-                          [](std::int16_t, Single) { return std::string(); }, [](const FilePicture&) {}};
+                          [](std::int16_t, Single) { return std::string(); }, [] { return std::string(); },
+                          [](const FilePicture&) {}};
     forms.push_back(std::make_unique<frmMargins>(services, reports, acts));
     forms.push_back(std::make_unique<frmMarginsPane>(services, acts));
     forms.push_back(std::make_unique<frmReportSelection>(texts));
