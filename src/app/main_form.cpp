@@ -257,6 +257,7 @@ void frmMain::SyncCommands() {
           &mnuExportSvg,
           &mnuGeneralReport,
           &toolReport,
+          &mnuPlanSheet,
           &mnuSlate,
           &mnuPrint,
           &mnuWhatIf,
@@ -289,7 +290,7 @@ void frmMain::HoldCommands() {
   if (!held) return;
   Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &mnuRepetitive, &toolMultilevel, &mnucleardecopoints,
           &mnuclearlastwaypoint, &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint,
-          &mnuCylinders, &mnuOC, &toolOpenCircuit},
+          &mnuCylinders, &mnuPlanSheet, &mnuOC, &toolOpenCircuit},
          false);
 }
 

@@ -29,4 +29,8 @@ std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model,
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
                          const TextSource& texts);
 
+/// All that a schedule depends on: ComputedWith, the altitudes, and the stops, "stops every 3 m, last 6 m".
+std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
+                         const TextSource& texts, const NumberTexts& numbers = {});
+
 }  // namespace tav

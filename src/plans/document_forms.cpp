@@ -76,13 +76,17 @@ void DocumentForms::Link(std::int16_t document, std::int16_t previous, std::int1
 std::vector<SeriesDive> DocumentForms::Series(std::int16_t document, bool whole) {
   std::vector<SeriesDive> dives;
   int number = 0;
-  for (std::int16_t n = (*this)(document).getFirstProfile(); n != -1; n = (*this)(n).NextProfile) {
+  const std::int16_t first = (*this)(document).getFirstProfile();
+  for (std::int16_t n = first; n != -1; n = (*this)(n).NextProfile) {
     ++number;
     if (!whole && n != document) continue;
     DocumentState& state = services_.documents(n);
     dives.push_back({(*this)(n).Planned(), state.Template, state.ProfileName, number});
   }
-  for (SeriesDive& dive : dives) dive.ofDives = number;
+  for (SeriesDive& dive : dives) {
+    dive.ofDives = number;
+    dive.texts = services_.documents(first).Template.Texts;
+  }
   return dives;
 }
 

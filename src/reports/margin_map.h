@@ -46,7 +46,11 @@ std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins
 std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
                                      const AdviceWords& words);
 
-/// A landscape page with the map, its legend and the longest stay.
+/// Adds a landscape page of that number with the map, its legend and the longest stay to a report.
+void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                    const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words,
+                    int number);
+/// A report of that page alone.
 void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                   const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words);
 
