@@ -129,8 +129,8 @@ PageSize PagePlayer::SizeOf(int page) const {
   const std::string text = file_.Page(page);
   LineReader lines(text);
   if (lines.Next() != PageFile::kPaper) return {};
-  const double width = ValComma(lines.Next().value_or(""));
-  const double height = ValComma(lines.Next().value_or(""));
+  const double width = Bounded(ParseLenient(lines.Next().value_or("")), 0, kFarOff);
+  const double height = Bounded(ParseLenient(lines.Next().value_or("")), 0, kFarOff);
   constexpr double kLeast = 5 * page::kUnitsPerCm;
   constexpr double kMost = 120 * page::kUnitsPerCm;
   const bool real = std::min(width, height) >= kLeast && std::max(width, height) <= kMost;

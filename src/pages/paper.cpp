@@ -7,9 +7,8 @@
 namespace tav {
 
 PageSize UprightPage(Paper paper) {
-  constexpr double kCmPerInch = 2.54;
   if (paper == Paper::A4) return {page::kHeight, page::kWidth};
-  return {8.5 * kCmPerInch * page::kUnitsPerCm, 11 * kCmPerInch * page::kUnitsPerCm};
+  return {12241.53, 15841.98};  // 21.59 x 27.94 cm, 8.5 x 11 inches
 }
 
 Paper PaperOfLocale(std::string_view locale) {

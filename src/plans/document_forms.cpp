@@ -35,6 +35,7 @@ std::int16_t DocumentForms::LoadNewDoc() {
 std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir) {
   DiveRecord dive{services_.documents(previous).Template, surfaceInterval, {}};
   dive.Template.IntervalOnAir = intervalOnAir;
+  dive.Template.Texts = {};  // a series has them in its first dive
   // The new dive itself has no changes yet, but its series has.
   return InsertDive(previous, dive);
 }

@@ -69,10 +69,10 @@ class Layout {
     const SheetStyle title{kTitle, true};
     const SheetStyle date{11};
     const PlanTexts& texts = contents_.dive.texts;
-    pages_.TextRight(0, pages_.Right(), whole_.Y() + 0.15, date_, date);
+    pages_.PutRight(0, pages_.Right(), whole_.Y() + 0.15, date_, date);
     for (const std::string& line :
          pages_.Lines(contents_.title, pages_.Width() - pages_.Width(date_, date) - kBetween, title)) {
-      pages_.Text(0, pages_.Left(), whole_.Take(LineHeight(kTitle)), line, title);
+      pages_.Put(0, pages_.Left(), whole_.Take(LineHeight(kTitle)), line, title);
     }
     whole_.Paragraph(texts.place, {11});
     whole_.Paragraph(contents_.file, {kText});
@@ -93,7 +93,7 @@ class Layout {
       const double height = LineHeight(style.points) + 2 * kAround;
       const double y = whole_.Take(height);
       pages_.Box(whole_.Page(), pages_.Left(), y, pages_.Right(), y + height, kBlack);
-      pages_.Text(whole_.Page(), pages_.Left() + 2 * kAround, y + kAround, line, style);
+      pages_.Put(whole_.Page(), pages_.Left() + 2 * kAround, y + kAround, line, style);
     }
     if (!contents_.notice.empty()) whole_.Space(0.15);
   }
@@ -168,9 +168,9 @@ class Layout {
     const std::string signature = T(Text::PlanSheetSignature);
     const std::string date = T(Text::ReportDate);
     const double dateAt = pages_.Right() - kDate;
-    pages_.Text(whole_.Page(), pages_.Left(), y, signature, style);
+    pages_.Put(whole_.Page(), pages_.Left(), y, signature, style);
     pages_.Rule(whole_.Page(), pages_.Left() + pages_.Width(signature, style) + 0.2, dateAt - 0.4, rule);
-    pages_.Text(whole_.Page(), dateAt, y, date, style);
+    pages_.Put(whole_.Page(), dateAt, y, date, style);
     pages_.Rule(whole_.Page(), dateAt + pages_.Width(date, style) + 0.1, pages_.Right(), rule);
   }
 
@@ -209,9 +209,9 @@ void AddMargins(PrintPreview& out, const SheetContents& contents, int page) {
 }  // namespace
 
 void PrintPlanSheets(PrintPreview& out, const std::vector<SeriesDive>& dives, const PlanSheetWish& wish) {
-  const PrintPreview::Batch batch(out);
   out.InitPreview();
   for (const SeriesDive& dive : dives) {
+    const PrintPreview::Batch batch(out);
     const AdviceWords words(out.Texts(), out.Services().numbers, dive.dive.record.Template.Metric);
     const SheetContents contents(dive, words);
     const int pages = WriteSheet(out, contents, wish.paper);

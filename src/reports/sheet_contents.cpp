@@ -19,6 +19,8 @@ namespace {
 using Cell = SheetColumn::Cell;
 using Kind = WhatIfColumn::Kind;
 
+constexpr std::string_view kNoBreak = "\u00A0";
+
 double GasOf(const WhatIfColumn& column) {
   return std::accumulate(column.gas.begin(), column.gas.end(), 0.0,
                          [](double sum, const GasNeed& gas) { return sum + gas.shownBreathed; });
@@ -48,7 +50,8 @@ Cell GasCell(const WhatIfColumn& column, const AdviceWords& words) {
   if (!text.empty()) return {text, true};
   if (column.supply.IsTold()) return {words.T(Text::SupplyEnough)};
   for (const GasNeed& gas : column.gas) {
-    text += (text.empty() ? "" : ", ") + gas.mix + " " + words.Volume(gas.shownBreathed);
+    // A number and its unit stay on one line.
+    text += (text.empty() ? "" : ", ") + gas.mix + " " + ReplaceAll(words.Volume(gas.shownBreathed), " ", kNoBreak);
   }
   return {text};
 }
@@ -142,7 +145,7 @@ void SheetContents::Variants() {
   WhatIf plan(dive.dive);
   if (!plan.Fault().IsEmpty()) return;
   const WhatIfWish wish = WhatIfWish::Usual(words.Metric());
-  std::vector<WhatIfColumn> columns = ColumnsOfSheet(plan, wish);
+  const std::vector<WhatIfColumn> columns = ColumnsOfSheet(plan, wish);
   const std::string minutes = "\n" + words.T(Text::WhatIfMinutes);
   variants = {{{""},
                {words.T(Text::WhatIfRunTime) + minutes},
@@ -152,9 +155,13 @@ void SheetContents::Variants() {
                {words.T(Text::Gas)}}};
   for (const WhatIfColumn& column : columns) variants.push_back(VariantRow(column, wish, words));
   if (plan.AddsAscent()) remarks.push_back(words.T(Text::WhatIfWithAscent));
-  std::erase_if(columns, [](const WhatIfColumn& column) { return !column.fault.IsEmpty(); });
-  const std::vector<std::string> warnings = TableOf(columns, wish, plan, words).warnings;
-  remarks.insert(remarks.end(), warnings.begin(), warnings.end());
+  for (const WhatIfColumn& column : columns) {
+    if (column.kind == Kind::Planned || !column.fault.IsEmpty()) continue;
+    // What the plan has stands among the findings.
+    for (const std::string& warning : WarningsOf(column, plan.Before(), words, &columns.front())) {
+      remarks.push_back(NameOf(column, words) + ": " + warning);
+    }
+  }
 }
 
 }  // namespace tav

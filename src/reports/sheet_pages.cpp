@@ -32,7 +32,7 @@ void SheetPages::Add(std::size_t page, Stroke stroke) {
   pages_[page].push_back(std::move(stroke));
 }
 
-void SheetPages::Text(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style) {
+void SheetPages::Put(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style) {
   Add(page, [=](PrintPreview& out) {
     if (style.ink != kBlack) out.SetForeColor(style.ink);
     out.PrintTextLeft(x, y, text, kArial, style.points, style.bold ? 1 : 0);
@@ -40,8 +40,8 @@ void SheetPages::Text(std::size_t page, double x, double y, const std::string& t
   });
 }
 
-void SheetPages::TextRight(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style) {
-  Text(page, x - Width(text, style), y, text, style);
+void SheetPages::PutRight(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style) {
+  Put(page, x - Width(text, style), y, text, style);
 }
 
 void SheetPages::Box(std::size_t page, double left, double top, double right, double bottom, Colour colour) {
@@ -93,22 +93,22 @@ void SheetPages::Foot(std::size_t page) {
   const double y = paper_.height / page::kUnitsPerCm - kFoot;
   SheetStyle style{8};
   const std::string number =
-      out_.Texts().Filled(tav::Text::PlanSheetPageOf, {std::to_string(page + 1), std::to_string(pages_.size())});
+      out_.Texts().Filled(Text::PlanSheetPageOf, {std::to_string(page + 1), std::to_string(pages_.size())});
   Rule(page, Left(), Right(), y);
-  TextRight(page, Right(), y + 0.1, number, style);
-  const std::string words = t(tav::Text::ReportProgram) + ". " + t(tav::Text::ReportAid) + t(tav::Text::ReportRisk);
+  PutRight(page, Right(), y + 0.1, number, style);
+  const std::string words = t(Text::ReportProgram) + ". " + t(Text::ReportAid) + t(Text::ReportRisk);
   constexpr int kLeast = 6;
   const double room = Width() - Width(number, style) - 0.4;
   while (style.points > kLeast && Width(words, style) > room) --style.points;
-  Text(page, Left(), y + 0.1, Fitted(words, room, style), style);
+  Put(page, Left(), y + 0.1, Fitted(words, room, style), style);
 }
 
 void SheetPages::Write(const std::string& title, const std::string& date) {
   for (std::size_t page = 0; page < pages_.size(); ++page) {
     if (page > 0) {
       const SheetStyle style{10, true};
-      TextRight(page, Right(), kMargin - 0.3, date, {10});
-      Text(page, Left(), kMargin - 0.3, Fitted(title, Width() - Width(date, style) - 0.4, style), style);
+      PutRight(page, Right(), kMargin - 0.3, date, {10});
+      Put(page, Left(), kMargin - 0.3, Fitted(title, Width() - Width(date, style) - 0.4, style), style);
       Rule(page, Left(), Right(), kMargin + 0.25);
     }
     Foot(page);
@@ -122,7 +122,7 @@ bool SheetColumn::Need(double height) {
   if (y_ + height <= pages_.Bottom() || y_ <= pages_.Top(page_)) return false;
   const SheetStyle style{8};
   const std::string words = pages_.Out().Texts().Filled(Text::PlanSheetGoesOn, {std::to_string(page_ + 2)});
-  pages_.Text(page_, left_, pages_.Bottom() + 0.05, pages_.Fitted(words, Width(), style), style);
+  pages_.Put(page_, left_, pages_.Bottom() + 0.05, pages_.Fitted(words, Width(), style), style);
   ++page_;
   y_ = pages_.Top(page_);
   return true;
@@ -148,7 +148,7 @@ void SheetColumn::Heading(const std::string& text, double follows) {
   Need(std::min(kAbove + kHeight + follows, pages_.Bottom() - pages_.Top(page_ + 1)));
   if (y_ > pages_.Top(page_)) y_ += kAbove;
   const SheetStyle style{11, true};
-  pages_.Text(page_, left_, y_, pages_.Fitted(text, Width(), style), style);
+  pages_.Put(page_, left_, y_, pages_.Fitted(text, Width(), style), style);
   pages_.Rule(page_, left_, right_, y_ + kHeight - 0.08);
   y_ += kHeight;
 }
@@ -163,11 +163,11 @@ void SheetColumn::Marked(const std::string& mark, const std::string& text, const
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const double y = Take(height);
     if (i == 0 && !mark.empty() && lines[0].starts_with(mark)) {
-      pages_.Text(page_, left_, y, mark, bold);
-      pages_.Text(page_, left_ + pages_.Width(mark + " ", bold), y,
-                  lines[0].substr(std::min(mark.size() + 1, lines[0].size())), style);
+      pages_.Put(page_, left_, y, mark, bold);
+      pages_.Put(page_, left_ + pages_.Width(mark + " ", bold), y,
+                 lines[0].substr(std::min(mark.size() + 1, lines[0].size())), style);
     } else {
-      pages_.Text(page_, left_, y, lines[i], style);
+      pages_.Put(page_, left_, y, lines[i], style);
     }
   }
 }
@@ -230,9 +230,9 @@ void SheetColumn::Row(const std::vector<TableColumn>& columns, const Lines& row)
     double y = y_ + kRowGap / 2;
     for (const std::string& line : row.cells[i]) {
       if (columns[i].right) {
-        pages_.TextRight(page_, next - kCellGap, y, line, style);
+        pages_.PutRight(page_, next - kCellGap, y, line, style);
       } else {
-        pages_.Text(page_, x + (i == 0 ? 0.5 : 1) * kCellGap, y, line, style);
+        pages_.Put(page_, x + (i == 0 ? 0.5 : 1) * kCellGap, y, line, style);
       }
       y += LineHeight(style.points);
     }

@@ -32,9 +32,9 @@ class SheetPages {
   [[nodiscard]] double Top(std::size_t page) const { return page == 0 ? kMargin - 0.3 : kMargin + 0.7; }
   [[nodiscard]] double Bottom() const;
 
-  void Text(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style);
+  void Put(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style);
   /// `x` is the right edge.
-  void TextRight(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style);
+  void PutRight(std::size_t page, double x, double y, const std::string& text, const SheetStyle& style);
   void Box(std::size_t page, double left, double top, double right, double bottom, Colour colour);
   void Rule(std::size_t page, double left, double right, double y, Colour ink = kBlack);
   /// `picture` holds the bytes of a picture file.

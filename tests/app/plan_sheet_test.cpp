@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/plan_sheet_form.h"
+#include "dialogs/report_selection.h"
 #include "pages/preview_form.h"
 #include "pages/print_form.h"
 #include "persist/profile_file.h"
