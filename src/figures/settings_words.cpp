@@ -4,17 +4,6 @@
 #include "model/text_id.h"
 
 namespace tav {
-namespace {
-
-std::string PressureUnit(const DiveTemplate& settings) { return settings.Metric ? " bar" : " ata"; }
-
-/// In the words of the command line.
-std::string CircuitWords(const DiveTemplate& settings, const TextSource& texts, const NumberTexts& numbers) {
-  return settings.OpenCircuit ? texts.GetResString(Text::HeadOpenCircuit)
-                              : texts.Filled(Text::HeadLoop, {Setpoints(settings, numbers) + PressureUnit(settings)});
-}
-
-}  // namespace
 
 std::string LoopState(const DiveTemplate& settings, bool repetitive, const TextSource& texts) {
   if (settings.OpenCircuit) return {};
@@ -49,8 +38,12 @@ std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model,
 }
 
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
-                         const TextSource& texts) {
-  return ComputedWith(settings, model, CircuitWords(settings, texts, {}), repetitive, texts);
+                         const TextSource& texts, const NumberTexts& numbers) {
+  const std::string circuit =
+      settings.OpenCircuit
+          ? texts.GetResString(Text::HeadOpenCircuit)
+          : texts.Filled(Text::HeadLoop, {Setpoints(settings, numbers) + (settings.Metric ? " bar" : " ata")});
+  return ComputedWith(settings, model, circuit, repetitive, texts);
 }
 
 std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
@@ -58,10 +51,10 @@ std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model,
   const auto length = [&](Single value) { return numbers.Short(value) + (settings.Metric ? " m" : " ft"); };
   const auto place = [&](Single altitude, Single pressure) {
     return altitude == 0 ? texts.GetResString(Text::HeadSeaLevel)
-                         : length(altitude) + " (" + numbers.Fixed(pressure, 3) + PressureUnit(settings) + ")";
+                         : length(altitude) + " (" + numbers.Fixed(pressure, 3) + (settings.Metric ? " bar)" : " ata)");
   };
   const std::string start = place(settings.StartAltitude, settings.StartPressure);
-  std::string line = ComputedWith(settings, model, CircuitWords(settings, texts, numbers), repetitive, texts) + ", " +
+  std::string line = ComputedWith(settings, model, repetitive, texts, numbers) + ", " +
                      (settings.AdeptedToHeight ? start : texts.Filled(Text::HeadNotAdapted, {start}));
   if (settings.EndPressure != settings.StartPressure) {
     line += ", " + texts.Filled(Text::HeadEndsAt, {place(settings.EndAltitude, settings.EndPressure)});

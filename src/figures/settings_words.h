@@ -14,6 +14,10 @@ namespace tav {
 /// the change list and, of a repetitive dive, where its surface interval is spent. Empty on open circuit.
 std::string LoopState(const DiveTemplate& settings, bool repetitive, const TextSource& texts);
 
+/// All that a schedule depends on: ComputedWith, the altitudes, and the stops, "stops every 3 m, last 6 m".
+std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
+                         const TextSource& texts, const NumberTexts& numbers = {});
+
 /// The gradient factors as settings tell them: "0.30-0.85".
 std::string FactorRange(const DiveTemplate& settings, const NumberTexts& numbers);
 
@@ -25,12 +29,8 @@ std::string Setpoints(const DiveTemplate& settings, const NumberTexts& numbers);
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, const std::string& circuit,
                          bool repetitive, const TextSource& texts);
 
-/// The same with the circuit in the words of the command line: "open circuit", "rebreather 1.30/1.40 bar".
+/// The same with the circuit in words: "open circuit", "rebreather 1.30/1.40 bar".
 std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
-                         const TextSource& texts);
-
-/// All that a schedule depends on: ComputedWith, the altitudes, and the stops, "stops every 3 m, last 6 m".
-std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
                          const TextSource& texts, const NumberTexts& numbers = {});
 
 }  // namespace tav

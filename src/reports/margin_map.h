@@ -46,12 +46,13 @@ std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins
 std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
                                      const AdviceWords& words);
 
-/// Adds a landscape page of that number with the map, its legend and the longest stay to a report.
+/// A landscape page with the map, its legend and the longest stay.
+void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                  const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words);
+
+/// Adds that page to a report, as the one of that number.
 void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                     const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words,
                     int number);
-/// A report of that page alone.
-void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
-                  const std::vector<MarginCell>& cells, const LongestStay& stay, const AdviceWords& words);
 
 }  // namespace tav
