@@ -1,6 +1,7 @@
 #include "reports/plan_sheet.h"
 
 #include <algorithm>
+#include <memory>
 #include <thread>
 
 #include "model/text_id.h"
@@ -180,20 +181,16 @@ class Layout {
   SheetColumn whole_;
 };
 
-/// Returns how many pages there are.
+/// With a picture as high as fits on as few pages as there can be. Returns how many pages there are.
 int WriteSheet(PrintPreview& out, const SheetContents& contents, Paper paper) {
-  constexpr double kPicture = 6.4;
-  constexpr double kSmallPicture = 4.6;
-  Layout usual(out, contents, paper, kPicture);
-  if (usual.Pages() == 1) {
-    usual.Write();
-    return 1;
+  std::unique_ptr<Layout> best;
+  for (const double picture : {6.4, 5.5, 4.6}) {
+    auto layout = std::make_unique<Layout>(out, contents, paper, picture);
+    if (best == nullptr || layout->Pages() < best->Pages()) best = std::move(layout);
+    if (best->Pages() == 1) break;
   }
-  // A lower picture, where that saves a page.
-  Layout tight(out, contents, paper, kSmallPicture);
-  Layout& better = tight.Pages() < usual.Pages() ? tight : usual;
-  better.Write();
-  return static_cast<int>(better.Pages());
+  best->Write();
+  return static_cast<int>(best->Pages());
 }
 
 void AddMargins(PrintPreview& out, const SheetContents& contents, int page) {
