@@ -192,9 +192,8 @@ void ColumnTableBuilder::AddWarnings() {
       name += " " + head.detail;
       if (column.fault.IsEmpty()) table_.notes.push_back(name + ": " + WayOutText(column.minute, words_.Texts()));
     }
-    for (const std::string& warning : WarningsOf(column, before, words_)) {
-      table_.warnings.push_back(name + ": " + warning);
-    }
+    name += ": ";
+    for (const std::string& warning : WarningsOf(column, before, words_)) table_.warnings.push_back(name + warning);
   }
 }
 
