@@ -6,6 +6,7 @@
 #include "headless/headless_platform.h"
 #include "plans/profile_commands.h"
 #include "reports/dive_report.h"
+#include "reports/plan_sheet.h"
 #include "support/plan_fixture.h"
 #include "support/source_folder.h"
 
@@ -32,6 +33,18 @@ void LongReportOfASeries(benchmark::State& state) {
   state.counters["pages"] = writer.Pages().Pages();
 }
 BENCHMARK(LongReportOfASeries)->Unit(benchmark::kMillisecond);
+
+/// The sheet of the dive to 100 m with 22 stops on two pages.
+void PlanSheet(benchmark::State& state) {
+  test::Plans plans;
+  const std::int16_t document = OpenProfile(plans.forms, SourceFolder() / "dives/trimix-100.tav").front();
+  HeadlessPlatform platform;
+  TextSource texts;
+  PrintPreview writer(platform, texts);
+  for (auto _ : state) PrintPlanSheets(writer, plans.forms.Series(document, true), {});
+  state.counters["pages"] = writer.Pages().Pages();
+}
+BENCHMARK(PlanSheet)->Unit(benchmark::kMillisecond);
 
 /// A file of so many pages of 40 lines, counted after each and the last one read.
 void FileOfPages(benchmark::State& state) {

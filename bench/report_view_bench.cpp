@@ -74,10 +74,10 @@ void WritePdf(benchmark::State& state) {
   const std::filesystem::path file = std::filesystem::temp_directory_path() / "tav-bench.pdf";
   for (auto _ : state) {
     QtPrinter printer;
-    const auto job = printer.StartPdf(file, "bench");
+    const auto job = printer.StartPdf(file, "bench", {});
     for (int copy = 0; copy < 3; ++copy) {
       for (int page = 1; page <= report.Pages().Pages(); ++page) {
-        if (copy + page > 1) job->NewSheet();
+        if (copy + page > 1) job->NewSheet({});
         PlayPage(report.Pages().Page(page), job->Sheet(), 1.0);
       }
     }

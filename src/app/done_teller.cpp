@@ -17,7 +17,7 @@ class ToldJob : public PrintJob {
  public:
   ToldJob(std::unique_ptr<PrintJob> job, std::function<void()> tell) : job_(std::move(job)), tell_(std::move(tell)) {}
   [[nodiscard]] DrawingSurface& Sheet() override { return job_->Sheet(); }
-  void NewSheet() override { job_->NewSheet(); }
+  void NewSheet(const PageSize& page) override { job_->NewSheet(page); }
   void EndDoc() override {
     job_->EndDoc();
     tell_();
@@ -40,14 +40,15 @@ void DoneTeller::SetText(const std::string& text) {
   tell_(kCopied, "");
 }
 
-std::unique_ptr<PrintJob> DoneTeller::Start(const std::string& title) {
-  auto job = platform_.printer.Start(title);
+std::unique_ptr<PrintJob> DoneTeller::Start(const std::string& title, const PageSize& first) {
+  auto job = platform_.printer.Start(title, first);
   if (job == nullptr) return nullptr;
   return std::make_unique<ToldJob>(std::move(job), [this] { tell_(kPrinted, ""); });
 }
 
-std::unique_ptr<PrintJob> DoneTeller::StartPdf(const std::filesystem::path& file, const std::string& title) {
-  return std::make_unique<ToldJob>(platform_.printer.StartPdf(file, title),
+std::unique_ptr<PrintJob> DoneTeller::StartPdf(const std::filesystem::path& file, const std::string& title,
+                                               const PageSize& first) {
+  return std::make_unique<ToldJob>(platform_.printer.StartPdf(file, title, first),
                                    [this, name = file.filename().string()] { tell_(kWritten, name); });
 }
 

@@ -25,8 +25,9 @@ class DoneTeller : private Clipboard, private Printer {
   void SetText(const std::string& text) override;
   [[nodiscard]] bool HasPrinter() const override { return platform_.printer.HasPrinter(); }
   void SetUp() override { platform_.printer.SetUp(); }
-  std::unique_ptr<PrintJob> Start(const std::string& title) override;
-  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) override;
+  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override;
+  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
+                                     const PageSize& first) override;
 
   Platform platform_;
   std::function<void(int, const std::string&)> tell_;

@@ -99,6 +99,7 @@ void frmMain::WirePlan() {
   mnuDiveInformation.Click = toolAscentInfo.Click = [this] { reports_.ShowDiveInformation(); };
   mnuGeneralReport.Click = toolReport.Click = [this] { reports_.ShowGeneralReport(); };
   mnuPrint.Click = [this] { reports_.Print(); };
+  mnuPlanSheet.Click = [this] { reports_.ShowPlanSheet(); };
   mnuSlate.Click = [this] { reports_.ShowSlate(); };
   mnuWhatIf.Click = [this] { reports_.ShowWhatIf(); };
   mnuMargins.Click = [this] { reports_.ShowMargins(ActsOfMargins(KeptPlans::Looker::Window)); };

@@ -258,6 +258,7 @@ void frmMain::SyncCommands() {
           &mnuExportSvg,
           &mnuGeneralReport,
           &toolReport,
+          &mnuPlanSheet,
           &mnuSlate,
           &mnuPrint,
           &mnuWhatIf,
@@ -290,7 +291,7 @@ void frmMain::HoldCommands() {
   if (!held) return;
   Enable({&mnuStartAscent, &toolAscent, &mnuSurface, &mnuRepetitive, &toolMultilevel, &mnucleardecopoints,
           &mnuclearlastwaypoint, &mnuclearallwaypoints, &mnuUndo, &mnuRedo, &mnuAddWaypoint, &mnuPopupAddWaypoint,
-          &mnuCylinders, &mnuOC, &toolOpenCircuit},
+          &mnuCylinders, &mnuPlanSheet, &mnuOC, &toolOpenCircuit},
          false);
 }
 

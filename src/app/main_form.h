@@ -100,6 +100,7 @@ class frmMain : public Form {
   MenuItem mnuReport{*this, "mnuReport"};
   MenuItem mnuDiveInformation{*this, "mnuDiveInformation"};
   MenuItem mnuGeneralReport{*this, "mnuGeneralReport"};
+  MenuItem mnuPlanSheet{*this, "mnuPlanSheet"};
   MenuItem mnuSlate{*this, "mnuSlate"};
   MenuItem mnuBailoutReport{*this, "mnuBailoutReport"};
   MenuItem mnuGenerateTables{*this, "mnuGenerateTables"};

@@ -89,6 +89,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuReport, 0, Text::MenuReport, ""},
     {&frmMain::mnuDiveInformation, 1, Text::DiveInformation, "Ctrl+F"},
     {&frmMain::mnuGeneralReport, 1, Text::MenuGeneralReport, "Ctrl+I"},
+    {&frmMain::mnuPlanSheet, 1, Text::MenuPlanSheet, ""},
     {&frmMain::mnuSlate, 1, Text::MenuSlate, "Ctrl+Shift+I"},
     {&frmMain::mnuBailoutReport, 1, Text::MenuBailout, "Ctrl+B"},
     {&frmMain::mnuGenerateTables, 1, Text::MenuDecoTables, "Ctrl+E"},

@@ -5,6 +5,7 @@
 #include "advice/stop_reason.h"
 #include "app/wait_form.h"
 #include "dialogs/general_info.h"
+#include "dialogs/plan_sheet_form.h"
 #include "dialogs/report_selection.h"
 #include "model/text_id.h"
 #include "pages/print_form.h"
@@ -37,6 +38,26 @@ void PlanReports::ShowSlate() const {
   Slate slate(services_.report);
   WriteSlates({slate, services_.texts, services_.platform.separators}, services_.forms.Series(*active, *all));
   services_.report.documentName = services_.Document(*active).ProfileName;
+}
+
+void PlanReports::ShowPlanSheet() const {
+  if (!services_.Active()) return;
+  frmPlanSheet dialog(dialogs_);
+  services_.platform.windows.ShowModal(dialog);
+  if (dialog.PreviewWanted()) static_cast<void>(WritePlanSheet());
+}
+
+bool PlanReports::WritePlanSheet() const {
+  const auto active = services_.Active();
+  if (!active) return false;
+  const auto all = WholeSeries(*active);
+  if (!all) return false;
+  services_.platform.screen.ShowHourglass(true);
+  PrintPlanSheets(services_.report, services_.forms.Series(*active, *all),
+                  ReadPlanSheetWish(services_.platform.settings));
+  services_.platform.screen.ShowHourglass(false);
+  services_.report.documentName = services_.Document(*active).ProfileName;
+  return true;
 }
 
 void PlanReports::ShowWhatIf() {
@@ -140,7 +161,7 @@ bool PlanReports::WriteGeneralReport() const {
 }
 
 void PlanReports::Print() const {
-  if (!WriteGeneralReport()) return;
+  if (!WritePlanSheet()) return;
   PrintPrint dialog(services_.report, services_.platform, services_.report.documentName);
   services_.platform.windows.ShowModal(dialog);
 }

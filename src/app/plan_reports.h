@@ -28,7 +28,9 @@ class PlanReports {
   /// The long report of the plan in front. A window that tells how far it is ends it, too; then nothing is shown.
   void ShowGeneralReport() const { static_cast<void>(WriteGeneralReport()); }
   void ShowSlate() const;
-  /// Prints the long report of the plan in front, by way of its preview.
+  /// Asks for what the sheet of the plan in front tells of it and how it is wished, and shows it.
+  void ShowPlanSheet() const;
+  /// Prints the sheet of the plan in front, by way of its preview.
   void Print() const;
   /// Opens the comparison of the plan in front, or brings it to the front.
   void ShowWhatIf();
@@ -56,6 +58,7 @@ class PlanReports {
  private:
   /// False when nothing is shown.
   [[nodiscard]] bool WriteGeneralReport() const;
+  [[nodiscard]] bool WritePlanSheet() const;
   /// Whether a report is to tell all dives of a series; nothing when the user called it off.
   [[nodiscard]] std::optional<bool> WholeSeries(std::int16_t document) const;
 

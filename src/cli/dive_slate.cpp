@@ -26,7 +26,7 @@ class Slate {
 
   std::string Text(bool why) {
     Title();
-    Settings();
+    Line(SettingsLine(template_, dive_.dive.plan.model, dive_.dive.before != nullptr, texts_));
     if (const auto notice = NoticeOf(dive_.dive.plan.rows, dive_.dive.plan.end.Decompresses)) Line("! " + T(*notice));
     const AdviceWords words(texts_, {}, template_.Metric);
     text_ += "\n";
@@ -40,9 +40,6 @@ class Slate {
   }
 
  private:
-  [[nodiscard]] std::string LengthUnit() const { return template_.Metric ? " m" : " ft"; }
-  [[nodiscard]] std::string PressureUnit() const { return template_.Metric ? " bar" : " ata"; }
-
   void Line(const std::string& text) { (text_ += text) += "\n"; }
 
   void Title() {
@@ -50,22 +47,6 @@ class Slate {
     Line(T(dive_.number > 1 ? Text::HeadDiveAfter : Text::HeadDiveOf,
            {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
             Short(dive_.dive.record.SurfaceInterval)}));
-  }
-
-  void Settings() {
-    std::string text = ComputedWith(template_, dive_.dive.plan.model, dive_.dive.before != nullptr, texts_);
-    const std::string start = Place(template_.StartAltitude, template_.StartPressure);
-    text += ", " + (template_.AdeptedToHeight ? start : T(Text::HeadNotAdapted, {start}));
-    if (template_.EndPressure != template_.StartPressure) {
-      text += ", " + T(Text::HeadEndsAt, {Place(template_.EndAltitude, template_.EndPressure)});
-    }
-    Line(text + ", " +
-         T(Text::HeadStops, {Short(template_.StepSize) + LengthUnit(), Short(template_.LastStop) + LengthUnit()}));
-  }
-
-  [[nodiscard]] std::string Place(Single altitude, Single pressure) const {
-    return altitude == 0 ? T(Text::HeadSeaLevel)
-                         : Short(altitude) + LengthUnit() + " (" + FormatFixed(pressure, 3) + PressureUnit() + ")";
   }
 
   void Reasons(const AdviceWords& words) {

@@ -21,8 +21,12 @@ struct OpenedPlan {
     return {records[dive], plans[dive], dive == 0 ? nullptr : &plans[dive - 1].end};
   }
   [[nodiscard]] SeriesDive InSeries(std::size_t dive) {
-    return {Planned(dive), records[dive].Template, std::filesystem::path(file).filename().string(),
-            static_cast<int>(dive) + 1, static_cast<int>(Dives())};
+    return {Planned(dive),
+            records[dive].Template,
+            std::filesystem::path(file).filename().string(),
+            static_cast<int>(dive) + 1,
+            static_cast<int>(Dives()),
+            records.front().Template.Texts};
   }
 };
 

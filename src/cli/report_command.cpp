@@ -1,8 +1,12 @@
 #include "cli/command_frame.h"
 #include "cli/long_work.h"
+#include "cli/option_values.h"
 #include "cli/page_output.h"
+#include "model/text_id.h"
 #include "reports/dive_report.h"
+#include "reports/plan_sheet.h"
 #include "reports/plan_slate.h"
+#include "start/user_texts.h"
 
 namespace tav {
 namespace {
@@ -12,12 +16,16 @@ constexpr const char* kDetails =
     "program, "
     "which needs no display for it.\n"
     "With --slate it holds cards to dive by, of the size A6 and four to a page: depth, minutes, run time and gas in "
-    "large type, each gas change as a row in white on black.";
+    "large type, each gas change as a row in white on black.\n"
+    "With --sheet it holds the plan sheet, to brief and file: upright pages, for each dive one or two, with the name, "
+    "place and notes of the plan, settings, profile, schedule, gas, findings, what becomes of it when it is longer, "
+    "deeper or a gas is lost, and a line to sign. The paper is that of the country of LC_ALL, LC_PAPER or LANG.";
 
 constexpr const char* kExamples = R"(
   tavplan report dives/trimix-100.tav --pdf plan.pdf
   tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
   tavplan report dives/wreck.tav --slate --pdf slate.pdf
+  tavplan report dives/wreck.tav --sheet --margins --pdf sheet.pdf
 )";
 
 struct Given {
@@ -25,9 +33,20 @@ struct Given {
   std::string pdf;
   std::string dive;
   bool slate = false;
+  bool sheet = false;
+  std::string paper;
+  bool margins = false;
 };
 
+Paper PaperOf(const std::string& name) {
+  if (name.empty()) return PaperOfLocale(LocaleOf("LC_PAPER"));
+  if (name == "a4") return Paper::A4;
+  if (name == "letter") return Paper::Letter;
+  throw OptionError({Text::UsageNoneOf, {"--paper", name, "a4, letter"}});
+}
+
 void Run(const Given& given, CommandFrame& frame) {
+  const PlanSheetWish sheet{PaperOf(given.paper), given.margins};
   OpenedPlan& plan = frame.OpenPlan(given.file);
   std::vector<SeriesDive> dives;
   for (const std::size_t dive : CommandFrame::Dives(given.dive, plan)) {
@@ -36,7 +55,9 @@ void Run(const Given& given, CommandFrame& frame) {
   }
   PageOutput output(frame, given.pdf);
   LongWork work(frame.Terminal());
-  if (given.slate) {
+  if (given.sheet) {
+    PrintPlanSheets(output.Pages(), dives, sheet);
+  } else if (given.slate) {
     Slate slate(output.Pages());
     WriteSlates({slate, output.Pages().Texts(), {".", ""}}, dives);
   } else {
@@ -53,12 +74,27 @@ void Run(const Given& given, CommandFrame& frame) {
 
 Command ReportCommand() {
   const auto given = std::make_shared<Given>();
-  Command command{"report", "Write the long report or the slates of a profile file as a PDF", kDetails, kExamples};
+  Command command{"report", "Write the long report, the plan sheets or the slates of a profile file as a PDF", kDetails,
+                  kExamples};
   command.options = {
       PlanFile(given->file),
       PdfOption(given->pdf, "The file to write", true),
       DiveOption(given->dive, "all"),
       {"--slate", "", "Write the slates to dive by: cards of the size A6, four to a page", &given->slate},
+      {.name = "--sheet",
+       .text = "Write the plan sheets: one or two upright pages for each dive",
+       .place = &given->sheet,
+       .excludes = {"--slate"}},
+      {.name = "--paper",
+       .value = "a4|letter",
+       .text = "Paper of the plan sheets; that of your country if not given",
+       .place = &given->paper,
+       .offers = "a4 letter",
+       .needs = "--sheet"},
+      {.name = "--margins",
+       .text = "Add the map of margins to each plan sheet",
+       .place = &given->margins,
+       .needs = "--sheet"},
   };
   command.AddModel();
   command.AddSupply();

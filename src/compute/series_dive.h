@@ -13,6 +13,7 @@ struct SeriesDive {
   std::string file;        ///< its name
   int number = 1;          ///< place in the series, from 1
   int ofDives = 1;
+  PlanTexts texts = {};  ///< of the series
 };
 
 }  // namespace tav

@@ -9,6 +9,7 @@
 
 #include "controls/property.h"
 #include "platform/colour.h"
+#include "platform/page_size.h"
 
 /// The controls of a window as plain records. A dialog is a class with its controls as members under their own names
 /// and its events as methods; it knows no widget. A binder ties each record to the widget of the same name:
@@ -272,6 +273,7 @@ class PageView : public Control {
 
   /// Draws the page on a surface whose lengths are 1/567 cm; fonts are to be scaled by the second argument.
   std::function<void(DrawingSurface& page, double ZoomScale)> Draw;
+  PageSize Size;  ///< of the page that is to be drawn
   /// 1.0 shows the page in its real size.
   Property<double> Zoom{Changed, 1.0};
   /// Changes with every page that is to be drawn.

@@ -148,6 +148,19 @@ void Bind(TextBox& box, QLineEdit& edit) {
   });
 }
 
+/// A text in lines: Return begins the next one, Tab leaves it.
+void Bind(TextBox& box, QPlainTextEdit& edit) {
+  edit.setTabChangesFocus(true);
+  Follow(box, edit, [&box, &edit] {
+    if (edit.toPlainText() != ToQt(box.Text)) edit.setPlainText(ToQt(box.Text));
+  });
+  box.SelectWanted = [&edit] { edit.selectAll(); };
+  QObject::connect(&edit, &QObject::destroyed, [&box] { box.SelectWanted = nullptr; });
+  QObject::connect(&edit, &QPlainTextEdit::textChanged, [&box, &edit] {
+    if (FromQt(edit.toPlainText()) != box.Text.Get()) box.Type(FromQt(edit.toPlainText()));
+  });
+}
+
 void Bind(ComboBox& box, QComboBox& combo) {
   combo.setFocusPolicy(Qt::StrongFocus);
   if (box.TakesText) {
@@ -329,6 +342,7 @@ void BindControl(Control& control, QWidget& widget) {
     });
     QObject::connect(&view, &QRadioButton::clicked, [option] { option->Choose(); });
   } else if (auto* text = dynamic_cast<TextBox*>(&control)) {
+    if (auto* lines = qobject_cast<QPlainTextEdit*>(&widget)) return Bind(*text, *lines);
     Bind(*text, As<QLineEdit>(control, widget));
   } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
     Bind(*combo, As<QComboBox>(control, widget));

@@ -4,7 +4,6 @@
 
 #include "controls/controls.h"
 #include "desktop/qt_surface.h"
-#include "pages/page_units.h"
 
 namespace tav {
 namespace {
@@ -42,7 +41,7 @@ void PageArea::Bind(PageView& view) {
 
 QSizeF PageArea::PageSize() const {
   const double pixels = view_->Zoom / kUnitsPerPixel;
-  return {page::kWidth * pixels, page::kHeight * pixels};
+  return {view_->Size.width * pixels, view_->Size.height * pixels};
 }
 
 void PageArea::Refresh() {
@@ -76,7 +75,7 @@ void PageArea::DrawPage() {
   image_.setDevicePixelRatio(scale);
   image_.fill(Qt::white);
   QPainter painter(&image_);
-  PainterSurface surface(painter, page::kWidth, page::kHeight, kUnitsPerPixel / view_->Zoom);
+  PainterSurface surface(painter, view_->Size.width, view_->Size.height, kUnitsPerPixel / view_->Zoom);
   view_->Draw(surface, view_->Zoom);
   drawnPage_ = view_->Page;
   drawnZoom_ = view_->Zoom;

@@ -22,24 +22,39 @@ namespace {
 
 constexpr double kCmPerInch = 2.54;
 constexpr double kPointsPerInch = 72;
+constexpr double kMillimetresPerCm = 10;
 
-QPageLayout LandscapeA4() {
-  return {QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(), QPageLayout::Point};
+QPageLayout::Orientation OrientationOf(const PageSize& page) {
+  return page.width > page.height ? QPageLayout::Landscape : QPageLayout::Portrait;
 }
+
+/// The paper of a page, by its name where it has one.
+QPageLayout LayoutOf(const PageSize& page) {
+  const QSizeF upright = QSizeF(std::min(page.width, page.height), std::max(page.width, page.height)) /
+                         page::kUnitsPerCm * kMillimetresPerCm;
+  return {QPageSize(upright, QPageSize::Millimeter, QString(), QPageSize::FuzzyMatch), OrientationOf(page), QMarginsF(),
+          QPageLayout::Point};
+}
+
+/// Paper is what the user has put into the printer; a file has that of its page.
+void PutPaper(QPrinter& printer, const PageSize& page) { printer.setPageOrientation(OrientationOf(page)); }
+void PutPaper(QPdfWriter& file, const PageSize& page) { file.setPageLayout(LayoutOf(page)); }
 
 /// Sheets on a device that makes a new page on command.
 template <class Device>
 class SheetJob : public PrintJob {
  public:
-  explicit SheetJob(Device& device) : device_(device) {
+  /// The device is set up for the first page.
+  SheetJob(Device& device, const PageSize& first) : device_(device) {
     if (!painter_.begin(&device_)) throw MessageError("", Text::PrinterUnusable);
-    MakeSurface();
+    MakeSurface(first);
   }
 
   [[nodiscard]] DrawingSurface& Sheet() override { return *surface_; }
-  void NewSheet() override {
+  void NewSheet(const PageSize& page) override {
+    PutPaper(device_, page);
     if (!device_.newPage()) throw MessageError("", Text::PrintingFailed);
-    MakeSurface();
+    MakeSurface(page);
   }
 
  protected:
@@ -48,18 +63,18 @@ class SheetJob : public PrintJob {
   }
 
  private:
-  void MakeSurface() {
+  void MakeSurface(const PageSize& page) {
     constexpr double kHairLine = 0.6;  // points
-    const double dotsPerInch = device_.logicalDpiX() * Scale();
-    surface_.emplace(painter_, page::kWidth, page::kHeight, page::kUnitsPerCm * kCmPerInch / dotsPerInch);
+    const double dotsPerInch = device_.logicalDpiX() * Scale(page);
+    surface_.emplace(painter_, page.width, page.height, page::kUnitsPerCm * kCmPerInch / dotsPerInch);
     surface_->SetPixelsPerPoint(dotsPerInch / kPointsPerInch);
     surface_->SetPenWidth(kHairLine * dotsPerInch / kPointsPerInch);
   }
 
   /// 1, or less where the sheet is smaller than a page: nothing of a plan may fall off its edge.
-  [[nodiscard]] double Scale() const {
+  [[nodiscard]] double Scale(const PageSize& page) const {
     const QSizeF sheet = device_.pageLayout().fullRect(QPageLayout::Inch).size() * kCmPerInch * page::kUnitsPerCm;
-    return std::min({1.0, sheet.width() / page::kWidth, sheet.height() / page::kHeight});
+    return std::min({1.0, sheet.width() / page.width, sheet.height() / page.height});
   }
 
   Device& device_;
@@ -81,8 +96,8 @@ struct PdfDevice {
 
 class PdfJob : private PdfDevice, public SheetJob<QPdfWriter> {
  public:
-  PdfJob(std::filesystem::path file, const std::string& title)
-      : SheetJob<QPdfWriter>(Prepared(*this, title)), file_(std::move(file)) {}
+  PdfJob(std::filesystem::path file, const std::string& title, const PageSize& first)
+      : SheetJob<QPdfWriter>(Prepared(*this, title, first), first), file_(std::move(file)) {}
 
   void EndDoc() override {
     End();
@@ -90,13 +105,13 @@ class PdfJob : private PdfDevice, public SheetJob<QPdfWriter> {
   }
 
  private:
-  static QPdfWriter& Prepared(PdfDevice& device, const std::string& title) {
+  static QPdfWriter& Prepared(PdfDevice& device, const std::string& title, const PageSize& first) {
     constexpr int kDotsPerInch = 1200;
     device.bytes.open(QIODevice::WriteOnly);
     device.writer.setTitle(ToQt(title));
     device.writer.setCreator(QStringLiteral("TAV"));
     device.writer.setResolution(kDotsPerInch);
-    device.writer.setPageLayout(LandscapeA4());
+    PutPaper(device.writer, first);
     return device.writer;
   }
 
@@ -110,7 +125,7 @@ bool QtPrinter::HasPrinter() const { return !QPrinterInfo::availablePrinterNames
 QPrinter& QtPrinter::Device() {
   if (!device_) {
     device_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    device_->setPageLayout(LandscapeA4());
+    device_->setPageLayout(LayoutOf({}));
     device_->setFullPage(true);
   }
   return *device_;
@@ -121,7 +136,7 @@ void QtPrinter::SetUp() {
   dialog.exec();
 }
 
-std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title) {
+std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title, const PageSize& first) {
   QPrinter& device = Device();
   device.setDocName(ToQt(title));
   QPrintDialog dialog(&device, QApplication::activeWindow());
@@ -129,12 +144,13 @@ std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title) {
   dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
   dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
-  device.setPageOrientation(QPageLayout::Landscape);  // pages are; the dialogs may have turned the sheet
-  return std::make_unique<PaperJob>(device);
+  PutPaper(device, first);  // the dialogs may have turned the sheet
+  return std::make_unique<PaperJob>(device, first);
 }
 
-std::unique_ptr<PrintJob> QtPrinter::StartPdf(const std::filesystem::path& file, const std::string& title) {
-  return std::make_unique<PdfJob>(file, title);
+std::unique_ptr<PrintJob> QtPrinter::StartPdf(const std::filesystem::path& file, const std::string& title,
+                                              const PageSize& first) {
+  return std::make_unique<PdfJob>(file, title, first);
 }
 
 }  // namespace tav

@@ -12,8 +12,9 @@ class QtPrinter : public Printer {
  public:
   [[nodiscard]] bool HasPrinter() const override;
   void SetUp() override;
-  std::unique_ptr<PrintJob> Start(const std::string& title) override;
-  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) override;
+  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override;
+  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
+                                     const PageSize& first) override;
 
  private:
   QPrinter& Device();

@@ -45,8 +45,9 @@ int SilentPdf(int argc, char** argv) {
   if (!pages.Open(argv[2])) return Fail(FileError(argv[2], 0, Text::NoPageFile));
   try {
     QtPrinter printer;
-    PagePlayer(pages).PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6]),
-                                 {TellPage(pages.Pages()), [] { return false; }});
+    const PagePlayer player(pages);
+    player.PrintPages(1, pages.Pages(), *printer.StartPdf(argv[4], argv[6], player.SizeOf(1)),
+                      {TellPage(pages.Pages()), [] { return false; }});
   } catch (const std::exception& error) {
     return Fail(error);
   }

@@ -88,7 +88,11 @@ class UddfImport {
       return false;
     }
     if (fault.text != 0) document_.Fail(logged.line, fault.text);
-    if (before_ != nullptr) record.SurfaceInterval = Interval(logged);
+    if (before_ != nullptr) {
+      record.SurfaceInterval = Interval(logged);
+    } else {
+      record.Template.Texts = logged.texts;
+    }
     onSettings_ = true;
     return true;
   }

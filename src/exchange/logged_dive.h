@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "model/plan_texts.h"
+
 namespace tav {
 
 /// A gas of a log.
@@ -57,6 +59,7 @@ struct LoggedDive {
   bool longInterval = false;              ///< "infinity" is told
   std::optional<double> altitude;         ///< metres
   std::optional<double> surfacePressure;  ///< bar
+  PlanTexts texts;                        ///< place and notes
 };
 
 /// All dives of a file.

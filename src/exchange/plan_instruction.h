@@ -20,6 +20,9 @@ namespace tav {
 /// and two hexadecimal digits.
 constexpr const char* kPlanInstruction = "tav-plan";
 
+/// Stands in the notes of a dive that is a plan, for those who read it with another program.
+constexpr const char* kPlanRemark = "A plan, not a dive that was made.";
+
 /// The record in the form that may stand in the instruction; lines end in LF.
 std::string EscapePlan(std::string_view record);
 

@@ -7,6 +7,7 @@
 #include "exchange/plan_instruction.h"
 #include "exchange/si_units.h"
 #include "model/number_text.h"
+#include "persist/line_reader.h"
 #include "persist/profile_file.h"
 
 namespace tav {
@@ -15,6 +16,7 @@ namespace {
 using pugi::xml_node;
 
 constexpr const char* kNamespace = "http://www.streit.cc/uddf/3.2/";
+constexpr const char* kSite = "site1";
 
 xml_node Add(xml_node parent, const char* name) { return parent.append_child(name); }
 void Add(xml_node parent, const char* name, const std::string& text) {
@@ -69,8 +71,9 @@ struct Breathing {
 
 class DiveWriter {
  public:
-  DiveWriter(const PlannedDive& dive, MixList& mixes)
-      : dive_(dive), rows_(dive.plan.rows), settings_(dive.record.Template), mixes_(mixes) {
+  /// `texts` are those of the series.
+  DiveWriter(const PlannedDive& dive, const PlanTexts& texts, MixList& mixes)
+      : dive_(dive), texts_(texts), rows_(dive.plan.rows), settings_(dive.record.Template), mixes_(mixes) {
     lastUserRow_ = LastUserRow(rows_);
     bool circuitOpened = settings_.OpenCircuit;
     for (std::int16_t i = 1; i <= rows_.GetLength(); ++i) {
@@ -104,6 +107,7 @@ class DiveWriter {
   }
 
   void WriteBefore(xml_node before, std::chrono::sys_seconds start) const {
+    if (!texts_.place.empty()) AddLink(before, "link", kSite);
     Add(before, "datetime", DateTime(start));
     xml_node interval = Add(before, "surfaceintervalbeforedive");
     if (dive_.before == nullptr) {
@@ -162,6 +166,14 @@ class DiveWriter {
     if (other) Add(sample, "divemode").append_attribute("type").set_value(now.loop ? "closedcircuit" : "opencircuit");
   }
 
+  /// The name of the plan has no element of its own.
+  void WriteNotes(xml_node notes) const {
+    Add(notes, "para", kPlanRemark);
+    if (!texts_.name.empty()) Add(notes, "para", XmlText(texts_.name));
+    LineReader lines(texts_.notes);
+    while (const auto line = lines.Next()) Add(notes, "para", XmlText(*line));
+  }
+
   void WriteAfter(xml_node after) const {
     double deepest = 0;
     double area = 0;
@@ -172,12 +184,13 @@ class DiveWriter {
     }
     const double minutes = rows_.GetRunTime(rows_.GetLength());
     AddNumber(after, "greatestdepth", Metres(deepest));
-    Add(Add(after, "notes"), "para", "A plan, not a dive that was made.");
+    WriteNotes(Add(after, "notes"));
     AddNumber(after, "diveduration", minutes * si::kSecondsPerMinute);
     if (minutes > 0) AddNumber(after, "averagedepth", Metres(area / minutes));
   }
 
   const PlannedDive& dive_;
+  const PlanTexts& texts_;
   const ClassProfile& rows_;
   const DiveTemplate& settings_;
   MixList& mixes_;
@@ -206,6 +219,12 @@ std::string WriteUddf(const std::vector<PlannedDive>& dives, const UddfOrigin& o
   MixList mixes;
   const GasMix air = AirMix();
   mixes.Id(air.Name, air.O2, air.N2, air.He);
+  const PlanTexts texts = dives.empty() ? PlanTexts() : dives.front().record.Template.Texts;
+  if (!texts.place.empty()) {
+    xml_node site = Add(Add(root, "divesite"), "site");
+    site.append_attribute("id").set_value(kSite);
+    Add(site, "name", XmlText(texts.place));
+  }
   xml_node definitions = Add(root, "gasdefinitions");
   xml_node group = Add(Add(root, "profiledata"), "repetitiongroup");
   group.append_attribute("id").set_value("series1");
@@ -218,7 +237,7 @@ std::string WriteUddf(const std::vector<PlannedDive>& dives, const UddfOrigin& o
     }
     xml_node dive = Add(group, "dive");
     dive.append_attribute("id").set_value(("dive" + std::to_string(i + 1)).c_str());
-    DiveWriter(dives[i], mixes).Write(dive, start);
+    DiveWriter(dives[i], texts, mixes).Write(dive, start);
     start = Later(start, dives[i].plan.rows.GetRunTime(dives[i].plan.rows.GetLength()));
   }
   mixes.Write(definitions);

@@ -38,6 +38,7 @@ class Reader {
 
   DiveLog Run() {
     ReadMixes();
+    ReadSites();
     // The schema has one "profiledata" of groups; what has more, or dives without a group, holds dives all the same.
     for (const xml_node data : document_.Root().children()) {
       if (!IsElement(data, "profiledata")) continue;
@@ -85,6 +86,29 @@ class Reader {
         if (IsElement(node, "mix")) ReadMix(node);
       }
     }
+  }
+
+  void ReadSites() {
+    for (const xml_node data : document_.Root().children()) {
+      if (!IsElement(data, "divesite")) continue;
+      for (const xml_node site : data.children()) {
+        const std::string id = site.attribute("id").value();
+        if (IsElement(site, "site") && !id.empty()) placeOfId_.emplace(id, TextOf(Child(site, "name")));
+      }
+    }
+  }
+
+  /// Where a logged dive was made, and what its diver says of it.
+  void ReadTexts(xml_node node, PlanTexts& texts) const {
+    for (const xml_node link : Child(node, "informationbeforedive").children()) {
+      const auto site = placeOfId_.find(link.attribute("ref").value());
+      if (IsElement(link, "link") && site != placeOfId_.end()) texts.place = site->second;
+    }
+    for (const xml_node para : Child(Child(node, "informationafterdive"), "notes").children()) {
+      const std::string line = TextOf(para);
+      if (IsElement(para, "para") && line != kPlanRemark) texts.notes += line + "\n";
+    }
+    for (const PlanTextField& field : kPlanTextFields) texts.*field.text = FittingPlanText(field, texts.*field.text);
   }
 
   void ReadMix(xml_node node) {
@@ -135,6 +159,7 @@ class Reader {
     if (!dive.plan.empty()) return ReadPlanned(node, dive);
     if (mixFault_ != 0) document_.Fail(faultyMix_, mixFault_, {NameOf(faultyMix_), mixMore_});
     ReadBefore(Child(node, "informationbeforedive"), dive);
+    ReadTexts(node, dive.texts);
     lastMinute_ = 0;
     for (const xml_node sample : Child(node, "samples").children()) {
       if (IsElement(sample, "waypoint")) ReadSample(sample, dive);
@@ -281,6 +306,7 @@ class Reader {
   std::string mixMore_;
   double lastMinute_ = 0;  // of the dive at hand
   std::map<std::string, std::size_t> mixOfId_;
+  std::map<std::string, std::string> placeOfId_;
 };
 
 }  // namespace

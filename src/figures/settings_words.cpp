@@ -46,4 +46,20 @@ std::string ComputedWith(const DiveTemplate& settings, const ModelChoice& model,
   return ComputedWith(settings, model, circuit, repetitive, texts);
 }
 
+std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
+                         const TextSource& texts, const NumberTexts& numbers) {
+  const auto length = [&](Single value) { return numbers.Short(value) + (settings.Metric ? " m" : " ft"); };
+  const auto place = [&](Single altitude, Single pressure) {
+    return altitude == 0 ? texts.GetResString(Text::HeadSeaLevel)
+                         : length(altitude) + " (" + numbers.Fixed(pressure, 3) + (settings.Metric ? " bar)" : " ata)");
+  };
+  const std::string start = place(settings.StartAltitude, settings.StartPressure);
+  std::string line = ComputedWith(settings, model, repetitive, texts, numbers) + ", " +
+                     (settings.AdeptedToHeight ? start : texts.Filled(Text::HeadNotAdapted, {start}));
+  if (settings.EndPressure != settings.StartPressure) {
+    line += ", " + texts.Filled(Text::HeadEndsAt, {place(settings.EndAltitude, settings.EndPressure)});
+  }
+  return line + ", " + texts.Filled(Text::HeadStops, {length(settings.StepSize), length(settings.LastStop)});
+}
+
 }  // namespace tav

@@ -14,6 +14,10 @@ namespace tav {
 /// the change list and, of a repetitive dive, where its surface interval is spent. Empty on open circuit.
 std::string LoopState(const DiveTemplate& settings, bool repetitive, const TextSource& texts);
 
+/// All that a schedule depends on: ComputedWith, the altitudes, and the stops, "stops every 3 m, last 6 m".
+std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model, bool repetitive,
+                         const TextSource& texts, const NumberTexts& numbers = {});
+
 /// The gradient factors as settings tell them: "0.30-0.85".
 std::string FactorRange(const DiveTemplate& settings, const NumberTexts& numbers);
 

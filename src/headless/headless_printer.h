@@ -30,19 +30,25 @@ class HeadlessPrinter : public Printer {
 
   [[nodiscard]] bool HasPrinter() const override { return installed; }
   void SetUp() override { ++setUps; }
-  std::unique_ptr<PrintJob> Start(const std::string& title) override { return givesUp ? nullptr : Begin(title, {}); }
-  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title) override {
-    return Begin(title, file);
+  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override {
+    return givesUp ? nullptr : Begin(title, {}, first);
+  }
+  std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
+                                     const PageSize& first) override {
+    return Begin(title, file, first);
   }
 
  private:
   class Job : public PrintJob {
    public:
-    Job(std::shared_ptr<Sent> sent, std::string fails) : sent_(std::move(sent)), fails_(std::move(fails)) {
-      Job::NewSheet();
+    Job(std::shared_ptr<Sent> sent, std::string fails, const PageSize& first)
+        : sent_(std::move(sent)), fails_(std::move(fails)) {
+      Job::NewSheet(first);
     }
     [[nodiscard]] DrawingSurface& Sheet() override { return *sent_->sheets.back(); }
-    void NewSheet() override { sent_->sheets.push_back(std::make_shared<RecordingSurface>(16839.9, 11907.0)); }
+    void NewSheet(const PageSize& page) override {
+      sent_->sheets.push_back(std::make_shared<RecordingSurface>(page.width, page.height));
+    }
     void EndDoc() override {
       if (!fails_.empty()) throw std::runtime_error(fails_);
       sent_->ended = true;
@@ -53,9 +59,9 @@ class HeadlessPrinter : public Printer {
     std::string fails_;
   };
 
-  std::unique_ptr<PrintJob> Begin(const std::string& title, const std::filesystem::path& file) {
+  std::unique_ptr<PrintJob> Begin(const std::string& title, const std::filesystem::path& file, const PageSize& first) {
     jobs.push_back(std::make_shared<Sent>(Sent{title, file, {}, false}));
-    return std::make_unique<Job>(jobs.back(), fails);
+    return std::make_unique<Job>(jobs.back(), fails, first);
   }
 };
 

@@ -8,6 +8,7 @@
 
 #include "model/cylinder.h"
 #include "model/dive_limits.h"
+#include "model/plan_texts.h"
 #include "model/single.h"
 #include "model/supply_choice.h"
 
@@ -81,6 +82,7 @@ struct DiveTemplate {
   std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
   std::optional<SupplyChoice> Team;     ///< how gas for the worst is reckoned; as usual when not told
   std::optional<DiveLimits> Limits;     ///< of margins and the longest stay; as usual when not told
+  PlanTexts Texts;                      ///< of the first dive of a series: what the diver says of the plan
   std::vector<std::string> Comments;    ///< lines "# Name=value" of names that nothing here knows, kept as they stood
 };
 

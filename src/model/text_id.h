@@ -1303,6 +1303,34 @@ constexpr int CompareCylinders = 8877;
 constexpr int CompareTeam = 8878;
 constexpr int CompareTwoPlans = 8880;
 
+// Plan sheet, and the texts of a plan
+constexpr int MenuPlanSheet = 8900;
+constexpr int PlanSheetTitle = 8901;
+constexpr int PlanSheetName = 8902;
+constexpr int PlanSheetPlace = 8903;
+constexpr int PlanSheetNotes = 8904;
+constexpr int PlanSheetWithMargins = 8905;
+constexpr int PlanSheetPreview = 8906;
+constexpr int PlanSheetPaper = 8907;
+constexpr int PaperA4 = 8908;
+constexpr int PaperLetter = 8909;
+constexpr int PlanTextTooLong = 8910;
+constexpr int PlanTextControl = 8911;
+constexpr int PlanTextEscape = 8912;
+constexpr int PlanSheetSchedule = 8913;
+constexpr int PlanSheetOtherwise = 8914;
+constexpr int PlanSheetFirstStop = 8915;
+constexpr int PlanSheetSignature = 8916;
+constexpr int PlanSheetGoesOn = 8917;
+constexpr int PlanSheetPageOf = 8918;
+constexpr int PlanSheetPPO2 = 8919;
+constexpr int PlanSheetEND = 8920;
+constexpr int PlanSheetRMV = 8921;
+constexpr int PlanSheetTeam = 8922;
+constexpr int PlanSheetNoCylinders = 8923;
+constexpr int PlanSheetBailOutMost = 8924;
+constexpr int PlanTextsHelp = 8925;
+
 // The main window: layout, leaving, what was done, command search
 constexpr int MenuDefaultLayout = 8810;
 constexpr int OneDanger = 8811;

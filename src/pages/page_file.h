@@ -19,6 +19,8 @@ class PageFile {
  public:
   static constexpr std::string_view kStartPage = "#startpage";
   static constexpr std::string_view kEndPage = "#endpage";
+  /// Begins a page that is not landscape A4; width and height in page units follow, a line each.
+  static constexpr std::string_view kPaper = "#paper";
 
   PageFile() = default;
   PageFile(const PageFile&) = delete;

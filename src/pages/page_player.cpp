@@ -62,6 +62,9 @@ class Pass {
       ink_ = ColourIn(Argument());
     } else if (keyword == "#fill" || keyword == "#color") {
       Argument();  // no box is filled by them
+    } else if (keyword == PageFile::kPaper) {
+      Argument();  // what draws knows it
+      Argument();
     } else if (keyword == "#line") {
       Line();
     } else if (keyword == "#img") {
@@ -122,13 +125,25 @@ void PagePlayer::tempshow(int page, DrawingSurface& target, double ZoomScale) co
   PlayPage(file_.Page(page), target, ZoomScale);
 }
 
+PageSize PagePlayer::SizeOf(int page) const {
+  const std::string text = file_.Page(page);
+  LineReader lines(text);
+  if (lines.Next() != PageFile::kPaper) return {};
+  const double width = Bounded(ParseLenient(lines.Next().value_or("")), 0, kFarOff);
+  const double height = Bounded(ParseLenient(lines.Next().value_or("")), 0, kFarOff);
+  constexpr double kLeast = 5 * page::kUnitsPerCm;
+  constexpr double kMost = 120 * page::kUnitsPerCm;
+  const bool real = std::min(width, height) >= kLeast && std::max(width, height) <= kMost;
+  return real ? PageSize{width, height} : PageSize();
+}
+
 void PagePlayer::PrintPages(int firstPage, int lastPage, PrintJob& job, const PrintProgress& progress) const {
   const int last = std::min(lastPage, file_.Pages());
   for (int page = std::max(firstPage, 1); page <= last && !progress.CancelPrint(); ++page) {
     progress.SistemaBarra(page);
     PlayPage(file_.Page(page), job.Sheet(), 1.0);
     if (progress.CancelPrint()) break;
-    if (page < last) job.NewSheet();
+    if (page < last) job.NewSheet(SizeOf(page + 1));
   }
   job.EndDoc();
 }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "pages/page_file.h"
+#include "platform/page_size.h"
 #include "platform/printer.h"
 
 namespace tav {
@@ -17,6 +18,9 @@ class PagePlayer {
   /// Draws one page (from 1) on a cleared surface; a page that is not there leaves it empty. `ZoomScale` scales the
   /// sizes of fonts, which are points of the surface: its real height in twips / 11907.
   void tempshow(int page, DrawingSurface& target, double ZoomScale) const;
+
+  /// The size of one page (from 1): landscape A4 for one that is not there or tells a size that no paper has.
+  [[nodiscard]] PageSize SizeOf(int page) const;
 
   /// What a run of PrintPages asks and tells.
   struct PrintProgress {

@@ -1,11 +1,13 @@
 #pragma once
 
-/// The page of all reports: landscape A4, origin at the top left corner, x to the right, y down. Reports give
-/// centimetres; the page file holds page units.
+#include "platform/page_size.h"
+
+/// The page of all reports unless they say another size: landscape A4, origin at the top left corner, x to the right,
+/// y down. Reports give centimetres; the page file holds page units.
 namespace tav::page {
 
 constexpr double kUnitsPerCm = 567.0;
-constexpr double kWidth = 16839.9;   ///< page units, 29.7 cm
-constexpr double kHeight = 11907.0;  ///< page units, 21.0 cm
+constexpr double kWidth = PageSize().width;
+constexpr double kHeight = PageSize().height;
 
 }  // namespace tav::page

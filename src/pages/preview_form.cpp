@@ -85,6 +85,7 @@ void PrintPrev::ShowLabel() {
 }
 
 void PrintPrev::MostraPagina() {
+  Prv.Size = PagePlayer(report_.Pages()).SizeOf(page_);
   Prv.Zoom = zoomFactor_;
   Prv.Page = ++drawn_;
 }
@@ -146,8 +147,9 @@ void PrintPrev::SavePdf() {
   platform_.screen.ShowHourglass(true);
   std::string fault;
   try {
-    PagePlayer(report_.Pages())
-        .PrintPages(1, pageMax_, *platform_.printer.StartPdf(file, Title()), {[](int) {}, [] { return false; }});
+    const PagePlayer player(report_.Pages());
+    player.PrintPages(1, pageMax_, *platform_.printer.StartPdf(file, Title(), player.SizeOf(1)),
+                      {[](int) {}, [] { return false; }});
   } catch (const std::runtime_error& error) {
     fault = report_.Texts().Words(error);
   }

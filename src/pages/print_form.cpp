@@ -64,7 +64,7 @@ void PrintPrint::PrintRange(int first, int last) {
   Command1.Enabled = false;
   Command3.Enabled = false;
   try {
-    const auto job = platform_.printer.Start(title_);
+    const auto job = platform_.printer.Start(title_, PagePlayer(report_.Pages()).SizeOf(first));
     if (job) {
       platform_.screen.ShowHourglass(true);
       PagePlayer(report_.Pages())

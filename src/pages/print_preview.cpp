@@ -45,7 +45,15 @@ void PrintPreview::CountPages() {
   if (window != nullptr) window->setPageMax(file_.Pages());
 }
 
-void PrintPreview::StartPlainPage() { TemPrint(PageFile::kStartPage); }
+void PrintPreview::StartPlainPage(const PageSize& size) {
+  TemPrint(PageFile::kStartPage);
+  if (!(size == PageSize())) Lines({PageFile::kPaper, FormatPlain(size.width), FormatPlain(size.height)});
+}
+
+void PrintPreview::CloseBarePage() {
+  TemPrint(PageFile::kEndPage);
+  CountPages();
+}
 
 void PrintPreview::PrintHeader(const std::string& left, const std::string& centre, const std::string& right) {
   StartPlainPage();
@@ -65,8 +73,7 @@ void PrintPreview::PrintFooter(const std::string& left, const std::string& line1
   PrintTextLeft(6.0, 17.4, line1, kArial, 10, 1);
   PrintTextLeft(6.0, 17.9, line2, kArial, 10, 1);
   PrintTextRight(27.0, 18.5, right, kArial, 15, 1);
-  TemPrint(PageFile::kEndPage);
-  CountPages();
+  CloseBarePage();
 }
 
 void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string& line2) {
@@ -74,8 +81,7 @@ void PrintPreview::PrintPlainFooter(const std::string& line1, const std::string&
   PrintTextLeft(1.3, 19.5, line1, kArial, 9, 0);
   PrintTextLeft(1.3, 19.8, line2, kArial, 9, 0);
   SetForeColor(kBlack);
-  TemPrint(PageFile::kEndPage);
-  CountPages();
+  CloseBarePage();
 }
 
 void PrintPreview::EndReport(const std::string& caption) {

@@ -11,6 +11,7 @@
 #include "pages/page_file.h"
 #include "pages/scratch_folder.h"
 #include "platform/colour.h"
+#include "platform/page_size.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
 
@@ -43,7 +44,7 @@ struct PageServices {
 /// Writes reports as page description files. Report code calls the operations and draws nothing; PagePlayer replays the
 /// pages on a screen or on paper.
 ///
-/// Lengths are centimetres on a landscape A4 page, font sizes points, `bold` is 0 or 1, colours are
+/// Lengths are centimetres on the page, font sizes points, `bold` is 0 or 1, colours are
 /// red + 256 x green + 65536 x blue. Every line is in the file when the call that wrote it returns, or the Batch around
 /// it ends. A page is closed by one of the two footers. A file that can't be written is told once, by EndReport.
 class PrintPreview {
@@ -81,7 +82,8 @@ class PrintPreview {
   void InitPreview();
   void TemPrint(std::string_view line);
   void CountPages();
-  void StartPlainPage();
+  /// Opens a page without anything on it. CloseBarePage ends one that has no footer of this class.
+  void StartPlainPage(const PageSize& size = {});
   /// Opens a page with the framed title band.
   void PrintHeader(const std::string& left, const std::string& centre, const std::string& right);
   /// The framed bottom band; closes the page.
@@ -89,6 +91,7 @@ class PrintPreview {
                    const std::string& right);
   /// Two small red lines; closes the page.
   void PrintPlainFooter(const std::string& line1, const std::string& line2);
+  void CloseBarePage();
   /// Shows the window with that caption; or says what could not be written.
   void EndReport(const std::string& caption);
 

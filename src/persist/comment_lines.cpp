@@ -121,8 +121,41 @@ std::vector<std::string> OneValue(const DiveTemplate& diveTemplate) {
   return {std::string(Line.value)};
 }
 
+/// A text in one line: "\\n" for the end of a line, "\\\\" for "\\".
+Message ReadEscaped(std::string_view value, const PlanTextField& field, std::string& text) {
+  std::string read;
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    if (value[i] != '\\') {
+      read += value[i];
+      continue;
+    }
+    const std::string_view next = value.substr(++i, 1);
+    if (next != "n" && next != "\\") return {Text::PlanTextEscape, {std::string(field.key)}};
+    read += next == "n" ? '\n' : '\\';
+  }
+  Message fault = PlanTextFault(field, std::string(field.key), read);
+  if (fault.IsEmpty()) text = std::move(read);
+  return fault;
+}
+
+template <std::size_t Field>
+Message ReadPlanText(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
+  const PlanTextField& field = kPlanTextFields[Field];
+  return ReadEscaped(TrimBlanks(value), field, diveTemplate.Texts.*field.text);
+}
+
+template <std::size_t Field>
+std::vector<std::string> PlanTextValue(const DiveTemplate& diveTemplate) {
+  const std::string& text = diveTemplate.Texts.*kPlanTextFields[Field].text;
+  if (text.empty()) return {};
+  return {ReplaceAll(ReplaceAll(text, "\\", "\\\\"), "\n", "\\n")};
+}
+
 constexpr std::string_view kCylinders = "Cylinder";
-constexpr KnownLine kKnownLines[] = {{kCylinders, false, &ReadCylinder, &CylinderValues},
+constexpr KnownLine kKnownLines[] = {{kPlanTextFields[0].key, false, &ReadPlanText<0>, &PlanTextValue<0>},
+                                     {kPlanTextFields[1].key, false, &ReadPlanText<1>, &PlanTextValue<1>},
+                                     {kPlanTextFields[2].key, false, &ReadPlanText<2>, &PlanTextValue<2>},
+                                     {kCylinders, false, &ReadCylinder, &CylinderValues},
                                      {"Team", false, &ReadTeam, &TeamValue},
                                      {"Limits", false, &ReadLimits, &LimitsValue},
                                      {kLoop.name, true, &ReadOneValue<kLoop>, &OneValue<kLoop>},

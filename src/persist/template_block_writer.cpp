@@ -85,7 +85,8 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
 }
 
 std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate) {
-  constexpr std::string_view kWithoutBearing[] = {"AutoDecoGas", "CeilingOverride", "Templatename"};
+  constexpr std::string_view kWithoutBearing[] = {"AutoDecoGas", "CeilingOverride", "Templatename",
+                                                  "# Plan name", "# Place",         "# Notes"};
   std::vector<BlockValue> values;
   std::istringstream block(WriteTemplateBlock(diveTemplate));
   for (std::string line; std::getline(block, line);) {

@@ -55,13 +55,16 @@ std::vector<FormatFault> LoadTemplateFile(DiveTemplate& diveTemplate, const std:
   read.TemplateFolder = SplitPath(file.string(), PathPart::DriveFolder);
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
   ReadTemplateText(read, ReadTextFile(file), faults);
+  read.Texts = diveTemplate.Texts;  // they are those of a plan
   read.TemplateChanged = false;
   diveTemplate = std::move(read);
   return faults.List();
 }
 
 SaveNotes SaveTemplateFile(const DiveTemplate& diveTemplate, const std::filesystem::path& file) {
-  return WriteTextFile(file, WriteTemplateBlock(diveTemplate));
+  DiveTemplate withoutTexts = diveTemplate;
+  withoutTexts.Texts = {};
+  return WriteTextFile(file, WriteTemplateBlock(withoutTexts));
 }
 
 DiveTemplate ShippedDefaultTemplate() {

@@ -59,6 +59,15 @@ inline constexpr Scheme kLight{.around = RGB(240, 240, 240),
                                .descentBand = RGB(208, 0, 0),
                                .ascentBand = RGB(190, 140, 0),
                                .other = RGB(0, 140, 0)};
+/// The light one without grey around the plot, and with lines that a printer without colours keeps apart.
+inline constexpr Scheme kPaper = [] {
+  Scheme paper = kLight;
+  paper.around = kWhite;
+  paper.gas = paper.label = kBlack;
+  paper.ceilingShade = RGB(226, 226, 226);
+  paper.ceilingLine = RGB(96, 96, 96);
+  return paper;
+}();
 constexpr const Scheme& SchemeOf(bool light) { return light ? kLight : kDark; }
 
 }  // namespace tav::graph

@@ -39,6 +39,15 @@ void PlanPicture::DrawTitles(DrawingSurface& container, const GraphScale& scale)
   container.PageText(kMargin / 5, middle + container.PageTextWidth(depth, font) / 2, depth, font, kBlack, 90);
 
   const std::string title = T(Text::GraphCeiling);
+  if (extras_.paper) {
+    // What is shaded, in place of where it ends.
+    constexpr double kSample = 250;
+    const double height = container.TextHeight();
+    container.FilledBox(kMargin, kMargin, kMargin + kSample, kMargin + height, Colours().ceilingShade);
+    container.Line(kMargin, kMargin + height, kMargin + kSample, kMargin + height, Colours().ceilingLine);
+    container.Text(kMargin + kSample + kMargin, kMargin, title.substr(0, title.find_first_of(" :")), kBlack);
+    return;
+  }
   container.Text(kMargin, kMargin, title, kBlack);
   const std::int16_t last = plan_.rows.GetLength();
   const Single ceiling = last == 0 ? Single(0) : plan_.rows.GetCeiling(last);
@@ -87,15 +96,20 @@ void PlanPicture::Draw(DrawingSurface& picture) const {
   picture.Clear(Colours().around);
   const double panesTop = plotBottom;
   plotBottom -= DrawNotice(picture, plotBottom);
-  OffsetSurface container(picture, 0, 0, width, plotBottom);
-  OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, plotBottom - kPlotPlaceY);
-  const GraphScale scale = DrawPlot(container, grid, Fitted(plan_.rows, plan_.settings.StepSize));
+  const GraphScale scale = DrawProfile(picture, plotBottom);
   if (extras_.tissues) {
     OffsetSurface tissues(picture, 0, panesTop, width - kMargin, barsTop - panesTop);
     DrawTissues(tissues, scale, 0);
   }
   OffsetSurface bars(picture, kMargin, barsTop, width - 2 * kMargin, picture.Height() - barsTop);
   DrawBars(bars);
+}
+
+GraphScale PlanPicture::DrawProfile(DrawingSurface& picture, double bottom) const {
+  const double width = picture.Width();
+  OffsetSurface container(picture, 0, 0, width, bottom);
+  OffsetSurface grid(picture, kPlotPlaceX, kPlotPlaceY, width - kPlotPlaceX - kMargin, bottom - kPlotPlaceY);
+  return DrawPlot(container, grid, Fitted(plan_.rows, plan_.settings.StepSize));
 }
 
 std::string PlanPicture::Description() const {

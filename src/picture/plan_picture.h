@@ -33,6 +33,9 @@ class PlanPicture {
   /// Draws all of the plan on one surface, with the notice: the plan fills the plot.
   void Draw(DrawingSurface& picture) const;
 
+  /// Draws the profile alone down to `bottom`: the plan fills it. Returns its scale.
+  GraphScale DrawProfile(DrawingSurface& picture, double bottom) const;
+
   // Parts of it, on surfaces of their own.
   /// The plot with its axes, their names, the ceiling at the end and figures (ProfilePlot); returns its scale.
   GraphScale DrawPlot(DrawingSurface& container, DrawingSurface& grid, PlotPoint corner,
@@ -59,7 +62,7 @@ class PlanPicture {
   /// Along the lower edge of that part of the picture; returns how high it is.
   double DrawNotice(DrawingSurface& picture, double bottom) const;
 
-  [[nodiscard]] const graph::Scheme& Colours() const { return graph::SchemeOf(extras_.light); }
+  [[nodiscard]] const graph::Scheme& Colours() const { return extras_.Colours(); }
 
   DrawnPlan plan_;
   GraphExtras extras_;

@@ -132,7 +132,7 @@ bool PlotLabels::Write(double left, double top, const std::string& text, bool cl
 void WriteFigures(DrawingSurface& surface, const ProfilePlot& plot, const ClassProfile& profile,
                   const GraphExtras& extras, const FigureWords& words) {
   if (profile.GetLength() == 0) return;
-  Figures figures(surface, plot, profile, words, graph::SchemeOf(extras.light).label);
+  Figures figures(surface, plot, profile, words, extras.Colours().label);
   if (extras.depths) figures.WriteRunTime();
   if (extras.depths) figures.WriteDepths();
   if (extras.stopMinutes) figures.WriteStopMinutes();

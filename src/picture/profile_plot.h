@@ -45,6 +45,8 @@ struct GraphExtras {
   bool depths = true;       ///< of the first stop and of each gas change, and the run time at the end
   bool tissues = false;     ///< the map of the loads
   bool light = false;       ///< in dark colours on white
+  bool paper = false;       ///< for a printer, whatever `light` says
+  [[nodiscard]] const graph::Scheme& Colours() const { return paper ? graph::kPaper : graph::SchemeOf(light); }
   friend bool operator==(const GraphExtras&, const GraphExtras&) = default;
 };
 

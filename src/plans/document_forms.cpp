@@ -35,6 +35,7 @@ std::int16_t DocumentForms::LoadNewDoc() {
 std::int16_t DocumentForms::AddRepetitiveDive(std::int16_t previous, Single surfaceInterval, bool intervalOnAir) {
   DiveRecord dive{services_.documents(previous).Template, surfaceInterval, {}};
   dive.Template.IntervalOnAir = intervalOnAir;
+  dive.Template.Texts = {};  // a series has them in its first dive
   // The new dive itself has no changes yet, but its series has.
   return InsertDive(previous, dive);
 }
@@ -76,13 +77,17 @@ void DocumentForms::Link(std::int16_t document, std::int16_t previous, std::int1
 std::vector<SeriesDive> DocumentForms::Series(std::int16_t document, bool whole) {
   std::vector<SeriesDive> dives;
   int number = 0;
-  for (std::int16_t n = (*this)(document).getFirstProfile(); n != -1; n = (*this)(n).NextProfile) {
+  const std::int16_t first = (*this)(document).getFirstProfile();
+  for (std::int16_t n = first; n != -1; n = (*this)(n).NextProfile) {
     ++number;
     if (!whole && n != document) continue;
     DocumentState& state = services_.documents(n);
     dives.push_back({(*this)(n).Planned(), state.Template, state.ProfileName, number});
   }
-  for (SeriesDive& dive : dives) dive.ofDives = number;
+  for (SeriesDive& dive : dives) {
+    dive.ofDives = number;
+    dive.texts = services_.documents(first).Template.Texts;
+  }
   return dives;
 }
 

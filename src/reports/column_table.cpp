@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <set>
+#include <utility>
 
 #include "figures/dive_figures.h"
 #include "figures/schedule.h"
@@ -184,23 +186,43 @@ ColumnTable::Cell ColumnTableBuilder::GasCell(const WhatIfColumn& column, double
 }
 
 void ColumnTableBuilder::AddWarnings() {
-  const RemarkWords words = RemarkWordsOf(words_.Texts(), words_.Metric(), words_.Numbers());
   for (const auto& [column, head, before] : columns_) {
     std::string name = head.name;
     if (column.kind == Kind::BailOut) {
       name += " " + head.detail;
       if (column.fault.IsEmpty()) table_.notes.push_back(name + ": " + WayOutText(column.minute, words_.Texts()));
     }
-    for (const Finding& danger : DangersOf(column, before, words_)) {
-      if (danger.rule == Rule::Hypoxic || danger.rule == Rule::Hyperoxic) continue;
-      // The verdicts of the gases stand in their rows, but for a way up that never ends.
-      if (danger.rule == Rule::GasShort && !HasNoWayUp(column.supply)) continue;
-      table_.warnings.push_back(name + ": " + danger.text);
-    }
-    for (const GasWarning& warning : column.warnings) {
-      table_.warnings.push_back(name + ": " + WarningText(warning, words) + " (" + warning.gas + ")");
-    }
+    name += ": ";
+    for (const std::string& warning : WarningsOf(column, before, words_)) table_.warnings.push_back(name + warning);
   }
+}
+
+std::vector<std::string> WarningsOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words,
+                                    const WhatIfColumn* beside) {
+  using Of = std::pair<int, std::string>;  // what, and of which gas
+  const auto ofDanger = [](const WhatIfColumn& of, const Finding& danger) {
+    return Of(static_cast<int>(danger.rule),
+              danger.firstRow > of.rows.GetLength() ? "" : of.rows.GetGasMixName(danger.firstRow));
+  };
+  const auto ofWarning = [](const GasWarning& warning) { return Of(static_cast<int>(warning.kind), warning.gas); };
+  std::set<Of> dangers;
+  std::set<Of> gases;
+  if (beside != nullptr) {
+    for (const Finding& danger : DangersOf(*beside, before, words)) dangers.insert(ofDanger(*beside, danger));
+    for (const GasWarning& warning : beside->warnings) gases.insert(ofWarning(warning));
+  }
+  std::vector<std::string> texts;
+  for (const Finding& danger : DangersOf(column, before, words)) {
+    if (danger.rule == Rule::Hypoxic || danger.rule == Rule::Hyperoxic) continue;
+    // The verdicts of the gases stand in their rows, but for a way up that never ends.
+    if (danger.rule == Rule::GasShort && !HasNoWayUp(column.supply)) continue;
+    if (!dangers.contains(ofDanger(column, danger))) texts.push_back(danger.text);
+  }
+  const RemarkWords remarks = RemarkWordsOf(words.Texts(), words.Metric(), words.Numbers());
+  for (const GasWarning& warning : column.warnings) {
+    if (!gases.contains(ofWarning(warning))) texts.push_back(WarningText(warning, remarks) + " (" + warning.gas + ")");
+  }
+  return texts;
 }
 
 std::string AlignedText(const ColumnTable& table, std::size_t width) {

@@ -77,6 +77,11 @@ class ColumnTableBuilder {
   ColumnTable table_;
 };
 
+/// The dangers of the plan check in a column, but for the PPO2 and verdicts of gases, and the lines as below bail-out
+/// tables. With `beside` only what that column does not have of the same gas.
+std::vector<std::string> WarningsOf(const WhatIfColumn& column, const EndState* before, const AdviceWords& words,
+                                    const WhatIfColumn* beside = nullptr);
+
 /// The table as lines of text with columns that are aligned by blanks, in as many blocks below each other as lines of
 /// `width` letters take.
 std::string AlignedText(const ColumnTable& table, std::size_t width);

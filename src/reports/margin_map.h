@@ -59,4 +59,9 @@ void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& mar
                   const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
                   const AdviceWords& words);
 
+/// Adds that page to a report, as the one of that number.
+void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                    const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
+                    const AdviceWords& words, int number);
+
 }  // namespace tav

@@ -27,8 +27,7 @@ class Page {
        const AdviceWords& words)
       : out_(out), margins_(margins), grid_(grid), cells_(cells), words_(words), marks_(MarginMarks(cells, words)) {}
 
-  void Write(const std::string& plan, const std::optional<LongestStay>& stay) {
-    out_.InitPreview();
+  void Write(const std::string& plan, const std::optional<LongestStay>& stay, int number) {
     out_.PrintHeader(words_.T(Text::ReportProgram), words_.T(Text::MarginsTitle),
                      words_.T(Text::ReportDate) + out_.Services().environment.Today());
     out_.PrintTextFitted(1.9, 3.3, MarginHead(plan, margins_, words_), kPageRight - 1.9, kArial, 12, 1);
@@ -45,8 +44,8 @@ class Page {
     }
     for (const std::string& line : MarginNotes(margins_, words_)) Text(line, 0);
     out_.PrintFooter(words_.T(Text::ReportPrintedBy) + out_.Services().environment.UserName(),
-                     words_.T(Text::ReportAid), words_.T(Text::ReportRisk), words_.T(Text::ReportPage) + "1");
-    out_.EndReport(words_.T(Text::MarginsTitle));
+                     words_.T(Text::ReportAid), words_.T(Text::ReportRisk),
+                     words_.T(Text::ReportPage) + std::to_string(number));
   }
 
  private:
@@ -159,7 +158,15 @@ class Page {
 void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                   const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
                   const AdviceWords& words) {
-  Page(out, margins, grid, cells, words).Write(plan, stay);
+  out.InitPreview();
+  AddMarginsPage(out, plan, margins, grid, cells, stay, words, 1);
+  out.EndReport(words.T(Text::MarginsTitle));
+}
+
+void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
+                    const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
+                    const AdviceWords& words, int number) {
+  Page(out, margins, grid, cells, words).Write(plan, stay, number);
 }
 
 }  // namespace tav

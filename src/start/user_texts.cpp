@@ -44,8 +44,10 @@ std::string TableOfLocale(const fs::path& programFolder, std::string_view locale
   return known ? name : std::string(kDefaultLanguage);
 }
 
-std::string LocaleOfMessages() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+std::string LocaleOfMessages() { return LocaleOf("LC_MESSAGES"); }
+
+std::string LocaleOf(const char* category) {
+  for (const char* name : {"LC_ALL", category, "LANG"}) {
     const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nothing here sets the environment
     if (value != nullptr && *value != '\0') return value;
   }

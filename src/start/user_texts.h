@@ -18,6 +18,8 @@ std::string TableOfLocale(const std::filesystem::path& programFolder, std::strin
 /// The locale of messages that the environment names: LC_ALL, LC_MESSAGES or LANG, the first that is set; empty for
 /// none.
 std::string LocaleOfMessages();
+/// The same for another category, "LC_PAPER".
+std::string LocaleOf(const char* category);
 
 /// The texts of one language, for programs without a window; the table is read when the first text is asked for. One
 /// that can't be read leaves the default language.

@@ -9,8 +9,8 @@
 #include "headless/recording_surface.h"
 #include "pages/arial_measure.h"
 #include "pages/page_player.h"
-#include "pages/page_units.h"
 #include "reports/dive_report.h"
+#include "reports/plan_sheet.h"
 #include "reports/plan_slate.h"
 #include "supply/supply_text.h"
 #include "support/all_forms.h"
@@ -29,7 +29,7 @@ struct PlacedText {
 /// Keeps the level texts of a page with the room that they take.
 class TextsOfPage : public RecordingSurface {
  public:
-  TextsOfPage() : RecordingSurface(page::kWidth, page::kHeight) {}
+  explicit TextsOfPage(const PageSize& size) : RecordingSurface(size.width, size.height) {}
   void PageText(double x, double y, const std::string& text, const TextFont& font, Colour /*colour*/,
                 double angle) override {
     if (angle == 0 && !text.empty()) texts.push_back({x, y, PageTextWidth(text, font), font.points * 20, text});
@@ -44,12 +44,12 @@ class TextsOfPage : public RecordingSurface {
 };
 
 /// What can't be read on a page.
-std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts) {
+std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts, const PageSize& size) {
   constexpr double kTouch = 20;  // a third of a millimetre
   std::vector<std::string> faults;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const PlacedText& one = texts[i];
-    if (one.left < 0 || one.left + one.width > page::kWidth || one.top < 0 || one.top + one.height > page::kHeight) {
+    if (one.left < 0 || one.left + one.width > size.width || one.top < 0 || one.top + one.height > size.height) {
       faults.push_back("\"" + one.text + "\" leaves the paper");
     }
     for (std::size_t j = 0; j < i; ++j) {
@@ -68,11 +68,24 @@ void LookAtPages(const PrintPreview& report, const std::string& what) {
   EXPECT_GT(report.Pages().Pages(), 0) << what;
   const PagePlayer player(report.Pages());
   for (int page = 1; page <= report.Pages().Pages(); ++page) {
-    TextsOfPage paper;
+    const PageSize size = player.SizeOf(page);
+    TextsOfPage paper(size);
     player.tempshow(page, paper, 1);
-    for (const std::string& fault : ReadingFaults(paper.texts))
+    for (const std::string& fault : ReadingFaults(paper.texts, size))
       ADD_FAILURE() << what << ", page " << page << ": " << fault;
   }
+}
+
+/// Without texts on A4; on the lower paper with texts as long as a plan may have, in words and without a blank.
+void LookAtPlanSheets(PrintPreview& report, std::vector<SeriesDive> dives) {
+  PrintPlanSheets(report, dives, {Paper::A4, false});
+  LookAtPages(report, "plan sheet");
+  EXPECT_LE(report.Pages().Pages(), 2 * static_cast<int>(dives.size()));
+  std::string words(300, 'm');
+  while (words.size() + 5 <= kPlanTextFields[2].mostLetters) words += words.size() % 7 == 0 ? "\nword" : " word";
+  for (SeriesDive& dive : dives) dive.texts = {std::string(100, 'W'), std::string(100, 'M'), words};
+  PrintPlanSheets(report, dives, {Paper::Letter, false});
+  LookAtPages(report, "plan sheet with long texts");
 }
 
 void LookAtReports(const std::string& language, const std::string& dive) {
@@ -93,6 +106,8 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   Slate slate(report);
   WriteSlates({slate, texts, comma}, forms.Series(document));
   LookAtPages(report, "slate");
+
+  LookAtPlanSheets(report, forms.Series(document));
 
   auto& bailOut = all.Of<frmBailoutStart>();
   all.Load(bailOut);

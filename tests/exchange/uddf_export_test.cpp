@@ -69,6 +69,19 @@ TEST(UddfExport, NamesThatXmlCanNotHoldComeBack) {
   }
 }
 
+TEST(UddfExport, TellsPlaceAndNotesToThoseWhoDoNotKnowPlans) {
+  ProfileText profile = ReadProfileFile(SourceFolder() / "dives/lake-series.tav");
+  profile.dives.front().Template.Texts = {"North <wall>", "Blue hole & reef", "slack at 11:30\nkeys: C:\\n"};
+  std::string uddf = Uddf(profile);
+  for (std::size_t at = 0; (at = uddf.find("<?tav-plan")) != std::string::npos;) {
+    uddf.erase(at, uddf.find("?>", at) + 2 - at);
+  }
+  const auto dives = ImportUddf("log.uddf", uddf, ShippedDefaultTemplate(), 0, TextSource()).profile.dives;
+  EXPECT_EQ(dives.front().Template.Texts,
+            (PlanTexts{"", "Blue hole & reef", "North <wall>\nslack at 11:30\nkeys: C:\\n"}));
+  EXPECT_EQ(dives.back().Template.Texts, PlanTexts());
+}
+
 TEST(UddfExport, APlanOfMonthsComesBackWithTimesOfSevenDigits) {
   ProfileText profile;
   DiveRecord& dive = profile.dives.emplace_back();

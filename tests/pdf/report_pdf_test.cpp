@@ -8,12 +8,14 @@
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <random>
 #include <set>
 #include <sstream>
 
 #include "cli/commands.h"
 #include "model/number_text.h"
 #include "model/single.h"
+#include "support/random_plan.h"
 #include "support/scratch_folder.h"
 #include "support/source_folder.h"
 
@@ -182,6 +184,88 @@ TEST_F(ReportPdfFile, OfASlateHasEveryStopInLargeType) {
     const std::string part =
         Told({Fixed(row.at("stop_depth"), 0), Fixed(row.at("stop_time"), 0), Fixed(row.at("run_time"), 0), mix});
     EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+  }
+}
+
+/// Reads back the sheets of a plan. Figures stand there as `plan` prints them: "22.5", "30".
+class PlanSheetPdf : public ReportPdfFile {
+ protected:
+  void ExpectAllOf(const fs::path& plan) {
+    SCOPED_TRACE(plan);
+    ASSERT_LE(Run({"plan", "--json", plan.string()}), ExitStatus::kDoesNotDecompress) << err_.str();
+    const json dives = json::parse(out_.str()).at("dives");
+    for (std::size_t dive = 1; dive <= dives.size(); ++dive) {
+      const fs::path pdf = scratch_.Path() / "sheet.pdf";
+      ASSERT_LE(Run({"report", plan.string(), "--sheet", "--dive", std::to_string(dive), "--pdf", pdf.string()}),
+                ExitStatus::kDoesNotDecompress)
+          << err_.str();
+      const std::string information = OutputOf("pdfinfo " + pdf.string());
+      EXPECT_TRUE(information.find("Pages:           1\n") != std::string::npos ||
+                  information.find("Pages:           2\n") != std::string::npos)
+          << information;
+      EXPECT_NE(information.find("595 x 842 pts (A4)"), std::string::npos) << information;
+      ExpectRows(dives[dive - 1].at("rows"), pdf);
+    }
+  }
+
+ private:
+  static std::string Short(const json& number) {
+    const std::string text = Fixed(number, 1);
+    return text.ends_with(".0") ? text.substr(0, text.size() - 2) : text;
+  }
+
+  static void ExpectRows(const json& rows, const fs::path& pdf) {
+    // The schedule stands in the left part of the page.
+    const std::set<Words> schedule =
+        LinesOf(OutputOf("pdftotext -layout -x 0 -y 0 -W 341 -H 842 " + pdf.string() + " -"));
+    double stops = 0;
+    for (const json& row : rows) {
+      if (row.at("stop_depth") == 0) continue;
+      stops += row.at("stop_time").get<double>();
+      const Words line{"stop",        Short(row.at("depth")),  Short(row.at("stop_time")), Short(row.at("run_time")),
+                       row.at("mix"), Fixed(row.at("ppo2"), 2)};
+      EXPECT_TRUE(HasLine(schedule, line, {})) << Told(line);
+    }
+    const std::string minutes = FormatPlain(Single(stops));
+    const Words totals{"Run", "time", Short(rows.back().at("run_time")), "min,", "stops", minutes, "min,"};
+    EXPECT_TRUE(HasLine(schedule, totals, {})) << Told(totals);
+    const std::set<Words> lines = LinesOf(OutputOf("pdftotext -layout " + pdf.string() + " -"));
+    const Words planned{"planned", Short(rows.back().at("run_time")), minutes};
+    EXPECT_TRUE(HasLine(lines, planned, {}) || HasLine(lines, {"planned", "no", "end"}, {})) << Told(planned);
+  }
+};
+
+TEST_F(PlanSheetPdf, HasEveryStopAndSumOfThePlan) {
+  for (const fs::path& plan : Examples()) ExpectAllOf(plan);
+  std::mt19937 random(24);
+  for (int i = 0; i < 50; ++i) {
+    const fs::path plan = scratch_.Path() / ("random" + std::to_string(i) + ".tav");
+    std::ofstream(plan, std::ios::binary) << test::File(test::MakePlan(random));
+    ExpectAllOf(plan);
+    if (HasFailure()) FAIL() << std::ifstream(plan).rdbuf();
+  }
+}
+
+TEST_F(PlanSheetPdf, IsOnThePaperThatIsAskedForWithItsTextsAndTheMapBehindIt) {
+  const fs::path plan = scratch_.Path() / "named.tav";
+  std::stringstream text;
+  text << std::ifstream(kRoot / "dives/air-deco.tav", std::ios::binary).rdbuf();
+  std::ofstream(plan, std::ios::binary) << ReplaceAll(
+      text.str(), "Templatename=",
+      "# Plan name=North wall\r\n# Place=Mooring 3\r\n# Notes=slack 11:30\\nchannel 72\r\nTemplatename=");
+  const fs::path pdf = scratch_.Path() / "named.pdf";
+  ASSERT_EQ(Run({"report", plan.string(), "--sheet", "--margins", "--paper", "letter", "--pdf", pdf.string()}),
+            ExitStatus::kFine)
+      << err_.str();
+  const std::string pages = OutputOf("pdfinfo -f 1 -l 9 " + pdf.string());
+  EXPECT_NE(pages.find("1 size:  612 x 792 pts (letter)"), std::string::npos) << pages;
+  EXPECT_NE(pages.find("842 x 595 pts (A4)"), std::string::npos) << pages;
+  const std::set<Words> lines = LinesOf(OutputOf("pdftotext -layout " + pdf.string() + " -"));
+  EXPECT_TRUE(HasLine(lines, {"North", "wall"}, {}));
+  for (const Words& line : {Words{"Mooring", "3"}, {"slack", "11:30"}, {"channel", "72"}, {"The", "longest", "stay"}}) {
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const Words& each) {
+      return std::search(each.begin(), each.end(), line.begin(), line.end()) != each.end();
+    })) << Told(line);
   }
 }
 

@@ -71,7 +71,7 @@ TEST(TemplateBlock, OfAnyRecordComesBackAsItWas) {
 }
 
 struct KeyCase {
-  const char* lines;
+  std::string lines;
   std::function<bool(const DiveTemplate&)> holds;
   const char* advice = "";
 };
@@ -101,6 +101,15 @@ TEST(TemplateBlock, ReadsItsKeysTolerantlyButFlagsAsNumbers) {
        }},
       {"# Limits=75/ 90/ 1/", [](const auto& t) { return !t.Limits && t.Comments.size() == 1; }, "passed over"},
       {"# Limits=0/ / / 1/", [](const auto& t) { return !t.Limits; }, "passed over"},
+      {R"(# Plan name= The "Thistle" = north )",
+       [](const auto& t) { return t.Texts.name == R"(The "Thistle" = north)"; }},
+      {R"(# Notes=slack at 11:30\n\nkeys in C:\\new)",
+       [](const auto& t) { return t.Texts.notes == "slack at 11:30\n\nkeys in C:\\new"; }},
+      {R"(# Notes=C:\temp)", [](const auto& t) { return t.Texts.notes.empty() && t.Comments.size() == 1; },
+       "2 advice: passed over: Notes: behind \"\\\" there must be"},
+      {R"(# Place=a\nb)", [](const auto& t) { return t.Texts.place.empty(); }, "can not be printed"},
+      {"# Place=" + std::string(101, 'x'), [](const auto& t) { return t.Texts.place.empty(); },
+       "Place has 101 letters, 100 at most"},
       {"# Loop=diluent", [](const auto& t) { return t.KeepsDiluent && !t.IntervalOnAir; }},
       {"#  Surface interval = air \t", [](const auto& t) { return !t.KeepsDiluent && t.IntervalOnAir; }},
       {"TimeToHeight=2.5", [](const auto& t) { return t.TimeToHeight == 2; }},
@@ -284,8 +293,7 @@ TEST(Cylinders, ThatCannotBeAreNamedWithTheirLine) {
 }
 
 TEST(CommentLines, ThatNothingHereKnowsAreKeptAndWrittenAgain) {
-  const std::string lines =
-      "# Place=wreck \xC3\xA9, 30 m = deep \r\n# Cylinder=Air: 1/ 12/\r\n# Boat=x\r\n# Place=\r\n";
+  const std::string lines = "# Port=wreck \xC3\xA9, 30 m = deep \r\n# Cylinder=Air: 1/ 12/\r\n# Boat=x\r\n# Port=\r\n";
   const DiveTemplate t = Read(Block("RMV=20\n# a note\n#Boat=no name\n" + lines));
   const std::string written = WriteTemplateBlock(t);
   EXPECT_THAT(written, HasSubstr("21:EAN50,\r\n" + lines + "Templatename="));
@@ -295,9 +303,9 @@ TEST(CommentLines, ThatNothingHereKnowsAreKeptAndWrittenAgain) {
   // none.
   DiveTemplate plan = Read(Block("# Cylinder=Air: 1/ 10/ 200/ 20/"), t);
   EXPECT_EQ(plan.Comments, (std::vector{t.Comments[0], t.Comments[2], t.Comments[3]}));
-  plan = Read(Block("# Cylinder=Air\n# Place=here"), plan);
+  plan = Read(Block("# Cylinder=Air\n# Port=here"), plan);
   EXPECT_EQ(plan.Cylinders.size(), 1U);
-  EXPECT_EQ(plan.Comments, (std::vector<std::string>{"# Boat=x", "# Cylinder=Air", "# Place=here"}));
+  EXPECT_EQ(plan.Comments, (std::vector<std::string>{"# Boat=x", "# Cylinder=Air", "# Port=here"}));
 }
 
 TEST(TemplateFile, IsLoadedAsAWholeOrNotAtAll) {
@@ -317,6 +325,14 @@ TEST(TemplateFile, IsLoadedAsAWholeOrNotAtAll) {
   EXPECT_EQ(record.RMV, Single(25));
   SaveTemplateFile(record, file);
   EXPECT_EQ(FileText(file), WriteTemplateBlock(record));
+  // What is said of a plan is no setting.
+  DiveTemplate plan = record;
+  plan.Texts.name = "wreck";
+  SaveTemplateFile(plan, file);
+  EXPECT_EQ(FileText(file), WriteTemplateBlock(record));
+  WriteTextFile(file, Block("# Plan name=reef"));
+  LoadTemplateFile(plan, file);
+  EXPECT_EQ(plan.Texts.name, "wreck");
 }
 
 TEST(LineOfFault, IsThatOfTheKeyOrOfTheBlock) {

@@ -23,6 +23,7 @@
 #include "dialogs/general_info.h"
 #include "dialogs/multi_level.h"
 #include "dialogs/plan_pane.h"
+#include "dialogs/plan_sheet_form.h"
 #include "dialogs/properties.h"
 #include "dialogs/report_selection.h"
 #include "dialogs/table_expert.h"
@@ -56,6 +57,7 @@ struct Forms {
     forms.push_back(std::move(waypoint));
     forms.push_back(std::make_unique<frmConservatism>(services));
     forms.push_back(std::make_unique<frmCylinders>(services));
+    forms.push_back(std::make_unique<frmPlanSheet>(services));
     forms.push_back(std::make_unique<frmProperties>(services));
     forms.push_back(std::make_unique<frmGasBlend>(services));
     forms.push_back(std::make_unique<frmMultiLevel>(services));

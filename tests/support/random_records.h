@@ -73,6 +73,8 @@ inline DiveTemplate RandomTemplate(std::mt19937& random) {
     cylinder.Fill = static_cast<double>(random() % 3500) / 4;
     cylinder.Reserve = cylinder.Fill / 4;
   }
+  if (random() % 2 == 0) t.Texts = {RandomName(random, ""), RandomName(random, ""), ""};
+  for (std::size_t n = random() % 4; n > 0; --n) t.Texts.notes += RandomName(random, "") + (n > 1 ? "\n" : "");
   return t;
 }
 
