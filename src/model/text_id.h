@@ -1416,4 +1416,18 @@ constexpr int MarginsHint = 8850;
 constexpr int MarginsLimitFault = 8851;
 constexpr int MarginsMinimumGas = 8852;
 
+// Tables on paper: titles, units, moments, gases
+constexpr int PartOf = 8940;
+constexpr int TableUnits = 8941;
+constexpr int TableBailoutTitle = 8942;
+constexpr int TableDecoTitle = 8943;
+constexpr int TableDecoGases = 8944;
+constexpr int TableNoDecoGas = 8945;
+constexpr int BailoutLegEnds = 8946;
+constexpr int BailoutLegEndsHeading = 8947;
+constexpr int TablesDecoGasesUsed = 8948;
+constexpr int TablesGasFrom = 8949;
+constexpr int TablesFastDescentMeans = 8950;
+constexpr int WayOutOfLegEnd = 8951;
+
 }  // namespace tav::Text

@@ -5,6 +5,7 @@
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
+#include "pages/page_units.h"
 
 namespace tav {
 namespace {
@@ -63,6 +64,15 @@ void ReportPages::Right(Single x, Single y, const std::string& text, bool bold, 
 
 void ReportPages::Fitted(Single x, Single y, const std::string& text, double cm, bool bold) {
   out_.PrintTextFitted(x, y, text, cm, kArial, 10, bold ? 1 : 0);
+}
+
+void ReportPages::Figure(Single x, Single y, const std::string& text, double cm, bool bold) {
+  WidthOf(text, bold) <= cm ? Right(x, y, text, bold) : Fitted(x - cm, y, text, cm, bold);
+}
+
+double ReportPages::WidthOf(const std::string& text, bool bold) const {
+  constexpr double kSize = 10;
+  return out_.Services().measure.TextWidth(text, {kArial, kSize, bold}) / page::kUnitsPerCm;
 }
 
 void ReportPages::InWhite(const std::function<void()>& write) {
