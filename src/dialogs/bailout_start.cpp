@@ -67,6 +67,7 @@ void frmBailoutStart::SetRunning(bool running) {
 }
 
 std::optional<Single> frmBailoutStart::ReadInterval() {
+  if (Check3.Value) return Single(1);  // none is asked for
   const auto typed = NumberIn(tbTime.Text);
   const Single interval = RoundSingle(typed.value_or(0), 0);
   if (typed && interval >= 0 && interval <= BailoutCuts::kLongestInterval) return interval;
@@ -96,7 +97,8 @@ void frmBailoutStart::cbOK_Click() {
     return;
   }
   const PlanServices& plans = services_.forms.Services();
-  const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer);
+  const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer,
+                         Check3.Value ? CutMoments::LegEnds : CutMoments::Regular);
   if (cuts.IntervalIsAtFault()) {
     RefuseEntry(lbtime, tbTime, texts_.Words(cuts.Fault()), T(Text::BailoutFaultTitle));
     return;
@@ -106,7 +108,7 @@ void frmBailoutStart::cbOK_Click() {
     Unload();
     return;
   }
-  if (cuts.Interval() != NumberIn(tbTime.Text)) {
+  if (!Check3.Value && cuts.Interval() != NumberIn(tbTime.Text)) {
     Box(T(Text::TablesRounded, {FieldName(lbtime), tbTime.Text, Plain(cuts.Interval())}), T(Text::BailoutFaultTitle),
         BoxIcon::Information);
   }

@@ -88,8 +88,9 @@ void frmTableExpert::ShowGases() {
   ShowMixDetails();
   const DiveTemplate& settings = TemplateOf(TableDocument());
   const std::string unit = " " + T(settings.Metric ? Text::ReportMetres : Text::ReportFeet);
+  deco_ = settings.ChangeGasMixes;
   std::vector<CheckList::Item> deco;
-  for (const GasChange& change : settings.ChangeGasMixes) {
+  for (const GasChange& change : deco_) {
     deco.push_back({T(Text::TablesGasFrom, {change.Name, Plain(change.Depth) + unit})});
   }
   ckDeco.Items = deco;
@@ -98,7 +99,7 @@ void frmTableExpert::ShowGases() {
 DiveTemplate frmTableExpert::Chosen() const {
   DiveTemplate chosen = TemplateOf(TableDocument());
   const std::vector<CheckList::Item>& items = ckDeco.Items;
-  for (std::size_t i = std::min(items.size(), chosen.ChangeGasMixes.size()); i-- > 0;) {
+  for (std::size_t i = items.size(); i-- > 0;) {
     if (!items[i].on) chosen.ChangeGasMixes.erase(chosen.ChangeGasMixes.begin() + static_cast<std::ptrdiff_t>(i));
   }
   return chosen;
@@ -168,7 +169,10 @@ void frmTableExpert::cbStart_Click() {
   const auto axes = ReadAxes();
   if (!axes) return;
   const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
-  if (!mix) {
+  const bool sameDeco = std::ranges::equal(
+      deco_, TemplateOf(TableDocument()).ChangeGasMixes,
+      [](const GasChange& one, const GasChange& other) { return one.Name == other.Name && one.Depth == other.Depth; });
+  if (!mix || !sameDeco) {
     Box(T(Text::GasGone), T(Text::TablesTitle), BoxIcon::Exclamation);
     ShowGases();
     return;

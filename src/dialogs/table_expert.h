@@ -68,7 +68,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
 
   [[nodiscard]] std::array<Field, 6> Fields();
   void ShowGases();
-  /// The template without the deco gases whose tick is away.
+  /// The template without the deco gases whose tick is away; the list must be that of the template.
   [[nodiscard]] DiveTemplate Chosen() const;
   /// The depths and times used last in the unit of the template.
   void ShowFields();
@@ -85,6 +85,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
 
   PrintPreview& report_;
   LongRuns& runs_;
+  std::vector<GasChange> deco_;         ///< the deco gases that are listed
   bool metric_ = true;                  ///< unit of the depths that are shown
   std::optional<OpenedDocument> plan_;  ///< without one the settings are those of the default document
   LongRun* run_ = nullptr;              ///< while one lasts

@@ -59,6 +59,8 @@ class ReportPages {
     double unitShift = 0;  ///< of the unit against its head
   };
   void Heads(const std::vector<Head>& heads, Single y, Single unitY);
+  /// A small text that ends before the one at `next`, in cm.
+  void SmallHead(Single x, Single y, const std::string& text, double next, bool bold);
 
   using Boxes = std::vector<std::pair<double, double>>;  ///< from, to
   /// A row of a table: the light band of every second one, then the black boxes behind the white figures.

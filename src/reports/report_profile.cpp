@@ -1,5 +1,6 @@
 // Every row of a dive in the long report.
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -52,7 +53,7 @@ class ProfileTable {
       if (row == last || y_ + ReportPages::kRow <= ReportPages::kEnd) continue;
       Close();
       y_ = kTopOfPage;
-      spare_ = kTopOfPage - 4.0;
+      spare_ = kTopOfPage - kHighest;
       pages_.NewPage();
       Begin(last - row);
     }
@@ -67,15 +68,18 @@ class ProfileTable {
 
  private:
   static constexpr double kTopOfPage = 5.0;
+  static constexpr double kHighest = 4.0;
   static constexpr double kHead = 2.3;
 
   void Close() { pages_.Outline(top_ - 0.04, y_); }
 
-  /// Begins the table on a page, higher by a row or two where as many would be left for a page of their own.
+  static double RowsFrom(double y) { return std::floor((ReportPages::kEnd - kHead - y) / ReportPages::kRow); }
+
+  /// Begins the table on a page, as high as it may where that saves a page of a few rows.
   void Begin(int rows) {
-    const double here = std::floor((ReportPages::kEnd - kHead - y_) / ReportPages::kRow);
-    const double more = (rows - here) * ReportPages::kRow;
-    if (more > 0 && more <= spare_) y_ -= more;
+    const auto further = [&](double here, double top) { return std::ceil(std::max(0.0, rows - here) / RowsFrom(top)); };
+    const double high = y_ - spare_;
+    if (further(RowsFrom(high), kHighest) < further(RowsFrom(y_), kTopOfPage)) y_ = high;
     Head();
   }
 

@@ -114,8 +114,9 @@ Single WriteSummary(ReportPages& pages, Single y) {
   const bool any = pages.Profile().GetLength() > 0;
   for (std::size_t i = 0; i < row.size(); ++i) {
     const double x = kSummaryCols[i];
-    const double room = (i + 1 < row.size() ? kSummaryCols[i + 1] - 0.1 : kSummaryBoxes.back().second) - x;
-    pages.Out().PrintTextFitted(x, y + 1.5, pages.T(row[i].head), room, "Arial", 8, 1);
+    const double next = i + 1 < row.size() ? kSummaryCols[i + 1] : kSummaryBoxes.back().second;
+    const double room = next - x - 0.1;
+    pages.SmallHead(x, y + 1.5, pages.T(row[i].head), next, true);
     if (row[i].unit != 0) pages.Left(x, y + 1.9, pages.T(row[i].unit), 8);
     if (!any) continue;
     if (ReportPages::OnBlack(kSummaryBoxes, x)) {

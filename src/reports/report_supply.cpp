@@ -97,6 +97,15 @@ void WriteSupply(ReportPages& pages, Single y) {
   const SupplyTables supply =
       TablesOf(pages.Dive().supply, settings.RMV, AdviceWords(pages.Out().Texts(), pages.Numbers(), settings.Metric));
   if (supply.gases.empty()) return;
+  // Where both tables fit on a page of their own, none of them is alone on the next.
+  const auto height = [](const SupplyTables::Table& table, int linesOfRow) {
+    return table.size() > 1 ? kRow + kHead + static_cast<double>(table.size() - 1) * linesOfRow * kRow : 0.0;
+  };
+  const double both = height(supply.gases, 1) + height(supply.legs, 2) + (supply.note.empty() ? 0 : 2 * kRow);
+  if (y + both > kPageEnd && kTopOfPage + both <= kPageEnd) {
+    pages.NewPage();
+    y = kTopOfPage - kRow;
+  }
   const Single end = SupplyTable(pages, supply.gases, kGasPlaces, 1).Write(y, supply.gasTitle, 12.5);
   Single below = end;
   if (supply.legs.size() > 1) below = SupplyTable(pages, supply.legs, kLegPlaces, 2).Write(end, supply.legTitle, 9.5);

@@ -76,14 +76,15 @@ class LongReports : public testing::Test {
 };
 
 TEST_F(LongReports, TurnThePageOnlyWhenAFurtherRowFollows) {
-  // The first page has room for 12 rows of the profile, each later one for 19, and for two more that would be left
-  // for a page of their own.
+  // The first page has room for 12 rows of the profile, each later one for 19, each for two more where that
+  // saves a page.
   struct Case {
     int rows;
     std::vector<int> onPages;
   };
-  for (const Case& c : {Case{0, {1}}, Case{11, {12}}, Case{12, {13}}, Case{13, {14}}, Case{14, {12, 3}},
-                        Case{30, {12, 19}}, Case{31, {12, 20}}, Case{32, {12, 21}}, Case{33, {12, 19, 3}}}) {
+  for (const Case& c :
+       {Case{0, {1}}, Case{11, {12}}, Case{12, {13}}, Case{13, {14}}, Case{14, {12, 3}}, Case{30, {12, 19}},
+        Case{31, {14, 18}}, Case{33, {14, 20}}, Case{34, {14, 21}}, Case{35, {12, 19, 5}}}) {
     Write(c.rows, RowStatus::kAscentEnd, false);
     std::vector<int> onPages;
     for (std::size_t page = 1; page <= c.onPages.size(); ++page) onPages.push_back(RowsOn(static_cast<int>(page)));
