@@ -168,7 +168,7 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   tables.tbET.Type("150");  // rows and columns enough for more than a page
   tables.tbTI.Type("3");
   tables.tbSD.Type("60");
-  tables.tbED.Type("90");
+  tables.tbED.Type("70");
   tables.tbDI.Type("10");
   tables.cbStart.Press();
   LookAtPages(report, "large deco tables");
