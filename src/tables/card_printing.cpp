@@ -12,7 +12,6 @@ namespace tav {
 namespace {
 
 // cm within a card
-constexpr double kMargin = 0.4;
 constexpr double kHeads = 1.27;
 constexpr double kRows = 1.7;
 constexpr double kWarningHeight = 0.45;
@@ -22,16 +21,24 @@ constexpr double kTitleHeight = 0.5;
 constexpr double kGap = 0.3;  // between the rows and the notes of a tall card
 constexpr double kEnd = TableSlots::kCellHeight - 0.2;
 constexpr double kEndOfTall = 17.5;  // with room for two more lines of its title
-constexpr double kDepthRight = 1.6;
-constexpr double kStopRight = 2.8;
-constexpr double kRunRight = 4.2;
-constexpr double kGasLeft = 4.5;
-constexpr double kRight = TableSlots::kCellWidth - kMargin;
+
+/// Where things stand across a card, cm: right edges of figures, the left one of gases.
+struct Places {
+  double width;
+  double margin;
+  double depth, stop, run, gas;
+  int headSize;  ///< points
+
+  [[nodiscard]] double Right() const { return width - margin; }
+  [[nodiscard]] double Inner() const { return width - 2 * margin; }
+};
+
+constexpr Places kThreeAbreast{TableSlots::kCellWidth, 0.4, 1.6, 2.8, 4.2, 4.5, 9};
+constexpr Places kFourAbreast{5.55, 0.2, 1.15, 2.05, 3.15, 3.4, 7};
 
 constexpr int kRowSize = 14;  // points: read at arm's length, by a lamp
 constexpr int kSmallestSize = 9;
 constexpr int kTitleSize = 12;
-constexpr int kHeadSize = 9;
 constexpr int kNoteSize = 10;
 const std::string kArial = "Arial";
 const std::string kWarning = "! ";
@@ -41,7 +48,12 @@ constexpr double kNoise = 1e-9;      // cm
 class CardPrinter {
  public:
   CardPrinter(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card)
-      : writer_(writer), pages_(pages), set_(set), card_(card), end_(IsTall() ? kEndOfTall : kEnd) {}
+      : writer_(writer),
+        pages_(pages),
+        set_(set),
+        card_(card),
+        at_(IsTall() && set.abreast > 3 ? kFourAbreast : kThreeAbreast),
+        end_(IsTall() ? kEndOfTall : kEnd) {}
 
   void Print() {
     const std::vector<Line> lines = Lines();
@@ -63,7 +75,7 @@ class CardPrinter {
           if (notes > 0) y = IsTall() ? std::min(y + kGap, end_ - notes) : end_ - notes;
           notes = 0;
           writer_.SetForeColor(line.warning ? kRed : kBlack);
-          writer_.PrintTextLeft(x_ + kMargin, y_ + y, line.note, kArial, line.size, 1);
+          writer_.PrintTextLeft(x_ + at_.margin, y_ + y, line.note, kArial, line.size, 1);
           writer_.SetForeColor(kBlack);
         }
         y += line.Height();
@@ -118,56 +130,57 @@ class CardPrinter {
   [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
   /// A text from `x` on to the right edge of the card, or `before` it: nothing may run over the cut marks.
   void Fitted(double x, double y, const std::string& text, int size, bool bold, double before = 0) {
-    writer_.PrintTextFitted(x_ + x, y_ + y, text, kRight - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
+    writer_.PrintTextFitted(x_ + x, y_ + y, text, at_.Right() - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
   }
   [[nodiscard]] std::string Unit() const { return T(Metric() ? Text::ReportMetres : Text::ReportFeet); }
 
   void Head(std::size_t part) {
-    const TablePlace place = IsTall() ? pages_.PlaceTall(set_.info, set_.pageHead) : pages_.PlaceCard(set_.info);
+    const TablePlace place =
+        IsTall() ? pages_.PlaceTall(set_.info, set_.pageHead, set_.abreast) : pages_.PlaceCard(set_.info);
     x_ = place.x;
     y_ = place.y;
     const double forPart = parts_ > 1 ? 1.2 : 0;
     if (parts_ > 1) {
-      writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
-                             1);
+      writer_.PrintTextRight(x_ + at_.Right(), y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial,
+                             12, 1);
     }
     std::vector<std::string> title{set_.title};
     if (IsTall()) {
       const TextFont font{kArial, kTitleSize, true};
-      title = WrappedText(set_.title, kRight - kMargin - forPart, font, writer_.Services().measure);
+      title = WrappedText(set_.title, at_.Inner() - forPart, font, writer_.Services().measure);
     }
     for (const std::string& line : title) {
-      Fitted(kMargin, 0.25, line, kTitleSize, true, forPart);
+      Fitted(at_.margin, 0.25, line, kTitleSize, true, forPart);
       y_ += kTitleHeight;
     }
     y_ -= kTitleHeight;
     const std::string leave =
         T(Text::CardLeaveAt) + " " + card_.moment + " " + T(Text::Minutes) + ", " + card_.depth + " " + Unit();
-    Fitted(kMargin, 0.75, leave, 12, true);
+    Fitted(at_.margin, 0.75, leave, 12, true);
     if (!card_.decompresses) {
       writer_.SetForeColor(kRed);
-      Fitted(kMargin, 1.23, T(Text::TableDoesNotDecompress), 10, true);
+      Fitted(at_.margin, 1.23, T(Text::TableDoesNotDecompress), 10, true);
       writer_.SetForeColor(kBlack);
     }
     const double heads = y_ + FirstRow() - kRows + kHeads;
-    writer_.PrintTextRight(x_ + kDepthRight, heads, T(Text::CardDepth), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kStopRight, heads, T(Text::CardStop), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kRunRight, heads, T(Text::CardRun), kArial, kHeadSize, 0);
-    writer_.PrintTextLeft(x_ + kGasLeft, heads, T(Text::CardGas), kArial, kHeadSize, 0);
-    writer_.PrintBoxOutline(x_ + kMargin, y_ + FirstRow(), x_ + kRight, y_ + FirstRow());
+    writer_.PrintTextRight(x_ + at_.depth, heads, T(Text::CardDepth), kArial, at_.headSize, 0);
+    writer_.PrintTextRight(x_ + at_.stop, heads, T(Text::CardStop), kArial, at_.headSize, 0);
+    writer_.PrintTextRight(x_ + at_.run, heads, T(Text::CardRun), kArial, at_.headSize, 0);
+    writer_.PrintTextLeft(x_ + at_.gas, heads, T(Text::CardGas), kArial, at_.headSize, 0);
+    writer_.PrintBoxOutline(x_ + at_.margin, y_ + FirstRow(), x_ + at_.Right(), y_ + FirstRow());
   }
 
   /// The gas stands out where it changes, and where a card begins: that is the one to be on.
   void Row(const CardRow& row, double y, bool first) {
     const bool marked = row.gasChanges || (first && !row.gas.empty());
     if (marked) {
-      writer_.PrintFilledBox(x_ + kGasLeft - 0.1, y_ + y + 0.02, x_ + kRight, y_ + y + kRowHeight - 0.02,
+      writer_.PrintFilledBox(x_ + at_.gas - 0.1, y_ + y + 0.02, x_ + at_.Right(), y_ + y + kRowHeight - 0.02,
                              RGB(200, 200, 200));
     }
-    writer_.PrintTextRight(x_ + kDepthRight, y_ + y, row.depth, kArial, kRowSize, 1);
-    writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
-    writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
-    Fitted(kGasLeft, y, row.gas + (row.warned ? " !" : ""), kRowSize, marked);
+    writer_.PrintTextRight(x_ + at_.depth, y_ + y, row.depth, kArial, kRowSize, 1);
+    writer_.PrintTextRight(x_ + at_.stop, y_ + y, row.stop, kArial, kRowSize, 0);
+    writer_.PrintTextRight(x_ + at_.run, y_ + y, row.runTime, kArial, kRowSize, 0);
+    Fitted(at_.gas, y, row.gas + (row.warned ? " !" : ""), kRowSize, marked);
   }
 
   /// The rows, then the gas that is needed and what is wrong with it.
@@ -178,7 +191,7 @@ class CardPrinter {
       const std::string marked = (warning ? kWarning : "") + text;
       const int size = warning && !IsTall() ? kRowSize : kNoteSize;
       const TextFont font{kArial, static_cast<double>(size), true};
-      for (std::string& line : WrappedText(marked, kRight - kMargin, font, writer_.Services().measure)) {
+      for (std::string& line : WrappedText(marked, at_.Inner(), font, writer_.Services().measure)) {
         lines.push_back({nullptr, std::move(line), warning, size});
       }
     };
@@ -205,6 +218,7 @@ class CardPrinter {
   TablePages& pages_;
   const CardSet& set_;
   const AscentCard& card_;
+  const Places& at_;
   double end_;  ///< of what a card holds
   std::size_t parts_ = 1;
   double x_ = 0;

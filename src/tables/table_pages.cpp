@@ -59,15 +59,15 @@ TablePlace TablePages::PlaceCard(const TableInfo& info) {
   return {page_, TableSlots::kLeft + column * TableSlots::kCellWidth, TableSlots::kTop + row * TableSlots::kCellHeight};
 }
 
-TablePlace TablePages::PlaceTall(const TableInfo& info, const std::string& head) {
+TablePlace TablePages::PlaceTall(const TableInfo& info, const std::string& head, int abreast) {
   constexpr double kTop = 1.7;
-  const int column = tall_++ % TableSlots::kColumns;
+  const int column = tall_++ % abreast;
   if (column == 0) {
     StartWholePage(info);
     writer_.PrintTextFitted(TableSlots::kLeft + 0.4, 1.0, head, TableSlots::kColumns * TableSlots::kCellWidth - 0.8,
                             "Arial", 12, 1);
   }
-  return {page_, TableSlots::kLeft + column * TableSlots::kCellWidth, kTop};
+  return {page_, TableSlots::kLeft + column * TableSlots::kColumns * TableSlots::kCellWidth / abreast, kTop};
 }
 
 void TablePages::StartWholePage(const TableInfo& info) {

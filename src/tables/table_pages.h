@@ -34,8 +34,8 @@ class TablePages {
   void KeepWhole(double left, double top, double right, double bottom);
   /// The next cell (from 0, row by row) for a card of the size of a cell; after the sixth comes the next page.
   TablePlace PlaceCard(const TableInfo& info);
-  /// The next of three places as tall as the page, on pages of their own with that head.
-  TablePlace PlaceTall(const TableInfo& info, const std::string& head);
+  /// The next of so many places abreast as tall as the page, on pages of their own with that head.
+  TablePlace PlaceTall(const TableInfo& info, const std::string& head, int abreast);
   /// A page of its own: no cut marks, only the information column.
   void StartWholePage(const TableInfo& info);
 

@@ -68,10 +68,14 @@ void TablePrintModule::PrintWaysOut(const PlannedDive& dive) {
   dive.record.Template.OpenCircuit ? PrintOpenWaysOut(dive) : PrintLoopWaysOut(dive);
 }
 
-void TablePrintModule::PrintTall(const TableDives& way, const std::string& title, const std::string& head) {
-  const CardSet set{title, MakeAscentCards(way, writer_.Services().numbers, &*supply_), InfoOf(way),
-                    head + ": " + caption_.substr(0, caption_.find(" [")) + ", " + TableCaption(way, writer_.Texts())};
-  for (const AscentCard& card : set.cards) PrintCard(writer_, pages_, set, card);
+void TablePrintModule::PrintTall(const std::vector<WayOut>& ways, const std::string& head) {
+  for (const auto& [dives, title] : ways) {
+    const CardSet set{
+        title, MakeAscentCards(dives, writer_.Services().numbers, &*supply_), InfoOf(dives),
+        head + ": " + caption_.substr(0, caption_.find(" [")) + ", " + TableCaption(dives, writer_.Texts()),
+        ways.size() > 3 ? 4 : 3};
+    for (const AscentCard& card : set.cards) PrintCard(writer_, pages_, set, card);
+  }
 }
 
 void TablePrintModule::PrintLoopWaysOut(const PlannedDive& dive) {
@@ -79,37 +83,36 @@ void TablePrintModule::PrintLoopWaysOut(const PlannedDive& dive) {
   EngineObserver silent;
   const BailoutCuts cuts(dive, dive.plan.model, 1, silent);
   if (!cuts.Fault().IsEmpty()) return;
+  std::vector<WayOut> ways;
   for (const DearMinute& minute : BailOutNeedsOf(dive, SupplyChoiceOf(settings).minutes).Minutes()) {
-    PrintTall({settings, {TableDive{}, cuts.At(minute.moment)}, true, std::nullopt, dive.plan.model},
-              WayOutText(minute, writer_.Texts()), T(Text::WaysOutHead));
+    ways.push_back({{settings, {TableDive{}, cuts.At(minute.moment)}, true, std::nullopt, dive.plan.model},
+                    WayOutText(minute, writer_.Texts())});
   }
+  PrintTall(ways, T(Text::WaysOutHead));
 }
 
 void TablePrintModule::PrintOpenWaysOut(const PlannedDive& dive) {
   EngineObserver silent;
   const BailoutCuts cuts(dive, dive.plan.model, 1, silent, CutMoments::LegEnds);
   if (!cuts.Fault().IsEmpty()) return;
-  const auto computed = [&](int scenario) { return *cuts.Compute(scenario, [](int, int) { return true; }); };
-  const int all = cuts.Scenarios() - 1;
-  TableDives way = computed(all);
   const auto minutes = [](const TableDive& cut) {
     return cut.decompresses ? cut.profile.GetRunTime(cut.profile.GetLength()) - cut.head : HUGE_VAL;
   };
+  // With all gases first, which is the last scenario.
+  std::vector<WayOut> ways;
   std::size_t longest = 1;
-  for (std::size_t i = 2; i < way.dives.size(); ++i) {
-    if (minutes(way.dives[i]) > minutes(way.dives[longest])) longest = i;
+  for (int i = 0; i < cuts.Scenarios(); ++i) {
+    const int scenario = (i + cuts.Scenarios() - 1) % cuts.Scenarios();
+    TableDives way = *cuts.Compute(scenario, [](int, int) { return true; });
+    for (std::size_t cut = 2; i == 0 && cut < way.dives.size(); ++cut) {
+      if (minutes(way.dives[cut]) > minutes(way.dives[longest])) longest = cut;
+    }
+    way.dives = {TableDive{}, TableDive(way.dives[longest])};
+    const std::string name = NameOf(way);
+    ways.push_back({std::move(way), name});
   }
-  const auto print = [&](TableDives& scenario) {
-    const TableDive cut = scenario.dives[longest];
-    scenario.dives = {TableDive{}, cut};
-    PrintTall(scenario, NameOf(scenario),
-              writer_.Texts().Filled(Text::WayOutOfLegEnd, {writer_.Services().numbers.Short(cut.head)}));
-  };
-  print(way);
-  for (int scenario = 0; scenario < all; ++scenario) {
-    way = computed(scenario);
-    print(way);
-  }
+  PrintTall(ways, writer_.Texts().Filled(Text::WayOutOfLegEnd,
+                                         {writer_.Services().numbers.Short(ways.front().dives.dives.back().head)}));
 }
 
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {

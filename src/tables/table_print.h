@@ -66,7 +66,12 @@ class TablePrintModule {
   void PrintSmallTable(const TableDives& profiles);
   void PrintLoopWaysOut(const PlannedDive& dive);
   void PrintOpenWaysOut(const PlannedDive& dive);
-  void PrintTall(const TableDives& way, const std::string& title, const std::string& head);
+  /// A way out of a page of them, with the title of its card.
+  struct WayOut {
+    TableDives dives;
+    std::string title;
+  };
+  void PrintTall(const std::vector<WayOut>& ways, const std::string& head);
   /// Finds out where the table and all that belongs to it end, and whether that is within its own room.
   [[nodiscard]] bool ComesOutWhole(Printed& printed) const;
   void PrintRemarks(const Printed& printed);

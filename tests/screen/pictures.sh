@@ -111,7 +111,7 @@ type_text 15
 keys Return
 silence "^PPO2" warning
 focus "^Bail-out Tables"
-keys Next Next
+keys Next
 shot bailout-tables "^Bail-out Tables"
 keys End Prior
 shot bailout-cards "^Bail-out Tables"
