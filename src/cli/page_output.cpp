@@ -116,7 +116,7 @@ std::string DateText(const std::tm& date) {
   const std::string day = FormatZeroFilled(date.tm_mday, 2);
   const std::string month = FormatZeroFilled(date.tm_mon + 1, 2);
   const std::string year = std::to_string(date.tm_year + 1900);
-  const std::string iso = year + "-" + month + "-" + day;
+  std::string iso = year + "-" + month + "-" + day;
   const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)> own(
       ::newlocale(LC_TIME_MASK, "", nullptr), ::freelocale);
   std::string text = own ? ::nl_langinfo_l(D_FMT, own.get()) : "%";
