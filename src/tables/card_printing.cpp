@@ -208,8 +208,9 @@ class CardPrinter {
   [[nodiscard]] std::string Needed() const {
     std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
-      needed += (gas.mix == card_.needed.front().mix ? " " : ", ") + gas.mix + kTied + gas.volume + kTied +
-                T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
+      needed += gas.mix == card_.needed.front().mix ? " " : ", ";
+      needed.append(gas.mix).append(kTied).append(gas.volume).append(kTied);
+      needed += T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
     return needed;
   }
