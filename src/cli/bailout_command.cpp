@@ -18,7 +18,9 @@ constexpr const char* kDetails =
     "per cent, and cells are minutes of stop. What a table so leaves out, or gives with another gas than a dive "
     "breathes "
     "there, is told right below it behind a \"!\". --json has every row of every dive, too, and the places of the "
-    "tables on paper, where those of a rebreather stand behind the ways out that take longest and most gas.";
+    "tables on paper, where those stand behind the ways out that take longest and most gas.\n"
+    "With --leg-ends the moments are those at which a leg ends under water: few, and the dearest of a plan on open "
+    "circuit.";
 
 constexpr const char* kExamples = R"(
   tavplan bailout dives/trimix-100.tav       the way out from every fifth minute of the dive
@@ -31,6 +33,7 @@ struct Given {
   std::string dive;
   std::string interval = "5";
   std::string pdf;
+  bool legEnds = false;
 };
 
 /// Which dive of a series it is, to be put behind the name of the file: two sheets of one file must not be mistaken for
@@ -51,13 +54,17 @@ void Run(const Given& given, CommandFrame& frame) {
   const Single interval = ChosenInterval(given.interval);
   OpenedPlan& plan = frame.OpenPlan(given.file);
   const std::size_t number = CommandFrame::OneDive(given.dive, plan);
-  const BailoutCuts cuts(plan.Planned(number), frame.Model(), interval, frame.Observer());
+  const BailoutCuts cuts(plan.Planned(number), frame.Model(), interval, frame.Observer(),
+                         given.legEnds ? CutMoments::LegEnds : CutMoments::Regular);
   if (!cuts.Fault().IsEmpty()) throw FileError(given.file, 0, cuts.Fault());
 
   const std::string dive = DiveOf(number, plan, texts);
   TableOutput output(frame, given.pdf, plan.InSeries(number).file + dive);
-  const std::string heading = texts.Filled(Text::BailoutHeading, {given.file + dive, FormatPlain(cuts.Interval())}) +
-                              "\n" + SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
+  const std::string title = given.legEnds
+                                ? texts.Filled(Text::BailoutLegEndsHeading, {given.file + dive})
+                                : texts.Filled(Text::BailoutHeading, {given.file + dive, FormatPlain(cuts.Interval())});
+  const std::string heading =
+      title + "\n" + SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
   output.Write({[&](JsonWriter& json) { json.Member("interval", cuts.Interval()); }, "scenarios", heading,
                 std::filesystem::path(given.file).stem().string() + dive},
                [&] {
@@ -82,6 +89,7 @@ Command BailoutCommand() {
       DiveOption(given->dive, "the last"),
       {"--interval", "MINUTES", "Whole minutes between two moments, 0 to 99; 5 if not given, 0 counts as 1",
        &given->interval},
+      {"--leg-ends", "", "Only from the end of each leg, in place of every few minutes", &given->legEnds},
       PdfOption(given->pdf, "Write the tables and cards, with cut marks, to this file, and no text"),
   };
   command.AddJson("Print the tables, and every row of every ascent, as JSON");

@@ -1,18 +1,24 @@
 #include "cli/page_output.h"
 
 #include <array>
+#include <clocale>
 #include <csignal>
 #include <ctime>
 #include <fcntl.h>
 #include <functional>
+#include <langinfo.h>
+#include <memory>
 #include <optional>
 #include <pwd.h>
 #include <spawn.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <type_traits>
 #include <unistd.h>
+#include <utility>
 
+#include "model/number_text.h"
 #include "model/text_id.h"
 #include "persist/text_file.h"
 
@@ -104,6 +110,28 @@ std::string ReasonIn(const std::string& errors) {
   return errors.substr(from, errors.find('\n', from) - from);
 }
 
+/// The date as the locale of the environment writes it, with all four digits of the year; by ISO 8601 where there is no
+/// such locale, or none that is plain.
+std::string DateText(const std::tm& date) {
+  const std::string day = FormatZeroFilled(date.tm_mday, 2);
+  const std::string month = FormatZeroFilled(date.tm_mon + 1, 2);
+  const std::string year = std::to_string(date.tm_year + 1900);
+  std::string iso = year + "-" + month + "-" + day;
+  const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)> own(
+      ::newlocale(LC_TIME_MASK, "", nullptr), ::freelocale);
+  std::string text = own ? ::nl_langinfo_l(D_FMT, own.get()) : "%";
+  if (text == "%m/%d/%y") return iso;  // that of the locale "C" is American, whoever reads it
+  for (const auto& [field, value] : {std::pair{"%-d", std::to_string(date.tm_mday)},
+                                     {"%-m", std::to_string(date.tm_mon + 1)},
+                                     {"%d", day},
+                                     {"%m", month},
+                                     {"%Y", year},
+                                     {"%y", year}}) {
+    text = ReplaceAll(text, field, value);
+  }
+  return text.find('%') == std::string::npos ? text : iso;
+}
+
 }  // namespace
 
 std::string PageOutput::Machine::UserName() const {
@@ -114,9 +142,7 @@ std::string PageOutput::Machine::UserName() const {
 std::string PageOutput::Machine::Today() const {
   const std::time_t now = std::time(nullptr);
   const std::tm* local = std::localtime(&now);  // NOLINT(concurrency-mt-unsafe)
-  std::array<char, sizeof "2026-01-31"> text{};
-  std::strftime(text.data(), text.size(), "%Y-%m-%d", local);
-  return text.data();
+  return DateText(*local);
 }
 
 fs::path PageOutput::Machine::TemporaryFolder() const {

@@ -32,6 +32,7 @@ struct Given {
   std::string times;
   std::string pdf;
   bool descentCounts = false;
+  std::string without;
 };
 
 struct Axis {
@@ -59,10 +60,23 @@ Axis AxisOf(const std::string& text, const std::string& option, const TextSource
   return {number(0, first), number(first + 1, second), number(second + 1, text.size())};
 }
 
+/// Takes gases, "EAN50,Oxygen", from the deco gases.
+void LeaveOut(const std::string& names, DiveTemplate& settings) {
+  std::string known;
+  for (const GasChange& change : settings.ChangeGasMixes) known += (known.empty() ? "" : ", ") + change.Name;
+  std::istringstream list(names);
+  for (std::string name; std::getline(list, name, ',');) {
+    if (std::erase_if(settings.ChangeGasMixes, [&](const GasChange& change) { return change.Name == name; }) == 0) {
+      throw OptionError({Text::OptionMustBe, {"--without", name, known}});
+    }
+  }
+}
+
 void Run(const Given& given, CommandFrame& frame) {
   const TextSource& texts = frame.Texts();
   DiveTemplate settings = frame.Settings(given.templateName);
   const std::int16_t mix = MixNumber(given.gas, settings);
+  LeaveOut(given.without, settings);
   std::ostringstream rounded;
   const Axis depths = AxisOf(given.depths, "--depths", texts, rounded);
   const Axis times = AxisOf(given.times, "--times", texts, rounded);
@@ -99,6 +113,7 @@ Command TablesCommand() {
       {"--depths", "FROM:TO:STEP", "Depths in the units of the template, whole numbers", &given->depths, true},
       {"--times", "FROM:TO:STEP", "Bottom times in whole minutes", &given->times, true},
       {"--descent-counts", "", "Bottom times count from leaving the surface", &given->descentCounts},
+      {"--without", "GAS,...", "Deco gases of the template that are left out", &given->without},
       PdfOption(given->pdf, "Write the tables, with cut marks, to this file, and no text"),
   };
   command.AddJson("Print the tables, and every row of every dive, as JSON");

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "compute/breathed_gas.h"
+#include "compute/leg_ends.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
 
@@ -17,7 +18,8 @@ DiveTemplate DropGasChange(const DiveTemplate& source, int index) {
   return copy;
 }
 
-BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer)
+BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer,
+                         CutMoments moments)
     : start_(dive, model),
       observer_(observer),
       plan_(dive.plan.rows),
@@ -26,6 +28,12 @@ BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Sing
       fault_(dive.plan.fault) {
   if (fault_.IsEmpty() && plan_.GetLength() == 0) fault_ = Text::NoLegs;
   if (!fault_.IsEmpty()) return;
+  if (moments == CutMoments::LegEnds) {
+    legEnds_.emplace();
+    for (const LegEnd& end : LegEndsOf(dive)) legEnds_->push_back(end.row);
+    if (legEnds_->empty()) fault_ = Text::NoLegs;
+    return;
+  }
   fault_ = SizeFault();
   intervalIsAtFault_ = !fault_.IsEmpty();
 }
@@ -34,7 +42,7 @@ Message BailoutCuts::SizeFault() const {
   if (plan_.GetRunTime(plan_.GetLength()) / interval_ > kMostCuts) {
     return {Text::TooManyCuts, {FormatPlain(interval_), std::to_string(kMostCuts)}};
   }
-  const std::vector<Moment> moments = Moments();
+  const std::vector<Moment> moments = RegularMoments();
   if (moments.empty()) return {Text::IntervalBeyondPlan, {FormatPlain(interval_)}};
   std::size_t rows = 0;
   for (const Moment& moment : moments) rows += static_cast<std::size_t>(moment.row);
@@ -43,6 +51,13 @@ Message BailoutCuts::SizeFault() const {
 }
 
 std::vector<BailoutCuts::Moment> BailoutCuts::Moments() const {
+  if (!legEnds_) return RegularMoments();
+  std::vector<Moment> moments;
+  for (const std::int16_t row : *legEnds_) moments.push_back({plan_.GetRunTime(row), row, row == plan_.GetLength()});
+  return moments;
+}
+
+std::vector<BailoutCuts::Moment> BailoutCuts::RegularMoments() const {
   std::vector<Moment> moments;
   const std::int16_t last = plan_.GetLength();
   const Single end = plan_.GetRunTime(last);

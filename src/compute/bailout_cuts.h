@@ -15,7 +15,10 @@ namespace tav {
 /// list of the copy is never empty: the only entry leaves a blank one behind, which no ascent takes.
 DiveTemplate DropGasChange(const DiveTemplate& source, int index);
 
-/// Cuts a plan off at regular moments of its run time and computes the ascent from each on open circuit: once for the
+/// Where a plan is cut off: at every multiple of the interval, or only where a leg of the user's ends under water.
+enum class CutMoments { Regular, LegEnds };
+
+/// Cuts a plan off at moments of its run time and computes the ascent from each on open circuit: once for the
 /// loss of each entry of `ChangeGasMixes` and once with all of them.
 ///
 /// The plan is taken when the object is made, and may change or go away meanwhile.
@@ -28,8 +31,10 @@ class BailoutCuts {
   /// Rows that the cuts of one scenario take from the plan together; they are kept until the scenario is printed.
   static constexpr std::size_t kMostRows = 500000;
 
-  /// `interval` is whole minutes from 0 to 99; 0 is taken as 1. `observer` outlives the object.
-  BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer);
+  /// `interval` is whole minutes from 0 to 99; 0 is taken as 1; the ends of legs need none. `observer` outlives the
+  /// object.
+  BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Single interval, EngineObserver& observer,
+              CutMoments moments = CutMoments::Regular);
 
   /// Why there can be no run: no rows, a plan that could not be computed, too many cuts or none. Empty when there can
   /// be one.
@@ -59,6 +64,7 @@ class BailoutCuts {
 
   [[nodiscard]] Message SizeFault() const;
   [[nodiscard]] std::vector<Moment> Moments() const;
+  [[nodiscard]] std::vector<Moment> RegularMoments() const;
   [[nodiscard]] ClassProfile PlanUntil(const Moment& moment) const;
   /// Its ascent into `dive`. False when `proceed` ended it.
   bool Ascend(ScratchRun& run, const Moment& moment, TableDive& dive, const std::function<bool()>& proceed) const;
@@ -68,6 +74,7 @@ class BailoutCuts {
   ClassProfile plan_;
   std::int16_t openFrom_;  ///< its first row on open circuit
   Single interval_;
+  std::optional<std::vector<std::int16_t>> legEnds_;  ///< rows, where the plan is cut at them
   Message fault_;
   bool intervalIsAtFault_ = false;
 };

@@ -339,7 +339,10 @@ std::string QtEnvironment::UserName() const {
 std::string QtEnvironment::Locale() const { return FromQt(QLocale::system().uiLanguages().value(0)); }
 
 std::string QtEnvironment::Today() const {
-  return FromQt(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat));
+  // A year of two digits could be a day.
+  QString form = QLocale().dateFormat(QLocale::ShortFormat);
+  if (!form.contains(QLatin1String("yyyy"))) form.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+  return FromQt(QLocale().toString(QDate::currentDate(), form));
 }
 
 std::filesystem::path QtEnvironment::TemporaryFolder() const { return FromQt(QDir::tempPath()); }

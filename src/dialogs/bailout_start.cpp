@@ -18,6 +18,7 @@ frmBailoutStart::frmBailoutStart(const DialogServices& services, PrintPreview& r
   cbCancel.Cancel = true;
   cbCancel.Click = [this] { cbCancel_Click(); };
   Check1.Click = Check2.Click = [this] { ChooseParts(); };
+  Check3.Click = [this] { ChooseMoments(); };
 }
 
 void frmBailoutStart::Form_Load() {
@@ -33,10 +34,13 @@ void frmBailoutStart::Form_Load() {
   Label4.Caption = T(Text::Progress);
   Check1.Caption = T(Text::BailoutPrintTables);
   Check2.Caption = T(Text::BailoutPrintCards);
+  Check3.Caption = T(Text::BailoutLegEnds);
   tbTime.Text = "5";
   const SettingsStore& settings = platform_.settings;
   Check1.Value = settings.ReadSetting(kSection, "Tables") != "0";
   Check2.Value = settings.ReadSetting(kSection, "Cards") != "0";
+  Check3.Value = settings.ReadSetting(kSection, "LegEnds") == "1";
+  ChooseMoments();
   if (plan_) {
     Label3.Caption = TemplateOf(plan_->Number()).Templatename;
     tbTime.SelectAll();
@@ -50,16 +54,20 @@ void frmBailoutStart::ChooseParts() {
   cbOK.Enabled = Check1.Value || Check2.Value;
 }
 
+void frmBailoutStart::ChooseMoments() { tbTime.Enabled = !Check3.Value; }
+
 void frmBailoutStart::SetRunning(bool running) {
   cbCancel.Bold = running;
   cbCancel.Caption = T(running ? Text::Abort : Text::Cancel);
   cbOK.Enabled = !running;
-  tbTime.Enabled = !running;
+  tbTime.Enabled = !running && !Check3.Value;
   Check1.Enabled = !running;
   Check2.Enabled = !running;
+  Check3.Enabled = !running;
 }
 
 std::optional<Single> frmBailoutStart::ReadInterval() {
+  if (Check3.Value) return Single(1);  // none is asked for
   const auto typed = NumberIn(tbTime.Text);
   const Single interval = RoundSingle(typed.value_or(0), 0);
   if (typed && interval >= 0 && interval <= BailoutCuts::kLongestInterval) return interval;
@@ -89,7 +97,8 @@ void frmBailoutStart::cbOK_Click() {
     return;
   }
   const PlanServices& plans = services_.forms.Services();
-  const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer);
+  const BailoutCuts cuts(services_.forms(plan_->Number()).Planned(), plans.model, *interval, plans.observer,
+                         Check3.Value ? CutMoments::LegEnds : CutMoments::Regular);
   if (cuts.IntervalIsAtFault()) {
     RefuseEntry(lbtime, tbTime, texts_.Words(cuts.Fault()), T(Text::BailoutFaultTitle));
     return;
@@ -99,13 +108,14 @@ void frmBailoutStart::cbOK_Click() {
     Unload();
     return;
   }
-  if (cuts.Interval() != NumberIn(tbTime.Text)) {
+  if (!Check3.Value && cuts.Interval() != NumberIn(tbTime.Text)) {
     Box(T(Text::TablesRounded, {FieldName(lbtime), tbTime.Text, Plain(cuts.Interval())}), T(Text::BailoutFaultTitle),
         BoxIcon::Information);
   }
   SettingsStore& settings = platform_.settings;
   settings.WriteSetting(kSection, "Tables", Check1.Value ? "1" : "0");
   settings.WriteSetting(kSection, "Cards", Check2.Value ? "1" : "0");
+  settings.WriteSetting(kSection, "LegEnds", Check3.Value ? "1" : "0");
   SetRunning(true);
   Bailoutproc(cuts);
   SetRunning(false);

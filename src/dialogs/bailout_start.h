@@ -10,7 +10,8 @@
 
 namespace tav {
 
-/// Cuts the plan of the active document at regular moments and prints the ascents as tables and cards.
+/// Cuts the plan of the active document at regular moments, or at the ends of its legs, and prints the ascents as
+/// tables and cards.
 ///
 /// The document is never changed: what a run needs of it is copied at its start. While a run lasts the dialog answers
 /// to Cancel alone, and a window that is closed goes when the run has ended, which it does at its next look at the
@@ -29,6 +30,7 @@ class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<f
   Label Label3{*this, "Label3"};     ///< name of the template
   CheckBox Check1{*this, "Check1"};  ///< tables
   CheckBox Check2{*this, "Check2"};  ///< cards
+  CheckBox Check3{*this, "Check3"};  ///< the ends of legs alone, in place of regular moments
   Label Label4{*this, "Label4"};
   ProgressBar pbProgress{*this, "pbProgress"};
   Button cbOK{*this, "cbOK"};
@@ -44,6 +46,7 @@ class frmBailoutStart : public DialogForm, public std::enable_shared_from_this<f
  private:
   void SetRunning(bool running);
   void ChooseParts();
+  void ChooseMoments();
   /// Whole minutes; says what is wrong with the entry.
   std::optional<Single> ReadInterval();
   /// The whole generation.

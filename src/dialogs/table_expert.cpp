@@ -1,5 +1,7 @@
 #include "dialogs/table_expert.h"
 
+#include <algorithm>
+
 #include "model/numbers.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
@@ -66,6 +68,8 @@ void frmTableExpert::Form_Load() {
   cbCancel.Caption = T(Text::TablesCancel);
   cbStart.Caption = T(Text::TablesStart);
   Check1.Caption = T(Text::TablesFastDescent);
+  Label14.Caption = T(Text::TablesFastDescentMeans);
+  Frame3.Caption = T(Text::TablesDecoGasesUsed);
   Label10.Caption = T(Text::ReportMinutes);
 
   ShowGases();
@@ -82,6 +86,23 @@ void frmTableExpert::ShowGases() {
   Combo1.Items = gases;
   Combo1.ListIndex = 0;
   ShowMixDetails();
+  const DiveTemplate& settings = TemplateOf(TableDocument());
+  const std::string unit = " " + T(settings.Metric ? Text::ReportMetres : Text::ReportFeet);
+  deco_ = settings.ChangeGasMixes;
+  std::vector<CheckList::Item> deco;
+  for (const GasChange& change : deco_) {
+    deco.push_back({T(Text::TablesGasFrom, {change.Name, Plain(change.Depth) + unit})});
+  }
+  ckDeco.Items = deco;
+}
+
+DiveTemplate frmTableExpert::Chosen() const {
+  DiveTemplate chosen = TemplateOf(TableDocument());
+  const std::vector<CheckList::Item>& items = ckDeco.Items;
+  for (std::size_t i = items.size(); i-- > 0;) {
+    if (!items[i].on) chosen.ChangeGasMixes.erase(chosen.ChangeGasMixes.begin() + static_cast<std::ptrdiff_t>(i));
+  }
+  return chosen;
 }
 
 void frmTableExpert::ShowFields() {
@@ -119,6 +140,7 @@ void frmTableExpert::SetRunning(bool running) {
   cbStart.Enabled = !running;
   Combo1.Enabled = !running;
   Check1.Enabled = !running;
+  ckDeco.Enabled = !running;
   for (const Field& field : Fields()) field.box.Enabled = !running;
   cbCancel.Bold = running;
   cbCancel.Caption = T(running ? Text::Abort : Text::TablesCancel);
@@ -147,13 +169,16 @@ void frmTableExpert::cbStart_Click() {
   const auto axes = ReadAxes();
   if (!axes) return;
   const auto mix = FindBlend(Combo1.Text(), TemplateOf(TableDocument()));
-  if (!mix) {
+  const bool sameDeco = std::ranges::equal(
+      deco_, TemplateOf(TableDocument()).ChangeGasMixes,
+      [](const GasChange& one, const GasChange& other) { return one.Name == other.Name && one.Depth == other.Depth; });
+  if (!mix || !sameDeco) {
     Box(T(Text::GasGone), T(Text::TablesTitle), BoxIcon::Exclamation);
     ShowGases();
     return;
   }
   const PlanServices& plans = services_.forms.Services();
-  SquareDives dives(TemplateOf(TableDocument()), plans.model, {*mix, Check1.Value, *axes}, plans.observer);
+  SquareDives dives(Chosen(), plans.model, {*mix, Check1.Value, *axes}, plans.observer);
   if (!dives.Fault().IsEmpty()) {
     Box(texts_.Words(dives.Fault()), T(Text::TablesTitle), BoxIcon::Stop);
     return;

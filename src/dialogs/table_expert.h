@@ -36,8 +36,11 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
   Frame Frame2{*this, "Frame2"};    ///< gas
   Label Label8{*this, "Label8"};
   ComboBox Combo1{*this, "Combo1"};
-  Label Label7{*this, "Label7"};     ///< O2/He of the gas
-  CheckBox Check1{*this, "Check1"};  ///< the descent is left out
+  Label Label7{*this, "Label7"};      ///< O2/He of the gas
+  Frame Frame3{*this, "Frame3"};      ///< deco gases
+  CheckList ckDeco{*this, "ckDeco"};  ///< those of the template, each with a tick
+  CheckBox Check1{*this, "Check1"};   ///< the descent is left out
+  Label Label14{*this, "Label14"};    ///< what that means
   Label Label12{*this, "Label12"};
   Label Label13{*this, "Label13"};  ///< name of the template
   Label Label9{*this, "Label9"};
@@ -65,6 +68,8 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
 
   [[nodiscard]] std::array<Field, 6> Fields();
   void ShowGases();
+  /// The template without the deco gases whose tick is away; the list must be that of the template.
+  [[nodiscard]] DiveTemplate Chosen() const;
   /// The depths and times used last in the unit of the template.
   void ShowFields();
   void SaveTableSettings();
@@ -80,6 +85,7 @@ class frmTableExpert : public DialogForm, public std::enable_shared_from_this<fr
 
   PrintPreview& report_;
   LongRuns& runs_;
+  std::vector<GasChange> deco_;         ///< the deco gases that are listed
   bool metric_ = true;                  ///< unit of the depths that are shown
   std::optional<OpenedDocument> plan_;  ///< without one the settings are those of the default document
   LongRun* run_ = nullptr;              ///< while one lasts

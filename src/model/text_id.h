@@ -1449,4 +1449,18 @@ constexpr int MarginsExport = 8855;
 constexpr int MarginsExportTitle = 8856;
 constexpr int LongestCut = 8857;
 
+// Tables on paper: titles, units, moments, gases
+constexpr int PartOf = 8940;
+constexpr int TableUnits = 8941;
+constexpr int TableBailoutTitle = 8942;
+constexpr int TableDecoTitle = 8943;
+constexpr int TableDecoGases = 8944;
+constexpr int TableNoDecoGas = 8945;
+constexpr int BailoutLegEnds = 8946;
+constexpr int BailoutLegEndsHeading = 8947;
+constexpr int TablesDecoGasesUsed = 8948;
+constexpr int TablesGasFrom = 8949;
+constexpr int TablesFastDescentMeans = 8950;
+constexpr int WayOutOfLegEnd = 8951;
+
 }  // namespace tav::Text

@@ -59,8 +59,12 @@ void PrintPreview::PrintHeader(const std::string& left, const std::string& centr
   StartPlainPage();
   PrintFilledBox(1.0, 1.0, 28.5, 2.9, kMidGrey);
   PrintBoxOutline(1.0, 1.0, 28.5, 2.9);
+  // A long name goes below the title, in letters as high as is left there.
   constexpr double kToDate = 20.0;
-  PrintTextFitted(1.3, 2.2, left, kToDate, kArial, 15, 1);
+  const TextFont font{kArial, 15, true};
+  const double toTitle = 11.0 * page::kUnitsPerCm - services_.measure.TextWidth(centre, TextFont()) / 2;
+  const bool beside = 1.3 * page::kUnitsPerCm + services_.measure.TextWidth(left, font) < toTitle;
+  beside ? PrintTextLeft(1.3, 2.2, left, kArial, 15, 1) : PrintTextFitted(1.3, 2.4, left, kToDate, kArial, 10, 1);
   PrintInCen(11.0, 1.2, centre, kArial, 30, 1);
   PrintTextRight(28.0, 2.2, right, kArial, 15, 1);
 }

@@ -5,6 +5,7 @@
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
+#include "pages/page_units.h"
 
 namespace tav {
 namespace {
@@ -65,6 +66,15 @@ void ReportPages::Fitted(Single x, Single y, const std::string& text, double cm,
   out_.PrintTextFitted(x, y, text, cm, kArial, 10, bold ? 1 : 0);
 }
 
+void ReportPages::Figure(Single x, Single y, const std::string& text, double cm, bool bold) {
+  WidthOf(text, bold) <= cm ? Right(x, y, text, bold) : Fitted(x - cm, y, text, cm, bold);
+}
+
+double ReportPages::WidthOf(const std::string& text, bool bold) const {
+  constexpr double kSize = 10;
+  return out_.Services().measure.TextWidth(text, {kArial, kSize, bold}) / page::kUnitsPerCm;
+}
+
 void ReportPages::InWhite(const std::function<void()>& write) {
   out_.SetForeColor(kWhite);
   write();
@@ -81,13 +91,24 @@ void ReportPages::TitleBand(Single y, Single height, const std::string& title, S
   Left(titleX, y, title, 18, true);
 }
 
+void ReportPages::SmallHead(Single x, Single y, const std::string& text, double next, bool bold) {
+  constexpr int kSize = 8;
+  constexpr double kGap = 0.08;
+  out_.PrintTextFitted(x, y, text, next - x - kGap, kArial, kSize, bold ? 1 : 0);
+}
+
 void ReportPages::Heads(const std::vector<Head>& heads, Single y, Single unitY) {
   constexpr int kSize = 8;
-  for (const Head& head : heads) {
+  for (std::size_t i = 0; i < heads.size(); ++i) {
+    const Head& head = heads[i];
     const auto write = [&](Single x, Single at, int text, bool bold) {
       head.right ? Right(x, at, T(text), bold, kSize) : Left(x, at, T(text), kSize, bold);
     };
-    write(head.x, y, head.head, true);
+    if (!head.right && i + 1 < heads.size() && !heads[i + 1].right) {
+      SmallHead(head.x, y, T(head.head), heads[i + 1].x, true);
+    } else {
+      write(head.x, y, head.head, true);
+    }
     if (head.unit != 0) write(head.x + head.unitShift, unitY, head.unit, false);
   }
 }

@@ -44,6 +44,8 @@ class ReportPages {
   void Right(Single x, Single y, const std::string& text, bool bold = false, int size = 10);
   /// The text, smaller or cut where it would run into the next column.
   void Fitted(Single x, Single y, const std::string& text, double cm, bool bold = false);
+  /// A figure with its right edge at x, smaller where it would run into the column before: it has `cm`.
+  void Figure(Single x, Single y, const std::string& text, double cm, bool bold = false);
   void InWhite(const std::function<void()>& write);
   void Band(Single y, Single height);
   void TitleBand(Single y, Single height, const std::string& title, Single titleX);
@@ -57,11 +59,14 @@ class ReportPages {
     double unitShift = 0;  ///< of the unit against its head
   };
   void Heads(const std::vector<Head>& heads, Single y, Single unitY);
+  /// A small text that ends before the one at `next`, in cm.
+  void SmallHead(Single x, Single y, const std::string& text, double next, bool bold);
 
   using Boxes = std::vector<std::pair<double, double>>;  ///< from, to
   /// A row of a table: the light band of every second one, then the black boxes behind the white figures.
   void RowBand(Single y, int index, const Boxes& blackBoxes);
-  static constexpr double kRow = 0.5;  ///< its height
+  static constexpr double kRow = 0.5;    ///< its height
+  static constexpr double kEnd = 17.25;  ///< the lowest edge of a row, clear of the foot
   [[nodiscard]] static bool OnBlack(const Boxes& boxes, double x);
 
   [[nodiscard]] int Number() const { return number_; }
@@ -73,6 +78,8 @@ class ReportPages {
   [[nodiscard]] const NumberTexts& Numbers() const { return out_.Services().numbers; }
   /// The factor of a row in per cent; "--" where it is 1 or does not act.
   [[nodiscard]] std::string FactorOf(const Waypoint& row) const;
+  /// How wide a text of a row is, cm.
+  [[nodiscard]] double WidthOf(const std::string& text, bool bold = false) const;
 
  private:
   void Header();

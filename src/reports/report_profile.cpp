@@ -1,6 +1,8 @@
 // Every row of a dive in the long report.
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "model/text_id.h"
 #include "reports/report_blocks.h"
@@ -16,26 +18,44 @@ constexpr StatusTexts kStatus{Text::ReportKinds, Text::ReportFreeAscent, Text::R
 double EdgeOf(int cell) { return kProfileCols[static_cast<std::size_t>(cell - 1)]; }
 double MiddleOf(int cell) { return (EdgeOf(cell) + EdgeOf(cell + 1)) / 2; }
 
+/// How wide a figure of a cell may be, cm: it stays clear of what stands left of it.
+double RoomOf(int cell) {
+  switch (cell) {
+    case 1:
+      return 0.75;  // the black box begins
+    case 7:
+    case 17:
+      return 1.0;  // behind the names of model and gas
+    case 11:
+      return 1.2;  // the black box begins
+    case 19:
+      return 1.25;  // behind the helium
+    default:
+      return MiddleOf(cell) - MiddleOf(cell - 1) - 0.1;
+  }
+}
+
 /// Cells of the profile table that stand on black.
 bool IsWhite(int cell) { return cell <= 4 || (cell >= 11 && cell <= 14); }
 
 class ProfileTable {
  public:
-  ProfileTable(ReportPages& pages, Single y) : pages_(pages), numbers_(pages.Numbers()), y_(y), top_(y) {}
+  ProfileTable(ReportPages& pages, Single y)
+      : pages_(pages), numbers_(pages.Numbers()), y_(y), top_(y), spare_(pages.Dive().showSeries ? 0.5 : 1.0) {}
 
   bool Write(const std::function<bool()>& goOn) {
-    Head();
     const std::int16_t last = pages_.Profile().GetLength();
+    Begin(last + 1);
     for (std::int16_t row = 0; row <= last; ++row) {
       if (!goOn()) return false;
       Row(row);
       y_ += ReportPages::kRow;
-      constexpr double kPageEnd = 17.0;
-      if (row == last || y_ <= kPageEnd) continue;
+      if (row == last || y_ + ReportPages::kRow <= ReportPages::kEnd) continue;
       Close();
-      y_ = 5.0;
+      y_ = kTopOfPage;
+      spare_ = kTopOfPage - kHighest;
       pages_.NewPage();
-      Head();
+      Begin(last - row);
     }
     if (last == 0) {
       constexpr int kStatusCell = 9;
@@ -47,7 +67,21 @@ class ProfileTable {
   }
 
  private:
+  static constexpr double kTopOfPage = 5.0;
+  static constexpr double kHighest = 4.0;
+  static constexpr double kHead = 2.3;
+
   void Close() { pages_.Outline(top_ - 0.04, y_); }
+
+  static double RowsFrom(double y) { return std::floor((ReportPages::kEnd - kHead - y) / ReportPages::kRow); }
+
+  /// Begins the table on a page, as high as it may where that saves a page of a few rows.
+  void Begin(int rows) {
+    const auto further = [&](double here, double top) { return std::ceil(std::max(0.0, rows - here) / RowsFrom(top)); };
+    const double high = y_ - spare_;
+    if (further(RowsFrom(high), kHighest) < further(RowsFrom(y_), kTopOfPage)) y_ = high;
+    Head();
+  }
 
   void Head() {
     const bool metric = pages_.Template().Metric;
@@ -79,7 +113,7 @@ class ProfileTable {
          {EdgeOf(18), Text::ReportHe},
          {EdgeOf(19), Text::ReportUsed, metric ? Text::ReportLitres : Text::ReportCubicFeet}},
         y_ + 1.5, y_ + 1.9);
-    y_ += 2.3;
+    y_ += kHead;
     top_ = y_;
   }
 
@@ -87,8 +121,8 @@ class ProfileTable {
     const Waypoint& row = pages_.Profile().Row(index);
     const Single y = y_;
     pages_.RowBand(y, index, {{1.9, 6.9}, {14.5, 19.5}});
-    PrintCellRight(1, y, numbers_.Plain(row.Depth));
-    PrintCellRight(2, y, numbers_.Plain(row.Rate));
+    PrintCellRight(1, y, Exact(row.Depth, RoomOf(1)));
+    PrintCellRight(2, y, Exact(row.Rate, RoomOf(2)));
     PrintCellRight(3, y, numbers_.Fixed(row.SegmentTime, 1));
     PrintCellRight(4, y, numbers_.Fixed(row.RunTime, 1));
 
@@ -102,7 +136,8 @@ class ProfileTable {
     }
     PrintCellLeft(8, y, pages_.FactorOf(row));
     const auto status = StatusTextOf(row, kStatus);
-    PrintCellLeft(9, y, status ? pages_.T(*status) : "");
+    pages_.Out().SetForeColor(kBlack);
+    pages_.Fitted(EdgeOf(9), y, status ? pages_.T(*status) : "", 3.0);
 
     PrintCellRight(11, y, numbers_.Fixed(Single(row.CNS * 100), 1));
     PrintCellRight(12, y, numbers_.Fixed(row.OTU, 1));
@@ -110,15 +145,22 @@ class ProfileTable {
     PrintCellRight(14, y, numbers_.Fixed(row.PPO2, 2), row.PPO2 >= pages_.Template().MaxPPO2);
 
     pages_.Out().SetForeColor(kBlack);
-    pages_.Fitted(EdgeOf(16), y, row.GasMixName, 1.5);
-    PrintCellRight(17, y, numbers_.Fixed(row.GasMixO2, 0));
+    const std::string oxygen = numbers_.Fixed(row.GasMixO2, 0);
+    pages_.Fitted(EdgeOf(16), y, row.GasMixName, MiddleOf(17) - pages_.WidthOf(oxygen) - 0.1 - EdgeOf(16));
+    PrintCellRight(17, y, oxygen);
     PrintCellLeft(18, y, numbers_.Fixed(row.GasMixHe, 0));
     PrintCellRight(19, y, numbers_.Fixed(row.GasUsed, 1));
   }
 
+  /// The number in full, or to a tenth where that is too long for its cell.
+  [[nodiscard]] std::string Exact(Single value, double cm) const {
+    const std::string text = numbers_.Plain(value);
+    return pages_.WidthOf(text) <= cm ? text : numbers_.Short(value);
+  }
+
   void PrintCellRight(int cell, Single y, const std::string& text, bool bold = false) {
     pages_.Out().SetForeColor(IsWhite(cell) ? RGB(255, 255, 255) : kBlack);
-    pages_.Right(MiddleOf(cell), y, text, bold);
+    pages_.Figure(MiddleOf(cell), y, text, RoomOf(cell), bold);
   }
 
   void PrintCellLeft(int cell, Single y, const std::string& text, bool bold = false) {
@@ -128,8 +170,9 @@ class ProfileTable {
 
   ReportPages& pages_;
   const NumberTexts& numbers_;
-  Single y_;    ///< of the next row
-  Single top_;  ///< of the table on this page
+  Single y_;      ///< of the next row
+  Single top_;    ///< of the table on this page
+  double spare_;  ///< what is blank above the table, cm
 };
 
 }  // namespace

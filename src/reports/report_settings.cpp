@@ -74,8 +74,19 @@ void SettingsTable(ReportPages& pages, Single y) {
     const Setting& setting = settings[i];
     const double x = kSettingsCols[i];
     if (setting.group != 0) pages.Left(x + setting.groupOffset, y + 1.0, pages.T(setting.group), 10, true);
-    if (setting.head != 0) pages.Left(x + setting.headOffset, y + 1.5, pages.T(setting.head), 8, true);
-    if (!setting.second.empty()) pages.Left(x + setting.secondOffset, y + 2.0, setting.second, 8);
+    const auto next = [&](const auto& has, double Setting::*offset) {
+      std::size_t other = i + 1;
+      while (other < settings.size() && !has(settings[other])) ++other;
+      return kSettingsCols[other] + (other < settings.size() ? settings[other].*offset : 0.0);
+    };
+    if (setting.head != 0) {
+      const double end = next([](const Setting& s) { return s.head != 0; }, &Setting::headOffset);
+      pages.SmallHead(x + setting.headOffset, y + 1.5, pages.T(setting.head), end, true);
+    }
+    if (!setting.second.empty()) {
+      const double end = next([](const Setting& s) { return !s.second.empty(); }, &Setting::secondOffset);
+      pages.SmallHead(x + setting.secondOffset, y + 2.0, setting.second, end, false);
+    }
     constexpr std::size_t kFactors = 7;
     const Colour ink = i == kFactors && veryHighGF               ? kRed
                        : ReportPages::OnBlack(kSettingsBoxes, x) ? RGB(255, 255, 255)

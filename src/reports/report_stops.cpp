@@ -53,7 +53,7 @@ class StopTables {
     using ReportHead = ReportPages::Head;
     const ReportHead second =
         bottom ? ReportHead{kCols[1], Text::ReportRate, metric ? Text::ReportMetresPerMin : Text::ReportFeetPerMin}
-               : ReportHead{kCols[1], Text::ReportDepth, Text::ReportMinutes};
+               : ReportHead{kCols[1], Text::CardStop, Text::ReportMinutes};
     pages_.Heads({{kCols[0], Text::ReportDepth, metric ? Text::ReportDepthMetres : Text::ReportDepthFeet},
                   second,
                   {kCols[2], bottom ? Text::ReportBottomRun : Text::ReportRun, Text::ReportMinutes},
@@ -83,16 +83,14 @@ class StopTables {
       Row(table, *rows[i]);
       y_ += ReportPages::kRow;
       constexpr double kPageEnd = 15.8;
-      if (i + 1 == rows.size() || y_ <= kPageEnd) continue;
+      const std::size_t rest = rows.size() - i - 1;
+      // One row or two have no page of their own while there is room here.
+      const bool fits = rest <= 2 && y_ + static_cast<double>(rest) * ReportPages::kRow <= ReportPages::kEnd;
+      if (y_ <= kPageEnd || fits) continue;
       close();
       y_ = kTopOfPage;
       pages_.NewPage();
-      Head(Table::Bottom);
-      // Bottom segments go on under their own head.
-      if (!bottom) {
-        y_ -= 0.2;
-        Head(Table::Stops);
-      }
+      Head(table);
     }
     if (rows.empty()) {
       const int noStops = LacksAscent(pages_.Profile()) ? Text::LacksAscent : Text::ReportNoStops;
@@ -109,7 +107,7 @@ class StopTables {
       pages_.Right(kCols[0] + 0.7, y, numbers_.Plain(RoundSingle(bottom ? row.Depth : row.StopDepth, 1)));
       pages_.Right(kCols[2] + 1.3, y, numbers_.Fixed(row.RunTime, bottom ? 1 : 0));
       pages_.Right(kCols[4] + 0.7, y, numbers_.Fixed(row.GasMixO2, 0));
-      pages_.Right(kCols[6] + 1.0, y, numbers_.Fixed(row.GasUsed, 0));
+      pages_.Figure(kCols[6] + 1.0, y, numbers_.Fixed(row.GasUsed, 0), 1.4);
       pages_.Left(kCols[9], y, bottom ? "--" : pages_.FactorOf(row));
     });
     pages_.Right(kCols[1] + 0.7, y, numbers_.Fixed(bottom ? row.Rate : row.StopTime, 0));

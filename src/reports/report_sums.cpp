@@ -26,8 +26,7 @@ class GasTable {
     const NumberTexts& numbers = pages_.Numbers();
     const auto totals = GasTotals(pages_.Profile(), settings);
     for (std::size_t i = 0; i < totals.size(); ++i) {
-      constexpr double kPageEnd = 16.8;
-      if (y_ > kPageEnd) {
+      if (y_ + ReportPages::kRow > ReportPages::kEnd) {
         pages_.Outline(top_, y_);
         pages_.NewPage();
         y_ = 4.0;
@@ -37,11 +36,11 @@ class GasTable {
       constexpr double kReserve = 1.5;
       pages_.RowBand(y_, static_cast<int>(i), kGasBoxes);
       pages_.InWhite([&] {
-        pages_.Fitted(kGasCols[0], y_, gas.Name, 2.0, true);
+        pages_.Fitted(kGasCols[0], y_, gas.Name, 1.9, true);
         pages_.Right(kGasCols[1] + 0.6, y_, numbers.Fixed(gas.O2, 0));
         pages_.Right(kGasCols[2] + 0.5, y_, numbers.Fixed(gas.He, 0));
-        pages_.Right(kGasCols[5] + 1.2, y_, numbers.Fixed(gas.total, 1));
-        pages_.Right(kGasCols[6] + 1.4, y_, numbers.Fixed(gas.total * kReserve, 1));
+        pages_.Figure(kGasCols[5] + 1.2, y_, numbers.Fixed(gas.total, 1), 1.7);
+        pages_.Figure(kGasCols[6] + 1.4, y_, numbers.Fixed(gas.total * kReserve, 1), 1.6);
       });
       pages_.Left(kGasCols[3], y_, numbers.Fixed(settings.RMV, 1));
       pages_.Left(kGasCols[4], y_, numbers.Fixed(settings.DecoRMV, 1));
@@ -102,7 +101,7 @@ Single WriteSummary(ReportPages& pages, Single y) {
       {Text::ReportMaxPPO2, 0, numbers.Fixed(figures.highestPPO2, 2)},
       {Text::ReportMaxEND, 0, numbers.Fixed(figures.highestEND, 1)},
       {Text::ReportSummaryUnits, 0, pages.T(t.Metric ? Text::ReportMetric : Text::ReportImperial)},
-      {Text::ReportSetpoint, 0, t.OpenCircuit ? "No" : numbers.Fixed(t.Setpoint, 2)},
+      {Text::ReportSetpoint, 0, t.OpenCircuit ? pages.T(Text::ReportNo) : numbers.Fixed(t.Setpoint, 2)},
       {Text::ReportRMV, 0, numbers.Fixed(t.RMV, 1)},
       {Text::ReportDecoRMV, 0, numbers.Fixed(t.DecoRMV, 1)},
   }};
@@ -115,13 +114,15 @@ Single WriteSummary(ReportPages& pages, Single y) {
   const bool any = pages.Profile().GetLength() > 0;
   for (std::size_t i = 0; i < row.size(); ++i) {
     const double x = kSummaryCols[i];
-    pages.Left(x, y + 1.5, pages.T(row[i].head), 8, true);
+    const double next = i + 1 < row.size() ? kSummaryCols[i + 1] : kSummaryBoxes.back().second;
+    const double room = next - x - 0.1;
+    pages.SmallHead(x, y + 1.5, pages.T(row[i].head), next, true);
     if (row[i].unit != 0) pages.Left(x, y + 1.9, pages.T(row[i].unit), 8);
     if (!any) continue;
     if (ReportPages::OnBlack(kSummaryBoxes, x)) {
-      pages.InWhite([&] { pages.Left(x, valuesY, row[i].value); });
+      pages.InWhite([&] { pages.Fitted(x, valuesY, row[i].value, room); });
     } else {
-      pages.Left(x, valuesY, row[i].value);
+      pages.Fitted(x, valuesY, row[i].value, room);
     }
   }
   if (!any) pages.Left(kSummaryCols[5], valuesY, pages.T(Text::ReportNoData));

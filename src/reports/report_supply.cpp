@@ -1,6 +1,5 @@
 // The gas supply in the long report, for plans that tell their cylinders.
 
-#include "pages/page_units.h"
 #include "reports/report_blocks.h"
 #include "supply/supply_text.h"
 
@@ -22,7 +21,7 @@ const std::vector<Place> kLegPlaces{{2.9, true, 0.9},  {4.9, true, 1.9},  {6.6, 
 
 constexpr double kRow = ReportPages::kRow;
 constexpr double kHead = 1.7;
-constexpr double kPageEnd = 17.3;
+constexpr double kPageEnd = ReportPages::kEnd;
 constexpr double kTopOfPage = 4.0;
 
 class SupplyTable {
@@ -74,19 +73,13 @@ class SupplyTable {
     for (std::size_t i = 0; i < places_.size(); ++i) {
       const auto& [x, right, width] = places_[i];
       if (row[i].colour >= 0) pages_.Out().SetForeColor(row[i].colour);
-      // The pressures of many cylinders need all the room up to the column before.
-      right&& Fits(row[i], width) ? pages_.Right(x, y_, row[i].text, row[i].bold)
-                                  : pages_.Fitted(right ? x - width : x, y_, row[i].text, width, row[i].bold);
+      right ? pages_.Figure(x, y_, row[i].text, width, row[i].bold)
+            : pages_.Fitted(x, y_, row[i].text, width, row[i].bold);
       pages_.Out().SetForeColor(kBlack);
     }
     // How the minimum gas is worked out.
     constexpr int kSmall = 8;
     if (note) pages_.Left(places_.at(3).x, y_ + kRow, row.back().text, kSmall);
-  }
-
-  [[nodiscard]] bool Fits(const GridCell& cell, double cm) const {
-    constexpr double kSize = 10;
-    return pages_.Out().Services().measure.TextWidth(cell.text, {"Arial", kSize, cell.bold}) <= cm * page::kUnitsPerCm;
   }
 
   ReportPages& pages_;
@@ -104,6 +97,15 @@ void WriteSupply(ReportPages& pages, Single y) {
   const SupplyTables supply =
       TablesOf(pages.Dive().supply, settings.RMV, AdviceWords(pages.Out().Texts(), pages.Numbers(), settings.Metric));
   if (supply.gases.empty()) return;
+  // Where both tables fit on a page of their own, none of them is alone on the next.
+  const auto height = [](const SupplyTables::Table& table, int linesOfRow) {
+    return table.size() > 1 ? kRow + kHead + static_cast<double>(table.size() - 1) * linesOfRow * kRow : 0.0;
+  };
+  const double both = height(supply.gases, 1) + height(supply.legs, 2) + (supply.note.empty() ? 0 : 2 * kRow);
+  if (y + both > kPageEnd && kTopOfPage + both <= kPageEnd) {
+    pages.NewPage();
+    y = kTopOfPage - kRow;
+  }
   const Single end = SupplyTable(pages, supply.gases, kGasPlaces, 1).Write(y, supply.gasTitle, 12.5);
   Single below = end;
   if (supply.legs.size() > 1) below = SupplyTable(pages, supply.legs, kLegPlaces, 2).Write(end, supply.legTitle, 9.5);

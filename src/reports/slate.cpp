@@ -24,8 +24,8 @@ constexpr double kMargin = 0.7;
 constexpr double kRight = kCardWidth - kMargin;
 constexpr double kHeads = 2.35;
 constexpr double kTop = 2.75;
-constexpr double kSettings = kCardHeight - 0.85;
-constexpr double kBottom = kSettings - 0.1;
+constexpr double kEndOfSettings = kCardHeight - 0.55;
+constexpr double kSettingsHeight = 0.3;
 
 constexpr double kNoteHeight = 0.6;
 constexpr std::size_t kMostNotes = 6;  // on a card, so that rows have room, too
@@ -124,7 +124,7 @@ std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas 
 void Slate::Add(const SlateDive& dive) {
   const PrintPreview::Batch batch(out_);
   metric_ = dive.settings.Metric;
-  const SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().numbers);
+  SlateRows rows = SlateRowsOf(dive.rows, dive.settings, out_.Services().numbers);
   constexpr double kInner = kRight - kMargin;
   constexpr double kGap = 0.35;
   std::vector<std::string> notes;
@@ -134,19 +134,24 @@ void Slate::Add(const SlateDive& dive) {
       notes.push_back(std::move(line));
     }
   }
-  const double bottom = kBottom - static_cast<double>(std::min(notes.size(), kMostNotes)) * kNoteHeight;
+  const std::vector<std::string> settings =
+      WrappedText(SettingsLine(dive), kInner, {kArial, kSmall, false}, out_.Services().measure);
+  const double settingsTop = kEndOfSettings - static_cast<double>(settings.size()) * kSettingsHeight;
+  const double bottom = settingsTop - 0.1 - static_cast<double>(std::min(notes.size(), kMostNotes)) * kNoteHeight;
   const Layout wide{18, 0.76, 1, kInner, 2.2, 4.9, 7.7, 8.6, bottom};
   const Layout narrow{14, 0.6, 2, (kInner - kGap) / 2, 1.25, 2.45, 3.85, 4.1, bottom};
   const Layout& layout = rows.rows.size() <= wide.RowsOfColumn() ? wide : narrow;
-  const std::vector<std::size_t> ends = layout.Ends(rows.rows);
   const auto columns = static_cast<std::size_t>(layout.columns);
+  const std::vector<std::size_t> ends = EndsOfCards(layout, rows.rows);
   const std::size_t cardsOfNotes = std::max<std::size_t>(1, (notes.size() + kMostNotes - 1) / kMostNotes);
   const std::size_t parts = std::max((ends.size() + columns - 1) / columns, cardsOfNotes);
   std::size_t next = 0;
   for (std::size_t part = 1; part <= parts; ++part) {
     OpenCard();
     Head(dive, rows, part, parts);
-    Fitted(x_ + kMargin, y_ + kSettings, SettingsLine(dive), kSmall, 0, kInner);
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+      Left(x_ + kMargin, y_ + settingsTop + static_cast<double>(i) * kSettingsHeight, settings[i], kSmall);
+    }
     // All notes on each card, or as many as it holds.
     out_.SetForeColor(kRed);
     const std::size_t first = (part - 1) % cardsOfNotes * kMostNotes;
@@ -163,6 +168,21 @@ void Slate::Add(const SlateDive& dive) {
       left += layout.width + kGap;
     }
   }
+}
+
+std::vector<std::size_t> Slate::EndsOfCards(const Layout& layout, std::vector<SlateRow>& rows) {
+  std::vector<std::size_t> ends = layout.Ends(rows);
+  const auto columns = static_cast<std::size_t>(layout.columns);
+  for (std::size_t card = columns; card < ends.size(); card += columns) {
+    const auto first = static_cast<std::ptrdiff_t>(ends[card - 1]);
+    if (rows[ends[card - 1]].kind == SlateRow::Kind::Gas) continue;
+    SlateRow gas = *(rows.begin() + first);
+    if (gas.kind == SlateRow::Kind::Surface) gas = *(rows.begin() + first - 1);
+    gas.kind = SlateRow::Kind::Gas;
+    rows.insert(rows.begin() + first, gas);
+    ends = layout.Ends(rows);
+  }
+  return ends;
 }
 
 void Slate::Head(const SlateDive& dive, const SlateRows& rows, std::size_t part, std::size_t parts) {

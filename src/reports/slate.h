@@ -42,6 +42,9 @@ class Slate {
   struct Layout;
 
   void OpenCard();
+  /// The index behind the last row of each column. A card that goes on begins with the gas to be on, which is put into
+  /// the rows.
+  static std::vector<std::size_t> EndsOfCards(const Layout& layout, std::vector<SlateRow>& rows);
   void CutMarks();
   void Head(const SlateDive& dive, const SlateRows& rows, std::size_t part, std::size_t parts);
   void ColumnHeads(const Layout& layout, double left);

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "compute/compute_profile.h"
+#include "compute/leg_ends.h"
 #include "engine/breathing_gas.h"
 #include "figures/dive_figures.h"
 
@@ -28,17 +29,7 @@ class Legs {
 
   std::vector<LegSupply> All() {
     std::vector<LegSupply> legs;
-    int leg = 0;
-    std::int16_t before = 0;
-    const ClassUseractions& actions = dive_.record.UserActions;
-    for (std::int16_t n = 1; n <= actions.GetLength(); ++n) {
-      const std::int16_t last = dive_.plan.LastRowOf(n);
-      if (actions.getaction(n) == ClassUseractions::kLeg) {
-        ++leg;
-        if (last > before && rows_.getDepth(last) > 0) legs.push_back(EndOf(leg, last));
-      }
-      before = last;
-    }
+    for (const LegEnd& end : LegEndsOf(dive_)) legs.push_back(EndOf(end.leg, end.row));
     return legs;
   }
 

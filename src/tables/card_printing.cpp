@@ -12,128 +12,187 @@ namespace tav {
 namespace {
 
 // cm within a card
-constexpr double kMargin = 0.4;
-constexpr double kHeads = 1.65;
-constexpr double kRows = 2.1;
-constexpr double kRowHeight = 0.53;
-constexpr double kNoteHeight = 0.42;
+constexpr double kHeads = 1.27;
+constexpr double kRows = 1.7;
+constexpr double kWarningHeight = 0.45;
+constexpr double kRowHeight = 0.55;
+constexpr double kNoteHeight = 0.045;  // for each point
 constexpr double kTitleHeight = 0.5;
 constexpr double kGap = 0.3;  // between the rows and the notes of a tall card
-constexpr double kEnd = TableSlots::kCellHeight - 0.3;
+constexpr double kEnd = TableSlots::kCellHeight - 0.2;
 constexpr double kEndOfTall = 17.5;  // with room for two more lines of its title
-constexpr double kDepthRight = 1.6;
-constexpr double kStopRight = 2.8;
-constexpr double kRunRight = 4.2;
-constexpr double kGasLeft = 4.5;
-constexpr double kRight = TableSlots::kCellWidth - kMargin;
 
-constexpr int kRowSize = 13;  // points: read at arm's length, by a lamp
+/// Where things stand across a card, cm: right edges of figures, the left one of gases.
+struct Places {
+  double width;
+  double margin;
+  double depth, stop, run, gas;
+  int headSize;  ///< points
+
+  [[nodiscard]] double Right() const { return width - margin; }
+  [[nodiscard]] double Inner() const { return width - 2 * margin; }
+};
+
+constexpr Places kThreeAbreast{TableSlots::kCellWidth, 0.4, 1.6, 2.8, 4.2, 4.5, 9};
+constexpr Places kFourAbreast{5.55, 0.2, 1.15, 2.05, 3.15, 3.4, 7};
+
+constexpr int kRowSize = 14;  // points: read at arm's length, by a lamp
 constexpr int kSmallestSize = 9;
 constexpr int kTitleSize = 12;
-constexpr int kHeadSize = 9;
-constexpr int kNoteSize = 9;
+constexpr int kNoteSize = 10;
 const std::string kArial = "Arial";
 const std::string kWarning = "! ";
+const std::string kTied = "\u00a0";  // a figure stays with its gas and its unit
+constexpr double kNoise = 1e-9;      // cm
 
 class CardPrinter {
  public:
   CardPrinter(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card)
-      : writer_(writer), pages_(pages), set_(set), card_(card), end_(IsTall() ? kEndOfTall : kEnd) {}
+      : writer_(writer),
+        pages_(pages),
+        set_(set),
+        card_(card),
+        at_(IsTall() && set.abreast > 3 ? kFourAbreast : kThreeAbreast),
+        end_(IsTall() ? kEndOfTall : kEnd) {}
 
   void Print() {
-    const std::vector<Note> notes = Notes();
-    const std::size_t rows = card_.rows.size();
-    const double onCard = end_ - kRows;
-    const auto most = static_cast<std::size_t>(std::floor(onCard / kRowHeight));
-    const double beside = std::max(0.0, onCard - static_cast<double>(notes.size()) * kNoteHeight);
-    const auto mostOfLast = static_cast<std::size_t>(std::floor(beside / kRowHeight));
-    // Full cards, and a last one with room for the notes.
-    parts_ = rows <= mostOfLast ? 1 : 1 + (rows - mostOfLast + most - 1) / most;
-    for (std::size_t part = 1, row = 0; part <= parts_; ++part) {
-      const std::size_t end = part == parts_ ? rows : std::min(row + most, rows);
+    const std::vector<Line> lines = Lines();
+    const std::vector<std::size_t> ends = Ends(lines);
+    parts_ = ends.size();
+    std::size_t next = 0;
+    for (std::size_t part = 1; part <= parts_; ++part) {
+      const std::size_t end = ends[part - 1];
       Head(part);
-      double y = kRows;
-      for (; row < end; ++row, y += kRowHeight) Row(card_.rows[row], y);
-      if (part < parts_) continue;
-      const double atFoot = end_ - static_cast<double>(notes.size()) * kNoteHeight;
-      y = IsTall() ? std::min(y + kGap, atFoot) : atFoot;
-      for (const Note& note : notes) {
-        writer_.SetForeColor(note.warning ? kRed : kBlack);
-        Fitted(kMargin, y, note.line, kNoteSize, true);
-        y += kNoteHeight;
+      // Notes stand at the foot of a card, on a tall one below the rows.
+      double notes = 0;
+      for (std::size_t i = next; i < end; ++i) notes += lines[i].row == nullptr ? lines[i].Height() : 0;
+      double y = FirstRow();
+      for (const std::size_t first = next; next < end; ++next) {
+        const Line& line = lines[next];
+        if (line.row != nullptr) {
+          Row(*line.row, y, next == first);
+        } else {
+          if (notes > 0) y = IsTall() ? std::min(y + kGap, end_ - notes) : end_ - notes;
+          notes = 0;
+          writer_.SetForeColor(line.warning ? kRed : kBlack);
+          writer_.PrintTextLeft(x_ + at_.margin, y_ + y, line.note, kArial, line.size, 1);
+          writer_.SetForeColor(kBlack);
+        }
+        y += line.Height();
       }
-      writer_.SetForeColor(kBlack);
     }
   }
 
  private:
-  struct Note {
-    std::string line;
-    bool warning;
+  /// A row of the ascent, or a note below the last one.
+  struct Line {
+    const CardRow* row = nullptr;
+    std::string note = {};
+    bool warning = false;
+    int size = kNoteSize;
+
+    [[nodiscard]] double Height() const { return row != nullptr ? kRowHeight : kNoteHeight * size; }
   };
+
+  /// The index behind the last line of each card. The notes stay together, with rows above them.
+  [[nodiscard]] std::vector<std::size_t> Ends(const std::vector<Line>& lines) const {
+    constexpr std::size_t kAlong = 2;  // rows, at least
+    const std::size_t rows = card_.rows.size();
+    const double room = end_ - FirstRow();
+    double notes = 0;
+    for (std::size_t i = rows; i < lines.size(); ++i) notes += lines[i].Height();
+    std::vector<std::size_t> ends;
+    if (notes + kAlong * kRowHeight <= room) {
+      const auto most = static_cast<std::size_t>(std::floor(room / kRowHeight));
+      const auto beside = static_cast<std::size_t>(std::floor((room - notes) / kRowHeight));
+      const std::size_t before = rows <= beside ? 0 : (rows - beside + most - 1) / most;
+      for (std::size_t card = 1; card <= before; ++card) ends.push_back(std::min(card * most, rows - kAlong));
+      ends.push_back(lines.size());
+      return ends;
+    }
+    double left = 0;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      if (ends.empty() || lines[i].Height() > left + kNoise) {
+        ends.push_back(i);
+        left = room;
+      }
+      left -= lines[i].Height();
+      ends.back() = i + 1;
+    }
+    return ends;
+  }
+
+  /// Where the first row stands within a card: below its heads, and below that it does not decompress.
+  [[nodiscard]] double FirstRow() const { return kRows + (card_.decompresses ? 0 : kWarningHeight); }
 
   [[nodiscard]] bool IsTall() const { return !set_.pageHead.empty(); }
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
   [[nodiscard]] bool Metric() const { return set_.info.diveTemplate.Metric; }
   /// A text from `x` on to the right edge of the card, or `before` it: nothing may run over the cut marks.
   void Fitted(double x, double y, const std::string& text, int size, bool bold, double before = 0) {
-    writer_.PrintTextFitted(x_ + x, y_ + y, text, kRight - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
+    writer_.PrintTextFitted(x_ + x, y_ + y, text, at_.Right() - x - before, kArial, size, bold ? 1 : 0, kSmallestSize);
   }
   [[nodiscard]] std::string Unit() const { return T(Metric() ? Text::ReportMetres : Text::ReportFeet); }
 
   void Head(std::size_t part) {
-    const TablePlace place = IsTall() ? pages_.PlaceTall(set_.info, set_.pageHead) : pages_.PlaceCard(set_.info);
+    const TablePlace place =
+        IsTall() ? pages_.PlaceTall(set_.info, set_.pageHead, set_.abreast) : pages_.PlaceCard(set_.info);
     x_ = place.x;
     y_ = place.y;
     const double forPart = parts_ > 1 ? 1.2 : 0;
     if (parts_ > 1) {
-      writer_.PrintTextRight(x_ + kRight, y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial, 12,
-                             1);
+      writer_.PrintTextRight(x_ + at_.Right(), y_ + 0.25, std::to_string(part) + "/" + std::to_string(parts_), kArial,
+                             12, 1);
     }
     std::vector<std::string> title{set_.title};
     if (IsTall()) {
       const TextFont font{kArial, kTitleSize, true};
-      title = WrappedText(set_.title, kRight - kMargin - forPart, font, writer_.Services().measure);
+      title = WrappedText(set_.title, at_.Inner() - forPart, font, writer_.Services().measure);
     }
     for (const std::string& line : title) {
-      Fitted(kMargin, 0.25, line, kTitleSize, true, forPart);
+      Fitted(at_.margin, 0.25, line, kTitleSize, true, forPart);
       y_ += kTitleHeight;
     }
     y_ -= kTitleHeight;
     const std::string leave =
         T(Text::CardLeaveAt) + " " + card_.moment + " " + T(Text::Minutes) + ", " + card_.depth + " " + Unit();
-    Fitted(kMargin, 0.75, leave, 12, true);
+    Fitted(at_.margin, 0.75, leave, 12, true);
     if (!card_.decompresses) {
       writer_.SetForeColor(kRed);
-      Fitted(kMargin, 1.23, T(Text::TableDoesNotDecompress), 10, true);
+      Fitted(at_.margin, 1.23, T(Text::TableDoesNotDecompress), 10, true);
       writer_.SetForeColor(kBlack);
     }
-    writer_.PrintTextRight(x_ + kDepthRight, y_ + kHeads, T(Text::CardDepth), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kStopRight, y_ + kHeads, T(Text::CardStop), kArial, kHeadSize, 0);
-    writer_.PrintTextRight(x_ + kRunRight, y_ + kHeads, T(Text::CardRun), kArial, kHeadSize, 0);
-    writer_.PrintTextLeft(x_ + kGasLeft, y_ + kHeads, T(Text::CardGas), kArial, kHeadSize, 0);
-    writer_.PrintBoxOutline(x_ + kMargin, y_ + kRows, x_ + kRight, y_ + kRows);
+    const double heads = y_ + FirstRow() - kRows + kHeads;
+    writer_.PrintTextRight(x_ + at_.depth, heads, T(Text::CardDepth), kArial, at_.headSize, 0);
+    writer_.PrintTextRight(x_ + at_.stop, heads, T(Text::CardStop), kArial, at_.headSize, 0);
+    writer_.PrintTextRight(x_ + at_.run, heads, T(Text::CardRun), kArial, at_.headSize, 0);
+    writer_.PrintTextLeft(x_ + at_.gas, heads, T(Text::CardGas), kArial, at_.headSize, 0);
+    writer_.PrintBoxOutline(x_ + at_.margin, y_ + FirstRow(), x_ + at_.Right(), y_ + FirstRow());
   }
 
-  void Row(const CardRow& row, double y) {
-    if (row.gasChanges) {
-      writer_.PrintFilledBox(x_ + kGasLeft - 0.1, y_ + y + 0.02, x_ + kRight, y_ + y + kRowHeight - 0.02,
+  /// The gas stands out where it changes, and where a card begins: that is the one to be on.
+  void Row(const CardRow& row, double y, bool first) {
+    const bool marked = row.gasChanges || (first && !row.gas.empty());
+    if (marked) {
+      writer_.PrintFilledBox(x_ + at_.gas - 0.1, y_ + y + 0.02, x_ + at_.Right(), y_ + y + kRowHeight - 0.02,
                              RGB(200, 200, 200));
     }
-    writer_.PrintTextRight(x_ + kDepthRight, y_ + y, row.depth, kArial, kRowSize, 1);
-    writer_.PrintTextRight(x_ + kStopRight, y_ + y, row.stop, kArial, kRowSize, 0);
-    writer_.PrintTextRight(x_ + kRunRight, y_ + y, row.runTime, kArial, kRowSize, 0);
-    Fitted(kGasLeft, y, row.gas + (row.warned ? " !" : ""), kRowSize, row.gasChanges);
+    writer_.PrintTextRight(x_ + at_.depth, y_ + y, row.depth, kArial, kRowSize, 1);
+    writer_.PrintTextRight(x_ + at_.stop, y_ + y, row.stop, kArial, kRowSize, 0);
+    writer_.PrintTextRight(x_ + at_.run, y_ + y, row.runTime, kArial, kRowSize, 0);
+    Fitted(at_.gas, y, row.gas + (row.warned ? " !" : ""), kRowSize, marked);
   }
 
-  /// The gas that is needed, and what is wrong with it, below the last row.
-  [[nodiscard]] std::vector<Note> Notes() const {
-    std::vector<Note> notes;
+  /// The rows, then the gas that is needed and what is wrong with it.
+  [[nodiscard]] std::vector<Line> Lines() const {
+    std::vector<Line> lines;
+    for (const CardRow& row : card_.rows) lines.push_back({&row});
     const auto add = [&](const std::string& text, bool warning) {
       const std::string marked = (warning ? kWarning : "") + text;
-      const TextFont font{kArial, kNoteSize, true};
-      for (std::string& line : WrappedText(marked, kRight - kMargin, font, writer_.Services().measure)) {
-        notes.push_back({std::move(line), warning});
+      const int size = warning && !IsTall() ? kRowSize : kNoteSize;
+      const TextFont font{kArial, static_cast<double>(size), true};
+      for (std::string& line : WrappedText(marked, at_.Inner(), font, writer_.Services().measure)) {
+        lines.push_back({nullptr, std::move(line), warning, size});
       }
     };
     if (!IsTall() || card_.supply.empty()) add(Needed(), false);
@@ -143,14 +202,15 @@ class CardPrinter {
     }
     const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().numbers);
     for (const GasWarning& warning : card_.warnings) add(WarningText(warning, words), true);
-    return notes;
+    return lines;
   }
 
   [[nodiscard]] std::string Needed() const {
     std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
-      needed += (gas.mix == card_.needed.front().mix ? " " : ", ") + gas.mix + " " + gas.volume + " " +
-                T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
+      needed += gas.mix == card_.needed.front().mix ? " " : ", ";
+      needed.append(gas.mix).append(kTied).append(gas.volume).append(kTied);
+      needed += T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
     return needed;
   }
@@ -159,6 +219,7 @@ class CardPrinter {
   TablePages& pages_;
   const CardSet& set_;
   const AscentCard& card_;
+  const Places& at_;
   double end_;  ///< of what a card holds
   std::size_t parts_ = 1;
   double x_ = 0;

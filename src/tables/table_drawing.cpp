@@ -6,6 +6,7 @@
 #include "figures/model_name.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
+#include "pages/page_units.h"
 
 namespace tav {
 namespace {
@@ -57,7 +58,10 @@ class Drawing {
     writer_.PrintTextLeft(x, y, text, kArial, kSize, bold);
   }
   void Centred(int dive, double y, const std::string& text) {
-    writer_.PrintInCen(f_.Column(dive) + 0.27, y, text, kArial, kSize, 0);
+    // Four figures would touch those beside them.
+    constexpr double kRoom = 0.5 * page::kUnitsPerCm;
+    const bool wide = writer_.Services().measure.TextWidth(text, {kArial, kSize, false}) > kRoom;
+    writer_.PrintInCen(f_.Column(dive) + 0.27, y, text, kArial, wide ? kSize - 1 : kSize, 0);
   }
 
   /// A black rule above each change of gas.

@@ -18,12 +18,14 @@ class Column {
  public:
   Column(PrintPreview& writer, const TableInfo& info) : writer_(writer), info_(info), template_(info.diveTemplate) {}
 
-  void Print() {
+  double Print() {
     Head();
     Limits();
     RatesFrame();
     Rates(0, Text::ReportAscent, template_.AscendRates);
     Rates(2.5, Text::ReportDescent, template_.DescendRates);
+    const auto rows = std::max(template_.AscendRates.size(), template_.DescendRates.size());
+    return Gases(Units(kRatesTop + static_cast<double>(rows) * kRateHeight + 0.15));
   }
 
  private:
@@ -89,6 +91,40 @@ class Column {
     }
   }
 
+  /// Lines from y on; returns where they end.
+  double Lines(double y, const std::string& text) {
+    constexpr int kSize = 7;
+    constexpr double kLine = 0.33;
+    for (const std::string& line : WrappedText(text, 4.85, {"Arial", kSize, false}, writer_.Services().measure)) {
+      Text(0.9, y, line, kSize);
+      y += kLine;
+    }
+    return y;
+  }
+
+  double Units(double y) {
+    const bool metric = template_.Metric;
+    return Lines(y, writer_.Texts().Filled(Text::TableUnits,
+                                           {T(metric ? Text::ReportMetres : Text::ReportFeet),
+                                            T(metric ? Text::ReportBar : Text::ReportAta),
+                                            T(metric ? Text::ReportLitresPerMin : Text::ReportCubicFeetPerMin)}));
+  }
+
+  /// What the times of deco tables are, and the gases; those of a bail-out lack one in turn.
+  double Gases(double y) {
+    if (info_.bailout) return y;
+    std::string gases;
+    for (const GasChange& change : template_.ChangeGasMixes) {
+      if (change.Name.empty()) continue;
+      const std::string depth =
+          Numbers().Short(change.Depth) + " " + T(template_.Metric ? Text::ReportMetres : Text::ReportFeet);
+      gases += (gases.empty() ? "" : ", ") + writer_.Texts().Filled(Text::TablesGasFrom, {change.Name, depth});
+    }
+    y = Lines(y + 0.1, T(info_.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut));
+    return Lines(y + 0.1,
+                 gases.empty() ? T(Text::TableNoDecoGas) : writer_.Texts().Filled(Text::TableDecoGases, {gases}));
+  }
+
   PrintPreview& writer_;
   const TableInfo& info_;
   const DiveTemplate& template_;
@@ -96,6 +132,6 @@ class Column {
 
 }  // namespace
 
-void PrintTableInfo(PrintPreview& writer, const TableInfo& info) { Column(writer, info).Print(); }
+double PrintTableInfo(PrintPreview& writer, const TableInfo& info) { return Column(writer, info).Print(); }
 
 }  // namespace tav

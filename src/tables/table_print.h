@@ -19,9 +19,9 @@ struct BailoutParts {
 
 /// Prints sets of dives as small tables on pages with cut marks, and the cuts of a plan as cards behind them.
 ///
-/// The grid of cells gives each table its place. What does not come out whole there (a table that leaves the sheet,
-/// remarks without room below) is printed again behind the tables, each on a page of its own. One that would lie over
-/// another is printed only there, and the information column says so; as is one that is wider than the grid.
+/// The grid of cells gives each table its place. One that would not come out whole there, to be cut out with all that
+/// belongs to it (wider than the grid, lower than its marks, over another table, remarks without room below), has pages
+/// of its own behind the others, in as many parts as it takes, each with its remarks; the information column says so.
 /// Order of the calls: StartTableOutput, PrintWaysOut of a bail-out, PrintTableSet for each set, EndTableOutput.
 /// Without the last one nothing is shown.
 class TablePrintModule {
@@ -30,8 +30,9 @@ class TablePrintModule {
   explicit TablePrintModule(PrintPreview& writer, std::string caption = "", BailoutParts parts = {});
 
   void StartTableOutput() { pages_.StartTableOutput(); }
-  /// Takes the plan for the gas on its cards, and prints the ways out of the minutes of a rebreather dive that take
-  /// longest to come up from and that ask most of a gas, side by side ahead of the tables. Throws as BailoutCuts::At.
+  /// Takes the plan for the gas on its cards, and prints what its ways out ask for side by side ahead of the tables: on
+  /// a rebreather from the minutes that take longest to come up from and that ask most of a gas, on open circuit from
+  /// the end of the leg with the longest way up, with all gases and with each lost. Throws as BailoutCuts::Compute.
   void PrintWaysOut(const PlannedDive& dive);
   void PrintTableSet(const TableDives& profiles);
   /// Prints what is left, closes the last page and opens the preview. `proceed` is asked for each card and answers
@@ -44,22 +45,47 @@ class TablePrintModule {
     std::string name;     ///< "EAN50 lost", "30 m"
     std::string title;    ///< of the strip
     std::string caption;  ///< what it is
+    std::string circuit;  ///< of dives on a loop; else empty
     SmallTable table;
     TableInfo info;
     TablePlace place;
-    double right = 0;  ///< edges of all that belongs to it, remarks included
+    std::vector<std::string> remarks;  ///< the lines below
+    double right = 0;                  ///< edges of all that belongs to it, remarks included
     double bottom = 0;
-    int number = 0;  ///< among those printed again; 0 for none
+  };
+  /// Columns and rows of a table that stand on one page, with their remarks.
+  struct Part {
+    std::size_t firstDive;
+    std::size_t endDive;
+    std::size_t firstRow;
+    std::size_t endRow;
+    std::vector<std::string> remarks;
+    int size;  ///< of the remarks, points
   };
 
   void PrintSmallTable(const TableDives& profiles);
-  bool PrintRemarks(Printed& printed);
-  /// The line above: what the table is, or where it stands whole.
-  void PrintName(Printed& printed, bool whole);
+  void PrintLoopWaysOut(const PlannedDive& dive);
+  void PrintOpenWaysOut(const PlannedDive& dive);
+  /// A way out of a page of them, with the title of its card.
+  struct WayOut {
+    TableDives dives;
+    std::string title;
+  };
+  void PrintTall(const std::vector<WayOut>& ways, const std::string& head);
+  /// Finds out where the table and all that belongs to it end, and whether that is within its own room.
+  [[nodiscard]] bool ComesOutWhole(Printed& printed) const;
+  void PrintRemarks(const Printed& printed);
+  /// The line above: what the table is.
+  void PrintName(const Printed& printed);
   [[nodiscard]] TableInfo InfoOf(const TableDives& profiles) const;
-  void PrintReference(Printed& printed);
-  void PrintWhole(const Printed& printed);
-  [[nodiscard]] std::vector<std::string> Remarks(const Printed& printed, bool onPaper) const;
+  [[nodiscard]] std::string NameOf(const TableDives& profiles) const;
+  /// In the information column of the open page, as far as there is room: which tables stand behind.
+  void PrintReferences();
+  void PrintWhole(const Printed& printed, int number);
+  [[nodiscard]] std::vector<Part> PartsOf(const Printed& printed) const;
+  [[nodiscard]] std::vector<std::string> Remarks(const Printed& printed, bool onPaper, std::size_t firstDive = 0,
+                                                 std::size_t endDive = static_cast<std::size_t>(-1)) const;
+  [[nodiscard]] std::vector<std::string> Wrapped(const std::vector<std::string>& remarks, double width, int size) const;
   [[nodiscard]] std::string T(int id) const { return writer_.Texts().GetResString(id); }
 
   PrintPreview& writer_;
@@ -67,11 +93,12 @@ class TablePrintModule {
   BailoutParts parts_;
   std::optional<WayOutSupply> supply_;
   TablePages pages_;
-  std::vector<Printed> onPage_;  ///< the tables of the open page
-  std::vector<Printed> again_;   ///< those to be printed behind the others, in order of their numbers
+  std::vector<Printed> onPage_;  ///< the tables of a page of the grid
+  std::vector<Printed> behind_;  ///< those on pages of their own, in order of their numbers
+  std::size_t referred_ = 0;     ///< of those, told on a page before
+  double referencesEnd_ = 0;     ///< in the information column of the open page, cm
   std::vector<CardSet> cards_;
-  int numbers_ = 0;
-  int references_ = 0;  ///< in the information column of the open page
+  bool bailout_ = false;
 };
 
 }  // namespace tav

@@ -18,8 +18,8 @@ class Remarks {
   Remarks(const SmallTable& table, const RemarkWords& words, bool onPaper)
       : table_(table), words_(words), onPaper_(onPaper) {}
 
-  std::vector<std::string> Lines() {
-    for (std::size_t dive = 0; dive < table_.totals.size(); ++dive) {
+  std::vector<std::string> Lines(std::size_t firstDive, std::size_t endDive) {
+    for (std::size_t dive = firstDive; dive < std::min(endDive, table_.totals.size()); ++dive) {
       Add(dive, AlsoStops(dive));
       Add(dive, OtherGases(dive));
       OtherDepths(dive);
@@ -163,8 +163,9 @@ std::string WarningText(const GasWarning& warning, const RemarkWords& words) {
   return what() + " " + words.at + " " + from + (to == from ? "" : " " + words.to + " " + to);
 }
 
-std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper) {
-  return Remarks(table, words, onPaper).Lines();
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper,
+                                      std::size_t firstDive, std::size_t endDive) {
+  return Remarks(table, words, onPaper).Lines(firstDive, endDive);
 }
 
 }  // namespace tav

@@ -38,7 +38,8 @@ std::string WarningText(const GasWarning& warning, const RemarkWords& words);
 
 /// What a small table does not tell as it is, in words, for the lines right below it. Columns that need the same words
 /// share a line: "Columns 6 to 39: breathe 50/0 at 6 m, 3 m". On paper row 1, the bottom, has no cells, and what stands
-/// in them is told, too.
-std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper);
+/// in them is told, too. Of the columns from `firstDive` to before `endDive`, counted from 0.
+std::vector<std::string> TableRemarks(const SmallTable& table, const RemarkWords& words, bool onPaper,
+                                      std::size_t firstDive = 0, std::size_t endDive = static_cast<std::size_t>(-1));
 
 }  // namespace tav

@@ -9,6 +9,8 @@
 #include "headless/recording_surface.h"
 #include "pages/arial_measure.h"
 #include "pages/page_player.h"
+#include "pages/page_units.h"
+#include "reports/comparison_table.h"
 #include "reports/dive_report.h"
 #include "reports/plan_sheet.h"
 #include "reports/plan_slate.h"
@@ -43,9 +45,26 @@ class TextsOfPage : public RecordingSurface {
   ArialMeasure measure_;
 };
 
+/// A text that a cut would go through.
+std::vector<std::string> CutFaults(const TextsOfPage& paper) {
+  std::vector<std::string> faults;
+  constexpr double kLongestMark = 0.51 * page::kUnitsPerCm;
+  for (const RecordingSurface::Stroke& mark : paper.Of(RecordingSurface::Kind::Box)) {
+    const bool rule = (mark.x0 == mark.x1) != (mark.y0 == mark.y1);
+    if (!rule || mark.x1 - mark.x0 + mark.y1 - mark.y0 > kLongestMark) continue;
+    for (const PlacedText& text : paper.texts) {
+      if (mark.x1 > text.left && mark.x0 < text.left + text.width && mark.y1 > text.top &&
+          mark.y0 < text.top + text.height) {
+        faults.push_back("a cut mark goes through \"" + text.text + "\"");
+      }
+    }
+  }
+  return faults;
+}
+
 /// What can't be read on a page.
 std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts, const PageSize& size) {
-  constexpr double kTouch = 20;  // a third of a millimetre
+  constexpr double kTouch = 2;
   std::vector<std::string> faults;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const PlacedText& one = texts[i];
@@ -56,7 +75,7 @@ std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts, con
       const PlacedText& other = texts[j];
       const double across = std::min(one.left + one.width, other.left + other.width) - std::max(one.left, other.left);
       const double down = std::min(one.top + one.height, other.top + other.height) - std::max(one.top, other.top);
-      if (across > kTouch && down > 0.3 * std::min(one.height, other.height)) {
+      if (across > kTouch && down > 0.2 * std::min(one.height, other.height)) {
         faults.push_back("\"" + one.text + "\" lies over \"" + other.text + "\"");
       }
     }
@@ -64,15 +83,19 @@ std::vector<std::string> ReadingFaults(const std::vector<PlacedText>& texts, con
   return faults;
 }
 
-void LookAtPages(const PrintPreview& report, const std::string& what) {
+void LookAtPages(const PrintPreview& report, const std::string& what, double smallest = 6) {
   EXPECT_GT(report.Pages().Pages(), 0) << what;
   const PagePlayer player(report.Pages());
   for (int page = 1; page <= report.Pages().Pages(); ++page) {
     const PageSize size = player.SizeOf(page);
     TextsOfPage paper(size);
     player.tempshow(page, paper, 1);
-    for (const std::string& fault : ReadingFaults(paper.texts, size))
-      ADD_FAILURE() << what << ", page " << page << ": " << fault;
+    std::vector<std::string> faults = ReadingFaults(paper.texts, size);
+    for (std::string& fault : CutFaults(paper)) faults.push_back(std::move(fault));
+    for (const PlacedText& text : paper.texts) {
+      if (text.height < smallest * 20) faults.push_back("\"" + text.text + "\" is too small to be read");
+    }
+    for (const std::string& fault : faults) ADD_FAILURE() << what << ", page " << page << ": " << fault;
   }
 }
 
@@ -103,6 +126,37 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   WriteLongReport(general, forms.Series(document));
   LookAtPages(report, "long report");
 
+  // Figures of many digits, as of a habitat, of a plan that no stop clears.
+  ClassProfile large = forms(document).InputProfile;
+  for (std::int16_t i = 1; i <= large.GetLength(); ++i) {
+    Waypoint& row = large.Row(i);
+    row.Depth += 200.55;
+    if (row.StopDepth > 0) row.StopDepth += 200.5;
+    row.Rate = row.Rate * 100;
+    row.RunTime += 12000.5;
+    row.SegmentTime += 1000;
+    if (row.StopTime > 0) row.StopTime += 1000;
+    row.CNS += 123;
+    row.OTU += 12345;
+    row.END += 1234;
+    row.GasUsed += 123456;
+  }
+  const ModelChoice hybrid{false, true, true};
+  DiveTemplate& settings = forms.Services().documents(document).Template;
+  general.InitLongReport();
+  general.LongReport({large,
+                      settings,
+                      hybrid,
+                      true,
+                      true,
+                      12,
+                      12345,
+                      false,
+                      {},
+                      "A plan with a long name for a dive along the wreck at the end of the bay, dive 12"});
+  general.ShowLongReport();
+  LookAtPages(report, "long report of large figures");
+
   Slate slate(report);
   WriteSlates({slate, texts, comma}, forms.Series(document));
   LookAtPages(report, "slate");
@@ -116,10 +170,33 @@ void LookAtReports(const std::string& language, const std::string& dive) {
   bailOut.cbOK.Press();
   LookAtPages(report, "bail-out");
 
+  all.Load(bailOut);
+  bailOut.Check3.Set(true);
+  bailOut.cbOK.Press();
+  LookAtPages(report, "bail-out from the ends of legs");
+
   auto& tables = all.Of<frmTableExpert>();
   all.Load(tables);
   tables.cbStart.Press();
   LookAtPages(report, "deco tables");
+
+  all.Load(tables);
+  tables.tbET.Type("150");  // rows and columns enough for more than a page
+  tables.tbTI.Type("3");
+  tables.tbSD.Type("60");
+  tables.tbED.Type("70");
+  tables.tbDI.Type("10");
+  tables.cbStart.Press();
+  LookAtPages(report, "large deco tables");
+
+  const SeriesDive planned = forms.Series(document, false).front();
+  const std::vector<ComparedPlan> plans(3, ComparedPlan("A plan with a long name of its own.tav", planned.dive));
+  PrintComparison(report, ComparisonTable(plans, AdviceWords(texts, comma, plans.front().Settings().Metric)));
+  LookAtPages(report, "comparison");
+
+  const WhatIfWish wish = WhatIfWish::Usual(true);
+  WriteSlates({slate, texts, comma}, planned, WhatIf(planned.dive).Columns(wish), wish);
+  LookAtPages(report, "slates of what if");
 
   auto& mixer = all.Of<frmPartialMix>();
   all.Load(mixer);

@@ -117,6 +117,8 @@ TEST(TablesOfTavplan, BadInputGetsOneLineAndStatus2) {
            Case{{"tables", "--gas", "Helium", "--depths=9:9:1", "--times=5:5:5"}, "\"Helium\" is unknown"},
            Case{{"tables", "--gas", "Air", "--depths=9:9:1"}, "--times"},
            Case{{"tables", "--gas", "Air", "--depths=9:9:1", "--times=5:5:5", "--template", "none"}, "none"},
+           Case{{"tables", "--gas", "Air", "--depths=9:9:1", "--times=5:5:5", "--without", "Oxygen,EAN5"},
+                "--without: \"EAN5\" must be Oxygen, EAN50"},
            Case{{"bailout", kTrimix, "--interval=100"}, "outside 0 to 99"},
            Case{{"bailout", (kRoot / "dives/wreck.tav").string(), "--interval=99"}, "99 min is longer than the plan"},
            Case{{"bailout", kTrimix, "--interval=-1"}, "outside 0 to 99"},
@@ -164,6 +166,26 @@ TEST(TablesOfTavplan, SayWhatADiverMustNotBreathe) {
   };
   EXPECT_THAT(tables("45"), HasSubstr("! Column 20: PPO2 too high at 45 m"));
   EXPECT_THAT(tables("33"), Not(HasSubstr("PPO2")));  // 1.38 bar
+}
+
+TEST(TablesOfTavplan, FromTheEndsOfLegsAreThoseOfTheirMinutes) {
+  const std::string wreck = (kRoot / "dives/wreck.tav").string();
+  const json ends = json::parse(Tavplan({"bailout", wreck, "--leg-ends", "--json"}).out)["scenarios"];
+  const json minutes = json::parse(Tavplan({"bailout", wreck, "--interval", "4", "--json"}).out)["scenarios"];
+  for (std::size_t i = 0; i < ends.size(); ++i) {
+    ASSERT_EQ(ends[i]["cuts"].size(), 2U);
+    for (const json& cut : ends[i]["cuts"]) {
+      const auto& regular = minutes[i]["cuts"];
+      EXPECT_EQ(std::count(regular.begin(), regular.end(), cut), 1) << cut["run_time"];
+    }
+  }
+}
+
+TEST(TablesOfTavplan, LeaveOutTheDecoGasesThatAreNamed) {
+  std::vector<std::string> tables{"tables", "--gas", "Air", "--depths=40:40:1", "--times=25:25:1"};
+  EXPECT_THAT(Tavplan(tables).out, HasSubstr("\n  50/0 "));
+  tables.insert(tables.end(), {"--without", "EAN50"});
+  EXPECT_THAT(Tavplan(tables).out, testing::AllOf(Not(HasSubstr("\n  50/0 ")), HasSubstr("\n  100/0 ")));
 }
 
 TEST(TablesOfTavplan, TellABottomTimeShorterThanTheDescent) {

@@ -95,7 +95,7 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
     dialog.cbOK.Press();
     EXPECT_GT(events, 8) << "at least one turn for each cut";
   });
-  EXPECT_EQ(preview.shown, Numbered("<DecoTables>"));
+  EXPECT_EQ(preview.shown, Numbered("<BailoutTables>"));
   EXPECT_THAT(runs.told, ElementsAre("begins " + std::to_string(plan), "ends"));
   EXPECT_EQ(State(plan), before);
   const int all = report.Pages().Pages();
@@ -111,12 +111,27 @@ TEST_F(TableDialogs, ABailOutPrintsItsTablesAndCardsAndLeavesThePlanAlone) {
     dialog.tbTime.Type("10");
     dialog.cbOK.Press();
   });
-  EXPECT_EQ(report.Pages().Pages(), 1);
+  EXPECT_EQ(report.Pages().Pages(), 2) << "what the way out asks for, and the tables";
   With<frmBailoutStart>([](frmBailoutStart& dialog) {
     EXPECT_TRUE(dialog.Check1.Value);
     EXPECT_FALSE(dialog.Check2.Value);
     dialog.cbCancel.Press();
   });
+}
+
+TEST_F(TableDialogs, ABailOutFromTheEndsOfLegsAsksForNoInterval) {
+  OpenPlan();
+  const auto pages = [&](bool legEnds) {
+    With<frmBailoutStart>([&](frmBailoutStart& dialog) {
+      dialog.Check3.Set(legEnds);
+      EXPECT_EQ(dialog.tbTime.Enabled, !legEnds);
+      if (!legEnds) dialog.tbTime.Type("5");
+      dialog.cbOK.Press();
+    });
+    return report.Pages().Pages();
+  };
+  EXPECT_LT(pages(true), pages(false));
+  EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(TableDialogs, TheIntervalIsWholeMinutesFrom0To99AndNotLongerThanThePlan) {
@@ -297,6 +312,33 @@ TEST_F(TableDialogs, TheTableExpertPrintsOneTableForEachDepth) {
   EXPECT_EQ(preview.shown, Numbered("<DecoTables>"));
   EXPECT_THAT(runs.told, ElementsAre("begins 0", "ends"));
   EXPECT_EQ(dialogs.documents(0).Template.DescendRates[0].Rate, Single(18));
+}
+
+TEST_F(TableDialogs, TheTableExpertLeavesOutDecoGasesWhoseTickIsAway) {
+  dialogs.Open();
+  const auto all = dialogs.Document().Template.ChangeGasMixes.size();
+  ASSERT_EQ(all, 2U);
+  With<frmTableExpert>([&](frmTableExpert& dialog) {
+    ASSERT_EQ(dialog.ckDeco.Items.Get().size(), all);
+    dialog.ckDeco.Tick(0, false);
+    dialog.ckDeco.Tick(1, false);
+    // The plan has changed meanwhile: another gas would be left out than was shown.
+    std::swap(dialogs.Document().Template.ChangeGasMixes[0], dialogs.Document().Template.ChangeGasMixes[1]);
+    dialogs.Document().Template.ChangeGasMixes[0].Depth = 20;
+    dialog.cbStart.Press();
+    EXPECT_THAT(Boxes(), ElementsAre(Numbered("<GasGone>")));
+    for (const auto& item : dialog.ckDeco.Items.Get()) EXPECT_TRUE(item.on) << "those that there are now";
+    dialog.ckDeco.Tick(0, false);
+    dialog.ckDeco.Tick(1, false);
+    dialog.cbStart.Press();
+  });
+  for (int page = 1; page <= report.Pages().Pages(); ++page) {
+    const std::string printed = report.Pages().Page(page);
+    EXPECT_THAT(printed, testing::HasSubstr(Numbered("<TableNoDecoGas>")));
+    EXPECT_THAT(printed, testing::Not(testing::HasSubstr("\n50/0")));
+    EXPECT_THAT(printed, testing::Not(testing::HasSubstr("\n100/0")));
+  }
+  EXPECT_EQ(dialogs.Document().Template.ChangeGasMixes.size(), all);
 }
 
 TEST_F(TableDialogs, OneRunAtATimeWritesItsPages) {

@@ -110,12 +110,13 @@ focus "^Bail-out$"
 type_text 15
 keys Return
 silence "^PPO2" warning
-focus "^Deco Tables"
-shot bailout-tables "^Deco Tables"
+focus "^Bail-out Tables"
+keys Next
+shot bailout-tables "^Bail-out Tables"
 keys End Prior
-shot bailout-cards "^Deco Tables"
+shot bailout-cards "^Bail-out Tables"
 keys Escape
-await "the preview stays" gone "^Deco Tables"
+await "the preview stays" gone "^Bail-out Tables"
 focus "^TAV"
 keys ctrl+e
 focus "^Table Expert$"

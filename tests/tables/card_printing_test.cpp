@@ -106,7 +106,7 @@ TEST_F(TablePrint, CardsStandSixToAPageAndALongAscentGoesOnInTheNext) {
   EXPECT_THAT(Texts(1), AllOf(Contains("1/2"), Contains("2/2")));
   std::vector<double> depths;  // bold, in the first column of cards
   for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
-    if (stroke.font.points == 13 && stroke.font.bold &&
+    if (stroke.font.points == 14 && stroke.font.bold &&
         stroke.text.find_first_not_of("0123456789") == std::string::npos) {
       depths.push_back(ParseLenient(stroke.text));
     }

@@ -46,6 +46,8 @@ struct Words : TextSource {
                                                    {Text::Litres, "l"},
                                                    {Text::TableProfile, "Profile"},
                                                    {Text::BailoutTables, "Bail-out Tables"},
+                                                   {Text::TableBailoutTitle, "Bail-out, %1"},
+                                                   {Text::PartOf, "%1 of %2"},
                                                    {Text::InfoRunTime, "Runtime"}};
     const auto found = kTexts.find(id);
     return found == kTexts.end() ? "#" + std::to_string(id) : found->second;

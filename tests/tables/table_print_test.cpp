@@ -23,8 +23,8 @@ using testing::StartsWith;
 
 TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
   const frmWaypointEditor& plan = Plan({{40, 20}});
-  Print(plan, 10, kTables);
-  EXPECT_EQ(window.shown, "#6132");
+  Print(plan, 10, kTables, false);
+  EXPECT_EQ(window.shown, "Bail-out Tables");
   ASSERT_EQ(Pages(), 1);
   // Three columns: the first of three tables is centred in its cell, at 7.9 and 1.3 cm.
   const double x0 = 6.0 + (7.4 - 3.6) / 2;
@@ -56,7 +56,7 @@ TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
 }
 
 TEST_F(TablePrint, EachPageHasOneInformationColumnAndTheCutMarksOfTheGrid) {
-  Print(Plan({{40, 20}}), 10, kTables);
+  Print(Plan({{40, 20}}), 10, kTables, false);
   EXPECT_THAT(Texts(1), Contains("Bail-out Tables").Times(1));
   EXPECT_THAT(Texts(1), Contains("Profile: wreck.tav"));
   // Ends of the arms, as seen from the twelve crossings.
@@ -75,7 +75,7 @@ TEST_F(TablePrint, EachPageHasOneInformationColumnAndTheCutMarksOfTheGrid) {
 }
 
 TEST_F(TablePrint, RemarksStandRightBelowInBoldRed) {
-  Print(Plan({{55, 20}, {20, 20}}, 5), 12, kTables);
+  Print(Plan({{55, 20}, {20, 20}}, 5), 12, kTables, false);
   bool found = false;
   for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
     if (!stroke.text.starts_with("Column")) continue;
@@ -85,14 +85,14 @@ TEST_F(TablePrint, RemarksStandRightBelowInBoldRed) {
     EXPECT_LT(stroke.y0, 10.5 * page::kUnitsPerCm);
   }
   EXPECT_TRUE(found);
-  EXPECT_THAT(Texts(1),
-              AllOf(Contains("EAN50 lost: #8252"), Contains("All gases: #8252"), Not(Contains(HasSubstr("Whole:")))));
+  EXPECT_THAT(Texts(1), AllOf(Contains("Bail-out, EAN50 lost"), Contains("Bail-out, All gases"),
+                              Not(Contains(HasSubstr("Whole:")))));
 }
 
-TEST_F(TablePrint, WhatDoesNotComeOutWholeIsPrintedAgain) {
+TEST_F(TablePrint, WhatDoesNotComeOutWholeStandsBehind) {
   // Some fifteen columns and more than twenty rows: two cells wide, and taller than one.
   const frmWaypointEditor& plan = Plan({{95, 20}}, 7);
-  Print(plan, 6, kTables);
+  Print(plan, 6, kTables, false);
   const BailoutCuts cuts = plans.Cuts(plan.Tag(), 6);
   std::vector<std::string> pointers;
   std::vector<int> whole;
@@ -134,8 +134,8 @@ TEST_F(TablePrint, ATableWiderThanTheGridHasPagesOfItsOwnAndLeavesNoneBlank) {
   print.PrintTableSet(*dives.Next(kGoOn));
   print.EndTableOutput();
   ASSERT_EQ(Pages(), 2);  // 36 columns, and 5
-  EXPECT_THAT(Texts(1), AllOf(Contains("No. 1: 9 m"), Contains("36")));
-  EXPECT_THAT(Texts(2), AllOf(Contains("No. 1: 9 m"), Contains("37"), Contains("41")));
+  EXPECT_THAT(Texts(1), AllOf(Contains("No. 1: 9 m, 1 of 2"), Contains("36")));
+  EXPECT_THAT(Texts(2), AllOf(Contains("No. 1: 9 m, 2 of 2"), Contains("37"), Contains("41")));
 }
 
 TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {
@@ -150,6 +150,42 @@ TEST_F(TablePrint, TablesOfManyColumnsAreSplitBehind) {
     for (const Stroke& stroke : Drawn(page, Kind::PageText)) EXPECT_LT(stroke.x0, 28.5 * page::kUnitsPerCm);
   }
   EXPECT_EQ(heads.size(), 2U);
+}
+
+/// Every remark stands on a page with the columns that it is about, and cut marks stand on pages of whole tables alone,
+/// none of them within a table.
+TEST_F(TablePrint, RemarksStayWithTheirColumnsAndNoCutLeadsThroughATable) {
+  const frmWaypointEditor& deep = Plan({{95, 25}, {40, 30}, {60, 10}}, 7);
+  int partsWithRemarks = 0;
+  for (const double interval : {1, 3, 5, 12, 30}) {
+    Print(deep, interval, kTables, false);
+    for (int page = 1; page <= Pages(); ++page) {
+      const std::vector<std::string> printed = Texts(page);
+      const bool behind = testing::Value(printed, Contains(StartsWith("No. ")));
+      for (const std::string& text : printed) {
+        if (!text.starts_with("Column")) continue;
+        EXPECT_THAT(printed, Contains("Mix")) << interval << ", page " << page;
+        partsWithRemarks += behind;
+        const std::string head = text.substr(text.find(' ') + 1, text.find_first_of(",:t(", 8) - text.find(' ') - 1);
+        EXPECT_THAT(printed, Contains(head.substr(0, head.find(' ')))) << text;
+      }
+      std::vector<Stroke> tables;
+      std::vector<Stroke> marks;
+      for (const Stroke& s : Drawn(page, Kind::Box)) {
+        const bool rule = (s.x0 == s.x1) != (s.y0 == s.y1);
+        if (rule && s.x1 - s.x0 + s.y1 - s.y0 < 0.51 * page::kUnitsPerCm) marks.push_back(s);
+        if (!rule && s.x0 > TableSlots::kLeft * page::kUnitsPerCm) tables.push_back(s);
+      }
+      EXPECT_EQ(marks.empty(), behind) << interval << ", page " << page;
+      for (const Stroke& mark : marks) {
+        for (const Stroke& table : tables) {
+          EXPECT_FALSE(mark.x1 > table.x0 && mark.x0 < table.x1 && mark.y1 > table.y0 && mark.y0 < table.y1)
+              << interval << ", page " << page;
+        }
+      }
+    }
+  }
+  EXPECT_GT(partsWithRemarks, 10);
 }
 
 // The clock of a cut within the ascent runs late in the replay; a card starts from its own moment.

@@ -34,12 +34,12 @@ class WaysOutPage : public TablePrint {
     return plan;
   }
 
-  /// The figures in 13 points of a column of the first page, a text for each row: "21 3 49 EAN50".
+  /// The figures in 14 points of a column of the first page, a text for each row: "21 3 49 EAN50".
   [[nodiscard]] std::vector<std::string> RowsOfColumn(std::size_t column) const {
     std::map<double, std::map<double, std::string>> rows;
     for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
       const double x = stroke.x0 / page::kUnitsPerCm - TableSlots::kLeft;
-      if (stroke.font.points != 13 || std::floor(x / TableSlots::kCellWidth) != static_cast<double>(column)) continue;
+      if (stroke.font.points != 14 || std::floor(x / TableSlots::kCellWidth) != static_cast<double>(column)) continue;
       if (!stroke.text.empty()) rows[stroke.y0][stroke.x0] = stroke.text;
     }
     std::vector<std::string> lines;
@@ -69,10 +69,28 @@ TEST_F(WaysOutPage, ComesFirstAndLeavesTheTablesWhereTheyAre) {
   EXPECT_THAT(Texts(1), Contains(HasSubstr("wreck.tav, ")));
   EXPECT_EQ(tables(2), alone);
   for (const BailoutParts parts : {kCards, kTables}) {
-    // Neither cards alone nor a dive on open circuit have it.
-    Print(parts.cards ? plan : Plan({{40, 20}}), 10, parts);
-    EXPECT_THAT(Texts(1), Not(Contains(HasSubstr("wreck.tav, "))));
+    // Cards alone do without.
+    Print(plan, 10, parts);
+    EXPECT_EQ(testing::Value(Texts(1), Contains(HasSubstr("wreck.tav, "))), parts.tables);
   }
+}
+
+TEST_F(WaysOutPage, OfOpenCircuitIsTheLongestFromTheEndOfALegWithEachGasLost) {
+  // The second leg is the longest to come up from; the third is shallow.
+  const frmWaypointEditor& plan = Plan({{30, 10}, {50, 20}, {20, 5}}, 5);
+  Print(plan, 10, kTables);
+  const std::vector<std::string> printed = Texts(1);
+  EXPECT_THAT(printed, Contains("Leave at 30 min, 50 m").Times(3));
+  for (const char* name : {"All gases", "EAN50 lost", "Oxygen lost"}) EXPECT_THAT(printed, Contains(name));
+  // With all gases it is the table's column of that minute.
+  const BailoutCuts cuts = plans.Cuts(plan.Tag(), 30);
+  const std::vector<AscentCard> cards = MakeAscentCards(*cuts.Compute(cuts.Scenarios() - 1, kGoOn));
+  std::vector<std::string> rows;
+  for (const CardRow& row : cards.front().rows) {
+    rows.push_back(row.depth + (row.stop.empty() ? "" : " " + row.stop) + " " + row.runTime +
+                   (row.gas.empty() ? "" : " " + row.gas));
+  }
+  EXPECT_EQ(RowsOfColumn(0), rows);
 }
 
 TEST_F(WaysOutPage, HasTheMinutesOfTheComparisonAndTheRowsOfTheTables) {
