@@ -64,7 +64,7 @@ class MarginWork {
   /// A row for each mark of the map: its colour, its letter, its words.
   [[nodiscard]] std::vector<std::vector<GridCell>> Legend() const;
   /// The dive of a cell that is there and what it breaks, in two lines.
-  [[nodiscard]] std::string CellText(int cell) const;
+  [[nodiscard]] std::string CellText(int index) const;
   /// Whether a cell is there and its dive can be dived at all.
   [[nodiscard]] bool CanCompare(int cell) const;
   /// The dive of a cell, to be compared with the plan, named by what it is more; nothing if it can't be computed.
