@@ -26,10 +26,11 @@ keys ctrl+shift+m
 focus "^Margins: plan.tav"
 
 echo "== a dive of the map, by keys, beside the plan"
-# What a cell tells comes with the cell; the map is whole a little later.
+# What a cell tells comes with the cell, so an early Return does nothing; the comparison comes a moment after the key.
 compares() {
-  focus "^Margins: plan.tav"
+  window "^Comparison: plan.tav" && return
   keys Return
+  sleep 0.5
   window "^Comparison: plan.tav"
 }
 keys Tab Right Right Right Right Right Down Down

@@ -10,8 +10,10 @@ finish() {
   rm -rf "$work"
 }
 trap finish EXIT
+# told on the script's own error output, also from within a command that is tried until it succeeds
+exec 3>&2
 fail() {
-  echo "FAILED: $*" >&2
+  echo "FAILED: $*" >&3
   import -window root /tmp/tav-screen-failure.png 2>/dev/null || true
   exit 1
 }
@@ -32,12 +34,18 @@ gone() { ! window "$1" && sleep 0.1 && ! window "$1"; }
 # a menu is the only window of the program that has no frame
 menu() { xwininfo -root -children | grep '("tav" "TAV")'; }
 has_keyboard() { [ "$(xdotool getwindowfocus)" = "$1" ]; }
-focus() {
+# asked for again while another window, opened by an earlier key, takes it
+takes_keyboard() {
   local id
+  id=$(window "$1") || return 1
+  has_keyboard "$id" && return
+  xdotool windowactivate "$id" 2>/dev/null || xdotool windowfocus "$id"
+  sleep 0.1
+  has_keyboard "$id"
+}
+focus() {
   await "the window \"$1\" does not come" window "$1"
-  id=$(window "$1")
-  xdotool windowactivate --sync "$id" 2>/dev/null || xdotool windowfocus --sync "$id"
-  await "the window \"$1\" has not got the keyboard" has_keyboard "$id"
+  await "the window \"$1\" has not got the keyboard" takes_keyboard "$1"
 }
 look() { import -window "$1" rgb:- | cksum; }
 is_still() {
