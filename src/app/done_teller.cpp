@@ -40,10 +40,8 @@ void DoneTeller::SetText(const std::string& text) {
   tell_(kCopied, "");
 }
 
-std::unique_ptr<PrintJob> DoneTeller::Start(const std::string& title, const PageSize& first) {
-  auto job = platform_.printer.Start(title, first);
-  if (job == nullptr) return nullptr;
-  return std::make_unique<ToldJob>(std::move(job), [this] { tell_(kPrinted, ""); });
+std::unique_ptr<PrintJob> DoneTeller::Start(const PrintOrder& order, const PageSize& first) {
+  return std::make_unique<ToldJob>(platform_.printer.Start(order, first), [this] { tell_(kPrinted, ""); });
 }
 
 std::unique_ptr<PrintJob> DoneTeller::StartPdf(const std::filesystem::path& file, const std::string& title,

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -23,9 +24,9 @@ class DoneTeller : private Clipboard, private Printer {
  private:
   [[nodiscard]] std::string Text() const override { return platform_.clipboard.Text(); }
   void SetText(const std::string& text) override;
-  [[nodiscard]] bool HasPrinter() const override { return platform_.printer.HasPrinter(); }
-  void SetUp() override { platform_.printer.SetUp(); }
-  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override;
+  [[nodiscard]] std::vector<InstalledPrinter> Installed() override { return platform_.printer.Installed(); }
+  void SetUp(const std::string& printer) override { platform_.printer.SetUp(printer); }
+  std::unique_ptr<PrintJob> Start(const PrintOrder& order, const PageSize& first) override;
   std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
                                      const PageSize& first) override;
 

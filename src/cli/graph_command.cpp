@@ -81,6 +81,7 @@ void Run(const Given& given, CommandFrame& frame) {
   const auto notice = NoticeOf(dive.plan.rows, dive.plan.end.Decompresses);
   GraphExtras extras;
   extras.tissues = given.tissues;
+  extras.paper = true;
   const PlanPicture picture(
       {dive.plan.rows, dive.record.Template, moments, texts, {".", ""}, notice ? texts.GetResString(*notice) : ""},
       extras);

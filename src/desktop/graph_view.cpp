@@ -348,8 +348,10 @@ void GraphView::contextMenuEvent(QContextMenuEvent* event) {
 FilePicture GraphView::Picture() {
   const QSize readable(1000, shown_.extras.tissues ? 1000 : 700);
   const QSize size = this->size().expandedTo(readable);
+  GraphExtras extras = shown_.extras;
+  extras.paper = true;
   return {size.width(), size.height(), FromQt(accessibleName()), FromQt(accessibleDescription()),
-          [this](DrawingSurface& surface) { PlanPicture(plan_(), shown_.extras).Draw(surface); }};
+          [this, extras](DrawingSurface& surface) { PlanPicture(plan_(), extras).Draw(surface); }};
 }
 
 GraphView* MakeGraphView(Program& program, std::int16_t document) {

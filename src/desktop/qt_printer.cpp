@@ -4,7 +4,6 @@
 #include <QPageLayout>
 #include <QPageSetupDialog>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QtWidgets>
 #include <algorithm>
@@ -120,31 +119,38 @@ class PdfJob : private PdfDevice, public SheetJob<QPdfWriter> {
 
 }  // namespace
 
-bool QtPrinter::HasPrinter() const { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+std::vector<InstalledPrinter> QtPrinter::Installed() {
+  std::vector<InstalledPrinter> printers;
+  for (const QPrinterInfo& printer : QPrinterInfo::availablePrinters()) {
+    printers.push_back({FromQt(printer.printerName()), printer.supportedDuplexModes().contains(QPrinter::DuplexAuto)});
+  }
+  const std::string used = printers.empty() ? "" : FromQt(Device().printerName());
+  std::stable_partition(printers.begin(), printers.end(),
+                        [&](const InstalledPrinter& printer) { return printer.name == used; });
+  return printers;
+}
 
-QPrinter& QtPrinter::Device() {
+QPrinter& QtPrinter::Device(const std::string& printer) {
   if (!device_) {
     device_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     device_->setPageLayout(LayoutOf({}));
     device_->setFullPage(true);
   }
+  if (!printer.empty()) device_->setPrinterName(ToQt(printer));
   return *device_;
 }
 
-void QtPrinter::SetUp() {
-  QPageSetupDialog dialog(&Device(), QApplication::activeWindow());
+void QtPrinter::SetUp(const std::string& printer) {
+  QPageSetupDialog dialog(&Device(printer), QApplication::activeWindow());
   dialog.exec();
 }
 
-std::unique_ptr<PrintJob> QtPrinter::Start(const std::string& title, const PageSize& first) {
-  QPrinter& device = Device();
-  device.setDocName(ToQt(title));
-  QPrintDialog dialog(&device, QApplication::activeWindow());
-  // The range of pages has been chosen already.
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-  dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
-  if (dialog.exec() != QDialog::Accepted) return nullptr;
-  PutPaper(device, first);  // the dialogs may have turned the sheet
+std::unique_ptr<PrintJob> QtPrinter::Start(const PrintOrder& order, const PageSize& first) {
+  QPrinter& device = Device(order.printer);
+  device.setDocName(ToQt(order.title));
+  device.setCopyCount(order.copies);
+  device.setDuplex(order.bothSides ? QPrinter::DuplexAuto : QPrinter::DuplexNone);
+  PutPaper(device, first);  // the dialog may have turned the sheet
   return std::make_unique<PaperJob>(device, first);
 }
 

@@ -10,14 +10,15 @@ namespace tav {
 /// Paper through the system's printers and dialogs, and PDF files.
 class QtPrinter : public Printer {
  public:
-  [[nodiscard]] bool HasPrinter() const override;
-  void SetUp() override;
-  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override;
+  [[nodiscard]] std::vector<InstalledPrinter> Installed() override;
+  void SetUp(const std::string& printer) override;
+  std::unique_ptr<PrintJob> Start(const PrintOrder& order, const PageSize& first) override;
   std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
                                      const PageSize& first) override;
 
  private:
-  QPrinter& Device();
+  /// The device, on that printer; on the one used last without a name.
+  QPrinter& Device(const std::string& printer = "");
 
   std::unique_ptr<QPrinter> device_;  ///< with what the user has set up; made when first needed
 };

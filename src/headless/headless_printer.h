@@ -23,15 +23,16 @@ class HeadlessPrinter : public Printer {
   };
 
   std::vector<std::shared_ptr<Sent>> jobs;
-  bool installed = true;
-  bool givesUp = false;  ///< the user leaves the print dialog
-  std::string fails;     ///< why a job can't be ended; empty when it can
+  std::vector<InstalledPrinter> printers{{"Office", true}};
+  std::vector<PrintOrder> orders;  ///< of jobs on paper
+  std::string fails;               ///< why a job can't be ended; empty when it can
   int setUps = 0;
 
-  [[nodiscard]] bool HasPrinter() const override { return installed; }
-  void SetUp() override { ++setUps; }
-  std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) override {
-    return givesUp ? nullptr : Begin(title, {}, first);
+  [[nodiscard]] std::vector<InstalledPrinter> Installed() override { return printers; }
+  void SetUp(const std::string& /*printer*/) override { ++setUps; }
+  std::unique_ptr<PrintJob> Start(const PrintOrder& order, const PageSize& first) override {
+    orders.push_back(order);
+    return Begin(order.title, {}, first);
   }
   std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
                                      const PageSize& first) override {

@@ -1449,6 +1449,12 @@ constexpr int MarginsExport = 8855;
 constexpr int MarginsExportTitle = 8856;
 constexpr int LongestCut = 8857;
 
+// The print dialog
+constexpr int PrintOnePage = 8926;
+constexpr int PrintPrinter = 8927;
+constexpr int PrintCopies = 8928;
+constexpr int PrintBothSides = 8929;
+
 // Tables on paper: titles, units, moments, gases
 constexpr int PartOf = 8940;
 constexpr int TableUnits = 8941;

@@ -109,7 +109,7 @@ void PrintPrev::Cmd_Click(Command index) {
       break;
     }
     case SetUp:
-      platform_.printer.SetUp();
+      platform_.printer.SetUp("");
       break;
     case First:
     case Previous:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "controls/text_form.h"
 #include "pages/page_player.h"
@@ -8,7 +9,7 @@
 
 namespace tav {
 
-/// Prints a range of pages. Modal to the preview. A cancel lets the page that has begun finish.
+/// Prints a range of pages: which, where, how often. Modal to the preview. A cancel lets the page that has begun finish.
 class PrintPrint : public TextForm {
  public:
   /// `title` names the job.
@@ -20,7 +21,12 @@ class PrintPrint : public TextForm {
   ComboBox ePag{*this, "ePag"};  ///< last page
   Label Label3{*this, "Label3"};
   TextBox tPag{*this, "tPag"};    ///< number of pages
-  Label Label4{*this, "Label4"};  ///< the page that is printed
+  Label lbPrinter{*this, "lbPrinter"};
+  ComboBox cmbPrinter{*this, "cmbPrinter"};
+  Label lbCopies{*this, "lbCopies"};
+  ComboBox cmbCopies{*this, "cmbCopies"};
+  CheckBox ckBothSides{*this, "ckBothSides"};  ///< acts where the printer can
+  Label Label4{*this, "Label4"};               ///< the page that is printed
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
   Button Command1{*this, "Command1"};  ///< print
   Button Command2{*this, "Command2"};  ///< cancel
@@ -33,11 +39,13 @@ class PrintPrint : public TextForm {
   void Form_Load() override;
 
  private:
+  void PrinterChosen();
   void PrintRange(int first, int last);
   void SistemaBarra(int last, int page);
 
   const PrintPreview& report_;
   std::string title_;
+  std::vector<InstalledPrinter> printers_;
   bool cancelPrint_ = false;
 };
 

@@ -29,10 +29,10 @@ class Figures {
     const std::string text = Number(profile_.GetRunTime(profile_.GetLength())) + " min";
     const double top = end.y + kGap / 2;
     if (labels_.Write(end.x + kGap, top, text, true)) return;
-    // Ahead of the last way up, as near to it as there is room.
-    constexpr double kStep = 150;
-    double left = end.x - kGap - surface_.TextWidth(text);
-    while (left > plot_.Scale().PlotLeft && !labels_.Write(left, top, text, true)) left -= kStep;
+    // Below the end, as near to it as there is room.
+    constexpr double kStep = 60;
+    const double left = std::min(end.x, plot_.Scale().PlotRight) - surface_.TextWidth(text);
+    for (double y = top; y < plot_.Scale().PlotBottom && !labels_.Write(left, y, text, true);) y += kStep;
   }
 
   void WriteDepths() {
@@ -133,9 +133,9 @@ void WriteFigures(DrawingSurface& surface, const ProfilePlot& plot, const ClassP
                   const GraphExtras& extras, const FigureWords& words) {
   if (profile.GetLength() == 0) return;
   Figures figures(surface, plot, profile, words, extras.Colours().label);
-  if (extras.depths) figures.WriteRunTime();
   if (extras.depths) figures.WriteDepths();
   if (extras.stopMinutes) figures.WriteStopMinutes();
+  if (extras.depths) figures.WriteRunTime();
 }
 
 }  // namespace tav

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/drawing_surface.h"
 #include "platform/page_size.h"
@@ -22,18 +23,31 @@ class PrintJob {
   virtual void EndDoc() = 0;
 };
 
+/// A printer that is installed.
+struct InstalledPrinter {
+  std::string name;
+  bool bothSides = false;  ///< can print on both sides of a sheet
+};
+
+/// What a job is told.
+struct PrintOrder {
+  std::string title;    ///< names the job
+  std::string printer;  ///< of those that are installed
+  int copies = 1;
+  bool bothSides = false;
+};
+
 /// Paper, and files that look like paper.
 class Printer {
  public:
   virtual ~Printer() = default;
 
-  /// The system's dialogs. False when no printer is installed, or when the user gave up.
-  [[nodiscard]] virtual bool HasPrinter() const = 0;
-  /// Paper and printer for the jobs to come.
-  virtual void SetUp() = 0;
-  /// A job on the chosen printer, after the system's own print dialog, with a sheet for a first page of that size;
-  /// nullptr when the user gave up. Throws std::runtime_error when the printer can't be used.
-  virtual std::unique_ptr<PrintJob> Start(const std::string& title, const PageSize& first) = 0;
+  /// Those that are installed, the one used last or the system's own choice first.
+  [[nodiscard]] virtual std::vector<InstalledPrinter> Installed() = 0;
+  /// The system's dialog of paper and trays for the jobs to come on a printer; on the first of them without a name.
+  virtual void SetUp(const std::string& printer) = 0;
+  /// A job with a sheet for a first page of that size. Throws std::runtime_error when the printer can't be used.
+  virtual std::unique_ptr<PrintJob> Start(const PrintOrder& order, const PageSize& first) = 0;
   /// A PDF file with embedded fonts. The file appears, or changes, only with EndDoc.
   virtual std::unique_ptr<PrintJob> StartPdf(const std::filesystem::path& file, const std::string& title,
                                              const PageSize& first) = 0;

@@ -43,13 +43,24 @@ std::vector<WhatIfColumn> ColumnsOfSheet(WhatIf& plan, const WhatIfWish& wish) {
   return columns;
 }
 
+std::vector<GasNeed> InOrderOfUse(const WhatIfColumn& column) {
+  const std::vector<GasTotal> used = GasTotals(column.rows);
+  const auto place = [&](const GasNeed& gas) {
+    return std::find_if(used.begin(), used.end(), [&](const GasTotal& total) { return total.Name == gas.mix; });
+  };
+  std::vector<GasNeed> gases = column.gas;
+  std::stable_sort(gases.begin(), gases.end(),
+                   [&](const GasNeed& a, const GasNeed& b) { return place(a) < place(b); });
+  return gases;
+}
+
 /// What is not enough, gas by gas; without cylinders what is breathed.
 Cell GasCell(const WhatIfColumn& column, const AdviceWords& words) {
   std::string text;
   for (const std::string& line : ShortGases(column.supply, words)) text += (text.empty() ? "" : "\n") + line;
   if (!text.empty()) return {text, true};
   if (column.supply.IsTold()) return {words.T(Text::SupplyEnough)};
-  for (const GasNeed& gas : column.gas) {
+  for (const GasNeed& gas : InOrderOfUse(column)) {
     // A number and its unit stay on one line.
     text += (text.empty() ? "" : ", ") + gas.mix + " " + ReplaceAll(words.Volume(gas.shownBreathed), " ", kNoBreak);
   }

@@ -139,7 +139,7 @@ TEST_F(PrintDialog, AFirstPageBehindTheLastPrintsThatPageAlone) {
   dialog.sPag.Select(2);
   dialog.ePag.Select(1);
   dialog.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, Numbered("<PreviewPage>3?"));
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PrintOnePage:3>"));
   EXPECT_EQ(platform.printer.jobs.at(0)->sheets.size(), 1U);
 }
 
@@ -157,20 +157,28 @@ TEST_F(PrintDialog, ACancelLetsThePageFinishAndTheJobEnd) {
   EXPECT_EQ(dialog.ProgressBar1.Value.Get(), 40);
 }
 
-TEST_F(PrintDialog, SaysWhatThePrinterReportsAndNothingWhenTheUserGivesUp) {
+TEST_F(PrintDialog, SaysWhatThePrinterReports) {
   platform.answers = {BoxAnswer::Yes};
-  platform.printer.givesUp = true;
-  dialog.Command1.Press();
-  EXPECT_EQ(platform.boxes.size(), 1U);  // the question
-
-  platform.printer.givesUp = false;
   platform.printer.fails = "out of paper";
+  dialog.Command1.Press();
+  EXPECT_EQ(platform.LastBox().text, Numbered("<PrinterFailed>\r\nout of paper"));
+  EXPECT_FALSE(platform.hourglass);
+}
+
+TEST_F(PrintDialog, SendsTheCopiesToTheChosenPrinter) {
+  platform.printer.printers = {{"Office", true}, {"Boat", false}};
   platform.answers = {BoxAnswer::Yes};
   PrintPrint second(writer, platform, "wreck");
   second.Load();
+  second.ckBothSides.Set(true);
+  second.cmbCopies.Select(2);
+  second.cmbPrinter.Select(1);
+  EXPECT_FALSE(second.ckBothSides.Enabled) << "the printer of the boat has no duplex";
   second.Command1.Press();
-  EXPECT_EQ(platform.LastBox().text, Numbered("<PrinterFailed>\r\nout of paper"));
-  EXPECT_FALSE(platform.hourglass);
+  const PrintOrder& order = platform.printer.orders.at(0);
+  EXPECT_EQ(order.printer, "Boat");
+  EXPECT_EQ(order.copies, 3);
+  EXPECT_FALSE(order.bothSides);
 }
 
 TEST_F(PrintDialog, ClosesWithoutPrintingOnNoAndWithoutAPrinterItSaysSo) {
@@ -179,7 +187,7 @@ TEST_F(PrintDialog, ClosesWithoutPrintingOnNoAndWithoutAPrinterItSaysSo) {
   EXPECT_TRUE(platform.printer.jobs.empty());
   EXPECT_FALSE(dialog.IsLoaded());
 
-  platform.printer.installed = false;
+  platform.printer.printers.clear();
   platform.answers = {BoxAnswer::Yes};
   PrintPrint second(writer, platform, "wreck");
   second.Load();
