@@ -35,7 +35,7 @@ class TableOutput {
   void Write(const Head& head, const std::function<void()>& tables);
   /// On paper alone, ahead of the tables of a bail-out (TablePrintModule::PrintWaysOut).
   void PrintWaysOut(const PlannedDive& dive) {
-    if (paper_) paper_->print.PrintWaysOut(dive);
+    if (paper_) static_cast<void>(paper_->print.PrintWaysOut(dive, Progress()));
   }
   /// One table. `members` writes those ahead of its dives.
   void Print(const TableDives& dives, const std::function<void(JsonWriter&)>& members, const std::string& title);

@@ -65,7 +65,8 @@ void LeaveOut(const std::string& names, DiveTemplate& settings) {
   std::string known;
   for (const GasChange& change : settings.ChangeGasMixes) known += (known.empty() ? "" : ", ") + change.Name;
   std::istringstream list(names);
-  for (std::string name; std::getline(list, name, ',');) {
+  for (std::string listed; std::getline(list, listed, ',');) {
+    const std::string name(TrimBlanks(listed));
     if (std::erase_if(settings.ChangeGasMixes, [&](const GasChange& change) { return change.Name == name; }) == 0) {
       throw OptionError({Text::OptionMustBe, {"--without", name, known}});
     }
@@ -88,9 +89,11 @@ void Run(const Given& given, CommandFrame& frame) {
   frame.Err() << rounded.str();
 
   const std::string title = texts.Filled(Text::TablesHeading, {given.gas});
+  const std::string without = given.without.empty() ? "" : "\n" + texts.Filled(Text::TablesWithout, {given.without});
   const std::string heading =
-      title + "\n" + texts.GetResString(given.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut) +
-      "\n" + SettingsOfTables(settings, frame.Model(), false, texts);
+      title + without + "\n" +
+      texts.GetResString(given.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut) + "\n" +
+      SettingsOfTables(settings, frame.Model(), false, texts);
   TableOutput output(frame, given.pdf, "");
   output.Write({[&](JsonWriter& json) { json.Member("gas", given.gas); }, "tables", heading, title}, [&] {
     while (const auto table = dives.Next(output.Progress())) {

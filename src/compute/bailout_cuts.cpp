@@ -1,5 +1,6 @@
 #include "compute/bailout_cuts.h"
 
+#include <cmath>
 #include <stdexcept>
 
 #include "compute/breathed_gas.h"
@@ -30,8 +31,13 @@ BailoutCuts::BailoutCuts(const PlannedDive& dive, const ModelChoice& model, Sing
   if (!fault_.IsEmpty()) return;
   if (moments == CutMoments::LegEnds) {
     legEnds_.emplace();
-    for (const LegEnd& end : LegEndsOf(dive)) legEnds_->push_back(end.row);
+    std::size_t rows = 0;
+    for (const LegEnd& end : LegEndsOf(dive)) {
+      legEnds_->push_back(end.row);
+      rows += static_cast<std::size_t>(end.row);
+    }
     if (legEnds_->empty()) fault_ = Text::NoLegs;
+    if (rows > kMostRows) fault_ = {Text::TooManyLegRows, {std::to_string(kMostRows)}};
     return;
   }
   fault_ = SizeFault();
@@ -88,14 +94,38 @@ bool BailoutCuts::Ascend(ScratchRun& run, const Moment& moment, TableDive& dive,
   return run.Compute(cut, true, dive, proceed, openFrom);
 }
 
-std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
+TableDives BailoutCuts::Without(int scenario, ScratchRun& run) const {
   TableDives result{DropGasChange(start_.settings, scenario), {}, true};
   if (scenario < Scenarios() - 1) {
     result.lost = start_.settings.ChangeGasMixes[static_cast<std::size_t>(scenario)].Name;
   }
-  ScratchRun run(start_, observer_);
   run.Template() = result.diveTemplate;
   result.model = run.Model();
+  return result;
+}
+
+std::optional<TableDives> BailoutCuts::Longest(int scenario, const RunProgress& progress) const {
+  ScratchRun run(start_, observer_);
+  TableDives result = Without(scenario, run);
+  const std::vector<Moment> moments = Moments();
+  const auto of = static_cast<int>(moments.size());
+  int done = 0;
+  double longest = -1;
+  TableDive dive;
+  for (const Moment& moment : moments) {
+    if (!Ascend(run, moment, dive, [&] { return progress(done, of); }) || !progress(++done, of)) return std::nullopt;
+    const double minutes = dive.decompresses ? dive.profile.GetRunTime(dive.profile.GetLength()) - dive.head : HUGE_VAL;
+    if (minutes <= longest) continue;
+    longest = minutes;
+    result.dives = {TableDive{}, dive};
+  }
+  result.dives.front().profile = plan_;
+  return result;
+}
+
+std::optional<TableDives> BailoutCuts::Compute(int scenario, const RunProgress& progress) const {
+  ScratchRun run(start_, observer_);
+  TableDives result = Without(scenario, run);
   const std::vector<Moment> moments = Moments();
   result.dives.resize(1 + moments.size());
   result.dives.front().profile = plan_;

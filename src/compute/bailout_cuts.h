@@ -47,6 +47,9 @@ class BailoutCuts {
   /// One scenario: element 0 is the plan, the others are its cuts in rising order of time. Nothing when `progress`
   /// ended the run. There must be no Fault. Throws std::runtime_error when a dive gets too many rows.
   [[nodiscard]] std::optional<TableDives> Compute(int scenario, const RunProgress& progress) const;
+  /// The same with that cut alone that takes longest to come up, of equals the first; one without end takes longest of
+  /// all.
+  [[nodiscard]] std::optional<TableDives> Longest(int scenario, const RunProgress& progress) const;
   /// The cut at one of the moments of `interval`, with all gases. Throws as Compute, and std::out_of_range for another
   /// moment.
   [[nodiscard]] TableDive At(Single moment) const;
@@ -63,6 +66,7 @@ class BailoutCuts {
   };
 
   [[nodiscard]] Message SizeFault() const;
+  [[nodiscard]] TableDives Without(int scenario, ScratchRun& run) const;
   [[nodiscard]] std::vector<Moment> Moments() const;
   [[nodiscard]] std::vector<Moment> RegularMoments() const;
   [[nodiscard]] ClassProfile PlanUntil(const Moment& moment) const;

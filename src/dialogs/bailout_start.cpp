@@ -139,8 +139,8 @@ void frmBailoutStart::Bailoutproc(const BailoutCuts& cuts) {
     TablePrintModule print(report_, services_.forms.Caption(document), {Check1.Value, Check2.Value});
     print.StartTableOutput();
     report_.documentName = services_.Documents()(document).ProfileName;
-    print.PrintWaysOut(services_.forms(document).Planned());
-    bool whole = true;
+    bool whole =
+        print.PrintWaysOut(services_.forms(document).Planned(), [&](int done, int of) { return run.GoOn(done, of); });
     for (int i = 0; i < cuts.Scenarios() && whole; ++i) {
       const auto scenario =
           cuts.Compute(i, [&](int done, int of) { return run.GoOn(i * of + done, cuts.Scenarios() * of); });

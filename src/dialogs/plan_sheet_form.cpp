@@ -79,7 +79,7 @@ bool frmPlanSheet::Take() {
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const PlanTextField& field = kPlanTextFields[i];
     const auto& [box, label] = fields[i];
-    const std::string typed = ReplaceAll(TrimBlanks(box->Text.Get()), "\r\n", "\n");
+    const std::string typed = ReplaceAll(ReplaceAll(TrimBlanks(box->Text.Get()), "\r\n", "\n"), "\t", " ");
     const Message fault = PlanTextFault(field, WordOf(*label), typed);
     if (!fault.IsEmpty()) {
       Box(T(fault), Caption, BoxIcon::Exclamation);

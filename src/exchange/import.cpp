@@ -88,13 +88,23 @@ class UddfImport {
       return false;
     }
     if (fault.text != 0) document_.Fail(logged.line, fault.text);
-    if (before_ != nullptr) {
-      record.SurfaceInterval = Interval(logged);
-    } else {
+    if (before_ == nullptr) {
       record.Template.Texts = logged.texts;
+    } else {
+      record.SurfaceInterval = Interval(logged);
+      KeepTexts(logged, record);
     }
     onSettings_ = true;
     return true;
+  }
+
+  /// Those of a later dive, in so far as the first has not got them.
+  void KeepTexts(const LoggedDive& logged, DiveRecord& record) {
+    const PlanTexts& ofSeries = imported_.profile.dives.front().Template.Texts;
+    const auto isNew = [](const std::string& text, const std::string& first) { return !text.empty() && text != first; };
+    if (!isNew(logged.texts.notes, ofSeries.notes) && !isNew(logged.texts.place, ofSeries.place)) return;
+    record.Template.Texts = logged.texts;
+    imported_.remarks.push_back(texts_.Filled(Text::TextsOfLaterDive, {std::to_string(logged.number)}));
   }
 
   void LeaveOut(const LoggedDive& logged) {

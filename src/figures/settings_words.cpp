@@ -1,6 +1,9 @@
 #include "figures/settings_words.h"
 
+#include <cmath>
+
 #include "figures/model_name.h"
+#include "model/altitude.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -50,8 +53,12 @@ std::string SettingsLine(const DiveTemplate& settings, const ModelChoice& model,
                          const TextSource& texts, const NumberTexts& numbers) {
   const auto length = [&](Single value) { return numbers.Short(value) + (settings.Metric ? " m" : " ft"); };
   const auto place = [&](Single altitude, Single pressure) {
-    return altitude == 0 ? texts.GetResString(Text::HeadSeaLevel)
-                         : length(altitude) + " (" + numbers.Fixed(pressure, 3) + (settings.Metric ? " bar)" : " ata)");
+    const std::string told = " (" + numbers.Fixed(pressure, 3) + (settings.Metric ? " bar)" : " ata)");
+    if (altitude != 0) return length(altitude) + told;
+    // At sea level, too, a plan can be computed for the pressure of a day.
+    constexpr double kRounding = 0.01;
+    const bool usual = std::fabs(double{pressure} - double{AltitudeToPressure(0, settings.Metric)}) < kRounding;
+    return texts.GetResString(Text::HeadSeaLevel) + (usual ? "" : told);
   };
   const std::string start = place(settings.StartAltitude, settings.StartPressure);
   std::string line = ComputedWith(settings, model, repetitive, texts, numbers) + ", " +

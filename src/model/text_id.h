@@ -1455,6 +1455,18 @@ constexpr int PrintPrinter = 8927;
 constexpr int PrintCopies = 8928;
 constexpr int PrintBothSides = 8929;
 
+// More of the plan sheet, and of tables
+constexpr int RateBelow = 8930;
+constexpr int RatesOfPlan = 8931;
+constexpr int OnOpenCircuit = 8932;
+constexpr int PlanSheetBailOut = 8933;
+constexpr int TurnAfterAll = 8934;
+constexpr int TurnAfterHalf = 8935;
+constexpr int TurnAfterThird = 8936;
+constexpr int TextsOfLaterDive = 8937;
+constexpr int TablesWithout = 8938;
+constexpr int TooManyLegRows = 8939;
+
 // Tables on paper: titles, units, moments, gases
 constexpr int PartOf = 8940;
 constexpr int TableUnits = 8941;

@@ -9,7 +9,8 @@
 
 namespace tav {
 
-/// Prints a range of pages: which, where, how often. Modal to the preview. A cancel lets the page that has begun finish.
+/// Prints a range of pages: which, where, how often. Modal to the preview. A cancel lets the page that has begun
+/// finish.
 class PrintPrint : public TextForm {
  public:
   /// `title` names the job.
@@ -20,7 +21,7 @@ class PrintPrint : public TextForm {
   Label Label2{*this, "Label2"};
   ComboBox ePag{*this, "ePag"};  ///< last page
   Label Label3{*this, "Label3"};
-  TextBox tPag{*this, "tPag"};    ///< number of pages
+  TextBox tPag{*this, "tPag"};  ///< number of pages
   Label lbPrinter{*this, "lbPrinter"};
   ComboBox cmbPrinter{*this, "cmbPrinter"};
   Label lbCopies{*this, "lbCopies"};

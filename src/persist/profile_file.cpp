@@ -84,6 +84,10 @@ class Reader {
     if (profile_.dives.size() == 1 && dive.SurfaceInterval != 0) {
       faults_.Advise(lines_.LineNumber(), {Text::SurfaceTimeOfFirst, {std::string(kSurfaceTime)}});
     }
+    const PlanTexts& texts = dive.Template.Texts;
+    if (texts != PlanTexts() && texts != profile_.dives.front().Template.Texts) {
+      faults_.Advise(lines_.LineNumber(), {Text::TextsOfLaterDive, {std::to_string(profile_.dives.size())}});
+    }
   }
 
   bool ReadActions(DiveRecord& dive, DiveRecordLines& where) {

@@ -45,7 +45,7 @@ void PlanPicture::DrawTitles(DrawingSurface& container, const GraphScale& scale)
     const double height = container.TextHeight();
     container.FilledBox(kMargin, kMargin, kMargin + kSample, kMargin + height, Colours().ceilingShade);
     container.Line(kMargin, kMargin + height, kMargin + kSample, kMargin + height, Colours().ceilingLine);
-    container.Text(kMargin + kSample + kMargin, kMargin, title.substr(0, title.find_first_of(" :")), kBlack);
+    container.Text(kMargin + kSample + kMargin, kMargin, T(Text::Ceiling), kBlack);
     return;
   }
   container.Text(kMargin, kMargin, title, kBlack);

@@ -204,23 +204,39 @@ std::vector<std::string> WarningsOf(const WhatIfColumn& column, const EndState* 
     return Of(static_cast<int>(danger.rule),
               danger.firstRow > of.rows.GetLength() ? "" : of.rows.GetGasMixName(danger.firstRow));
   };
-  const auto ofWarning = [](const GasWarning& warning) { return Of(static_cast<int>(warning.kind), warning.gas); };
-  std::set<Of> dangers;
-  std::set<Of> gases;
+  // What the other column has is told there, each once, and only in so far as this one is not worse.
+  const auto covers = [](const GasWarning& there, const GasWarning& here) {
+    const auto shallowest = [](const GasWarning& warning) { return std::min(warning.from, warning.to); };
+    const auto deepest = [](const GasWarning& warning) { return std::max(warning.from, warning.to); };
+    return there.kind == here.kind && there.gas == here.gas && shallowest(there) <= shallowest(here) &&
+           deepest(there) >= deepest(here);
+  };
+  std::multiset<Of> dangers;
+  std::vector<GasWarning> warnings;
   if (beside != nullptr) {
     for (const Finding& danger : DangersOf(*beside, before, words)) dangers.insert(ofDanger(*beside, danger));
-    for (const GasWarning& warning : beside->warnings) gases.insert(ofWarning(warning));
+    warnings = beside->warnings;
   }
   std::vector<std::string> texts;
   for (const Finding& danger : DangersOf(column, before, words)) {
     if (danger.rule == Rule::Hypoxic || danger.rule == Rule::Hyperoxic) continue;
     // The verdicts of the gases stand in their rows, but for a way up that never ends.
     if (danger.rule == Rule::GasShort && !HasNoWayUp(column.supply)) continue;
-    if (!dangers.contains(ofDanger(column, danger))) texts.push_back(danger.text);
+    const auto told = dangers.find(ofDanger(column, danger));
+    if (told == dangers.end()) {
+      texts.push_back(danger.text);
+    } else {
+      dangers.erase(told);
+    }
   }
   const RemarkWords remarks = RemarkWordsOf(words.Texts(), words.Metric(), words.Numbers());
   for (const GasWarning& warning : column.warnings) {
-    if (!gases.contains(ofWarning(warning))) texts.push_back(WarningText(warning, remarks) + " (" + warning.gas + ")");
+    const auto told = std::ranges::find_if(warnings, [&](const GasWarning& there) { return covers(there, warning); });
+    if (told == warnings.end()) {
+      texts.push_back(WarningText(warning, remarks) + " (" + warning.gas + ")");
+    } else {
+      warnings.erase(told);
+    }
   }
   return texts;
 }

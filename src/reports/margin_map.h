@@ -59,9 +59,9 @@ void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& mar
                   const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
                   const AdviceWords& words);
 
-/// Adds that page to a report, as the one of that number.
+/// Adds that page to a report, with "Page 2 of 2" at its foot.
 void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                     const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
-                    const AdviceWords& words, int number);
+                    const AdviceWords& words, const std::string& page);
 
 }  // namespace tav

@@ -27,7 +27,7 @@ class Page {
        const AdviceWords& words)
       : out_(out), margins_(margins), grid_(grid), cells_(cells), words_(words), marks_(MarginMarks(cells, words)) {}
 
-  void Write(const std::string& plan, const std::optional<LongestStay>& stay, int number) {
+  void Write(const std::string& plan, const std::optional<LongestStay>& stay, const std::string& page) {
     out_.PrintHeader(words_.T(Text::ReportProgram), words_.T(Text::MarginsTitle),
                      words_.T(Text::ReportDate) + out_.Services().environment.Today());
     out_.PrintTextFitted(1.9, 3.3, MarginHead(plan, margins_, words_), kPageRight - 1.9, kArial, 12, 1);
@@ -44,8 +44,7 @@ class Page {
     }
     for (const std::string& line : MarginNotes(margins_, words_)) Text(line, 0);
     out_.PrintFooter(words_.T(Text::ReportPrintedBy) + out_.Services().environment.UserName(),
-                     words_.T(Text::ReportAid), words_.T(Text::ReportRisk),
-                     words_.T(Text::ReportPage) + std::to_string(number));
+                     words_.T(Text::ReportAid), words_.T(Text::ReportRisk), page);
   }
 
  private:
@@ -159,14 +158,14 @@ void PrintMargins(PrintPreview& out, const std::string& plan, const Margins& mar
                   const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
                   const AdviceWords& words) {
   out.InitPreview();
-  AddMarginsPage(out, plan, margins, grid, cells, stay, words, 1);
+  AddMarginsPage(out, plan, margins, grid, cells, stay, words, words.T(Text::ReportPage) + "1");
   out.EndReport(words.T(Text::MarginsTitle));
 }
 
 void AddMarginsPage(PrintPreview& out, const std::string& plan, const Margins& margins, const MarginGrid& grid,
                     const std::vector<MarginCell>& cells, const std::optional<LongestStay>& stay,
-                    const AdviceWords& words, int number) {
-  Page(out, margins, grid, cells, words).Write(plan, stay, number);
+                    const AdviceWords& words, const std::string& page) {
+  Page(out, margins, grid, cells, words).Write(plan, stay, page);
 }
 
 }  // namespace tav

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "model/text_id.h"
@@ -55,12 +56,13 @@ class Layout {
       whole_.Below(findings);
       Supply();
       Variants();
+      Signature();
     }
-    Signature();
   }
 
   [[nodiscard]] std::size_t Pages() const { return pages_.Count(); }
-  void Write() { pages_.Write(contents_.title, date_); }
+  /// With so many pages behind them.
+  void Write(std::size_t behind) { pages_.Write(contents_.title, date_, pages_.Count() + behind); }
 
  private:
   [[nodiscard]] std::string T(int id) const { return contents_.words.T(id); }
@@ -114,8 +116,8 @@ class Layout {
 
   void Schedule(SheetColumn& column) {
     column.Heading(T(Text::PlanSheetSchedule), kWithRows);
-    column.Table({{0.19}, {0.14, true}, {0.13, true}, {0.16, true}, {0.25}, {0.13, true}}, contents_.schedule,
-                 kScheduleText);
+    column.Table({{0.19}, {0.14, true}, {0.13, true}, {0.16, true}, {0.25, false, true}, {0.13, true}},
+                 contents_.schedule, kScheduleText);
     column.Space(0.15);
     for (const std::string& line : contents_.totals) column.Paragraph(line, {kText, true});
   }
@@ -151,13 +153,16 @@ class Layout {
   }
 
   void Variants() {
-    if (contents_.variants.empty()) return;
+    if (!contents_.variants.empty()) VariantTable();
+    if (!contents_.remarks.empty()) whole_.Space(0.1);
+    for (const std::string& remark : contents_.remarks) whole_.Paragraph(remark, {kText});
+  }
+
+  void VariantTable() {
     const std::vector<SheetColumn::TableColumn> columns{{0.24},      {0.09, true}, {0.09, true},
                                                         {0.1, true}, {0.07, true}, {0.41}};
     whole_.Heading(T(Text::PlanSheetOtherwise), whole_.HeightOf(columns, contents_.variants, kText));
     whole_.Table(columns, contents_.variants, kText);
-    if (!contents_.remarks.empty()) whole_.Space(0.1);
-    for (const std::string& remark : contents_.remarks) whole_.Paragraph(remark, {kText});
   }
 
   void Signature() {
@@ -181,25 +186,23 @@ class Layout {
   SheetColumn whole_;
 };
 
-/// With a picture as high as fits on as few pages as there can be. Returns how many pages there are.
-int WriteSheet(PrintPreview& out, const SheetContents& contents, Paper paper) {
+/// With a picture as high as fits on as few pages as there can be. Returns how many there are, with those behind.
+std::size_t WriteSheet(PrintPreview& out, const SheetContents& contents, Paper paper, std::size_t behind) {
   std::unique_ptr<Layout> best;
   for (const double picture : {6.4, 5.5, 4.6}) {
     auto layout = std::make_unique<Layout>(out, contents, paper, picture);
     if (best == nullptr || layout->Pages() < best->Pages()) best = std::move(layout);
     if (best->Pages() == 1) break;
   }
-  best->Write();
-  return static_cast<int>(best->Pages());
+  best->Write(behind);
+  return best->Pages() + behind;
 }
 
-void AddMargins(PrintPreview& out, const SheetContents& contents, int page) {
-  const PlannedDive& dive = contents.dive.dive;
-  const DiveTemplate& settings = dive.record.Template;
-  const Margins margins(dive, LimitsOf(settings), contents.words);
-  if (!margins.Fault().IsEmpty()) return;
-  const MarginGrid grid = MarginGrid::Usual(settings.Metric);
+/// On the last of so many pages.
+void AddMargins(PrintPreview& out, const SheetContents& contents, const Margins& margins, std::size_t pages) {
+  const MarginGrid grid = MarginGrid::Usual(contents.words.Metric());
   const auto cells = margins.Cells(grid, static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
+  const std::string page = contents.words.T(Text::PlanSheetPageOf, {std::to_string(pages), std::to_string(pages)});
   AddMarginsPage(out, contents.title, margins, grid, cells, margins.Longest(), contents.words, page);
 }
 
@@ -210,9 +213,15 @@ void PrintPlanSheets(PrintPreview& out, const std::vector<SeriesDive>& dives, co
   for (const SeriesDive& dive : dives) {
     const PrintPreview::Batch batch(out);
     const AdviceWords words(out.Texts(), out.Services().numbers, dive.dive.record.Template.Metric);
-    const SheetContents contents(dive, words);
-    const int pages = WriteSheet(out, contents, wish.paper);
-    if (wish.margins) AddMargins(out, contents, pages + 1);
+    SheetContents contents(dive, words);
+    std::optional<Margins> margins;
+    if (wish.margins) margins.emplace(dive.dive, LimitsOf(dive.dive.record.Template), words);
+    if (margins && !margins->Fault().IsEmpty()) {
+      contents.remarks.push_back(words.T(Text::MarginsTitle) + ": " + words.Texts().Words(margins->Fault()));
+      margins.reset();
+    }
+    const std::size_t pages = WriteSheet(out, contents, wish.paper, margins ? 1 : 0);
+    if (margins) AddMargins(out, contents, *margins, pages);
   }
   out.EndReport(out.Texts().GetResString(Text::PlanSheetTitle));
 }

@@ -88,12 +88,11 @@ std::string SheetPages::Fitted(const std::string& text, double width, const Shee
   return FittedText(text, width, FontOf(style), out_.Services().measure);
 }
 
-void SheetPages::Foot(std::size_t page) {
+void SheetPages::Foot(std::size_t page, std::size_t of) {
   const auto t = [&](int id) { return out_.Texts().GetResString(id); };
   const double y = paper_.height / page::kUnitsPerCm - kFoot;
   SheetStyle style{8};
-  const std::string number =
-      out_.Texts().Filled(Text::PlanSheetPageOf, {std::to_string(page + 1), std::to_string(pages_.size())});
+  const std::string number = out_.Texts().Filled(Text::PlanSheetPageOf, {std::to_string(page + 1), std::to_string(of)});
   Rule(page, Left(), Right(), y);
   PutRight(page, Right(), y + 0.1, number, style);
   const std::string words = t(Text::ReportProgram) + ". " + t(Text::ReportAid) + t(Text::ReportRisk);
@@ -103,7 +102,7 @@ void SheetPages::Foot(std::size_t page) {
   Put(page, Left(), y + 0.1, Fitted(words, room, style), style);
 }
 
-void SheetPages::Write(const std::string& title, const std::string& date) {
+void SheetPages::Write(const std::string& title, const std::string& date, std::size_t of) {
   for (std::size_t page = 0; page < pages_.size(); ++page) {
     if (page > 0) {
       const SheetStyle style{10, true};
@@ -111,7 +110,7 @@ void SheetPages::Write(const std::string& title, const std::string& date) {
       Put(page, Left(), kMargin - 0.3, Fitted(title, Width() - Width(date, style) - 0.4, style), style);
       Rule(page, Left(), Right(), kMargin + 0.25);
     }
-    Foot(page);
+    Foot(page, of);
     out_.StartPlainPage(paper_);
     for (const Stroke& stroke : pages_[page]) stroke(out_);
     out_.CloseBarePage();
@@ -196,9 +195,15 @@ SheetColumn::Lines SheetColumn::LinesOf(const std::vector<TableColumn>& columns,
                                         int points, bool head) const {
   Lines lines{{head ? HeadPoints(columns, row, points) : points}, head, {}, {}};
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    lines.bold.push_back(head || row[i].bold);
-    lines.cells.push_back(
-        pages_.Lines(row[i].text, columns[i].share * Width() - 2 * kCellGap, {lines.style.points, lines.bold.back()}));
+    const double room = columns[i].share * Width() - 2 * kCellGap;
+    SheetStyle style{lines.style.points, head || row[i].bold};
+    // A figure is set smaller, never broken.
+    constexpr int kLeast = 6;
+    while (!head && (columns[i].right || columns[i].whole) && style.points > kLeast &&
+           pages_.Width(row[i].text, style) > room)
+      --style.points;
+    lines.styles.push_back(style);
+    lines.cells.push_back(pages_.Lines(row[i].text, room, style));
   }
   return lines;
 }
@@ -225,7 +230,7 @@ void SheetColumn::Row(const std::vector<TableColumn>& columns, const Lines& row)
   if (row.head) pages_.Box(page_, left_, y_, right_, y_ + row.Height(), kHead);
   double x = left_;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const SheetStyle style{row.style.points, row.bold[i]};
+    const SheetStyle& style = row.styles[i];
     const double next = x + columns[i].share * Width();
     double y = y_ + kRowGap / 2;
     for (const std::string& line : row.cells[i]) {

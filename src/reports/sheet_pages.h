@@ -49,13 +49,13 @@ class SheetPages {
   [[nodiscard]] std::size_t Count() const { return pages_.size(); }
 
   /// Writes all pages: above those behind the first `title` and `date`, at the foot of each what a plan is and which
-  /// page it is.
-  void Write(const std::string& title, const std::string& date);
+  /// page it is of so many.
+  void Write(const std::string& title, const std::string& date, std::size_t of);
 
  private:
   using Stroke = std::function<void(PrintPreview& out)>;
   void Add(std::size_t page, Stroke stroke);
-  void Foot(std::size_t page);
+  void Foot(std::size_t page, std::size_t of);
 
   PrintPreview& out_;
   PageSize paper_;
@@ -102,7 +102,8 @@ class SheetColumn {
   };
   struct TableColumn {
     double share;        ///< of the width
-    bool right = false;  ///< as numbers stand
+    bool right = false;  ///< as numbers stand, which are set smaller rather than broken
+    bool whole = false;  ///< the same of texts, as far as they can be read then
   };
   /// A table whose first row is its head, which stands again on each page. Texts go on in further lines of their cell.
   void Table(const std::vector<TableColumn>& columns, const std::vector<std::vector<Cell>>& rows, int points);
@@ -116,7 +117,7 @@ class SheetColumn {
     SheetStyle style;
     bool head = false;
     std::vector<std::vector<std::string>> cells;
-    std::vector<bool> bold;
+    std::vector<SheetStyle> styles;
     [[nodiscard]] double Height() const;
   };
   [[nodiscard]] int HeadPoints(const std::vector<TableColumn>& columns, const std::vector<Cell>& head,

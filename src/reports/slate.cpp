@@ -72,6 +72,13 @@ void Slate::Right(double x, double y, const std::string& text, int size, int bol
   out_.PrintTextRight(x, y, text, kArial, size, bold);
 }
 
+void Slate::Figure(double x, double y, const std::string& text, double cm, int size, int bold) {
+  constexpr double kApart = 0.12;
+  constexpr int kLeast = 9;
+  while (size > kLeast && Width(text, size, bold != 0) > cm - kApart) --size;
+  Right(x, y, text, size, bold);
+}
+
 void Slate::Fitted(double x, double y, const std::string& text, int size, int bold, double cm) {
   out_.PrintTextFitted(x, y, text, cm, kArial, size, bold);
 }
@@ -232,8 +239,8 @@ void Slate::Row(const Layout& layout, const SlateRow& row, double left, double y
   }
   if (row.kind == SlateRow::Kind::Leg) out_.PrintFilledBox(left, y, left + layout.width, y + layout.rowHeight, kGrey);
   Right(left + layout.depth, y, row.depth, layout.size, 1);
-  Right(left + layout.stop, y, row.minutes, layout.size, 1);
-  Right(left + layout.run, y, row.runTime, layout.size);
+  Figure(left + layout.stop, y, row.minutes, layout.stop - layout.depth, layout.size, 1);
+  Figure(left + layout.run, y, row.runTime, layout.run - layout.stop, layout.size, 0);
   const std::string gas = row.kind == SlateRow::Kind::Surface ? T(Text::SlateSurface) : row.gas;
   Fitted(left + layout.gas, y, gas, layout.size, 0, layout.width - layout.gas);
 }

@@ -57,6 +57,8 @@ class Slate {
   [[nodiscard]] std::string T(int id) const { return out_.Texts().GetResString(id); }
   void Left(double x, double y, const std::string& text, int size, int bold = 0);
   void Right(double x, double y, const std::string& text, int size, int bold = 0);
+  /// The same in so small letters that it is no wider than that, cm.
+  void Figure(double x, double y, const std::string& text, double cm, int size, int bold);
 
   PrintPreview& out_;
   bool metric_ = true;

@@ -180,7 +180,23 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + at_.depth, y_ + y, row.depth, kArial, kRowSize, 1);
     writer_.PrintTextRight(x_ + at_.stop, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + at_.run, y_ + y, row.runTime, kArial, kRowSize, 0);
-    Fitted(at_.gas, y, row.gas + (row.warned ? " !" : ""), kRowSize, marked);
+    Gas(y, row.gas + (row.warned ? " !" : ""), marked);
+  }
+
+  /// In two lines of small letters rather than with letters left out: gases must not be taken for each other.
+  void Gas(double y, const std::string& gas, bool bold) {
+    constexpr int kInTwo = 7;
+    constexpr double kLine = 0.26;
+    const double room = at_.Right() - at_.gas;
+    const auto lines = [&](int size) {
+      return WrappedText(gas, room, {kArial, static_cast<double>(size), bold}, writer_.Services().measure);
+    };
+    const std::vector<std::string> inTwo = lines(kSmallestSize).size() > 1 ? lines(kInTwo) : std::vector<std::string>();
+    if (inTwo.size() != 2) return Fitted(at_.gas, y, gas, kRowSize, bold);
+    for (std::size_t i = 0; i < inTwo.size(); ++i) {
+      writer_.PrintTextLeft(x_ + at_.gas, y_ + y + 0.01 + static_cast<double>(i) * kLine, inTwo[i], kArial, kInTwo,
+                            bold ? 1 : 0);
+    }
   }
 
   /// The rows, then the gas that is needed and what is wrong with it.

@@ -13,6 +13,7 @@ constexpr double kX = 0.8;  // cm, the column's left edge
 constexpr double kY = 4.5;  // and the top of its texts
 constexpr double kRatesTop = 8.5;
 constexpr double kRateHeight = 0.4;
+constexpr double kMostOfRates = 7.0;  // what the lines below leave of the page
 
 class Column {
  public:
@@ -24,8 +25,7 @@ class Column {
     RatesFrame();
     Rates(0, Text::ReportAscent, template_.AscendRates);
     Rates(2.5, Text::ReportDescent, template_.DescendRates);
-    const auto rows = std::max(template_.AscendRates.size(), template_.DescendRates.size());
-    return Gases(Units(kRatesTop + static_cast<double>(rows) * kRateHeight + 0.15));
+    return Gases(Units(kRatesTop + RateRows() * RateHeight() + 0.15));
   }
 
  private:
@@ -68,13 +68,23 @@ class Column {
     Text(kX + 4.2, kY + 2.4, Numbers().Fixed(template_.DecoRMV, decimals));
   }
 
+  [[nodiscard]] int RateRows() const {
+    return static_cast<int>(std::max(template_.AscendRates.size(), template_.DescendRates.size()));
+  }
+  [[nodiscard]] double RateHeight() const { return std::min(kRateHeight, kMostOfRates / std::max(1, RateRows())); }
+  /// In points.
+  [[nodiscard]] int RateSize() const {
+    constexpr double kCmOfPoint = 0.041;
+    return std::clamp(static_cast<int>(RateHeight() / kCmOfPoint), 1, 7);
+  }
+
   void RatesFrame() {
     writer_.PrintBoxOutline(kX, 7.5, 5.8, 7.9);
     writer_.PrintBoxOutline(kX, 7.9, 5.8, 8.3);
-    const auto rows = static_cast<int>(std::max(template_.AscendRates.size(), template_.DescendRates.size()));
-    writer_.PrintBoxOutline(kX, 8.3, 5.8, kRatesTop + rows * kRateHeight);
-    for (int i = 0; i < rows; i += 2) {
-      writer_.PrintFilledBox(0.81, kRatesTop + i * kRateHeight, 5.75, kRatesTop + (i + 1) * kRateHeight - 0.02, kGrey);
+    const double height = RateHeight();
+    writer_.PrintBoxOutline(kX, 8.3, 5.8, kRatesTop + RateRows() * height);
+    for (int i = 0; i < RateRows(); i += 2) {
+      writer_.PrintFilledBox(0.81, kRatesTop + i * height, 5.75, kRatesTop + (i + 1) * height - 0.02, kGrey);
     }
   }
 
@@ -85,9 +95,9 @@ class Column {
     Text(x + 1.0, kY + 3.5, T(Text::ReportRate));
     double y = kRatesTop;
     for (const RateEntry& entry : rates) {
-      Text(x, y, Numbers().Plain(entry.Depth), 7);
-      Text(x + 1.0, y, Numbers().Plain(entry.Rate), 7);
-      y += kRateHeight;
+      Text(x, y, Numbers().Plain(entry.Depth), RateSize());
+      Text(x + 1.0, y, Numbers().Plain(entry.Rate), RateSize());
+      y += RateHeight();
     }
   }
 

@@ -62,10 +62,12 @@ std::string TablePrintModule::NameOf(const TableDives& profiles) const {
   return profiles.lost ? *profiles.lost + " " + T(Text::TableLost) : T(Text::TableAllGases);
 }
 
-void TablePrintModule::PrintWaysOut(const PlannedDive& dive) {
+bool TablePrintModule::PrintWaysOut(const PlannedDive& dive, const RunProgress& progress) {
   supply_.emplace(dive);
-  if (!parts_.tables) return;
-  dive.record.Template.OpenCircuit ? PrintOpenWaysOut(dive) : PrintLoopWaysOut(dive);
+  if (!parts_.tables) return true;
+  if (dive.record.Template.OpenCircuit) return PrintOpenWaysOut(dive, progress);
+  PrintLoopWaysOut(dive);
+  return true;
 }
 
 void TablePrintModule::PrintTall(const std::vector<WayOut>& ways, const std::string& head) {
@@ -91,28 +93,23 @@ void TablePrintModule::PrintLoopWaysOut(const PlannedDive& dive) {
   PrintTall(ways, T(Text::WaysOutHead));
 }
 
-void TablePrintModule::PrintOpenWaysOut(const PlannedDive& dive) {
+bool TablePrintModule::PrintOpenWaysOut(const PlannedDive& dive, const RunProgress& progress) {
   EngineObserver silent;
   const BailoutCuts cuts(dive, dive.plan.model, 1, silent, CutMoments::LegEnds);
-  if (!cuts.Fault().IsEmpty()) return;
-  const auto minutes = [](const TableDive& cut) {
-    return cut.decompresses ? cut.profile.GetRunTime(cut.profile.GetLength()) - cut.head : HUGE_VAL;
-  };
+  if (cuts.Fault().text == Text::NoLegs) return true;
+  if (!cuts.Fault().IsEmpty()) throw MessageError("", cuts.Fault());
   // With all gases first, which is the last scenario.
   std::vector<WayOut> ways;
-  std::size_t longest = 1;
   for (int i = 0; i < cuts.Scenarios(); ++i) {
-    const int scenario = (i + cuts.Scenarios() - 1) % cuts.Scenarios();
-    TableDives way = *cuts.Compute(scenario, [](int, int) { return true; });
-    for (std::size_t cut = 2; i == 0 && cut < way.dives.size(); ++cut) {
-      if (minutes(way.dives[cut]) > minutes(way.dives[longest])) longest = cut;
-    }
-    way.dives = {TableDive{}, TableDive(way.dives[longest])};
-    const std::string name = NameOf(way);
-    ways.push_back({std::move(way), name});
+    std::optional<TableDives> way = cuts.Longest((i + cuts.Scenarios() - 1) % cuts.Scenarios(), [&](int done, int of) {
+      return progress(i * of + done, cuts.Scenarios() * of);
+    });
+    if (!way) return false;
+    const std::string name = NameOf(*way);
+    ways.push_back({std::move(*way), name});
   }
-  PrintTall(ways, writer_.Texts().Filled(Text::WayOutOfLegEnd,
-                                         {writer_.Services().numbers.Short(ways.front().dives.dives.back().head)}));
+  PrintTall(ways, T(Text::WayOutOfLegEnd));
+  return true;
 }
 
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {

@@ -31,9 +31,10 @@ class TablePrintModule {
 
   void StartTableOutput() { pages_.StartTableOutput(); }
   /// Takes the plan for the gas on its cards, and prints what its ways out ask for side by side ahead of the tables: on
-  /// a rebreather from the minutes that take longest to come up from and that ask most of a gas, on open circuit from
-  /// the end of the leg with the longest way up, with all gases and with each lost. Throws as BailoutCuts::Compute.
-  void PrintWaysOut(const PlannedDive& dive);
+  /// a rebreather from the minutes that take longest to come up from and that ask most of a gas, on open circuit the
+  /// longest way up from the end of a leg, with all gases and with each lost. False when `progress`, which counts
+  /// the ways out, ended it. Throws as BailoutCuts::Compute.
+  [[nodiscard]] bool PrintWaysOut(const PlannedDive& dive, const RunProgress& progress);
   void PrintTableSet(const TableDives& profiles);
   /// Prints what is left, closes the last page and opens the preview. `proceed` is asked for each card and answers
   /// false to end it all at once; then nothing is shown.
@@ -65,7 +66,7 @@ class TablePrintModule {
 
   void PrintSmallTable(const TableDives& profiles);
   void PrintLoopWaysOut(const PlannedDive& dive);
-  void PrintOpenWaysOut(const PlannedDive& dive);
+  bool PrintOpenWaysOut(const PlannedDive& dive, const RunProgress& progress);
   /// A way out of a page of them, with the title of its card.
   struct WayOut {
     TableDives dives;

@@ -66,10 +66,21 @@ std::vector<TablePrintModule::Part> TablePrintModule::PartsOf(const Printed& pri
     int size = kNoteSize;
     while (size > kSmallestSize && RowsBeside(lines(size).size(), size) < std::min(rows - 1, kRows)) --size;
     if (RowsBeside(lines(size).size(), size) < std::min(rows - 1, kRows)) size = kNoteSize;
-    const std::vector<std::string> remarks = lines(size);
+    std::vector<std::string> remarks = lines(size);
+    // One column alone can have more than stands beside its rows: the rest goes on below heads of its own.
+    std::vector<std::string> rest;
+    if (remarks.size() > kMostLines) {
+      rest.assign(remarks.begin() + kMostLines, remarks.end());
+      remarks.resize(kMostLines);
+    }
     const std::size_t onPage = std::min(kRows, RowsBeside(remarks.size(), size));
     for (std::size_t row = 1; row < rows; row += onPage) {
       parts.push_back({dive, end, row, std::min(row + onPage, rows), remarks, size});
+    }
+    for (std::size_t line = 0; line < rest.size(); line += kMostLines) {
+      const auto from = rest.begin() + static_cast<std::ptrdiff_t>(line);
+      const auto to = rest.begin() + static_cast<std::ptrdiff_t>(std::min(line + kMostLines, rest.size()));
+      parts.push_back({dive, end, rows, rows, {from, to}, size});
     }
     dive = end;
   } while (dive < dives);

@@ -215,7 +215,7 @@ class Printing : public Pages {
     bool cancel = false;
     announced.clear();
     PagePlayer(writer.Pages())
-        .PrintPages(first, last, *printer.Start("plan", {}),
+        .PrintPages(first, last, *printer.Start({"plan", "Office"}, {}),
                     {[&](int page) {
                        announced.push_back(page);
                        cancel = page == cancelAtPage;

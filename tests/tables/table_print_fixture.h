@@ -98,7 +98,8 @@ class TablePrint : public testing::Test {
     const BailoutCuts cuts = plans.Cuts(plan.Tag(), interval);
     TablePrintModule print(writer, "wreck.tav [Default.tpl]", parts);
     print.StartTableOutput();
-    if (waysOut) print.PrintWaysOut(plans.Planned(plan.Tag()));
+    const bool whole = !waysOut || print.PrintWaysOut(plans.Planned(plan.Tag()), kGoOn);
+    EXPECT_TRUE(whole);
     for (int i = 0; i < cuts.Scenarios(); ++i) print.PrintTableSet(*cuts.Compute(i, kGoOn));
     print.EndTableOutput();
   }
