@@ -36,8 +36,8 @@ bool IsSound(const WhatIfColumn& bailOut) {
          std::ranges::none_of(bailOut.supply.gases, missing);
 }
 
-/// Of the columns of a comparison those of the sheet; of the bail-outs each one that fails, and the one that asks for
-/// most gas, of equals the first.
+/// Of the columns of a comparison those of the sheet; of the bail-outs the one that asks for most gas, of equals the
+/// first, each one without an end, and while that one is sound each that is not.
 std::vector<WhatIfColumn> ColumnsOfSheet(WhatIf& plan, const WhatIfWish& wish) {
   std::vector<WhatIfColumn> columns = plan.Columns(wish);
   const WhatIfColumn* most = nullptr;
@@ -47,7 +47,8 @@ std::vector<WhatIfColumn> ColumnsOfSheet(WhatIf& plan, const WhatIfWish& wish) {
   std::vector<WhatIfColumn> chosen;
   for (const WhatIfColumn& column : columns) {
     if (column.kind == Kind::Both || column.kind == Kind::AllLost) continue;
-    if (column.kind == Kind::BailOut && &column != most && IsSound(column)) continue;
+    const bool ends = column.fault.IsEmpty() && column.decompresses;
+    if (column.kind == Kind::BailOut && &column != most && ends && (IsSound(column) || !IsSound(*most))) continue;
     chosen.push_back(column);
   }
   return chosen;

@@ -64,7 +64,9 @@ TEST_F(PlanSheetDialog, RefusesWhatCanNotBeKept) {
     EXPECT_TRUE(form.IsLoaded());
     EXPECT_THAT(program_.platform.boxes.back().text, testing::HasSubstr("Name has 101 letters, 100 at most"));
     form.tbName.Type("reef");
-    form.tbNotes.Type("a\tb");
+    form.tbNotes.Type(
+        "a\x01"
+        "b");
     form.cbOK.Press();
     EXPECT_THAT(program_.platform.boxes.back().text, testing::HasSubstr("Notes holds a character"));
     form.cbCancel.Press();
