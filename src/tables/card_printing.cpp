@@ -45,6 +45,16 @@ const std::string kWarning = "! ";
 const std::string kTied = "\u00a0";  // a figure stays with its gas and its unit
 constexpr double kNoise = 1e-9;      // cm
 
+/// A figure and its unit stay in one line.
+std::string Tied(std::string text, const std::string& unit) {
+  const std::string apart = " " + unit;
+  for (std::size_t at = 1; (at = text.find(apart, at)) != std::string::npos; ++at) {
+    const char before = text[at - 1];
+    if (before >= '0' && before <= '9') text.replace(at, apart.size(), ReplaceAll(apart, " ", kTied));
+  }
+  return text;
+}
+
 class CardPrinter {
  public:
   CardPrinter(PrintPreview& writer, TablePages& pages, const CardSet& set, const AscentCard& card)
@@ -214,7 +224,8 @@ class CardPrinter {
     if (!IsTall() || card_.supply.empty()) add(Needed(), false);
     const AdviceWords advice(writer_.Texts(), writer_.Services().numbers, Metric());
     for (const GasStore& store : card_.supply) {
-      if (IsTall() || IsShort(store)) add(GasNote(store, advice), IsShort(store));
+      if (IsTall() || IsShort(store))
+        add(Tied(GasNote(store, advice), T(Metric() ? Text::CardLitres : Text::CardCubicFeet)), IsShort(store));
     }
     const RemarkWords words = RemarkWordsOf(writer_.Texts(), Metric(), writer_.Services().numbers);
     for (const GasWarning& warning : card_.warnings) add(WarningText(warning, words), true);

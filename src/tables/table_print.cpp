@@ -65,6 +65,7 @@ std::string TablePrintModule::NameOf(const TableDives& profiles) const {
 bool TablePrintModule::PrintWaysOut(const PlannedDive& dive, const RunProgress& progress) {
   supply_.emplace(dive);
   if (!parts_.tables) return true;
+  const PrintPreview::Batch batch(writer_);
   if (dive.record.Template.OpenCircuit) return PrintOpenWaysOut(dive, progress);
   PrintLoopWaysOut(dive);
   return true;
@@ -113,6 +114,7 @@ bool TablePrintModule::PrintOpenWaysOut(const PlannedDive& dive, const RunProgre
 }
 
 void TablePrintModule::PrintTableSet(const TableDives& profiles) {
+  const PrintPreview::Batch batch(writer_);
   bailout_ = profiles.bailout;
   if (!profiles.bailout || parts_.tables) PrintSmallTable(profiles);
   if (profiles.bailout && parts_.cards) {
@@ -229,6 +231,7 @@ void TablePrintModule::PrintReferences() {
 }
 
 void TablePrintModule::EndTableOutput(const std::function<bool()>& proceed) {
+  const PrintPreview::Batch batch(writer_);
   const auto ended = [&] { return proceed && !proceed(); };
   for (std::size_t i = 0; i < behind_.size(); ++i) {
     PrintWhole(behind_[i], static_cast<int>(i) + 1);

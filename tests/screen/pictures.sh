@@ -105,6 +105,14 @@ focus "^General report"
 keys Escape
 await "the preview stays" gone "^General report"
 focus "^TAV"
+keys ctrl+p
+focus "^Print$"
+keys Escape
+focus "^Plan sheet"
+shot plan-sheet "^Plan sheet"
+keys Escape
+await "the plan sheet stays" gone "^Plan sheet"
+focus "^TAV"
 keys ctrl+b
 focus "^Bail-out$"
 type_text 15
