@@ -93,6 +93,14 @@ TEST_F(WaysOutPage, OfOpenCircuitIsTheLongestFromTheEndOfALegWithEachGasLost) {
   EXPECT_EQ(RowsOfColumn(0), rows);
 }
 
+TEST_F(WaysOutPage, OfOpenCircuitHasTheLegThatIsWorstForEachLoss) {
+  const frmWaypointEditor& plan = Plan({{57, 25}, {27, 20}}, 5);
+  Print(plan, 10, kTables);
+  // With all gases the way up from the deep leg takes longest, without EAN50 that from the second one.
+  EXPECT_THAT(Texts(1), Contains("Leave at 25 min, 57 m"));
+  EXPECT_THAT(Texts(1), Contains("Leave at 45 min, 27 m"));
+}
+
 TEST_F(WaysOutPage, HasTheMinutesOfTheComparisonAndTheRowsOfTheTables) {
   const frmWaypointEditor& plan = Rebreather(1);
   Print(plan, 10, kTables);
@@ -117,8 +125,8 @@ TEST_F(WaysOutPage, HasTheMinutesOfTheComparisonAndTheRowsOfTheTables) {
     }
     // Need, carried and verdict are those of the comparison.
     for (const GasNeed& gas : way.gas) {
-      EXPECT_THAT(printed, Contains(HasSubstr(", " + FormatFixed(Single(gas.need), 0) + " l of " +
-                                              FormatFixed(Single(*gas.carried), 0) + " l")))
+      EXPECT_THAT(printed, Contains(HasSubstr(", " + FormatFixed(Single(gas.need), 0) + "\u00a0l of " +
+                                              FormatFixed(Single(*gas.carried), 0) + "\u00a0l")))
           << gas.mix;
     }
   }
