@@ -2,7 +2,6 @@
 //   <!-- tavplan ARGUMENTS -->  or  <!-- tavplan ARGUMENTS, lines FROM-TO -->
 // and the rows of a table behind  <!-- figures NAME -->.  To write them anew:
 //   TAV_WRITE_FIGURES=1 build/release/bin/cli_test --gtest_filter='*Guides*'
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -260,11 +259,13 @@ Table WhatIfFigures() {
   const std::string file = (scratch.Path() / "twinset.tav").string();
   Printed(Split(Twinset("12") + " -o " + file, ' '));
   const json columns = json::parse(Printed({"whatif", file, "--gf", "40/85", "--json"}))["columns"];
-  constexpr std::array kChanges = {"0",        "+5 min",   "+3 m",    "+5 min, +3 m",
-                                   "GF 40/85", "- Oxygen", "- EAN50", "- Oxygen, EAN50"};
+  const std::map<std::string, std::string> changes = {{"planned", "0"},          {"longer", "+5 min"},
+                                                      {"deeper", "+3 m"},        {"both", "+5 min, +3 m"},
+                                                      {"gf 40/85", "GF 40/85"},  {"lost Oxygen", "- Oxygen"},
+                                                      {"lost EAN50", "- EAN50"}, {"lost all", "- Oxygen, EAN50"}};
   Table rows;
   for (const json& column : columns) {
-    Lines cells = {kChanges.at(rows.size()), FormatFixed(column["run_time"].get<double>(), 0),
+    Lines cells = {changes.at(column["name"]), FormatFixed(column["run_time"].get<double>(), 0),
                    FormatFixed(column["rows"].back()["total_cns"].get<double>() * 100, 0),
                    FormatFixed(column["otu"].get<double>(), 0)};
     for (const char* mix : {"Tx18/45", "EAN50", "Oxygen"}) {
