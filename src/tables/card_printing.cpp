@@ -193,19 +193,21 @@ class CardPrinter {
     Gas(y, row.gas + (row.warned ? " !" : ""), marked);
   }
 
-  /// In two lines of small letters rather than with letters left out: gases must not be taken for each other.
+  /// In small letters, in two lines if need be, rather than with letters left out: gases must not be taken for each
+  /// other.
   void Gas(double y, const std::string& gas, bool bold) {
-    constexpr int kInTwo = 7;
+    constexpr int kSmall = 7;
     constexpr double kLine = 0.26;
-    const double room = at_.Right() - at_.gas;
     const auto lines = [&](int size) {
-      return WrappedText(gas, room, {kArial, static_cast<double>(size), bold}, writer_.Services().measure);
+      const TextFont font{kArial, static_cast<double>(size), bold};
+      return WrappedText(gas, at_.Right() - at_.gas, font, writer_.Services().measure);
     };
-    const std::vector<std::string> inTwo = lines(kSmallestSize).size() > 1 ? lines(kInTwo) : std::vector<std::string>();
-    if (inTwo.size() != 2) return Fitted(at_.gas, y, gas, kRowSize, bold);
-    for (std::size_t i = 0; i < inTwo.size(); ++i) {
-      writer_.PrintTextLeft(x_ + at_.gas, y_ + y + 0.01 + static_cast<double>(i) * kLine, inTwo[i], kArial, kInTwo,
-                            bold ? 1 : 0);
+    const std::vector<std::string> small = lines(kSmall);
+    if (lines(kSmallestSize).size() == 1 || small.size() > 2) return Fitted(at_.gas, y, gas, kRowSize, bold);
+    double top = y_ + y + (small.size() == 1 ? kLine / 2 : 0);
+    for (const std::string& line : small) {
+      writer_.PrintTextLeft(x_ + at_.gas, top, line, kArial, kSmall, bold ? 1 : 0);
+      top += kLine;
     }
   }
 

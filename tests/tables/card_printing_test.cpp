@@ -137,6 +137,21 @@ TEST_F(TablePrint, ALongNameStaysWithinItsCard) {
   EXPECT_GT(names, 4);
 }
 
+TEST_F(TablePrint, NamesThatDifferInTheMiddleAreTold) {
+  frmWaypointEditor& plan = Plan({{30, 14}});
+  DiveTemplate& settings = plans.documents(plan.Tag()).Template;
+  const auto rename = [](std::string& name) {
+    if (name == "EAN50") name = "Deco EAN50 left 80";
+    if (name == "Oxygen") name = "Deco Oxyg. left 80";
+  };
+  for (GasMix& mix : settings.Blends) rename(mix.Name);
+  for (GasChange& change : settings.ChangeGasMixes) rename(change.Name);
+  plan.ReEvaluateUserEnteredWaypoints();
+  Print(plan, 7, kCards);
+  for (int number = 1; number <= Pages(); ++number)
+    EXPECT_THAT(Texts(number), testing::Not(Contains(HasSubstr("\u2026"))));
+}
+
 TEST_F(TablePrint, NoCardIsMadeOfACutAtTheSurface) {
   // The ascent ends on a whole minute.
   const frmWaypointEditor& plan = Plan({{30, 14}});
