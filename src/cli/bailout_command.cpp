@@ -65,7 +65,8 @@ void Run(const Given& given, CommandFrame& frame) {
                                 : texts.Filled(Text::BailoutHeading, {given.file + dive, FormatPlain(cuts.Interval())});
   const std::string heading =
       title + "\n" + SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
-  output.Write({[&](JsonWriter& json) { json.Member("interval", cuts.Interval()); }, "scenarios", heading,
+  const std::optional<Single> regular = given.legEnds ? std::nullopt : std::optional(cuts.Interval());
+  output.Write({[&](JsonWriter& json) { json.Member("interval", regular); }, "scenarios", heading,
                 std::filesystem::path(given.file).stem().string() + dive},
                [&] {
                  output.PrintWaysOut(plan.Planned(number));
@@ -89,7 +90,10 @@ Command BailoutCommand() {
       DiveOption(given->dive, "the last"),
       {"--interval", "MINUTES", "Whole minutes between two moments, 0 to 99; 5 if not given, 0 counts as 1",
        &given->interval},
-      {"--leg-ends", "", "Only from the end of each leg, in place of every few minutes", &given->legEnds},
+      {.name = "--leg-ends",
+       .text = "Only from the end of each leg, in place of every few minutes",
+       .place = &given->legEnds,
+       .excludes = {"--interval"}},
       PdfOption(given->pdf, "Write the tables and cards, with cut marks, to this file, and no text"),
   };
   command.AddJson("Print the tables, and every row of every ascent, as JSON");

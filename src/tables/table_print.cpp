@@ -1,7 +1,6 @@
 #include "tables/table_print.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "compute/bailout_cuts.h"
