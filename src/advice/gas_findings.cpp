@@ -48,28 +48,17 @@ void CheckNarcotic(const Context& context) {
   }
 }
 
-/// Recommended and highest density, g/l. Above them carbon dioxide is retained: G. Anthony and S. Mitchell,
-/// "Respiratory physiology of rebreather diving", in: Rebreathers and scientific diving, 2016.
-constexpr double kDensityRecommended = 5.2;
-constexpr double kDensityHighest = 6.2;
-
-double BarPerPressure(const DiveTemplate& t) { return t.Metric ? 1.0 : 1.01325; }
-
-double DensityAt(const BreathedSegment& segment, double depth, const DiveTemplate& t) {
-  return GasDensity(segment.SharesAt(depth), segment.Ambient(depth) * BarPerPressure(t));
-}
-
 /// The whole unit of depth down to which the density stays as recommended. It grows with depth, from a loop as well.
 double DepthOfDensity(const BreathedSegment& segment, Single deeper, const DiveTemplate& t) {
   double depth = std::floor(double{deeper});
-  while (depth > 0 && DensityAt(segment, depth, t) > kDensityRecommended) --depth;
+  while (depth > 0 && DensityAt(segment, depth, t.Metric) > kDensityRecommended) --depth;
   return depth;
 }
 
 void CheckDensity(const Context& context) {
   const DiveTemplate& t = context.dive.settings;
   const auto judge = [&](const BreathedSegment& segment) -> std::optional<Peak> {
-    const double density = DensityAt(segment, segment.Deeper(), t);
+    const double density = DensityAt(segment, segment.Deeper(), t.Metric);
     if (!(density > kDensityRecommended)) return std::nullopt;
     return Peak{density, density, segment.Deeper(), segment.TimeOfDeeper()};
   };

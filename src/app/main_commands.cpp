@@ -1,6 +1,7 @@
 // Which command of the main window calls which part.
 
 #include "app/command_search.h"
+#include "app/help_pages.h"
 #include "app/information_boxes.h"
 #include "app/languages_form.h"
 #include "app/main_form.h"
@@ -181,13 +182,15 @@ void frmMain::SearchCommands() {
   if (const MenuItem* chosen = dialog.Chosen()) chosen->Choose();
 }
 
-void frmMain::ShowHelp(HelpViewer::Page page) {
+void frmMain::ShowHelpOf(const Form& form) { ShowHelp(HelpViewer::Page::Contents, HelpPageOf(form.Name())); }
+
+void frmMain::ShowHelp(HelpViewer::Page page, const std::string& anchor) {
   if (services_.language.helpFile.empty()) {
     services_.platform.boxes.Show(services_.T(Text::NoHelpFile), Caption, BoxIcon::Information, BoxButtons::OK);
     return;
   }
   try {
-    services_.platform.help.ShowHelp(services_.language.helpFile, page);
+    services_.platform.help.ShowHelp(services_.language.helpFile, page, anchor);
   } catch (const std::exception& error) {
     services_.Tell(services_.texts.Words(error), BoxIcon::None);
   }

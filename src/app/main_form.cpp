@@ -24,9 +24,10 @@ frmMain::frmMain(MainServices services)
       looks_(services_),
       panes_(
           services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuMarginsPane, mnuGoToPlan, sbFindings},
-          [this] { dialogs_.EditTemplate(); }, ActsOfMargins(KeptPlans::Looker::Pane)),
+          [this] { dialogs_.EditTemplate(); }, [this] { examples_.PopUp(); }, ActsOfMargins(KeptPlans::Looker::Pane)),
       dialogs_(services_, dialogServices_, panes_),
       recent_(*this, services_, mnuRecent, [this](const std::filesystem::path& file) { OpenFile(file); }),
+      examples_(*this, services_, mnuExamples),
       plans_(*this, services_, mnuWindowBar2),
       files_(services_, panes_, recent_),
       closing_(services_, panes_, files_),

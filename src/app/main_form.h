@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/example_plans.h"
 #include "app/graph_edits.h"
 #include "app/last_session.h"
 #include "app/main_panes.h"
@@ -36,6 +37,7 @@ class frmMain : public Form {
   MenuItem mnuOpen{*this, "mnuOpen"};
   MenuItem mnuRecent{*this, "mnuRecent"};
   MenuItem mnuClearRecent{*this, "mnuClearRecent"};
+  MenuItem mnuExamples{*this, "mnuExamples"};
   MenuItem mnuClose{*this, "mnuClose"};
   MenuItem mnuFileBar1{*this, "mnuFileBar1"};
   MenuItem mnuLoadTemplate{*this, "mnuLoadTemplate"};
@@ -208,6 +210,8 @@ class frmMain : public Form {
   /// Ends what is being entered in a pane, as a change of its plan. Whatever acts on plans does so first: every command
   /// of this form, a file that is opened or dropped, another plan in front, a close, the end of the program.
   void FinishEdits() { panes_.Finish(); }
+  /// The page of the guide that tells of a form.
+  void ShowHelpOf(const Form& form);
 
  protected:
   void Form_Load() override;
@@ -227,7 +231,7 @@ class frmMain : public Form {
   void WireWindow();
   void WireHelp();
   void FinishEditsBeforeCommands();
-  void ShowHelp(HelpViewer::Page page);
+  void ShowHelp(HelpViewer::Page page, const std::string& anchor = "");
   void SearchCommands();
 
   [[nodiscard]] DialogServices MakeDialogs();
@@ -254,6 +258,7 @@ class frmMain : public Form {
   MainPanes panes_;
   PlanDialogs dialogs_;
   RecentMenu recent_;
+  ExamplePlans examples_;
   PlanMenu plans_;
   PlanFiles files_;
   PlanClosing closing_;

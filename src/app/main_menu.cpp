@@ -25,6 +25,7 @@ constexpr MenuRow kMenu[] = {
     {&frmMain::mnuOpen, 1, Text::MenuOpen, "Ctrl+O"},
     {&frmMain::mnuRecent, 1, Text::MenuRecent, ""},
     {&frmMain::mnuClearRecent, 2, Text::MenuClearRecent, ""},
+    {&frmMain::mnuExamples, 1, Text::MenuExamples, ""},
     {&frmMain::mnuClose, 1, Text::MenuClose, "Ctrl+W"},
     {&frmMain::mnuFileBar1, 1, kRule, ""},
     {&frmMain::mnuLoadTemplate, 1, Text::MenuLoadTemplate, ""},
@@ -195,6 +196,7 @@ void frmMain::SetTexts() {
   }
   Caption = "TAV";
   toolSearch.Caption = services_.texts.Filled(Text::SearchHint, {mnuCommandSearch.Shortcut});
+  examples_.SetTexts();
   SetBreathingMode(OpenCircuitMode, false);
   GiveLetters(menu_);
   GiveLetters(GraphMenu());
@@ -217,6 +219,7 @@ std::vector<MenuEntry> frmMain::Menu() {
   for (const MenuEntry& entry : menu_) {
     if (entry.item == &mnuClearRecent) add(recent_.Items(), 2);
     menu.push_back(entry);
+    if (entry.item == &mnuExamples) add(examples_.Items(), 2);
     if (entry.item == &mnuWindowBar2) add(plans_.Items(), 1);
   }
   return menu;

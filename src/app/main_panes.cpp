@@ -17,11 +17,12 @@ std::string PieceName(int piece) { return "Panes" + std::to_string(piece); }
 }  // namespace
 
 MainPanes::MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks,
-                     const Commands& commands, std::function<void()> editTemplate, MarginActs margins)
+                     const Commands& commands, std::function<void()> editTemplate, std::function<void()> examples,
+                     MarginActs margins)
     : services_(services),
       looks_(looks),
       findings_(commands.findings),
-      planPane_(PaneServices(dialogs, std::move(editTemplate))),
+      planPane_(PaneServices(dialogs, std::move(editTemplate), std::move(examples))),
       checkPane_(
           dialogs,
           [this](std::int16_t document, std::int16_t first, std::int16_t last) {
@@ -40,11 +41,13 @@ MainPanes::MainPanes(const MainServices& services, const DialogServices& dialogs
   commands.goToPlan.Click = [this] { ShowAndFocus(panes_.front()); };
 }
 
-PlanPaneServices MainPanes::PaneServices(const DialogServices& dialogs, std::function<void()> editTemplate) {
+PlanPaneServices MainPanes::PaneServices(const DialogServices& dialogs, std::function<void()> editTemplate,
+                                         std::function<void()> examples) {
   return {dialogs,
           services_.history,
           [this](std::int16_t document) { return services_.runs.Holds(document); },
           std::move(editTemplate),
+          std::move(examples),
           [this](std::int16_t document) { ShowRefusal(document); },
           [this](std::int16_t row) {
             if (const auto active = services_.Active()) looks_.SelectRows(*active, row, row);

@@ -33,7 +33,7 @@ class MainPanes {
 
   /// `editTemplate` is the command of the plan pane.
   MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks, const Commands& commands,
-            std::function<void()> editTemplate, MarginActs margins);
+            std::function<void()> editTemplate, std::function<void()> examples, MarginActs margins);
 
   [[nodiscard]] const std::vector<Pane>& All() const { return panes_; }
   frmPlanPane& PlanPane() { return planPane_; }
@@ -64,7 +64,8 @@ class MainPanes {
   void EditLegOf(std::int16_t row);
 
  private:
-  [[nodiscard]] PlanPaneServices PaneServices(const DialogServices& dialogs, std::function<void()> editTemplate);
+  [[nodiscard]] PlanPaneServices PaneServices(const DialogServices& dialogs, std::function<void()> editTemplate,
+                                              std::function<void()> examples);
   void Show(const Pane& pane, bool shown);
   void ShowAndFocus(const Pane& pane);
   void ShowFindings();

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "cli/terminal_text.h"
 #include "cli/usage_texts.h"
 #include "model/text_columns.h"
@@ -7,10 +9,9 @@ namespace {
 
 constexpr std::size_t kTextColumn = 30;
 
-constexpr const char* kFooter = R"(
-Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input or an output that fails.
-"tavplan COMMAND --help" gives the options and examples of a command.
-)";
+constexpr const char* kStatus =
+    "Exit status: 0, 1 for a plan that does not decompress, 2 for unusable input or an output that fails.";
+constexpr const char* kMore = "\"tavplan COMMAND --help\" gives the options and examples of a command.";
 
 /// A row of two columns; what is too long for the first gets a line of its own.
 std::string Row(const std::string& head, const std::string& text) {
@@ -21,6 +22,22 @@ std::string Row(const std::string& head, const std::string& text) {
     start = std::string(kTextColumn, ' ');
   }
   return above + Wrapped(start + text, kTextColumn);
+}
+
+/// Lines of a command each, some with what it does behind two blanks or more.
+std::string Examples(const std::string& examples, const HelpWords& words) {
+  std::string text;
+  std::size_t at = 0;
+  while (at < examples.size()) {
+    const std::size_t end = std::min(examples.find('\n', at), examples.size());
+    const std::string line = examples.substr(at, end - at);
+    const std::size_t blanks = line.find("  ", line.find_first_not_of(' '));
+    const std::size_t about = blanks == std::string::npos ? blanks : line.find_first_not_of(' ', blanks);
+    text += about == std::string::npos ? line : line.substr(0, about) + words(line.substr(about));
+    text += "\n";
+    at = end + 1;
+  }
+  return text;
 }
 
 }  // namespace
@@ -47,26 +64,30 @@ std::string UsageOf(const Command& command) {
   return usage;
 }
 
-std::string HelpText(const std::vector<Command>& commands) {
-  std::string text =
-      "TAV: decompression planning on the command line\nUsage: tavplan COMMAND [OPTION]...\n\nOptions:\n" +
-      Row("-h, --help", "Print this help, or that of a command, and end") +
-      Row("--version", "Print the version and end") + Row("--manual-page", "Print the manual page for man, and end") +
-      Row("--bash-completion", "Print the completion for bash, and end") + "\nCommands:\n";
-  for (const Command& command : commands) text += Row(command.name, command.about);
-  return text + kFooter;
+std::string HelpText(const std::vector<Command>& commands, const HelpWords& words) {
+  std::string text = words("TAV: decompression planning on the command line") + "\n" + words("Usage") +
+                     ": tavplan COMMAND [OPTION]...\n\n" + words("Options") + ":\n" +
+                     Row("-h, --help", words("Print this help, or that of a command, and end")) +
+                     Row("--version", words("Print the version and end")) +
+                     Row("--manual-page", words("Print the manual page for man, and end")) +
+                     Row("--bash-completion", words("Print the completion for bash, and end")) + "\n" +
+                     words("Commands") + ":\n";
+  for (const Command& command : commands) text += Row(command.name, words(command.about));
+  return text + "\n" + Wrapped(words(kStatus), 0) + Wrapped(words(kMore), 0);
 }
 
-std::string HelpText(const Command& command) {
-  std::string text = command.about + "\nUsage: tavplan " + command.name + " " + UsageOf(command) + "\n\nOptions:\n";
+std::string HelpText(const Command& command, const HelpWords& words) {
+  std::string text = words(command.about) + "\n" + words("Usage") + ": tavplan " + command.name + " " +
+                     UsageOf(command) + "\n\n" + words("Options") + ":\n";
   for (const Option& option : command.options) {
-    text += Row(HeadOf(option), option.text + (option.required ? " (required)" : ""));
+    text += Row(HeadOf(option), words(option.text) + (option.required ? " (" + words("required") + ")" : ""));
   }
-  text += Row("-h, --help", "Print this help and end") + "\nExamples:" + command.examples + "\n";
+  text += Row("-h, --help", words("Print this help and end")) + "\n" + words("Examples") + ":" +
+          Examples(command.examples, words) + "\n";
   std::size_t at = 0;
   while (at != std::string::npos) {
     const std::size_t end = command.details.find('\n', at);
-    text += Wrapped(command.details.substr(at, end - at), 0);
+    text += Wrapped(words(command.details.substr(at, end - at)), 0);
     at = end == std::string::npos ? end : end + 1;
   }
   return text;

@@ -30,7 +30,7 @@ Work that takes long shows on a terminal how far it is, and Ctrl+C ends it; no h
 .SH OPTIONS
 .TP
 .B \-\-help
-Print the commands, or the options and examples of a command, and end. This text is in English.
+Print the commands, or the options and examples of a command, and end.
 .TP
 .B \-\-version
 Print the version and end.

@@ -20,9 +20,9 @@ constexpr const char* kDetails =
 
 constexpr const char* kExamples = R"(
   tavplan new --depth 30 --time 25
-  tavplan new --depth 60 --time 25 --gas Tx18/45 -o wreck.tav
-  tavplan new --leg 40:15 --leg 25:20@EAN32 --leg 12:10
-  tavplan new --depth 130 --time 30 --template Imperial
+  tavplan new --depth 54 --time 25 --gas Tx18/45 -o wreck.tav
+  tavplan new --gas EAN32 --leg 30:15 --leg 18:20
+  tavplan new --depth 100 --time 30 --template Imperial
   tavplan new --depth 30 --time 25 --cylinder Air:2/12/200/50 --cylinder EAN50:1/7/200/20
 )";
 

@@ -124,6 +124,15 @@ void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table,
         });
       }
     });
+    json_.List("bottoms", [&] {
+      for (const BottomRemark& bottom : table.bottoms) {
+        json_.Object([&] {
+          json_.Member("head", bottom.head);
+          if (bottom.end > 0) json_.Member("end", bottom.end);
+          if (bottom.density > 0) json_.Member("density", bottom.density);
+        });
+      }
+    });
     json_.Object("place", [&] {
       json_.Member("page", place.page);
       json_.Member("x", place.x);

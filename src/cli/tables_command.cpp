@@ -21,8 +21,8 @@ constexpr const char* kDetails =
     "the whole time. Tables are read as those of bailout.";
 
 constexpr const char* kExamples = R"(
-  tavplan tables --gas Air --depths 9:54:3 --times 5:45:5
-  tavplan tables --gas EAN32 --depths 60:130:10 --times 10:60:10 --template Imperial
+  tavplan tables --gas Air --depths 9:30:3 --times 5:45:5
+  tavplan tables --gas EAN32 --depths 60:100:10 --times 10:60:10 --template Imperial
 )";
 
 struct Given {

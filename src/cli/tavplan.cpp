@@ -10,9 +10,13 @@
 namespace tav {
 namespace {
 
+HelpWords UserHelpWords(const ProgramFolders& folders) {
+  return HelpWordsOf(folders.ProgramFolder(), TableOfUser(folders.ProgramFolder()));
+}
+
 /// What the program prints of itself; nothing for another word.
-std::string AboutProgram(const std::string& word, const std::vector<Command>& commands) {
-  if (word == "--help" || word == "-h") return HelpText(commands);
+std::string AboutProgram(const std::string& word, const std::vector<Command>& commands, const ProgramFolders& folders) {
+  if (word == "--help" || word == "-h") return HelpText(commands, UserHelpWords(folders));
   if (word == "--version") return "tavplan " TAV_VERSION "\n";
   if (word == "--manual-page") return ManualPage(commands);
   if (word == "--bash-completion") return BashCompletion(commands);
@@ -27,7 +31,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
   const std::string first = arguments.empty() ? std::string() : arguments.front();
   const auto found = std::ranges::find(commands, first, &Command::name);
   Command command{.run = [&](CommandFrame& frame) {
-    const std::string about = AboutProgram(first, commands);
+    const std::string about = AboutProgram(first, commands, folders);
     if (!about.empty()) {
       frame.Out() << about;
       return;
@@ -39,7 +43,7 @@ int RunTavplan(const std::vector<std::string>& arguments, const ProgramFolders& 
     command = *found;
     try {
       if (!ReadWords(command, std::span(arguments).subspan(1))) {
-        command.run = [&](CommandFrame& frame) { frame.Out() << HelpText(command); };
+        command.run = [&](CommandFrame& frame) { frame.Out() << HelpText(command, UserHelpWords(folders)); };
       }
     } catch (const OptionError& error) {
       CommandFrame frame(command, folders, out, err, progress);

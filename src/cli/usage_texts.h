@@ -4,13 +4,14 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/help_words.h"
 
-/// What is told of the commands, all of it made of their tables. In English, as the names of the options are.
+/// What is told of the commands, all of it made of their tables.
 namespace tav {
 
-/// Of the program, and of one command.
-std::string HelpText(const std::vector<Command>& commands);
-std::string HelpText(const Command& command);
+/// Of the program, and of one command, in the language of the words.
+std::string HelpText(const std::vector<Command>& commands, const HelpWords& words);
+std::string HelpText(const Command& command, const HelpWords& words);
 
 /// "FILE --pdf OUT [OPTION]...": what stands behind the name of a command.
 std::string UsageOf(const Command& command);

@@ -95,4 +95,9 @@ double GasDensity(const BreathedShares& shares, double ambientBar) {
   return ambientBar * (shares.O2 * kOxygen + shares.N2 * kNitrogen + shares.He * kHelium);
 }
 
+double DensityAt(const BreathedSegment& segment, double depth, bool metric) {
+  constexpr double kBarPerAtmosphere = 1.01325;
+  return GasDensity(segment.SharesAt(depth), segment.Ambient(depth) * (metric ? 1.0 : kBarPerAtmosphere));
+}
+
 }  // namespace tav

@@ -68,4 +68,11 @@ std::vector<BreathedSegment> BreathedSegments(const BreathedDive& dive);
 /// air at 31 m.
 double GasDensity(const BreathedShares& shares, double ambientBar);
 
+/// Density of a segment's gas at a depth, g/l. `metric`: its pressures are bar, else atmospheres.
+double DensityAt(const BreathedSegment& segment, double depth, bool metric);
+
+/// Recommended and highest density, g/l, of the same source: above them carbon dioxide is retained.
+constexpr double kDensityRecommended = 5.2;
+constexpr double kDensityHighest = 6.2;
+
 }  // namespace tav

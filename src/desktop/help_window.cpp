@@ -1,15 +1,29 @@
 #include "desktop/help_window.h"
 
 #include <QtWidgets>
+#include <array>
 
 #include "desktop/qt_text.h"
 #include "model/text_id.h"
 #include "persist/text_file.h"
 
 namespace tav {
+namespace {
 
-HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& texts, QWidget* parent)
-    : QMainWindow(parent), file_(file), texts_(texts) {
+/// As it is compared: small letters without their accents.
+QString Plain(const QString& text) {
+  static const QRegularExpression marks(QStringLiteral("\\p{Mn}"));
+  return text.normalized(QString::NormalizationForm_D).remove(marks).toCaseFolded();
+}
+
+qsizetype CountIn(const QString& text, const QStringList& words) {
+  return std::count_if(words.begin(), words.end(), [&](const QString& word) { return text.contains(word); });
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& texts)
+    : QDialog(nullptr, Qt::Window), file_(file), texts_(texts) {
   const QString html = ToQt(ReadTextFile(file));
   setWindowTitle(T(Text::Help));
   tabs_ = new QTabWidget;
@@ -35,32 +49,47 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   page_ = new QTextBrowser;
   page_->setObjectName(QStringLiteral("helpPage"));
   page_->setAccessibleName(T(Text::Help));
+  page_->setOpenLinks(false);
   page_->document()->setDocumentMargin(16);
   page_->setSearchPaths({ToQt(file.parent_path().string())});  // of the pictures
   page_->setHtml(html);
 
+  auto* turns = new QHBoxLayout;
+  back_ = MakeTurn(Text::HelpBack, Qt::LeftArrow, QKeySequence(Qt::ALT | Qt::Key_Left));
+  connect(back_, &QToolButton::clicked, this, [this] { Turn(behind_, ahead_); });
+  forward_ = MakeTurn(Text::HelpForward, Qt::RightArrow, QKeySequence(Qt::ALT | Qt::Key_Right));
+  connect(forward_, &QToolButton::clicked, this, [this] { Turn(ahead_, behind_); });
+  turns->addWidget(back_);
+  turns->addWidget(forward_);
+  turns->addStretch();
+  auto* reading = new QWidget;
+  auto* readingLayout = new QVBoxLayout(reading);
+  readingLayout->setContentsMargins(0, 0, 0, 0);
+  readingLayout->addLayout(turns);
+  readingLayout->addWidget(page_);
+
   auto* split = new QSplitter;
   split->addWidget(tabs_);
-  split->addWidget(page_);
+  split->addWidget(reading);
   split->setStretchFactor(1, 1);
-  split->setSizes({260, 860});
-  setCentralWidget(split);
+  split->setSizes({280, 840});
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(6, 6, 6, 6);
+  layout->addWidget(split);
   resize(1120, 720);
   FillContents(html);
+  FindSections();
+  ShowTurns();
   connect(contents_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-    if (item != nullptr) page_->scrollToAnchor(item->data(0, Qt::UserRole).toString());
+    if (item != nullptr) Leave([&] { page_->scrollToAnchor(item->data(0, Qt::UserRole).toString()); });
   });
+  connect(page_, &QTextBrowser::anchorClicked, this,
+          [this](const QUrl& link) { Leave([&] { page_->scrollToAnchor(link.fragment()); }); });
   connect(words_, &QLineEdit::textChanged, this, &HelpWindow::Search);
   connect(found_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
     if (item == nullptr || !item->data(Qt::UserRole).isValid()) return;
-    QTextCursor cursor(page_->document());
-    cursor.setPosition(item->data(Qt::UserRole).toInt());
-    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, static_cast<int>(words_->text().size()));
-    page_->setTextCursor(cursor);
-    page_->ensureCursorVisible();
+    Leave([&] { ShowFound(item->data(Qt::UserRole).toInt(), Plain(words_->text()).simplified().split(u' ')); });
   });
-  auto* close = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  connect(close, &QShortcut::activated, this, &QWidget::close);
 }
 
 QString HelpWindow::T(int id) const {
@@ -68,7 +97,18 @@ QString HelpWindow::T(int id) const {
   return text.remove(QLatin1Char('&'));
 }
 
-void HelpWindow::Open(bool search) {
+QToolButton* HelpWindow::MakeTurn(int text, Qt::ArrowType arrow, const QKeySequence& key) {
+  auto* button = new QToolButton;
+  button->setArrowType(arrow);
+  button->setAutoRaise(true);
+  button->setAccessibleName(T(text));
+  button->setToolTip(T(text) + QStringLiteral(" (") + key.toString(QKeySequence::NativeText) + QLatin1Char(')'));
+  // The shortcut of a button acts after a tenth of a second alone.
+  connect(new QShortcut(key, this), &QShortcut::activated, button, &QAbstractButton::click);
+  return button;
+}
+
+void HelpWindow::Open(bool search, const QString& anchor) {
   tabs_->setCurrentIndex(search ? 1 : 0);
   show();
   raise();
@@ -76,40 +116,77 @@ void HelpWindow::Open(bool search) {
   if (search) {
     words_->setFocus();
     words_->selectAll();
-  } else {
-    contents_->setFocus();
+    return;
   }
+  contents_->setFocus();
+  if (anchor.isEmpty()) return;
+  for (QTreeWidgetItemIterator item(contents_); *item != nullptr; ++item) {
+    if ((*item)->data(0, Qt::UserRole).toString() != anchor) continue;
+    if (contents_->currentItem() == *item) page_->scrollToAnchor(anchor);
+    return contents_->setCurrentItem(*item);
+  }
+  Leave([&] { page_->scrollToAnchor(anchor); });
 }
 
 void HelpWindow::FillContents(const QString& html) {
-  // Chapters are <h1>, sections <h2>, each around the anchor that it is reached by.
-  static const QRegularExpression heading(QStringLiteral("<h([12])[^>]*>\\s*<a name=\"([^\"]+)\">(.*?)</a>\\s*</h\\1>"),
-                                          QRegularExpression::DotMatchesEverythingOption);
-  QTreeWidgetItem* chapter = nullptr;
+  // Chapters are <h1>, sections <h2> and <h3>, each around the anchor that it is reached by.
+  static const QRegularExpression heading(
+      QStringLiteral("<h([123])[^>]*>\\s*<a name=\"([^\"]+)\">(.*?)</a>\\s*</h\\1>"),
+      QRegularExpression::DotMatchesEverythingOption);
+  std::array<QTreeWidgetItem*, 4> above = {contents_->invisibleRootItem()};
   for (auto match = heading.globalMatch(html); match.hasNext();) {
     const QRegularExpressionMatch found = match.next();
-    const QString title = QTextDocumentFragment::fromHtml(found.captured(3)).toPlainText();
-    const bool section = found.captured(1) == QLatin1String("2") && chapter != nullptr;
-    auto* item = section ? new QTreeWidgetItem(chapter) : new QTreeWidgetItem(contents_);
-    item->setText(0, title);
+    auto level = found.captured(1).toULongLong();
+    while (above[level - 1] == nullptr) --level;
+    auto* item = new QTreeWidgetItem(above[level - 1]);
+    item->setText(0, QTextDocumentFragment::fromHtml(found.captured(3)).toPlainText().simplified());
     item->setData(0, Qt::UserRole, found.captured(2));
-    if (!section) chapter = item;
+    above[level] = item;
+    std::fill(above.begin() + static_cast<std::ptrdiff_t>(level) + 1, above.end(), nullptr);
+  }
+}
+
+void HelpWindow::FindSections() {
+  for (QTextBlock block = page_->document()->begin(); block.isValid(); block = block.next()) {
+    if (block.blockFormat().headingLevel() > 0) {
+      sections_.push_back({block.text().simplified(), block.position(), block.position()});
+    }
+    if (!sections_.empty()) sections_.back().to = block.position() + block.length();
   }
 }
 
 void HelpWindow::Search(const QString& words) {
   constexpr int kShortest = 2;
-  constexpr int kMost = 200;
-  constexpr qsizetype kAround = 35;
+  constexpr qsizetype kBefore = 30;
+  constexpr qsizetype kBehind = 70;
   found_->clear();
-  if (words.trimmed().size() < kShortest) return;
-  const QString text = page_->document()->toPlainText();
-  for (qsizetype at = text.indexOf(words, 0, Qt::CaseInsensitive); at >= 0 && found_->count() < kMost;
-       at = text.indexOf(words, at + words.size(), Qt::CaseInsensitive)) {
-    const qsizetype from = std::max<qsizetype>(0, at - kAround);
-    auto* item = new QListWidgetItem(
-        QStringLiteral("\u2026") + text.mid(from, words.size() + 2 * kAround).simplified() + QStringLiteral("\u2026"));
-    item->setData(Qt::UserRole, static_cast<int>(at));
+  const QString wanted = Plain(words).simplified();
+  if (wanted.size() < kShortest) return;
+  const QStringList all = wanted.split(u' ');
+  const QTextDocument& document = *page_->document();
+  for (const Section& section : sections_) {
+    QString text;
+    QTextBlock best;
+    qsizetype most = 0;
+    for (QTextBlock block = document.findBlock(section.from); block.isValid() && block.position() < section.to;
+         block = block.next()) {
+      const QString plain = Plain(block.text());
+      text += plain + u' ';
+      const qsizetype count = CountIn(plain, all);
+      if (count > most) best = block;
+      most = std::max(most, count);
+    }
+    if (CountIn(text, all) < all.size()) continue;
+    const QString line = best.text();
+    qsizetype at = line.size();
+    for (const QString& word : all) {
+      const qsizetype place = Plain(line).indexOf(word);
+      if (place >= 0) at = std::min(at, place);
+    }
+    const qsizetype from = std::max<qsizetype>(0, at - kBefore);
+    const QString around = line.mid(from, kBefore + kBehind).simplified();
+    auto* item = new QListWidgetItem(around == section.title ? section.title : section.title + u'\n' + around);
+    item->setData(Qt::UserRole, best.position());
     found_->addItem(item);
   }
   if (found_->count() == 0) {
@@ -117,6 +194,55 @@ void HelpWindow::Search(const QString& words) {
     nothing->setFlags(Qt::NoItemFlags);
     found_->addItem(nothing);
   }
+}
+
+void HelpWindow::ShowFound(int place, const QStringList& words) {
+  GoTo(place);
+  const QTextBlock block = page_->document()->findBlock(place);
+  QList<QTextEdit::ExtraSelection> marks;
+  const QString plain = Plain(block.text());
+  for (const QString& word : words) {
+    const qsizetype at = plain.indexOf(word);
+    if (at < 0) continue;
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = QTextCursor(page_->document());
+    mark.cursor.setPosition(place + static_cast<int>(at));
+    mark.cursor.setPosition(place + static_cast<int>(at + word.size()), QTextCursor::KeepAnchor);
+    mark.format.setBackground(palette().highlight());
+    mark.format.setForeground(palette().highlightedText());
+    marks.push_back(mark);
+  }
+  page_->setExtraSelections(marks);
+}
+
+int HelpWindow::Place() const { return page_->cursorForPosition(QPoint(1, 1)).position(); }
+
+void HelpWindow::GoTo(int place) {
+  const QTextBlock block = page_->document()->findBlock(place);
+  const QRectF room = page_->document()->documentLayout()->blockBoundingRect(block);
+  page_->verticalScrollBar()->setValue(static_cast<int>(room.top()));
+}
+
+void HelpWindow::Leave(const std::function<void()>& go) {
+  page_->setExtraSelections({});
+  behind_.push_back(Place());
+  ahead_.clear();
+  go();
+  ShowTurns();
+}
+
+void HelpWindow::Turn(std::vector<int>& from, std::vector<int>& to) {
+  if (from.empty()) return;
+  page_->setExtraSelections({});
+  to.push_back(Place());
+  GoTo(from.back());
+  from.pop_back();
+  ShowTurns();
+}
+
+void HelpWindow::ShowTurns() {
+  back_->setEnabled(!behind_.empty());
+  forward_->setEnabled(!ahead_.empty());
 }
 
 }  // namespace tav

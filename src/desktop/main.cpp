@@ -94,6 +94,9 @@ int main(int argc, char** argv) {
   tav::Program program(platform, window, tav::ProgramFolders::OfThisProgram(), WindowSystemInformation());
   help.SetTexts(program.Texts());
   boxes.SetTexts(program.Texts());
+  windows.helpWanted = [&program](const tav::Form& form) {
+    if (program.HasMainForm()) program.MainForm().ShowHelpOf(form);
+  };
   window.makeGraph = [&](std::int16_t document) { return tav::MakeGraphView(program, document); };
   std::vector<std::string> arguments;
   for (const QString& argument : QApplication::arguments().mid(1)) arguments.push_back(tav::FromQt(argument));

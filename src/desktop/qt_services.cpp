@@ -196,10 +196,19 @@ QWidget* QtWindows::WindowInFront() const {
   return usable ? active : &owner_;
 }
 
+std::unique_ptr<QDialog> QtWindows::Made(Form& form, QWidget* parent) const {
+  auto dialog = MakeDialog(form, parent);
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), dialog.get());
+  QObject::connect(help, &QShortcut::activated, [this, &form] {
+    if (helpWanted) helpWanted(form);
+  });
+  return dialog;
+}
+
 void QtWindows::ShowModal(Form& form) {
   const PointerBreak pointer;
   QWidget* parent = WindowInFront();
-  const auto dialog = MakeDialog(form, parent);
+  const auto dialog = Made(form, parent);
   form.Load();
   if (form.IsLoaded()) {
     RestorePlace(form, *dialog);
@@ -216,7 +225,7 @@ void QtWindows::ShowModal(Form& form) {
 }
 
 void QtWindows::Show(const std::shared_ptr<Form>& form) {
-  QDialog* dialog = MakeDialog(*form, &owner_).release();
+  QDialog* dialog = Made(*form, &owner_).release();
   if (form->Name() == "frmSplash") {
     dialog->setParent(nullptr);
     dialog->setWindowFlags(Qt::SplashScreen | Qt::WindowStaysOnTopHint);
@@ -352,14 +361,14 @@ std::string QtEnvironment::Logo() const {
   return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
-void QtHelp::ShowHelp(const std::filesystem::path& file, Page page) {
-  auto* window = owner_.findChild<HelpWindow*>();
-  if (window != nullptr && window->File() != file) {
-    delete window;
-    window = nullptr;
-  }
-  if (window == nullptr) window = new HelpWindow(file, *texts_, &owner_);
-  window->Open(page == Page::Search);
+void QtHelp::ShowHelp(const std::filesystem::path& file, Page page, const std::string& anchor) {
+  if (window_ != nullptr && window_->File() != file) delete window_;
+  if (window_ == nullptr) window_ = new HelpWindow(file, *texts_);
+  // Beside a modal window only its children can be used; one that closes gives the help back.
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const owner = modal != nullptr ? modal : &owner_;
+  if (window_->parentWidget() != owner) MoveWindow(*window_, *owner);
+  window_->Open(page == Page::Search, ToQt(anchor));
 }
 
 }  // namespace tav

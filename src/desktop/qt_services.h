@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QSettings>
+#include <functional>
 #include <memory>
 
+#include "desktop/help_window.h"
 #include "platform/platform.h"
 #include "platform/text_source.h"
 
 class QAction;
+class QDialog;
 class QMessageBox;
 class QPoint;
 class QWidget;
@@ -44,6 +48,8 @@ class QtFiles : public FileDialogs {
 class QtWindows : public Windows {
  public:
   QtWindows(QWidget& owner, SettingsStore& settings) : owner_(owner), settings_(settings) {}
+  /// F1 was pressed in the window of a form.
+  std::function<void(const Form& form)> helpWanted;
   void ShowModal(Form& form) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void PopupMenu(const std::vector<MenuItem*>& items) override;
@@ -52,6 +58,8 @@ class QtWindows : public Windows {
  private:
   /// What a modal form belongs to: the form that is in front, or the main window.
   [[nodiscard]] QWidget* WindowInFront() const;
+  /// The window of a form, not shown yet.
+  [[nodiscard]] std::unique_ptr<QDialog> Made(Form& form, QWidget* parent) const;
   void RestorePlace(const Form& form, QWidget& window) const;
   void KeepPlace(const Form& form, const QWidget& window);
   void PopupAt(const QPoint& place, const std::vector<MenuItem*>& items);
@@ -110,13 +118,14 @@ class QtEnvironment : public Environment {
 class QtHelp : public HelpViewer {
  public:
   explicit QtHelp(QWidget& owner) : owner_(owner) {}
-  void ShowHelp(const std::filesystem::path& file, Page page) override;
+  void ShowHelp(const std::filesystem::path& file, Page page, const std::string& anchor) override;
   /// Known once the language is.
   void SetTexts(const TextSource& texts) { texts_ = &texts; }
 
  private:
   QWidget& owner_;
   const TextSource* texts_ = nullptr;
+  QPointer<HelpWindow> window_;
 };
 
 /// A caption of a menu item: its text, and the short cut where the item has one.

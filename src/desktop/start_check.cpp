@@ -29,6 +29,17 @@ double SecondsSinceStart() {
   return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / kNanoseconds - start;
 }
 
+/// The memory that this process takes, megabytes; what it shares with others counts by its share.
+double Megabytes() {
+  std::ifstream rollup("/proc/self/smaps_rollup");
+  for (std::string line; std::getline(rollup, line);) {
+    constexpr double kKilobytes = 1000;
+    if (line.starts_with("Pss:"))
+      return ParseLenient(line.substr(line.find_first_of("0123456789"))) * 1.024 / kKilobytes;
+  }
+  return 0;
+}
+
 bool Stands(const QWidget& window) {
   return window.isVisible() && window.windowHandle() != nullptr && window.windowHandle()->isExposed();
 }
@@ -50,8 +61,8 @@ void StartCheck::Look() {
     return;
   }
   if (!Stands(window_)) return;
-  std::cout << "notice " << FormatFixed(notice_, 2) << " s, window " << FormatFixed(SecondsSinceStart(), 2) << " s"
-            << std::endl;
+  std::cout << "notice " << FormatFixed(notice_, 2) << " s, window " << FormatFixed(SecondsSinceStart(), 2)
+            << " s, memory " << FormatFixed(Megabytes(), 0) << " MB" << std::endl;
   QApplication::exit(0);
 }
 

@@ -14,6 +14,7 @@ frmPlanPane::frmPlanPane(PlanPaneServices services)
   cbQuickGas.TakesText = true;
   tbQuickDepth.Pasting = [this] { return legs.PasteTable(); };
   cbQuick.Click = tbQuickDepth.KeyReturn = tbQuickTime.KeyReturn = cbQuickGas.KeyReturn = [this] { Quick(); };
+  cbExamples.Click = [this] { entry_.Services().examples(); };
 }
 
 void frmPlanPane::Form_Load() {
@@ -23,6 +24,7 @@ void frmPlanPane::Form_Load() {
   tbQuickDepth.ToolTipText = T(Text::Depth);
   tbQuickTime.ToolTipText = T(Text::PaneTimeMeans);
   cbQuickGas.ToolTipText = T(Text::Gas);
+  cbExamples.Caption = T(Text::PaneExamples);
   legs.SetTexts();
   settings.SetTexts();
   gases.SetTexts();
@@ -45,6 +47,7 @@ void frmPlanPane::ShowQuickLine() {
   for (Control* control : std::initializer_list<Control*>{&tbQuickDepth, &tbQuickTime, &cbQuickGas, &cbQuick}) {
     control->Enabled = entry_.IsFree();
   }
+  cbExamples.Visible = entry_.HasPlan() && entry_.Legs().Table().Rows() == 0;
   if (!entry_.HasPlan()) return;
   const DiveTemplate& t = entry_.Template();
   std::vector<std::string> names;

@@ -39,6 +39,7 @@ class frmPlanPane : public PaneForm {
   Label lbQuickTimeUnit{*this, "lbQuickTimeUnit"};
   ComboBox cbQuickGas{*this, "cbQuickGas"};
   Button cbQuick{*this, "cbQuick"};
+  Button cbExamples{*this, "cbExamples"};  ///< of an empty plan
 
   PlanPaneLegs legs{*this, entry_};
   Label lbFault{*this, "lbFault"};  ///< why the plan does not take what was entered

@@ -23,6 +23,7 @@ AltitudePage::AltitudePage(TemplateSheet& sheet) : TemplatePage(sheet, "Frame1",
   sheet.Add(Text1, {}, {Text::TemplateBadTimeToAdapt, "1", " Minutes", "1", " Minutes"});
   sheet.AddUnits({&Label11, &Label18}, Text::MetresWord, Text::FeetWord);
   sheet.AddUnits({&Label13, &Label16}, Text::BarWord, Text::AtaWord);
+  Frame11.ToolTipText = Text5.ToolTipText = T(Text::TemplateSurfacePressureMeans);
   Text4.Locked = true;
   Text3.Locked = true;
   Check1.Click = [this] { Check1_Click(); };

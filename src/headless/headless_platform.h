@@ -50,7 +50,12 @@ class HeadlessPlatform : NotCopied,
   std::vector<std::string> modalForms;          ///< the names of all shown
   std::vector<MenuItem*> popup;                 ///< of the last pop-up
   std::vector<std::filesystem::path> sounds;
-  std::vector<std::pair<std::filesystem::path, HelpViewer::Page>> helpShown;
+  struct HelpShown {
+    std::filesystem::path file;
+    HelpViewer::Page page;
+    std::string anchor;
+  };
+  std::vector<HelpShown> helpShown;
   std::string clipboardText;
   std::map<std::pair<std::string, std::string>, std::string> settings;
   bool hourglass = false;
@@ -88,8 +93,8 @@ class HeadlessPlatform : NotCopied,
   void WaitForEvents() override {}
   [[nodiscard]] double Timer() const override { return seconds_++; }  // every look at the clock takes a second
   void Play(const std::filesystem::path& file) override { sounds.push_back(file); }
-  void ShowHelp(const std::filesystem::path& file, HelpViewer::Page page) override {
-    helpShown.emplace_back(file, page);
+  void ShowHelp(const std::filesystem::path& file, HelpViewer::Page page, const std::string& anchor) override {
+    helpShown.push_back({file, page, anchor});
   }
   [[nodiscard]] std::string Text() const override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }

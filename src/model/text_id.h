@@ -1480,5 +1480,24 @@ constexpr int TablesDecoGasesUsed = 8948;
 constexpr int TablesGasFrom = 8949;
 constexpr int TablesFastDescentMeans = 8950;
 constexpr int WayOutOfLegEnd = 8951;
+constexpr int TableBottomEND = 8955;
+constexpr int TableBottomDense = 8956;
+
+// The guide in its window
+constexpr int HelpBack = 8953;
+constexpr int HelpForward = 8954;
+
+// Example plans
+constexpr int ExampleAirNoStop = 8957;
+constexpr int ExampleAirDeco = 8958;
+constexpr int ExampleNitrox = 8959;
+constexpr int ExampleWreck = 8960;
+constexpr int ExampleTrimix = 8961;
+constexpr int ExampleRebreather = 8962;
+constexpr int ExampleLakeSeries = 8963;
+constexpr int MenuExamples = 8964;
+constexpr int PaneExamples = 8965;
+
+constexpr int TemplateSurfacePressureMeans = 8967;
 
 }  // namespace tav::Text

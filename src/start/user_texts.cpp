@@ -44,6 +44,11 @@ std::string TableOfLocale(const fs::path& programFolder, std::string_view locale
   return known ? name : std::string(kDefaultLanguage);
 }
 
+std::string TableOfUser(const fs::path& programFolder) {
+  const std::string stored = StoredLanguage();
+  return stored.empty() ? TableOfLocale(programFolder, LocaleOfMessages()) : stored;
+}
+
 std::string LocaleOfMessages() { return LocaleOf("LC_MESSAGES"); }
 
 std::string LocaleOf(const char* category) {
@@ -56,11 +61,7 @@ std::string LocaleOf(const char* category) {
 
 void LazyTexts::Read() const {
   read_ = true;
-  std::string name(kDefaultLanguage);
-  if (language_ == Language::User) {
-    name = StoredLanguage();
-    if (name.empty()) name = TableOfLocale(programFolder_, LocaleOfMessages());
-  }
+  const std::string name = language_ == Language::User ? TableOfUser(programFolder_) : std::string(kDefaultLanguage);
   const fs::path folder = programFolder_ / kLanguageFolder;
   try {
     table_ = LanguageTable::Read(folder / name);

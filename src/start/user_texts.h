@@ -15,6 +15,9 @@ namespace tav {
 /// for its language.
 std::string TableOfLocale(const std::filesystem::path& programFolder, std::string_view locale);
 
+/// The name of the table of the user's language: that of his settings, else that of his environment.
+std::string TableOfUser(const std::filesystem::path& programFolder);
+
 /// The locale of messages that the environment names: LC_ALL, LC_MESSAGES or LANG, the first that is set; empty for
 /// none.
 std::string LocaleOfMessages();
@@ -26,7 +29,7 @@ std::string LocaleOf(const char* category);
 class LazyTexts : public TextSource {
  public:
   enum class Language {
-    User,     ///< that of his settings, else that of his environment
+    User,     ///< TableOfUser
     Default,  ///< for output that programs read
   };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "compute/breathed_gas.h"
 #include "model/number_text.h"
 #include "model/numbers.h"
 
@@ -42,6 +43,7 @@ class Builder {
         table_.no_decompression.push_back({dive - 1, table_.cells[0][dive + 2], "", ""});
       }
     }
+    table_.maximalEND = profiles_.diveTemplate.MaximalEND;
     return std::move(table_);
   }
 
@@ -95,6 +97,7 @@ class Builder {
       if (Exact(stop.StopDepth) != table_.depths[at]) Remark(table_.other_depth, dive, stop, table_.depths[at]);
     }
     if (dive == 0) return;
+    CheckBottom(dive);
     for (GasWarning& warning : GasWarnings(profiles_, profiles_.dives[dive])) {
       table_.warnings.push_back({dive - 1, table_.cells[0][dive + 2], std::move(warning)});
     }
@@ -108,6 +111,23 @@ class Builder {
     constexpr double kNoise = 0.01;  // minutes
     if (!(bottom.Rate > 0) || bottom.RunTime <= profiles_.dives[dive].head + kNoise) return;
     table_.long_descent.push_back({dive - 1, table_.cells[0][dive + 2], "", FormatFixed(bottom.RunTime, 1)});
+  }
+
+  /// Its gas may be narcotic or heavy to breathe. That of a plan that is cut is told by the plan.
+  void CheckBottom(std::size_t dive) {
+    if (profiles_.bailout) return;
+    constexpr double kNoise = 0.1;  // depth units
+    const TableDive& column = profiles_.dives[dive];
+    const DiveTemplate& settings = profiles_.diveTemplate;
+    const std::int16_t last = LastUserRow(column.profile);
+    for (const BreathedSegment& segment : BreathedSegments({column.profile, settings, last, column.openFrom})) {
+      if (segment.row != last) continue;
+      BottomRemark remark{dive - 1, table_.cells[0][dive + 2]};
+      if (segment.end->END - settings.MaximalEND > kNoise) remark.end = segment.end->END;
+      const double density = DensityAt(segment, segment.end->Depth, settings.Metric);
+      if (density > kDensityRecommended) remark.density = density;
+      if (remark.end > 0 || remark.density > 0) table_.bottoms.push_back(remark);
+    }
   }
 
   /// A remark on a stop of a dive that has a column.

@@ -37,6 +37,14 @@ struct TableWarning {
   GasWarning warning;
 };
 
+/// The bottom of a square dive breaks a limit.
+struct BottomRemark {
+  std::size_t dive = 0;
+  std::string head;
+  double end = 0;      ///< END there, depth units, where it is beyond that of the settings; else 0
+  double density = 0;  ///< of its gas, g/l, where it is above what is recommended; else 0
+};
+
 /// A family of dives as a table: rows are the depths of the ascent with the gas breathed there, columns the dives.
 ///
 /// The rows are those of the last dive, its gases are their labels. What that drops or gives a wrong label is told in
@@ -50,6 +58,8 @@ struct SmallTable {
   std::vector<StopRemark> bottom;       ///< stops in row 1, which paper does not show: minutes
   std::vector<StopRemark> other_depth;  ///< stops at another depth than their row, whose whole number is the same
   std::vector<TableWarning> warnings;
+  std::vector<BottomRemark> bottoms;  ///< of square dives
+  Single maximalEND = 0;              ///< the limit that they are held to
   std::vector<StopRemark>
       long_descent;  ///< square dives whose descent takes longer than their bottom time: its minutes
   std::vector<StopRemark> no_decompression;  ///< dives with a stop that never clears; its depth and gas are not told

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "compute/breathed_gas.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -23,6 +24,7 @@ class Remarks {
       Add(dive, AlsoStops(dive));
       Add(dive, OtherGases(dive));
       OtherDepths(dive);
+      Bottoms(dive);
       for (const TableWarning& found : table_.warnings) {
         if (found.dive == dive) Add(dive, WarningText(found.warning, words_));
       }
@@ -98,6 +100,22 @@ class Remarks {
     }
   }
 
+  void Bottoms(std::size_t dive) {
+    const auto filled = [](const std::string& text, const std::string& found, const std::string& limit) {
+      return ReplaceAll(ReplaceAll(text, "%1", found), "%2", limit);
+    };
+    for (const BottomRemark& bottom : table_.bottoms) {
+      if (bottom.dive != dive) continue;
+      if (bottom.end > 0) {
+        Add(dive, filled(words_.narcotic, Depth(FormatFixed(bottom.end, 0)), Depth(FormatFixed(table_.maximalEND, 0))));
+      }
+      if (bottom.density > 0) {
+        const double limit = bottom.density > kDensityHighest ? kDensityHighest : kDensityRecommended;
+        Add(dive, filled(words_.dense, words_.numbers.Fixed(bottom.density, 1), words_.numbers.Fixed(limit, 1)));
+      }
+    }
+  }
+
   [[nodiscard]] std::string Depth(const std::string& number) const {
     return words_.numbers.Written(number) + " " + words_.unit;
   }
@@ -142,6 +160,8 @@ RemarkWords RemarkWordsOf(const TextSource& texts, bool metric, const NumberText
           t(Text::TableFaultOf),
           t(Text::TableOn),
           t(Text::TableStopInstead),
+          t(Text::TableBottomEND),
+          t(Text::TableBottomDense),
           numbers};
 }
 

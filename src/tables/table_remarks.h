@@ -14,19 +14,21 @@ struct RemarkWords {
   std::string column = "Column";
   std::string columns = "Columns";
   std::string to = "to";  ///< between the first and the last head of neighbouring columns
-  std::string alsoStop = "stop also at";
+  std::string alsoStop = "also stop at";
   std::string minutes = "min";
   std::string breathe = "breathe";
   std::string at = "at";
   std::string lowPPO2 = "PPO2 too low to breathe";
   std::string highPPO2 = "PPO2 too high";
   std::string lostGas = "STILL ON THE LOST GAS";
-  std::string noDecompression = "DOES NOT DECOMPRESS";
+  std::string noDecompression = "DECO NEVER ENDS";
   std::string unit = "m";
   std::string longDescent = "the descent alone takes %1 min, the bottom time is as long";
   std::string oneOfHead = "%1 (%2 of %3)";  ///< a column whose head others have, too
   std::string on = "on";                    ///< before the gas of a stop
   std::string insteadOf = "stop at %1 instead of %2";
+  std::string narcotic = "END %1 at the bottom, limit %2";
+  std::string dense = "gas density %1 g/l at the bottom, limit %2 g/l";
   NumberTexts numbers = {};
 };
 

@@ -60,8 +60,8 @@ TEST(LoopCheck, NotesEachChangeThatTheLoopMakesUntilItKeepsItsDiluent) {
     std::function<void(DiveTemplate&)> change;
     std::string text;
   } cases[] = {
-      {[](DiveTemplate& t) { t.OCDeco = false; }, "as its diluents: Tx21/35 at 57 m, EAN50 at 21 m, Oxygen at 6 m. If"},
-      {[](DiveTemplate&) {}, "as its diluents: Tx21/35 at 57 m. If"},
+      {[](DiveTemplate& t) { t.OCDeco = false; }, "as diluents: Tx21/35 at 57 m, EAN50 at 21 m, Oxygen at 6 m. If"},
+      {[](DiveTemplate&) {}, "as diluents: Tx21/35 at 57 m. If"},
       {[](DiveTemplate& t) { t.ChangeGasMixes.clear(); }, ""},
       {[](DiveTemplate& t) { t.KeepsDiluent = true; }, ""},
       {[](DiveTemplate& t) { t.OpenCircuit = true; }, ""}};

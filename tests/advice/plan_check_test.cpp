@@ -83,7 +83,7 @@ const RuleCase kOxygen[] = {
      kDanger,
      {0, 60},
      "Tx10/70 at 0 m (run time 0 min): PPO2 0.10 bar is too low to breathe, the limit is 0.18. Breathe another gas "
-     "shallower than 8 m",
+     "above 8 m",
      {{{9, 2}, {60, 20, "Tx10/70"}}}},
     {"HypoxicOnTheWayUp",
      Rule::Hypoxic,
@@ -113,14 +113,14 @@ const RuleCase kOxygen[] = {
      {{{35, 20, "EAN32"}}},
      kCaution,
      {0, 33},
-     "EAN32 at 35 m (run time 1.9 min): PPO2 1.44 bar is 0.04 above the limit of 1.40. Go no deeper than 33 m on it",
+     "EAN32 at 35 m (run time 1.9 min): PPO2 1.44 bar is 0.04 over the limit of 1.40. Stay above 33 m with it",
      {{{34.2, 20, "EAN32"}}}},
     {"HyperoxicByFar",
      Rule::Hyperoxic,
      {{{40, 20, "EAN32"}}, NoChanges},
      kDanger,
      {0, 33},
-     "0.20 above",
+     "0.20 over",
      {{{33, 20, "EAN32"}}, NoChanges}},
     // The limit of the bottom is the user's: 1.64 bar are too much whatever it is.
     {"HyperoxicAbove1_6",
@@ -128,7 +128,7 @@ const RuleCase kOxygen[] = {
      {{{41, 20, "EAN32"}}, Limits(1.55, 1.62)},
      kDanger,
      {0, 39},
-     "PPO2 1.64 bar is 0.09 above the limit of 1.55",
+     "PPO2 1.64 bar is 0.09 over the limit of 1.55",
      {{{39, 20, "EAN32"}}, Limits(1.55, 1.62)}},
     // EAN50 has 1.56 bar at 21 m: changed to for the ascent, but not breathed at the bottom or on the way down.
     {"HyperoxicTravelGas",
@@ -136,7 +136,7 @@ const RuleCase kOxygen[] = {
      {{{21, 3, "EAN50"}, {45, 20, "Tx21/35"}}},
      kCaution,
      {0, 21},
-     "EAN50 at 21 m (run time 1.2 min): PPO2 1.56 bar is 0.16 above",
+     "EAN50 at 21 m (run time 1.2 min): PPO2 1.56 bar is 0.16 over",
      {{{45, 20, "Tx21/35"}, {21, 4, "Tx21/35"}, {21, 2, "EAN50"}}}},
     {"HyperoxicStop",
      Rule::Hyperoxic,
@@ -158,7 +158,7 @@ const RuleCase kOxygen[] = {
      {{{30, 20}}, Loop(1.45, 1.3)},
      kCaution,
      {0, 6},
-     "Loop at 30 m (run time 1.7 min): PPO2 1.45 bar is 0.05 above the limit of 1.40",
+     "Loop at 30 m (run time 1.7 min): PPO2 1.45 bar is 0.05 over the limit of 1.40",
      {{{30, 20}}, Loop(1.4, 1.3)}},
     // Air at 65 m has 1.58 bar, whatever the setpoint.
     {"HyperoxicDiluent",
@@ -180,7 +180,7 @@ const RuleCase kOxygen[] = {
      {{{50, 20}}, Loop(1.2, 1.2)},
      kNote,
      {50, 50},
-     "Setpoint 1.20 at 50 m (run time 2.8 min) can not be held: the diluent Air alone gives 1.26 bar",
+     "Setpoint 1.20 at 50 m (run time 2.8 min) can't be held: the diluent Air alone gives 1.26 bar",
      {{{47, 20}}, Loop(1.2, 1.2)}},
 };
 
@@ -191,7 +191,7 @@ const RuleCase kGas[] = {
      {{{46, 10}}},
      kCaution,
      {0, 30},
-     "Air at 46 m (run time 2.6 min): END 46 m is 16 m beyond the limit of 30 m. At least 29 % helium",
+     "Air at 46 m (run time 2.6 min): END 46 m is 16 m over the limit of 30 m. Use at least 29 % helium",
      {{{30, 10}}}},
     // Nitrogen alone: EAN32 at 36 m has (46.13 / 10 x 0.68 / 0.79 - 1) x 10 = 29.7 m, at 37 m 30.6 m.
     {"NarcoticNitrogen",
@@ -199,7 +199,7 @@ const RuleCase kGas[] = {
      {{{37, 10, "EAN32"}}, NitrogenNarcotic},
      kCaution,
      {0, 33},
-     "END 30.6 m is 0.6 m beyond the limit of 30 m. At most 67 % nitrogen",
+     "END 30.6 m is 0.6 m over the limit of 30 m. Use at most 67 % nitrogen",
      {{{36, 10, "EAN32"}}, NitrogenNarcotic}},
     {"NarcoticByTheChange",
      Rule::Narcotic,
@@ -215,9 +215,9 @@ const RuleCase kGas[] = {
      {{{31, 10}}},
      kCaution,
      {0, 27},
-     "Air at 31 m (run time 1.7 min): gas density 5.23 g/l is above 5.2. More helium, or going no deeper than 30 m,",
+     "Air at 31 m (run time 1.7 min): gas density 5.23 g/l is over 5.2. Use more helium or stay above 30 m for 5.2",
      {{{30, 10}}}},
-    {"VeryDenseAir", Rule::Density, {{{39, 10}}}, kDanger, {0, 30}, "6.25 g/l is above 6.2", {{{30, 10}}}},
+    {"VeryDenseAir", Rule::Density, {{{39, 10}}}, kDanger, {0, 30}, "6.25 g/l is over 6.2", {{{30, 10}}}},
     // 100 ft: (100 / 33 + 1) atm x 1.01325 x 1.2712 = 5.19 g/l; 101 ft: 5.23 g/l.
     {"DenseInFeet",
      Rule::Density,
@@ -241,8 +241,9 @@ const RuleCase kGas[] = {
      {{{45, 25, "Tx18/45"}}},
      kNote,
      {21, 21},
-     "Tx18/45 to EAN50 at 21 m (run time 28.3 min): nitrogen rises by 13 %, more than a fifth of the 45 % that helium "
-     "falls by (counter-diffusion). Up to 45 % nitrogen beside its 50 % oxygen",
+     "Tx18/45 to EAN50 at 21 m (run time 28.3 min): nitrogen up 13 %, helium down 45 % (counter-diffusion). "
+     "Instructors' rule of thumb: nitrogen up by at most a fifth of what helium goes down. With 50 % oxygen: at most "
+     "45 % nitrogen",
      {{{45, 25, "Tx21/35"}}}},
     // At 21 m the loop holds 1.2 of 3.113 bar of oxygen; of the rest, 61 %, helium had 55 / 85.
     {"CounterDiffusionOnTheLoop",
@@ -250,7 +251,7 @@ const RuleCase kGas[] = {
      {{{45, 40, "Tx15/55"}}, Both(Loop(1.2, 1.2), Changes({{"EAN50", 21}}))},
      kNote,
      {21, 21},
-     "nitrogen rises by 40 %, more than a fifth of the 40 %",
+     "nitrogen up 40 %, helium down 40 %",
      {{{45, 40, "Tx15/55"}}, Loop(1.2, 1.2)}},
 };
 
@@ -289,7 +290,7 @@ const RuleCase kLegs[] = {
      {{{39, 20}}, Both(NoChanges, [](DiveTemplate& t) { t.LastStop = 9, t.GFLow = t.GFHigh = 0.05; })},
      kDanger,
      {9, 9},
-     "THIS PLAN DOES NOT DECOMPRESS: the stop at 9 m on Air",
+     "This plan never ends its decompression: the stop at 9 m on Air",
      {{{39, 20}}, Both(NoChanges, [](DiveTemplate& t) { t.LastStop = 6; })}},
     // From the bottom at 30 m the ascent waits for the surface itself.
     {"LastStopAtTheBottom",
@@ -311,9 +312,15 @@ const RuleCase kLegs[] = {
      {{{45, 65, "Tx21/35"}}},
      kCaution,
      {3, 0},
-     "CNS 86 % at the end of the dive: 80 % is passed at run time 1",
+     "CNS 86 % at the end of the dive: past 80 % at run time 1",
      {{{45, 60, "Tx21/35"}}}},
-    {"TooMuchCNS", Rule::CNS, {{{30, 160, "EAN32"}}}, kDanger, {6, 0}, "the limit, is passed", {{{30, 90, "EAN32"}}}},
+    {"TooMuchCNS",
+     Rule::CNS,
+     {{{30, 160, "EAN32"}}},
+     kDanger,
+     {6, 0},
+     "past 100 %, the limit, at run time",
+     {{{30, 90, "EAN32"}}}},
     {"MuchOTU", Rule::OTU, {{{30, 160, "EAN32"}}}, kCaution, {3, 0}, "OTU 322 at the end", {{{30, 140, "EAN32"}}}},
     // The move from the surface to 45 m takes 2.5 min at 18 m/min.
     {"LegLengthened",
@@ -356,22 +363,22 @@ const RuleCase kChanges[] = {
      {{{45, 20}}, Changes({{"EAN50", 21}, {"Oxygen", 6}})},
      kCaution,
      {6, 0},
-     "Oxygen at 6 m is never changed to: EAN50 at 21 m stands before it in the list of gas changes. Order that works: "
-     "Oxygen 6 m, EAN50 21 m",
+     "The ascent never changes to Oxygen at 6 m: EAN50 at 21 m stands before it in the list of gas changes. Order that "
+     "works: Oxygen 6 m, EAN50 21 m",
      {{{45, 20}}, Changes({{"Oxygen", 6}, {"EAN50", 21}})}},
     {"ChangeHiddenAtOneDepth",
      Rule::ChangeHidden,
      {{{45, 20}}, Changes({{"EAN50", 21}, {"EAN32", 21}})},
      kCaution,
      {21, 0},
-     "EAN32 at 21 m is never changed to: EAN50 is taken at that depth",
+     "The ascent never changes to EAN32 at 21 m: it takes EAN50 at that depth",
      {{{45, 20}}, Changes({{"None", 21}, {"EAN32", 21}})}},
     {"ChangeAboveTheLastStop",
      Rule::ChangeSkipped,
      {{{45, 20}}, Both(Changes({{"Oxygen", 3}}), [](DiveTemplate& t) { t.LastStop = 6; })},
      kCaution,
      {0, 0},
-     "Oxygen at 3 m is never changed to: the last stop is at 6 m",
+     "The ascent never changes to Oxygen at 3 m: the last stop is at 6 m",
      {{{45, 20}}, Both(Changes({{"Oxygen", 3}}), [](DiveTemplate& t) { t.LastStop = 3; })}},
     // Stops at 6 and 9 m: EAN50 could only be taken at 6 m, where Oxygen is.
     {"ChangeBetweenStops",
@@ -379,15 +386,15 @@ const RuleCase kChanges[] = {
      {{{45, 20}}, Changes({{"Oxygen", 6}, {"EAN50", 8}})},
      kCaution,
      {6, 0},
-     "EAN50 at 8 m is never changed to: gas is changed at the depths of stops, and at all of them from 8 m up another "
-     "gas is taken. Change at 9 m",
+     "The ascent never changes to EAN50 at 8 m: it changes gas at stop depths, and from 8 m up it takes another gas at "
+     "all of them. Change to it at 9 m",
      {{{45, 20}}, Changes({{"Oxygen", 5}, {"EAN50", 8}})}},
     {"ChangeUnknown",
      Rule::ChangeUnknown,
      {{{45, 20}}, Changes({{"oxygen", 6}, {"EAN50", 21}})},
      kCaution,
      {6, 0},
-     "oxygen at 6 m is never changed to: no gas",
+     "The ascent never changes to oxygen at 6 m: the plan has no gas of this name",
      {{{45, 20}}, Changes({{"", 0}})}},
     // EAN50 has 1.66 bar at 23 m, 1.61 at 22 m; the limit of the template is 1.62.
     {"ChangeTooDeep",
@@ -395,7 +402,7 @@ const RuleCase kChanges[] = {
      {{{25, 20}}, Changes({{"EAN50", 23}})},
      kCaution,
      {21, 0},
-     "EAN50 is changed to at 23 m: PPO2 1.66 bar is 0.04 above the limit of 1.62. Change at 22 m",
+     "Change to EAN50 at 23 m: PPO2 1.66 bar is 0.04 over the limit of 1.62. Change to it at 22 m",
      {{{25, 20}}, Changes({{"EAN50", 22}})}},
 };
 

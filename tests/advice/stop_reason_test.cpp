@@ -34,7 +34,7 @@ TEST(StopReason, TellsLoadAndToleranceOfTheLeadingCompartment) {
   const LanguageTable english = DefaultTexts(kRoot);
   EXPECT_EQ(TextOf(last, AdviceWords(english, {",", "."}, true)),
             "Compartment 4 (N2 18,5, He 7 min) holds " + FormatFixed(last.load, 3).replace(1, 1, ",") +
-                ", and 1,895 bar are tolerated at the surface (ZH-L16B, GF 85 %)");
+                ", and 1,895 bar is allowed at the surface (ZH-L16B, GF 85 %)");
 }
 
 /// At its end the leading compartment of a stop may go up; a minute before, some compartment could not.

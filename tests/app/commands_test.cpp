@@ -1,9 +1,13 @@
 #include <algorithm>
+#include <filesystem>
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <utility>
 
 #include "app/command_search.h"
+#include "app/help_pages.h"
 #include "dialogs/properties.h"
 #include "support/program_fixture.h"
 
@@ -144,14 +148,23 @@ TEST(Commands, ThatNeedAPlanAreDisabledWithoutOne) {
   EXPECT_TRUE(p.Editor().AddUserWaypoint(20, 20, 0));
   p.Document().Modified = false;
   EXPECT_TRUE(p.Main().CloseDocument(1));
-  const std::vector<std::string> usable = {
-      "mnuNewProfile",   "mnuOpen",           "mnuLoadTemplate", "mnuSaveTemplate",      "mnuTemplate",
-      "mnuExit",         "mnuBulhmannB",      "mnuBulhmannC",    "mnuConservatism",      "mnuLanguages",
-      "mnuFitPlan",      "mnuHelpContents",   "mnuHelpSearch",   "mnuSystemInformation", "mnuContributors",
-      "mnuHelpAbout",    "mnuGenerateTables", "mnuMixer",        "mnuPlanPane",          "mnuGoToPlan",
-      "mnuCheckPane",    "mnuMarginsPane",    "mnuViewCeiling",  "mnuViewStopMinutes",   "mnuViewDepths",
-      "mnuViewTissues",  "mnuImport",         "mnuReopen",       "mnuDefaultLayout",     "mnuViewLanguage",
-      "mnuDiveSettings", "mnuCommandSearch",  "mnuViewLight"};
+  const std::vector<std::string> usable = {"mnuNewProfile",     "mnuOpen",
+                                           "mnuLoadTemplate",   "mnuSaveTemplate",
+                                           "mnuTemplate",       "mnuExit",
+                                           "mnuBulhmannB",      "mnuBulhmannC",
+                                           "mnuConservatism",   "mnuLanguages",
+                                           "mnuFitPlan",        "mnuHelpContents",
+                                           "mnuHelpSearch",     "mnuSystemInformation",
+                                           "mnuContributors",   "mnuHelpAbout",
+                                           "mnuGenerateTables", "mnuMixer",
+                                           "mnuPlanPane",       "mnuGoToPlan",
+                                           "mnuCheckPane",      "mnuMarginsPane",
+                                           "mnuViewCeiling",    "mnuViewStopMinutes",
+                                           "mnuViewDepths",     "mnuViewTissues",
+                                           "mnuImport",         "mnuReopen",
+                                           "mnuDefaultLayout",  "mnuViewLanguage",
+                                           "mnuDiveSettings",   "mnuCommandSearch",
+                                           "mnuViewLight",      "example"};
   for (const MenuEntry& entry : p.Main().Menu()) {
     if (entry.item->Click == nullptr || !entry.item->Visible) continue;
     const bool expected = std::find(usable.begin(), usable.end(), entry.item->Name()) != usable.end();
@@ -243,8 +256,45 @@ TEST(Help, OpensTheGuideOfTheLanguage) {
   ASSERT_TRUE(p.Start());
   p.Main().mnuHelpSearch.Choose();
   ASSERT_EQ(p.platform.helpShown.size(), 1U);
-  EXPECT_EQ(p.platform.helpShown[0].first.filename(), "TAV_uk.hlp");
-  EXPECT_EQ(p.platform.helpShown[0].second, HelpViewer::Page::Search);
+  EXPECT_EQ(p.platform.helpShown[0].file.filename(), "TAV_uk.hlp");
+  EXPECT_EQ(p.platform.helpShown[0].page, HelpViewer::Page::Search);
+}
+
+// Each form with a page of its own opens it; the page is in every guide, since their anchors are the same.
+TEST(Help, OpensThePageOfAForm) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  const std::string guide = ReadTextFile(SourceFolder() / "lang/TAV_uk.hlp");
+  const std::set<std::string> without = {"frmAbout",  "frmCommandSearch",     "frmContributers",
+                                         "frmSplash", "frmSystemInformation", "frmWait"};
+  for (const auto& entry : std::filesystem::directory_iterator(SourceFolder() / "src/desktop/forms")) {
+    const std::string form = entry.path().stem().string();
+    const std::string page = HelpPageOf(form);
+    EXPECT_EQ(page.empty(), without.contains(form)) << form;
+    EXPECT_TRUE(page.empty() || guide.find("<a name=\"" + page + "\">") != std::string::npos) << form;
+  }
+  p.Main().ShowHelpOf(p.Main().Panes().PlanPane());
+  ASSERT_EQ(p.platform.helpShown.size(), 1U);
+  EXPECT_EQ(p.platform.helpShown[0].anchor, "plan-pane");
+}
+
+// Every example comes up computed, as a plan without a file that asks nothing when it is closed.
+TEST(Examples, AreOpenedAsNewPlans) {
+  HeadlessProgram p;
+  ASSERT_TRUE(p.Start());
+  frmPlanPane& pane = p.Main().Panes().PlanPane();
+  EXPECT_TRUE(pane.cbExamples.Visible);
+  pane.cbExamples.Click();
+  const std::vector<MenuItem*> examples = p.platform.popup;
+  ASSERT_EQ(examples.size(), 7U);
+  for (MenuItem* example : examples) {
+    example->Choose();
+    EXPECT_EQ(p.Document().ProfileFolder, "") << example->Caption.Get();
+    EXPECT_FALSE(p.Document().Modified) << example->Caption.Get();
+    EXPECT_GT(p.Editor().InputProfile.GetLength(), 5) << example->Caption.Get();
+    EXPECT_FALSE(pane.cbExamples.Visible);
+  }
+  EXPECT_THAT(p.platform.boxes, testing::IsEmpty());
 }
 
 // A plan is computed at each key: whatever follows it does so once.

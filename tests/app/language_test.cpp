@@ -183,7 +183,7 @@ TEST(FrmLanguages, PutTheLanguageInForceAtOnceAndKeepWhatIsEntered) {
   EXPECT_EQ(mixer.DesFill.Text.Get(), "232");
   EXPECT_THAT(mixer.lbOutcome.Caption.Get(), testing::HasSubstr("ergibt"));
   p.Main().mnuHelpContents.Choose();
-  EXPECT_EQ(p.platform.helpShown.back().first.filename(), "TAV_de.hlp");
+  EXPECT_EQ(p.platform.helpShown.back().file.filename(), "TAV_de.hlp");
 }
 
 TEST(ErrorReport, NamesNumberSourceAndDescription) {

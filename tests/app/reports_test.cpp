@@ -175,7 +175,7 @@ TEST(InformationWindow, AndItsCopySayWhenAPlanDoesNotDecompressOrHasNoAscent) {
   };
   EXPECT_EQ(notice(), "");
   p.Document().Decompresses = false;
-  EXPECT_THAT(notice(), HasSubstr("does not decompress"));
+  EXPECT_THAT(notice(), HasSubstr("never ends its deco"));
   p.Main().mnucleardecopoints.Choose();
   EXPECT_THAT(notice(), HasSubstr("has no ascent"));
 }

@@ -88,7 +88,7 @@ TEST_F(TavplanGraph, SaysWhatAPlanLacks) {
   const std::string file = (scratch_.Path() / "endless.tav").string();
   WriteTextFile(file, endless);
   EXPECT_EQ(Run({file, "-o", svg_}), ExitStatus::kDoesNotDecompress);
-  EXPECT_THAT(Texts(Picture()), HasSubstr("This plan does not decompress: a stop never clears.\n"));
+  EXPECT_THAT(Texts(Picture()), HasSubstr("This plan never ends its deco: a stop does not clear.\n"));
 }
 
 TEST_F(TavplanGraph, RefusesWhatItCanNotWriteOrDraw) {

@@ -168,6 +168,28 @@ TEST(TablesOfTavplan, SayWhatADiverMustNotBreathe) {
   EXPECT_THAT(tables("33"), Not(HasSubstr("PPO2")));  // 1.38 bar
 }
 
+// Worked by hand: air at 45 m and 5.513 bar is 5.513 x (0.21 x 1.411 + 0.79 x 1.234) = 7.01 g/l; Tx18/45 at 60 m,
+// END 28.6 m, 5.5 g/l.
+TEST(TablesOfTavplan, TellABottomWhoseGasIsNarcoticOrHeavy) {
+  const auto tables = [](const char* gas, const char* depths, const char* form = "--why") {
+    std::vector<std::string> words{"tables", "--gas", gas, std::string("--depths=") + depths, "--times=20:30:10"};
+    if (form == std::string("--json")) words.emplace_back(form);
+    return Tavplan(words).out;
+  };
+  const std::string air = tables("Air", "30:45:15");
+  EXPECT_THAT(air.substr(0, air.find("\n45 m\n")), Not(HasSubstr("END")));
+  EXPECT_THAT(air, testing::EndsWith("  ! Columns 20, 30: END 45 m at the bottom, limit 30 m\n"
+                                     "  ! Columns 20, 30: gas density 7.0 g/l at the bottom, limit 6.2 g/l\n"));
+  const std::string trimix = tables("Tx18/45", "60:60:1");
+  EXPECT_THAT(trimix,
+              testing::AllOf(Not(HasSubstr("END")), HasSubstr("gas density 5.5 g/l at the bottom, limit 5.2 g/l")));
+  const json found = json::parse(tables("Air", "45:45:1", "--json"))["tables"][0]["bottoms"];
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_EQ(found[1]["head"], "30");
+  EXPECT_DOUBLE_EQ(found[1]["end"], 45);
+  EXPECT_NEAR(found[1]["density"], 7.01, 0.005);
+}
+
 TEST(TablesOfTavplan, FromTheEndsOfLegsAreThoseOfTheirMinutes) {
   const std::string wreck = (kRoot / "dives/wreck.tav").string();
   const json ends = json::parse(Tavplan({"bailout", wreck, "--leg-ends", "--json"}).out)["scenarios"];
@@ -239,6 +261,8 @@ ZH-L16B, GF 30/85, open circuit, depths in m
   100/0        6     1     1     3
   100/0        3     1     2     3
   Run time          27    39    52
+  ! Columns 20 to 40: END 33 m at the bottom, limit 30 m
+  ! Columns 20 to 40: gas density 5.6 g/l at the bottom, limit 5.2 g/l
 )");
 }
 

@@ -85,7 +85,7 @@ TEST_F(Tavplan, TellsHowALoopIsComputed) {
   const std::string series = Scratch("series.tav");
   WriteTextFile(series, once + ReplaceAll(once, "SurfTime = 0", "SurfTime = 120"));
   EXPECT_EQ(Run({"check", series}), ExitStatus::kFine);
-  EXPECT_THAT(Out(), HasSubstr("advice: a surface interval of 120 min reckoned on the loop"));
+  EXPECT_THAT(Out(), HasSubstr("advice: a surface interval of 120 min computed on the loop"));
   EXPECT_EQ(Run({"plan", series}), ExitStatus::kFine);
   EXPECT_THAT(Out(), HasSubstr(", surface interval on the loop, "));
 

@@ -2,9 +2,14 @@
 #include <cstdio>
 #include <memory>
 #include <regex>
+#include <set>
 
 #include "cli/command.h"
 #include "cli/tavplan_fixture.h"
+#include "cli/usage_texts.h"
+#include "persist/text_file.h"
+#include "start/language_table.h"
+#include "support/source_folder.h"
 
 /// What is told of the commands, which the table of each command makes: help, completion of the shell, manual page.
 namespace tav {
@@ -44,6 +49,38 @@ TEST_F(Tavplan, HelpTellsEveryOptionAndShowsExamplesThatWork) {
          ++each) {
       EXPECT_EQ(std::ranges::count(command.options, (*each)[1].str(), &Option::name), 1) << (*each)[1];
     }
+  }
+}
+
+/// All that the help says in a language is told in it, and its file holds nothing else.
+TEST_F(Tavplan, HelpIsInTheLanguageOfTheUser) {
+  std::set<std::string> said;
+  const HelpWords keep = [&said](const std::string& english) {
+    said.insert(english);
+    return english;
+  };
+  HelpText(TavplanCommands(), keep);
+  for (const Command& command : TavplanCommands()) HelpText(command, keep);
+  for (const std::string language : {"de", "es", "fr", "it", "nl"}) {
+    const auto file = SourceFolder() / kLanguageFolder / ("TAV_" + language + ".cli");
+    std::istringstream lines(ReadTextFile(file));
+    std::set<std::string> known;
+    for (std::string line; std::getline(lines, line);) {
+      const std::string english = line.substr(0, line.find('\t'));
+      EXPECT_TRUE(said.contains(english)) << file << ": the help does not say " << english;
+      EXPECT_GT(line.size(), english.size() + 1) << file << ": without a translation: " << english;
+      // Names of options and values are the same in every language.
+      const std::regex name("--[a-z-]+|[A-Z]{4,}|[0-9]+");
+      for (std::sregex_iterator each(english.begin(), english.end(), name), end; each != end; ++each) {
+        EXPECT_THAT(line.substr(english.size()), testing::HasSubstr(each->str())) << file << ": " << english;
+      }
+      known.insert(english);
+    }
+    for (const std::string& english : said) EXPECT_TRUE(known.contains(english)) << file << " lacks " << english;
+    setenv("LC_ALL", language.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(Run({"mix", "--help"}), ExitStatus::kFine);
+    EXPECT_THAT(Out(), testing::HasSubstr(HelpWordsOf(SourceFolder(), "TAV_" + language + ".dll")("Examples") + ":"));
+    setenv("LC_ALL", "C", 1);  // NOLINT(concurrency-mt-unsafe)
   }
 }
 

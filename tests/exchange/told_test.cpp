@@ -97,7 +97,7 @@ TEST(CsvImport, TellsAHeadingThatMayBeABrokenWaypoint) {
   const auto remarks = [](const std::string& text) {
     return ImportCsv("legs.csv", text, ShippedDefaultTemplate(), test::Texts()).remarks;
   };
-  const auto heading = Contains(StartsWith("Lines ahead of the first waypoint that have digits"));
+  const auto heading = Contains(StartsWith("Lines ahead of the first leg that have digits"));
   EXPECT_THAT(remarks("depth,minutes,gas\n4O,2O,EAN32\n12,5,EAN32\n"), heading);
   EXPECT_THAT(remarks("depth,minutes,gas\n12,5,EAN32\n"), Not(heading));
 }

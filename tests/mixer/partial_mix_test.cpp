@@ -92,7 +92,7 @@ TEST_F(Mixer, ShowsBothResultsAndTheListToFillBy) {
   EXPECT_THAT(Column(1), ElementsAre("1", "85", "102", "200"));
   EXPECT_THAT(Column(2), ElementsAre("1", "91", "107", "200"));
   EXPECT_THAT(f.lbOutcome.Caption.Get(), HasSubstr("gives 18.1 % O2, 44.8 % He; MOD 67 m"));
-  EXPECT_THAT(f.lbIfIdeal.Caption.Get(), HasSubstr("really give 17.0 % O2, 48.0 % He"));
+  EXPECT_THAT(f.lbIfIdeal.Caption.Get(), HasSubstr("you would get 17.0 % O2, 48.0 % He"));
   EXPECT_EQ(f.lbHindrance.Caption.Get() + f.lbMisses.Caption.Get(), "");
   EXPECT_TRUE(f.Command1.Enabled);
 
@@ -113,12 +113,12 @@ TEST_F(Mixer, FillsWithAGasFromABankIntoAWarmCylinder) {
   f.DesFill.Type("210");
   f.tbTopO2.Type("32");
   EXPECT_THAT(Column(0), ElementsAre("Start", "EAN32"));
-  EXPECT_EQ(f.lbAboutAirTop.Caption.Get(), "Reckoned with air on top.");
+  EXPECT_EQ(f.lbAboutAirTop.Caption.Get(), "Worked out with air on top.");
   f.tbFilledAt.Type("45");
   EXPECT_EQ(f.fgFill.Text(0, 2), "At 45 °C (bar)");
   EXPECT_EQ(f.lbWarm.Caption.Get(), "Filled warm, at 45 °C: fill to 236 bar; it settles to 210 bar at 20 °C.");
   f.tbCelsius.Type("10");
-  EXPECT_THAT(f.lbPressures.Caption.Get(), HasSubstr("hold at 10 °C"));
+  EXPECT_THAT(f.lbPressures.Caption.Get(), HasSubstr("are for 10 °C"));
   const struct {
     TextBox frmPartialMix::*box;
     const char* typed;
@@ -158,9 +158,9 @@ TEST_F(Mixer, TellsWhatCameOutOfAFillAndWhatMendsIt) {
   EXPECT_EQ(f.CurFill.Text.Get() + " " + f.CurO2.Text.Get() + " " + f.CurHe.Text.Get(), "220 21.3 32.2");
   EXPECT_FALSE(f.Check1.Value);
   EXPECT_EQ(f.tbSteps.Text.Get(), "");
-  EXPECT_THAT(f.lbHindrance.Caption.Get(), HasSubstr("Drain the cylinder to 205 bar first, then the fill works."));
+  EXPECT_THAT(f.lbHindrance.Caption.Get(), HasSubstr("Drain to 205 bar first, then the fill works."));
   EXPECT_THAT(Column(0), ElementsAre("Drain to", "Helium", "Oxygen", "Air"));
-  EXPECT_THAT(f.lbOutcome.Caption.Get(), StartsWith("The list gives 21.0 % O2, 35.2 % He"));
+  EXPECT_THAT(f.lbOutcome.Caption.Get(), StartsWith("This fill gives 21.0 % O2, 35.2 % He"));
 }
 
 TEST_F(Mixer, TheEmptyCylinderAndWhatIsTypedDoNotContradictEachOther) {
@@ -239,7 +239,7 @@ TEST_F(Mixer, ComputesFromNumbersAloneAndSaysWhichFieldItLacks) {
       {&frmPartialMix::DesFill, "-5", "0", false, "Desired Fill must be above 0 and at most 1000 bar."},
       {&frmPartialMix::CurFill, "1e30", "1e30", false, "Current Fill must be at most 1000 bar."},
       {&frmPartialMix::CurFill, "-5", "0", true, ""},
-      {&frmPartialMix::DesO2, "100.1", "0", true, "Would have to come out: Oxygen. Draining does not help: "},
+      {&frmPartialMix::DesO2, "100.1", "0", true, "Too much: Oxygen. Draining does not help: "},
       {&frmPartialMix::DesHe, "-1", "0", true, ""},
       {&frmPartialMix::DesHe, "1e999", "0", true, ""},
       {&frmPartialMix::DesO2, "32.", "32.", true, ""}};
@@ -357,12 +357,12 @@ TEST_F(Mixer, SaysInWordsWhatCannotBeReachedAndPrintsNoSheetOfIt) {
   EXPECT_EQ(f.Command1.Caption.Get(), "Not possible");
   EXPECT_FALSE(f.Command1.Enabled);
   EXPECT_EQ(f.lbHindrance.Caption.Get(),
-            "Would have to come out: Oxygen. Drain the cylinder to 72 bar first, then the fill works. Nearest without "
+            "Too much: Oxygen. Drain to 72 bar first, then the fill works. Nearest without "
             "draining: 43.3 % O2, 0.0 % He.");
   EXPECT_EQ(f.lbHindrance.ForeColor.Get(), kRed);
   EXPECT_EQ(f.AirTopO2.Caption.Get(), "-27.2");
-  EXPECT_THAT(f.lbAboutAirTop.Caption.Get(), HasSubstr("would have to come out: Oxygen."));
-  EXPECT_EQ(f.lbAboutReal.Caption.Get(), "A figure below 0 is no pressure to fill to: fill by the list.");
+  EXPECT_THAT(f.lbAboutAirTop.Caption.Get(), HasSubstr("too much: Oxygen."));
+  EXPECT_EQ(f.lbAboutReal.Caption.Get(), "You can't fill to a pressure below 0: fill by the list.");
   f.CurFill.Type("72");
   EXPECT_EQ(f.lbHindrance.Caption.Get() + f.lbAboutAirTop.Caption.Get(), "");
   EXPECT_EQ(f.Command1.Caption.Get(), "Print");
@@ -378,8 +378,8 @@ TEST_F(Mixer, PrintsTheSheetOfAFillThatTheListCanDo) {
   frmPartialMix& f = Open();
   f.DesO2.Type("100");
   EXPECT_EQ(f.AirTopO2.Caption.Get(), "");
-  EXPECT_THAT(f.lbAboutAirTop.Caption.Get(), HasSubstr("would have to come out: Nitrogen."));
-  EXPECT_THAT(f.lbOutcome.Caption.Get(), StartsWith("The list gives 99.6 % O2"));
+  EXPECT_THAT(f.lbAboutAirTop.Caption.Get(), HasSubstr("too much: Nitrogen."));
+  EXPECT_THAT(f.lbOutcome.Caption.Get(), StartsWith("This fill gives 99.6 % O2"));
   EXPECT_TRUE(f.Command1.Enabled);
 }
 
@@ -410,7 +410,7 @@ TEST_F(Mixer, PrintsASheetWithTheListAndALineForTheAnalysis) {
   for (const char* told : {"Fill Sheet", "Fill by the gauge", "Oxygen", "Analysed:", "O2 %", "He %", "Date", "Name"}) {
     EXPECT_THAT(texts, Contains(told));
   }
-  EXPECT_THAT(texts, Contains(HasSubstr("The list gives 32.")));
+  EXPECT_THAT(texts, Contains(HasSubstr("This fill gives 32.")));
 }
 
 }  // namespace

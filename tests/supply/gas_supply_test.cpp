@@ -186,9 +186,9 @@ const Case kCases[] = {
      35,
      800,
      66.667,
-     {"Air goes into its reserve at 20 m (run time 8.3 min): 420 l are left in the end, 600 l are to stay. Carry 180 l "
+     {"Air goes into its reserve at 20 m (run time 8.3 min): 420 l left in the end, 600 l should stay. Carry 180 l "
       "more",
-      "Air at the end of leg 1 (20 m, run time 10 min): 500 l are left, and the minimum gas is 800 l. Carry 300 l "
+      "Air at the end of leg 1 (20 m, run time 10 min): 500 l left, and the minimum gas is 800 l. Carry 300 l "
       "more"}},
     // 10 l x 60 bar = 600 l, 60 l less than the dive asks for. 20 l are left at the end of the leg: 20 x (3 t - t x t /
     // 2)
@@ -201,8 +201,8 @@ const Case kCases[] = {
      -6,
      800,
      0,
-     {"20 l are left, and the minimum gas is 800 l. Carry 780 l more",
-      "Air runs out at 16.5 m (run time 10.4 min): the dive asks for 660 l, 600 l are carried. Carry 60 l more"}},
+     {"20 l left, and the minimum gas is 800 l. Carry 780 l more",
+      "Air runs out at 16.5 m (run time 10.4 min): the dive needs 660 l, you carry 600 l. Carry 60 l more"}},
     // 10 l x 50 bar are 80 l less than the leg takes.
     {"GoneBeforeTheLegEnds",
      With({{"Air", 1, 10, 0, 50, 0}}),
@@ -212,8 +212,8 @@ const Case kCases[] = {
      -16,
      800,
      0,
-     {"Air runs out at 20 m (run time 8.7 min): the dive asks for 660 l, 500 l are carried. Carry 160 l more",
-      "Air at the end of leg 1 (20 m, run time 10 min): 80 l are missing for the leg itself, and the minimum gas is "
+     {"Air runs out at 20 m (run time 8.7 min): the dive needs 660 l, you carry 500 l. Carry 160 l more",
+      "Air at the end of leg 1 (20 m, run time 10 min): 80 l short for the leg itself, and the minimum gas is "
       "800 "
       "l. Carry 880 l more"}},
     // Exactly what is asked for is enough: 660 l of 660 l, and one diver without stress, who leaves at once, has the 80
@@ -396,7 +396,7 @@ TEST(GasSupplies, TakeTheWayUpOfARebreatherOnOpenCircuit) {
   EXPECT_EQ(told.supply.VerdictOf(told.supply.waysOut[0]), GasVerdict::RunsOut);
   ASSERT_EQ(told.findings.size(), 1U);
   EXPECT_EQ(told.findings[0].severity, Severity::Danger);
-  EXPECT_THAT(told.findings[0].text, HasSubstr("asks for 800 l, 600 l are carried. Carry 200 l more"));
+  EXPECT_THAT(told.findings[0].text, HasSubstr("needs 800 l, you carry 600 l. Carry 200 l more"));
   // 50 bar of 15 l, 750 l, are to stay.
   const Reckoned reserve({{{20, 10}}, {{"Air", 1, 15, 0, 100, 50, true}}, loop, {}});
   EXPECT_EQ(reserve.supply.Of("Air")->verdict, GasVerdict::IntoReserve);
@@ -456,7 +456,7 @@ TEST(GasSupplies, SayWhereTheWayUpDoesNotDecompress) {
   ASSERT_EQ(dive.supply.legs.size(), 1U);
   EXPECT_FALSE(dive.supply.legs.front().decompresses);
   ASSERT_FALSE(dive.findings.empty());
-  EXPECT_THAT(dive.findings.front().text, HasSubstr("does not decompress"));
+  EXPECT_THAT(dive.findings.front().text, HasSubstr("on open circuit never ends"));
 }
 
 /// Whatever the plan: more divers and more stress never ask for less, and the plan is the same afterwards.

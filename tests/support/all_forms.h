@@ -66,8 +66,9 @@ struct Forms {
     forms.push_back(std::make_unique<frmPartialMix>(platform, reports, program.Document().Template));
     forms.push_back(std::make_unique<frmGeneralInfo>(services));
     forms.push_back(std::make_unique<frmCheckPane>(services, [](std::int16_t, std::int16_t, std::int16_t) {}));
-    forms.push_back(std::make_unique<frmPlanPane>(PlanPaneServices{
-        services, history, [](std::int16_t) { return false; }, [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
+    forms.push_back(
+        std::make_unique<frmPlanPane>(PlanPaneServices{services, history, [](std::int16_t) { return false; }, [] {},
+                                                       [] {}, [](std::int16_t) {}, [](std::int16_t) {}}));
     forms.push_back(std::make_unique<frmWhatIf>(services, reports, lines));
     const MarginActs acts{[](const ComparedPlan&) {}, [](const std::optional<ComparedPlan>&) {},
                           [](std::int16_t, Single) { return std::string(); }, [] { return std::string(); },

@@ -106,8 +106,8 @@ TEST(SmallTables, WhatTheTableDropsOrLabelsWithAnotherGasIsTold) {
   EXPECT_THAT(Told(table.left_out), ElementsAre("10 12 2", "20 9 4"));
   EXPECT_THAT(Told(table.other_gas), ElementsAre("10 9 21/0"));
   EXPECT_THAT(TableRemarks(table, {}, false),
-              ElementsAre("Column 10: stop also at 12 m 2 min on 21/0", "Column 10: breathe 21/0 at 9 m",
-                          "Column 20: stop also at 9 m 4 min on 50/0", "Column 20: stop at 9.4 m instead of 9 m"));
+              ElementsAre("Column 10: also stop at 12 m 2 min on 21/0", "Column 10: breathe 21/0 at 9 m",
+                          "Column 20: also stop at 9 m 4 min on 50/0", "Column 20: stop at 9.4 m instead of 9 m"));
 }
 
 TEST(SmallTables, DepthsOfHalfAMetreAreToldAsTheyAreBesideTheCells) {

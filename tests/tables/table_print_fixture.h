@@ -48,7 +48,7 @@ struct Words : TextSource {
                                                    {Text::BailoutTables, "Bail-out Tables"},
                                                    {Text::TableBailoutTitle, "Bail-out, %1"},
                                                    {Text::PartOf, "%1 of %2"},
-                                                   {Text::InfoRunTime, "Runtime"}};
+                                                   {Text::InfoRunTime, "Run time"}};
     const auto found = kTexts.find(id);
     return found == kTexts.end() ? "#" + std::to_string(id) : found->second;
   }

@@ -44,7 +44,7 @@ TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
   EXPECT_THAT(PlacesOf(1, "21/0"), Contains(near(x0 + 0.05, 2.2)));
   const SmallTable table = MakeSmallTable(*plans.Cuts(plan.Tag(), 10).Compute(0, kGoOn), "Depth");
   const double totals = 1.7 + (table.LastRow() + 1) * 0.5;
-  EXPECT_THAT(PlacesOf(1, "Runtime"), Contains(near(x0 + 0.2, totals)));
+  EXPECT_THAT(PlacesOf(1, "Run time"), Contains(near(x0 + 0.2, totals)));
   EXPECT_THAT(PlacesOf(1, table.totals[0]), Contains(near(centred(x0 + 1.6 + 0.27, table.totals[0]), totals)));
   // Every second column is grey, down to the frame.
   const double u = page::kUnitsPerCm;
