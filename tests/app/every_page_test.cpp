@@ -1,6 +1,7 @@
-// Every page in every language: all texts lie on the paper, and none over another.
+// Every page in every language: all texts lie on the paper, none over another, and none is lost in grey.
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
@@ -28,21 +29,49 @@ struct PlacedText {
   std::string text;
 };
 
+/// How light a printer without colours makes a colour, 0 to 255.
+double Grey(Colour colour) {
+  return 0.299 * (colour & 255) + 0.587 * (colour >> 8 & 255) + 0.114 * (colour >> 16 & 255);
+}
+
 /// Keeps the level texts of a page with the room that they take.
 class TextsOfPage : public RecordingSurface {
  public:
   explicit TextsOfPage(const PageSize& size) : RecordingSurface(size.width, size.height) {}
-  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour /*colour*/,
+  void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
                 double angle) override {
-    if (angle == 0 && !text.empty()) texts.push_back({x, y, PageTextWidth(text, font), font.points * 20, text});
+    if (angle != 0 || text.empty()) return;
+    texts.push_back({x, y, PageTextWidth(text, font), font.points * 20, text});
+    constexpr double kApart = 70;
+    if (std::fabs(Grey(colour) - GroundAt(x + texts.back().width / 2, y + texts.back().height / 2)) < kApart) {
+      faint.push_back(text);
+    }
+  }
+  void FilledBox(double x0, double y0, double x1, double y1, Colour colour) override {
+    const auto [left, right] = std::minmax({x0, x1});
+    const auto [top, bottom] = std::minmax({y0, y1});
+    boxes_.push_back({left, top, right, bottom, Grey(colour)});
   }
   [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override {
     return measure_.TextWidth(text, font);  // 1/1440 inch and 1/567 cm are one length
   }
   std::vector<PlacedText> texts;
+  std::vector<std::string> faint;  ///< texts that a printer without colours makes as light as their ground
 
  private:
+  struct Ground {
+    double left, top, right, bottom, grey;
+  };
+  /// The grey of the last box there; the paper is white.
+  [[nodiscard]] double GroundAt(double x, double y) const {
+    const auto box = std::find_if(boxes_.rbegin(), boxes_.rend(), [&](const Ground& each) {
+      return each.left <= x && x <= each.right && each.top <= y && y <= each.bottom;
+    });
+    return box == boxes_.rend() ? 255 : box->grey;
+  }
+
   ArialMeasure measure_;
+  std::vector<Ground> boxes_;
 };
 
 /// A text that a cut would go through.
@@ -95,6 +124,7 @@ void LookAtPages(const PrintPreview& report, const std::string& what, double sma
     for (const PlacedText& text : paper.texts) {
       if (text.height < smallest * 20) faults.push_back("\"" + text.text + "\" is too small to be read");
     }
+    for (const std::string& text : paper.faint) faults.push_back("\"" + text + "\" is lost in grey");
     for (const std::string& fault : faults) ADD_FAILURE() << what << ", page " << page << ": " << fault;
   }
 }

@@ -125,6 +125,18 @@ TEST(NumberText, IsReadByItsNumericPrefixOrStrictlyAsAWhole) {
   }
 }
 
+// What is read need not end where its text does.
+TEST(NumberText, IsReadToItsEndAndNoFurther) {
+  for (const char* text : {"1e52", "1e5", "123", "1.5", "-12"}) {
+    const std::string_view all(text);
+    const std::string_view head = all.substr(0, all.size() - 1);
+    const bool isWhole = head != "1e";
+    EXPECT_EQ(IsNumber(head), isWhole) << head;
+    EXPECT_EQ(ParseStrict(head), isWhole ? std::optional(std::stod(std::string(head))) : std::nullopt) << head;
+  }
+  EXPECT_EQ(ParseLenient("1e12 m"), 1e12);
+}
+
 TEST(NumberText, OfADialogHasTheSeparatorsOfTheUser) {
   const LocaleSeparators german{",", "."};
   const LocaleSeparators english{".", ","};

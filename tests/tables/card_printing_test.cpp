@@ -172,7 +172,5 @@ TEST_F(TablePrint, ACancelWithinTheCardsShowsNothing) {
   EXPECT_EQ(window.shown, "");
 }
 
-// The laws of small tables, tried on the cuts of random plans.
-
 }  // namespace
 }  // namespace tav
