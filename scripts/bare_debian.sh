@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Takes the road of a newcomer: clones a commit into a bare Debian and runs the README's ./run and ./test there. On
-# Debian 12 it makes the package, too, and takes the road of a diver: installs it in another bare Debian 12, works with it,
-# and removes it. On Debian 13 the tests run without a screen.
+# Takes the road of a newcomer: clones a commit into a bare Debian, runs the README's ./run and ./test there, on Debian 13
+# without a screen, and makes the packages. Then it takes the road of a diver: in another bare Debian, which has no Qt, X11
+# or Wayland, it works with the folder to run from; installs the package, works with both, and removes the package.
+# What the newcomer made lies in build/bare_debian/COMMIT afterwards. The folder is made on 12, and the same one is then
+# proven on 13: run 12 first.
 # The machines are made for the occasion, from this machine's own apt sources and settings, and taken away on every exit.
 # Nothing but the compiler's cache is carried in. Usage: scripts/bare_debian.sh 12|13 [COMMIT]
 set -euo pipefail
@@ -20,6 +22,7 @@ root=$place/root    # the newcomer's machine
 diver=$place/diver  # the diver's machine
 clean() {
   local mount
+  [ -z "${screen:-}" ] || kill "$screen" 2>/dev/null || true
   # What hangs deepest goes first; nothing may be left that a removal would follow into this machine.
   while read -r mount; do umount "$mount" 2>/dev/null || umount -l "$mount"; done \
     < <(awk -v root="$place" 'index($5, root "/") == 1 {print $5}' /proc/self/mountinfo | sort -r)
@@ -53,9 +56,8 @@ if ! mmdebstrap --quiet --mode=root --variant=minbase "${settings[@]}" "$suite" 
   exit 1
 fi
 cp /etc/resolv.conf /etc/hosts "$root/etc/"
-machines=("$root")
-[ "$1" = 12 ] && cp -a "$root" "$diver" && machines+=("$diver")
-for machine in "${machines[@]}"; do
+cp -a "$root" "$diver"
+for machine in "$root" "$diver"; do
   mount -t proc proc "$machine/proc"
   mount -t sysfs -o ro sysfs "$machine/sys"
   mount --rbind /dev "$machine/dev"
@@ -76,34 +78,74 @@ on() {
     chroot "$1" /bin/sh -c "$2"
 }
 commands=("./run new --depth 60 --time 25 --gas Tx18/45")
-if [ "$1" = 12 ]; then commands+=("./test" "scripts/package"); else commands+=("./test -E ^Screen"); fi
+if [ "$1" = 12 ]; then commands+=("./test"); else commands+=("./test -E ^Screen"); fi
+commands+=("scripts/package")
 for command in "${commands[@]}"; do
   echo "\$ $command ($SECONDS s)"
   on "$root" "cd /tav && $command"
 done
+made=build/bare_debian/$commit
+[ "$1" = 13 ] || rm -rf build/bare_debian
+mkdir -p "$made"
+cp "$root"/tav/build/package/tav_* "$made/"
 
-[ "$1" = 12 ] || { echo "== done ($SECONDS s)"; exit 0; }
 echo "== a diver's machine ($SECONDS s)"
 cp "$root"/tav/build/package/tav_*.deb "$diver/tav.deb"
-mkdir "$diver/portable"
-tar -C "$diver/portable" --strip-components=1 -xzf "$root"/tav/build/package/tav_*.tar.gz
-cat >"$diver/as_diver.sh" <<'EOF'
+cp bench/as_user.sh "$diver/"
+if [ -e "$(echo "$made"/tav_*_amd64.tar.gz)" ]; then
+  mkdir "$diver/portable"
+  tar -C "$diver/portable" --strip-components=1 -xzf "$made"/tav_*_amd64.tar.gz
+else
+  echo "No folder was made of this commit on 12: that it runs on $1 is not proven." >&2
+fi
+display=
+if command -v Xvfb >/dev/null; then
+  # A screen outside, as the diver's machine has nothing that could show windows.
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$place/display" 2>/dev/null &
+  screen=$!
+  timeout 20 sh -c "until [ -s '$place/display' ]; do sleep 0.1; done"
+  display=:$(cat "$place/display")
+  mkdir -p "$diver/tmp/.X11-unix"
+  mount --bind /tmp/.X11-unix "$diver/tmp/.X11-unix"
+else
+  echo "There is no Xvfb: that windows open on X11 is not proven." >&2
+fi
+cat >"$diver/as_diver_before.sh" <<'EOF'
+# The folder, on a machine that has nothing of what it needs. sh as_diver_before.sh [DISPLAY]
 set -eux
-# What is installed and what runs from its folder.
+if dpkg-query -W -f '${Package}\n' | grep -E 'qt|x11|xcb|xkb|wayland|fontconfig|fonts'; then exit 1; fi
+/portable/tavplan plan /portable/share/tav/dives/wreck.tav
+/portable/tavplan report /portable/share/tav/dives/wreck.tav --pdf before.pdf
+head -c 5 before.pdf | grep -q '%PDF-'
+status=0
+/portable/tav 2>told || status=$?
+[ "$status" -eq 2 ]
+grep 'no display' told
+QT_QPA_PLATFORM=offscreen /portable/tav --start-check
+[ -z "${1:-}" ] || DISPLAY=$1 QT_QPA_PLATFORM=xcb /portable/tav --start-check
+EOF
+cat >"$diver/as_diver.sh" <<'EOF'
+# What is installed, and what runs from its folder beside it. sh as_diver.sh [DISPLAY]
+set -eux
 for tav in "" /portable/; do
+  [ -z "$tav" ] || [ -d "$tav" ] || continue
   "${tav}tavplan" new --depth 60 --time 25 --gas Tx18/45 -o dive.tav >slate.txt
   "${tav}tavplan" report dive.tav --pdf dive.pdf
   "${tav}tavplan" export dive.tav --uddf dive.uddf
   QT_QPA_PLATFORM=offscreen "${tav}tav" --start-check
+  [ -z "${1:-}" ] || DISPLAY=$1 QT_QPA_PLATFORM=xcb "${tav}tav" --start-check
 done
 head -c 5 dive.pdf | grep -q '%PDF-'
+[ -z "${1:-}" ] || DISPLAY=$1 QT_QPA_PLATFORM=xcb sh /as_user.sh tav tavplan /usr/share/tav/dives 5
+dpkg-query -W -f 'installed: ${Installed-Size} kB\n' tav
 if ldd /usr/bin/tavplan | grep -i qt; then exit 1; fi
 EOF
 cat >"$diver/as_root.sh" <<'EOF'
 set -eux
-{ apt-get update && apt-get install -y --no-install-recommends /tav.deb; } >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }
 useradd --create-home diver
-su - diver -c "sh -e /as_diver.sh"
+[ ! -d /portable ] || su - diver -c "sh /as_diver_before.sh $*"
+{ apt-get update && apt-get install -y --no-install-recommends /tav.deb; } >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }
+su - diver -c "sh /as_diver.sh $*"
 set +x
 dpkg -L tav | while read -r path; do [ -d "$path" ] || echo "$path"; done >/tmp/files
 [ "$(wc -l </tmp/files)" -gt 40 ]
@@ -113,5 +155,5 @@ left=$(find /usr /etc /opt /var -iname '*tav*' -newer /as_root.sh ! -path '/var/
 [ -z "$left" ] || { echo "left behind: $left"; exit 1; }
 [ -s /home/diver/dive.tav ] && [ -s /home/diver/dive.pdf ]
 EOF
-on "$diver" "sh /as_root.sh"
+on "$diver" "sh /as_root.sh $display"
 echo "== done ($SECONDS s)"

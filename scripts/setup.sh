@@ -28,8 +28,8 @@ setup() {
 build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
   libpugixml-dev qt6-base-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev libgl-dev fonts-liberation2 qt6-translations-l10n)
 
-# What scripts/package needs beside that.
-package_packages=(dpkg-dev file lintian appstream desktop-file-utils librsvg2-bin)
+# What scripts/package needs beside that; the last two are for the folder to run from.
+package_packages=(dpkg-dev file lintian appstream desktop-file-utils librsvg2-bin patchelf qt6-wayland)
 
 # What the tests of the real window need beside that.
 screen_packages=(xvfb xdotool openbox imagemagick poppler-utils x11-utils)
