@@ -32,7 +32,7 @@ table() {
   echo "|---|---:|---|"
   echo "| tests without windows | $(tests "${plain[@]}") | \`tests/FOLDER\` |"
   echo "| those among them that draw their cases at random | $(at_random "${plain[@]}") | |"
-  echo "| laws among them | $(tests tests/*/*laws_test.cpp) | \`tests/engine/laws_test.cpp\`, \`tests/compute/bailout_laws_test.cpp\` |"
+  echo "| laws among them | $(tests tests/*/*law*_test.cpp) | \`tests/*/*law*_test.cpp\` |"
   echo "| tests of the windows | $(tests tests/desktop/*.cpp) | \`tests/desktop\` |"
   echo "| tests that read PDF files back | $(tests tests/pdf/*.cpp) | \`tests/pdf\` |"
   echo "| tests on a screen | $(grep -c 'add_test(NAME Screen\.' tests/CMakeLists.txt) | \`tests/screen\` |"

@@ -11,6 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* kFolder = "dives";
+
 struct Example {
   const char* file;
   int text;
@@ -25,14 +27,18 @@ constexpr Example kExamples[] = {
 }  // namespace
 
 ExamplePlans::ExamplePlans(Form& form, const MainServices& services, MenuItem& all)
-    : services_(services), folder_(services.folders.ProgramFolder() / "dives") {
+    : services_(services), folder_(services.folders.ProgramFolder() / kFolder) {
   for (const Example& example : kExamples) {
     auto item = std::make_unique<MenuItem>(form, "example");
     item->Click = [this, file = folder_ / example.file] { Open(file); };
     items_.push_back(std::move(item));
   }
+  all.Visible = AreThere(services);
+}
+
+bool ExamplePlans::AreThere(const MainServices& services) {
   std::error_code error;
-  all.Visible = fs::is_directory(folder_, error);
+  return fs::is_directory(services.folders.ProgramFolder() / kFolder, error);
 }
 
 void ExamplePlans::SetTexts() {

@@ -14,6 +14,8 @@ class ExamplePlans {
   /// The entry `all` is seen where the program has its examples.
   ExamplePlans(Form& form, const MainServices& services, MenuItem& all);
 
+  /// The program has its examples.
+  [[nodiscard]] static bool AreThere(const MainServices& services);
   /// An entry for each, with what it shows.
   [[nodiscard]] const MenuItems& Items() const { return items_; }
   void SetTexts();

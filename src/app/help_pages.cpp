@@ -6,15 +6,33 @@
 namespace tav {
 namespace {
 
-constexpr std::pair<std::string_view, std::string_view> kPages[] = {
-    {"PrintPrev", "preview"},        {"PrintPrint", "preview"},        {"frmBailoutStart", "bailout"},
-    {"frmCheckPane", "check-pane"},  {"frmCompare", "comparison"},     {"frmConservatism", "conservatism"},
-    {"frmCylinders", "supply"},      {"frmGasBlend", "custom-gas"},    {"frmGeneralInfo", "information"},
-    {"frmLanguages", "languages"},   {"frmLeaving", "saving"},         {"frmLiability", "safety"},
-    {"frmMargins", "margins"},       {"frmMarginsPane", "margins"},    {"frmMultiLevel", "waypoint-dialog"},
-    {"frmPartialMix", "mixer"},      {"frmPlanPane", "plan-pane"},     {"frmPlanSheet", "plan-sheet"},
-    {"frmProperties", "properties"}, {"frmReportSelection", "report"}, {"frmTableExpert", "deco-tables"},
-    {"frmWaypointForm", "graph"},    {"frmWhatIf", "what-if"}};
+constexpr std::pair<std::string_view, std::string_view> kPages[] = {{"PrintPrev", "preview"},
+                                                                    {"PrintPrint", "preview"},
+                                                                    {"frmBailoutStart", "bailout"},
+                                                                    {"frmCheckPane", "check-pane"},
+                                                                    {"frmCompare", "comparison"},
+                                                                    {"frmConservatism", "conservatism"},
+                                                                    {"frmCylinders", "supply"},
+                                                                    {"frmGasBlend", "custom-gas"},
+                                                                    {"frmGeneralInfo", "information"},
+                                                                    {"frmLanguages", "languages"},
+                                                                    {"frmLeaving", "saving"},
+                                                                    {"frmLiability", "safety"},
+                                                                    {"frmMargins", "margins"},
+                                                                    {"frmMarginsPane", "margins"},
+                                                                    {"frmMultiLevel", "series"},
+                                                                    {"frmPartialMix", "mixer"},
+                                                                    {"frmPlanPane", "plan-pane"},
+                                                                    {"frmPlanSheet", "plan-sheet"},
+                                                                    {"frmProperties", "properties"},
+                                                                    {"frmReportSelection", "report"},
+                                                                    {"frmTableExpert", "deco-tables"},
+                                                                    {"frmWaypointForm", "waypoint-dialog"},
+                                                                    {"frmWhatIf", "what-if"},
+                                                                    {"frmAbout", "menu-window"},
+                                                                    {"frmCommandSearch", "menu-window"},
+                                                                    {"frmContributers", "menu-window"},
+                                                                    {"frmSystemInformation", "menu-window"}};
 
 }  // namespace
 

@@ -143,7 +143,10 @@ void frmMain::WireWindow() {
 }
 
 void frmMain::WireHelp() {
-  mnuHelpContents.Click = [this] { ShowHelp(HelpViewer::Page::Contents); };
+  mnuHelpContents.Click = [this] {
+    const PaneForm* pane = services_.view.FocusedPane();
+    ShowHelp(HelpViewer::Page::Contents, pane == nullptr ? "" : HelpPageOf(pane->Name()));
+  };
   mnuHelpSearch.Click = [this] { ShowHelp(HelpViewer::Page::Search); };
   mnuCommandSearch.Click = toolSearch.Click = [this] { SearchCommands(); };
   mnuHelpAbout.Click = [this] {

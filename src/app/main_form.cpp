@@ -24,7 +24,9 @@ frmMain::frmMain(MainServices services)
       looks_(services_),
       panes_(
           services_, dialogServices_, looks_, {mnuPlanPane, mnuCheckPane, mnuMarginsPane, mnuGoToPlan, sbFindings},
-          [this] { dialogs_.EditTemplate(); }, [this] { examples_.PopUp(); }, ActsOfMargins(KeptPlans::Looker::Pane)),
+          [this] { dialogs_.EditTemplate(); },
+          ExamplePlans::AreThere(services_) ? std::function<void()>([this] { examples_.PopUp(); }) : nullptr,
+          ActsOfMargins(KeptPlans::Looker::Pane)),
       dialogs_(services_, dialogServices_, panes_),
       recent_(*this, services_, mnuRecent, [this](const std::filesystem::path& file) { OpenFile(file); }),
       examples_(*this, services_, mnuExamples),

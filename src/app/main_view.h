@@ -71,6 +71,8 @@ class MainView {
   virtual void ShowPane(PaneForm& pane, bool shown) = 0;
   /// Gives the pane, which is shown, the keyboard.
   virtual void FocusPane(PaneForm& pane) = 0;
+  /// The pane that has the keyboard; null for none.
+  [[nodiscard]] virtual const PaneForm* FocusedPane() const = 0;
   /// Where the panes are and which are shown, as a text of its own making.
   [[nodiscard]] virtual std::string PanesNow() const = 0;
   /// Puts the panes where such a text tells, and returns those that it tells to be shown; nothing for a text of

@@ -10,10 +10,14 @@
 namespace tav {
 namespace {
 
-/// As it is compared: small letters without their accents.
+/// As it is compared: small letters without their accents, each at the place that it has in the text.
 QString Plain(const QString& text) {
-  static const QRegularExpression marks(QStringLiteral("\\p{Mn}"));
-  return text.normalized(QString::NormalizationForm_D).remove(marks).toCaseFolded();
+  QString plain = text;
+  for (QChar& letter : plain) {
+    if (letter.decompositionTag() == QChar::Canonical) letter = letter.decomposition().front();
+    letter = letter.toLower();
+  }
+  return plain;
 }
 
 qsizetype CountIn(const QString& text, const QStringList& words) {
@@ -41,6 +45,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   found_ = new QListWidget;
   found_->setObjectName(QStringLiteral("helpFound"));
   found_->setWordWrap(true);
+  found_->setAlternatingRowColors(true);
   words_->setAccessibleName(T(Text::HelpSearch));
   found_->setAccessibleName(T(Text::HelpSearch));
   searchLayout->addWidget(words_);
@@ -80,16 +85,22 @@ HelpWindow::HelpWindow(const std::filesystem::path& file, const TextSource& text
   FillContents(html);
   FindSections();
   ShowTurns();
-  connect(contents_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+  const auto showPage = [this](const QTreeWidgetItem* item) {
     if (item != nullptr) Leave([&] { page_->scrollToAnchor(item->data(0, Qt::UserRole).toString()); });
-  });
+  };
+  connect(contents_, &QTreeWidget::currentItemChanged, this, showPage);
+  connect(contents_, &QTreeWidget::itemClicked, this, showPage);  // the one that is marked, too
   connect(page_, &QTextBrowser::anchorClicked, this,
           [this](const QUrl& link) { Leave([&] { page_->scrollToAnchor(link.fragment()); }); });
   connect(words_, &QLineEdit::textChanged, this, &HelpWindow::Search);
-  connect(found_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+  const auto showFound = [this](const QListWidgetItem* item) {
     if (item == nullptr || !item->data(Qt::UserRole).isValid()) return;
-    Leave([&] { ShowFound(item->data(Qt::UserRole).toInt(), Plain(words_->text()).simplified().split(u' ')); });
-  });
+    const int place = item->data(Qt::UserRole).toInt();
+    Leave([&] { GoTo(place); });
+    MarkFound(place);
+  };
+  connect(found_, &QListWidget::currentItemChanged, this, showFound);
+  connect(found_, &QListWidget::itemClicked, this, showFound);
 }
 
 QString HelpWindow::T(int id) const {
@@ -183,8 +194,13 @@ void HelpWindow::Search(const QString& words) {
       const qsizetype place = Plain(line).indexOf(word);
       if (place >= 0) at = std::min(at, place);
     }
-    const qsizetype from = std::max<qsizetype>(0, at - kBefore);
-    const QString around = line.mid(from, kBefore + kBehind).simplified();
+    // Whole words of the paragraph around the first one that is searched.
+    const qsizetype from = at <= kBefore ? 0 : line.indexOf(u' ', at - kBefore) + 1;
+    const qsizetype to = line.lastIndexOf(u' ', std::min(at + kBehind, line.size() - 1));
+    const bool whole = at + kBehind >= line.size();
+    const QString around = (from > 0 ? QStringLiteral("\u2026 ") : QString()) +
+                           line.mid(from, whole ? -1 : to - from).simplified() +
+                           (whole ? QString() : QStringLiteral(" \u2026"));
     auto* item = new QListWidgetItem(around == section.title ? section.title : section.title + u'\n' + around);
     item->setData(Qt::UserRole, best.position());
     found_->addItem(item);
@@ -196,8 +212,8 @@ void HelpWindow::Search(const QString& words) {
   }
 }
 
-void HelpWindow::ShowFound(int place, const QStringList& words) {
-  GoTo(place);
+void HelpWindow::MarkFound(int place) {
+  const QStringList words = Plain(words_->text()).simplified().split(u' ');
   const QTextBlock block = page_->document()->findBlock(place);
   QList<QTextEdit::ExtraSelection> marks;
   const QString plain = Plain(block.text());
@@ -225,9 +241,11 @@ void HelpWindow::GoTo(int place) {
 
 void HelpWindow::Leave(const std::function<void()>& go) {
   page_->setExtraSelections({});
-  behind_.push_back(Place());
-  ahead_.clear();
+  const int from = Place();
   go();
+  if (Place() == from) return;
+  behind_.push_back(from);
+  ahead_.clear();
   ShowTurns();
 }
 

@@ -41,7 +41,8 @@ class HelpWindow : public QDialog {
   void FindSections();
   /// Pages that hold all words, in any order, the first place of them in the best of their paragraphs.
   void Search(const QString& words);
-  void ShowFound(int place, const QStringList& words);
+  /// The words that are searched, in the paragraph at a place.
+  void MarkFound(int place);
 
   /// The place at the head of the view.
   [[nodiscard]] int Place() const;

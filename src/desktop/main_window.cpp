@@ -242,6 +242,8 @@ void MainWindow::ShowPane(PaneForm& pane, bool shown) {
 
 void MainWindow::FocusPane(PaneForm& pane) { docks_->Focus(pane); }
 
+const PaneForm* MainWindow::FocusedPane() const { return docks_->Focused(); }
+
 std::string MainWindow::PanesNow() const { return docks_->State(); }
 
 std::optional<std::vector<PaneForm*>> MainWindow::RestorePanes(const std::string& panes) {

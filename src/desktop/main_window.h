@@ -36,6 +36,7 @@ class MainWindow : public QMainWindow, public MainView {
   void MenuChanged() override;
   void ShowPane(PaneForm& pane, bool shown) override;
   void FocusPane(PaneForm& pane) override;
+  [[nodiscard]] const PaneForm* FocusedPane() const override;
   [[nodiscard]] std::string PanesNow() const override;
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& panes) override;
   void PlacePanes() override;

@@ -157,6 +157,14 @@ void PaneDocks::Focus(PaneForm& pane) {
   pane.TakeFocus();
 }
 
+const PaneForm* PaneDocks::Focused() const {
+  const QWidget* focus = QApplication::focusWidget();
+  for (const auto& [pane, dock] : docks_) {
+    if (dock->isAncestorOf(focus)) return pane;
+  }
+  return nullptr;
+}
+
 std::string PaneDocks::State() {
   NoteSizes();
   QStringList parts{QString::fromLatin1(window_.saveState(kStateVersion).toBase64())};

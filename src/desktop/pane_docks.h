@@ -26,6 +26,8 @@ class PaneDocks : public QObject {
 
   void Show(PaneForm& pane, bool shown);
   void Focus(PaneForm& pane);
+  /// The one that has the keyboard; null for none.
+  [[nodiscard]] const PaneForm* Focused() const;
   [[nodiscard]] std::string State();
   std::optional<std::vector<PaneForm*>> Restore(const std::string& state);
   /// All of them below each other at the right, in their first sizes.

@@ -19,7 +19,7 @@ struct PlanPaneServices {
   /// The plan can't be changed: a run of tables computes from it.
   std::function<bool(std::int16_t document)> held;
   std::function<void()> editTemplate;
-  /// Offers example plans.
+  /// Offers example plans; empty where there are none.
   std::function<void()> examples;
   /// What is entered has become a change of the document, or is refused, or not
   /// refused any more.

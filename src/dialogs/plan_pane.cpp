@@ -47,7 +47,7 @@ void frmPlanPane::ShowQuickLine() {
   for (Control* control : std::initializer_list<Control*>{&tbQuickDepth, &tbQuickTime, &cbQuickGas, &cbQuick}) {
     control->Enabled = entry_.IsFree();
   }
-  cbExamples.Visible = entry_.HasPlan() && entry_.Legs().Table().Rows() == 0;
+  cbExamples.Visible = entry_.Services().examples && entry_.HasPlan() && entry_.Legs().Table().Rows() == 0;
   if (!entry_.HasPlan()) return;
   const DiveTemplate& t = entry_.Template();
   std::vector<std::string> names;

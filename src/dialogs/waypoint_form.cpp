@@ -116,7 +116,7 @@ void frmWaypointForm::SetCaptions() {
   cbEdit.Caption = T(Text::WaypointEditLeg);
   Label3.Caption = T(Text::WaypointDepth);
   Label2.Caption = T(Text::WaypointTime);
-  Label2.ToolTipText = T(Text::PaneTimeMeans);
+  Label2.ToolTipText = tbTime.ToolTipText = T(Text::PaneTimeMeans);
   Label5.Caption = T(Text::WaypointMinutes);
   lbInformation.Caption = T(Text::WaypointPointAtGas);
   lbMixName.Visible = false;
@@ -140,7 +140,7 @@ void frmWaypointForm::SetCaptions() {
 void frmWaypointForm::ShowAsViewer() {
   Caption = T(Text::WaypointOfPlan);
   Label2.Caption = T(Text::RunTime);
-  Label2.ToolTipText = "";
+  Label2.ToolTipText = tbTime.ToolTipText = "";
   cbCancel.Caption = T(Text::Close);
   Combo1.ListIndex = FindBlendIndex(Row().GasMixName, Template());
   FitsContent = true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "compute/breathed_gas.h"
+#include "model/numbers.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -107,11 +108,12 @@ class Remarks {
     for (const BottomRemark& bottom : table_.bottoms) {
       if (bottom.dive != dive) continue;
       if (bottom.end > 0) {
-        Add(dive, filled(words_.narcotic, Depth(FormatFixed(bottom.end, 0)), Depth(FormatFixed(table_.maximalEND, 0))));
+        Add(dive, filled(words_.narcotic, Depth(FormatPlain(RoundSingle(bottom.end, 1))),
+                         Depth(FormatPlain(RoundSingle(table_.maximalEND, 1)))));
       }
       if (bottom.density > 0) {
         const double limit = bottom.density > kDensityHighest ? kDensityHighest : kDensityRecommended;
-        Add(dive, filled(words_.dense, words_.numbers.Fixed(bottom.density, 1), words_.numbers.Fixed(limit, 1)));
+        Add(dive, filled(words_.dense, words_.numbers.Fixed(bottom.density, 2), words_.numbers.Fixed(limit, 1)));
       }
     }
   }

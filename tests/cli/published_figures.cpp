@@ -61,12 +61,17 @@ std::string Minutes(const json& dive) {
   return text;
 }
 
-double Sum(const json& dive, double from) {
+/// Minutes of the stops from a depth up, by run time: a begun minute counts as what it is, not as the whole one that is
+/// listed.
+std::string Stopped(const json& dive, double from = 1000) {
   double sum = 0;
+  double before = 0;
   for (const json& row : dive["rows"]) {
-    if (row["stop_depth"].get<double>() <= from) sum += row["stop_time"].get<double>();
+    const double run = row["run_time"];
+    if (row["stop_time"].get<double>() > 0 && row["stop_depth"].get<double>() <= from) sum += run - before;
+    before = run;
   }
-  return sum;
+  return FormatFixed(sum, 1);
 }
 
 const json& Schedules() {
@@ -218,35 +223,28 @@ Table BakerFigures() {
   return rows;
 }
 
-Table ScheduleFigures() {
+namespace {
+
+/// How often each value from the least to the most comes, in metres and in feet.
+Table Counted(double Difference::*value) {
+  const auto of = [value](const Difference& each) { return static_cast<int>(std::lround(each.*value)); };
+  const auto [least, most] = std::ranges::minmax(Differences(), {}, of);
   Table rows;
-  for (int minutes = -3; minutes <= 3; ++minutes) {
+  for (int at = of(least); at <= of(most); ++at) {
     const auto count = [&](bool metric) {
-      return std::ranges::count_if(Differences(), [&](const Difference& each) {
-        return each.metric == metric && std::clamp(each.minutes, -3.0, 3.0) == minutes;
-      });
+      return std::ranges::count_if(Differences(),
+                                   [&](const Difference& each) { return each.metric == metric && of(each) == at; });
     };
-    const std::string name = minutes == -3 ? "\u2264 -3" : minutes == 3 ? "\u2265 3" : std::to_string(minutes);
-    rows.push_back({name, std::to_string(count(true)), std::to_string(count(false))});
+    rows.push_back({std::to_string(at), std::to_string(count(true)), std::to_string(count(false))});
   }
   return rows;
 }
 
-Table FirstStopFigures() {
-  Table rows;
-  for (const int steps : {-2, -1, 0, 1}) {
-    const auto count = [&](bool metric) {
-      return std::ranges::count_if(Differences(), [&](const Difference& each) {
-        return each.metric == metric && std::clamp(each.steps, -2.0, 1.0) == steps;
-      });
-    };
-    rows.push_back({steps == 1    ? "\u2265 1"
-                    : steps == -2 ? "\u2264 -2"
-                                  : std::to_string(steps),
-                    std::to_string(count(true)), std::to_string(count(false))});
-  }
-  return rows;
-}
+}  // namespace
+
+Table ScheduleFigures() { return Counted(&Difference::minutes); }
+
+Table FirstStopFigures() { return Counted(&Difference::steps); }
 
 Table MValueFigures() {
   // E. C. Baker, "Understanding M-values", tables 2 and 3: surfacing M-values of nitrogen, ZH-L16B, msw.
@@ -279,32 +277,29 @@ Table PlannerFigures() {
     return Planner("Default.tpl", changes, {"EAN36: 36/64/0/"}).Dive(words);
   };
   const Lines c = {"--zhl16c"};
-  const auto run = [](const json& plan) { return FormatFixed(RunTime(plan), 0); };
-  const auto stops = [](const json& plan) { return FormatFixed(Sum(plan, 1000), 0); };
+  const auto run = [](const json& plan) { return "(" + FormatFixed(RunTime(plan), 0) + ")"; };
   Table rows;
   const auto add = [&](const char* conditions, const char* theirs, const std::string& ours) {
     rows.push_back({conditions, theirs, ours});
   };
   json plan = dive(settings("1, .85, .3", "3", " 0: 10,", kDeepAirMetric), 45, 25, "Air");
-  add("B, Air 45 m 25 min, 30/85", "6 m + 3 m: 25", "6 m + 3 m: " + FormatFixed(Sum(plan, 6), 0));
+  add("B, Air 45 m 25 min, 30/85", "6 m + 3 m: 25", "6 m + 3 m: " + Stopped(plan, 6));
   plan = dive(settings("1, .85, .3", "6", " 0: 10,", kDeepAirMetric), 45, 25, "Air");
-  add("B, Air 45 m 25 min, 30/85, 6 m", "6 m: 33", "6 m: " + FormatFixed(Sum(plan, 6), 0));
+  add("B, Air 45 m 25 min, 30/85, 6 m", "6 m: 33", "6 m: " + Stopped(plan, 6));
   plan = dive(settings("1, .9, .2", "3", " 0: 10,", " 6:Oxygen, 22:EAN50,"), 40, 35, "Air");
-  add("B, Air 40 m 35 min, EAN50 22 m, O2 6 m, 20/90", "20", stops(plan));
+  add("B, Air 40 m 35 min, EAN50 22 m, O2 6 m, 20/90", "20", Stopped(plan));
   plan = dive(settings("1, .9, .2", "3", " 0: 10,", " 6:Oxygen, 24:EAN50,"), 40, 35, "EAN27");
-  add("B, EAN27 40 m 35 min, EAN50 24 m, O2 6 m, 20/90", "15", stops(plan));
+  add("B, EAN27 40 m 35 min, EAN50 24 m, O2 6 m, 20/90", "15", Stopped(plan));
   plan = dive(settings("0, 1, 1", "6", " 0: 9,", " 6:Oxygen, 33:EAN36,"), 79, 30, "Tx15/45", c);
-  add("C, Tx15/45 79 m 30 min, EAN36 33 m, O2 6 m, 100/100, 6 m", "run 109", "run " + run(plan));
+  add("C, Tx15/45 79 m 30 min, EAN36 33 m, O2 6 m, 100/100, 6 m", "(109)", run(plan));
   plan = dive(settings("1, .85, .85", "3", " 0: 5,", kDeepAirMetric), 30, 30, "Air", c);
-  add("C, Air 30 m 30 min, 85/85", "3:8 run 45", Minutes(plan) + " run " + run(plan));
+  add("C, Air 30 m 30 min, 85/85", "3:8 (45)", Minutes(plan) + " " + run(plan));
   plan = dive(settings("1, .7, .3", "6", " 0: 5,", " 21:EAN50,"), 30, 30, "Air", c);
-  add("C, Air 30 m 30 min, EAN50 21 m, 30/70, 6 m", "9:1 6:11 run 50; 9:3 6:11 run 48",
-      Minutes(plan) + " run " + run(plan));
+  add("C, Air 30 m 30 min, EAN50 21 m, 30/70, 6 m", "9:1 6:11 (50); 9:3 6:11 (48)", Minutes(plan) + " " + run(plan));
   plan = dive(settings("1, .7, .3", "3", " 0: 5,", " 21:EAN50,"), 45, 15, "Tx21/35", c);
-  add("C, Tx21/35 45 m 15 min, EAN50 21 m, 30/70", "6:2 3:6 run 33; 6:5 3:5 run 32",
-      Minutes(plan) + " run " + run(plan));
+  add("C, Tx21/35 45 m 15 min, EAN50 21 m, 30/70", "6:2 3:6 (33); 6:5 3:5 (32)", Minutes(plan) + " " + run(plan));
   plan = dive(settings("1, .85, .4", "3", " 0: 5,", " 21:EAN50,", ".9"), 60, 20, "Tx18/45", c);
-  add("C, Tx18/45 60 m 20 min, EAN50 21 m, 40/85, 0.9 bar", "run 59; 63", "run " + run(plan));
+  add("C, Tx18/45 60 m 20 min, EAN50 21 m, 40/85, 0.9 bar", "(59); (63)", run(plan));
   return rows;
 }
 

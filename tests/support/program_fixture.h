@@ -32,6 +32,7 @@ struct HeadlessMainView : MainView {
     }
   }
   void FocusPane(PaneForm& pane) override { focused = &pane; }
+  [[nodiscard]] const PaneForm* FocusedPane() const override { return focused; }
   [[nodiscard]] std::string PanesNow() const override { return panesNow; }
   std::optional<std::vector<PaneForm*>> RestorePanes(const std::string& text) override {
     if (text != panesNow) return std::nullopt;
