@@ -31,7 +31,9 @@ std::string Examples(const std::string& examples, const HelpWords& words) {
   while (at < examples.size()) {
     const std::size_t end = std::min(examples.find('\n', at), examples.size());
     const std::string line = examples.substr(at, end - at);
-    const std::size_t blanks = line.find("  ", line.find_first_not_of(' '));
+    constexpr std::size_t kIndent = 2;  // of a command; what begins further right tells of the line above
+    const std::size_t first = std::min(line.find_first_not_of(' '), line.size());
+    const std::size_t blanks = first > kIndent ? 0 : line.find("  ", first);
     const std::size_t about = blanks == std::string::npos ? blanks : line.find_first_not_of(' ', blanks);
     text += about == std::string::npos ? line : line.substr(0, about) + words(line.substr(about));
     text += "\n";

@@ -1500,4 +1500,8 @@ constexpr int PaneExamples = 8965;
 
 constexpr int TemplateSurfacePressureMeans = 8967;
 
+// Gases on what is read under water
+constexpr int GasOxygen = 8968;
+constexpr int GasAir = 8969;
+
 }  // namespace tav::Text

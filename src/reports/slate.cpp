@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "figures/dive_figures.h"
+#include "figures/gas_words.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
 #include "pages/page_units.h"
@@ -126,7 +127,10 @@ void Slate::CutMarks() {
   out_.PrintBoxOutline(x - kArm, y, x + kArm, y);
 }
 
-std::string Slate::GasOf(const SlateRow& row) const { return row.loop ? row.gas + " " + T(Text::SlateLoop) : row.gas; }
+std::string Slate::GasOf(const SlateRow& row) const {
+  const std::string gas = GasWords(row.gas, out_.Texts());
+  return row.loop ? gas + " " + T(Text::SlateLoop) : gas;
+}
 
 void Slate::Add(const SlateDive& dive) {
   const PrintPreview::Batch batch(out_);
@@ -241,7 +245,7 @@ void Slate::Row(const Layout& layout, const SlateRow& row, double left, double y
   Right(left + layout.depth, y, row.depth, layout.size, 1);
   Figure(left + layout.stop, y, row.minutes, layout.stop - layout.depth, layout.size, 1);
   Figure(left + layout.run, y, row.runTime, layout.run - layout.stop, layout.size, 0);
-  const std::string gas = row.kind == SlateRow::Kind::Surface ? T(Text::SlateSurface) : row.gas;
+  const std::string gas = row.kind == SlateRow::Kind::Surface ? T(Text::SlateSurface) : GasSign(row.gas, out_.Texts());
   Fitted(left + layout.gas, y, gas, layout.size, 0, layout.width - layout.gas);
 }
 

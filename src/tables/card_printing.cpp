@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "figures/gas_words.h"
 #include "model/text_id.h"
 #include "pages/wrapped_text.h"
 #include "supply/supply_text.h"
@@ -190,7 +191,8 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + at_.depth, y_ + y, row.depth, kArial, kRowSize, 1);
     writer_.PrintTextRight(x_ + at_.stop, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + at_.run, y_ + y, row.runTime, kArial, kRowSize, 0);
-    Gas(y, row.gas + (row.warned ? " !" : ""), marked);
+    const TextSource& texts = writer_.Texts();
+    Gas(y, (marked ? GasWords(row.gas, texts) : GasSign(row.gas, texts)) + (row.warned ? " !" : ""), marked);
   }
 
   /// In small letters, in two lines if need be, rather than with letters left out: gases must not be taken for each
@@ -238,7 +240,7 @@ class CardPrinter {
     std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
       needed += gas.mix == card_.needed.front().mix ? " " : ", ";
-      needed.append(gas.mix).append(kTied).append(gas.volume).append(kTied);
+      needed.append(GasSign(gas.mix, writer_.Texts())).append(kTied).append(gas.volume).append(kTied);
       needed += T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
     return needed;

@@ -199,8 +199,7 @@ TEST_F(Mixer, FillsTheExamplesOfTheGuide) {
     const char* chapter;
     FillRequest request;
     std::optional<CylinderSize> cylinder;
-  } examples[] = {{"mixer-nitrox", {MixOf(21, 0), 1, MixOf(32, 0), 200}, {}},
-                  {"mixer-trimix", {MixOf(21, 0), 1, MixOf(18, 45), 200}, CylinderSize{12, 0}},
+  } examples[] = {{"mixer-trimix", {MixOf(21, 0), 1, MixOf(18, 45), 200}, CylinderSize{12, 0}},
                   {"mixer-topping-up", {MixOf(18, 45), 70, MixOf(21, 35), 220}, {}}};
   const FillWords words(English(), {}, true);
   for (const auto& each : examples) {

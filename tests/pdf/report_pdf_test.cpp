@@ -179,7 +179,7 @@ TEST_F(ReportPdfFile, OfASlateHasEveryStopInLargeType) {
   const json told = json::parse(out_.str());
   for (const json& row : told.at("dives")[0].at("rows")) {
     if (row.at("stop_time") == 0) continue;
-    const std::string mix = row.at("mix");
+    const std::string mix = row.at("mix") == "Oxygen" ? "O2" : row.at("mix").get<std::string>();
     // Columns stand beside each other, so a row is a part of a line.
     const std::string part =
         Told({Fixed(row.at("stop_depth"), 0), Fixed(row.at("stop_time"), 0), Fixed(row.at("run_time"), 0), mix});

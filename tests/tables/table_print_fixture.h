@@ -23,6 +23,8 @@ inline const RunProgress kGoOn = [](int, int) { return true; };
 struct Words : TextSource {
   [[nodiscard]] std::string GetResString(int id) const override {
     static const std::map<int, std::string> kTexts{{Text::TableColumn, "Column"},
+                                                   {Text::GasOxygen, "Oxygen (O2)"},
+                                                   {Text::GasAir, "Air"},
                                                    {Text::TableColumns, "Columns"},
                                                    {Text::TableTo, "to"},
                                                    {Text::TableStopAlso, "also"},

@@ -40,7 +40,8 @@ class WaysOutPage : public TablePrint {
     for (const Stroke& stroke : Drawn(1, Kind::PageText)) {
       const double x = stroke.x0 / page::kUnitsPerCm - TableSlots::kLeft;
       if (stroke.font.points != 14 || std::floor(x / TableSlots::kCellWidth) != static_cast<double>(column)) continue;
-      if (!stroke.text.empty()) rows[stroke.y0][stroke.x0] = stroke.text;
+      const std::string text = ReplaceAll(stroke.text, "Oxygen (O2)", "O2");
+      if (!text.empty()) rows[stroke.y0][stroke.x0] = ReplaceAll(text, "O2", "Oxygen");
     }
     std::vector<std::string> lines;
     for (const auto& [y, words] : rows) {
