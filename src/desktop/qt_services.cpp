@@ -362,13 +362,17 @@ std::string QtEnvironment::Logo() const {
 }
 
 void QtHelp::ShowHelp(const std::filesystem::path& file, Page page, const std::string& anchor) {
-  if (window_ != nullptr && window_->File() != file) delete window_;
-  if (window_ == nullptr) window_ = new HelpWindow(file, *texts_);
+  HelpWindow* window = window_;
+  if (window != nullptr && window->File() != file) {
+    delete window;
+    window = nullptr;
+  }
+  if (window == nullptr) window_ = window = new HelpWindow(file, *texts_);
   // Beside a modal window only its children can be used; one that closes gives the help back.
   QWidget* const modal = QApplication::activeModalWidget();
   QWidget* const owner = modal != nullptr ? modal : &owner_;
-  if (window_->parentWidget() != owner) MoveWindow(*window_, *owner);
-  window_->Open(page == Page::Search, ToQt(anchor));
+  if (window->parentWidget() != owner) MoveWindow(*window, *owner);
+  window->Open(page == Page::Search, ToQt(anchor));
 }
 
 }  // namespace tav
