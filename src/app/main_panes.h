@@ -31,7 +31,7 @@ class MainPanes {
     Button& findings;  ///< in the status bar: how many there are
   };
 
-  /// `editTemplate` is the command of the plan pane.
+  /// `editTemplate` and `examples`, which may be empty, are commands of the plan pane.
   MainPanes(const MainServices& services, const DialogServices& dialogs, PlanLooks& looks, const Commands& commands,
             std::function<void()> editTemplate, std::function<void()> examples, MarginActs margins);
 

@@ -1480,12 +1480,14 @@ constexpr int TablesDecoGasesUsed = 8948;
 constexpr int TablesGasFrom = 8949;
 constexpr int TablesFastDescentMeans = 8950;
 constexpr int WayOutOfLegEnd = 8951;
-constexpr int TableBottomEND = 8955;
-constexpr int TableBottomDense = 8956;
 
 // The guide in its window
 constexpr int HelpBack = 8953;
 constexpr int HelpForward = 8954;
+
+// What is told of the bottom of a deco table
+constexpr int TableBottomEND = 8955;
+constexpr int TableBottomDense = 8956;
 
 // Example plans
 constexpr int ExampleAirNoStop = 8957;
@@ -1498,6 +1500,7 @@ constexpr int ExampleLakeSeries = 8963;
 constexpr int MenuExamples = 8964;
 constexpr int PaneExamples = 8965;
 
+// Tips
 constexpr int TemplateSurfacePressureMeans = 8967;
 
 // Gases on what is read under water

@@ -5,6 +5,7 @@
 
 #include "figures/gas_words.h"
 #include "model/text_id.h"
+#include "pages/page_units.h"
 #include "pages/wrapped_text.h"
 #include "supply/supply_text.h"
 #include "tables/table_remarks.h"
@@ -191,8 +192,11 @@ class CardPrinter {
     writer_.PrintTextRight(x_ + at_.depth, y_ + y, row.depth, kArial, kRowSize, 1);
     writer_.PrintTextRight(x_ + at_.stop, y_ + y, row.stop, kArial, kRowSize, 0);
     writer_.PrintTextRight(x_ + at_.run, y_ + y, row.runTime, kArial, kRowSize, 0);
-    const TextSource& texts = writer_.Texts();
-    Gas(y, (marked ? GasWords(row.gas, texts) : GasSign(row.gas, texts)) + (row.warned ? " !" : ""), marked);
+    const std::string warning = row.warned ? " !" : "";
+    const std::string words = GasWords(row.gas, writer_.Texts()) + warning;
+    const TextFont font{kArial, static_cast<double>(kRowSize), true};
+    const bool fits = writer_.Services().measure.TextWidth(words, font) <= (at_.Right() - at_.gas) * page::kUnitsPerCm;
+    Gas(y, marked && fits ? words : GasSign(row.gas, writer_.Texts()) + warning, marked);
   }
 
   /// In small letters, in two lines if need be, rather than with letters left out: gases must not be taken for each

@@ -139,7 +139,7 @@ TEST_F(Outputs, CtrlCEndsLongWorkWithoutHalfAFile) {
   for (const std::string& line : {kManyTables + " --pdf x.pdf", kManyTables + " --json"}) {
     const auto before = Files();
     // Qt makes itself a folder among the temporary files where it is given none.
-    const Ended ended = Shell("export TMPDIR=$PWD/sub XDG_RUNTIME_DIR=$PWD; timeout -s INT 1 " + program_.string() +
+    const Ended ended = Shell("export TMPDIR=$PWD/sub XDG_RUNTIME_DIR=$PWD; timeout -s INT 0.5 " + program_.string() +
                               " " + line + " >/dev/null; echo $?; ls sub");
     EXPECT_EQ(ended.out, "124\nerr\nout\n") << line << ended.err;
     EXPECT_EQ(ended.err, "");
