@@ -6,7 +6,7 @@ set -eu
 tav=$1 tavplan=$2 dives=$3 runs=${4:-11}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-median() { sort -n | awk '{a[NR] = $1} END {printf "%.2f", a[int((NR + 1) / 2)]}'; }
+median() { sort -n | awk '{a[NR] = $1} END {printf "%.3f", a[int((NR + 1) / 2)]}'; }
 # seconds NAME COMMAND...
 seconds() {
   name=$1

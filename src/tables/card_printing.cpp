@@ -244,7 +244,7 @@ class CardPrinter {
     std::string needed = T(Text::CardGasNeeded);
     for (const CardGas& gas : card_.needed) {
       needed += gas.mix == card_.needed.front().mix ? " " : ", ";
-      needed.append(GasSign(gas.mix, writer_.Texts())).append(kTied).append(gas.volume).append(kTied);
+      needed.append(GasWords(gas.mix, writer_.Texts())).append(kTied).append(gas.volume).append(kTied);
       needed += T(Metric() ? Text::CardLitres : Text::CardCubicFeet);
     }
     return needed;
