@@ -117,6 +117,8 @@ FNR == 1 { comment = bool = 0; raw = "" }
 {
   text = code($0)
   inBool = in_bool(text)
+  # A member that starts empty is set before it is read, or its start is told by no one.
+  if (FILENAME ~ /[.]h$/ && text ~ /^ +[A-Za-z_][A-Za-z0-9_:<>, ]* [A-Za-z_][A-Za-z0-9_]* = (0|0[.]0|-1|false);/) next
   if (text ~ /^ *(#|using |namespace |template |friend )/ || text ~ /assert[(]|operator[^a-z]|virtual .*= 0;/) next
   offers = 0
   operators_of(text)

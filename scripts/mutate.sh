@@ -11,7 +11,7 @@ export LC_ALL=C
 usage() { sed -n 's/^#   \(scripts.*\)/usage: \1/p' "$root/scripts/mutate.sh" >&2; exit 2; }
 
 seed=1 faults=110 jobs=$(nproc) write=
-folders=$(cd src && ls -d */ | grep -v '^desktop/' | tr -d / | tr '\n' ' ')
+folders=$(cd src && ls -d */ | grep -vE '^(desktop|headless)/' | tr -d / | tr '\n' ' ')
 all=$folders
 while [ $# -gt 0 ]; do
   case $1 in
