@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Takes the road of a newcomer: clones a commit into a bare Debian, runs the README's ./run and ./test there, on Debian 13
-# without a screen, and makes the packages. Then it takes the road of a diver: in another bare Debian, which has no Qt, X11
-# or Wayland, it works with the folder to run from; installs the package, works with both, and removes the package.
+# without a screen, makes the packages, and on 12 the page for browsers with its tests. Then it takes the road of a diver:
+# in another bare Debian, which has no Qt, X11 or Wayland, it works with the folder to run from; installs the package, works
+# with both, and removes the package.
 # What the newcomer made lies in build/bare_debian/COMMIT afterwards. The folder is made on 12, and the same one is then
 # proven on 13: run 12 first.
 # The machines are made for the occasion, from this machine's own apt sources and settings, and taken away on every exit.
@@ -80,6 +81,7 @@ on() {
 commands=("./run new --depth 60 --time 25 --gas Tx18/45")
 if [ "$1" = 12 ]; then commands+=("./test"); else commands+=("./test -E ^Screen"); fi
 commands+=("scripts/package")
+[ "$1" = 13 ] || commands+=("scripts/web --test")
 for command in "${commands[@]}"; do
   echo "\$ $command ($SECONDS s)"
   on "$root" "cd /tav && $command"

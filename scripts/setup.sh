@@ -34,6 +34,9 @@ package_packages=(dpkg-dev file lintian appstream desktop-file-utils librsvg2-bi
 # What the tests of the real window need beside that.
 screen_packages=(xvfb xdotool openbox imagemagick poppler-utils x11-utils)
 
+# What scripts/web needs, beside node and its npm.
+web_packages=(emscripten cmake ninja-build ccache dpkg-dev)
+
 # What one clone on this machine has compiled, another takes from the compiler's cache, wherever it lies.
 CCACHE_BASEDIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export CCACHE_BASEDIR CCACHE_NOHASHDIR=1 CCACHE_COMPILERCHECK=content CCACHE_SLOPPINESS=pch_defines,time_macros

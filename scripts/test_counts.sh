@@ -36,6 +36,7 @@ table() {
   echo "| tests of the windows | $(tests tests/desktop/*.cpp) | \`tests/desktop\` |"
   echo "| tests that read PDF files back | $(tests tests/pdf/*.cpp) | \`tests/pdf\` |"
   echo "| tests on a screen | $(grep -c 'add_test(NAME Screen\.' tests/CMakeLists.txt) | \`tests/screen\` |"
+  echo "| tests of the page in a browser, and of its core | $(grep -chE '^ *(await )?test\(' web/tests/*.test.mjs | awk '{ n += $1 } END { print n }') | \`web/tests\` |"
   echo "| known dives | $(cat "${dives[@]}" | grep -o '"surface_interval"' | wc -l) in ${#dives[@]} plans | \`$vectors\` |"
   echo "| known bail-out tables and deco tables | $(known $vectors/bailout | wc -l) and $(known $vectors/tables | wc -l) | \`$vectors/bailout\`, \`tables\` |"
   echo "| known values of small functions | $(points $vectors/units.json) | \`$vectors/units.json\` |"

@@ -63,8 +63,8 @@ void Run(const Given& given, CommandFrame& frame) {
   const std::string title = given.legEnds
                                 ? texts.Filled(Text::BailoutLegEndsHeading, {given.file + dive})
                                 : texts.Filled(Text::BailoutHeading, {given.file + dive, FormatPlain(cuts.Interval())});
-  const std::string heading =
-      title + "\n" + SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts);
+  const std::vector<std::string> heading{title,
+                                         SettingsOfTables(plan.records[number].Template, frame.Model(), true, texts)};
   const std::optional<Single> regular = given.legEnds ? std::nullopt : std::optional(cuts.Interval());
   output.Write({[&](JsonWriter& json) { json.Member("interval", regular); }, "scenarios", heading,
                 std::filesystem::path(given.file).stem().string() + dive},

@@ -1,6 +1,9 @@
+#include <memory>
 #include <ostream>
 
 #include "cli/command_frame.h"
+#include "cli/json_writer.h"
+#include "cli/shown.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
 #include "persist/profile_file.h"
@@ -37,7 +40,7 @@ void AdviseOfLoop(const DiveRecord& dive, bool repetitive, int line, FormatFault
   }
 }
 
-void Check(const std::string& file, CommandFrame& frame) {
+FormatFaults Check(const std::string& file) {
   const std::string text = ReadTextFile(file);
   FormatFaults faults(file, FormatFaults::Mode::Collect);
   if (IsTemplate(file, text)) {
@@ -50,9 +53,52 @@ void Check(const std::string& file, CommandFrame& frame) {
     }
     ReportSeriesFaults(profile, faults);
   }
-  frame.TellFaults(file, faults.List(), frame.Out());
-  if (faults.List().empty()) frame.Out() << file << ": " << frame.Texts().GetResString(Text::NoFaults) << "\n";
-  if (faults.HasErrors()) frame.Mark(ExitStatus::kUnusableInput);
+  return faults;
+}
+
+void Show(const std::string& file, const FormatFaults& faults, const CommandFrame& frame, ShownOutput& shown) {
+  for (const FormatFault& fault : faults.List()) {
+    shown.Fault(frame.FaultWords(file, fault), fault.error ? Severity::Danger : Severity::Caution);
+  }
+  if (faults.List().empty()) shown.Line(file + ": " + frame.Texts().GetResString(Text::NoFaults));
+}
+
+void Write(JsonWriter& json, const std::string& file, const FormatFaults& faults, const TextSource& words) {
+  json.Member("file", file);
+  json.List("faults", [&] {
+    for (const FormatFault& fault : faults.List()) {
+      json.Object([&] {
+        json.Member("line", fault.line);
+        json.Member("error", fault.error);
+        json.Member("text", words.Words(fault.text));
+      });
+    }
+  });
+}
+
+void Run(const std::vector<std::string>& files, CommandFrame& frame) {
+  const bool data = frame.Common().json;
+  ShownOutput shown(frame.Common());
+  JsonWriter json(frame.Out());
+  const auto all = [&] {
+    for (const std::string& file : files) {
+      try {
+        const FormatFaults faults = Check(file);
+        if (faults.HasErrors()) frame.Mark(ExitStatus::kUnusableInput);
+        Show(file, faults, frame, shown);
+        frame.Out() << shown.TakeText();
+        if (data) json.Object([&] { Write(json, file, faults, frame.DataTexts()); });
+      } catch (const FileError& error) {
+        frame.Tell(error);  // the other files are checked
+      }
+    }
+  };
+  if (!data) return all();
+  json.Object([&] {
+    json.List("files", all);
+    shown.Write(json);
+  });
+  frame.Out() << "\n";
 }
 
 }  // namespace
@@ -62,15 +108,8 @@ Command CheckCommand() {
   Command command{"check", "List all faults of templates and profiles", kDetails, kExamples};
   command.options = {
       {"FILE", "", "Template (.tpl) and profile (.tav) files", files.get(), true, Option::Role::FileToRead, "tav|tpl"}};
-  command.run = [files](CommandFrame& frame) {
-    for (const std::string& file : *files) {
-      try {
-        Check(file, frame);
-      } catch (const FileError& error) {
-        frame.Tell(error);
-      }
-    }
-  };
+  command.AddJson("Print the faults of each file as JSON: line, whether it is an error, text");
+  command.run = [files](CommandFrame& frame) { Run(*files, frame); };
   return command;
 }
 

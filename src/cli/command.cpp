@@ -23,11 +23,16 @@ void SupplyWish::On(DiveTemplate& diveTemplate) const {
   diveTemplate.Team = choice;
 }
 
-void Command::AddJson(const std::string& text) { options.push_back({"--json", "", text, &common->json}); }
+void Command::AddJson(const std::string& text, const std::vector<std::string>& excludes) {
+  options.push_back({.name = "--json", .text = text, .place = &common->json, .excludes = excludes});
+  options.push_back({.name = "--shown",
+                     .text = "In --json also tell what the text output shows, piece by piece, in your language",
+                     .place = &common->shown,
+                     .needs = "--json"});
+}
 
 void Command::AddRows(bool& why) {
-  AddJson("Print every row of each dive as JSON");
-  options.back().excludes = {"--csv"};
+  AddJson("Print every row of each dive as JSON", {"--csv"});
   options.push_back({"--csv", "", "Print every row of each dive as CSV, with a header", &common->csv});
   AddModel();
   options.push_back({"--why", "", "Tell for each stop which compartment decides how long it lasts", &why});
@@ -65,6 +70,13 @@ void Command::AddSupply() {
       [&supply](const std::string& text) { supply.rule = TurnRuleOf(text); }, "all half thirds");
 }
 
+void Command::AddLanguage() {
+  options.push_back(
+      {kLanguageOption, "CODE",
+       "Language of texts, errors and words in JSON, such as de; the user's if not given, JSON in English",
+       &common->language, false, Option::Role::Value, "de es fr it nl uk"});
+}
+
 Option PlanFile(std::string& place) {
   return {"FILE", "", "Profile file (.tav)", &place, true, Option::Role::FileToRead, "tav"};
 }
@@ -93,9 +105,12 @@ Option DiveOption(std::string& place, const std::string& without) {
 }
 
 std::vector<Command> TavplanCommands() {
-  return {PlanCommand(),   NewCommand(),     ReportCommand(),  GraphCommand(),   BailoutCommand(),
-          WhatIfCommand(), CompareCommand(), MarginsCommand(), LongestCommand(), TablesCommand(),
-          CheckCommand(),  MixCommand(),     ExportCommand(),  ImportCommand()};
+  std::vector<Command> commands{PlanCommand(),    NewCommand(),     EditCommand(),   ReportCommand(),
+                                GraphCommand(),   BailoutCommand(), WhatIfCommand(), CompareCommand(),
+                                MarginsCommand(), LongestCommand(), TablesCommand(), CheckCommand(),
+                                MixCommand(),     ExportCommand(),  ImportCommand(), TextsCommand()};
+  for (Command& command : commands) command.AddLanguage();
+  return commands;
 }
 
 }  // namespace tav

@@ -20,7 +20,8 @@ struct Option {
   /// function, which throws OptionError for a value that it can't use.
   using Place = std::variant<bool*, std::string*, std::vector<std::string>*, std::function<void(const std::string&)>>;
   /// What the value names. The frame never lets a command write over a file that it reads.
-  enum class Role { Value, FileToRead, FileToWrite, Template };
+  /// One that it is there to change is read as well, and an output may be that file.
+  enum class Role { Value, FileToRead, FileToWrite, FileToChange, Template };
 
   std::string name = {};   ///< "--pdf"; "FILE" for what stands without a name
   std::string value = {};  ///< what its value is called; empty for a switch, and for what stands without a name
@@ -53,9 +54,11 @@ struct SupplyWish {
 /// What has one name and one meaning in all commands that take it.
 struct CommonOptions {
   bool json = false;
+  bool shown = false;  ///< JSON has what the text output shows, too
   bool csv = false;
   bool phi = false;      ///< write the loads after each segment to phi.log
   bool moments = false;  ///< tell beside each row what leaving then would take
+  std::string language;  ///< code of the language of all words; empty for that of the user, and English in data
   ModelChoice model;
   SupplyWish supply;
 
@@ -74,12 +77,16 @@ struct Command {
   std::shared_ptr<CommonOptions> common = std::make_shared<CommonOptions>();
 
   /// Options of one meaning in all commands.
-  void AddJson(const std::string& text);
+  void AddJson(const std::string& text, const std::vector<std::string>& excludes = {});
   /// All that the commands take which print rows.
   void AddRows(bool& why);
   void AddModel();
   void AddSupply();
+  void AddLanguage();
 };
+
+/// Of all commands; its value counts for errors in the words ahead of it, too.
+constexpr const char* kLanguageOption = "--language";
 
 /// Options of one meaning, whose values have different places.
 Option PlanFile(std::string& place);
@@ -93,6 +100,7 @@ std::vector<Command> TavplanCommands();
 
 Command PlanCommand();
 Command NewCommand();
+Command EditCommand();
 Command ReportCommand();
 Command GraphCommand();
 Command BailoutCommand();
@@ -105,5 +113,6 @@ Command CheckCommand();
 Command MixCommand();
 Command ExportCommand();
 Command ImportCommand();
+Command TextsCommand();
 
 }  // namespace tav

@@ -29,8 +29,8 @@ CommandFrame::CommandFrame(const Command& command, const ProgramFolders& folders
       out_(out),
       err_(err),
       progress_(progress),
-      texts_(folders.ProgramFolder(), LazyTexts::Language::User),
-      dataTexts_(folders.ProgramFolder(), LazyTexts::Language::Default) {}
+      texts_(folders.ProgramFolder(), LazyTexts::Language::User, command.common->language),
+      dataTexts_(folders.ProgramFolder(), LazyTexts::Language::Default, command.common->language) {}
 
 int CommandFrame::Run() {
   try {
@@ -57,6 +57,14 @@ void CommandFrame::FlushOut() {
 }
 
 void CommandFrame::Begin() {
+  if (const std::string& code = Common().language; !code.empty()) {
+    const std::vector<std::string> codes = LanguageCodes(folders_.ProgramFolder());
+    if (std::ranges::find(codes, code) == codes.end()) {
+      std::string known;
+      for (const std::string& other : codes) known += (known.empty() ? "" : ", ") + other;
+      throw OptionError({Text::UsageNoneOf, {kLanguageOption, code, known}});
+    }
+  }
   for (const std::string& file : ValuesOf(command_, Option::Role::FileToRead)) inputs_.emplace_back(file);
   for (const std::string& name : ValuesOf(command_, Option::Role::Template)) inputs_.push_back(TemplateFile(name));
   for (const std::string& file : ValuesOf(command_, Option::Role::FileToWrite)) RefuseInput(file);
@@ -83,22 +91,24 @@ DiveTemplate CommandFrame::Settings(const std::string& templateName) {
   if (templateName.empty()) {
     const StartFaults faults = LoadDefaultTemplate(settings, folders_);
     if (faults.broken) err_ << texts_.Filled(Text::BuiltInSettings, {texts_.Words(*faults.broken)}) << "\n";
-    TellFaults(faults.file.string(), faults.advice, err_);
+    TellFaults(faults.file.string(), faults.advice);
     inputs_.push_back(faults.file);
   } else {
     const fs::path file = TemplateFile(templateName);
-    TellFaults(file.string(), LoadTemplateFile(settings, file), err_);
+    TellFaults(file.string(), LoadTemplateFile(settings, file));
   }
   return settings;
 }
 
-OpenedPlan& CommandFrame::OpenPlan(const std::string& file) {
+std::vector<DiveRecord> CommandFrame::ReadPlan(const std::string& file) {
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
   ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
   ReportSeriesFaults(profile, faults);
-  TellFaults(file, faults.List(), err_);
-  return Compute(file, std::move(profile.dives));
+  TellFaults(file, faults.List());
+  return std::move(profile.dives);
 }
+
+OpenedPlan& CommandFrame::OpenPlan(const std::string& file) { return Compute(file, ReadPlan(file)); }
 
 OpenedPlan& CommandFrame::Compute(const std::string& file, std::vector<DiveRecord> records) {
   OpenedPlan& plan = opened_.emplace_back();
@@ -165,11 +175,13 @@ void CommandFrame::Tell(const std::string& file, const std::string& words) {
   err_ << file << ": " << words << "\n";
 }
 
-void CommandFrame::TellFaults(const std::string& file, const std::vector<FormatFault>& faults, std::ostream& out) {
-  for (const FormatFault& fault : faults) {
-    out << file << ":" << fault.line << ": "
-        << (fault.error ? texts_.Words(fault.text) : texts_.Words({Text::Advice, {fault.text}})) << "\n";
-  }
+std::string CommandFrame::FaultWords(const std::string& file, const FormatFault& fault) const {
+  return file + ":" + std::to_string(fault.line) + ": " +
+         texts_.Words(fault.error ? fault.text : Message(Text::Advice, {fault.text}));
+}
+
+void CommandFrame::TellFaults(const std::string& file, const std::vector<FormatFault>& faults) {
+  for (const FormatFault& fault : faults) err_ << FaultWords(file, fault) << "\n";
 }
 
 }  // namespace tav

@@ -34,7 +34,7 @@ class CommandFrame {
   [[nodiscard]] const ProgramFolders& Folders() const { return folders_; }
   /// The texts of the user.
   [[nodiscard]] const TextSource& Texts() const { return texts_; }
-  /// The texts of what programs read, which is English in every language.
+  /// The texts of what programs read, which is English unless --language tells another.
   [[nodiscard]] const TextSource& DataTexts() const { return dataTexts_; }
   [[nodiscard]] const CommonOptions& Common() const { return *command_.common; }
 
@@ -43,8 +43,10 @@ class CommandFrame {
   /// over the program's own values, or of the default one for an empty name. Throws FileError with the line to mend;
   /// what is odd in the file, and which keys it lacks, is told.
   DiveTemplate Settings(const std::string& templateName);
-  /// Reads, opens and computes a profile. Throws FileError with the line to mend where it can't be planned; what is odd
-  /// in a file that can is told.
+  /// Reads a profile. Throws FileError with the line to mend where it can't be planned; what is odd in a file that can
+  /// is told.
+  std::vector<DiveRecord> ReadPlan(const std::string& file);
+  /// Reads and computes it.
   OpenedPlan& OpenPlan(const std::string& file);
   /// Computes dives that are to be those of a file.
   OpenedPlan& Compute(const std::string& file, std::vector<DiveRecord> records);
@@ -80,8 +82,10 @@ class CommandFrame {
   void Tell(const std::exception& error);
   /// A line about a file.
   void Tell(const std::string& file, const std::string& words);
-  /// What a reader found in a file, a line for each: "FILE:LINE: ...", advice with that word ahead.
-  void TellFaults(const std::string& file, const std::vector<FormatFault>& faults, std::ostream& out);
+  /// What a reader found in a file: "FILE:LINE: ...", advice with that word ahead.
+  [[nodiscard]] std::string FaultWords(const std::string& file, const FormatFault& fault) const;
+  /// The same of each, in lines.
+  void TellFaults(const std::string& file, const std::vector<FormatFault>& faults);
   /// The status becomes at least that.
   void Mark(int status) { status_ = std::max(status_, status); }
 

@@ -115,6 +115,15 @@ class WordReader {
 
 bool ReadWords(const Command& command, std::span<const std::string> words) { return WordReader(command, words).Read(); }
 
+std::string LanguageAmong(std::span<const std::string> words) {
+  const std::string named = std::string(kLanguageOption) + "=";
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    if (words[i].starts_with(named)) return words[i].substr(named.size());
+    if (words[i] == kLanguageOption && i + 1 < words.size()) return words[i + 1];
+  }
+  return {};
+}
+
 std::vector<std::string> ValuesOf(const Command& command, Option::Role role) {
   std::vector<std::string> values;
   for (const Option& option : command.options) {

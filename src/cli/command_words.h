@@ -13,6 +13,9 @@ namespace tav {
 /// Returns false where help is asked for; then nothing is to be done. Throws UsageError.
 bool ReadWords(const Command& command, std::span<const std::string> words);
 
+/// The value of --language among the words, before they are read; empty where there is none.
+std::string LanguageAmong(std::span<const std::string> words);
+
 /// The values of the options of a role that were given.
 std::vector<std::string> ValuesOf(const Command& command, Option::Role role);
 

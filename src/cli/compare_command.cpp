@@ -7,7 +7,7 @@
 #include "cli/option_values.h"
 #include "cli/page_output.h"
 #include "cli/row_columns.h"
-#include "cli/terminal_text.h"
+#include "cli/shown.h"
 #include "figures/dive_figures.h"
 #include "figures/model_name.h"
 #include "model/number_text.h"
@@ -62,13 +62,14 @@ void WritePlan(JsonWriter& json, const ComparedPlan& plan, const std::vector<Dif
   WriteGasNeeds(json, plan.column.gas);
 }
 
-void WriteJson(const std::vector<ComparedPlan>& plans, std::ostream& out) {
+void WriteJson(const std::vector<ComparedPlan>& plans, const ShownOutput& shown, std::ostream& out) {
   const std::vector<DifferingSetting> settings = DifferingSettings(plans);
   JsonWriter json(out);
   json.Object([&] {
     json.List("plans", [&] {
       for (std::size_t i = 0; i < plans.size(); ++i) json.Object([&] { WritePlan(json, plans[i], settings, i); });
     });
+    shown.Write(json);
   });
   out << "\n";
 }
@@ -100,8 +101,13 @@ void Run(const Given& given, CommandFrame& frame) {
     LongWork work(frame.Terminal());
     pdf.WritePdf(frame.Texts().GetResString(Text::CompareTitle), work);
   }
-  if (frame.Common().json) return WriteJson(plans, frame.Out());
-  if (given.pdf.empty()) frame.Out() << AlignedText(ComparisonTable(plans, words), kLineWidth);
+  ShownOutput shown(frame.Common());
+  shown.Put(ComparisonTable(plans, words));
+  if (frame.Common().json) {
+    WriteJson(plans, shown, frame.Out());
+  } else if (given.pdf.empty()) {
+    frame.Out() << shown.TakeText();
+  }
 }
 
 }  // namespace

@@ -15,12 +15,17 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
     const DiveTemplate& settings = planned.record.Template;
     const CheckedDive checked(planned);
     GasSupply supply = SupplyOf(planned);
-    std::vector<Finding> findings = CheckPlan(checked, AdviceWords(texts, {}, settings.Metric), supply);
+    const auto findings = [&](const TextSource& words) {
+      return CheckPlan(checked, AdviceWords(words, {}, settings.Metric), supply);
+    };
+    std::vector<Finding> found = findings(texts);
+    std::vector<Finding> told = frame.Common().shown ? findings(frame.Texts()) : std::vector<Finding>();
     dives.push_back({plan.file,
                      static_cast<int>(i) + 1,
                      static_cast<int>(plan.Dives()),
                      planned,
-                     std::move(findings),
+                     std::move(found),
+                     std::move(told),
                      StopReasons(checked),
                      std::move(supply),
                      {}});
@@ -30,10 +35,19 @@ void Gather(CommandFrame& frame, const OpenedPlan& plan, const TextSource& texts
 
 void Print(CommandFrame& frame, const std::vector<ComputedDive>& dives, bool why, const TextSource& texts) {
   const OutputForm form = frame.Common().Form();
-  if (form == OutputForm::Json) return WriteDivesJson(dives, frame.Out());
+  if (form == OutputForm::Json) {
+    std::vector<ShownOutput> shown(dives.size(), ShownOutput(frame.Common()));
+    for (std::size_t i = 0; i < dives.size(); ++i) {
+      if (shown[i].HasBlocks()) ShowDive(dives[i], dives[i].told, why, frame.Texts(), shown[i]);
+    }
+    return WriteDivesJson(dives, shown, frame.Out());
+  }
   if (form == OutputForm::Text) {
+    ShownOutput shown(frame.Common());
     for (const ComputedDive& dive : dives) {
-      frame.Out() << (&dive == dives.data() ? "" : "\n") << DiveSlate(dive, why, texts);
+      if (&dive != dives.data()) shown.BlankLine();
+      ShowDive(dive, dive.findings, why, texts, shown);
+      frame.Out() << shown.TakeText();
     }
     return;
   }

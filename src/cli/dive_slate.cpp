@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "cli/computed_dive.h"
 #include "cli/surfacing_output.h"
 #include "cli/terminal_text.h"
@@ -14,69 +12,80 @@
 namespace tav {
 namespace {
 
-std::string Short(Single value) { return NumberTexts().Short(value); }
+/// The kinds of rows in JSON, in the order of ScheduleRow::Kind.
+constexpr const char* kKinds[] = {"descent", "level", "ascent", "switch", "stop", "surface"};
 
 class Slate {
  public:
-  Slate(const ComputedDive& dive, const TextSource& texts)
+  Slate(const ComputedDive& dive, const TextSource& texts, ShownOutput& shown)
       : dive_(dive),
         texts_(texts),
-        template_(dive.dive.record.Template),
-        schedule_(dive.dive.plan.rows, template_, ScheduleWordsOf(texts)) {}
+        words_(texts, {}, dive.dive.record.Template.Metric),
+        rows_(dive.dive.plan.rows),
+        shown_(shown) {}
 
-  std::string Text(bool why) {
-    Title();
-    Line(SettingsLine(template_, dive_.dive.plan.model, dive_.dive.before != nullptr, texts_));
-    if (const auto notice = NoticeOf(dive_.dive.plan.rows, dive_.dive.plan.end.Decompresses)) Line("! " + T(*notice));
-    const AdviceWords words(texts_, {}, template_.Metric);
-    text_ += "\n";
-    text_ += dive_.surfacing.empty() ? schedule_.Aligned() : WithSurfacing(schedule_, dive_.surfacing, words);
-    text_ += "\n";
-    for (const std::string& total : schedule_.Totals()) Line("  " + total);
-    if (why) Reasons(words);
-    text_ += SupplyLines(dive_, texts_);
-    for (const Finding& finding : dive_.findings) text_ += FindingLine(finding);
-    return std::move(text_);
+  void Write(const std::vector<Finding>& findings, bool why) {
+    const DiveTemplate& settings = dive_.dive.record.Template;
+    shown_.InTerminal(Title() + "\n");
+    shown_.Line(SettingsLine(settings, dive_.dive.plan.model, dive_.dive.before != nullptr, texts_));
+    if (const auto notice = NoticeOf(rows_, dive_.dive.plan.end.Decompresses)) {
+      shown_.Line(words_.T(*notice), "", Severity::Danger);
+    }
+    const ScheduleText schedule(rows_, settings, ScheduleWordsOf(texts_));
+    shown_.BlankLine();
+    Rows(schedule);
+    shown_.BlankLine();
+    for (const std::string& total : schedule.Totals()) shown_.Line(total, "  ");
+    if (why) Reasons();
+    ShowSupply(dive_, texts_, shown_);
+    for (const Finding& finding : findings) shown_.Text(finding.text, "", finding.severity);
   }
 
  private:
-  void Line(const std::string& text) { (text_ += text) += "\n"; }
-
-  void Title() {
-    if (dive_.ofDives == 1) return Line(dive_.file);
-    Line(T(dive_.number > 1 ? Text::HeadDiveAfter : Text::HeadDiveOf,
-           {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
-            Short(dive_.dive.record.SurfaceInterval)}));
+  [[nodiscard]] std::string Title() const {
+    if (dive_.ofDives == 1) return dive_.file;
+    return words_.T(dive_.number > 1 ? Text::HeadDiveAfter : Text::HeadDiveOf,
+                    {dive_.file, std::to_string(dive_.number), std::to_string(dive_.ofDives),
+                     NumberTexts().Short(dive_.dive.record.SurfaceInterval)});
   }
 
-  void Reasons(const AdviceWords& words) {
-    Line("");
-    for (const StopReason& reason : dive_.reasons) {
-      const std::string stop = "  " + T(Text::ScheduleStop) + " " +
-                               AtRight(words.Depth(dive_.dive.plan.rows.getDepth(reason.row)), 6) + "  ";
-      text_ += Wrapped(stop + TextOf(reason, words), Letters(stop));
+  void Rows(const ScheduleText& schedule) {
+    ShownOutput::Table table{"schedule", {}, {}};
+    for (const ScheduleText::Line& head : schedule.Heads()) table.heads.emplace_back(head.begin(), head.end());
+    for (std::size_t i = 0; i < schedule.Lines().size(); ++i) {
+      const ScheduleText::Line& line = schedule.Lines()[i];
+      table.rows.push_back({kKinds[static_cast<std::size_t>(schedule.Rows()[i].kind)], {line.begin(), line.end()}, {}});
     }
+    std::vector<TextColumns::Column> columns = ScheduleText::Columns();
+    if (!dive_.surfacing.empty()) AddSurfacing(schedule, dive_.surfacing, words_, table, columns);
+    shown_.Put(table, columns);
   }
 
-  [[nodiscard]] std::string T(int id, std::initializer_list<std::string> values = {}) const {
-    return texts_.Filled(id, values);
+  void Reasons() {
+    shown_.BlankLine();
+    ShownOutput::Table table{"why", {}, {}};
+    std::string lines;
+    for (const StopReason& reason : dive_.reasons) {
+      ShownOutput::Row& row = table.rows.emplace_back();
+      row.cells = {words_.T(Text::ScheduleStop), words_.Depth(rows_.getDepth(reason.row)), TextOf(reason, words_)};
+      const std::string stop = "  " + row.cells[0] + " " + AtRight(row.cells[1], 6) + "  ";
+      lines += Wrapped(stop + row.cells[2], Letters(stop));
+    }
+    shown_.Put(table, lines);
   }
 
   const ComputedDive& dive_;
   const TextSource& texts_;
-  const DiveTemplate& template_;
-  ScheduleText schedule_;
-  std::string text_;
+  AdviceWords words_;
+  const ClassProfile& rows_;
+  ShownOutput& shown_;
 };
 
 }  // namespace
 
-std::string FindingLine(const Finding& finding) {
-  return Wrapped((finding.severity == Severity::Note ? "- " : "! ") + finding.text, 2);
-}
-
-std::string DiveSlate(const ComputedDive& dive, bool why, const TextSource& texts) {
-  return Slate(dive, texts).Text(why);
+void ShowDive(const ComputedDive& dive, const std::vector<Finding>& findings, bool why, const TextSource& texts,
+              ShownOutput& shown) {
+  Slate(dive, texts, shown).Write(findings, why);
 }
 
 }  // namespace tav

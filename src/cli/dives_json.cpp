@@ -133,7 +133,7 @@ void WriteReason(JsonWriter& json, const StopReason& reason) {
   });
 }
 
-void WriteDive(JsonWriter& json, const ComputedDive& dive) {
+void WriteDive(JsonWriter& json, const ComputedDive& dive, const ShownOutput& shown) {
   const DiveRecord& record = dive.dive.record;
   const ClassProfile& rows = dive.dive.plan.rows;
   const EndState& end = dive.dive.plan.end;
@@ -173,6 +173,7 @@ void WriteDive(JsonWriter& json, const ComputedDive& dive) {
   });
   WriteFindings(json, "findings", dive.findings);
   WriteSupply(json, dive.supply);
+  shown.Write(json);
 }
 
 }  // namespace
@@ -193,11 +194,11 @@ void WriteFindings(JsonWriter& json, std::string_view name, const std::vector<Fi
   });
 }
 
-void WriteDivesJson(const std::vector<ComputedDive>& dives, std::ostream& out) {
+void WriteDivesJson(const std::vector<ComputedDive>& dives, const std::vector<ShownOutput>& shown, std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.List("dives", [&] {
-      for (const ComputedDive& dive : dives) json.Object([&] { WriteDive(json, dive); });
+      for (std::size_t i = 0; i < dives.size(); ++i) json.Object([&] { WriteDive(json, dives[i], shown[i]); });
     });
   });
   out << "\n";

@@ -54,7 +54,7 @@ std::string UsageOf(const Command& command) {
   bool more = false;
   for (const Option& option : command.options) {
     if (!option.HasName()) {
-      usage.insert(0, option.name + (option.IsList() ? "... " : " "));
+      usage.insert(0, (option.required ? option.name : "[" + option.name + "]") + (option.IsList() ? "... " : " "));
     } else if (option.required) {
       usage += (option.shortName.empty() ? option.name : option.shortName) + " " + option.value + " ";
     } else {

@@ -6,7 +6,7 @@
 #include "cli/long_work.h"
 #include "cli/option_values.h"
 #include "cli/page_output.h"
-#include "cli/terminal_text.h"
+#include "cli/shown.h"
 #include "figures/settings_words.h"
 #include "model/text_id.h"
 #include "reports/margin_map.h"
@@ -42,28 +42,30 @@ struct Given {
   LimitWish limits;
 };
 
-void WriteStay(const LongestStay& stay, std::ostream& out) {
+void WriteStay(const LongestStay& stay, const ShownOutput& shown, std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.Member("minutes", stay.minutes);
     json.Member("run_time", stay.at.runTime);
     json.Member("stops", stay.at.stops);
     json.Member("cns", stay.at.cns);
-    if (!stay.binds.IsBroken()) {
+    if (stay.binds.IsBroken()) {
+      json.Member("binds", stay.binds.Id());
+      json.Object("next", [&] {
+        json.Member("minutes", stay.next);
+        json.Member("run_time", stay.beyond.runTime);
+      });
+    } else {
       json.Member("binds", std::nullopt);
       json.Member("next", std::nullopt);
-      return;
     }
-    json.Member("binds", stay.binds.Id());
-    json.Object("next", [&] {
-      json.Member("minutes", stay.next);
-      json.Member("run_time", stay.beyond.runTime);
-    });
+    shown.Write(json);
   });
   out << "\n";
 }
 
-void WriteTimes(const std::string& gas, const std::vector<NoStopTime>& times, std::ostream& out) {
+void WriteTimes(const std::string& gas, const std::vector<NoStopTime>& times, const ShownOutput& shown,
+                std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.Member("gas", gas);
@@ -75,8 +77,22 @@ void WriteTimes(const std::string& gas, const std::vector<NoStopTime>& times, st
         });
       }
     });
+    shown.Write(json);
   });
   out << "\n";
+}
+
+void ShowTimes(const std::vector<NoStopTime>& times, const Margins& margins, const AdviceWords& words,
+               ShownOutput& shown) {
+  const std::vector<std::string> lines = NoStopLines(times, margins, words);
+  if (times.empty()) return shown.Text(lines.front());
+  shown.Heading(lines.front());
+  ShownOutput::Table table{"no-stop", {}, {}};
+  for (const auto& row : NoStopRows(times, words)) table.rows.push_back({"", {row.begin(), row.end()}, {}});
+  std::string text;
+  for (std::size_t i = 1; i + 1 < lines.size(); ++i) text += lines[i] + "\n";
+  shown.Put(table, text);
+  shown.Text(lines.back());
 }
 
 void Run(const Given& given, CommandFrame& frame) {
@@ -95,25 +111,25 @@ void Run(const Given& given, CommandFrame& frame) {
     pdf.WritePdf(stay ? words.T(Text::LongestTitle) : words.T(Text::NoStopTitle, {margins.LegGas()}), work);
   };
   const bool text = given.pdf.empty();
+  ShownOutput shown(frame.Common());
   if (given.noStop) {
     const std::vector<NoStopTime> times = margins.NoStopTimes();
     if (!text) print(std::nullopt, times);
-    if (frame.Common().json) return WriteTimes(margins.LegGas(), times, out);
-    if (!text) return;
-    for (const std::string& line : NoStopLines(times, margins, words)) {
-      out << (line.starts_with(' ') ? line + "\n" : Wrapped(line, 0));
-    }
+    ShowTimes(times, margins, words, shown);
+    if (frame.Common().json) return WriteTimes(margins.LegGas(), times, shown, out);
+    if (text) out << shown.TakeText();
     return;
   }
   int done = 0;
   LongestStay stay;
   while (margins.Lengthen(stay)) work.Step(++done, LongestStay::kMost);
   if (!text) print(stay, {});
-  if (frame.Common().json) return WriteStay(stay, out);
-  if (!text) return;
-  out << MarginHead(given.file, margins, words) << "\n\n";
-  for (const std::string& line : LongestStayWords(stay, margins, words)) out << Wrapped(line, 0);
-  for (const std::string& note : JudgeNotes(margins, words)) out << Wrapped(note, 0);
+  shown.Heading(MarginHead(given.file, margins, words));
+  shown.BlankLine();
+  for (const std::string& line : LongestStayWords(stay, margins, words)) shown.Text(line);
+  for (const std::string& note : JudgeNotes(margins, words)) shown.Text(note);
+  if (frame.Common().json) return WriteStay(stay, shown, out);
+  if (text) out << shown.TakeText();
 }
 
 }  // namespace

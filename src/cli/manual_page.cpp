@@ -25,7 +25,9 @@ circuit or a constant-PPO2 rebreather.
 .PP
 A plan is an aid for trained divers. No model removes the risk of decompression sickness.
 .PP
-A command never writes over a file that it reads, whichever link leads to it.
+A command never writes over a file that it reads, whichever link leads to it;
+.B edit
+alone may save a plan over its own file.
 Work that takes long shows on a terminal how far it is, and Ctrl+C ends it; no half file stays.
 .SH OPTIONS
 .TP
@@ -66,7 +68,9 @@ Ended by Ctrl+C.
 .BR LC_ALL ", " LC_MESSAGES ", " LANG
 The language of texts and errors, unless the language dialog of
 .BR tav (1)
-has chosen one; English for a language that is not there. JSON and CSV are English always, and numbers have a decimal point.
+has chosen one; English for a language that is not there. JSON and CSV are English unless
+.B \-\-language
+is given, and numbers have a decimal point.
 .SH FILES
 .TP
 .I template/Default.tpl

@@ -8,7 +8,7 @@
 #include "cli/long_work.h"
 #include "cli/option_values.h"
 #include "cli/page_output.h"
-#include "cli/terminal_text.h"
+#include "cli/shown.h"
 #include "model/text_id.h"
 #include "persist/text_file.h"
 #include "picture/svg_surface.h"
@@ -74,7 +74,8 @@ void WriteCell(JsonWriter& json, const MarginCell& cell) {
   }
 }
 
-void WriteJson(const Margins& margins, const std::vector<MarginCell>& cells, std::ostream& out) {
+void WriteJson(const Margins& margins, const std::vector<MarginCell>& cells, const ShownOutput& shown,
+               std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.Object("leg", [&] {
@@ -86,8 +87,26 @@ void WriteJson(const Margins& margins, const std::vector<MarginCell>& cells, std
     json.List("cells", [&] {
       for (const MarginCell& cell : cells) json.Object([&] { WriteCell(json, cell); });
     });
+    shown.Write(json);
   });
   out << "\n";
+}
+
+void ShowMap(const LetteredMap& map, ShownOutput& shown) {
+  ShownOutput::Table table{"map", {{map.title}}, {}};
+  table.heads[0].insert(table.heads[0].end(), map.columns.begin(), map.columns.end());
+  for (std::size_t row = 0; row < map.rows.size(); ++row) {
+    ShownOutput::Row& to = table.rows.emplace_back();
+    to.cells = {map.rows[row]};
+    to.marks = {""};
+    for (std::size_t column = 0; column < map.columns.size(); ++column) {
+      to.cells.emplace_back(1, map.letters[row][column]);
+      to.marks.emplace_back(map.IsPlanned(row, column) ? "planned" : "");
+    }
+  }
+  shown.Put(table, MapLines(map));
+  shown.BlankLine();
+  for (const std::string& line : map.legend) shown.Line(line, "  ");
 }
 
 void Run(const Given& given, CommandFrame& frame) {
@@ -124,11 +143,17 @@ void Run(const Given& given, CommandFrame& frame) {
       return WriteTextFile(given.svg, surface.File(picture.title, picture.description, SvgSurface::Unit::Pixel));
     });
   }
-  if (frame.Common().json) return WriteJson(margins, cells, frame.Out());
-  if (!given.pdf.empty() || !given.svg.empty()) return;
-  std::ostream& out = frame.Out();
-  out << MarginHead(given.file, margins, words) << "\n\n" << MarginMapText(grid, cells, words) << "\n";
-  for (const std::string& note : MarginNotes(margins, words)) out << Wrapped(note, 0);
+  ShownOutput shown(frame.Common());
+  shown.Heading(MarginHead(given.file, margins, words));
+  shown.BlankLine();
+  ShowMap(Lettered(grid, cells, words), shown);
+  shown.BlankLine();
+  for (const std::string& note : MarginNotes(margins, words)) shown.Text(note);
+  if (frame.Common().json) {
+    WriteJson(margins, cells, shown, frame.Out());
+  } else if (given.pdf.empty() && given.svg.empty()) {
+    frame.Out() << shown.TakeText();
+  }
 }
 
 }  // namespace

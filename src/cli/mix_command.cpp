@@ -4,7 +4,7 @@
 #include "cli/command_frame.h"
 #include "cli/json_writer.h"
 #include "cli/option_values.h"
-#include "cli/terminal_text.h"
+#include "cli/shown.h"
 #include "mixer/fill_steps.h"
 #include "mixer/fill_words.h"
 #include "model/number_text.h"
@@ -190,8 +190,9 @@ void WriteDone(JsonWriter& json, const Done& done) {
   json.Object("result", [&] { WriteMix(json, done.mixes.back()); });
 }
 
-/// A table: the first column to the left, the others to the right, all but the first of one width.
-void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream& out) {
+/// A table, the heads ahead of its rows: the first column to the left, the others to the right, all but the first of
+/// one width.
+void PutTable(const char* id, const std::vector<std::vector<std::string>>& rows, ShownOutput& shown) {
   constexpr std::size_t kGap = 2;
   std::size_t first = 22;
   std::size_t other = 13;
@@ -201,25 +202,28 @@ void PrintTable(const std::vector<std::vector<std::string>>& rows, std::ostream&
       width = std::max(width, Letters(row[i]));
     }
   }
-  for (const auto& row : rows) {
-    std::string line = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) line += i == 0 ? AtLeft(row[i], first) : AtRight(row[i], other + kGap);
-    out << line << "\n";
-  }
-  out << "\n";
+  using Side = TextColumns::Column::Side;
+  std::vector<TextColumns::Column> columns(rows.front().size(), {Side::Right, other, kGap});
+  columns.front() = {Side::Left, first, kGap};
+  ShownOutput::Table table{id, {rows.front()}, {}};
+  for (std::size_t i = 1; i < rows.size(); ++i) table.rows.push_back({"", rows[i], {}});
+  shown.Put(table, columns);
+  shown.BlankLine();
 }
 
-void PrintSentence(const std::string& sentence, const char* mark, std::ostream& out) {
-  if (!sentence.empty()) out << "  " << mark << sentence << "\n";
+/// A sentence, where there is one.
+void PutSentence(const std::string& sentence, ShownOutput& shown, std::optional<Severity> severity = {}) {
+  if (!sentence.empty()) shown.Line(sentence, "  ", severity);
 }
 
 std::string Written(const MixShares& mix, Single pressure, const FillWords& words) {
   return FormatFixed(mix.O2, 1) + "/" + FormatFixed(mix.He, 1) + "@" + FormatPlain(pressure) + " " + words.Unit();
 }
 
-void PrintDone(const Given& options, const Done& done, const FillWords& words, const TextSource& texts,
-               std::ostream& out) {
-  out << options.have << " " << words.Unit() << "\n\n";
+void ShowDone(const Given& options, const Done& done, const FillWords& words, const TextSource& texts,
+              ShownOutput& shown) {
+  shown.Heading(options.have + " " + words.Unit());
+  shown.BlankLine();
   const auto heads = words.Heads({}, false);
   std::vector<std::vector<std::string>> rows = {{heads[0], texts.Filled(Text::StepsFilledTo, {words.Unit()}),
                                                  texts.GetResString(Text::MixerO2) + " %",
@@ -228,36 +232,38 @@ void PrintDone(const Given& options, const Done& done, const FillWords& words, c
     const MixShares& mix = done.mixes[i];
     rows.push_back({done.steps[i].name, FormatPlain(done.steps[i].to), FormatFixed(mix.O2, 1), FormatFixed(mix.He, 1)});
   }
-  PrintTable(rows, out);
-  PrintSentence(words.OutcomeOfSteps(done.mixes.back()), "", out);
+  PutTable("steps", rows, shown);
+  PutSentence(words.OutcomeOfSteps(done.mixes.back()), shown);
 }
 
-void PrintMix(const std::string& have, const Given& options, const FillAdvice& advice, const FillWords& words,
-              const TextSource& texts, std::ostream& out) {
+void ShowMix(const std::string& have, const Given& options, const FillAdvice& advice, const FillWords& words,
+             const TextSource& texts, ShownOutput& shown) {
   const FillRequest& request = advice.asked;
   const FillResult result = Recalculate(request);
-  out << have << " -> " << options.want << " " << words.Unit() << "\n\n";
+  shown.Heading(have + " -> " + options.want + " " + words.Unit());
+  shown.BlankLine();
   const auto orDash = [](const std::string& label) { return label.empty() ? "-" : label; };
   const std::string airTop = texts.GetResString(Text::MixerAirTop);
   const std::string vanDerWaals = texts.GetResString(Text::MixerVanDerWaals);
-  PrintTable(
+  PutTable(
+      "add",
       {{"", texts.GetResString(Text::MixerO2), texts.GetResString(Text::MixerHe), texts.GetResString(Text::MixerAir)},
        {airTop + " (" + words.Unit() + ")", orDash(result.AirTopO2), orDash(result.AirTopHe), orDash(result.AirTopAir)},
        {vanDerWaals + " (" + words.Unit() + ")", result.IdealTopO2, result.IdealTopHe, result.IdealTopN2}},
-      out);
+      shown);
   const auto about = [&](const std::string& block, const std::string& sentence) {
-    if (!sentence.empty()) PrintSentence(block + ": " + sentence, "", out);
+    if (!sentence.empty()) PutSentence(block + ": " + sentence, shown);
     return !sentence.empty();
   };
   const bool ideal = about(airTop, words.AboutAirTop(result, request));
-  if (about(vanDerWaals, words.AboutVanDerWaals(result, request)) || ideal) out << "\n";
-  if (advice.list.possible) PrintTable(words.Rows(advice, std::nullopt), out);
-  PrintSentence(words.Hindrance(advice), "! ", out);
-  PrintSentence(words.Misses(advice), "! ", out);
-  PrintSentence(words.Outcome(advice), "", out);
-  PrintSentence(words.Warm(advice), "", out);
-  PrintSentence(words.IfIdeal(advice), "", out);
-  PrintSentence(words.AboutPressures(request), "", out);
+  if (about(vanDerWaals, words.AboutVanDerWaals(result, request)) || ideal) shown.BlankLine();
+  if (advice.list.possible) PutTable("fill", words.Rows(advice, std::nullopt), shown);
+  PutSentence(words.Hindrance(advice), shown, Severity::Danger);
+  PutSentence(words.Misses(advice), shown, Severity::Caution);
+  PutSentence(words.Outcome(advice), shown);
+  PutSentence(words.Warm(advice), shown);
+  PutSentence(words.IfIdeal(advice), shown);
+  PutSentence(words.AboutPressures(request), shown);
 }
 
 /// The steps of the options, done; the request goes on from what came out of them.
@@ -275,14 +281,20 @@ Done DoSteps(const Given& options, FillRequest& request, const TextSource& texts
   return done;
 }
 
-void WriteJson(const Given& options, const FillRequest& request, const std::optional<Done>& done, std::ostream& out) {
+void WriteJson(const Given& options, const FillRequest& request, const std::optional<Done>& done,
+               const ShownOutput& shown, std::ostream& out) {
   constexpr std::size_t kIndent = 2;
   JsonWriter json(out, kIndent);
   json.Object([&] {
     if (done) WriteDone(json, *done);
-    if (options.want.empty()) return;
-    if (!done) return WriteFill(json, request);
-    json.Object("mend", [&] { WriteFill(json, request); });
+    if (!options.want.empty()) {
+      if (done) {
+        json.Object("mend", [&] { WriteFill(json, request); });
+      } else {
+        WriteFill(json, request);
+      }
+    }
+    shown.Write(json);
   });
   out << "\n";
 }
@@ -290,7 +302,6 @@ void WriteJson(const Given& options, const FillRequest& request, const std::opti
 void Run(const Given& options, CommandFrame& frame) {
   if (options.want.empty() && options.steps.empty()) throw UsageError({Text::UsageMissing, {"--want"}});
   const TextSource& texts = frame.Texts();
-  std::ostream& out = frame.Out();
   FillRequest request = ParseRequest(options);
   const FillWords words(texts, kPoint, request.metric);
   std::string have = options.have + " " + words.Unit();
@@ -300,18 +311,20 @@ void Run(const Given& options, CommandFrame& frame) {
     have = Written(request.current, request.currentFill, words);
   }
   if (!options.want.empty()) ParseWanted(options, request);
+  ShownOutput shown(frame.Common());
+  if (done) ShowDone(options, *done, words, texts, shown);
+  std::optional<FillAdvice> advice;
+  if (!options.want.empty()) {
+    advice.emplace(request, GaugeMark(request.metric));
+    if (done) shown.BlankLine();
+    ShowMix(have, options, *advice, words, texts, shown);
+  }
   if (frame.Common().json) {
-    WriteJson(options, request, done, out);
-  } else if (done) {
-    PrintDone(options, *done, words, texts, out);
+    WriteJson(options, request, done, shown, frame.Out());
+  } else {
+    frame.Out() << shown.TakeText();
   }
-  if (options.want.empty()) return;
-  const FillAdvice advice(request, GaugeMark(request.metric));
-  if (!frame.Common().json) {
-    if (done) out << "\n";
-    PrintMix(have, options, advice, words, texts, out);
-  }
-  if (!advice.AsAsked().possible) throw OptionError(words.Hindrance(advice));
+  if (advice && !advice->AsAsked().possible) throw OptionError(words.Hindrance(*advice));
 }
 
 }  // namespace

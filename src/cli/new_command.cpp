@@ -2,7 +2,6 @@
 #include "cli/option_values.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
-#include "persist/cylinder_line.h"
 #include "persist/profile_file.h"
 #include "persist/text_file.h"
 
@@ -37,25 +36,12 @@ struct Given {
 };
 
 void AddLeg(const std::string& text, const std::string& gas, DiveRecord& plan) {
-  const std::size_t at = text.find('@');
-  const std::string place = text.substr(0, at);
-  const std::string gasOfLeg = at == std::string::npos ? gas : text.substr(at + 1);
-  const std::size_t colon = place.find(':');
-  if (colon == std::string::npos)
-    throw OptionError({Text::OptionMustBe, {"--leg", text, "DEPTH:TIME, DEPTH:TIME@GAS"}});
-  const Single depth = NumberOf(place.substr(0, colon), "--depth");
-  const Single time = NumberOf(place.substr(colon + 1), "--time");
-  const std::int16_t mix = MixNumber(gasOfLeg.empty() ? "Air" : gasOfLeg, plan.Template);
-  const Message fault = LegFault(time, depth, mix, plan.Template);
+  TypedLeg leg = LegOf(text, "--leg");
+  if (leg.gas.empty()) leg.gas = gas.empty() ? "Air" : gas;
+  const std::int16_t mix = MixNumber(leg.gas, plan.Template);
+  const Message fault = LegFault(leg.time, leg.depth, mix, plan.Template);
   if (!fault.IsEmpty()) throw OptionError(fault);
-  plan.UserActions.AddLeg(time, depth, mix);
-}
-
-void AddCylinder(const std::string& text, DiveTemplate& diveTemplate) {
-  Cylinder& cylinder = diveTemplate.Cylinders.emplace_back();
-  const Message fault = ReadCylinderLine(text.ends_with('/') ? text : text + "/", cylinder);
-  if (!fault.IsEmpty()) throw OptionError({Text::OptionCylinder, {text, fault}});
-  MixNumber(cylinder.Gas, diveTemplate);
+  plan.UserActions.AddLeg(leg.time, leg.depth, mix);
 }
 
 void Run(const Given& given, CommandFrame& frame) {
@@ -63,10 +49,17 @@ void Run(const Given& given, CommandFrame& frame) {
   DiveRecord record;
   record.Template = frame.Settings(given.templateName);
   SetUpNewPlan(record.Template);
-  if (!given.depth.empty()) AddLeg(given.depth + ":" + given.time, given.gas, record);
+  if (!given.depth.empty()) {
+    NumberOf(given.depth, "--depth");
+    NumberOf(given.time, "--time");
+    AddLeg(given.depth + ":" + given.time, given.gas, record);
+  }
   for (const std::string& leg : given.legs) AddLeg(leg, given.gas, record);
   if (!given.cylinders.empty()) record.Template.Cylinders.clear();
-  for (const std::string& cylinder : given.cylinders) AddCylinder(cylinder, record.Template);
+  for (const std::string& text : given.cylinders) {
+    Cylinder cylinder = CylinderOf(text, record.Template);
+    record.Template.Cylinders.push_back(std::move(cylinder));
+  }
   record.UserActions.AddAscent();
   frame.Common().supply.On(record.Template);
 

@@ -13,6 +13,8 @@ namespace tav {
 class OptionError : public MessageError {
  public:
   explicit OptionError(Message reason) : MessageError("", std::move(reason)) {}
+  /// Told as "--option: reason".
+  OptionError(std::string option, Message reason) : MessageError(std::move(option), std::move(reason)) {}
 };
 
 /// Arguments that are not of the form of the command: the error tells where its help is.
@@ -33,5 +35,16 @@ int WholeNumberOf(const std::string& text, const std::string& option, int least,
 /// The number of a gas in the template's list (GasNamed); one that only its name tells (EAN36, Tx15/60, H85) is added.
 /// Throws OptionError for a name that says nothing.
 std::int16_t MixNumber(const std::string& name, DiveTemplate& diveTemplate);
+
+/// DEPTH:TIME or DEPTH:TIME@GAS.
+struct TypedLeg {
+  Single depth;
+  Single time;
+  std::string gas;  ///< empty when not told
+};
+TypedLeg LegOf(const std::string& text, const std::string& option);
+
+/// GAS:COUNT/SIZE/FILL/RESERVE, whose gas is taken as MixNumber does. All three throw OptionError.
+Cylinder CylinderOf(const std::string& text, DiveTemplate& diveTemplate);
 
 }  // namespace tav

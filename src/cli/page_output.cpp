@@ -20,7 +20,9 @@
 
 #include "model/number_text.h"
 #include "model/text_id.h"
+#include "pages/page_player.h"
 #include "persist/text_file.h"
+#include "picture/svg_surface.h"
 
 namespace tav {
 namespace fs = std::filesystem;
@@ -132,6 +134,10 @@ std::string DateText(const std::tm& date) {
   return text.find('%') == std::string::npos ? text : iso;
 }
 
+std::string Numbered(const std::string& name, char between, int number, const char* behind = "") {
+  return name + between + std::to_string(number) + behind;
+}
+
 }  // namespace
 
 std::string PageOutput::Machine::UserName() const {
@@ -159,17 +165,38 @@ std::string PageOutput::Machine::Logo() const {
 }
 
 PageOutput::PageOutput(CommandFrame& frame, fs::path out)
-    : out_(std::move(out)),
+    : frame_(frame),
+      out_(std::move(out)),
       texts_(frame.Texts()),
       machine_(frame.Folders().ProgramFolder() / "logo.svg"),
       pages_(PageServices{boxes_, machine_, {}}, texts_) {
   frame.RefuseInput(out_);
 }
 
-void PageOutput::WritePdf(const std::string& title, LongWork& work) const {
+void PageOutput::CheckPages(const fs::path& file) const {
   const auto& fault = pages_.Pages().Fault();
-  if (fault) throw FileError(out_, 0, texts_.Words(*fault));
-  if (!boxes_.first.empty()) throw FileError(out_, 0, boxes_.first);
+  if (fault) throw FileError(file, 0, texts_.Words(*fault));
+  if (!boxes_.first.empty()) throw FileError(file, 0, boxes_.first);
+}
+
+void PageOutput::WriteSvg(const std::string& prefix, const std::string& title, LongWork& work) const {
+  const PageFile& pages = pages_.Pages();
+  const PagePlayer player(pages);
+  for (int page = 1; page <= pages.Pages(); ++page) {
+    const std::string file = Numbered(prefix, '-', page, ".svg");
+    CheckPages(file);
+    const PageSize size = player.SizeOf(page);
+    SvgSurface surface(size.width, size.height);
+    player.tempshow(page, surface, 1);
+    frame_.Save(file, [&] {
+      return WriteTextFile(file, surface.File(Numbered(title, ' ', page), "", SvgSurface::Unit::PageMillimetre));
+    });
+    work.Step(page, pages.Pages());
+  }
+}
+
+void PageOutput::WritePdf(const std::string& title, LongWork& work) const {
+  CheckPages(out_);
   const Ended ended = Child(DesktopProgram(), {"tav", "--pages", pages_.Pages().Path().string(), "--pdf",
                                                fs::absolute(out_).string(), "--title", title})
                           .Wait([&](const std::string& errors) {

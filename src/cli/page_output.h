@@ -10,16 +10,18 @@
 namespace tav {
 
 /// Reports of tavplan: the pages are written here, and drawn into a PDF by the desktop program, which needs no display
-/// for that. So tavplan itself starts without a window system.
+/// for that. So tavplan itself starts without a window system. SVG pictures it draws itself.
 class PageOutput {
  public:
-  /// `out` is the PDF to be written. Throws FileError where it is a file that the command reads.
+  /// `out` is the PDF to be written, empty for none. Throws FileError where it is a file that the command reads.
   PageOutput(CommandFrame& frame, std::filesystem::path out);
 
   [[nodiscard]] PrintPreview& Pages() { return pages_; }
   /// Draws what has been written, a step of the work for each page. Throws std::runtime_error, whose text is one line
   /// that names the file, and Interrupted.
   void WritePdf(const std::string& title, LongWork& work) const;
+  /// Draws each page as a picture of its own, `prefix`-1.svg, `prefix`-2.svg, ... Throws FileError.
+  void WriteSvg(const std::string& prefix, const std::string& title, LongWork& work) const;
 
  private:
   struct KeptBoxes : MessageBoxes {
@@ -41,6 +43,10 @@ class PageOutput {
     std::filesystem::path logo_;
   };
 
+  /// Throws FileError for pages that could not be written.
+  void CheckPages(const std::filesystem::path& file) const;
+
+  CommandFrame& frame_;
   std::filesystem::path out_;
   const TextSource& texts_;
   KeptBoxes boxes_;

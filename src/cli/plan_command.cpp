@@ -20,7 +20,10 @@ constexpr const char* kDetails =
     "rebreather also the minutes on the loop. Each way is the ascent of the plan cut there. JSON has it in each row as "
     "\"surfacing\": {\"open\": {\"time\", \"gas\": [{\"mix\", \"volume\"}]}, \"loop\": {\"time\"}}; \"open\" is null "
     "where a "
-    "stop never clears, \"loop\" then, too, and off the loop.";
+    "stop never clears, \"loop\" then, too, and off the loop.\n"
+    "--shown gives the JSON of any command a member \"shown\", in plan and new each dive: a list of {\"heading\"}, "
+    "{\"text\", \"severity\"} and {\"table\": {\"id\", \"heads\", \"rows\": [{\"kind\", \"cells\", \"marks\"}]}}, "
+    "rounded and worded as the text output.";
 
 constexpr const char* kExamples = R"(
   tavplan plan dives/wreck.tav               the slate of each dive

@@ -15,6 +15,8 @@ constexpr const char* kDetails =
     "Writes the long report of a profile file, all dives or one, as a PDF. The PDF is drawn by tav, the desktop "
     "program, "
     "which needs no display for it.\n"
+    "With --svg each page becomes a picture of the size of its paper: PREFIX-1.svg, PREFIX-2.svg and so on, which "
+    "tavplan draws itself.\n"
     "With --slate it holds cards to dive by, of the size A6 and four to a page: depth, minutes, run time and gas in "
     "large type, each gas change as a row in white on black.\n"
     "With --sheet it holds the plan sheet, to brief and file: upright pages, for each dive one or two, with the name, "
@@ -26,11 +28,13 @@ constexpr const char* kExamples = R"(
   tavplan report dives/lake-series.tav --dive 2 --pdf second.pdf
   tavplan report dives/wreck.tav --slate --pdf slate.pdf
   tavplan report dives/wreck.tav --sheet --margins --pdf sheet.pdf
+  tavplan report dives/wreck.tav --sheet --svg sheet
 )";
 
 struct Given {
   std::string file;
   std::string pdf;
+  std::string svg;
   std::string dive;
   bool slate = false;
   bool sheet = false;
@@ -46,6 +50,7 @@ Paper PaperOf(const std::string& name) {
 }
 
 void Run(const Given& given, CommandFrame& frame) {
+  if (given.pdf.empty() && given.svg.empty()) throw UsageError({Text::UsageMissing, {"--pdf"}});
   const PlanSheetWish sheet{PaperOf(given.paper), given.margins};
   OpenedPlan& plan = frame.OpenPlan(given.file);
   std::vector<SeriesDive> dives;
@@ -67,18 +72,25 @@ void Run(const Given& given, CommandFrame& frame) {
     });
     WriteLongReport(pages, dives);
   }
-  output.WritePdf(std::filesystem::path(given.file).stem().string(), work);
+  const std::string title = std::filesystem::path(given.file).stem().string();
+  if (!given.pdf.empty()) output.WritePdf(title, work);
+  if (!given.svg.empty()) output.WriteSvg(given.svg, title, work);
 }
 
 }  // namespace
 
 Command ReportCommand() {
   const auto given = std::make_shared<Given>();
-  Command command{"report", "Write the long report, the plan sheets or the slates of a profile file as a PDF", kDetails,
-                  kExamples};
+  Command command{"report",
+                  "Write the long report, the plan sheets or the slates of a profile file as a PDF or as pictures",
+                  kDetails, kExamples};
   command.options = {
       PlanFile(given->file),
-      PdfOption(given->pdf, "The file to write", true),
+      PdfOption(given->pdf, "The file to write"),
+      {.name = "--svg",
+       .value = "PREFIX",
+       .text = "Write each page as a picture, PREFIX-1.svg and on, beside the PDF or in place of it",
+       .place = &given->svg},
       DiveOption(given->dive, "all"),
       {"--slate", "", "Write the slates to dive by: cards of the size A6, four to a page", &given->slate},
       {.name = "--sheet",

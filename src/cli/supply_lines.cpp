@@ -1,6 +1,4 @@
 #include "cli/computed_dive.h"
-#include "cli/terminal_text.h"
-#include "model/text_columns.h"
 #include "supply/supply_text.h"
 
 namespace tav {
@@ -11,6 +9,16 @@ std::vector<std::string> TextsOf(const std::vector<GridCell>& row) {
   texts.reserve(row.size());
   for (const GridCell& cell : row) texts.push_back(cell.text);
   return texts;
+}
+
+ShownOutput::Table ShownOf(const char* id, const SupplyTables::Table& table) {
+  ShownOutput::Table made{id, {TextsOf(table.front())}, {}};
+  for (std::size_t i = 1; i < table.size(); ++i) {
+    ShownOutput::Row& row = made.rows.emplace_back();
+    row.cells = TextsOf(table[i]);
+    for (const GridCell& cell : table[i]) row.marks.emplace_back(cell.bold ? "bad" : "");
+  }
+  return made;
 }
 
 /// A table whose first columns, and the last one, are of text; the others are numbers. The last `notes` columns have a
@@ -32,14 +40,20 @@ std::string Lines(const SupplyTables::Table& table, std::size_t textColumns, std
 
 }  // namespace
 
-std::string SupplyLines(const ComputedDive& dive, const TextSource& texts) {
+void ShowSupply(const ComputedDive& dive, const TextSource& texts, ShownOutput& shown) {
   const DiveTemplate& settings = dive.dive.record.Template;
   const SupplyTables tables = TablesOf(dive.supply, settings.RMV, AdviceWords(texts, {}, settings.Metric));
-  if (tables.gases.empty()) return {};
-  // How the minimum gas is worked out has a line of its own.
-  const std::string note = tables.note.empty() ? "" : Wrapped(tables.note, 0);
-  return "\n" + tables.gasTitle + "\n" + Lines(tables.gases, 2, 0) +
-         (tables.legs.size() > 1 ? tables.legTitle + "\n" + Lines(tables.legs, 0, 1) : "") + note + "\n";
+  if (tables.gases.empty()) return;
+  shown.BlankLine();
+  shown.Heading(tables.gasTitle);
+  shown.Put(ShownOf("supply", tables.gases), Lines(tables.gases, 2, 0));
+  if (tables.legs.size() > 1) {
+    shown.Heading(tables.legTitle);
+    // How the minimum gas is worked out has a line of its own.
+    shown.Put(ShownOf("legs", tables.legs), Lines(tables.legs, 0, 1));
+  }
+  if (!tables.note.empty()) shown.Text(tables.note);
+  shown.BlankLine();
 }
 
 }  // namespace tav

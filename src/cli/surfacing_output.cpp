@@ -1,12 +1,9 @@
 #include "cli/surfacing_output.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include "cli/row_columns.h"
-#include "model/text_columns.h"
 #include "model/text_id.h"
-#include "model/utf8.h"
 
 namespace tav {
 
@@ -44,39 +41,28 @@ std::string SurfacingCsv(const Surfacing& surfacing) {
   return "," + minutes(surfacing.open) + "," + CsvField(gases) + "," + minutes(surfacing.loop);
 }
 
-std::string WithSurfacing(const ScheduleText& schedule, const std::vector<Surfacing>& surfacing,
-                          const AdviceWords& words) {
+void AddSurfacing(const ScheduleText& schedule, const std::vector<Surfacing>& surfacing, const AdviceWords& words,
+                  ShownOutput::Table& table, std::vector<TextColumns::Column>& columns) {
   using Side = TextColumns::Column::Side;
   const bool rebreather = std::ranges::any_of(surfacing, &Surfacing::onLoop);
   const auto minutes = [&](const std::optional<WayOut>& way) {
     return way ? words.Short(way->minutes) : words.T(Text::HeadNever);
   };
+  const auto add = [&](std::vector<std::string>& line, const std::vector<std::string>& cells) {
+    line.insert(line.end(), cells.begin() + (rebreather ? 0 : 1), cells.end());
+  };
   const std::string unit = words.T(Text::Minutes);
-  std::vector<std::vector<std::string>> cells{
+  add(table.heads.at(0),
       {words.T(Text::HeadOnLoop), words.T(rebreather ? Text::HeadOnOpenCircuit : Text::HeadToSurface),
-       words.T(Text::HeadWayUpGas)},
-      {unit, unit, ""}};
-  for (const ScheduleRow& row : schedule.Rows()) {
-    const Surfacing& from = surfacing.at(static_cast<std::size_t>(row.row));
-    cells.push_back({from.onLoop ? minutes(from.loop) : "", minutes(from.open),
-                     from.open ? TextOf(from.open->gas, words) : std::string()});
+       words.T(Text::HeadWayUpGas)});
+  add(table.heads.at(1), {unit, unit, ""});
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const Surfacing& from = surfacing.at(static_cast<std::size_t>(schedule.Rows().at(i).row));
+    add(table.rows[i].cells, {from.onLoop ? minutes(from.loop) : "", minutes(from.open),
+                              from.open ? TextOf(from.open->gas, words) : std::string()});
   }
-  std::vector<TextColumns::Column> columns{{Side::Right, 0, 3}, {Side::Right, 0, 3}, {Side::Left, 0, 2}};
-  if (!rebreather) {
-    columns.erase(columns.begin());
-    for (std::vector<std::string>& line : cells) line.erase(line.begin());
-  }
-  TextColumns beside(std::move(columns));
-  for (const std::vector<std::string>& line : cells) beside.Fit(line);
-
-  std::vector<std::string> lines;
-  std::istringstream in(schedule.Aligned());
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  std::size_t width = 0;
-  for (const std::string& line : lines) width = std::max(width, Letters(line));
-  std::string text;
-  for (std::size_t i = 0; i < lines.size(); ++i) text += AtLeft(lines[i], width) + beside.Line(cells.at(i));
-  return text;
+  columns.resize(columns.size() + (rebreather ? 2 : 1), {Side::Right, 0, 3});
+  columns.push_back({Side::Left, 0, 2});
 }
 
 }  // namespace tav

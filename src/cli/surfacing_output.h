@@ -5,6 +5,7 @@
 
 #include "advice/leaving.h"
 #include "cli/json_writer.h"
+#include "cli/shown.h"
 #include "figures/schedule.h"
 
 /// What leaving a dive at the end of each row takes, beside the row.
@@ -19,8 +20,8 @@ void WriteSurfacing(JsonWriter& json, const Surfacing& surfacing);
 std::string SurfacingCsvHeads();
 std::string SurfacingCsv(const Surfacing& surfacing);
 
-/// The lines of a schedule with columns beside them. `surfacing` has an element for each row of the profile.
-std::string WithSurfacing(const ScheduleText& schedule, const std::vector<Surfacing>& surfacing,
-                          const AdviceWords& words);
+/// Adds columns to the heads and rows of a schedule. `surfacing` has an element for each row of the profile.
+void AddSurfacing(const ScheduleText& schedule, const std::vector<Surfacing>& surfacing, const AdviceWords& words,
+                  ShownOutput::Table& table, std::vector<TextColumns::Column>& columns);
 
 }  // namespace tav

@@ -46,6 +46,53 @@ void WriteCells(JsonWriter& json, const TableCells& cells) {
   });
 }
 
+/// Gas, depth, and a cell for each dive; the last row has the run times.
+ShownOutput::Table ShownOf(const SmallTable& table, const TextSource& texts) {
+  ShownOutput::Table made{"stops", {}, {}};
+  for (std::size_t i = 0; i < table.cells.size(); ++i) {
+    const auto& row = table.cells[i];
+    std::vector<std::string> cells{row[TableColumn::kMix], i == 0 ? texts.GetResString(Text::Depth) : table.depths[i]};
+    cells.insert(cells.end(), row.begin() + TableColumn::kFirstDive, row.end());
+    if (i == 0) {
+      made.heads.push_back(std::move(cells));
+    } else {
+      made.rows.push_back({"stop", std::move(cells), {}});
+    }
+  }
+  ShownOutput::Row& totals = made.rows.emplace_back();
+  totals = {"total", {texts.GetResString(Text::RunTime), ""}, {}};
+  totals.cells.insert(totals.cells.end(), table.totals.begin(), table.totals.end());
+  return made;
+}
+
+/// In lines of a terminal, as many dives beside each other as it is wide.
+std::string Lines(const ShownOutput::Table& table) {
+  constexpr std::size_t kHeads = 2;
+  const std::size_t cells = table.heads[0].size();
+  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.heads[0][1]));
+  const std::size_t headWidth = 2 + kMixWidth + depthWidth;
+  const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
+  std::string lines;
+  std::size_t from = kHeads;
+  do {  // a table without a dive has its rows all the same
+    const std::size_t to = std::min(from + atOnce, cells);
+    const auto add = [&](const std::string& head, const std::vector<std::string>& row) {
+      std::string line = head;
+      for (std::size_t i = from; i < to; ++i) line += AtRight(row[i], kCellWidth);
+      lines += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
+    };
+    const auto addStop = [&](const std::vector<std::string>& row) {
+      add("  " + AtLeft(row[0], kMixWidth) + AtRight(row[1], depthWidth), row);
+    };
+    if (from > kHeads) lines += "\n";
+    addStop(table.heads[0]);
+    for (std::size_t i = 0; i + 1 < table.rows.size(); ++i) addStop(table.rows[i].cells);
+    add(AtLeft("  " + table.rows.back().cells[0], headWidth), table.rows.back().cells);
+    from = to;
+  } while (from < cells);
+  return lines;
+}
+
 }  // namespace
 
 std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& model, bool bailout,
@@ -53,24 +100,32 @@ std::string SettingsOfTables(const DiveTemplate& settings, const ModelChoice& mo
   DiveTemplate dived = settings;
   dived.OpenCircuit = bailout || settings.OpenCircuit;
   return ComputedWith(dived, model, false, texts) + ", " +
-         texts.Filled(Text::SlateDepthsIn, {texts.GetResString(settings.Metric ? Text::Metres : Text::Feet)}) + "\n";
+         texts.Filled(Text::SlateDepthsIn, {texts.GetResString(settings.Metric ? Text::Metres : Text::Feet)});
 }
 
 TableOutput::TableOutput(CommandFrame& frame, const std::string& pdf, const std::string& caption)
-    : frame_(frame), texts_(frame.Texts()), data_(frame.Common().json), json_(frame.Out()), work_(frame.Terminal()) {
+    : frame_(frame),
+      texts_(frame.Texts()),
+      data_(frame.Common().json),
+      json_(frame.Out()),
+      shown_(frame.Common()),
+      work_(frame.Terminal()) {
   if (pdf.empty()) return;
   paper_.emplace(frame, pdf, caption);
 }
 
 void TableOutput::Write(const Head& head, const std::function<void()>& tables) {
+  shown_.Heading(head.heading.front());
+  for (std::size_t i = 1; i < head.heading.size(); ++i) shown_.Line(head.heading[i]);
   if (data_) {
     json_.Object([&] {
       head.members(json_);
       json_.List(head.listName, tables);
+      shown_.Write(json_);
     });
     frame_.Out() << "\n";
   } else {
-    if (!paper_) frame_.Out() << head.heading;
+    if (!paper_) frame_.Out() << shown_.TakeText();
     tables();
   }
   if (paper_) paper_->Write(head.title, work_);
@@ -89,11 +144,9 @@ void TableOutput::Print(const TableDives& dives, const std::function<void(JsonWr
   if (paper_) paper_->print.PrintTableSet(dives);
   if (paper_ && !data_) return;
   const SmallTable table = MakeSmallTable(dives, data_ ? "Depth" : texts_.GetResString(Text::Depth));
-  if (data_) {
-    PrintJson(dives, table, members);
-  } else {
-    PrintText(dives, table, title);
-  }
+  if (data_) PrintJson(dives, table, members);
+  if (!data_ || shown_.HasBlocks()) ShowTable(dives, table, title);
+  frame_.Out() << shown_.TakeText();
 }
 
 void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table,
@@ -141,33 +194,13 @@ void TableOutput::PrintJson(const TableDives& dives, const SmallTable& table,
   });
 }
 
-void TableOutput::PrintText(const TableDives& dives, const SmallTable& table, const std::string& title) {
-  std::ostream& out = frame_.Out();
-  out << "\n" << title << "\n";
-  const std::size_t columns = table.totals.size();
-  const std::size_t depthWidth = std::max(kDepthWidth, Letters(table.cells.front()[TableColumn::kDepth]));
-  const std::size_t headWidth = 2 + kMixWidth + depthWidth;
-  const std::size_t atOnce = (kLineWidth - headWidth) / kCellWidth;
-  std::size_t from = 0;
-  do {  // a table without a dive has its rows all the same
-    const std::size_t to = std::min(from + atOnce, columns);
-    const auto line = [&](const std::string& head, const auto& textOf) {
-      std::string text = head;
-      for (std::size_t column = from; column < to; ++column) text += AtRight(textOf(column), kCellWidth);
-      out << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
-    };
-    if (from > 0) out << "\n";
-    for (std::size_t i = 0; i < table.cells.size(); ++i) {
-      const auto& row = table.cells[i];
-      line("  " + AtLeft(row[TableColumn::kMix], kMixWidth) + AtRight(table.depths[i], depthWidth),
-           [&](std::size_t column) { return row[TableColumn::kFirstDive + column]; });
-    }
-    line(AtLeft("  " + texts_.GetResString(Text::RunTime), headWidth),
-         [&](std::size_t column) { return table.totals[column]; });
-    from = to;
-  } while (from < columns);
+void TableOutput::ShowTable(const TableDives& dives, const SmallTable& table, const std::string& title) {
+  shown_.BlankLine();
+  shown_.Heading(title);
+  const ShownOutput::Table made = ShownOf(table, texts_);
+  shown_.Put(made, Lines(made));
   const RemarkWords words = RemarkWordsOf(texts_, dives.diveTemplate.Metric);
-  for (const std::string& remark : TableRemarks(table, words, false)) out << Wrapped("  ! " + remark, 4);
+  for (const std::string& remark : TableRemarks(table, words, false)) shown_.Text(remark, "  ", Severity::Caution);
 }
 
 }  // namespace tav

@@ -7,6 +7,7 @@
 #include "cli/json_writer.h"
 #include "cli/long_work.h"
 #include "cli/page_output.h"
+#include "cli/shown.h"
 #include "tables/small_tables.h"
 #include "tables/table_print.h"
 #include "tables/table_slots.h"
@@ -28,8 +29,8 @@ class TableOutput {
   struct Head {
     std::function<void(JsonWriter&)> members;  ///< of the JSON, ahead of the list of tables
     const char* listName;
-    std::string heading;  ///< in words
-    std::string title;    ///< of the PDF
+    std::vector<std::string> heading;  ///< in words, a line each
+    std::string title;                 ///< of the PDF
   };
   /// The whole output: `tables` calls Print for each of them.
   void Write(const Head& head, const std::function<void()>& tables);
@@ -45,7 +46,7 @@ class TableOutput {
 
  private:
   void PrintJson(const TableDives& dives, const SmallTable& table, const std::function<void(JsonWriter&)>& members);
-  void PrintText(const TableDives& dives, const SmallTable& table, const std::string& title);
+  void ShowTable(const TableDives& dives, const SmallTable& table, const std::string& title);
 
   /// Tables on paper: their pages, and the PDF that is drawn of them at the end.
   struct Paper {
@@ -66,6 +67,7 @@ class TableOutput {
   const TextSource& texts_;
   bool data_;
   JsonWriter json_;
+  ShownOutput shown_;
   std::optional<Paper> paper_;
   LongWork work_;
   TableSlots slots_;

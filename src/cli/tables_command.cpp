@@ -89,11 +89,10 @@ void Run(const Given& given, CommandFrame& frame) {
   frame.Err() << rounded.str();
 
   const std::string title = texts.Filled(Text::TablesHeading, {given.gas});
-  const std::string without = given.without.empty() ? "" : "\n" + texts.Filled(Text::TablesWithout, {given.without});
-  const std::string heading =
-      title + without + "\n" +
-      texts.GetResString(given.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut) + "\n" +
-      SettingsOfTables(settings, frame.Model(), false, texts);
+  std::vector<std::string> heading{title};
+  if (!given.without.empty()) heading.push_back(texts.Filled(Text::TablesWithout, {given.without}));
+  heading.push_back(texts.GetResString(given.descentCounts ? Text::TablesDescentCounts : Text::TablesDescentLeftOut));
+  heading.push_back(SettingsOfTables(settings, frame.Model(), false, texts));
   TableOutput output(frame, given.pdf, "");
   output.Write({[&](JsonWriter& json) { json.Member("gas", given.gas); }, "tables", heading, title}, [&] {
     while (const auto table = dives.Next(output.Progress())) {

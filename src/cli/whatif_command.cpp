@@ -8,7 +8,7 @@
 #include "cli/option_values.h"
 #include "cli/page_output.h"
 #include "cli/row_columns.h"
-#include "cli/terminal_text.h"
+#include "cli/shown.h"
 #include "figures/dive_figures.h"
 #include "model/text_id.h"
 #include "reports/plan_slate.h"
@@ -99,12 +99,13 @@ void WriteColumn(JsonWriter& json, const WhatIfColumn& column, const PlannedDive
 }
 
 void WriteColumns(const std::vector<WhatIfColumn>& columns, const PlannedDive& plan, const AdviceWords& words,
-                  std::ostream& out) {
+                  const ShownOutput& shown, std::ostream& out) {
   JsonWriter json(out);
   json.Object([&] {
     json.List("columns", [&] {
       for (const WhatIfColumn& column : columns) json.Object([&] { WriteColumn(json, column, plan, words); });
     });
+    shown.Write(json);
   });
   out << "\n";
 }
@@ -135,14 +136,17 @@ void Run(const Given& given, CommandFrame& frame) {
     LongWork work(frame.Terminal());
     pdf.WritePdf(std::filesystem::path(given.file).stem().string(), work);
   }
-  if (frame.Common().json) {
-    return WriteColumns(columns, opened.Planned(dive), AdviceWords(frame.DataTexts(), {}, metric), frame.Out());
-  }
-  if (!given.pdf.empty()) return;
   const AdviceWords words(texts, {}, metric);
-  frame.Out() << given.file << "\n";
-  if (plan.AddsAscent()) frame.Out() << words.T(Text::WhatIfWithAscent) << "\n";
-  frame.Out() << "\n" << AlignedText(TableOf(columns, wish, plan, words), kLineWidth);
+  ShownOutput shown(frame.Common());
+  shown.InTerminal(given.file + "\n");
+  if (plan.AddsAscent()) shown.Line(words.T(Text::WhatIfWithAscent));
+  shown.BlankLine();
+  shown.Put(TableOf(columns, wish, plan, words));
+  if (frame.Common().json) {
+    WriteColumns(columns, opened.Planned(dive), AdviceWords(frame.DataTexts(), {}, metric), shown, frame.Out());
+  } else if (given.pdf.empty()) {
+    frame.Out() << shown.TakeText();
+  }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include "engine/breathing_gas.h"
 #include "figures/dive_figures.h"
-#include "model/text_columns.h"
 #include "model/text_id.h"
 
 namespace tav {
@@ -98,14 +97,14 @@ std::array<ScheduleText::Line, 2> ScheduleText::Heads() const {
                template_.Metric ? words_.bar : words_.atmospheres}};
 }
 
-std::string ScheduleText::Aligned(std::size_t first, std::size_t last) const {
+std::vector<TextColumns::Column> ScheduleText::Columns() {
   using Side = TextColumns::Column::Side;
-  TextColumns columns({{Side::Left, 8, 2},
-                       {Side::Right, 6, 1},
-                       {Side::Right, 6, 1},
-                       {Side::Right, 6, 1},
-                       {Side::Left, 3, 2},
-                       {Side::Right, 6, 1}});
+  return {{Side::Left, 8, 2},  {Side::Right, 6, 1}, {Side::Right, 6, 1},
+          {Side::Right, 6, 1}, {Side::Left, 3, 2},  {Side::Right, 6, 1}};
+}
+
+std::string ScheduleText::Aligned(std::size_t first, std::size_t last) const {
+  TextColumns columns(Columns());
   const auto heads = Heads();
   for (const Line& head : heads) columns.Fit(head);
   // As wide as the whole schedule needs, so that parts of it align, too.

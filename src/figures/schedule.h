@@ -10,6 +10,7 @@
 #include "model/dive_template.h"
 #include "model/number_texts.h"
 #include "model/profile.h"
+#include "model/text_columns.h"
 #include "platform/text_source.h"
 
 namespace tav {
@@ -59,6 +60,8 @@ class ScheduleText {
   [[nodiscard]] const std::vector<Line>& Lines() const { return lines_; }
   /// Two lines: names and units.
   [[nodiscard]] std::array<Line, 2> Heads() const;
+  /// How the texts of a line stand in columns.
+  [[nodiscard]] static std::vector<TextColumns::Column> Columns();
   /// Rows from `first` to `last`, as far as there are such, as lines of text whose columns are aligned with blanks,
   /// below the heads.
   [[nodiscard]] std::string Aligned(std::size_t first, std::size_t last) const;

@@ -1507,4 +1507,9 @@ constexpr int TemplateSurfacePressureMeans = 8967;
 constexpr int GasOxygen = 8968;
 constexpr int GasAir = 8969;
 
+// What tavplan can't edit or tell
+constexpr int EditGasBreathed = 8970;
+constexpr int EditAirStays = 8971;
+constexpr int TextsNoNumber = 8972;
+
 }  // namespace tav::Text

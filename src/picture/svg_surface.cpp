@@ -5,6 +5,8 @@
 
 #include "model/number_text.h"
 #include "pages/arial_measure.h"
+#include "pages/page_units.h"
+#include "persist/text_file.h"
 
 namespace tav {
 namespace {
@@ -62,13 +64,32 @@ std::string Escaped(const std::string& text) {
   return safe;
 }
 
+/// Empty for a file that can't be read.
+std::string TextOf(const std::filesystem::path& file) {
+  try {
+    return ReadTextFile(file);
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+/// The value of an attribute in the first tag of an element; empty where there is none.
+std::string AttributeIn(std::string_view tag, const std::string& name) {
+  const std::string start = " " + name + "=\"";
+  const std::size_t found = tag.find(start);
+  if (found == std::string_view::npos) return {};
+  const std::string_view value = tag.substr(found + start.size());
+  return std::string(value.substr(0, value.find('"')));
+}
+
 TextFont FontOf(bool bold) { return {"Arial", kPoints, bold}; }
 
 }  // namespace
 
 std::string SvgSurface::File(const std::string& title, const std::string& description, Unit unit) const {
   const auto size = [&](double units) {
-    return unit == Unit::Pixel ? Pixels(units) : Number(units / kUnitsPerMillimetre) + "mm";
+    if (unit == Unit::Pixel) return Pixels(units);
+    return Number(units / (unit == Unit::Millimetre ? kUnitsPerMillimetre : page::kUnitsPerCm / 10)) + "mm";
   };
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\"" +
          Set("width", size(width_)) + Set("height", size(height_)) +
@@ -96,6 +117,8 @@ void SvgSurface::FilledBox(double x0, double y0, double x1, double y1, Colour co
 }
 
 void SvgSurface::Box(double x0, double y0, double x1, double y1, Colour colour) {
+  // A rectangle without a height or width would not be drawn.
+  if (x0 == x1 || y0 == y1) return Line(x0, y0, x1, y1, colour, LineStyle::Solid);
   elements_ += Rectangle(x0, y0, x1, y1, Outlined(colour));
 }
 
@@ -129,10 +152,27 @@ void SvgSurface::PageText(double x, double y, const std::string& text, const Tex
   elements_ += "<text" + Set("x", x) + Set("y", y + kAscent * size) + Filled(colour);
   if (font.points != kPoints) elements_ += Set("font-size", size);
   if (font.bold) elements_ += Set("font-weight", "bold");
+  // Blanks at the front and side by side are measured, too.
+  if (text.starts_with(' ') || text.find("  ") != std::string::npos) elements_ += Set("xml:space", "preserve");
   if (angle != 0) {
     elements_ += Set("transform", "rotate(" + Number(-angle) + " " + Pixels(x) + " " + Pixels(y) + ")");
   }
   elements_ += ">" + Escaped(text) + "</text>\n";
+}
+
+bool SvgSurface::Picture(const std::filesystem::path& file, double x, double y, double width, double height) {
+  const std::string picture = TextOf(file);
+  const std::size_t start = picture.find("<svg");
+  const std::size_t content = picture.find('>', start);
+  const std::size_t end = picture.rfind("</svg>");
+  if (start == std::string::npos || content == std::string::npos || end == std::string::npos || end < content) {
+    return false;
+  }
+  const std::string box = AttributeIn(std::string_view(picture).substr(start, content - start), "viewBox");
+  if (box.empty()) return false;
+  elements_ += "<svg" + Set("x", x) + Set("y", y) + Set("width", width) + Set("height", height) + Set("viewBox", box) +
+               Set("preserveAspectRatio", "none") + picture.substr(content, end - content) + "</svg>\n";
+  return true;
 }
 
 double SvgSurface::PageTextWidth(const std::string& text, const TextFont& font) const {

@@ -9,13 +9,14 @@ namespace tav {
 
 /// A picture as the text of an SVG file, whose texts can be selected and searched: the strokes of a screen of 96 pixels
 /// to the inch. Every font is Arial, measured by a table, so that the file is the same on every machine. There is no
-/// exclusive-or mode, and picture files can't be shown.
+/// exclusive-or mode, and of picture files it takes SVG alone.
 class SvgSurface : public DrawingSurface {
  public:
   /// Drawing units.
   SvgSurface(double width, double height) : width_(width), height_(height) {}
 
-  enum class Unit { Pixel, Millimetre };
+  /// PageMillimetre is that of a page of a report, whose units are 1/567 cm.
+  enum class Unit { Pixel, Millimetre, PageMillimetre };
   /// The file, which tells its size in that unit. Title and description are for those who do not see the picture.
   [[nodiscard]] std::string File(const std::string& title, const std::string& description, Unit unit) const;
 
@@ -34,10 +35,7 @@ class SvgSurface : public DrawingSurface {
   void PageText(double x, double y, const std::string& text, const TextFont& font, Colour colour,
                 double angle) override;
   [[nodiscard]] double PageTextWidth(const std::string& text, const TextFont& font) const override;
-  bool Picture(const std::filesystem::path& /*file*/, double /*x*/, double /*y*/, double /*width*/,
-               double /*height*/) override {
-    return false;
-  }
+  bool Picture(const std::filesystem::path& file, double x, double y, double width, double height) override;
   void SetExclusiveOr(bool /*on*/) override {}
 
  private:

@@ -7,6 +7,7 @@
 #include "figures/settings_words.h"
 #include "model/text_columns.h"
 #include "model/text_id.h"
+#include "model/utf8.h"
 
 namespace tav {
 namespace {
@@ -128,39 +129,57 @@ std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& 
   return notes;
 }
 
-std::string MarginMapText(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words) {
+LetteredMap Lettered(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words) {
   const auto columns = static_cast<std::size_t>(grid.Columns());
-  const auto rows = static_cast<std::size_t>(grid.Rows());
   const std::vector<MarginMark> marks = MarginMarks(cells, words);
-  const std::string unit = " " + words.LengthUnit();
-  std::size_t label = 0;
-  for (std::size_t row = 0; row < rows; ++row) {
-    label = std::max(label, (SignedFigure(grid.deeper.At(static_cast<int>(row)), words) + unit).size());
+  LetteredMap map;
+  map.title = words.T(Text::MarginsLonger);
+  map.plannedColumn = columns;
+  for (int i = 0; i < grid.Columns(); ++i) map.columns.push_back(SignedFigure(grid.longer.At(i), words));
+  for (int i = 0; i < grid.Rows(); ++i) {
+    map.rows.push_back(SignedFigure(grid.deeper.At(i), words) + " " + words.LengthUnit());
+    map.letters.emplace_back();
   }
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    map.letters[i / columns] += MarkOf(cells[i], marks).letter;
+    if (cells[i].longer != 0 || cells[i].deeper != 0) continue;
+    map.plannedRow = i / columns;
+    map.plannedColumn = i % columns;
+  }
+  for (const MarginMark& mark : marks) map.legend.push_back(std::string(1, mark.letter) + "  " + mark.words);
+  return map;
+}
+
+std::string MapLines(const LetteredMap& map) {
+  std::size_t label = 0;
+  for (const std::string& row : map.rows) label = std::max(label, row.size());
   // A figure of minutes over each fifth column.
   constexpr std::size_t kEach = 5;
   std::string head(label + 1, ' ');
-  for (std::size_t column = 0; column < columns; column += kEach) {
+  for (std::size_t column = 0; column < map.columns.size(); column += kEach) {
     const std::size_t at = label + 1 + 2 * column;
     head.resize(std::max(head.size(), at), ' ');
-    head += SignedFigure(grid.longer.At(static_cast<int>(column)), words);
+    head += map.columns[column];
   }
-  std::string text = std::string(label + 2, ' ') + words.T(Text::MarginsLonger) + "\n" + head + "\n";
-  for (std::size_t row = 0; row < rows; ++row) {
-    const std::string deeper = SignedFigure(grid.deeper.At(static_cast<int>(row)), words) + unit;
-    std::string line = std::string(label - deeper.size(), ' ') + deeper;
+  std::string text = std::string(label + 2, ' ') + map.title + "\n" + head + "\n";
+  for (std::size_t row = 0; row < map.rows.size(); ++row) {
+    std::string line = std::string(label - map.rows[row].size(), ' ') + map.rows[row];
     bool open = false;
-    for (std::size_t column = 0; column < columns; ++column) {
-      const MarginCell& cell = cells[row * columns + column];
-      const bool planned = cell.longer == 0 && cell.deeper == 0;
+    for (std::size_t column = 0; column < map.columns.size(); ++column) {
+      const bool planned = map.IsPlanned(row, column);
       line += planned ? '[' : open ? ']' : ' ';
-      line += MarkOf(cell, marks).letter;
+      line += map.letters[row][column];
       open = planned;
     }
     text += line + (open ? "]" : "") + "\n";
   }
-  text += "\n";
-  for (const MarginMark& mark : marks) text += std::string("  ") + mark.letter + "  " + mark.words + "\n";
+  return text;
+}
+
+std::string MarginMapText(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words) {
+  const LetteredMap map = Lettered(grid, cells, words);
+  std::string text = MapLines(map) + "\n";
+  for (const std::string& line : map.legend) text += "  " + line + "\n";
   return text;
 }
 
@@ -176,18 +195,27 @@ std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins
           words.T(Text::LongestBinds, {WordsWithAmount(stay.binds, words)})};
 }
 
+std::vector<std::array<std::string, 2>> NoStopRows(const std::vector<NoStopTime>& times, const AdviceWords& words) {
+  std::vector<std::array<std::string, 2>> rows;
+  rows.reserve(times.size());
+  for (const NoStopTime& time : times) {
+    rows.push_back({words.Depth(time.depth), std::to_string(time.minutes) +
+                                                 (time.minutes == LongestStay::kMost ? "+ " : " ") +
+                                                 words.T(Text::WhatIfMinutes)});
+  }
+  return rows;
+}
+
 std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
                                      const AdviceWords& words) {
   const double from = margins.Settings().Metric ? 9 : 30;
   if (times.empty()) return {words.T(Text::NoStopNone, {words.Depth(from)})};
   std::vector<std::string> lines{words.T(Text::NoStopTitle, {margins.LegGas()})};
+  const auto rows = NoStopRows(times, words);
   std::size_t width = 0;
-  for (const NoStopTime& time : times) width = std::max(width, words.Depth(time.depth).size());
-  for (const NoStopTime& time : times) {
-    const std::string minutes = std::to_string(time.minutes) + (time.minutes == LongestStay::kMost ? "+" : "");
-    lines.push_back(AtRight(words.Depth(time.depth), width + 2) + AtRight(minutes, 5) + " " +
-                    words.T(Text::WhatIfMinutes));
-  }
+  for (const auto& row : rows) width = std::max(width, row[0].size());
+  const std::size_t minutes = 6 + Letters(words.T(Text::WhatIfMinutes));
+  for (const auto& row : rows) lines.push_back(AtRight(row[0], width + 2) + AtRight(row[1], minutes));
   lines.push_back(words.T(Text::NoStopOf,
                           {ComputedWith(margins.Settings(), margins.Model(), margins.IsRepetitive(), words.Texts())}));
   return lines;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -41,11 +42,30 @@ std::string MarginHead(const std::string& plan, const Margins& margins, const Ad
 std::vector<std::string> JudgeNotes(const Margins& margins, const AdviceWords& words);
 /// And what must be said of a map: what a cell is, ahead of the same.
 std::vector<std::string> MarginNotes(const Margins& margins, const AdviceWords& words);
-/// A map in letters, two for each cell, the planned dive between brackets, with its legend.
+/// A map in letters, with what stands over its columns and beside its rows.
+struct LetteredMap {
+  std::string title;  ///< what the heads of the columns are
+  std::vector<std::string> columns;
+  std::vector<std::string> rows;
+  std::vector<std::string> letters;  ///< of each row, one for each column
+  std::size_t plannedRow = 0;
+  std::size_t plannedColumn = 0;    ///< beyond the map where the planned dive is not in it
+  std::vector<std::string> legend;  ///< "A  Air runs short"
+
+  [[nodiscard]] bool IsPlanned(std::size_t row, std::size_t column) const {
+    return row == plannedRow && column == plannedColumn;
+  }
+};
+LetteredMap Lettered(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words);
+/// The map in lines, two letters for each cell, the planned dive between brackets.
+std::string MapLines(const LetteredMap& map);
+/// The same with its legend.
 std::string MarginMapText(const MarginGrid& grid, const std::vector<MarginCell>& cells, const AdviceWords& words);
 /// The longest stay in one or two sentences.
 std::vector<std::string> LongestStayWords(const LongestStay& stay, const Margins& margins, const AdviceWords& words);
-/// A table of depths and minutes without a stop, and whose times these are.
+/// The depths and minutes without a stop: "9 m", "25 min".
+std::vector<std::array<std::string, 2>> NoStopRows(const std::vector<NoStopTime>& times, const AdviceWords& words);
+/// A table of them, and whose times these are.
 std::vector<std::string> NoStopLines(const std::vector<NoStopTime>& times, const Margins& margins,
                                      const AdviceWords& words);
 

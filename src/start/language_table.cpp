@@ -1,5 +1,6 @@
 #include "start/language_table.h"
 
+#include <algorithm>
 #include <charconv>
 #include <system_error>
 
@@ -23,6 +24,9 @@ std::string Unescape(std::string_view text) {
   }
   return plain;
 }
+
+constexpr std::string_view kTableStart = "TAV_";
+constexpr std::string_view kTableExtension = ".dll";
 
 bool TryRead(const std::filesystem::path& file, LanguageTable& table) {
   try {
@@ -56,6 +60,35 @@ LanguageTable LanguageTable::Read(const std::filesystem::path& file) {
 std::string LanguageTable::GetResString(int id) const {
   const auto found = texts_.find(id);
   return found == texts_.end() || found->second.empty() ? TextSource::GetResString(id) : found->second;
+}
+
+std::vector<int> LanguageTable::Numbers() const {
+  std::vector<int> numbers;
+  numbers.reserve(texts_.size());
+  for (const auto& [id, text] : texts_) numbers.push_back(id);
+  std::ranges::sort(numbers);
+  return numbers;
+}
+
+std::vector<std::string> LanguageCodes(const std::filesystem::path& programFolder) {
+  std::vector<std::string> codes;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(programFolder / kLanguageFolder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with(kTableStart) && name.ends_with(kTableExtension)) codes.push_back(CodeOfTable(name));
+  }
+  std::ranges::sort(codes);
+  return codes;
+}
+
+std::string TableOfCode(const std::string& code) {
+  return std::string(kTableStart) + code + std::string(kTableExtension);
+}
+
+std::string CodeOfTable(const std::string& table) {
+  const std::size_t around = kTableStart.size() + kTableExtension.size();
+  return table.size() < around ? std::string() : table.substr(kTableStart.size(), table.size() - around);
 }
 
 LanguageTable DefaultTexts(const std::filesystem::path& programFolder) {

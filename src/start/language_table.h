@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/message_boxes.h"
 #include "platform/text_source.h"
@@ -27,6 +28,8 @@ class LanguageTable : public TextSource {
 
   [[nodiscard]] std::string GetResString(int id) const override;
   [[nodiscard]] bool Has(int id) const { return texts_.contains(id); }
+  /// The numbers of all texts, in order.
+  [[nodiscard]] std::vector<int> Numbers() const;
 
  private:
   std::unordered_map<int, std::string> texts_;
@@ -42,6 +45,13 @@ struct Language {
 /// Folder of the program's data in which languages lie, and the default one.
 constexpr std::string_view kLanguageFolder = "lang";
 constexpr std::string_view kDefaultLanguage = "TAV_uk.dll";
+
+/// The languages whose tables lie in the language folder, by their codes, "de", in order.
+std::vector<std::string> LanguageCodes(const std::filesystem::path& programFolder);
+
+/// "TAV_de.dll" for "de", and back.
+std::string TableOfCode(const std::string& code);
+std::string CodeOfTable(const std::string& table);
 
 /// The default language alone, for the command line. Throws FileError.
 LanguageTable DefaultTexts(const std::filesystem::path& programFolder);

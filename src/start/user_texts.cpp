@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
+#include <memory>
 #include <system_error>
 
 #include "model/number_text.h"
@@ -34,6 +36,18 @@ std::string StoredLanguage() {
   return {};
 }
 
+bool IsKnown(const fs::path& programFolder, const std::string& code) {
+  return !code.empty() && std::ranges::binary_search(LanguageCodes(programFolder), code);
+}
+
+/// Throws FileError. A table that has been read stays: a page in a browser runs many commands, each of which needs it.
+std::shared_ptr<const LanguageTable> TableIn(const fs::path& file) {
+  static std::map<fs::path, std::shared_ptr<const LanguageTable>> tables;
+  std::shared_ptr<const LanguageTable>& table = tables[file];
+  if (!table) table = std::make_shared<const LanguageTable>(LanguageTable::Read(file));
+  return table;
+}
+
 }  // namespace
 
 std::string TableOfLocale(const fs::path& programFolder, std::string_view locale) {
@@ -44,7 +58,8 @@ std::string TableOfLocale(const fs::path& programFolder, std::string_view locale
   return known ? name : std::string(kDefaultLanguage);
 }
 
-std::string TableOfUser(const fs::path& programFolder) {
+std::string TableOfUser(const fs::path& programFolder, const std::string& code) {
+  if (IsKnown(programFolder, code)) return TableOfCode(code);
   const std::string stored = StoredLanguage();
   return stored.empty() ? TableOfLocale(programFolder, LocaleOfMessages()) : stored;
 }
@@ -61,16 +76,17 @@ std::string LocaleOf(const char* category) {
 
 void LazyTexts::Read() const {
   read_ = true;
-  const std::string name = language_ == Language::User ? TableOfUser(programFolder_) : std::string(kDefaultLanguage);
+  const bool byUser = language_ == Language::User || IsKnown(programFolder_, code_);
+  const std::string name = byUser ? TableOfUser(programFolder_, code_) : std::string(kDefaultLanguage);
   const fs::path folder = programFolder_ / kLanguageFolder;
   try {
-    table_ = LanguageTable::Read(folder / name);
+    table_ = TableIn(folder / name);
     return;
   } catch (const FileError&) {
     if (name == kDefaultLanguage) return;
   }
   try {
-    table_ = LanguageTable::Read(folder / kDefaultLanguage);
+    table_ = TableIn(folder / kDefaultLanguage);
   } catch (const FileError&) {
     return;  // every text is its number then
   }
@@ -78,7 +94,7 @@ void LazyTexts::Read() const {
 
 std::string LazyTexts::GetResString(int id) const {
   if (!read_) Read();
-  return table_.GetResString(id);
+  return table_ ? table_->GetResString(id) : TextSource::GetResString(id);
 }
 
 std::string AdviceText(const TextSource& texts, const std::filesystem::path& file,

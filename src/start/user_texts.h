@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,8 +16,9 @@ namespace tav {
 /// for its language.
 std::string TableOfLocale(const std::filesystem::path& programFolder, std::string_view locale);
 
-/// The name of the table of the user's language: that of his settings, else that of his environment.
-std::string TableOfUser(const std::filesystem::path& programFolder);
+/// The name of the table of the user's language: that of a code which he tells for once, "de", if it is known; else
+/// that of his settings, else that of his environment.
+std::string TableOfUser(const std::filesystem::path& programFolder, const std::string& code = {});
 
 /// The locale of messages that the environment names: LC_ALL, LC_MESSAGES or LANG, the first that is set; empty for
 /// none.
@@ -33,8 +35,9 @@ class LazyTexts : public TextSource {
     Default,  ///< for output that programs read
   };
 
-  LazyTexts(std::filesystem::path programFolder, Language language)
-      : programFolder_(std::move(programFolder)), language_(language) {}
+  /// With a known code, "de", the texts are in that language.
+  LazyTexts(std::filesystem::path programFolder, Language language, std::string code = {})
+      : programFolder_(std::move(programFolder)), language_(language), code_(std::move(code)) {}
 
   [[nodiscard]] std::string GetResString(int id) const override;
 
@@ -43,7 +46,8 @@ class LazyTexts : public TextSource {
 
   std::filesystem::path programFolder_;
   Language language_;
-  mutable LanguageTable table_;
+  std::string code_;
+  mutable std::shared_ptr<const LanguageTable> table_;  ///< none when not even the default one is there
   mutable bool read_ = false;
 };
 

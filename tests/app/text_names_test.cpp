@@ -47,6 +47,18 @@ std::map<std::string, std::string> Sources() {
   return sources;
 }
 
+/// What the page in the browser shows, by number: "Graph: 9000," in its list of names. From 9000 on they are its own.
+constexpr int kFirstOfPage = 9000;
+std::map<int, std::string> PageTexts() {
+  std::map<int, std::string> named;
+  const std::string list = ReadTextFile(SourceFolder() / "web/page/src/text_ids.ts");
+  const std::regex entry(R"((\w+): (\d+),)");
+  for (std::sregex_iterator found(list.begin(), list.end(), entry), end; found != end; ++found) {
+    named.emplace(std::stoi((*found)[2]), (*found)[1]);
+  }
+  return named;
+}
+
 bool IsWord(char letter) { return std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_'; }
 
 /// A place in the code that says Text::Name.
@@ -114,6 +126,10 @@ TEST(TextNames, AreThoseOfTheTexts) {
   for (const TextName& each : TextNames()) {
     for (int n = 1; n <= each.following; ++n) named.emplace(each.number + n, each.name);
   }
+  for (const auto& [id, name] : PageTexts()) {
+    EXPECT_TRUE(english.contains(id)) << name << ", " << id << ", of the page has no text";
+    if (id >= kFirstOfPage) named.emplace(id, name);
+  }
   for (const auto& [id, text] : english) EXPECT_TRUE(named.contains(id)) << id << " has no name: " << text;
   for (const auto& [id, name] : named) EXPECT_TRUE(english.contains(id)) << name << ", " << id << ", has no text";
 }
@@ -128,6 +144,13 @@ TEST(TextNames, AreAllUsedAndNoNumbersInTheirPlace) {
   }
   for (const TextName& each : TextNames()) {
     EXPECT_TRUE(used.contains(each.name)) << each.name << ", " << each.number << ": nothing shows this text";
+  }
+  std::string page;
+  for (const auto& entry : fs::recursive_directory_iterator(SourceFolder() / "web/page/src")) {
+    if (entry.is_regular_file()) page += ReadTextFile(entry.path());
+  }
+  for (const auto& [id, name] : PageTexts()) {
+    EXPECT_TRUE(std::regex_search(page, std::regex("Text\\." + name + "\\b"))) << name << ": the page shows it nowhere";
   }
 }
 

@@ -242,16 +242,16 @@ TEST_F(WrittenFile, TellsSetpointsAndTheChangeToOpenCircuit) {
 
 TEST_F(WrittenFile, TellsCylindersByTheWaterThatTheyHold) {
   ProfileText profile = ReadProfileFile(SourceFolder() / "dives/nitrox.tav");
-  // An 80 cubic foot cylinder rated at 3000 psi holds 11.1 l of water.
+  // An 80 cubic foot cylinder rated at 3000 psi holds 11.097 l of water.
   profile.dives.front().Template.Cylinders = {{"EAN32", 2, 12, 0, 200, 50}, {"Air", 1, 80, 3000, 2900, 500}};
   Load(profile);
   std::vector<std::string> tanks;
   for (const pugi::xml_node tank : Dives().front().children("tankdata")) {
     tanks.push_back(MixName(tank.child("link").attribute("ref").value()) + " " +
-                    FormatFixed(tank.child("tankvolume").text().as_double() * 1000, 1) + " " +
+                    FormatFixed(tank.child("tankvolume").text().as_double() * 1000, 3) + " " +
                     FormatFixed(tank.child("tankpressurebegin").text().as_double() / 100000, 1));
   }
-  EXPECT_EQ(tanks, (std::vector<std::string>{"EAN32 12.0 200.0", "EAN32 12.0 200.0", "Air 11.1 199.9"}));
+  EXPECT_EQ(tanks, (std::vector<std::string>{"EAN32 12.000 200.0", "EAN32 12.000 200.0", "Air 11.097 199.9"}));
 }
 
 TEST_F(WrittenFile, ALaterDiveFollowsItsSurfaceInterval) {

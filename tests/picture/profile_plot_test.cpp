@@ -82,9 +82,10 @@ TEST_F(ProfilePlotTest, TheAxesHaveRoundSteps) {
   const struct {
     double width, height, stopStep;
     const char *time, *depth;  // behind 0
-  } cases[] = {{19000, 10000, 3, "10", "6"},  {133000, 10000, 3, "1", "6"},  {30000, 22000, 3, "5", "3"},
-               {9000, 3000, 3, "20", "30"},   {4000, 1500, 3, "50", "60"},   {19000, 10000, 10, "10", "10"},
-               {19000, 4000, 10, "10", "20"}, {19000, 1900, 10, "10", "50"}, {19000, 27000, 2.5, "10", "2.5"}};
+  } cases[] = {{19000, 10000, 3, "10", "6"},     {133000, 10000, 3, "1", "6"},  {30000, 22000, 3, "5", "3"},
+               {9000, 3000, 3, "20", "30"},      {4000, 1500, 3, "50", "60"},   {19000, 10000, 10, "10", "10"},
+               {19000, 4000, 10, "10", "20"},    {19000, 1900, 10, "10", "50"}, {19000, 27000, 2.5, "10", "2.5"},
+               {19000, 27000, 3.26, "10", "3.3"}};
   for (const auto& known : cases) {
     SCOPED_TRACE(testing::Message() << known.width << " x " << known.height << ", stops at " << known.stopStep);
     RecordingSurface sized(known.width, known.height);
@@ -218,6 +219,21 @@ TEST_F(ProfilePlotTest, AGasThatTheFirstStopBeginsWithIsNamedAtIt) {
   Draw();
   ASSERT_EQ(Labels().size(), 2U);
   EXPECT_EQ(Labels()[1].text, "EAN50");
+}
+
+// At marked rows the names go down, at the others up.
+TEST_F(ProfilePlotTest, NineGasesTakenAtOnceAreAllRead) {
+  for (const bool marked : {true, false}) {
+    profile.clear();
+    for (int i = 1; i <= 10; ++i) Add(20 + i / 100.0, 30, "Gas " + std::to_string(i), marked);
+    Draw();
+    std::vector<Stroke> labels = Labels();
+    labels.erase(labels.begin());  // at the start of the dive
+    ASSERT_EQ(labels.size(), 9U);
+    std::ranges::sort(labels, {}, &Stroke::y0);
+    for (std::size_t i = 1; i < labels.size(); ++i)
+      EXPECT_GE(labels[i].y0, labels[i - 1].y0 + 179.99) << labels[i].text;
+  }
 }
 
 TEST_F(ProfilePlotTest, TheLastRowAndAnUnchangedGasHaveNoLabel) {

@@ -1,0 +1,17 @@
+// Light or dark: as the device has it, or as was chosen.
+import { keep, kept } from "./keep";
+
+export type Look = "auto" | "light" | "dark";
+
+export const look = (): Look => kept<Look>("look") ?? "auto";
+
+export function setLook(chosen: Look): void {
+  keep("look", chosen);
+  showLook();
+}
+
+export function showLook(): void {
+  const chosen = look();
+  if (chosen === "auto") delete document.documentElement.dataset["look"];
+  else document.documentElement.dataset["look"] = chosen;
+}
