@@ -23,7 +23,7 @@ root=$place/root    # the newcomer's machine
 diver=$place/diver  # the diver's machine
 clean() {
   local mount
-  [ -z "${screen:-}" ] || kill "$screen" 2>/dev/null || true
+  for outside in "${screen:-}" "${compositor:-}"; do [ -z "$outside" ] || kill "$outside" 2>/dev/null || true; done
   # What hangs deepest goes first; nothing may be left that a removal would follow into this machine.
   while read -r mount; do umount "$mount" 2>/dev/null || umount -l "$mount"; done \
     < <(awk -v root="$place" 'index($5, root "/") == 1 {print $5}' /proc/self/mountinfo | sort -r)
@@ -112,6 +112,16 @@ if command -v Xvfb >/dev/null; then
 else
   echo "There is no Xvfb: that windows open on X11 is not proven." >&2
 fi
+if command -v weston >/dev/null; then
+  mkdir -m 700 "$diver/tmp/wayland"
+  XDG_RUNTIME_DIR=$diver/tmp/wayland weston --backend=headless-backend.so --no-config --socket=tav >/dev/null 2>&1 &
+  compositor=$!
+  timeout 20 sh -c "until [ -S '$diver/tmp/wayland/tav' ]; do sleep 0.1; done"
+  chmod 755 "$diver/tmp/wayland"
+  chmod 777 "$diver/tmp/wayland/tav"
+else
+  echo "There is no weston: that windows open on Wayland is not proven." >&2
+fi
 cat >"$diver/as_diver_before.sh" <<'EOF'
 # The folder, on a machine that has nothing of what it needs. sh as_diver_before.sh [DISPLAY]
 set -eux
@@ -125,6 +135,7 @@ status=0
 grep 'no display' told
 QT_QPA_PLATFORM=offscreen /portable/tav --start-check
 [ -z "${1:-}" ] || DISPLAY=$1 QT_QPA_PLATFORM=xcb /portable/tav --start-check
+[ ! -S /tmp/wayland/tav ] || WAYLAND_DISPLAY=/tmp/wayland/tav QT_QPA_PLATFORM=wayland /portable/tav --start-check
 EOF
 cat >"$diver/as_diver.sh" <<'EOF'
 # What is installed, and what runs from its folder beside it. sh as_diver.sh [DISPLAY]

@@ -53,7 +53,7 @@ test("each command of the page, on each example", () => {
       ["check", file],
       ["whatif", file, "--json", "--shown", "--gf", "30/70"],
       ["longest", file, "--json", "--shown"],
-      ["margins", file, "--json", "--shown", "--longer", "0:4", "--deeper", "0:2"],
+      ["margins", file, "--json", "--shown", "--longer", "0:4:1", "--deeper", "0:2:1"],
       ["bailout", file, "--json", "--shown", "--interval", "10"],
       ["edit", file, "--json"],
     ]) {

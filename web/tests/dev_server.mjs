@@ -7,11 +7,11 @@ import { fileURLToPath } from "node:url";
 import { NativeCore } from "./native_core.mjs";
 
 const root = join(dirname(fileURLToPath(import.meta.url)), "../..");
-const site = process.env.TAV_SITE ?? join(root, "build/web/site");
 const types = {
   ".html": "text/html; charset=utf-8",
   ".js": "text/javascript",
   ".css": "text/css",
+  ".json": "application/json",
   ".svg": "image/svg+xml",
   ".wasm": "application/wasm",
   ".webmanifest": "application/manifest+json",
@@ -39,7 +39,8 @@ const bridge = `export default async () => {
   };
 };`;
 
-export function serve(port = 8123, native = false) {
+/** Port 0 takes any that is free. */
+export function serve({ port = 0, native = false, site = process.env.TAV_SITE ?? join(root, "build/web/site") } = {}) {
   const core = new NativeCore();
   const server = createServer(async (request, response) => {
     const send = (status, type, body) => response.writeHead(status, { "content-type": type }).end(body);
@@ -62,6 +63,6 @@ export function serve(port = 8123, native = false) {
 
 if (process.argv[1] === fileURLToPath(import.meta.url)) {
   const port = Number(process.argv.find((each) => /^\d+$/.test(each)) ?? 8123);
-  await serve(port, process.argv.includes("--native"));
+  await serve({ port, native: process.argv.includes("--native") });
   console.log(`port ${port}`);
 }
