@@ -24,7 +24,7 @@ await build({
   minify: true,
   legalComments: "none",
   external: ["./core.js"],
-  define: { TAV_VERSION: JSON.stringify(version) },
+  define: { TAV_VERSION: JSON.stringify(version), TAV_BUILD: '"@build@"' },
   jsx: "automatic",
   jsxImportSource: "preact",
 });
@@ -43,14 +43,18 @@ for (const [folder, ending] of [["lang", /\.dll$/], ["template", /\.tpl$/], ["di
 }
 writeFileSync(join(site, "core_files.json"), JSON.stringify(texts));
 
+// One hash of all files. Those of a build ask for each other by it, so that no cache mixes two builds.
 const files = readdirSync(site).sort();
-const hash = createHash("sha256");
-for (const name of files) hash.update(name).update(readFileSync(join(site, name)));
+const sum = createHash("sha256");
+for (const name of files) sum.update(name).update(readFileSync(join(site, name)));
+const hash = sum.digest("hex").slice(0, 16);
+for (const name of ["app.js", "worker.js", "index.html"]) {
+  writeFileSync(join(site, name), readFileSync(join(site, name), "utf8").replaceAll("@build@", hash));
+}
+const asked = (name) => (/\.(js|css|wasm|json)$/.test(name) ? `${name}?v=${hash}` : name);
 const worker = readFileSync(join(here, "page/src/sw.js"), "utf8");
 writeFileSync(
   join(site, "sw.js"),
-  worker
-    .replace('"@files@"', JSON.stringify(["./", ...files]))
-    .replace("@hash@", `${version}-${hash.digest("hex").slice(0, 16)}`),
+  worker.replace('"@files@"', JSON.stringify(["./", ...files.map(asked)])).replace("@hash@", `${version}-${hash}`),
 );
 console.log(`${site}: ${files.length + 1} files`);

@@ -5,7 +5,7 @@
 namespace tav {
 
 std::string_view IdOf(Rule rule) {
-  constexpr std::array<std::string_view, 22> kIds{"hypoxic",
+  constexpr std::array<std::string_view, 23> kIds{"hypoxic",
                                                   "hyperoxic",
                                                   "above_ceiling",
                                                   "does_not_decompress",
@@ -26,7 +26,8 @@ std::string_view IdOf(Rule rule) {
                                                   "turn_passed",
                                                   "surface_pressure",
                                                   "interval_on_loop",
-                                                  "loop_changes"};
+                                                  "loop_changes",
+                                                  "gas_name"};
   return kIds.at(static_cast<std::size_t>(rule));
 }
 

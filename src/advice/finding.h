@@ -32,6 +32,7 @@ enum class Rule {
   SurfacePressure,  ///< a surface pressure that is not that of its altitude
   IntervalOnLoop,   ///< a surface interval that is reckoned on the loop
   LoopChanges,      ///< the loop takes the gases of the change list as diluents
+  GasName,          ///< the name of a gas tells another content
 };
 
 /// "hypoxic", "hyperoxic", ...: the name of a rule in files for scripts. It never changes.

@@ -5,6 +5,7 @@
 #include "advice/plan_check.h"
 #include "advice/stretches.h"
 #include "engine/breathing_gas.h"
+#include "model/gas_name.h"
 #include "model/text_id.h"
 
 namespace tav::plan_check {
@@ -124,12 +125,32 @@ void CheckCounterDiffusion(const Context& context) {
   }
 }
 
+/// A gas is filled and analysed by its name.
+void CheckNames(const Context& context) {
+  constexpr double kRounding = 0.5;  // per cent: names tell whole numbers
+  const AdviceWords& words = context.words;
+  std::vector<std::string> met;
+  for (const BreathedSegment& segment : context.segments) {
+    const Waypoint& row = *segment.end;
+    if (std::ranges::find(met, row.GasMixName) != met.end()) continue;
+    met.push_back(row.GasMixName);
+    const auto named = MixOfName(row.GasMixName);
+    const auto differ = [](Single a, Single b) { return std::fabs(a - b) > kRounding; };
+    if (!named || !(differ(named->O2, row.GasMixO2) || differ(named->He, row.GasMixHe))) continue;
+    context.findings.push_back(
+        {Rule::GasName, Severity::Caution, segment.row, segment.row,
+         words.T(Text::GasNameTellsOther, {row.GasMixName, words.Short(row.GasMixO2), words.Short(row.GasMixHe),
+                                           words.Short(named->O2), words.Short(named->He)})});
+  }
+}
+
 }  // namespace
 
 void CheckGas(const Context& context) {
   CheckNarcotic(context);
   CheckDensity(context);
   CheckCounterDiffusion(context);
+  CheckNames(context);
 }
 
 }  // namespace tav::plan_check

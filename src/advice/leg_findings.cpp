@@ -46,7 +46,7 @@ void CheckDecompression(const Context& context) {
   const DiveTemplate& settings = context.dive.settings;
   std::int16_t stop = rows.GetLength();
   // The stop that hit the limit lasted longest by far.
-  for (std::int16_t i = 1; i <= rows.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= rows.GetLength() && i > 0; ++i) {
     if (rows.GetStatus(i) == RowStatus::kStop && rows.getStopTime(i) > rows.getStopTime(stop)) stop = i;
   }
   // From a bottom that is no deeper than the last stop the ascent waits for the surface at the bottom itself.

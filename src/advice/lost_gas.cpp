@@ -27,7 +27,7 @@ Message LoseGases(const std::vector<std::string>& gases, DiveRecord& dive) {
   std::erase_if(dive.Template.Cylinders, [&](const Cylinder& cylinder) { return isLost(cylinder.Gas); });
   ClassUseractions& actions = dive.UserActions;
   std::optional<std::int16_t> before;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (actions.getaction(i) != ClassUseractions::kLeg) continue;
     const std::string& gas = dive.Template.Blends.at(static_cast<std::size_t>(actions.getmixnumber(i))).Name;
     if (!isLost(gas)) {

@@ -27,7 +27,7 @@ struct Context {
 
 /// `Hypoxic`, `Hyperoxic`, `Setpoint` (oxygen_findings.cpp).
 void CheckOxygen(const Context& context);
-/// `Narcotic`, `Density`, `CounterDiffusion` (gas_findings.cpp).
+/// `Narcotic`, `Density`, `CounterDiffusion`, `GasName` (gas_findings.cpp).
 void CheckGas(const Context& context);
 /// `ChangeHidden`, `ChangeSkipped`, `ChangeUnknown`, `ChangeHyperoxic` (change_findings.cpp).
 void CheckChanges(const Context& context);

@@ -87,6 +87,10 @@ WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.m
   if (fault_.IsEmpty() && deepest_ == 0) fault_ = Text::NoLegs;
   if (!fault_.IsEmpty()) return;
   addsAscent_ = dive.plan.state != EditState::Ascent;
+  if (addsAscent_ && actions.GetLength() == INT16_MAX) {
+    fault_ = Text::TooManyActions;
+    return;
+  }
   if (addsAscent_) {
     actions.NewAction();
     actions.setdeco(actions.GetLength());
@@ -95,7 +99,7 @@ WhatIf::WhatIf(const PlannedDive& dive) : plan_(dive.record), model_(dive.plan.m
 
 std::int16_t DeepestLegOf(const ClassUseractions& actions) {
   std::int16_t deepest = 0;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (actions.getaction(i) != ClassUseractions::kLeg) continue;
     if (deepest == 0 || actions.getDepth(i) >= actions.getDepth(deepest)) deepest = i;
   }

@@ -109,10 +109,7 @@ void frmMain::ApplyToProfile() {
   const auto active = Active();
   if (!active) return;
   DiveTemplate& diveTemplate = services_.Document(*active).Template;
-  if (diveTemplate.OpenCircuit != OpenCircuitMode && diveTemplate.Team) {
-    diveTemplate.Team = ForCircuit(*diveTemplate.Team, OpenCircuitMode);
-  }
-  diveTemplate.OpenCircuit = OpenCircuitMode;
+  SetCircuit(diveTemplate, OpenCircuitMode);
   diveTemplate.TemplateChanged = true;
   services_.forms(*active).MarkModified();
   services_.forms(*active).ReEvaluateUserEnteredWaypoints();

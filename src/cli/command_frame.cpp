@@ -1,5 +1,6 @@
 #include "cli/command_frame.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <ostream>
@@ -101,10 +102,17 @@ DiveTemplate CommandFrame::Settings(const std::string& templateName) {
 }
 
 std::vector<DiveRecord> CommandFrame::ReadPlan(const std::string& file) {
+  std::vector<FormatFault> odd;
+  std::vector<DiveRecord> dives = ReadPlan(file, odd);
+  TellFaults(file, odd);
+  return dives;
+}
+
+std::vector<DiveRecord> CommandFrame::ReadPlan(const std::string& file, std::vector<FormatFault>& odd) {
   FormatFaults faults(file, FormatFaults::Mode::StopAtFirstError);
   ProfileText profile = ReadProfileText(ReadTextFile(file), faults);
   ReportSeriesFaults(profile, faults);
-  TellFaults(file, faults.List());
+  odd = faults.List();
   return std::move(profile.dives);
 }
 

@@ -46,6 +46,8 @@ class CommandFrame {
   /// Reads a profile. Throws FileError with the line to mend where it can't be planned; what is odd in a file that can
   /// is told.
   std::vector<DiveRecord> ReadPlan(const std::string& file);
+  /// The same, but that what is odd is for the caller to tell.
+  static std::vector<DiveRecord> ReadPlan(const std::string& file, std::vector<FormatFault>& odd);
   /// Reads and computes it.
   OpenedPlan& OpenPlan(const std::string& file);
   /// Computes dives that are to be those of a file.

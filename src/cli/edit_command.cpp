@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <sstream>
 
 #include "cli/command_frame.h"
 #include "cli/plan_edits.h"
@@ -19,6 +20,7 @@ constexpr const char* kDetails =
     "actions before the change, as --json tells them; ascents count, too.\n"
     "The values of --set stand for all lines of their key; an empty one of \"# NAME=\" takes these lines away. Numbers "
     "are not converted when Metric changes.\n"
+    "PART is one of count, size, rated, fill, reserve, gas; cylinders have their numbers from before the change.\n"
     "The new dive of --add-dive has the settings, gases and cylinders of the last one and ends with its ascent; it "
     "needs a leg in the same call.";
 
@@ -37,12 +39,17 @@ struct Given {
 };
 
 void Run(const Given& given, CommandFrame& frame) {
-  std::vector<DiveRecord> dives = frame.ReadPlan(given.file);
+  std::vector<FormatFault> odd;
+  std::vector<DiveRecord> dives = CommandFrame::ReadPlan(given.file, odd);
   Edit(given.edits, dives);
+  std::ostringstream json;
+  if (frame.Common().json) WritePlanJson(given.output.empty() ? given.file : given.output, dives, json);
   if (!given.output.empty()) {
     frame.Save(given.output, [&] { return WriteTextFile(given.output, WriteProfileText(dives)); });
   }
-  if (frame.Common().json) WritePlanJson(given.output.empty() ? given.file : given.output, dives, frame.Out());
+  // What is refused has been refused by now.
+  frame.TellFaults(given.file, odd);
+  frame.Out() << json.str();
 }
 
 }  // namespace
@@ -57,20 +64,34 @@ Command EditCommand() {
        &edits.addDive},
       {"--remove-dive", "", "Take the dive away", &edits.removeDive},
       {"--interval", "MINUTES", "Surface interval ahead of the dive", &edits.interval},
+      {"--circuit", "CIRCUIT", "Circuit of the dive, open or closed, with the usual team of divers on it",
+       &edits.circuit},
       {"--set", "LINE", "A setting as it stands in the file, KEY=VALUE or \"# NAME=VALUE\"", &edits.settings},
+      {"--altitude", "ALTITUDE", "Altitude of the dive, with the surface pressure that it usually has",
+       &edits.altitude},
+      {"--end-altitude", "ALTITUDE", "Altitude that the ascent returns to, with its surface pressure",
+       &edits.endAltitude},
       {"--gas", "NAME[:O2/HE]", "Add a gas, or give that of the name these percentages", &edits.gases},
       {"--rename-gas", "OLD=NEW", "Give a gas another name, in gas changes and cylinders, too", &edits.renamedGases},
       {"--remove-gas", "NAME", "Take a gas away that nothing breathes", &edits.removedGases},
-      {"--change", "DEPTH:GAS", "Gas of the way up from a depth on, in place of all changes", &edits.changes},
+      {"--change", "DEPTH:GAS", "Gas of the way up from a depth on, in place of all changes; the shallower goes first",
+       &edits.changes},
       {"--no-changes", "", "Take all gas changes away", &edits.noChanges},
+      {"--not-from", "GAS", "Leave a gas out on the way up", &edits.endedChanges},
+      {"--from", "GAS=DEPTH", "Depth from which a gas is breathed on the way up; other changes stay as they are",
+       &edits.depths},
       {"--cylinder", "GAS:COUNT/SIZE/FILL/RESERVE", "Cylinders of a gas, in place of all cylinders", &edits.cylinders},
       {"--no-cylinders", "", "Take all cylinders away", &edits.noCylinders},
-      {"--remove-leg", "N", "Take a leg away", &edits.removedLegs},
+      {"--cylinder-part", "N:PART=VALUE", "A number or the gas of cylinder N, counted from 1", &edits.cylinderParts},
+      {"--remove-cylinder", "N", "Take cylinder N away", &edits.removedCylinders},
+      {"--add-cylinder", "GAS", "A usual cylinder of a gas, in the units of the plan", &edits.addedCylinders},
+      {"--remove-leg", "N", "Take a leg away, or an ascent that is not the last action", &edits.removedLegs},
       {"--leg", "N=DEPTH:TIME[@GAS]", "Give leg N other values; it keeps its gas if none is told", &edits.legs},
       {"--insert-leg", "N=DEPTH:TIME[@GAS]", "A new leg ahead of leg N; on the gas of the leg before if none is told",
        &edits.insertedLegs},
       {"--add-leg", "DEPTH:TIME[@GAS]", "A new leg behind the last, ahead of the final ascent", &edits.addedLegs},
-      {"--move-leg", "N=M", "Move leg N to the place of leg M", &edits.movedLegs},
+      {"--move-leg", "N=M", "Move leg N to the place of leg M, or of an ascent that is not the last action",
+       &edits.movedLegs},
   };
   const auto exclude = [&](const std::string& name, std::vector<std::string> others) {
     std::ranges::find(command.options, name, &Option::name)->excludes = std::move(others);
@@ -83,6 +104,11 @@ Command EditCommand() {
   exclude("--add-dive", {"--dive", "--interval"});
   exclude("--no-changes", {"--change"});
   exclude("--no-cylinders", {"--cylinder"});
+  for (const char* numbered : {"--cylinder-part", "--remove-cylinder"}) {
+    exclude(numbered, {"--cylinder", "--no-cylinders"});
+  }
+  std::ranges::find(command.options, "--circuit", &Option::name)->offers =
+      std::string(kOpenCircuit) + " " + kClosedCircuit;
 
   Option file = PlanFile(given->file);
   file.role = Option::Role::FileToChange;

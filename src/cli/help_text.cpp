@@ -67,24 +67,24 @@ std::string UsageOf(const Command& command) {
 }
 
 std::string HelpText(const std::vector<Command>& commands, const HelpWords& words) {
-  std::string text = words("TAV: decompression planning on the command line") + "\n" + words("Usage") +
-                     ": tavplan COMMAND [OPTION]...\n\n" + words("Options") + ":\n" +
+  std::string text = words("TAV: decompression planning on the command line") + "\n" + words("Usage:") +
+                     " tavplan COMMAND [OPTION]...\n\n" + words("Options:") + "\n" +
                      Row("-h, --help", words("Print this help, or that of a command, and end")) +
                      Row("--version", words("Print the version and end")) +
                      Row("--manual-page", words("Print the manual page for man, and end")) +
                      Row("--bash-completion", words("Print the completion for bash, and end")) + "\n" +
-                     words("Commands") + ":\n";
+                     words("Commands:") + "\n";
   for (const Command& command : commands) text += Row(command.name, words(command.about));
   return text + "\n" + Wrapped(words(kStatus), 0) + Wrapped(words(kMore), 0);
 }
 
 std::string HelpText(const Command& command, const HelpWords& words) {
-  std::string text = words(command.about) + "\n" + words("Usage") + ": tavplan " + command.name + " " +
-                     UsageOf(command) + "\n\n" + words("Options") + ":\n";
+  std::string text = words(command.about) + "\n" + words("Usage:") + " tavplan " + command.name + " " +
+                     UsageOf(command) + "\n\n" + words("Options:") + "\n";
   for (const Option& option : command.options) {
     text += Row(HeadOf(option), words(option.text) + (option.required ? " (" + words("required") + ")" : ""));
   }
-  text += Row("-h, --help", words("Print this help and end")) + "\n" + words("Examples") + ":" +
+  text += Row("-h, --help", words("Print this help and end")) + "\n" + words("Examples:") +
           Examples(command.examples, words) + "\n";
   std::size_t at = 0;
   while (at != std::string::npos) {

@@ -30,7 +30,7 @@ void AddLimits(Command& command, LimitWish& wish) {
 std::optional<std::int16_t> LegOf(const LimitWish& wish, const ClassUseractions& actions) {
   if (wish.leg.empty()) return std::nullopt;
   std::vector<std::int16_t> legs;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (actions.getaction(i) == ClassUseractions::kLeg) legs.push_back(i);
   }
   if (legs.empty()) return std::nullopt;

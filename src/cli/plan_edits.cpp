@@ -1,17 +1,20 @@
 #include "cli/plan_edits.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string_view>
 #include <utility>
 
 #include "cli/option_values.h"
+#include "model/altitude.h"
 #include "model/gas_name.h"
 #include "model/number_text.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
 #include "persist/profile_file.h"
 #include "persist/template_fields.h"
+#include "supply/cylinder_sets.h"
 
 namespace tav {
 namespace {
@@ -36,7 +39,7 @@ bool IsLeg(std::int16_t action, const ClassUseractions& actions) {
 }
 
 bool HasLegs(const ClassUseractions& actions) {
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     if (IsLeg(i, actions)) return true;
   }
   return false;
@@ -46,7 +49,7 @@ bool HasLegs(const ClassUseractions& actions) {
 void KeepGasesOfLegs(const std::vector<GasMix>& before, DiveRecord& dive) {
   ClassUseractions& actions = dive.UserActions;
   const std::vector<GasMix>& now = dive.Template.Blends;
-  for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
     const auto old = static_cast<std::size_t>(actions.getmixnumber(i));
     const std::string& name = before[old].Name;
     if (old < now.size() && now[old].Name == name) continue;
@@ -76,10 +79,16 @@ std::size_t GasToAlter(const std::string& name, const std::string& option, const
 
 // Settings
 
-/// "Name" of "# Name="; empty for another line.
-std::string NameTakenAway(const std::string& line) {
-  const bool isEmpty = line.starts_with("# ") && line.find('=') == line.find_last_not_of(' ');
-  return isEmpty ? std::string(TrimBlanks(std::string_view(line).substr(2, line.find('=') - 2))) : std::string();
+/// "Name" of "# Name=value"; empty for another line.
+std::string NameOf(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  const bool isNamed = line.starts_with("# ") && equals != std::string_view::npos;
+  return isNamed ? std::string(TrimBlanks(line.substr(2, equals - 2))) : std::string();
+}
+
+/// Of "# Name=".
+bool TakesAway(const std::string& line) {
+  return !NameOf(line).empty() && line.find('=') == line.find_last_not_of(' ');
 }
 
 /// Writes the settings and reads them again without the comment lines of these names.
@@ -88,16 +97,12 @@ void TakeAway(const std::set<std::string>& names, DiveTemplate& settings) {
   std::string kept;
   LineReader each(block);
   while (const auto line = each.Next()) {
-    const std::size_t equals = line->find('=');
-    const bool isNamed = line->starts_with("# ") && equals != std::string_view::npos;
-    if (!isNamed || !names.contains(std::string(TrimBlanks(line->substr(2, equals - 2)))))
-      kept.append(*line).append("\n");
+    if (!names.contains(NameOf(*line))) kept.append(*line).append("\n");
   }
   DiveTemplate read;
   FormatFaults faults("", FormatFaults::Mode::Collect);  // which the whole plan is asked for in the end
   LineReader lines(kept);
-  ReadTemplateBlock(read, lines, faults);
-  if (read.OpenCircuit) SetUpNewPlan(read);
+  ReadDiveBlock(read, lines, faults);
   read.TemplateFolder = settings.TemplateFolder;
   settings = std::move(read);
 }
@@ -106,18 +111,38 @@ void TakeAway(const std::set<std::string>& names, DiveTemplate& settings) {
 bool IsLine(const std::string& line) {
   const std::size_t equals = line.find('=');
   if (equals == std::string::npos || line.find_first_of("\r\n") != std::string::npos) return false;
-  if (line.starts_with('#') && (!line.starts_with("# ") || TrimBlanks(line.substr(2, equals - 2)).empty()))
-    return false;
+  const bool isComment = line.starts_with('#');
+  if (isComment ? NameOf(line).empty() : TrimBlanks(std::string_view(line).substr(0, equals)).empty()) return false;
   return !IsMarker(std::string_view(line).substr(equals + 1), kEndOfBlock);
 }
 
+/// Takes out the lines that a later one of their name stands in place of. Cylinders are told in a line each.
+void KeepLast(std::vector<std::string>& lines) {
+  std::set<std::string> met;
+  std::vector<std::string> kept;
+  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+    const std::string name = NameOf(*line);
+    if (met.contains(name)) continue;
+    if (!name.empty() && (name != "Cylinder" || TakesAway(*line))) met.insert(name);
+    kept.push_back(*line);
+  }
+  lines.assign(kept.rbegin(), kept.rend());
+}
+
 void Set(std::vector<std::string> lines, DiveRecord& dive) {
-  std::set<std::string> takenAway;
   for (const std::string& line : lines) {
     if (!IsLine(line)) throw OptionError({Text::OptionMustBe, {"--set", line, "KEY=VALUE, # NAME=VALUE"}});
-    if (std::string name = NameTakenAway(line); !name.empty()) takenAway.insert(std::move(name));
+    // Kept in files, but nothing reads it.
+    if (TrimBlanks(std::string_view(line).substr(0, line.find('='))) == "CeilingOverride")
+      throw OptionError({Text::UsageNotExpected, {"--set " + line}});
   }
-  std::erase_if(lines, [](const std::string& line) { return !NameTakenAway(line).empty(); });
+  KeepLast(lines);
+  std::set<std::string> takenAway;
+  for (const std::string& line : lines) {
+    // Further on there may be cylinders.
+    if (TakesAway(line) && std::ranges::count(lines, NameOf(line), NameOf) == 1) takenAway.insert(NameOf(line));
+  }
+  std::erase_if(lines, TakesAway);
   // A gas change names one of the list, which must be read by then.
   std::stable_partition(lines.begin(), lines.end(), [](const std::string& line) {
     return TrimBlanks(std::string_view(line).substr(0, line.find('='))) == kBlendsKey;
@@ -178,7 +203,14 @@ void PutGas(const std::string& text, DiveTemplate& settings) {
 }
 
 void RenameGas(const std::string& text, DiveTemplate& settings) {
-  const auto [old, name] = Parted(text, '=', "--rename-gas", "OLD=NEW");
+  auto [old, name] = Parted(text, '=', "--rename-gas", "OLD=NEW");
+  // A name may hold the sign itself.
+  for (const GasMix& gas : settings.Blends) {
+    const std::size_t length = gas.Name.size();
+    if (length <= old.size() || length + 1 >= text.size() || !text.starts_with(gas.Name + "=")) continue;
+    old = gas.Name;
+    name = text.substr(length + 1);
+  }
   const std::string told = "--rename-gas " + text;
   const std::size_t mix = GasToAlter(old, "--rename-gas", settings);
   if (!BlendNameFault(name).empty()) throw OptionError(told, Text::GasNameFault);
@@ -202,13 +234,56 @@ void RemoveGas(const std::string& name, DiveRecord& dive) {
   KeepGasesOfLegs(before, dive);
 }
 
+/// The name of a gas in the list, which takes in one that only its name tells.
+std::string KnownName(const std::string& typed, DiveTemplate& settings) {
+  return settings.Blends[static_cast<std::size_t>(MixNumber(typed, settings))].Name;
+}
+
+/// The ascent takes the first gas of the list whose depth is that of the diver or deeper: the shallower stands first.
+/// An entry whose place fits its new depth keeps it, and the others keep their order.
+void PutDepth(const std::string& text, DiveTemplate& settings) {
+  const std::size_t at = text.rfind('=');
+  if (at == std::string::npos || at == 0 || at + 1 == text.size())
+    throw OptionError({Text::OptionMustBe, {"--from", text, "GAS=DEPTH"}});
+  const Single depth = NumberOf(text.substr(at + 1), "--from " + text, 0, kMaximumDepth);
+  std::vector<GasChange>& changes = settings.ChangeGasMixes;
+  GasChange change{KnownName(text.substr(0, at), settings), 0, 0, 0, depth};
+  // Of several the deepest, from which the gas is breathed.
+  auto place = changes.end();
+  for (auto each = changes.begin(); each != changes.end(); ++each) {
+    if (each->Name == change.Name && (place == changes.end() || each->Depth > place->Depth)) place = each;
+  }
+  if (place != changes.end()) {
+    settings.AutoDecoGas = false;
+    const bool fits = (place == changes.begin() || (place - 1)->Depth <= depth) &&
+                      (place + 1 == changes.end() || (place + 1)->Depth >= depth);
+    if (fits || place->Depth == depth) {
+      place->Depth = depth;
+      return;
+    }
+    changes.erase(place);
+  }
+  const auto deeper = std::ranges::find_if(changes, [&](const GasChange& other) { return other.Depth > depth; });
+  changes.insert(deeper, std::move(change));
+}
+
+void EndChanges(const std::string& typed, DiveTemplate& settings) {
+  std::vector<GasChange>& changes = settings.ChangeGasMixes;
+  const auto known = GasNamed(typed, settings.Blends);
+  const bool isEntry = std::ranges::find(changes, typed, &GasChange::Name) != changes.end();
+  const std::string name = known && !isEntry ? settings.Blends[static_cast<std::size_t>(*known)].Name : typed;
+  std::string names;
+  for (const GasChange& change : changes) names += (names.empty() ? "" : ", ") + change.Name;
+  const auto ended = std::erase_if(changes, [&](const GasChange& change) { return change.Name == name; });
+  if (ended == 0) throw OptionError({Text::UsageNoneOf, {"--not-from", typed, names}});
+}
+
 void PutChanges(const std::vector<std::string>& texts, DiveTemplate& settings) {
   settings.ChangeGasMixes.clear();
   for (const std::string& text : texts) {
     const auto [depth, gas] = Parted(text, ':', "--change", "DEPTH:GAS");
     const Single from = NumberOf(depth, "--change " + text, 0, kMaximumDepth);
-    const std::int16_t mix = MixNumber(gas, settings);
-    settings.ChangeGasMixes.push_back({settings.Blends[static_cast<std::size_t>(mix)].Name, 0, 0, 0, from});
+    settings.ChangeGasMixes.push_back({KnownName(gas, settings), 0, 0, 0, from});
   }
   // The ascent takes the first gas of the list whose depth is that of the diver or deeper.
   std::ranges::stable_sort(settings.ChangeGasMixes, [](const auto& a, const auto& b) { return a.Depth < b.Depth; });
@@ -222,6 +297,61 @@ void PutCylinders(const std::vector<std::string>& texts, DiveTemplate& settings)
   }
 }
 
+std::size_t CylinderPlace(const std::string& number, const std::string& told, const DiveTemplate& settings) {
+  const int place = WholeNumberOf(number, told, 1, INT16_MAX);
+  if (static_cast<std::size_t>(place) > settings.Cylinders.size())
+    throw OptionError(told, {Text::EditNoCylinder, {number}});
+  return static_cast<std::size_t>(place) - 1;
+}
+
+void PutPart(Cylinder& cylinder, const std::string& part, const std::string& value, const std::string& told,
+             DiveTemplate& settings) {
+  if (part == "count") {
+    cylinder.Count = static_cast<std::int16_t>(WholeNumberOf(value, told, 1, kMostCylinders));
+  } else if (part == "size") {
+    cylinder.Size = NumberOf(value, told);
+  } else if (part == "rated") {
+    if (cylinder.InLitres()) throw OptionError(told, Text::EditCylinderInLitres);
+    cylinder.RatedPressure = NumberOf(value, told);
+    if (!(cylinder.RatedPressure > 0)) throw OptionError(told, Text::CylinderNoRated);
+  } else if (part == "fill") {
+    cylinder.Fill = NumberOf(value, told);
+  } else if (part == "reserve") {
+    cylinder.Reserve = NumberOf(value, told);
+  } else if (part == "gas") {
+    cylinder.Gas = KnownName(value, settings);
+  } else {
+    throw OptionError({Text::UsageNoneOf, {"--cylinder-part", part, "count, size, rated, fill, reserve, gas"}});
+  }
+}
+
+/// Numbers of cylinders stay those from before. Parts may need each other: a reserve and a fill above it.
+void EditCylinders(const PlanEdits& edits, DiveTemplate& settings) {
+  std::map<std::size_t, std::string> altered;
+  for (const std::string& text : edits.cylinderParts) {
+    constexpr const char* kForm = "N:PART=VALUE";
+    const auto [number, setting] = Parted(text, ':', "--cylinder-part", kForm);
+    const auto [part, value] = Parted(setting, '=', "--cylinder-part", kForm);
+    const std::string told = "--cylinder-part " + text;
+    const std::size_t place = CylinderPlace(number, told, settings);
+    PutPart(settings.Cylinders[place], part, value, told, settings);
+    altered[place] = told;
+  }
+  for (const auto& [place, told] : altered) {
+    const Message fault = CylinderFault(settings.Cylinders[place]);
+    if (!fault.IsEmpty()) throw OptionError(told, fault);
+  }
+  std::set<std::size_t, std::greater<>> removed;
+  for (const std::string& number : edits.removedCylinders)
+    removed.insert(CylinderPlace(number, "--remove-cylinder", settings));
+  for (const std::size_t place : removed)
+    settings.Cylinders.erase(settings.Cylinders.begin() + static_cast<std::ptrdiff_t>(place));
+  for (const std::string& gas : edits.addedCylinders) {
+    const UsualCylinder& usual = UsualCylinders()[UsualCylinderOf(settings.Metric)];
+    settings.Cylinders.push_back(usual.With(KnownName(gas, settings)));
+  }
+}
+
 // Legs
 
 /// The actions of a dive while they are changed; their numbers stay those from before.
@@ -229,12 +359,12 @@ class LegList {
  public:
   explicit LegList(DiveRecord& dive) : dive_(dive) {
     const ClassUseractions& actions = dive.UserActions;
-    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+    for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
       entries_.push_back({i, actions.getDepth(i), actions.gettime(i), actions.getmixnumber(i), !IsLeg(i, actions)});
     }
   }
 
-  void Remove(const std::string& text) { Leg(text, "--remove-leg", text).removed = true; }
+  void Remove(const std::string& text) { Action(text, "--remove-leg", text).removed = true; }
 
   void Alter(const std::string& text) {
     const auto [number, leg] = Parted(text, '=', "--leg", kForm);
@@ -257,11 +387,11 @@ class LegList {
 
   void Add(const std::string& text) { Put(text, "--add-leg", End()); }
 
-  /// To the place of another, with those between one place on.
+  /// To the place of another, or of an ascent but the final one, with those between one place on.
   void Move(const std::string& text) {
     const auto [from, to] = Parted(text, '=', "--move-leg", "N=M");
     const Entry& leg = Leg(from, "--move-leg", text);
-    const Entry& other = Leg(to, "--move-leg", text);
+    const Entry& other = Action(to, "--move-leg", text);
     const auto first = entries_.begin() + (&leg - entries_.data());
     const auto last = entries_.begin() + (&other - entries_.data());
     first < last ? std::rotate(first, first + 1, last + 1) : std::rotate(last, first, first + 1);
@@ -290,10 +420,17 @@ class LegList {
   };
   using Place = std::vector<Entry>::iterator;
 
-  Entry& Leg(const std::string& number, const char* option, const std::string& text) {
+  /// A leg, or an ascent but the final one.
+  Entry& Action(const std::string& number, const char* option, const std::string& text) {
     const auto found = std::ranges::find(entries_, WholeNumberOf(number, option, 1, kMostActions), &Entry::number);
-    if (found != entries_.end() && !found->isAscent && !found->removed) return *found;
+    if (found != End() && found != entries_.end() && !found->removed) return *found;
     throw OptionError(option + (" " + text), {Text::MarginsNoSuchLeg, {number}});
+  }
+
+  Entry& Leg(const std::string& number, const char* option, const std::string& text) {
+    Entry& found = Action(number, option, text);
+    if (found.isAscent) throw OptionError(option + (" " + text), {Text::MarginsNoSuchLeg, {number}});
+    return found;
   }
 
   Entry Typed(const std::string& text, const std::string& option, std::int16_t usual) {
@@ -308,7 +445,7 @@ class LegList {
   Place End() { return !entries_.empty() && entries_.back().isAscent ? entries_.end() - 1 : entries_.end(); }
 
   void Put(const std::string& text, const std::string& option, Place at) {
-    if (entries_.size() >= kMostActions) throw OptionError(Text::TooManyActions);
+    if (std::ranges::count(entries_, false, &Entry::removed) >= kMostActions) throw OptionError(Text::TooManyActions);
     const auto isLeg = [](const Entry& entry) { return !entry.isAscent && !entry.removed; };
     // The gas of the leg before, or of the one that was the first.
     const auto before = std::find_if(std::make_reverse_iterator(at), entries_.rend(), isLeg);
@@ -348,22 +485,57 @@ void AddDive(const std::string& minutes, std::vector<DiveRecord>& dives) {
 }
 
 void RemoveDive(std::size_t dive, std::vector<DiveRecord>& dives) {
-  if (dives.size() == 1) throw OptionError("--remove-dive", Text::NoLegs);
+  if (dives.size() == 1) throw OptionError("--remove-dive", Text::EditOnlyDive);
   if (dive == 0) {
-    dives[1].Template.Texts = dives[0].Template.Texts;
+    // A series has them in its first dive.
+    if (dives[1].Template.Texts == PlanTexts()) dives[1].Template.Texts = dives[0].Template.Texts;
     dives[1].SurfaceInterval = 0;
   }
   dives.erase(dives.begin() + static_cast<std::ptrdiff_t>(dive));
 }
 
+void ChangeCircuit(const std::string& circuit, DiveTemplate& settings) {
+  const bool open = circuit == kOpenCircuit;
+  if (!open && circuit != kClosedCircuit) {
+    const std::string words = std::string(kOpenCircuit) + ", " + kClosedCircuit;
+    throw OptionError({Text::UsageNoneOf, {"--circuit", circuit, words}});
+  }
+  SetCircuit(settings, open);
+}
+
+void PutAltitude(const std::string& text, const char* option, void (*set)(DiveTemplate&, Single),
+                 DiveTemplate& settings) {
+  if (text.empty()) return;
+  const std::string told = option + (" " + text);
+  set(settings, NumberOf(text, told));
+  for (const TemplateFault& fault : TemplateFaults(settings)) {
+    if (fault.key.ends_with("Altitude")) throw OptionError(told, fault.text);
+  }
+}
+
+/// What a loop does can't be told of a dive without one.
+void RefuseLinesOfLoop(const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    const std::string name = NameOf(line);
+    if (name == "Loop" || name == "Surface interval") throw OptionError({Text::EditNoLoop, {"--set " + line}});
+  }
+}
+
 void EditDive(const PlanEdits& edits, DiveRecord& dive) {
   DiveTemplate& settings = dive.Template;
+  if (!edits.circuit.empty()) ChangeCircuit(edits.circuit, settings);
   if (!edits.settings.empty()) Set(edits.settings, dive);
+  if (settings.OpenCircuit) RefuseLinesOfLoop(edits.settings);
+  PutAltitude(edits.altitude, "--altitude", SetAltitude, settings);
+  PutAltitude(edits.endAltitude, "--end-altitude", SetEndAltitude, settings);
   for (const std::string& gas : edits.gases) PutGas(gas, settings);
   for (const std::string& names : edits.renamedGases) RenameGas(names, settings);
   for (const std::string& gas : edits.removedGases) RemoveGas(gas, dive);
   if (edits.noChanges || !edits.changes.empty()) PutChanges(edits.changes, settings);
+  for (const std::string& gas : edits.endedChanges) EndChanges(gas, settings);
+  for (const std::string& text : edits.depths) PutDepth(text, settings);
   if (edits.noCylinders || !edits.cylinders.empty()) PutCylinders(edits.cylinders, settings);
+  EditCylinders(edits, settings);
   EditLegs(edits, dive);
   ResolveGasChanges(settings);
 }
@@ -382,7 +554,7 @@ void CheckReads(const std::vector<DiveRecord>& dives) {
 bool HasUse(std::size_t gas, const DiveRecord& dive) {
   const DiveTemplate& settings = dive.Template;
   const std::string& name = settings.Blends.at(gas).Name;
-  for (std::int16_t i = 1; i <= dive.UserActions.GetLength(); ++i) {
+  for (std::int16_t i = 1; i <= dive.UserActions.GetLength() && i > 0; ++i) {
     const auto mix = static_cast<std::size_t>(dive.UserActions.getmixnumber(i));
     if (IsLeg(i, dive.UserActions) && settings.Blends.at(mix).Name == name) return true;
   }

@@ -119,7 +119,7 @@ void WriteCylinders(JsonWriter& json, const DiveTemplate& settings) {
 void WriteLegs(JsonWriter& json, const DiveRecord& dive) {
   const ClassUseractions& actions = dive.UserActions;
   json.List("legs", [&] {
-    for (std::int16_t i = 1; i <= actions.GetLength(); ++i) {
+    for (std::int16_t i = 1; i <= actions.GetLength() && i > 0; ++i) {
       const bool isAscent = actions.getaction(i) == ClassUseractions::kAscent;
       json.Object([&] {
         json.Member("action", int{i});

@@ -34,16 +34,6 @@ std::optional<Single> MinutesIn(std::string_view text) {
   return Single(60 * *hours + *minutes);
 }
 
-/// Whoever dives at an altitude comes up there, unless told otherwise.
-void SetAltitude(DiveTemplate& t, Single altitude) {
-  const bool endFollows = t.StartAltitude == t.EndAltitude && t.StartPressure == t.EndPressure;
-  t.StartAltitude = altitude;
-  t.StartPressure = AltitudeToPressure(altitude, t.Metric);
-  if (!endFollows) return;
-  t.EndAltitude = t.StartAltitude;
-  t.EndPressure = t.StartPressure;
-}
-
 }  // namespace
 
 PlanPaneSettings::PlanPaneSettings(Form& form, PlanEntry& entry) : PlanPanePart(form, entry) {

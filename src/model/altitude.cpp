@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "model/dive_template.h"
 #include "model/numbers.h"
 #include "model/units.h"
 
@@ -17,6 +18,19 @@ constexpr double kPascalPerBar = 100000;
 Single AltitudeToPressure(Single altitude, bool Metric) {
   if (Metric) return std::exp(altitude * kDecayPerMetre) * kSeaLevelPascal / kPascalPerBar;
   return std::exp(altitude * kDecayPerMetre / kFeetPerMetre);
+}
+
+void SetAltitude(DiveTemplate& diveTemplate, Single altitude) {
+  DiveTemplate& t = diveTemplate;
+  const bool endFollows = t.StartAltitude == t.EndAltitude && t.StartPressure == t.EndPressure;
+  t.StartAltitude = altitude;
+  t.StartPressure = AltitudeToPressure(altitude, t.Metric);
+  if (endFollows) SetEndAltitude(t, altitude);
+}
+
+void SetEndAltitude(DiveTemplate& diveTemplate, Single altitude) {
+  diveTemplate.EndAltitude = altitude;
+  diveTemplate.EndPressure = AltitudeToPressure(altitude, diveTemplate.Metric);
 }
 
 std::optional<std::int16_t> PressureToAltitude(Single pressure, bool Metric) {

@@ -16,6 +16,19 @@ void SetUpNewPlan(DiveTemplate& diveTemplate) {
   diveTemplate.IntervalOnAir = true;
 }
 
+void SetCircuit(DiveTemplate& diveTemplate, bool openCircuit) {
+  if (diveTemplate.OpenCircuit != openCircuit && diveTemplate.Team) {
+    const SupplyChoice was = *diveTemplate.Team;
+    const bool cameSo = diveTemplate.KeptTeam == was.team;
+    if (!cameSo) diveTemplate.Team = ForCircuit(was, openCircuit);
+    // A lone diver on open circuit comes back as one, though on the loop he is the usual team.
+    const bool comesBack = ForCircuit(*diveTemplate.Team, !openCircuit) == was;
+    diveTemplate.KeptTeam = cameSo || comesBack ? std::nullopt : std::optional(was.team);
+  }
+  if (!diveTemplate.OpenCircuit && openCircuit) diveTemplate.WasOnLoop = true;
+  diveTemplate.OpenCircuit = openCircuit;
+}
+
 std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate) {
   const auto& blends = diveTemplate.Blends;
   const auto found = std::find_if(blends.begin(), blends.end(), [&](const GasMix& mix) { return mix.Name == name; });

@@ -60,6 +60,7 @@ struct DiveTemplate {
   bool OCDeco = false;                    ///< a rebreather dive does its stops on open circuit
   bool KeepsDiluent = false;              ///< `ChangeGasMixes` are for open circuit, not diluents of the loop
   bool IntervalOnAir = false;             ///< a rebreather's surface interval is spent on air, not on the loop
+  bool WasOnLoop = false;                 ///< an open-circuit plan keeps these two for the way back to the loop
   Single RMV;                             ///< volume breathed per minute at surface pressure, on the dive
   Single DecoRMV;                         ///< the same during decompression
   Single MinPPO2;                         ///< low limit of the PPO2 warning
@@ -81,9 +82,10 @@ struct DiveTemplate {
   bool MaxEnd = false;                  ///< the END warning is on
   std::vector<Cylinder> Cylinders;      ///< what the diver carries; none when not told
   std::optional<SupplyChoice> Team;     ///< how gas for the worst is reckoned; as usual when not told
-  std::optional<DiveLimits> Limits;     ///< of margins and the longest stay; as usual when not told
-  PlanTexts Texts;                      ///< of the first dive of a series: what the diver says of the plan
-  std::vector<std::string> Comments;    ///< lines "# Name=value" of names that nothing here knows, kept as they stood
+  std::optional<int> KeptTeam;        ///< a team of that number came from the other circuit and goes back there with it
+  std::optional<DiveLimits> Limits;   ///< of margins and the longest stay; as usual when not told
+  PlanTexts Texts;                    ///< of the first dive of a series: what the diver says of the plan
+  std::vector<std::string> Comments;  ///< lines "# Name=value" of names that nothing here knows, kept as they stood
 };
 
 /// How the gas for the way up is reckoned on a plan: as it tells, else as usual on its circuit.
@@ -105,6 +107,10 @@ void CopyDiveTemplate(const DiveTemplate& source, DiveTemplate& destination);
 /// How a new rebreather plan differs from one in a file that says nothing of it: it keeps its diluent, and its surface
 /// interval is spent on air. It changes nothing for open circuit.
 void SetUpNewPlan(DiveTemplate& diveTemplate);
+
+/// The plan goes over to open circuit or the loop, and its team with it (ForCircuit). What holds on the loop stays;
+/// to the other circuit and back changes nothing.
+void SetCircuit(DiveTemplate& diveTemplate, bool openCircuit);
 
 /// Index of the first blend with exactly that name, if there is one.
 std::optional<std::int16_t> FindBlend(std::string_view name, const DiveTemplate& diveTemplate);

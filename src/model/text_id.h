@@ -1511,5 +1511,12 @@ constexpr int GasAir = 8969;
 constexpr int EditGasBreathed = 8970;
 constexpr int EditAirStays = 8971;
 constexpr int TextsNoNumber = 8972;
+constexpr int EditOnlyDive = 8973;
+constexpr int EditNoCylinder = 8974;
+constexpr int EditCylinderInLitres = 8975;
+constexpr int EditNoLoop = 8976;
+
+// What the check says of a gas
+constexpr int GasNameTellsOther = 8977;
 
 }  // namespace tav::Text

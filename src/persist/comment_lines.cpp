@@ -65,6 +65,18 @@ std::vector<std::string> TeamValue(const DiveTemplate& diveTemplate) {
   return {value + " " + std::string(NameOf(team.rule)) + "/"};
 }
 
+Message ReadKeptTeam(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
+  const auto team = ParseStrict(value);
+  if (!team || *team != RoundToInt16(*team).value_or(0) || *team < 1 || *team > kLargestTeam) return Text::TeamForm;
+  diveTemplate.KeptTeam = static_cast<int>(*team);
+  return {};
+}
+
+std::vector<std::string> KeptTeamValue(const DiveTemplate& diveTemplate) {
+  if (!diveTemplate.KeptTeam) return {};
+  return {std::to_string(*diveTemplate.KeptTeam)};
+}
+
 /// "run/ stops/ cns/ gas/": minutes, minutes, per cent, 1; nothing between the strokes where there is no limit.
 Message ReadLimits(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
   constexpr std::size_t kParts = 4;
@@ -97,28 +109,33 @@ std::vector<std::string> LimitsValue(const DiveTemplate& diveTemplate) {
   return {value + (limits.gas ? " 1/" : " /")};
 }
 
-/// A line that can say one thing of a rebreather, and without which the opposite holds.
+/// A line that says one thing of a rebreather, and without which the opposite holds. An open-circuit dive that was on
+/// the loop says the opposite, as without the line it would become a new plan there.
 struct OneValueLine {
   std::string_view name;
   std::string_view value;
+  std::string_view opposite;
   bool DiveTemplate::*field;
 };
-constexpr OneValueLine kLoop{"Loop", "diluent", &DiveTemplate::KeepsDiluent};
-constexpr OneValueLine kInterval{"Surface interval", "air", &DiveTemplate::IntervalOnAir};
+constexpr OneValueLine kLoop{"Loop", "diluent", "gas changes", &DiveTemplate::KeepsDiluent};
+constexpr OneValueLine kInterval{"Surface interval", "air", "loop", &DiveTemplate::IntervalOnAir};
 
 template <const OneValueLine& Line>
 Message ReadOneValue(std::string_view value, bool /*first*/, DiveTemplate& diveTemplate) {
-  if (TrimBlanks(value) != Line.value) {
+  const bool isOpposite = TrimBlanks(value) == Line.opposite;
+  if (TrimBlanks(value) != Line.value && !isOpposite) {
     return {Text::CommentOneValue, {std::string(Line.name), Shown(TrimBlanks(value)), std::string(Line.value)}};
   }
-  diveTemplate.*Line.field = true;
+  diveTemplate.*Line.field = !isOpposite;
+  if (isOpposite) diveTemplate.WasOnLoop = true;
   return {};
 }
 
 template <const OneValueLine& Line>
 std::vector<std::string> OneValue(const DiveTemplate& diveTemplate) {
-  if (diveTemplate.OpenCircuit || !(diveTemplate.*Line.field)) return {};
-  return {std::string(Line.value)};
+  const bool holds = diveTemplate.*Line.field;
+  if (diveTemplate.OpenCircuit ? holds || !diveTemplate.WasOnLoop : !holds) return {};
+  return {std::string(holds ? Line.value : Line.opposite)};
 }
 
 /// A text in one line: "\\n" for the end of a line, "\\\\" for "\\".
@@ -157,6 +174,7 @@ constexpr KnownLine kKnownLines[] = {{kPlanTextFields[0].key, false, &ReadPlanTe
                                      {kPlanTextFields[2].key, false, &ReadPlanText<2>, &PlanTextValue<2>},
                                      {kCylinders, false, &ReadCylinder, &CylinderValues},
                                      {"Team", false, &ReadTeam, &TeamValue},
+                                     {"Team stays", false, &ReadKeptTeam, &KeptTeamValue},
                                      {"Limits", false, &ReadLimits, &LimitsValue},
                                      {kLoop.name, true, &ReadOneValue<kLoop>, &OneValue<kLoop>},
                                      {kInterval.name, true, &ReadOneValue<kInterval>, &OneValue<kInterval>}};
@@ -175,18 +193,18 @@ CommentLines::CommentLines(DiveTemplate& diveTemplate, FormatFaults& faults)
   template_.Comments.clear();
 }
 
-void CommentLines::Read(std::string_view line, int number) {
+std::string_view CommentLines::Read(std::string_view line, int number) {
   const std::string_view name = NameOf(line);
-  if (name.empty()) return;
+  if (name.empty()) return {};
   if (++lines_ > kMostLines) {
     faults_.Error(number, Text::TooManyNames);
-    return;
+    return {};
   }
   met_.emplace(name);
   const auto* known = std::ranges::find(kKnownLines, name, &KnownLine::name);
   if (known == std::end(kKnownLines)) {
     template_.Comments.emplace_back(line);
-    return;
+    return {};
   }
   const Message fault = known->read(line.substr(line.find('=') + 1), !read_.contains(name), template_);
   if (!fault.IsEmpty()) {
@@ -196,10 +214,11 @@ void CommentLines::Read(std::string_view line, int number) {
       faults_.Advise(number, {Text::PassedOver, {fault}});
       template_.Comments.emplace_back(line);
     }
-    return;
+    return {};
   }
   read_.emplace(name);
   if (name == kCylinders) cylinderLines_.push_back(number);
+  return name;
 }
 
 void CommentLines::Finish() {

@@ -19,7 +19,8 @@ class CommentLines {
   CommentLines(DiveTemplate& diveTemplate, FormatFaults& faults);
 
   /// Takes in a line that begins with "#". Lines of a name stand in place of what the record held under this name.
-  void Read(std::string_view line, int number);
+  /// Returns it where the record took the value in, else nothing.
+  std::string_view Read(std::string_view line, int number);
 
   /// What can be done only when the block is read.
   void Finish();

@@ -48,9 +48,7 @@ class Reader {
     DiveRecord& dive = profile_.dives.emplace_back();
     DiveRecordLines& where = profile_.lines.emplace_back();
     where.block = lines_.LineNumber() + 1;
-    where.keys = ReadTemplateBlock(dive.Template, lines_, faults_);
-    // An open-circuit dive has no loop to tell of. Should it be made one on a rebreather, that is a new plan.
-    if (dive.Template.OpenCircuit) SetUpNewPlan(dive.Template);
+    where.keys = ReadDiveBlock(dive.Template, lines_, faults_);
     JudgeSettings(dive, where);
     if (!IsMarker(lines_.Next(), kStartOfProfile)) {
       Error({Text::LineMissing, {std::string(kStartOfProfile)}});

@@ -37,7 +37,8 @@ class Reader {
       }
       // A comment is told by its first column alone. Blanks may stand behind the end marker, but not ahead of it.
       if (line->starts_with('#')) {
-        comments_.Read(*line, lines_.LineNumber());
+        const std::string_view name = comments_.Read(*line, lines_.LineNumber());
+        if (!name.empty()) keyLines_["# " + std::string(name)].push_back(lines_.LineNumber());
         continue;
       }
       const std::size_t equals = line->find('=');
@@ -248,6 +249,17 @@ class Reader {
 
 KeyLines ReadTemplateBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults) {
   return Reader(diveTemplate, lines, faults).Run();
+}
+
+KeyLines ReadDiveBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults) {
+  KeyLines told = ReadTemplateBlock(diveTemplate, lines, faults);
+  if (diveTemplate.OpenCircuit) {
+    DiveTemplate asNew;
+    SetUpNewPlan(asNew);
+    if (!told.contains("# Loop")) diveTemplate.KeepsDiluent = asNew.KeepsDiluent;
+    if (!told.contains("# Surface interval")) diveTemplate.IntervalOnAir = asNew.IntervalOnAir;
+  }
+  return told;
 }
 
 std::string MissingKeys(const KeyLines& told, BlockOf block) {

@@ -17,7 +17,7 @@ constexpr std::string_view kEndOfBlock = "End Template Block";
 /// The key of a gas, which stands there once for each.
 constexpr std::string_view kBlendsKey = "Blends Available";
 
-/// The lines of a text on which each key of a template block stands, in order.
+/// The lines of a text on which each key of a template block stands, in order; "# Loop" for what comments tell.
 using KeyLines = std::map<std::string, std::vector<int>, std::less<>>;
 
 /// The text of a template block: 42 items from "Start Template Block" to "End Template Block", CR LF line ends,
@@ -42,6 +42,10 @@ std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate);
 /// not three values, a list beyond 32,767 entries, a missing end, and what CommentLines finds. Whether the values can
 /// be is for TemplateFaults to say.
 KeyLines ReadTemplateBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults);
+
+/// The same of the block of a dive. An open-circuit one that tells nothing of a loop becomes a new plan, should it be
+/// made one on a rebreather (SetUpNewPlan).
+KeyLines ReadDiveBlock(DiveTemplate& diveTemplate, LineReader& lines, FormatFaults& faults);
 
 /// A template may tell a part of the settings; a dive tells all of them.
 enum class BlockOf { Template, Dive };

@@ -85,8 +85,8 @@ std::string WriteTemplateBlock(const DiveTemplate& diveTemplate) {
 }
 
 std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate) {
-  constexpr std::string_view kWithoutBearing[] = {"AutoDecoGas", "CeilingOverride", "Templatename",
-                                                  "# Plan name", "# Place",         "# Notes"};
+  constexpr std::string_view kWithoutBearing[] = {"AutoDecoGas", "CeilingOverride", "Templatename", "# Plan name",
+                                                  "# Place",     "# Notes",         "# Team stays"};
   std::vector<BlockValue> values;
   std::istringstream block(WriteTemplateBlock(diveTemplate));
   for (std::string line; std::getline(block, line);) {
@@ -94,6 +94,7 @@ std::vector<BlockValue> BlockValues(const DiveTemplate& diveTemplate) {
     if (equals == std::string::npos) continue;
     const std::string key = line.substr(0, equals);
     if (std::ranges::find(kWithoutBearing, key) != std::end(kWithoutBearing)) continue;
+    if (diveTemplate.OpenCircuit && (key == "# Loop" || key == "# Surface interval")) continue;
     std::string value = line.substr(equals + 1);
     std::erase(value, '\r');
     // Of a comment, the blanks are its own.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <regex>
 
 #include "cli/tavplan_fixture.h"
 
@@ -130,6 +131,43 @@ TEST_F(EditCommandTest, ChangesWhatItIsTold) {
       {{"--remove-gas", "EAN32", "Tx15/55"}, legs, {"\n57,8,4,0,"}, {"EAN32", "Tx15/55"}},
       {{"--change", "21:ean50", "6:Oxygen", "36:Tx21/35"}, "", {"Mixes= 6:Oxygen, 21:EAN50, 36:Tx21/35,"}, {}},
       {{"--no-changes"}, "", {"Change Gas Mixes=\r\n"}, {"6:Oxygen"}},
+      {{"--from", "ean50=18"}, "", {"Mixes= 6:Oxygen, 18:EAN50,", "AutoDecoGas=0"}, {}},
+      {{"--from", "EAN50=3", "Tx21/35=36"}, "", {"Mixes= 3:EAN50, 6:Oxygen, 36:Tx21/35,"}, {}},
+      // What stands there otherwise is left as it is, also what can't be breathed.
+      {{"--set", "Change Gas Mixes=9:EAN32,1:EAN50,6:Oxygen,", "--from", "EAN32=5"},
+       "",
+       {"Mixes= 1:EAN50, 5:EAN32, 6:Oxygen,"},
+       {}},
+      {{"--not-from", "oxygen"}, "", {"Mixes= 21:EAN50,\r\n"}, {}},
+      {{"--gas", "a=b:40/0", "--from", "a=b=12"}, "", {"Mixes= 6:Oxygen, 12:a=b, 21:EAN50,"}, {}},
+      {{"--gas", "a:40/0", "a=b:41/0", "--rename-gas", "a=b=c"},
+       "",
+       {"Available=a: 40/", "Available=c: 41/"},
+       {"Available=a=b"}},
+      {{"--cylinder-part", "1:fill=40", "1:count=3", "1:reserve=30", "1:gas=EAN32"},
+       "",
+       {"# Cylinder=EAN32: 3/ 12/ 40/ 30/\r\n"},
+       {"Cylinder=Tx18/45"}},
+      {{"--add-cylinder", "EAN50", "oxygen", "--remove-cylinder", "1"},
+       "",
+       {"# Cylinder=EAN50: 2/ 12/ 200/ 50/\r\n# Cylinder=Oxygen: 2/ 12/ 200/ 50/\r\n"},
+       {"Cylinder=Tx18/45"}},
+      {{"--altitude", "1500"},
+       "",
+       {"StartAltitude= 1500\r\nStartPressure= .85", "EndAltitude= 1500\r\nEndPressure= .85"},
+       {}},
+      {{"--end-altitude", "3000", "--altitude", "1500"},
+       "",
+       {"StartAltitude= 1500\r\nStartPressure= .85", "EndAltitude= 3000\r\nEndPressure= .71"},
+       {}},
+      {{"--set", "# Mark=8", "# Mark=9", "# Plan name=New", "# Plan name="},
+       "",
+       {"# Mark=9\r\n"},
+       {"Mark=8", "Plan name"}},
+      {{"--set", "# Cylinder=", "# Cylinder=Oxygen: 1/ 3/ 200/ 20/", "# Cylinder=EAN50: 1/ 7/ 200/ 20/"},
+       "",
+       {"# Cylinder=Oxygen: 1/ 3/", "# Cylinder=EAN50: 1/ 7/"},
+       {"Cylinder=Tx18/45"}},
       {{"--cylinder", "ean50:1/80/3000/2900/500", "Oxygen:1/3/200/20/bail-out"},
        "",
        {"# Cylinder=EAN50: 1/ 80/ 3000/ 2900/ 500/\r\n# Cylinder=Oxygen: 1/ 3/ 200/ 20/ bail-out\r\n"},
@@ -186,6 +224,67 @@ TEST_F(EditCommandTest, LegsKeepTheirGasesInAnotherList) {
   }
 }
 
+TEST_F(EditCommandTest, TheOtherCircuitAndBackChangesNothing) {
+  // A file may say nothing of its loop, which then takes the gases of the changes.
+  const std::string old = Dive("rebreather.tav");
+  const std::string kept = Changed(
+      "rebreather.tav", "Templatename=", "# Loop=diluent\r\n# Surface interval=air\r\nTemplatename=", "kept.tav");
+  const auto with = [this](const char* dive, const std::string& team) {
+    return Changed(dive, "Templatename=", "# Team= " + team + "/ 3/ 2/ all/\r\nTemplatename=", team + dive);
+  };
+  // A team that is usual for the circuit becomes that of the other.
+  const std::pair<std::string, int> plans[] = {{kept, 2},
+                                               {old, 2},
+                                               {Wreck(), 1},
+                                               {with("wreck.tav", "2"), 1},
+                                               {with("wreck.tav", "1"), 1},
+                                               {with("wreck.tav", "3"), 3},
+                                               {with("rebreather.tav", "1"), 2},
+                                               {with("rebreather.tav", "2"), 2}};
+  for (const auto& [file, team] : plans) {
+    ASSERT_EQ(Edit(file, {}), ExitStatus::kFine) << Err();
+    const json before = OutJson()["dives"];
+    const bool isOpen = before[0]["circuit"] == "open";
+    const std::string copy = Scratch("copy.tav");
+    ASSERT_EQ(Edit(file, {"--circuit", isOpen ? "closed" : "open"}, copy), ExitStatus::kFine) << Err();
+    EXPECT_EQ(OutJson()["dives"][0]["circuit"], isOpen ? "closed" : "open");
+    EXPECT_EQ(OutJson()["dives"][0]["values"]["Team"]["team"], team) << file;
+    ASSERT_EQ(Edit(copy, {"--set", "LastStop=3"}, copy), ExitStatus::kFine) << Err();
+    ASSERT_EQ(Edit(copy, {"--circuit", isOpen ? "open" : "closed"}, copy), ExitStatus::kFine) << Err();
+    EXPECT_EQ(OutJson()["dives"], before) << file;
+    EXPECT_EQ(Schedule(copy), Schedule(file));
+  }
+}
+
+TEST_F(EditCommandTest, TakesAwayAnAscentInTheMiddle) {
+  const std::string file = Changed("wreck.tav", "52,20,5,0,\r\n", "-1,-1,5,1,\r\n52,20,5,0,\r\n", "wreck.tav");
+  const std::pair<Words, const char*> edits[] = {
+      {{"--move-leg", "3=2"}, "1: 57 8 Tx18/45; 2: 52 20 Tx18/45; 3: ascent; 4: ascent"},
+      {{"--move-leg", "1=2"}, "1: ascent; 2: 57 8 Tx18/45; 3: 52 20 Tx18/45; 4: ascent"},
+      {{"--remove-leg", "2"}, "1: 57 8 Tx18/45; 2: 52 20 Tx18/45; 3: ascent"},
+  };
+  for (const auto& [words, legs] : edits) {
+    ASSERT_EQ(Edit(file, words), ExitStatus::kFine) << Err();
+    EXPECT_EQ(LegsOf(OutJson()["dives"][0]), legs);
+  }
+  for (const char* option : {"--remove-leg", "--move-leg"}) {
+    EXPECT_EQ(Edit(file, {option, option == edits[2].first[0] ? "4" : "1=4"}), ExitStatus::kUnusableInput);
+  }
+}
+
+/// A list that is full: the numbers of its actions have 16 bits.
+TEST_F(EditCommandTest, EditsTheLongestPlan) {
+  std::string legs;
+  for (int i = 1; i < INT16_MAX - 2; ++i) legs += "0,0,5,0,\r\n";
+  const std::string file = Changed("wreck.tav", "52,20,5,0,\r\n", legs + "52,20,5,0,\r\n", "long.tav");
+  ASSERT_EQ(Edit(file, {"--remove-leg", "1"}), ExitStatus::kFine) << Err();
+  EXPECT_EQ(OutJson()["dives"][0]["legs"].size(), INT16_MAX - 1U);
+  ASSERT_EQ(Edit(file, {"--remove-gas", "EAN32"}), ExitStatus::kFine) << Err();
+  EXPECT_EQ(OutJson()["dives"][0]["legs"].size(), static_cast<std::size_t>(INT16_MAX));
+  EXPECT_EQ(Edit(file, {"--add-leg", "9:9"}), ExitStatus::kUnusableInput);
+  EXPECT_EQ(Out(), "");
+}
+
 TEST_F(EditCommandTest, ChangesTheDivesOfASeries) {
   const std::string file = Changed("lake-series.tav", "Templatename=", "# Place=Lake\r\nTemplatename=", "series.tav");
   // In the second dive the texts of the first are odd.
@@ -203,12 +302,17 @@ TEST_F(EditCommandTest, ChangesTheDivesOfASeries) {
   EXPECT_EQ(left[0]["surface_interval"], 0);
   EXPECT_EQ(left[0]["texts"]["place"], "Lake");
   EXPECT_EQ(LegsOf(left[0]), "1: 24 30 Air; 2: ascent");
+  const std::string two = Changed("lake-series.tav", "Templatename=", "# Place=Lake\r\nTemplatename=", "two.tav");
+  ASSERT_EQ(Edit(two, {"--set", "# Place=Sea"}, two), ExitStatus::kFine);
+  ASSERT_EQ(Edit(two, {"--dive", "1", "--remove-dive"}), ExitStatus::kFine);
+  EXPECT_EQ(OutJson()["dives"][0]["texts"]["place"], "Sea") << "it has one of its own";
 }
 
 TEST_F(EditCommandTest, RefusesAsAWhole) {
   const std::string wreck = Wreck();
   const std::string open = Changed("wreck.tav", "-1,-1,5,1,\r\n", "", "open.tav");
   const std::string broken = Changed("wreck.tav", "Metric=1", "Metric=m", "broken.tav");
+  const std::string odd = Changed("wreck.tav", "RMV= 20", "RMV=20 litres", "odd.tav");
   const struct {
     std::string file;
     Words edits;
@@ -223,6 +327,29 @@ TEST_F(EditCommandTest, RefusesAsAWhole) {
       {wreck, {"--remove-leg", "1", "--leg", "1=30:20"}, "tavplan edit: --leg 1=30:20: The plan has no leg 1."},
       {wreck, {"--remove-leg", "1", "2"}, "tavplan edit: the plan has no legs"},
       {wreck, {"--insert-leg", "5=9:3"}, "tavplan edit: --insert-leg 5=9:3: The plan has no leg 5."},
+      {wreck, {"--remove-leg", "3"}, "tavplan edit: --remove-leg 3: The plan has no leg 3."},
+      {wreck,
+       {"--altitude", "9000"},
+       "tavplan edit: --altitude 9000: \"StartAltitude\" must be -500 to 6000, not 9000"},
+      {wreck, {"--altitude", "1,5"}, "tavplan edit: --altitude 1,5: \"1,5\" is not a number"},
+      {wreck, {"--end-altitude", "-900"}, "tavplan edit: --end-altitude -900: \"EndAltitude\""},
+      {wreck, {"--circuit", "half"}, "tavplan edit: --circuit: \"half\" must be one of these: open, closed"},
+      {wreck, {"--from", "Foo=21"}, "tavplan edit: gas \"Foo\" is unknown; "},
+      {wreck, {"--from", "EAN50=1e5"}, "tavplan edit: --from EAN50=1e5: \"1e5\" is outside 0 to 10000"},
+      {wreck, {"--from", "EAN50"}, "tavplan edit: --from: \"EAN50\" must be GAS=DEPTH"},
+      {wreck, {"--not-from", "EAN32"}, "tavplan edit: --not-from: \"EAN32\" must be one of these: Oxygen, EAN50"},
+      {wreck, {"--cylinder-part", "1:fill=200/50"}, "tavplan edit: --cylinder-part 1:fill=200/50: \"200/50\" is not a"},
+      {wreck, {"--cylinder-part", "1:reserve=201"}, "tavplan edit: --cylinder-part 1:reserve=201: a reserve of 201"},
+      {wreck, {"--cylinder-part", "1:rated=200"}, "tavplan edit: --cylinder-part 1:rated=200: a size in litres"},
+      {wreck,
+       {"--cylinder-part", "1:colour=2"},
+       "tavplan edit: --cylinder-part: \"colour\" must be one of these: count"},
+      {wreck, {"--cylinder-part", "2:fill=2"}, "tavplan edit: --cylinder-part 2:fill=2: the plan has no cylinder 2"},
+      {wreck, {"--remove-cylinder", "2"}, "tavplan edit: --remove-cylinder: the plan has no cylinder 2"},
+      {wreck, {"--set", "# Loop="}, "tavplan edit: \"--set # Loop=\" has no effect on open circuit"},
+      {wreck, {"--set", "CeilingOverride=1"}, "tavplan edit: \"--set CeilingOverride=1\" is not expected"},
+      {wreck, {"--set", "=1"}, "tavplan edit: --set: \"=1\" must be KEY=VALUE"},
+      {odd, {"--set", "StepSize=0"}, "tavplan edit: the distance between stops is 0"},
       {wreck, {"--move-leg", "1=3"}, "tavplan edit: --move-leg 1=3: The plan has no leg 3."},
       {wreck, {"--remove-gas", "EAN50"}, "tavplan edit: --remove-gas: a leg, a gas change or a cylinder has the gas"},
       {wreck, {"--remove-gas", "Air"}, "tavplan edit: --remove-gas: Air is in every list"},
@@ -250,7 +377,7 @@ TEST_F(EditCommandTest, RefusesAsAWhole) {
       {wreck, {"--add-dive", "60"}, "tavplan edit: the plan has no legs"},
       {wreck, {"--add-dive", "-1", "--add-leg", "9:9"}, "tavplan edit: --add-dive: \"-1\" is outside 0 to 1000000"},
       {open, {"--add-dive", "60", "--add-leg", "9:9"}, "tavplan edit: dive 2 can't be computed: dive 1 does not end"},
-      {wreck, {"--remove-dive"}, "tavplan edit: --remove-dive: the plan has no legs"},
+      {wreck, {"--remove-dive"}, "tavplan edit: --remove-dive: the plan has no other dive"},
       {wreck, {"--remove-dive", "--no-changes"}, "tavplan edit: --remove-dive and --no-changes exclude each other"},
   };
   const std::string output = Scratch("out.tav");

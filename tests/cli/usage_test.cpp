@@ -79,7 +79,7 @@ TEST_F(Tavplan, HelpIsInTheLanguageOfTheUser) {
     for (const std::string& english : said) EXPECT_TRUE(known.contains(english)) << file << " lacks " << english;
     setenv("LC_ALL", language.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
     EXPECT_EQ(Run({"mix", "--help"}), ExitStatus::kFine);
-    EXPECT_THAT(Out(), testing::HasSubstr(HelpWordsOf(SourceFolder(), "TAV_" + language + ".dll")("Examples") + ":"));
+    EXPECT_THAT(Out(), testing::HasSubstr(HelpWordsOf(SourceFolder(), "TAV_" + language + ".dll")("Examples:")));
     setenv("LC_ALL", "C", 1);  // NOLINT(concurrency-mt-unsafe)
   }
 }

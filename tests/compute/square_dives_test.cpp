@@ -98,8 +98,11 @@ TEST_F(Tables, EndAtOnceAndLeaveTheTemplateAlone) {
     SquareDives dives = plans_.Squares(0, {0, true, {9, 12, 3, 5, 10, 5}});
     int asked = 0;
     int tables = 0;
-    while (dives.Next([&](int, int of) {
+    int last = 0;
+    while (dives.Next([&](int done, int of) {
       EXPECT_EQ(of, 4);
+      EXPECT_TRUE(done == last || done == last + 1) << done;
+      last = done;
       return ++asked < end;
     })) {
       ++tables;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
+#include <set>
 
 #include "exchange/import.h"
 #include "model/number_text.h"
@@ -141,9 +142,15 @@ TEST(UddfExport, APlanGivesWayToSamplesThatContradictIt) {
     EXPECT_EQ(Text(imported.profile) == Text(series), each.told == 0 && &each != &cases[1]);
   }
   // The models differ in their stops, and the plan does not tell which was in force.
-  const std::string bubble = Uddf(series, {.VPMMode = true});
-  EXPECT_NE(bubble, both);
-  EXPECT_EQ(Back(bubble), Text(series));
+  const ModelChoice models[] = {
+      {.VPMMode = true}, {.HybridMode = true}, {.ZHL16C = true}, {.HybridMode = true, .ZHL16C = true}};
+  const ProfileText deep = ReadProfileFile(SourceFolder() / "dives/trimix-100.tav");
+  std::set<std::string> files{Uddf(deep)};
+  for (const ModelChoice& model : models) {
+    const std::string uddf = Uddf(deep, model);
+    EXPECT_TRUE(files.insert(uddf).second);
+    EXPECT_EQ(Back(uddf), Text(deep));
+  }
 }
 
 /// The order in which the schema wants the children of an element.

@@ -76,6 +76,7 @@ TEST(Information, FromTheFirstStopOnPPO2IsHeldAgainstTheLimitOfStops) {
   dive.Add().PPO2 = 1.5;
   Waypoint& stop = dive.Add();
   stop.StopDepth = 6;
+  stop.StopTime = 2;
   stop.PPO2 = 1.5;
   dive.Add().PPO2 = 1.61;  // a move behind the stop
   EXPECT_TRUE(dive.Cell(1, 5).bold && !dive.Cell(1, 5).italic);
@@ -83,6 +84,9 @@ TEST(Information, FromTheFirstStopOnPPO2IsHeldAgainstTheLimitOfStops) {
   EXPECT_TRUE(dive.Cell(3, 5).bold && dive.Cell(3, 5).italic);
   // The summary knows the limit of the dive alone.
   EXPECT_TRUE(dive.Information().Summary()[2][1].bold);
+  const auto stops = dive.Information().DecoStops();
+  ASSERT_EQ(stops.size(), 2U);
+  EXPECT_EQ(stops[1][0].text + " " + stops[1][1].text, "6.0 2.0");
 }
 
 TEST(Information, RowsAreNamedByTheirKind) {

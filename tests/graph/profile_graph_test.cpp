@@ -405,6 +405,7 @@ TEST_F(GraphOfLegs, TheMouseMovesAWaypointByWholeStepsAndOnlyWhatIsMovedFar) {
        {"begin 4", "move -3 0", "drop"}},
       {"away from all", [&] { Press(10, 100), Move(20, 90), Release(); }, {"select 0"}},
       {"a segment", [&] { Press(15, 50.5), Release(); }, {"select 4"}},
+      {"the way down", [&] { Press(1.8, 31.5), Release(); }, {"select 1"}},
       {"two clicks beside the plan", [&] { graph.DoubleClick(X(41.4), Y(29.7), grid); }, {"add 30 41"}},
   };
   for (const auto& known : cases) {

@@ -173,6 +173,18 @@ TEST_F(ProfilePlotTest, TheFirstGasStandsAtTheStart) {
   EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 500, 750, 1140, 750, kBlack, ""}));
 }
 
+TEST_F(ProfilePlotTest, TheLineBelowAGasIsAsLongAsItsBoldName) {
+  struct BoldSurface : RecordingSurface {
+    using RecordingSurface::RecordingSurface;
+    [[nodiscard]] double TextWidth(const std::string& text, bool bold) const override {
+      return (bold ? 150 : 100) * static_cast<double>(text.size());
+    }
+  } letters(19000, 10000);
+  Add(10, 13, "Trimix");
+  ProfilePlot(container, letters).Redraw(profile, RoomToGrow(profile), 3);
+  EXPECT_THAT(letters.strokes, Contains(Stroke{Kind::Line, 500, 750, 1440, 750, kBlack, ""}));
+}
+
 TEST_F(ProfilePlotTest, AGasChangeIsNamedWhereItTakesPlace) {
   const struct {
     const char* what;

@@ -55,6 +55,29 @@ TEST_F(TablePrint, ATableHasItsTextsAndLinesWhereTheyAreTold) {
                                                         Field(&Stroke::colour, RGB(200, 200, 200)))));
 }
 
+TEST_F(TablePrint, EveryStopStandsInItsColumnAndInTheRowOfItsDepth) {
+  frmWaypointEditor& plan = plans.New([](DiveTemplate& t) { t.ChangeGasMixes.clear(); });
+  plan.SaveUserEnteredWaypoints(20, 40, 0, false);
+  plan.ReEvaluateUserEnteredWaypoints();
+  Print(plan, 10, kTables, false);
+  const SmallTable table = MakeSmallTable(*plans.Cuts(plan.Tag(), 10).Compute(0, kGoOn), "Depth");
+  ASSERT_EQ(table.depths.back(), "3");
+  const auto [left, top] = PlacesOf(1, "Mix").front();
+  int stops = 0;
+  for (std::size_t row = 2; row < table.cells.size(); ++row) {
+    for (std::size_t column = TableColumn::kFirstDive; column < table.cells[row].size(); ++column) {
+      const std::string& stop = table.cells[row][column];
+      if (stop.empty()) continue;
+      ++stops;
+      const double x = left + 1.5 + 0.55 * static_cast<double>(column - TableColumn::kFirstDive);
+      EXPECT_THAT(PlacesOf(1, stop),
+                  Contains(testing::Pair(AllOf(testing::Gt(x), testing::Lt(x + 0.55)),
+                                         testing::DoubleNear(top + 0.5 * static_cast<double>(row), 0.01))));
+    }
+  }
+  EXPECT_GT(stops, 6);
+}
+
 TEST_F(TablePrint, EachPageHasOneInformationColumnAndTheCutMarksOfTheGrid) {
   Print(Plan({{40, 20}}), 10, kTables, false);
   EXPECT_THAT(Texts(1), Contains("Bail-out Tables").Times(1));

@@ -94,6 +94,24 @@ TEST_F(WaysOutPage, OfOpenCircuitIsTheLongestFromTheEndOfALegWithEachGasLost) {
   EXPECT_EQ(RowsOfColumn(0), rows);
 }
 
+TEST_F(WaysOutPage, FourWaysStandSideBySideOverTheWholePage) {
+  frmWaypointEditor& plan = plans.New([](DiveTemplate& t) {
+    t.ChangeGasMixes.emplace_back();
+    t.ChangeGasMixes.back().Name = "Tx21/35";
+    t.ChangeGasMixes.back().Depth = 57;
+    ResolveGasChanges(t);
+  });
+  plan.SaveUserEnteredWaypoints(20, 60, 5, false);
+  plan.ReEvaluateUserEnteredWaypoints();
+  Print(plan, 10, kTables);
+  std::vector<double> columns;
+  for (const Stroke& text : Drawn(1, Kind::PageText)) {
+    if (text.text == "Leave at 20 min, 60 m") columns.push_back(text.x0 / page::kUnitsPerCm);
+  }
+  ASSERT_EQ(columns.size(), 4U);
+  for (std::size_t i = 1; i < 4; ++i) EXPECT_NEAR(columns[i] - columns[i - 1], 5.55, 0.01);
+}
+
 TEST_F(WaysOutPage, OfOpenCircuitHasTheLegThatIsWorstForEachLoss) {
   const frmWaypointEditor& plan = Plan({{57, 25}, {27, 20}}, 5);
   Print(plan, 10, kTables);

@@ -1,10 +1,11 @@
 // The core in JavaScript: `tavplan` on files in memory, one call a command.
-import createModule from './tavplan.js';
-
 const kFolders = ['/tav/lang', '/tav/template', '/tav/dives', '/home/tav', '/work'];
 
+/** A file beside this one, of the same build: the query of its address tells that. */
+const beside = (name) => new URL(name + new URL(import.meta.url).search, import.meta.url);
+
 async function fetched(name) {
-  const answer = await fetch(new URL(name, import.meta.url));
+  const answer = await fetch(beside(name));
   if (!answer.ok) throw new Error(`${name}: ${answer.status} ${answer.statusText}`);
   return new Uint8Array(await answer.arrayBuffer());
 }
@@ -15,7 +16,11 @@ async function fetched(name) {
  * working folder, the texts, templates and example plans in /tav.
  */
 export default async function createCore({ read = fetched } = {}) {
-  const [wasmBinary, files] = await Promise.all([read('tavplan.wasm'), read('core_files.json')]);
+  const [{ default: createModule }, wasmBinary, files] = await Promise.all([
+    import(beside('tavplan.js')),
+    read('tavplan.wasm'),
+    read('core_files.json'),
+  ]);
   const module = await createModule({ wasmBinary });
   const { FS } = module;
   for (const folder of kFolders) FS.mkdirTree(folder);

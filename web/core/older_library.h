@@ -53,9 +53,10 @@ template <class Range, class Test>
 auto find_if_not(Range&& range, Test test) {
   return std::find_if_not(std::begin(range), std::end(range), std::move(test));
 }
-template <class Range, class Value>
-auto count(Range&& range, const Value& value) {
-  return std::count(std::begin(range), std::end(range), value);
+template <class Range, class Value, class Projection = identity>
+auto count(Range&& range, const Value& value, Projection projection = {}) {
+  return std::count_if(std::begin(range), std::end(range),
+                       [&](auto&& item) { return invoke(projection, item) == value; });
 }
 template <class A, class B, class Same = std::equal_to<>, class OfA = identity, class OfB = identity>
 bool equal(const A& a, const B& b, Same same = {}, OfA ofA = {}, OfB ofB = {}) {

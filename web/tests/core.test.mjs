@@ -38,10 +38,29 @@ const vectors = join(root, "tests/data/vectors");
 const dives = join(root, "dives");
 
 test("each plan with a known result, by each model", () => {
-  const files = plansIn(vectors);
-  assert.ok(files.length > 40);
-  for (const file of files) {
-    for (const model of [[], ["--vpm"], ["--hybrid"], ["--zhl16c"]]) same(vectors, file, ["plan", "--json", file, ...model]);
+  let plans = 0;
+  for (const folder of [vectors, join(vectors, "strict")]) {
+    for (const file of plansIn(folder)) {
+      ++plans;
+      for (const model of [[], ["--vpm"], ["--hybrid"], ["--zhl16c"]]) same(folder, file, ["plan", "--json", file, ...model]);
+    }
+  }
+  assert.ok(plans > 50);
+});
+
+test("each set of tables with a known result", () => {
+  for (const [kind, command, ending] of [
+    ["bailout", ["bailout"], ".tav"],
+    ["tables", ["tables", "--template"], ".tpl"],
+  ]) {
+    const folder = join(vectors, kind);
+    const sets = readdirSync(folder).filter((name) => name.endsWith(".args"));
+    assert.ok(sets.length > 7);
+    for (const name of sets) {
+      const file = name.replace(".args", ending);
+      const words = readFileSync(join(folder, name), "utf8").trim().split(/\s+/).filter(Boolean);
+      same(folder, file, [...command, file, ...words, "--json"]);
+    }
   }
 });
 

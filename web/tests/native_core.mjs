@@ -6,7 +6,7 @@ import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 
 const root = join(dirname(fileURLToPath(import.meta.url)), "../..");
-const tavplan = process.env.TAVPLAN ?? join(root, "build/cliA/bin/tavplan");
+const tavplan = process.env.TAVPLAN ?? join(root, "build/release/bin/tavplan");
 
 /** What comes with the core stands under /tav there. */
 const place = (argument) => (argument.startsWith("/tav/") ? join(root, argument.slice("/tav/".length)) : argument);

@@ -54,9 +54,8 @@ export async function openPage({ browser, address }, options = {}) {
   return { page, context, complaints };
 }
 
-/** Closes it; it must have complained of nothing. */
-export async function closePage({ context, complaints }) {
-  await context.close();
+/** It must have complained of nothing. */
+export function noComplaint({ complaints }) {
   assert.deepEqual(complaints, []);
 }
 
@@ -144,10 +143,10 @@ function sameFindings(told, expected) {
 
 /**
  * The page shows of its plan, cell by cell, what tavplan says of the file that the page saves; that file holds all of
- * `lines`. Answers the file.
+ * `lines`. Answers the file, with its lines ended as here.
  */
 export async function agrees(page, { lines = [], dive = 0, options = [] } = {}) {
-  const { text } = await saved(page);
+  const text = (await saved(page)).text.replaceAll("\r\n", "\n");
   for (const line of lines) assert.ok(text.includes(`\n${line}\n`), `no line "${line}" in\n${text}`);
   await computed(page);
   const { shown } = shownBy(["plan", "a.tav", ...options], { "a.tav": text }).dives[dive];
@@ -169,10 +168,12 @@ export async function toolAgrees(page, id, args, files) {
   const answer = shownBy(args, files);
   const expected = listed(answer.shown ?? answer.dives.flatMap(({ shown }) => shown));
   const told = await read(page, [`#${id}-told`]);
-  assert.ok(expected.tables.flat().length > 0, "no tables");
+  const packed = (text) => text.replace(/\s/g, "");
+  const all = packed(await page.locator(`#${id}-told`).textContent());
+  assert.ok(expected.texts.length + expected.tables.length > 0);
+  for (const text of expected.texts) assert.ok(all.includes(packed(text)), text);
   assert.deepEqual(told.tables, expected.tables);
   sameFindings(told.findings, expected.findings);
-  return { told, expected };
 }
 
 /** Nothing is wider than the window, and no word is cut off. */

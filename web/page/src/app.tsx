@@ -1,6 +1,7 @@
 // TAV in a browser: entries, schedule, graph and tools of the open plan. All figures and words are the core's.
 import { Fragment, render } from "preact";
 import { useEffect, useState } from "preact/hooks";
+import { planner } from "./core/client";
 import { openFile, openLink, savePlan } from "./files";
 import { showLook } from "./looks";
 import { keepOffline, type Offline } from "./offline";
@@ -25,27 +26,53 @@ const SECTIONS: readonly (readonly [Section, number])[] = [
   ["tools", Text.Tools],
 ];
 
+/** What stays as long as it is so, with a button that does something about it. */
+function Lasting(props: { id: string; text: string; kind?: "done"; label?: string; act?: () => void }) {
+  return (
+    <div class={`message message-${props.kind ?? "problem"}`} id={props.id}>
+      <p>{props.text}</p>
+      {props.act ? (
+        <button type="button" id={`${props.id}-button`} class="message-act" onClick={props.act}>
+          {props.label}
+        </button>
+      ) : null}
+    </div>
+  );
+}
+
+async function takeOver(): Promise<void> {
+  await store.settled();
+  store.keepNow();
+  store.state.update?.();
+}
+
 function Told() {
-  const { message, unkept } = useStore();
+  const { message, unkept, slow, update } = useStore();
   return (
     <>
       <div class="lasting" role="status">
-        {unkept ? (
-          <div class="message message-problem" id="unkept">
-            <p>{t(Text.NotKept)}</p>
+        {unkept ? <Lasting id="unkept" text={t(Text.NotKept)} /> : null}
+        {slow ? <Lasting id="slow" text={t(Text.Slow)} label={t(Text.Abort)} act={() => planner.skip()} /> : null}
+        {update ? (
+          <Lasting
+            id="update"
+            kind="done"
+            text={t(Text.UpdateThere)}
+            label={t(Text.TakeOver)}
+            act={() => void takeOver()}
+          />
+        ) : null}
+      </div>
+      <div class="messages" role="status" id="message">
+        {message ? (
+          <div class={`message message-${message.kind}`}>
+            <p>{message.text}</p>
+            <button type="button" id="message-close" aria-label={t(Text.Close)} onClick={() => store.tell("")}>
+              <Icon name="close" />
+            </button>
           </div>
         ) : null}
       </div>
-    <div class="messages" role="status" id="message">
-      {message ? (
-        <div class={`message message-${message.kind}`}>
-          <p>{message.text}</p>
-          <button type="button" id="message-close" aria-label={t(Text.Close)} onClick={() => store.tell("")}>
-            <Icon name="close" />
-          </button>
-        </div>
-      ) : null}
-    </div>
     </>
   );
 }
@@ -102,7 +129,7 @@ function App() {
   const [offline, setOffline] = useState<Offline>("unknown");
   const dropping = useDropping();
   useEffect(() => {
-    void keepOffline().then(setOffline);
+    void keepOffline((update) => store.set({ update })).then(setOffline);
     addEventListener("keydown", onKey);
     return () => removeEventListener("keydown", onKey);
   }, []);
@@ -112,6 +139,7 @@ function App() {
   useEffect(() => {
     // The browser keeps the plan; only where it refuses, closing the page loses it.
     const ask = (event: BeforeUnloadEvent) => {
+      store.keepNow();
       if (store.state.unkept && store.dirty) event.preventDefault();
     };
     addEventListener("beforeunload", ask);

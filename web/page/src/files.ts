@@ -1,5 +1,5 @@
 // Plans as files: opened from the disk, dropped on the page, saved by download.
-import { failed } from "./core/commands";
+import { failed, type Model } from "./core/commands";
 import { planHash, planOfHash } from "./links";
 import { store } from "./state";
 import { Text } from "./text_ids";
@@ -7,6 +7,13 @@ import { t } from "./texts";
 
 declare const TAV_VERSION: string;
 export const VERSION = TAV_VERSION;
+
+export const MODEL_WORDS: Record<Model, number> = {
+  "": Text.ModelB,
+  "--zhl16c": Text.ModelC,
+  "--vpm": Text.ModelVpm,
+  "--hybrid": Text.ModelHybrid,
+};
 
 /** The plans that come with the core, in the order of their descriptions. */
 export const EXAMPLES = ["air-no-stop", "air-deco", "nitrox", "wreck", "trimix-100", "rebreather", "lake-series"];
@@ -35,7 +42,11 @@ export async function openFile(file: File): Promise<void> {
     store.tell(t(Text.NotOpened, file.name, read.reasons.join(" ")), "problem");
     return;
   }
-  const opened = await store.open({ name: file.name, text: read.value.text, saved: read.value.text, model: "" });
+  // A file that the core would write otherwise, but for the ends of its lines, is not yet what would be saved.
+  const inFile = new TextDecoder("utf-8", { ignoreBOM: true }).decode(data);
+  const plain = (text: string): string => text.replaceAll("\r\n", "\n");
+  const saved = plain(inFile) === plain(read.value.text) ? read.value.text : inFile;
+  const opened = await store.open({ name: file.name, text: read.value.text, saved, model: "" });
   if (opened && read.remarks.length) store.tell([t(Text.Opened, file.name), ...read.remarks].join("\n"));
 }
 
@@ -64,6 +75,7 @@ export async function savePlan(): Promise<void> {
   const name = withEnding(plan.name, ".tav");
   download(name, plan.text, "application/octet-stream");
   store.savedAs(name);
+  if (plan.model !== "") store.tell(t(Text.ModelNotInFile, t(MODEL_WORDS[plan.model])), "problem");
 }
 
 export async function saveUddf(): Promise<void> {

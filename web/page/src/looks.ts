@@ -1,9 +1,9 @@
 // Light or dark: as the device has it, or as was chosen.
-import { keep, kept } from "./keep";
+import { keep, kept, oneOf } from "./keep";
 
 export type Look = "auto" | "light" | "dark";
 
-export const look = (): Look => kept<Look>("look") ?? "auto";
+export const look = (): Look => kept("look", oneOf<Look>("auto", "light", "dark")) ?? "auto";
 
 export function setLook(chosen: Look): void {
   keep("look", chosen);

@@ -6,24 +6,20 @@ import {
   failed,
   innerName,
   type EditDocument,
+  option,
   type EditedDive,
   type Model,
   type PlanDocument,
 } from "./core/commands";
-import { keep, keepPlan, kept, keptPlan } from "./keep";
+import { claimWindow, isPlan, keep, keepPlan, kept, keptPlan, oneOf, setAside, type OpenPlan } from "./keep";
 import { Text } from "./text_ids";
 import { t, useTexts } from "./texts";
 
-export interface OpenPlan {
-  name: string;
-  text: string;
-  /** the text as it stands in a file, null when no file has it */
-  saved: string | null;
-  model: Model;
-}
 export interface Graph {
   url: string;
   words: string;
+  /** what it is drawn of */
+  plan: OpenPlan;
   dive: number;
 }
 export interface Message {
@@ -44,7 +40,17 @@ export interface State {
   computing: boolean;
   /** why the plan as it is now has no schedule */
   problems: string[];
+  /** the core's advice on the plan */
+  remarks: string[];
   graph: Graph | null;
+  /** a picture of the plan as it is now is on its way */
+  drawing: boolean;
+  /** why there is no picture of it */
+  graphProblems: string[];
+  /** the core has not answered for long */
+  slow: boolean;
+  /** puts a newer version of the page in the place of this one, null when there is none */
+  update: (() => void) | null;
   message: Message | null;
   /** the browser refused to keep the plan */
   unkept: boolean;
@@ -57,18 +63,18 @@ export interface State {
 const MOST_STEPS = 200;
 /** What is typed into one field within this time is one step to undo, in ms. */
 const ONE_STEP = 1500;
+/** The plan is kept once in this time, in ms: all of its steps are written each time. */
+const KEEP_EVERY = 1000;
 /** Of the picture, in pixels: as wide as its place, so that its letters keep their size. */
 const GRAPH_WIDTHS = [400, 1000] as const;
 
 /** What sends the last keys of a field to the core, for each field that waits for a pause in typing. */
 export const typing = new Set<() => void>();
+const sendTyped = (): void => {
+  for (const send of [...typing]) send();
+};
 
-interface KeptPlan {
-  plan: OpenPlan;
-  dive: number;
-  undo: OpenPlan[];
-  redo: OpenPlan[];
-}
+const LANGUAGES = ["uk", "de", "es", "fr", "it", "nl"];
 
 export class Store {
   state: State;
@@ -77,12 +83,14 @@ export class Store {
   private edits: Promise<unknown> = Promise.resolve();
   private lastField = "";
   private lastTime = 0;
-  private wanted = 0;
+  private keepTimer = 0;
+  private readonly wants = { plan: false, picture: false };
+  private atWork = false;
   /** grows with every plan that is opened: edits of the one before it are dropped */
   opened = 0;
 
   constructor(core: Core) {
-    this.commands = new Commands(core, kept<string>("language") ?? browserLanguage());
+    this.commands = new Commands(core, kept("language", oneOf(...LANGUAGES)) ?? browserLanguage());
     this.state = {
       ready: false,
       language: this.commands.language,
@@ -94,12 +102,17 @@ export class Store {
       stale: false,
       computing: false,
       problems: [],
+      remarks: [],
       graph: null,
+      drawing: false,
+      graphProblems: [],
+      slow: false,
+      update: null,
       message: null,
       unkept: false,
       undo: [],
       redo: [],
-      compared: kept<OpenPlan>("compared"),
+      compared: kept("compared", isPlan),
     };
   }
 
@@ -130,9 +143,10 @@ export class Store {
 
   /** Begins with the plan of the last visit, else with a new one. */
   async start(): Promise<void> {
+    await claimWindow();
     await this.readTexts();
     this.set({ languages: await this.commands.languages() });
-    const last = keptPlan<KeptPlan>();
+    const last = keptPlan();
     const plan = last?.plan;
     let unread: string | null = null;
     if (plan?.text) {
@@ -141,7 +155,8 @@ export class Store {
         unread = t(Text.NotOpened, plan.name, read.reasons.join(" "));
       } else {
         this.set({ ready: true, dive: last?.dive ?? 0, undo: last?.undo ?? [], redo: last?.redo ?? [] });
-        this.show(plan, read.value.document);
+        this.show(plan, read.value.document, read.remarks);
+        this.tellSetAside();
         return;
       }
     }
@@ -149,13 +164,19 @@ export class Store {
     if (this.state.document.dives.length === 0) throw new Error(this.state.message?.text);
     // A plan that this version can't read stays where undo finds it.
     this.set({ ready: true, undo: plan && unread ? [...(last?.undo ?? []), plan] : [], redo: [] });
+    this.tellSetAside();
     if (unread) {
       this.keepPlan();
       this.tell(unread, "problem");
     }
   }
 
+  private tellSetAside(): void {
+    if (setAside.length) this.tell(t(Text.SetAside, setAside.join(", ")), "problem");
+  }
+
   async setLanguage(code: string): Promise<void> {
+    sendTyped();
     const before = this.commands.language;
     this.commands.language = code;
     try {
@@ -193,6 +214,7 @@ export class Store {
 
   /** Puts a plan in the place of the open one, which undo brings back; whether it could be read. */
   open(plan: OpenPlan, tell = true): Promise<boolean> {
+    sendTyped();
     return this.inTurn(async () => {
       const read = await this.commands.edit(plan.name, plan.text, []);
       if (failed(read)) {
@@ -201,7 +223,8 @@ export class Store {
       }
       ++this.opened;
       if (this.state.plan.text !== "") this.remember("");
-      this.set({ dive: 0, schedule: null, graph: null, problems: [] });
+      this.set({ dive: 0, schedule: null, remarks: [], problems: [] });
+      this.putGraph(null);
       this.show(plan, read.value.document);
       if (tell) this.tell([t(Text.Opened, plan.name), ...read.remarks].join(" "));
       return true;
@@ -221,40 +244,50 @@ export class Store {
       if (opened !== this.opened || !dive) return [];
       const done = await this.commands.edit(plan.name, plan.text, ["--dive", String(number), ...edits(dive)]);
       if (failed(done)) return done.reasons;
-      if (done.value.text === plan.text) return [];
+      if (done.value.text === plan.text) {
+        if (done.remarks.length) this.tell(done.remarks.join(" "));
+        return [];
+      }
       this.remember(field);
-      this.show({ ...this.state.plan, text: done.value.text }, done.value.document);
+      this.show({ ...this.state.plan, text: done.value.text }, done.value.document, done.remarks);
       return [];
     });
   }
 
   /** The same for what is not typed: a refusal is told at the head of the page. */
   async act(edits: (dive: EditedDive) => string[]): Promise<void> {
+    sendTyped();
     const faults = await this.apply(edits);
     if (faults.length) this.tell(faults.join(" "), "problem");
   }
 
   addDive(interval: string, leg: string): Promise<string[]> {
+    sendTyped();
     return this.inTurn(async () => {
       const { plan } = this.state;
-      const done = await this.commands.edit(plan.name, plan.text, ["--add-dive", interval, "--add-leg", leg]);
+      const edits = [...option("--add-dive", interval), ...option("--add-leg", leg)];
+      const done = await this.commands.edit(plan.name, plan.text, edits);
       if (failed(done)) return done.reasons;
       this.remember("");
       this.set({ dive: done.value.document.dives.length - 1 });
-      this.show({ ...this.state.plan, text: done.value.text }, done.value.document);
+      this.show({ ...this.state.plan, text: done.value.text }, done.value.document, done.remarks);
       return [];
     });
   }
 
-  setModel(model: Model): void {
-    this.remember("");
-    this.show({ ...this.state.plan, model }, this.state.document);
+  setModel(model: Model): Promise<void> {
+    sendTyped();
+    return this.inTurn(async () => {
+      this.remember("");
+      this.show({ ...this.state.plan, model }, this.state.document);
+    });
   }
 
   chooseDive(dive: number): void {
+    sendTyped();
     this.set({ dive });
     this.keepPlan();
-    void this.draw(this.wanted);
+    this.draw();
   }
 
   savedAs(name: string): void {
@@ -269,6 +302,7 @@ export class Store {
   }
 
   step(back: boolean): Promise<void> {
+    sendTyped();
     return this.inTurn(async () => {
       const from = back ? this.state.undo : this.state.redo;
       const plan = from[from.length - 1];
@@ -283,14 +317,15 @@ export class Store {
       this.set(back ? { undo: rest, redo: onto } : { redo: rest, undo: onto });
       this.lastField = "";
       // A file that was saved in between is still the file of this plan.
-      const saved = plan.name === this.state.plan.name ? this.state.plan.saved : plan.saved;
-      this.show({ ...plan, saved }, read.value.document);
+      const other = plan.name !== this.state.plan.name;
+      if (other) ++this.opened;
+      this.show({ ...plan, saved: other ? plan.saved : this.state.plan.saved }, read.value.document, read.remarks);
     });
   }
 
   /** Waits until what was typed so far stands in the plan, or was refused. */
   settled(): Promise<void> {
-    for (const send of [...typing]) send();
+    sendTyped();
     return this.inTurn(async () => undefined);
   }
 
@@ -308,41 +343,80 @@ export class Store {
     this.set({ redo: [], ...(same ? {} : { undo: [...this.state.undo, this.state.plan].slice(-MOST_STEPS) }) });
   }
 
-  private show(plan: OpenPlan, document: EditDocument): void {
+  private show(plan: OpenPlan, document: EditDocument, remarks: string[] = []): void {
     const dive = Math.min(this.state.dive, document.dives.length - 1);
-    this.set({ plan, document, dive, message: null });
+    this.set({ plan, document, dive, message: remarks.length ? { text: remarks.join(" "), kind: "done" } : null });
     this.keepPlan();
-    void this.compute();
+    this.compute();
   }
 
   private keepPlan(): void {
+    if (!this.keepTimer) this.keepTimer = window.setTimeout(() => this.keepNow(), KEEP_EVERY);
+  }
+
+  /** Keeps what waits to be kept. */
+  keepNow(): void {
+    if (!this.keepTimer) return;
+    clearTimeout(this.keepTimer);
+    this.keepTimer = 0;
     const { plan, dive, undo, redo } = this.state;
-    const done = keepPlan({ plan, dive, undo, redo }) || keepPlan({ plan, dive, undo: [], redo: [] });
+    const done = keepPlan({ plan, dive, undo, redo });
     if (done === this.state.unkept) this.set({ unkept: !done });
   }
 
-  private async compute(): Promise<void> {
-    const wanted = ++this.wanted;
-    const { plan } = this.state;
-    this.set({ computing: true, stale: this.state.schedule !== null });
-    const planned = await this.commands.plan(plan.name, plan.text, plan.model);
-    if (wanted !== this.wanted) return;
-    if (failed(planned)) {
-      this.set({ computing: false, problems: planned.reasons });
-      return;
-    }
-    this.set({ computing: false, stale: false, problems: [], schedule: planned.value });
-    await this.draw(wanted);
+  private compute(): void {
+    this.wants.plan = true;
+    this.set({ computing: true, drawing: true, stale: this.state.schedule !== null });
+    void this.work();
   }
 
-  private async draw(wanted: number): Promise<void> {
+  private draw(): void {
+    this.wants.picture = true;
+    this.set({ drawing: true });
+    void this.work();
+  }
+
+  /** Schedule and picture, one after the other: a newer plan takes the place of one that still waits. */
+  private async work(): Promise<void> {
+    if (this.atWork) return;
+    this.atWork = true;
+    while (this.wants.plan || this.wants.picture) {
+      if (this.wants.plan) await this.computeOne();
+      else await this.drawOne();
+    }
+    this.atWork = false;
+  }
+
+  private async computeOne(): Promise<void> {
+    this.wants.plan = false;
     const { plan } = this.state;
-    const number = this.dive.number;
+    const planned = await this.commands.plan(plan.name, plan.text, plan.model);
+    if (this.wants.plan) return;
+    if (failed(planned)) {
+      this.wants.picture = false;
+      this.putGraph(null);
+      this.set({ computing: false, drawing: false, problems: planned.reasons, remarks: [] });
+      return;
+    }
+    this.set({ computing: false, stale: false, problems: [], remarks: planned.remarks, schedule: planned.value });
+    this.wants.picture = true;
+  }
+
+  private async drawOne(): Promise<void> {
+    this.wants.picture = false;
+    const { plan } = this.state;
+    const { number } = this.dive;
     const width = GRAPH_WIDTHS[window.innerWidth < 700 ? 0 : 1];
     const drawn = await this.commands.graph(plan.name, plan.text, plan.model, number, width);
-    if (wanted !== this.wanted || failed(drawn) || number !== this.dive.number) return;
+    if (this.wants.plan || this.wants.picture) return;
+    if (failed(drawn)) this.putGraph(null, drawn.reasons);
+    else this.putGraph({ ...picture(drawn.value), plan, dive: number });
+    this.set({ drawing: false });
+  }
+
+  private putGraph(graph: Graph | null, graphProblems: string[] = []): void {
     if (this.state.graph) URL.revokeObjectURL(this.state.graph.url);
-    this.set({ graph: { ...picture(drawn.value), dive: number } });
+    this.set({ graph, graphProblems });
   }
 
   get fileName(): string {
@@ -350,24 +424,34 @@ export class Store {
   }
 }
 
-/** A picture to show and what it tells in words. */
+/** A picture to show and what it tells in words: its title and description, else all that is written in it. */
 export function picture(svg: string): { url: string; words: string } {
   const parsed = new DOMParser().parseFromString(svg, "image/svg+xml").documentElement;
-  const words = ["title", "desc"].map((tag) => parsed.querySelector(`:scope > ${tag}`)?.textContent ?? "");
-  return { url: URL.createObjectURL(new Blob([svg], { type: "image/svg+xml" })), words: words.join("\n").trim() };
+  const [title = "", described = ""] = ["title", "desc"].map(
+    (tag) => parsed.querySelector(`:scope > ${tag}`)?.textContent.trim() ?? "",
+  );
+  const written = () => [...parsed.querySelectorAll("text")].map((each) => each.textContent.trim()).join("\n");
+  const words = `${title}\n${described || written()}`.trim();
+  return { url: URL.createObjectURL(new Blob([svg], { type: "image/svg+xml" })), words };
 }
 
 function browserLanguage(): string {
-  const known = ["de", "es", "fr", "it", "nl"];
   for (const each of navigator.languages) {
     const code = each.slice(0, 2).toLowerCase();
     if (code === "en") return "uk";
-    if (known.includes(code)) return code;
+    if (LANGUAGES.includes(code)) return code;
   }
   return "uk";
 }
 
 export const store = new Store(planner);
+planner.onSlow = (slow) => {
+  if (slow !== store.state.slow) store.set({ slow });
+};
+addEventListener("pagehide", () => store.keepNow());
+addEventListener("visibilitychange", () => {
+  if (document.visibilityState === "hidden") store.keepNow();
+});
 
 /** The state, and a new rendering whenever it changes. */
 export function useStore(): State {

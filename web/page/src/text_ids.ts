@@ -186,4 +186,12 @@ export const Text = {
   StartPressure: 9046,
   SurfacingPressure: 9047,
   CoreFailed: 9048,
+  SetAside: 9050,
+  Slow: 9051,
+  Stopped: 9052,
+  ModelNotInFile: 9053,
+  UpdateThere: 9054,
+  TakeOver: 9055,
+  PageNotDrawn: 9056,
+  OtherChange: 9057,
 } as const;

@@ -1,5 +1,7 @@
 // Calls of the core in its worker: a command with the files that it reads, and back what it printed and wrote.
 
+declare const TAV_BUILD: string;
+
 export interface Call {
   args: string[];
   files?: Record<string, string | Uint8Array>;
@@ -17,6 +19,11 @@ export interface Core {
 
 /** The core failed inside a command. */
 export class CoreFailure extends Error {}
+/** A command was ended before its answer. */
+export class Stopped extends Error {}
+
+/** A command that has worked for longer than this can be stopped, in ms. */
+const SLOW = 10_000;
 
 interface Waiting {
   call: Call;
@@ -29,6 +36,9 @@ export class WorkerCore implements Core {
   private worker: Worker | null = null;
   private readonly waiting = new Map<number, Waiting>();
   private last = 0;
+  private slowTimer = 0;
+  /** Told when the command at work takes long, and when that is over. */
+  onSlow: ((slow: boolean) => void) | null = null;
 
   run(call: Call): Promise<Reply> {
     this.worker ??= this.start();
@@ -36,33 +46,54 @@ export class WorkerCore implements Core {
     return new Promise((resolve, reject) => {
       this.waiting.set(id, { call, resolve, reject });
       this.worker?.postMessage({ id, call });
+      if (this.waiting.size === 1) this.watch();
     });
   }
 
-  /** Ends the worker and what it works on; the next call starts another. */
-  stop(reason = "stopped"): void {
+  /** Ends the worker and all that it was given; the next call starts another. */
+  stop(reason: Error = new Stopped()): void {
     this.worker?.terminate();
     this.worker = null;
-    for (const each of this.waiting.values()) each.reject(new CoreFailure(reason));
+    const ended = [...this.waiting.values()];
     this.waiting.clear();
+    for (const each of ended) each.reject(reason);
+    this.watch();
+  }
+
+  /** Ends the command at work; those behind it get a new worker. */
+  skip(reason: Error = new Stopped()): void {
+    const [id] = this.waiting.keys();
+    if (id !== undefined) this.fail(id, reason);
+  }
+
+  private fail(id: number, reason: Error): void {
+    const failed = this.waiting.get(id);
+    this.waiting.delete(id);
+    this.worker?.terminate();
+    this.worker = this.waiting.size > 0 ? this.start() : null;
+    for (const [each, { call }] of this.waiting) this.worker?.postMessage({ id: each, call });
+    failed?.reject(reason);
+    this.watch();
+  }
+
+  private watch(): void {
+    clearTimeout(this.slowTimer);
+    this.onSlow?.(false);
+    if (this.waiting.size > 0) this.slowTimer = window.setTimeout(() => this.onSlow?.(true), SLOW);
   }
 
   private start(): Worker {
-    const worker = new Worker("worker.js", { type: "module" });
+    const worker = new Worker(`worker.js?v=${TAV_BUILD}`, { type: "module" });
     worker.onmessage = ({ data }: MessageEvent<{ id: number; reply?: Reply; failure?: string }>) => {
+      if (worker !== this.worker) return;
       const waiting = this.waiting.get(data.id);
+      // A core that failed inside a command is in no known state: the calls behind it get a new one.
+      if (!data.reply) return this.fail(data.id, new CoreFailure(data.failure));
       this.waiting.delete(data.id);
-      if (data.reply) {
-        waiting?.resolve(data.reply);
-      } else {
-        // A core that failed inside a command is in no known state: the calls behind it get a new one.
-        worker.terminate();
-        waiting?.reject(new CoreFailure(data.failure));
-        this.worker = this.waiting.size > 0 ? this.start() : null;
-        for (const [id, { call }] of this.waiting) this.worker?.postMessage({ id, call });
-      }
+      waiting?.resolve(data.reply);
+      this.watch();
     };
-    worker.onerror = (event) => this.stop(event.message || "worker");
+    worker.onerror = (event) => worker === this.worker && this.stop(new CoreFailure(event.message || "worker"));
     return worker;
   }
 }

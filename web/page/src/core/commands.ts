@@ -1,7 +1,7 @@
 // The commands that the page gives, and what they answer.
 import { Text } from "../text_ids";
 import { t } from "../texts";
-import { CoreFailure, type Call, type Core, type Reply } from "./client";
+import { CoreFailure, Stopped, type Call, type Core, type Reply } from "./client";
 
 export type Model = "" | "--zhl16c" | "--vpm" | "--hybrid";
 export const MODELS: readonly Model[] = ["", "--zhl16c", "--vpm", "--hybrid"];
@@ -90,9 +90,10 @@ export const failed = <T>(result: Result<T>): result is { reasons: string[] } =>
  * of its line stays), and the options of `args`, which the user has not typed.
  */
 export function reasonsOf(err: string, args: string[] = []): string[] {
-  const leads = args.flatMap((option, at) => {
-    if (!option.startsWith("--")) return [];
-    const value = args[at + 1] ?? "";
+  const leads = args.flatMap((each, at) => {
+    if (!each.startsWith("--")) return [];
+    const option = each.replace(/=.*/s, "");
+    const value = option === each ? (args[at + 1] ?? "") : each.slice(option.length + 1);
     const behindNumber = value.slice(value.indexOf("=") + 1);
     return [`${option} ${value}`, `${option} ${behindNumber}`, option];
   });
@@ -129,7 +130,8 @@ export class Commands {
   run(args: string[], files: NonNullable<Call["files"]> = {}): Promise<Reply> {
     const done = this.core.run({ args: [...args, "--language", this.language], files });
     return done.catch((error: unknown) => {
-      const told = error instanceof CoreFailure ? t(Text.CoreFailed, error.message) : "";
+      const told =
+        error instanceof CoreFailure ? t(Text.CoreFailed, error.message) : error instanceof Stopped ? t(Text.Stopped) : "";
       return { status: 2, out: "", err: told || String(error), files: {} };
     });
   }
@@ -221,5 +223,9 @@ export class Commands {
     return pages.length ? { value: pages, remarks: reasonsOf(reply.err) } : { reasons: reasonsOf(reply.err) };
   }
 }
+
+/** An option with its value, which may look like an option itself. */
+export const option = (name: string, value: string): string[] =>
+  value.startsWith("-") ? [`${name}=${value}`] : [name, value];
 
 export const modelOptions = (model: Model): string[] => (model === "" ? [] : [model]);

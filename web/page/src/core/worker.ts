@@ -14,9 +14,17 @@ interface WasmCore {
 }
 
 const FOLDER = "/work/";
+declare const TAV_BUILD: string;
 // Not known when this is bundled: the core is built apart and lies beside the page.
-const CORE = "./core.js";
-const loaded: Promise<WasmCore> = import(CORE).then((module: { default: () => Promise<WasmCore> }) => module.default());
+const CORE = `./core.js?v=${TAV_BUILD}`;
+const load = async (): Promise<WasmCore> => {
+  // A server may have a newer build by now than that of the page.
+  if (new URL(import.meta.url).searchParams.get("v") !== TAV_BUILD) throw new Error("another build: load the page anew");
+  const { default: createCore } = (await import(CORE)) as { default: () => Promise<WasmCore> };
+  return createCore();
+};
+const loaded = load();
+loaded.catch(() => undefined);
 
 function answer(core: WasmCore, call: Call): Reply {
   const given = call.files ?? {};

@@ -69,7 +69,7 @@ export function CellMap({ blocks, title }: { blocks: ShownBlock[]; title: string
         >
           <thead>
             <tr>
-              <td />
+              <td>{heads[0]}</td>
               {heads.slice(1).map((head, index) => (
                 <th key={index} scope="col">
                   {head}

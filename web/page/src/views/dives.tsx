@@ -1,5 +1,7 @@
 // The dives of a series: which is shown, the interval ahead of it, and another one behind the last.
 import { useState } from "preact/hooks";
+import { option } from "../core/commands";
+import { pointed } from "../numbers";
 import { store, useStore } from "../state";
 import { Text } from "../text_ids";
 import { t } from "../texts";
@@ -28,7 +30,9 @@ function AddDive() {
         aria-label={t(Text.AddDive)}
         onSubmit={(event) => {
           event.preventDefault();
-          void store.addDive(interval.trim(), `${depth.trim()}:${time.trim()}@${gas}`).then(setReasons);
+          void store
+            .addDive(pointed(interval.trim()), `${pointed(depth.trim())}:${pointed(time.trim())}@${gas}`)
+            .then(setReasons);
         }}
       >
         {fields.map(([id, label, unit, value, set]) => (
@@ -84,7 +88,7 @@ export function Dives() {
               id="interval"
               label={t(Text.IntervalMinutes)}
               value={String(shown.surface_interval)}
-              commit={(text) => store.apply(() => ["--interval", text.trim()], "interval")}
+              commit={(text) => store.apply(() => option("--interval", text.trim()), "interval")}
             />
           ) : null}
           <button type="button" id="remove-dive" onClick={() => void store.act(() => ["--remove-dive"])}>

@@ -1,7 +1,8 @@
 // Fields that hold a value of the plan: what is typed goes to the core, and what that says against it stands below.
 import type { ComponentChildren } from "preact";
-import { useEffect, useId, useRef, useState } from "preact/hooks";
-import { typing } from "../state";
+import { useEffect, useId, useLayoutEffect, useRef, useState } from "preact/hooks";
+import { pointed, sameNumber } from "../numbers";
+import { store, typing } from "../state";
 
 /** Time without a key after which what was typed counts, in ms. */
 const PAUSE = 350;
@@ -15,17 +16,27 @@ export interface EntryProps {
   unit?: string;
   /** the label is for those who do not see the heads of the table round the field */
   inTable?: boolean;
+  /** words or a list, not one number */
   words?: boolean;
+  /** blank is a value, too */
+  optional?: boolean;
   multiline?: boolean;
   disabled?: boolean;
 }
 
-export function Entry({ id, label, value, commit, unit, inTable, words, multiline, disabled }: EntryProps) {
+export function Entry(props: EntryProps) {
+  const { id, label, value, commit, unit, inTable, words, optional, multiline, disabled } = props;
+  const isNumber = !words && !multiline;
   const [draft, setDraft] = useState<string | null>(null);
   const [reasons, setReasons] = useState<string[]>([]);
   const timer = useRef(0);
-  const latest = useRef<string | null>(null);
   const focused = useRef(false);
+  const gone = useRef(false);
+  /** How far the draft is: typed, on its way to the core, or answered. */
+  const stage = useRef<"none" | "typed" | "sent" | "accepted" | "refused">("none");
+  const sent = useRef(0);
+  /** The plan that was open when it was typed. */
+  const opened = useRef(store.opened);
   // What was typed goes out after a pause, to what the plan is then.
   const latestCommit = useRef(commit);
   latestCommit.current = commit;
@@ -35,29 +46,59 @@ export function Entry({ id, label, value, commit, unit, inTable, words, multilin
     if (waiting.current) typing.delete(waiting.current);
     waiting.current = null;
   };
-  useEffect(() => forget, []);
-  // A value that came from elsewhere (undo, another plan) takes the place of one that was refused.
-  useEffect(() => {
-    if (focused.current) return;
+  const drop = () => {
+    forget();
+    ++sent.current;
+    stage.current = "none";
     setDraft(null);
     setReasons([]);
+  };
+  useEffect(
+    () => () => {
+      // A field that is taken off the page loses its focus, which must send nothing.
+      gone.current = true;
+      forget();
+    },
+    [],
+  );
+  // A value that came from elsewhere (undo, another plan) takes the place of the draft, but for one that is being typed.
+  useLayoutEffect(() => {
+    if (stage.current === "typed" || stage.current === "sent") return;
+    const same = draft !== null && (isNumber ? sameNumber(draft, value) : draft.trim() === value);
+    if (focused.current && stage.current === "accepted" && same) return;
+    drop();
   }, [value]);
 
   const send = async (text: string) => {
     forget();
-    latest.current = text;
-    const said = await latestCommit.current(text);
-    if (latest.current !== text) return;
+    if (gone.current) return;
+    if (opened.current !== store.opened) {
+      drop();
+      return;
+    }
+    const mine = ++sent.current;
+    stage.current = "sent";
+    const said = await latestCommit.current(isNumber ? pointed(text) : text);
+    // By then the plan's new value is in the field.
+    await new Promise((done) => setTimeout(done));
+    if (gone.current || mine !== sent.current) return;
+    stage.current = said.length === 0 ? "accepted" : "refused";
     setReasons(said);
     if (said.length === 0 && !focused.current) setDraft(null);
   };
   const typed = (text: string) => {
     setDraft(text);
     forget();
-    if (text.trim() === "" && !words) return;
+    ++sent.current;
+    stage.current = "typed";
+    opened.current = store.opened;
+    if (text.trim() === "" && !words && !optional) return;
     waiting.current = () => void send(text);
     typing.add(waiting.current);
     timer.current = window.setTimeout(waiting.current, PAUSE);
+  };
+  const sendDraft = () => {
+    if (draft !== null && (stage.current === "typed" || stage.current === "refused")) void send(draft);
   };
   const wrong = reasons.length > 0;
   const common = {
@@ -73,7 +114,9 @@ export function Entry({ id, label, value, commit, unit, inTable, words, multilin
     },
     onBlur: () => {
       focused.current = false;
-      if (draft !== null) void send(draft);
+      if (gone.current) return;
+      if (stage.current === "accepted") drop();
+      else sendDraft();
     },
   };
   return (
@@ -91,13 +134,8 @@ export function Entry({ id, label, value, commit, unit, inTable, words, multilin
           inputMode={words ? "text" : "decimal"}
           onInput={(event) => typed(event.currentTarget.value)}
           onKeyDown={(event) => {
-            if (event.key === "Enter" && draft !== null) void send(draft);
-            if (event.key === "Escape" && draft !== null) {
-              forget();
-              latest.current = null;
-              setDraft(null);
-              setReasons([]);
-            }
+            if (event.key === "Enter") sendDraft();
+            if (event.key === "Escape" && draft !== null) drop();
           }}
         />
       )}
@@ -114,15 +152,27 @@ export function Fault({ id, reasons }: { id: string; reasons: string[] }) {
   );
 }
 
+/** What was chosen, shown until the plan has it or refused it. */
+function useHeld<T>(value: T, put: (value: T) => Promise<unknown> | void): [T, (value: T) => void] {
+  const [held, setHeld] = useState<{ value: T } | null>(null);
+  const choose = (next: T) => {
+    const mine = { value: next };
+    setHeld(mine);
+    void Promise.resolve(put(next)).finally(() => setHeld((now) => (now === mine ? null : now)));
+  };
+  return [held ? held.value : value, choose];
+}
+
 export function Choice(props: {
   id: string;
   label: string;
   value: string;
   options: readonly (readonly [value: string, words: string])[];
-  choose: (value: string) => void;
+  choose: (value: string) => Promise<unknown> | void;
   inTable?: boolean;
 }) {
-  const { id, label, value, options, choose, inTable } = props;
+  const { id, label, options, inTable } = props;
+  const [value, choose] = useHeld(props.value, props.choose);
   return (
     <div class={`entry${inTable ? " entry-in-table" : ""}`}>
       <label for={id} class={inTable ? "hidden" : undefined}>
@@ -139,14 +189,15 @@ export function Choice(props: {
   );
 }
 
-export function Tick(props: { id: string; label: string; on: boolean; set: (on: boolean) => void }) {
+export function Tick(props: { id: string; label: string; on: boolean; set: (on: boolean) => Promise<unknown> | void }) {
+  const [on, set] = useHeld(props.on, props.set);
   return (
     <label class="tick" for={props.id}>
       <input
         id={props.id}
         type="checkbox"
-        checked={props.on}
-        onChange={(event) => props.set(event.currentTarget.checked)}
+        checked={on}
+        onChange={(event) => set(event.currentTarget.checked)}
       />
       <span>{props.label}</span>
     </label>

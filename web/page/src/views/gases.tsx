@@ -1,6 +1,6 @@
 // The gases of the dive, from which depth each is breathed on the way up, and the cylinders that hold them.
 import { useState } from "preact/hooks";
-import type { Change, Cylinder, EditedDive, Gas } from "../core/commands";
+import { option, type Cylinder, type EditedDive, type Gas } from "../core/commands";
 import { store } from "../state";
 import { Text } from "../text_ids";
 import { t } from "../texts";
@@ -8,24 +8,9 @@ import { Choice, Entry, Fault, Menu, MenuEntry, Tick } from "./entry";
 import { Icon } from "./icons";
 import { unitsOf } from "./units";
 
-/** The list of changes with that of a gas at another depth, or without it. A new one stands before deeper ones. */
-function withChange(changes: Change[], gas: string, depth: string): string[] {
-  const place = changes.findIndex((each) => each.gas === gas);
-  const list: [depth: string, gas: string][] = changes.map((each) => [String(each.depth), each.gas]);
-  if (depth === "") {
-    if (place >= 0) list.splice(place, 1);
-  } else if (place >= 0) {
-    list[place] = [depth, gas];
-  } else {
-    const deeper = changes.findIndex((each) => each.depth > Number(depth));
-    list.splice(deeper < 0 ? list.length : deeper, 0, [depth, gas]);
-  }
-  return list.length === 0 ? ["--no-changes"] : list.flatMap(([at, name]) => ["--change", `${at}:${name}`]);
-}
-
 function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDive }) {
   const id = `gas-${index}`;
-  const change = dive.changes.find((each) => each.gas === gas.name);
+  const depths = dive.changes.filter((each) => each.gas === gas.name).map((each) => each.depth);
   const own = index > 0;
   const now = (then: EditedDive): Gas => then.gases[index] ?? gas;
   return (
@@ -38,7 +23,9 @@ function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDiv
             words
             label={t(Text.NameOf, gas.name)}
             value={gas.name}
-            commit={(name) => store.apply((then) => ["--rename-gas", `${now(then).name}=${name.trim()}`], `${id}-name`)}
+            commit={(name) =>
+              store.apply((then) => option("--rename-gas", `${now(then).name}=${name.trim()}`), `${id}-name`)
+            }
           />
         ) : (
           gas.name
@@ -52,7 +39,7 @@ function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDiv
             label={t(Text.OxygenOf, gas.name)}
             value={String(gas.o2)}
             commit={(o2) =>
-              store.apply((then) => ["--gas", `${now(then).name}:${o2.trim()}/${now(then).he}`], `${id}-o2`)
+              store.apply((then) => option("--gas", `${now(then).name}:${o2.trim()}/${now(then).he}`), `${id}-o2`)
             }
           />
         ) : (
@@ -67,7 +54,7 @@ function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDiv
             label={t(Text.HeliumOf, gas.name)}
             value={String(gas.he)}
             commit={(he) =>
-              store.apply((then) => ["--gas", `${now(then).name}:${now(then).o2}/${he.trim()}`], `${id}-he`)
+              store.apply((then) => option("--gas", `${now(then).name}:${now(then).o2}/${he.trim()}`), `${id}-he`)
             }
           />
         ) : (
@@ -78,13 +65,22 @@ function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDiv
         <Entry
           id={`${id}-from`}
           inTable
-          words
+          optional
           label={t(Text.FromDepthOf, gas.name)}
-          value={change ? String(change.depth) : ""}
+          value={depths.length ? String(Math.max(...depths)) : ""}
           commit={(depth) =>
-            store.apply((then) => withChange(then.changes, now(then).name, depth.trim()), `${id}-from`)
+            store.apply((then) => {
+              const { name } = now(then);
+              if (depth.trim() !== "") return option("--from", `${name}=${depth.trim()}`);
+              return then.changes.some((each) => each.gas === name) ? option("--not-from", name) : [];
+            }, `${id}-from`)
           }
         />
+        {depths.length > 1 ? (
+          <p class="hint">
+            {depths.join(", ")} {unitsOf(dive).depth}
+          </p>
+        ) : null}
       </td>
       <td>
         {own ? (
@@ -92,7 +88,7 @@ function GasRow({ gas, index, dive }: { gas: Gas; index: number; dive: EditedDiv
             <MenuEntry
               id={`${id}-remove`}
               label={t(Text.Remove, gas.name)}
-              act={() => void store.act(() => ["--remove-gas", gas.name])}
+              act={() => void store.act(() => option("--remove-gas", gas.name))}
             />
           </Menu>
         ) : null}
@@ -113,7 +109,7 @@ function AddGas() {
       onSubmit={(event) => {
         event.preventDefault();
         void store
-          .apply(() => ["--gas", name.trim()])
+          .apply(() => option("--gas", name.trim()))
           .then((faults) => {
             setReasons(faults);
             if (!faults.length) setName("");
@@ -139,6 +135,28 @@ function AddGas() {
       </button>
       {wrong ? <Fault id="add-gas-fault" reasons={reasons} /> : null}
     </form>
+  );
+}
+
+/** Changes to gases that the list does not have. */
+function OtherChanges({ dive }: { dive: EditedDive }) {
+  const others = dive.changes.filter((change) => !dive.gases.some((gas) => gas.name === change.gas));
+  if (others.length === 0) return null;
+  return (
+    <ul class="plain" id="other-changes">
+      {others.map(({ depth, gas }, index) => (
+        <li key={index}>
+          {t(Text.OtherChange, `${depth} ${unitsOf(dive).depth}`, gas)}{" "}
+          <button
+            type="button"
+            id={`other-change-${index + 1}-remove`}
+            onClick={() => void store.act(() => option("--not-from", gas))}
+          >
+            {t(Text.Remove, gas)}
+          </button>
+        </li>
+      ))}
+    </ul>
   );
 }
 
@@ -169,24 +187,18 @@ export function Gases({ dive }: { dive: EditedDive }) {
           ))}
         </tbody>
       </table>
+      <OtherChanges dive={dive} />
       <AddGas />
     </section>
   );
 }
 
-/** A cylinder as the option takes it, with other values in place of its own. */
-function lineOf(cylinder: Cylinder, other: Partial<Record<keyof Cylinder, string | boolean>> = {}): string {
-  const { gas, count, size, rated_pressure: rated, fill, reserve, bail_out: bailOut } = { ...cylinder, ...other };
-  const parts = [count, size, ...(rated === null ? [] : [rated]), fill, reserve, ...(bailOut ? ["bail-out"] : [])];
-  return `${gas}:${parts.join("/")}`;
-}
-
 const PARTS = [
-  ["count", Text.Count],
-  ["size", Text.Size],
-  ["rated_pressure", Text.Rated],
-  ["fill", Text.Fill],
-  ["reserve", Text.Reserve],
+  ["count", "count", Text.Count],
+  ["size", "size", Text.Size],
+  ["rated_pressure", "rated", Text.Rated],
+  ["fill", "fill", Text.Fill],
+  ["reserve", "reserve", Text.Reserve],
 ] as const;
 
 /** The unit is that of the cylinder and not of the plan; the word for a rated pressure has its unit in it. */
@@ -195,18 +207,18 @@ function unitOf(part: keyof Cylinder, cylinder: Cylinder): string {
   return part === "fill" || part === "reserve" ? t(cylinder.pressure_unit === "bar" ? Text.Bar : Text.UnitPsi) : "";
 }
 
-const linesOf = (cylinders: Cylinder[], lines: (cylinder: Cylinder, at: number) => string[]): string[] => {
-  const all = cylinders.flatMap(lines);
-  return all.length ? all.flatMap((line) => ["--cylinder", line]) : ["--no-cylinders"];
-};
+const BAIL_OUT = "/bail-out";
+/** All cylinders as the core tells them, the one at `place` for bail-out or not. */
+const withBailOut = (cylinders: Cylinder[], place: number, bailOut: boolean): string[] =>
+  cylinders.flatMap(({ line, bail_out: was }, at) => {
+    if (at !== place || was === bailOut) return option("--cylinder", line);
+    return option("--cylinder", bailOut ? line + BAIL_OUT : line.slice(0, -BAIL_OUT.length));
+  });
 
 function CylinderFields({ cylinder, number, dive }: { cylinder: Cylinder; number: number; dive: EditedDive }) {
   const id = `cylinder-${number}`;
-  const put = (other: Partial<Record<keyof Cylinder, string | boolean>>, field = "") =>
-    store.apply(
-      (now) => linesOf(now.cylinders, (each, at) => [at === number - 1 ? lineOf(each, other) : each.line]),
-      field,
-    );
+  const put = (part: string, value: string, field = "") =>
+    store.apply(() => ["--cylinder-part", `${number}:${part}=${value}`], field);
   return (
     <fieldset class="cylinder" id={id}>
       <legend>{t(Text.CylinderOf, number)}</legend>
@@ -215,16 +227,16 @@ function CylinderFields({ cylinder, number, dive }: { cylinder: Cylinder; number
         label={t(Text.Gas)}
         value={cylinder.gas}
         options={dive.gases.map((gas) => [gas.name, gas.name] as const)}
-        choose={(gas) => void put({ gas })}
+        choose={(gas) => put("gas", gas)}
       />
-      {PARTS.filter(([part]) => cylinder[part] !== null).map(([part, name]) => (
+      {PARTS.filter(([member]) => cylinder[member] !== null).map(([member, part, name]) => (
         <Entry
           key={part}
-          id={`${id}-${part.replace("_", "-")}`}
+          id={`${id}-${member.replace("_", "-")}`}
           label={t(name)}
-          unit={unitOf(part, cylinder)}
-          value={String(cylinder[part])}
-          commit={(text) => put({ [part]: text.trim() }, `${id}-${part}`)}
+          unit={unitOf(member, cylinder)}
+          value={String(cylinder[member])}
+          commit={(text) => put(part, text.trim(), `${id}-${part}`)}
         />
       ))}
       {dive.circuit === "closed" ? (
@@ -232,15 +244,13 @@ function CylinderFields({ cylinder, number, dive }: { cylinder: Cylinder; number
           id={`${id}-bail-out`}
           label={t(Text.BailOutCylinder)}
           on={cylinder.bail_out}
-          set={(bailOut) => void put({ bail_out: bailOut })}
+          set={(bailOut) => store.act((now) => withBailOut(now.cylinders, number - 1, bailOut))}
         />
       ) : null}
       <button
         type="button"
         id={`${id}-remove`}
-        onClick={() =>
-          void store.act((now) => linesOf(now.cylinders, (each, at) => (at === number - 1 ? [] : [each.line])))
-        }
+        onClick={() => void store.act(() => ["--remove-cylinder", String(number)])}
       >
         {t(Text.Remove, t(Text.CylinderOf, number))}
       </button>
@@ -258,15 +268,7 @@ export function Cylinders({ dive }: { dive: EditedDive }) {
       <button
         type="button"
         id="add-cylinder"
-        onClick={() => {
-          const gas = dive.legs[0]?.gas ?? dive.gases[0]?.name ?? "";
-          const usual = dive.metric ? "2/12/200/50" : "2/100/3442/3000/700";
-          void store.act((now) => [
-            ...now.cylinders.flatMap((each) => ["--cylinder", each.line]),
-            "--cylinder",
-            `${gas}:${usual}`,
-          ]);
-        }}
+        onClick={() => void store.act(() => option("--add-cylinder", dive.legs[0]?.gas ?? dive.gases[0]?.name ?? ""))}
       >
         {t(Text.AddCylinder)}
       </button>

@@ -62,7 +62,7 @@ function MoreMenu() {
         label={t(Text.Language)}
         value={language}
         options={languages.map((each) => [each.code, each.name] as const)}
-        choose={(code) => void store.setLanguage(code)}
+        choose={(code) => store.setLanguage(code)}
       />
       <Choice
         id="look"

@@ -13,7 +13,7 @@ const PATHS = {
 export function Icon({ name }: { name: keyof typeof PATHS }) {
   return (
     <svg class="sign-icon" viewBox="0 0 24 24" width="24" height="24" aria-hidden="true">
-      <path d={PATHS[name]} />
+      <path d={PATHS[name]} stroke-width={name === "more" ? 3.5 : 2} />
     </svg>
   );
 }

@@ -1,6 +1,7 @@
 // The legs of the dive: a row each, and a form that adds one.
 import { useState } from "preact/hooks";
-import type { EditedDive, Leg } from "../core/commands";
+import { option, type EditedDive, type Leg } from "../core/commands";
+import { pointed } from "../numbers";
 import { store } from "../state";
 import { Text } from "../text_ids";
 import { t } from "../texts";
@@ -12,6 +13,53 @@ import { unitsOf } from "./units";
 type Value = string | number | null;
 const legOf = (depth: Value, time: Value, gas: string): string => `${depth}:${time}@${gas}`;
 
+/** What is done with an action as a whole: a leg, or an ascent between legs. `last` is the action ahead of the final ascent. */
+function ActionMenu({ leg, words, last }: { leg: Leg; words: string; last: number }) {
+  const id = `leg-${leg.action}`;
+  const act = (...edits: string[]) => void store.act(() => edits);
+  return (
+    <Menu id={`${id}-more`} label={t(Text.MoreOf, words)} face={<Icon name="more" />}>
+      {leg.ascent ? null : (
+        <>
+          <MenuEntry
+            id={`${id}-insert`}
+            label={t(Text.InsertLeg)}
+            act={() => act("--insert-leg", `${leg.action}=${legOf(leg.depth, leg.time, leg.gas)}`)}
+          />
+          <MenuEntry
+            id={`${id}-up`}
+            label={t(Text.MoveUp)}
+            disabled={leg.action === 1}
+            act={() => act("--move-leg", `${leg.action}=${leg.action - 1}`)}
+          />
+          <MenuEntry
+            id={`${id}-down`}
+            label={t(Text.MoveDown)}
+            disabled={leg.action >= last}
+            act={() => act("--move-leg", `${leg.action}=${leg.action + 1}`)}
+          />
+        </>
+      )}
+      <MenuEntry id={`${id}-remove`} label={t(Text.DeleteLeg)} act={() => act("--remove-leg", String(leg.action))} />
+    </Menu>
+  );
+}
+
+function AscentRow({ leg, last }: { leg: Leg; last: number }) {
+  const final = leg.action > last;
+  return (
+    <tr class="ascent">
+      <td />
+      <td colSpan={final ? 4 : 3}>{t(Text.Ascent)}</td>
+      {final ? null : (
+        <td>
+          <ActionMenu leg={leg} words={t(Text.Ascent)} last={last} />
+        </td>
+      )}
+    </tr>
+  );
+}
+
 function LegRow({ leg, number, dive, last }: { leg: Leg; number: number; dive: EditedDive; last: number }) {
   const id = `leg-${leg.action}`;
   const alter = (other: { depth?: string; time?: string; gas?: string }, field = "") =>
@@ -19,7 +67,6 @@ function LegRow({ leg, number, dive, last }: { leg: Leg; number: number; dive: E
       const { depth, time, gas } = { ...leg, ...now.legs.find((each) => each.action === leg.action), ...other };
       return ["--leg", `${leg.action}=${legOf(depth, time, gas)}`];
     }, field);
-  const act = (...edits: string[]) => void store.act(() => edits);
   return (
     <tr>
       <th scope="row">{number}</th>
@@ -48,34 +95,11 @@ function LegRow({ leg, number, dive, last }: { leg: Leg; number: number; dive: E
           label={t(Text.LegGas, number)}
           value={leg.gas}
           options={dive.gases.map((gas) => [gas.name, gas.name] as const)}
-          choose={(gas) => void alter({ gas })}
+          choose={(gas) => alter({ gas })}
         />
       </td>
       <td>
-        <Menu id={`${id}-more`} label={t(Text.MoreOf, t(Text.LegOf, number))} face={<Icon name="more" />}>
-          <MenuEntry
-            id={`${id}-insert`}
-            label={t(Text.InsertLeg)}
-            act={() => act("--insert-leg", `${leg.action}=${legOf(leg.depth, leg.time, leg.gas)}`)}
-          />
-          <MenuEntry
-            id={`${id}-up`}
-            label={t(Text.MoveUp)}
-            disabled={number === 1}
-            act={() => act("--move-leg", `${leg.action}=${leg.action - 1}`)}
-          />
-          <MenuEntry
-            id={`${id}-down`}
-            label={t(Text.MoveDown)}
-            disabled={number === last}
-            act={() => act("--move-leg", `${leg.action}=${leg.action + 1}`)}
-          />
-          <MenuEntry
-            id={`${id}-remove`}
-            label={t(Text.DeleteLeg)}
-            act={() => act("--remove-leg", String(leg.action))}
-          />
-        </Menu>
+        <ActionMenu leg={leg} words={t(Text.LegOf, number)} last={last} />
       </td>
     </tr>
   );
@@ -99,7 +123,7 @@ function AddLeg({ dive, added }: { dive: EditedDive; added: () => void }) {
       onSubmit={(event) => {
         event.preventDefault();
         void store
-          .apply(() => ["--add-leg", legOf(depth.trim(), time.trim(), gas)])
+          .apply(() => option("--add-leg", legOf(pointed(depth.trim()), pointed(time.trim()), gas)))
           .then((faults) => {
             setReasons(faults);
             if (faults.length) return;
@@ -157,8 +181,10 @@ function AddLeg({ dive, added }: { dive: EditedDive; added: () => void }) {
 
 export function Legs({ dive }: { dive: EditedDive }) {
   const units = unitsOf(dive);
-  const legs = dive.legs.filter((leg) => !leg.ascent);
-  const pages = usePages(legs, "legs");
+  const pages = usePages(dive.legs, "legs");
+  const final = dive.legs.at(-1);
+  const last = dive.legs.length - (final?.ascent ? 1 : 0);
+  let number = dive.legs.slice(0, pages.first).filter((leg) => !leg.ascent).length;
   return (
     <section class="card" aria-labelledby="legs-title">
       <h2 id="legs-title">{t(Text.Legs)}</h2>
@@ -178,15 +204,13 @@ export function Legs({ dive }: { dive: EditedDive }) {
           </tr>
         </thead>
         <tbody>
-          {pages.shown.map((leg, index) => (
-            <LegRow key={leg.action} leg={leg} number={pages.first + index + 1} dive={dive} last={legs.length} />
-          ))}
-          {dive.legs.some((leg) => leg.ascent) ? (
-            <tr class="ascent">
-              <td />
-              <td colSpan={4}>{t(Text.Ascent)}</td>
-            </tr>
-          ) : null}
+          {pages.shown.map((leg) =>
+            leg.ascent ? (
+              <AscentRow key={leg.action} leg={leg} last={last} />
+            ) : (
+              <LegRow key={leg.action} leg={leg} number={++number} dive={dive} last={last} />
+            ),
+          )}
         </tbody>
       </table>
       {pages.turn}

@@ -1,11 +1,11 @@
 // What a diver agrees to before the first plan.
 import { useEffect, useRef, useState } from "preact/hooks";
-import { keep, kept } from "../keep";
+import { keep, kept, oneOf } from "../keep";
 import { Text } from "../text_ids";
 import { t } from "../texts";
 
 export function Notice() {
-  const [agreed, setAgreed] = useState(kept<boolean>("agreed") === true);
+  const [agreed, setAgreed] = useState(kept("agreed", oneOf(true)) === true);
   const box = useRef<HTMLDialogElement>(null);
   useEffect(() => {
     if (!agreed && !box.current?.open) box.current?.showModal();

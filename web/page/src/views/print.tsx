@@ -13,7 +13,6 @@ export async function printSheet(): Promise<void> {
     store.tell(made.reasons.join(" "), "problem");
     return;
   }
-  store.tell("");
   const paper = document.createElement("div");
   paper.id = "paper";
   const pages = made.value.map(picture);
@@ -24,13 +23,20 @@ export async function printSheet(): Promise<void> {
     paper.append(image);
   }
   document.body.append(paper);
-  await Promise.all([...paper.querySelectorAll("img")].map((image) => image.decode().catch(() => undefined)));
-  document.body.classList.add("prints-sheet");
   const done = () => {
     document.body.classList.remove("prints-sheet");
     paper.remove();
     for (const page of pages) URL.revokeObjectURL(page.url);
   };
+  const drawn = await Promise.allSettled([...paper.querySelectorAll("img")].map((image) => image.decode()));
+  const blank = drawn.findIndex((each) => each.status === "rejected");
+  if (blank >= 0) {
+    done();
+    store.tell(t(Text.PageNotDrawn, blank + 1), "problem");
+    return;
+  }
+  store.tell("");
+  document.body.classList.add("prints-sheet");
   window.addEventListener("afterprint", done, { once: true });
   window.print();
 }

@@ -11,9 +11,8 @@ function useParts() {
   return { state, parts: dive ? partsOf(dive.shown) : null };
 }
 
-/** Why there is no schedule of the plan as it is. */
-function Problems() {
-  const { problems } = useStore();
+/** Why there is no schedule of the plan as it is, or no picture. */
+function Problems({ problems }: { problems: string[] }) {
   return problems.length ? (
     <div class="remark remark-danger" role="alert">
       <span class="sign" aria-hidden="true">
@@ -27,13 +26,13 @@ function Problems() {
 /** Run time and what was found in short, beside the entries. */
 export function Summary() {
   const { state, parts } = useParts();
-  if (!parts) return <Problems />;
+  if (!parts) return <Problems problems={state.problems} />;
   const totals = parts.schedule.slice(parts.schedule.findIndex((block) => block.table) + 1);
   const dangers = parts.findings.filter((block) => block.severity === "danger").length;
   const cautions = parts.findings.filter((block) => block.severity === "caution").length;
   return (
     <div id="summary" class={state.stale ? "summary stale" : "summary"} aria-busy={state.computing}>
-      <Problems />
+      <Problems problems={state.problems} />
       <p aria-live="polite" id="summary-words">
         {totals[0]?.text ?? ""}
         {dangers ? (
@@ -65,9 +64,10 @@ export function Schedule() {
       id="schedule"
     >
       <h2 id="schedule-title">{t(Text.Schedule)}</h2>
-      <Problems />
+      <Problems problems={state.problems} />
       {state.problems.length && parts ? <p class="told">{t(Text.ScheduleOfBefore)}</p> : null}
-      {parts ? <Shown blocks={parts.schedule} caption={t(Text.Schedule)} /> : <p role="status">{t(Text.Computing)}</p>}
+      {parts ? <Shown blocks={parts.schedule} caption={t(Text.Schedule)} /> : null}
+      {parts || !state.computing ? null : <p role="status">{t(Text.Computing)}</p>}
     </section>
   );
 }
@@ -78,6 +78,11 @@ export function Findings() {
   return (
     <section class={`card${state.stale ? " stale" : ""}`} aria-labelledby="findings-title" id="findings">
       <h2 id="findings-title">{t(Text.Check)}</h2>
+      {state.remarks.map((remark) => (
+        <p key={remark} class="advice">
+          {remark}
+        </p>
+      ))}
       {parts.findings.length === 0 ? <p>{t(Text.NothingToMark)}</p> : null}
       <ul class="plain">
         {parts.findings.map((block, index) => (
@@ -103,11 +108,20 @@ export function Supply() {
 }
 
 export function GraphPane() {
-  const { graph } = useStore();
+  const { graph, graphProblems, drawing, problems, plan, document, dive } = useStore();
+  const sameDive = graph?.dive === document.dives[dive]?.number;
+  const current = graph?.plan.text === plan.text && graph.plan.model === plan.model;
+  const stale = graph !== null && !current;
   return (
-    <section class="card" aria-labelledby="graph-title" id="graph">
+    <section
+      class={`card${stale ? " stale" : ""}`}
+      aria-labelledby="graph-title"
+      aria-busy={drawing}
+      id="graph"
+    >
       <h2 id="graph-title">{t(Text.Graph)}</h2>
-      {graph ? <img class="graph" src={graph.url} alt={graph.words} /> : null}
+      <Problems problems={[...problems, ...graphProblems]} />
+      {graph && sameDive && (current || drawing) ? <img class="graph" src={graph.url} alt={graph.words} /> : null}
     </section>
   );
 }

@@ -1,5 +1,6 @@
 // The settings of the dive: one line of the file each.
-import { MODELS, type EditedDive, type Model } from "../core/commands";
+import { MODELS, option, type EditedDive, type Model } from "../core/commands";
+import { MODEL_WORDS } from "../files";
 import { store, useStore } from "../state";
 import { Text } from "../text_ids";
 import { t } from "../texts";
@@ -12,7 +13,7 @@ const idOf = (key: string): string =>
     .replace(/[^a-z0-9]+/g, "-")
     .replace(/^-|-$/g, "")}`;
 const put = (key: string, value: string, field = "") => store.apply(() => ["--set", `${key}=${value}`], field);
-const act = (key: string, value: string) => void store.act(() => ["--set", `${key}=${value}`]);
+const act = (key: string, value: string) => store.act(() => ["--set", `${key}=${value}`]);
 
 function Setting(props: { dive: EditedDive; name: string; label: number; unit?: string | undefined; words?: boolean }) {
   const { dive, name, label, unit, words } = props;
@@ -32,6 +33,20 @@ function Setting(props: { dive: EditedDive; name: string; label: number; unit?: 
 function valueOf(dive: EditedDive, key: string): string {
   const value = dive.values[key];
   return typeof value === "number" ? String(value) : (dive.settings[key] ?? "").trim();
+}
+
+/** An altitude brings the pressure with it that it usually has. */
+function Level(props: { dive: EditedDive; name: string; option: string; label: number; unit: string }) {
+  const id = idOf(props.name);
+  return (
+    <Entry
+      id={id}
+      label={t(props.label)}
+      unit={props.unit}
+      value={valueOf(props.dive, props.name)}
+      commit={(text) => store.apply(() => option(props.option, text.trim()), id)}
+    />
+  );
 }
 
 function Flag({ dive, name, label }: { dive: EditedDive; name: string; label: number }) {
@@ -77,13 +92,6 @@ function GradientFactors({ dive }: { dive: EditedDive }) {
   );
 }
 
-const MODEL_WORDS: Record<Model, number> = {
-  "": Text.ModelB,
-  "--zhl16c": Text.ModelC,
-  "--vpm": Text.ModelVpm,
-  "--hybrid": Text.ModelHybrid,
-};
-
 function Rebreather({ dive, units }: { dive: EditedDive; units: Units }) {
   return (
     <div class="fields">
@@ -124,7 +132,7 @@ function TeamOf({ dive }: { dive: EditedDive }) {
           label={t(Text.TurnAt)}
           value={parts[3] ?? "all"}
           options={TURNS.map(([value, words]) => [value, t(words)] as const)}
-          choose={(rule) => void store.act(edits(3, rule))}
+          choose={(rule) => store.act(edits(3, rule))}
         />
       </div>
     </fieldset>
@@ -152,12 +160,12 @@ export function Settings({ dive }: { dive: EditedDive }) {
         <Choice
           id="circuit"
           label={t(Text.Circuit)}
-          value={closed ? "0" : "1"}
+          value={dive.circuit}
           options={[
-            ["1", t(Text.OpenCircuit)],
-            ["0", t(Text.Rebreather)],
+            ["open", t(Text.OpenCircuit)],
+            ["closed", t(Text.Rebreather)],
           ]}
-          choose={(value) => act("Open Circuit", value)}
+          choose={(circuit) => store.act(() => ["--circuit", circuit])}
         />
         <GradientFactors dive={dive} />
         <Setting dive={dive} name="LastStop" label={Text.LastStop} unit={units.depth} />
@@ -181,9 +189,9 @@ export function Settings({ dive }: { dive: EditedDive }) {
         <fieldset>
           <legend>{t(Text.Altitude)}</legend>
           <div class="fields">
-            <Setting dive={dive} name="StartAltitude" label={Text.StartAltitude} unit={units.depth} />
+            <Level dive={dive} name="StartAltitude" option="--altitude" label={Text.StartAltitude} unit={units.depth} />
             <Setting dive={dive} name="StartPressure" label={Text.StartPressure} unit={units.ppo2} />
-            <Setting dive={dive} name="EndAltitude" label={Text.Surfacing} unit={units.depth} />
+            <Level dive={dive} name="EndAltitude" option="--end-altitude" label={Text.Surfacing} unit={units.depth} />
             <Setting dive={dive} name="EndPressure" label={Text.SurfacingPressure} unit={units.ppo2} />
             <Flag dive={dive} name="AdeptedToHeight" label={Text.Adapted} />
             <Setting dive={dive} name="TimeToHeight" label={Text.TimeToAdapt} unit={t(Text.Minutes)} />

@@ -35,7 +35,8 @@ function byOption(reasons: string[], args: string[], options: readonly string[])
       others.push(reason);
       continue;
     }
-    const value = `${option} ${args[args.indexOf(option) + 1] ?? ""}`;
+    const joined = args.find((each) => each.startsWith(`${option}=`))?.slice(option.length + 1);
+    const value = `${option} ${joined ?? args[args.indexOf(option) + 1] ?? ""}`;
     const told = reason.startsWith(value) ? reason.slice(value.length) : reason.slice(option.length);
     faults[option] = told.replace(/^[ \u00a0]?: |^ /, "");
   }

@@ -1,6 +1,7 @@
 // What stands behind "Tools": each a form of the options of one command.
 import { useState } from "preact/hooks";
-import { innerName, modelOptions } from "../core/commands";
+import { innerName, modelOptions, option } from "../core/commands";
+import { pointed } from "../numbers";
 import { store, useStore } from "../state";
 import { Text } from "../text_ids";
 import { t } from "../texts";
@@ -8,8 +9,10 @@ import { Choice, Tick } from "./entry";
 import { Field, Tool, onPlan, type Request } from "./tool";
 import { unitsOf } from "./units";
 
-/** An option with its value, left out when nothing is told. */
-const option = (name: string, value: string): string[] => (value.trim() === "" ? [] : [name, value.trim()]);
+/** An option with its words or list, left out when nothing is told. */
+const told = (name: string, value: string): string[] => (value.trim() === "" ? [] : option(name, value.trim()));
+/** The same with one number. */
+const number = (name: string, value: string): string[] => told(name, pointed(value.trim()));
 
 function WhatIf() {
   const units = unitsOf(store.dive);
@@ -17,9 +20,9 @@ function WhatIf() {
   const [deeper, setDeeper] = useState(store.dive.metric ? "3" : "10");
   const [factors, setFactors] = useState("");
   const options = [
-    ...option("--longer", longer),
-    ...option("--deeper", deeper),
-    ...factors.split(/[\s,;]+/).flatMap((each) => option("--gf", each)),
+    ...number("--longer", longer),
+    ...number("--deeper", deeper),
+    ...factors.split(/[\s,;]+/).flatMap((each) => told("--gf", each)),
   ];
   return (
     <Tool
@@ -61,10 +64,10 @@ function useLimits(prefix: string) {
   const [gas, setGas] = useState(true);
   const legs = store.dive.legs.filter((each) => !each.ascent);
   const options = [
-    ...option("--leg", leg),
-    ...option("--max-run", run),
-    ...option("--max-stops", stops),
-    ...option("--max-cns", cns),
+    ...number("--leg", leg),
+    ...number("--max-run", run),
+    ...number("--max-stops", stops),
+    ...number("--max-cns", cns),
     ...(gas ? [] : ["--no-gas"]),
   ];
   const fields = (
@@ -92,7 +95,7 @@ function Margins() {
   const limits = useLimits("margins");
   const [longer, setLonger] = useState("-10:20:1");
   const [deeper, setDeeper] = useState(store.dive.metric ? "-6:12:1" : "-20:40:5");
-  const options = [...option("--longer", longer), ...option("--deeper", deeper), ...limits.options];
+  const options = [...told("--longer", longer), ...told("--deeper", deeper), ...limits.options];
   return (
     <Tool
       id="margins"
@@ -130,7 +133,7 @@ function Longest() {
 function BailOut() {
   const [interval, setInterval] = useState("5");
   const [ends, setEnds] = useState(false);
-  const options = ends ? ["--leg-ends"] : option("--interval", interval);
+  const options = ends ? ["--leg-ends"] : number("--interval", interval);
   return (
     <Tool id="bail-out" title={t(Text.BailOut)} request={() => onPlan("bailout", options)} options={["--interval"]}>
       <Field
@@ -177,29 +180,40 @@ function Comparison() {
 /** Oxygen and helium in per cent, and pressure. */
 type Mix = readonly [o2: string, he: string, pressure: string];
 
+const USUAL_MIXES: Record<"bar" | "psi", { have: Mix; want: Mix }> = {
+  bar: { have: ["21", "0", "1"], want: ["32", "0", "200"] },
+  psi: { have: ["21", "0", "14.7"], want: ["32", "0", "3000"] },
+};
+
 function Mixer() {
-  const metric = store.dive.metric;
-  const [imperial, setImperial] = useState(!metric);
-  const [have, setHave] = useState<Mix>(["21", "0", metric ? "1" : "14.7"]);
-  const [want, setWant] = useState<Mix>(["32", "0", metric ? "200" : "3000"]);
+  const [imperial, setImperial] = useState(!store.dive.metric);
+  const usual = USUAL_MIXES[imperial ? "psi" : "bar"];
+  const [have, setHave] = useState<Mix>(usual.have);
+  const [want, setWant] = useState<Mix>(usual.want);
   const [top, setTop] = useState<readonly [string, string]>(["", ""]);
   const [temperature, setTemperature] = useState("");
   const [warm, setWarm] = useState("");
   const [steps, setSteps] = useState("");
+  /** Pressures that were typed in one unit are none in the other. */
+  const setUnits = (psi: boolean) => {
+    const { have, want } = USUAL_MIXES[psi ? "psi" : "bar"];
+    setImperial(psi);
+    setHave(have);
+    setWant(want);
+  };
   const mix = (parts: Mix): string => {
-    const [o2, he, pressure] = parts.map((each) => each.trim());
+    const [o2, he, pressure] = parts.map((each) => pointed(each.trim()));
     return `${o2}/${he || "0"}@${pressure}`;
   };
   const request = (): Request => ({
     args: [
       "mix",
-      "--have",
-      mix(have),
-      ...(want[2].trim() === "" ? [] : ["--want", mix(want)]),
-      ...(top[0].trim() === "" ? [] : ["--top", `${top[0].trim()}/${top[1].trim() || "0"}`]),
-      ...option("--temperature", temperature),
-      ...option("--warm", warm),
-      ...option("--steps", steps),
+      ...option("--have", mix(have)),
+      ...(want[2].trim() === "" ? [] : option("--want", mix(want))),
+      ...(top[0].trim() === "" ? [] : option("--top", `${pointed(top[0].trim())}/${pointed(top[1].trim()) || "0"}`)),
+      ...number("--temperature", temperature),
+      ...number("--warm", warm),
+      ...told("--steps", steps),
       ...(imperial ? ["--imperial"] : []),
     ],
     files: {},
@@ -264,7 +278,7 @@ function Mixer() {
         hint={t(Text.StepsHint)}
         words
       />
-      <Tick id="mixer-imperial" label={t(Text.UnitPsi)} on={imperial} set={setImperial} />
+      <Tick id="mixer-imperial" label={t(Text.UnitPsi)} on={imperial} set={setUnits} />
     </Tool>
   );
 }
