@@ -438,7 +438,8 @@ TEST_F(Tavplan, SpeaksTheLanguageThatItIsTold) {
   const json german = OutJson();
   EXPECT_EQ(german["dives"][0]["rows"], english["dives"][0]["rows"]);
   const std::string finding = german["dives"][0]["findings"][0]["text"];
-  EXPECT_THAT(finding, AllOf(HasSubstr("Gasdichte"), Not(testing::Eq(english["dives"][0]["findings"][0]["text"]))));
+  EXPECT_THAT(finding, AllOf(HasSubstr("Gasdichte"),
+                             Not(testing::Eq(english["dives"][0]["findings"][0]["text"].get<std::string>()))));
 
   Speak("it_IT.UTF-8");
   const std::pair<Words, const char*> told[] = {
