@@ -6,7 +6,8 @@
 # What the newcomer made lies in build/bare_debian/COMMIT afterwards. The folder is made on 12, and the same one is then
 # proven on 13: run 12 first.
 # The machines are made for the occasion, from this machine's own apt sources and settings, and taken away on every exit.
-# Nothing but the compiler's cache is carried in. Usage: scripts/bare_debian.sh 12|13 [COMMIT]
+# Nothing but the compiler's cache and the certificates of this machine's network are carried in.
+# Usage: scripts/bare_debian.sh 12|13 [COMMIT]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 case ${1:-} in
@@ -57,6 +58,8 @@ if ! mmdebstrap --quiet --mode=root --variant=minbase "${settings[@]}" "$suite" 
   exit 1
 fi
 cp /etc/resolv.conf /etc/hosts "$root/etc/"
+trusted=/etc/ssl/certs/ca-certificates.crt  # whom this machine trusts on its network, npm must trust there
+[ ! -f "$trusted" ] || cp "$trusted" "$root/trusted.crt"
 cp -a "$root" "$diver"
 for machine in "$root" "$diver"; do
   mount -t proc proc "$machine/proc"
@@ -75,7 +78,7 @@ fi
 # on MACHINE COMMAND, with nothing of this machine's environment
 on() {
   env -i HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 \
-    CCACHE_DIR=/ccache DEBIAN_FRONTEND=noninteractive \
+    CCACHE_DIR=/ccache DEBIAN_FRONTEND=noninteractive NODE_EXTRA_CA_CERTS=/trusted.crt \
     chroot "$1" /bin/sh -c "$2"
 }
 commands=("./run new --depth 60 --time 25 --gas Tx18/45")
