@@ -82,7 +82,7 @@ Command EditCommand() {
        &edits.depths},
       {"--cylinder", "GAS:COUNT/SIZE/FILL/RESERVE", "Cylinders of a gas, in place of all cylinders", &edits.cylinders},
       {"--no-cylinders", "", "Take all cylinders away", &edits.noCylinders},
-      {"--cylinder-part", "N:PART=VALUE", "A number or the gas of cylinder N, counted from 1", &edits.cylinderParts},
+      {"--alter-cylinder", "N:PART=VALUE", "A number or the gas of cylinder N, counted from 1", &edits.cylinderParts},
       {"--remove-cylinder", "N", "Take cylinder N away", &edits.removedCylinders},
       {"--add-cylinder", "GAS", "A usual cylinder of a gas, in the units of the plan", &edits.addedCylinders},
       {"--remove-leg", "N", "Take a leg away, or an ascent that is not the last action", &edits.removedLegs},
@@ -104,7 +104,7 @@ Command EditCommand() {
   exclude("--add-dive", {"--dive", "--interval"});
   exclude("--no-changes", {"--change"});
   exclude("--no-cylinders", {"--cylinder"});
-  for (const char* numbered : {"--cylinder-part", "--remove-cylinder"}) {
+  for (const char* numbered : {"--alter-cylinder", "--remove-cylinder"}) {
     exclude(numbered, {"--cylinder", "--no-cylinders"});
   }
   std::ranges::find(command.options, "--circuit", &Option::name)->offers =

@@ -321,7 +321,7 @@ void PutPart(Cylinder& cylinder, const std::string& part, const std::string& val
   } else if (part == "gas") {
     cylinder.Gas = KnownName(value, settings);
   } else {
-    throw OptionError({Text::UsageNoneOf, {"--cylinder-part", part, "count, size, rated, fill, reserve, gas"}});
+    throw OptionError({Text::UsageNoneOf, {"--alter-cylinder", part, "count, size, rated, fill, reserve, gas"}});
   }
 }
 
@@ -330,9 +330,9 @@ void EditCylinders(const PlanEdits& edits, DiveTemplate& settings) {
   std::map<std::size_t, std::string> altered;
   for (const std::string& text : edits.cylinderParts) {
     constexpr const char* kForm = "N:PART=VALUE";
-    const auto [number, setting] = Parted(text, ':', "--cylinder-part", kForm);
-    const auto [part, value] = Parted(setting, '=', "--cylinder-part", kForm);
-    const std::string told = "--cylinder-part " + text;
+    const auto [number, setting] = Parted(text, ':', "--alter-cylinder", kForm);
+    const auto [part, value] = Parted(setting, '=', "--alter-cylinder", kForm);
+    const std::string told = "--alter-cylinder " + text;
     const std::size_t place = CylinderPlace(number, told, settings);
     PutPart(settings.Cylinders[place], part, value, told, settings);
     altered[place] = told;

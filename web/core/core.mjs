@@ -1,5 +1,5 @@
 // The core in JavaScript: `tavplan` on files in memory, one call a command.
-const kFolders = ['/tav/lang', '/tav/template', '/tav/dives', '/home/tav', '/work'];
+const kFolders = ['/tav/lang', '/tav/template', '/tav/dives', '/home/tav', '/plans'];
 
 /** A file beside this one, of the same build: the query of its address tells that. */
 const beside = (name) => new URL(name + new URL(import.meta.url).search, import.meta.url);
@@ -12,7 +12,7 @@ async function fetched(name) {
 
 /**
  * Makes a core. `read` gives the bytes of a file that lies beside this one, by its name.
- * Answers {run, FS}: run(["plan", "a.tav", "--json"]) gives {status, out, err}; FS holds the files, with /work as the
+ * Answers {run, FS}: run(["plan", "a.tav", "--json"]) gives {status, out, err}; FS holds the files, with /plans as the
  * working folder, the texts, templates and example plans in /tav.
  */
 export default async function createCore({ read = fetched } = {}) {
@@ -27,7 +27,7 @@ export default async function createCore({ read = fetched } = {}) {
   for (const [name, text] of Object.entries(JSON.parse(new TextDecoder().decode(files)))) {
     FS.writeFile(`/tav/${name}`, text);
   }
-  FS.chdir('/work');
+  FS.chdir('/plans');
 
   function run(args) {
     const words = args.map((word) => `${word.replaceAll('\0', '')}\0`).join('');

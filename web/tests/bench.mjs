@@ -21,7 +21,7 @@ function median(times, call) {
 const start = performance.now();
 const core = await loadCore();
 const loaded = performance.now();
-for (const file of ["wreck.tav", "trimix-100.tav"]) core.FS.writeFile(`/work/${file}`, readFileSync(join(dives, file)));
+for (const file of ["wreck.tav", "trimix-100.tav"]) core.FS.writeFile(`/plans/${file}`, readFileSync(join(dives, file)));
 core.run(["plan", "wreck.tav", "--json"]);
 console.log(`load ${(loaded - start).toFixed(0)} ms, the first schedule ${(performance.now() - loaded).toFixed(0)} ms later`);
 

@@ -13,9 +13,9 @@ const environment = { ...process.env, LC_ALL: "C", HOME: "/nonexistent", XDG_CON
 
 // Both run in a folder that holds the file, so that both name it alike.
 function both(folder, file, args) {
-  core.FS.writeFile(`/work/${file}`, readFileSync(join(folder, file)));
+  core.FS.writeFile(`/plans/${file}`, readFileSync(join(folder, file)));
   const told = core.run(args);
-  core.FS.unlink(`/work/${file}`);
+  core.FS.unlink(`/plans/${file}`);
   const { status, stdout, stderr, error } = spawnSync(native, args, { cwd: folder, env: environment, maxBuffer: 1 << 28 });
   if (error) throw error;
   return [told, { status, out: stdout.toString(), err: stderr.toString() }];

@@ -19,7 +19,7 @@ const types = {
 
 const bridge = `export default async () => {
   const files = new Map();
-  const inner = (path) => path.replace(/^\\/work\\//, "");
+  const inner = (path) => path.replace(/^\\/plans\\//, "");
   return {
     FS: {
       writeFile: (path, data) => files.set(inner(path), typeof data === "string" ? data : new TextDecoder().decode(data)),

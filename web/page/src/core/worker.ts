@@ -13,7 +13,7 @@ interface WasmCore {
   FS: CoreFiles;
 }
 
-const FOLDER = "/work/";
+const FOLDER = "/plans/";
 declare const TAV_BUILD: string;
 // Not known when this is bundled: the core is built apart and lies beside the page.
 const CORE = `./core.js?v=${TAV_BUILD}`;

@@ -218,7 +218,7 @@ const withBailOut = (cylinders: Cylinder[], place: number, bailOut: boolean): st
 function CylinderFields({ cylinder, number, dive }: { cylinder: Cylinder; number: number; dive: EditedDive }) {
   const id = `cylinder-${number}`;
   const put = (part: string, value: string, field = "") =>
-    store.apply(() => ["--cylinder-part", `${number}:${part}=${value}`], field);
+    store.apply(() => ["--alter-cylinder", `${number}:${part}=${value}`], field);
   return (
     <fieldset class="cylinder" id={id}>
       <legend>{t(Text.CylinderOf, number)}</legend>
