@@ -19,7 +19,7 @@ class RecordingSurface : public DrawingSurface {
     double x0, y0, x1, y1;  ///< of a circle: centre, radius, 0; of a text: its place, 0, 0
     Colour colour;
     std::string text;    ///< of a picture: its file
-    TextFont font = {};  ///< of a page text
+    TextFont font = {};  ///< of a page text; of a text whether it is bold
     friend bool operator==(const Stroke&, const Stroke&) = default;
   };
 
@@ -52,8 +52,8 @@ class RecordingSurface : public DrawingSurface {
   void Circle(double x, double y, double radius, Colour colour) override {
     Draw({Kind::Circle, x, y, radius, 0, colour, ""});
   }
-  void Text(double x, double y, const std::string& text, Colour colour, bool /*bold*/) override {
-    Draw({Kind::Text, x, y, 0, 0, colour, text});
+  void Text(double x, double y, const std::string& text, Colour colour, bool bold) override {
+    Draw({Kind::Text, x, y, 0, 0, colour, text, TextFont{.bold = bold}});
   }
   [[nodiscard]] double TextWidth(const std::string& text, bool /*bold*/) const override {
     return 100.0 * static_cast<double>(text.size());

@@ -377,6 +377,7 @@ TEST_F(PlanPane, AFirstLegComesWithTheAscentFromWhereverItIsEnteredUnlessThatIsS
   const auto dialog = [&] {
     p.platform.onModal.emplace_back([](Form& form) {
       auto& waypoint = dynamic_cast<frmWaypointForm&>(form);
+      EXPECT_EQ(waypoint.tbDepth.Text.Get() + " " + waypoint.tbTime.Text.Get(), "0 0");
       waypoint.tbDepth.Type("30");
       waypoint.tbTime.Type("20");
       waypoint.cbOK.Press();

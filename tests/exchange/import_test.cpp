@@ -134,6 +134,15 @@ std::vector<LoggedDive::Sample> RandomLog(std::mt19937& random) {
   return samples;
 }
 
+TEST(LogImport, ALongSlopeBetweenTwoSamplesBecomesSteps) {
+  const DiveLegs made =
+      LegsOfSamples({{0, 0}, {2, 30}, {10, 30}, {40, 24}, {41, 24}}, {{0, 0}}, ShippedDefaultTemplate());
+  std::vector<std::string> legs;
+  for (const LogLeg& leg : made.legs) legs.push_back(FormatPlain(leg.depth) + " " + FormatPlain(leg.end));
+  EXPECT_THAT(legs, ElementsAre("5.5 0.4", "11.5 0.8", "17.5 1.2", "23.5 1.6", "29.5 15", "28.5 20", "27.5 25",
+                                "26.5 30", "25.5 35", "24.5 41"));
+}
+
 TEST(LogImport, LegsStayWithinAMetreOfTheSamples) {
   std::mt19937 random(1);
   const DiveTemplate settings = ShippedDefaultTemplate();

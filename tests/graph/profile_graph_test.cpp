@@ -422,9 +422,12 @@ TEST_F(GraphOfLegs, TheMouseMovesAWaypointByWholeStepsAndOnlyWhatIsMovedFar) {
   legs.ascent = false;  // as long as there is none, legs are added by drags, and rows shown
   Press(10, 36), Release();
   EXPECT_THAT(window.viewed, testing::ElementsAre(2));
+  graph.DoubleClick(X(41.4), Y(29.7), grid);
+  Release();
+  EXPECT_THAT(window.waypoints, SizeIs(1)) << "a double click, too, begins a leg";
   legs.Take();
   Press(60, 20), Release();
-  EXPECT_THAT(window.waypoints, SizeIs(1));
+  EXPECT_THAT(window.waypoints, SizeIs(2));
   EXPECT_THAT(legs.Take(), IsEmpty());
 }
 

@@ -168,7 +168,7 @@ TEST_F(ProfilePlotTest, TheFirstGasStandsAtTheStart) {
   Add(10, 13, "Trimix");
   Draw();
   ASSERT_EQ(Labels().size(), 1U);
-  EXPECT_EQ(Labels()[0], (Stroke{Kind::Text, 500, 570, 0, 0, graph::kYellow, "Trimix"}));
+  EXPECT_EQ(Labels()[0], (Stroke{Kind::Text, 500, 570, 0, 0, graph::kYellow, "Trimix", TextFont{.bold = true}}));
   EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 70, 620, 500, 750, kBlack, ""}));
   EXPECT_THAT(grid.strokes, Contains(Stroke{Kind::Line, 500, 750, 1140, 750, kBlack, ""}));
 }

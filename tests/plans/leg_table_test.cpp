@@ -100,6 +100,8 @@ TEST_F(Legs, AreInsertedCopiedMovedAndDeletedAsARange) {
          t.Delete(2, 3);
        },
        "60 20 Tx18/45 | Ascent"},
+      {"two ascents on the way, of which one goes nowhere", [](LegTable& t) { t.Paste(1, "Ascent\nAscent", kAscent); },
+       "60 20 Tx18/45 | Ascent | 40 5 EAN32 | 20 5 EAN50 | Ascent"},
   };
   for (const auto& each : cases) {
     LegTable table = Loaded({});

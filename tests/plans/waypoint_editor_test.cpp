@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "model/number_text.h"
+#include "model/template_faults.h"
 #include "support/plan_fixture.h"
 #include "support/profile_text.h"
 #include "support/text_names.h"
@@ -118,6 +119,9 @@ TEST_F(Editor, RefusesAWaypointThatCannotBe) {
   EXPECT_FALSE(plan_.AddUserWaypoint(60, -1, 0));
   EXPECT_FALSE(plan_.AddUserWaypoint(60, 10, 77));
   EXPECT_THAT(plans_.boxes.shown, ElementsAre(Numbered("<AboveCeiling>"), Numbered("<LegTime>"), Numbered("<LegGas>")));
+  EXPECT_EQ(LegFault(10, 60, 77, Document().Template).values.back().plain,
+            std::to_string(Document().Template.Blends.size() - 1))
+      << "the last gas that there is";
   EXPECT_EQ(plan_.UserActions.GetLength(), 1);
   EXPECT_EQ(Rows(), before);
   EXPECT_FALSE(Document().Modified);
