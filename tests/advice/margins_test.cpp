@@ -4,6 +4,7 @@
 
 #include "advice/lost_gas.h"
 #include "figures/dive_figures.h"
+#include "persist/template_file.h"
 #include "support/english.h"
 #include "support/profile_text.h"
 #include "support/random_plan.h"
@@ -87,6 +88,27 @@ TEST(Margins, EachCellIsThePlanWithThatLegChanged) {
       }
     }
   }
+}
+
+TEST(Margins, ALossAfterWhichNoAscentEndsBreaksALimit) {
+  DiveTemplate t = ShippedDefaultTemplate();
+  t.LastStop = 9;  // where the nitrogen of air is above what these factors allow at the surface
+  t.GFLow = t.GFHigh = 0.05;
+  t.Blends.push_back({"EAN80", 80, 20, 0});
+  t.ChangeGasMixes = {{"EAN80", 80, 20, 0, 9}};
+  t.Cylinders = {{"Air", 9, 20, 0, 200, 0, true}, {"EAN80", 9, 20, 0, 200, 0, true}};
+  DiveRecord dive{t, 0, {}};
+  for (const auto& [depth, time] : {std::pair{30, 10}, {-1, -1}}) {
+    dive.UserActions.NewAction();
+    dive.UserActions.setuser(dive.UserActions.GetLength(), depth, time, 0);
+  }
+  dive.UserActions.setdeco(2);
+  const ComputedPlan plan = Computed(dive);
+  ASSERT_TRUE(plan.end.Decompresses);
+  const MarginCell cell = Margins({dive, plan, nullptr}, {{}, {}, Single(1000), true}, Words()).At(0, 0);
+  EXPECT_EQ(cell.limit.kind, Kind::Lost) << cell.limit.Id();
+  EXPECT_EQ(cell.limit.gas + ": " + std::to_string(static_cast<int>(cell.limit.why)),
+            "EAN80: " + std::to_string(static_cast<int>(Kind::DoesNotDecompress)));
 }
 
 TEST(Margins, LooserLimitsNeverShrinkTheMap) {

@@ -3,10 +3,12 @@
 #include <string>
 
 #include "advice/comparison.h"
+#include "advice/margins.h"
 #include "controls/cell_map.h"
 #include "controls/grid.h"
 #include "pages/page_player.h"
 #include "reports/comparison_table.h"
+#include "reports/margin_map.h"
 #include "reports/plan_slate.h"
 #include "support/all_forms.h"
 #include "support/kept.h"
@@ -151,15 +153,21 @@ TEST(KeptPages, ShowWhatWasLookedAt) {
     tables.cbStart.Press();
     expect("deco-tables");
 
+    const AdviceWords words(texts, {}, true);
     const SeriesDive planned = forms.Series(all.program.Active(), false).front();
     const std::vector<ComparedPlan> plans(3, ComparedPlan("Plan.tav", planned.dive));
-    PrintComparison(report, ComparisonTable(plans, AdviceWords(texts, {}, true)));
+    PrintComparison(report, ComparisonTable(plans, words));
     expect("comparison");
 
     Slate slate(report);
     const WhatIfWish wish = WhatIfWish::Usual(true);
     WriteSlates({slate, texts, {}}, planned, WhatIf(planned.dive).Columns(wish), wish);
     expect("what-if");
+
+    const Margins margins(planned.dive, DiveLimits::Usual(), words);
+    const MarginGrid grid{{0, 10, 5}, {0, 6, 3}};
+    PrintMargins(report, "Plan.tav", margins, grid, margins.Cells(grid), margins.Longest(), words);
+    expect("margins");
 
     auto& mixer = all.Of<frmPartialMix>();
     all.Load(mixer);

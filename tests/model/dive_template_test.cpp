@@ -100,6 +100,16 @@ TEST(TemplateFaults, NameTheFieldOfEachReasonNotToPlan) {
                             },
                             0},
                            {"Blends Available", [](DiveTemplate& t) { t.Blends[1].O2 = 101; }, 0},
+                           {"Blends Available",
+                            [](DiveTemplate& t) {
+                              t.Blends[1] = {"N2 alone", 60, -20, 60};
+                            },
+                            0},
+                           {"Blends Available",
+                            [](DiveTemplate& t) {
+                              t.Blends[1] = {"He alone", 60, 60, -20};
+                            },
+                            0},
                            {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].O2 = kNaN; }, 0},
                            {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].N2 = kNaN; }, 0},
                            {"Blends Available", [&](DiveTemplate& t) { t.Blends[1].He = kNaN; }, 0},

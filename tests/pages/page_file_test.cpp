@@ -153,6 +153,22 @@ TEST_F(Pages, AFileOfOthersIsIndexedByItsOwnLines) {
   EXPECT_FALSE(PageFile().Open(folder.Path() / "none"));
 }
 
+TEST_F(Pages, APaperThatNobodyHasIsTakenForTheUsualOne) {
+  const struct {
+    const char* paper;
+    double width;
+  } kPapers[] = {{"2835\n68040", 2835},  // 5 cm to 120 cm
+                 {"2830\n20000", PageSize().width},
+                 {"20000\n68050", PageSize().width},
+                 {"x\n20000", PageSize().width}};
+  for (const auto& [paper, width] : kPapers) {
+    std::ofstream(folder.Path() / "pages") << "#startpage\n#paper\n" << paper << "\n#endpage\n";
+    PageFile file;
+    ASSERT_TRUE(file.Open(folder.Path() / "pages"));
+    EXPECT_EQ(PagePlayer(file).SizeOf(1).width, width) << paper;
+  }
+}
+
 TEST_F(Pages, TheScratchFolderIsTheUsersAlone) {
   std::filesystem::path path;
   {

@@ -149,7 +149,7 @@ TEST_F(PrintDialog, ACancelLetsThePageFinishAndTheJobEnd) {
   platform.answers = {BoxAnswer::Yes};
   int pages = 0;
   platform.onEvents = [&] {
-    EXPECT_TRUE(dialog.Command2.Bold);
+    EXPECT_TRUE(dialog.Command2.Bold && platform.hourglass);
     if (++pages == 2) dialog.Command2.Press();
   };
   dialog.Command1.Press();
