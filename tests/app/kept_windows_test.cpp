@@ -1,4 +1,4 @@
-// Windows and pages as they were when somebody last looked at them. Renewed by TAV_WRITE_FIGURES=1.
+// Windows and pages as the program gave them when they were last renewed. TAV_WRITE_FIGURES=1 renews them.
 #include <gtest/gtest.h>
 #include <string>
 
@@ -103,7 +103,7 @@ std::string Described(const Form& form) {
   return lines;
 }
 
-TEST(KeptWindows, ShowWhatWasLookedAt) {
+TEST(KeptWindows, ShowWhatIsKept) {
   for (const char* dive : {"trimix-100.tav", "rebreather.tav"}) {
     test::Forms all("", dive);
     all.program.Document().Template.Cylinders = {{"Tx10/70", 2, 12, 0, 230, 50}, {"EAN50", 1, 7, 0, 200, 20, true}};
@@ -131,7 +131,7 @@ std::string PagesOf(const PrintPreview& report) {
   return lines;
 }
 
-TEST(KeptPages, ShowWhatWasLookedAt) {
+TEST(KeptPages, ShowWhatIsKept) {
   for (const char* dive : {"wreck.tav", "rebreather.tav"}) {
     test::Forms all("", dive);
     PrintPreview& report = all.reports;

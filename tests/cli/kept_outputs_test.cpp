@@ -1,4 +1,4 @@
-// Whole outputs as they were when somebody last looked at them. Renewed by TAV_WRITE_FIGURES=1.
+// Whole outputs as the program gave them when they were last renewed. TAV_WRITE_FIGURES=1 renews them.
 #include <filesystem>
 #include <regex>
 
@@ -64,7 +64,7 @@ std::vector<Case> Cases() {
   };
 }
 
-TEST_F(Tavplan, PrintsAndDrawsWhatWasLookedAt) {
+TEST_F(Tavplan, PrintsAndDrawsWhatIsKept) {
   ASSERT_EQ(
       Run({"edit", Dive("wreck.tav"), "--cylinder", "Tx18/45:2/12/210/50", "--cylinder", "EAN50:1/7/200/20/bail-out",
            "--set", "# Team=3/ 2/ 2/ thirds/", "--set", "# Plan name=Wreck of the \"Anna\"", "--set",

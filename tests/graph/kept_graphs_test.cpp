@@ -1,4 +1,4 @@
-// Graphs as they were when somebody last looked at them. Renewed by TAV_WRITE_FIGURES=1.
+// Graphs as the program gave them when they were last renewed. TAV_WRITE_FIGURES=1 renews them.
 #include <gtest/gtest.h>
 
 #include "app/document_plan.h"
@@ -23,7 +23,7 @@ struct Nothing : GraphWindow {
   std::string readOut;
 };
 
-TEST(KeptGraphs, ShowWhatWasLookedAt) {
+TEST(KeptGraphs, ShowWhatIsKept) {
   for (const char* dive : {"trimix-100.tav", "lake-series.tav", "empty"}) {
     test::HeadlessProgram program;
     program.Start();
