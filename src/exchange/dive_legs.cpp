@@ -139,25 +139,11 @@ class LegMaker {
       if (std::max(most, depth) - std::min(least, depth) > 2 * kStepTolerance * unit_) {
         AddLeg(points_[i - 1].minutes, (least + most) / 2, mix);
         least = most = points_[i - 1].depth;
-        // Two samples far apart in one slow line: steps between them.
-        if (std::fabs(depth - least) > 2 * kStepTolerance * unit_) {
-          AddSteps(points_[i - 1], points_[i], mix);
-          least = most = depth;
-          continue;
-        }
       }
       least = std::min(least, depth);
       most = std::max(most, depth);
     }
     AddLeg(points_[to].minutes, (least + most) / 2, mix);
-  }
-
-  void AddSteps(const DivePoint& a, const DivePoint& b, std::int16_t mix) {
-    const int steps = Steps(std::fabs(b.depth - a.depth) / (2 * kStepTolerance * unit_));
-    for (int step = 1; step <= steps; ++step) {
-      AddLeg(a.minutes + (b.minutes - a.minutes) * step / steps, a.depth + (b.depth - a.depth) * (step - 0.5) / steps,
-             mix);
-    }
   }
 
   /// To a tenth of a depth unit and a hundredth of a minute.

@@ -19,7 +19,7 @@ struct Case {
 
 /// What does not differ from machine to machine and from day to day.
 std::string Lasting(const std::string& text) {
-  static const std::regex kDay("[0-9]{4}-[0-9]{2}-[0-9]{2}");
+  static const std::regex kDay("[0-9]{4}-[0-9]{2}-[0-9]{2}(T[0-9:]+Z)?");
   static const std::regex kUser("Printed by: [^<]*");
   return std::regex_replace(std::regex_replace(text, kDay, "DAY"), kUser, "Printed by: USER");
 }
@@ -61,20 +61,55 @@ std::vector<Case> Cases() {
       {"sheet-feet.svg", {"report", "feet.tav", "--sheet", "--paper", "letter", "--svg", kPages}},
       {"sheet-loop.svg", {"report", "rebreather.tav", "--sheet", "--paper", "a4", "--svg", kPages}},
       {"slate.svg", {"report", "full.tav", "--slate", "--svg", kPages}},
+      {"slate-lake.svg", {"report", "lake.tav", "--slate", "--svg", kPages}},
+      {"compare-gases.txt", {"compare", "full.tav", "lake.tav"}},
+      {"longest-ceiling.txt", {"longest", "levels.tav", "--leg", "1", "--no-gas"}},
+      {"longest-stops.txt", {"longest", "wreck.tav", "--no-gas", "--max-stops", "50"}},
+      {"longest-run.json", {"longest", "wreck.tav", "--no-gas", "--max-run", "80", "--json"}},
+      {"longest-loop.txt", {"longest", "loop.tav"}},
+      {"no-stop.txt", {"longest", "wreck.tav", "--no-stop"}},
+      {"margins-levels.txt", {"margins", "levels.tav", "--leg", "1", "--longer", "0:20:5", "--deeper", "0:6:3"}},
+      {"margins-loop.txt", {"margins", "loop.tav", "--longer", "0:10:5", "--deeper", "0:3:3"}},
+      {"whatif-vpm.txt", {"whatif", "full.tav", "--vpm"}},
+      {"whatif-factors.txt", {"whatif", "levels.tav", "--gf", "20/80", "--longer", "3"}},
+      {"check-many.txt", {"check", "many.tav", "levels.tav"}},
+      {"plan-many.txt", {"plan", "many.tav"}},
+      {"report-many.svg", {"report", "many.tav", "--svg", kPages}},
+      {"sheet-many.svg", {"report", "many.tav", "--sheet", "--paper", "a4", "--svg", kPages}},
+      {"slate-many.svg", {"report", "many.tav", "--slate", "--svg", kPages}},
+      {"graph-many.svg", {"graph", "many.tav", "-o", kPages}},
+      {"plan.uddf", {"export", "lake-series.tav", "--uddf", kPages}},
+      {"loop.uddf", {"export", "loop.tav", "--uddf", kPages}},
   };
 }
 
 TEST_F(Tavplan, PrintsAndDrawsWhatIsKept) {
   ASSERT_EQ(
       Run({"edit", Dive("wreck.tav"), "--cylinder", "Tx18/45:2/12/210/50", "--cylinder", "EAN50:1/7/200/20/bail-out",
-           "--set", "# Team=3/ 2/ 2/ thirds/", "--set", "# Plan name=Wreck of the \"Anna\"", "--set",
-           "# Notes=Shot line\\nTwo lamps", "-o", Scratch("full.tav")}),
+           "--cylinder", "Oxygen:1/10/200/20/bail-out", "--set", "# Team=3/ 2/ 2/ thirds/", "--set",
+           "# Plan name=Wreck of the \"Anna\"", "--set", "# Notes=Shot line\\nTwo lamps", "-o", Scratch("full.tav")}),
       ExitStatus::kFine)
       << Err();
   ASSERT_EQ(Run({"new", "--template", "Imperial", "--leg", "120:25@EAN32", "--leg", "70:10@EAN32", "--cylinder",
                  "EAN32:2/100/3000/2640/500", "--cylinder", "EAN50:1/40/3000/2900/200", "-o", Scratch("feet.tav")}),
             ExitStatus::kFine)
       << Err();
+  ASSERT_EQ(Run({"edit", Scratch("full.tav"), "--gas", "EAN50:51/0", "--altitude", "1200", "--end-altitude", "2500",
+                 "-o", Scratch("lake.tav")}),
+            ExitStatus::kFine)
+      << Err();
+  ASSERT_EQ(Run({"new", "--leg", "45:25", "--leg", "9:30", "-o", Scratch("levels.tav")}), ExitStatus::kFine);
+  ASSERT_EQ(Run({"edit", Dive("rebreather.tav"), "--cylinder", "Tx21/35:1/11/200/30/bail-out", "--cylinder",
+                 "EAN50:1/11/200/30/bail-out", "--cylinder", "Oxygen:1/11/200/30/bail-out", "-o", Scratch("loop.tav")}),
+            ExitStatus::kFine)
+      << Err();
+  // More gases, cylinders and legs than a page takes.
+  std::vector<std::string> many{"edit", Dive("trimix-100.tav"), "-o", Scratch("many.tav")};
+  for (int i = 0; i < 40; ++i) {
+    const std::string gas = "Tx" + std::to_string(18 + i % 20) + "/" + std::to_string(20 + i % 20);
+    many.insert(many.end(), {"--add-leg", std::to_string(40 - i / 2) + ":2@" + gas, "--cylinder", gas + ":1/7/200/20"});
+  }
+  ASSERT_EQ(Run(many), ExitStatus::kFine) << Err();
   for (const auto& [name, given] : Cases()) {
     SCOPED_TRACE(name);
     std::vector<std::string> arguments = given;
@@ -85,7 +120,8 @@ TEST_F(Tavplan, PrintsAndDrawsWhatIsKept) {
     }
     EXPECT_EQ(Run(arguments), ExitStatus::kFine) << Err();
     std::string text = Out() + Err();
-    for (const std::string file : {"page", "page-1.svg", "page-2.svg", "page-3.svg", "page-4.svg", "page-5.svg"}) {
+    for (const std::string file :
+         {"page", "page-1.svg", "page-2.svg", "page-3.svg", "page-4.svg", "page-5.svg", "page-6.svg", "page-7.svg"}) {
       if (!fs::exists(Scratch(file))) continue;
       text += ReadTextFile(Scratch(file));
       fs::remove(Scratch(file));

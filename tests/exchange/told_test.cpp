@@ -82,6 +82,15 @@ TEST(LogImport, TellsWhatItTakesForSomethingElse) {
   EXPECT_EQ(FormatPlain(sea.profile.dives.front().Template.StartPressure), "1.01325");
 }
 
+/// The weather of a day is no altitude: 30 hPa and less are passed over.
+TEST(LogImport, TakesAPressureThatNoWeatherMakes) {
+  for (const auto& [pascal, told] :
+       {std::pair("98400", "1.01325"), {"98225", "0.98225"}, {"104300", "1.01325"}, {"104500", "1.045"}}) {
+    const std::string log = Log(Dive(kSquare, "<surfacepressure>" + std::string(pascal) + "</surfacepressure>"));
+    EXPECT_EQ(FormatPlain(Import(log).profile.dives.front().Template.StartPressure), told);
+  }
+}
+
 TEST(LogImport, TakesGroupsAndGasesWhereverTheyStand) {
   const std::string one = Log(Dive(kSquare));
   std::string two = one;

@@ -48,8 +48,8 @@ struct Forms {
     } else {
       program.Main().OpenFile(HeadlessProgram::Dive(dive).string());
     }
-    const DialogServices services{
-        program.program.Forms(), program.platform.Services(), program.program.Texts(), false, {}};
+    const DialogServices services{program.program.Forms(), program.platform.Services(), program.program.Texts(), false,
+                                  [] {}};
     const Platform platform = program.platform.Services();
     const TextSource& texts = program.program.Texts();
     auto waypoint = std::make_unique<frmWaypointForm>(services);
