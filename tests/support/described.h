@@ -39,6 +39,12 @@ inline std::string Rows(const std::vector<std::vector<GridCell>>& cells) {
   return lines;
 }
 
+inline std::string Columns(const std::string& name, const std::vector<int>& columns) {
+  std::string text = name;
+  for (const int column : columns) text += " " + std::to_string(column);
+  return columns.empty() ? "" : text;
+}
+
 template <class C, class Describe>
 void IfIs(const Control& control, Describe describe) {
   if (const auto* one = dynamic_cast<const C*>(&control)) describe(*one);
@@ -89,8 +95,11 @@ inline std::string Described(const Control& control) {
     for (const CheckList::Item& item : c.Items.Get()) line += " | " + item.text + (item.on ? " on" : " off");
   });
   IfIs<CellMap>(control, [&](const CellMap& c) { line += Described(c); });
-  IfIs<Grid>(control, [&](const Grid& c) { line += "\n" + Rows(c.Cells); });
-  IfIs<ResultGrid>(control, [&](const ResultGrid& c) { line += "\n" + Rows(c.Cells); });
+  IfIs<Grid>(control, [&](const Grid& c) { line += Columns(", right", c.RightColumns) + "\n" + Rows(c.Cells); });
+  IfIs<ResultGrid>(control, [&](const ResultGrid& c) {
+    add(!c.HasHeader, "no head");
+    line += Columns(", left", c.TextColumns) + Columns(", widths", c.ColumnWidths) + "\n" + Rows(c.Cells);
+  });
   return line + "\n";
 }
 
