@@ -3,8 +3,8 @@
 #include <ostream>
 #include <variant>
 
+#include "cli/gas_edits.h"
 #include "cli/json_writer.h"
-#include "cli/plan_edits.h"
 #include "model/number_text.h"
 #include "persist/template_block.h"
 #include "persist/template_fields.h"
