@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/utf8.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -19,8 +20,9 @@ struct FormatFault {
 
 /// The start of what stands in a file.
 inline std::string Shown(std::string_view text) {
-  constexpr std::size_t kMost = 60;
-  return std::string(text.substr(0, kMost)) + (text.size() > kMost ? "..." : "");
+  constexpr std::size_t kMost = 60;  // letters
+  const std::string_view first = FirstLetters(text, kMost);
+  return std::string(first) + (text.size() > first.size() ? "..." : "");
 }
 
 /// What a reader finds wrong. Opening a file stops at the first error, checking it collects all.

@@ -55,9 +55,10 @@ TEST_P(PlanCheck, FindsWhatBreaksARuleAndNotItsNeighbour) {
 }
 
 void AtALake(DiveTemplate& t) { t.StartPressure = t.EndPressure = 0.79; }
-template <int O2>
-void OxygenOfEAN32(DiveTemplate& t) {
-  t.Blends.at(static_cast<std::size_t>(FindBlendIndex("EAN32", t))) = {"EAN32", O2, 100 - O2, 0};
+auto OxygenOfEAN32(double O2) {
+  return [=](DiveTemplate& t) {
+    t.Blends.at(static_cast<std::size_t>(FindBlendIndex("EAN32", t))) = {"EAN32", O2, 100 - O2, 0};
+  };
 }
 void NitrogenNarcotic(DiveTemplate& t) { t.O2Narcotic = false; }
 void InFeet(DiveTemplate& t) {
@@ -259,11 +260,11 @@ const RuleCase kGas[] = {
      {{{45, 40, "Tx15/55"}}, Loop(1.2, 1.2)}},
     {"NameOfAnotherGas",
      Rule::GasName,
-     {{{30, 20, "EAN32"}}, OxygenOfEAN32<36>},
+     {{{30, 20, "EAN32"}}, OxygenOfEAN32(36)},
      kCaution,
      {0, 30},
      "EAN32 has 36 % oxygen and 0 % helium: its name tells another gas, 32 % and 0 %",
-     {{{30, 20, "EAN32"}}, OxygenOfEAN32<32>}},
+     {{{30, 20, "EAN32"}}, OxygenOfEAN32(32.5)}},
 };
 
 const RuleCase kLegs[] = {

@@ -17,7 +17,7 @@ namespace tav {
 namespace {
 
 TEST(KeptWindows, ShowWhatIsKept) {
-  for (const char* dive : {"trimix-100.tav", "rebreather.tav"}) {
+  for (const char* dive : {"trimix-100.tav", "rebreather.tav", "lake-series.tav"}) {
     test::Forms all("", dive);
     all.program.Document().Template.Cylinders = {{"Tx10/70", 2, 12, 0, 230, 50}, {"EAN50", 1, 7, 0, 200, 20, true}};
     for (const auto& form : all.forms) {

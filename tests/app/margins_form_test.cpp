@@ -53,6 +53,18 @@ TEST(MarginsWindow, ReadsACellAndComparesItsDive) {
   EXPECT_THAT(head[1].text, HasSubstr("+5 min, +3 m"));
 }
 
+TEST(MarginsWindow, ArrowsMoveInAMapOfOneColumn) {
+  Mapped p("nitrox.tav");
+  CellMap& map = p.Window<frmMargins>().cmMap;
+  CellMap::Content column;
+  column.columns = 1;
+  column.rows = 3;
+  map.Map = column;
+  map.Selected = -1;
+  map.Step(0, 1);
+  EXPECT_EQ(map.Selected, 1);
+}
+
 TEST(MarginsWindow, FollowsThePlanAndTakesTheLongestStayIntoItInOneStep) {
   Mapped p("nitrox.tav");
   frmMargins& window = p.Computed();

@@ -63,6 +63,7 @@ std::vector<Case> Cases() {
       {"slate.svg", {"report", "full.tav", "--slate", "--svg", kPages}},
       {"slate-lake.svg", {"report", "lake.tav", "--slate", "--svg", kPages}},
       {"compare-gases.txt", {"compare", "full.tav", "lake.tav"}},
+      {"compare-circuits.txt", {"compare", "full.tav", "loop.tav", "feet.tav"}},
       {"longest-ceiling.txt", {"longest", "levels.tav", "--leg", "1", "--no-gas"}},
       {"longest-stops.txt", {"longest", "wreck.tav", "--no-gas", "--max-stops", "50"}},
       {"longest-run.json", {"longest", "wreck.tav", "--no-gas", "--max-run", "80", "--json"}},
@@ -75,6 +76,9 @@ std::vector<Case> Cases() {
       {"check-many.txt", {"check", "many.tav", "levels.tav"}},
       {"plan-many.txt", {"plan", "many.tav"}},
       {"report-many.svg", {"report", "many.tav", "--svg", kPages}},
+      {"report-loops.svg", {"report", "loops.tav", "--svg", kPages}},
+      {"slate-loops.svg", {"report", "loops.tav", "--slate", "--svg", kPages}},
+      {"sheet-series.svg", {"report", "lake-series.tav", "--sheet", "--paper", "letter", "--svg", kPages}},
       {"sheet-many.svg", {"report", "many.tav", "--sheet", "--paper", "a4", "--svg", kPages}},
       {"slate-many.svg", {"report", "many.tav", "--slate", "--svg", kPages}},
       {"graph-many.svg", {"graph", "many.tav", "-o", kPages}},
@@ -101,6 +105,9 @@ TEST_F(Tavplan, PrintsAndDrawsWhatIsKept) {
   ASSERT_EQ(Run({"new", "--leg", "45:25", "--leg", "9:30", "-o", Scratch("levels.tav")}), ExitStatus::kFine);
   ASSERT_EQ(Run({"edit", Dive("rebreather.tav"), "--cylinder", "Tx21/35:1/11/200/30/bail-out", "--cylinder",
                  "EAN50:1/11/200/30/bail-out", "--cylinder", "Oxygen:1/11/200/30/bail-out", "-o", Scratch("loop.tav")}),
+            ExitStatus::kFine)
+      << Err();
+  ASSERT_EQ(Run({"edit", Scratch("loop.tav"), "--add-dive", "90", "--add-leg", "20:15", "-o", Scratch("loops.tav")}),
             ExitStatus::kFine)
       << Err();
   // More gases, cylinders and legs than a page takes.

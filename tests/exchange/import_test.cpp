@@ -244,6 +244,19 @@ TEST(UddfFaults, NameLineAndReason) {
   EXPECT_THROW(Import(Log(Dive(kSquare)), ShippedDefaultTemplate(), 2), FileError);
 }
 
+TEST(UddfFaults, ShowTheFirstLettersOfALongName) {
+  std::string first;
+  for (int i = 0; i < 20; ++i) first += "x\xC3\xA4";
+  try {
+    Import(Log(Dive(kSquare), "<mix id='a'><name>" + first + first + "</name></mix>"));
+    ADD_FAILURE() << "is taken";
+  } catch (const FileError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("the gas \"" + first + "\" does not tell its oxygen"));
+  }
+  EXPECT_EQ(Shown(first + first), first + first.substr(0, first.size() / 2) + "...");
+  EXPECT_EQ(Shown(first), first);
+}
+
 TEST(CsvImport, LinesAreLegs) {
   const struct {
     const char* text;

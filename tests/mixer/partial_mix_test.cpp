@@ -139,6 +139,8 @@ TEST_F(Mixer, FillsWithAGasFromABankIntoAWarmCylinder) {
     EXPECT_EQ((f.*box).ForeColor.Get(), -1);
     EXPECT_EQ(f.lbHindrance.Caption.Get(), "");
   }
+  f.tbTopO2.Type("0");
+  EXPECT_THAT(f.lbHindrance.Caption.Get(), testing::Not(HasSubstr("must be from")));
   EXPECT_EQ(Open().tbTopO2.Text.Get(), "21") << "the next fill is with air again";
 }
 

@@ -393,6 +393,14 @@ test("ten thousand legs", async () => {
     assert.deepEqual(await told(), rows.slice(0, 200));
     await page.locator("#schedule-pages button").last().click();
     assert.deepEqual(await told(), rows.slice(200, 400));
+    const printed = await page.evaluate(() => {
+      window.dispatchEvent(new Event("beforeprint"));
+      const all = document.querySelectorAll(".table-schedule tbody tr").length;
+      window.dispatchEvent(new Event("afterprint"));
+      return all;
+    });
+    assert.equal(printed, rows.length);
+    assert.deepEqual(await told(), rows.slice(200, 400));
     await type(page, "#leg-1-depth", "25");
     await page.keyboard.press("Tab");
     await page.locator("#dirty").waitFor();

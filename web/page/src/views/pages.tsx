@@ -1,5 +1,6 @@
 // Long tables, some rows at a time: a browser would take minutes to lay out ten thousand rows of fields.
-import { useState } from "preact/hooks";
+import { options } from "preact";
+import { useEffect, useState } from "preact/hooks";
 import { Text } from "../text_ids";
 import { t } from "../texts";
 import { Icon } from "./icons";
@@ -38,4 +39,27 @@ export function usePages<Row>(rows: readonly Row[], id: string) {
         </div>
       ),
   };
+}
+
+/** Whether the page is being printed, when no row may be left out. Drawn before the printer looks at the page. */
+export function usePrinting(): boolean {
+  const [printing, setPrinting] = useState(false);
+  useEffect(() => {
+    const drawAtOnce = (on: boolean) => {
+      const { debounceRendering: later } = options;
+      options.debounceRendering = (draw) => draw();
+      setPrinting(on);
+      if (later) options.debounceRendering = later;
+      else delete options.debounceRendering;
+    };
+    const begin = () => drawAtOnce(true);
+    const end = () => drawAtOnce(false);
+    window.addEventListener("beforeprint", begin);
+    window.addEventListener("afterprint", end);
+    return () => {
+      window.removeEventListener("beforeprint", begin);
+      window.removeEventListener("afterprint", end);
+    };
+  }, []);
+  return printing;
 }

@@ -2,7 +2,7 @@
 import type { Severity, ShownBlock, ShownTable } from "../core/commands";
 import { Text } from "../text_ids";
 import { t } from "../texts";
-import { usePages } from "./pages";
+import { usePages, usePrinting } from "./pages";
 
 const SIGNS: Record<Severity, readonly [sign: string, word: number]> = {
   danger: ["\u25a0", Text.Danger],
@@ -38,6 +38,8 @@ export function Table({ table, caption }: { table: ShownTable; caption?: string 
     [place(column), cell.length > LONG ? "long" : "", mark ? `mark-${mark}` : ""].filter(Boolean).join(" ") ||
     undefined;
   const pages = usePages(table.rows, table.id);
+  const printing = usePrinting();
+  const rows = printing ? table.rows : pages.shown;
   return (
     <>
     <div class="scroll" tabIndex={0} role="group" aria-label={caption ?? table.id}>
@@ -59,7 +61,7 @@ export function Table({ table, caption }: { table: ShownTable; caption?: string 
           ))}
         </thead>
         <tbody>
-          {pages.shown.map((row, line) => (
+          {rows.map((row, line) => (
             <tr key={line} class={row.kind ? `row-${row.kind}` : undefined}>
               {row.cells.map((cell, column) => {
                 const style = looks(column, cell, row.marks?.[column]);
@@ -78,7 +80,7 @@ export function Table({ table, caption }: { table: ShownTable; caption?: string 
         </tbody>
       </table>
     </div>
-    {pages.turn}
+    {printing ? null : pages.turn}
     </>
   );
 }
