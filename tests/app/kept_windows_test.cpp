@@ -27,6 +27,9 @@ TEST(KeptWindows, ShowWhatIsKept) {
       test::ExpectKept(std::string("windows/") + dive + "." + form->Name() + ".txt", lines);
     }
     std::string lines = test::Described(static_cast<const Form&>(all.program.Main()));
+    for (const MenuEntry& entry : all.program.Main().Menu()) {
+      lines += std::string(static_cast<std::size_t>(entry.level), '>') + entry.item->Name() + "\n";
+    }
     test::ExpectKept(std::string("windows/") + dive + ".main.txt", lines);
   }
 }
