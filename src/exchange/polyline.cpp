@@ -34,7 +34,7 @@ void Simplify(const std::vector<DivePoint>& points, std::size_t first, std::size
 
 std::vector<DivePoint> FillGaps(const std::vector<DivePoint>& points, double step) {
   constexpr std::size_t kMostPoints = 100000;
-  constexpr double kMostParts = 200;
+  constexpr double kMostParts = 2500;  // of the deepest depth that a log may tell, in quarters of a metre, and more
   std::vector<DivePoint> filled;
   filled.reserve(points.size());
   for (const DivePoint& point : points) {

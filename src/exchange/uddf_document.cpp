@@ -6,7 +6,7 @@
 #include "exchange/control_characters.h"
 #include "model/number_text.h"
 #include "model/text_id.h"
-#include "model/utf8.h"
+#include "persist/format_faults.h"
 #include "persist/text_file.h"
 
 namespace tav {
@@ -82,10 +82,8 @@ double UddfDocument::Number(pugi::xml_node element, double least, double most) c
   const std::string text = TextOf(element);
   const auto number = ParseStrict(text);
   if (number && *number >= least && *number <= most) return *number;
-  constexpr std::size_t kMostShown = 40;  // letters
   Fail(element, Text::ImportNumberOutside,
-       {std::string(LocalName(element)), FormatPlain(Single(least)), FormatPlain(Single(most)),
-        std::string(FirstLetters(text, kMostShown))});
+       {std::string(LocalName(element)), FormatPlain(Single(least)), FormatPlain(Single(most)), Shown(text)});
 }
 
 }  // namespace tav

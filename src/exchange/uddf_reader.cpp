@@ -12,7 +12,7 @@
 #include "model/number_text.h"
 #include "model/template_faults.h"
 #include "model/text_id.h"
-#include "model/utf8.h"
+#include "persist/format_faults.h"
 
 namespace tav {
 namespace {
@@ -31,7 +31,6 @@ constexpr std::size_t kMostSamples = 50000;  // of a dive: 14 hours with one a s
 constexpr std::size_t kMostDives = 30000;
 constexpr std::size_t kMostMixes = 1000;
 constexpr std::size_t kMostTanks = 100;  // of a dive
-constexpr std::size_t kMostShown = 40;   // letters of what a file holds, in a message
 
 class Reader {
  public:
@@ -77,7 +76,7 @@ class Reader {
   [[nodiscard]] static std::string NameOf(xml_node mix) {
     std::string name = TextOf(Child(mix, "name"));
     if (name.empty()) name = mix.attribute("id").value();
-    return std::string(FirstLetters(name, kMostShown));
+    return Shown(name);
   }
 
   void ReadMixes() {
@@ -187,8 +186,7 @@ class Reader {
   [[nodiscard]] std::size_t Linked(xml_node link) const {
     const std::string id = link.attribute("ref").value();
     const auto found = mixOfId_.find(id);
-    if (found == mixOfId_.end())
-      document_.Fail(link, Text::ImportUnknownGas, {std::string(FirstLetters(id, kMostShown))});
+    if (found == mixOfId_.end()) document_.Fail(link, Text::ImportUnknownGas, {Shown(id)});
     return found->second;
   }
 
@@ -266,7 +264,7 @@ class Reader {
   }
 
   static void NoteMode(std::string_view type, LoggedDive& dive) {
-    std::string mode = WithoutControl(FirstLetters(type, kMostShown));
+    std::string mode = WithoutControl(Shown(type));
     constexpr std::size_t kMostModes = 5;
     const bool known = std::ranges::find(dive.otherModes, mode) != dive.otherModes.end();
     if (!known && dive.otherModes.size() < kMostModes) dive.otherModes.push_back(std::move(mode));
